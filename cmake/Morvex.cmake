@@ -1,0 +1,47 @@
+# Building blocks of the project: one library a folder, one function for a test.
+
+add_library(morvex_opcoes INTERFACE)
+target_compile_options(morvex_opcoes INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor -Woverloaded-virtual
+    -Werror)
+target_compile_definitions(morvex_opcoes INTERFACE
+    QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+if(MORVEX_SANITIZE)
+    target_compile_options(morvex_opcoes INTERFACE
+        -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(morvex_opcoes INTERFACE -fsanitize=address,undefined)
+endif()
+
+# morvex_biblioteca(<folder> LIGA <libraries below it> FONTES <sources>)
+# The library of one folder. It sees its own folder and what it links, so an include that runs upwards does
+# not find its file.
+function(morvex_biblioteca nome)
+    cmake_parse_arguments(ARG "" "" "LIGA;FONTES" ${ARGN})
+    add_library(${nome} STATIC ${ARG_FONTES})
+    # Each floor's public include root holds a link to that folder alone.
+    set(raiz ${PROJECT_BINARY_DIR}/include/${nome})
+    file(MAKE_DIRECTORY ${raiz})
+    file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR} ${raiz}/${nome} SYMBOLIC)
+    target_include_directories(${nome} PUBLIC ${raiz} ${CMAKE_CURRENT_BINARY_DIR}/${nome}_autogen/include)
+    target_link_libraries(${nome} PUBLIC ${ARG_LIGA} PRIVATE morvex_opcoes)
+    target_precompile_headers(${nome} PRIVATE <QtWidgets> <algorithm> <functional> <memory> <vector>)
+endfunction()
+
+# morvex_teste(<folder>/<test> LIGA <libraries>)
+# One Qt Test program from tests/<folder>/<test>.cpp. It runs without a display, with a home, time zone and
+# locale of its own, so it can neither read nor harm what belongs to the person who runs it.
+# FICHEIROS names further sources; X11 leaves the choice of display to the program's own runner.
+function(morvex_teste caminho)
+    cmake_parse_arguments(ARG "" "" "LIGA;FICHEIROS" ${ARGN})
+    get_filename_component(nome ${caminho} NAME)
+    add_executable(${nome} ${caminho}.cpp ${ARG_FICHEIROS})
+    target_link_libraries(${nome} PRIVATE ${ARG_LIGA} morvex_testlib Qt6::Test morvex_opcoes)
+    target_precompile_headers(${nome} REUSE_FROM morvex_testlib)
+    set_target_properties(${nome} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
+    add_test(NAME ${caminho} COMMAND ${nome})
+    set(casa ${PROJECT_BINARY_DIR}/tests/casa/${nome})
+    file(MAKE_DIRECTORY ${casa})
+    set_tests_properties(${caminho} PROPERTIES
+        TIMEOUT 300
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;HOME=${casa};XDG_DATA_HOME=${casa}/dados;XDG_CONFIG_HOME=${casa}/config;XDG_RUNTIME_DIR=${casa};TZ=Europe/Lisbon;LC_ALL=C.UTF-8;DBUS_SESSION_BUS_ADDRESS=disabled:;MORVEX_ENVIADOS=${PROJECT_BINARY_DIR}/bin;QT_LOGGING_RULES=qt.qpa.*=false;ASAN_OPTIONS=detect_leaks=1:abort_on_error=0;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1")
+endfunction()

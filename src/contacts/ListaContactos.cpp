@@ -1,0 +1,85 @@
+#include "contacts/ListaContactos.h"
+
+#include "contacts/CartaoContacto.h"
+#include "contacts/Preencher_Grupos.h"
+#include "data/Geral.h"
+#include "platform/ComboBox.h"
+#include "platform/Controls.h"
+#include "platform/ListBox.h"
+
+#include <QLabel>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr qint16 texto_todos_os_grupos = 48;
+constexpr qint16 texto_contador = 49;
+
+void Acrescentar(ListBox &lista, const QString &nome, int id)
+{
+    lista.AddItem(nome);
+    lista.setItemData(lista.NewIndex(), id);
+}
+} // namespace
+
+ListaContactos::ListaContactos(QWidget &janela, Geral &geral, CartaoContacto &cartao)
+    : QObject(&janela), geral_(geral), cartao_(cartao), ListaNomes(control<ListBox>(janela, u"ListaNomes"_s)),
+      ListaNomes2(control<ListBox>(janela, u"ListaNomes2"_s)),
+      ComboGrupos(control<ComboBox>(janela, u"ComboGrupos"_s)), lblContador(control<QLabel>(janela, u"lblContador"_s))
+{
+    connect(&ComboGrupos, &ComboBox::Click, this, &ListaContactos::Carregar_Tabela);
+}
+
+void ListaContactos::Carregar_Tabela()
+{
+    Limpar_Dados();
+    geral_.GrupoActual = QString::number(ComboGrupos.ItemData(ComboGrupos.ListIndex()));
+    Preencher_Listas();
+    cartao_.Mostrar_Foto_Por_Omissao();
+    lblContador.setText(geral_.Ler_Idioma(texto_contador) + u' ' + QString::number(ListaNomes.ListCount()));
+    if (ListaNomes.ListCount() == 1) ListaNomes.setListIndex(0);
+}
+
+void ListaContactos::Preencher_Listas()
+{
+    Recordset &rs = geral_.GrupoActual.toInt() == 0
+                        ? geral_.de.Abrir("cmdListarTodosContactos", {geral_.SessaoActual.IdUtilizador})
+                        : geral_.de.Abrir("cmdListarNomes", {geral_.GrupoActual});
+    const ListBox::Filling enchendo(ListaNomes);
+    const ListBox::Filling enchendo2(ListaNomes2);
+    for (; !rs.Eof(); rs.MoveNext()) {
+        const QString nome = rs.Fields("Nome").textOrEmpty();
+        const int id = rs.Fields("ID").number();
+        Acrescentar(ListaNomes, nome, id);
+        Acrescentar(ListaNomes2, nome, id);
+    }
+    rs.Close();
+}
+
+void ListaContactos::Limpar_Dados()
+{
+    ListaNomes.Clear();
+    ListaNomes2.Clear();
+    cartao_.Limpar();
+}
+
+void ListaContactos::Carregar_Grupos()
+{
+    ComboGrupos.Clear();
+    ComboGrupos.AddItem(geral_.Ler_Idioma(texto_todos_os_grupos));
+    Preencher_Grupos(geral_, ComboGrupos, DadosDoItem::Com);
+    ComboGrupos.setListIndex(0);
+}
+
+void ListaContactos::Contacto_Anterior()
+{
+    const int actual = ListaNomes.ListIndex();
+    ListaNomes.setListIndex(actual == 0 ? ListaNomes.ListCount() - 1 : actual - 1);
+}
+
+void ListaContactos::Contacto_Seguinte()
+{
+    const int actual = ListaNomes.ListIndex();
+    ListaNomes.setListIndex(actual == ListaNomes.ListCount() - 1 ? 0 : actual + 1);
+}

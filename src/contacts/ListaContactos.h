@@ -1,0 +1,44 @@
+// The contact list of the main window: names, their hidden sorted twin, the group filter and the counter.
+// Everything else about contacts hangs on it: whoever changes a contact or a group reloads it, which loses the
+// selection, and puts the selection back by hand.
+#pragma once
+
+#include <QObject>
+
+class CartaoContacto;
+class ComboBox;
+class Geral;
+class ListBox;
+class QLabel;
+class QWidget;
+
+class ListaContactos final : public QObject
+{
+    Q_OBJECT
+public:
+    // The window must hold the controls ListaNomes, ListaNomes2, ComboGrupos and lblContador; it owns them.
+    ListaContactos(QWidget &janela, Geral &geral, CartaoContacto &cartao);
+
+    // Reads the names of the chosen group anew, always from empty. A single contact is selected and shown, of
+    // two or more none. Raises Failure where a command fails or the picture for want of one is missing.
+    void Carregar_Tabela();
+
+    // Empties both lists and the card.
+    void Limpar_Dados();
+
+    // Fills the group filter anew, all groups first, and chooses these, which loads the list.
+    void Carregar_Grupos();
+
+    // The row before or behind the selected one, round the ends of the list.
+    void Contacto_Anterior();
+    void Contacto_Seguinte();
+
+private:
+    void Preencher_Listas();
+
+    Geral &geral_;
+    CartaoContacto &cartao_;
+    ListBox &ListaNomes, &ListaNomes2;
+    ComboBox &ComboGrupos;
+    QLabel &lblContador;
+};

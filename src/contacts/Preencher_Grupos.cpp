@@ -1,0 +1,14 @@
+#include "contacts/Preencher_Grupos.h"
+
+#include "data/Geral.h"
+#include "platform/ComboBox.h"
+
+void Preencher_Grupos(Geral &geral, ComboBox &combo, DadosDoItem dados)
+{
+    Recordset &rs = geral.de.Abrir("cmdListarGrupos", {geral.SessaoActual.IdUtilizador});
+    for (; !rs.Eof(); rs.MoveNext()) {
+        combo.AddItem(rs.Fields("NomeGrupo").textOrEmpty());
+        if (dados == DadosDoItem::Com) combo.SetItemData(combo.NewIndex(), rs.Fields("ID").number());
+    }
+    rs.Close();
+}

@@ -1,0 +1,10 @@
+// Fills a combo box with the groups that the session's user sees: the shared ones and his or her own, by name.
+#pragma once
+
+class ComboBox;
+class Geral;
+
+enum class DadosDoItem { Sem, Com }; // whether each row carries its group's ID in ItemData
+
+// Adds behind what the combo holds already.
+void Preencher_Grupos(Geral &geral, ComboBox &combo, DadosDoItem dados);

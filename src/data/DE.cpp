@@ -1,0 +1,71 @@
+#include "data/DE.h"
+
+#include "data/Esquema.h"
+#include "platform/Failure.h"
+#include "platform/ProgramFolder.h"
+
+#include <ranges>
+
+namespace
+{
+QString texto(std::string_view literal)
+{
+    return QString::fromUtf8(literal.data(), static_cast<qsizetype>(literal.size()));
+}
+
+ColumnType Tipo_Do_Parametro(std::string_view tabela, std::string_view coluna)
+{
+    return coluna.starts_with('~') ? ColumnType::Pattern : esquema::Tipo(tabela, coluna);
+}
+
+std::vector<std::string_view> Colunas(std::string_view parametros)
+{
+    std::vector<std::string_view> colunas;
+    for (const auto parte : std::views::split(parametros, ' '))
+        if (!parte.empty()) colunas.emplace_back(parte.begin(), parte.end());
+    return colunas;
+}
+
+// Each value becomes what its column holds.
+std::vector<StoreValue> Converter(const EntradaDoCatalogo &entrada, std::initializer_list<Value> parametros)
+{
+    const auto colunas = Colunas(entrada.parametros);
+    if (colunas.size() != parametros.size())
+        throw Failure(Failure::StoreError, texto(entrada.nome),
+                      QStringLiteral("%1 takes %2 parameters").arg(texto(entrada.nome)).arg(colunas.size()));
+    std::vector<StoreValue> valores;
+    valores.reserve(colunas.size());
+    for (std::size_t i = 0; i < colunas.size(); ++i)
+        valores.push_back((parametros.begin() + i)->convertedTo(Tipo_Do_Parametro(entrada.tabela, colunas[i])));
+    return valores;
+}
+} // namespace
+
+DE::DE(QString &CaminhoBD, QString pasta) : CaminhoBD_(CaminhoBD), pasta_(std::move(pasta)) {}
+
+Recordset &DE::Abrir(ComandoComLinhas comando, std::initializer_list<Value> parametros)
+{
+    Recordset &rs = Rs(comando);
+    if (rs.State() == Recordset::Open) rs.Close();
+    const EntradaDoCatalogo &entrada = comando.Entrada();
+    rs = Ligacao().query(texto(entrada.sql), Converter(entrada, parametros));
+    return rs;
+}
+
+void DE::Executar(ComandoSemLinhas comando, std::initializer_list<Value> parametros)
+{
+    const EntradaDoCatalogo &entrada = comando.Entrada();
+    Ligacao().execute(texto(entrada.sql), Converter(entrada, parametros));
+}
+
+// A failure leaves the connection closed, so the next command tries again and fails in the same way.
+Connection &DE::Ligacao()
+{
+    if (ligacao_.isOpen()) return ligacao_;
+    if (CaminhoBD_.isEmpty()) CaminhoBD_ = fileIn(pasta_, QStringLiteral("morvex.mdb"));
+    ligacao_.setConnectionString(QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source= '") + CaminhoBD_ +
+                                 QStringLiteral("'") +
+                                 QStringLiteral(";Jet OLEDB:Encrypt Database=True;Persist Security Info=False"));
+    ligacao_.Open();
+    return ligacao_;
+}

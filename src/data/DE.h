@@ -1,0 +1,37 @@
+// The one connection to morvex.mdb and the named commands over it. Comes to life at the first command and lives
+// until the process ends.
+#pragma once
+
+#include "data/Comandos.h"
+#include "platform/store/Connection.h"
+
+#include <QString>
+#include <array>
+#include <initializer_list>
+
+class DE
+{
+public:
+    // The path is the process-wide CaminhoBD, read when the connection is made. If it is empty then, it becomes
+    // the file morvex.mdb in that folder.
+    DE(QString &CaminhoBD, QString pasta);
+
+    // Runs a command that returns rows: closes its recordset if an earlier caller left it open, and opens it on
+    // the first row. The recordset belongs to DE; whoever opened it closes it. Raises Failure for a parameter
+    // that does not fit its column and for whatever the store refuses.
+    Recordset &Abrir(ComandoComLinhas comando, std::initializer_list<Value> parametros = {});
+
+    // Runs a command that writes. What it did is in the file when it returns.
+    void Executar(ComandoSemLinhas comando, std::initializer_list<Value> parametros = {});
+
+    // The recordset of a command, as its last call left it.
+    Recordset &Rs(ComandoComLinhas comando) { return conjuntos_[comando.Posicao()]; }
+
+private:
+    Connection &Ligacao();
+
+    QString &CaminhoBD_;
+    QString pasta_;
+    Connection ligacao_;
+    std::array<Recordset, comandos::catalogo.size()> conjuntos_;
+};

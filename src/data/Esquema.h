@@ -1,0 +1,31 @@
+// The nine tables of morvex.mdb: their columns and types. The database has no keys between tables, no stored
+// queries and no triggers; every rule that ties one table to another lies with the commands' callers.
+#pragma once
+
+#include "platform/store/Values.h"
+
+#include <span>
+#include <string_view>
+
+struct Coluna {
+    std::string_view nome;
+    ColumnType tipo;
+    bool contador = false;                // a key that the store assigns, from 1, and never reuses
+    std::string_view por_omissao = {};    // the value of a row that doesn't name the column; Null where empty
+};
+
+struct Tabela {
+    std::string_view nome;
+    std::span<const Coluna> colunas;
+};
+
+namespace esquema
+{
+std::span<const Tabela> Tabelas();
+
+// The type of a table's column; raises Failure for a name that the schema doesn't hold.
+ColumnType Tipo(std::string_view tabela, std::string_view coluna);
+
+// The statement that makes the table.
+QString Sql_Criar(const Tabela &tabela);
+} // namespace esquema

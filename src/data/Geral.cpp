@@ -1,0 +1,18 @@
+#include "data/Geral.h"
+
+#include "data/Idiomas.h"
+#include "platform/ProgramFolder.h"
+
+Geral::Geral(const QString &pasta) : Pasta(pasta), de(CaminhoBD, pasta), ini(pasta) {}
+
+QString Geral::Ler_Idioma(qint16 id)
+{
+    const Idioma *idioma = idiomas::Procurar(IdiomaActual);
+    if (idioma == nullptr) return {};
+    Recordset &rs = de.Abrir("cmdLerIdioma", {QString::number(id)});
+    const QString texto = rs.Fields(idioma->coluna).text();
+    rs.Close();
+    return texto;
+}
+
+QString Geral::Ficheiro(const QString &nome) const { return fileIn(Pasta, nome); }

@@ -1,0 +1,68 @@
+// The process-wide values and the shared services that every form uses. One object, made where the process
+// begins and handed on by reference.
+#pragma once
+
+#include "data/DE.h"
+#include "data/ReadWriteINI.h"
+#include "data/Sessao.h"
+#include "data/Temporizadores.h"
+
+#include <QString>
+
+class Geral
+{
+public:
+    // The folder holds the program's own files: config.ini, the database, pictures, sounds.
+    explicit Geral(const QString &pasta);
+    Geral(const Geral &) = delete;
+    Geral &operator=(const Geral &) = delete;
+
+    const QString Pasta;
+
+    // Copies of the row of TblConfig.
+    QString IdiomaActual;
+    QString VersaoBD;
+    QString RemetenteBD;
+    QString DestinatarioBD;
+
+    Sessao SessaoActual;
+
+    // Copies of config.ini. Flags keep the words of the file: "sim"/"nao", "0"/"1", "True"/"False".
+    QString CaminhoBD;
+    QString AlimentacaoEnvelopes;
+    qint16 DiasAniversarios = 0;
+    QString AvisoAniversarios;
+    QString UltimaPastaFotos;
+    QString AutorunArranque;
+    QString MinimizarArranque;
+    QString AvisoNovaVersao;
+    QString MemoFontName;
+    QString MemoFontSize;
+    QString MemoFontBold;
+    QString MemoFontItalic;
+    QString MemoCorFundo;
+    qint16 EmailNotifyActivo = 0;
+    qint16 EmailNotifyMinutos = 0;
+    qint16 MessengerActivo = 0;
+    QString SomEmail;
+    QString SomTarefa;
+
+    // The contact list and its card.
+    QString GrupoActual;    // ItemData of the group filter in digits; "0" is all groups
+    qint16 IDContacto = 0;  // the contact on the card
+    int IndiceContacto = 0; // its row in ListaNomes
+
+    DE de;
+    ReadWriteINI ini;
+    Temporizadores temporizadores;
+
+    // The text with that number in the active language, read from the database at each call. Empty while no
+    // language is active; Failure where the row is missing or its cell is Null.
+    QString Ler_Idioma(qint16 id);
+
+    // The name of a per-user section of config.ini: the user's ID stands behind it without a separator.
+    QString Seccao_Do_Utilizador(const QString &seccao) const { return seccao + SessaoActual.IdUtilizador; }
+
+    // A file of the program's folder.
+    QString Ficheiro(const QString &nome) const;
+};

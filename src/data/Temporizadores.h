@@ -1,0 +1,30 @@
+// The background timers of the main window and the switch over them.
+#pragma once
+
+#include "platform/Timer.h"
+
+#include <QObject>
+
+class Temporizadores final : public QObject
+{
+    Q_OBJECT
+public:
+    // "stop" disables the alarm, the dot and the two timers of the mail check. "start" enables the alarm and the
+    // dot and asks the mail cycle to begin anew, which decides by itself about its timer. Anything else does
+    // nothing. A form that reads or changes what the timers use says "stop" when it loads and "start" when it
+    // unloads.
+    void Gerir_Temporizadores(const QString &accao);
+
+    // Intervals in milliseconds, and whether the timer runs from the start.
+    Timer timerTarefas{1000, true};
+    Timer timerPonto{1000, true};
+    Timer timerAniversarios{59000, true};
+    Timer TimerMailNotification{60000, false};
+    Timer TimerMailNotification3{5000, false};
+    Timer TimerVerificacaoEmail{11000, false};
+    Timer TimerStatusOfContact{5000, false};
+    Timer TimerDownload{60000, true};
+
+Q_SIGNALS:
+    void IniciarMail();
+};

@@ -1,0 +1,81 @@
+// Makes the database that is shipped: the empty tables, the one row of TblConfig and all interface texts.
+// Usage: criar_bd <TblIdiomas.tsv> <version> <morvex.mdb>
+#include "data/Esquema.h"
+#include "platform/Failure.h"
+#include "platform/store/Connection.h"
+#include "platform/store/NewDatabase.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+QStringList Criar_Tabelas()
+{
+    QStringList sql;
+    for (const Tabela &tabela : esquema::Tabelas()) sql << esquema::Sql_Criar(tabela);
+    return sql;
+}
+
+QList<QStringList> Ler_Textos(const QString &caminho)
+{
+    QFile ficheiro(caminho);
+    if (!ficheiro.open(QIODevice::ReadOnly))
+        throw Failure(Failure::FileNotFound, caminho, u"The texts were not found: %1"_s.arg(caminho));
+    QList<QStringList> linhas;
+    for (const QString &linha : QString::fromUtf8(ficheiro.readAll()).split(u'\n', Qt::SkipEmptyParts))
+        linhas << linha.split(u'\t');
+    return linhas;
+}
+
+// The first row names the columns of TblIdiomas; the column Uso is the translators' own and isn't shipped.
+void Inserir_Textos(Connection &ligacao, QList<QStringList> linhas)
+{
+    const auto uso = linhas.constFirst().indexOf(u"Uso"_s);
+    for (QStringList &linha : linhas) linha.removeAt(uso);
+    const QStringList colunas = linhas.takeFirst();
+    const QString sql = u"INSERT INTO TblIdiomas (%1) VALUES (%2)"_s.arg(
+        colunas.join(u", "_s), QStringList(colunas.size(), u"?"_s).join(u", "_s));
+    for (const QStringList &linha : linhas) {
+        if (linha.size() != colunas.size())
+            throw Failure(Failure::StoreError, linha.join(u'\t'), u"A row with %1 cells"_s.arg(linha.size()));
+        std::vector<StoreValue> valores;
+        for (qsizetype i = 0; i < linha.size(); ++i)
+            valores.push_back(Value(linha[i]).convertedTo(esquema::Tipo("TblIdiomas", colunas[i].toStdString())));
+        ligacao.execute(sql, valores);
+    }
+}
+
+void Criar(const QString &textos, const QString &versao, const QString &destino)
+{
+    createDatabase(destino, Criar_Tabelas());
+    Connection ligacao;
+    ligacao.setConnectionString(u"Data Source='%1'"_s.arg(destino));
+    ligacao.Open();
+    ligacao.execute(u"BEGIN"_s, {});
+    ligacao.execute(u"INSERT INTO TblConfig (ID, Idioma, Versao, Remetente, Destinatario) VALUES (1, '', ?, '', '')"_s,
+                    {versao});
+    Inserir_Textos(ligacao, Ler_Textos(textos));
+    ligacao.execute(u"COMMIT"_s, {});
+}
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    const QStringList argumentos = QCoreApplication::arguments();
+    if (argumentos.size() != 4) {
+        std::fputs("usage: criar_bd <TblIdiomas.tsv> <version> <morvex.mdb>\n", stderr);
+        return 2;
+    }
+    try {
+        Criar(argumentos[1], argumentos[2], argumentos[3]);
+    } catch (const Failure &falha) {
+        std::fprintf(stderr, "criar_bd: %s\n", falha.what());
+        QFile::remove(argumentos[3]);
+        return 1;
+    }
+}

@@ -1,0 +1,30 @@
+// The process: makes the services of the desktop, the process-wide values and the main window, and lets it run.
+#include "data/Geral.h"
+#include "platform/Application.h"
+#include "platform/DesktopTray.h"
+#include "platform/Platform.h"
+#include "platform/ProgramFolder.h"
+#include "session/Main.h"
+
+#include <QIcon>
+
+int main(int argc, char **argv)
+{
+    // Notes, popups and the tray need a desktop on which a window may choose its own place.
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "xcb;wayland");
+
+    DesktopMessageBoxes boxes;
+    Application application(argc, argv, boxes);
+    SystemClock clock;
+    DesktopShell shell;
+    OwnProcess process;
+    DesktopTray tray(QIcon(QStringLiteral(":/imagens/tray/morvex_tray.svg")),
+                     QIcon(QStringLiteral(":/imagens/tray/morvex_tray_trancado.svg")));
+    Platform platform{clock, boxes, shell, process, tray};
+
+    const ProgramFolder folder(ProgramFolder::current(QStringLiteral(MORVEX_INSTALLED_DATA)));
+    Geral geral(folder.path());
+    Main janela(geral, platform);
+    janela.Carregar();
+    return Application::exec();
+}

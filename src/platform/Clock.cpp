@@ -1,0 +1,3 @@
+#include "platform/Clock.h"
+
+QDateTime SystemClock::now() const { return QDateTime::currentDateTime(); }

@@ -1,0 +1,49 @@
+#include "platform/ComboBox.h"
+
+#include "platform/Failure.h"
+
+#include <QKeyEvent>
+#include <QSignalBlocker>
+
+ComboBox::ComboBox(QWidget *parent) : QComboBox(parent)
+{
+    connect(this, &QComboBox::activated, this, [this] { Q_EMIT Click(); });
+}
+
+// A drop-down list begins without a choice, whatever is added.
+void ComboBox::AddItem(const QString &text)
+{
+    const int chosen = currentIndex();
+    const QSignalBlocker quiet(this);
+    addItem(text, 0);
+    setCurrentIndex(chosen);
+}
+
+void ComboBox::Clear() { clear(); }
+
+int ComboBox::ItemData(int index) const
+{
+    if (index < 0 || index >= count())
+        throw Failure(Failure::InvalidPropertyValue, objectName(), QStringLiteral("No row %1").arg(index));
+    return itemData(index).toInt();
+}
+
+void ComboBox::SetItemData(int index, int number) { setItemData(index, number); }
+
+void ComboBox::setListIndex(int index)
+{
+    if (index < -1 || index >= count())
+        throw Failure(Failure::InvalidPropertyValue, objectName(), QStringLiteral("No row %1").arg(index));
+    setCurrentIndex(index);
+    if (index >= 0) Q_EMIT Click();
+}
+
+// Letters select nothing here; arrows and the keys that open the list keep their work.
+void ComboBox::keyPressEvent(QKeyEvent *event)
+{
+    const bool types = !event->text().isEmpty() && event->text().front().isPrint();
+    if (types && event->key() != Qt::Key_Space)
+        event->accept();
+    else
+        QComboBox::keyPressEvent(event);
+}

@@ -1,0 +1,18 @@
+// Helpers over the named controls of a form.
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+[[noreturn]] void raiseMissingControl(const QObject &form, const QString &name);
+
+// The control of that name on the form. A form without it is a mistake of the program: raises Failure.
+template<class Control> Control &control(const QObject &form, const QString &name)
+{
+    auto *found = form.findChild<Control *>(name);
+    if (found == nullptr) raiseMissingControl(form, name);
+    return *found;
+}
+
+// A caption without its mnemonic mark, as tips and titles show it.
+QString withoutMnemonic(const QString &caption);

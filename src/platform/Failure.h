@@ -1,0 +1,45 @@
+// What goes wrong, and the three ways in which a handler meets it.
+// A handler without one of these helpers has no protection: its failure ends the running event.
+#pragma once
+
+#include <QString>
+#include <exception>
+#include <functional>
+
+// An error of the running program as a person may read it: number, where it arose, what happened.
+class Failure : public std::exception
+{
+public:
+    // Numbers of the errors that the program's own classes raise.
+    enum Number {
+        OutOfMemoryOrRange = 6,  // a value does not fit its type
+        SubscriptOutOfRange = 9, // an element that isn't there
+        TypeMismatch = 13,       // a text that is no number, date or flag
+        FileNotFound = 53,
+        InvalidUseOfNull = 94,
+        InvalidPropertyValue = 380,
+        InvalidPicture = 481,
+        NoCurrentRecord = 3021,
+        ItemNotFound = 3265,
+        StoreError = -2147467259,
+    };
+
+    Failure(int number, QString source, QString description);
+
+    int number() const { return number_; }
+    const QString &source() const { return source_; }
+    const QString &description() const { return description_; }
+    const char *what() const noexcept override { return what_.constData(); }
+
+private:
+    int number_;
+    QString source_;
+    QString description_;
+    QByteArray what_;
+};
+
+// First style: a failing step is skipped and the next one runs. True when the step ran to its end.
+bool skipFailure(const std::function<void()> &step);
+
+// Second style: the whole handler has one failure step.
+void onFailure(const std::function<void()> &handler, const std::function<void(const Failure &)> &failureStep);

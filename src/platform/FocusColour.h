@@ -1,0 +1,19 @@
+// The one rule of colour for every field: pale yellow while it has the keyboard, white otherwise.
+#pragma once
+
+#include <QObject>
+
+class QApplication;
+
+class FocusColour final : public QObject
+{
+    Q_OBJECT
+public:
+    // Watches every field of the application, present and future. Read-only displays are left alone.
+    static void install(QApplication &application);
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    using QObject::QObject;
+};

@@ -1,0 +1,65 @@
+// A list box whose rows carry a number of their own (ItemData), usually a key of the database.
+// Assigning ListIndex counts as a click, even when the index stays the same: code relies on it.
+#pragma once
+
+#include <QListView>
+#include <memory>
+
+class ListBox : public QListView
+{
+    Q_OBJECT
+    // A sorted list puts each new row at its place in the order of names, behind equal ones.
+    Q_PROPERTY(bool Sorted READ Sorted WRITE setSorted)
+public:
+    explicit ListBox(QWidget *parent = nullptr);
+    ~ListBox() override;
+
+    bool Sorted() const { return sorted_; }
+    void setSorted(bool sorted) { sorted_ = sorted; }
+
+    void AddItem(const QString &text);
+    int NewIndex() const { return newIndex_; } // row of the last AddItem, -1 before the first
+    void Clear();
+
+    int ListCount() const;
+    QString List(int index) const;
+    int ItemData(int index) const;
+    void setItemData(int index, int number);
+
+    int ListIndex() const; // -1 without a selection
+    // -1 takes the selection away without a click. Raises Failure for an index outside the list.
+    void setListIndex(int index);
+
+    // While one lives the view waits, so that many rows come in at the price of one.
+    class Filling
+    {
+    public:
+        explicit Filling(ListBox &list);
+        ~Filling();
+        Filling(const Filling &) = delete;
+        Filling &operator=(const Filling &) = delete;
+
+    private:
+        ListBox &list_;
+    };
+
+Q_SIGNALS:
+    void Click();
+    void DblClick();
+    void RightButtonUp(const QPoint &globalPosition); // or the keyboard's menu key
+
+protected:
+    void selectionChanged(const QItemSelection &selected, const QItemSelection &deselected) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+
+private:
+    class Rows;
+    void checkIndex(int index) const;
+
+    std::unique_ptr<Rows> rows_;
+    bool sorted_ = false;
+    bool assigning_ = false;
+    int newIndex_ = -1;
+};

@@ -1,0 +1,41 @@
+#include "platform/Picture.h"
+
+#include "platform/Failure.h"
+
+#include <QImageReader>
+
+namespace
+{
+[[noreturn]] void raiseInvalid(const QString &path)
+{
+    throw Failure(Failure::InvalidPicture, path, QStringLiteral("Invalid picture: %1").arg(path));
+}
+
+// By its content: an extension tells what somebody hoped the file to be.
+void prepare(QImageReader &reader)
+{
+    reader.setDecideFormatFromContent(true);
+    reader.setAutoTransform(true);
+}
+} // namespace
+
+Picture::Picture(const QString &path) : path_(path)
+{
+    QImageReader reader(path);
+    prepare(reader);
+    naturalSize_ = reader.size();
+    if (reader.transformation() & QImageIOHandler::TransformationRotate90) naturalSize_.transpose();
+    if (naturalSize_.isEmpty()) raiseInvalid(path);
+}
+
+QImage Picture::image(QSize size) const
+{
+    QImageReader reader(path_);
+    prepare(reader);
+    const bool turned = reader.transformation() & QImageIOHandler::TransformationRotate90;
+    if (size.width() < naturalSize_.width() && size.height() < naturalSize_.height())
+        reader.setScaledSize(turned ? size.transposed() : size);
+    QImage image = reader.read();
+    if (image.isNull()) raiseInvalid(path_);
+    return image.size() == size ? image : image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}

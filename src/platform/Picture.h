@@ -1,0 +1,26 @@
+// A picture file: its natural size, and its points at whatever size they are shown.
+#pragma once
+
+#include <QImage>
+#include <QSize>
+#include <QString>
+
+class Picture
+{
+public:
+    Picture() = default;
+
+    // Opens the file and reads its size. Raises Failure for a file that is missing or no picture.
+    explicit Picture(const QString &path);
+
+    const QString &path() const { return path_; }
+    QSize naturalSize() const { return naturalSize_; } // pixels; in twips it is 15 times that
+
+    // The picture at that size in pixels, its proportions given up. A large photograph is never unpacked
+    // whole for a small place. Raises Failure when the file turns out to be broken.
+    QImage image(QSize size) const;
+
+private:
+    QString path_;
+    QSize naturalSize_;
+};

@@ -1,0 +1,26 @@
+#include "platform/Process.h"
+
+#include "platform/Failure.h"
+#include "platform/MessageBoxes.h"
+
+#include <QCoreApplication>
+#include <cstdio>
+#include <unistd.h>
+
+void OwnProcess::end()
+{
+    // Lets what was just asked of the desktop (the tray icon's removal) leave the process, then goes without
+    // destructors: a name look-up under way would hold them up for seconds.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    std::fflush(nullptr);
+    ::_exit(0);
+}
+
+void endOnFailure(MessageBoxes &boxes, Process &process, const std::function<void()> &handler)
+{
+    onFailure(handler, [&](const Failure &failure) {
+        boxes.showError(failure);
+        process.end();
+    });
+}

@@ -1,0 +1,159 @@
+#include "platform/store/Connection.h"
+
+#include "platform/Failure.h"
+#include "platform/store/TextRules.h"
+
+#include <QFileInfo>
+#include <QHash>
+#include <QRegularExpression>
+#include <SQLiteCpp/SQLiteCpp.h>
+
+struct Connection::Database {
+    explicit Database(const std::string &path) : handle(path, SQLite::OPEN_READWRITE) {}
+
+    SQLite::Database handle; // declared first: the statements go before it
+    QHash<QString, std::shared_ptr<SQLite::Statement>> statements;
+
+    SQLite::Statement &statement(const QString &sql);
+};
+
+namespace
+{
+constexpr int patience = 5000; // ms for which another program's write is waited for
+constexpr char sourceName[] = "Connection";
+
+[[noreturn]] void raise(const QString &description, const QString &source = QLatin1String(sourceName))
+{
+    throw Failure(Failure::StoreError, source, description);
+}
+
+QString dataSource(const QString &connectionString)
+{
+    static const QRegularExpression shape(QStringLiteral("(?:^|;)\\s*Data Source\\s*=\\s*'([^']*)'\\s*(?:;[^']*)?$"),
+                                          QRegularExpression::CaseInsensitiveOption);
+    const auto match = shape.match(connectionString);
+    if (!match.hasMatch()) raise(QStringLiteral("The connection string is broken: %1").arg(connectionString));
+    return match.captured(1);
+}
+
+// The dialect of the commands lets DELETE name the columns to delete; a row goes as a whole.
+QString translated(const QString &sql)
+{
+    static const QRegularExpression starredDelete(QStringLiteral("^\\s*DELETE\\s+\\*\\s+FROM\\b"),
+                                                  QRegularExpression::CaseInsensitiveOption);
+    return QString(sql).replace(starredDelete, QStringLiteral("DELETE FROM"));
+}
+
+struct Binder {
+    SQLite::Statement &statement;
+    int place;
+    void operator()(std::monostate) const { statement.bind(place); }
+    void operator()(qint64 number) const { statement.bind(place, static_cast<int64_t>(number)); }
+    void operator()(double number) const { statement.bind(place, number); }
+    void operator()(const QString &text) const { statement.bind(place, text.toStdString()); }
+};
+
+void bindAll(SQLite::Statement &statement, const std::vector<StoreValue> &values)
+{
+    if (statement.getBindParameterCount() != static_cast<int>(values.size()))
+        raise(QStringLiteral("%1 values for %2 parameters").arg(values.size()).arg(statement.getBindParameterCount()));
+    for (std::size_t i = 0; i < values.size(); ++i) std::visit(Binder{statement, static_cast<int>(i) + 1}, values[i]);
+}
+
+StoreValue cellOf(const SQLite::Column &column)
+{
+    if (column.isNull()) return {};
+    if (column.isInteger()) return qint64{column.getInt64()};
+    if (column.isFloat()) return column.getDouble();
+    const char *text = column.getText();
+    return QString::fromUtf8(text, column.getBytes());
+}
+
+std::vector<QByteArray> columnNames(const SQLite::Statement &statement)
+{
+    std::vector<QByteArray> names;
+    for (int i = 0; i < statement.getColumnCount(); ++i) names.emplace_back(statement.getColumnName(i));
+    return names;
+}
+
+// Frees the statement for its next use, whatever became of this one, so that no lock stays behind.
+class Running
+{
+public:
+    Running(SQLite::Statement &statement, const std::vector<StoreValue> &values) : statement_(statement)
+    {
+        bindAll(statement_, values);
+    }
+    ~Running()
+    {
+        statement_.tryReset();
+        statement_.clearBindings();
+    }
+    Running(const Running &) = delete;
+    Running &operator=(const Running &) = delete;
+
+private:
+    SQLite::Statement &statement_;
+};
+
+template<class Work> auto raisingFailures(const QString &source, const Work &work)
+{
+    try {
+        return work();
+    } catch (const SQLite::Exception &error) {
+        raise(QString::fromUtf8(error.what()), source);
+    }
+}
+} // namespace
+
+SQLite::Statement &Connection::Database::statement(const QString &sql)
+{
+    auto &kept = statements[sql];
+    if (!kept) kept = std::make_shared<SQLite::Statement>(handle, translated(sql).toStdString());
+    return *kept;
+}
+
+Connection::Connection() = default;
+Connection::~Connection() = default;
+
+void Connection::Open()
+{
+    const QString path = dataSource(connectionString_);
+    const QFileInfo file(path);
+    if (!file.exists()) raise(QStringLiteral("The database was not found: %1").arg(path));
+    if (file.size() == 0) raise(QStringLiteral("The file is no database: %1").arg(path));
+    database_ = raisingFailures(path, [&] {
+        auto opened = std::make_unique<Database>(path.toStdString());
+        opened->handle.setBusyTimeout(patience);
+        registerTextRules(opened->handle.getHandle());
+        opened->handle.exec("PRAGMA synchronous=FULL");
+        opened->handle.execAndGet("SELECT count(*) FROM sqlite_master"); // a file that is no database fails here
+        return opened;
+    });
+}
+
+void Connection::Close() { database_.reset(); }
+
+void Connection::execute(const QString &sql, const std::vector<StoreValue> &values)
+{
+    if (!database_) raise(QStringLiteral("The connection is closed"));
+    raisingFailures(sql, [&] {
+        SQLite::Statement &statement = database_->statement(sql);
+        const Running running(statement, values);
+        statement.exec();
+    });
+}
+
+Recordset Connection::query(const QString &sql, const std::vector<StoreValue> &values)
+{
+    if (!database_) raise(QStringLiteral("The connection is closed"));
+    return raisingFailures(sql, [&] {
+        SQLite::Statement &statement = database_->statement(sql);
+        const Running running(statement, values);
+        std::vector<StoreValue> cells;
+        const int width = statement.getColumnCount();
+        while (statement.executeStep())
+            for (int i = 0; i < width; ++i) cells.push_back(cellOf(statement.getColumn(i)));
+        return Recordset(columnNames(statement), std::move(cells));
+    });
+}

@@ -1,0 +1,103 @@
+#include "platform/store/Recordset.h"
+
+#include "platform/Failure.h"
+
+#include <QLocale>
+#include <limits>
+
+namespace
+{
+[[noreturn]] void raise(Failure::Number number, const QString &description)
+{
+    throw Failure(number, QStringLiteral("Recordset"), description);
+}
+} // namespace
+
+QString Field::text() const
+{
+    if (isNull()) raise(Failure::InvalidUseOfNull, QStringLiteral("Invalid use of Null"));
+    if (const auto *number = std::get_if<qint64>(&value_)) return QString::number(*number);
+    if (const auto *number = std::get_if<double>(&value_))
+        return QString::number(*number, 'g', QLocale::FloatingPointShortest);
+    return std::get<QString>(value_);
+}
+
+QString Field::textOrEmpty() const { return isNull() ? QString() : text(); }
+
+int Field::number() const
+{
+    const double value = real();
+    if (value < std::numeric_limits<int>::min() || value > std::numeric_limits<int>::max())
+        raise(Failure::OutOfMemoryOrRange, QStringLiteral("%1 does not fit 32 bits").arg(value));
+    return static_cast<int>(value);
+}
+
+double Field::real() const
+{
+    if (const auto *number = std::get_if<qint64>(&value_)) return static_cast<double>(*number);
+    if (const auto *number = std::get_if<double>(&value_)) return *number;
+    bool valid = false;
+    const double number = text().toDouble(&valid);
+    if (!valid) raise(Failure::TypeMismatch, QStringLiteral("\"%1\" is no number").arg(text()));
+    return number;
+}
+
+bool Field::yes() const { return number() != 0; }
+
+QDate Field::date() const
+{
+    const QDate date = QDate::fromString(text(), Qt::ISODate);
+    if (!date.isValid()) raise(Failure::TypeMismatch, QStringLiteral("\"%1\" is no date").arg(text()));
+    return date;
+}
+
+QTime Field::time() const
+{
+    const QTime time = QTime::fromString(text(), Qt::ISODate);
+    if (!time.isValid()) raise(Failure::TypeMismatch, QStringLiteral("\"%1\" is no time").arg(text()));
+    return time;
+}
+
+Recordset::Recordset(std::vector<QByteArray> columns, std::vector<StoreValue> cells)
+    : state_(Open), columns_(std::move(columns)), cells_(std::move(cells))
+{
+}
+
+void Recordset::Close() { *this = Recordset(); }
+
+int Recordset::RecordCount() const
+{
+    checkOpen();
+    return columns_.empty() ? 0 : static_cast<int>(cells_.size() / columns_.size());
+}
+
+bool Recordset::Bof() const
+{
+    checkOpen();
+    return cells_.empty();
+}
+
+bool Recordset::Eof() const
+{
+    checkOpen();
+    return first_ >= cells_.size();
+}
+
+void Recordset::MoveNext()
+{
+    if (Eof()) raise(Failure::NoCurrentRecord, QStringLiteral("No current record"));
+    first_ += columns_.size();
+}
+
+Field Recordset::Fields(const char *name) const
+{
+    if (Eof()) raise(Failure::NoCurrentRecord, QStringLiteral("No current record"));
+    for (std::size_t i = 0; i < columns_.size(); ++i)
+        if (qstricmp(columns_[i].constData(), name) == 0) return Field(cells_[first_ + i]);
+    raise(Failure::ItemNotFound, QStringLiteral("No column named %1").arg(QLatin1String(name)));
+}
+
+void Recordset::checkOpen() const
+{
+    if (state_ == Closed) raise(Failure::StoreError, QStringLiteral("The recordset is closed"));
+}

@@ -1,0 +1,57 @@
+// The rows that a query returned, read whole when it ran: the count is true at once and nothing stays locked.
+#pragma once
+
+#include "platform/store/Values.h"
+
+#include <QDate>
+#include <QTime>
+#include <vector>
+
+// One cell of the current row. The typed readers raise Failure for Null and for what has another type.
+class Field
+{
+public:
+    explicit Field(const StoreValue &value) : value_(value) {}
+
+    bool isNull() const { return std::holds_alternative<std::monostate>(value_); }
+    QString text() const;        // a number as its decimal digits
+    QString textOrEmpty() const; // Null reads as the empty string
+    int number() const;
+    double real() const;
+    bool yes() const;
+    QDate date() const;
+    QTime time() const;
+
+private:
+    const StoreValue &value_;
+};
+
+class Recordset
+{
+public:
+    enum StateValue { Closed = 0, Open = 1 };
+
+    Recordset() = default;
+    Recordset(std::vector<QByteArray> columns, std::vector<StoreValue> cells);
+
+    StateValue State() const { return state_; }
+    void Close(); // a closed recordset may be closed again
+
+    int RecordCount() const;
+    bool Bof() const; // no row at all
+    bool Eof() const;
+    void MoveNext(); // Failure behind the last row
+
+    // The cell of that name, in any case of letters, in the current row; of two equal names the first. Raises
+    // Failure where there is no such column, no current row, or the recordset is closed. Valid until the
+    // recordset moves.
+    Field Fields(const char *name) const;
+
+private:
+    void checkOpen() const;
+
+    StateValue state_ = Closed;
+    std::vector<QByteArray> columns_;
+    std::vector<StoreValue> cells_; // row by row
+    std::size_t first_ = 0;         // first cell of the current row
+};

@@ -1,0 +1,15 @@
+// How the store compares texts: case does not count, accents do, in every alphabet, on every machine alike.
+#pragma once
+
+#include <QStringView>
+
+struct sqlite3;
+
+// Negative, zero or positive, as a sorts before, with or behind b.
+int compareText(QStringView a, QStringView b);
+
+// True when the text matches the pattern, in which % stands for any run of characters and _ for any one.
+bool matchesLike(QStringView pattern, QStringView text);
+
+// Gives a connection of the store these rules: the collation MORVEX, and LIKE.
+void registerTextRules(sqlite3 *connection);

@@ -1,0 +1,112 @@
+#include "session/Legendas.h"
+
+#include "data/Geral.h"
+#include "platform/Controls.h"
+#include "platform/Failure.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QLabel>
+#include <QMainWindow>
+#include <QMenu>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+enum class Lugar {
+    Legenda, // of a label or button
+    Dica,    // tip of a picture
+    Menu,    // of a menu
+    Comando, // of a menu entry
+    Botao,   // tip of a toolbar button
+};
+
+struct EntradaDeTexto {
+    Lugar lugar;
+    const char *controlo;
+    qint16 texto;
+};
+
+using enum Lugar;
+
+// clang-format off
+constexpr std::array textos = std::to_array<EntradaDeTexto>({
+    {Dica, "Thumb", 264}, {Legenda, "lblPesquisa", 3}, {Legenda, "lblGrupo", 184},
+    {Dica, "imgTelefone1", 28}, {Dica, "imgTelefone2", 29}, {Dica, "imgTelemovel1", 30},
+    {Dica, "imgTelemovel2", 31}, {Dica, "imgTelemovel3", 32}, {Dica, "imgAniversario", 38},
+    {Dica, "imgWebsite", 34}, {Dica, "imgMorada", 36}, {Dica, "imgObservacoes", 37}, {Dica, "imgGrupo", 42},
+    {Legenda, "cmdNovo", 45}, {Legenda, "cmdEditar", 46}, {Legenda, "cmdEliminar", 47},
+    {Menu, "Ficheiro", 125}, {Menu, "Imprimir", 126}, {Comando, "ImprimirLista", 127},
+    {Comando, "ImprimirEnvelope", 128}, {Menu, "Utilizadores", 129}, {Comando, "CriarUtilizadores", 130},
+    {Comando, "EditarUtilizadores", 131}, {Comando, "EliminarUtilizadores", 132},
+    {Comando, "Importar", 133}, {Comando, "Exportar", 257}, {Menu, "Grupos", 134},
+    {Comando, "CriarGrupos", 130}, {Comando, "EditarGrupos", 131}, {Comando, "EliminarGrupos", 132},
+    {Comando, "Fechar", 135}, {Comando, "Sair", 136}, {Menu, "Contactos", 137},
+    {Comando, "NovoContacto", 138}, {Comando, "EditarContacto", 139}, {Comando, "EliminarContacto", 140},
+    {Comando, "procurar", 141}, {Comando, "Email", 142}, {Comando, "Website", 143},
+    {Comando, "Anterior", 144}, {Comando, "Seguinte", 145}, {Menu, "Ferramentas", 146},
+    {Comando, "mnuMailNotification", 252}, {Comando, "Aniversarios", 147}, {Comando, "Memo", 148},
+    {Comando, "NovaTarefa", 149}, {Comando, "ListaTarefas", 150}, {Comando, "mnuBackup", 254},
+    {Comando, "Opcoes", 151}, {Menu, "Ajuda", 152}, {Comando, "TopicosAjuda", 153},
+    {Comando, "Sugerir", 154}, {Comando, "Leiame", 155}, {Comando, "Sobre", 156},
+    {Comando, "RightClickEditar", 131}, {Comando, "RightClickEliminar", 132},
+    {Comando, "RightClickEmail", 142}, {Comando, "RightClickMessenger", 241},
+    {Comando, "RightClickWebsite", 143}, {Comando, "RightClickPrintContacto", 158},
+    {Comando, "RightClickEnvelope", 159}, {Comando, "SystemTrayAbrirMorvex", 157},
+    {Comando, "SystemTrayProcurar", 141}, {Comando, "SystemTrayNovaTarefa", 149},
+    {Comando, "SystemTrayListaTarefas", 150}, {Comando, "SystemTrayMemo", 148},
+    {Comando, "SystemTraySobre", 156}, {Comando, "SystemTraySair", 136}, {Comando, "mnuMessenger", 241},
+    {Botao, "novo_contacto", 138}, {Botao, "editar_contacto", 139}, {Botao, "eliminar_contacto", 140},
+    {Botao, "procurar", 141}, {Botao, "imprimir", 73}, {Botao, "imprimir_envelope", 159},
+    {Botao, "enviar_email", 142}, {Botao, "messenger", 241}, {Botao, "visitar_website", 143},
+    {Botao, "keyCheckMail", 252}, {Botao, "aniversarios", 147}, {Botao, "memo", 148},
+    {Botao, "nova_tarefa", 149}, {Botao, "cima", 144}, {Botao, "baixo", 145}, {Botao, "opcoes", 151},
+    {Botao, "ajuda", 266},
+});
+// clang-format on
+
+void Legendar(QMainWindow &janela, const QString &nome, const QString &texto)
+{
+    if (auto *botao = janela.findChild<QAbstractButton *>(nome))
+        botao->setText(texto);
+    else
+        control<QLabel>(janela, nome).setText(texto);
+}
+
+// A tip also names the control for a screen reader.
+void Dar_Dica(QWidget &controlo, const QString &texto)
+{
+    const QString dica = withoutMnemonic(texto);
+    controlo.setToolTip(dica);
+    controlo.setAccessibleName(dica);
+}
+
+void Atribuir_Um(QMainWindow &janela, const EntradaDeTexto &entrada, const QString &texto)
+{
+    const QString nome = QLatin1StringView(entrada.controlo);
+    switch (entrada.lugar) {
+    case Legenda: return Legendar(janela, nome, texto);
+    case Dica: return Dar_Dica(control<QWidget>(janela, nome), texto);
+    case Menu: return control<QMenu>(janela, nome).setTitle(texto);
+    case Comando: return control<QAction>(janela, nome).setText(texto);
+    case Botao: return control<QAction>(janela, nome).setToolTip(withoutMnemonic(texto));
+    }
+}
+
+// Proper names, the same in every language.
+void Dar_Dicas_Fixas(QMainWindow &janela)
+{
+    Dar_Dica(control<QWidget>(janela, u"imgFax"_s), u"Fax"_s);
+    Dar_Dica(control<QWidget>(janela, u"imgEmail1"_s), u"E-mail 1"_s);
+    Dar_Dica(control<QWidget>(janela, u"imgEmail2"_s), u"E-mail 2"_s);
+}
+} // namespace
+
+void legendas::Atribuir(QMainWindow &janela, Geral &geral)
+{
+    for (const EntradaDeTexto &entrada : textos)
+        skipFailure([&] { Atribuir_Um(janela, entrada, geral.Ler_Idioma(entrada.texto)); });
+    Dar_Dicas_Fixas(janela);
+}

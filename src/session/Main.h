@@ -1,0 +1,45 @@
+// The main window and the hub of the program. It makes the classes that own the shares of its window, joins them,
+// runs the start and opens the forms; the rules lie with those classes.
+#pragma once
+
+#include "ui_Main.h"
+
+#include <QMainWindow>
+
+class CartaoContacto;
+class Geral;
+class ListaContactos;
+class SystemTray;
+struct Platform;
+
+class Main final : public QMainWindow, public Ui::Main
+{
+    Q_OBJECT
+public:
+    Main(Geral &geral, Platform &platform);
+
+    // The whole start: afterwards the window is shown, or hidden in the tray if the user wants it so.
+    void Carregar();
+
+Q_SIGNALS:
+    // The countdown of lblTemporizador has come to its end.
+    void VerificarConta();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void Ligar_Menus();
+    void Ligar_Teclas();
+
+    void timerPonto_Timer();
+    void lblTemporizador_Change();
+    void Sobre_Click();
+
+    Geral &geral_;
+    Platform &platform_;
+    CartaoContacto *cartao_; // children of the window, like all that follow
+    ListaContactos *lista_;
+    SystemTray *tray_;
+    QString EstadoPonto; // "1" or "2": the phase of the blinking dot
+};

@@ -1,0 +1,27 @@
+#include "session/Sair.h"
+
+#include "data/Geral.h"
+#include "platform/Platform.h"
+
+#include <QWidget>
+
+namespace
+{
+bool Confirma_Com_Tarefas(Geral &geral, Platform &platform, QWidget *dono)
+{
+    const QString aviso = geral.Ler_Idioma(225) + QLatin1String("\r\n") + geral.Ler_Idioma(226) +
+                          QLatin1String("\r\n") + geral.Ler_Idioma(227);
+    return platform.boxes.show(aviso, box::exclamation | box::yesNo, dono->windowTitle(), dono) == answer::yes;
+}
+} // namespace
+
+void Sair(Geral &geral, Platform &platform, QWidget *dono)
+{
+    Recordset &rs = geral.de.Abrir("cmdListarTarefas", {geral.SessaoActual.IdUtilizador});
+    const bool sai = rs.RecordCount() == 0 || Confirma_Com_Tarefas(geral, platform, dono);
+    rs.Close();
+    if (!sai) return;
+    platform.tray.remove(Tray::Look::Picture1);
+    platform.tray.remove(Tray::Look::Picture2);
+    platform.process.end();
+}

@@ -1,0 +1,70 @@
+#include "session/SystemTray.h"
+
+#include "data/Geral.h"
+#include "platform/Platform.h"
+#include "session/frmLogin.h"
+
+#include <QMenu>
+#include <QScopedValueRollback>
+#include <QWidget>
+
+SystemTray::SystemTray(QWidget &janela, QMenu &MenuSystemTray, Geral &geral, Platform &platform)
+    : QObject(&janela), janela_(janela), MenuSystemTray_(MenuSystemTray), geral_(geral), platform_(platform)
+{
+    connect(&platform_.tray, &Tray::leftButtonDown, this,
+            [this](Tray::Look look) { Botao_Esquerdo(look == Tray::Look::Picture2); });
+    connect(&platform_.tray, &Tray::menuAboutToOpen, this, [this] {
+        if (janela_.isVisible()) janela_.activateWindow();
+    });
+}
+
+void SystemTray::Adicionar_Icone(const QString &dica)
+{
+    platform_.tray.add(Tray::Look::Picture1, dica, &MenuSystemTray_);
+}
+
+void SystemTray::Minimizar_Tray()
+{
+    janela_.hide();
+    TrayBloqueado_ = false;
+    if (!geral_.SessaoActual.PedirPassSystemTray) return;
+    TrayBloqueado_ = true;
+    platform_.tray.remove(Tray::Look::Picture1);
+    platform_.tray.add(Tray::Look::Picture2, janela_.windowTitle(), &MenuSystemTray_);
+}
+
+// A modal form lets further messages arrive while the handler of one is still at work.
+void SystemTray::Botao_Esquerdo(bool trancado)
+{
+    if (ocupado_) return;
+    const QScopedValueRollback guarda(ocupado_, true);
+    if (trancado)
+        Restaurar_Janela();
+    else
+        Mostrar_Janela();
+}
+
+void SystemTray::Mostrar_Janela()
+{
+    if (!janela_.isVisible() || janela_.isMinimized()) janela_.showNormal();
+    janela_.raise();
+    janela_.activateWindow();
+}
+
+void SystemTray::Restaurar_Janela()
+{
+    if (janela_.isVisible()) return;
+    if (!geral_.SessaoActual.PedirPassSystemTray) return Mostrar_Janela();
+    frmLogin login(geral_, platform_);
+    login.Fixar_Utilizador(geral_.SessaoActual.Utilizador);
+    connect(&login, &frmLogin::Reaberta, this, &SystemTray::Reabrir);
+    login.exec();
+}
+
+// The tip is the login form's caption until the icon is next added.
+void SystemTray::Reabrir(const QString &legenda)
+{
+    platform_.tray.remove(Tray::Look::Picture2);
+    Adicionar_Icone(legenda);
+    Mostrar_Janela();
+}

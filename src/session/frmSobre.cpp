@@ -1,0 +1,13 @@
+#include "session/frmSobre.h"
+
+#include "data/Geral.h"
+#include "platform/Controls.h"
+
+frmSobre::frmSobre(Geral &geral, QWidget *dono) : QDialog(dono)
+{
+    setupUi(this);
+    connect(cmdFechar, &QPushButton::clicked, this, &QDialog::accept);
+    setWindowTitle(withoutMnemonic(geral.Ler_Idioma(156)));
+    lblVersao->setText(geral.VersaoBD);
+    cmdFechar->setText(geral.Ler_Idioma(135));
+}
