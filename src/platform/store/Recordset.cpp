@@ -97,6 +97,17 @@ Field Recordset::Fields(const char *name) const
     raise(Failure::ItemNotFound, QStringLiteral("No column named %1").arg(QLatin1String(name)));
 }
 
+QStringList Recordset::Row() const
+{
+    if (Eof()) raise(Failure::NoCurrentRecord, QStringLiteral("No current record"));
+    QStringList row;
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+        const Field field(cells_[first_ + i]);
+        row << (field.isNull() ? QStringLiteral("<Null>") : field.text());
+    }
+    return row;
+}
+
 void Recordset::checkOpen() const
 {
     if (state_ == Closed) raise(Failure::StoreError, QStringLiteral("The recordset is closed"));

@@ -4,6 +4,7 @@
 #include "platform/store/Values.h"
 
 #include <QDate>
+#include <QStringList>
 #include <QTime>
 #include <vector>
 
@@ -46,6 +47,9 @@ public:
     // Failure where there is no such column, no current row, or the recordset is closed. Valid until the
     // recordset moves.
     Field Fields(const char *name) const;
+
+    // All cells of the current row as text, Null as "<Null>".
+    QStringList Row() const;
 
 private:
     void checkOpen() const;

@@ -1,0 +1,61 @@
+#include "testlib/Falsos.h"
+
+#include "platform/Failure.h"
+
+#include <QtTest>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+void Falhar(const QString &motivo) { QTest::qFail(qUtf8Printable(motivo), __FILE__, __LINE__); }
+
+constexpr int caixa_de_erro = -1;
+
+QString Descrever(const QString &texto, int flags, const QString &titulo)
+{
+    return u"[%1] %2: %3"_s.arg(flags).arg(titulo, texto);
+}
+} // namespace
+
+CaixasFalsas::~CaixasFalsas()
+{
+    for (const Caixa &caixa : esperadas_) Falhar(u"a box did not come: "_s + Descrever(caixa.texto, caixa.flags, caixa.titulo));
+}
+
+void CaixasFalsas::Espera(const QString &texto, int flags, const QString &titulo, int resposta)
+{
+    esperadas_.append({texto, flags, titulo, resposta});
+}
+
+void CaixasFalsas::Espera_Erro(int numero) { esperadas_.append({QString::number(numero), caixa_de_erro, {}, answer::ok}); }
+
+int CaixasFalsas::show(const QString &text, int flags, const QString &title, QWidget *)
+{
+    if (esperadas_.isEmpty()) {
+        Falhar(u"an unexpected box: "_s + Descrever(text, flags, title));
+        return answer::no;
+    }
+    const Caixa caixa = esperadas_.takeFirst();
+    if (caixa.texto != text || caixa.flags != flags || caixa.titulo != title)
+        Falhar(u"expected "_s + Descrever(caixa.texto, caixa.flags, caixa.titulo) + u", came "_s +
+               Descrever(text, flags, title));
+    return caixa.resposta;
+}
+
+void CaixasFalsas::showError(const Failure &failure)
+{
+    if (!esperadas_.isEmpty() && esperadas_.constFirst().flags == caixa_de_erro &&
+        esperadas_.constFirst().texto == QString::number(failure.number()))
+        esperadas_.removeFirst();
+    else
+        Falhar(u"an unexpected error: "_s + QString::fromUtf8(failure.what()));
+}
+
+void TabuleiroFalso::add(Look look, const QString &tip, QMenu *icon_menu)
+{
+    menu = icon_menu;
+    historia << (look == Look::Picture1 ? u"+1 "_s : u"+2 "_s) + tip;
+}
+
+void TabuleiroFalso::remove(Look look) { historia << (look == Look::Picture1 ? u"-1"_s : u"-2"_s); }

@@ -1,0 +1,75 @@
+// Stand-ins for the desktop's services. One that is asked something unexpected fails the running test.
+#pragma once
+
+#include "platform/Platform.h"
+
+#include <QList>
+#include <QStringList>
+
+// A clock that stands still until it is told to move.
+class RelogioFalso final : public Clock
+{
+public:
+    explicit RelogioFalso(QDateTime agora) : agora_(std::move(agora)) {}
+    QDateTime now() const override { return agora_; }
+
+    void Acertar(const QDateTime &agora) { agora_ = agora; }
+    void Avancar_Segundos(qint64 segundos) { agora_ = agora_.addSecs(segundos); }
+    void Avancar_Minutos(qint64 minutos) { Avancar_Segundos(minutos * 60); }
+    void Avancar_Dias(qint64 dias) { agora_ = agora_.addDays(dias); }
+
+private:
+    QDateTime agora_;
+};
+
+// Boxes that were announced answer as announced; any other fails the test. What was announced must come.
+class CaixasFalsas final : public MessageBoxes
+{
+public:
+    ~CaixasFalsas() override;
+
+    void Espera(const QString &texto, int flags, const QString &titulo, int resposta = answer::ok);
+    void Espera_Erro(int numero);
+    bool Todas_Vistas() const { return esperadas_.isEmpty(); }
+
+    int show(const QString &text, int flags, const QString &title, QWidget *owner) override;
+    void showError(const Failure &failure) override;
+
+private:
+    struct Caixa {
+        QString texto;
+        int flags;
+        QString titulo;
+        int resposta;
+    };
+    QList<Caixa> esperadas_;
+};
+
+class ShellFalsa final : public Shell
+{
+public:
+    void open(const QString &target) override { abertos << target; }
+    QStringList abertos;
+};
+
+// The end of the process is noted, and the test goes on.
+class ProcessoFalso final : public Process
+{
+public:
+    void end() override { ++fins; }
+    bool Terminou() const { return fins > 0; }
+    int fins = 0;
+};
+
+// Keeps a record of what was done to the icon: "+1 tip", "-2" and so on, by the number of the picture.
+class TabuleiroFalso final : public Tray
+{
+    Q_OBJECT
+public:
+    void add(Look look, const QString &tip, QMenu *menu) override;
+    void remove(Look look) override;
+
+    void Clicar(Look look) { Q_EMIT leftButtonDown(look); }
+    QStringList historia;
+    QMenu *menu = nullptr;
+};
