@@ -30,7 +30,7 @@ endfunction()
 # morvex_teste(<folder>/<test> LIGA <libraries>)
 # One Qt Test program from tests/<folder>/<test>.cpp. It runs without a display, with a home, time zone and
 # locale of its own, so it can neither read nor harm what belongs to the person who runs it.
-# FICHEIROS names further sources; X11 leaves the choice of display to the program's own runner.
+# FICHEIROS names further sources.
 function(morvex_teste caminho)
     cmake_parse_arguments(ARG "" "" "LIGA;FICHEIROS" ${ARGN})
     get_filename_component(nome ${caminho} NAME)

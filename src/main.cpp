@@ -1,6 +1,8 @@
 // The process: makes the services of the desktop, the process-wide values and the main window, and lets it run.
 #include "data/Geral.h"
 #include "platform/Application.h"
+#include "platform/DesktopRegistry.h"
+#include "platform/DesktopSound.h"
 #include "platform/DesktopTray.h"
 #include "platform/Platform.h"
 #include "platform/ProgramFolder.h"
@@ -16,11 +18,14 @@ int main(int argc, char **argv)
     DesktopMessageBoxes boxes;
     Application application(argc, argv, boxes);
     SystemClock clock;
+    DesktopDialogs dialogs;
     DesktopShell shell;
+    DesktopSound sound;
+    DesktopRegistry registry;
     OwnProcess process;
     DesktopTray tray(QIcon(QStringLiteral(":/imagens/tray/morvex_tray.svg")),
                      QIcon(QStringLiteral(":/imagens/tray/morvex_tray_trancado.svg")));
-    Platform platform{clock, boxes, shell, process, tray};
+    Platform platform{clock, boxes, dialogs, shell, sound, registry, process, tray};
 
     const ProgramFolder folder(ProgramFolder::current(QStringLiteral(MORVEX_INSTALLED_DATA)));
     Geral geral(folder.path());

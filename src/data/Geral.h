@@ -52,6 +52,11 @@ public:
     qint16 IDContacto = 0;  // the contact on the card
     int IndiceContacto = 0; // its row in ListaNomes
 
+    // "Add" or "Edit": the mode of the editor of contacts, of tasks, of mail accounts.
+    QString ModoContacto;
+    QString ModoTarefa;
+    QString ModoEmail;
+
     DE de;
     ReadWriteINI ini;
     Temporizadores temporizadores;

@@ -2,15 +2,21 @@
 #pragma once
 
 #include "platform/Clock.h"
+#include "platform/Dialogs.h"
 #include "platform/MessageBoxes.h"
 #include "platform/Process.h"
+#include "platform/Registry.h"
 #include "platform/Shell.h"
+#include "platform/Sound.h"
 #include "platform/Tray.h"
 
 struct Platform {
     Clock &clock;
     MessageBoxes &boxes;
+    Dialogs &dialogs;
     Shell &shell;
+    Sound &sound;
+    Registry &registry;
     Process &process;
     Tray &tray;
 };

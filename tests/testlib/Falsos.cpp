@@ -52,6 +52,73 @@ void CaixasFalsas::showError(const Failure &failure)
         Falhar(u"an unexpected error: "_s + QString::fromUtf8(failure.what()));
 }
 
+namespace
+{
+template<class Resposta> std::optional<Resposta> Responder(QList<std::optional<Resposta>> &prontas, const QString &pergunta)
+{
+    if (!prontas.isEmpty()) return prontas.takeFirst();
+    Falhar(u"an unexpected dialog: "_s + pergunta);
+    return std::nullopt;
+}
+
+QString Valor(Registry::Root root, const QString &key, const QString &name)
+{
+    return (root == Registry::Root::CurrentUser ? u"HKCU\\"_s : u"HKLM\\"_s) + key + u'\\' + name;
+}
+} // namespace
+
+std::optional<QString> DialogosFalsos::openFile(const QString &filter, const QString &folder, QWidget *)
+{
+    perguntas << u"openFile "_s + filter + u" @ "_s + folder;
+    return Responder(textos, perguntas.constLast());
+}
+
+std::optional<QString> DialogosFalsos::saveFile(const QString &filter, const QString &file, QWidget *)
+{
+    perguntas << u"saveFile "_s + filter + u" @ "_s + file;
+    return Responder(textos, perguntas.constLast());
+}
+
+std::optional<QString> DialogosFalsos::folder(const QString &title, const QString &start, QWidget *)
+{
+    perguntas << u"folder "_s + title + u" @ "_s + start;
+    return Responder(textos, perguntas.constLast());
+}
+
+std::optional<QFont> DialogosFalsos::font(const QFont &start, QWidget *)
+{
+    perguntas << u"font "_s + start.toString();
+    return Responder(fontes, perguntas.constLast());
+}
+
+std::optional<QColor> DialogosFalsos::colour(const QColor &start, QWidget *)
+{
+    perguntas << u"colour "_s + start.name();
+    return Responder(cores, perguntas.constLast());
+}
+
+std::optional<QString> DialogosFalsos::input(const QString &prompt, const QString &title, QWidget *)
+{
+    perguntas << u"input "_s + title + u": "_s + prompt;
+    return Responder(textos, perguntas.constLast());
+}
+
+QString RegistoFalso::readString(Root root, const QString &key, const QString &name)
+{
+    return valores.value(Valor(root, key, name));
+}
+
+bool RegistoFalso::writeString(Root root, const QString &key, const QString &name, const QString &value)
+{
+    valores[Valor(root, key, name)] = value;
+    return true;
+}
+
+bool RegistoFalso::deleteValue(Root root, const QString &key, const QString &name)
+{
+    return valores.remove(Valor(root, key, name)) > 0;
+}
+
 void TabuleiroFalso::add(Look look, const QString &tip, QMenu *icon_menu)
 {
     menu = icon_menu;

@@ -4,6 +4,7 @@
 #include "platform/Platform.h"
 
 #include <QList>
+#include <QMap>
 #include <QStringList>
 
 // A clock that stands still until it is told to move.
@@ -43,6 +44,41 @@ private:
         int resposta;
     };
     QList<Caixa> esperadas_;
+};
+
+// Dialogs answer what was put ready, in its order; nothing is a cancel. One that nobody expected fails the test.
+// What each was asked stands in `perguntas`.
+class DialogosFalsos final : public Dialogs
+{
+public:
+    QList<std::optional<QString>> textos; // of openFile, saveFile, folder and input
+    QList<std::optional<QFont>> fontes;
+    QList<std::optional<QColor>> cores;
+    QStringList perguntas; // "openFile <filter> @ <folder>" and the like
+
+    std::optional<QString> openFile(const QString &filter, const QString &folder, QWidget *owner) override;
+    std::optional<QString> saveFile(const QString &filter, const QString &file, QWidget *owner) override;
+    std::optional<QString> folder(const QString &title, const QString &start, QWidget *owner) override;
+    std::optional<QFont> font(const QFont &start, QWidget *owner) override;
+    std::optional<QColor> colour(const QColor &start, QWidget *owner) override;
+    std::optional<QString> input(const QString &prompt, const QString &title, QWidget *owner) override;
+};
+
+class SomFalso final : public Sound
+{
+public:
+    void play(const QString &file) override { tocados << file; }
+    QStringList tocados;
+};
+
+// Values by "root\\key\\name".
+class RegistoFalso final : public Registry
+{
+public:
+    QString readString(Root root, const QString &key, const QString &name) override;
+    bool writeString(Root root, const QString &key, const QString &name, const QString &value) override;
+    bool deleteValue(Root root, const QString &key, const QString &name) override;
+    QMap<QString, QString> valores;
 };
 
 class ShellFalsa final : public Shell

@@ -52,9 +52,12 @@ private:
 public:
     RelogioFalso relogio{QDateTime({2027, 2, 1}, {9, 0})};
     CaixasFalsas caixas;
+    DialogosFalsos dialogos;
     ShellFalsa shell;
+    SomFalso som;
+    RegistoFalso registo;
     ProcessoFalso processo;
     TabuleiroFalso tabuleiro;
-    Platform plataforma{relogio, caixas, shell, processo, tabuleiro};
+    Platform plataforma{relogio, caixas, dialogos, shell, som, registo, processo, tabuleiro};
     Geral geral;
 };

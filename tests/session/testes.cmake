@@ -1,0 +1,2 @@
+# Tests of session.
+morvex_teste(session/test_frmLogin LIGA session)
