@@ -1,0 +1,39 @@
+# Shared by the scripts: the packages of the distribution that the program and its tests need, by name.
+# shellcheck shell=bash
+
+raiz=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+
+pacotes_para_construir=(
+    build-essential cmake ninja-build ccache
+    qt6-base-dev qt6-base-dev-tools libqt6svg6-dev libqt6svg6 qt6-qpa-plugins qt6-translations-l10n
+    libsqlitecpp-dev libsqlite3-dev libxcb1-dev
+    fonts-dejavu-core
+)
+# A screen in memory with a window manager, for a machine without a display.
+pacotes_para_ecra_virtual=(xvfb openbox dbus xdotool imagemagick)
+pacotes_para_testar=(
+    "${pacotes_para_ecra_virtual[@]}" trayer x11-utils python3 desktop-file-utils
+)
+
+# Installs those of the named packages that are missing, and says which.
+instalar_pacotes() {
+    local em_falta=() pacote
+    for pacote in "$@"; do
+        dpkg-query -W -f='${Status}' "$pacote" 2>/dev/null | grep -q '^install ok installed$' || em_falta+=("$pacote")
+    done
+    [ ${#em_falta[@]} -eq 0 ] && return 0
+    echo "Installing ${#em_falta[@]} Debian packages: ${em_falta[*]}"
+    local como_root=()
+    [ "$(id -u)" -eq 0 ] || como_root=(sudo)
+    "${como_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get update -qq
+    "${como_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \
+        "${em_falta[@]}" >/dev/null
+}
+
+# construir <preset> [target]: configures and builds, quietly unless something goes wrong.
+construir() {
+    cd "$raiz" || return 1
+    cmake --preset "$1" >"/tmp/morvex-configure.$$" 2>&1 || { cat "/tmp/morvex-configure.$$"; return 1; }
+    rm -f "/tmp/morvex-configure.$$"
+    cmake --build --preset "$1" ${2:+--target "$2"}
+}
