@@ -1,5 +1,8 @@
 #include "platform/DesktopTray.h"
 
+#include <chrono>
+#include <cstdlib>
+#include <memory>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVariant>
@@ -7,9 +10,6 @@
 #include <QGuiApplication>
 #include <QMenu>
 #include <QSystemTrayIcon>
-#include <chrono>
-#include <cstdlib>
-#include <memory>
 #ifdef Q_OS_LINUX
 #include <xcb/xcb.h>
 #endif
@@ -34,7 +34,8 @@ bool busHostIsThere()
         QStringLiteral("org.kde.StatusNotifierWatcher"), QStringLiteral("/StatusNotifierWatcher"),
         QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
     question.setAutoStartService(false);
-    question << QStringLiteral("org.kde.StatusNotifierWatcher") << QStringLiteral("IsStatusNotifierHostRegistered");
+    question << QStringLiteral("org.kde.StatusNotifierWatcher")
+             << QStringLiteral("IsStatusNotifierHostRegistered");
     constexpr int patience = 250; // ms: a bus that hangs must not stop the window
     const QDBusMessage reply = QDBusConnection::sessionBus().call(question, QDBus::Block, patience);
     return reply.type() == QDBusMessage::ReplyMessage && !reply.arguments().isEmpty() &&
@@ -50,9 +51,9 @@ struct FreeReply {
 bool selectionHostIsThere()
 {
     const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (x11 == nullptr) return false;
+    xcb_connection_t *connection = x11 == nullptr ? nullptr : x11->connection();
+    if (connection == nullptr) return false; // a screen of another kind
     static constexpr char name[] = "_NET_SYSTEM_TRAY_S0";
-    xcb_connection_t *connection = x11->connection();
     const std::unique_ptr<xcb_intern_atom_reply_t, FreeReply> atom(xcb_intern_atom_reply(
         connection, xcb_intern_atom(connection, false, sizeof name - 1, name), nullptr));
     if (atom == nullptr) return false;
@@ -100,9 +101,10 @@ void DesktopTray::showWhenHosted()
     waitForHost_.stop();
     if (!icon_) {
         icon_ = std::make_unique<QSystemTrayIcon>();
-        connect(icon_.get(), &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
-            if (reason == QSystemTrayIcon::Trigger) Q_EMIT leftButtonDown(look_);
-        });
+        connect(icon_.get(), &QSystemTrayIcon::activated, this,
+                [this](QSystemTrayIcon::ActivationReason reason) {
+                    if (reason == QSystemTrayIcon::Trigger) Q_EMIT leftButtonDown(look_);
+                });
     }
     if (icon_->contextMenu() != menu_ && menu_ != nullptr) {
         icon_->setContextMenu(menu_);

@@ -1,0 +1,227 @@
+// Measures the start, the contact list and the card with many contacts, each beside its floor in the same
+// run: an empty window of the toolkit, and a bare read of the same rows into strings. Usage: bench_lista [N
+// ...]   (1000, 8000 and 32767 contacts unless told otherwise)
+#include "data/Comandos.h"
+#include "data/Geral.h"
+#include "data/Sementes.h"
+#include "platform/Application.h"
+#include "platform/ComboBox.h"
+#include "platform/DesktopRegistry.h"
+#include "platform/DesktopSound.h"
+#include "platform/DesktopTray.h"
+#include "platform/ListBox.h"
+#include "platform/Platform.h"
+#include "platform/store/Connection.h"
+#include "platform/store/TextRules.h"
+#include "session/Main.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <ctime>
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QWindow>
+#include <random>
+#include <SQLiteCpp/SQLiteCpp.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr int repeticoes = 5;
+
+double Agora_ms()
+{
+    timespec agora{};
+    clock_gettime(CLOCK_MONOTONIC, &agora);
+    return static_cast<double>(agora.tv_sec) * 1e3 + static_cast<double>(agora.tv_nsec) / 1e6;
+}
+
+double Memoria_MB()
+{
+    QFile ficheiro(u"/proc/self/statm"_s);
+    if (!ficheiro.open(QIODevice::ReadOnly)) return 0;
+    return ficheiro.readAll().split(' ').value(1).toDouble() * 4096 / 1e6;
+}
+
+double Mediana(const std::function<void()> &trabalho)
+{
+    std::vector<double> tempos;
+    for (int i = 0; i < repeticoes; ++i) {
+        const double inicio = Agora_ms();
+        trabalho();
+        tempos.push_back(Agora_ms() - inicio);
+    }
+    std::nth_element(tempos.begin(), tempos.begin() + repeticoes / 2, tempos.end());
+    return tempos[repeticoes / 2];
+}
+
+QString Nome_Inventado(std::mt19937 &acaso)
+{
+    static const QStringList proprios{u"Álvaro"_s, u"Ângela"_s, u"António"_s, u"Conceição"_s, u"Érica"_s,
+                                      u"Inês"_s,   u"João"_s,   u"Luís"_s,    u"Mónica"_s,    u"Rui"_s,
+                                      u"Sónia"_s,  u"Tomás"_s,  u"Úrsula"_s,  u"Zé"_s};
+    static const QStringList apelidos{u"Araújo"_s, u"Brandão"_s,   u"Coração"_s, u"Estêvão"_s, u"Gonçalves"_s,
+                                      u"Leitão"_s, u"Magalhães"_s, u"Nóbrega"_s, u"Simões"_s,  u"Vilaça"_s};
+    const auto um_de = [&](const QStringList &lista) {
+        return lista[static_cast<qsizetype>(acaso() % static_cast<unsigned>(lista.size()))];
+    };
+    return u"%1 %2 %3"_s.arg(um_de(proprios), um_de(apelidos), um_de(apelidos));
+}
+
+void Encher(const QString &pasta, int quantos)
+{
+    for (const QString &nome :
+         QDir(QStringLiteral(MORVEX_ENVIADOS)).entryList({u"*.jpg"_s, u"*.mdb"_s, u"*.ini"_s}))
+        QFile::copy(QStringLiteral(MORVEX_ENVIADOS) + u'/' + nome, pasta + u'/' + nome);
+    Geral geral(pasta);
+    Sementes sementes = sementes::PT();
+    sementes.Contactos.clear();
+    sementes::Semear(geral.de, sementes);
+    geral.ini.Escrever_Ini(u"basedados"_s, u"caminhobd"_s, pasta + u"/morvex.mdb"_s);
+
+    Connection ligacao;
+    ligacao.setConnectionString(u"Data Source='%1/morvex.mdb'"_s.arg(pasta));
+    ligacao.Open();
+    ligacao.execute(u"BEGIN"_s, {});
+    std::mt19937 acaso(1);
+    const QString notas(300, u'n');
+    for (qint64 i = 0; i < quantos; ++i)
+        ligacao.execute(
+            u"INSERT INTO TblLista (Nome, Telefone1, Telefone2, Fax, Telemovel1, Telemovel2, Telemovel3, "
+            "Dia, Mes, Ano, Email1, Email2, Website, Morada, Obs, Fotografia, Grupo) VALUES "
+            "(?,'21','','','91','','','7','05','1980','a@b.example','','','Rua',?,'',?)"_s,
+            {Nome_Inventado(acaso), notas, i % 6 + 1});
+    ligacao.execute(u"COMMIT"_s, {});
+}
+
+// The same rows in the same order, into strings, with nothing in between.
+double Leitura_Nua(const QString &pasta)
+{
+    SQLite::Database base((pasta + u"/morvex.mdb"_s).toStdString());
+    registerTextRules(base.getHandle());
+    const auto &sql = comandos::catalogo[comandos::Posicao("cmdListarTodosContactos", Linhas::ComLinhas)].sql;
+    return Mediana([&] {
+        SQLite::Statement consulta(base, std::string(sql));
+        consulta.bind(1, 0);
+        std::vector<std::pair<int, std::string>> linhas;
+        while (consulta.executeStep())
+            linhas.emplace_back(consulta.getColumn(0).getInt(), consulta.getColumn(1).getString());
+    });
+}
+
+// Times from the start of this process are told by the parent, which noted when it began.
+double Desde_O_Inicio() { return Agora_ms() - qEnvironmentVariable("BENCH_INICIO").toDouble(); }
+
+void Mostrar_E_Pintar(QWidget &janela)
+{
+    janela.show();
+    while (!janela.windowHandle() || !janela.windowHandle()->isExposed())
+        QCoreApplication::processEvents();
+    janela.repaint();
+    QCoreApplication::processEvents();
+}
+
+int Filho_Vazio(int argc, char **argv)
+{
+    QApplication application(argc, argv);
+    QMainWindow janela;
+    Mostrar_E_Pintar(janela);
+    std::printf("%.2f %.2f\n", Desde_O_Inicio(), Memoria_MB());
+    return 0;
+}
+
+int Filho_Main(int argc, char **argv, const QString &pasta)
+{
+    DesktopMessageBoxes boxes;
+    Application application(argc, argv, boxes);
+    SystemClock clock;
+    DesktopDialogs dialogs;
+    DesktopShell shell;
+    DesktopSound sound;
+    DesktopRegistry registry;
+    OwnProcess process;
+    DesktopTray tray{QIcon(), QIcon()};
+    Platform platform{clock, boxes, dialogs, shell, sound, registry, process, tray};
+    Geral geral(pasta);
+    Main janela(geral, platform);
+    janela.Carregar();
+    Mostrar_E_Pintar(janela);
+    const double inicio = Desde_O_Inicio();
+    const double memoria = Memoria_MB();
+
+    const double recarga = Mediana([&] { janela.ComboGrupos->setListIndex(0); });
+    const double filtro = Mediana([&] { janela.ComboGrupos->setListIndex(3); });
+    janela.ComboGrupos->setListIndex(0);
+    int linha = 0;
+    const double cartao = Mediana([&] {
+        linha = (linha + 997) % janela.ListaNomes->ListCount();
+        janela.ListaNomes->setListIndex(linha);
+        janela.repaint();
+    });
+    std::printf("%.2f %.2f %.2f %.2f %.2f\n", inicio, memoria, recarga, cartao, filtro);
+    std::fflush(stdout);
+    process.end();
+    return 0;
+}
+
+QList<double> Filho(const QStringList &argumentos)
+{
+    QProcess processo;
+    QProcessEnvironment ambiente = QProcessEnvironment::systemEnvironment();
+    ambiente.insert(u"BENCH_INICIO"_s, QString::number(Agora_ms(), 'f', 3));
+    processo.setProcessEnvironment(ambiente);
+    processo.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    processo.start(QCoreApplication::applicationFilePath(), argumentos);
+    processo.waitForFinished(-1);
+    QList<double> numeros;
+    for (const QByteArray &parte : processo.readAllStandardOutput().trimmed().split(' '))
+        numeros << parte.toDouble();
+    return numeros;
+}
+
+// The run whose first number is the median one.
+QList<double> Filho_Mediano(const QStringList &argumentos)
+{
+    QList<QList<double>> corridas;
+    for (int i = 0; i < repeticoes; ++i)
+        corridas << Filho(argumentos);
+    std::sort(corridas.begin(), corridas.end(), [](const auto &a, const auto &b) { return a[0] < b[0]; });
+    return corridas[repeticoes / 2];
+}
+
+void Medir(int quantos)
+{
+    const QTemporaryDir pasta;
+    Encher(pasta.path(), quantos);
+    const double leitura = Leitura_Nua(pasta.path());
+    const QList<double> vazia = Filho_Mediano({u"--vazia"_s});
+    const QList<double> main = Filho_Mediano({u"--main"_s, pasta.path()});
+    if (main.size() < 5 || vazia.size() < 2) {
+        std::printf("%7d   the measured process failed\n", quantos);
+        return;
+    }
+    std::printf(
+        "%7d   start %7.1f ms (%4.1f x empty %5.1f; less the reload %4.1f x)   reload %6.1f ms (%4.2f x bare "
+        "%5.1f)   card %5.2f ms   filter %6.1f ms   memory %5.1f MB (%4.2f x %5.1f)\n",
+        quantos, main[0], main[0] / vazia[0], vazia[0], (main[0] - main[2]) / vazia[0], main[2],
+        main[2] / leitura, leitura, main[3], main[4], main[1], main[1] / vazia[1], vazia[1]);
+    std::fflush(stdout);
+}
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (!qEnvironmentVariableIsSet("DISPLAY")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (argc >= 2 && qstrcmp(argv[1], "--vazia") == 0) return Filho_Vazio(argc, argv);
+    if (argc >= 3 && qstrcmp(argv[1], "--main") == 0)
+        return Filho_Main(argc, argv, QString::fromLocal8Bit(argv[2]));
+
+    const QCoreApplication application(argc, argv);
+    QList<int> tamanhos;
+    for (int i = 1; i < argc; ++i)
+        tamanhos << QByteArray(argv[i]).toInt();
+    for (const int quantos : tamanhos.isEmpty() ? QList<int>{1000, 8000, 32767} : tamanhos)
+        Medir(quantos);
+}
