@@ -4,7 +4,7 @@
 #include "platform/Failure.h"
 #include "platform/ProgramFolder.h"
 
-#include <ranges>
+#include <algorithm>
 
 namespace
 {
@@ -21,8 +21,11 @@ ColumnType Tipo_Do_Parametro(std::string_view tabela, std::string_view coluna)
 std::vector<std::string_view> Colunas(std::string_view parametros)
 {
     std::vector<std::string_view> colunas;
-    for (const auto parte : std::views::split(parametros, ' '))
-        if (!parte.empty()) colunas.emplace_back(parte.begin(), parte.end());
+    while (!parametros.empty()) {
+        const std::size_t fim = std::min(parametros.find(' '), parametros.size());
+        colunas.push_back(parametros.substr(0, fim));
+        parametros.remove_prefix(std::min(fim + 1, parametros.size()));
+    }
     return colunas;
 }
 

@@ -10,7 +10,7 @@ QString Geral::Ler_Idioma(qint16 id)
     const Idioma *idioma = idiomas::Procurar(IdiomaActual);
     if (idioma == nullptr) return {};
     Recordset &rs = de.Abrir("cmdLerIdioma", {QString::number(id)});
-    const QString texto = rs.Fields(idioma->coluna).text();
+    QString texto = rs.Fields(idioma->coluna).text();
     rs.Close();
     return texto;
 }

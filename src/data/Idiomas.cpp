@@ -1,5 +1,6 @@
 #include "data/Idiomas.h"
 
+#include <QString>
 #include <algorithm>
 
 const Idioma *idiomas::Procurar(QStringView coluna)

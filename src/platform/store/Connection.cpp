@@ -72,6 +72,7 @@ StoreValue cellOf(const SQLite::Column &column)
 std::vector<QByteArray> columnNames(const SQLite::Statement &statement)
 {
     std::vector<QByteArray> names;
+    names.reserve(static_cast<std::size_t>(statement.getColumnCount()));
     for (int i = 0; i < statement.getColumnCount(); ++i) names.emplace_back(statement.getColumnName(i));
     return names;
 }
