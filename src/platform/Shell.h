@@ -1,4 +1,4 @@
-// Hands an address or a file to the desktop's default program.
+// Hands an address or a file to the desktop's default program, and opens the desktop's own settings.
 #pragma once
 
 class QString;
@@ -11,10 +11,15 @@ public:
     // Opens a web or mail address or a file with the program that the user chose for it. Does not wait, tells
     // nothing, and never interprets the address: no command line is involved.
     virtual void open(const QString &target) = 0;
+
+    // Opens the desktop's settings of date and time. Does not wait; where the desktop has none, nothing
+    // happens.
+    virtual void openDateAndTimeSettings() = 0;
 };
 
 class DesktopShell final : public Shell
 {
 public:
     void open(const QString &target) override;
+    void openDateAndTimeSettings() override;
 };

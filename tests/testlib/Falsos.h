@@ -85,7 +85,9 @@ class ShellFalsa final : public Shell
 {
 public:
     void open(const QString &target) override { abertos << target; }
+    void openDateAndTimeSettings() override { ++acertos; }
     QStringList abertos;
+    int acertos = 0; // times the settings of date and time were asked for
 };
 
 // The end of the process is noted, and the test goes on.
