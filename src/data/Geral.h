@@ -57,6 +57,11 @@ public:
     QString ModoTarefa;
     QString ModoEmail;
 
+    // Mail accounts.
+    qint16 IDContaEmail = 0; // the account in hand
+    qint16 ErroMail = 0;     // 1: the last check failed, or there is no account
+    QString SaidaEmail;      // what Codificar_Email put out last
+
     DE de;
     ReadWriteINI ini;
     Temporizadores temporizadores;

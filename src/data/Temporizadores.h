@@ -26,5 +26,7 @@ public:
     Timer TimerDownload{60000, true};
 
 Q_SIGNALS:
-    void IniciarMail();
+    void IniciarMail();        // a new wait for the next mail check
+    void ReiniciarMail();      // the mail check goes on at once, after a form that held it up
+    void RecolherPopupEmail(); // a mail popup that is in view slides away
 };

@@ -22,5 +22,11 @@ constexpr QColor colour(unsigned number)
             static_cast<int>((number >> 16) & 0xff)};
 }
 
+inline unsigned colourNumber(const QColor &colour)
+{
+    return static_cast<unsigned>(colour.red()) | static_cast<unsigned>(colour.green()) << 8 |
+           static_cast<unsigned>(colour.blue()) << 16;
+}
+
 constexpr unsigned colourWhite = 0xFFFFFF;
 constexpr unsigned colourFocus = 0xC0FFFF; // pale yellow: the field that has the keyboard

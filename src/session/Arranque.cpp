@@ -4,6 +4,7 @@
 #include "data/frmSeleccionarIdioma.h"
 #include "data/Geral.h"
 #include "data/Idiomas.h"
+#include "data/Inteiro.h"
 #include "platform/Controls.h"
 #include "platform/Failure.h"
 #include "platform/Platform.h"
@@ -20,15 +21,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-// A text that is no number leaves its variable as it was.
-qint16 Inteiro(const QString &texto)
-{
-    bool numero = false;
-    const qint16 valor = texto.toShort(&numero);
-    if (!numero) throw Failure(Failure::TypeMismatch, u"config.ini"_s, u"\"%1\" is no number"_s.arg(texto));
-    return valor;
-}
-
 // One column of the configuration row into one variable.
 void Copiar(const Recordset &rs, const char *coluna, QString &destino)
 {
