@@ -1,6 +1,7 @@
 #include "contacts/CartaoContacto.h"
 
 #include "contacts/DisposicaoCartao.h"
+#include "contacts/Fotografia.h"
 #include "contacts/Idade.h"
 #include "data/Geral.h"
 #include "platform/Controls.h"
@@ -12,7 +13,6 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -52,12 +52,6 @@ qint16 Id_De_16_Bits(int id)
     if (id > std::numeric_limits<qint16>::max())
         throw Failure(Failure::OutOfMemoryOrRange, u"IDContacto"_s, u"%1 does not fit 16 bits"_s.arg(id));
     return static_cast<qint16>(id);
-}
-
-// With a drive, a network name or a root of its own a path stands by itself.
-bool Caminho_Completo(const QString &caminho)
-{
-    return caminho.mid(1, 2) == ":\\"_L1 || caminho.startsWith("\\\\"_L1) || QDir::isAbsolutePath(caminho);
 }
 
 void Mostrar(QWidget &caixa, QWidget &imagem, bool visivel)
@@ -177,25 +171,15 @@ void CartaoContacto::Mostrar_Estado_Messenger(const QString &MSNMessenger)
 void CartaoContacto::Mostrar_Foto(const QString &Fotografia)
 {
     if (Fotografia.isEmpty()) return Mostrar_Foto_Por_Omissao();
-    image1_ = Picture(Caminho_Completo(Fotografia) ? Fotografia : geral_.Ficheiro(Fotografia));
+    image1_ = Picture(Caminho_Da_Fotografia(geral_, Fotografia));
     const QSizeF natural = QSizeF(image1_.naturalSize()) * twipsPerPixel;
-    Mostrar_Imagem(cartao::Lugar_Da_Foto(cartao::Redimensionar_Foto(natural)));
+    Mostrar_Fotografia(Thumb, image1_, cartao::Lugar_Da_Foto(cartao::Redimensionar_Foto(natural)));
 }
 
 void CartaoContacto::Mostrar_Foto_Por_Omissao()
 {
     image1_ = Picture(geral_.Ficheiro(u"semfoto_big.jpg"_s));
-    Mostrar_Imagem(cartao::foto_por_omissao);
-}
-
-void CartaoContacto::Mostrar_Imagem(const QRectF &lugar)
-{
-    const QRect pontos = pixelRect(lugar.left(), lugar.top(), lugar.width(), lugar.height());
-    const qreal densidade = Thumb.devicePixelRatioF();
-    QImage imagem = image1_.image((QSizeF(pontos.size()) * densidade).toSize().expandedTo({1, 1}));
-    imagem.setDevicePixelRatio(densidade);
-    Thumb.setGeometry(pontos);
-    Thumb.setPixmap(QPixmap::fromImage(imagem));
+    Mostrar_Fotografia(Thumb, image1_, cartao::foto_por_omissao);
 }
 
 void CartaoContacto::Terminar_Card(Recordset &rs)

@@ -5,7 +5,6 @@
 #include "platform/Picture.h"
 
 #include <QObject>
-#include <QRectF>
 #include <vector>
 
 class Field;
@@ -53,7 +52,6 @@ private:
     void Preencher_Aniversario(Recordset &rs);
     void Mostrar_Estado_Messenger(const QString &MSNMessenger);
     void Mostrar_Foto(const QString &Fotografia);
-    void Mostrar_Imagem(const QRectF &lugar);
     void Terminar_Card(Recordset &rs);
 
     void Dispor_Linhas(Recordset &rs);

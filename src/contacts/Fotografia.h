@@ -1,0 +1,16 @@
+// The photograph of a contact: where its file lies, and how it gets on to a form.
+#pragma once
+
+class Geral;
+class Picture;
+class QLabel;
+class QRectF;
+class QString;
+
+// With a drive, a network name or a root of its own a path stands by itself; any other begins in the
+// program's folder.
+QString Caminho_Da_Fotografia(const Geral &geral, const QString &Fotografia);
+
+// Shows the picture on the label and the label at that place, in twips. Raises Failure for a broken picture,
+// and leaves the label as it was.
+void Mostrar_Fotografia(QLabel &Thumb, const Picture &imagem, const QRectF &lugar);
