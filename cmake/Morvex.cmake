@@ -45,3 +45,14 @@ function(morvex_teste caminho)
         TIMEOUT 300
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen;HOME=${casa};XDG_DATA_HOME=${casa}/dados;XDG_CONFIG_HOME=${casa}/config;XDG_RUNTIME_DIR=${casa};TZ=Europe/Lisbon;LC_ALL=C.UTF-8;DBUS_SESSION_BUS_ADDRESS=disabled:;MORVEX_ENVIADOS=${PROJECT_BINARY_DIR}/bin;QT_LOGGING_RULES=qt.qpa.*=false;ASAN_OPTIONS=detect_leaks=1:abort_on_error=0;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1")
 endfunction()
+
+# morvex_teste_x11(<script>)
+# A test of tests/x11 that drives the program itself on a screen of its own, with window manager and notification
+# area.
+function(morvex_teste_x11 nome)
+    add_test(NAME x11/${nome} COMMAND ${PROJECT_SOURCE_DIR}/scripts/ecra_virtual
+        python3 ${CMAKE_CURRENT_SOURCE_DIR}/x11/${nome}.py $<TARGET_FILE:morvex>)
+    set_tests_properties(x11/${nome} PROPERTIES
+        TIMEOUT 300
+        ENVIRONMENT "MORVEX_TABULEIRO=1;PYTHONDONTWRITEBYTECODE=1;LC_ALL=C.UTF-8;ASAN_OPTIONS=detect_leaks=0")
+endfunction()
