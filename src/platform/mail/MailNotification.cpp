@@ -1,0 +1,99 @@
+#include "platform/mail/MailNotification.h"
+
+#include "platform/mail/MailTexts.h"
+
+#include <algorithm>
+#include <chrono>
+#include <limits>
+
+using namespace std::chrono_literals;
+
+namespace
+{
+constexpr std::chrono::milliseconds betweenChecks = 60s;
+constexpr std::chrono::milliseconds afterGoodCheck = 15s; // a server wants to be left alone for a while
+constexpr int busyTimesTolerated = 2;
+} // namespace
+
+MailNotification::MailNotification(const QString &memory, std::function<QString()> language, QObject *parent)
+    : QObject(parent), seen_(memory), language_(std::move(language))
+{
+    next_.setSingleShot(true);
+    connect(&next_, &QTimer::timeout, this, &MailNotification::check);
+}
+
+MailNotification::~MailNotification() { delete check_; }
+
+void MailNotification::Activo(bool activo)
+{
+    next_.stop();
+    if (check_) check_->deleteLater();
+    check_ = nullptr;
+    clear();
+    if (!activo) return;
+    const auto last = lastGood_.constFind(mailbox());
+    const qint64 since = last == lastGood_.constEnd() ? afterGoodCheck.count() : last->elapsed();
+    next_.start(std::chrono::milliseconds(std::max<qint64>(0, afterGoodCheck.count() - since)));
+}
+
+void MailNotification::clear()
+{
+    error_ = MailError::None;
+    newMessages_ = 0;
+    announced_ = false;
+    result_ = {};
+}
+
+QString MailNotification::TextoErro() const
+{
+    return Falhou() ? mailErrorText(error_, language_()) : QString();
+}
+
+bool MailNotification::TemCorreio()
+{
+    if (newMessages_ == 0) return false;
+    if (!announced_) seen_.announce(mailbox(), result_);
+    announced_ = true;
+    return true;
+}
+
+void MailNotification::check()
+{
+    const auto server = MailServer::parse(server_);
+    if (!server) return failed(MailError::Address);
+    check_ = new Pop3Check(*server, user_, password_, seen_.trust(mailbox()), this);
+    // A check that was stopped may still have a word on the way: only the present one is heard.
+    connect(check_, &Pop3Check::succeeded, this,
+            [this, mine = check_.data()](const Pop3Check::Result &result) {
+                if (mine == check_) succeeded(result);
+            });
+    connect(check_, &Pop3Check::failed, this, [this, mine = check_.data()](MailError error) {
+        if (mine == check_) failed(error);
+    });
+    check_->start();
+}
+
+void MailNotification::succeeded(const Pop3Check::Result &result)
+{
+    check_->deleteLater();
+    check_ = nullptr;
+    busy_.remove(mailbox());
+    lastGood_[mailbox()].start();
+    error_ = MailError::None;
+    result_ = result;
+    announced_ = false;
+    newMessages_ = static_cast<qint16>(
+        std::min<int>(seen_.countNew(mailbox(), result), std::numeric_limits<qint16>::max()));
+    seen_.remember(mailbox(), result.trust);
+    next_.start(std::max<std::chrono::milliseconds>(betweenChecks, std::chrono::seconds(result.loginDelay)));
+}
+
+void MailNotification::failed(MailError error)
+{
+    if (check_) check_->deleteLater();
+    check_ = nullptr;
+    next_.start(betweenChecks);
+    if (error == MailError::Busy && ++busy_[mailbox()] <= busyTimesTolerated) return;
+    error_ = error;
+    newMessages_ = 0;
+}

@@ -1,0 +1,8 @@
+// The mail checker's own words: the short texts of its errors, in each language.
+#pragma once
+
+#include "platform/mail/Pop3Check.h"
+
+// The language by the code of the toolkit's translations ("pt_BR", "en", ...); an unknown one reads as
+// English.
+QString mailErrorText(MailError error, const QString &language);
