@@ -14,6 +14,7 @@ namespace
 {
 bool isField(const QWidget &widget)
 {
+    if (widget.property("ownBackground").toBool()) return false;
     if (const auto *line = qobject_cast<const QLineEdit *>(&widget)) return !line->isReadOnly();
     if (const auto *text = qobject_cast<const QPlainTextEdit *>(&widget)) return !text->isReadOnly();
     if (const auto *text = qobject_cast<const QTextEdit *>(&widget)) return !text->isReadOnly();

@@ -1,4 +1,5 @@
-// The one rule of colour for every field: pale yellow while it has the keyboard, white otherwise.
+// The one rule of colour for every field: pale yellow while it has the keyboard, white otherwise. A field whose
+// background means something itself has the property ownBackground, and is left alone.
 #pragma once
 
 #include <QObject>

@@ -1,0 +1,64 @@
+#include "memos/Memos.h"
+
+#include "data/Geral.h"
+#include "data/Tocar_Som.h"
+#include "memos/frmMemo.h"
+#include "platform/Controls.h"
+#include "platform/Failure.h"
+#include "platform/Platform.h"
+
+#include <QAction>
+#include <QScreen>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr int maximo_de_notas = 100;
+constexpr int degrau = 24;  // pixels between the corners of two new notes
+constexpr int degraus = 10; // then they begin anew at the top
+} // namespace
+
+Memos::Memos(QWidget &janela, Geral &geral, Platform &platform)
+    : QObject(&janela), janela_(janela), geral_(geral), platform_(platform)
+{
+    for (const QString &entrada : {u"Memo"_s, u"memo"_s, u"SystemTrayMemo"_s})
+        connect(&control<QAction>(janela_, entrada), &QAction::triggered, this, &Memos::Memo_Click);
+}
+
+Memos::~Memos()
+{
+    for (const QPointer<frmMemo> &nota : notas_)
+        delete nota;
+}
+
+void Memos::Restaurar()
+{
+    Recordset &rs = geral_.de.Abrir("cmdListarMemos", {geral_.SessaoActual.IdUtilizador});
+    for (int indice = 1; indice <= maximo_de_notas && !rs.Eof(); ++indice, rs.MoveNext())
+        skipFailure([&] { Abrir([&](frmMemo &nota) { nota.Restaurar(rs); }); });
+    rs.Close();
+}
+
+void Memos::Memo_Click()
+{
+    const QString titulo =
+        platform_.dialogs.input(geral_.Ler_Idioma(88), u"Memo"_s, &janela_).value_or(QString());
+    if (titulo.isEmpty()) return;
+    Tocar_Som(platform_.sound, geral_.Ficheiro(u"memo.wav"_s));
+    Abrir([&](frmMemo &nota) { nota.Criar(titulo, Lugar_Da_Proxima()); });
+}
+
+// A note that cannot be shown is gone again.
+void Memos::Abrir(const std::function<void(frmMemo &)> &mostrar)
+{
+    auto nota = std::make_unique<frmMemo>(geral_, platform_);
+    mostrar(*nota);
+    notas_.emplace_back(nota.release());
+}
+
+QPoint Memos::Lugar_Da_Proxima() const
+{
+    const int passo = static_cast<int>(notas_.size()) % degraus * degrau;
+    return janela_.screen()->availableGeometry().center() / 2 + QPoint(passo, passo);
+}

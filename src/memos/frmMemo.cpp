@@ -1,0 +1,273 @@
+#include "memos/frmMemo.h"
+
+#include "data/Geral.h"
+#include "memos/Aparencia.h"
+#include "memos/Lugar_Alcancavel.h"
+#include "platform/Controls.h"
+#include "platform/Failure.h"
+#include "platform/Platform.h"
+#include "platform/Units.h"
+
+#include <algorithm>
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QScopedValueRollback>
+#include <QScreen>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr int maior_medida = 32767; // pixels: the window system knows none beyond
+
+int Pixels_Da_Linha(const Field &campo)
+{
+    constexpr double limite = twips(maior_medida);
+    return pixels(std::clamp(campo.real(), -limite, limite));
+}
+
+QList<QRect> Ecras()
+{
+    QList<QRect> ecras;
+    for (const QScreen *ecra : QGuiApplication::screens())
+        ecras << ecra->availableGeometry();
+    return ecras;
+}
+} // namespace
+
+frmMemo::frmMemo(Geral &geral, Platform &platform)
+    : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint), geral_(geral), platform_(platform)
+{
+    setupUi(this);
+    connect(lblTitle, &DragLabel::Dragged, this, &frmMemo::lblTitle_MouseMove);
+    connect(LabelH, &DragLabel::Dragged, this, &frmMemo::LabelH_MouseMove);
+    connect(LabelV, &DragLabel::Dragged, this, &frmMemo::LabelV_MouseMove);
+    connect(LabelHV, &DragLabel::Dragged, this, &frmMemo::LabelHV_MouseMove);
+    for (const DragLabel *pega : {lblTitle, LabelH, LabelV, LabelHV})
+        connect(pega, &DragLabel::Dropped, this, &frmMemo::Largada);
+    connect(txtMemo, &QPlainTextEdit::textChanged, this, &frmMemo::txtMemo_Change);
+    connect(cmdGuardar, &QToolButton::clicked, this, &frmMemo::cmdGuardar_Click);
+    connect(cmdFonte, &QToolButton::clicked, this, &frmMemo::cmdFonte_Click);
+    connect(cmdCor, &QToolButton::clicked, this, &frmMemo::cmdCor_Click);
+    connect(cmdFechar, &QToolButton::clicked, this, &frmMemo::cmdFechar_Click);
+
+    for (const auto &[botao, texto] :
+         {std::pair{cmdGuardar, 186}, {cmdFonte, 187}, {cmdCor, 188}, {cmdFechar, 189}}) {
+        const QString dica = withoutMnemonic(geral_.Ler_Idioma(static_cast<qint16>(texto)));
+        botao->setToolTip(dica);
+        botao->setAccessibleName(dica);
+    }
+    for (DragLabel *pega : {LabelH, LabelV, LabelHV})
+        pega->raise();
+}
+
+void frmMemo::Criar(const QString &titulo, const QPoint &lugar)
+{
+    cmdGuardar->show();
+    lblTitle->setText(titulo);
+    txtFontName->setText(geral_.MemoFontName);
+    txtFontSize->setText(geral_.MemoFontSize);
+    txtFontBold->setText(geral_.MemoFontBold);
+    txtFontItalic->setText(geral_.MemoFontItalic);
+    txtCorFundo->setText(geral_.MemoCorFundo);
+    Aplicar_Aparencia();
+    move(lugar);
+    show();
+    Anotar_Lugar();
+}
+
+void frmMemo::Restaurar(const Recordset &rs)
+{
+    const QScopedValueRollback guarda(adiar_, true);
+    Ler_Linha(rs);
+    skipFailure([&] { Aplicar_Aparencia(); });
+    show();
+    cmdGuardar->hide();
+}
+
+void frmMemo::Ler_Linha(const Recordset &rs)
+{
+    const auto ler = [&](const char *coluna, QLineEdit &caixa) {
+        return skipFailure([&] { caixa.setText(rs.Fields(coluna).text()); });
+    };
+    ler("ID", *txtId);
+    skipFailure([&] { resize(Pixels_Da_Linha(rs.Fields("Width")), Pixels_Da_Linha(rs.Fields("Height"))); });
+    skipFailure([&] {
+        const QPoint lugar(Pixels_Da_Linha(rs.Fields("LeftForm")), Pixels_Da_Linha(rs.Fields("TopForm")));
+        move(Lugar_Alcancavel({lugar, size()}, lblTitle->height(), Ecras()));
+        ler("LeftForm", *txtLeft);
+        ler("TopForm", *txtTop);
+        posta_ = pos();
+    });
+    skipFailure([&] { lblTitle->setText(rs.Fields("Titulo").text()); });
+    skipFailure([&] { Descricao_.load(*txtMemo, rs.Fields("Descricao").text()); });
+    ler("FontName", *txtFontName);
+    ler("FontSize", *txtFontSize);
+    skipFailure([&] { txtFontBold->setText(Texto_Logico(rs.Fields("FontBold").yes())); });
+    skipFailure([&] { txtFontItalic->setText(Texto_Logico(rs.Fields("FontItalic").yes())); });
+    ler("CorFundo", *txtCorFundo);
+}
+
+// The hidden boxes hold the looks; here they show.
+void frmMemo::Aplicar_Aparencia()
+{
+    txtMemo->setFont(
+        Fonte_De_Memo(txtFontName->text(), txtFontSize->text(), txtFontBold->text(), txtFontItalic->text()));
+    const QColor fundo = Cor_De_Memo(txtCorFundo->text());
+    for (QWidget *controlo :
+         {static_cast<QWidget *>(this), static_cast<QWidget *>(lblTitle), static_cast<QWidget *>(txtMemo)})
+        Pintar_Memo(*controlo, fundo);
+    setWindowTitle(lblTitle->text());
+    txtMemo->setAccessibleName(lblTitle->text());
+}
+
+// Of a drag only the end is saved.
+void frmMemo::lblTitle_MouseMove(const QPoint &canto)
+{
+    adiar_ = true;
+    move(canto - lblTitle->pos());
+}
+
+void frmMemo::LabelH_MouseMove(const QPoint &canto)
+{
+    Redimensionar(width(), canto.y() - y() + LabelH->height());
+}
+
+void frmMemo::LabelV_MouseMove(const QPoint &canto)
+{
+    Redimensionar(canto.x() - x() + LabelV->width(), height());
+}
+
+void frmMemo::LabelHV_MouseMove(const QPoint &canto)
+{
+    Redimensionar(canto.x() - x() + LabelHV->width(), canto.y() - y() + LabelHV->height());
+}
+
+// A measure that no window can have is left as it was.
+void frmMemo::Redimensionar(int largura, int altura)
+{
+    adiar_ = true;
+    resize(largura > 0 ? largura : width(), altura > 0 ? altura : height());
+}
+
+void frmMemo::Largada()
+{
+    adiar_ = false;
+    skipFailure([&] { cmdGuardar_Click(); });
+}
+
+void frmMemo::resizeEvent(QResizeEvent *)
+{
+    Dispor();
+    if (!adiar_) skipFailure([&] { cmdGuardar_Click(); });
+}
+
+// The places are told in twips from the right and the bottom edge.
+void frmMemo::Dispor()
+{
+    const int largura = twips(width());
+    const int altura = twips(height());
+    const int topo = pixels(altura - 350);
+    txtMemo->resize(pixels(largura - 150), pixels(altura - 400));
+    cmdGuardar->move(pixels(largura - 420), topo);
+    cmdFechar->move(pixels(largura - 350), topo);
+    cmdCor->move(pixels(largura - 680), topo);
+    cmdFonte->move(pixels(largura - 990), topo);
+    LabelV->setGeometry(pixels(largura - 75), 0, LabelV->width(), height());
+    LabelH->setGeometry(0, pixels(altura - 75), width(), LabelH->height());
+    LabelHV->move(width() - LabelHV->width(), height() - LabelHV->height());
+    lblTitle->resize(pixels(largura - 30), lblTitle->height());
+    Dispor_Rebordo();
+}
+
+void frmMemo::Dispor_Rebordo()
+{
+    const int direita = pixels(twips(width()) - 10);
+    const int fundo = pixels(twips(height()) - 10);
+    Line1->resize(direita, 1);
+    Line2->resize(1, fundo);
+    Line3->setGeometry(direita, 0, 1, fundo);
+    Line4->setGeometry(0, fundo, direita, 1);
+    Line5->resize(direita, 1);
+}
+
+void frmMemo::txtMemo_Change() { cmdGuardar->show(); }
+
+void frmMemo::cmdGuardar_Click()
+{
+    Anotar_Lugar();
+    if (txtId->text().isEmpty()) {
+        Gravar("cmdAdicionarMemo", geral_.SessaoActual.IdUtilizador);
+        txtId->setText(Id_Da_Ultima_Linha());
+    } else {
+        Gravar("cmdUpdateMemo", txtId->text());
+    }
+    cmdGuardar->hide();
+}
+
+// A note that nobody moved keeps the place of its row, to the twip and off the screen.
+void frmMemo::Anotar_Lugar()
+{
+    if (posta_ == pos()) return;
+    posta_ = pos();
+    txtLeft->setText(QString::number(twips(x())));
+    txtTop->setText(QString::number(twips(y())));
+}
+
+void frmMemo::Gravar(ComandoSemLinhas comando, const QString &ultimo)
+{
+    geral_.de.Executar(comando,
+                       {lblTitle->text(), Descricao_.stored(*txtMemo), txtLeft->text(), txtTop->text(),
+                        twips(width()), twips(height()), txtFontName->text(), txtFontSize->text(),
+                        txtFontBold->text(), txtFontItalic->text(), txtCorFundo->text(), ultimo});
+}
+
+QString frmMemo::Id_Da_Ultima_Linha()
+{
+    QString id;
+    Recordset &rs = geral_.de.Abrir("cmdListarMemos", {geral_.SessaoActual.IdUtilizador});
+    for (; !rs.Eof(); rs.MoveNext())
+        id = rs.Fields("ID").text();
+    rs.Close();
+    return id;
+}
+
+void frmMemo::cmdFonte_Click()
+{
+    const auto fonte = platform_.dialogs.font(txtMemo->font(), this);
+    if (!fonte) return;
+    txtFontName->setText(fonte->family());
+    txtFontSize->setText(QString::number(fonte->pointSizeF()));
+    txtFontBold->setText(Texto_Logico(fonte->bold()));
+    txtFontItalic->setText(Texto_Logico(fonte->italic()));
+    Aplicar_Aparencia();
+    cmdGuardar_Click();
+}
+
+void frmMemo::cmdCor_Click()
+{
+    const auto cor = platform_.dialogs.colour(Cor_De_Memo(txtCorFundo->text()), this);
+    if (!cor) return;
+    txtCorFundo->setText(QString::number(colourNumber(*cor)));
+    Aplicar_Aparencia();
+    cmdGuardar_Click();
+}
+
+void frmMemo::cmdFechar_Click()
+{
+    const int resposta =
+        platform_.boxes.show(geral_.Ler_Idioma(111), box::question | box::yesNo, u"Morvex - Memo"_s, this);
+    if (resposta != answer::yes) return;
+    geral_.de.Executar("cmdEliminarMemo", {txtId->text()});
+    hide();
+    deleteLater();
+}
+
+// The window system's own way of closing asks as the button does. When the whole desktop session ends, the
+// note simply goes, to come back at the next start.
+void frmMemo::closeEvent(QCloseEvent *event)
+{
+    if (qGuiApp->isSavingSession()) return;
+    event->ignore();
+    cmdFechar_Click();
+}

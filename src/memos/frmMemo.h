@@ -1,0 +1,62 @@
+// A note on the desktop: a window of its own without a frame, dragged by its title and sized by its edges.
+// It is one row of TblMemos and writes itself there. To close it is to delete it.
+#pragma once
+
+#include "data/Comandos.h"
+#include "platform/LongText.h"
+#include "ui_frmMemo.h"
+
+#include <optional>
+#include <QWidget>
+
+class Geral;
+class Recordset;
+struct Platform;
+
+class frmMemo final : public QWidget, public Ui::frmMemo
+{
+    Q_OBJECT
+public:
+    frmMemo(Geral &geral, Platform &platform);
+
+    // Shows a new note with the looks of the settings; it gets its row as it appears. Raises Failure for a
+    // setting that is no number.
+    void Criar(const QString &titulo, const QPoint &lugar);
+
+    // Shows the note of the current row. A cell that cannot be taken leaves what the design has. Where no
+    // screen shows the note's place any more it stands where its title can be reached, and its row keeps the
+    // old place until somebody moves it.
+    void Restaurar(const Recordset &rs);
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void lblTitle_MouseMove(const QPoint &canto);
+    void LabelH_MouseMove(const QPoint &canto);
+    void LabelV_MouseMove(const QPoint &canto);
+    void LabelHV_MouseMove(const QPoint &canto);
+    void Largada();
+    void txtMemo_Change();
+    void cmdGuardar_Click();
+    void cmdFonte_Click();
+    void cmdCor_Click();
+    void cmdFechar_Click();
+
+    void Ler_Linha(const Recordset &rs);
+    void Aplicar_Aparencia();
+    void Redimensionar(int largura, int altura);
+    void Dispor();
+    void Dispor_Rebordo();
+    void Anotar_Lugar();
+    void Gravar(ComandoSemLinhas comando, const QString &ultimo);
+    QString Id_Da_Ultima_Linha();
+
+    Geral &geral_;
+    Platform &platform_;
+    LongText Descricao_;
+    // Where the program itself has put the window; txtLeft and txtTop are true as long as it stands there.
+    std::optional<QPoint> posta_;
+    bool adiar_ = false; // a resize does not save: the row is being read, or a drag has not come to its end
+};

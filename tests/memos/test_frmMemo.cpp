@@ -1,0 +1,465 @@
+// One note: its layout, its drags, its looks, and what of it stands in its row.
+#include "memos/Arrastar.h"
+#include "memos/frmMemo.h"
+#include "platform/Units.h"
+#include "testlib/Sistema.h"
+#include "testlib/Teste.h"
+
+using namespace Qt::StringLiterals;
+using namespace arrastar;
+
+namespace
+{
+// An installation with one note on its desktop.
+struct UmaNota {
+    explicit UmaNota(
+        const QString &linha = u"'Compras','pão','495','645','2775','1395','Tahoma',8.25,0,0,65535"_s)
+    {
+        s.Escrever(u"DELETE FROM TblMemos"_s);
+        s.Escrever(
+            u"INSERT INTO TblMemos (Titulo, Descricao, LeftForm, TopForm, Width, Height, FontName, FontSize, "
+            "FontBold, FontItalic, CorFundo, Utilizador) VALUES (%1, 0)"_s.arg(linha));
+        Reabrir();
+    }
+
+    // The note goes and comes back, as over a restart.
+    void Reabrir()
+    {
+        nota = std::make_unique<frmMemo>(s.geral, s.plataforma);
+        Recordset &rs = s.geral.de.Abrir("cmdListarMemos", {u"0"});
+        nota->Restaurar(rs);
+        rs.Close();
+    }
+
+    QString Linha(const QString &colunas)
+    {
+        return s.Linhas(u"SELECT %1 FROM TblMemos"_s.arg(colunas)).join(u'/');
+    }
+    QString Lugar() { return Linha(u"LeftForm, TopForm, Width, Height"_s); }
+    QString Tudo() { return Linha(u"*"_s); }
+
+    void Escrever_Texto(const QString &texto)
+    {
+        nota->txtMemo->setFocus();
+        nota->txtMemo->selectAll();
+        QTest::keyClicks(nota->txtMemo, texto);
+    }
+
+    Sistema s;
+    std::unique_ptr<frmMemo> nota;
+};
+} // namespace
+
+class TestFrmMemo : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void a_nota_nao_tem_moldura_nem_dono_nem_lugar_na_barra()
+    {
+        UmaNota u;
+        QCOMPARE(u.nota->windowFlags() & Qt::WindowType_Mask, Qt::Tool);
+        QVERIFY(u.nota->windowFlags().testFlag(Qt::FramelessWindowHint));
+        QCOMPARE(u.nota->parentWidget(), nullptr);
+    }
+
+    void as_dicas_vem_dos_textos_data()
+    {
+        QTest::addColumn<QString>("idioma");
+        for (const QString &idioma : {u"PortuguesPT"_s, u"AlemaoDE"_s})
+            QTest::newRow(qPrintable(idioma)) << idioma;
+    }
+    void as_dicas_vem_dos_textos()
+    {
+        QFETCH(QString, idioma);
+        Sistema s(Sistema::Estado::Semeado, idioma);
+        frmMemo nota(s.geral, s.plataforma);
+        const QList<std::pair<QToolButton *, int>> botoes{
+            {nota.cmdGuardar, 186}, {nota.cmdFonte, 187}, {nota.cmdCor, 188}, {nota.cmdFechar, 189}};
+        for (const auto &[botao, texto] : botoes) {
+            QVERIFY(!s.Texto(texto).isEmpty());
+            QCOMPARE(botao->toolTip(), s.Texto(texto));
+            QCOMPARE(botao->accessibleName(), s.Texto(texto));
+        }
+    }
+
+    void o_tamanho_e_a_cor_de_desenho()
+    {
+        Sistema s;
+        const frmMemo nota(s.geral, s.plataforma);
+        QCOMPARE(QSize(twips(nota.width()), twips(nota.height())), QSize(2775, 1395));
+        QCOMPARE(nota.txtCorFundo->text().toInt(), 255 + 192 * 256 + 128 * 65536);
+    }
+
+    void a_linha_enche_a_nota()
+    {
+        UmaNota u(u"'Compras','pão','495','645','3000','1500','Tahoma',12.5,1,1,8438015"_s);
+        const frmMemo &nota = *u.nota;
+        QCOMPARE(nota.geometry(), pixelRect(495, 645, 3000, 1500));
+        QCOMPARE(nota.lblTitle->text(), u"Compras"_s);
+        QCOMPARE(nota.windowTitle(), u"Compras"_s);
+        QCOMPARE(nota.txtMemo->toPlainText(), u"pão"_s);
+        QCOMPARE(nota.txtMemo->font().family(), u"Tahoma"_s);
+        QCOMPARE(nota.txtMemo->font().pointSizeF(), 12.5);
+        QVERIFY(nota.txtMemo->font().bold() && nota.txtMemo->font().italic());
+        const QColor cor(255, 192, 128);
+        QCOMPARE(nota.palette().color(QPalette::Window), cor);
+        QCOMPARE(nota.lblTitle->palette().color(QPalette::Window), cor);
+        QCOMPARE(nota.txtMemo->palette().color(QPalette::Base), cor);
+        QVERIFY(nota.isVisible());
+        QVERIFY(!nota.cmdGuardar->isVisible());
+    }
+
+    void restaurar_nao_toca_na_linha()
+    {
+        UmaNota u(u"'Compras','pão','500','650','2780','1400','Tahoma',8.25,0,0,65535"_s);
+        QCOMPARE(u.Tudo().section(u'|', 1), u"Compras|pão|500|650|2780|1400|Tahoma|8.25|0|0|65535|0"_s);
+    }
+
+    void as_celulas_nulas_deixam_o_que_o_desenho_tem()
+    {
+        UmaNota u(u"NULL,NULL,NULL,NULL,NULL,NULL,NULL,NULL,NULL,NULL,NULL"_s);
+        QVERIFY(u.nota->isVisible());
+        QCOMPARE(u.nota->size(), QSize(185, 93));
+        QCOMPARE(u.nota->palette().color(QPalette::Window), QColor(255, 192, 128));
+        u.nota->cmdGuardar->click(); // hidden, and yet: the note can be saved as it stands
+        QCOMPARE(u.Linha(u"Width, Height, FontSize, CorFundo"_s), u"2775|1395|8.25|8438015"_s);
+    }
+
+    void um_tamanho_sem_sentido_nao_impede_a_nota_data()
+    {
+        QTest::addColumn<QString>("medida");
+        for (const auto *medida : {"-3000", "0", "1e30"})
+            QTest::newRow(medida) << QString::fromLatin1(medida);
+    }
+    void um_tamanho_sem_sentido_nao_impede_a_nota()
+    {
+        QFETCH(QString, medida);
+        UmaNota u(u"'t','','495','645',%1,%1,'Tahoma',8.25,0,0,65535"_s.arg(medida));
+        QVERIFY(u.nota->isVisible());
+        QVERIFY(u.nota->width() <= 32767);
+    }
+
+    void o_arranjo_conta_em_twips_da_direita_e_de_baixo()
+    {
+        UmaNota u;
+        u.nota->resize(300, 200); // 4500 by 3000 twips
+        const frmMemo &n = *u.nota;
+        QCOMPARE(n.txtMemo->size(), QSize(pixels(4500 - 150), pixels(3000 - 400)));
+        const int topo = pixels(3000 - 350);
+        QCOMPARE(n.cmdGuardar->pos(), QPoint(pixels(4500 - 420), topo));
+        QCOMPARE(n.cmdFechar->pos(), QPoint(pixels(4500 - 350), topo));
+        QCOMPARE(n.cmdCor->pos(), QPoint(pixels(4500 - 680), topo));
+        QCOMPARE(n.cmdFonte->pos(), QPoint(pixels(4500 - 990), topo));
+        QCOMPARE(n.LabelV->geometry(), QRect(300 - 5, 0, 5, 200));
+        QCOMPARE(n.LabelH->geometry(), QRect(0, 200 - 5, 300, 5));
+        QCOMPARE(n.LabelHV->geometry(), QRect(300 - 17, 200 - 13, 17, 13));
+        QCOMPARE(n.lblTitle->width(), 300 - 2);
+        QCOMPARE(n.Line3->geometry(), QRect(299, 0, 1, 199)); // the right-hand line and the one below
+        QCOMPARE(n.Line4->geometry(), QRect(0, 199, 299, 1));
+    }
+
+    void as_pegas_estao_a_frente_de_tudo()
+    {
+        UmaNota u;
+        const frmMemo &n = *u.nota;
+        QCOMPARE(n.childAt(n.width() - 2, n.height() - 2), n.LabelHV);
+        QCOMPARE(n.childAt(n.width() - 2, 40), n.LabelV);
+        QCOMPARE(n.childAt(40, n.height() - 2), n.LabelH);
+        QCOMPARE(n.childAt(n.cmdFechar->geometry().center()), n.cmdFechar);
+    }
+
+    void uma_nota_minuscula_nao_da_erro()
+    {
+        UmaNota u;
+        u.nota->resize(1, 1);
+        QCOMPARE(u.nota->size(), QSize(1, 1));
+        QCOMPARE(u.Lugar(), u"495|645|15|15"_s);
+    }
+
+    void redimensionar_grava_a_nota_toda()
+    {
+        UmaNota u;
+        u.Escrever_Texto(u"leite"_s);
+        u.nota->resize(300, 200);
+        QCOMPARE(u.Lugar(), u"495|645|4500|3000"_s);
+        QCOMPARE(u.Linha(u"Descricao"_s), u"leite"_s);
+        QVERIFY(!u.nota->cmdGuardar->isVisible());
+    }
+
+    void arrastar_o_titulo_move_a_nota_e_so_o_fim_e_gravado()
+    {
+        UmaNota u;
+        const QPoint fim = Puxar(*u.nota->lblTitle, {40, 60});
+        QCOMPARE(u.nota->pos(), QPoint(33 + 40, 43 + 60));
+        QCOMPARE(u.Lugar(), u"495|645|2775|1395"_s);
+        Largar(*u.nota->lblTitle, fim);
+        QCOMPARE(u.Lugar(), u"1095|1545|2775|1395"_s);
+        QCOMPARE(u.nota->txtLeft->text(), u"1095"_s);
+        QCOMPARE(u.nota->txtTop->text(), u"1545"_s);
+        u.Reabrir();
+        QCOMPARE(u.nota->pos(), QPoint(73, 103));
+    }
+
+    void o_ponto_em_que_o_botao_sobe_e_o_fim()
+    {
+        UmaNota u;
+        const QPoint fim = Puxar(*u.nota->lblTitle, {40, 60});
+        Largar(*u.nota->lblTitle, fim + QPoint(1, 2));
+        QCOMPARE(u.Lugar(), u"1110|1575|2775|1395"_s);
+    }
+
+    void um_arrasto_grava_tambem_o_texto_por_guardar()
+    {
+        UmaNota u;
+        u.Escrever_Texto(u"leite"_s);
+        QCOMPARE(u.Linha(u"Descricao"_s), u"pão"_s);
+        Arrastar(*u.nota->lblTitle, {40, 60});
+        QCOMPARE(u.Linha(u"Descricao"_s), u"leite"_s);
+        QVERIFY(!u.nota->cmdGuardar->isVisible());
+    }
+
+    void um_clique_no_titulo_nao_grava()
+    {
+        UmaNota u;
+        u.Escrever_Texto(u"leite"_s);
+        const QPoint ecra = u.nota->lblTitle->mapToGlobal(QPoint(5, 5));
+        Enviar(*u.nota->lblTitle, QEvent::MouseButtonPress, ecra, Qt::LeftButton, Qt::LeftButton);
+        Largar(*u.nota->lblTitle, ecra);
+        QVERIFY(u.nota->cmdGuardar->isVisible());
+        QCOMPARE(u.Linha(u"Descricao"_s), u"pão"_s);
+    }
+
+    void o_botao_direito_nao_arrasta()
+    {
+        UmaNota u;
+        Arrastar(*u.nota->lblTitle, {40, 60}, Qt::RightButton);
+        QCOMPARE(u.nota->pos(), QPoint(33, 43));
+        QCOMPARE(u.Lugar(), u"495|645|2775|1395"_s);
+    }
+
+    void cada_pega_muda_as_suas_medidas_data()
+    {
+        QTest::addColumn<QString>("pega");
+        QTest::addColumn<QSize>("tamanho");
+        QTest::newRow("bottom") << u"LabelH"_s << QSize(185, 93 + 30);
+        QTest::newRow("right") << u"LabelV"_s << QSize(185 + 20, 93);
+        QTest::newRow("corner") << u"LabelHV"_s << QSize(185 + 20, 93 + 30);
+    }
+    void cada_pega_muda_as_suas_medidas()
+    {
+        QFETCH(QString, pega);
+        QFETCH(QSize, tamanho);
+        UmaNota u;
+        auto &etiqueta = *u.nota->findChild<DragLabel *>(pega);
+        const QPoint fim = Puxar(etiqueta, {20, 30});
+        QCOMPARE(u.nota->size(), tamanho);
+        QCOMPARE(u.Lugar(), u"495|645|2775|1395"_s);
+        Largar(etiqueta, fim);
+        QCOMPARE(u.Lugar(), u"495|645|%1|%2"_s.arg(twips(tamanho.width())).arg(twips(tamanho.height())));
+        u.Reabrir();
+        QCOMPARE(u.nota->geometry(), QRect(QPoint(33, 43), tamanho));
+    }
+
+    void uma_medida_impossivel_fica_como_estava()
+    {
+        UmaNota u;
+        Puxar(*u.nota->LabelHV, {-1000, 30});
+        QCOMPARE(u.nota->height(), 93 + 30);
+        QVERIFY(u.nota->width() > 0);
+    }
+
+    void escrever_mostra_a_marca_e_nao_grava()
+    {
+        UmaNota u;
+        QVERIFY(!u.nota->cmdGuardar->isVisible());
+        u.Escrever_Texto(u"leite"_s);
+        QVERIFY(u.nota->cmdGuardar->isVisible());
+        QCOMPARE(u.Linha(u"Descricao"_s), u"pão"_s);
+        u.Reabrir();
+        QCOMPARE(u.nota->txtMemo->toPlainText(), u"pão"_s);
+    }
+
+    void guardar_grava_o_texto_e_esconde_a_marca_data()
+    {
+        QTest::addColumn<bool>("pelo_teclado");
+        QTest::newRow("click") << false;
+        QTest::newRow("keyboard") << true;
+    }
+    void guardar_grava_o_texto_e_esconde_a_marca()
+    {
+        QFETCH(bool, pelo_teclado);
+        UmaNota u;
+        u.nota->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(u.nota.get()));
+        u.Escrever_Texto(u"leite"_s);
+        if (pelo_teclado)
+            QTest::keyClick(u.nota->txtMemo, Qt::Key_S, Qt::ControlModifier);
+        else
+            QTest::mouseClick(u.nota->cmdGuardar, Qt::LeftButton);
+        QTRY_COMPARE(u.Linha(u"Descricao"_s), u"leite"_s); // a shortcut presses the button for a moment
+        QVERIFY(!u.nota->cmdGuardar->isVisible());
+    }
+
+    void as_linhas_do_texto_separam_se_por_cr_e_lf()
+    {
+        UmaNota u;
+        u.nota->txtMemo->setPlainText(u"um\ndois"_s);
+        u.nota->cmdGuardar->click();
+        QCOMPARE(u.Linha(u"Descricao"_s), u"um\r\ndois"_s);
+        u.Reabrir();
+        QCOMPARE(u.nota->txtMemo->toPlainText(), u"um\ndois"_s);
+    }
+
+    void o_titulo_mostra_se_a_letra()
+    {
+        UmaNota u(u"'<b>a</b> & b','','495','645','2775','1395','Tahoma',8.25,0,0,65535"_s);
+        QCOMPARE(u.nota->lblTitle->text(), u"<b>a</b> & b"_s);
+        QCOMPARE(u.nota->lblTitle->textFormat(), Qt::PlainText);
+    }
+
+    void com_o_teclado_o_fundo_continua_o_da_nota()
+    {
+        UmaNota u;
+        u.nota->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(u.nota.get()));
+        u.nota->txtMemo->setFocus();
+        QVERIFY(u.nota->txtMemo->hasFocus());
+        QCOMPARE(u.nota->txtMemo->palette().color(QPalette::Base), colour(65535));
+        u.nota->cmdCor->setFocus();
+        QCOMPARE(u.nota->txtMemo->palette().color(QPalette::Base), colour(65535));
+    }
+
+    void o_teclado_chega_a_cada_botao()
+    {
+        UmaNota u;
+        u.nota->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(u.nota.get()));
+        u.Escrever_Texto(u"x"_s);
+        for (const QWidget *botao :
+             {u.nota->cmdGuardar, u.nota->cmdFonte, u.nota->cmdCor, u.nota->cmdFechar}) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            QCOMPARE(QApplication::focusWidget(), botao);
+        }
+    }
+
+    void sobre_um_fundo_escuro_as_letras_sao_claras()
+    {
+        UmaNota u(u"'t','','495','645','2775','1395','Tahoma',8.25,0,0,8388608"_s); // dark blue
+        QCOMPARE(u.nota->txtMemo->palette().color(QPalette::Text), QColor(Qt::white));
+        u.s.dialogos.cores << QColor(Qt::yellow);
+        u.nota->cmdCor->click();
+        QCOMPARE(u.nota->txtMemo->palette().color(QPalette::Text), QColor(Qt::black));
+    }
+
+    void a_fonte_escolhida_mostra_se_e_fica_na_linha()
+    {
+        UmaNota u(u"'t','','495','645','2775','1395','Tahoma',8.25,1,0,65535"_s);
+        QFont inicial(u"Tahoma"_s);
+        inicial.setPointSizeF(8.25);
+        inicial.setBold(true);
+        QFont nova(u"Courier"_s);
+        nova.setPointSizeF(10.5);
+        nova.setItalic(true);
+        u.s.dialogos.fontes << nova;
+        u.nota->cmdFonte->click();
+        QFont pedida;
+        QVERIFY(pedida.fromString(u.s.dialogos.perguntas.value(0).mid(5)));
+        QCOMPARE(pedida.family(), inicial.family());
+        QCOMPARE(pedida.pointSizeF(), 8.25);
+        QVERIFY(pedida.bold() && !pedida.italic());
+        QCOMPARE(u.nota->txtMemo->font().family(), u"Courier"_s);
+        QCOMPARE(u.nota->txtFontSize->text(), u"10.5"_s);
+        QCOMPARE(u.nota->txtFontBold->text(), u"False"_s);
+        QCOMPARE(u.nota->txtFontItalic->text(), u"True"_s);
+        QCOMPARE(u.Linha(u"FontName, FontSize, FontBold, FontItalic"_s), u"Courier|10.5|0|1"_s);
+        QVERIFY(!u.nota->cmdGuardar->isVisible());
+    }
+
+    void a_cor_escolhida_mostra_se_nos_tres_e_fica_na_linha()
+    {
+        UmaNota u;
+        u.s.dialogos.cores << QColor(0x10, 0x20, 0xF0);
+        u.nota->cmdCor->click();
+        QCOMPARE(u.s.dialogos.perguntas, QStringList{u"colour #ffff00"_s});
+        for (const QWidget *controlo :
+             {static_cast<QWidget *>(u.nota.get()), static_cast<QWidget *>(u.nota->lblTitle)})
+            QCOMPARE(controlo->palette().color(QPalette::Window), QColor(0x10, 0x20, 0xF0));
+        QCOMPARE(u.nota->txtMemo->palette().color(QPalette::Base), QColor(0x10, 0x20, 0xF0));
+        QCOMPARE(u.Linha(u"CorFundo"_s), QString::number(0xF02010));
+    }
+
+    void cancelar_um_dialogo_nao_muda_nem_grava()
+    {
+        UmaNota u;
+        const QString antes = u.Tudo();
+        u.Escrever_Texto(u"leite"_s);
+        u.s.dialogos.fontes << std::nullopt;
+        u.nota->cmdFonte->click();
+        u.s.dialogos.cores << std::nullopt;
+        u.nota->cmdCor->click();
+        QCOMPARE(u.s.dialogos.perguntas.size(), 2);
+        QCOMPARE(u.Tudo(), antes);
+        QVERIFY(u.nota->cmdGuardar->isVisible());
+        QCOMPARE(u.nota->txtMemo->font().pointSizeF(), 8.25);
+    }
+
+    void nao_em_cmdFechar_deixa_a_nota_como_estava()
+    {
+        UmaNota u;
+        u.Escrever_Texto(u"leite"_s);
+        const QString antes = u.Tudo();
+        u.s.caixas.Espera(u.s.Texto(111), 36, u"Morvex - Memo"_s, answer::no);
+        u.nota->cmdFechar->click();
+        QVERIFY(u.nota->isVisible());
+        QVERIFY(u.nota->cmdGuardar->isVisible());
+        QCOMPARE(u.nota->txtMemo->toPlainText(), u"leite"_s);
+        QCOMPARE(u.Tudo(), antes);
+    }
+
+    void sim_em_cmdFechar_apaga_a_linha_e_a_janela()
+    {
+        UmaNota u;
+        u.s.caixas.Espera(u.s.Texto(111), 36, u"Morvex - Memo"_s, answer::yes);
+        const QPointer<frmMemo> janela = u.nota.release();
+        janela->cmdFechar->click();
+        QVERIFY(!janela->isVisible());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(janela.isNull());
+        QCOMPARE(u.Tudo(), QString());
+    }
+
+    void fechar_a_janela_pergunta_como_o_botao()
+    {
+        UmaNota u;
+        u.s.caixas.Espera(u.s.Texto(111), 36, u"Morvex - Memo"_s, answer::no);
+        QVERIFY(!u.nota->close());
+        QVERIFY(u.nota->isVisible());
+        QVERIFY(u.s.caixas.Todas_Vistas());
+    }
+
+    void uma_gravacao_falhada_diz_se_e_a_nota_fica_por_guardar()
+    {
+        UmaNota u;
+        u.Escrever_Texto(u"leite"_s);
+        u.s.Escrever(u"DROP TABLE TblMemos"_s);
+        u.s.caixas.Espera_Erro(Failure::StoreError);
+        QTest::mouseClick(u.nota->cmdGuardar, Qt::LeftButton);
+        QVERIFY(u.s.caixas.Todas_Vistas());
+        QVERIFY(u.nota->cmdGuardar->isVisible());
+        QCOMPARE(u.nota->txtMemo->toPlainText(), u"leite"_s);
+    }
+
+    void mover_e_medir_seguem_por_cima_de_uma_gravacao_falhada()
+    {
+        UmaNota u;
+        u.s.Escrever(u"DROP TABLE TblMemos"_s);
+        Arrastar(*u.nota->lblTitle, {40, 60});
+        QCOMPARE(u.nota->pos(), QPoint(73, 103));
+        Arrastar(*u.nota->LabelHV, {10, 10});
+        QCOMPARE(u.nota->size(), QSize(195, 103));
+    }
+};
+
+MORVEX_TESTE(TestFrmMemo)
+#include "test_frmMemo.moc"
