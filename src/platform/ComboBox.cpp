@@ -30,12 +30,22 @@ int ComboBox::ItemData(int index) const
 
 void ComboBox::SetItemData(int index, int number) { setItemData(index, number); }
 
+QString ComboBox::ChosenItemData() const { return QString::number(ItemData(ListIndex())); }
+
 void ComboBox::setListIndex(int index)
 {
     if (index < -1 || index >= count())
         throw Failure(Failure::InvalidPropertyValue, objectName(), QStringLiteral("No row %1").arg(index));
     setCurrentIndex(index);
     if (index >= 0) Q_EMIT Click();
+}
+
+void ComboBox::ChooseText(const QString &text)
+{
+    const int index = findText(text);
+    if (index < 0)
+        throw Failure(Failure::InvalidPropertyValue, objectName(), QStringLiteral("No row %1").arg(text));
+    setListIndex(index);
 }
 
 // Letters select nothing here; arrows and the keys that open the list keep their work.

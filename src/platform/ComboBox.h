@@ -18,9 +18,11 @@ public:
     QString List(int index) const { return itemText(index); }
     int ItemData(int index) const; // 0 for a row that was given none; Failure outside the list
     void SetItemData(int index, int number);
+    QString ChosenItemData() const; // of the chosen row, in digits; Failure without one
 
     int ListIndex() const { return currentIndex(); }
-    void setListIndex(int index); // Failure outside the list
+    void setListIndex(int index);         // Failure outside the list
+    void ChooseText(const QString &text); // the first row of that text; Failure without one
 
 Q_SIGNALS:
     void Click();
