@@ -1,12 +1,13 @@
 #include "platform/DesktopTray.h"
 
+#include "platform/SessionBus.h"
+
 #include <chrono>
 #include <cstdlib>
 #include <memory>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVariant>
-#include <QFileInfo>
 #include <QGuiApplication>
 #include <QMenu>
 #include <QSystemTrayIcon>
@@ -18,14 +19,6 @@ using namespace std::chrono_literals;
 
 namespace
 {
-// Asking for a session bus that isn't there can start one, or wait for it.
-bool sessionBusIsThere()
-{
-    const QString address = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
-    if (!address.isEmpty()) return address != QLatin1String("disabled:");
-    return QFileInfo::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
-}
-
 // The newer kind of host announces itself on the session bus.
 bool busHostIsThere()
 {
