@@ -1,16 +1,26 @@
 #include "session/Main.h"
 
+#include "contacts/AccoesContacto.h"
 #include "contacts/CartaoContacto.h"
+#include "contacts/EdicaoContacto.h"
+#include "contacts/Grupos.h"
 #include "contacts/ListaContactos.h"
+#include "contacts/Pesquisa.h"
+#include "contacts/ProcuraRapida.h"
 #include "data/Geral.h"
+#include "memos/Memos.h"
+#include "online/VerificarVersao.h"
 #include "platform/DisabledWindow.h"
 #include "platform/Platform.h"
 #include "platform/Units.h"
+#include "reminders/Lembretes.h"
 #include "session/Ajuda.h"
 #include "session/Arranque.h"
+#include "session/frmOpcoes.h"
 #include "session/frmSobre.h"
 #include "session/Sair.h"
 #include "session/SystemTray.h"
+#include "session/Utilizadores.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>
@@ -38,12 +48,29 @@ Main::Main(Geral &geral, Platform &platform) : geral_(geral), platform_(platform
     cartao_ = new CartaoContacto(*this, geral_, platform_);
     lista_ = new ListaContactos(*this, geral_, *cartao_);
     tray_ = new SystemTray(*this, *MenuSystemTray, geral_, platform_);
+    lembretes_ = new Lembretes(*this, geral_, platform_);
+    memos_ = new Memos(*this, geral_, platform_);
 
+    auto *utilizadores = new ::Utilizadores(*this, geral_, platform_); // not the menus of these names
+    auto *grupos = new ::Grupos(*this, geral_, platform_, *lista_);
+    auto *edicao = new EdicaoContacto(*this, geral_, platform_, *lista_);
+
+    auto *pesquisa = new Pesquisa(*this, geral_, platform_);
+    procuraRapida_ = new ProcuraRapida(*this, geral_, platform_, *lista_);
+    new AccoesContacto(*this, geral_, platform_, *lista_, *cartao_);
+
+    new VerificarVersao(*this, geral_, platform_, QStringLiteral(MORVEX_WEB_HOST));
+
+    connect(pesquisa, &Pesquisa::Trazer_Main, tray_, &SystemTray::Trazer_Janela);
+    connect(procuraRapida_, &ProcuraRapida::Minimizar_Tray, tray_, &SystemTray::Minimizar_Tray);
+    connect(edicao, &EdicaoContacto::Sem_Grupos, grupos, &::Grupos::Mostrar_frmNovoGrupo);
+    connect(grupos, &::Grupos::CriarUtilizador, utilizadores, &::Utilizadores::Mostrar_frmNovoUser);
     connect(&geral_.temporizadores.timerPonto, &QTimer::timeout, this, &Main::timerPonto_Timer);
     connect(lblTemporizador, &Label::Change, this, &Main::lblTemporizador_Change);
     connect(ListaNomes, &ListBox::RightButtonUp, this, [this](const QPoint &lugar) {
         if (ListaNomes->ListIndex() >= 0) RightClick->popup(lugar);
     });
+    connect(ListaNomes, &ListBox::DblClick, cmdEditar, &QAbstractButton::click);
     Ligar_Menus();
     Ligar_Teclas();
 }
@@ -60,6 +87,8 @@ void Main::Ligar_Menus()
     for (QAction *seguinte : {Seguinte, baixo})
         connect(seguinte, &QAction::triggered, lista_, &ListaContactos::Contacto_Seguinte);
 
+    for (QAction *abrir : {Opcoes, opcoes})
+        connect(abrir, &QAction::triggered, this, &Main::Opcoes_Click);
     for (QAction *topicos : {TopicosAjuda, this->ajuda})
         connect(topicos, &QAction::triggered, this, [this] { ::ajuda::TopicosAjuda(geral_, platform_.shell); });
     connect(Sugerir, &QAction::triggered, this, [this] { ::ajuda::Sugerir(platform_.shell); });
@@ -70,16 +99,20 @@ void Main::Ligar_Menus()
 void Main::Ligar_Teclas()
 {
     const auto tecla = [this](Qt::Key codigo, auto accao) {
-        connect(new QShortcut(codigo, this), &QShortcut::activated, this, accao);
+        auto *atalho = new QShortcut(codigo, this);
+        connect(atalho, &QShortcut::activated, this, accao);
+        connect(procuraRapida_, &ProcuraRapida::KeyPreview, atalho, &QShortcut::setEnabled);
     };
     tecla(Qt::Key_F2, [this] { cmdEditar->click(); }); // a disabled button takes no click
     tecla(Qt::Key_Delete, [this] { cmdEliminar->click(); });
     tecla(Qt::Key_Escape, [this] { tray_->Minimizar_Tray(); });
 }
 
+Arranque Main::Inicio() { return {*this, geral_, platform_, *lista_, *memos_, *tray_, *lembretes_}; }
+
 void Main::Carregar()
 {
-    Arranque(*this, geral_, platform_, *lista_, *tray_).Executar();
+    Inicio().Executar();
     if (geral_.MinimizarArranque != u"sim"_s) show();
 }
 
@@ -103,6 +136,12 @@ void Main::lblTemporizador_Change()
     if (lblTemporizador->text() != "0"_L1) return;
     geral_.temporizadores.TimerMailNotification.setEnabled(false);
     Q_EMIT VerificarConta();
+}
+
+void Main::Opcoes_Click()
+{
+    const DisabledWindow desactivada(*this);
+    frmOpcoes(geral_, platform_, *this).exec();
 }
 
 void Main::Sobre_Click()

@@ -1,0 +1,2 @@
+# Tests of online.
+morvex_teste(online/test_VerificarVersao LIGA session)
