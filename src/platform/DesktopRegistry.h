@@ -1,5 +1,5 @@
-// The registry on a desktop that has none: the autostart folder stands for the key of programs that start with
-// the desktop. Every other key reads as empty and refuses to be written.
+// The registry on a desktop that has none: the autostart folder stands for the key of programs that start
+// with the desktop. Every other key reads as empty and refuses to be written.
 #pragma once
 
 #include "platform/Registry.h"

@@ -1,21 +1,23 @@
 #include "platform/IniFile.h"
 
+#include "platform/ReplaceFile.h"
+
+#include <optional>
 #include <QFile>
-#include <QSaveFile>
 #include <QStringDecoder>
 #include <QStringEncoder>
 #include <QStringList>
-#include <optional>
 
 namespace
 {
 constexpr char codePage[] = "windows-1252";
 
-// The file as lines without their ends; an absent file has none.
-QStringList linesOf(const QString &path)
+// The file as lines without their ends; an absent file has none. Nothing for a file that cannot be read.
+std::optional<QStringList> linesOf(const QString &path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) return {};
+    if (!file.exists()) return QStringList();
+    if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
     QString text = QStringDecoder(codePage)(file.readAll());
     text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
     if (text.endsWith(u'\n')) text.chop(1);
@@ -80,6 +82,14 @@ std::optional<qsizetype> findKey(const QStringList &lines, Range range, QStringV
     return std::nullopt;
 }
 
+// What the code page doesn't hold becomes a question mark; the encoder itself puts a control character there.
+QByteArray encoded(const QString &text)
+{
+    constexpr char substitute = '\x1a';
+    const QByteArray bytes = QStringEncoder(codePage)(text);
+    return QByteArray(bytes).replace(substitute, '?');
+}
+
 QString oneLine(QString value) { return value.replace(u'\r', u' ').replace(u'\n', u' '); }
 } // namespace
 
@@ -89,7 +99,7 @@ bool IniFile::exists() const { return QFile::exists(path_); }
 
 QString IniFile::read(const QString &section, const QString &key) const
 {
-    const QStringList lines = linesOf(path_);
+    const QStringList lines = linesOf(path_).value_or(QStringList());
     const auto range = findSection(lines, section);
     const auto line = range ? findKey(lines, *range, key) : std::nullopt;
     return line ? withoutQuotes(entryIn(lines[*line])->value).left(longestValue).toString() : QString();
@@ -97,7 +107,9 @@ QString IniFile::read(const QString &section, const QString &key) const
 
 bool IniFile::write(const QString &section, const QString &key, const QString &value)
 {
-    QStringList lines = linesOf(path_);
+    const auto before = linesOf(path_);
+    if (!before) return false; // what cannot be read would be lost
+    QStringList lines = *before;
     const QString text = key + u'=' + oneLine(value);
     if (const auto range = findSection(lines, section)) {
         if (const auto line = findKey(lines, *range, key))
@@ -108,8 +120,5 @@ bool IniFile::write(const QString &section, const QString &key, const QString &v
         if (!lines.isEmpty()) lines << QString();
         lines << u'[' + section + u']' << text;
     }
-    QSaveFile file(path_);
-    if (!file.open(QIODevice::WriteOnly)) return false;
-    file.write(QStringEncoder(codePage)(lines.join(QLatin1String("\r\n")) + QLatin1String("\r\n")));
-    return file.commit();
+    return replaceFile(path_, encoded(lines.join(QLatin1String("\r\n")) + QLatin1String("\r\n")));
 }

@@ -18,8 +18,8 @@ public:
     // The key's value, empty where the file, the section or the key isn't there.
     QString read(const QString &section, const QString &key) const;
 
-    // Writes one key; an empty value keeps the key. Line breaks within a value become blanks, since a value is
-    // one line. The old file is replaced in one step or not at all; false when it could not be.
+    // Writes one key; an empty value keeps the key. Line breaks within a value become blanks, since a value
+    // is one line. The old file is replaced in one step or not at all; false when it could not be.
     bool write(const QString &section, const QString &key, const QString &value);
 
 private:
