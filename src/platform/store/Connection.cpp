@@ -29,8 +29,9 @@ constexpr char sourceName[] = "Connection";
 
 QString dataSource(const QString &connectionString)
 {
-    static const QRegularExpression shape(QStringLiteral("(?:^|;)\\s*Data Source\\s*=\\s*'([^']*)'\\s*(?:;[^']*)?$"),
-                                          QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression shape(
+        QStringLiteral("(?:^|;)\\s*Data Source\\s*=\\s*'([^']*)'\\s*(?:;[^']*)?$"),
+        QRegularExpression::CaseInsensitiveOption);
     const auto match = shape.match(connectionString);
     if (!match.hasMatch()) raise(QStringLiteral("The connection string is broken: %1").arg(connectionString));
     return match.captured(1);
@@ -56,8 +57,11 @@ struct Binder {
 void bindAll(SQLite::Statement &statement, const std::vector<StoreValue> &values)
 {
     if (statement.getBindParameterCount() != static_cast<int>(values.size()))
-        raise(QStringLiteral("%1 values for %2 parameters").arg(values.size()).arg(statement.getBindParameterCount()));
-    for (std::size_t i = 0; i < values.size(); ++i) std::visit(Binder{statement, static_cast<int>(i) + 1}, values[i]);
+        raise(QStringLiteral("%1 values for %2 parameters")
+                  .arg(values.size())
+                  .arg(statement.getBindParameterCount()));
+    for (std::size_t i = 0; i < values.size(); ++i)
+        std::visit(Binder{statement, static_cast<int>(i) + 1}, values[i]);
 }
 
 StoreValue cellOf(const SQLite::Column &column)
@@ -73,7 +77,8 @@ std::vector<QByteArray> columnNames(const SQLite::Statement &statement)
 {
     std::vector<QByteArray> names;
     names.reserve(static_cast<std::size_t>(statement.getColumnCount()));
-    for (int i = 0; i < statement.getColumnCount(); ++i) names.emplace_back(statement.getColumnName(i));
+    for (int i = 0; i < statement.getColumnCount(); ++i)
+        names.emplace_back(statement.getColumnName(i));
     return names;
 }
 
@@ -128,7 +133,8 @@ void Connection::Open()
         opened->handle.setBusyTimeout(patience);
         registerTextRules(opened->handle.getHandle());
         opened->handle.exec("PRAGMA synchronous=FULL");
-        opened->handle.execAndGet("SELECT count(*) FROM sqlite_master"); // a file that is no database fails here
+        opened->handle.execAndGet(
+            "SELECT count(*) FROM sqlite_master"); // a file that is no database fails here
         return opened;
     });
 }
@@ -154,7 +160,8 @@ Recordset Connection::query(const QString &sql, const std::vector<StoreValue> &v
         std::vector<StoreValue> cells;
         const int width = statement.getColumnCount();
         while (statement.executeStep())
-            for (int i = 0; i < width; ++i) cells.push_back(cellOf(statement.getColumn(i)));
+            for (int i = 0; i < width; ++i)
+                cells.push_back(cellOf(statement.getColumn(i)));
         return Recordset(columnNames(statement), std::move(cells));
     });
 }

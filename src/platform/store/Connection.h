@@ -19,8 +19,8 @@ public:
     void setConnectionString(const QString &text) { connectionString_ = text; }
     const QString &connectionString() const { return connectionString_; }
 
-    // Raises Failure for a string that is broken and for a file that is missing, empty, locked or no database.
-    // Never creates the file.
+    // Raises Failure for a string that is broken and for a file that is missing, empty, locked or no
+    // database. Never creates the file.
     void Open();
     void Close();
     bool isOpen() const { return database_ != nullptr; }

@@ -13,7 +13,8 @@ void createDatabase(const QString &path, const QStringList &statements)
     try {
         SQLite::Database database(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
         registerTextRules(database.getHandle());
-        for (const QString &statement : statements) database.exec(statement.toStdString());
+        for (const QString &statement : statements)
+            database.exec(statement.toStdString());
     } catch (const SQLite::Exception &error) {
         throw Failure(Failure::StoreError, path, QString::fromUtf8(error.what()));
     }

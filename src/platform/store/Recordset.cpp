@@ -2,8 +2,8 @@
 
 #include "platform/Failure.h"
 
-#include <QLocale>
 #include <limits>
+#include <QLocale>
 
 namespace
 {

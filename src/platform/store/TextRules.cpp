@@ -14,6 +14,14 @@ QCollator makeCollator()
     return collator;
 }
 
+// A character beyond 16 bits stands in two places.
+qsizetype placesAt(QStringView text, qsizetype place)
+{
+    const bool pair =
+        text[place].isHighSurrogate() && place + 1 < text.size() && text[place + 1].isLowSurrogate();
+    return pair ? 2 : 1;
+}
+
 bool equalIgnoringCase(QChar a, QChar b) { return a == b || a.toCaseFolded() == b.toCaseFolded(); }
 
 QStringView textOf(sqlite3_value *value)
@@ -57,7 +65,10 @@ bool matchesLike(QStringView pattern, QStringView text)
         if (p < pattern.size() && pattern[p] == u'%') {
             afterPercent = ++p;
             retryAt = t;
-        } else if (p < pattern.size() && (pattern[p] == u'_' || equalIgnoringCase(pattern[p], text[t]))) {
+        } else if (p < pattern.size() && pattern[p] == u'_') {
+            ++p;
+            t += placesAt(text, t);
+        } else if (p < pattern.size() && equalIgnoringCase(pattern[p], text[t])) {
             ++p;
             ++t;
         } else if (afterPercent >= 0) {
@@ -67,7 +78,8 @@ bool matchesLike(QStringView pattern, QStringView text)
             return false;
         }
     }
-    while (p < pattern.size() && pattern[p] == u'%') ++p;
+    while (p < pattern.size() && pattern[p] == u'%')
+        ++p;
     return p == pattern.size();
 }
 
@@ -75,6 +87,6 @@ void registerTextRules(sqlite3 *connection)
 {
     constexpr int likeArguments = 2;
     sqlite3_create_collation(connection, "MORVEX", SQLITE_UTF16, nullptr, collate);
-    sqlite3_create_function(connection, "like", likeArguments, SQLITE_UTF16 | SQLITE_DETERMINISTIC, nullptr, like,
-                            nullptr, nullptr);
+    sqlite3_create_function(connection, "like", likeArguments, SQLITE_UTF16 | SQLITE_DETERMINISTIC, nullptr,
+                            like, nullptr, nullptr);
 }

@@ -2,13 +2,15 @@
 
 #include "platform/Failure.h"
 
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <optional>
 #include <QDate>
 #include <QLocale>
 #include <QRegularExpression>
 #include <QTime>
-#include <array>
-#include <limits>
-#include <optional>
 
 namespace
 {
@@ -27,15 +29,26 @@ qint64 toLong(const QString &text)
     return number;
 }
 
-// Stored as the shortest text that reads back as the same float.
+// Either sign stands before the decimals. The words for infinity and for no number are none.
+std::optional<double> numberOf(const QString &text)
+{
+    bool valid = false;
+    const double number = QLocale::c().toDouble(text.trimmed().replace(u',', u'.'), &valid);
+    return valid && std::isfinite(number) ? std::optional(number) : std::nullopt;
+}
+
+// The double whose shortest text is the shortest one that reads back as the same float: 0,1 stays 0.1.
 double toSingle(const QString &text)
 {
-    QString number = text.trimmed();
-    number.replace(u',', u'.');
-    bool valid = false;
-    const float single = QLocale::c().toFloat(number, &valid);
-    if (!valid || number.count(u'.') > 1) raiseMismatch(text, "number");
-    return QString::number(single, 'g', QLocale::FloatingPointShortest).toDouble();
+    const auto number = numberOf(text);
+    constexpr double largest = std::numeric_limits<float>::max();
+    if (!number || std::abs(*number) > largest) raiseMismatch(text, "number of 32 bits");
+    const auto single = static_cast<float>(*number);
+    std::array<char, 32> shortest{};
+    const auto end = std::to_chars(shortest.data(), shortest.data() + shortest.size(), single).ptr;
+    double stored = 0;
+    std::from_chars(shortest.data(), end, stored);
+    return stored;
 }
 
 qint64 toYesNo(const QString &text)
@@ -48,10 +61,9 @@ qint64 toYesNo(const QString &text)
     };
     if (std::any_of(yes.begin(), yes.end(), isWord)) return 1;
     if (std::any_of(no.begin(), no.end(), isWord)) return 0;
-    bool number = false;
-    const double value = QLocale::c().toDouble(QString(word).replace(u',', u'.'), &number);
+    const auto number = numberOf(word);
     if (!number) raiseMismatch(text, "yes or no");
-    return value != 0 ? 1 : 0;
+    return *number != 0 ? 1 : 0;
 }
 
 std::optional<QTime> timeOf(const QString &text)
@@ -64,7 +76,8 @@ std::optional<QTime> timeOf(const QString &text)
 
 std::optional<QDate> dateOf(const QString &text)
 {
-    static const QRegularExpression dayFirst(QStringLiteral("^([0-9]{1,2})([-/.])([0-9]{1,2})\\2([0-9]{4})$"));
+    static const QRegularExpression dayFirst(
+        QStringLiteral("^([0-9]{1,2})([-/.])([0-9]{1,2})\\2([0-9]{4})$"));
     static const QRegularExpression yearFirst(QStringLiteral("^([0-9]{4})-([0-9]{1,2})-([0-9]{1,2})$"));
     QDate date;
     if (const auto match = dayFirst.match(text); match.hasMatch())
@@ -109,12 +122,18 @@ StoreValue Value::convertedTo(ColumnType type) const
     if (std::holds_alternative<std::monostate>(value_)) return value_;
     switch (type) {
     case ColumnType::Text:
-    case ColumnType::Pattern: return text();
-    case ColumnType::Long: return toLong(text());
-    case ColumnType::Single: return toSingle(text());
-    case ColumnType::YesNo: return toYesNo(text());
-    case ColumnType::Date: return toDate(text());
-    case ColumnType::Time: return toTime(text());
+    case ColumnType::Pattern:
+        return text();
+    case ColumnType::Long:
+        return toLong(text());
+    case ColumnType::Single:
+        return toSingle(text());
+    case ColumnType::YesNo:
+        return toYesNo(text());
+    case ColumnType::Date:
+        return toDate(text());
+    case ColumnType::Time:
+        return toTime(text());
     }
     Q_UNREACHABLE();
 }

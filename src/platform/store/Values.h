@@ -1,5 +1,5 @@
-// Values on their way into the store. Callers hand over loosely typed values, mostly strings; each is converted
-// to the type of the column that it meets, and what cannot be converted is an error of the command.
+// Values on their way into the store. Callers hand over loosely typed values, mostly strings; each is
+// converted to the type of the column that it meets, and what cannot be converted is an error of the command.
 #pragma once
 
 #include <QString>
@@ -32,8 +32,8 @@ public:
     // Raises Failure (type mismatch) for what the column cannot hold:
     // Long: optional blanks and sign, then digits that fit 32 bits. Single: "." or "," is the decimal sign.
     // YesNo: 0 is no and any other number yes; True/False, Verdadeiro/Falso, Sim/Não, Yes/No in any case.
-    // Date: dd-mm-yyyy (also with / or .) or yyyy-mm-dd, a time behind it is dropped. Time: hh:mm or hh:mm:ss.
-    // The empty string is an error of all of these.
+    // Date: dd-mm-yyyy (also with / or .) or yyyy-mm-dd, a time behind it is dropped. Time: hh:mm or
+    // hh:mm:ss. The empty string is an error of all of these.
     StoreValue convertedTo(ColumnType type) const;
 
 private:
