@@ -1,0 +1,124 @@
+#include "contacts/AccoesContacto.h"
+
+#include "contacts/CartaoContacto.h"
+#include "contacts/frmEmail.h"
+#include "contacts/frmVerImagem.h"
+#include "contacts/LinhasLink.h"
+#include "contacts/ListaContactos.h"
+#include "contacts/WebsiteEmail.h"
+#include "data/Direitos.h"
+#include "data/Geral.h"
+#include "platform/Controls.h"
+#include "platform/DisabledWindow.h"
+#include "platform/ListBox.h"
+#include "platform/Platform.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMouseEvent>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr qint16 texto_deseja_eliminar = 54;
+
+bool E_Um_Clique(const QEvent &event)
+{
+    return event.type() == QEvent::MouseButtonRelease &&
+           static_cast<const QMouseEvent &>(event).button() == Qt::LeftButton;
+}
+} // namespace
+
+AccoesContacto::AccoesContacto(QWidget &janela, Geral &geral, Platform &platform, ListaContactos &lista,
+                               CartaoContacto &cartao)
+    : QObject(&janela),
+      geral_(geral),
+      platform_(platform),
+      lista_(lista),
+      cartao_(cartao),
+      janela_(janela),
+      ListaNomes(control<ListBox>(janela, u"ListaNomes"_s)),
+      txtEmail1(control<QLineEdit>(janela, u"txtEmail1"_s)),
+      txtEmail2(control<QLineEdit>(janela, u"txtEmail2"_s)),
+      txtWebsite(control<QLineEdit>(janela, u"txtWebsite"_s)),
+      Thumb(control<QLabel>(janela, u"Thumb"_s))
+{
+    const auto clique = [&](const QString &botao, auto accao) {
+        connect(&control<QAbstractButton>(janela, botao), &QAbstractButton::clicked, this, accao);
+    };
+    clique(u"cmdEliminar"_s, &AccoesContacto::cmdEliminar_Click);
+    clique(u"cmdData"_s, &AccoesContacto::cmdData_Click);
+    for (const auto &comando : {u"EliminarContacto"_s, u"eliminar_contacto"_s, u"RightClickEliminar"_s})
+        Ligar(comando, &AccoesContacto::cmdEliminar_Click);
+    for (const auto &comando : {u"Email"_s, u"enviar_email"_s, u"RightClickEmail"_s})
+        Ligar(comando, &AccoesContacto::Email_Click);
+    for (const auto &comando : {u"Website"_s, u"visitar_website"_s, u"RightClickWebsite"_s})
+        Ligar(comando, &AccoesContacto::Website_Click);
+    connect(new LinhasLink(janela, geral), &LinhasLink::Clicada, this, &AccoesContacto::Linha_Click);
+    Thumb.installEventFilter(this);
+}
+
+void AccoesContacto::Ligar(const QString &comando, void (AccoesContacto::*accao)())
+{
+    connect(&control<QAction>(janela_, comando), &QAction::triggered, this, accao);
+}
+
+bool AccoesContacto::eventFilter(QObject *, QEvent *event)
+{
+    if (E_Um_Clique(*event)) Thumb_Click();
+    return false;
+}
+
+// The selection is lost, and the card stays empty unless one contact remains.
+void AccoesContacto::cmdEliminar_Click()
+{
+    if (!Tem_Direito(geral_.SessaoActual.Eliminar, geral_, platform_, &janela_) || !Confirma_Eliminar())
+        return;
+    const int id = ListaNomes.ItemData(ListaNomes.ListIndex());
+    geral_.de.Executar("cmdEliminarNome", {QString::number(id)});
+    lista_.Limpar_Dados();
+    lista_.Carregar_Tabela();
+}
+
+bool AccoesContacto::Confirma_Eliminar()
+{
+    const QString pergunta =
+        geral_.Ler_Idioma(texto_deseja_eliminar) + u' ' + ListaNomes.List(geral_.IndiceContacto) + u'?';
+    return platform_.boxes.show(pergunta, box::question | box::yesNo, janela_.windowTitle(), &janela_) ==
+           answer::yes;
+}
+
+void AccoesContacto::Email_Click()
+{
+    if (!txtEmail1.text().isEmpty() && !txtEmail2.text().isEmpty()) {
+        const DisabledWindow desactivada(janela_);
+        frmEmail(geral_, platform_, txtEmail1.text(), txtEmail2.text(), &janela_).exec();
+        return;
+    }
+    const QString endereco = txtEmail1.text().isEmpty() ? txtEmail2.text() : txtEmail1.text();
+    if (!endereco.isEmpty()) Escrever_Email(platform_.shell, endereco);
+}
+
+void AccoesContacto::Website_Click()
+{
+    if (!txtWebsite.hasSelectedText()) Visitar_Website(platform_.shell, txtWebsite.text());
+}
+
+void AccoesContacto::Linha_Click(const QLineEdit *linha)
+{
+    if (linha == &txtWebsite)
+        Website_Click();
+    else
+        Escrever_Email(platform_.shell, linha->text());
+}
+
+void AccoesContacto::Thumb_Click()
+{
+    const DisabledWindow desactivada(janela_);
+    frmVerImagem(geral_, cartao_.Image1(), &janela_).exec();
+}
+
+void AccoesContacto::cmdData_Click() { platform_.shell.openDateAndTimeSettings(); }

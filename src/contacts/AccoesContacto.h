@@ -1,0 +1,46 @@
+// What can be done to the contact on the card, other than editing it: delete it, write to it, open its page,
+// see its picture large. One command each for the menu, the toolbar, the right-click menu, the button and the
+// link on the card.
+#pragma once
+
+#include <QObject>
+
+class CartaoContacto;
+class Geral;
+class ListaContactos;
+class ListBox;
+class QLabel;
+class QLineEdit;
+class QWidget;
+struct Platform;
+
+class AccoesContacto final : public QObject
+{
+    Q_OBJECT
+public:
+    // The window must hold every control that is named below; it owns them.
+    AccoesContacto(QWidget &janela, Geral &geral, Platform &platform, ListaContactos &lista,
+                   CartaoContacto &cartao);
+
+    bool eventFilter(QObject *alvo, QEvent *event) override;
+
+private:
+    void cmdEliminar_Click();
+    void Email_Click();
+    void Website_Click();
+    void Linha_Click(const QLineEdit *linha);
+    void Thumb_Click();
+    void cmdData_Click();
+
+    bool Confirma_Eliminar();
+    void Ligar(const QString &comando, void (AccoesContacto::*accao)());
+
+    Geral &geral_;
+    Platform &platform_;
+    ListaContactos &lista_;
+    CartaoContacto &cartao_;
+    QWidget &janela_;
+    ListBox &ListaNomes;
+    QLineEdit &txtEmail1, &txtEmail2, &txtWebsite;
+    QLabel &Thumb;
+};

@@ -1,0 +1,38 @@
+// The mail and web rows of the card as links: their look under the pointer, and the click on them. What a
+// click opens is not known here.
+#pragma once
+
+#include <array>
+#include <QObject>
+#include <QString>
+
+class Geral;
+class QLineEdit;
+class QMouseEvent;
+class QWidget;
+
+class LinhasLink final : public QObject
+{
+    Q_OBJECT
+public:
+    // The window must hold txtEmail1, txtEmail2, txtWebsite and ListaNomes; it owns them.
+    LinhasLink(QWidget &janela, Geral &geral);
+
+    bool eventFilter(QObject *alvo, QEvent *event) override;
+
+Q_SIGNALS:
+    // The left button came up on a row that has a text of which nothing is selected: a drag copies and does
+    // not open.
+    void Clicada(QLineEdit *linha);
+
+private:
+    void Passar_Sobre(QLineEdit &linha);
+    void Sair_Das_Linhas();
+    void Libertar(QLineEdit &linha, const QMouseEvent &rato);
+    QString Dica(const QLineEdit &linha);
+
+    Geral &geral_;
+    QLineEdit &txtWebsite;
+    std::array<QLineEdit *, 3> linhas_;
+    QString LinkActivo = QStringLiteral("1"); // "0" over a row, "1" once the look has been cleared
+};

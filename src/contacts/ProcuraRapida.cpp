@@ -1,0 +1,120 @@
+#include "contacts/ProcuraRapida.h"
+
+#include "contacts/ListaContactos.h"
+#include "data/Geral.h"
+#include "platform/Controls.h"
+#include "platform/ListBox.h"
+#include "platform/Platform.h"
+
+#include <algorithm>
+#include <QAbstractButton>
+#include <QKeyEvent>
+#include <QLineEdit>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr qint16 texto_lista_vazia = 2;
+constexpr QChar fim_do_texto = u'¦';
+
+// Character by character, so that a name keeps its length: case does not count, accents do.
+bool Igual_Em_Maiusculas(QStringView a, QStringView b)
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](QChar x, QChar y) { return x == y || x.toUpper() == y.toUpper(); });
+}
+
+// How many characters of a name are compared. A mark that was typed cuts that short and stays in the text,
+// which then begins no name.
+qsizetype Comprimento(const QString &texto) { return (texto + fim_do_texto).indexOf(fim_do_texto); }
+
+bool Comeca_Por(const QString &nome, QStringView texto, qsizetype comprimento)
+{
+    return Igual_Em_Maiusculas(QStringView(nome).left(comprimento), texto);
+}
+} // namespace
+
+ProcuraRapida::ProcuraRapida(QWidget &janela, Geral &geral, Platform &platform, ListaContactos &lista)
+    : QObject(&janela),
+      geral_(geral),
+      platform_(platform),
+      lista_(lista),
+      janela_(janela),
+      txtProcura(control<QLineEdit>(janela, u"txtProcura"_s)),
+      ListaNomes(control<ListBox>(janela, u"ListaNomes"_s)),
+      cmdEditar(control<QAbstractButton>(janela, u"cmdEditar"_s)),
+      cmdEliminar(control<QAbstractButton>(janela, u"cmdEliminar"_s))
+{
+    connect(&txtProcura, &QLineEdit::textChanged, this, &ProcuraRapida::txtProcura_Change);
+    txtProcura.installEventFilter(this);
+}
+
+void ProcuraRapida::txtProcura_Change()
+{
+    if (ListaNomes.ListCount() == 0) {
+        platform_.boxes.show(geral_.Ler_Idioma(texto_lista_vazia), box::ok, janela_.windowTitle(), &janela_);
+        return;
+    }
+    const QString texto = txtProcura.text();
+    const qsizetype comprimento = Comprimento(texto);
+    const int fim = ListaNomes.ListCount() - 1;
+    int linha = 0;
+    while (linha < fim && !Comeca_Por(ListaNomes.List(linha), texto, comprimento))
+        ++linha;
+    if (Comeca_Por(ListaNomes.List(linha), texto, comprimento)) ListaNomes.setListIndex(linha);
+}
+
+bool ProcuraRapida::eventFilter(QObject *, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::FocusIn:
+        txtProcura_GotFocus(static_cast<QFocusEvent *>(event)->reason());
+        return false;
+    case QEvent::FocusOut:
+        Q_EMIT KeyPreview(true);
+        return false;
+    case QEvent::KeyPress:
+        return txtProcura_KeyDown(*static_cast<QKeyEvent *>(event));
+    default:
+        return false;
+    }
+}
+
+// Coming back to the window or from a menu is no new beginning: the text stays as it was being typed.
+void ProcuraRapida::txtProcura_GotFocus(Qt::FocusReason razao)
+{
+    Q_EMIT KeyPreview(false);
+    if (razao == Qt::ActiveWindowFocusReason || razao == Qt::PopupFocusReason) return;
+    if (razao != Qt::MouseFocusReason) return txtProcura.selectAll();
+    // Behind the press that brought the focus, for that takes the selection away again.
+    QMetaObject::invokeMethod(&txtProcura, &QLineEdit::selectAll, Qt::QueuedConnection);
+}
+
+// A button that is disabled takes no click.
+bool ProcuraRapida::txtProcura_KeyDown(const QKeyEvent &tecla)
+{
+    if (tecla.modifiers() & ~Qt::KeypadModifier) return false;
+    switch (tecla.key()) {
+    case Qt::Key_F2:
+        cmdEditar.click();
+        return true;
+    case Qt::Key_Delete:
+        if (!cmdEliminar.isEnabled()) return false; // the box deletes text
+        cmdEliminar.click();
+        return true;
+    case Qt::Key_Escape:
+        Q_EMIT Minimizar_Tray();
+        return true;
+    case Qt::Key_Up:
+        ListaNomes.setFocus();
+        lista_.Contacto_Anterior();
+        return true;
+    case Qt::Key_Down:
+        ListaNomes.setFocus();
+        lista_.Contacto_Seguinte();
+        return true;
+    default:
+        return false;
+    }
+}

@@ -1,0 +1,44 @@
+// The quick search: as text is typed into txtProcura, the first name of the list that begins with it is
+// chosen and its card shown. While the box has the keyboard it answers the keys that are the window's
+// otherwise.
+#pragma once
+
+#include <QObject>
+
+class Geral;
+class ListaContactos;
+class ListBox;
+class QAbstractButton;
+class QKeyEvent;
+class QLineEdit;
+class QWidget;
+struct Platform;
+
+class ProcuraRapida final : public QObject
+{
+    Q_OBJECT
+public:
+    // The window must hold txtProcura, ListaNomes, cmdEditar and cmdEliminar; it owns them.
+    ProcuraRapida(QWidget &janela, Geral &geral, Platform &platform, ListaContactos &lista);
+
+    bool eventFilter(QObject *alvo, QEvent *event) override;
+
+Q_SIGNALS:
+    // Whether the window's own keys are to work: not while the box has the keyboard.
+    void KeyPreview(bool ligada);
+    // Escape was pressed.
+    void Minimizar_Tray();
+
+private:
+    void txtProcura_Change();
+    void txtProcura_GotFocus(Qt::FocusReason razao);
+    bool txtProcura_KeyDown(const QKeyEvent &tecla); // true when the box itself has nothing left to do
+
+    Geral &geral_;
+    Platform &platform_;
+    ListaContactos &lista_;
+    QWidget &janela_;
+    QLineEdit &txtProcura;
+    ListBox &ListaNomes;
+    QAbstractButton &cmdEditar, &cmdEliminar;
+};

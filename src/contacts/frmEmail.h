@@ -1,0 +1,26 @@
+// Asks to which of a contact's two addresses to write.
+#pragma once
+
+#include "ui_frmEmail.h"
+
+#include <QDialog>
+
+class Geral;
+struct Platform;
+
+class frmEmail final : public QDialog, public Ui::frmEmail
+{
+    Q_OBJECT
+public:
+    frmEmail(Geral &geral, Platform &platform, const QString &email1, const QString &email2,
+             QWidget *dono = nullptr);
+
+private:
+    void Form_Unload();
+    void Option_Click();
+    void cmdOk_Click();
+
+    Geral &geral_;
+    Platform &platform_;
+    QString email1_, email2_;
+};

@@ -1,0 +1,43 @@
+#include "contacts/frmVerImagem.h"
+
+#include "contacts/Fotografia.h"
+#include "data/Geral.h"
+#include "platform/Controls.h"
+#include "platform/Units.h"
+
+namespace
+{
+QSizeF Ajustar(QSizeF natural, QSizeF janela)
+{
+    const bool alta = natural.height() > natural.width();
+    const bool larga = natural.height() < natural.width();
+    if (alta && natural.height() >= janela.height())
+        return {natural.width() * janela.height() / natural.height(), janela.height()};
+    if (larga && natural.width() >= janela.width())
+        return {janela.width(), natural.height() * janela.width() / natural.width()};
+    return natural;
+}
+} // namespace
+
+QRectF frmVerImagem::Lugar(QSizeF natural, QSizeF janela)
+{
+    const QSizeF tamanho = Ajustar(natural, janela);
+    return {{janela.width() / 2 - tamanho.width() / 2, janela.height() / 2 - tamanho.height() / 2}, tamanho};
+}
+
+frmVerImagem::frmVerImagem(Geral &geral, const Picture &imagem, QWidget *dono)
+    : QDialog(dono), imagem_(imagem)
+{
+    setupUi(this);
+    setWindowTitle(withoutMnemonic(geral.Ler_Idioma(11)));
+}
+
+void frmVerImagem::resizeEvent(QResizeEvent *)
+{
+    const QSizeF natural = QSizeF(imagem_.naturalSize()) * twipsPerPixel;
+    Mostrar_Fotografia(*Image1, imagem_, Lugar(natural, QSizeF(size()) * twipsPerPixel));
+}
+
+void frmVerImagem::mouseReleaseEvent(QMouseEvent *) { close(); }
+
+void frmVerImagem::keyPressEvent(QKeyEvent *) { close(); }
