@@ -1,1 +1,18 @@
 # Tests of platform.
+foreach(teste IN ITEMS
+    test_Values
+    test_TextRules
+    test_Recordset
+    test_Connection
+    test_IniFile
+    test_ProgramFolder
+    test_ListBox
+    test_ComboBox
+    test_Picture
+    test_Dialogs
+    test_DesktopRegistry)
+    morvex_teste(platform/${teste} LIGA platform)
+endforeach()
+morvex_teste(platform/test_DesktopSound LIGA platform)
+morvex_teste(platform/test_SingleInstance LIGA platform)
+morvex_teste(platform/test_LongText LIGA platform)

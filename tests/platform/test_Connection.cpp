@@ -1,0 +1,197 @@
+// The connection to a database file: what it opens, what it refuses, what it does to a statement.
+#include "platform/store/Connection.h"
+#include "platform/store/NewDatabase.h"
+#include "testlib/Teste.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+using namespace Qt::StringLiterals;
+
+class TestConnection : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir folder_;
+    QString path_;
+    Connection connection_;
+
+    static QString Fonte(const QString &path) { return u"Data Source='%1'"_s.arg(path); }
+
+    void Escrever_Ficheiro(const QByteArray &bytes) const
+    {
+        QFile file(path_);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+    QStringList Nomes(const QString &where, const std::vector<StoreValue> &values = {})
+    {
+        Recordset rs = connection_.query(u"SELECT Nome FROM T "_s + where, values);
+        QStringList names;
+        for (; !rs.Eof(); rs.MoveNext())
+            names << rs.Fields("Nome").text();
+        return names;
+    }
+    void Criar_Tabela()
+    {
+        createDatabase(
+            path_,
+            {u"CREATE TABLE T (ID INTEGER PRIMARY KEY AUTOINCREMENT, Nome TEXT COLLATE MORVEX) STRICT"_s});
+        connection_.setConnectionString(Fonte(path_));
+        connection_.Open();
+        for (const QString &name : {u"Álvaro"_s, u"ANDRÉ"_s, u"Zita"_s})
+            connection_.execute(u"INSERT INTO T (Nome) VALUES (?)"_s, {name});
+    }
+
+private Q_SLOTS:
+    void init() { path_ = folder_.filePath(u"base.mdb"_s); }
+    void cleanup()
+    {
+        connection_.Close();
+        QFile::remove(path_);
+    }
+
+    void o_que_nao_e_uma_base_nao_abre_nem_e_alterado_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::newRow("no bytes") << QByteArray();
+        QTest::newRow("a line of text") << QByteArray("rubbish\n");
+        QTest::newRow("rubbish of a page") << QByteArray(8192, 'x');
+        QTest::newRow("half a header") << QByteArray("SQLite format 3\0", 16);
+    }
+    void o_que_nao_e_uma_base_nao_abre_nem_e_alterado()
+    {
+        QFETCH(QByteArray, bytes);
+        Escrever_Ficheiro(bytes);
+        connection_.setConnectionString(Fonte(path_));
+        VERIFICAR_FALHA(connection_.Open(), Failure::StoreError);
+        QVERIFY(!connection_.isOpen());
+        QFile file(path_);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), bytes);
+    }
+
+    void ficheiro_em_falta_nao_e_criado()
+    {
+        connection_.setConnectionString(Fonte(path_));
+        VERIFICAR_FALHA(connection_.Open(), Failure::StoreError);
+        QVERIFY(!QFile::exists(path_));
+    }
+
+    void cadeia_de_ligacao_partida_nao_abre_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("empty") << u""_s;
+        QTest::newRow("no source") << u"Provider=X"_s;
+        QTest::newRow("no quotes") << u"Data Source=%1"_s;
+        QTest::newRow("quote in the path") << u"Data Source='%1'x'"_s;
+        QTest::newRow("not closed") << u"Data Source='%1"_s;
+    }
+    void cadeia_de_ligacao_partida_nao_abre()
+    {
+        QFETCH(QString, text);
+        Criar_Tabela();
+        connection_.Close();
+        connection_.setConnectionString(text.replace(u"%1"_s, path_));
+        VERIFICAR_FALHA(connection_.Open(), Failure::StoreError);
+    }
+
+    void uma_ligacao_fechada_recusa_instrucoes()
+    {
+        VERIFICAR_FALHA(connection_.execute(u"DELETE FROM T"_s, {}), Failure::StoreError);
+        VERIFICAR_FALHA(connection_.query(u"SELECT 1"_s, {}), Failure::StoreError);
+    }
+
+    void iguais_like_e_ordem_seguem_as_regras_do_texto()
+    {
+        Criar_Tabela();
+        QCOMPARE(Nomes(u"WHERE Nome=?"_s, {u"andré"_s}), QStringList{u"ANDRÉ"_s});
+        QCOMPARE(Nomes(u"WHERE Nome=?"_s, {u"andre"_s}), QStringList{});
+        QCOMPARE(Nomes(u"WHERE Nome LIKE ?"_s, {u"%ál%"_s}), QStringList{u"Álvaro"_s});
+        QCOMPARE(Nomes(u"WHERE ID LIKE ?"_s, {u"2"_s}), QStringList{u"ANDRÉ"_s});
+        QCOMPARE(Nomes(u"ORDER BY Nome"_s), (QStringList{u"Álvaro"_s, u"ANDRÉ"_s, u"Zita"_s}));
+        QCOMPARE(Nomes(u"WHERE NULL LIKE ?"_s, {u"%"_s}), QStringList{});
+    }
+
+    void delete_com_asterisco_apaga_linhas_inteiras()
+    {
+        Criar_Tabela();
+        connection_.execute(u"DELETE * FROM T WHERE ID=?"_s, {qint64{2}});
+        QCOMPARE(Nomes(u"ORDER BY ID"_s), (QStringList{u"Álvaro"_s, u"Zita"_s}));
+        connection_.execute(u" delete *  from T"_s, {});
+        QCOMPARE(Nomes(u""_s), QStringList{});
+    }
+
+    void um_contador_nao_repete_numeros()
+    {
+        Criar_Tabela();
+        connection_.execute(u"DELETE * FROM T"_s, {});
+        connection_.execute(u"INSERT INTO T (Nome) VALUES ('x')"_s, {});
+        QCOMPARE(connection_.query(u"SELECT ID FROM T"_s, {}).Fields("ID").number(), 4);
+    }
+
+    void um_erro_da_instrucao_traz_a_instrucao_e_a_ligacao_continua()
+    {
+        Criar_Tabela();
+        try {
+            connection_.query(u"SELECT Apelido FROM T"_s, {});
+            QFAIL("no failure");
+        } catch (const Failure &failure) {
+            QCOMPARE(failure.number(), static_cast<int>(Failure::StoreError));
+            QCOMPARE(failure.source(), u"SELECT Apelido FROM T"_s);
+            QVERIFY(failure.description().contains(u"Apelido"_s));
+        }
+        VERIFICAR_FALHA(connection_.execute(u"INSERT INTO T (Nome) VALUES (?)"_s, {}), Failure::StoreError);
+        VERIFICAR_FALHA(connection_.execute(u"INSERT INTO T (ID, Nome) VALUES (1, 'x')"_s, {}),
+                        Failure::StoreError);
+        QCOMPARE(Nomes(u""_s).size(), 3);
+    }
+
+    void um_tipo_errado_falha_na_escrita()
+    {
+        Criar_Tabela();
+        VERIFICAR_FALHA(connection_.execute(u"INSERT INTO T (ID) VALUES (?)"_s, {u"abc"_s}),
+                        Failure::StoreError);
+    }
+
+    void um_conjunto_de_linhas_nao_tranca_o_ficheiro_e_sobrevive_a_ligacao()
+    {
+        Criar_Tabela();
+        Recordset rs = connection_.query(u"SELECT Nome FROM T ORDER BY ID"_s, {});
+        Connection other;
+        other.setConnectionString(Fonte(path_));
+        other.Open();
+        other.execute(u"DELETE * FROM T"_s, {});
+        connection_.Close();
+        QCOMPARE(rs.RecordCount(), 3);
+        QCOMPARE(rs.Fields("Nome").text(), u"Álvaro"_s);
+    }
+
+    void textos_longos_e_de_qualquer_lingua_voltam_inteiros()
+    {
+        Criar_Tabela();
+        const QString text = u"Ł 漢 😀 '\"; DROP TABLE T\r\n"_s.repeated(1000);
+        connection_.execute(u"UPDATE T SET Nome=? WHERE ID=1"_s, {text});
+        QCOMPARE(Nomes(u"WHERE ID=1"_s), QStringList{text});
+    }
+
+    void uma_base_existente_nao_e_criada_por_cima()
+    {
+        Criar_Tabela();
+        VERIFICAR_FALHA(createDatabase(path_, {u"CREATE TABLE U (ID INTEGER)"_s}), Failure::StoreError);
+        QCOMPARE(Nomes(u""_s).size(), 3);
+    }
+
+    // A copy of the one file must be a whole database: no side files, and each write on the disk when it
+    // returns.
+    void o_diario_e_desfeito_e_cada_escrita_vai_ao_disco()
+    {
+        Criar_Tabela();
+        QCOMPARE(connection_.query(u"PRAGMA synchronous"_s, {}).Fields("synchronous").number(), 2);
+        QCOMPARE(connection_.query(u"PRAGMA journal_mode"_s, {}).Fields("journal_mode").text(), u"delete"_s);
+        QCOMPARE(QDir(folder_.path()).entryList(QDir::Files), QStringList{u"base.mdb"_s});
+    }
+};
+
+MORVEX_TESTE(TestConnection)
+#include "test_Connection.moc"
