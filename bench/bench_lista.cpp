@@ -10,7 +10,9 @@
 #include "platform/DesktopSound.h"
 #include "platform/DesktopTray.h"
 #include "platform/ListBox.h"
+#include "platform/mail/PopMailNotification.h"
 #include "platform/Platform.h"
+#include "platform/PurpleMessenger.h"
 #include "platform/store/Connection.h"
 #include "platform/store/TextRules.h"
 #include "session/Main.h"
@@ -143,8 +145,10 @@ int Filho_Main(int argc, char **argv, const QString &pasta)
     DesktopRegistry registry;
     OwnProcess process;
     DesktopTray tray{QIcon(), QIcon()};
-    Platform platform{clock, boxes, dialogs, shell, sound, registry, process, tray};
     Geral geral(pasta);
+    PopMailNotification mail(geral.Ficheiro(u"correio.json"_s), [&geral] { return geral.IdiomaActual; });
+    PurpleMessenger messenger;
+    Platform platform{clock, boxes, dialogs, shell, sound, registry, mail, messenger, process, tray};
     Main janela(geral, platform);
     janela.Carregar();
     Mostrar_E_Pintar(janela);

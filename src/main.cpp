@@ -1,12 +1,15 @@
-// The process: makes the services of the desktop, the process-wide values and the main window, and lets it run.
+// The process: makes the services of the desktop, the process-wide values and the main window, and lets it
+// run.
+#include "session/Main.h"
 #include "data/Geral.h"
 #include "platform/Application.h"
 #include "platform/DesktopRegistry.h"
 #include "platform/DesktopSound.h"
 #include "platform/DesktopTray.h"
+#include "platform/mail/PopMailNotification.h"
 #include "platform/Platform.h"
 #include "platform/ProgramFolder.h"
-#include "session/Main.h"
+#include "platform/PurpleMessenger.h"
 
 #include <QIcon>
 
@@ -23,12 +26,16 @@ int main(int argc, char **argv)
     DesktopSound sound;
     DesktopRegistry registry;
     OwnProcess process;
+    PurpleMessenger messenger;
     DesktopTray tray(QIcon(QStringLiteral(":/imagens/tray/morvex_tray.svg")),
                      QIcon(QStringLiteral(":/imagens/tray/morvex_tray_trancado.svg")));
-    Platform platform{clock, boxes, dialogs, shell, sound, registry, process, tray};
 
     const ProgramFolder folder(ProgramFolder::current(QStringLiteral(MORVEX_INSTALLED_DATA)));
     Geral geral(folder.path());
+    PopMailNotification mail(geral.Ficheiro(QStringLiteral("correio.json")),
+                             [&geral] { return geral.IdiomaActual; });
+    Platform platform{clock, boxes, dialogs, shell, sound, registry, mail, messenger, process, tray};
+
     Main janela(geral, platform);
     janela.Carregar();
     return Application::exec();

@@ -3,7 +3,9 @@
 
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
+#include "platform/MailNotification.h"
 #include "platform/MessageBoxes.h"
+#include "platform/MessengerAPI.h"
 #include "platform/Process.h"
 #include "platform/Registry.h"
 #include "platform/Shell.h"
@@ -17,6 +19,8 @@ struct Platform {
     Shell &shell;
     Sound &sound;
     Registry &registry;
+    MailNotification &mail;
+    MessengerAPI &messenger;
     Process &process;
     Tray &tray;
 };

@@ -1,5 +1,7 @@
 #include "platform/Shell.h"
 
+#include "platform/MailProgram.h"
+
 #include <array>
 #include <QDesktopServices>
 #include <QDir>
@@ -68,3 +70,5 @@ void DesktopShell::openDateAndTimeSettings()
     for (const SettingsProgram &settings : settingsOfDateAndTime)
         if (fits(settings) && start(settings)) return;
 }
+
+void DesktopShell::openMailProgram() { startMailProgram(); }

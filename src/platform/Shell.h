@@ -15,6 +15,9 @@ public:
     // Opens the desktop's settings of date and time. Does not wait; where the desktop has none, nothing
     // happens.
     virtual void openDateAndTimeSettings() = 0;
+
+    // Starts the user's mail program, without a letter in it. Does not wait, tells nothing.
+    virtual void openMailProgram() = 0;
 };
 
 class DesktopShell final : public Shell
@@ -22,4 +25,5 @@ class DesktopShell final : public Shell
 public:
     void open(const QString &target) override;
     void openDateAndTimeSettings() override;
+    void openMailProgram() override;
 };

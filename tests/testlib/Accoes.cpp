@@ -4,8 +4,8 @@
 
 namespace
 {
-constexpr int espera = 10;        // ms between two looks
-constexpr int paciencia = 5000;   // ms altogether
+constexpr int espera = 10;      // ms between two looks
+constexpr int paciencia = 5000; // ms altogether
 
 void Esperar(const std::function<void(QWidget &)> &accao, int resta)
 {

@@ -1,8 +1,8 @@
 // What a person does to forms while a test looks on.
 #pragma once
 
-#include <QtTest>
 #include <functional>
+#include <QtTest>
 
 namespace accoes
 {

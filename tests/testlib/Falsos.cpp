@@ -20,7 +20,8 @@ QString Descrever(const QString &texto, int flags, const QString &titulo)
 
 CaixasFalsas::~CaixasFalsas()
 {
-    for (const Caixa &caixa : esperadas_) Falhar(u"a box did not come: "_s + Descrever(caixa.texto, caixa.flags, caixa.titulo));
+    for (const Caixa &caixa : esperadas_)
+        Falhar(u"a box did not come: "_s + Descrever(caixa.texto, caixa.flags, caixa.titulo));
 }
 
 void CaixasFalsas::Espera(const QString &texto, int flags, const QString &titulo, int resposta)
@@ -28,7 +29,10 @@ void CaixasFalsas::Espera(const QString &texto, int flags, const QString &titulo
     esperadas_.append({texto, flags, titulo, resposta});
 }
 
-void CaixasFalsas::Espera_Erro(int numero) { esperadas_.append({QString::number(numero), caixa_de_erro, {}, answer::ok}); }
+void CaixasFalsas::Espera_Erro(int numero)
+{
+    esperadas_.append({QString::number(numero), caixa_de_erro, {}, answer::ok});
+}
 
 int CaixasFalsas::show(const QString &text, int flags, const QString &title, QWidget *)
 {
@@ -54,7 +58,8 @@ void CaixasFalsas::showError(const Failure &failure)
 
 namespace
 {
-template<class Resposta> std::optional<Resposta> Responder(QList<std::optional<Resposta>> &prontas, const QString &pergunta)
+template<class Resposta>
+std::optional<Resposta> Responder(QList<std::optional<Resposta>> &prontas, const QString &pergunta)
 {
     if (!prontas.isEmpty()) return prontas.takeFirst();
     Falhar(u"an unexpected dialog: "_s + pergunta);
@@ -117,6 +122,23 @@ bool RegistoFalso::writeString(Root root, const QString &key, const QString &nam
 bool RegistoFalso::deleteValue(Root root, const QString &key, const QString &name)
 {
     return valores.remove(Valor(root, key, name)) > 0;
+}
+
+void CorreioFalso::setActivo(bool activo)
+{
+    historia << (activo ? u"+ "_s + servidor_ + u'|' + conta_ + u'|' + senha_ : u"-"_s);
+    if (activo) return;
+    falhou = false;
+    texto_erro.clear();
+    mensagens = 0;
+}
+
+std::optional<int> MensageiroFalso::status(const QString &address)
+{
+    perguntas << address;
+    for (const Contact &contacto : contactos)
+        if (contacto.address == address) return contacto.status;
+    return std::nullopt;
 }
 
 void TabuleiroFalso::add(Look look, const QString &tip, QMenu *icon_menu)

@@ -46,8 +46,8 @@ private:
     QList<Caixa> esperadas_;
 };
 
-// Dialogs answer what was put ready, in its order; nothing is a cancel. One that nobody expected fails the test.
-// What each was asked stands in `perguntas`.
+// Dialogs answer what was put ready, in its order; nothing is a cancel. One that nobody expected fails the
+// test. What each was asked stands in `perguntas`.
 class DialogosFalsos final : public Dialogs
 {
 public:
@@ -87,7 +87,46 @@ public:
     void open(const QString &target) override { abertos << target; }
     void openDateAndTimeSettings() override { ++acertos; }
     QStringList abertos;
-    int acertos = 0; // times the settings of date and time were asked for
+    void openMailProgram() override { ++correios; }
+    int correios = 0; // times the mail program was asked for
+    int acertos = 0;  // times the settings of date and time were asked for
+};
+
+// A mail checker whose results the test sets. What it was told stands in `historia`: "+
+// server|account|password" for each start, "-" for each stop. A stop clears the results, as the real one
+// does.
+class CorreioFalso final : public MailNotification
+{
+public:
+    void setActivo(bool activo) override;
+    void setServidor(const QString &servidor) override { servidor_ = servidor; }
+    void setConta(const QString &conta) override { conta_ = conta; }
+    void setSenha(const QString &senha) override { senha_ = senha; }
+    bool Falhou() const override { return falhou; }
+    QString TextoErro() const override { return texto_erro; }
+    bool TemCorreio() override { return mensagens > 0; }
+    qint16 NumeroMensagens() const override { return mensagens; }
+
+    bool falhou = false;
+    QString texto_erro;
+    qint16 mensagens = 0;
+    QStringList historia;
+
+private:
+    QString servidor_, conta_, senha_;
+};
+
+// A messenger with the contacts that the test gives it, in their order.
+class MensageiroFalso final : public MessengerAPI
+{
+public:
+    std::optional<int> status(const QString &address) override;
+    QList<Contact> contacts() override { return contactos; }
+    void openConversation(const QString &address) override { conversas << address; }
+
+    QList<Contact> contactos;
+    QStringList perguntas; // addresses whose status was asked for
+    QStringList conversas;
 };
 
 // The end of the process is noted, and the test goes on.

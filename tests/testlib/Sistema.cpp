@@ -14,7 +14,8 @@ namespace
 void Copiar_Enviados(const QString &destino)
 {
     const QDir enviados(qEnvironmentVariable("MORVEX_ENVIADOS"));
-    for (const QString &nome : enviados.entryList({u"*.jpg"_s, u"*.mdb"_s, u"*.ini"_s, u"*.txt"_s, u"*.wav"_s}))
+    for (const QString &nome :
+         enviados.entryList({u"*.jpg"_s, u"*.mdb"_s, u"*.ini"_s, u"*.txt"_s, u"*.wav"_s}))
         QFile::copy(enviados.filePath(nome), destino + u'/' + nome);
 }
 } // namespace
@@ -29,8 +30,9 @@ Sistema::Sistema(Estado estado, const QString &idioma) : geral(pasta_.path())
         sementes.Idioma = idioma;
         sementes::Semear(geral.de, sementes);
         geral.IdiomaActual = idioma;
-        for (bool *direito : {&geral.SessaoActual.Adicionar, &geral.SessaoActual.Editar, &geral.SessaoActual.Eliminar,
-                              &geral.SessaoActual.Grupos, &geral.SessaoActual.Utilizadores})
+        for (bool *direito :
+             {&geral.SessaoActual.Adicionar, &geral.SessaoActual.Editar, &geral.SessaoActual.Eliminar,
+              &geral.SessaoActual.Grupos, &geral.SessaoActual.Utilizadores})
             *direito = true; // as the start gives them where there are no users
     }
     if (estado != Estado::Vazio) geral.ini.Escrever_Ini(u"basedados"_s, u"caminhobd"_s, Base());
@@ -56,7 +58,8 @@ QStringList Sistema::Linhas(const QString &sql)
     // One text a row is built by the database: names of columns don't matter then.
     Recordset rs = Ler(sql);
     QStringList linhas;
-    for (; !rs.Eof(); rs.MoveNext()) linhas << rs.Row().join(u'|');
+    for (; !rs.Eof(); rs.MoveNext())
+        linhas << rs.Row().join(u'|');
     return linhas;
 }
 
@@ -66,10 +69,12 @@ QString Sistema::Texto(int id)
     return rs.Fields("texto").text();
 }
 
-int Sistema::Novo_Utilizador(const QString &nome, const QString &senha, const QString &direitos, bool pedir_senha)
+int Sistema::Novo_Utilizador(const QString &nome, const QString &senha, const QString &direitos,
+                             bool pedir_senha)
 {
     const auto d = [&](int i) { return QString(direitos[i]); };
-    geral.de.Executar("cmdAdicionarUser", {nome, Codificar_Pass(senha), pedir_senha, d(0), d(1), d(2), d(3), d(4)});
+    geral.de.Executar("cmdAdicionarUser",
+                      {nome, Codificar_Pass(senha), pedir_senha, d(0), d(1), d(2), d(3), d(4)});
     return Ultimo_Id(u"TblUsers"_s);
 }
 
@@ -92,9 +97,9 @@ int Sistema::Novo_Contacto(const QMap<QString, Value> &colunas)
     const auto c = [&](const QString &nome) { return colunas.value(nome, Value(QString(u""_s))); };
     geral.de.Executar("cmdAdicionarNome",
                       {c(u"Nome"_s), c(u"Telefone1"_s), c(u"Telefone2"_s), c(u"Fax"_s), c(u"Telemovel1"_s),
-                       c(u"Telemovel2"_s), c(u"Telemovel3"_s), c(u"Dia"_s), c(u"Mes"_s), c(u"Ano"_s), c(u"Email1"_s),
-                       c(u"Email2"_s), c(u"Website"_s), c(u"Morada"_s), c(u"Obs"_s), c(u"Fotografia"_s),
-                       colunas.value(u"Grupo"_s, Value(6))});
+                       c(u"Telemovel2"_s), c(u"Telemovel3"_s), c(u"Dia"_s), c(u"Mes"_s), c(u"Ano"_s),
+                       c(u"Email1"_s), c(u"Email2"_s), c(u"Website"_s), c(u"Morada"_s), c(u"Obs"_s),
+                       c(u"Fotografia"_s), colunas.value(u"Grupo"_s, Value(6))});
     return Ultimo_Id(u"TblLista"_s);
 }
 

@@ -34,8 +34,8 @@ public:
     QString Texto(int id);
 
     // A user with a scrambled password; all rights unless told otherwise. Returns the ID.
-    int Novo_Utilizador(const QString &nome, const QString &senha, const QString &direitos = QStringLiteral("11111"),
-                        bool pedir_senha = false);
+    int Novo_Utilizador(const QString &nome, const QString &senha,
+                        const QString &direitos = QStringLiteral("11111"), bool pedir_senha = false);
     // Puts that user into the session, as a login would.
     void Entrar(const QString &nome);
 
@@ -56,8 +56,11 @@ public:
     ShellFalsa shell;
     SomFalso som;
     RegistoFalso registo;
+    CorreioFalso correio;
+    MensageiroFalso mensageiro;
     ProcessoFalso processo;
     TabuleiroFalso tabuleiro;
-    Platform plataforma{relogio, caixas, dialogos, shell, som, registo, processo, tabuleiro};
+    Platform plataforma{relogio, caixas,  dialogos,   shell,    som,
+                        registo, correio, mensageiro, processo, tabuleiro};
     Geral geral;
 };

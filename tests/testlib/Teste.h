@@ -21,22 +21,22 @@ public:
 } // namespace teste
 
 // Passes when the expression raises a Failure of that number.
-#define VERIFICAR_FALHA(expressao, numero)                                                                             \
-    do {                                                                                                               \
-        int falha_vista = 0;                                                                                           \
-        try {                                                                                                          \
-            expressao;                                                                                                 \
-        } catch (const Failure &falha) {                                                                               \
-            falha_vista = falha.number();                                                                              \
-        }                                                                                                              \
-        QCOMPARE(falha_vista, static_cast<int>(numero));                                                               \
+#define VERIFICAR_FALHA(expressao, numero)                                                                   \
+    do {                                                                                                     \
+        int falha_vista = 0;                                                                                 \
+        try {                                                                                                \
+            expressao;                                                                                       \
+        } catch (const Failure &falha) {                                                                     \
+            falha_vista = falha.number();                                                                    \
+        }                                                                                                    \
+        QCOMPARE(falha_vista, static_cast<int>(numero));                                                     \
     } while (false)
 
-#define MORVEX_TESTE(Classe)                                                                                           \
-    int main(int argc, char **argv)                                                                                    \
-    {                                                                                                                  \
-        teste::CaixasDaAplicacao caixas;                                                                               \
-        Application application(argc, argv, caixas);                                                                   \
-        Classe testes;                                                                                                 \
-        return QTest::qExec(&testes, argc, argv);                                                                      \
+#define MORVEX_TESTE(Classe)                                                                                 \
+    int main(int argc, char **argv)                                                                          \
+    {                                                                                                        \
+        teste::CaixasDaAplicacao caixas;                                                                     \
+        Application application(argc, argv, caixas);                                                         \
+        Classe testes;                                                                                       \
+        return QTest::qExec(&testes, argc, argv);                                                            \
     }

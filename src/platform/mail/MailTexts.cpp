@@ -53,7 +53,8 @@ constexpr std::array table{
 
 Language languageOf(const QString &code)
 {
-    constexpr std::array codes{"pt_PT", "pt_BR", "en", "es", "it", "fr", "de"};
+    constexpr std::array codes{"PortuguesPT", "PortuguesBR", "InglesUK", "EspanholES",
+                               "ItalianoIT",  "FrancesFR",   "AlemaoDE"};
     for (std::size_t i = 0; i < codes.size(); ++i)
         if (code == QLatin1String(codes[i])) return static_cast<Language>(i);
     return En;

@@ -1,4 +1,4 @@
-#include "platform/mail/MailNotification.h"
+#include "platform/mail/PopMailNotification.h"
 
 #include "platform/mail/MailTexts.h"
 
@@ -15,16 +15,17 @@ constexpr std::chrono::milliseconds afterGoodCheck = 15s; // a server wants to b
 constexpr int busyTimesTolerated = 2;
 } // namespace
 
-MailNotification::MailNotification(const QString &memory, std::function<QString()> language, QObject *parent)
+PopMailNotification::PopMailNotification(const QString &memory, std::function<QString()> language,
+                                         QObject *parent)
     : QObject(parent), seen_(memory), language_(std::move(language))
 {
     next_.setSingleShot(true);
-    connect(&next_, &QTimer::timeout, this, &MailNotification::check);
+    connect(&next_, &QTimer::timeout, this, &PopMailNotification::check);
 }
 
-MailNotification::~MailNotification() { delete check_; }
+PopMailNotification::~PopMailNotification() { delete check_; }
 
-void MailNotification::Activo(bool activo)
+void PopMailNotification::setActivo(bool activo)
 {
     next_.stop();
     if (check_) check_->deleteLater();
@@ -36,7 +37,7 @@ void MailNotification::Activo(bool activo)
     next_.start(std::chrono::milliseconds(std::max<qint64>(0, afterGoodCheck.count() - since)));
 }
 
-void MailNotification::clear()
+void PopMailNotification::clear()
 {
     error_ = MailError::None;
     newMessages_ = 0;
@@ -44,12 +45,12 @@ void MailNotification::clear()
     result_ = {};
 }
 
-QString MailNotification::TextoErro() const
+QString PopMailNotification::TextoErro() const
 {
     return Falhou() ? mailErrorText(error_, language_()) : QString();
 }
 
-bool MailNotification::TemCorreio()
+bool PopMailNotification::TemCorreio()
 {
     if (newMessages_ == 0) return false;
     if (!announced_) seen_.announce(mailbox(), result_);
@@ -57,7 +58,7 @@ bool MailNotification::TemCorreio()
     return true;
 }
 
-void MailNotification::check()
+void PopMailNotification::check()
 {
     const auto server = MailServer::parse(server_);
     if (!server) return failed(MailError::Address);
@@ -73,7 +74,7 @@ void MailNotification::check()
     check_->start();
 }
 
-void MailNotification::succeeded(const Pop3Check::Result &result)
+void PopMailNotification::succeeded(const Pop3Check::Result &result)
 {
     check_->deleteLater();
     check_ = nullptr;
@@ -88,7 +89,7 @@ void MailNotification::succeeded(const Pop3Check::Result &result)
     next_.start(std::max<std::chrono::milliseconds>(betweenChecks, std::chrono::seconds(result.loginDelay)));
 }
 
-void MailNotification::failed(MailError error)
+void PopMailNotification::failed(MailError error)
 {
     if (check_) check_->deleteLater();
     check_ = nullptr;
