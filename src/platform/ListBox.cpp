@@ -137,18 +137,25 @@ void ListBox::selectionChanged(const QItemSelection &selected, const QItemSelect
     if (!assigning_ && !selected.isEmpty()) Q_EMIT Click();
 }
 
-// A press on the row that is selected already changes nothing, and still is a click.
+// Once a row is selected, one always is: no key and no modifier takes the selection away.
+QItemSelectionModel::SelectionFlags ListBox::selectionCommand(const QModelIndex &index, const QEvent *) const
+{
+    return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
+}
+
+// Only the left button selects. A press on the row that is selected already changes nothing, and still is a click.
 void ListBox::mousePressEvent(QMouseEvent *event)
 {
+    if (event->button() != Qt::LeftButton) return;
     const int before = ListIndex();
     QListView::mousePressEvent(event);
     const bool onRow = indexAt(event->position().toPoint()).isValid();
-    if (onRow && event->button() == Qt::LeftButton && ListIndex() == before) Q_EMIT Click();
+    if (onRow && ListIndex() == before) Q_EMIT Click();
 }
 
 void ListBox::mouseReleaseEvent(QMouseEvent *event)
 {
-    QListView::mouseReleaseEvent(event);
+    if (event->button() == Qt::LeftButton) QListView::mouseReleaseEvent(event);
     if (event->button() == Qt::RightButton) Q_EMIT RightButtonUp(event->globalPosition().toPoint());
 }
 

@@ -50,6 +50,8 @@ Q_SIGNALS:
 
 protected:
     void selectionChanged(const QItemSelection &selected, const QItemSelection &deselected) override;
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &index,
+                                                         const QEvent *event = nullptr) const override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
