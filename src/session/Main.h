@@ -6,9 +6,13 @@
 
 #include <QMainWindow>
 
+class Arranque;
 class CartaoContacto;
 class Geral;
+class Lembretes;
 class ListaContactos;
+class Memos;
+class ProcuraRapida;
 class SystemTray;
 struct Platform;
 
@@ -17,6 +21,9 @@ class Main final : public QMainWindow, public Ui::Main
     Q_OBJECT
 public:
     Main(Geral &geral, Platform &platform);
+
+    // The steps of the start over this window.
+    Arranque Inicio();
 
     // The whole start: afterwards the window is shown, or hidden in the tray if the user wants it so.
     void Carregar();
@@ -34,6 +41,7 @@ private:
 
     void timerPonto_Timer();
     void lblTemporizador_Change();
+    void Opcoes_Click();
     void Sobre_Click();
 
     Geral &geral_;
@@ -41,5 +49,8 @@ private:
     CartaoContacto *cartao_; // children of the window, like all that follow
     ListaContactos *lista_;
     SystemTray *tray_;
+    Lembretes *lembretes_;
+    Memos *memos_;
+    ProcuraRapida *procuraRapida_;
     QString EstadoPonto; // "1" or "2": the phase of the blinking dot
 };

@@ -11,8 +11,12 @@
 SystemTray::SystemTray(QWidget &janela, QMenu &MenuSystemTray, Geral &geral, Platform &platform)
     : QObject(&janela), janela_(janela), MenuSystemTray_(MenuSystemTray), geral_(geral), platform_(platform)
 {
-    connect(&platform_.tray, &Tray::leftButtonDown, this,
-            [this](Tray::Look look) { Botao_Esquerdo(look == Tray::Look::Picture2); });
+    connect(&platform_.tray, &Tray::leftButtonDown, this, [this](Tray::Look look) {
+        if (look == Tray::Look::Picture2)
+            Restaurar_Janela();
+        else
+            Botao_Esquerdo_No_Icone();
+    });
     connect(&platform_.tray, &Tray::menuAboutToOpen, this, [this] {
         if (janela_.isVisible()) janela_.activateWindow();
     });
@@ -33,15 +37,9 @@ void SystemTray::Minimizar_Tray()
     platform_.tray.add(Tray::Look::Picture2, janela_.windowTitle(), &MenuSystemTray_);
 }
 
-// A modal form lets further messages arrive while the handler of one is still at work.
-void SystemTray::Botao_Esquerdo(bool trancado)
+void SystemTray::Botao_Esquerdo_No_Icone()
 {
-    if (ocupado_) return;
-    const QScopedValueRollback guarda(ocupado_, true);
-    if (trancado)
-        Restaurar_Janela();
-    else
-        Mostrar_Janela();
+    if (!ocupado_) Mostrar_Janela();
 }
 
 void SystemTray::Mostrar_Janela()
@@ -53,8 +51,24 @@ void SystemTray::Mostrar_Janela()
 
 void SystemTray::Restaurar_Janela()
 {
-    if (janela_.isVisible()) return;
-    if (!geral_.SessaoActual.PedirPassSystemTray) return Mostrar_Janela();
+    if (ocupado_ || janela_.isVisible()) return;
+    if (geral_.SessaoActual.PedirPassSystemTray)
+        Pedir_Senha();
+    else
+        Mostrar_Janela();
+}
+
+void SystemTray::Trazer_Janela()
+{
+    if (TrayBloqueado_) return Restaurar_Janela();
+    if (janela_.isMinimized()) janela_.showNormal();
+    if (!janela_.isVisible()) janela_.show();
+}
+
+// A modal form lets further messages of the icon arrive while it stands open.
+void SystemTray::Pedir_Senha()
+{
+    const QScopedValueRollback guarda(ocupado_, true);
     frmLogin login(geral_, platform_);
     login.Fixar_Utilizador(geral_.SessaoActual.Utilizador);
     connect(&login, &frmLogin::Reaberta, this, &SystemTray::Reabrir);
@@ -66,5 +80,6 @@ void SystemTray::Reabrir(const QString &legenda)
 {
     platform_.tray.remove(Tray::Look::Picture2);
     Adicionar_Icone(legenda);
+    TrayBloqueado_ = false;
     Mostrar_Janela();
 }

@@ -22,14 +22,20 @@ public:
     // Hides the window. With the user's password preference set, locks it too and shows the other icon.
     void Minimizar_Tray();
 
-    // Brings a hidden window back, through frmLogin if the user's preference asks for the password.
+    // Brings a hidden window back, through frmLogin if the user's preference asks for the password. While that
+    // stands open, further calls do nothing.
     void Restaurar_Janela();
+
+    // For whom has something to show in the window: reopens it the locked way if it was locked, otherwise
+    // restores it from minimised and shows it from hidden.
+    void Trazer_Janela();
 
     bool TrayBloqueado() const { return TrayBloqueado_; }
 
 private:
-    void Botao_Esquerdo(bool trancado);
+    void Botao_Esquerdo_No_Icone();
     void Mostrar_Janela();
+    void Pedir_Senha();
     void Reabrir(const QString &legenda);
 
     QWidget &janela_;
