@@ -13,15 +13,22 @@ bool Confirma_Com_Tarefas(Geral &geral, Platform &platform, QWidget *dono)
                           QLatin1String("\r\n") + geral.Ler_Idioma(227);
     return platform.boxes.show(aviso, box::exclamation | box::yesNo, dono->windowTitle(), dono) == answer::yes;
 }
-} // namespace
 
-void Sair(Geral &geral, Platform &platform, QWidget *dono)
+bool Confirma(Geral &geral, Platform &platform, QWidget *dono)
 {
     Recordset &rs = geral.de.Abrir("cmdListarTarefas", {geral.SessaoActual.IdUtilizador});
     const bool sai = rs.RecordCount() == 0 || Confirma_Com_Tarefas(geral, platform, dono);
     rs.Close();
-    if (!sai) return;
-    platform.tray.remove(Tray::Look::Picture1);
-    platform.tray.remove(Tray::Look::Picture2);
-    platform.process.end();
+    return sai;
+}
+} // namespace
+
+void Sair(Geral &geral, Platform &platform, QWidget *dono)
+{
+    endOnFailure(platform.boxes, platform.process, [&] {
+        if (!Confirma(geral, platform, dono)) return;
+        platform.tray.remove(Tray::Look::Picture1);
+        platform.tray.remove(Tray::Look::Picture2);
+        platform.process.end();
+    });
 }
