@@ -1,0 +1,198 @@
+// The captions of the main window: every one of its texts, in every language.
+#include "data/Idiomas.h"
+#include "platform/Controls.h"
+#include "session/Legendas.h"
+#include "session/Main.h"
+#include "testlib/Sistema.h"
+#include "testlib/Teste.h"
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+struct Legenda {
+    const char *controlo;
+    int texto;
+};
+
+// Labels and buttons, menus and their entries: the caption itself.
+constexpr auto legendas_escritas = std::to_array<Legenda>({
+    {"lblPesquisa", 3},
+    {"lblGrupo", 184},
+    {"cmdNovo", 45},
+    {"cmdEditar", 46},
+    {"cmdEliminar", 47},
+    {"Ficheiro", 125},
+    {"Imprimir", 126},
+    {"ImprimirLista", 127},
+    {"ImprimirEnvelope", 128},
+    {"Utilizadores", 129},
+    {"CriarUtilizadores", 130},
+    {"EditarUtilizadores", 131},
+    {"EliminarUtilizadores", 132},
+    {"Importar", 133},
+    {"Exportar", 257},
+    {"Grupos", 134},
+    {"CriarGrupos", 130},
+    {"EditarGrupos", 131},
+    {"EliminarGrupos", 132},
+    {"Fechar", 135},
+    {"Sair", 136},
+    {"Contactos", 137},
+    {"NovoContacto", 138},
+    {"EditarContacto", 139},
+    {"EliminarContacto", 140},
+    {"procurar", 141},
+    {"Email", 142},
+    {"Website", 143},
+    {"Anterior", 144},
+    {"Seguinte", 145},
+    {"Ferramentas", 146},
+    {"mnuMailNotification", 252},
+    {"Aniversarios", 147},
+    {"Memo", 148},
+    {"NovaTarefa", 149},
+    {"ListaTarefas", 150},
+    {"mnuBackup", 254},
+    {"Opcoes", 151},
+    {"Ajuda", 152},
+    {"TopicosAjuda", 153},
+    {"Sugerir", 154},
+    {"Leiame", 155},
+    {"Sobre", 156},
+    {"RightClickEditar", 131},
+    {"RightClickEliminar", 132},
+    {"RightClickEmail", 142},
+    {"RightClickMessenger", 241},
+    {"RightClickWebsite", 143},
+    {"RightClickPrintContacto", 158},
+    {"RightClickEnvelope", 159},
+    {"SystemTrayAbrirMorvex", 157},
+    {"SystemTrayProcurar", 141},
+    {"SystemTrayNovaTarefa", 149},
+    {"SystemTrayListaTarefas", 150},
+    {"SystemTrayMemo", 148},
+    {"SystemTraySobre", 156},
+    {"SystemTraySair", 136},
+});
+
+// Pictures and toolbar buttons: the tip.
+constexpr auto dicas = std::to_array<Legenda>({
+    {"Thumb", 264},
+    {"imgTelefone1", 28},
+    {"imgTelefone2", 29},
+    {"imgTelemovel1", 30},
+    {"imgTelemovel2", 31},
+    {"imgTelemovel3", 32},
+    {"imgAniversario", 38},
+    {"imgWebsite", 34},
+    {"imgMorada", 36},
+    {"imgObservacoes", 37},
+    {"imgGrupo", 42},
+    {"novo_contacto", 138},
+    {"editar_contacto", 139},
+    {"eliminar_contacto", 140},
+    {"procurar", 141},
+    {"imprimir", 73},
+    {"imprimir_envelope", 159},
+    {"enviar_email", 142},
+    {"messenger", 241},
+    {"visitar_website", 143},
+    {"keyCheckMail", 252},
+    {"aniversarios", 147},
+    {"memo", 148},
+    {"nova_tarefa", 149},
+    {"cima", 144},
+    {"baixo", 145},
+    {"opcoes", 151},
+    {"ajuda", 266},
+});
+
+QString Escrita(const Main &janela, const QString &controlo)
+{
+    if (const auto *menu = janela.findChild<QMenu *>(controlo)) return menu->title();
+    return control<QObject>(janela, controlo).property("text").toString();
+}
+
+QString Dica(const Main &janela, const QString &controlo)
+{
+    return control<QObject>(janela, controlo).property("toolTip").toString();
+}
+} // namespace
+
+class TestLegendas : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cada_controlo_tem_o_seu_texto_em_cada_lingua_data()
+    {
+        QTest::addColumn<QString>("idioma");
+        for (const Idioma &idioma : idiomas::todos)
+            QTest::newRow(idioma.coluna) << QString::fromLatin1(idioma.coluna);
+    }
+    void cada_controlo_tem_o_seu_texto_em_cada_lingua()
+    {
+        QFETCH(QString, idioma);
+        Sistema s(Sistema::Estado::Semeado, idioma);
+        Main janela(s.geral, s.plataforma);
+        legendas::Atribuir(janela, s.geral);
+        for (const Legenda &legenda : legendas_escritas) {
+            QVERIFY2(!s.Texto(legenda.texto).isEmpty(), legenda.controlo);
+            QVERIFY2(Escrita(janela, QLatin1StringView(legenda.controlo)) == s.Texto(legenda.texto),
+                     legenda.controlo);
+        }
+        for (const Legenda &dica : dicas)
+            QVERIFY2(Dica(janela, QLatin1StringView(dica.controlo)) == withoutMnemonic(s.Texto(dica.texto)),
+                     dica.controlo);
+    }
+
+    void fax_e_mails_tem_dicas_fixas_em_qualquer_lingua()
+    {
+        for (const QString &idioma : {u"PortuguesPT"_s, u"AlemaoDE"_s}) {
+            Sistema s(Sistema::Estado::Semeado, idioma);
+            Main janela(s.geral, s.plataforma);
+            legendas::Atribuir(janela, s.geral);
+            QCOMPARE(janela.imgFax->toolTip(), u"Fax"_s);
+            QCOMPARE(janela.imgEmail1->toolTip(), u"E-mail 1"_s);
+            QCOMPARE(janela.imgEmail2->toolTip(), u"E-mail 2"_s);
+        }
+    }
+
+    void uma_imagem_diz_a_sua_dica_ao_leitor_de_ecra()
+    {
+        Sistema s;
+        Main janela(s.geral, s.plataforma);
+        legendas::Atribuir(janela, s.geral);
+        QCOMPARE(janela.imgTelefone1->accessibleName(), s.Texto(28));
+    }
+
+    void sem_lingua_activa_ficam_todas_em_branco()
+    {
+        Sistema s;
+        s.geral.IdiomaActual.clear();
+        Main janela(s.geral, s.plataforma);
+        legendas::Atribuir(janela, s.geral);
+        for (const Legenda &legenda : legendas_escritas)
+            QVERIFY2(Escrita(janela, QLatin1StringView(legenda.controlo)).isEmpty(), legenda.controlo);
+        QCOMPARE(janela.imgFax->toolTip(), u"Fax"_s);
+    }
+
+    void um_texto_que_falta_deixa_a_legenda_do_desenho_e_as_outras_seguem()
+    {
+        Sistema s;
+        s.Escrever(u"DELETE FROM TblIdiomas WHERE ID=184"_s);
+        s.Escrever(u"UPDATE TblIdiomas SET PortuguesPT=NULL WHERE ID=45"_s);
+        Main janela(s.geral, s.plataforma);
+        const QString grupo = janela.lblGrupo->text();
+        const QString novo = janela.cmdNovo->text();
+        legendas::Atribuir(janela, s.geral);
+        QCOMPARE(janela.lblGrupo->text(), grupo);
+        QCOMPARE(janela.cmdNovo->text(), novo);
+        QCOMPARE(janela.imgTelefone1->toolTip(), s.Texto(28));
+        QCOMPARE(janela.ajuda->toolTip(), withoutMnemonic(s.Texto(266)));
+    }
+};
+
+MORVEX_TESTE(TestLegendas)
+#include "test_Legendas.moc"

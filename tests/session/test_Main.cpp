@@ -1,0 +1,269 @@
+// The main window: its timers, its dot, its keys, and that closing it only hides it.
+#include "data/frmSeleccionarIdioma.h"
+#include "platform/Controls.h"
+#include "platform/Units.h"
+#include "session/frmLogin.h"
+#include "session/Main.h"
+#include "testlib/ComJanela.h"
+#include "testlib/Teste.h"
+
+using namespace Qt::StringLiterals;
+
+class TestMain : public QObject
+{
+    Q_OBJECT
+
+    static void Tique(Timer &timer) { QVERIFY(QMetaObject::invokeMethod(&timer, "timeout")); }
+
+    static QColor Cor_Do_Ponto(const Main &janela)
+    {
+        return janela.PontoTarefas->palette().color(QPalette::Window);
+    }
+
+    // The two timers that a form stops and starts; they always go together.
+    static bool A_Andar(const Sistema &s)
+    {
+        return s.geral.temporizadores.timerTarefas.Enabled() && s.geral.temporizadores.timerPonto.Enabled();
+    }
+    static bool Parados(const Sistema &s)
+    {
+        return !s.geral.temporizadores.timerTarefas.Enabled() && !s.geral.temporizadores.timerPonto.Enabled();
+    }
+
+    // Counts the clicks of a button whose work is another's matter.
+    struct Cliques {
+        explicit Cliques(QAbstractButton *botao)
+            : espia((botao->disconnect(SIGNAL(clicked(bool))), botao), &QAbstractButton::clicked)
+        {
+        }
+        qsizetype size() const { return espia.size(); }
+        QSignalSpy espia;
+    };
+
+private Q_SLOTS:
+    // Timers
+
+    void cada_temporizador_tem_o_seu_intervalo_e_estado_do_desenho()
+    {
+        const Sistema s;
+        const Temporizadores &t = s.geral.temporizadores;
+        struct {
+            const Timer &timer;
+            int intervalo;
+            bool ligado;
+        } const tabela[]{{t.timerTarefas, 1000, true},
+                         {t.timerPonto, 1000, true},
+                         {t.timerAniversarios, 59000, true},
+                         {t.TimerMailNotification, 60000, false},
+                         {t.TimerMailNotification3, 5000, false},
+                         {t.TimerVerificacaoEmail, 11000, false},
+                         {t.TimerStatusOfContact, 5000, false},
+                         {t.TimerDownload, 60000, true}};
+        for (const auto &linha : tabela) {
+            QCOMPARE(linha.timer.interval(), linha.intervalo);
+            QCOMPARE(linha.timer.Enabled(), linha.ligado);
+            QVERIFY(!linha.timer.isSingleShot());
+        }
+    }
+
+    void stop_para_os_quatro_e_deixa_os_outros()
+    {
+        Sistema s;
+        Temporizadores &t = s.geral.temporizadores;
+        for (Timer *timer : {&t.TimerMailNotification, &t.TimerMailNotification3, &t.TimerVerificacaoEmail,
+                             &t.TimerStatusOfContact})
+            timer->setEnabled(true);
+        t.Gerir_Temporizadores(u"stop"_s);
+        QVERIFY(Parados(s));
+        QVERIFY(!t.TimerMailNotification.Enabled() && !t.TimerMailNotification3.Enabled());
+        QVERIFY(t.timerAniversarios.Enabled() && t.TimerVerificacaoEmail.Enabled());
+        QVERIFY(t.TimerStatusOfContact.Enabled() && t.TimerDownload.Enabled());
+    }
+
+    void start_liga_dois_e_chama_IniciarMail()
+    {
+        Sistema s;
+        Temporizadores &t = s.geral.temporizadores;
+        t.Gerir_Temporizadores(u"stop"_s);
+        bool ligados_antes = false;
+        int chamadas = 0;
+        connect(&t, &Temporizadores::IniciarMail, &t, [&] {
+            ++chamadas;
+            ligados_antes = A_Andar(s);
+        });
+        t.Gerir_Temporizadores(u"start"_s);
+        QCOMPARE(chamadas, 1);
+        QVERIFY(ligados_antes);
+        QVERIFY(!t.TimerMailNotification.Enabled() && !t.TimerMailNotification3.Enabled());
+    }
+
+    void outra_palavra_nada_faz()
+    {
+        Sistema s;
+        Temporizadores &t = s.geral.temporizadores;
+        const QSignalSpy mail(&t, &Temporizadores::IniciarMail);
+        for (const QString &accao : {u""_s, u"Stop"_s, u"STOP"_s, u"pause"_s})
+            t.Gerir_Temporizadores(accao);
+        QVERIFY(A_Andar(s));
+        t.Gerir_Temporizadores(u"stop"_s);
+        t.Gerir_Temporizadores(u"Start"_s);
+        QVERIFY(Parados(s));
+        QCOMPARE(mail.size(), 0);
+    }
+
+    void um_formulario_para_os_temporizadores_ao_abrir_e_liga_os_ao_fechar()
+    {
+        Sistema s;
+        s.geral.SessaoActual.Utilizador = u"Ana"_s;
+        const QSignalSpy mail(&s.geral.temporizadores, &Temporizadores::IniciarMail);
+        frmLogin form(s.geral, s.plataforma);
+        QVERIFY(Parados(s));
+        QCOMPARE(mail.size(), 0);
+        form.show();
+        form.close();
+        QVERIFY(A_Andar(s));
+        QCOMPARE(mail.size(), 1);
+    }
+
+    void a_escolha_da_lingua_liga_so_os_seus_dois_ao_fechar()
+    {
+        Sistema s;
+        const QSignalSpy mail(&s.geral.temporizadores, &Temporizadores::IniciarMail);
+        frmSeleccionarIdioma form(s.geral, s.plataforma);
+        QVERIFY(Parados(s));
+        form.show();
+        form.close();
+        QVERIFY(A_Andar(s));
+        QCOMPARE(mail.size(), 0);
+    }
+
+    // The dot
+
+    void o_ponto_esta_no_seu_lugar_na_cor_do_desenho()
+    {
+        Sistema s;
+        const Main janela(s.geral, s.plataforma);
+        QCOMPARE(janela.PontoTarefas->pos(), QPoint(pixels(9360), pixels(6225)));
+        QCOMPARE(Cor_Do_Ponto(janela), QColor(0xF8, 0xF8, 0xF8));
+    }
+
+    void o_ponto_muda_de_cor_em_cada_tique()
+    {
+        Sistema s;
+        const Main janela(s.geral, s.plataforma);
+        for (const QColor &cor : {QColor(Qt::black), QColor(0xF8, 0xF8, 0xF8), QColor(Qt::black)}) {
+            Tique(s.geral.temporizadores.timerPonto);
+            QCOMPARE(Cor_Do_Ponto(janela), cor);
+        }
+    }
+
+    void o_ponto_pisca_com_o_temporizador_e_para_com_ele()
+    {
+        Sistema s;
+        const Main janela(s.geral, s.plataforma);
+        QTRY_COMPARE(Cor_Do_Ponto(janela), QColor(Qt::black));
+        s.geral.temporizadores.Gerir_Temporizadores(u"stop"_s);
+        QTest::qWait(1300);
+        QCOMPARE(Cor_Do_Ponto(janela), QColor(Qt::black));
+    }
+
+    // The countdown
+
+    void lblTemporizador_ao_mudar_para_0_para_o_temporizador_e_verifica_o_correio()
+    {
+        Sistema s;
+        Main janela(s.geral, s.plataforma);
+        Timer &timer = s.geral.temporizadores.TimerMailNotification;
+        timer.setEnabled(true);
+        int verificacoes = 0;
+        bool parado_antes = false;
+        connect(&janela, &Main::VerificarConta, &janela, [&] {
+            ++verificacoes;
+            parado_antes = !timer.Enabled();
+        });
+        for (const QString &texto : {u"2"_s, u"1"_s, u"10"_s, u""_s})
+            janela.lblTemporizador->setCaption(texto);
+        QCOMPARE(verificacoes, 0);
+        QVERIFY(timer.Enabled());
+        janela.lblTemporizador->setCaption(u"0"_s);
+        QCOMPARE(verificacoes, 1);
+        QVERIFY(parado_antes);
+        janela.lblTemporizador->setCaption(u"0"_s); // no change
+        QCOMPARE(verificacoes, 1);
+    }
+
+    // Keys
+
+    void F2_edita_e_Delete_elimina_quando_os_botoes_estao_ligados_data()
+    {
+        QTest::addColumn<QString>("foco");
+        for (const char *nome : {"ListaNomes", "ComboGrupos", "cmdData", "txtTelefone1", "txtMorada"})
+            QTest::newRow(nome) << QString::fromLatin1(nome);
+    }
+    void F2_edita_e_Delete_elimina_quando_os_botoes_estao_ligados()
+    {
+        QFETCH(QString, foco);
+        ComJanela c;
+        c.Mostrar({{u"Nome"_s, u"Ana"_s}, {u"Telefone1"_s, u"1"_s}, {u"Morada"_s, u"Rua"_s}});
+        const Cliques edita(c.janela.cmdEditar);
+        const Cliques elimina(c.janela.cmdEliminar);
+        c.janela.show();
+        QVERIFY(QTest::qWaitForWindowActive(&c.janela));
+        auto &controlo = control<QWidget>(c.janela, foco);
+        controlo.setFocus();
+        QTest::keyClick(&controlo, Qt::Key_F2);
+        QCOMPARE(edita.size(), 1);
+        QTest::keyClick(&controlo, Qt::Key_Delete);
+        QCOMPARE(elimina.size(), 1);
+        QTest::keyClick(&controlo, Qt::Key_Escape);
+        QVERIFY(!c.janela.isVisible());
+    }
+
+    void F2_e_Delete_nada_fazem_sem_contacto()
+    {
+        ComJanela c;
+        const Cliques edita(c.janela.cmdEditar);
+        const Cliques elimina(c.janela.cmdEliminar);
+        c.janela.show();
+        QVERIFY(QTest::qWaitForWindowActive(&c.janela));
+        QTest::keyClick(c.janela.ListaNomes, Qt::Key_F2);
+        QTest::keyClick(c.janela.ListaNomes, Qt::Key_Delete);
+        QCOMPARE(edita.size() + elimina.size(), 0);
+    }
+
+    // Closing
+
+    void fechar_a_janela_esconde_a_e_o_programa_continua()
+    {
+        Sistema s;
+        Main janela(s.geral, s.plataforma);
+        janela.show();
+        QVERIFY(!janela.close()); // the closing was cancelled
+        QVERIFY(!janela.isVisible());
+        QVERIFY(!s.processo.Terminou());
+        QVERIFY(A_Andar(s));
+    }
+
+    void fechar_a_janela_escondida_nao_volta_a_esconder()
+    {
+        Sistema s;
+        s.geral.SessaoActual.PedirPassSystemTray = true;
+        Main janela(s.geral, s.plataforma);
+        QVERIFY(janela.close());
+        QVERIFY(s.tabuleiro.historia.isEmpty());
+        QVERIFY(!s.processo.Terminou());
+    }
+
+    void Fechar_no_menu_esconde_a_janela()
+    {
+        Sistema s;
+        Main janela(s.geral, s.plataforma);
+        janela.show();
+        janela.Fechar->trigger();
+        QVERIFY(!janela.isVisible());
+        QVERIFY(!s.processo.Terminou());
+    }
+};
+
+MORVEX_TESTE(TestMain)
+#include "test_Main.moc"

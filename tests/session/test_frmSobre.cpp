@@ -1,0 +1,62 @@
+// The about form.
+#include "platform/Controls.h"
+#include "session/frmSobre.h"
+#include "session/Main.h"
+#include "testlib/Accoes.h"
+#include "testlib/Sistema.h"
+#include "testlib/Teste.h"
+
+using namespace Qt::StringLiterals;
+
+class TestFrmSobre : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void mostra_nome_e_versao_na_lingua_activa()
+    {
+        Sistema s(Sistema::Estado::Semeado, u"FrancesFR"_s);
+        s.geral.VersaoBD = u"7.5"_s;
+        const frmSobre form(s.geral, nullptr);
+        QCOMPARE(form.windowTitle(), withoutMnemonic(s.Texto(156)));
+        QCOMPARE(form.lblNome->text(), u"Morvex"_s);
+        QCOMPARE(form.lblVersao->text(), u"7.5"_s);
+        QCOMPARE(form.cmdFechar->text(), s.Texto(135));
+    }
+
+    void fecha_se_pelo_botao_e_por_Escape()
+    {
+        Sistema s;
+        frmSobre form(s.geral, nullptr);
+        form.show();
+        form.cmdFechar->click();
+        QVERIFY(!form.isVisible());
+        form.show();
+        QTest::keyClick(&form, Qt::Key_Escape);
+        QVERIFY(!form.isVisible());
+    }
+
+    void a_janela_principal_fica_desligada_enquanto_ele_esta_a_frente_data()
+    {
+        QTest::addColumn<QString>("entrada");
+        QTest::newRow("menu") << u"Sobre"_s;
+        QTest::newRow("tabuleiro") << u"SystemTraySobre"_s;
+    }
+    void a_janela_principal_fica_desligada_enquanto_ele_esta_a_frente()
+    {
+        QFETCH(QString, entrada);
+        Sistema s;
+        Main janela(s.geral, s.plataforma);
+        bool visto = false;
+        accoes::Quando_Abrir<frmSobre>([&](frmSobre &form) {
+            visto = !janela.isEnabled() && form.isModal();
+            form.cmdFechar->click();
+        });
+        control<QAction>(janela, entrada).trigger();
+        QVERIFY(visto);
+        QVERIFY(janela.isEnabled());
+    }
+};
+
+MORVEX_TESTE(TestFrmSobre)
+#include "test_frmSobre.moc"
