@@ -1,0 +1,36 @@
+// The mail accounts of the session's user on the mail pane of the options: the list and the three buttons
+// under it. What they change is in the database at once, whatever becomes of the options.
+#pragma once
+
+#include <QObject>
+
+class Geral;
+class QDialog;
+class QPushButton;
+class QTreeWidget;
+
+class ContasEmail final : public QObject
+{
+    Q_OBJECT
+public:
+    // The form holds lvEmails, cmdAdicionar, cmdEditar and cmdEliminar.
+    ContasEmail(QDialog &opcoes, Geral &geral);
+
+    // Reads the accounts anew. None is selected then, so editing and deleting wait for a choice.
+    void Preencher();
+
+private:
+    void lvEmails_ItemClick();
+    void cmdAdicionar_Click();
+    void cmdEditar_Click();
+    void cmdEliminar_Click();
+
+    void Abrir_Editor(const QString &ModoEmail);
+    void Permitir(bool permitido);
+
+    QDialog &opcoes_;
+    Geral &geral_;
+    QTreeWidget &lvEmails;
+    QPushButton &cmdEditar;
+    QPushButton &cmdEliminar;
+};
