@@ -10,9 +10,11 @@ foreach(teste IN ITEMS
     test_ComboBox
     test_Picture
     test_Dialogs
-    test_DesktopRegistry)
+    test_DesktopRegistry
+    test_JetFile)
     morvex_teste(platform/${teste} LIGA platform)
 endforeach()
 morvex_teste(platform/test_DesktopSound LIGA platform)
 morvex_teste(platform/test_SingleInstance LIGA platform)
 morvex_teste(platform/test_LongText LIGA platform)
+morvex_teste(platform/test_RisingCard LIGA platform)

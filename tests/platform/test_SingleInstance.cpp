@@ -1,0 +1,164 @@
+// One program a folder: who is first, who is called, and what a crash leaves behind.
+#include "platform/SingleInstance.h"
+#include "testlib/Teste.h"
+
+#include <csignal>
+#include <QLocalServer>
+#include <QProcess>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr char papel[] =
+    "MORVEX_TESTE_PAPEL"; // set in a process of this test's own that plays the other program
+
+struct Lugar {
+    QTemporaryDir programa;
+    QTemporaryDir corrida;
+
+    std::unique_ptr<SingleInstance> Instancia() const
+    {
+        return std::make_unique<SingleInstance>(programa.path(), corrida.path());
+    }
+    QStringList Restos() const
+    {
+        return QDir(corrida.path()).entryList(QDir::Files | QDir::System | QDir::Hidden, QDir::Name);
+    }
+
+    // Another process on the same folder, whose output is "first" or "later" once it knows.
+    std::unique_ptr<QProcess> Outro_Processo() const
+    {
+        auto outro = std::make_unique<QProcess>();
+        QProcessEnvironment ambiente = QProcessEnvironment::systemEnvironment();
+        ambiente.insert(QString::fromLatin1(papel), programa.path() + u'|' + corrida.path());
+        outro->setProcessEnvironment(ambiente);
+        outro->start(QCoreApplication::applicationFilePath());
+        return outro;
+    }
+};
+
+QByteArray Resposta(QProcess &processo)
+{
+    for (int i = 0; i < 500 && processo.bytesAvailable() == 0; ++i)
+        QTest::qWait(10);
+    return processo.readAllStandardOutput();
+}
+} // namespace
+
+class TestSingleInstance : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void a_primeira_fica()
+    {
+        const Lugar l;
+        QVERIFY(l.Instancia()->claim());
+    }
+
+    void a_segunda_chama_a_primeira_e_vai_se()
+    {
+        const Lugar l;
+        const auto primeira = l.Instancia();
+        QVERIFY(primeira->claim());
+        QSignalSpy chamada(primeira.get(), &SingleInstance::startedAgain);
+        for (int vez = 1; vez <= 3; ++vez) {
+            QVERIFY(!l.Instancia()->claim());
+            QTRY_COMPARE(chamada.count(), vez);
+        }
+    }
+
+    void outro_processo_na_mesma_pasta_chama_este()
+    {
+        const Lugar l;
+        const auto primeira = l.Instancia();
+        QVERIFY(primeira->claim());
+        QSignalSpy chamada(primeira.get(), &SingleInstance::startedAgain);
+        const auto outro = l.Outro_Processo();
+        QTRY_COMPARE(chamada.count(), 1);
+        QCOMPARE(Resposta(*outro), QByteArray("later"));
+        QTRY_COMPARE(outro->state(), QProcess::NotRunning);
+    }
+
+    void outra_pasta_e_outro_programa()
+    {
+        const Lugar l;
+        const QTemporaryDir outra;
+        const auto primeira = l.Instancia();
+        QVERIFY(primeira->claim());
+        QVERIFY(SingleInstance(outra.path(), l.corrida.path()).claim());
+    }
+
+    void a_mesma_pasta_por_outro_caminho_e_a_mesma()
+    {
+        const Lugar l;
+        const QString atalho = l.corrida.filePath(u"atalho"_s);
+        QVERIFY(QFile::link(l.programa.path(), atalho));
+        const auto primeira = l.Instancia();
+        QVERIFY(primeira->claim());
+        for (const QString &caminho : {atalho, l.programa.path() + u"/."_s})
+            QVERIFY(!SingleInstance(caminho, l.corrida.path()).claim());
+    }
+
+    void depois_de_acabar_a_primeira_vem_outra()
+    {
+        const Lugar l;
+        QVERIFY(l.Instancia()->claim());
+        QVERIFY(l.Instancia()->claim());
+        QVERIFY2(l.Restos().isEmpty(), qPrintable(l.Restos().join(u' ')));
+    }
+
+    void o_que_uma_queda_deixou_e_tomado()
+    {
+        const Lugar l;
+        const auto outro = l.Outro_Processo();
+        QCOMPARE(Resposta(*outro), QByteArray("first"));
+        ::kill(static_cast<pid_t>(outro->processId()), SIGKILL);
+        QVERIFY(outro->waitForFinished());
+        QCOMPARE(l.Restos().size(), 2); // its lock and its socket
+
+        const auto seguinte = l.Instancia();
+        QVERIFY(seguinte->claim());
+        QSignalSpy chamada(seguinte.get(), &SingleInstance::startedAgain);
+        QVERIFY(!l.Instancia()->claim());
+        QTRY_COMPARE(chamada.count(), 1);
+    }
+
+    void sem_lugar_onde_escrever_o_programa_corre_a_mesma()
+    {
+        const Lugar l;
+        QVERIFY(SingleInstance(l.programa.path(), u"/nao/ha/tal/pasta"_s).claim());
+    }
+
+    void quem_nao_atende_nao_impede_outro_de_correr()
+    {
+        const Lugar l;
+        const auto primeira = l.Instancia();
+        QVERIFY(primeira->claim());
+        for (const QString &resto : l.Restos())
+            if (!resto.endsWith(u".lock"_s)) QVERIFY(QFile::remove(l.corrida.filePath(resto)));
+        QVERIFY(l.Instancia()->claim());
+    }
+};
+
+// The other program: says which it is, and lives until it is ended if it is the first.
+static int Outro_Programa(const QString &lugar)
+{
+    SingleInstance instancia(lugar.section(u'|', 0, 0), lugar.section(u'|', 1, 1));
+    const bool primeira = instancia.claim();
+    std::fputs(primeira ? "first" : "later", stdout);
+    std::fflush(stdout);
+    return primeira ? QCoreApplication::exec() : 0;
+}
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    if (const QString lugar = qEnvironmentVariable(papel); !lugar.isEmpty()) return Outro_Programa(lugar);
+    TestSingleInstance testes;
+    return QTest::qExec(&testes, argc, argv);
+}
+#include "test_SingleInstance.moc"
