@@ -1,1 +1,15 @@
 # Tests of data.
+foreach(teste IN ITEMS
+    test_Comandos
+    test_DE
+    test_Esquema
+    test_ReadWriteINI
+    test_Ler_Idioma
+    test_Textos
+    test_Sementes
+    test_frmSeleccionarIdioma
+    test_Codificar_Pass
+    test_Temporizadores
+    test_config_enviado)
+    morvex_teste(data/${teste} LIGA data)
+endforeach()

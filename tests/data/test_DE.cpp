@@ -1,0 +1,225 @@
+// The one connection to the database: which file it opens and when, what happens without one, and with
+// company.
+#include "platform/Failure.h"
+#include "testlib/Sistema.h"
+#include "testlib/Teste.h"
+
+#include <cstdio>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QProcess>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+const char modo_de_copia[] = "--segunda-copia";
+
+// What another copy of the program does to the same file: "escrever" adds groups and tells each that is
+// written, "trancar" keeps the file to itself for a moment.
+int Segunda_Copia(const QString &trabalho, const QString &base)
+{
+    QString caminho = base;
+    DE de(caminho, {});
+    if (trabalho == "escrever"_L1) {
+        for (int i = 1; i <= 100; ++i) {
+            de.Executar("cmdAdicionarGrupo", {u"copia"});
+            std::puts("escrito");
+            std::fflush(stdout);
+        }
+        return 0;
+    }
+    Connection ligacao;
+    ligacao.setConnectionString(u"Data Source='%1'"_s.arg(base));
+    ligacao.Open();
+    ligacao.execute(u"BEGIN EXCLUSIVE"_s, {});
+    ligacao.execute(u"INSERT INTO TblGrupos (NomeGrupo) VALUES ('da copia')"_s, {});
+    std::puts("trancado");
+    std::fflush(stdout);
+    QThread::msleep(trabalho.toULong());
+    ligacao.execute(u"COMMIT"_s, {});
+    return 0;
+}
+} // namespace
+
+class TestDE : public QObject
+{
+    Q_OBJECT
+
+    static void Por_Base_Em(const Sistema &s, const QString &destino)
+    {
+        QVERIFY(QDir().mkpath(QFileInfo(destino).path()));
+        QVERIFY(QFile::rename(s.Base(), destino));
+    }
+    static int Grupos(Geral &geral)
+    {
+        Recordset &rs = geral.de.Abrir("cmdListarGrupos", {u"0"});
+        const int grupos = rs.RecordCount();
+        rs.Close();
+        return grupos;
+    }
+    static void Escrever_Ficheiro(const QString &caminho, const QByteArray &bytes)
+    {
+        QFile ficheiro(caminho);
+        QVERIFY(ficheiro.open(QIODevice::WriteOnly));
+        ficheiro.write(bytes);
+    }
+    static void Arrancar_Copia(QProcess &copia, const QString &trabalho, const QString &base)
+    {
+        copia.start(QCoreApplication::applicationFilePath(), {QLatin1String(modo_de_copia), trabalho, base});
+        QVERIFY(copia.waitForReadyRead());
+    }
+
+private Q_SLOTS:
+    void caminho_vazio_passa_a_ser_o_ficheiro_ao_lado_do_programa()
+    {
+        Sistema s(Sistema::Estado::Vazio);
+        QCOMPARE(s.geral.CaminhoBD, u""_s);
+        QCOMPARE(Grupos(s.geral), 0);
+        QCOMPARE(s.geral.CaminhoBD, s.Pasta() + QDir::separator() + u"morvex.mdb"_s);
+        QCOMPARE(s.geral.ini.Ler_Ini(u"basedados"_s, u"caminhobd"_s), u""_s);
+    }
+
+    void caminho_vazio_e_sem_ficheiro_o_primeiro_comando_falha_e_nada_nasce()
+    {
+        Sistema s(Sistema::Estado::Vazio);
+        QVERIFY(QFile::remove(s.Base()));
+        VERIFICAR_FALHA(s.geral.de.Executar("cmdUPDATETblConfig", {u"InglesUK", u"r", u"d"}),
+                        Failure::StoreError);
+        QVERIFY(!QFile::exists(s.Base()));
+        QCOMPARE(s.geral.CaminhoBD, s.Base());
+    }
+
+    void cada_comando_seguinte_tenta_de_novo_e_falha_da_mesma_maneira()
+    {
+        Sistema s(Sistema::Estado::Vazio);
+        const QString guardada = s.Ficheiro(u"guardada.mdb"_s);
+        QVERIFY(QFile::rename(s.Base(), guardada));
+        for (int vez = 1; vez <= 3; ++vez)
+            VERIFICAR_FALHA(Grupos(s.geral), Failure::StoreError);
+        QVERIFY(QFile::rename(guardada, s.Base()));
+        QCOMPARE(Grupos(s.geral), 0);
+    }
+
+    void ficheiro_que_nao_e_uma_base_falha_e_fica_como_esta_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::newRow("zero bytes") << QByteArray();
+        QTest::newRow("rubbish") << QByteArray(5000, 'x');
+    }
+    void ficheiro_que_nao_e_uma_base_falha_e_fica_como_esta()
+    {
+        QFETCH(QByteArray, bytes);
+        Sistema s(Sistema::Estado::Vazio);
+        Escrever_Ficheiro(s.Base(), bytes);
+        VERIFICAR_FALHA(Grupos(s.geral), Failure::StoreError);
+        QCOMPARE(QFileInfo(s.Base()).size(), bytes.size());
+    }
+
+    void um_caminho_com_brancos_serve()
+    {
+        Sistema s(Sistema::Estado::Vazio);
+        s.geral.CaminhoBD = s.Ficheiro(u"os meus dados/a base; de = todos.mdb"_s);
+        Por_Base_Em(s, s.geral.CaminhoBD);
+        QCOMPARE(Grupos(s.geral), 0);
+    }
+
+    void um_caminho_com_plica_parte_a_cadeia_de_ligacao()
+    {
+        Sistema s(Sistema::Estado::Vazio);
+        s.geral.CaminhoBD = s.Ficheiro(u"dados d'Ana.mdb"_s);
+        Por_Base_Em(s, s.geral.CaminhoBD);
+        VERIFICAR_FALHA(Grupos(s.geral), Failure::StoreError);
+    }
+
+    // What the options write is read at the next start.
+    void mudar_o_caminho_nao_muda_de_ficheiro_ate_ao_proximo_arranque()
+    {
+        Sistema s;
+        s.geral.de.Executar("cmdAdicionarGrupo", {u"antes"});
+        const QString outra = s.Ficheiro(u"outra.mdb"_s);
+        QVERIFY(QFile::copy(qEnvironmentVariable("MORVEX_ENVIADOS") + u"/morvex.mdb"_s, outra));
+        s.geral.CaminhoBD = outra;
+        s.geral.ini.Escrever_Ini(u"basedados"_s, u"caminhobd"_s, outra);
+        QCOMPARE(Grupos(s.geral), 7);
+        s.geral.de.Executar("cmdAdicionarGrupo", {u"depois"});
+        QCOMPARE(s.Linhas(u"SELECT count(*) FROM TblGrupos"_s), QStringList{u"8"_s});
+
+        Geral proximo(s.Pasta());
+        proximo.CaminhoBD = proximo.ini.Ler_Ini(u"basedados"_s, u"caminhobd"_s);
+        QCOMPARE(Grupos(proximo), 0);
+    }
+
+    void mudar_a_lingua_na_base_nao_muda_a_do_processo()
+    {
+        Sistema s;
+        s.geral.de.Executar("cmdUPDATEIdioma", {u"InglesUK"});
+        QCOMPARE(s.geral.IdiomaActual, u"PortuguesPT"_s);
+        QCOMPARE(s.geral.Ler_Idioma(43), s.Texto(43));
+    }
+
+    void um_comando_espera_pela_escrita_de_outra_copia()
+    {
+        Sistema s;
+        QCOMPARE(Grupos(s.geral), 6);
+        QProcess copia;
+        Arrancar_Copia(copia, u"400"_s, s.Base());
+        s.geral.de.Executar("cmdAdicionarGrupo", {u"nosso"});
+        QVERIFY(copia.waitForFinished());
+        QCOMPARE(copia.exitCode(), 0);
+        QCOMPARE(s.Linhas(u"SELECT NomeGrupo FROM TblGrupos WHERE ID>6 ORDER BY ID"_s),
+                 (QStringList{u"da copia"_s, u"nosso"_s}));
+    }
+
+    void um_ficheiro_trancado_por_muito_tempo_falha_e_depois_abre()
+    {
+        Sistema s(Sistema::Estado::Vazio);
+        QProcess copia;
+        Arrancar_Copia(copia, u"6000"_s, s.Base());
+        VERIFICAR_FALHA(Grupos(s.geral), Failure::StoreError);
+        QVERIFY(copia.waitForFinished());
+        QCOMPARE(Grupos(s.geral), 1);
+    }
+
+    void duas_copias_escrevem_ao_mesmo_tempo_e_nada_se_perde()
+    {
+        Sistema s;
+        QProcess copia;
+        Arrancar_Copia(copia, u"escrever"_s, s.Base());
+        for (int i = 1; i <= 100; ++i)
+            s.geral.de.Executar("cmdAdicionarGrupo", {u"nosso"});
+        QVERIFY(copia.waitForFinished());
+        QCOMPARE(copia.exitCode(), 0);
+        QCOMPARE(
+            s.Linhas(
+                u"SELECT NomeGrupo, count(*) FROM TblGrupos WHERE ID>6 GROUP BY NomeGrupo ORDER BY NomeGrupo"_s),
+            (QStringList{u"copia|100"_s, u"nosso|100"_s}));
+    }
+
+    void o_que_um_comando_escreveu_sobrevive_a_morte_do_processo()
+    {
+        Sistema s;
+        QProcess copia;
+        Arrancar_Copia(copia, u"escrever"_s, s.Base());
+        constexpr qint64 vinte_linhas = 20 * sizeof("escrito");
+        QTRY_VERIFY(copia.bytesAvailable() > vinte_linhas);
+        copia.kill();
+        QVERIFY(copia.waitForFinished());
+        const qsizetype ditas = copia.readAllStandardOutput().count('\n');
+        QCOMPARE(s.Linhas(u"PRAGMA integrity_check"_s), QStringList{u"ok"_s});
+        const qsizetype escritas = s.Linhas(u"SELECT ID FROM TblGrupos WHERE NomeGrupo='copia'"_s).size();
+        QVERIFY(escritas == ditas || escritas == ditas + 1);
+    }
+};
+
+int main(int argc, char **argv)
+{
+    if (argc == 4 && qstrcmp(argv[1], modo_de_copia) == 0)
+        return Segunda_Copia(QString::fromLocal8Bit(argv[2]), QString::fromLocal8Bit(argv[3]));
+    teste::CaixasDaAplicacao caixas;
+    Application application(argc, argv, caixas);
+    TestDE testes;
+    return QTest::qExec(&testes, argc, argv);
+}
+#include "test_DE.moc"

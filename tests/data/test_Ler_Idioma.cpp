@@ -1,0 +1,96 @@
+// One text by its number, in the active language; and the seven languages.
+#include "data/Idiomas.h"
+#include "testlib/Sistema.h"
+#include "testlib/Teste.h"
+
+using namespace Qt::StringLiterals;
+
+class TestLer_Idioma : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cada_lingua_le_a_sua_coluna_data()
+    {
+        QTest::addColumn<QString>("nome");
+        QTest::addColumn<QString>("ajuda");
+        QTest::addColumn<bool>("disponivel");
+        QTest::newRow("PortuguesPT") << u"Português (Portugal)"_s << u"pt"_s << true;
+        QTest::newRow("PortuguesBR") << u"Português (Brasil)"_s << u"br"_s << true;
+        QTest::newRow("InglesUK") << u"English"_s << u"uk"_s << true;
+        QTest::newRow("EspanholES") << u"Español"_s << u"es"_s << false;
+        QTest::newRow("ItalianoIT") << u"Italiano"_s << u"it"_s << false;
+        QTest::newRow("FrancesFR") << u"Français"_s << u"fr"_s << true;
+        QTest::newRow("AlemaoDE") << u"Deutsch"_s << u"de"_s << false;
+    }
+    void cada_lingua_le_a_sua_coluna()
+    {
+        QFETCH(QString, nome);
+        QFETCH(QString, ajuda);
+        QFETCH(bool, disponivel);
+        const auto coluna = QString::fromLatin1(QTest::currentDataTag());
+        Sistema s;
+        s.Escrever(u"UPDATE TblIdiomas SET "_s + coluna + u"='this one' WHERE ID=43"_s);
+        s.geral.IdiomaActual = coluna;
+        QCOMPARE(s.geral.Ler_Idioma(43), u"this one"_s);
+        const Idioma *idioma = idiomas::Procurar(coluna);
+        QVERIFY(idioma != nullptr);
+        QCOMPARE(QString::fromUtf16(idioma->nome), nome);
+        QCOMPARE(QString::fromUtf16(idioma->ajuda), ajuda);
+        QCOMPARE(idioma->disponivel, disponivel);
+    }
+
+    void sao_sete_linguas() { QCOMPARE(idiomas::todos.size(), 7U); }
+
+    // Nothing is read then, so not even a missing database is noticed.
+    void sem_lingua_activa_o_texto_e_vazio_e_nada_se_le()
+    {
+        Sistema s(Sistema::Estado::Sem_Base);
+        for (const QString &idioma : {u""_s, u"inglesuk"_s, u"InglesUK "_s, u"Uso"_s, u"ID"_s}) {
+            s.geral.IdiomaActual = idioma;
+            QCOMPARE(s.geral.Ler_Idioma(43), u""_s);
+        }
+        QCOMPARE(s.geral.CaminhoBD, u""_s);
+    }
+
+    void um_texto_sem_linha_falha_para_quem_chamou()
+    {
+        Sistema s;
+        VERIFICAR_FALHA(s.geral.Ler_Idioma(30000), Failure::NoCurrentRecord);
+        VERIFICAR_FALHA(s.geral.Ler_Idioma(-1), Failure::NoCurrentRecord);
+    }
+
+    void uma_celula_nula_falha_para_quem_chamou()
+    {
+        Sistema s;
+        s.Escrever(u"UPDATE TblIdiomas SET PortuguesPT=NULL WHERE ID=43"_s);
+        VERIFICAR_FALHA(s.geral.Ler_Idioma(43), Failure::InvalidUseOfNull);
+        QVERIFY(!s.geral.Ler_Idioma(44).isEmpty());
+    }
+
+    void um_conjunto_deixado_aberto_fecha_se_primeiro_e_fica_fechado()
+    {
+        Sistema s;
+        s.geral.de.Abrir("cmdLerIdioma", {u"44"});
+        QCOMPARE(s.geral.Ler_Idioma(43), s.Texto(43));
+        QCOMPARE(s.geral.de.Rs("cmdLerIdioma").State(), Recordset::Closed);
+    }
+
+    void cada_leitura_vai_a_base()
+    {
+        Sistema s;
+        s.geral.Ler_Idioma(43);
+        s.Escrever(u"UPDATE TblIdiomas SET PortuguesPT='mudado' WHERE ID=43"_s);
+        QCOMPARE(s.geral.Ler_Idioma(43), u"mudado"_s);
+    }
+
+    void sem_base_a_falha_vai_para_quem_chamou()
+    {
+        Sistema s(Sistema::Estado::Sem_Base);
+        s.geral.IdiomaActual = u"InglesUK"_s;
+        VERIFICAR_FALHA(s.geral.Ler_Idioma(43), Failure::StoreError);
+    }
+};
+
+MORVEX_TESTE(TestLer_Idioma)
+#include "test_Ler_Idioma.moc"
