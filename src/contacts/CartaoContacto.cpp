@@ -3,6 +3,7 @@
 #include "contacts/DisposicaoCartao.h"
 #include "contacts/Fotografia.h"
 #include "contacts/Idade.h"
+#include "data/EstadoMessenger.h"
 #include "data/Geral.h"
 #include "platform/Controls.h"
 #include "platform/Failure.h"
@@ -27,22 +28,6 @@ constexpr int afastamento_telemovel = 250;
 constexpr qint16 texto_janeiro = 14;
 constexpr qint16 texto_anos = 50;
 constexpr qint16 texto_erro_no_cartao = 256;
-
-// Image indexes of the toolbar's messenger button.
-constexpr int imagem_sem_estado = 8;
-constexpr int imagem_ligado = 18;
-constexpr int imagem_ocupado = 19;
-constexpr int imagem_ausente = 20;
-constexpr int imagem_desligado = 21;
-
-int Imagem_Do_Estado(const QString &codigo)
-{
-    if (codigo.isEmpty() || codigo == "0"_L1) return imagem_sem_estado;
-    if (codigo == "1"_L1) return imagem_desligado;
-    if (codigo == "10"_L1) return imagem_ocupado;
-    if (codigo == "18"_L1 || codigo == "34"_L1) return imagem_ausente;
-    return imagem_ligado;
-}
 
 // Null is not the empty string: a Null column keeps its row, an empty one gives it up.
 bool Vazio(const Field &campo) { return !campo.isNull() && campo.text().isEmpty(); }
@@ -91,12 +76,14 @@ CartaoContacto::CartaoContacto(QWidget &janela, Geral &geral, Platform &platform
       imgAniversario(control<IconLabel>(janela, u"imgAniversario"_s)),
       imgMorada(control<IconLabel>(janela, u"imgMorada"_s)),
       imgObservacoes(control<IconLabel>(janela, u"imgObservacoes"_s)), Thumb(control<QLabel>(janela, u"Thumb"_s)),
-      linhas_{
+      numeros_{
           {"Telefone2", &txtTelefone2, &imgTelefone2, afastamento_normal},
           {"Fax", &txtFax, &imgFax, afastamento_normal},
           {"Telemovel1", &txtTelemovel1, &imgTelemovel1, afastamento_telemovel},
           {"Telemovel2", &txtTelemovel2, &imgTelemovel2, afastamento_telemovel},
           {"Telemovel3", &txtTelemovel3, &imgTelemovel3, afastamento_telemovel},
+      },
+      emails_{
           {"Email1", &txtEmail1, &imgEmail1, afastamento_normal},
           {"Email2", &txtEmail2, &imgEmail2, afastamento_normal},
       }
@@ -111,7 +98,7 @@ void CartaoContacto::Mostrar_Card()
         geral_.IDContacto = Id_De_16_Bits(ListaNomes.ItemData(ListaNomes.ListIndex()));
         Recordset &rs = geral_.de.Abrir("cmdEditarNome", {QString::number(geral_.IDContacto)});
         Preencher_Campos(rs);
-        Mostrar_Estado_Messenger(rs.Fields("MSNMessenger").textOrEmpty());
+        estado_messenger::Mostrar(janela_, rs.Fields("MSNMessenger").textOrEmpty());
         geral_.temporizadores.TimerStatusOfContact.setEnabled(false);
         geral_.temporizadores.TimerStatusOfContact.setEnabled(true);
     } catch (const Failure &) {
@@ -130,12 +117,17 @@ void CartaoContacto::Mostrar_Card()
               });
 }
 
+// In this order: a birthday that is no date leaves the mail and all behind it as they were.
 void CartaoContacto::Preencher_Campos(Recordset &rs)
 {
+    const auto preencher = [&](const std::vector<Linha> &linhas) {
+        for (const Linha &linha : linhas) linha.caixa->setText(rs.Fields(linha.coluna).textOrEmpty());
+    };
     txtGrupo.setText(rs.Fields("NomeGrupo").textOrEmpty());
     txtTelefone1.setText(rs.Fields("Telefone1").textOrEmpty());
-    for (const Linha &linha : linhas_) linha.caixa->setText(rs.Fields(linha.coluna).textOrEmpty());
+    preencher(numeros_);
     Preencher_Aniversario(rs);
+    preencher(emails_);
     txtWebsite.setText(rs.Fields("Website").textOrEmpty());
     txtMorada.setPlainText(rs.Fields("Morada").textOrEmpty());
     txtObs.setPlainText(rs.Fields("Obs").textOrEmpty());
@@ -155,17 +147,6 @@ void CartaoContacto::Preencher_Aniversario(Recordset &rs)
     txtAniversario.setText(Dia + u' ' + nome_do_mes_ + u' ' + Ano);
     const int idade = Calcular_Idade(Dia, Mes, Ano, platform_.clock.today());
     txtIdade.setText(QString::number(idade) + u' ' + geral_.Ler_Idioma(texto_anos));
-}
-
-void CartaoContacto::Mostrar_Estado_Messenger(const QString &MSNMessenger)
-{
-    const int imagem = Imagem_Do_Estado(MSNMessenger);
-    const bool ligado = imagem != imagem_sem_estado;
-    auto &botao = control<QAction>(janela_, u"messenger"_s);
-    botao.setIcon(QIcon(u":/imagens/toolbar/messenger_%1.svg"_s.arg(imagem)));
-    botao.setProperty("Image", imagem);
-    for (const auto &comando : {u"messenger"_s, u"mnuMessenger"_s, u"RightClickMessenger"_s})
-        control<QAction>(janela_, comando).setEnabled(ligado);
 }
 
 void CartaoContacto::Mostrar_Foto(const QString &Fotografia)
@@ -200,7 +181,8 @@ void CartaoContacto::Dispor_Linhas(Recordset &rs)
 {
     Linha_Card = 1;
     Dispor_Telefone1(rs);
-    for (const Linha &linha : linhas_) Dispor_Linha(linha, Vazio(rs.Fields(linha.coluna)));
+    for (const auto *linhas : {&numeros_, &emails_})
+        for (const Linha &linha : *linhas) Dispor_Linha(linha, Vazio(rs.Fields(linha.coluna)));
     Dispor_Website(rs);
     Dispor_Linha({"NomeGrupo", &txtGrupo, &imgGrupo, afastamento_normal}, false);
     Dispor_Linha({"Dia", &txtAniversario, &imgAniversario, afastamento_normal}, Vazio(rs.Fields("Dia")));

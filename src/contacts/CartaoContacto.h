@@ -50,7 +50,6 @@ private:
 
     void Preencher_Campos(Recordset &rs);
     void Preencher_Aniversario(Recordset &rs);
-    void Mostrar_Estado_Messenger(const QString &MSNMessenger);
     void Mostrar_Foto(const QString &Fotografia);
     void Terminar_Card(Recordset &rs);
 
@@ -76,7 +75,8 @@ private:
     IconLabel &imgEmail1, &imgEmail2, &imgWebsite, &imgGrupo, &imgAniversario, &imgMorada, &imgObservacoes;
     QLabel &Thumb;
 
-    std::vector<Linha> linhas_; // Telefone2 to Email2, in their order
+    std::vector<Linha> numeros_; // Telefone2 to Telemovel3, in their order
+    std::vector<Linha> emails_;
     Picture image1_;
     QString nome_do_mes_; // stays from card to card where a month has no name
     int Linha_Card = 1;

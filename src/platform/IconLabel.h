@@ -14,7 +14,11 @@ public:
     const QIcon &icon() const { return icon_; }
     void setIcon(const QIcon &icon);
 
+Q_SIGNALS:
+    void Click();
+
 protected:
+    void mouseReleaseEvent(QMouseEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:

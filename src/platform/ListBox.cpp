@@ -43,6 +43,13 @@ public:
         if (!filling_) endInsertRows();
     }
 
+    void remove(int index)
+    {
+        beginRemoveRows({}, index, index);
+        rows_.erase(rows_.begin() + index);
+        endRemoveRows();
+    }
+
     void clear()
     {
         if (!filling_) beginResetModel();
@@ -84,6 +91,13 @@ void ListBox::AddItem(const QString &text)
 {
     newIndex_ = sorted_ ? rows_->placeOf(text) : rows_->count();
     rows_->insert(newIndex_, text);
+}
+
+void ListBox::RemoveItem(int index)
+{
+    checkIndex(index);
+    const QScopedValueRollback quiet(assigning_, true); // the selection may move, which is nobody's click
+    rows_->remove(index);
 }
 
 void ListBox::Clear()

@@ -19,6 +19,7 @@ public:
 
     void AddItem(const QString &text);
     int NewIndex() const { return newIndex_; } // row of the last AddItem, -1 before the first
+    void RemoveItem(int index); // Failure for an index outside the list
     void Clear();
 
     int ListCount() const;

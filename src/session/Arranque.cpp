@@ -5,13 +5,20 @@
 #include "data/Geral.h"
 #include "data/Idiomas.h"
 #include "data/Inteiro.h"
+#include "memos/Memos.h"
+#include "online/CicloCorreio.h"
+#include "online/Presenca.h"
 #include "platform/Controls.h"
 #include "platform/Failure.h"
 #include "platform/Platform.h"
 #include "platform/ToolkitLanguage.h"
+#include "reminders/Lembretes.h"
+#include "session/frmLoading.h"
 #include "session/frmLogin.h"
+#include "session/frmOpcoes.h"
 #include "session/Legendas.h"
 #include "session/SystemTray.h"
+#include "session/Titulo.h"
 
 #include <QAbstractButton>
 #include <QLocale>
@@ -28,8 +35,8 @@ void Copiar(const Recordset &rs, const char *coluna, QString &destino)
 }
 } // namespace
 
-Arranque::Arranque(QMainWindow &janela, Geral &geral, Platform &platform, ListaContactos &lista, SystemTray &tray)
-    : janela_(janela), geral_(geral), platform_(platform), lista_(lista), tray_(tray)
+Arranque::Arranque(QMainWindow &janela, Geral &geral, Platform &platform, const Partes &partes)
+    : janela_(janela), geral_(geral), platform_(platform), partes_(partes)
 {
 }
 
@@ -42,22 +49,29 @@ std::vector<Arranque::Passo> Arranque::Passos()
         {"Ler_TblConfig", [this] { Ler_TblConfig(); }},
         {"Iniciar_Sessao", [this] { Iniciar_Sessao(); }},
         {"Escrever_Titulo", [this] { Escrever_Titulo(); }},
+        {"Confirmar_Opcoes", [this] { Confirmar_Opcoes(); }},
         {"Atribuir_Legendas", [this] { Atribuir_Legendas(); }},
         {"Preencher_Filtro", [this] { Preencher_Filtro(); }},
+        {"Restaurar_Memos", [this] { Restaurar_Memos(); }},
         {"Adicionar_Icone", [this] { Adicionar_Icone(); }},
+        {"Avisar_Aniversarios", [this] { Avisar_Aniversarios(); }},
         {"Minimizar", [this] { Minimizar(); }},
+        {"Sincronizar_Messenger", [this] { Sincronizar_Messenger(); }},
+        {"Iniciar_Correio", [this] { Iniciar_Correio(); }},
     };
 }
 
 void Arranque::Executar()
 {
-    for (const Passo &passo : Passos()) skipFailure(passo.executar);
+    for (const Passo &passo : Passos())
+        skipFailure(passo.executar);
 }
 
 void Arranque::Escrever_Data()
 {
     const QDate hoje = platform_.clock.today();
-    control<QAbstractButton>(janela_, u"cmdData"_s).setText(QLocale::system().toString(hoje, QLocale::LongFormat));
+    control<QAbstractButton>(janela_, u"cmdData"_s)
+        .setText(QLocale::system().toString(hoje, QLocale::LongFormat));
 }
 
 // An installation that was never confirmed in the options has no path yet: this is its first run.
@@ -151,18 +165,57 @@ void Arranque::Dar_Todos_Os_Direitos()
     sessao.IdUtilizador = u"0"_s;
 }
 
-void Arranque::Escrever_Titulo()
+void Arranque::Escrever_Titulo() { janela_.setWindowTitle(Titulo(geral_)); }
+
+// A first run isn't over before its settings were confirmed.
+void Arranque::Confirmar_Opcoes()
 {
-    janela_.setWindowTitle(u"Morvex %1 %2"_s.arg(geral_.VersaoBD, geral_.SessaoActual.Utilizador));
+    if (!geral_.ini.Ler_Ini(u"basedados"_s, u"caminhobd"_s).isEmpty()) return;
+    frmOpcoes opcoes(geral_, platform_, janela_);
+    opcoes.cmdCancelar->setEnabled(false);
+    opcoes.exec();
 }
 
 void Arranque::Atribuir_Legendas() { legendas::Atribuir(janela_, geral_); }
 
-void Arranque::Preencher_Filtro() { lista_.Carregar_Grupos(); }
+void Arranque::Preencher_Filtro() { partes_.lista.Carregar_Grupos(); }
 
-void Arranque::Adicionar_Icone() { tray_.Adicionar_Icone(janela_.windowTitle()); }
+void Arranque::Restaurar_Memos() { partes_.memos.Restaurar(); }
+
+void Arranque::Adicionar_Icone() { partes_.tray.Adicionar_Icone(janela_.windowTitle()); }
+
+// A choice that is no number counts as a wish to be warned. The timers that the list stopped go on either
+// way.
+void Arranque::Avisar_Aniversarios()
+{
+    bool avisa = true;
+    skipFailure([&] {
+        const qint16 aviso = Inteiro(geral_.AvisoAniversarios);
+        avisa = aviso == 0 || aviso == 1;
+    });
+    if (!avisa) return;
+    skipFailure([&] { partes_.lembretes.Mostrar_Aniversarios_Ao_Iniciar(); });
+    geral_.temporizadores.timerTarefas.setEnabled(true);
+    geral_.temporizadores.timerPonto.setEnabled(true);
+}
 
 void Arranque::Minimizar()
 {
-    if (geral_.MinimizarArranque == u"sim"_s) tray_.Minimizar_Tray();
+    if (geral_.MinimizarArranque != u"sim"_s) return;
+    partes_.tray.Minimizar_Tray();
+    if (geral_.MessengerActivo == 1) partes_.presenca.SincronizarMessenger();
 }
+
+// With the window in view its user sees that the start goes on. The small window closes by itself.
+void Arranque::Sincronizar_Messenger()
+{
+    if (geral_.MinimizarArranque == u"sim"_s || geral_.MessengerActivo != 1) return;
+    auto *carregando = new frmLoading(geral_);
+    carregando->setAttribute(Qt::WA_DeleteOnClose);
+    carregando->setValor(1);
+    carregando->show();
+    QObject::connect(&partes_.presenca, &Presenca::Progresso, carregando, &frmLoading::setValor);
+    partes_.presenca.SincronizarMessenger();
+}
+
+void Arranque::Iniciar_Correio() { partes_.correio.IniciarMail(); }

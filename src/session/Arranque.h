@@ -4,8 +4,12 @@
 #include <functional>
 #include <vector>
 
+class CicloCorreio;
 class Geral;
+class Lembretes;
 class ListaContactos;
+class Memos;
+class Presenca;
 class QMainWindow;
 class SystemTray;
 struct Platform;
@@ -18,7 +22,17 @@ public:
         std::function<void()> executar;
     };
 
-    Arranque(QMainWindow &janela, Geral &geral, Platform &platform, ListaContactos &lista, SystemTray &tray);
+    // The shares of the window that the start brings to life.
+    struct Partes {
+        ListaContactos &lista;
+        Memos &memos;
+        SystemTray &tray;
+        Lembretes &lembretes;
+        Presenca &presenca;
+        CicloCorreio &correio;
+    };
+
+    Arranque(QMainWindow &janela, Geral &geral, Platform &platform, const Partes &partes);
 
     // What a start does, from the first step to the last.
     std::vector<Passo> Passos();
@@ -34,16 +48,20 @@ private:
     void Ler_Configuracao_Do_Utilizador();
     void Dar_Todos_Os_Direitos();
     void Escrever_Titulo();
+    void Confirmar_Opcoes();
     void Atribuir_Legendas();
     void Preencher_Filtro();
+    void Restaurar_Memos();
     void Adicionar_Icone();
+    void Avisar_Aniversarios();
     void Minimizar();
+    void Sincronizar_Messenger();
+    void Iniciar_Correio();
 
     bool Ha_Utilizadores();
 
     QMainWindow &janela_;
     Geral &geral_;
     Platform &platform_;
-    ListaContactos &lista_;
-    SystemTray &tray_;
+    Partes partes_;
 };

@@ -9,6 +9,8 @@
 #include "contacts/ProcuraRapida.h"
 #include "data/Geral.h"
 #include "memos/Memos.h"
+#include "online/CicloCorreio.h"
+#include "online/Presenca.h"
 #include "online/VerificarVersao.h"
 #include "platform/DisabledWindow.h"
 #include "platform/Platform.h"
@@ -50,6 +52,8 @@ Main::Main(Geral &geral, Platform &platform) : geral_(geral), platform_(platform
     tray_ = new SystemTray(*this, *MenuSystemTray, geral_, platform_);
     lembretes_ = new Lembretes(*this, geral_, platform_);
     memos_ = new Memos(*this, geral_, platform_);
+    presenca_ = new Presenca(*this, geral_, platform_);
+    correio_ = new CicloCorreio(*this, geral_, platform_);
 
     auto *utilizadores = new ::Utilizadores(*this, geral_, platform_); // not the menus of these names
     auto *grupos = new ::Grupos(*this, geral_, platform_, *lista_);
@@ -66,7 +70,7 @@ Main::Main(Geral &geral, Platform &platform) : geral_(geral), platform_(platform
     connect(edicao, &EdicaoContacto::Sem_Grupos, grupos, &::Grupos::Mostrar_frmNovoGrupo);
     connect(grupos, &::Grupos::CriarUtilizador, utilizadores, &::Utilizadores::Mostrar_frmNovoUser);
     connect(&geral_.temporizadores.timerPonto, &QTimer::timeout, this, &Main::timerPonto_Timer);
-    connect(lblTemporizador, &Label::Change, this, &Main::lblTemporizador_Change);
+    connect(correio_, &CicloCorreio::Abrir_Opcoes, this, &Main::Opcoes_Click);
     connect(ListaNomes, &ListBox::RightButtonUp, this, [this](const QPoint &lugar) {
         if (ListaNomes->ListIndex() >= 0) RightClick->popup(lugar);
     });
@@ -90,10 +94,12 @@ void Main::Ligar_Menus()
     for (QAction *abrir : {Opcoes, opcoes})
         connect(abrir, &QAction::triggered, this, &Main::Opcoes_Click);
     for (QAction *topicos : {TopicosAjuda, this->ajuda})
-        connect(topicos, &QAction::triggered, this, [this] { ::ajuda::TopicosAjuda(geral_, platform_.shell); });
+        connect(topicos, &QAction::triggered, this,
+                [this] { ::ajuda::TopicosAjuda(geral_, platform_.shell); });
     connect(Sugerir, &QAction::triggered, this, [this] { ::ajuda::Sugerir(platform_.shell); });
     connect(Leiame, &QAction::triggered, this, [this] { ::ajuda::Leiame(geral_, platform_.shell); });
-    for (QAction *sobre : {Sobre, SystemTraySobre}) connect(sobre, &QAction::triggered, this, &Main::Sobre_Click);
+    for (QAction *sobre : {Sobre, SystemTraySobre})
+        connect(sobre, &QAction::triggered, this, &Main::Sobre_Click);
 }
 
 void Main::Ligar_Teclas()
@@ -108,12 +114,26 @@ void Main::Ligar_Teclas()
     tecla(Qt::Key_Escape, [this] { tray_->Minimizar_Tray(); });
 }
 
-Arranque Main::Inicio() { return {*this, geral_, platform_, *lista_, *memos_, *tray_, *lembretes_}; }
+Arranque Main::Inicio()
+{
+    return {*this, geral_, platform_, {*lista_, *memos_, *tray_, *lembretes_, *presenca_, *correio_}};
+}
 
 void Main::Carregar()
 {
     Inicio().Executar();
     if (geral_.MinimizarArranque != u"sim"_s) show();
+}
+
+void Main::Chamar()
+{
+    QWidget *frente = QApplication::activeModalWidget();
+    if (frente == nullptr) {
+        tray_->Trazer_Janela();
+        frente = this;
+    }
+    frente->raise();
+    frente->activateWindow();
 }
 
 // Only Sair ends the program. When the whole desktop session ends, nobody holds it up.
@@ -129,13 +149,6 @@ void Main::timerPonto_Timer()
     const bool aceso = EstadoPonto == "1"_L1;
     Pintar(*PontoTarefas, aceso ? cor_ponto_apagado : cor_ponto_aceso);
     EstadoPonto = aceso ? u"2"_s : u"1"_s;
-}
-
-void Main::lblTemporizador_Change()
-{
-    if (lblTemporizador->text() != "0"_L1) return;
-    geral_.temporizadores.TimerMailNotification.setEnabled(false);
-    Q_EMIT VerificarConta();
 }
 
 void Main::Opcoes_Click()

@@ -1,5 +1,5 @@
-// The main window and the hub of the program. It makes the classes that own the shares of its window, joins them,
-// runs the start and opens the forms; the rules lie with those classes.
+// The main window and the hub of the program. It makes the classes that own the shares of its window, joins
+// them, runs the start and opens the forms; the rules lie with those classes.
 #pragma once
 
 #include "ui_Main.h"
@@ -8,10 +8,12 @@
 
 class Arranque;
 class CartaoContacto;
+class CicloCorreio;
 class Geral;
 class Lembretes;
 class ListaContactos;
 class Memos;
+class Presenca;
 class ProcuraRapida;
 class SystemTray;
 struct Platform;
@@ -28,9 +30,9 @@ public:
     // The whole start: afterwards the window is shown, or hidden in the tray if the user wants it so.
     void Carregar();
 
-Q_SIGNALS:
-    // The countdown of lblTemporizador has come to its end.
-    void VerificarConta();
+    // The program was started a second time: what stands in front comes forward, be it the window, through
+    // the login if it is locked, or a form that waits for an answer.
+    void Chamar();
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -40,7 +42,6 @@ private:
     void Ligar_Teclas();
 
     void timerPonto_Timer();
-    void lblTemporizador_Change();
     void Opcoes_Click();
     void Sobre_Click();
 
@@ -51,6 +52,8 @@ private:
     SystemTray *tray_;
     Lembretes *lembretes_;
     Memos *memos_;
+    Presenca *presenca_;
+    CicloCorreio *correio_;
     ProcuraRapida *procuraRapida_;
     QString EstadoPonto; // "1" or "2": the phase of the blinking dot
 };

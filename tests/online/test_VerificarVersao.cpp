@@ -2,6 +2,7 @@
 #include "online/VerificarVersao.h"
 
 #include "session/Main.h"
+#include "testlib/Disparar.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
@@ -61,17 +62,20 @@ class TestVerificarVersao : public QObject
             s.geral.ini.Escrever_Ini(u"morvex"_s, u"data"_s, QString());
             main.Carregar();
             // The window's own checker would ask the real host.
-            s.geral.temporizadores.TimerDownload.disconnect(main.findChildren<VerificarVersao *>().constFirst());
+            s.geral.temporizadores.TimerDownload.disconnect(
+                main.findChildren<VerificarVersao *>().constFirst());
         }
 
-        void Tique() { Q_EMIT s.geral.temporizadores.TimerDownload.timeout(QTimer::QPrivateSignal{}); }
+        void Tique() { Disparar(s.geral.temporizadores.TimerDownload); }
         bool Espera_Fim()
         {
-            return QTest::qWaitFor([this] { return main.txtMessages->toPlainText().contains(u"Finished"_s); }, 20000);
+            return QTest::qWaitFor([this] { return main.txtMessages->toPlainText().contains(u"Finished"_s); },
+                                   20000);
         }
         void Espera_Pergunta(const QString &versao, int resposta)
         {
-            s.caixas.Espera(s.Texto(223) + u' ' + versao + u"\r\n"_s + s.Texto(224), 52, main.windowTitle(), resposta);
+            s.caixas.Espera(s.Texto(223) + u' ' + versao + u"\r\n"_s + s.Texto(224), 52, main.windowTitle(),
+                            resposta);
         }
         QString Guardada() { return s.geral.ini.Ler_Ini(u"morvex"_s, u"versaoactual"_s); }
         QString Data() { return s.geral.ini.Ler_Ini(u"morvex"_s, u"data"_s); }
@@ -133,7 +137,8 @@ private Q_SLOTS:
     void novaversao_aviso_nao_muda_nada_data()
     {
         QTest::addColumn<QString>("aviso");
-        for (const char *aviso : {"", "0", "1", "nao"}) QTest::newRow(aviso) << QString::fromLatin1(aviso);
+        for (const char *aviso : {"", "0", "1", "nao"})
+            QTest::newRow(aviso) << QString::fromLatin1(aviso);
     }
     void novaversao_aviso_nao_muda_nada()
     {

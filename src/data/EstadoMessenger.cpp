@@ -1,0 +1,44 @@
+#include "data/EstadoMessenger.h"
+
+#include "platform/Controls.h"
+
+#include <QAction>
+#include <QIcon>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr int imagem_sem_estado = 8;
+constexpr int imagem_ligado = 18;
+constexpr int imagem_ocupado = 19;
+constexpr int imagem_ausente = 20;
+constexpr int imagem_desligado = 21;
+
+QIcon Icone(int imagem) { return QIcon(u":/imagens/toolbar/messenger_%1.svg"_s.arg(imagem)); }
+} // namespace
+
+int estado_messenger::Imagem(const QString &codigo)
+{
+    if (codigo.isEmpty() || codigo == "0"_L1) return imagem_sem_estado;
+    if (codigo == "1"_L1) return imagem_desligado;
+    if (codigo == "10"_L1) return imagem_ocupado;
+    if (codigo == "18"_L1 || codigo == "34"_L1) return imagem_ausente;
+    return imagem_ligado;
+}
+
+bool estado_messenger::Ligado(const QString &codigo) { return Imagem(codigo) != imagem_sem_estado; }
+
+QIcon estado_messenger::Retrato(const QString &codigo)
+{
+    return Ligado(codigo) ? Icone(Imagem(codigo)) : QIcon(u":/imagens/card/email.svg"_s);
+}
+
+void estado_messenger::Mostrar(const QObject &janela, const QString &codigo)
+{
+    auto &botao = control<QAction>(janela, u"messenger"_s);
+    botao.setIcon(Icone(Imagem(codigo)));
+    botao.setProperty("Image", Imagem(codigo));
+    for (const auto &comando : {u"messenger"_s, u"mnuMessenger"_s, u"RightClickMessenger"_s})
+        control<QAction>(janela, comando).setEnabled(Ligado(codigo));
+}

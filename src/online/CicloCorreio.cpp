@@ -1,0 +1,177 @@
+#include "online/CicloCorreio.h"
+
+#include "data/Geral.h"
+#include "data/Tocar_Som.h"
+#include "online/Codificar_Email.h"
+#include "online/frmPopupEmail.h"
+#include "platform/Controls.h"
+#include "platform/Label.h"
+#include "platform/ListBox.h"
+#include "platform/Platform.h"
+
+#include <QAction>
+#include <QMainWindow>
+
+using namespace Qt::StringLiterals;
+
+CicloCorreio::CicloCorreio(QMainWindow &janela, Geral &geral, Platform &platform)
+    : QObject(&janela),
+      janela_(janela),
+      geral_(geral),
+      platform_(platform),
+      lstEmails(control<ListBox>(janela, u"lstEmails"_s)),
+      lblTemporizador(control<Label>(janela, u"lblTemporizador"_s))
+{
+    Temporizadores &t = geral_.temporizadores;
+    connect(&t.TimerMailNotification, &QTimer::timeout, this, &CicloCorreio::TimerMailNotification_Timer);
+    connect(&t.TimerMailNotification3, &QTimer::timeout, this, &CicloCorreio::TimerMailNotification3_Timer);
+    connect(&t, &Temporizadores::IniciarMail, this, &CicloCorreio::IniciarMail);
+    connect(&t, &Temporizadores::ReiniciarMail, this, &CicloCorreio::ReiniciarMail);
+    connect(&t, &Temporizadores::RecolherPopupEmail, this, [this] {
+        if (popup_) popup_->sink();
+    });
+    connect(&lblTemporizador, &Label::Change, this, &CicloCorreio::lblTemporizador_Change);
+    for (const auto &comando : {u"mnuMailNotification"_s, u"keyCheckMail"_s})
+        connect(&control<QAction>(janela_, comando), &QAction::triggered, this,
+                &CicloCorreio::mnuMailNotification_Click);
+}
+
+CicloCorreio::~CicloCorreio() { delete popup_; }
+
+bool CicloCorreio::Activo() const { return geral_.EmailNotifyActivo == 1; }
+
+void CicloCorreio::IniciarMail()
+{
+    if (!Activo()) return;
+    lblTemporizador.setCaption(QString::number(geral_.EmailNotifyMinutos));
+    geral_.temporizadores.TimerMailNotification.setEnabled(true);
+    if (lstEmails.ListCount() == 0) Preencher_Fila();
+}
+
+void CicloCorreio::Preencher_Fila()
+{
+    Recordset &rs = geral_.de.Abrir("cmdListarEmails", {geral_.SessaoActual.IdUtilizador});
+    for (; !rs.Eof(); rs.MoveNext())
+        lstEmails.AddItem(rs.Fields("ID").text());
+    rs.Close();
+}
+
+void CicloCorreio::ReiniciarMail()
+{
+    if (!Activo()) return;
+    if (lstEmails.ListCount() == 0)
+        geral_.temporizadores.TimerMailNotification.setEnabled(true);
+    else
+        VerificarConta();
+}
+
+void CicloCorreio::TimerMailNotification_Timer()
+{
+    lblTemporizador.setCaption(QString::number(lblTemporizador.text().toInt() - 1));
+}
+
+void CicloCorreio::lblTemporizador_Change()
+{
+    if (lblTemporizador.text() != "0"_L1) return;
+    geral_.temporizadores.TimerMailNotification.setEnabled(false);
+    VerificarConta();
+}
+
+// The account stays in the queue: it goes when the next one is wanted.
+void CicloCorreio::VerificarConta()
+{
+    platform_.mail.setActivo(false);
+    if (lstEmails.ListCount() > 0) Entregar_Primeira_Conta();
+    geral_.temporizadores.TimerMailNotification3.setEnabled(true);
+}
+
+void CicloCorreio::Entregar_Primeira_Conta()
+{
+    lstEmails.setListIndex(0);
+    Recordset &rs = geral_.de.Abrir("cmdDadosEmail", {lstEmails.List(0)});
+    EmailActual = rs.Fields("Email").textOrEmpty();
+    platform_.mail.setServidor(rs.Fields("ServerName").textOrEmpty());
+    platform_.mail.setConta(rs.Fields("Username").textOrEmpty());
+    platform_.mail.setSenha(Descodificar_Email(rs.Fields("PalavraPasse").textOrEmpty()));
+    rs.Close();
+    platform_.mail.setActivo(true);
+}
+
+void CicloCorreio::TimerMailNotification3_Timer()
+{
+    ErroMail = platform_.mail.Falhou();
+    if (ErroMail)
+        Mostrar_Falha();
+    else if (platform_.mail.TemCorreio())
+        Mostrar_Correio();
+    Avancar_Fila();
+}
+
+void CicloCorreio::Mostrar_Falha()
+{
+    const QString texto = EmailActual + u" ("_s + platform_.mail.TextoErro() + u')';
+    frmPopupEmail &popup = Popup();
+    ErroMail = true;
+    popup.StatusLabel->setText(texto);
+    Parar_Verificacao();
+    popup.Reiniciar_TimerTimeout();
+}
+
+void CicloCorreio::Mostrar_Correio()
+{
+    const qint16 mensagens = platform_.mail.NumeroMensagens();
+    frmPopupEmail &popup = Popup();
+    const QString palavra = geral_.Ler_Idioma(mensagens == 1 ? 258 : 259);
+    popup.StatusLabel->setText(QString::number(mensagens) + u' ' + palavra + u" ("_s + EmailActual + u')');
+    Tocar_Som(platform_.sound, Som_Do_Email(geral_));
+    popup.Reiniciar_TimerTimeout();
+    Parar_Verificacao();
+}
+
+void CicloCorreio::Parar_Verificacao()
+{
+    platform_.mail.setActivo(false);
+    geral_.temporizadores.TimerMailNotification3.setEnabled(false);
+}
+
+void CicloCorreio::Avancar_Fila()
+{
+    const int contas = lstEmails.ListCount();
+    if (contas > 0) lstEmails.RemoveItem(0);
+    if (contas > 1)
+        VerificarConta();
+    else
+        IniciarMail();
+}
+
+// The user's own check, at once.
+void CicloCorreio::mnuMailNotification_Click()
+{
+    platform_.mail.setActivo(false);
+    lstEmails.Clear();
+    geral_.temporizadores.TimerVerificacaoEmail.setEnabled(true);
+    IniciarMail();
+    VerificarConta();
+    Popup();
+}
+
+// The one card, which loads at its first notice.
+frmPopupEmail &CicloCorreio::Popup()
+{
+    if (popup_) return *popup_;
+    geral_.temporizadores.TimerMailNotification.setEnabled(false);
+    if (EmailActual.isEmpty()) ErroMail = true; // there is no account yet
+    const QString texto = EmailActual.isEmpty() ? geral_.Ler_Idioma(260)
+                                                : EmailActual + u" ("_s + geral_.Ler_Idioma(261) + u')';
+    popup_ = new frmPopupEmail(janela_, texto);
+    connect(popup_, &RisingCard::Click, this, &CicloCorreio::Popup_Click);
+    popup_->show();
+    return *popup_;
+}
+
+void CicloCorreio::Popup_Click()
+{
+    if (!ErroMail) return platform_.shell.openMailProgram();
+    popup_->close();
+    Q_EMIT Abrir_Opcoes();
+}
