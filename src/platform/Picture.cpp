@@ -17,12 +17,17 @@ void prepare(QImageReader &reader)
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);
 }
+
+// A drawing, whatever its file is called, is a program of sorts: it can ask for other files and for any
+// amount of work. A picture is points.
+bool isDrawing(const QImageReader &reader) { return reader.format().startsWith("svg"); }
 } // namespace
 
 Picture::Picture(const QString &path) : path_(path)
 {
     QImageReader reader(path);
     prepare(reader);
+    if (isDrawing(reader)) raiseInvalid(path);
     naturalSize_ = reader.size();
     if (reader.transformation() & QImageIOHandler::TransformationRotate90) naturalSize_.transpose();
     if (naturalSize_.isEmpty()) raiseInvalid(path);

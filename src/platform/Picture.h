@@ -10,7 +10,7 @@ class Picture
 public:
     Picture() = default;
 
-    // Opens the file and reads its size. Raises Failure for a file that is missing or no picture.
+    // Opens the file and reads its size. Raises Failure for a file that is missing, no picture, or a drawing.
     explicit Picture(const QString &path);
 
     const QString &path() const { return path_; }
