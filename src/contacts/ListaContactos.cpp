@@ -24,9 +24,13 @@ void Acrescentar(ListBox &lista, const QString &nome, int id)
 } // namespace
 
 ListaContactos::ListaContactos(QWidget &janela, Geral &geral, CartaoContacto &cartao)
-    : QObject(&janela), geral_(geral), cartao_(cartao), ListaNomes(control<ListBox>(janela, u"ListaNomes"_s)),
+    : QObject(&janela),
+      geral_(geral),
+      cartao_(cartao),
+      ListaNomes(control<ListBox>(janela, u"ListaNomes"_s)),
       ListaNomes2(control<ListBox>(janela, u"ListaNomes2"_s)),
-      ComboGrupos(control<ComboBox>(janela, u"ComboGrupos"_s)), lblContador(control<QLabel>(janela, u"lblContador"_s))
+      ComboGrupos(control<ComboBox>(janela, u"ComboGrupos"_s)),
+      lblContador(control<QLabel>(janela, u"lblContador"_s))
 {
     connect(&ComboGrupos, &ComboBox::Click, this, &ListaContactos::Carregar_Tabela);
 }
@@ -34,18 +38,23 @@ ListaContactos::ListaContactos(QWidget &janela, Geral &geral, CartaoContacto &ca
 void ListaContactos::Carregar_Tabela()
 {
     Limpar_Dados();
-    geral_.GrupoActual = QString::number(ComboGrupos.ItemData(ComboGrupos.ListIndex()));
     Preencher_Listas();
     cartao_.Mostrar_Foto_Por_Omissao();
     lblContador.setText(geral_.Ler_Idioma(texto_contador) + u' ' + QString::number(ListaNomes.ListCount()));
     if (ListaNomes.ListCount() == 1) ListaNomes.setListIndex(0);
 }
 
+Recordset &ListaContactos::Abrir_Nomes()
+{
+    geral_.GrupoActual = QString::number(ComboGrupos.ItemData(ComboGrupos.ListIndex()));
+    return geral_.GrupoActual.toInt() == 0
+               ? geral_.de.Abrir("cmdListarTodosContactos", {geral_.SessaoActual.IdUtilizador})
+               : geral_.de.Abrir("cmdListarNomes", {geral_.GrupoActual});
+}
+
 void ListaContactos::Preencher_Listas()
 {
-    Recordset &rs = geral_.GrupoActual.toInt() == 0
-                        ? geral_.de.Abrir("cmdListarTodosContactos", {geral_.SessaoActual.IdUtilizador})
-                        : geral_.de.Abrir("cmdListarNomes", {geral_.GrupoActual});
+    Recordset &rs = Abrir_Nomes();
     const ListBox::Filling enchendo(ListaNomes);
     const ListBox::Filling enchendo2(ListaNomes2);
     for (; !rs.Eof(); rs.MoveNext()) {
@@ -70,6 +79,13 @@ void ListaContactos::Carregar_Grupos()
     ComboGrupos.AddItem(geral_.Ler_Idioma(texto_todos_os_grupos));
     Preencher_Grupos(geral_, ComboGrupos, DadosDoItem::Com);
     ComboGrupos.setListIndex(0);
+}
+
+void ListaContactos::Refrescar()
+{
+    Carregar_Grupos();
+    Limpar_Dados();
+    Carregar_Tabela();
 }
 
 void ListaContactos::Contacto_Anterior()

@@ -1,6 +1,6 @@
 // The contact list of the main window: names, their hidden sorted twin, the group filter and the counter.
-// Everything else about contacts hangs on it: whoever changes a contact or a group reloads it, which loses the
-// selection, and puts the selection back by hand.
+// Everything else about contacts hangs on it: whoever changes a contact or a group reloads it, which loses
+// the selection, and puts the selection back by hand.
 #pragma once
 
 #include <QObject>
@@ -11,6 +11,7 @@ class Geral;
 class ListBox;
 class QLabel;
 class QWidget;
+class Recordset;
 
 class ListaContactos final : public QObject
 {
@@ -23,11 +24,17 @@ public:
     // two or more none. Raises Failure where a command fails or the picture for want of one is missing.
     void Carregar_Tabela();
 
+    // The names of the group in the filter, whose ID becomes GrupoActual. The caller closes the recordset.
+    Recordset &Abrir_Nomes();
+
     // Empties both lists and the card.
     void Limpar_Dados();
 
     // Fills the group filter anew, all groups first, and chooses these, which loads the list.
     void Carregar_Grupos();
+
+    // After a change of groups that may have moved or taken contacts: filter, card and list anew.
+    void Refrescar();
 
     // The row before or behind the selected one, round the ends of the list.
     void Contacto_Anterior();

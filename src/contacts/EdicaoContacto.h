@@ -1,0 +1,32 @@
+// The two commands of the main window that open the editor of contacts, and all the ways to them: buttons,
+// menus, toolbar, double click. The right is asked for at each use.
+#pragma once
+
+#include <QObject>
+
+class Geral;
+class ListaContactos;
+class QWidget;
+struct Platform;
+
+class EdicaoContacto final : public QObject
+{
+    Q_OBJECT
+public:
+    // The window must hold the commands and the controls of the contact list; it owns them.
+    EdicaoContacto(QWidget &janela, Geral &geral, Platform &platform, ListaContactos &lista);
+
+Q_SIGNALS:
+    // There is no group that a contact could belong to: the form that makes one is wanted, modally.
+    void Sem_Grupos();
+
+private:
+    void cmdNovo_Click();
+    void cmdEditar_Click();
+    void Abrir(const QString &ModoContacto, qint16 titulo);
+
+    QWidget &janela_;
+    Geral &geral_;
+    Platform &platform_;
+    ListaContactos &lista_;
+};

@@ -1,0 +1,60 @@
+#include "contacts/LugarNaLista.h"
+
+#include "contacts/ListaContactos.h"
+#include "data/Geral.h"
+#include "platform/ComboBox.h"
+#include "platform/Controls.h"
+#include "platform/ListBox.h"
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+int Linha_Com(const ListBox &lista, int id)
+{
+    for (int i = 0; i < lista.ListCount(); ++i)
+        if (lista.ItemData(i) == id) return i;
+    return -1;
+}
+} // namespace
+
+LugarNaLista::LugarNaLista(QWidget &janela, Geral &geral, ListaContactos &lista)
+    : geral_(geral),
+      lista_(lista),
+      ListaNomes(control<ListBox>(janela, u"ListaNomes"_s)),
+      ListaNomes2(control<ListBox>(janela, u"ListaNomes2"_s)),
+      ComboGrupos(control<ComboBox>(janela, u"ComboGrupos"_s))
+{
+}
+
+int LugarNaLista::Lugar_Do_Novo(const QString &Nome, const QString &IDGrupo)
+{
+    if (IDGrupo != geral_.GrupoActual) ComboGrupos.setListIndex(0);
+    {
+        const ListBox::Filling enchendo(ListaNomes2);
+        ListaNomes2.Clear();
+        Recordset &rs = lista_.Abrir_Nomes();
+        for (; !rs.Eof(); rs.MoveNext())
+            ListaNomes2.AddItem(rs.Fields("Nome").textOrEmpty());
+        rs.Close();
+        ListaNomes2.AddItem(Nome);
+    }
+    ListaNomes2.setListIndex(ListaNomes2.NewIndex());
+    return ListaNomes2.ListIndex();
+}
+
+void LugarNaLista::Mostrar_Novo(int IndiceNovoContacto)
+{
+    lista_.Carregar_Tabela();
+    ListaNomes.setListIndex(IndiceNovoContacto);
+}
+
+void LugarNaLista::Mostrar_Editado(const QString &IDGrupo)
+{
+    const QString grupo_a_vista = ComboGrupos.ChosenItemData();
+    if (grupo_a_vista != "0"_L1 && grupo_a_vista != IDGrupo) ComboGrupos.setListIndex(0);
+    lista_.Carregar_Tabela();
+    const int linha = Linha_Com(ListaNomes2, geral_.IDContacto);
+    ListaNomes2.setListIndex(linha);
+    ListaNomes.setListIndex(linha);
+}

@@ -1,0 +1,345 @@
+#include "contacts/frmAddEdit.h"
+
+#include "contacts/DataAniversario.h"
+#include "contacts/Fotografia.h"
+#include "contacts/Preencher_Grupos.h"
+#include "data/Geral.h"
+#include "data/Idiomas.h"
+#include "platform/Controls.h"
+#include "platform/Failure.h"
+#include "platform/Picture.h"
+#include "platform/Platform.h"
+#include "platform/Units.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr int margem = 8; // pixels, below the calendar
+constexpr QRectF lugar_da_foto(7305, 870, 1125, 1080);
+
+// A picture that is too large for its place shrinks in proportion; a smaller one stays as it is.
+QRectF Lugar_Da_Foto(QSizeF natural)
+{
+    const bool cabe = natural.width() <= lugar_da_foto.width() && natural.height() <= lugar_da_foto.height();
+    QRectF lugar({}, cabe ? natural : natural.scaled(lugar_da_foto.size(), Qt::KeepAspectRatio));
+    lugar.moveCenter(lugar_da_foto.center());
+    return lugar;
+}
+
+QString Filtro(const QString &todas_as_imagens)
+{
+    return todas_as_imagens + u"|*.bmp;*.dib;*.gif;*.jpg;*.wmf;*.emf;*ico;*.cur|Bitmaps "
+                              "(*.bmp;*.dib)|*.bmp;*.dib|GIF "
+                              "(*.gif)|*.gif|JPEG "
+                              "(*.jpg)|*.jpg|Metafiles "
+                              "(*.wmf;*.emf)|*.wmf;*.emf|Icons "
+                              "(*.ico;*.cur)|*.ico;*.cur"_s;
+}
+
+QString Pasta_Do_Ficheiro(const QString &FileName) { return FileName.left(FileName.lastIndexOf(u'/') + 1); }
+
+// A day that the month doesn't have becomes its last one.
+QDate Data_Mais_Proxima(int ano, int mes, int dia)
+{
+    const QDate primeiro(std::min(ano, 9999), std::min(mes, 12), 1);
+    return primeiro.addDays(std::min(dia, primeiro.daysInMonth()) - 1);
+}
+QDate Com_Dia(QDate data, int dia) { return Data_Mais_Proxima(data.year(), data.month(), dia); }
+QDate Com_Mes(QDate data, int mes) { return Data_Mais_Proxima(data.year(), mes, data.day()); }
+QDate Com_Ano(QDate data, int ano) { return Data_Mais_Proxima(ano, data.month(), data.day()); }
+
+// Keys that leave the field, and those that only go with others, aren't meant for it.
+bool Tecla_Do_Campo(const QKeyEvent &tecla)
+{
+    switch (tecla.key()) {
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Escape:
+    case Qt::Key_Shift:
+    case Qt::Key_Control:
+    case Qt::Key_Alt:
+        return false;
+    default:
+        return true;
+    }
+}
+
+bool Clique(const QEvent &evento)
+{
+    return evento.type() == QEvent::MouseButtonRelease &&
+           static_cast<const QMouseEvent &>(evento).button() == Qt::LeftButton;
+}
+
+bool Tecla(const QEvent &evento)
+{
+    return evento.type() == QEvent::KeyPress && Tecla_Do_Campo(static_cast<const QKeyEvent &>(evento));
+}
+} // namespace
+
+frmAddEdit::frmAddEdit(QWidget &janela, Geral &geral, Platform &platform, ListaContactos &lista)
+    : QDialog(&janela), geral_(geral), platform_(platform), janela_(janela), lugar_(janela, geral, lista)
+{
+    setupUi(this);
+    setFixedSize(size());
+    altura_ = height();
+    datas_ = {{txtDia, 400, "nao", 0, &QDate::day, Com_Dia},
+              {txtMes, 1440, "nao", 0, &QDate::month, Com_Mes},
+              {txtAno, 2400, "sim", 1768, &QDate::year, Com_Ano}};
+    for (QWidget *campo : findChildren<QWidget *>(Qt::FindDirectChildrenOnly))
+        campo->installEventFilter(this);
+    connect(ComboGrupos, &ComboBox::Click, this, &frmAddEdit::ComboGrupos_Click);
+    connect(cmd_foto, &QPushButton::clicked, this, &frmAddEdit::cmd_foto_Click);
+    connect(cmdOk, &QPushButton::clicked, this, &frmAddEdit::cmdOk_Click);
+    connect(cmdCancelar, &QPushButton::clicked, this, &frmAddEdit::cmdCancelar_Click);
+    connect(Calendario, &QCalendarWidget::clicked, this, &frmAddEdit::Calendario_DateClick);
+    connect(Calendario, &QCalendarWidget::activated, this, &frmAddEdit::Calendario_DateClick);
+    connect(this, &QDialog::finished, this, &frmAddEdit::Form_Unload);
+}
+
+bool frmAddEdit::Carregar()
+{
+    if (control<ComboBox>(janela_, u"ComboGrupos"_s).ListCount() == 0) {
+        platform_.boxes.show(u"Nehum grupo criado"_s, box::exclamation, windowTitle(), this);
+        Q_EMIT Sem_Grupos();
+        return false;
+    }
+    try {
+        Form_Load();
+    } catch (const Failure &) {
+        Form_Unload(); // a form that couldn't load must not leave the alarms silent
+        throw;
+    }
+    return true;
+}
+
+void frmAddEdit::Form_Load()
+{
+    geral_.temporizadores.Gerir_Temporizadores(u"stop"_s);
+    Atribuir_Legendas();
+    Oferecer_Grupos(geral_, *ComboGrupos); // a user who sees no group at all learns so from cmdOk
+    Calendario->setSelectedDate(platform_.clock.today());
+    skipFailure([&] { Mostrar_Foto(geral_.Ficheiro(u"semfoto_small.jpg"_s)); });
+    if (geral_.ModoContacto == "Edit"_L1) Preencher_Campos();
+}
+
+void frmAddEdit::Atribuir_Legendas()
+{
+    using Legenda = std::pair<QLabel *, qint16>;
+    for (const auto &[legenda, texto] :
+         {Legenda(lblNome, 27), Legenda(lblTelefone1, 28), Legenda(lblTelefone2, 29),
+          Legenda(lblTelemovel1, 30), Legenda(lblTelemovel2, 31), Legenda(lblTelemovel3, 32),
+          Legenda(lblWebsite, 34), Legenda(lblFotografia, 35), Legenda(lblMorada, 36), Legenda(lblObs, 37),
+          Legenda(lblAniversario, 38), Legenda(lblDia, 39), Legenda(lblMes, 40), Legenda(lblAno, 41),
+          Legenda(lblGrupo, 42)})
+        legenda->setText(geral_.Ler_Idioma(texto));
+    cmdCancelar->setText(geral_.Ler_Idioma(43));
+    cmd_foto->setText(geral_.Ler_Idioma(44));
+    Thumb->setAccessibleName(lblFotografia->text());
+    Calendario->setAccessibleName(lblAniversario->text());
+    if (const Idioma *idioma = idiomas::Procurar(geral_.IdiomaActual))
+        Calendario->setLocale(QLocale(QString::fromUtf16(idioma->codigo)));
+}
+
+void frmAddEdit::Preencher_Campos()
+{
+    Recordset &rs = geral_.de.Abrir("cmdEditarNome", {QString::number(geral_.IDContacto)});
+    for (const char *coluna :
+         {"Nome", "Telefone1", "Telefone2", "Fax", "Telemovel1", "Telemovel2", "Telemovel3", "Fotografia",
+          "Website", "Email1", "Email2", "Dia", "Mes", "Ano"})
+        control<QLineEdit>(*this, u"txt"_s + QLatin1StringView(coluna))
+            .setText(rs.Fields(coluna).textOrEmpty());
+    Morada_.load(*txtMorada, rs.Fields("Morada").textOrEmpty());
+    Obs_.load(*txtObs, rs.Fields("Obs").textOrEmpty());
+    Escolher_Grupo(rs.Fields("Grupo").text());
+    Mostrar_Foto_Do_Contacto();
+    rs.Close();
+}
+
+// By its name, as a person would choose it: of two groups with one name it is the first.
+void frmAddEdit::Escolher_Grupo(const QString &Grupo)
+{
+    Recordset &rs = geral_.de.Abrir("cmdVerGrupo", {Grupo});
+    ComboGrupos->ChooseText(rs.Fields("NomeGrupo").textOrEmpty());
+    rs.Close();
+}
+
+void frmAddEdit::Mostrar_Foto(const QString &ficheiro)
+{
+    const Picture imagem(ficheiro);
+    Mostrar_Fotografia(*Thumb, imagem, Lugar_Da_Foto(QSizeF(imagem.naturalSize()) * twipsPerPixel));
+}
+
+// The path as it stands: unlike the card, the editor doesn't look in the program's folder.
+void frmAddEdit::Mostrar_Foto_Do_Contacto()
+{
+    if (txtFotografia->text().isEmpty()) return;
+    onFailure([&] { Mostrar_Foto(txtFotografia->text()); },
+              [&](const Failure &) { Mostrar_Foto(geral_.Ficheiro(u"fotoerro_small.jpg"_s)); });
+}
+
+bool frmAddEdit::event(QEvent *evento)
+{
+    const bool tratado = QDialog::event(evento);
+    if (evento->type() == QEvent::WindowActivate && !activado_) Form_Activate();
+    return tratado;
+}
+
+void frmAddEdit::Form_Activate()
+{
+    activado_ = true; // coming back from a box or another window leaves the caret where it was
+    txtNome->setFocus();
+    txtNome->end(false);
+}
+
+// The alarm and the dot go on, and the mail cycle begins anew.
+void frmAddEdit::Form_Unload() { geral_.temporizadores.Gerir_Temporizadores(u"start"_s); }
+
+bool frmAddEdit::eventFilter(QObject *alvo, QEvent *evento)
+{
+    const CampoDeData *campo = Campo_De_Data(alvo);
+    if (evento->type() == QEvent::FocusIn && qobject_cast<QPushButton *>(alvo) == nullptr)
+        cmdOk->setDefault(qobject_cast<QPlainTextEdit *>(alvo) == nullptr); // there Enter makes a new line
+    else if (campo != nullptr && Clique(*evento))
+        Data_Click(*campo);
+    else if (campo != nullptr && Tecla(*evento))
+        Data_KeyDown(*campo);
+    return QDialog::eventFilter(alvo, evento);
+}
+
+const frmAddEdit::CampoDeData *frmAddEdit::Campo_De_Data(const QObject *alvo) const
+{
+    for (const CampoDeData &campo : datas_)
+        if (campo.caixa == alvo) return &campo;
+    return nullptr;
+}
+
+void frmAddEdit::Data_Click(const CampoDeData &campo)
+{
+    if (Calendario->isVisible()) {
+        Mostrar_Calendario(false);
+        if (campo.caixa == txtAno) CalendarioAno = u"nao"_s;
+        return;
+    }
+    const int escrito = campo.caixa->text().toInt();
+    const int parte = escrito > campo.limite ? escrito : (platform_.clock.today().*campo.parte)();
+    Calendario->setSelectedDate(campo.com_parte(Calendario->selectedDate(), parte));
+    Data_KeyDown(campo);
+}
+
+void frmAddEdit::Data_KeyDown(const CampoDeData &campo)
+{
+    Calendario->move(pixels(campo.left), Calendario->y());
+    Mostrar_Calendario(true);
+    CalendarioAno = QLatin1StringView(campo.CalendarioAno);
+}
+
+// The form is as high as what it shows.
+void frmAddEdit::Mostrar_Calendario(bool visivel)
+{
+    setFixedHeight(visivel ? Calendario->geometry().bottom() + margem : altura_);
+    Calendario->setVisible(visivel);
+    Calendario->raise();
+}
+
+void frmAddEdit::Calendario_DateClick(QDate dia)
+{
+    Mostrar_Calendario(false);
+    txtDia->setText(QString::number(dia.day()));
+    txtMes->setText(QString::number(dia.month()));
+    if (CalendarioAno == "sim"_L1) txtAno->setText(QString::number(dia.year()));
+}
+
+void frmAddEdit::ComboGrupos_Click() { txtIDGrupo->setText(ComboGrupos->ChosenItemData()); }
+
+void frmAddEdit::cmd_foto_Click()
+{
+    const auto FileName =
+        platform_.dialogs.openFile(Filtro(geral_.Ler_Idioma(1)), geral_.UltimaPastaFotos, this);
+    if (!FileName) return;
+    geral_.UltimaPastaFotos = Pasta_Do_Ficheiro(*FileName);
+    geral_.ini.Escrever_Ini(u"fotografias"_s, u"lastpathpic"_s, geral_.UltimaPastaFotos);
+    txtFotografia->setText(*FileName);
+    onFailure(
+        [&] {
+            Mostrar_Foto(*FileName);
+            if (geral_.ModoContacto != "Edit"_L1) return;
+            cmdOk->setDefault(true);
+            cmdOk->setFocus();
+        },
+        [&](const Failure &) { Mostrar_Foto(geral_.Ficheiro(u"semfoto_small.jpg"_s)); });
+}
+
+void frmAddEdit::cmdOk_Click()
+{
+    if (ComboGrupos->ListCount() == 0) {
+        platform_.boxes.show(u"nenhum grupo criado."_s, box::exclamation, windowTitle(), this);
+        reject();
+        Q_EMIT Sem_Grupos();
+        return;
+    }
+    if (!Aniversario_Valido(txtDia->text(), txtMes->text(), txtAno->text())) return Recusar_Data();
+    if (geral_.ModoContacto == "Add"_L1)
+        Adicionar();
+    else
+        Actualizar();
+}
+
+void frmAddEdit::Recusar_Data()
+{
+    platform_.boxes.show(geral_.Ler_Idioma(232), box::stop, windowTitle(), this);
+    for (const CampoDeData &campo : datas_)
+        campo.caixa->clear();
+}
+
+std::array<QString, 17> frmAddEdit::Valores() const
+{
+    return {txtNome->text(),       txtTelefone1->text(),
+            txtTelefone2->text(),  txtFax->text(),
+            txtTelemovel1->text(), txtTelemovel2->text(),
+            txtTelemovel3->text(), txtDia->text(),
+            txtMes->text(),        txtAno->text(),
+            txtEmail1->text(),     txtEmail2->text(),
+            txtWebsite->text(),    Morada_.stored(*txtMorada),
+            Obs_.stored(*txtObs),  txtFotografia->text(),
+            txtIDGrupo->text()};
+}
+
+void frmAddEdit::Adicionar()
+{
+    const int IndiceNovoContacto = lugar_.Lugar_Do_Novo(txtNome->text(), txtIDGrupo->text());
+    std::apply([&](const auto &...valores) { geral_.de.Executar("cmdAdicionarNome", {valores...}); },
+               Valores());
+    Fechar_Depois_De([&] { lugar_.Mostrar_Novo(IndiceNovoContacto); });
+}
+
+void frmAddEdit::Actualizar()
+{
+    const QString ID = QString::number(geral_.IDContacto);
+    std::apply(
+        [&](const auto &...valores) {
+            geral_.de.Executar("cmdUpdateNome", {valores..., ID});
+        },
+        Valores());
+    Fechar_Depois_De([&] { lugar_.Mostrar_Editado(txtIDGrupo->text()); });
+}
+
+// What is written is written: if the list can't be shown anew the form still closes, or a second Ok would
+// write the contact twice.
+void frmAddEdit::Fechar_Depois_De(const std::function<void()> &mostrar)
+{
+    try {
+        mostrar();
+    } catch (const Failure &) {
+        accept();
+        throw;
+    }
+    accept();
+}
+
+void frmAddEdit::cmdCancelar_Click() { reject(); }
