@@ -1,0 +1,409 @@
+// The start: its steps, what each reads, who gets in, and that a failing step never holds up the later ones.
+#include "data/frmSeleccionarIdioma.h"
+#include "session/Arranque.h"
+#include "session/frmLoading.h"
+#include "session/frmLogin.h"
+#include "session/Main.h"
+#include "testlib/Accoes.h"
+#include "testlib/Sistema.h"
+#include "testlib/Teste.h"
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+// A window about to start. The rights are those of a process in which nobody has been let in yet.
+struct PorArrancar {
+    explicit PorArrancar(Sistema::Estado estado = Sistema::Estado::Semeado) : s(estado)
+    {
+        s.geral.SessaoActual = {};
+    }
+
+    void Passo(const char *nome)
+    {
+        Arranque inicio = janela.Inicio();
+        for (const Arranque::Passo &passo : inicio.Passos())
+            if (qstrcmp(passo.nome, nome) == 0) return passo.executar();
+        QTest::qFail(nome, __FILE__, __LINE__);
+    }
+
+    // The login of Ana, who has a password, when it comes.
+    static void Entrar_Como_Ana()
+    {
+        accoes::Quando_Abrir<frmLogin>([](frmLogin &form) {
+            form.txtUser->setText(u"Ana"_s);
+            form.txtPass->setText(u"segredo"_s);
+            form.cmdOk->click();
+        });
+    }
+
+    void Escrever_Ini(std::initializer_list<std::array<const char *, 3>> chaves)
+    {
+        for (const auto &[seccao, chave, valor] : chaves)
+            s.geral.ini.Escrever_Ini(QString::fromLatin1(seccao), QString::fromLatin1(chave),
+                                     QString::fromLatin1(valor));
+    }
+
+    Sistema s;
+    Main janela{s.geral, s.plataforma};
+};
+} // namespace
+
+class TestArranque : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void os_passos_correm_por_esta_ordem()
+    {
+        PorArrancar p;
+        Arranque inicio = p.janela.Inicio();
+        QStringList nomes;
+        for (const Arranque::Passo &passo : inicio.Passos())
+            nomes << QLatin1StringView(passo.nome);
+        QCOMPARE(nomes, (QStringList{u"Escrever_Data"_s, u"Escolher_Idioma"_s, u"Ler_Configuracao"_s,
+                                     u"Ler_TblConfig"_s, u"Iniciar_Sessao"_s, u"Escrever_Titulo"_s,
+                                     u"Confirmar_Opcoes"_s, u"Atribuir_Legendas"_s, u"Preencher_Filtro"_s,
+                                     u"Restaurar_Memos"_s, u"Adicionar_Icone"_s, u"Avisar_Aniversarios"_s,
+                                     u"Minimizar"_s}));
+    }
+
+    void cmdData_mostra_a_data_de_hoje_por_extenso()
+    {
+        PorArrancar p;
+        p.Passo("Escrever_Data");
+        QCOMPARE(p.janela.cmdData->text(),
+                 QLocale::system().toString(QDate(2027, 2, 1), QLocale::LongFormat));
+        QVERIFY(p.janela.cmdData->text().contains(u"2027"_s));
+    }
+
+    // Settings
+
+    void as_definicoes_vem_do_ficheiro()
+    {
+        PorArrancar p;
+        p.Escrever_Ini({{"envelopes", "alimentacao", "envelope_left"},
+                        {"aniversarios", "dias", "12"},
+                        {"aniversarios", "aviso", "1"},
+                        {"fotografias", "lastpathpic", "/fotos"},
+                        {"arranque", "autorun", "sim"},
+                        {"arranque", "minimizar", "nao"},
+                        {"memos", "fontname", "Courier"},
+                        {"memos", "fontsize", "10,5"},
+                        {"memos", "fontbold", "True"},
+                        {"memos", "fontitalic", "False"},
+                        {"memos", "corfundo", "255"},
+                        {"basedados", "caminhobd", "/outra/morvex.mdb"},
+                        {"novaversao", "aviso", "1"},
+                        {"emailnotify", "activo", "1"},
+                        {"emailnotify", "minutos", "45"},
+                        {"messenger", "activo", "1"},
+                        {"som", "email", "mail.wav"},
+                        {"som", "tarefa", "alarme.wav"}});
+        p.Passo("Ler_Configuracao");
+        const Geral &g = p.s.geral;
+        QCOMPARE(g.AlimentacaoEnvelopes, u"envelope_left"_s);
+        QCOMPARE(g.DiasAniversarios, qint16(12));
+        QCOMPARE(g.AvisoAniversarios, u"1"_s);
+        QCOMPARE(g.UltimaPastaFotos, u"/fotos"_s);
+        QCOMPARE(g.AutorunArranque, u"sim"_s);
+        QCOMPARE(g.MinimizarArranque, u"nao"_s);
+        QCOMPARE(g.MemoFontName, u"Courier"_s);
+        QCOMPARE(g.MemoFontSize, u"10,5"_s);
+        QCOMPARE(g.MemoFontBold, u"True"_s);
+        QCOMPARE(g.MemoFontItalic, u"False"_s);
+        QCOMPARE(g.MemoCorFundo, u"255"_s);
+        QCOMPARE(g.CaminhoBD, u"/outra/morvex.mdb"_s);
+        QCOMPARE(g.AvisoNovaVersao, u"1"_s);
+        QCOMPARE(g.EmailNotifyActivo, qint16(1));
+        QCOMPARE(g.EmailNotifyMinutos, qint16(45));
+        QCOMPARE(g.MessengerActivo, qint16(1));
+        QCOMPARE(g.SomEmail, u"mail.wav"_s);
+        QCOMPARE(g.SomTarefa, u"alarme.wav"_s);
+    }
+
+    void um_inteiro_vazio_ou_que_nao_e_numero_fica_a_zero_e_os_outros_leem_se()
+    {
+        PorArrancar p;
+        p.Escrever_Ini({{"aniversarios", "dias", ""},
+                        {"emailnotify", "activo", "muito"},
+                        {"emailnotify", "minutos", "99999"},
+                        {"messenger", "activo", "1"},
+                        {"som", "tarefa", "alarme.wav"}});
+        p.Passo("Ler_Configuracao");
+        QCOMPARE(p.s.geral.DiasAniversarios, qint16(0));
+        QCOMPARE(p.s.geral.EmailNotifyActivo, qint16(0));
+        QCOMPARE(p.s.geral.EmailNotifyMinutos, qint16(0)); // does not fit 16 bits
+        QCOMPARE(p.s.geral.MessengerActivo, qint16(1));
+        QCOMPARE(p.s.geral.SomTarefa, u"alarme.wav"_s);
+    }
+
+    void lingua_versao_e_moradas_vem_de_TblConfig()
+    {
+        PorArrancar p;
+        p.s.Escrever(
+            u"UPDATE TblConfig SET Idioma='FrancesFR', Versao='3.1', Remetente='Eu', Destinatario='Tu'"_s);
+        p.Passo("Ler_TblConfig");
+        QCOMPARE(p.s.geral.IdiomaActual, u"FrancesFR"_s);
+        QCOMPARE(p.s.geral.VersaoBD, u"3.1"_s);
+        QCOMPARE(p.s.geral.RemetenteBD, u"Eu"_s);
+        QCOMPARE(p.s.geral.DestinatarioBD, u"Tu"_s);
+        QCOMPARE(p.s.geral.de.Rs("cmdVerConfig").State(), Recordset::Closed);
+    }
+
+    void uma_coluna_nula_de_TblConfig_salta_se_e_as_outras_leem_se()
+    {
+        PorArrancar p;
+        p.s.Escrever(u"UPDATE TblConfig SET Versao=NULL, Destinatario='Tu'"_s);
+        p.Passo("Ler_TblConfig");
+        QVERIFY(p.s.geral.VersaoBD.isEmpty());
+        QCOMPARE(p.s.geral.DestinatarioBD, u"Tu"_s);
+    }
+
+    // First run
+
+    void sem_caminhobd_aparece_a_escolha_da_lingua_e_ela_vale_logo()
+    {
+        PorArrancar p(Sistema::Estado::Vazio);
+        bool parados = false;
+        accoes::Quando_Abrir<frmSeleccionarIdioma>([&](frmSeleccionarIdioma &form) {
+            parados = !p.s.geral.temporizadores.timerTarefas.Enabled();
+            form.cmdFR->click();
+        });
+        p.Passo("Escolher_Idioma");
+        QVERIFY(parados);
+        QVERIFY(p.s.geral.temporizadores.timerTarefas.Enabled() &&
+                p.s.geral.temporizadores.timerPonto.Enabled());
+        QCOMPARE(p.s.geral.CaminhoBD, p.s.Base()); // the default path
+        p.Passo("Ler_TblConfig");
+        QCOMPARE(p.s.geral.IdiomaActual, u"FrancesFR"_s);
+        p.Passo("Iniciar_Sessao"); // no login comes: there are no users
+        p.Passo("Atribuir_Legendas");
+        p.Passo("Preencher_Filtro");
+        QCOMPARE(p.janela.cmdNovo->text(), p.s.Texto(45));
+        QCOMPARE(p.janela.ListaNomes->ListCount(), 2);
+    }
+
+    void fechar_a_escolha_da_lingua_deixa_as_legendas_em_branco()
+    {
+        PorArrancar p(Sistema::Estado::Vazio);
+        accoes::Quando_Abrir<frmSeleccionarIdioma>([](frmSeleccionarIdioma &form) { form.close(); });
+        p.Passo("Escolher_Idioma");
+        p.Passo("Ler_TblConfig");
+        p.Passo("Atribuir_Legendas");
+        QVERIFY(p.s.geral.IdiomaActual.isEmpty());
+        QVERIFY(p.janela.cmdNovo->text().isEmpty());
+        QCOMPARE(p.s.Linhas(u"SELECT count(*) FROM TblGrupos"_s), QStringList{u"0"_s});
+    }
+
+    void com_caminhobd_nao_se_pergunta_a_lingua()
+    {
+        PorArrancar p;
+        p.Passo("Escolher_Idioma"); // a modal form would wait here for ever
+        QVERIFY(p.s.geral.temporizadores.timerTarefas.Enabled());
+    }
+
+    // Session
+
+    void sem_utilizadores_nao_ha_login_e_ha_todos_os_direitos()
+    {
+        PorArrancar p;
+        p.s.geral.SessaoActual.IdUtilizador.clear();
+        p.Passo("Iniciar_Sessao");
+        const Sessao &sessao = p.s.geral.SessaoActual;
+        QVERIFY(sessao.Adicionar && sessao.Editar && sessao.Eliminar && sessao.Grupos && sessao.Utilizadores);
+        QCOMPARE(sessao.IdUtilizador, u"0"_s);
+        QVERIFY(sessao.Utilizador.isEmpty());
+        QVERIFY(!sessao.PedirPassSystemTray);
+        QCOMPARE(p.s.geral.de.Rs("cmdVerUsers").State(), Recordset::Closed);
+    }
+
+    void sem_utilizadores_as_chaves_do_utilizador_0_nao_se_leem_ao_arrancar()
+    {
+        PorArrancar p;
+        p.Escrever_Ini({{"emailnotify", "minutos", "20"}, {"emailnotify0", "minutos", "5"}});
+        p.Passo("Ler_Configuracao");
+        p.Passo("Iniciar_Sessao");
+        QCOMPARE(p.s.geral.EmailNotifyMinutos, qint16(20));
+    }
+
+    void depois_do_login_leem_se_as_chaves_do_utilizador()
+    {
+        PorArrancar p;
+        const QByteArray id = QByteArray::number(p.s.Novo_Utilizador(u"Ana"_s, u"segredo"_s));
+        const QByteArray emailnotify = "emailnotify" + id;
+        const QByteArray messenger = "messenger" + id;
+        const QByteArray som = "som" + id;
+        p.Escrever_Ini({{emailnotify.constData(), "activo", "1"},
+                        {emailnotify.constData(), "minutos", "5"},
+                        {messenger.constData(), "activo", "1"},
+                        {som.constData(), "email", "dela.wav"},
+                        {som.constData(), "tarefa", "alarme.wav"}});
+        p.Passo("Ler_Configuracao");
+        QCOMPARE(p.s.geral.EmailNotifyActivo, qint16(0)); // nobody has logged in yet
+        PorArrancar::Entrar_Como_Ana();
+        p.Passo("Iniciar_Sessao");
+        QCOMPARE(p.s.geral.SessaoActual.Utilizador, u"Ana"_s);
+        QCOMPARE(p.s.geral.EmailNotifyActivo, qint16(1));
+        QCOMPARE(p.s.geral.EmailNotifyMinutos, qint16(5));
+        QCOMPARE(p.s.geral.MessengerActivo, qint16(1));
+        QCOMPARE(p.s.geral.SomEmail, u"dela.wav"_s);
+        QCOMPARE(p.s.geral.SomTarefa, u"alarme.wav"_s);
+        QCOMPARE(p.s.geral.de.Rs("cmdVerUsers").State(), Recordset::Closed);
+    }
+
+    void chaves_por_escrever_do_utilizador_guardam_os_numeros_e_esvaziam_os_sons()
+    {
+        PorArrancar p;
+        p.s.Novo_Utilizador(u"Ana"_s, u"segredo"_s);
+        p.Escrever_Ini(
+            {{"emailnotify", "minutos", "20"}, {"messenger", "activo", "1"}, {"som", "email", "geral.wav"}});
+        p.Passo("Ler_Configuracao");
+        PorArrancar::Entrar_Como_Ana();
+        p.Passo("Iniciar_Sessao");
+        QCOMPARE(p.s.geral.MessengerActivo, qint16(1));
+        QCOMPARE(p.s.geral.EmailNotifyMinutos, qint16(20));
+        QVERIFY(p.s.geral.SomEmail.isEmpty());
+    }
+
+    void cancelar_o_login_termina_o_processo()
+    {
+        PorArrancar p;
+        p.s.Novo_Utilizador(u"Ana"_s, u"segredo"_s);
+        accoes::Quando_Abrir<frmLogin>([](frmLogin &form) { form.cmdCancelar->click(); });
+        p.Passo("Iniciar_Sessao");
+        QVERIFY(p.s.processo.Terminou());
+    }
+
+    void com_a_base_desaparecida_o_login_aparece_e_a_sua_confirmacao_termina_o_processo()
+    {
+        PorArrancar p(Sistema::Estado::Sem_Base);
+        bool terminou = false;
+        p.s.caixas.Espera_Erro(Failure::StoreError);
+        accoes::Quando_Abrir<frmLogin>([&](frmLogin &form) {
+            form.txtUser->setText(u"Ana"_s);
+            form.cmdOk->click();
+            terminou = p.s.processo.Terminou();
+            form.close();
+        });
+        p.janela.Carregar();
+        QVERIFY(terminou);
+        QVERIFY(p.s.caixas.Todas_Vistas());
+    }
+
+    // Title, list, icon
+
+    void o_titulo_leva_nome_versao_e_utilizador_com_um_espaco_entre_eles()
+    {
+        PorArrancar p;
+        p.s.geral.VersaoBD = u"1.0"_s;
+        p.Passo("Escrever_Titulo");
+        QCOMPARE(p.janela.windowTitle(), u"Morvex 1.0 "_s);
+        p.s.geral.SessaoActual.Utilizador = u"Ana"_s;
+        p.Passo("Escrever_Titulo");
+        QCOMPARE(p.janela.windowTitle(), u"Morvex 1.0 Ana"_s);
+    }
+
+    void o_arranque_enche_a_lista_poe_o_icone_e_mostra_a_janela()
+    {
+        PorArrancar p;
+        p.janela.Carregar();
+        QCOMPARE(p.janela.ListaNomes->ListCount(), 3); // the samples
+        QCOMPARE(p.janela.cmdNovo->text(), p.s.Texto(45));
+        QCOMPARE(p.s.tabuleiro.historia, QStringList{u"+1 "_s + p.janela.windowTitle()});
+        QCOMPARE(p.janela.windowTitle(),
+                 u"Morvex %1 "_s.arg(p.s.Linhas(u"SELECT Versao FROM TblConfig"_s).join(u""_s)));
+        QVERIFY(p.janela.isVisible());
+    }
+
+    void os_contactos_do_arranque_sao_os_do_utilizador_que_entrou()
+    {
+        PorArrancar p;
+        const int ana = p.s.Novo_Utilizador(u"Ana"_s, u"segredo"_s);
+        p.s.Novo_Contacto({{u"Nome"_s, u"Dela"_s}, {u"Grupo"_s, p.s.Novo_Grupo(u"Dela"_s, ana)}});
+        p.s.Novo_Contacto({{u"Nome"_s, u"Alheio"_s}, {u"Grupo"_s, p.s.Novo_Grupo(u"Outro"_s, ana + 1)}});
+        PorArrancar::Entrar_Como_Ana();
+        p.janela.Carregar();
+        QCOMPARE(p.janela.ListaNomes->ListCount(), 4);
+        QCOMPARE(p.janela.ListaNomes->List(0), u"Dela"_s);
+    }
+
+    // Into the tray
+
+    void minimizar_sim_comeca_no_tabuleiro()
+    {
+        PorArrancar p;
+        p.Escrever_Ini({{"arranque", "minimizar", "sim"}});
+        p.janela.Carregar();
+        QVERIFY(!p.janela.isVisible());
+        QCOMPARE(p.s.tabuleiro.historia, QStringList{u"+1 "_s + p.janela.windowTitle()});
+    }
+
+    void minimizar_sim_com_senha_comeca_trancado()
+    {
+        PorArrancar p;
+        p.s.Novo_Utilizador(u"Ana"_s, u"segredo"_s, u"11111"_s, true);
+        p.Escrever_Ini({{"arranque", "minimizar", "sim"}});
+        PorArrancar::Entrar_Como_Ana();
+        p.janela.Carregar();
+        QVERIFY(!p.janela.isVisible());
+        const QString titulo = p.janela.windowTitle();
+        QCOMPARE(p.s.tabuleiro.historia, (QStringList{u"+1 "_s + titulo, u"-1"_s, u"+2 "_s + titulo}));
+    }
+
+    void minimizar_sim_com_messenger_nao_mostra_frmLoading()
+    {
+        PorArrancar p;
+        p.Escrever_Ini({{"arranque", "minimizar", "sim"}, {"messenger", "activo", "1"}});
+        p.janela.Carregar();
+        for (const QWidget *janela : QApplication::topLevelWidgets())
+            QVERIFY(qobject_cast<const frmLoading *>(janela) == nullptr || !janela->isVisible());
+    }
+
+    void com_AvisoAniversarios_2_os_temporizadores_ficam_como_no_desenho()
+    {
+        PorArrancar p;
+        p.Escrever_Ini({{"aniversarios", "aviso", "2"}});
+        p.s.Novo_Contacto({{u"Nome"_s, u"Faz anos"_s}, {u"Dia"_s, u"1"_s}, {u"Mes"_s, u"2"_s}});
+        p.janela.Carregar(); // no birthday list comes
+        const Temporizadores &t = p.s.geral.temporizadores;
+        QVERIFY(t.timerTarefas.Enabled() && t.timerPonto.Enabled() && t.timerAniversarios.Enabled());
+    }
+
+    // A failing step
+
+    void um_passo_que_falha_deixa_correr_os_seguintes_data()
+    {
+        QTest::addColumn<QString>("tabela");
+        QTest::addColumn<int>("contactos");
+        QTest::newRow("TblConfig") << u"TblConfig"_s << 3;
+        QTest::newRow("TblMemos") << u"TblMemos"_s << 3;
+        QTest::newRow("TblGrupos") << u"TblGrupos"_s << 0;
+        QTest::newRow("TblLista") << u"TblLista"_s << 0;
+        QTest::newRow("TblIdiomas") << u"TblIdiomas"_s << 0;
+    }
+    void um_passo_que_falha_deixa_correr_os_seguintes()
+    {
+        QFETCH(QString, tabela);
+        QFETCH(int, contactos);
+        PorArrancar p;
+        p.s.Escrever(u"DROP TABLE "_s + tabela);
+        p.janela.Carregar();
+        QCOMPARE(p.janela.ListaNomes->ListCount(), contactos);
+        QCOMPARE(p.s.tabuleiro.historia, QStringList{u"+1 "_s + p.janela.windowTitle()});
+        QVERIFY(p.janela.isVisible());
+        QVERIFY(!p.s.processo.Terminou());
+    }
+
+    void sem_TblUsers_o_teste_falhado_mostra_o_login()
+    {
+        PorArrancar p;
+        p.s.Escrever(u"DROP TABLE TblUsers"_s);
+        accoes::Quando_Abrir<frmLogin>([](frmLogin &form) { form.close(); });
+        p.Passo("Iniciar_Sessao");
+        QVERIFY(p.s.processo.Terminou());
+    }
+};
+
+MORVEX_TESTE(TestArranque)
+#include "test_Arranque.moc"
