@@ -12,3 +12,9 @@ void Preencher_Grupos(Geral &geral, ComboBox &combo, DadosDoItem dados)
     }
     rs.Close();
 }
+
+void Oferecer_Grupos(Geral &geral, ComboBox &combo)
+{
+    Preencher_Grupos(geral, combo, DadosDoItem::Com);
+    if (combo.ListCount() > 0) combo.setListIndex(0);
+}

@@ -1,4 +1,5 @@
-// Fills a combo box with the groups that the session's user sees: the shared ones and his or her own, by name.
+// Fills a combo box with the groups that the session's user sees: the shared ones and his or her own, by
+// name.
 #pragma once
 
 class ComboBox;
@@ -8,3 +9,6 @@ enum class DadosDoItem { Sem, Com }; // whether each row carries its group's ID 
 
 // Adds behind what the combo holds already.
 void Preencher_Grupos(Geral &geral, ComboBox &combo, DadosDoItem dados);
+
+// The same with IDs and the first row chosen, where there is one.
+void Oferecer_Grupos(Geral &geral, ComboBox &combo);

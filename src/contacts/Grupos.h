@@ -1,0 +1,39 @@
+// The commands over groups of the main window's menu, behind the right that they need.
+#pragma once
+
+#include <QObject>
+
+class Geral;
+class ListaContactos;
+class QDialog;
+class QWidget;
+struct Platform;
+
+class Grupos final : public QObject
+{
+    Q_OBJECT
+public:
+    // The window must hold the menu entries CriarGrupos, EditarGrupos and EliminarGrupos.
+    Grupos(QWidget &janela, Geral &geral, Platform &platform, ListaContactos &lista);
+
+    // The form of a new group, modally. Asks for no right.
+    void Mostrar_frmNovoGrupo();
+
+Q_SIGNALS:
+    // The form of a new user is wanted, modally. A group form waits behind it, hidden; the right was asked
+    // for.
+    void CriarUtilizador();
+
+private:
+    void CriarGrupos_Click();
+    void EditarGrupos_Click();
+    void EliminarGrupos_Click();
+
+    bool Tem_Direito_A_Grupos();
+    void Criar_Utilizador(QDialog &form);
+
+    QWidget &janela_;
+    Geral &geral_;
+    Platform &platform_;
+    ListaContactos &lista_;
+};

@@ -1,0 +1,48 @@
+#include "contacts/frmNovoGrupo.h"
+
+#include "contacts/ListaContactos.h"
+#include "contacts/Preencher_Utilizadores.h"
+#include "data/Geral.h"
+#include "platform/Controls.h"
+
+#include <QShowEvent>
+
+using namespace Qt::StringLiterals;
+
+frmNovoGrupo::frmNovoGrupo(Geral &geral, ListaContactos &lista, QWidget *dono)
+    : QDialog(dono), geral_(geral), lista_(lista)
+{
+    setupUi(this);
+    connect(txtGrupo, &QLineEdit::textChanged, this, &frmNovoGrupo::txtGrupo_Change);
+    connect(cmdCriarUtilizador, &QPushButton::clicked, this, &frmNovoGrupo::CriarUtilizador);
+    connect(cmdOk, &QPushButton::clicked, this, &frmNovoGrupo::cmdOk_Click);
+    connect(cmdCancelar, &QPushButton::clicked, this, &QDialog::reject);
+    connect(this, &QDialog::finished, this, &frmNovoGrupo::Form_Unload);
+
+    geral_.temporizadores.Gerir_Temporizadores(u"stop"_s);
+    setWindowTitle(geral_.Ler_Idioma(113));
+    Label1->setText(geral_.Ler_Idioma(112));
+    Label2->setText(geral_.Ler_Idioma(271));
+    // Its letter would be that of cmdCancelar.
+    cmdCriarUtilizador->setText(withoutMnemonic(geral_.Ler_Idioma(130)));
+    cmdOk->setText(geral_.Ler_Idioma(228));
+    cmdCancelar->setText(geral_.Ler_Idioma(43));
+}
+
+void frmNovoGrupo::Form_Unload() { geral_.temporizadores.Gerir_Temporizadores(u"start"_s); }
+
+// Each time the form comes up, since a user may have been made in between.
+void frmNovoGrupo::showEvent(QShowEvent *event)
+{
+    QDialog::showEvent(event);
+    if (!event->spontaneous()) Preencher_Utilizadores(geral_, *ComboUsers);
+}
+
+void frmNovoGrupo::txtGrupo_Change() { cmdOk->setEnabled(!txtGrupo->text().isEmpty()); }
+
+void frmNovoGrupo::cmdOk_Click()
+{
+    geral_.de.Executar("cmdInserirGrupo", {txtGrupo->text(), ComboUsers->ChosenItemData()});
+    lista_.Carregar_Grupos();
+    accept();
+}
