@@ -1,0 +1,65 @@
+#include "session/Utilizadores.h"
+
+#include "data/Direitos.h"
+#include "data/Geral.h"
+#include "platform/Controls.h"
+#include "platform/DisabledWindow.h"
+#include "platform/Platform.h"
+#include "session/frmDeleteUser.h"
+#include "session/frmEditUser.h"
+#include "session/frmNovoUser.h"
+
+#include <QAction>
+
+using namespace Qt::StringLiterals;
+
+Utilizadores::Utilizadores(QWidget &janela, Geral &geral, Platform &platform)
+    : QObject(&janela), janela_(janela), geral_(geral), platform_(platform)
+{
+    const auto ligar = [&](const QString &entrada, void (Utilizadores::*accao)()) {
+        connect(&control<QAction>(janela, entrada), &QAction::triggered, this, accao);
+    };
+    ligar(u"CriarUtilizadores"_s, &Utilizadores::CriarUtilizadores_Click);
+    ligar(u"EditarUtilizadores"_s, &Utilizadores::EditarUtilizadores_Click);
+    ligar(u"EliminarUtilizadores"_s, &Utilizadores::EliminarUtilizadores_Click);
+}
+
+void Utilizadores::Mostrar_frmNovoUser()
+{
+    const DisabledWindow desactivada(janela_);
+    frmNovoUser(geral_, platform_, &janela_).exec();
+}
+
+void Utilizadores::CriarUtilizadores_Click()
+{
+    if (Tem_Direito_A_Utilizadores()) Mostrar_frmNovoUser();
+}
+
+void Utilizadores::EditarUtilizadores_Click()
+{
+    if (!Pode_Escolher_Utilizador()) return;
+    const DisabledWindow desactivada(janela_);
+    frmEditUser(geral_, platform_, &janela_).exec();
+}
+
+void Utilizadores::EliminarUtilizadores_Click()
+{
+    if (!Pode_Escolher_Utilizador()) return;
+    const DisabledWindow desactivada(janela_);
+    frmDeleteUser(geral_, platform_, janela_).exec();
+}
+
+bool Utilizadores::Tem_Direito_A_Utilizadores()
+{
+    return Tem_Direito(geral_.SessaoActual.Utilizadores, geral_, platform_, &janela_);
+}
+
+bool Utilizadores::Pode_Escolher_Utilizador()
+{
+    if (!Tem_Direito_A_Utilizadores()) return false;
+    Recordset &rs = geral_.de.Abrir("cmdVerUsers");
+    const bool ha = rs.RecordCount() != 0;
+    rs.Close();
+    if (!ha) platform_.boxes.show(geral_.Ler_Idioma(106), box::stop, janela_.windowTitle(), &janela_);
+    return ha;
+}
