@@ -1,0 +1,394 @@
+#include "session/frmOpcoes.h"
+
+#include "data/Geral.h"
+#include "data/Idiomas.h"
+#include "data/Inteiro.h"
+#include "data/Tocar_Som.h"
+#include "online/ContasEmail.h"
+#include "platform/Controls.h"
+#include "platform/Label.h"
+#include "platform/Platform.h"
+#include "platform/Units.h"
+#include "session/Autorun.h"
+#include "session/OmissaoDosMemos.h"
+
+#include <QScreen>
+#include <QShortcut>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr std::array<qint16, 8> textos_dos_separadores{128, 190, 191, 217, 192, 239, 245, 267};
+constexpr int fora_da_vista = -20000; // twips
+
+enum Evento { EventoEmail, EventoTarefa }; // rows of comboEventos
+
+QString Numero(bool sim) { return sim ? u"1"_s : u"0"_s; }
+QString Palavra(bool sim) { return sim ? u"sim"_s : u"nao"_s; }
+
+QString Com_Retornos(QString texto) { return texto.replace(u"\n"_s, u"\r\n"_s); }
+} // namespace
+
+frmOpcoes::frmOpcoes(Geral &geral, Platform &platform, QWidget &janela)
+    : QDialog(&janela), geral_(geral), platform_(platform), janela_(janela)
+{
+    setupUi(this);
+    picOptions = {picOptions0, picOptions1, picOptions2, picOptions3,
+                  picOptions4, picOptions5, picOptions6, picOptions7};
+    contas_ = new ContasEmail(*this, geral_);
+    Ligar_Controlos();
+    endOnFailure(platform_.boxes, platform_.process, [this] { Form_Load(); });
+}
+
+void frmOpcoes::Ligar_Controlos()
+{
+    connect(tbsOptions, &QTabBar::currentChanged, this, &frmOpcoes::tbsOptions_Click);
+    connect(new QShortcut(Qt::CTRL | Qt::Key_Tab, this), &QShortcut::activated, this,
+            &frmOpcoes::Separador_Seguinte);
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](QWidget *, QWidget *agora) { Foco_Mudou(agora); });
+    connect(cbActivarMailNotification, &QCheckBox::toggled, this,
+            &frmOpcoes::cbActivarMailNotification_Click);
+    connect(OpcaoSim, &QRadioButton::toggled, this, [this](bool posta) {
+        if (posta) cbMinimizar->setEnabled(true);
+    });
+    connect(OpcaoNao, &QRadioButton::toggled, this, [this](bool posta) {
+        if (posta) cbMinimizar->setEnabled(false);
+    });
+    connect(comboIdioma, &ComboBox::Click, this, &frmOpcoes::comboIdioma_Click);
+    connect(comboEventos, &ComboBox::Click, this, &frmOpcoes::comboEventos_Click);
+    connect(cmdFonte, &QPushButton::clicked, this, &frmOpcoes::cmdFonte_Click);
+    connect(cmdCor, &QPushButton::clicked, this, &frmOpcoes::cmdCor_Click);
+    connect(cmdProcurar, &QPushButton::clicked, this, &frmOpcoes::cmdProcurar_Click);
+    connect(cmdPlay, &QPushButton::clicked, this, &frmOpcoes::cmdPlay_Click);
+    connect(cmdProcurarSom, &QPushButton::clicked, this, &frmOpcoes::cmdProcurarSom_Click);
+    connect(cmdOk, &QPushButton::clicked, this, &frmOpcoes::cmdOk_Click);
+    connect(cmdCancelar, &QPushButton::clicked, this, &frmOpcoes::reject);
+    connect(this, &QDialog::finished, this, &frmOpcoes::Form_Unload);
+}
+
+void frmOpcoes::Form_Load()
+{
+    Temporizadores &temporizadores = geral_.temporizadores;
+    temporizadores.Gerir_Temporizadores(u"stop"_s);
+    geral_.ErroMail = 0;
+    Q_EMIT temporizadores.RecolherPopupEmail();
+    temporizadores.TimerMailNotification.setEnabled(false);
+    temporizadores.TimerMailNotification3.setEnabled(false);
+    Atribuir_Legendas();
+    Atribuir_Legendas_Dos_Quadros();
+    Dar_Nomes_Acessiveis();
+    Arrumar();
+    tbsOptions_Click();
+    contas_->Preencher();
+    Preencher_Controlos();
+}
+
+void frmOpcoes::Atribuir_Legendas()
+{
+    setWindowTitle(withoutMnemonic(geral_.Ler_Idioma(151)));
+    for (const qint16 texto : textos_dos_separadores)
+        tbsOptions->addTab(geral_.Ler_Idioma(texto));
+    const std::pair<QAbstractButton *, qint16> clicaveis[]{
+        {cmdCancelar, 43},   {Opcao0, 196},      {Opcao1, 197},      {Opcao2, 198},
+        {cmdFonte, 200},     {cmdCor, 201},      {cmdProcurar, 69},  {OpcaoSim, 202},
+        {OpcaoNao, 203},     {cbMinimizar, 204}, {cbMessenger, 265}, {cbActivarMailNotification, 247},
+        {cmdAdicionar, 228}, {cmdEditar, 131},   {cmdEliminar, 132}, {cmdPlay, 270},
+        {cmdProcurarSom, 69}};
+    for (const auto &[botao, texto] : clicaveis)
+        botao->setText(geral_.Ler_Idioma(texto));
+    const std::pair<QLabel *, qint16> etiquetas[]{{lblDias, 195},    {lblBD, 221},
+                                                  {lblIdioma, 240},  {lblMailNotification, 246},
+                                                  {lblMinutos, 251}, {lblSons, 268}};
+    for (const auto &[etiqueta, texto] : etiquetas)
+        etiqueta->setText(geral_.Ler_Idioma(texto));
+    txtMemo->setPlainText(geral_.Ler_Idioma(199));
+}
+
+// A heading has no mnemonic: the tab of the same name has it.
+void frmOpcoes::Atribuir_Legendas_Dos_Quadros()
+{
+    const std::pair<QGroupBox *, qint16> quadros[]{{frameRemetente, 193},    {frameDestinatario, 194},
+                                                   {frameAniversarios, 190}, {frameMemos, 191},
+                                                   {FrameBD, 220},           {frameArranque, 192},
+                                                   {FrameIdiomas, 239},      {FrameMailNotification, 245},
+                                                   {FrameSons, 267}};
+    for (const auto &[quadro, texto] : quadros)
+        quadro->setTitle(withoutMnemonic(geral_.Ler_Idioma(texto)));
+}
+
+void frmOpcoes::Dar_Nomes_Acessiveis()
+{
+    tbsOptions->setAccessibleName(windowTitle());
+    txtRemetente->setAccessibleName(frameRemetente->title());
+    txtDestinatario->setAccessibleName(frameDestinatario->title());
+    lvEmails->setAccessibleName(FrameMailNotification->title());
+    txtCaminhoSom->setAccessibleName(FrameSons->title());
+}
+
+// All panes get the size of the largest, so that the form stays as it is from tab to tab.
+void frmOpcoes::Arrumar()
+{
+    QSize maior(tbsOptions->sizeHint().width(), 0);
+    for (const QWidget *pane : picOptions)
+        maior = maior.expandedTo(pane->sizeHint());
+    areaCliente->setFixedSize(maior);
+    for (QWidget *pane : picOptions)
+        pane->resize(maior);
+    adjustSize();
+    move(screen()->availableGeometry().center() - rect().center());
+}
+
+void frmOpcoes::Preencher_Controlos()
+{
+    cbActivarMailNotification->setChecked(geral_.EmailNotifyActivo == 1);
+    cbActivarMailNotification_Click();
+    ComboMailNotification->setCurrentText(QString::number(geral_.EmailNotifyMinutos));
+    txtRemetente->setPlainText(geral_.RemetenteBD);
+    txtDestinatario->setPlainText(geral_.DestinatarioBD);
+    comboAniversario->setCurrentText(QString::number(geral_.DiasAniversarios));
+    QRadioButton *const avisos[]{Opcao0, Opcao1, Opcao2};
+    for (int aviso = 0; aviso < 3; ++aviso)
+        avisos[aviso]->setChecked(geral_.AvisoAniversarios.toInt() == aviso);
+    Mostrar_Amostra();
+    OpcaoSim->setChecked(geral_.AutorunArranque == "sim"_L1);
+    OpcaoNao->setChecked(geral_.AutorunArranque == "nao"_L1);
+    cbMinimizar->setChecked(geral_.MinimizarArranque == "sim"_L1);
+    cbMessenger->setChecked(geral_.MessengerActivo == 1);
+    txtCaminho->setText(geral_.CaminhoBD.isEmpty() ? geral_.Ficheiro(u"morvex.mdb"_s) : geral_.CaminhoBD);
+    comboEventos->AddItem(withoutMnemonic(geral_.Ler_Idioma(245)));
+    comboEventos->AddItem(withoutMnemonic(geral_.Ler_Idioma(269)));
+    comboEventos->setListIndex(EventoEmail);
+    Escolher_Idioma_Actual();
+}
+
+// Without a click: nobody has chosen anything. A language that isn't offered is shown, and not selected.
+void frmOpcoes::Escolher_Idioma_Actual()
+{
+    for (const Idioma &idioma : idiomas::todos)
+        if (idioma.disponivel) comboIdioma->AddItem(QString::fromUtf16(idioma.nome));
+    const Idioma *actual = idiomas::Procurar(geral_.IdiomaActual);
+    if (actual == nullptr) return;
+    const QString nome = QString::fromUtf16(actual->nome);
+    comboIdioma->setCurrentIndex(comboIdioma->findText(nome));
+    comboIdioma->setPlaceholderText(nome);
+}
+
+void frmOpcoes::Mostrar_Amostra()
+{
+    txtMemo->setFont(omissao_dos_memos::Fonte(geral_));
+    QPalette palette = txtMemo->palette();
+    palette.setColor(QPalette::Base, omissao_dos_memos::Cor(geral_));
+    txtMemo->setPalette(palette);
+}
+
+void frmOpcoes::Form_Unload()
+{
+    geral_.temporizadores.timerTarefas.setEnabled(true);
+    geral_.temporizadores.timerPonto.setEnabled(true);
+    Q_EMIT geral_.temporizadores.ReiniciarMail();
+}
+
+void frmOpcoes::reject()
+{
+    if (cmdCancelar->isEnabled()) QDialog::reject();
+}
+
+void frmOpcoes::tbsOptions_Click()
+{
+    for (int indice = 0; QWidget * pane : picOptions) {
+        const bool escolhido = indice++ == tbsOptions->currentIndex();
+        pane->move(escolhido ? 0 : pixels(fora_da_vista), 0);
+        pane->setVisible(escolhido);
+    }
+}
+
+void frmOpcoes::Separador_Seguinte()
+{
+    tbsOptions->setFocus();
+    tbsOptions->setCurrentIndex((tbsOptions->currentIndex() + 1) % tbsOptions->count());
+}
+
+// In the two address boxes the Enter key makes a new line, and from then on confirms nothing. The form's
+// notion of a default button can't be emptied, only moved: to one that is never seen.
+void frmOpcoes::Foco_Mudou(const QWidget *agora)
+{
+    if (agora == txtRemetente || agora == txtDestinatario) semOmissao->setDefault(true);
+}
+
+void frmOpcoes::cbActivarMailNotification_Click()
+{
+    const bool activo = cbActivarMailNotification->isChecked();
+    ComboMailNotification->setEnabled(activo);
+    lvEmails->setEnabled(activo);
+}
+
+void frmOpcoes::comboIdioma_Click()
+{
+    platform_.boxes.show(geral_.Ler_Idioma(238), box::information, windowTitle(), this);
+}
+
+void frmOpcoes::comboEventos_Click()
+{
+    txtCaminhoSom->setText(comboEventos->ListIndex() == EventoEmail ? Som_Do_Email(geral_)
+                                                                    : Som_Da_Tarefa(geral_));
+}
+
+QString &frmOpcoes::Som_Escolhido()
+{
+    return comboEventos->ListIndex() == EventoEmail ? geral_.SomEmail : geral_.SomTarefa;
+}
+
+void frmOpcoes::cmdPlay_Click() { Tocar_Som(platform_.sound, txtCaminhoSom->text()); }
+
+void frmOpcoes::cmdProcurarSom_Click()
+{
+    const QString filtro = withoutMnemonic(geral_.Ler_Idioma(267)) + u" (*.wav)|*.wav"_s;
+    const auto ficheiro = platform_.dialogs.openFile(filtro, {}, this);
+    if (!ficheiro) return;
+    txtCaminhoSom->setText(*ficheiro);
+    Som_Escolhido() = *ficheiro;
+}
+
+void frmOpcoes::cmdFonte_Click()
+{
+    const auto fonte = platform_.dialogs.font(omissao_dos_memos::Fonte(geral_), this);
+    if (!fonte) return;
+    omissao_dos_memos::Guardar_Fonte(*fonte, geral_);
+    Mostrar_Amostra();
+}
+
+void frmOpcoes::cmdCor_Click()
+{
+    const auto cor = platform_.dialogs.colour(omissao_dos_memos::Cor(geral_), this);
+    if (!cor) return;
+    omissao_dos_memos::Guardar_Cor(*cor, geral_);
+    Mostrar_Amostra();
+}
+
+void frmOpcoes::cmdProcurar_Click()
+{
+    const auto ficheiro = platform_.dialogs.openFile(geral_.Ler_Idioma(218) + u"|*.mdb"_s, {}, this);
+    if (!ficheiro) return;
+    txtBD->setText(u"1"_s);
+    platform_.boxes.show(geral_.Ler_Idioma(219), box::information, windowTitle(), this);
+    txtCaminho->setText(*ficheiro);
+}
+
+void frmOpcoes::cmdOk_Click()
+{
+    Escrever_Aviso_De_Email();
+    Escrever_Envelopes();
+    Escrever_Aniversarios();
+    Escrever_Memos();
+    Escrever_Autorun();
+    Escrever_Minimizar();
+    Escrever_Messenger();
+    Escrever_Sons();
+    Escrever_Pasta_Das_Fotos();
+    Escrever_Caminho();
+    Escrever_Idioma();
+    accept();
+}
+
+void frmOpcoes::Escrever_Aviso_De_Email()
+{
+    const QString seccao = geral_.Seccao_Do_Utilizador(u"emailnotify"_s);
+    const QString activo = Numero(cbActivarMailNotification->isChecked());
+    const QString minutos = ComboMailNotification->currentText();
+    geral_.ini.Escrever_Ini(seccao, u"activo"_s, activo);
+    geral_.ini.Escrever_Ini(seccao, u"minutos"_s, minutos);
+    control<Label>(janela_, u"lblTemporizador"_s).setCaption(minutos);
+    geral_.EmailNotifyActivo = Inteiro(activo);
+    geral_.EmailNotifyMinutos = Inteiro(minutos);
+}
+
+void frmOpcoes::Escrever_Envelopes()
+{
+    const QString remetente = Com_Retornos(txtRemetente->toPlainText());
+    const QString destinatario = Com_Retornos(txtDestinatario->toPlainText());
+    geral_.de.Executar("cmdUpdateEnvelope", {remetente, destinatario});
+    geral_.RemetenteBD = remetente;
+    geral_.DestinatarioBD = destinatario;
+}
+
+void frmOpcoes::Escrever_Aniversarios()
+{
+    const std::pair<const QRadioButton *, QString> avisos[]{
+        {Opcao0, u"0"_s}, {Opcao1, u"1"_s}, {Opcao2, u"2"_s}};
+    for (const auto &[opcao, aviso] : avisos) {
+        if (!opcao->isChecked()) continue;
+        geral_.ini.Escrever_Ini(u"aniversarios"_s, u"aviso"_s, aviso);
+        geral_.AvisoAniversarios = aviso;
+    }
+    const QString dias = comboAniversario->currentText();
+    geral_.ini.Escrever_Ini(u"aniversarios"_s, u"dias"_s, dias);
+    geral_.DiasAniversarios = Inteiro(dias);
+}
+
+void frmOpcoes::Escrever_Memos()
+{
+    omissao_dos_memos::Guardar_Fonte(txtMemo->font(), geral_);
+    omissao_dos_memos::Guardar_Cor(txtMemo->palette().color(QPalette::Base), geral_);
+    const std::pair<QString, QString> valores[]{{u"fontname"_s, geral_.MemoFontName},
+                                                {u"fontsize"_s, geral_.MemoFontSize},
+                                                {u"fontbold"_s, geral_.MemoFontBold},
+                                                {u"fontitalic"_s, geral_.MemoFontItalic},
+                                                {u"corfundo"_s, geral_.MemoCorFundo}};
+    for (const auto &[chave, valor] : valores)
+        geral_.ini.Escrever_Ini(u"memos"_s, chave, valor);
+}
+
+void frmOpcoes::Escrever_Autorun()
+{
+    if (!OpcaoSim->isChecked() && !OpcaoNao->isChecked()) return;
+    const QString palavra = Palavra(OpcaoSim->isChecked());
+    geral_.ini.Escrever_Ini(u"arranque"_s, u"autorun"_s, palavra);
+    if (OpcaoSim->isChecked())
+        autorun::Ligar(platform_.registry, geral_.VersaoBD);
+    else
+        autorun::Desligar(platform_.registry, geral_.VersaoBD);
+    geral_.AutorunArranque = palavra;
+}
+
+// A tick in a disabled box counts too.
+void frmOpcoes::Escrever_Minimizar()
+{
+    geral_.MinimizarArranque = Palavra(cbMinimizar->isChecked());
+    geral_.ini.Escrever_Ini(u"arranque"_s, u"minimizar"_s, geral_.MinimizarArranque);
+}
+
+void frmOpcoes::Escrever_Messenger()
+{
+    geral_.MessengerActivo = cbMessenger->isChecked() ? 1 : 0;
+    geral_.ini.Escrever_Ini(geral_.Seccao_Do_Utilizador(u"messenger"_s), u"activo"_s,
+                            Numero(cbMessenger->isChecked()));
+}
+
+void frmOpcoes::Escrever_Sons()
+{
+    const QString seccao = geral_.Seccao_Do_Utilizador(u"som"_s);
+    if (!geral_.SomEmail.isEmpty()) geral_.ini.Escrever_Ini(seccao, u"email"_s, geral_.SomEmail);
+    if (!geral_.SomTarefa.isEmpty()) geral_.ini.Escrever_Ini(seccao, u"tarefa"_s, geral_.SomTarefa);
+}
+
+void frmOpcoes::Escrever_Pasta_Das_Fotos()
+{
+    if (!geral_.UltimaPastaFotos.isEmpty()) return;
+    geral_.UltimaPastaFotos = u"c:\\"_s;
+    geral_.ini.Escrever_Ini(u"fotografias"_s, u"lastpathpic"_s, geral_.UltimaPastaFotos);
+}
+
+// The path ends the state of a first run. The connection stays on the old one until the next start.
+void frmOpcoes::Escrever_Caminho()
+{
+    geral_.ini.Escrever_Ini(u"basedados"_s, u"caminhobd"_s, txtCaminho->text());
+}
+
+void frmOpcoes::Escrever_Idioma()
+{
+    for (const Idioma &idioma : idiomas::todos)
+        if (comboIdioma->currentText() == QStringView(idioma.nome))
+            geral_.de.Executar("cmdUPDATEIdioma", {QString::fromLatin1(idioma.coluna)});
+}

@@ -1,0 +1,68 @@
+// The one form for all settings, in eight panes. It shows the process-wide values and writes them all back
+// when it is confirmed: to config.ini, to TblConfig and to the list of programs that start with the desktop.
+// The font and colour of memos, the sounds and the mail accounts take effect as soon as they are chosen.
+#pragma once
+
+#include "ui_frmOpcoes.h"
+
+#include <array>
+#include <QDialog>
+
+class ContasEmail;
+class Geral;
+struct Platform;
+
+class frmOpcoes final : public QDialog, public Ui::frmOpcoes
+{
+    Q_OBJECT
+public:
+    // The main window lends lblTemporizador, the countdown to the next mail check. With cmdCancelar disabled
+    // the form can only be left by confirming it. A setting that doesn't convert ends the process.
+    frmOpcoes(Geral &geral, Platform &platform, QWidget &janela);
+
+private:
+    void Form_Load();
+    void Form_Unload();
+    void tbsOptions_Click();
+    void comboEventos_Click();
+    void comboIdioma_Click();
+    void cbActivarMailNotification_Click();
+    void cmdFonte_Click();
+    void cmdCor_Click();
+    void cmdProcurar_Click();
+    void cmdPlay_Click();
+    void cmdProcurarSom_Click();
+    void cmdOk_Click();
+    void reject() override; // cmdCancelar, Escape and the close box
+
+    void Ligar_Controlos();
+    void Atribuir_Legendas();
+    void Atribuir_Legendas_Dos_Quadros();
+    void Dar_Nomes_Acessiveis();
+    void Arrumar();
+    void Preencher_Controlos();
+    void Escolher_Idioma_Actual();
+    void Mostrar_Amostra();
+    void Separador_Seguinte();
+    void Foco_Mudou(const QWidget *agora);
+
+    void Escrever_Aviso_De_Email();
+    void Escrever_Envelopes();
+    void Escrever_Aniversarios();
+    void Escrever_Memos();
+    void Escrever_Autorun();
+    void Escrever_Minimizar();
+    void Escrever_Messenger();
+    void Escrever_Sons();
+    void Escrever_Pasta_Das_Fotos();
+    void Escrever_Caminho();
+    void Escrever_Idioma();
+
+    QString &Som_Escolhido(); // SomEmail or SomTarefa, by the event
+
+    Geral &geral_;
+    Platform &platform_;
+    QWidget &janela_;
+    ContasEmail *contas_; // a child of the form
+    std::array<QWidget *, 8> picOptions{};
+};
