@@ -10,6 +10,7 @@
 #include "platform/Platform.h"
 #include "platform/ProgramFolder.h"
 #include "platform/PurpleMessenger.h"
+#include "platform/SingleInstance.h"
 
 #include <QIcon>
 
@@ -31,12 +32,15 @@ int main(int argc, char **argv)
                      QIcon(QStringLiteral(":/imagens/tray/morvex_tray_trancado.svg")));
 
     const ProgramFolder folder(ProgramFolder::current(QStringLiteral(MORVEX_INSTALLED_DATA)));
+    SingleInstance instance(folder.path());
+    if (!instance.claim()) return 0; // the one that runs comes to the front
     Geral geral(folder.path());
     PopMailNotification mail(geral.Ficheiro(QStringLiteral("correio.json")),
                              [&geral] { return geral.IdiomaActual; });
     Platform platform{clock, boxes, dialogs, shell, sound, registry, mail, messenger, process, tray};
 
     Main janela(geral, platform);
+    QObject::connect(&instance, &SingleInstance::startedAgain, &janela, &Main::Chamar);
     janela.Carregar();
     return Application::exec();
 }

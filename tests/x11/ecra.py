@@ -37,10 +37,17 @@ class Programa:
                 shutil.copy(enviado, self.pasta)
         self.processo = None
 
-    def comecar(self):
+    def lancar(self):
         ambiente = dict(os.environ, MORVEX_HOME=str(self.pasta), QT_QPA_PLATFORM="xcb",
                         DBUS_SESSION_BUS_ADDRESS="disabled:")
-        self.processo = subprocess.Popen([str(self.executavel)], env=ambiente)
+        return subprocess.Popen([str(self.executavel)], env=ambiente)
+
+    def comecar(self):
+        self.processo = self.lancar()
+
+    def comecar_outra_vez(self):
+        """A second start on the same folder. Returns its exit code."""
+        return self.lancar().wait(timeout=PATIENCE)
 
     def fechar(self):
         if self.processo and self.processo.poll() is None:

@@ -115,6 +115,16 @@ class NaJanelaReal(unittest.TestCase):
         self.entrar(None, SENHA)
         ecra.janela(TITULO)
 
+    def test_comecar_outra_vez_traz_a_janela_e_acaba(self):
+        self.instalado()
+        ecra.activar(ecra.janela(TITULO))
+        ecra.icone_do_tabuleiro()
+        ecra.tecla("Escape")
+        ecra.sem_janela(TITULO)
+        self.assertEqual(self.programa.comecar_outra_vez(), 0)
+        ecra.janela(TITULO)
+        self.assertTrue(self.programa.vive())
+
     def test_sair_pelo_menu_termina(self):
         self.instalado()
         principal = ecra.janela(TITULO)
