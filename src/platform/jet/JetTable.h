@@ -1,0 +1,6 @@
+// One table of a Jet 4 file: its definition, and its rows turned into cells.
+#pragma once
+
+#include "platform/jet/JetFile.h"
+
+JetFile::Table readJetTable(const JetPages &pages, quint32 definitionPage);

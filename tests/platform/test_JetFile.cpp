@@ -1,0 +1,253 @@
+// Older databases: every row of the sound ones, and a Failure, never a crash or a hang, from all others.
+#include "platform/jet/JetFile.h"
+#include "testlib/Teste.h"
+
+#include <random>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+QString Amostra(const QString &nome) { return QFINDTESTDATA("../fixtures/jet/" + nome); }
+
+QByteArray Ler_Ficheiro(const QString &caminho)
+{
+    QFile ficheiro(caminho);
+    if (!ficheiro.open(QIODevice::ReadOnly)) qFatal("%s cannot be read", qPrintable(caminho));
+    return ficheiro.readAll();
+}
+
+QJsonValue Json(const JetFile::Cell &celula)
+{
+    return std::visit(
+        [](const auto &valor) -> QJsonValue {
+            using Tipo = std::decay_t<decltype(valor)>;
+            if constexpr (std::is_same_v<Tipo, std::monostate>)
+                return QJsonValue::Null;
+            else if constexpr (std::is_same_v<Tipo, QDateTime>)
+                return valor.toString(u"yyyy-MM-ddTHH:mm:ss"_s);
+            else
+                return valor;
+        },
+        celula);
+}
+
+// The rows as the manifests have them: by their first cell, which is the ID.
+QJsonArray Json(JetFile::Table tabela)
+{
+    std::sort(tabela.rows.begin(), tabela.rows.end(),
+              [](const auto &a, const auto &b) { return std::get<qint64>(a[0]) < std::get<qint64>(b[0]); });
+    QJsonArray linhas;
+    for (const auto &linha : tabela.rows) {
+        QJsonArray celulas;
+        for (const auto &celula : linha)
+            celulas << Json(celula);
+        linhas << celulas;
+    }
+    return linhas;
+}
+
+// A copy of a sound file that a test has harmed, in a place of its own.
+class Copia
+{
+public:
+    QString Guardar(const QByteArray &bytes)
+    {
+        QFile ficheiro(pasta_.filePath(u"copia.mdb"_s));
+        if (!ficheiro.open(QIODevice::WriteOnly) || ficheiro.write(bytes) != bytes.size())
+            qFatal("cannot write");
+        return ficheiro.fileName();
+    }
+
+private:
+    QTemporaryDir pasta_;
+};
+
+constexpr int pagina = 4096;
+
+using Estrago = std::function<QByteArray(QByteArray, std::mt19937 &)>;
+
+int Ao_Acaso(std::mt19937 &acaso, qsizetype limite)
+{
+    return static_cast<int>(acaso() % static_cast<std::uint32_t>(limite));
+}
+
+QByteArray Trocar_Bits(QByteArray bytes, std::mt19937 &acaso)
+{
+    for (int i = Ao_Acaso(acaso, 8); i >= 0; --i) {
+        char &byte = bytes.data()[Ao_Acaso(acaso, bytes.size())];
+        byte = static_cast<char>(byte ^ (1 << Ao_Acaso(acaso, 8)));
+    }
+    return bytes;
+}
+
+// Where it hurts: in the heads of pages and the tables of their rows.
+QByteArray Trocar_Bits_Dos_Cabecalhos(QByteArray bytes, std::mt19937 &acaso)
+{
+    constexpr int cabecalho = 80;
+    for (int i = Ao_Acaso(acaso, 8); i >= 0; --i) {
+        const int onde = Ao_Acaso(acaso, bytes.size() / pagina) * pagina + Ao_Acaso(acaso, cabecalho);
+        bytes.data()[onde] = static_cast<char>(bytes[onde] ^ (1 << Ao_Acaso(acaso, 8)));
+    }
+    return bytes;
+}
+
+QByteArray Cortar(QByteArray bytes, std::mt19937 &acaso)
+{
+    return bytes.first(Ao_Acaso(acaso, bytes.size()));
+}
+
+QByteArray Trocar_Paginas(QByteArray bytes, std::mt19937 &acaso)
+{
+    for (int i = Ao_Acaso(acaso, 4); i >= 0; --i) {
+        const qsizetype uma = qsizetype{Ao_Acaso(acaso, bytes.size() / pagina)} * pagina;
+        const qsizetype outra = qsizetype{Ao_Acaso(acaso, bytes.size() / pagina)} * pagina;
+        std::swap_ranges(bytes.begin() + uma, bytes.begin() + uma + pagina, bytes.begin() + outra);
+    }
+    return bytes;
+}
+} // namespace
+
+Q_DECLARE_METATYPE(Estrago)
+
+class TestJetFile : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cada_linha_e_a_do_manifesto_data()
+    {
+        QTest::addColumn<QString>("manifesto");
+        QTest::newRow("pequena") << u"pequena"_s;
+        QTest::newRow("cifrada") << u"pequena"_s; // the same rows on encoded pages
+        for (const auto *nome : {"vazia", "sem_utilizadores", "sem_idrepeticao", "sem_tblmemos"})
+            QTest::newRow(nome) << QString::fromLatin1(nome);
+    }
+    void cada_linha_e_a_do_manifesto()
+    {
+        QFETCH(QString, manifesto);
+        const QJsonObject tabelas =
+            QJsonDocument::fromJson(Ler_Ficheiro(Amostra(manifesto + u".json"_s)))[u"tables"].toObject();
+        QVERIFY(!tabelas.isEmpty());
+        const JetFile base(Amostra(QLatin1String(QTest::currentDataTag()) + u".mdb"_s));
+        QStringList nomes = base.tables();
+        nomes.sort();
+        QCOMPARE(nomes, tabelas.keys());
+        for (const QString &nome : nomes) {
+            const JetFile::Table tabela = base.read(nome);
+            const QJsonObject esperada = tabelas[nome].toObject();
+            QStringList colunas;
+            for (const QJsonValue &coluna : esperada[u"columns"].toArray())
+                colunas << coluna[0].toString();
+            QCOMPARE(tabela.columns, colunas);
+            QCOMPARE(tabela.rows.size(), esperada[u"count"].toInt());
+            const QJsonArray linhas = Json(tabela);
+            const QJsonArray certas = esperada[u"rows"].toArray();
+            QCOMPARE(linhas.size(), certas.size());
+            for (qsizetype i = 0; i < certas.size(); ++i)
+                QCOMPARE(linhas[i], certas[i]);
+        }
+    }
+
+    void o_nome_de_uma_tabela_vale_em_maiusculas_e_minusculas()
+    {
+        const JetFile base(Amostra(u"pequena.mdb"_s));
+        QCOMPARE(base.read(u"TBLMEMOS"_s).rows.size(), 9U);
+    }
+
+    void uma_tabela_que_falta_e_uma_falha()
+    {
+        const JetFile base(Amostra(u"sem_tblmemos.mdb"_s));
+        VERIFICAR_FALHA(base.read(u"TblMemos"_s), Failure::StoreError);
+        QCOMPARE(base.read(u"TblTarefas"_s).rows.size(), 24U);
+    }
+
+    void o_que_nao_e_uma_base_nao_abre_data()
+    {
+        QTest::addColumn<QString>("nome");
+        for (const auto *nome : {"com_palavra_passe", "corrompida", "zero_bytes", "texto", "nao_existe"})
+            QTest::newRow(nome) << QString::fromLatin1(nome);
+    }
+    void o_que_nao_e_uma_base_nao_abre()
+    {
+        QFETCH(QString, nome);
+        const QString caminho = Amostra(u"pequena.mdb"_s).replace(u"pequena"_s, nome);
+        VERIFICAR_FALHA(JetFile{caminho}, Failure::StoreError);
+    }
+
+    void outra_versao_do_formato_nao_abre()
+    {
+        constexpr int versao = 0x14;
+        QByteArray bytes = Ler_Ficheiro(Amostra(u"pequena.mdb"_s));
+        QCOMPARE(bytes[versao], '\x01');
+        Copia copia;
+        for (const char outra : {'\x00', '\x02'}) {
+            bytes[versao] = outra;
+            const QString caminho = copia.Guardar(bytes);
+            VERIFICAR_FALHA(JetFile{caminho}, Failure::StoreError);
+        }
+    }
+
+    void um_ficheiro_cortado_nao_da_o_resto_como_se_fosse_tudo()
+    {
+        const JetFile base(Amostra(u"truncada_meio.mdb"_s));
+        for (const QString &nome : {u"TblLista"_s, u"TblMemos"_s, u"TblTarefas"_s})
+            VERIFICAR_FALHA(base.read(nome), Failure::StoreError);
+        QVERIFY(!base.read(u"TblGrupos"_s).rows.empty()); // what is whole can still be read
+    }
+
+    // A thousand copies each, the same at every run.
+    void copias_estragadas_acabam_em_linhas_ou_numa_falha_data()
+    {
+        QTest::addColumn<Estrago>("estrago");
+        QTest::newRow("bits") << Estrago(Trocar_Bits);
+        QTest::newRow("bits of page heads") << Estrago(Trocar_Bits_Dos_Cabecalhos);
+        QTest::newRow("tail cut") << Estrago(Cortar);
+        QTest::newRow("pages swapped") << Estrago(Trocar_Paginas);
+    }
+    void copias_estragadas_acabam_em_linhas_ou_numa_falha()
+    {
+        constexpr int copias = 1000;
+        constexpr qint64 paciencia = 2000; // ms a copy; a sound one takes some three
+        QFETCH(Estrago, estrago);
+        const QByteArray sa = Ler_Ficheiro(Amostra(u"pequena.mdb"_s));
+        std::mt19937 acaso(20040517);
+        Copia copia;
+        int com_linhas = 0;
+        int com_falha = 0;
+        for (int i = 0; i < copias; ++i) {
+            const QString caminho = copia.Guardar(estrago(sa, acaso));
+            QElapsedTimer relogio;
+            relogio.start();
+            const auto ler = [&] {
+                const JetFile base(caminho);
+                for (const QString &nome : base.tables())
+                    skipFailure([&] { com_linhas += base.read(nome).rows.empty() ? 0 : 1; }) || ++com_falha;
+            };
+            if (!skipFailure(ler)) ++com_falha;
+            QVERIFY2(relogio.elapsed() < paciencia, qPrintable(u"copy %1 took too long"_s.arg(i)));
+        }
+        qInfo("%d tables with rows, %d failures", com_linhas, com_falha);
+        QVERIFY(com_linhas > 0);
+        QVERIFY(com_falha > 0);
+    }
+
+    void uma_copia_cortada_da_tudo_ou_nada()
+    {
+        const QByteArray sa = Ler_Ficheiro(Amostra(u"pequena.mdb"_s));
+        const JetFile inteira(Amostra(u"pequena.mdb"_s));
+        std::mt19937 acaso(1900);
+        Copia copia;
+        for (int i = 0; i < 200; ++i) {
+            const QString caminho = copia.Guardar(Cortar(sa, acaso));
+            skipFailure([&] {
+                const JetFile base(caminho);
+                for (const QString &nome : base.tables())
+                    skipFailure([&] { QCOMPARE(Json(base.read(nome)), Json(inteira.read(nome))); });
+            });
+        }
+    }
+};
+
+MORVEX_TESTE(TestJetFile)
+#include "test_JetFile.moc"
