@@ -47,6 +47,13 @@ struct PorArrancar {
     Sistema s;
     Main janela{s.geral, s.plataforma};
 };
+
+QWidget *frmLoading_A_Vista()
+{
+    for (QWidget *janela : QApplication::topLevelWidgets())
+        if (qobject_cast<frmLoading *>(janela) != nullptr && janela->isVisible()) return janela;
+    return nullptr;
+}
 } // namespace
 
 class TestArranque : public QObject
@@ -65,7 +72,7 @@ private Q_SLOTS:
                                      u"Ler_TblConfig"_s, u"Iniciar_Sessao"_s, u"Escrever_Titulo"_s,
                                      u"Confirmar_Opcoes"_s, u"Atribuir_Legendas"_s, u"Preencher_Filtro"_s,
                                      u"Restaurar_Memos"_s, u"Adicionar_Icone"_s, u"Avisar_Aniversarios"_s,
-                                     u"Minimizar"_s}));
+                                     u"Minimizar"_s, u"Sincronizar_Messenger"_s, u"Iniciar_Correio"_s}));
     }
 
     void cmdData_mostra_a_data_de_hoje_por_extenso()
@@ -356,8 +363,26 @@ private Q_SLOTS:
         PorArrancar p;
         p.Escrever_Ini({{"arranque", "minimizar", "sim"}, {"messenger", "activo", "1"}});
         p.janela.Carregar();
-        for (const QWidget *janela : QApplication::topLevelWidgets())
-            QVERIFY(qobject_cast<const frmLoading *>(janela) == nullptr || !janela->isVisible());
+        QVERIFY(frmLoading_A_Vista() == nullptr);
+    }
+
+    void sem_messenger_nada_se_mostra()
+    {
+        PorArrancar p;
+        p.janela.Carregar();
+        QVERIFY(frmLoading_A_Vista() == nullptr);
+    }
+
+    void com_messenger_e_a_janela_a_vista_aparece_frmLoading_sem_se_esperar_por_ele()
+    {
+        PorArrancar p;
+        p.Escrever_Ini({{"messenger", "activo", "1"}});
+        p.janela.Carregar();
+        QWidget *carregando = frmLoading_A_Vista();
+        QVERIFY(carregando != nullptr);
+        QVERIFY(!carregando->isModal() && p.janela.isVisible());
+        QVERIFY(qobject_cast<frmLoading *>(carregando)->Valor() >= 1);
+        carregando->close();
     }
 
     void com_AvisoAniversarios_2_os_temporizadores_ficam_como_no_desenho()
