@@ -2,3 +2,5 @@
 morvex_teste(online/test_Codificar_Email LIGA online)
 morvex_teste(online/test_frmAddEditEmail LIGA online)
 morvex_teste(online/test_VerificarVersao LIGA session)
+morvex_teste(online/test_CicloCorreio LIGA session)
+morvex_teste(online/test_Presenca LIGA session)
