@@ -1,6 +1,8 @@
-// Measures the start, the contact list and the card with many contacts, each beside its floor in the same
-// run: an empty window of the toolkit, and a bare read of the same rows into strings. Usage: bench_lista [N
+// Measures the start, the contact list, the card and the searches with many contacts, each beside its floor
+// in the same run: an empty window of the toolkit, and a bare read of the same rows into strings. Usage:
+// bench_lista [N
 // ...]   (1000, 8000 and 32767 contacts unless told otherwise)
+#include "contacts/frmProcurar.h"
 #include "data/Comandos.h"
 #include "data/Geral.h"
 #include "data/Sementes.h"
@@ -32,6 +34,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 constexpr int repeticoes = 5;
+const QString texto_procurado = u"nn"_s;
 
 double Agora_ms()
 {
@@ -98,15 +101,14 @@ void Encher(const QString &pasta, int quantos)
     ligacao.execute(u"COMMIT"_s, {});
 }
 
-// The same rows in the same order, into strings, with nothing in between.
-double Leitura_Nua(const QString &pasta)
+// The rows of a command in the same order, into strings, with nothing in between.
+double Leitura_Nua(const QString &pasta, ComandoComLinhas comando, const std::string &parametro = {})
 {
     SQLite::Database base((pasta + u"/morvex.mdb"_s).toStdString());
     registerTextRules(base.getHandle());
-    const auto &sql = comandos::catalogo[comandos::Posicao("cmdListarTodosContactos", Linhas::ComLinhas)].sql;
     return Mediana([&] {
-        SQLite::Statement consulta(base, std::string(sql));
-        consulta.bind(1, 0);
+        SQLite::Statement consulta(base, std::string(comando.Entrada().sql));
+        if (!parametro.empty()) consulta.bind(1, parametro);
         std::vector<std::pair<int, std::string>> linhas;
         while (consulta.executeStep())
             linhas.emplace_back(consulta.getColumn(0).getInt(), consulta.getColumn(1).getString());
@@ -132,6 +134,37 @@ int Filho_Vazio(int argc, char **argv)
     Mostrar_E_Pintar(janela);
     std::printf("%.2f %.2f\n", Desde_O_Inicio(), Memoria_MB());
     return 0;
+}
+
+// A key in the quick search, to the painted card of a name near the end of the list.
+double Tecla(Main &janela)
+{
+    bool outra = false;
+    return Mediana([&] {
+        outra = !outra;
+        janela.txtProcura->setText(outra ? u"zé v"_s : u"úrsula v"_s);
+        janela.repaint();
+    });
+}
+
+// A search to its first hit: in the notes, of which all match, and in the telephones, of which none does.
+std::pair<double, double> Procuras(Main &janela)
+{
+    janela.procurar->trigger();
+    const auto janelas = QApplication::topLevelWidgets();
+    const auto form = std::find_if(janelas.begin(), janelas.end(),
+                                   [](QWidget *w) { return qobject_cast<frmProcurar *>(w) != nullptr; });
+    auto &procura = *qobject_cast<frmProcurar *>(*form);
+    const auto procurar = [&](QRadioButton *opcao, const QString &texto) {
+        opcao->setChecked(true);
+        return Mediana([&] {
+            procura.txtProcurar->setText(texto);
+            procura.Reset_Pesquisa();
+            procura.cmdProcurar->click();
+        });
+    };
+    const double texto = procurar(procura.opcaoObs, texto_procurado);
+    return {texto, procurar(procura.opcaoTelefone, u"999"_s)};
 }
 
 int Filho_Main(int argc, char **argv, const QString &pasta)
@@ -164,7 +197,10 @@ int Filho_Main(int argc, char **argv, const QString &pasta)
         janela.ListaNomes->setListIndex(linha);
         janela.repaint();
     });
-    std::printf("%.2f %.2f %.2f %.2f %.2f\n", inicio, memoria, recarga, cartao, filtro);
+    const double tecla = Tecla(janela);
+    const auto [texto, numero] = Procuras(janela);
+    std::printf("%.2f %.2f %.2f %.2f %.2f %.2f %.2f %.2f\n", inicio, memoria, recarga, cartao, filtro, tecla,
+                texto, numero);
     std::fflush(stdout);
     process.end();
     return 0;
@@ -199,18 +235,25 @@ void Medir(int quantos)
 {
     const QTemporaryDir pasta;
     Encher(pasta.path(), quantos);
-    const double leitura = Leitura_Nua(pasta.path());
+    const double leitura = Leitura_Nua(pasta.path(), "cmdListarTodosContactos", "0");
+    const double texto =
+        leitura + Leitura_Nua(pasta.path(), "cmdProcurarObs", ('%' + texto_procurado + '%').toStdString());
+    const double numero = leitura + Leitura_Nua(pasta.path(), "cmdProcurarTelefone");
     const QList<double> vazia = Filho_Mediano({u"--vazia"_s});
     const QList<double> main = Filho_Mediano({u"--main"_s, pasta.path()});
-    if (main.size() < 5 || vazia.size() < 2) {
+    if (main.size() < 8 || vazia.size() < 2) {
         std::printf("%7d   the measured process failed\n", quantos);
         return;
     }
     std::printf(
         "%7d   start %7.1f ms (%4.1f x empty %5.1f; less the reload %4.1f x)   reload %6.1f ms (%4.2f x bare "
-        "%5.1f)   card %5.2f ms   filter %6.1f ms   memory %5.1f MB (%4.2f x %5.1f)\n",
+        "%5.1f)   card %5.2f ms   filter %6.1f ms   memory %5.1f MB (%4.2f x %5.1f)\n"
+        "          quick search %5.2f ms   text search %6.1f ms (%4.2f x bare %5.1f)   number search %6.1f "
+        "ms "
+        "(%4.2f x bare %5.1f), each with the list read anew\n",
         quantos, main[0], main[0] / vazia[0], vazia[0], (main[0] - main[2]) / vazia[0], main[2],
-        main[2] / leitura, leitura, main[3], main[4], main[1], main[1] / vazia[1], vazia[1]);
+        main[2] / leitura, leitura, main[3], main[4], main[1], main[1] / vazia[1], vazia[1], main[5], main[6],
+        main[6] / texto, texto, main[7], main[7] / numero, numero);
     std::fflush(stdout);
 }
 } // namespace
