@@ -6,6 +6,7 @@
 #include "platform/Controls.h"
 
 #include <QDialog>
+#include <QHeaderView>
 #include <QPushButton>
 #include <QTreeWidget>
 
@@ -24,6 +25,7 @@ ContasEmail::ContasEmail(QDialog &opcoes, Geral &geral)
       cmdEditar(control<QPushButton>(opcoes, u"cmdEditar"_s)),
       cmdEliminar(control<QPushButton>(opcoes, u"cmdEliminar"_s))
 {
+    lvEmails.header()->setSectionResizeMode(QHeaderView::Stretch);
     auto &cmdAdicionar = control<QPushButton>(opcoes, u"cmdAdicionar"_s);
     connect(&lvEmails, &QTreeWidget::itemSelectionChanged, this, &ContasEmail::lvEmails_ItemClick);
     connect(&lvEmails, &QTreeWidget::itemDoubleClicked, this, &ContasEmail::cmdEditar_Click);

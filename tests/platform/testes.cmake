@@ -17,5 +17,6 @@ foreach(teste IN ITEMS
 endforeach()
 morvex_teste(platform/test_DesktopSound LIGA platform)
 morvex_teste(platform/test_SingleInstance LIGA platform)
+morvex_teste(platform/test_SomGravado LIGA platform)
 morvex_teste(platform/test_LongText LIGA platform)
 morvex_teste(platform/test_RisingCard LIGA platform)
