@@ -61,6 +61,7 @@ private Q_SLOTS:
         QTest::newRow("a ultima linha tambem e comparada") << u"zi"_s << u"Zita"_s;
         QTest::newRow("percentagem e um sinal como os outros") << u"%"_s << QString();
         QTest::newRow("um nome que tem so o comeco da barra") << u"Ana¦"_s << QString();
+        QTest::newRow("barra que o nome tem") << u"Q¦"_s << QString();
         QTest::newRow("barra sozinha") << u"¦"_s << QString();
         QTest::newRow("o s alemao fica uma letra") << u"STRASSE"_s << QString();
         QTest::newRow("o s alemao bate consigo") << u"STRAß"_s << u"Straße"_s;
@@ -70,7 +71,7 @@ private Q_SLOTS:
         QFETCH(QString, texto);
         QFETCH(QString, nome);
         Programa p;
-        p.Carregar({u"Ana Maria"_s, u"Erica"_s, u"Érica"_s, u"Straße"_s, u"Zita"_s});
+        p.Carregar({u"Ana Maria"_s, u"Erica"_s, u"Érica"_s, u"Q¦Z"_s, u"Straße"_s, u"Zita"_s});
         p.janela.txtProcura->setText(texto);
         QCOMPARE(p.Escolhido(), nome);
     }
