@@ -12,7 +12,7 @@ pacotes_para_construir=(
 # A screen in memory with a window manager, for a machine without a display.
 pacotes_para_ecra_virtual=(xvfb openbox dbus xdotool imagemagick)
 pacotes_para_testar=(
-    "${pacotes_para_ecra_virtual[@]}" trayer x11-utils python3 desktop-file-utils
+    "${pacotes_para_ecra_virtual[@]}" trayer x11-utils python3 desktop-file-utils openssl
 )
 
 # Installs those of the named packages that are missing, and says which.

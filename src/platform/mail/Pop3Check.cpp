@@ -1,18 +1,12 @@
 #include "platform/mail/Pop3Check.h"
 
 #include <algorithm>
-#include <chrono>
 #include <QCryptographicHash>
 #include <QHostInfo>
 #include <QSslError>
 
-using namespace std::chrono_literals;
-
 namespace
 {
-constexpr auto addressLimit = 4s; // a name may have many addresses
-constexpr auto answerLimit = 15s;
-constexpr auto checkLimit = 60s;
 constexpr qint64 longestLine = 8192;
 constexpr qsizetype mostUids = 100000;
 
@@ -22,8 +16,13 @@ bool isPositive(const QByteArray &answer) { return answer.startsWith("+OK"); }
 bool fitsOneLine(const QByteArray &text) { return !text.contains('\r') && !text.contains('\n'); }
 } // namespace
 
-Pop3Check::Pop3Check(MailServer server, QString user, QString password, Trust trust, QObject *parent)
-    : QObject(parent), server_(std::move(server)), user_(user.toUtf8()), password_(password.toUtf8())
+Pop3Check::Pop3Check(MailServer server, QString user, QString password, Trust trust, const Limits &limits,
+                     QObject *parent)
+    : QObject(parent),
+      server_(std::move(server)),
+      limits_(limits),
+      user_(user.toUtf8()),
+      password_(password.toUtf8())
 {
     result_.trust = std::move(trust);
     stepTimer_.setSingleShot(true);
@@ -54,8 +53,8 @@ Pop3Check::~Pop3Check()
 
 void Pop3Check::start()
 {
-    wholeTimer_.start(checkLimit);
-    stepTimer_.start(answerLimit);
+    wholeTimer_.start(limits_.check);
+    stepTimer_.start(limits_.answer);
     if (!fitsOneLine(user_) || !fitsOneLine(password_)) {
         QTimer::singleShot(0, this, [this] { fail(MailError::Refused); });
         return;
@@ -75,7 +74,7 @@ void Pop3Check::connectToNextAddress()
 {
     step_ = Step::Connecting;
     socket_.abort();
-    stepTimer_.start(addressLimit);
+    stepTimer_.start(limits_.address);
     socket_.setPeerVerifyName(server_.host);
     socket_.connectToHost(addresses_.takeFirst(), server_.port);
 }
@@ -83,7 +82,7 @@ void Pop3Check::connectToNextAddress()
 void Pop3Check::awaitGreeting()
 {
     step_ = Step::Greeting;
-    stepTimer_.start(answerLimit);
+    stepTimer_.start(limits_.answer);
 }
 
 void Pop3Check::socketFailed()
@@ -104,7 +103,7 @@ void Pop3Check::socketFailed()
 void Pop3Check::beginHandshake()
 {
     step_ = Step::Handshake;
-    stepTimer_.start(answerLimit);
+    stepTimer_.start(limits_.answer);
     socket_.startClientEncryption();
 }
 
@@ -216,14 +215,14 @@ void Pop3Check::name(const QByteArray &text)
     const qsizetype blank = text.indexOf(' ');
     if (blank < 1 || result_.uids.size() >= mostUids) return fail(MailError::Garbled);
     result_.uids << QString::fromUtf8(text.mid(blank + 1).trimmed());
-    stepTimer_.start(answerLimit);
+    stepTimer_.start(limits_.answer);
 }
 
 void Pop3Check::ask(Step step, const QByteArray &command)
 {
     step_ = step;
     inList_ = false;
-    stepTimer_.start(answerLimit);
+    stepTimer_.start(limits_.answer);
     socket_.write(command + "\r\n");
 }
 

@@ -42,7 +42,15 @@ public:
         Trust trust;        // as it stands after this visit
     };
 
-    Pop3Check(MailServer server, QString user, QString password, Trust trust, QObject *parent = nullptr);
+    // How long it waits, in milliseconds.
+    struct Limits {
+        int address = 4000; // for one of the addresses that a name may have
+        int answer = 15000; // for a connection with its encryption, and for each answer
+        int check = 60000;  // altogether
+    };
+
+    Pop3Check(MailServer server, QString user, QString password, Trust trust, const Limits &limits,
+              QObject *parent = nullptr);
     ~Pop3Check() override;
 
     void start();
@@ -86,6 +94,7 @@ private:
     void finish();
 
     MailServer server_;
+    Limits limits_;
     QByteArray user_;
     QByteArray password_;
     Result result_;

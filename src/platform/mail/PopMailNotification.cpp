@@ -62,7 +62,7 @@ void PopMailNotification::check()
 {
     const auto server = MailServer::parse(server_);
     if (!server) return failed(MailError::Address);
-    check_ = new Pop3Check(*server, user_, password_, seen_.trust(mailbox()), this);
+    check_ = new Pop3Check(*server, user_, password_, seen_.trust(mailbox()), Pop3Check::Limits{}, this);
     // A check that was stopped may still have a word on the way: only the present one is heard.
     connect(check_, &Pop3Check::succeeded, this,
             [this, mine = check_.data()](const Pop3Check::Result &result) {
