@@ -53,6 +53,7 @@ const QString nulos = u"|<Null>"_s;
 // The users are 7 (Maria) and 8 (Rui). Contact 4 and task 2 point at rows that aren't there.
 void Encher(Sistema &s)
 {
+    s.Escrever(u"BEGIN"_s);
     for (
         const QString &sql :
         {u"INSERT INTO TblGrupos VALUES (1, 'Outros', 0), (2, 'Amigos', 7), (3, 'Família', 8)"_s,
@@ -71,6 +72,7 @@ void Encher(Sistema &s)
          u"INSERT INTO TblIdiomas VALUES (9999, 'pt', 'br', 'uk', 'es', 'it', 'fr', 'de')"_s,
          u"UPDATE TblConfig SET Idioma='InglesUK', Versao='5.1', Remetente='re', Destinatario='de'"_s})
         s.Escrever(sql);
+    s.Escrever(u"COMMIT"_s);
 }
 
 const std::vector<Leitura> &Leituras()
