@@ -60,5 +60,6 @@ void Memos::Abrir(const std::function<void(frmMemo &)> &mostrar)
 QPoint Memos::Lugar_Da_Proxima() const
 {
     const int passo = static_cast<int>(notas_.size()) % degraus * degrau;
-    return janela_.screen()->availableGeometry().center() / 2 + QPoint(passo, passo);
+    const QRect ecra = janela_.screen()->availableGeometry();
+    return ecra.topLeft() + QPoint(ecra.width() / 3 + passo, ecra.height() / 3 + passo);
 }

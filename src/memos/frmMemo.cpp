@@ -73,6 +73,7 @@ void frmMemo::Criar(const QString &titulo, const QPoint &lugar)
     Aplicar_Aparencia();
     move(lugar);
     show();
+    activateWindow();
     Anotar_Lugar();
 }
 

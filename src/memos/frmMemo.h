@@ -19,8 +19,8 @@ class frmMemo final : public QWidget, public Ui::frmMemo
 public:
     frmMemo(Geral &geral, Platform &platform);
 
-    // Shows a new note with the looks of the settings; it gets its row as it appears. Raises Failure for a
-    // setting that is no number.
+    // Shows a new note with the looks of the settings and gives it the keyboard. It gets its row as it
+    // appears. Raises Failure for a setting that is no number.
     void Criar(const QString &titulo, const QPoint &lugar);
 
     // Shows the note of the current row. A cell that cannot be taken leaves what the design has. Where no

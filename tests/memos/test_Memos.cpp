@@ -142,6 +142,17 @@ private Q_SLOTS:
         QCOMPARE(nota.txtMemo->palette().color(QPalette::Base), colour(65535));
     }
 
+    void numa_nota_nova_escreve_se_logo()
+    {
+        Secretaria d;
+        d.janela.show();
+        frmMemo &nota = d.Nova(u"Compras"_s);
+        QVERIFY(QTest::qWaitForWindowActive(&nota));
+        QTest::keyClicks(QApplication::focusWidget(), u"pao"_s);
+        QCOMPARE(nota.txtMemo->toPlainText(), u"pao"_s);
+        QVERIFY(nota.cmdGuardar->isVisible());
+    }
+
     void mudar_os_valores_das_opcoes_nao_muda_as_notas_que_ha()
     {
         Secretaria d;
