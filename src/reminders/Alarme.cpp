@@ -1,0 +1,76 @@
+#include "reminders/Alarme.h"
+
+#include "data/Geral.h"
+#include "platform/DisabledWindow.h"
+#include "platform/Failure.h"
+#include "platform/Platform.h"
+#include "reminders/frmPopup.h"
+#include "reminders/Momento.h"
+
+#include <QApplication>
+
+Alarme::Alarme(QWidget &janela, Geral &geral, Platform &platform)
+    : QObject(&janela), janela_(janela), geral_(geral), platform_(platform)
+{
+    connect(&geral_.temporizadores.timerTarefas, &QTimer::timeout, this, &Alarme::timerTarefas_Timer);
+}
+
+Alarme::~Alarme() = default;
+
+// Nothing in a tick is ever reported: a step that fails is skipped, and the next tick tries again. The end
+// sets both timers going even where the notice has just stopped them at its load, so ticks go on under it.
+void Alarme::timerTarefas_Timer()
+{
+    const QDateTime agora = platform_.clock.now();
+    const QString DataActual = Texto_Da_Data(agora.date());
+    const QString HoraActual = Texto_Da_Hora(agora.time());
+    const QString &Utilizador = geral_.SessaoActual.IdUtilizador;
+    skipFailure([&] { Mostrar_Vencidas("cmdVerificarTarefas", {DataActual, HoraActual, Utilizador}); });
+    skipFailure([&] { Mostrar_Vencidas("cmdVerificarTarefas2", {DataActual, Utilizador}); });
+    geral_.temporizadores.timerTarefas.setEnabled(true);
+    geral_.temporizadores.timerPonto.setEnabled(true);
+}
+
+// Each row is written over the one before, so the last one stays. The others stay due.
+void Alarme::Mostrar_Vencidas(ComandoComLinhas comando, std::initializer_list<Value> parametros)
+{
+    Recordset &rs = geral_.de.Abrir(comando, parametros);
+    for (; !rs.Eof(); rs.MoveNext())
+        Mostrar_Tarefa(rs);
+    rs.Close();
+}
+
+void Alarme::Mostrar_Tarefa(const Recordset &rs)
+{
+    skipFailure([&] { Popup().txtIDTarefa->setText(rs.Fields("ID").text()); });
+    skipFailure([&] { Popup().lblTarefa->setText(rs.Fields("Tarefa").text()); });
+    skipFailure([&] { Popup().lblData->setText(Texto_Da_Data(rs.Fields("Data").date())); });
+    skipFailure([&] { Popup().lblHora->setText(Texto_Da_Hora(rs.Fields("Hora").time())); });
+    geral_.temporizadores.timerTarefas.setEnabled(false);
+    geral_.temporizadores.timerPonto.setEnabled(false);
+    DisabledWindow::disable(janela_);
+    Mostrar_Popup();
+}
+
+frmPopup &Alarme::Popup()
+{
+    if (popup_ == nullptr) {
+        popup_ = std::make_unique<frmPopup>(geral_, platform_, janela_);
+        connect(popup_.get(), &RisingCard::Unloaded, this, &Alarme::Popup_Unload);
+    }
+    return *popup_;
+}
+
+// Behind a modal form it could not be clicked, and nobody could reach that form past it: a later tick shows
+// it.
+void Alarme::Mostrar_Popup()
+{
+    if (QApplication::activeModalWidget() == nullptr) Popup().show();
+}
+
+void Alarme::Popup_Unload() { popup_.release()->deleteLater(); }
+
+void Alarme::Fechar_Cartao()
+{
+    if (popup_ != nullptr) popup_->Fechar_Cartao();
+}

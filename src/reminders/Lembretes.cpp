@@ -1,0 +1,64 @@
+#include "reminders/Lembretes.h"
+
+#include "data/Geral.h"
+#include "platform/Controls.h"
+#include "platform/DisabledWindow.h"
+#include "reminders/Alarme.h"
+#include "reminders/Aniversarios.h"
+#include "reminders/frmAddEditTarefa.h"
+#include "reminders/frmListaTarefas.h"
+
+#include <QAction>
+#include <QApplication>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+// Each form exists once. The tray menu can ask again for one that is open: it comes to the front.
+template<class Formulario> bool Trazer_Para_A_Frente()
+{
+    for (QWidget *janela : QApplication::topLevelWidgets()) {
+        if (qobject_cast<Formulario *>(janela) == nullptr || !janela->isVisible()) continue;
+        janela->raise();
+        janela->activateWindow();
+        return true;
+    }
+    return false;
+}
+} // namespace
+
+Lembretes::Lembretes(QWidget &janela, Geral &geral, Platform &platform)
+    : QObject(&janela),
+      janela_(janela),
+      geral_(geral),
+      platform_(platform),
+      alarme_(new Alarme(janela, geral, platform)),
+      aniversarios_(new Aniversarios(janela, geral, platform))
+{
+    for (const auto &nome : {u"NovaTarefa"_s, u"nova_tarefa"_s, u"SystemTrayNovaTarefa"_s})
+        connect(&control<QAction>(janela, nome), &QAction::triggered, this, &Lembretes::NovaTarefa_Click);
+    for (const auto &nome : {u"ListaTarefas"_s, u"SystemTrayListaTarefas"_s})
+        connect(&control<QAction>(janela, nome), &QAction::triggered, this, &Lembretes::ListaTarefas_Click);
+    for (const auto &nome : {u"Aniversarios"_s, u"aniversarios"_s})
+        connect(&control<QAction>(janela, nome), &QAction::triggered, aniversarios_, &Aniversarios::Mostrar);
+}
+
+void Lembretes::NovaTarefa_Click()
+{
+    if (Trazer_Para_A_Frente<frmAddEditTarefa>()) return;
+    geral_.ModoTarefa = u"Add"_s;
+    const DisabledWindow desactivada(janela_);
+    frmAddEditTarefa(geral_, platform_, janela_, &janela_).exec();
+}
+
+void Lembretes::ListaTarefas_Click()
+{
+    if (Trazer_Para_A_Frente<frmListaTarefas>()) return;
+    const DisabledWindow desactivada(janela_);
+    frmListaTarefas form(geral_, platform_, janela_);
+    connect(&form, &frmListaTarefas::TarefaEditada, alarme_, &Alarme::Fechar_Cartao);
+    form.exec();
+}
+
+void Lembretes::Mostrar_Aniversarios_Ao_Iniciar() { aniversarios_->Mostrar_Ao_Iniciar(); }

@@ -1,0 +1,33 @@
+// The reminders' share of the main window: the entries of its menus, toolbar and tray menu that open the
+// forms of tasks and birthdays, and the two cycles that raise their notices by themselves.
+#pragma once
+
+#include <QObject>
+
+class Alarme;
+class Aniversarios;
+class Geral;
+class QWidget;
+struct Platform;
+
+class Lembretes final : public QObject
+{
+    Q_OBJECT
+public:
+    // The window must hold the entries NovaTarefa, ListaTarefas and Aniversarios, their toolbar buttons and
+    // their copies in the tray menu.
+    Lembretes(QWidget &janela, Geral &geral, Platform &platform);
+
+    // The start's own notice of birthdays. Waits until it is closed; nothing is shown when there is none.
+    void Mostrar_Aniversarios_Ao_Iniciar();
+
+private:
+    void NovaTarefa_Click();
+    void ListaTarefas_Click();
+
+    QWidget &janela_;
+    Geral &geral_;
+    Platform &platform_;
+    Alarme *alarme_; // children of the window
+    Aniversarios *aniversarios_;
+};

@@ -1,0 +1,116 @@
+#include "reminders/frmListaTarefas.h"
+
+#include "data/Geral.h"
+#include "platform/Controls.h"
+#include "platform/Platform.h"
+#include "reminders/frmAddEditTarefa.h"
+#include "reminders/Momento.h"
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+enum Coluna { coluna_tarefa, coluna_data, coluna_hora, coluna_repeticao };
+
+// The key of a row is "k" and the task's ID. A description of several lines shows as one.
+constexpr int papel_da_chave = Qt::UserRole;
+constexpr int papel_da_tarefa = Qt::UserRole + 1;
+QString Id_Da_Chave(const QTreeWidgetItem &item)
+{
+    return item.data(coluna_tarefa, papel_da_chave).toString().mid(1);
+}
+
+QTreeWidgetItem *Novo_Item(const Recordset &rs, QDate hoje)
+{
+    const Field Data = rs.Fields("Data");
+    const Field Hora = rs.Fields("Hora");
+    const QString Tarefa = rs.Fields("Tarefa").textOrEmpty();
+    auto *item = new QTreeWidgetItem(
+        {Tarefa.simplified(), Data.isNull() ? QString() : Texto_Da_Data(Data.date()),
+         Hora.isNull() ? QString() : Texto_Da_Hora(Hora.time()), rs.Fields("NomeRepeticao").textOrEmpty()});
+    item->setData(coluna_tarefa, papel_da_chave, u'k' + rs.Fields("ID").text());
+    item->setData(coluna_tarefa, papel_da_tarefa, Tarefa);
+    if (!Data.isNull() && Data.date() == hoje)
+        item->setIcon(coluna_tarefa, QIcon(u":/imagens/lista/hoje.svg"_s));
+    return item;
+}
+} // namespace
+
+frmListaTarefas::frmListaTarefas(Geral &geral, Platform &platform, QWidget &janela)
+    : QDialog(&janela), geral_(geral), platform_(platform), janela_(janela)
+{
+    setupUi(this);
+    connect(cmdCriar, &QPushButton::clicked, this, &frmListaTarefas::cmdCriar_Click);
+    connect(cmdEditar, &QPushButton::clicked, this, &frmListaTarefas::cmdEditar_Click);
+    connect(cmdEliminar, &QPushButton::clicked, this, &frmListaTarefas::cmdEliminar_Click);
+    connect(cmdFechar, &QPushButton::clicked, this, &QDialog::reject);
+    connect(ListViewTarefas, &QTreeWidget::itemDoubleClicked, this, &frmListaTarefas::cmdEditar_Click);
+    connect(this, &QDialog::finished, this, &frmListaTarefas::Form_Unload);
+
+    geral_.temporizadores.Gerir_Temporizadores(u"stop"_s);
+    cmdCriar->setText(geral_.Ler_Idioma(185));
+    cmdEditar->setText(geral_.Ler_Idioma(179));
+    cmdEliminar->setText(geral_.Ler_Idioma(183));
+    cmdFechar->setText(geral_.Ler_Idioma(135));
+    Label1->setText(withoutMnemonic(geral_.Ler_Idioma(150)));
+    setWindowTitle(Label1->text());
+    ListViewTarefas->setAccessibleName(Label1->text());
+    Ler_Tarefas(Sem_Linhas::Mantem_A_Lista);
+}
+
+void frmListaTarefas::Ler_Tarefas(Sem_Linhas sem_linhas)
+{
+    Recordset &rs = geral_.de.Abrir("cmdListarTarefas", {geral_.SessaoActual.IdUtilizador});
+    if (!rs.Eof() || sem_linhas == Sem_Linhas::Esvazia_A_Lista) Preencher_Lista(rs);
+    rs.Close();
+}
+
+void frmListaTarefas::Preencher_Lista(Recordset &rs)
+{
+    ListViewTarefas->clear();
+    ListViewTarefas->setHeaderLabels(
+        {geral_.Ler_Idioma(182), geral_.Ler_Idioma(177), geral_.Ler_Idioma(180), geral_.Ler_Idioma(181)});
+    const QDate hoje = platform_.clock.today();
+    QList<QTreeWidgetItem *> itens;
+    for (; !rs.Eof(); rs.MoveNext())
+        itens << Novo_Item(rs, hoje);
+    ListViewTarefas->addTopLevelItems(itens);
+}
+
+QTreeWidgetItem *frmListaTarefas::Seleccionada() const { return ListViewTarefas->selectedItems().value(0); }
+
+void frmListaTarefas::cmdCriar_Click()
+{
+    geral_.ModoTarefa = u"Add"_s;
+    frmAddEditTarefa(geral_, platform_, janela_, this).exec();
+    Ler_Tarefas(Sem_Linhas::Mantem_A_Lista);
+}
+
+void frmListaTarefas::cmdEditar_Click()
+{
+    const QTreeWidgetItem *item = Seleccionada();
+    if (item == nullptr) return;
+    geral_.ModoTarefa = u"Edit"_s;
+    frmAddEditTarefa form(geral_, platform_, janela_, this);
+    form.Preencher({.ID = Id_Da_Chave(*item),
+                    .Tarefa = item->data(coluna_tarefa, papel_da_tarefa).toString(),
+                    .Data = item->text(coluna_data),
+                    .Hora = item->text(coluna_hora),
+                    .NomeRepeticao = item->text(coluna_repeticao)});
+    if (form.exec() == QDialog::Accepted) Q_EMIT TarefaEditada();
+    Ler_Tarefas(Sem_Linhas::Mantem_A_Lista);
+}
+
+void frmListaTarefas::cmdEliminar_Click()
+{
+    const QTreeWidgetItem *item = Seleccionada();
+    if (item == nullptr) return;
+    geral_.de.Executar("cmdEliminarTarefa", {Id_Da_Chave(*item), geral_.SessaoActual.IdUtilizador});
+    Ler_Tarefas(Sem_Linhas::Esvazia_A_Lista);
+}
+
+void frmListaTarefas::Form_Unload()
+{
+    geral_.temporizadores.Gerir_Temporizadores(u"start"_s);
+    janela_.setEnabled(true);
+}

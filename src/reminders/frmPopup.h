@@ -1,0 +1,36 @@
+// The notice of due tasks: a card that rises, sounds, stays until it is clicked, and sinks once the alert
+// card that the click opens has been dealt with. There is one at a time; the latest due task is written over
+// the others.
+#pragma once
+
+#include "platform/RisingCard.h"
+#include "ui_frmPopup.h"
+
+class frmTarefas;
+class Geral;
+class Recordset;
+struct Platform;
+
+class frmPopup final : public RisingCard, public Ui::frmPopup
+{
+    Q_OBJECT
+public:
+    frmPopup(Geral &geral, Platform &platform, QWidget &janela);
+
+    // Closes the alert card without acknowledging, if it is open.
+    void Fechar_Cartao();
+
+    Timer TimerPisca{500, false}; // runs as long as the card does; nothing blinks
+
+private:
+    void Form_Unload();
+    void Form_Click();
+
+    bool Preencher_Cartao(frmTarefas &cartao);
+    void Preencher_Repeticao(frmTarefas &cartao, const QString &IDRepeticao);
+
+    Geral &geral_;
+    Platform &platform_;
+    QWidget &janela_;
+    frmTarefas *cartao_ = nullptr; // while it is open
+};

@@ -1,0 +1,71 @@
+#include "reminders/frmTarefas.h"
+
+#include "data/Geral.h"
+#include "platform/Controls.h"
+#include "platform/Platform.h"
+#include "reminders/frmAddEditTarefa.h"
+#include "reminders/Momento.h"
+#include "reminders/Repeticao.h"
+
+using namespace Qt::StringLiterals;
+
+// Without an owner: the cycle of alarms goes on under the card and keeps the main window disabled.
+frmTarefas::frmTarefas(Geral &geral, Platform &platform, QWidget &janela)
+    : geral_(geral), platform_(platform), janela_(janela)
+{
+    setupUi(this);
+    connect(cmdImprimir, &QPushButton::clicked, this, &frmTarefas::cmdImprimir_Click);
+    connect(cmdEditar, &QPushButton::clicked, this, &frmTarefas::cmdEditar_Click);
+    connect(cmdEliminar, &QPushButton::clicked, this, &frmTarefas::cmdEliminar_Click);
+
+    setWindowTitle(withoutMnemonic(geral_.Ler_Idioma(178)));
+    Label1->setText(geral_.Ler_Idioma(167));
+    Label2->setText(geral_.Ler_Idioma(168));
+    Label3->setText(geral_.Ler_Idioma(169));
+    Label4->setText(geral_.Ler_Idioma(174));
+    cmdEditar->setText(geral_.Ler_Idioma(179));
+    cmdEliminar->setText(geral_.Ler_Idioma(183));
+    cmdImprimirTarefa->setText(geral_.Ler_Idioma(80));
+}
+
+void frmTarefas::cmdImprimir_Click()
+{
+    const QDate actual = Data_Do_Texto(lblData->text());
+    const QString IDRepeticao = txtIDRepeticao->text();
+    if (IDRepeticao == sem_repeticao)
+        Eliminar();
+    else if (const auto seguinte = Data_Seguinte(IDRepeticao, actual))
+        Passar_A(*seguinte);
+    accept();
+}
+
+// Only the date moves: a task of nine o'clock that is acknowledged at three is next due at nine.
+void frmTarefas::Passar_A(QDate dia)
+{
+    geral_.de.Executar("cmdUpdateTarefa",
+                       {Tarefa_.stored(*txtTarefa), Texto_Da_Data(dia), lblHora->text(),
+                        geral_.SessaoActual.IdUtilizador, txtIDRepeticao->text(), txtIDTarefa->text()});
+}
+
+void frmTarefas::Eliminar()
+{
+    geral_.de.Executar("cmdEliminarTarefa", {txtIDTarefa->text(), geral_.SessaoActual.IdUtilizador});
+}
+
+void frmTarefas::cmdEliminar_Click()
+{
+    Eliminar();
+    accept();
+}
+
+void frmTarefas::cmdEditar_Click()
+{
+    geral_.ModoTarefa = u"Edit"_s;
+    frmAddEditTarefa form(geral_, platform_, janela_, this);
+    form.Preencher({.ID = txtIDTarefa->text(),
+                    .Tarefa = Tarefa_.stored(*txtTarefa),
+                    .Data = lblData->text(),
+                    .Hora = lblHora->text(),
+                    .NomeRepeticao = lblRepeticao->text()});
+    if (form.exec() == QDialog::Accepted) accept();
+}

@@ -1,0 +1,14 @@
+# Tests of reminders.
+foreach(teste IN ITEMS
+    test_Alarme
+    test_Aniversarios
+    test_frmAddEditTarefa
+    test_frmAniversarios
+    test_frmListaTarefas
+    test_frmPopup
+    test_frmTarefas
+    test_ProximosAniversarios
+    test_Repeticao)
+    morvex_teste(reminders/${teste} LIGA reminders)
+endforeach()
+morvex_teste(reminders/test_Lembretes LIGA session)
