@@ -143,9 +143,8 @@ class TestFrmOpcoes : public QObject
     }
 
 private Q_SLOTS:
-    void as_legendas_vem_dos_textos_data()
+    void as_legendas_vem_dos_textos()
     {
-        QTest::addColumn<int>("texto");
         const QList<std::pair<const char *, int>> controlos{{"frameRemetente", 193},
                                                             {"frameDestinatario", 194},
                                                             {"frameAniversarios", 190},
@@ -178,17 +177,14 @@ private Q_SLOTS:
                                                             {"cmdPlay", 270},
                                                             {"cmdProcurarSom", 69},
                                                             {"cmdCancelar", 43}};
-        for (const auto &[controlo, texto] : controlos)
-            QTest::newRow(controlo) << texto;
-    }
-    void as_legendas_vem_dos_textos()
-    {
-        QFETCH(int, texto);
         Cenario c;
-        auto *controlo = c.Abrir().findChild<QWidget *>(QString::fromLatin1(QTest::currentDataTag()));
-        QVERIFY(controlo != nullptr);
-        const bool quadro = qobject_cast<QGroupBox *>(controlo) != nullptr;
-        QCOMPARE(Legenda(*controlo), quadro ? withoutMnemonic(c.s.Texto(texto)) : c.s.Texto(texto));
+        const frmOpcoes &form = c.Abrir();
+        for (const auto &[nome, texto] : controlos) {
+            const auto *controlo = form.findChild<QWidget *>(QString::fromLatin1(nome));
+            QVERIFY2(controlo != nullptr, nome);
+            const bool quadro = qobject_cast<const QGroupBox *>(controlo) != nullptr;
+            QCOMPARE(Legenda(*controlo), quadro ? withoutMnemonic(c.s.Texto(texto)) : c.s.Texto(texto));
+        }
     }
 
     void os_separadores_o_titulo_e_a_amostra_tem_os_seus_textos()
@@ -633,6 +629,20 @@ private Q_SLOTS:
                                                  u"lastpathpic=c:\\"_s,
                                                  u"[basedados]"_s,
                                                  u"caminhobd="_s + c.s.Base()}));
+    }
+
+    // Nothing of the automatic start is written then, so the section shows when the next one comes.
+    void minimizar_escreve_se_antes_do_messenger()
+    {
+        Cenario c;
+        c.s.geral.AutorunArranque.clear();
+        const frmOpcoes &form = c.Abrir();
+        c.Esvaziar_Ini();
+        form.cmdOk->click();
+        const QStringList seccoes = c.Linhas_Do_Ini().filter(u"["_s);
+        QCOMPARE(seccoes,
+                 QStringList({u"[emailnotify0]"_s, u"[aniversarios]"_s, u"[memos]"_s, u"[arranque]"_s,
+                              u"[messenger0]"_s, u"[fotografias]"_s, u"[basedados]"_s}));
     }
 
     void confirmar_escreve_a_base_e_o_registo()
