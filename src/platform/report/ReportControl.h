@@ -1,5 +1,5 @@
-// A report control: told piece by piece what to run and where to, then run. It knows nothing of what it prints, and
-// keeps every value until another is given: nothing resets it between two runs.
+// A report control: told piece by piece what to run and where to, then run. It knows nothing of what it
+// prints, and keeps every value until another is given: nothing resets it between two runs.
 #pragma once
 
 #include <QString>
