@@ -4,12 +4,12 @@
 #include "platform/Controls.h"
 #include "platform/Failure.h"
 
+#include <array>
 #include <QAbstractButton>
 #include <QAction>
 #include <QLabel>
 #include <QMainWindow>
 #include <QMenu>
-#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -75,32 +75,46 @@ void Legendar(QMainWindow &janela, const QString &nome, const QString &texto)
         control<QLabel>(janela, nome).setText(texto);
 }
 
-// A tip also names the control for a screen reader.
-void Dar_Dica(QWidget &controlo, const QString &texto)
+// The box of the card's row to which a picture belongs, if it is one.
+QWidget *Caixa_Da_Imagem(const QMainWindow &janela, const QString &imagem)
+{
+    if (imagem == "imgObservacoes"_L1) return janela.findChild<QWidget *>(u"txtObs"_s);
+    return janela.findChild<QWidget *>(QString(imagem).replace(u"img"_s, u"txt"_s));
+}
+
+// A tip also names the control, and the box beside it, for a screen reader.
+void Dar_Dica(QMainWindow &janela, const QString &nome, const QString &texto)
 {
     const QString dica = withoutMnemonic(texto);
+    auto &controlo = control<QWidget>(janela, nome);
     controlo.setToolTip(dica);
     controlo.setAccessibleName(dica);
+    if (QWidget *caixa = Caixa_Da_Imagem(janela, nome)) caixa->setAccessibleName(dica);
 }
 
 void Atribuir_Um(QMainWindow &janela, const EntradaDeTexto &entrada, const QString &texto)
 {
     const QString nome = QLatin1StringView(entrada.controlo);
     switch (entrada.lugar) {
-    case Legenda: return Legendar(janela, nome, texto);
-    case Dica: return Dar_Dica(control<QWidget>(janela, nome), texto);
-    case Menu: return control<QMenu>(janela, nome).setTitle(texto);
-    case Comando: return control<QAction>(janela, nome).setText(texto);
-    case Botao: return control<QAction>(janela, nome).setToolTip(withoutMnemonic(texto));
+    case Legenda:
+        return Legendar(janela, nome, texto);
+    case Dica:
+        return Dar_Dica(janela, nome, texto);
+    case Menu:
+        return control<QMenu>(janela, nome).setTitle(texto);
+    case Comando:
+        return control<QAction>(janela, nome).setText(texto);
+    case Botao:
+        return control<QAction>(janela, nome).setToolTip(withoutMnemonic(texto));
     }
 }
 
 // Proper names, the same in every language.
 void Dar_Dicas_Fixas(QMainWindow &janela)
 {
-    Dar_Dica(control<QWidget>(janela, u"imgFax"_s), u"Fax"_s);
-    Dar_Dica(control<QWidget>(janela, u"imgEmail1"_s), u"E-mail 1"_s);
-    Dar_Dica(control<QWidget>(janela, u"imgEmail2"_s), u"E-mail 2"_s);
+    Dar_Dica(janela, u"imgFax"_s, u"Fax"_s);
+    Dar_Dica(janela, u"imgEmail1"_s, u"E-mail 1"_s);
+    Dar_Dica(janela, u"imgEmail2"_s, u"E-mail 2"_s);
 }
 } // namespace
 

@@ -159,12 +159,15 @@ private Q_SLOTS:
         }
     }
 
-    void uma_imagem_diz_a_sua_dica_ao_leitor_de_ecra()
+    void imagem_e_caixa_de_uma_linha_tem_nome_para_o_leitor_de_ecra()
     {
         Sistema s;
         Main janela(s.geral, s.plataforma);
         legendas::Atribuir(janela, s.geral);
         QCOMPARE(janela.imgTelefone1->accessibleName(), s.Texto(28));
+        QCOMPARE(janela.txtTelefone1->accessibleName(), s.Texto(28));
+        QCOMPARE(janela.txtObs->accessibleName(), s.Texto(37));
+        QCOMPARE(janela.txtFax->accessibleName(), u"Fax"_s);
     }
 
     void sem_lingua_activa_ficam_todas_em_branco()
