@@ -10,6 +10,8 @@ foreach(teste IN ITEMS
     test_frmSeleccionarIdioma
     test_Codificar_Pass
     test_Temporizadores
-    test_config_enviado)
+    test_config_enviado
+    test_Inteiro
+    test_Tocar_Som)
     morvex_teste(data/${teste} LIGA data)
 endforeach()
