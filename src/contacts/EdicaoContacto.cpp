@@ -5,6 +5,7 @@
 #include "data/Geral.h"
 #include "platform/Controls.h"
 #include "platform/DisabledWindow.h"
+#include "platform/ListBox.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -30,6 +31,8 @@ EdicaoContacto::EdicaoContacto(QWidget &janela, Geral &geral, Platform &platform
         connect(&control<QAction>(janela, nome), &QAction::triggered, &cmdNovo, &QAbstractButton::click);
     for (const auto &nome : {u"EditarContacto"_s, u"editar_contacto"_s, u"RightClickEditar"_s})
         connect(&control<QAction>(janela, nome), &QAction::triggered, &cmdEditar, &QAbstractButton::click);
+    connect(&control<ListBox>(janela, u"ListaNomes"_s), &ListBox::DblClick, &cmdEditar,
+            &QAbstractButton::click);
 }
 
 void EdicaoContacto::cmdNovo_Click()

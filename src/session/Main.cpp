@@ -8,6 +8,7 @@
 #include "contacts/Pesquisa.h"
 #include "contacts/ProcuraRapida.h"
 #include "data/Geral.h"
+#include "interchange/Intercambio.h"
 #include "memos/Memos.h"
 #include "online/CicloCorreio.h"
 #include "online/Presenca.h"
@@ -63,8 +64,13 @@ Main::Main(Geral &geral, Platform &platform) : geral_(geral), platform_(platform
     procuraRapida_ = new ProcuraRapida(*this, geral_, platform_, *lista_);
     new AccoesContacto(*this, geral_, platform_, *lista_, *cartao_);
 
+    auto *intercambio = new Intercambio(*this, geral_, platform_);
     new VerificarVersao(*this, geral_, platform_, QStringLiteral(MORVEX_WEB_HOST));
 
+    connect(intercambio, &Intercambio::ContactosMudados, lista_, [this] {
+        lista_->Limpar_Dados();
+        lista_->Carregar_Tabela();
+    });
     connect(pesquisa, &Pesquisa::Trazer_Main, tray_, &SystemTray::Trazer_Janela);
     connect(procuraRapida_, &ProcuraRapida::Minimizar_Tray, tray_, &SystemTray::Minimizar_Tray);
     connect(edicao, &EdicaoContacto::Sem_Grupos, grupos, &::Grupos::Mostrar_frmNovoGrupo);
@@ -74,7 +80,6 @@ Main::Main(Geral &geral, Platform &platform) : geral_(geral), platform_(platform
     connect(ListaNomes, &ListBox::RightButtonUp, this, [this](const QPoint &lugar) {
         if (ListaNomes->ListIndex() >= 0) RightClick->popup(lugar);
     });
-    connect(ListaNomes, &ListBox::DblClick, cmdEditar, &QAbstractButton::click);
     Ligar_Menus();
     Ligar_Teclas();
 }

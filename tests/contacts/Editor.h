@@ -12,8 +12,29 @@ struct Editor : ComJanela {
 
     // Opens the editor for a new contact, or for the one on the card, and does that in it. A form that the
     // action leaves open is cancelled.
-    void Novo(const Accao &accao) { Abrir(janela.cmdNovo, accao); }
-    void Editar(const Accao &accao) { Abrir(janela.cmdEditar, accao); }
+    void Novo(const Accao &accao)
+    {
+        Abrir([this] { janela.cmdNovo->click(); }, accao);
+    }
+    void Editar(const Accao &accao)
+    {
+        Abrir([this] { janela.cmdEditar->click(); }, accao);
+    }
+
+    // The same by another way to the command.
+    static void Abrir(const std::function<void()> &comando, const Accao &accao)
+    {
+        bool abriu = false;
+        accoes::Quando_Abrir<frmAddEdit>([&](frmAddEdit &form) {
+            abriu = true;
+            accao(form);
+            if (form.isVisible()) form.reject();
+        });
+        comando();
+        if (abriu) return;
+        QTest::qFail("the editor did not open", __FILE__, __LINE__);
+        QTest::qWait(6000); // until nobody waits for it any more: the next form to open is another test's
+    }
 
     // Adds a contact of that name through the editor, in that group if one is named.
     void Adicionar(const QString &nome, const QString &grupo = {})
@@ -52,17 +73,4 @@ struct Editor : ComJanela {
     }
 
     int Contactos() { return s.Ler(u"SELECT count(*) AS n FROM TblLista"_s).Fields("n").number(); }
-
-private:
-    static void Abrir(QAbstractButton *comando, const Accao &accao)
-    {
-        bool abriu = false;
-        accoes::Quando_Abrir<frmAddEdit>([&](frmAddEdit &form) {
-            abriu = true;
-            accao(form);
-            if (form.isVisible()) form.reject();
-        });
-        comando->click();
-        if (!abriu) QTest::qFail("the editor did not open", __FILE__, __LINE__);
-    }
 };

@@ -57,6 +57,19 @@ class TestEdicaoContacto : public QObject
         e.janela.ListaNomes->setFocus();
     }
 
+    // Does it, and closes a form that opens all the same: its opening fails the test.
+    static void Tentar(const Caminho &caminho, Editor &e)
+    {
+        QObject guarda;
+        QTimer::singleShot(0, &guarda, [] {
+            QWidget *aberto = QApplication::activeModalWidget();
+            if (aberto == nullptr) return;
+            QTest::qFail("a form opened", __FILE__, __LINE__);
+            aberto->close();
+        });
+        caminho(e);
+    }
+
 private Q_SLOTS:
     void cada_caminho_abre_o_editor_uma_vez_no_seu_modo_data() { Caminhos(); }
     void cada_caminho_abre_o_editor_uma_vez_no_seu_modo()
@@ -66,14 +79,13 @@ private Q_SLOTS:
         Editor e;
         Preparar(e);
         int vezes = 0;
-        accoes::Quando_Abrir<frmAddEdit>([&](frmAddEdit &form) {
+        const auto editar = [&](frmAddEdit &form) {
             ++vezes;
             QCOMPARE(e.s.geral.ModoContacto, modo);
             QCOMPARE(form.windowTitle(), e.s.Texto(modo == u"Add"_s ? 26 : 53));
             QCOMPARE(form.txtNome->text(), modo == u"Add"_s ? QString() : u"Rui"_s);
-            form.cmdCancelar->click();
-        });
-        caminho(e);
+        };
+        Editor::Abrir([&] { caminho(e); }, editar);
         QCOMPARE(vezes, 1);
         QVERIFY(QApplication::activeModalWidget() == nullptr);
         QVERIFY(e.janela.isEnabled());
@@ -92,7 +104,7 @@ private Q_SLOTS:
         QSignalSpy correio(&e.s.geral.temporizadores, &Temporizadores::IniciarMail);
         const QStringList antes = e.s.Linhas(u"SELECT * FROM TblLista"_s);
         e.s.caixas.Espera(e.s.Texto(102), 16, e.janela.windowTitle());
-        caminho(e);
+        Tentar(caminho, e);
         QVERIFY(e.s.caixas.Todas_Vistas());
         QCOMPARE(e.s.geral.ModoContacto, u"antes"_s);
         QCOMPARE(e.s.Linhas(u"SELECT * FROM TblLista"_s), antes);
@@ -126,7 +138,7 @@ private Q_SLOTS:
         Editor e;
         Preparar(e);
         e.lista.Carregar_Tabela();
-        caminho(e);
+        Tentar(caminho, e);
         QVERIFY(e.s.geral.ModoContacto.isEmpty());
     }
 
