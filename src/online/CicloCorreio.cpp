@@ -1,6 +1,7 @@
 #include "online/CicloCorreio.h"
 
 #include "data/Geral.h"
+#include "data/Inteiro.h"
 #include "data/Tocar_Som.h"
 #include "online/Codificar_Email.h"
 #include "online/frmPopupEmail.h"
@@ -88,7 +89,8 @@ void CicloCorreio::VerificarConta()
 void CicloCorreio::Entregar_Primeira_Conta()
 {
     lstEmails.setListIndex(0);
-    Recordset &rs = geral_.de.Abrir("cmdDadosEmail", {lstEmails.List(0)});
+    geral_.IDContaEmail = Inteiro(lstEmails.List(0));
+    Recordset &rs = geral_.de.Abrir("cmdDadosEmail", {QString::number(geral_.IDContaEmail)});
     EmailActual = rs.Fields("Email").textOrEmpty();
     platform_.mail.setServidor(rs.Fields("ServerName").textOrEmpty());
     platform_.mail.setConta(rs.Fields("Username").textOrEmpty());
@@ -99,8 +101,8 @@ void CicloCorreio::Entregar_Primeira_Conta()
 
 void CicloCorreio::TimerMailNotification3_Timer()
 {
-    ErroMail = platform_.mail.Falhou();
-    if (ErroMail)
+    geral_.ErroMail = platform_.mail.Falhou() ? 1 : 0;
+    if (geral_.ErroMail != 0)
         Mostrar_Falha();
     else if (platform_.mail.TemCorreio())
         Mostrar_Correio();
@@ -111,7 +113,7 @@ void CicloCorreio::Mostrar_Falha()
 {
     const QString texto = EmailActual + u" ("_s + platform_.mail.TextoErro() + u')';
     frmPopupEmail &popup = Popup();
-    ErroMail = true;
+    geral_.ErroMail = 1;
     popup.StatusLabel->setText(texto);
     Parar_Verificacao();
     popup.Reiniciar_TimerTimeout();
@@ -160,7 +162,7 @@ frmPopupEmail &CicloCorreio::Popup()
 {
     if (popup_) return *popup_;
     geral_.temporizadores.TimerMailNotification.setEnabled(false);
-    if (EmailActual.isEmpty()) ErroMail = true; // there is no account yet
+    if (EmailActual.isEmpty()) geral_.ErroMail = 1; // there is no account yet
     const QString texto = EmailActual.isEmpty() ? geral_.Ler_Idioma(260)
                                                 : EmailActual + u" ("_s + geral_.Ler_Idioma(261) + u')';
     popup_ = new frmPopupEmail(janela_, texto);
@@ -171,7 +173,7 @@ frmPopupEmail &CicloCorreio::Popup()
 
 void CicloCorreio::Popup_Click()
 {
-    if (!ErroMail) return platform_.shell.openMailProgram();
+    if (geral_.ErroMail == 0) return platform_.shell.openMailProgram();
     popup_->close();
     Q_EMIT Abrir_Opcoes();
 }

@@ -55,6 +55,5 @@ private:
     ListBox &lstEmails;
     Label &lblTemporizador;
     QPointer<frmPopupEmail> popup_;
-    QString EmailActual;   // empty until the first account was taken
-    bool ErroMail = false; // the last result was a failure, or there is no account
+    QString EmailActual; // empty until the first account was taken
 };

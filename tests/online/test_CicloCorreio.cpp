@@ -3,7 +3,9 @@
 
 #include "online/Codificar_Email.h"
 #include "online/frmPopupEmail.h"
+#include "session/frmOpcoes.h"
 #include "session/Main.h"
+#include "testlib/Accoes.h"
 #include "testlib/Disparar.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
@@ -200,6 +202,33 @@ private Q_SLOTS:
         QTest::mouseClick(p.Popup(), Qt::LeftButton);
         QCOMPARE(opcoes.size(), 1);
         QVERIFY(p.Popup() == nullptr);
+    }
+
+    void abrir_as_opcoes_esquece_a_falha_e_recolhe_o_cartao()
+    {
+        Programa p(1);
+        p.Ciclo().IniciarMail();
+        p.Ciclo().VerificarConta();
+        p.s.correio.falhou = true;
+        Disparar(p.T().TimerMailNotification3);
+        QCOMPARE(p.s.geral.ErroMail, qint16{1});
+        QVERIFY(p.Popup() != nullptr);
+        qint16 erro = 1;
+        accoes::Quando_Abrir<frmOpcoes>([&](frmOpcoes &opcoes) {
+            erro = p.s.geral.ErroMail;
+            opcoes.cmdCancelar->click();
+        });
+        p.main.Opcoes->trigger();
+        QCOMPARE(erro, qint16{0});
+        QTRY_VERIFY(p.Popup() == nullptr);
+    }
+
+    void a_conta_que_se_verifica_e_a_que_esta_na_mao()
+    {
+        Programa p(2);
+        p.Ciclo().IniciarMail();
+        p.Ciclo().VerificarConta();
+        QCOMPARE(QString::number(p.s.geral.IDContaEmail), p.main.lstEmails->List(0));
     }
 
     void depois_de_correio_o_clique_abre_o_programa_de_correio()
