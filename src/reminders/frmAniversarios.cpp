@@ -16,6 +16,9 @@ namespace
 {
 enum Coluna { coluna_nome, coluna_data, coluna_id }; // the last one is hidden
 
+constexpr int largura_do_nome = 186; // pixels
+constexpr int altura_da_linha = 18;
+
 // In twips.
 constexpr QRectF caixa_da_foto{5250, 360, cartao::foto_width, cartao::foto_height};
 
@@ -26,6 +29,7 @@ constexpr int meses = 12;
 frmAniversarios::frmAniversarios(Geral &geral, QWidget &janela) : geral_(geral), janela_(janela)
 {
     setupUi(this);
+    ListViewAniversarios->setColumnWidth(coluna_nome, largura_do_nome);
     ListViewAniversarios->hideColumn(coluna_id);
     connect(ListViewAniversarios, &QTreeWidget::itemSelectionChanged, this,
             &frmAniversarios::ListViewAniversarios_ItemClick);
@@ -48,7 +52,8 @@ void frmAniversarios::PreencherAniversarios(const std::vector<Aniversariante> &p
     for (const Aniversariante &pessoa : pessoas) {
         auto *item = new QTreeWidgetItem(ListViewAniversarios,
                                          {pessoa.Nome, pessoa.Dia + de + Nome_Do_Mes(pessoa.Mes), pessoa.ID});
-        if (pessoa.hoje) item->setIcon(coluna_nome, QIcon(u":/imagens/card/aniversario.svg"_s));
+        item->setSizeHint(coluna_nome, {0, altura_da_linha});
+        if (pessoa.hoje) item->setIcon(coluna_nome, QIcon(u":/imagens/toolbar/aniversarios.svg"_s));
     }
     ListViewAniversarios->clearSelection();
 }

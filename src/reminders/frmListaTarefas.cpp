@@ -12,6 +12,11 @@ namespace
 {
 enum Coluna { coluna_tarefa, coluna_data, coluna_hora, coluna_repeticao };
 
+// In pixels; the date has the common width and the last column what is left.
+constexpr int largura_da_tarefa = 240;
+constexpr int largura_da_hora = 55;
+constexpr int altura_da_linha = 18; // room for the icon, on rows without it too
+
 // The key of a row is "k" and the task's ID. A description of several lines shows as one.
 constexpr int papel_da_chave = Qt::UserRole;
 constexpr int papel_da_tarefa = Qt::UserRole + 1;
@@ -30,6 +35,7 @@ QTreeWidgetItem *Novo_Item(const Recordset &rs, QDate hoje)
          Hora.isNull() ? QString() : Texto_Da_Hora(Hora.time()), rs.Fields("NomeRepeticao").textOrEmpty()});
     item->setData(coluna_tarefa, papel_da_chave, u'k' + rs.Fields("ID").text());
     item->setData(coluna_tarefa, papel_da_tarefa, Tarefa);
+    item->setSizeHint(coluna_tarefa, {0, altura_da_linha});
     if (!Data.isNull() && Data.date() == hoje)
         item->setIcon(coluna_tarefa, QIcon(u":/imagens/lista/hoje.svg"_s));
     return item;
@@ -40,6 +46,8 @@ frmListaTarefas::frmListaTarefas(Geral &geral, Platform &platform, QWidget &jane
     : QDialog(&janela), geral_(geral), platform_(platform), janela_(janela)
 {
     setupUi(this);
+    ListViewTarefas->setColumnWidth(coluna_tarefa, largura_da_tarefa);
+    ListViewTarefas->setColumnWidth(coluna_hora, largura_da_hora);
     connect(cmdCriar, &QPushButton::clicked, this, &frmListaTarefas::cmdCriar_Click);
     connect(cmdEditar, &QPushButton::clicked, this, &frmListaTarefas::cmdEditar_Click);
     connect(cmdEliminar, &QPushButton::clicked, this, &frmListaTarefas::cmdEliminar_Click);
