@@ -12,7 +12,6 @@ class frmPopup;
 class Geral;
 class QWidget;
 class Recordset;
-class ReportControl;
 class Value;
 struct Platform;
 
@@ -20,9 +19,8 @@ class Alarme final : public QObject
 {
     Q_OBJECT
 public:
-    // The window is disabled as long as a notice waits for its click. The report control is the alert card's
-    // own.
-    Alarme(QWidget &janela, Geral &geral, Platform &platform, ReportControl &relatorio);
+    // The window is disabled as long as a notice waits for its click.
+    Alarme(QWidget &janela, Geral &geral, Platform &platform);
     ~Alarme() override;
 
     // Closes the alert card without acknowledging, if it is open.
@@ -39,6 +37,5 @@ private:
     QWidget &janela_;
     Geral &geral_;
     Platform &platform_;
-    ReportControl &relatorio_;
     std::unique_ptr<frmPopup> popup_;
 };
