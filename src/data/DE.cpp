@@ -61,6 +61,14 @@ void DE::Executar(ComandoSemLinhas comando, std::initializer_list<Value> paramet
     Ligacao().execute(texto(entrada.sql), Converter(entrada, parametros));
 }
 
+void DE::Fechar_Ligacao()
+{
+    for (Recordset &rs : conjuntos_) rs.Close();
+    ligacao_.Close();
+}
+
+void DE::Reabrir_Ligacao() { ligacao_.Open(); }
+
 // A failure leaves the connection closed, so the next command tries again and fails in the same way.
 Connection &DE::Ligacao()
 {

@@ -24,6 +24,11 @@ public:
     // Runs a command that writes. What it did is in the file when it returns.
     void Executar(ComandoSemLinhas comando, std::initializer_list<Value> parametros = {});
 
+    // Closes the connection, and with it every recordset, so that the file can be copied; and opens it again with
+    // the connection string that it has. Between the two no command runs.
+    void Fechar_Ligacao();
+    void Reabrir_Ligacao();
+
     // The recordset of a command, as its last call left it.
     Recordset &Rs(ComandoComLinhas comando) { return conjuntos_[comando.Posicao()]; }
 

@@ -16,6 +16,7 @@ public:
         SubscriptOutOfRange = 9, // an element that isn't there
         TypeMismatch = 13,       // a text that is no number, date or flag
         FileNotFound = 53,
+        PathFileAccess = 75,
         InvalidUseOfNull = 94,
         InvalidPropertyValue = 380,
         InvalidPicture = 481,

@@ -30,6 +30,8 @@ public:
     ~CaixasFalsas() override;
 
     void Espera(const QString &texto, int flags, const QString &titulo, int resposta = answer::ok);
+    // A box of which only flags and title are known beforehand.
+    void Espera_Qualquer(int flags, const QString &titulo);
     void Espera_Erro(int numero);
     bool Todas_Vistas() const { return esperadas_.isEmpty(); }
 

@@ -1,10 +1,11 @@
 #include "platform/mail/SeenMail.h"
 
+#include "platform/ReplaceFile.h"
+
 #include <QCryptographicHash>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QSaveFile>
 #include <QSet>
 
 using namespace Qt::StringLiterals;
@@ -70,9 +71,7 @@ QJsonObject SeenMail::entry(const QString &mailbox) const { return entries_[hash
 void SeenMail::store(const QString &mailbox, const QJsonObject &changed)
 {
     entries_[hashed(mailbox)] = changed;
-    QSaveFile file(path_);
-    if (!file.open(QIODevice::WriteOnly)) return;
-    file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-    file.write(QJsonDocument(entries_).toJson(QJsonDocument::Compact));
-    file.commit();
+    const bool isNew = !QFile::exists(path_);
+    if (isNew) QFile(path_).open(QIODevice::NewOnly, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+    replaceFile(path_, QJsonDocument(entries_).toJson(QJsonDocument::Compact));
 }

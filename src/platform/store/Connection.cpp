@@ -9,7 +9,7 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 
 struct Connection::Database {
-    explicit Database(const std::string &path) : handle(path, SQLite::OPEN_READWRITE) {}
+    Database(const std::string &path, int flags) : handle(path, flags) {}
 
     SQLite::Database handle; // declared first: the statements go before it
     QHash<QString, std::shared_ptr<SQLite::Statement>> statements;
@@ -122,19 +122,32 @@ SQLite::Statement &Connection::Database::statement(const QString &sql)
 Connection::Connection() = default;
 Connection::~Connection() = default;
 
-void Connection::Open()
+void Connection::Open() { open(SQLite::OPEN_READWRITE); }
+
+void Connection::OpenReadOnly() { open(SQLite::OPEN_READONLY); }
+
+void Connection::open(int flags)
 {
     const QString path = dataSource(connectionString_);
     const QFileInfo file(path);
     if (!file.exists()) raise(QStringLiteral("The database was not found: %1").arg(path));
     if (file.size() == 0) raise(QStringLiteral("The file is no database: %1").arg(path));
     database_ = raisingFailures(path, [&] {
-        auto opened = std::make_unique<Database>(path.toStdString());
+        auto opened = std::make_unique<Database>(path.toStdString(), flags);
         opened->handle.setBusyTimeout(patience);
         registerTextRules(opened->handle.getHandle());
         opened->handle.exec("PRAGMA synchronous=FULL");
         opened->handle.execAndGet(
             "SELECT count(*) FROM sqlite_master"); // a file that is no database fails here
+        return opened;
+    });
+}
+
+void Connection::OpenInMemory()
+{
+    database_ = raisingFailures(QLatin1String(sourceName), [] {
+        auto opened = std::make_unique<Database>(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+        registerTextRules(opened->handle.getHandle());
         return opened;
     });
 }

@@ -22,6 +22,10 @@ public:
     // Raises Failure for a string that is broken and for a file that is missing, empty, locked or no
     // database. Never creates the file.
     void Open();
+    // The same for looking only: nothing is ever written to the file.
+    void OpenReadOnly();
+    // A database of its own in memory, empty.
+    void OpenInMemory();
     void Close();
     bool isOpen() const { return database_ != nullptr; }
 
@@ -32,6 +36,8 @@ public:
 
 private:
     struct Database;
+    void open(int flags);
+
     std::unique_ptr<Database> database_;
     QString connectionString_;
 };

@@ -1,0 +1,139 @@
+#include "interchange/DE2.h"
+
+#include "platform/Failure.h"
+#include "platform/jet/JetFile.h"
+
+#include <algorithm>
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr std::array<const char16_t *, DE2::Comandos> sql{
+    u"SELECT TblLista.* FROM TblLista ORDER BY ID",
+    u"SELECT COUNT(ID) AS CountRegistos FROM TblLista",
+    u"SELECT * FROM TblGrupos WHERE ID=?",
+    u"SELECT * FROM TblMemos",
+    u"SELECT * FROM TblUsers WHERE ID=?",
+    u"SELECT COUNT(ID) AS CountMemos FROM TblMemos",
+    u"SELECT * FROM TblTarefas",
+    u"SELECT COUNT(ID) AS CountTarefas FROM TblTarefas",
+};
+
+constexpr std::array tabelas_lidas{"TblLista", "TblGrupos", "TblUsers", "TblMemos", "TblTarefas"};
+
+enum class Especie { Propria, Antiga, Nenhuma };
+
+Especie Reconhecer(const QString &caminho)
+{
+    constexpr qint64 menor_pagina = 4096;
+    QFile ficheiro(caminho);
+    if (!ficheiro.open(QIODevice::ReadOnly) || ficheiro.size() < menor_pagina) return Especie::Nenhuma;
+    const QByteArray inicio = ficheiro.read(32);
+    if (inicio.startsWith(QByteArray("SQLite format 3\0", 16))) return Especie::Propria;
+    return inicio.mid(4, 15) == "Standard Jet DB" ? Especie::Antiga : Especie::Nenhuma;
+}
+
+// Day 0 of the older kind: a value of that day is a time alone.
+QDate Dia_Zero() { return {1899, 12, 30}; }
+
+QString Texto(const QDateTime &momento)
+{
+    const QString hora = momento.time().toString(u"hh:mm:ss"_s);
+    if (momento.date() == Dia_Zero()) return hora;
+    const QString dia = momento.date().toString(u"dd-MM-yyyy"_s);
+    return momento.time() == QTime(0, 0) ? dia : dia + u' ' + hora;
+}
+
+// Values as they are handed on: always as text that no locale changes, but for whole numbers.
+struct EmValor {
+    StoreValue operator()(std::monostate) const { return {}; }
+    StoreValue operator()(bool sim) const { return sim ? u"True"_s : u"False"_s; }
+    StoreValue operator()(qint64 numero) const { return numero; }
+    StoreValue operator()(double numero) const
+    {
+        return QString::number(static_cast<float>(numero), 'g', QLocale::FloatingPointShortest);
+    }
+    StoreValue operator()(const QString &texto) const { return texto; }
+    StoreValue operator()(const QDateTime &momento) const { return Texto(momento); }
+};
+
+std::vector<StoreValue> Em_Valores(const std::vector<JetFile::Cell> &celulas)
+{
+    std::vector<StoreValue> valores;
+    valores.reserve(celulas.size());
+    for (const auto &celula : celulas)
+        valores.push_back(std::visit(EmValor{}, celula));
+    return valores;
+}
+
+void Ordenar_Por_ID(JetFile::Table &tabela)
+{
+    const auto id = tabela.columns.indexOf(u"ID"_s);
+    if (id < 0) return;
+    const auto coluna = static_cast<std::size_t>(id);
+    std::stable_sort(tabela.rows.begin(), tabela.rows.end(),
+                     [&](const auto &a, const auto &b) { return a[coluna] < b[coluna]; });
+}
+
+void Copiar_Tabela(Connection &cn, const QString &nome, JetFile::Table tabela)
+{
+    Ordenar_Por_ID(tabela);
+    QStringList colunas;
+    for (const QString &coluna : tabela.columns)
+        colunas << u'[' + coluna + u']';
+    cn.execute(u"CREATE TABLE %1 (%2)"_s.arg(nome, colunas.join(u", "_s)), {});
+    const QString inserir =
+        u"INSERT INTO %1 VALUES (%2)"_s.arg(nome, QStringList(colunas.size(), u"?"_s).join(u','));
+    for (const auto &linha : tabela.rows)
+        cn.execute(inserir, Em_Valores(linha));
+}
+} // namespace
+
+DE2::DE2(const QString &caminho)
+{
+    const Especie especie = Reconhecer(caminho);
+    if (especie == Especie::Nenhuma)
+        throw Failure(Failure::StoreError, caminho, u"The file is no database: %1"_s.arg(caminho));
+    if (especie == Especie::Propria)
+        Abrir_Proprio(caminho);
+    else
+        Carregar_Antigo(caminho);
+}
+
+void DE2::Abrir_Proprio(const QString &caminho)
+{
+    cn_.setConnectionString(u"Provider=Microsoft.Jet.OLEDB.4.0;Data Source= '"_s + caminho + u"'"_s +
+                            u";Persist Security Info=False"_s);
+    cn_.OpenReadOnly();
+}
+
+// A table that can't be read is not there; the others are.
+void DE2::Carregar_Antigo(const QString &caminho)
+{
+    const JetFile ficheiro(caminho);
+    cn_.OpenInMemory();
+    cn_.execute(u"BEGIN"_s, {});
+    for (const char *nome : tabelas_lidas)
+        skipFailure(
+            [&] { Copiar_Tabela(cn_, QLatin1StringView(nome), ficheiro.read(QLatin1StringView(nome))); });
+    cn_.execute(u"COMMIT"_s, {});
+}
+
+Recordset &DE2::Abrir(Comando comando) { return Correr(comando, {}); }
+
+Recordset &DE2::Abrir(Comando comando, const QString &ID)
+{
+    return Correr(comando, {Value(ID).convertedTo(ColumnType::Long)});
+}
+
+Recordset &DE2::Correr(Comando comando, const std::vector<StoreValue> &valores)
+{
+    Recordset &rs = conjuntos_[comando];
+    rs.Close();
+    rs = cn_.query(QString::fromUtf16(sql[comando]), valores);
+    return rs;
+}
+
+void DE2::Fechar_cn() { cn_.Close(); }

@@ -1,0 +1,168 @@
+#include "interchange/Fusao.h"
+
+#include "data/Geral.h"
+#include "interchange/DE2.h"
+#include "platform/Failure.h"
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr std::array colunas_do_contacto{
+    "Nome", "Telefone1", "Telefone2", "Fax",     "Telemovel1", "Telemovel2", "Telemovel3", "Dia",  "Mes",
+    "Ano",  "Email1",    "Email2",    "Website", "Morada",     "Obs",        "Fotografia", "Grupo"};
+constexpr std::array colunas_da_tarefa{"Tarefa", "Data", "Hora", "IDRepeticao"};
+constexpr std::array colunas_do_memo{"Titulo",   "Descricao", "LeftForm", "TopForm",    "Width",   "Height",
+                                     "FontName", "FontSize",  "FontBold", "FontItalic", "CorFundo"};
+constexpr std::array colunas_do_utilizador{"Pass",     "SystemTray", "Adicionar",   "Editar",
+                                           "Eliminar", "Grupos",     "Utilizadores"};
+
+// Each column on its own: one that can't be read keeps what the row before had.
+template<class Valores, class Colunas> void Ler(const Recordset &rs, const Colunas &colunas, Valores &valores)
+{
+    for (const char *coluna : colunas)
+        skipFailure([&] { valores[coluna] = rs.Fields(coluna).textOrEmpty(); });
+}
+
+// The question whether there is no such row. One that fails counts as none.
+bool Nenhuma_Linha(const std::function<Recordset &()> &abrir)
+{
+    bool nenhuma = true;
+    skipFailure([&] { nenhuma = abrir().RecordCount() == 0; });
+    return nenhuma;
+}
+} // namespace
+
+Fusao::Fusao(Geral &geral, DE2 &de2, const Totais &totais) : geral_(geral), de2_(de2), totais_(totais) {}
+
+void Fusao::Correr()
+{
+    Q_EMIT Progresso(0);
+    Passar_Contactos();
+    Q_EMIT ContactosLidos();
+    Passar_Tarefas();
+    Q_EMIT TarefasLidas();
+    Passar_Memos();
+    Q_EMIT MemosLidos();
+    Q_EMIT Progresso(100);
+}
+
+void Fusao::Contar(int lidos, qint16 total)
+{
+    if (total > 0) Q_EMIT Progresso(static_cast<int>(static_cast<double>(lidos) / total * 100));
+}
+
+void Fusao::Passar_Contactos()
+{
+    Valores v;
+    int lidos = 0;
+    skipFailure([&] {
+        for (Recordset &rs = de2_.Abrir(DE2::Morvex5_SELECT_TblLista); !rs.Eof(); rs.MoveNext()) {
+            ++lidos;
+            Ler(rs, colunas_do_contacto, v);
+            Trazer_Grupo(v);
+            skipFailure([&] {
+                geral_.de.Executar("cmdAdicionarNome",
+                                   {v["Nome"], v["Telefone1"], v["Telefone2"], v["Fax"], v["Telemovel1"],
+                                    v["Telemovel2"], v["Telemovel3"], v["Dia"], v["Mes"], v["Ano"],
+                                    v["Email1"], v["Email2"], v["Website"], v["Morada"], v["Obs"],
+                                    v["Fotografia"], v["Grupo"]});
+            });
+            Contar(lidos, totais_.Contactos);
+        }
+    });
+}
+
+// The group of that name here, made if there is none. Its ID takes the place of the old one.
+void Fusao::Trazer_Grupo(Valores &v)
+{
+    QString &nome = v["NomeGrupo"];
+    skipFailure([&] {
+        nome = de2_.Abrir(DE2::Morvex5_SELECT_TblGrupos, v["Grupo"]).Fields("NomeGrupo").textOrEmpty();
+    });
+    if (Nenhuma_Linha([&]() -> Recordset & { return geral_.de.Abrir("cmdVerificarGrupo", {nome}); })) {
+        skipFailure([&] { geral_.de.Executar("cmdAdicionarGrupo", {nome}); });
+        skipFailure([&] { relatorio_ += geral_.Ler_Idioma(236) + u": "_s + nome + u"\r\n"_s; });
+    }
+    skipFailure([&] { v["Grupo"] = geral_.de.Abrir("cmdVerIDGrupo", {nome}).Fields("ID").textOrEmpty(); });
+}
+
+void Fusao::Passar_Tarefas()
+{
+    Valores v;
+    int lidas = 0;
+    skipFailure([&] {
+        for (Recordset &rs = de2_.Abrir(DE2::Morvex5_SELECT_TblTarefas); !rs.Eof(); rs.MoveNext()) {
+            ++lidas;
+            Ler(rs, colunas_da_tarefa, v);
+            Trazer_Utilizador(rs, v, {});
+            ultimo_utilizador_das_tarefas_ = v["NomeUtilizador"];
+            skipFailure([&] {
+                geral_.de.Executar("cmdAdicionarTarefa",
+                                   {v["Tarefa"], v["Data"], v["Hora"], IdUtilizador_, v["IDRepeticao"]});
+            });
+            Contar(lidas, totais_.Tarefas);
+        }
+    });
+}
+
+// A user first made in this pass leaves the settings of a new user to the last task's owner, again.
+void Fusao::Passar_Memos()
+{
+    Valores v;
+    int lidos = 0;
+    skipFailure([&] {
+        for (Recordset &rs = de2_.Abrir(DE2::Morvex5_SELECT_TblMemos); !rs.Eof(); rs.MoveNext()) {
+            ++lidos;
+            Ler(rs, colunas_do_memo, v);
+            Trazer_Utilizador(rs, v, ultimo_utilizador_das_tarefas_);
+            skipFailure([&] {
+                geral_.de.Executar("cmdAdicionarMemo",
+                                   {v["Titulo"], v["Descricao"], v["LeftForm"], v["TopForm"], v["Width"],
+                                    v["Height"], v["FontName"], v["FontSize"], v["FontBold"], v["FontItalic"],
+                                    v["CorFundo"], IdUtilizador_});
+            });
+            Contar(lidos, totais_.Memos);
+        }
+    });
+}
+
+// The user of that name here, made if there is none. Without a name of its own the settings go to
+// the user just made.
+void Fusao::Trazer_Utilizador(const Recordset &linha, Valores &v,
+                              const std::optional<QString> &nome_das_definicoes)
+{
+    QString &nome = v["NomeUtilizador"];
+    skipFailure([&] { IdUtilizador_ = linha.Fields("Utilizador").textOrEmpty(); });
+    skipFailure([&] {
+        const Recordset &rs = de2_.Abrir(DE2::Morvex5_SELECT_TblUsers, IdUtilizador_);
+        skipFailure([&] { nome = rs.Fields("Utilizador").textOrEmpty(); });
+        Ler(rs, colunas_do_utilizador, v);
+    });
+    if (Nenhuma_Linha([&]() -> Recordset & { return geral_.de.Abrir("cmdVerificarUtilizador", {nome}); }))
+        Criar_Utilizador(v, nome_das_definicoes.value_or(nome));
+    skipFailure(
+        [&] { IdUtilizador_ = geral_.de.Abrir("cmdVerIDUtilizador", {nome}).Fields("ID").textOrEmpty(); });
+}
+
+void Fusao::Criar_Utilizador(const Valores &v, const QString &nome_das_definicoes)
+{
+    const auto valor = [&](const char *coluna) {
+        const auto achado = v.find(coluna);
+        return achado == v.end() ? QString(u""_s) : achado->second;
+    };
+    skipFailure([&] {
+        geral_.de.Executar("cmdAdicionarUser",
+                           {valor("NomeUtilizador"), valor("Pass"), valor("SystemTray"), valor("Adicionar"),
+                            valor("Editar"), valor("Eliminar"), valor("Grupos"), valor("Utilizadores")});
+    });
+    skipFailure(
+        [&] { relatorio_ += geral_.Ler_Idioma(237) + u": "_s + valor("NomeUtilizador") + u"\r\n"_s; });
+    QString ID;
+    skipFailure([&] {
+        ID = geral_.de.Abrir("cmdVerIDUtilizador", {nome_das_definicoes}).Fields("ID").textOrEmpty();
+    });
+    geral_.ini.Escrever_Ini(u"emailnotify"_s + ID, u"activo"_s, u"1"_s);
+    geral_.ini.Escrever_Ini(u"emailnotify"_s + ID, u"minutos"_s, u"60"_s);
+    geral_.ini.Escrever_Ini(u"messenger"_s + ID, u"activo"_s, u"0"_s);
+}

@@ -1,0 +1,40 @@
+#include "interchange/Intercambio.h"
+
+#include "data/Geral.h"
+#include "interchange/DE2.h"
+#include "interchange/frmBackup.h"
+#include "interchange/frmImportar.h"
+#include "platform/Controls.h"
+
+#include <QAction>
+#include <QMainWindow>
+
+using namespace Qt::StringLiterals;
+
+Intercambio::Intercambio(QMainWindow &janela, Geral &geral, Platform &platform)
+    : QObject(&janela), janela_(janela), geral_(geral), platform_(platform)
+{
+    connect(&control<QAction>(janela_, u"Importar"_s), &QAction::triggered, this,
+            &Intercambio::Importar_Click);
+    connect(&control<QAction>(janela_, u"mnuBackup"_s), &QAction::triggered, this,
+            &Intercambio::mnuBackup_Click);
+}
+
+Intercambio::~Intercambio() = default;
+
+DE2 &Intercambio::De2()
+{
+    if (!de2_) de2_ = std::make_unique<DE2>(FileName);
+    return *de2_;
+}
+
+// The forms enable the window themselves when they close.
+void Intercambio::Importar_Click()
+{
+    janela_.setEnabled(false);
+    frmImportar importar(geral_, platform_, *this, janela_);
+    importar.setWindowTitle(geral_.Ler_Idioma(82));
+    importar.exec();
+}
+
+void Intercambio::mnuBackup_Click() { frmBackup(geral_, platform_, &janela_).exec(); }

@@ -1,0 +1,38 @@
+// The interchange's share of the main window: import, and the backup. Owns what lives as long as the process:
+// the file last chosen and the older database, which is opened once.
+#pragma once
+
+#include <memory>
+#include <QObject>
+
+class DE2;
+class Geral;
+class QMainWindow;
+struct Platform;
+
+class Intercambio final : public QObject
+{
+    Q_OBJECT
+public:
+    // The window must hold the entries Importar and mnuBackup.
+    Intercambio(QMainWindow &janela, Geral &geral, Platform &platform);
+    ~Intercambio() override;
+
+    // The older database: made at the first use, from the file chosen last, and the same ever after. Raises
+    // Failure where it can't be opened; the next use tries again.
+    DE2 &De2();
+
+    QString FileName; // what the file dialog last gave
+
+Q_SIGNALS:
+    void ContactosMudados(); // the list must be read anew
+
+private:
+    void Importar_Click();
+    void mnuBackup_Click();
+
+    QMainWindow &janela_;
+    Geral &geral_;
+    Platform &platform_;
+    std::unique_ptr<DE2> de2_;
+};

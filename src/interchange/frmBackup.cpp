@@ -1,0 +1,101 @@
+#include "interchange/frmBackup.h"
+
+#include "data/Geral.h"
+#include "platform/Controls.h"
+#include "platform/Failure.h"
+#include "platform/Platform.h"
+#include "platform/store/CleanCopy.h"
+
+#include <QDir>
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+const auto seccao = u"basedados"_s;
+const auto chave = u"caminhobackup"_s;
+} // namespace
+
+frmBackup::frmBackup(Geral &geral, Platform &platform, QWidget *dono)
+    : QDialog(dono), geral_(geral), platform_(platform)
+{
+    setupUi(this);
+    connect(cmdProcurar, &QAbstractButton::clicked, this, &frmBackup::cmdProcurar_Click);
+    connect(cmdIniciar, &QAbstractButton::clicked, this, &frmBackup::cmdIniciar_Click);
+    connect(cmdSair, &QAbstractButton::clicked, this, &QDialog::reject);
+    connect(this, &QDialog::finished, this, &frmBackup::Form_Unload);
+
+    geral_.temporizadores.Gerir_Temporizadores(u"stop"_s);
+    setWindowTitle(withoutMnemonic(geral_.Ler_Idioma(254)));
+    Label1->setText(geral_.Ler_Idioma(253));
+    cmdIniciar->setText(geral_.Ler_Idioma(229));
+    cmdSair->setText(geral_.Ler_Idioma(136));
+    ProgressBar1->hide();
+    txtCaminhoBackup->setText(geral_.ini.Ler_Ini(seccao, chave));
+    cmdIniciar->setEnabled(!txtCaminhoBackup->text().isEmpty());
+}
+
+void frmBackup::Form_Unload() { geral_.temporizadores.Gerir_Temporizadores(u"start"_s); }
+
+// A cancel empties the box and lets the copy be asked for all the same.
+void frmBackup::cmdProcurar_Click()
+{
+    txtCaminhoBackup->setText(GetBrowseDirectory());
+    cmdIniciar->setEnabled(true);
+}
+
+// The folder with a separator at its end, since the name of the copy is simply put behind it.
+QString frmBackup::GetBrowseDirectory()
+{
+    const auto pasta =
+        platform_.dialogs.folder(u"Choose a directory from the list."_s, QDir::rootPath(), this);
+    if (!pasta) return {};
+    return pasta->endsWith(QDir::separator()) ? *pasta : *pasta + QDir::separator();
+}
+
+QString frmBackup::Copia_De_Trabalho() const { return geral_.Ficheiro(u"MorvexCopy.mdb"_s); }
+
+QString frmBackup::Alvo() const { return txtCaminhoBackup->text() + u"Morvex.mdb"_s; }
+
+void frmBackup::Apagar_Copia_De_Trabalho()
+{
+    if (QFile::exists(Copia_De_Trabalho())) QFile::remove(Copia_De_Trabalho());
+}
+
+void frmBackup::cmdIniciar_Click()
+{
+    Apagar_Copia_De_Trabalho();
+    if (txtCaminhoBackup->text().isEmpty()) {
+        platform_.boxes.show(geral_.Ler_Idioma(253), box::stop, windowTitle(), this);
+        return;
+    }
+    geral_.de.Fechar_Ligacao();
+    onFailure([this] { Copiar(); }, [this](const Failure &falha) { Mostrar_Falha(falha); });
+}
+
+void frmBackup::Copiar()
+{
+    ProgressBar1->setValue(10);
+    ProgressBar1->show();
+    compactDatabase(geral_.CaminhoBD, Copia_De_Trabalho());
+    ProgressBar1->setValue(50);
+    copyOver(Copia_De_Trabalho(), Alvo());
+    ProgressBar1->setValue(90);
+    Apagar_Copia_De_Trabalho();
+    ProgressBar1->setValue(100);
+    ProgressBar1->hide();
+    geral_.de.Reabrir_Ligacao();
+    platform_.boxes.show(geral_.Ler_Idioma(255), box::information, windowTitle(), this);
+    geral_.ini.Escrever_Ini(seccao, chave, txtCaminhoBackup->text());
+}
+
+void frmBackup::Mostrar_Falha(const Failure &falha)
+{
+    platform_.boxes.show(
+        u"error #%1 app %2\r%3"_s.arg(falha.number()).arg(falha.source(), falha.description()), box::ok,
+        u"Error"_s, this);
+    ProgressBar1->hide();
+    geral_.de.Reabrir_Ligacao();
+    Apagar_Copia_De_Trabalho();
+}

@@ -1,0 +1,93 @@
+#include "interchange/frmImportar.h"
+
+#include "data/Geral.h"
+#include "interchange/DE2.h"
+#include "interchange/frmImportar2.h"
+#include "interchange/frmImportarMDB.h"
+#include "interchange/Intercambio.h"
+#include "interchange/RegistoMorvex.h"
+#include "platform/Failure.h"
+#include "platform/ListBox.h"
+#include "platform/Platform.h"
+
+using namespace Qt::StringLiterals;
+
+frmImportar::frmImportar(Geral &geral, Platform &platform, Intercambio &intercambio, QWidget &janela)
+    : geral_(geral), platform_(platform), intercambio_(intercambio), janela_(janela)
+{
+    setupUi(this);
+    connect(cmdProcurar, &QAbstractButton::clicked, this, &frmImportar::cmdProcurar_Click);
+    connect(cmdSeguinte, &QAbstractButton::clicked, this, &frmImportar::cmdSeguinte_Click);
+    connect(cmdCancelar, &QAbstractButton::clicked, this, &QDialog::reject);
+    connect(this, &QDialog::finished, this, &frmImportar::Form_Unload);
+
+    geral_.temporizadores.Gerir_Temporizadores(u"stop"_s);
+    Label1->setText(geral_.Ler_Idioma(83));
+    Label2->setText(geral_.Ler_Idioma(84));
+    cmdProcurar->setText(geral_.Ler_Idioma(69));
+    cmdSeguinte->setText(geral_.Ler_Idioma(71));
+    cmdCancelar->setText(geral_.Ler_Idioma(43));
+}
+
+void frmImportar::Form_Unload()
+{
+    geral_.temporizadores.Gerir_Temporizadores(u"start"_s);
+    janela_.setEnabled(true);
+}
+
+// A cancel loses an earlier choice.
+void frmImportar::cmdProcurar_Click()
+{
+    const auto escolhido =
+        platform_.dialogs.openFile(geral_.Ler_Idioma(81) + u"|*.dat;*.mdb"_s, QString(), this);
+    if (escolhido) intercambio_.FileName = *escolhido;
+    txtCaminho->setText(escolhido.value_or(QString()));
+    cmdSeguinte->setEnabled(escolhido.has_value());
+}
+
+void frmImportar::cmdSeguinte_Click()
+{
+    const QString caminho = txtCaminho->text();
+    onFailure([&] { Continuar(caminho); }, [&](const Failure &) { Falhar(caminho); });
+}
+
+// Small letters alone make a text file: everything else is taken for a database.
+void frmImportar::Continuar(const QString &caminho)
+{
+    if (caminho.right(3) == "dat"_L1)
+        Importar_Texto(caminho);
+    else
+        Importar_Base();
+}
+
+void frmImportar::Importar_Base()
+{
+    accept();
+    frmImportarMDB(geral_, platform_, intercambio_, janela_).exec();
+}
+
+// The second form is loaded before the first one closes, and its title is set when it has closed already:
+// that loads it once more, unseen, and the timers stay stopped.
+void frmImportar::Importar_Texto(const QString &caminho)
+{
+    const QStringList registos = registo_morvex::Registos(registo_morvex::Ler_Linhas(caminho));
+    frmImportar2 segunda(geral_, platform_, intercambio_, janela_);
+    for (const QString &registo : registos)
+        segunda.ListaMorvex43->AddItem(registo);
+    segunda.Label3->setText(geral_.Ler_Idioma(86) + u' ' +
+                            QString::number(segunda.ListaMorvex43->ListCount()));
+    accept();
+    segunda.exec();
+    segunda.Form_Load();
+    segunda.setWindowTitle(geral_.Ler_Idioma(82));
+}
+
+// The older database is closed without asking whether there is one. Where there is none it is made first,
+// which may fail in its turn, and that ends the process.
+void frmImportar::Falhar(const QString &caminho)
+{
+    endOnFailure(platform_.boxes, platform_.process, [&] {
+        intercambio_.De2().Fechar_cn();
+        platform_.boxes.show(geral_.Ler_Idioma(87) + u"\r\n"_s + caminho, box::stop, windowTitle(), &janela_);
+    });
+}

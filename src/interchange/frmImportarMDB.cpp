@@ -1,0 +1,75 @@
+#include "interchange/frmImportarMDB.h"
+
+#include "data/Geral.h"
+#include "data/Inteiro.h"
+#include "interchange/DE2.h"
+#include "interchange/Intercambio.h"
+#include "platform/Platform.h"
+
+using namespace Qt::StringLiterals;
+
+frmImportarMDB::frmImportarMDB(Geral &geral, Platform &platform, Intercambio &intercambio, QWidget &janela)
+    : geral_(geral), platform_(platform), intercambio_(intercambio), janela_(janela)
+{
+    setupUi(this);
+    connect(cmdSeguinte, &QAbstractButton::clicked, this, &frmImportarMDB::cmdSeguinte_Click);
+    connect(cmdCancelar, &QAbstractButton::clicked, this, &QDialog::reject);
+    connect(this, &QDialog::finished, this, &frmImportarMDB::Form_Unload);
+
+    geral_.temporizadores.Gerir_Temporizadores(u"stop"_s);
+    for (QWidget *marca : {imgRegistos, imgTarefas, imgMemos})
+        marca->hide();
+    ProgressBar1->hide();
+    Contar();
+    Escrever_Textos();
+}
+
+void frmImportarMDB::Form_Unload()
+{
+    geral_.temporizadores.Gerir_Temporizadores(u"start"_s);
+    janela_.setEnabled(true);
+}
+
+// Totals of 16 bits: a table of more rows can't be counted.
+void frmImportarMDB::Contar()
+{
+    const auto contar = [this](DE2::Comando comando, const char *coluna) {
+        Recordset &rs = intercambio_.De2().Abrir(comando);
+        const qint16 total = Inteiro(rs.Fields(coluna).text());
+        rs.Close();
+        return total;
+    };
+    totais_.Contactos = contar(DE2::Morvex5_Count_Registos, "CountRegistos");
+    totais_.Memos = contar(DE2::Morvex5_Count_Memos, "CountMemos");
+    totais_.Tarefas = contar(DE2::Morvex5_Count_Tarefas, "CountTarefas");
+}
+
+void frmImportarMDB::Escrever_Textos()
+{
+    setWindowTitle(geral_.Ler_Idioma(82));
+    Label1->setText(geral_.Ler_Idioma(83));
+    Label2->setText(geral_.Ler_Idioma(230) + u' ' + intercambio_.FileName);
+    Label3->setText(geral_.Ler_Idioma(86) + u' ' + QString::number(totais_.Contactos));
+    Label4->setText(geral_.Ler_Idioma(233) + u": "_s + QString::number(totais_.Memos));
+    Label5->setText(geral_.Ler_Idioma(234) + u": "_s + QString::number(totais_.Tarefas));
+    cmdSeguinte->setText(geral_.Ler_Idioma(229));
+    cmdCancelar->setText(geral_.Ler_Idioma(43));
+}
+
+// The window repaints as the merge goes on, and takes no other event.
+void frmImportarMDB::cmdSeguinte_Click()
+{
+    Fusao fusao(geral_, intercambio_.De2(), totais_);
+    connect(&fusao, &Fusao::Progresso, this, [this](int percentagem) {
+        ProgressBar1->setValue(percentagem);
+        ProgressBar1->repaint();
+    });
+    connect(&fusao, &Fusao::ContactosLidos, imgRegistos, &QWidget::show);
+    connect(&fusao, &Fusao::TarefasLidas, imgTarefas, &QWidget::show);
+    connect(&fusao, &Fusao::MemosLidos, imgMemos, &QWidget::show);
+    ProgressBar1->show();
+    fusao.Correr();
+    platform_.boxes.show(fusao.Relatorio() + geral_.Ler_Idioma(231) + u"\r\n"_s + geral_.Ler_Idioma(235),
+                         box::exclamation, windowTitle(), this);
+    platform_.process.end();
+}

@@ -1,0 +1,327 @@
+// The merge of an older database, of either kind.
+#include "interchange/frmImportarMDB.h"
+
+#include "data/Codificar_Pass.h"
+#include "interchange/DE2.h"
+#include "interchange/frmImportar.h"
+#include "interchange/Intercambio.h"
+#include "platform/IconLabel.h"
+#include "session/Main.h"
+#include "testlib/Accoes.h"
+#include "testlib/Sistema.h"
+#include "testlib/Teste.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+using namespace Qt::StringLiterals;
+using accoes::Quando_Abrir;
+
+namespace
+{
+QString Dado(const QString &nome) { return QFINDTESTDATA(u"fixtures/jet/"_s + nome); }
+
+QJsonObject Manifesto(const QString &nome)
+{
+    QFile ficheiro(Dado(nome));
+    return ficheiro.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(ficheiro.readAll()).object()
+                                              : QJsonObject();
+}
+
+struct Programa {
+    Programa() : main(s.geral, s.plataforma)
+    {
+        s.Escrever(u"DELETE FROM TblLista"_s);
+        s.Escrever(u"DELETE FROM TblMemos"_s);
+        main.Carregar();
+    }
+
+    void Escolher(const QString &caminho, const std::function<void(frmImportarMDB &)> &accao)
+    {
+        s.dialogos.textos << caminho;
+        Quando_Abrir<frmImportar>([accao](frmImportar &form) {
+            form.cmdProcurar->click();
+            if (accao) Quando_Abrir<frmImportarMDB>(accao);
+            form.cmdSeguinte->click();
+        });
+        main.Importar->trigger();
+    }
+
+    void Fundir(const QString &caminho, const QString &relatorio)
+    {
+        s.caixas.Espera(relatorio + s.Texto(231) + u"\r\n"_s + s.Texto(235), 48, s.Texto(82));
+        Escolher(caminho, [](frmImportarMDB &form) {
+            form.cmdSeguinte->click();
+            form.reject(); // the process would have ended
+        });
+    }
+
+    QString Relatorio(const QJsonArray &linhas)
+    {
+        QString relatorio;
+        for (const auto &linha : linhas)
+            relatorio += s.Texto(linha[0].toString().toInt()) + u": "_s + linha[1].toString() + u"\r\n"_s;
+        return relatorio;
+    }
+
+    Sistema s;
+    Main main;
+};
+
+// Whether a cell of the database holds what the manifest says: long texts by length, beginning and end;
+// numbers as 32-bit floats.
+bool Igual(const QString &celula, const QJsonValue &esperado)
+{
+    if (esperado.isBool()) return celula == (esperado.toBool() ? u"1"_s : u"0"_s);
+    if (esperado.isDouble())
+        return static_cast<float>(celula.toDouble()) == static_cast<float>(esperado.toDouble());
+    if (esperado.isObject())
+        return celula.size() == esperado[u"len"_s].toInt() &&
+               celula.startsWith(esperado[u"start"_s].toString()) &&
+               celula.endsWith(esperado[u"end"_s].toString());
+    return celula == esperado.toString();
+}
+
+void Comparar(Recordset rs, const QJsonArray &esperadas, const QString &tabela)
+{
+    QCOMPARE(rs.RecordCount(), esperadas.size());
+    for (qsizetype i = 0; i < esperadas.size(); ++i, rs.MoveNext()) {
+        const QStringList linha = rs.Row();
+        const QJsonArray esperada = esperadas[i].toArray();
+        for (qsizetype j = 0; j < linha.size(); ++j)
+            QVERIFY2(Igual(linha[j], esperada[j]),
+                     qPrintable(u"%1 row %2 cell %3: %4"_s.arg(tabela).arg(i).arg(j).arg(linha[j])));
+    }
+}
+
+void Comparar_Tudo(Sistema &s, const QJsonObject &m)
+{
+    Comparar(s.Ler(u"SELECT ID, NomeGrupo, IdUtilizador FROM TblGrupos WHERE ID > 6 ORDER BY ID"_s),
+             m[u"TblGrupos"_s].toArray(), u"TblGrupos"_s);
+    Comparar(s.Ler(u"SELECT ID, Utilizador, Pass, SystemTray, Adicionar, Editar, Eliminar, Grupos, "
+                   u"Utilizadores FROM "
+                   "TblUsers ORDER BY ID"_s),
+             m[u"TblUsers"_s].toArray(), u"TblUsers"_s);
+    Comparar(s.Ler(u"SELECT Nome, Telefone1, Telefone2, Fax, Telemovel1, Telemovel2, Telemovel3, Dia, Mes, "
+                   u"Ano, Email1, "
+                   "Email2, Website, Morada, Obs, Fotografia, Grupo FROM TblLista ORDER BY ID"_s),
+             m[u"TblLista"_s].toArray(), u"TblLista"_s);
+    Comparar(s.Ler(u"SELECT Tarefa, Data, Hora, Utilizador, IDRepeticao FROM TblTarefas ORDER BY ID"_s),
+             m[u"TblTarefas"_s].toArray(), u"TblTarefas"_s);
+    Comparar(
+        s.Ler(u"SELECT Titulo, Descricao, LeftForm, TopForm, Width, Height, FontName, FontSize, FontBold, "
+              "FontItalic, CorFundo, Utilizador FROM TblMemos ORDER BY ID"_s),
+        m[u"TblMemos"_s].toArray(), u"TblMemos"_s);
+    for (const auto &definicao : m[u"ini"_s].toArray())
+        QCOMPARE(s.geral.ini.Ler_Ini(definicao[0].toString(), definicao[1].toString()),
+                 definicao[2].toString());
+}
+
+// A database of this program's own kind, filled by the test.
+struct BasePropria {
+    BasePropria() { base.Escrever(u"DELETE FROM TblLista"_s), base.Escrever(u"DELETE FROM TblMemos"_s); }
+    QString Caminho() const { return base.Base(); }
+    Sistema base;
+};
+} // namespace
+
+class TestFrmImportarMDB : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cada_base_antiga_funde_se_como_o_seu_manifesto_diz_data()
+    {
+        QTest::addColumn<QString>("base");
+        QTest::addColumn<QString>("manifesto");
+        QTest::newRow("pequena") << u"pequena.mdb"_s << u"pequena.merge.t1.json"_s;
+        QTest::newRow("com páginas cifradas") << u"cifrada.mdb"_s << u"pequena.merge.t1.json"_s;
+        QTest::newRow("vazia") << u"vazia.mdb"_s << u"vazia.merge.t1.json"_s;
+        QTest::newRow("sem utilizadores") << u"sem_utilizadores.mdb"_s << u"sem_utilizadores.merge.t1.json"_s;
+        QTest::newRow("sem a coluna IDRepeticao")
+            << u"sem_idrepeticao.mdb"_s << u"sem_idrepeticao.merge.t1.json"_s;
+    }
+    void cada_base_antiga_funde_se_como_o_seu_manifesto_diz()
+    {
+        QFETCH(QString, base);
+        QFETCH(QString, manifesto);
+        const QJsonObject m = Manifesto(manifesto);
+        QVERIFY(!m.isEmpty());
+        Programa p;
+        p.Fundir(Dado(base), p.Relatorio(m[u"report"_s].toArray()));
+        QVERIFY(p.s.processo.Terminou());
+        Comparar_Tudo(p.s, m);
+    }
+
+    void as_etiquetas_contam_o_que_a_base_tem()
+    {
+        Programa p;
+        p.Escolher(Dado(u"pequena.mdb"_s), [&](frmImportarMDB &form) {
+            QCOMPARE(form.windowTitle(), p.s.Texto(82));
+            QCOMPARE(form.Label2->text(), p.s.Texto(230) + u' ' + Dado(u"pequena.mdb"_s));
+            QCOMPARE(form.Label3->text(), p.s.Texto(86) + u" 45"_s);
+            QCOMPARE(form.Label4->text(), p.s.Texto(233) + u": 9"_s);
+            QCOMPARE(form.Label5->text(), p.s.Texto(234) + u": 24"_s);
+            QVERIFY(!form.ProgressBar1->isVisible());
+            QVERIFY(!p.s.geral.temporizadores.timerTarefas.Enabled());
+            form.cmdCancelar->click();
+        });
+        QVERIFY(!p.s.processo.Terminou());
+        QVERIFY(p.s.geral.temporizadores.timerTarefas.Enabled());
+        QVERIFY(p.main.isEnabled());
+    }
+
+    void uma_base_que_nao_se_deixa_contar_diz_o_texto_87_data()
+    {
+        QTest::addColumn<QString>("base");
+        QTest::newRow("sem TblMemos") << u"sem_tblmemos.mdb"_s;
+        QTest::newRow("cortada a meio") << u"truncada_meio.mdb"_s;
+    }
+    void uma_base_que_nao_se_deixa_contar_diz_o_texto_87()
+    {
+        QFETCH(QString, base);
+        Programa p;
+        p.s.caixas.Espera(p.s.Texto(87) + u"\r\n"_s + Dado(base), 16, p.s.Texto(82));
+        p.Escolher(Dado(base), nullptr);
+        QVERIFY(!p.s.processo.Terminou());
+        QCOMPARE(p.s.Linhas(u"SELECT count(*) FROM TblLista"_s), QStringList{u"0"_s});
+    }
+
+    void mais_de_32767_linhas_nao_se_contam()
+    {
+        BasePropria antiga;
+        antiga.base.Escrever(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<32768) "
+                             "INSERT INTO TblLista (Nome, Grupo) SELECT 'n', 1 FROM n"_s);
+        Programa p;
+        p.s.caixas.Espera(p.s.Texto(87) + u"\r\n"_s + antiga.Caminho(), 16, p.s.Texto(82));
+        p.Escolher(antiga.Caminho(), nullptr);
+        QVERIFY(!p.s.processo.Terminou());
+    }
+
+    void um_ficheiro_que_nao_abre_termina_o_processo_data()
+    {
+        QTest::addColumn<QString>("base");
+        for (const char *base : {"com_palavra_passe.mdb", "corrompida.mdb", "zero_bytes.mdb", "texto.mdb"})
+            QTest::newRow(base) << QString::fromLatin1(base);
+    }
+    void um_ficheiro_que_nao_abre_termina_o_processo()
+    {
+        QFETCH(QString, base);
+        Programa p;
+        p.s.caixas.Espera_Erro(Failure::StoreError);
+        p.Escolher(Dado(base), nullptr);
+        QVERIFY(p.s.processo.Terminou());
+    }
+
+    void sem_tarefas_nem_memos_as_marcas_vem_e_a_barra_acaba_em_cem()
+    {
+        BasePropria antiga;
+        antiga.base.Novo_Contacto({{u"Nome"_s, Value(u"Ana"_s)}, {u"Grupo"_s, Value(1)}});
+        Programa p;
+        p.s.caixas.Espera(p.s.Texto(231) + u"\r\n"_s + p.s.Texto(235), 48,
+                          p.s.Texto(82)); // nothing was created
+        p.Escolher(antiga.Caminho(), [&](frmImportarMDB &form) {
+            form.cmdSeguinte->click();
+            for (QWidget *marca : {form.imgRegistos, form.imgTarefas, form.imgMemos})
+                QVERIFY(marca->isVisible());
+            QCOMPARE(form.ProgressBar1->value(), 100);
+            form.reject();
+        });
+        QVERIFY(p.s.processo.Terminou());
+        QCOMPARE(p.s.Linhas(u"SELECT Nome, Grupo FROM TblLista"_s), QStringList{u"Ana|1"_s});
+    }
+
+    void um_contacto_sem_linha_de_grupo_junta_se_ao_grupo_do_anterior()
+    {
+        BasePropria antiga;
+        antiga.base.Novo_Contacto({{u"Nome"_s, Value(u"Ana"_s)}, {u"Grupo"_s, Value(4)}});
+        antiga.base.Novo_Contacto({{u"Nome"_s, Value(u"Rui"_s)}, {u"Grupo"_s, Value(99)}});
+        Programa p;
+        p.Fundir(antiga.Caminho(), {});
+        QCOMPARE(p.s.Linhas(u"SELECT Nome, Grupo FROM TblLista ORDER BY ID"_s),
+                 (QStringList{u"Ana|4"_s, u"Rui|4"_s}));
+    }
+
+    void uma_tarefa_sem_dono_vai_para_o_da_linha_anterior()
+    {
+        BasePropria antiga;
+        const int rui = antiga.base.Novo_Utilizador(u"Rui"_s, u"x"_s);
+        antiga.base.geral.de.Executar("cmdAdicionarTarefa", {u"uma", u"01-02-2027", u"10:00", rui, u"1"});
+        antiga.base.geral.de.Executar("cmdAdicionarTarefa", {u"duas", u"01-02-2027", u"10:00", u"0", u"1"});
+        Programa p;
+        p.Fundir(antiga.Caminho(), p.s.Texto(237) + u": Rui\r\n"_s);
+        QCOMPARE(p.s.Linhas(u"SELECT Utilizador FROM TblUsers"_s), QStringList{u"Rui"_s});
+        QCOMPARE(p.s.Linhas(u"SELECT Tarefa, Utilizador FROM TblTarefas ORDER BY ID"_s),
+                 (QStringList{u"uma|1"_s, u"duas|1"_s}));
+        QCOMPARE(p.s.Linhas(u"SELECT Pass FROM TblUsers"_s), QStringList{Codificar_Pass(u"x"_s)});
+    }
+
+    void sem_tarefas_um_utilizador_criado_pelos_memos_nao_recebe_definicoes()
+    {
+        BasePropria antiga;
+        const int rui = antiga.base.Novo_Utilizador(u"Rui"_s, u"x"_s);
+        antiga.base.geral.de.Executar("cmdAdicionarMemo", {u"t", u"d", u"1", u"2", u"3", u"4", u"Tahoma",
+                                                           u"8,25", u"False", u"False", u"65535", rui});
+        Programa p;
+        p.s.geral.ini.Escrever_Ini(u"emailnotify"_s, u"minutos"_s, u"5"_s);
+        p.Fundir(antiga.Caminho(), p.s.Texto(237) + u": Rui\r\n"_s);
+        QCOMPARE(p.s.geral.ini.Ler_Ini(u"emailnotify1"_s, u"minutos"_s), QString());
+        QCOMPARE(p.s.geral.ini.Ler_Ini(u"emailnotify"_s, u"minutos"_s), u"60"_s);
+        QCOMPARE(p.s.Linhas(u"SELECT Utilizador FROM TblMemos"_s), QStringList{u"1"_s});
+    }
+
+    void um_grupo_do_mesmo_nome_e_usado_e_o_relatorio_cala_se()
+    {
+        BasePropria antiga;
+        antiga.base.Escrever(u"UPDATE TblGrupos SET NomeGrupo='AMIGOS' WHERE ID=1"_s);
+        antiga.base.Novo_Contacto({{u"Nome"_s, Value(u"Ana"_s)}, {u"Grupo"_s, Value(1)}});
+        Programa p;
+        p.Fundir(antiga.Caminho(), {});
+        QCOMPARE(p.s.Linhas(u"SELECT Grupo FROM TblLista"_s), QStringList{u"1"_s});
+        QCOMPARE(p.s.Linhas(u"SELECT NomeGrupo FROM TblGrupos WHERE ID=1"_s), QStringList{u"Amigos"_s});
+    }
+
+    void a_barra_recua_no_comeco_de_cada_passagem()
+    {
+        BasePropria antiga;
+        for (int i = 0; i < 4; ++i) {
+            antiga.base.Novo_Contacto({{u"Nome"_s, Value(u"Ana"_s)}});
+            antiga.base.geral.de.Executar("cmdAdicionarTarefa", {u"t", u"01-02-2027", u"10:00", u"0", u"1"});
+        }
+        Programa p;
+        DE2 de2(antiga.Caminho());
+        Fusao fusao(p.s.geral, de2, {4, 4, 0});
+        QList<int> valores;
+        connect(&fusao, &Fusao::Progresso, this, [&](int valor) { valores << valor; });
+        fusao.Correr();
+        QCOMPARE(valores, (QList<int>{0, 25, 50, 75, 100, 25, 50, 75, 100, 100}));
+    }
+
+    void uma_segunda_base_depois_de_um_cancelar_le_ainda_a_primeira()
+    {
+        Programa p;
+        p.Escolher(Dado(u"pequena.mdb"_s), [](frmImportarMDB &form) { form.cmdCancelar->click(); });
+        p.Escolher(Dado(u"vazia.mdb"_s), [&](frmImportarMDB &form) {
+            QCOMPARE(form.Label2->text(), p.s.Texto(230) + u' ' + Dado(u"vazia.mdb"_s));
+            QCOMPARE(form.Label3->text(), p.s.Texto(86) + u" 45"_s);
+            form.cmdCancelar->click();
+        });
+    }
+
+    void duas_fusoes_dobram_os_contactos_e_a_base_lida_fica_como_estava()
+    {
+        BasePropria antiga;
+        antiga.base.Novo_Contacto({{u"Nome"_s, Value(u"Ana"_s)}});
+        Programa p;
+        for (int vez = 0; vez < 2; ++vez) {
+            DE2 de2(antiga.Caminho());
+            Fusao(p.s.geral, de2, {1, 0, 0}).Correr();
+        }
+        QCOMPARE(p.s.Linhas(u"SELECT Nome FROM TblLista"_s), (QStringList{u"Ana"_s, u"Ana"_s}));
+        QCOMPARE(antiga.base.Linhas(u"SELECT Nome FROM TblLista"_s), QStringList{u"Ana"_s});
+    }
+};
+
+MORVEX_TESTE(TestFrmImportarMDB)
+#include "test_frmImportarMDB.moc"
