@@ -1,0 +1,56 @@
+#include "printing/Impressao.h"
+
+#include "data/Geral.h"
+#include "platform/Controls.h"
+#include "platform/DisabledWindow.h"
+#include "platform/ListBox.h"
+#include "platform/Platform.h"
+#include "printing/frmEnvelope.h"
+#include "printing/frmImprimir.h"
+
+#include <QAction>
+
+using namespace Qt::StringLiterals;
+
+Impressao::Impressao(QWidget &janela, Geral &geral, Platform &platform, ReportControl &relatorio)
+    : QObject(&janela),
+      janela_(janela),
+      geral_(geral),
+      platform_(platform),
+      CrystalReport1(relatorio),
+      ListaNomes(control<ListBox>(janela, u"ListaNomes"_s))
+{
+    const auto ligar = [&](const QString &comando, void (Impressao::*accao)()) {
+        connect(&control<QAction>(janela, comando), &QAction::triggered, this, accao);
+    };
+    for (const auto &comando : {u"ImprimirLista"_s, u"imprimir"_s})
+        ligar(comando, &Impressao::ImprimirLista_Click);
+    ligar(u"RightClickPrintContacto"_s, &Impressao::RightClickPrintContacto_Click);
+    for (const auto &comando : {u"ImprimirEnvelope"_s, u"imprimir_envelope"_s, u"RightClickEnvelope"_s})
+        ligar(comando, &Impressao::ImprimirEnvelope_Click);
+}
+
+void Impressao::ImprimirLista_Click() { Mostrar_frmImprimir(false); }
+
+void Impressao::RightClickPrintContacto_Click() { Mostrar_frmImprimir(true); }
+
+// A direct print runs once its dialog has closed, and finds the window free by then.
+void Impressao::Mostrar_frmImprimir(bool seleccionado)
+{
+    const DisabledWindow desactivada(janela_);
+    frmImprimir form(geral_, CrystalReport1, ListaNomes, &janela_);
+    connect(&form, &QDialog::finished, &janela_, [this] { janela_.setEnabled(true); });
+    if (seleccionado) form.opcoes->OptionSelecionado->setChecked(true);
+    form.exec();
+}
+
+void Impressao::ImprimirEnvelope_Click()
+{
+    if (ListaNomes.ListIndex() < 0) {
+        const QString aviso = geral_.Ler_Idioma(165) + u"\r\n"_s + geral_.Ler_Idioma(166);
+        platform_.boxes.show(aviso, box::stop, janela_.windowTitle(), &janela_);
+        return;
+    }
+    const DisabledWindow desactivada(janela_);
+    frmEnvelope(geral_, CrystalReport1, &janela_).exec();
+}

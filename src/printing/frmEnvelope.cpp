@@ -1,0 +1,84 @@
+#include "printing/frmEnvelope.h"
+
+#include "data/Geral.h"
+#include "data/Relatorio.h"
+#include "platform/Controls.h"
+#include "platform/report/ReportControl.h"
+#include "platform/Units.h"
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr unsigned cor_escolhida = 15838582;
+constexpr unsigned cor_nao_escolhida = 14215660;
+
+void Pintar(QPushButton &botao, unsigned cor)
+{
+    QPalette palette = botao.palette();
+    palette.setColor(QPalette::Button, colour(cor));
+    botao.setPalette(palette);
+}
+} // namespace
+
+frmEnvelope::frmEnvelope(Geral &geral, ReportControl &relatorio, QWidget *dono)
+    : QDialog(dono), geral_(geral), CrystalReport1(relatorio)
+{
+    setupUi(this);
+    alimentacoes_ = {Alimentacao{cmdLeft, u"envelope_left"_s}, Alimentacao{cmdCenter, u"envelope_center"_s},
+                     Alimentacao{cmdRight, u"envelope_right"_s}};
+    for (const auto &[botao, nome] : alimentacoes_)
+        connect(botao, &QPushButton::clicked, this, [this, nome = nome] { Alimentacao_Click(nome); });
+    connect(cmdImprimir, &QPushButton::clicked, this, &frmEnvelope::cmdImprimir_Click);
+    connect(cmdCancelar, &QPushButton::clicked, this, &QDialog::reject);
+    connect(this, &QDialog::finished, this, &frmEnvelope::Form_Unload);
+
+    geral_.temporizadores.Gerir_Temporizadores(u"stop"_s);
+    Legendar();
+    Mostrar_Escolhida();
+}
+
+void frmEnvelope::Legendar()
+{
+    setWindowTitle(withoutMnemonic(geral_.Ler_Idioma(159)));
+    lblNome->setText(geral_.Ler_Idioma(161));
+    lblLeft->setText(geral_.Ler_Idioma(162));
+    lblCenter->setText(geral_.Ler_Idioma(163));
+    lblRight->setText(geral_.Ler_Idioma(164));
+    cmdImprimir->setText(geral_.Ler_Idioma(80));
+    cmdCancelar->setText(geral_.Ler_Idioma(43));
+    for (const QLabel *legenda : {lblLeft, lblCenter, lblRight})
+        legenda->buddy()->setAccessibleName(withoutMnemonic(legenda->text()));
+}
+
+// A setting that is none of the three leaves all buttons as they were drawn.
+void frmEnvelope::Mostrar_Escolhida()
+{
+    for (const auto &[botao, nome] : alimentacoes_)
+        if (nome == geral_.AlimentacaoEnvelopes) Pintar(*botao, cor_escolhida);
+}
+
+// Stopped once more instead of started: the background timers rest until another form lets them run.
+void frmEnvelope::Form_Unload() { geral_.temporizadores.Gerir_Temporizadores(u"stop"_s); }
+
+void frmEnvelope::Alimentacao_Click(const QString &escolhida)
+{
+    for (const auto &[botao, nome] : alimentacoes_)
+        Pintar(*botao, nome == escolhida ? cor_escolhida : cor_nao_escolhida);
+    geral_.AlimentacaoEnvelopes = escolhida;
+    geral_.ini.Escrever_Ini(u"envelopes"_s, u"alimentacao"_s, escolhida);
+}
+
+// Sort order and parameters stay what the last run of the shared control left. So does an empty path of the
+// session.
+void frmEnvelope::cmdImprimir_Click()
+{
+    CrystalReport1.setReportFileName(geral_.Ficheiro(geral_.AlimentacaoEnvelopes + u".rpt"_s));
+    const bool sem_caminho = geral_.CaminhoBD.isEmpty();
+    relatorio::Indicar_Base(sem_caminho ? geral_.Ficheiro(u"morvex.mdb"_s) : geral_.CaminhoBD,
+                            CrystalReport1);
+    CrystalReport1.ReplaceSelectionFormula({});
+    CrystalReport1.ReplaceSelectionFormula(relatorio::Seleccao_Do_Contacto(geral_.IDContacto));
+    relatorio::Pre_Visualizar(withoutMnemonic(geral_.Ler_Idioma(77)), CrystalReport1);
+    CrystalReport1.setAction(1);
+}

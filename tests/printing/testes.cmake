@@ -1,0 +1,5 @@
+# Tests of printing.
+morvex_teste(printing/test_OpcoesRelatorio LIGA printing)
+morvex_teste(printing/test_frmImprimir LIGA printing)
+morvex_teste(printing/test_frmEnvelope LIGA printing)
+morvex_teste(printing/test_Impressao LIGA printing)
