@@ -331,28 +331,29 @@ private Q_SLOTS:
 
     // Moves
 
-    void anterior_na_primeira_linha_vai_para_a_ultima()
+    void mover_para_la_de_uma_ponta_da_a_volta_data()
     {
-        ComJanela c;
-        Encher(c, {u"Ana"_s, u"Eva"_s, u"Rui"_s});
-        c.janela.ListaNomes->setListIndex(0);
-        c.janela.Anterior->trigger();
-        QCOMPARE(c.janela.ListaNomes->ListIndex(), 2);
-        QCOMPARE(No_Cartao(c), u"tel Rui"_s);
-        c.janela.cima->trigger();
-        QCOMPARE(No_Cartao(c), u"tel Eva"_s);
+        QTest::addColumn<QStringList>("comandos"); // menu entry, then toolbar button
+        QTest::addColumn<int>("inicio");
+        QTest::addColumn<QStringList>("mostrados");
+        QTest::newRow("anterior na primeira vai para a ultima")
+            << QStringList{u"Anterior"_s, u"cima"_s} << 0 << QStringList{u"tel Rui"_s, u"tel Eva"_s};
+        QTest::newRow("seguinte na ultima vai para a primeira")
+            << QStringList{u"Seguinte"_s, u"baixo"_s} << 2 << QStringList{u"tel Ana"_s, u"tel Eva"_s};
     }
-
-    void seguinte_na_ultima_linha_vai_para_a_primeira()
+    void mover_para_la_de_uma_ponta_da_a_volta()
     {
+        QFETCH(QStringList, comandos);
+        QFETCH(int, inicio);
         ComJanela c;
         Encher(c, {u"Ana"_s, u"Eva"_s, u"Rui"_s});
-        c.janela.ListaNomes->setListIndex(2);
-        c.janela.Seguinte->trigger();
-        QCOMPARE(c.janela.ListaNomes->ListIndex(), 0);
-        QCOMPARE(No_Cartao(c), u"tel Ana"_s);
-        c.janela.baixo->trigger();
-        QCOMPARE(No_Cartao(c), u"tel Eva"_s);
+        c.janela.ListaNomes->setListIndex(inicio);
+        QStringList vistos;
+        for (const QString &comando : comandos) {
+            control<QAction>(c.janela, comando).trigger();
+            vistos << No_Cartao(c);
+        }
+        QTEST(vistos, "mostrados");
     }
 
     void com_um_so_contacto_anterior_e_seguinte_enchem_o_cartao_outra_vez()
