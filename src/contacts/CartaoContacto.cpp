@@ -12,12 +12,12 @@
 #include "platform/Platform.h"
 #include "platform/Units.h"
 
+#include <limits>
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -47,7 +47,10 @@ void Mostrar(QWidget &caixa, QWidget &imagem, bool visivel)
 } // namespace
 
 CartaoContacto::CartaoContacto(QWidget &janela, Geral &geral, Platform &platform)
-    : QObject(&janela), geral_(geral), platform_(platform), janela_(janela),
+    : QObject(&janela),
+      geral_(geral),
+      platform_(platform),
+      janela_(janela),
       ListaNomes(control<ListBox>(janela, u"ListaNomes"_s)),
       txtTelefone1(control<QLineEdit>(janela, u"txtTelefone1"_s)),
       txtTelefone2(control<QLineEdit>(janela, u"txtTelefone2"_s)),
@@ -75,7 +78,8 @@ CartaoContacto::CartaoContacto(QWidget &janela, Geral &geral, Platform &platform
       imgGrupo(control<IconLabel>(janela, u"imgGrupo"_s)),
       imgAniversario(control<IconLabel>(janela, u"imgAniversario"_s)),
       imgMorada(control<IconLabel>(janela, u"imgMorada"_s)),
-      imgObservacoes(control<IconLabel>(janela, u"imgObservacoes"_s)), Thumb(control<QLabel>(janela, u"Thumb"_s)),
+      imgObservacoes(control<IconLabel>(janela, u"imgObservacoes"_s)),
+      Thumb(control<QLabel>(janela, u"Thumb"_s)),
       numeros_{
           {"Telefone2", &txtTelefone2, &imgTelefone2, afastamento_normal},
           {"Fax", &txtFax, &imgFax, afastamento_normal},
@@ -121,7 +125,8 @@ void CartaoContacto::Mostrar_Card()
 void CartaoContacto::Preencher_Campos(Recordset &rs)
 {
     const auto preencher = [&](const std::vector<Linha> &linhas) {
-        for (const Linha &linha : linhas) linha.caixa->setText(rs.Fields(linha.coluna).textOrEmpty());
+        for (const Linha &linha : linhas)
+            linha.caixa->setText(rs.Fields(linha.coluna).textOrEmpty());
     };
     txtGrupo.setText(rs.Fields("NomeGrupo").textOrEmpty());
     txtTelefone1.setText(rs.Fields("Telefone1").textOrEmpty());
@@ -166,7 +171,8 @@ void CartaoContacto::Mostrar_Foto_Por_Omissao()
 void CartaoContacto::Terminar_Card(Recordset &rs)
 {
     geral_.IndiceContacto = ListaNomes.ListIndex();
-    for (const auto &botao : {u"cmdEditar"_s, u"cmdEliminar"_s}) control<QWidget>(janela_, botao).setEnabled(true);
+    for (const auto &botao : {u"cmdEditar"_s, u"cmdEliminar"_s})
+        control<QWidget>(janela_, botao).setEnabled(true);
     Dispor_Linhas(rs);
     rs.Close();
     for (const auto &comando : {u"EliminarContacto"_s, u"EditarContacto"_s, u"Anterior"_s, u"Seguinte"_s,
@@ -182,7 +188,8 @@ void CartaoContacto::Dispor_Linhas(Recordset &rs)
     Linha_Card = 1;
     Dispor_Telefone1(rs);
     for (const auto *linhas : {&numeros_, &emails_})
-        for (const Linha &linha : *linhas) Dispor_Linha(linha, Vazio(rs.Fields(linha.coluna)));
+        for (const Linha &linha : *linhas)
+            Dispor_Linha(linha, Vazio(rs.Fields(linha.coluna)));
     Dispor_Website(rs);
     Dispor_Linha({"NomeGrupo", &txtGrupo, &imgGrupo, afastamento_normal}, false);
     Dispor_Linha({"Dia", &txtAniversario, &imgAniversario, afastamento_normal}, Vazio(rs.Fields("Dia")));
@@ -239,14 +246,16 @@ void CartaoContacto::Dispor_Obs(Recordset &rs)
     if (!vazias) {
         const int linha = std::max(Linha_Card, cartao::primeira_linha_direita);
         Colocar_Com_Imagem(txtObs, imgObservacoes, linha, afastamento_normal);
-        if (const auto altura = cartao::Altura_Obs(Linha_Card)) txtObs.resize(txtObs.width(), pixels(*altura));
+        if (const auto altura = cartao::Altura_Obs(Linha_Card))
+            txtObs.resize(txtObs.width(), pixels(*altura));
     }
     Mostrar(txtObs, imgObservacoes, !vazias);
 }
 
 void CartaoContacto::Colocar(QWidget &caixa, int linha)
 {
-    caixa.move(pixels(cartao::Posicao_Left(linha).value_or(0)), pixels(cartao::Posicao_Top(linha).value_or(0)));
+    caixa.move(pixels(cartao::Posicao_Left(linha).value_or(0)),
+               pixels(cartao::Posicao_Top(linha).value_or(0)));
 }
 
 void CartaoContacto::Colocar_Com_Imagem(QWidget &caixa, IconLabel &imagem, int linha, int afastamento)
@@ -257,8 +266,9 @@ void CartaoContacto::Colocar_Com_Imagem(QWidget &caixa, IconLabel &imagem, int l
 
 void CartaoContacto::Limpar()
 {
-    for (QLineEdit *caixa : {&txtTelefone1, &txtTelefone2, &txtFax, &txtTelemovel1, &txtTelemovel2, &txtTelemovel3,
-                             &txtAniversario, &txtIdade, &txtEmail1, &txtEmail2, &txtWebsite, &txtGrupo}) {
+    for (QLineEdit *caixa :
+         {&txtTelefone1, &txtTelefone2, &txtFax, &txtTelemovel1, &txtTelemovel2, &txtTelemovel3,
+          &txtAniversario, &txtIdade, &txtEmail1, &txtEmail2, &txtWebsite, &txtGrupo}) {
         caixa->clear();
         caixa->hide();
     }
@@ -266,13 +276,14 @@ void CartaoContacto::Limpar()
         caixa->clear();
         caixa->hide();
     }
-    for (IconLabel *imagem : {&imgGrupo, &imgTelefone1, &imgTelefone2, &imgFax, &imgTelemovel1, &imgTelemovel2,
-                              &imgTelemovel3, &imgAniversario, &imgEmail1, &imgEmail2, &imgWebsite, &imgMorada,
-                              &imgObservacoes})
+    for (IconLabel *imagem :
+         {&imgGrupo, &imgTelefone1, &imgTelefone2, &imgFax, &imgTelemovel1, &imgTelemovel2, &imgTelemovel3,
+          &imgAniversario, &imgEmail1, &imgEmail2, &imgWebsite, &imgMorada, &imgObservacoes})
         imagem->hide();
-    for (const auto &botao : {u"cmdEditar"_s, u"cmdEliminar"_s}) control<QWidget>(janela_, botao).setEnabled(false);
-    for (const auto &comando : {u"EditarContacto"_s, u"EliminarContacto"_s, u"Email"_s, u"Website"_s, u"Anterior"_s,
-                                u"Seguinte"_s, u"editar_contacto"_s, u"eliminar_contacto"_s, u"enviar_email"_s,
-                                u"visitar_website"_s, u"cima"_s, u"baixo"_s})
+    for (const auto &botao : {u"cmdEditar"_s, u"cmdEliminar"_s})
+        control<QWidget>(janela_, botao).setEnabled(false);
+    for (const auto &comando : {u"EditarContacto"_s, u"EliminarContacto"_s, u"Email"_s, u"Website"_s,
+                                u"Anterior"_s, u"Seguinte"_s, u"editar_contacto"_s, u"eliminar_contacto"_s,
+                                u"enviar_email"_s, u"visitar_website"_s, u"cima"_s, u"baixo"_s})
         control<QAction>(janela_, comando).setEnabled(false);
 }

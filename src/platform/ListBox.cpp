@@ -30,9 +30,9 @@ public:
     int placeOf(const QString &text) const
     {
         if (rows_.empty() || compareText(text, rows_.back().text) >= 0) return count();
-        const auto place = std::upper_bound(rows_.begin(), rows_.end(), text, [](const QString &a, const Row &b) {
-            return compareText(a, b.text) < 0;
-        });
+        const auto place =
+            std::upper_bound(rows_.begin(), rows_.end(), text,
+                             [](const QString &a, const Row &b) { return compareText(a, b.text) < 0; });
         return static_cast<int>(place - rows_.begin());
     }
 
@@ -157,7 +157,8 @@ QItemSelectionModel::SelectionFlags ListBox::selectionCommand(const QModelIndex 
     return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
 }
 
-// Only the left button selects. A press on the row that is selected already changes nothing, and still is a click.
+// Only the left button selects. A press on the row that is selected already changes nothing, and still is a
+// click.
 void ListBox::mousePressEvent(QMouseEvent *event)
 {
     if (event->button() != Qt::LeftButton) return;
