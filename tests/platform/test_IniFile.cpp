@@ -1,42 +1,15 @@
 // The initialisation file: how it is read, what a write leaves as it was, and what a failed write leaves
 // behind.
 #include "platform/IniFile.h"
+#include "testlib/DiscoCheio.h"
 #include "testlib/SemPrivilegios.h"
 #include "testlib/Teste.h"
 
-#include <csignal>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-#include <sys/resource.h>
 
 using namespace Qt::StringLiterals;
-
-namespace
-{
-// As on a full disk: no file may grow beyond these bytes.
-class DiscoCheio
-{
-public:
-    explicit DiscoCheio(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        ::getrlimit(RLIMIT_FSIZE, &before_);
-        const rlimit limit{bytes, before_.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~DiscoCheio()
-    {
-        ::setrlimit(RLIMIT_FSIZE, &before_);
-        std::signal(SIGXFSZ, handler_);
-    }
-    DiscoCheio(const DiscoCheio &) = delete;
-    DiscoCheio &operator=(const DiscoCheio &) = delete;
-
-private:
-    rlimit before_{};
-    void (*handler_)(int);
-};
-} // namespace
 
 class TestIniFile : public QObject
 {

@@ -2,10 +2,9 @@
 #include "platform/mail/MailServer.h"
 #include "platform/mail/MailTexts.h"
 #include "platform/mail/Pop3Check.h"
+#include "testlib/Pausas.h"
+#include "testlib/ServidorPop.h"
 #include "testlib/Teste.h"
-
-#include <QSslKey>
-#include <QTcpServer>
 
 using namespace Qt::StringLiterals;
 
@@ -13,112 +12,6 @@ namespace
 {
 constexpr Pop3Check::Limits soon{200, 300, 3000};
 constexpr qint64 blocked = 250; // ms: shorter than any wait for a server, longer than a busy machine's hiccup
-
-// Plays a part in the dialogue: each step waits for a command that begins so and gives the answer. An empty
-// command is the greeting, spoken unasked.
-struct Act {
-    QByteArray command;
-    QByteArray answer;
-};
-
-class PlayServer : public QTcpServer
-{
-public:
-    enum class End { Serves, Hangs, Closes, Drips };
-
-    explicit PlayServer(QList<Act> acts, End end = End::Serves) : acts_(std::move(acts)), end_(end)
-    {
-        listen(QHostAddress::LocalHost);
-    }
-
-    QList<QByteArray> heard;
-    QSslCertificate certificate;
-    QSslKey key;
-
-protected:
-    void incomingConnection(qintptr descriptor) override
-    {
-        auto *socket = new QSslSocket(this);
-        socket->setSocketDescriptor(descriptor);
-        connect(socket, &QIODevice::readyRead, this, [this, socket] {
-            while (socket->canReadLine())
-                hear(*socket, socket->readLine().trimmed());
-        });
-        if (!acts_.isEmpty() && acts_.constFirst().command.isEmpty()) answer(*socket, acts_.takeFirst());
-    }
-
-private:
-    void hear(QSslSocket &socket, const QByteArray &command)
-    {
-        heard << command;
-        if (acts_.isEmpty()) {
-            if (end_ == End::Closes) socket.close();
-            return;
-        }
-        const Act act = acts_.takeFirst();
-        if (!command.startsWith(act.command)) return socket.close();
-        answer(socket, act);
-    }
-
-    void answer(QSslSocket &socket, const Act &act)
-    {
-        if (end_ == End::Drips) return drip(socket, act.answer);
-        socket.write(act.answer);
-        if (act.command == "STLS") encrypt(socket);
-        if (acts_.isEmpty() && end_ == End::Closes) socket.disconnectFromHost();
-    }
-
-    void encrypt(QSslSocket &socket)
-    {
-        socket.flush();
-        socket.setLocalCertificate(certificate);
-        socket.setPrivateKey(key);
-        socket.startServerEncryption();
-    }
-
-    void drip(QSslSocket &socket, QByteArray rest)
-    {
-        auto *drops = new QTimer(&socket);
-        connect(drops, &QTimer::timeout, &socket, [&socket, drops, rest]() mutable {
-            socket.write(rest.left(1));
-            rest.remove(0, 1);
-            if (rest.isEmpty()) drops->deleteLater();
-        });
-        drops->start(30);
-    }
-
-    QList<Act> acts_;
-    End end_;
-};
-
-QList<Act> goodPlay(const QByteArray &stat = "+OK 2 300\r\n")
-{
-    return {{"", "+OK ready <1896.697170952@host>\r\n"},
-            {"CAPA", "+OK\r\nUSER\r\nUIDL\r\nLOGIN-DELAY 90\r\n.\r\n"},
-            {"USER", "+OK\r\n"},
-            {"PASS", "+OK\r\n"},
-            {"STAT", stat},
-            {"UIDL", "+OK\r\n1 abc\r\n2 def\r\n.\r\n"},
-            {"QUIT", "+OK bye\r\n"}};
-}
-
-// How long the interface was ever kept from its events.
-class Pauses
-{
-public:
-    Pauses()
-    {
-        clock_.start();
-        QObject::connect(&timer_, &QTimer::timeout, &timer_,
-                         [this] { longest = std::max(longest, clock_.restart()); });
-        timer_.start(1);
-    }
-    qint64 longest = 0;
-
-private:
-    QElapsedTimer clock_;
-    QTimer timer_;
-};
 
 struct Outcome {
     bool ended = false;
@@ -140,42 +33,17 @@ Outcome look(const MailServer &server, const Pop3Check::Trust &trust = {},
         outcome.ended = true;
         outcome.error = error;
     });
-    const Pauses pauses;
+    const Pausas pausas;
     check.start();
     [[maybe_unused]] const bool inTime = QTest::qWaitFor([&] { return outcome.ended; }, 8000);
-    outcome.longestPause = pauses.longest;
+    outcome.longestPause = pausas.maior;
     return outcome;
 }
 
-Outcome look(const PlayServer &server, const Pop3Check::Trust &trust = {},
+Outcome look(const ServidorPop &server, const Pop3Check::Trust &trust = {},
              const QString &password = u"segredo9"_s)
 {
     return look({u"127.0.0.1"_s, server.serverPort(), false}, trust, password);
-}
-
-// A certificate that no authority vouches for, made anew.
-struct Identity {
-    Identity()
-    {
-        const QTemporaryDir folder;
-        const QString key_file = folder.filePath(u"k"_s);
-        const QString certificate_file = folder.filePath(u"c"_s);
-        QProcess::execute(u"openssl"_s, {u"req"_s, u"-x509"_s, u"-newkey"_s, u"rsa:2048"_s, u"-nodes"_s,
-                                         u"-days"_s, u"30"_s, u"-subj"_s, u"/CN=localhost"_s, u"-keyout"_s,
-                                         key_file, u"-out"_s, certificate_file});
-        QFile k(key_file);
-        QFile c(certificate_file);
-        if (k.open(QIODevice::ReadOnly)) key = QSslKey(&k, QSsl::Rsa);
-        if (c.open(QIODevice::ReadOnly)) certificate = QSslCertificate(&c);
-    }
-    QSslKey key;
-    QSslCertificate certificate;
-};
-
-QList<Act> encryptedPlay()
-{
-    QList<Act> acts{{"", "+OK\r\n"}, {"CAPA", "+OK\r\nSTLS\r\n.\r\n"}, {"STLS", "+OK begin\r\n"}};
-    return acts + goodPlay().mid(1);
 }
 } // namespace
 
@@ -221,22 +89,22 @@ private Q_SLOTS:
 
     void a_good_server_is_asked_in_order_and_nothing_is_fetched()
     {
-        PlayServer server(goodPlay());
+        ServidorPop server(Conversa_Boa());
         const Outcome outcome = look(server);
         QCOMPARE(outcome.error, MailError::None);
         QCOMPARE(outcome.result.messages, 2);
         QCOMPARE(outcome.result.uids, (QStringList{u"abc"_s, u"def"_s}));
         QCOMPARE(outcome.result.loginDelay, 90);
         QVERIFY(!outcome.result.trust.encryptedBefore);
-        QCOMPARE(server.heard,
+        QCOMPARE(server.ouvido,
                  (QList<QByteArray>{"CAPA", "USER ana", "PASS segredo9", "STAT", "UIDL", "QUIT"}));
     }
 
     void an_empty_mailbox_is_not_asked_for_names()
     {
-        QList<Act> acts = goodPlay("+OK 0 0\r\n");
+        QList<Fala> acts = Conversa_Boa("+OK 0 0\r\n");
         acts.removeAt(5);
-        PlayServer server(acts);
+        ServidorPop server(acts);
         const Outcome outcome = look(server);
         QVERIFY(outcome.ended);
         QCOMPARE(outcome.error, MailError::None);
@@ -245,9 +113,9 @@ private Q_SLOTS:
 
     void a_server_without_names_gives_the_count_alone()
     {
-        QList<Act> acts = goodPlay();
-        acts[5].answer = "-ERR what?\r\n";
-        PlayServer server(acts);
+        QList<Fala> acts = Conversa_Boa();
+        acts[5].resposta = "-ERR what?\r\n";
+        ServidorPop server(acts);
         const Outcome outcome = look(server);
         QCOMPARE(outcome.error, MailError::None);
         QCOMPARE(outcome.result.messages, 2);
@@ -256,9 +124,9 @@ private Q_SLOTS:
 
     void an_old_server_without_capa_is_served_in_the_clear()
     {
-        QList<Act> acts = goodPlay();
-        acts[1].answer = "-ERR unknown\r\n";
-        PlayServer server(acts);
+        QList<Fala> acts = Conversa_Boa();
+        acts[1].resposta = "-ERR unknown\r\n";
+        ServidorPop server(acts);
         QCOMPARE(look(server).error, MailError::None);
     }
 
@@ -276,17 +144,17 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, answer);
         QFETCH(int, error);
-        QList<Act> acts = goodPlay();
-        acts[3].answer = answer;
-        PlayServer server(acts);
+        QList<Fala> acts = Conversa_Boa();
+        acts[3].resposta = answer;
+        ServidorPop server(acts);
         QCOMPARE(int(look(server).error), error);
     }
 
     void a_line_break_in_a_password_never_reaches_the_server()
     {
-        PlayServer server(goodPlay());
+        ServidorPop server(Conversa_Boa());
         QCOMPARE(look(server, {}, u"a\r\nDELE 1"_s).error, MailError::Refused);
-        QVERIFY(server.heard.isEmpty());
+        QVERIFY(server.ouvido.isEmpty());
     }
 
     void a_server_that_misbehaves_at_a_step_is_left_data()
@@ -296,10 +164,9 @@ private Q_SLOTS:
         QTest::addColumn<int>("error");
         for (int step = 0; step < 6; ++step) {
             QTest::addRow("hangs at step %d", step)
-                << step << int(PlayServer::End::Hangs) << int(MailError::TimedOut);
-            if (step > 0)
-                QTest::addRow("closes at step %d", step)
-                    << step << int(PlayServer::End::Closes) << int(MailError::Closed);
+                << step << int(ServidorPop::Fim::Cala) << int(MailError::TimedOut);
+            QTest::addRow("closes at step %d", step)
+                << step << int(ServidorPop::Fim::Fecha) << int(MailError::Closed);
         }
     }
     void a_server_that_misbehaves_at_a_step_is_left()
@@ -307,10 +174,8 @@ private Q_SLOTS:
         QFETCH(int, step);
         QFETCH(int, end);
         QFETCH(int, error);
-        QList<Act> acts = goodPlay().mid(0, step);
-        PlayServer server(acts, PlayServer::End(end));
-        if (step == 0 && PlayServer::End(end) == PlayServer::End::Closes)
-            return; // no greeting to close behind
+        QList<Fala> acts = Conversa_Boa().mid(0, step);
+        ServidorPop server(acts, ServidorPop::Fim(end));
         const Outcome outcome = look(server);
         QCOMPARE(int(outcome.error), error);
         QVERIFY2(outcome.longestPause < blocked, qPrintable(QString::number(outcome.longestPause)));
@@ -318,7 +183,7 @@ private Q_SLOTS:
 
     void a_server_that_drips_is_left_when_the_whole_takes_too_long()
     {
-        PlayServer server(goodPlay(), PlayServer::End::Drips);
+        ServidorPop server(Conversa_Boa(), ServidorPop::Fim::Pinga);
         const Outcome outcome = look(server);
         QCOMPARE(outcome.error, MailError::TimedOut);
         QVERIFY2(outcome.longestPause < blocked, qPrintable(QString::number(outcome.longestPause)));
@@ -335,19 +200,53 @@ private Q_SLOTS:
     void what_is_no_pop3_is_garbled()
     {
         QFETCH(QByteArray, greeting);
-        PlayServer server({{"", greeting}}, PlayServer::End::Hangs);
+        ServidorPop server({{"", greeting}}, ServidorPop::Fim::Cala);
         QCOMPARE(look(server).error, MailError::Garbled);
     }
 
     void an_endless_list_of_names_ends_at_a_hundred_thousand()
     {
-        QByteArray names = "+OK\r\n";
+        QByteArray names;
         for (int i = 0; i < 100001; ++i)
             names += QByteArray::number(i + 1) + " u" + QByteArray::number(i) + "\r\n";
-        QList<Act> acts = goodPlay();
-        acts[5].answer = names;
-        PlayServer server(acts, PlayServer::End::Hangs);
+        ServidorPop server(Conversa_Boa("+OK 200000 1\r\n", names), ServidorPop::Fim::Cala);
         QCOMPARE(look(server).error, MailError::Garbled);
+    }
+
+    void more_names_than_messages_are_garbled()
+    {
+        ServidorPop server(Conversa_Boa("+OK 2 300\r\n", "1 a\r\n2 b\r\n3 c\r\n"));
+        QCOMPARE(look(server).error, MailError::Garbled);
+    }
+
+    void a_server_that_turns_every_visitor_away_is_unreachable_or_busy()
+    {
+        ServidorPop closed({{"", "-ERR go away\r\n"}}, ServidorPop::Fim::Fecha);
+        QCOMPARE(look(closed).error, MailError::Unreachable);
+        ServidorPop later({{"", "-ERR [SYS/TEMP] try later\r\n"}}, ServidorPop::Fim::Fecha);
+        QCOMPARE(look(later).error, MailError::Busy);
+    }
+
+    void answers_without_end_are_left_data()
+    {
+        QTest::addColumn<int>("step");
+        QTest::addColumn<QByteArray>("words");
+        QTest::addColumn<int>("error");
+        QTest::newRow("a line") << 0 << QByteArray(4000, 'x') << int(MailError::Garbled);
+        QTest::newRow("abilities") << 1 << QByteArray("+OK\r\nX-ABILITY\r\n") << int(MailError::TimedOut);
+        QTest::newRow("names") << 5 << QByteArray("+OK\r\n1 a\r\n") << int(MailError::Garbled);
+    }
+    void answers_without_end_are_left()
+    {
+        QFETCH(int, step);
+        QFETCH(QByteArray, words);
+        QFETCH(int, error);
+        QList<Fala> acts = Conversa_Boa().mid(0, step + 1);
+        acts.last().resposta = words;
+        ServidorPop server(acts, ServidorPop::Fim::Sem_Fim);
+        const Outcome outcome = look(server);
+        QCOMPARE(int(outcome.error), error);
+        QVERIFY2(outcome.longestPause < blocked, qPrintable(QString::number(outcome.longestPause)));
     }
 
     void nobody_listening_is_unreachable_and_no_name_is_not_found()
@@ -364,47 +263,44 @@ private Q_SLOTS:
 
     void encryption_is_taken_where_it_is_offered_and_the_certificate_remembered()
     {
-        const Identity identity;
-        QVERIFY(!identity.certificate.isNull());
-        PlayServer server(encryptedPlay());
-        server.certificate = identity.certificate;
-        server.key = identity.key;
+        const Identidade identidade;
+        QVERIFY(!identidade.certificado.isNull());
+        ServidorPop server(Conversa_Cifrada());
+        server.Identificar(identidade);
         const Outcome outcome = look(server);
         QCOMPARE(outcome.error, MailError::None);
         QVERIFY(outcome.result.trust.encryptedBefore);
         QVERIFY(!outcome.result.trust.fingerprint.isEmpty());
-        QCOMPARE(server.heard.count("CAPA"), 2);
+        QCOMPARE(server.ouvido.count("CAPA"), 2);
 
-        PlayServer again(encryptedPlay());
-        again.certificate = identity.certificate;
-        again.key = identity.key;
+        ServidorPop again(Conversa_Cifrada());
+        again.Identificar(identidade);
         QCOMPARE(look(again, outcome.result.trust).error, MailError::None);
 
-        const Identity other;
-        PlayServer changed(encryptedPlay());
-        changed.certificate = other.certificate;
-        changed.key = other.key;
+        const Identidade other;
+        ServidorPop changed(Conversa_Cifrada());
+        changed.Identificar(other);
         QCOMPARE(look(changed, outcome.result.trust).error, MailError::Certificate);
-        QVERIFY(!changed.heard.contains("PASS segredo9"));
+        QVERIFY(!changed.ouvido.contains("PASS segredo9"));
     }
 
     void an_account_once_encrypted_never_goes_back_to_plain()
     {
-        PlayServer server(goodPlay());
+        ServidorPop server(Conversa_Boa());
         QCOMPARE(look(server, {true, {}}).error, MailError::NotEncrypted);
-        QVERIFY(!server.heard.contains("USER ana"));
+        QVERIFY(!server.ouvido.contains("USER ana"));
     }
 
     void words_smuggled_in_behind_the_stls_answer_are_an_error()
     {
-        PlayServer server(
+        ServidorPop server(
             {{"", "+OK\r\n"}, {"CAPA", "+OK\r\nSTLS\r\n.\r\n"}, {"STLS", "+OK go\r\n+OK\r\n.\r\n"}});
         QCOMPARE(look(server).error, MailError::Garbled);
     }
 
     void a_server_that_must_be_encrypted_from_the_start_needs_a_good_certificate()
     {
-        PlayServer server(goodPlay(), PlayServer::End::Hangs);
+        ServidorPop server(Conversa_Boa(), ServidorPop::Fim::Cala);
         const MailError error = look(MailServer{u"127.0.0.1"_s, server.serverPort(), true}).error;
         QCOMPARE(error, MailError::Certificate);
     }

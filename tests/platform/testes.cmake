@@ -21,3 +21,14 @@ morvex_teste(platform/test_SomGravado LIGA platform)
 morvex_teste(platform/test_LongText LIGA platform)
 morvex_teste(platform/test_RisingCard LIGA platform)
 morvex_teste(platform/test_Pop3Check LIGA platform)
+# The report engine.
+foreach(teste IN ITEMS
+    test_SelectionFormula
+    test_ReportDefinition
+    test_ReportData
+    test_ReportPages
+    test_CrystalReport)
+    morvex_teste(platform/${teste} LIGA platform_report)
+endforeach()
+morvex_teste(platform/test_PopMailNotification LIGA platform)
+morvex_teste(platform/test_MailProgram LIGA platform)

@@ -124,7 +124,8 @@ void Pop3Check::encrypted()
 {
     result_.trust.encryptedBefore = true;
     if (server_.tls) return awaitGreeting();
-    ask(Step::Capa, "CAPA"); // what was promised in the clear counts for nothing
+    result_.loginDelay = 0; // what was promised in the clear counts for nothing
+    ask(Step::Capa, "CAPA");
 }
 
 void Pop3Check::readLines()
@@ -142,8 +143,7 @@ void Pop3Check::line(const QByteArray &text)
 {
     switch (step_) {
     case Step::Greeting:
-        if (!isPositive(text)) return text.startsWith("-ERR") ? refuse(text) : fail(MailError::Garbled);
-        return ask(Step::Capa, "CAPA");
+        return isPositive(text) ? ask(Step::Capa, "CAPA") : refuse(text, MailError::Unreachable);
     case Step::Capa:
         return capability(text);
     case Step::Stls:
@@ -152,9 +152,9 @@ void Pop3Check::line(const QByteArray &text)
         if (socket_.bytesAvailable() > 0) return fail(MailError::Garbled);
         return beginHandshake();
     case Step::User:
-        return isPositive(text) ? ask(Step::Pass, "PASS " + password_) : refuse(text);
+        return isPositive(text) ? ask(Step::Pass, "PASS " + password_) : refuse(text, MailError::Refused);
     case Step::Pass:
-        return isPositive(text) ? ask(Step::Stat, "STAT") : refuse(text);
+        return isPositive(text) ? ask(Step::Stat, "STAT") : refuse(text, MailError::Refused);
     case Step::Stat:
         return statistics(text);
     case Step::Uidl:
@@ -213,7 +213,8 @@ void Pop3Check::name(const QByteArray &text)
         return ask(Step::Quit, "QUIT");
     }
     const qsizetype blank = text.indexOf(' ');
-    if (blank < 1 || result_.uids.size() >= mostUids) return fail(MailError::Garbled);
+    if (blank < 1 || result_.uids.size() >= std::min<qsizetype>(result_.messages, mostUids))
+        return fail(MailError::Garbled);
     result_.uids << QString::fromUtf8(text.mid(blank + 1).trimmed());
     stepTimer_.start(limits_.answer);
 }
@@ -226,14 +227,14 @@ void Pop3Check::ask(Step step, const QByteArray &command)
     socket_.write(command + "\r\n");
 }
 
-// The answer to a name or password is read for its code alone, and never shown.
-void Pop3Check::refuse(const QByteArray &answer)
+// A refusal is read for its code alone, and never shown: it may repeat the name or the password.
+void Pop3Check::refuse(const QByteArray &answer, MailError meaning)
 {
     const QByteArray upper = answer.toUpper();
     const bool later =
         upper.contains("[IN-USE]") || upper.contains("[SYS/TEMP]") || upper.contains("[LOGIN-DELAY]");
     if (!upper.startsWith("-ERR")) return fail(MailError::Garbled);
-    fail(later ? MailError::Busy : MailError::Refused);
+    fail(later ? MailError::Busy : meaning);
 }
 
 void Pop3Check::fail(MailError error)

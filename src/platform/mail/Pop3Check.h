@@ -89,7 +89,7 @@ private:
     void name(const QByteArray &text);
     void beginHandshake();
     void ask(Step step, const QByteArray &command);
-    void refuse(const QByteArray &answer);
+    void refuse(const QByteArray &answer, MailError meaning);
     void fail(MailError error);
     void finish();
 

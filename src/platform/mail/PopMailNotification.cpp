@@ -3,21 +3,21 @@
 #include "platform/mail/MailTexts.h"
 
 #include <algorithm>
-#include <chrono>
 #include <limits>
-
-using namespace std::chrono_literals;
 
 namespace
 {
-constexpr std::chrono::milliseconds betweenChecks = 60s;
-constexpr std::chrono::milliseconds afterGoodCheck = 15s; // a server wants to be left alone for a while
 constexpr int busyTimesTolerated = 2;
 } // namespace
 
+PopMailNotification::PopMailNotification(const QString &memory, std::function<QString()> language)
+    : PopMailNotification(memory, std::move(language), Pace{})
+{
+}
+
 PopMailNotification::PopMailNotification(const QString &memory, std::function<QString()> language,
-                                         QObject *parent)
-    : QObject(parent), seen_(memory), language_(std::move(language))
+                                         const Pace &pace)
+    : seen_(memory), language_(std::move(language)), pace_(pace)
 {
     next_.setSingleShot(true);
     connect(&next_, &QTimer::timeout, this, &PopMailNotification::check);
@@ -33,8 +33,9 @@ void PopMailNotification::setActivo(bool activo)
     clear();
     if (!activo) return;
     const auto last = lastGood_.constFind(mailbox());
-    const qint64 since = last == lastGood_.constEnd() ? afterGoodCheck.count() : last->elapsed();
-    next_.start(std::chrono::milliseconds(std::max<qint64>(0, afterGoodCheck.count() - since)));
+    const qint64 rest = pace_.afterGoodCheck.count();
+    const qint64 since = last == lastGood_.constEnd() ? rest : last->elapsed();
+    next_.start(std::chrono::milliseconds(std::max<qint64>(0, rest - since)));
 }
 
 void PopMailNotification::clear()
@@ -62,7 +63,7 @@ void PopMailNotification::check()
 {
     const auto server = MailServer::parse(server_);
     if (!server) return failed(MailError::Address);
-    check_ = new Pop3Check(*server, user_, password_, seen_.trust(mailbox()), Pop3Check::Limits{}, this);
+    check_ = new Pop3Check(*server, user_, password_, seen_.trust(mailbox()), pace_.limits, this);
     // A check that was stopped may still have a word on the way: only the present one is heard.
     connect(check_, &Pop3Check::succeeded, this,
             [this, mine = check_.data()](const Pop3Check::Result &result) {
@@ -86,15 +87,19 @@ void PopMailNotification::succeeded(const Pop3Check::Result &result)
     newMessages_ = static_cast<qint16>(
         std::min<int>(seen_.countNew(mailbox(), result), std::numeric_limits<qint16>::max()));
     seen_.remember(mailbox(), result.trust);
-    next_.start(std::max<std::chrono::milliseconds>(betweenChecks, std::chrono::seconds(result.loginDelay)));
+    next_.start(
+        std::max<std::chrono::milliseconds>(pace_.betweenChecks, std::chrono::seconds(result.loginDelay)));
 }
 
 void PopMailNotification::failed(MailError error)
 {
     if (check_) check_->deleteLater();
     check_ = nullptr;
-    next_.start(betweenChecks);
-    if (error == MailError::Busy && ++busy_[mailbox()] <= busyTimesTolerated) return;
+    next_.start(pace_.betweenChecks);
+    if (error != MailError::Busy)
+        busy_.remove(mailbox());
+    else if (++busy_[mailbox()] <= busyTimesTolerated)
+        return;
     error_ = error;
     newMessages_ = 0;
 }

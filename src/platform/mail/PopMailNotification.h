@@ -6,6 +6,7 @@
 #include "platform/mail/SeenMail.h"
 #include "platform/MailNotification.h"
 
+#include <chrono>
 #include <functional>
 #include <QElapsedTimer>
 #include <QHash>
@@ -17,9 +18,16 @@ class PopMailNotification final : public QObject, public MailNotification
 {
     Q_OBJECT
 public:
+    struct Pace {
+        std::chrono::milliseconds betweenChecks{60000};
+        std::chrono::milliseconds afterGoodCheck{15000}; // a server wants to be left alone for a while
+        Pop3Check::Limits limits;
+    };
+
     // The file remembers what was announced. The language of the error texts is asked for at each error, by
     // its identifier.
-    PopMailNotification(const QString &memory, std::function<QString()> language, QObject *parent = nullptr);
+    PopMailNotification(const QString &memory, std::function<QString()> language);
+    PopMailNotification(const QString &memory, std::function<QString()> language, const Pace &pace);
     ~PopMailNotification() override;
 
     void setActivo(bool activo) override;
@@ -41,6 +49,7 @@ private:
 
     SeenMail seen_;
     std::function<QString()> language_;
+    Pace pace_;
     QString server_, user_, password_;
 
     QPointer<Pop3Check> check_;
