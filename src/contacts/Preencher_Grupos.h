@@ -1,5 +1,5 @@
-// Fills a combo box with the groups that the session's user sees: the shared ones and his or her own, by
-// name.
+// Fills a combo box with the groups that the session's user sees, ordered by name: the shared ones and his or
+// her own.
 #pragma once
 
 class ComboBox;
