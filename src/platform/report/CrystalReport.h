@@ -17,7 +17,8 @@ class QWidget;
 class ReportPages;
 class ReportPrinter;
 class ReportPreview;
-struct ReportRows;
+enum class PrintResult;
+enum class ReportWord;
 
 class CrystalReport final : public QObject, public ReportControl
 {
@@ -51,12 +52,15 @@ public:
     ReportPreview *preview() const { return preview_; }
 
 private:
+    QWidget *frontWindow() const;
     std::shared_ptr<ReportPages> pages() const;
     void showPreview();
-    void print(const std::shared_ptr<ReportPages> &pages, QWidget *owner);
-    void savePdf(const std::shared_ptr<ReportPages> &pages, QWidget *owner);
+    void print(ReportPages &pages, QWidget *owner);
+    void savePdf(ReportPages &pages, QWidget *owner);
     void exportToFile();
-    QString suggestedFile(const QString &suffix) const;
+    void say(PrintResult result, QWidget *owner) const;
+    void say(ReportWord word, QWidget *owner) const;
+    QString suggestedFile(const QString &title, const QString &suffix) const;
 
     MessageBoxes &boxes_;
     Dialogs &dialogs_;

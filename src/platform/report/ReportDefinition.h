@@ -31,6 +31,7 @@ struct ReportElement {
 // Elements that stand side by side and go to the next page together, unless one of them grows.
 struct ReportRow {
     double height = 0;
+    double from = 0;       // begins no nearer than this to the beginning of its band
     bool closesUp = false; // takes no room when all its fields are empty
     bool grows() const;
     std::vector<ReportElement> elements;

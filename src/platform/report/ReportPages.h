@@ -5,9 +5,11 @@
 #include "platform/report/ReportData.h"
 #include "platform/report/ReportRows.h"
 
-#include <memory>
+#include <array>
 #include <optional>
 #include <QDate>
+#include <QFontMetricsF>
+#include <unordered_map>
 
 class QPainter;
 
@@ -18,7 +20,6 @@ public:
 
     ReportPages(ReportDefinition definition, ReportData data, QHash<QString, QString> parameters,
                 const QDate &today);
-    ~ReportPages();
     ReportPages(const ReportPages &) = delete;
     ReportPages &operator=(const ReportPages &) = delete;
 
@@ -45,14 +46,56 @@ public:
     ReportRows rows() const;
 
 private:
-    struct Place;
-    class Writer;
-    Place write(const Place &start, Writer *writer);
+    // Where a page begins: in the report header (band 0), in a record's detail, or in the report footer.
+    struct Place {
+        std::size_t band = 0;
+        std::size_t row = 0;
+        std::size_t line = 0; // of the row's growing texts
+    };
+    struct Metrics {
+        explicit Metrics(const QFont &font);
+        double advance(const QString &text) const;
+        QFontMetricsF font;
+        double spacing;
+        std::array<double, 128> advances; // of the plain characters, which most texts consist of
+    };
+    // What is painted on and where; nothing while pages are only counted.
+    struct Canvas;
+
+    Place write(const Place &start, const Canvas *canvas) const;
+    bool writeRow(const ReportRow &row, Place &place, double &y, const Canvas *canvas) const;
+    bool writeGrowingRow(const ReportRow &row, Place &place, double &y, const Canvas *canvas) const;
+    void writeFixed(const ReportBand &band, double y, const Canvas &canvas) const;
+
+    std::size_t lastBand() const { return data_.size() + 1; }
+    const ReportBand &bandAt(std::size_t band) const;
+    // The record that a band shows, or stands next to; none in a report without one.
+    std::optional<std::size_t> recordOf(std::size_t band) const;
+    bool closedUp(const ReportRow &row, std::size_t band) const;
+    double fixedHeight(const ReportBand &band, std::size_t number) const;
+
+    QString textOf(const ReportText &text, std::size_t band, const Canvas *canvas) const;
+    const Metrics &metrics(const ReportElement &element) const;
+    QStringList lines(const ReportElement &element, const QString &text) const;
+    const QStringList &grownLines(const ReportElement &element, std::size_t band) const;
+
+    void paintElement(const ReportElement &element, std::size_t band, double y, const Canvas &canvas) const;
+    void paintText(const ReportElement &element, const QStringList &lines, double y,
+                   const Canvas &canvas) const;
+    void paintPicture(const ReportElement &element, const QString &file, double y,
+                      const Canvas &canvas) const;
+    QStringList fixedLines(const ReportElement &element, const QString &text) const;
 
     ReportDefinition definition_;
     ReportData data_;
     QHash<QString, QString> parameters_;
     QString today_;
-    std::vector<Place> starts_; // of each page found
+    std::vector<Place> starts_{Place{}}; // of each page found
+    Place next_;                         // where the page behind the last one found begins
     bool complete_ = false;
+
+    mutable std::unordered_map<const ReportElement *, Metrics> metrics_;
+    // The lines of the growing texts of one record, since a long one is asked for on each of its pages.
+    mutable std::size_t grownBand_ = 0;
+    mutable std::unordered_map<const ReportElement *, QStringList> grown_;
 };

@@ -43,7 +43,9 @@ private:
     struct Part {
         enum Kind { Literal, Field, Parameter, Page, Pages, Date };
         enum Format { Plain, AsDate, AsTime };
-        Kind kind = Literal;
+        explicit Part(Kind of, QString literal = {}) : kind(of), text(std::move(literal)) {}
+
+        Kind kind;
         QString text; // the literal, or the beginning of a parameter's name
         std::size_t field = 0;
         Format format = Plain;

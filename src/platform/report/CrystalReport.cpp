@@ -1,0 +1,198 @@
+#include "platform/report/CrystalReport.h"
+
+#include "platform/Clock.h"
+#include "platform/Dialogs.h"
+#include "platform/Failure.h"
+#include "platform/MessageBoxes.h"
+#include "platform/report/ReportExport.h"
+#include "platform/report/ReportPages.h"
+#include "platform/report/ReportPreview.h"
+#include "platform/report/ReportPrinting.h"
+#include "platform/report/ReportWords.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QProgressDialog>
+#include <QStandardPaths>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+// "name;value;TRUE"; a value may hold a semicolon of its own.
+std::pair<QString, QString> parameterOf(const QString &field)
+{
+    const qsizetype first = field.indexOf(u';');
+    const qsizetype last = field.lastIndexOf(u';');
+    if (first <= 0 || last == first)
+        throw Failure(Failure::InvalidPropertyValue, u"CrystalReport"_s, u"No parameter: %1"_s.arg(field));
+    return {field.left(first), field.mid(first + 1, last - first - 1)};
+}
+
+// A bar with a cancel, for as long as pages are written; it comes only when that takes a while.
+class Progress
+{
+public:
+    Progress(const QString &title, const QString &language, QWidget *owner)
+        : text_(reportWord(ReportWord::Printing, language)),
+          dialog_({}, reportWord(ReportWord::Cancel, language), 0, 0, owner)
+    {
+        dialog_.setWindowTitle(title);
+        dialog_.setWindowModality(owner ? Qt::WindowModal : Qt::ApplicationModal);
+        dialog_.setMinimumDuration(600);
+    }
+
+    bool operator()(int page, int pages)
+    {
+        dialog_.setMaximum(pages);
+        dialog_.setLabelText(text_.arg(page + 1).arg(pages));
+        dialog_.setValue(page);
+        return !dialog_.wasCanceled();
+    }
+
+private:
+    QString text_;
+    QProgressDialog dialog_;
+};
+
+struct FileKind {
+    const char16_t *filter;
+    const char16_t *suffix;
+};
+
+FileKind fileKind(int type)
+{
+    switch (type) {
+    case ReportControl::Spreadsheet:
+        return {u"Excel|*.xls", u"xls"};
+    case ReportControl::Document:
+        return {u"Word|*.doc", u"doc"};
+    default:
+        return {u"Texto|*.txt", u"txt"};
+    }
+}
+} // namespace
+
+CrystalReport::CrystalReport(MessageBoxes &boxes, Dialogs &dialogs, const Clock &clock,
+                             std::function<QString()> language, QWidget *owner,
+                             std::unique_ptr<ReportPrinter> printer)
+    : boxes_(boxes),
+      dialogs_(dialogs),
+      clock_(clock),
+      language_(std::move(language)),
+      owner_(owner),
+      printer_(printer ? std::move(printer) : std::make_unique<DesktopReportPrinter>())
+{
+}
+
+CrystalReport::~CrystalReport() { delete preview_; }
+
+void CrystalReport::PrinterSelect() { printer_->choose(frontWindow()); }
+
+void CrystalReport::setAction(int action)
+{
+    constexpr int run = 1;
+    if (action != run) return;
+    switch (destination_) {
+    case Screen:
+        return showPreview();
+    case Printer:
+        return print(*pages(), frontWindow());
+    case File:
+        return exportToFile();
+    default:
+        throw Failure(Failure::InvalidPropertyValue, u"CrystalReport"_s,
+                      u"There is no destination %1"_s.arg(destination_));
+    }
+}
+
+// What stands in front and so must own whatever opens now, or it would open behind a modal form.
+QWidget *CrystalReport::frontWindow() const
+{
+    QWidget *modal = QApplication::activeModalWidget();
+    return modal ? modal : owner_;
+}
+
+std::shared_ptr<ReportPages> CrystalReport::pages() const
+{
+    const ReportDefinition definition = readReportDefinition(reportFileName_);
+    const auto table = dataFiles_.find(0);
+    const QString &database =
+        table != dataFiles_.end() && !table->second.isEmpty() ? table->second : connect_;
+    QStringList sort;
+    for (const auto &[index, field] : sortFields_)
+        if (!field.isEmpty()) sort << field;
+    QHash<QString, QString> parameters;
+    for (const auto &[index, field] : parameterFields_)
+        parameters.insert(parameterOf(field).first, parameterOf(field).second);
+    ReportData data(definition, database, selectionFormula_, sort);
+    return std::make_shared<ReportPages>(definition, std::move(data), std::move(parameters), clock_.today());
+}
+
+void CrystalReport::showPreview()
+{
+    const std::shared_ptr<ReportPages> shown = pages();
+    delete preview_;
+    preview_ =
+        new ReportPreview(shown, {language_(), printButton_, refreshButton_, searchButton_}, frontWindow());
+    preview_->setWindowTitle(windowTitle_);
+    if (preview_->parentWidget()) preview_->setWindowModality(Qt::WindowModal);
+    connect(preview_, &ReportPreview::printWanted, this, [this] {
+        const PrintResult chosen = printer_->choose(preview_);
+        if (chosen == PrintResult::Done)
+            print(*preview_->pages(), preview_);
+        else
+            say(chosen, preview_);
+    });
+    connect(preview_, &ReportPreview::pdfWanted, this, [this] { savePdf(*preview_->pages(), preview_); });
+    connect(preview_, &ReportPreview::refreshWanted, this, [this] { preview_->setPages(pages()); });
+    if (windowState_ == maximised)
+        preview_->showMaximized();
+    else
+        preview_->show();
+}
+
+void CrystalReport::print(ReportPages &pages, QWidget *owner)
+{
+    Progress progress(windowTitle_, language_(), owner);
+    say(printer_->print(pages, pages.definition().title, std::ref(progress)), owner);
+}
+
+void CrystalReport::savePdf(ReportPages &pages, QWidget *owner)
+{
+    const auto path =
+        dialogs_.saveFile(u"PDF|*.pdf"_s, suggestedFile(pages.definition().title, u"pdf"_s), owner);
+    if (!path) return;
+    Progress progress(windowTitle_, language_(), owner);
+    if (writePdf(pages, pages.definition().title, *path, std::ref(progress)) == PrintResult::Rejected)
+        say(ReportWord::NotWritten, owner);
+}
+
+void CrystalReport::exportToFile()
+{
+    const std::shared_ptr<ReportPages> exported = pages();
+    const FileKind kind = fileKind(printFileType_);
+    const QString suffix = QString::fromUtf16(kind.suffix);
+    const auto path = dialogs_.saveFile(QString::fromUtf16(kind.filter),
+                                        suggestedFile(exported->definition().title, suffix), frontWindow());
+    if (path) exportReport(printFileType_, exported->rows(), *path);
+}
+
+// Of what went well and of a cancel there is nothing to say.
+void CrystalReport::say(PrintResult result, QWidget *owner) const
+{
+    if (result == PrintResult::NoPrinter) say(ReportWord::NoPrinter, owner);
+    if (result == PrintResult::Rejected) say(ReportWord::Rejected, owner);
+}
+
+void CrystalReport::say(ReportWord word, QWidget *owner) const
+{
+    boxes_.show(reportWord(word, language_()), box::exclamation, windowTitle_, owner);
+}
+
+// In the folder where the desktop's users keep their documents.
+QString CrystalReport::suggestedFile(const QString &title, const QString &suffix) const
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QDir(folder).filePath(title + u'.' + suffix);
+}

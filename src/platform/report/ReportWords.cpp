@@ -1,0 +1,84 @@
+#include "platform/report/ReportWords.h"
+
+#include <array>
+
+namespace
+{
+enum Language { Pt, Br, En, Es, It, Fr, De, Languages };
+
+struct Words {
+    ReportWord word;
+    std::array<const char16_t *, Languages> texts;
+};
+
+using enum ReportWord;
+constexpr std::array table{
+    Words{First,
+          {u"Primeira página", u"Primeira página", u"First page", u"Primera página", u"Prima pagina",
+           u"Première page", u"Erste Seite"}},
+    Words{Previous,
+          {u"Página anterior", u"Página anterior", u"Previous page", u"Página anterior", u"Pagina precedente",
+           u"Page précédente", u"Vorige Seite"}},
+    Words{Next,
+          {u"Página seguinte", u"Próxima página", u"Next page", u"Página siguiente", u"Pagina successiva",
+           u"Page suivante", u"Nächste Seite"}},
+    Words{Last,
+          {u"Última página", u"Última página", u"Last page", u"Última página", u"Ultima pagina",
+           u"Dernière page", u"Letzte Seite"}},
+    Words{Page, {u"Página", u"Página", u"Page", u"Página", u"Pagina", u"Page", u"Seite"}},
+    Words{ZoomIn,
+          {u"Ampliar", u"Ampliar", u"Zoom in", u"Ampliar", u"Ingrandisci", u"Agrandir", u"Vergrößern"}},
+    Words{ZoomOut, {u"Reduzir", u"Reduzir", u"Zoom out", u"Reducir", u"Riduci", u"Réduire", u"Verkleinern"}},
+    Words{FitWidth,
+          {u"Largura da página", u"Largura da página", u"Page width", u"Ancho de página", u"Larghezza pagina",
+           u"Largeur de page", u"Seitenbreite"}},
+    Words{WholePage,
+          {u"Página inteira", u"Página inteira", u"Whole page", u"Página completa", u"Pagina intera",
+           u"Page entière", u"Ganze Seite"}},
+    Words{Print, {u"Imprimir", u"Imprimir", u"Print", u"Imprimir", u"Stampa", u"Imprimer", u"Drucken"}},
+    Words{SavePdf,
+          {u"Guardar como PDF", u"Salvar como PDF", u"Save as PDF", u"Guardar como PDF", u"Salva come PDF",
+           u"Enregistrer en PDF", u"Als PDF speichern"}},
+    Words{Refresh,
+          {u"Actualizar", u"Atualizar", u"Refresh", u"Actualizar", u"Aggiorna", u"Actualiser",
+           u"Aktualisieren"}},
+    Words{Search, {u"Procurar", u"Procurar", u"Find", u"Buscar", u"Trova", u"Rechercher", u"Suchen"}},
+    Words{Close, {u"Fechar", u"Fechar", u"Close", u"Cerrar", u"Chiudi", u"Fermer", u"Schließen"}},
+    Words{Printing,
+          {u"A escrever a página %1 de %2", u"Escrevendo a página %1 de %2", u"Writing page %1 of %2",
+           u"Escribiendo la página %1 de %2", u"Scrittura della pagina %1 di %2",
+           u"Écriture de la page %1 sur %2", u"Seite %1 von %2 wird geschrieben"}},
+    Words{Cancel, {u"Cancelar", u"Cancelar", u"Cancel", u"Cancelar", u"Annulla", u"Annuler", u"Abbrechen"}},
+    Words{NoPrinter,
+          {u"Não há nenhuma impressora instalada.", u"Não há nenhuma impressora instalada.",
+           u"No printer is installed.", u"No hay ninguna impresora instalada.",
+           u"Nessuna stampante installata.", u"Aucune imprimante n’est installée.",
+           u"Es ist kein Drucker installiert."}},
+    Words{Rejected,
+          {u"A impressora recusou o trabalho.", u"A impressora recusou o trabalho.",
+           u"The printer refused the job.", u"La impresora rechazó el trabajo.",
+           u"La stampante ha rifiutato il lavoro.", u"L’imprimante a refusé la tâche.",
+           u"Der Drucker hat den Auftrag abgelehnt."}},
+    Words{NotWritten,
+          {u"Não foi possível gravar o ficheiro.", u"Não foi possível gravar o arquivo.",
+           u"The file could not be written.", u"No se pudo guardar el archivo.",
+           u"Impossibile salvare il file.", u"Impossible d’enregistrer le fichier.",
+           u"Die Datei konnte nicht geschrieben werden."}},
+};
+
+Language languageOf(const QString &name)
+{
+    constexpr std::array names{"PortuguesPT", "PortuguesBR", "InglesUK", "EspanholES",
+                               "ItalianoIT",  "FrancesFR",   "AlemaoDE"};
+    for (std::size_t i = 0; i < names.size(); ++i)
+        if (name == QLatin1String(names[i])) return static_cast<Language>(i);
+    return En;
+}
+} // namespace
+
+QString reportWord(ReportWord word, const QString &language)
+{
+    for (const Words &words : table)
+        if (words.word == word) return QString::fromUtf16(words.texts[languageOf(language)]);
+    return {};
+}
