@@ -87,6 +87,8 @@ CrystalReport::CrystalReport(MessageBoxes &boxes, Dialogs &dialogs, const Clock 
 
 CrystalReport::~CrystalReport() { delete preview_; }
 
+ReportPreview *CrystalReport::preview() const { return preview_; }
+
 void CrystalReport::PrinterSelect() { printer_->choose(frontWindow()); }
 
 void CrystalReport::setAction(int action)

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/report/ReportControl.h"
+#include "platform/report/ReportPrinting.h"
 
 #include <functional>
 #include <map>
@@ -15,9 +16,7 @@ class Dialogs;
 class MessageBoxes;
 class QWidget;
 class ReportPages;
-class ReportPrinter;
 class ReportPreview;
-enum class PrintResult;
 enum class ReportWord;
 
 class CrystalReport final : public QObject, public ReportControl
@@ -49,7 +48,7 @@ public:
     void setAction(int action) override;
 
     // The preview window of the last run, as long as it is open.
-    ReportPreview *preview() const { return preview_; }
+    ReportPreview *preview() const;
 
 private:
     QWidget *frontWindow() const;

@@ -49,7 +49,7 @@ private:
             (!lookup.field.isEmpty() && !has(definition_.table, lookup.field)))
             raise(u"The look-up of %1 names a field that isn't there: %2"_s.arg(lookup.table, missing));
         const QString other = lookup.field.isEmpty() ? quotedText(lookup.value) : own(lookup.field);
-        return u"(SELECT %1 FROM %2 AS found WHERE found.%3 = %4 LIMIT 1)"_s.arg(
+        return u"(SELECT %1 FROM %2 AS found WHERE found.%3 = %4 LIMIT 1) COLLATE MORVEX"_s.arg(
             u"found."_s + quoted(column), quoted(lookup.table), quoted(lookup.key), other);
     }
 

@@ -62,7 +62,11 @@ int ReportView::page() const
     return pages_ ? std::clamp((middle - gap) / stride(), 0, pages_->found() - 1) : 0;
 }
 
-void ReportView::goTo(int page) { verticalScrollBar()->setValue(page * stride()); }
+void ReportView::goTo(int page)
+{
+    arrange(); // a search may have found more pages
+    verticalScrollBar()->setValue(page * stride());
+}
 
 void ReportView::zoomBy(double factor) { setZoom(zoom_ * factor, Free); }
 

@@ -1,0 +1,366 @@
+// The report control: where a run goes, what it keeps, what it says when it can't.
+#include "platform/report/CrystalReport.h"
+#include "platform/report/ReportPages.h"
+#include "platform/report/ReportPreview.h"
+#include "platform/report/ReportPrinting.h"
+#include "platform/report/ReportView.h"
+#include "platform/report/ReportWords.h"
+#include "platform/store/NewDatabase.h"
+#include "testlib/Teste.h"
+
+#include <memory>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QSpinBox>
+#include <QTemporaryDir>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+// A printer that keeps the records that it was given.
+class ImpressoraFalsa final : public ReportPrinter
+{
+public:
+    PrintResult choose(QWidget *) override
+    {
+        historia << u"choose"_s;
+        return escolha;
+    }
+    PrintResult print(ReportPages &pages, const QString &title, const PageWatch &watch) override
+    {
+        historia << u"print %1 %2"_s.arg(title).arg(pages.data().size());
+        return watch(0, pages.found()) ? resultado : PrintResult::Cancelled;
+    }
+
+    QStringList historia;
+    PrintResult escolha = PrintResult::Done;
+    PrintResult resultado = PrintResult::Done;
+};
+
+template<class T> T *Parte(const QWidget &janela, const char *nome)
+{
+    T *parte = janela.findChild<T *>(QLatin1StringView(nome));
+    if (!parte) qFatal("there is no %s", nome);
+    return parte;
+}
+} // namespace
+
+class TestCrystalReport : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir folder_;
+    QString idioma_;
+    std::unique_ptr<CaixasFalsas> caixas_;
+    DialogosFalsos dialogos_;
+    RelogioFalso relogio_{QDateTime({2027, 2, 1}, {9, 0})};
+    ImpressoraFalsa *impressora_ = nullptr;
+    std::unique_ptr<CrystalReport> controlo_;
+
+    QString Caminho(const QString &nome) const { return folder_.filePath(nome); }
+
+    void Correr(int destino)
+    {
+        controlo_->setDestination(destino);
+        controlo_->setAction(1);
+    }
+    ReportPreview &Pre_Visualizar()
+    {
+        Correr(ReportControl::Screen);
+        if (!controlo_->preview()) qFatal("no preview came");
+        return *controlo_->preview();
+    }
+    static void Accionar(const ReportPreview &janela, const char *nome)
+    {
+        Parte<QAction>(janela, nome)->trigger();
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        createDatabase(Caminho(u"base.mdb"_s),
+                       {u"CREATE TABLE T (ID INTEGER PRIMARY KEY, Nome TEXT) STRICT"_s,
+                        u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 500) "
+                        "INSERT INTO T SELECT i, 'Nome ' || i FROM n"_s});
+        QFile file(Caminho(u"r.rpt"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("<report title='Lista' table='T'><parameter name='p' default='d'/>"
+                   "<detail><row height='800'><text width='5000' height='300' "
+                   "head='{?p}'>{T.Nome}</text></row></detail>"
+                   "</report>");
+    }
+    void init()
+    {
+        idioma_ = u"PortuguesPT"_s;
+        caixas_ = std::make_unique<CaixasFalsas>();
+        auto impressora = std::make_unique<ImpressoraFalsa>();
+        impressora_ = impressora.get();
+        controlo_ = std::make_unique<CrystalReport>(
+            *caixas_, dialogos_, relogio_, [this] { return idioma_; }, nullptr, std::move(impressora));
+        controlo_->setReportFileName(Caminho(u"r.rpt"_s));
+        controlo_->setConnect(Caminho(u"base.mdb"_s));
+        controlo_->setDataFiles(0, Caminho(u"base.mdb"_s));
+        controlo_->setSortFields(0, u"+{T.Nome}"_s);
+        controlo_->setWindowTitle(u"Pré-Visualizar"_s);
+        dialogos_.perguntas.clear();
+    }
+    void cleanup() { controlo_.reset(); }
+
+    void so_a_accao_um_corre()
+    {
+        controlo_->setDestination(ReportControl::Printer);
+        controlo_->setAction(0);
+        QVERIFY(impressora_->historia.isEmpty());
+        controlo_->setAction(1);
+        QCOMPARE(impressora_->historia, QStringList{u"print Lista 500"_s});
+    }
+    void a_seleccao_vale_ate_a_proxima()
+    {
+        controlo_->ReplaceSelectionFormula(u"{T.ID} =7"_s);
+        Correr(ReportControl::Printer);
+        Correr(ReportControl::Printer);
+        controlo_->ReplaceSelectionFormula({});
+        Correr(ReportControl::Printer);
+        QCOMPARE(impressora_->historia,
+                 (QStringList{u"print Lista 1"_s, u"print Lista 1"_s, u"print Lista 500"_s}));
+    }
+    void desistir_da_impressora_nao_trava_a_corrida()
+    {
+        impressora_->escolha = PrintResult::Cancelled;
+        controlo_->PrinterSelect();
+        Correr(ReportControl::Printer);
+        QCOMPARE(impressora_->historia, (QStringList{u"choose"_s, u"print Lista 500"_s}));
+    }
+    void o_que_a_impressora_nao_fez_e_dito_data()
+    {
+        QTest::addColumn<PrintResult>("result");
+        QTest::addColumn<QString>("language");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("no printer") << PrintResult::NoPrinter << u"PortuguesPT"_s
+                                    << u"Não há nenhuma impressora instalada."_s;
+        QTest::newRow("rejected") << PrintResult::Rejected << u"AlemaoDE"_s
+                                  << u"Der Drucker hat den Auftrag abgelehnt."_s;
+    }
+    void o_que_a_impressora_nao_fez_e_dito()
+    {
+        QFETCH(PrintResult, result);
+        QFETCH(QString, language);
+        QFETCH(QString, text);
+        idioma_ = language;
+        impressora_->resultado = result;
+        caixas_->Espera(text, box::exclamation, u"Pré-Visualizar"_s);
+        Correr(ReportControl::Printer);
+        QVERIFY(caixas_->Todas_Vistas());
+    }
+    void uma_impressao_cancelada_nao_diz_nada()
+    {
+        impressora_->resultado = PrintResult::Cancelled;
+        Correr(ReportControl::Printer);
+        QCOMPARE(impressora_->historia.size(), 1);
+    }
+
+    void um_relatorio_que_falta_e_uma_falha()
+    {
+        controlo_->setReportFileName(Caminho(u".rpt"_s));
+        VERIFICAR_FALHA(Correr(ReportControl::Screen), Failure::FileNotFound);
+        QVERIFY(!controlo_->preview());
+    }
+    void uma_base_que_falta_e_uma_falha()
+    {
+        controlo_->setDataFiles(0, Caminho(u"nada.mdb"_s));
+        VERIFICAR_FALHA(Correr(ReportControl::Screen), Failure::StoreError);
+    }
+    void um_parametro_mal_escrito_e_uma_falha()
+    {
+        controlo_->setParameterFields(0, u"p"_s);
+        VERIFICAR_FALHA(Correr(ReportControl::Screen), Failure::InvalidPropertyValue);
+    }
+    void um_destino_desconhecido_e_uma_falha() { VERIFICAR_FALHA(Correr(9), Failure::InvalidPropertyValue); }
+    void sem_ficheiro_de_dados_vale_a_ligacao()
+    {
+        controlo_->setDataFiles(0, {});
+        Correr(ReportControl::Printer);
+        QCOMPARE(impressora_->historia, QStringList{u"print Lista 500"_s});
+    }
+    void um_parametro_pode_ter_ponto_e_virgula()
+    {
+        controlo_->setParameterFields(0, u"p;a;b;TRUE"_s);
+        QCOMPARE(Pre_Visualizar().pages()->rows().heads, QStringList{u"a;b"_s});
+    }
+
+    void a_previsualizacao_tem_o_seu_titulo_e_abre_no_estado_dado()
+    {
+        QVERIFY(!Pre_Visualizar().isMaximized());
+        controlo_->setWindowState(ReportControl::maximised);
+        const ReportPreview &janela = Pre_Visualizar();
+        QVERIFY(janela.isVisible() && janela.isMaximized());
+        QCOMPARE(janela.windowTitle(), u"Pré-Visualizar"_s);
+    }
+    void conta_as_paginas_enquanto_se_olha()
+    {
+        const ReportPreview &janela = Pre_Visualizar();
+        QCOMPARE(janela.pages()->found(), 1);
+        QTRY_VERIFY(janela.pages()->complete());
+        QCOMPARE(Parte<QLabel>(janela, "count")->text().trimmed(), u"/ %1"_s.arg(janela.pages()->found()));
+        QCOMPARE(Parte<QSpinBox>(janela, "page")->maximum(), janela.pages()->found());
+    }
+    void anda_se_de_pagina_em_pagina()
+    {
+        const ReportPreview &janela = Pre_Visualizar();
+        QTRY_VERIFY(janela.pages()->complete());
+        const int ultima = janela.pages()->found();
+        QSpinBox *pagina = Parte<QSpinBox>(janela, "page");
+        QVERIFY(ultima > 3);
+        QVERIFY(!Parte<QAction>(janela, "first")->isEnabled());
+        Accionar(janela, "next");
+        QCOMPARE(pagina->value(), 2);
+        Accionar(janela, "previous");
+        QCOMPARE(pagina->value(), 1);
+        Accionar(janela, "last");
+        QCOMPARE(pagina->value(), ultima);
+        QVERIFY(!Parte<QAction>(janela, "next")->isEnabled());
+        pagina->setValue(3);
+        QCOMPARE(janela.findChild<ReportView *>()->page(), 2);
+        Accionar(janela, "first");
+        QCOMPARE(pagina->value(), 1);
+    }
+    void o_zoom_fica_na_mesma_pagina()
+    {
+        const ReportPreview &janela = Pre_Visualizar();
+        QTRY_VERIFY(janela.pages()->complete());
+        auto *vista = janela.findChild<ReportView *>();
+        vista->goTo(5);
+        const double inteira = vista->zoom();
+        Accionar(janela, "zoomIn");
+        QVERIFY(vista->zoom() > inteira);
+        QCOMPARE(vista->page(), 5);
+        Accionar(janela, "zoomOut");
+        QCOMPARE(vista->zoom(), inteira);
+        Accionar(janela, "fitWidth");
+        QVERIFY(vista->zoom() > inteira);
+        QCOMPARE(vista->page(), 5);
+        Accionar(janela, "wholePage");
+        QCOMPARE(vista->zoom(), inteira);
+    }
+    void a_roda_com_ctrl_muda_o_zoom()
+    {
+        const ReportPreview &janela = Pre_Visualizar();
+        auto *vista = janela.findChild<ReportView *>();
+        const double antes = vista->zoom();
+        const auto rodar = [&](int quanto) {
+            QWheelEvent roda({10, 10}, vista->mapToGlobal(QPointF(10, 10)), {}, {0, quanto}, Qt::NoButton,
+                             Qt::ControlModifier, Qt::NoScrollPhase, false);
+            QCoreApplication::sendEvent(vista->viewport(), &roda);
+        };
+        rodar(120);
+        QVERIFY(vista->zoom() > antes);
+        rodar(-120);
+        QCOMPARE(vista->zoom(), antes);
+    }
+    void esc_fecha()
+    {
+        ReportPreview &janela = Pre_Visualizar();
+        QTest::keyClick(&janela, Qt::Key_Escape);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!controlo_->preview());
+    }
+    void so_ha_uma_janela_de_cada_vez()
+    {
+        const QPointer<ReportPreview> primeira = &Pre_Visualizar();
+        Pre_Visualizar();
+        QVERIFY(!primeira);
+    }
+    void imprime_se_da_previsualizacao_depois_de_escolher_a_impressora()
+    {
+        Accionar(Pre_Visualizar(), "print");
+        QCOMPARE(impressora_->historia, (QStringList{u"choose"_s, u"print Lista 500"_s}));
+    }
+    void desistir_na_previsualizacao_nao_imprime()
+    {
+        impressora_->escolha = PrintResult::Cancelled;
+        Accionar(Pre_Visualizar(), "print");
+        QCOMPARE(impressora_->historia, QStringList{u"choose"_s});
+    }
+    void sem_impressora_a_previsualizacao_di_lo()
+    {
+        impressora_->escolha = PrintResult::NoPrinter;
+        caixas_->Espera(u"Não há nenhuma impressora instalada."_s, box::exclamation, u"Pré-Visualizar"_s);
+        Accionar(Pre_Visualizar(), "print");
+        QVERIFY(caixas_->Todas_Vistas());
+    }
+    void guarda_se_como_pdf()
+    {
+        dialogos_.textos = {Caminho(u"saida.pdf"_s)};
+        Accionar(Pre_Visualizar(), "pdf");
+        QVERIFY(dialogos_.perguntas.value(0).contains(u"Lista.pdf"_s));
+        QFile pdf(Caminho(u"saida.pdf"_s));
+        QVERIFY(pdf.open(QIODevice::ReadOnly));
+        QVERIFY(pdf.readAll().startsWith("%PDF"));
+    }
+    void um_pdf_que_nao_se_grava_e_dito()
+    {
+        dialogos_.textos = {Caminho(u"nada/saida.pdf"_s)};
+        caixas_->Espera(u"Não foi possível gravar o ficheiro."_s, box::exclamation, u"Pré-Visualizar"_s);
+        Accionar(Pre_Visualizar(), "pdf");
+        QVERIFY(caixas_->Todas_Vistas());
+    }
+    void os_botoes_da_janela_sao_os_pedidos()
+    {
+        controlo_->setWindowShowPrintBtn(false);
+        controlo_->setWindowShowRefreshBtn(true);
+        controlo_->setWindowShowSearchBtn(true);
+        const ReportPreview &janela = Pre_Visualizar();
+        QVERIFY(!Parte<QAction>(janela, "print")->isVisible());
+        QVERIFY(Parte<QAction>(janela, "refresh")->isVisible());
+        QVERIFY(Parte<QLineEdit>(janela, "search")->isVisible());
+    }
+    void actualizar_le_os_dados_de_novo()
+    {
+        controlo_->setWindowShowRefreshBtn(true);
+        const ReportPreview &janela = Pre_Visualizar();
+        const auto antes = janela.pages();
+        Accionar(janela, "refresh");
+        QVERIFY(janela.pages() != antes);
+        QCOMPARE(janela.pages()->data().size(), 500U);
+    }
+    void procurar_vai_a_pagina_do_registo()
+    {
+        controlo_->setSortFields(0, u"+{T.ID}"_s);
+        controlo_->setWindowShowSearchBtn(true);
+        const ReportPreview &janela = Pre_Visualizar();
+        auto *texto = Parte<QLineEdit>(janela, "search");
+        texto->setText(u"nome 499"_s);
+        QTest::keyClick(texto, Qt::Key_Return);
+        QTRY_COMPARE(janela.findChild<ReportView *>()->page(), janela.pages()->pageOf(498));
+    }
+    void fala_a_lingua_escolhida()
+    {
+        idioma_ = u"AlemaoDE"_s;
+        const ReportPreview &janela = Pre_Visualizar();
+        QCOMPARE(Parte<QAction>(janela, "wholePage")->text(), u"Ganze Seite"_s);
+    }
+
+    void uma_exportacao_pergunta_pelo_ficheiro_e_escreve_o()
+    {
+        controlo_->ReplaceSelectionFormula(u"{T.ID}=7"_s);
+        controlo_->setPrintFileType(ReportControl::Text);
+        dialogos_.textos = {Caminho(u"saida.txt"_s)};
+        Correr(ReportControl::File);
+        QVERIFY(dialogos_.perguntas.value(0).contains(u"Lista.txt"_s));
+        QFile saida(Caminho(u"saida.txt"_s));
+        QVERIFY(saida.open(QIODevice::ReadOnly));
+        QVERIFY(saida.readAll().contains("Nome 7"));
+    }
+    void desistir_da_exportacao_nao_escreve_nada()
+    {
+        dialogos_.textos = {std::nullopt};
+        Correr(ReportControl::File);
+        QCOMPARE(dialogos_.perguntas.size(), 1);
+    }
+};
+
+MORVEX_TESTE(TestCrystalReport)
+#include "test_CrystalReport.moc"

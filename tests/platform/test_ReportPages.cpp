@@ -1,0 +1,334 @@
+// Reports on their pages: what stands on which page, where lines break, what closes up. The text is read back
+// from PDF files that the pages were painted into.
+#include "platform/report/ReportPages.h"
+#include "platform/report/ReportPrinting.h"
+#include "platform/store/Connection.h"
+#include "platform/store/NewDatabase.h"
+#include "testlib/Teste.h"
+
+#include <memory>
+#include <QFile>
+#include <QPainter>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+
+using namespace Qt::StringLiterals;
+
+class TestReportPages : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir folder_;
+    std::unique_ptr<Connection> database_;
+
+    QString Base() const { return folder_.filePath(u"base.mdb"_s); }
+
+    void Juntar(const QString &nome, const QString &obs, const QString &foto = {})
+    {
+        database_->execute(u"INSERT INTO T (Nome, Obs, Foto) VALUES (?, ?, ?)"_s, {nome, obs, foto});
+    }
+    void Juntar_Muitos(int quantos)
+    {
+        database_->execute(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < ?) "
+                           "INSERT INTO T (Nome, Obs, Foto) SELECT 'Nome ' || i, '', '' FROM n"_s,
+                           {qint64{quantos}});
+    }
+    // A page of 10,000 twips between page header and footer of 500 each, with this inside.
+    std::unique_ptr<ReportPages> Relatorio(const QString &faixas,
+                                           const QHash<QString, QString> &parametros = {})
+    {
+        const QString path = folder_.filePath(u"r.rpt"_s);
+        QFile file(path);
+        if (file.open(QIODevice::WriteOnly))
+            file.write((u"<report title='Titulo' table='T'>"
+                        "<paper left='1000' right='1000' top='3000' bottom='2840'/>"
+                        "<parameter name='rotulo' default='Rotulo'/><parameter name='mes05' default='Maio'/>"
+                        "<pageheader height='500'/>"_s +
+                        faixas + u"<pagefooter height='500'/></report>"_s)
+                           .toUtf8());
+        file.close();
+        ReportDefinition definition = readReportDefinition(path);
+        ReportData data(definition, Base(), {}, {});
+        return std::make_unique<ReportPages>(std::move(definition), std::move(data), parametros,
+                                             QDate(2027, 2, 1));
+    }
+    // The pages of a report as a PDF reader sees them; nothing where there is no such reader.
+    QStringList Texto_Das_Paginas(ReportPages &pages)
+    {
+        const QString pdf = folder_.filePath(u"r.pdf"_s);
+        if (writePdf(pages, u"Titulo"_s, pdf, [](int, int) { return true; }) != PrintResult::Done) return {};
+        QProcess reader;
+        reader.start(u"pdftotext"_s, {u"-layout"_s, u"-enc"_s, u"UTF-8"_s, pdf, u"-"_s});
+        reader.waitForFinished();
+        QStringList texts = QString::fromUtf8(reader.readAllStandardOutput()).split(u'\f');
+        texts.removeLast(); // behind the last page's end
+        for (QString &text : texts)
+            text = text.simplified();
+        return texts;
+    }
+    bool Ha_Leitor() const { return !QStandardPaths::findExecutable(u"pdftotext"_s).isEmpty(); }
+
+    QImage Pintar(ReportPages &pages, int page, ReportPages::Medium medium) const
+    {
+        constexpr double scale = 0.05;
+        QImage image((pages.paper() * scale).toSize(), QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        painter.scale(scale, scale);
+        pages.paint(painter, page, medium);
+        return image;
+    }
+    static QImage Folha_Branca(const QImage &como)
+    {
+        QImage branca(como.size(), como.format());
+        branca.fill(Qt::white);
+        return branca;
+    }
+
+    static constexpr QLatin1StringView uma_linha{
+        "<detail><row height='1000'><text width='5000' height='300'>{T.Nome}</text></row></detail>"};
+
+private Q_SLOTS:
+    void init()
+    {
+        database_.reset();
+        QFile::remove(Base());
+        createDatabase(Base(),
+                       {u"CREATE TABLE T (ID INTEGER PRIMARY KEY, Nome TEXT, Obs TEXT, Foto TEXT) STRICT"_s});
+        database_ = std::make_unique<Connection>();
+        database_->setConnectionString(u"Data Source='%1'"_s.arg(Base()));
+        database_->Open();
+    }
+
+    void sem_registos_ha_uma_pagina()
+    {
+        const auto pages = Relatorio(uma_linha);
+        QVERIFY(pages->complete());
+        QCOMPARE(pages->count(), 1);
+    }
+    void cabem_dez_linhas_numa_pagina_data()
+    {
+        QTest::addColumn<int>("records");
+        QTest::addColumn<int>("expected");
+        QTest::newRow("1") << 1 << 1;
+        QTest::newRow("10") << 10 << 1;
+        QTest::newRow("11") << 11 << 2;
+        QTest::newRow("20") << 20 << 2;
+        QTest::newRow("21") << 21 << 3;
+        QTest::newRow("32767") << 32767 << 3277;
+    }
+    void cabem_dez_linhas_numa_pagina()
+    {
+        QFETCH(int, records);
+        Juntar_Muitos(records);
+        QTEST(Relatorio(uma_linha)->count(), "expected");
+    }
+    void so_a_primeira_pagina_e_procurada_ao_abrir()
+    {
+        Juntar_Muitos(100);
+        const auto pages = Relatorio(uma_linha);
+        QCOMPARE(pages->found(), 1);
+        QVERIFY(!pages->complete());
+        Pintar(*pages, 0, ReportPages::OnScreen);
+        QCOMPARE(pages->found(), 1);
+        pages->findNext();
+        QCOMPARE(pages->found(), 2);
+    }
+    void sabe_em_que_pagina_esta_um_registo()
+    {
+        Juntar_Muitos(25);
+        const auto pages = Relatorio(uma_linha);
+        QCOMPARE(pages->pageOf(0), 0);
+        QCOMPARE(pages->pageOf(9), 0);
+        QCOMPARE(pages->pageOf(10), 1);
+        QCOMPARE(pages->pageOf(24), 2);
+    }
+    void cada_registo_comeca_uma_pagina()
+    {
+        Juntar_Muitos(3);
+        QCOMPARE(Relatorio(u"<detail newpage='yes'><row height='1000'><text>{T.Nome}</text></row></detail>"_s)
+                     ->count(),
+                 3);
+    }
+    void uma_linha_mais_alta_do_que_a_folha_nao_prende_o_relatorio()
+    {
+        Juntar_Muitos(3);
+        QCOMPARE(Relatorio(u"<detail><row height='50000'><text>{T.Nome}</text></row></detail>"_s)->count(),
+                 3);
+    }
+    void um_registo_que_nao_cabe_no_resto_passa_inteiro()
+    {
+        Juntar_Muitos(3);
+        QCOMPARE(Relatorio(u"<detail><row height='2000'/><row height='2000'/></detail>"_s)->count(), 2);
+    }
+    void linhas_vazias_fecham_e_rotulos_nao_contam()
+    {
+        constexpr auto faixa =
+            "<detail><row height='4000'><text>{T.Nome}</text></row>"
+            "<row height='6000' closeup='yes'><text>{?rotulo}</text><text>{T.Obs}</text></row></detail>"_L1;
+        for (int i = 0; i < 2; ++i)
+            Juntar(u"Ana"_s, u" \r\n "_s);
+        QCOMPARE(Relatorio(faixa)->count(), 1);
+        Juntar(u"Rui"_s, u"nota"_s);
+        QCOMPARE(Relatorio(faixa)->count(), 2);
+    }
+
+    void o_texto_da_pagina_le_se_de_volta()
+    {
+        if (!Ha_Leitor()) QSKIP("there is no pdftotext");
+        for (const char16_t *nome : {u"Ωμέγα", u"Жанна", u"Ana, \"a\" <b> & {c}"})
+            Juntar(QString::fromUtf16(nome), {});
+        const auto pages =
+            Relatorio(u"<detail newpage='yes'><row height='1000'>"
+                      "<text width='9000' height='300'>{T.Nome}</text>"
+                      "<text top='400' width='9000' height='300'>{page}/{pages} {date} {{x}}</text>"
+                      "</row></detail>"_s);
+        QCOMPARE(Texto_Das_Paginas(*pages),
+                 (QStringList{u"Ωμέγα 1/3 01-02-2027 {x}"_s, u"Жанна 2/3 01-02-2027 {x}"_s,
+                              u"Ana, \"a\" <b> & {c} 3/3 01-02-2027 {x}"_s}));
+    }
+    void cabecalho_e_rodape_estao_em_cada_pagina()
+    {
+        if (!Ha_Leitor()) QSKIP("there is no pdftotext");
+        Juntar_Muitos(11);
+        const QString faixas =
+            u"<pageheader><row height='500'><text width='5000' height='300'>cabeca</text></row></pageheader>"_s +
+            uma_linha +
+            u"<reportfooter><row height='300'><text width='5000' height='300'>total</text></row></reportfooter>"_s;
+        const QStringList texts = Texto_Das_Paginas(*Relatorio(faixas));
+        QCOMPARE(texts.size(), 2);
+        QVERIFY(texts[0].startsWith("cabeca Nome 1 "_L1));
+        QCOMPARE(texts[1], u"cabeca Nome 11 total"_s);
+    }
+    void os_parametros_dados_valem_mais_do_que_os_do_ficheiro()
+    {
+        if (!Ha_Leitor()) QSKIP("there is no pdftotext");
+        Juntar(u"05"_s, u"13"_s);
+        const QString faixa = u"<detail><row height='1000'><text width='9000' height='300'>"
+                              "{?rotulo} {?mes{T.Nome}} {?mes{T.Obs}}</text></row></detail>"_s;
+        QCOMPARE(Texto_Das_Paginas(*Relatorio(faixa)), QStringList{u"Rotulo Maio 13"_s});
+        QCOMPARE(Texto_Das_Paginas(*Relatorio(faixa, {{u"rotulo"_s, u"Etikett"_s}, {u"outro"_s, u"x"_s}})),
+                 QStringList{u"Etikett Maio 13"_s});
+    }
+    void datas_e_horas_leem_se_como_no_programa()
+    {
+        if (!Ha_Leitor()) QSKIP("there is no pdftotext");
+        Juntar(u"2027-12-31"_s, u"09:05:00"_s);
+        const QString faixa =
+            u"<detail><row height='1000'><text width='9000' height='300'>{T.Nome:date} {T.Obs:time}</text></row></detail>"_s;
+        QCOMPARE(Texto_Das_Paginas(*Relatorio(faixa)), QStringList{u"31-12-2027 09:05"_s});
+    }
+    void um_texto_comprido_corre_por_varias_paginas_sem_perder_nada()
+    {
+        if (!Ha_Leitor()) QSKIP("there is no pdftotext");
+        QStringList palavras;
+        for (int i = 0; i < 12'000; ++i)
+            palavras << u"p%1"_s.arg(i);
+        const QString obs = palavras.join(u' ');
+        Juntar(u"Ana"_s, obs);
+        Juntar(u"Rui"_s, u"curta"_s);
+        const auto pages = Relatorio(
+            u"<detail><row height='400'><text width='5000' height='300'>{T.Nome}</text></row>"
+            "<row height='300'><text width='9800' height='300' grow='yes'>{T.Obs}</text></row></detail>"_s);
+        const QStringList texts = Texto_Das_Paginas(*pages);
+        QVERIFY(texts.size() > 10);
+        QCOMPARE(texts.join(u' '), u"Ana "_s + obs + u" Rui curta"_s);
+    }
+    void cem_mil_letras_sem_espaco_partem_se()
+    {
+        Juntar(u"Ana"_s, QString(100'000, u'x'));
+        const auto pages = Relatorio(
+            u"<detail><row height='300'><text width='9800' height='300' grow='yes'>{T.Obs}</text></row></detail>"_s);
+        QVERIFY(pages->count() > 10);
+    }
+    void linhas_em_branco_dentro_do_texto_fecham()
+    {
+        if (!Ha_Leitor()) QSKIP("there is no pdftotext");
+        Juntar(u"Ana"_s, u"Rua A\r\n\r\n  \r\nLisboa\r\n"_s);
+        const QString texto =
+            u"<detail><row height='900'><text width='5000' height='%1' %2>{T.Obs}</text></row></detail>"_s;
+        QCOMPARE(Texto_Das_Paginas(*Relatorio(texto.arg(u"520"_s, u"closelines='yes'"_s))),
+                 QStringList{u"Rua A Lisboa"_s});
+        QCOMPARE(Texto_Das_Paginas(*Relatorio(texto.arg(u"520"_s, u""_s))), QStringList{u"Rua A"_s});
+    }
+    void o_que_nao_cabe_acaba_em_reticencias()
+    {
+        if (!Ha_Leitor()) QSKIP("there is no pdftotext");
+        Juntar(u"abcdefghijklmnopqrstuvwxyz"_s, {});
+        const QStringList texts = Texto_Das_Paginas(*Relatorio(
+            u"<detail><row height='900'><text width='1000' height='300'>{T.Nome}</text></row></detail>"_s));
+        QVERIFY(texts.value(0).startsWith("abc"_L1));
+        QVERIFY(texts.value(0).endsWith(u'\u2026'));
+    }
+
+    void o_que_e_so_do_ecra_nao_vai_para_o_papel()
+    {
+        Juntar(u"Ana"_s, {});
+        const auto pages = Relatorio(
+            u"<detail><row height='3000'><box left='500' top='500' width='3000' height='2000' thickness='60' on='screen'/></row></detail>"_s);
+        const QImage ecra = Pintar(*pages, 0, ReportPages::OnScreen);
+        QVERIFY(ecra != Folha_Branca(ecra));
+        QCOMPARE(Pintar(*pages, 0, ReportPages::OnPaper), Folha_Branca(ecra));
+    }
+    void a_fotografia_e_pintada_e_uma_que_falta_deixa_o_lugar_vazio()
+    {
+        QImage foto(40, 20, QImage::Format_RGB32);
+        foto.fill(Qt::red);
+        QVERIFY(foto.save(folder_.filePath(u"foto.png"_s)));
+        const QString faixa =
+            u"<detail newpage='yes'><row height='3000'><picture width='2000' height='2000' %1>{T.Foto}</picture></row></detail>"_s;
+        Juntar(u"Ana"_s, {}, u"foto.png"_s);
+        Juntar(u"Rui"_s, {}, u"nada.png"_s);
+        Juntar(u"Zita"_s, {}, u""_s);
+        const auto pages = Relatorio(faixa.arg(u""_s));
+        const QImage primeira = Pintar(*pages, 0, ReportPages::OnPaper);
+        QCOMPARE(primeira.pixelColor(100, 190),
+                 QColor(Qt::red)); // 1000, 3500 + 300 twips: within the upper half
+        QCOMPARE(primeira.pixelColor(100, 250),
+                 QColor(Qt::white)); // below: it isn't distorted to the whole area
+        QCOMPARE(Pintar(*pages, 1, ReportPages::OnPaper), Folha_Branca(primeira));
+        QCOMPARE(Pintar(*pages, 2, ReportPages::OnPaper), Folha_Branca(primeira));
+        const auto outra = Relatorio(faixa.arg(u"fallback='foto.png'"_s));
+        QCOMPARE(Pintar(*outra, 1, ReportPages::OnPaper), primeira);
+    }
+
+    void os_registos_saem_como_texto()
+    {
+        Juntar(u" Ana "_s, u"uma\r\nduas"_s);
+        const ReportRows rows =
+            Relatorio(
+                u"<detail><row height='300'><text head='{?rotulo}'>{T.Nome}</text><text>fixo</text></row>"
+                "<row closeup='yes'><text width='100' height='100'>{T.Obs}</text></row></detail>"_s,
+                {{u"rotulo"_s, u"Etikett"_s}})
+                ->rows();
+        QCOMPARE(rows.title, u"Titulo"_s);
+        QCOMPARE(rows.heads, (QStringList{u"Etikett"_s, u"Obs"_s}));
+        QCOMPARE(rows.fields, (QStringList{u"T.Nome"_s, u"T.Obs"_s}));
+        QCOMPARE(rows.records.size(), 1U);
+        QCOMPARE(rows.records[0], (std::vector<QString>{u"Ana"_s, u"uma\r\nduas"_s}));
+    }
+    void um_pdf_interrompido_deixa_o_ficheiro_antigo()
+    {
+        Juntar_Muitos(100);
+        const QString pdf = folder_.filePath(u"velho.pdf"_s);
+        QFile file(pdf);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("velho");
+        file.close();
+        const auto pages = Relatorio(uma_linha);
+        QCOMPARE(writePdf(*pages, u"x"_s, pdf, [](int page, int) { return page < 5; }),
+                 PrintResult::Cancelled);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), "velho");
+    }
+    void um_pdf_que_nao_se_pode_gravar_e_recusado()
+    {
+        const auto pages = Relatorio(uma_linha);
+        QCOMPARE(writePdf(*pages, u"x"_s, folder_.filePath(u"nada/r.pdf"_s), [](int, int) { return true; }),
+                 PrintResult::Rejected);
+    }
+};
+
+MORVEX_TESTE(TestReportPages)
+#include "test_ReportPages.moc"
