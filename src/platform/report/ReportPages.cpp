@@ -15,6 +15,8 @@ struct ReportPages::Canvas {
 
 namespace
 {
+constexpr std::size_t tooShortToTear = 3; // lines; so few go to the next page together
+
 QColor colourOf(const ReportElement &element) { return QColor::fromRgb(element.colour); }
 
 // One line of text as it can be shown: whatever would break it or move it is a blank.
@@ -206,10 +208,9 @@ bool ReportPages::writeGrowingRow(const ReportRow &row, Place &place, double &y,
     }
     const double room = (definition_.bodyHeight() - y - top) / spacing;
     auto count = std::min(total - place.line, room > 0 ? static_cast<std::size_t>(room) : 0);
-    if (count == 0 && total > 0) {
-        if (y > 0) return false;
-        count = 1;
-    }
+    const bool torn = begins && count < total && total <= tooShortToTear;
+    if (y > 0 && (torn || (count == 0 && total > 0))) return false;
+    if (count == 0) count = std::min<std::size_t>(total, 1);
     for (const ReportElement &element : row.elements) {
         if (!canvas) break;
         if (element.grows) {
