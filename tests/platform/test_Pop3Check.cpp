@@ -233,7 +233,8 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("words");
         QTest::addColumn<int>("error");
         QTest::newRow("a line") << 0 << QByteArray(4000, 'x') << int(MailError::Garbled);
-        QTest::newRow("abilities") << 1 << QByteArray("+OK\r\nX-ABILITY\r\n") << int(MailError::TimedOut);
+        QTest::newRow("greetings") << 0 << QByteArray("+OK hello\r\n") << int(MailError::Garbled);
+        QTest::newRow("abilities") << 1 << QByteArray("+OK\r\nX-ABILITY\r\n") << int(MailError::Garbled);
         QTest::newRow("names") << 5 << QByteArray("+OK\r\n1 a\r\n") << int(MailError::Garbled);
     }
     void answers_without_end_are_left()

@@ -8,7 +8,9 @@
 namespace
 {
 constexpr qint64 longestLine = 8192;
+constexpr qint64 mostUnread = 65536; // a server that floods waits until this much has been read
 constexpr qsizetype mostUids = 100000;
+constexpr int mostCapabilities = 200;
 
 bool isPositive(const QByteArray &answer) { return answer.startsWith("+OK"); }
 
@@ -25,6 +27,7 @@ Pop3Check::Pop3Check(MailServer server, QString user, QString password, Trust tr
       password_(password.toUtf8())
 {
     result_.trust = std::move(trust);
+    socket_.setReadBufferSize(mostUnread);
     stepTimer_.setSingleShot(true);
     wholeTimer_.setSingleShot(true);
     connect(&stepTimer_, &QTimer::timeout, this, [this] {
@@ -176,6 +179,7 @@ void Pop3Check::capability(const QByteArray &text)
         inList_ = false;
         return afterCapabilities();
     }
+    if (++capabilities_ > mostCapabilities) return fail(MailError::Garbled);
     const QByteArray upper = text.toUpper();
     if (upper == "STLS") offersStls_ = true;
     if (upper.startsWith("LOGIN-DELAY "))

@@ -105,5 +105,6 @@ private:
     int lookup_ = -1;
     Step step_ = Step::Resolving;
     bool offersStls_ = false;
-    bool inList_ = false; // between the first line of a list and its "."
+    int capabilities_ = 0; // told so far
+    bool inList_ = false;  // between the first line of a list and its "."
 };
