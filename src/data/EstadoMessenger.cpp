@@ -29,6 +29,11 @@ int estado_messenger::Imagem(const QString &codigo)
 
 bool estado_messenger::Ligado(const QString &codigo) { return Imagem(codigo) != imagem_sem_estado; }
 
+bool estado_messenger::Presente(const QString &codigo)
+{
+    return Ligado(codigo) && Imagem(codigo) != imagem_desligado;
+}
+
 QIcon estado_messenger::Retrato(const QString &codigo)
 {
     return Ligado(codigo) ? Icone(Imagem(codigo)) : QIcon(u":/imagens/card/email.svg"_s);

@@ -14,6 +14,9 @@ int Imagem(const QString &codigo);
 // Whether there is somebody to talk to: the button and the menu entries are enabled then.
 bool Ligado(const QString &codigo);
 
+// Whether somebody is signed in there: online, busy, idle, away, or a code that nobody knows.
+bool Presente(const QString &codigo);
+
 // The picture of the code beside a mail address: without a presence the plain one of every mail row.
 QIcon Retrato(const QString &codigo);
 

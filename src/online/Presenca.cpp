@@ -29,7 +29,8 @@ Presenca::Presenca(QMainWindow &janela, Geral &geral, Platform &platform)
         connect(&control<QAction>(janela_, comando), &QAction::triggered, this,
                 [this] { Conversar(EmailMessenger == "2"_L1 ? txtEmail2.text() : txtEmail1.text()); });
     connect(&imgEmail1, &IconLabel::Click, this, [this] {
-        if (estado_messenger::Ligado(EstadoMessenger)) Conversar(txtEmail1.text());
+        if (EmailMessenger == "1"_L1 && estado_messenger::Presente(EstadoMessenger))
+            Conversar(txtEmail1.text());
     });
 }
 

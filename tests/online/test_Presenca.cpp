@@ -105,6 +105,30 @@ private Q_SLOTS:
         QCOMPARE(p.s.mensageiro.conversas, QStringList{u"a@x.example"_s});
     }
 
+    void a_imagem_do_primeiro_so_abre_a_conversa_com_ele_presente_data()
+    {
+        QTest::addColumn<QString>("conhecido");
+        QTest::addColumn<int>("estado");
+        QTest::addColumn<bool>("abre");
+        QTest::newRow("ligado") << u"a@x.example"_s << 2 << true;
+        QTest::newRow("ocupado") << u"a@x.example"_s << 10 << true;
+        QTest::newRow("ausente") << u"a@x.example"_s << 34 << true;
+        QTest::newRow("desligado") << u"a@x.example"_s << 1 << false;
+        QTest::newRow("desconhecido") << u"a@x.example"_s << 0 << false;
+        QTest::newRow("so o segundo") << u"b@x.example"_s << 2 << false;
+    }
+    void a_imagem_do_primeiro_so_abre_a_conversa_com_ele_presente()
+    {
+        QFETCH(QString, conhecido);
+        QFETCH(int, estado);
+        QFETCH(bool, abre);
+        Programa p(u"a@x.example"_s, u"b@x.example"_s);
+        p.s.mensageiro.contactos = {{conhecido, estado}};
+        p.Tique();
+        QTest::mouseClick(p.main.imgEmail1, Qt::LeftButton);
+        QCOMPARE(p.s.mensageiro.conversas, abre ? QStringList{u"a@x.example"_s} : QStringList());
+    }
+
     void todas_as_linhas_com_o_endereco_ficam_com_o_estado()
     {
         Programa p(u"a@x.example"_s);

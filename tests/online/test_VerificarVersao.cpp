@@ -172,6 +172,7 @@ private Q_SLOTS:
         QTest::newRow("sem cabecalhos") << QByteArray("[morvex]\r\nversaoactual=9\r\n");
         QTest::newRow("cortada nos cabecalhos") << QByteArray("HTTP/1.0 200 OK\r\nContent-");
         QTest::newRow("versao vazia") << Pagina("");
+        QTest::newRow("cortada na chave") << Pagina("9").chopped(13);
     }
     void resposta_sem_versao_cala_se_e_tenta_de_novo()
     {
