@@ -13,6 +13,8 @@ pacotes_para_construir=(
 pacotes_para_ecra_virtual=(xvfb openbox dbus xdotool imagemagick)
 pacotes_para_testar=(
     "${pacotes_para_ecra_virtual[@]}" trayer x11-utils python3 desktop-file-utils openssl poppler-utils
+    # Servers of tests/servidores: mail, presence, and a client of the latter in a terminal of its own.
+    dovecot-pop3d prosody finch tmux
 )
 
 # Installs those of the named packages that are missing, and says which.

@@ -72,6 +72,7 @@ bool PurpleMessenger::isThere()
                                                         u"org.freedesktop.DBus"_s, u"NameHasOwner"_s);
     owner << u"im.pidgin.purple.PurpleService"_s;
     const QDBusMessage answer = QDBusConnection::sessionBus().call(owner, QDBus::Block, patience);
+    if (answer.type() != QDBusMessage::ReplyMessage) sulking_.start();
     return answer.type() == QDBusMessage::ReplyMessage && answer.arguments().value(0).toBool();
 }
 

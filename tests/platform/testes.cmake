@@ -32,3 +32,8 @@ foreach(teste IN ITEMS
 endforeach()
 morvex_teste(platform/test_PopMailNotification LIGA platform)
 morvex_teste(platform/test_MailProgram LIGA platform)
+morvex_teste(platform/test_servidor_pop3 LIGA platform)
+morvex_teste(platform/test_PurpleMessenger LIGA session)
+foreach(teste IN ITEMS test_servidor_pop3 test_PurpleMessenger)
+    target_compile_definitions(${teste} PRIVATE MORVEX_SERVIDORES="${CMAKE_CURRENT_SOURCE_DIR}/servidores")
+endforeach()

@@ -1,0 +1,216 @@
+// The messenger against a real server and real clients, up to the picture on the card and the column of the
+// row.
+#include "platform/PurpleMessenger.h"
+
+#include "platform/Platform.h"
+#include "platform/SessionBus.h"
+#include "session/Main.h"
+#include "testlib/Disparar.h"
+#include "testlib/Servidor.h"
+#include "testlib/Sistema.h"
+#include "testlib/Teste.h"
+
+#include <csignal>
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusMessage>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+const QString bea = u"bea@localhost"_s;
+constexpr qint64 patient = 300; // ms that a client which hangs may cost
+
+// A program with one contact on the card, and the real messenger.
+struct Programa {
+    Programa()
+    {
+        s.Escrever(u"DELETE FROM TblLista"_s);
+        s.Novo_Contacto({{u"Nome"_s, Value(u"Bea"_s)}, {u"Email1"_s, Value(bea)}});
+        main.Carregar();
+        s.geral.MessengerActivo = 1;
+    }
+    QString Coluna() { return s.Linhas(u"SELECT MSNMessenger FROM TblLista"_s).value(0); }
+    // Ticks until the column has that value, as the program's own clock would.
+    bool Chega_A(const QString &codigo)
+    {
+        return QTest::qWaitFor(
+            [&] {
+                Disparar(s.geral.temporizadores.TimerStatusOfContact);
+                return Coluna() == codigo;
+            },
+            8000);
+    }
+
+    Sistema s;
+    PurpleMessenger messenger;
+    Platform plataforma = com(s.plataforma, messenger);
+    Main main{s.geral, plataforma};
+
+private:
+    static Platform com(const Platform &p, MessengerAPI &messenger)
+    {
+        return {p.clock,    p.boxes, p.dialogs, p.shell,   p.sound,
+                p.registry, p.mail,  messenger, p.process, p.tray};
+    }
+};
+
+qint64 msOf(const std::function<void()> &work)
+{
+    QElapsedTimer clock;
+    clock.start();
+    work();
+    return clock.elapsed();
+}
+} // namespace
+
+class TestPurpleMessenger : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<Servidor> server_, ana_, bea_;
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        const QString missing = Servidor::Falta({u"prosody"_s, u"finch"_s, u"tmux"_s, u"dbus-daemon"_s});
+        if (!missing.isEmpty()) QSKIP(qPrintable(missing));
+        server_ = std::make_unique<Servidor>("xmpp");
+        const QString port = QString::number(Servidor::Porta_Livre());
+        QVERIFY(server_->Correr("start", {port}));
+        ana_ = std::make_unique<Servidor>("mensageiro");
+        bea_ = std::make_unique<Servidor>("mensageiro");
+        QVERIFY(ana_->Correr("start", {u"ana"_s, port}));
+        QVERIFY(bea_->Correr("start", {u"bea"_s, port}));
+        qputenv("DBUS_SESSION_BUS_ADDRESS", ana_->Perguntar("bus").toUtf8());
+    }
+
+    void each_presence_is_seen_in_picture_and_column_data()
+    {
+        QTest::addColumn<QString>("status");
+        QTest::addColumn<int>("idle");
+        QTest::addColumn<QString>("code");
+        QTest::addColumn<int>("picture");
+        QTest::newRow("online") << u"available"_s << 0 << u"2"_s << 18;
+        QTest::newRow("away") << u"away"_s << 0 << u"34"_s << 20;
+        QTest::newRow("busy") << u"busy"_s << 0 << u"10"_s << 19;
+        QTest::newRow("away for long") << u"extended"_s << 0 << u"34"_s << 20;
+        QTest::newRow("idle") << u"available"_s << 600 << u"18"_s << 20;
+        QTest::newRow("online again") << u"available"_s << 0 << u"2"_s << 18;
+        QTest::newRow("offline") << u"offline"_s << 0 << u"1"_s << 21;
+        QTest::newRow("back") << u"available"_s << 0 << u"2"_s << 18;
+    }
+    void each_presence_is_seen_in_picture_and_column()
+    {
+        QFETCH(QString, status);
+        QFETCH(int, idle);
+        QFETCH(QString, code);
+        QFETCH(int, picture);
+        QVERIFY(bea_->Correr("status", {status}));
+        if (status == "available"_L1) QVERIFY(bea_->Correr("idle", {QString::number(idle)}));
+        Programa p;
+        QVERIFY2(p.Chega_A(code), qPrintable(p.Coluna()));
+        QCOMPARE(p.main.messenger->property("Image").toInt(), picture);
+        QCOMPARE(p.main.imgEmail1->icon().pixmap(16).toImage(),
+                 QIcon(u":/imagens/toolbar/messenger_%1.svg"_s.arg(picture)).pixmap(16).toImage());
+    }
+
+    void the_place_of_a_device_is_no_part_of_the_address()
+    {
+        PurpleMessenger messenger;
+        QCOMPARE(messenger.status(bea + u"/teste"_s), std::optional<int>(MessengerAPI::Online));
+    }
+
+    void an_address_that_nobody_knows_has_no_status()
+    {
+        PurpleMessenger messenger;
+        QVERIFY(!messenger.status(u"nobody@localhost"_s));
+        QVERIFY(!messenger.status(QString()));
+    }
+
+    void all_contacts_are_walked()
+    {
+        PurpleMessenger messenger;
+        QStringList seen;
+        for (const auto &[address, status] : messenger.contacts())
+            seen << address + u' ' + QString::number(status);
+        seen.sort();
+        QVERIFY2(seen.contains(bea + u" 2"_s), qPrintable(seen.join(u'|')));
+        QVERIFY2(seen.contains(u"rui@localhost 1"_s), qPrintable(seen.join(u'|')));
+    }
+
+    void a_conversation_opens()
+    {
+        const QDBusMessage question = QDBusMessage::createMethodCall(
+            u"im.pidgin.purple.PurpleService"_s, u"/im/pidgin/purple/PurpleObject"_s,
+            u"im.pidgin.purple.PurpleInterface"_s, u"PurpleGetIms"_s);
+        const auto conversations = [&] {
+            const QDBusMessage answer = QDBusConnection::sessionBus().call(question, QDBus::Block, 2000);
+            return qdbus_cast<QList<int>>(answer.arguments().value(0)).size();
+        };
+        const auto before = conversations();
+        PurpleMessenger().openConversation(bea);
+        QTRY_COMPARE(conversations(), before + 1);
+    }
+
+    void a_client_that_hangs_costs_one_short_wait_and_is_left_alone()
+    {
+        const pid_t client = ana_->Perguntar("pid").toInt();
+        QVERIFY(client > 1);
+        QCOMPARE(::kill(client, SIGSTOP), 0);
+        PurpleMessenger messenger;
+        QElapsedTimer whole;
+        whole.start();
+        QVERIFY(msOf([&] { messenger.status(bea); }) < patient);
+        const qint64 later = msOf([&] {
+            for (int i = 0; i < 20; ++i)
+                messenger.status(bea);
+            messenger.contacts();
+            messenger.openConversation(bea);
+        });
+        PurpleMessenger walking;
+        const qint64 walk = msOf([&] { walking.contacts(); });
+        PurpleMessenger talking;
+        const qint64 talk = msOf([&] { talking.openConversation(bea); });
+        const qint64 all = whole.elapsed();
+        QCOMPARE(::kill(client, SIGCONT), 0);
+        QVERIFY2(later < 200, qPrintable(QString::number(later)));
+        QVERIFY2(walk < patient, qPrintable(QString::number(walk)));
+        QVERIFY2(talk < patient, qPrintable(QString::number(talk)));
+        QVERIFY2(all < 1000, qPrintable(QString::number(all)));
+    }
+
+    // The last one: the client does not come back.
+    void without_a_client_nothing_waits_and_none_is_started()
+    {
+        QVERIFY(ana_->Correr("end"));
+        PurpleMessenger messenger;
+        QTRY_VERIFY(!messenger.status(bea));
+        const qint64 spent = msOf([&] {
+            for (int i = 0; i < 20; ++i)
+                messenger.status(bea);
+            QVERIFY(messenger.contacts().isEmpty());
+            messenger.openConversation(bea);
+        });
+        QVERIFY2(spent < 100, qPrintable(QString::number(spent)));
+        QTest::qWait(500);
+        QVERIFY(!QFile::exists(ana_->Pasta() + u"/started"_s));
+    }
+
+    void without_a_bus_nobody_is_asked_for_one()
+    {
+        qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
+        QVERIFY(!sessionBusIsThere());
+        qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+        const QTemporaryDir runtime;
+        qputenv("XDG_RUNTIME_DIR", runtime.path().toUtf8());
+        QVERIFY(!sessionBusIsThere());
+        QFile bus(runtime.filePath(u"bus"_s));
+        QVERIFY(bus.open(QIODevice::WriteOnly));
+        QVERIFY(sessionBusIsThere());
+    }
+};
+
+MORVEX_TESTE(TestPurpleMessenger)
+#include "test_PurpleMessenger.moc"
