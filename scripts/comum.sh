@@ -6,13 +6,14 @@ raiz=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 pacotes_para_construir=(
     build-essential cmake ninja-build ccache
     qt6-base-dev qt6-base-dev-tools qt6-svg-dev libqt6svg6 qt6-qpa-plugins qt6-translations-l10n
-    libsqlitecpp-dev libsqlite3-dev libxcb1-dev libcups2-dev
+    libsqlitecpp-dev libsqlite3-dev libxcb1-dev libcups2-dev libfreexl-dev
     fonts-dejavu-core
 )
 # A screen in memory with a window manager, for a machine without a display.
 pacotes_para_ecra_virtual=(xvfb openbox dbus xdotool imagemagick)
 pacotes_para_testar=(
     "${pacotes_para_ecra_virtual[@]}" trayer x11-utils python3 desktop-file-utils openssl poppler-utils
+    cups-daemon cups-client cups-filters
     # Servers of tests/servidores: mail, presence, and a client of the latter in a terminal of its own.
     dovecot-pop3d prosody finch tmux
 )

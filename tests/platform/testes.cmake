@@ -27,13 +27,15 @@ foreach(teste IN ITEMS
     test_ReportDefinition
     test_ReportData
     test_ReportPages
+    test_ReportPrinting
     test_CrystalReport)
     morvex_teste(platform/${teste} LIGA platform_report)
 endforeach()
 morvex_teste(platform/test_PopMailNotification LIGA platform)
 morvex_teste(platform/test_MailProgram LIGA platform)
+morvex_teste(platform/test_ReportExport LIGA platform_report freexl)
 morvex_teste(platform/test_servidor_pop3 LIGA platform)
 morvex_teste(platform/test_PurpleMessenger LIGA session)
-foreach(teste IN ITEMS test_servidor_pop3 test_PurpleMessenger)
+foreach(teste IN ITEMS test_servidor_pop3 test_PurpleMessenger test_ReportPrinting)
     target_compile_definitions(${teste} PRIVATE MORVEX_SERVIDORES="${CMAKE_CURRENT_SOURCE_DIR}/servidores")
 endforeach()
