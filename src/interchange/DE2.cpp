@@ -35,19 +35,11 @@ Especie Reconhecer(const QString &caminho)
     return inicio.mid(4, 15) == "Standard Jet DB" ? Especie::Antiga : Especie::Nenhuma;
 }
 
-// Day 0 of the older kind: a value of that day is a time alone.
-QDate Dia_Zero() { return {1899, 12, 30}; }
-
-QString Texto(const QDateTime &momento)
-{
-    const QString hora = momento.time().toString(u"hh:mm:ss"_s);
-    if (momento.date() == Dia_Zero()) return hora;
-    const QString dia = momento.date().toString(u"dd-MM-yyyy"_s);
-    return momento.time() == QTime(0, 0) ? dia : dia + u' ' + hora;
-}
-
-// Values as they are handed on: always as text that no locale changes, but for whole numbers.
+// Values as they are handed on: always as text that no locale changes, but for whole numbers. The older kind
+// has one type for dates and times; which of the two is meant, the column tells.
 struct EmValor {
+    bool hora;
+
     StoreValue operator()(std::monostate) const { return {}; }
     StoreValue operator()(bool sim) const { return sim ? u"True"_s : u"False"_s; }
     StoreValue operator()(qint64 numero) const { return numero; }
@@ -56,15 +48,18 @@ struct EmValor {
         return QString::number(static_cast<float>(numero), 'g', QLocale::FloatingPointShortest);
     }
     StoreValue operator()(const QString &texto) const { return texto; }
-    StoreValue operator()(const QDateTime &momento) const { return Texto(momento); }
+    StoreValue operator()(const QDateTime &momento) const
+    {
+        return momento.toString(hora ? u"hh:mm:ss"_s : u"dd-MM-yyyy"_s);
+    }
 };
 
-std::vector<StoreValue> Em_Valores(const std::vector<JetFile::Cell> &celulas)
+std::vector<StoreValue> Em_Valores(const JetFile::Table &tabela, std::size_t linha)
 {
     std::vector<StoreValue> valores;
-    valores.reserve(celulas.size());
-    for (const auto &celula : celulas)
-        valores.push_back(std::visit(EmValor{}, celula));
+    for (qsizetype i = 0; i < tabela.columns.size(); ++i)
+        valores.push_back(std::visit(EmValor{tabela.columns[i].compare("Hora"_L1, Qt::CaseInsensitive) == 0},
+                                     tabela.rows[linha][static_cast<std::size_t>(i)]));
     return valores;
 }
 
@@ -86,8 +81,8 @@ void Copiar_Tabela(Connection &cn, const QString &nome, JetFile::Table tabela)
     cn.execute(u"CREATE TABLE %1 (%2)"_s.arg(nome, colunas.join(u", "_s)), {});
     const QString inserir =
         u"INSERT INTO %1 VALUES (%2)"_s.arg(nome, QStringList(colunas.size(), u"?"_s).join(u','));
-    for (const auto &linha : tabela.rows)
-        cn.execute(inserir, Em_Valores(linha));
+    for (std::size_t i = 0; i < tabela.rows.size(); ++i)
+        cn.execute(inserir, Em_Valores(tabela, i));
 }
 } // namespace
 

@@ -80,6 +80,8 @@ void frmBackup::Copiar()
     ProgressBar1->show();
     compactDatabase(geral_.CaminhoBD, Copia_De_Trabalho());
     ProgressBar1->setValue(50);
+    if (isSameFile(geral_.CaminhoBD, Alvo()))
+        throw Failure(Failure::PathFileAccess, Alvo(), u"Source and target are one file: %1"_s.arg(Alvo()));
     copyOver(Copia_De_Trabalho(), Alvo());
     ProgressBar1->setValue(90);
     Apagar_Copia_De_Trabalho();

@@ -52,6 +52,7 @@ struct Programa {
         Quando_Abrir<frmImportar>([](frmImportar &form) {
             form.cmdProcurar->click();
             form.cmdSeguinte->click();
+            if (form.isVisible()) form.reject(); // a failure leaves it open
         });
         main.Importar->trigger();
     }
@@ -108,8 +109,11 @@ private Q_SLOTS:
                 celulas << celula.toString();
             esperadas << celulas.join(u'|').replace(u"<grupo>"_s, u"1"_s);
         }
-        QCOMPARE(p.Linhas(), esperadas);
-        if (!termina) QCOMPARE(p.main.ListaNomes->ListCount(), esperadas.size());
+        if (manifesto.contains(u"rule"_s)) // too many to list
+            QCOMPARE(p.Linhas().size(), manifesto[u"count_shown"_s].toInt());
+        else
+            QCOMPARE(p.Linhas(), esperadas);
+        if (!termina) QCOMPARE(p.main.ListaNomes->ListCount(), p.Linhas().size());
     }
 
     void cinco_mil_linhas_vao_para_o_passo_de_falha_que_termina_um_processo_novo()

@@ -16,13 +16,6 @@ void openExisting(Connection &connection, const QString &path)
     connection.setConnectionString(u"Data Source='%1'"_s.arg(path));
     connection.Open();
 }
-
-bool isSameFile(const QString &a, const QString &b)
-{
-    std::error_code unknown;
-    return std::filesystem::equivalent(a.toStdU16String(), b.toStdU16String(), unknown) && !unknown;
-}
-
 } // namespace
 
 void compactDatabase(const QString &source, const QString &copy)
@@ -39,10 +32,14 @@ void compactDatabase(const QString &source, const QString &copy)
         throw Failure(Failure::StoreError, copy, u"The copy is damaged: %1"_s.arg(verdict));
 }
 
+bool isSameFile(const QString &a, const QString &b)
+{
+    std::error_code unknown;
+    return std::filesystem::equivalent(a.toStdU16String(), b.toStdU16String(), unknown) && !unknown;
+}
+
 void copyOver(const QString &source, const QString &target)
 {
-    if (isSameFile(source, target))
-        throw Failure(Failure::PathFileAccess, target, u"Source and target are one file: %1"_s.arg(target));
     QFile from(source);
     if (!from.open(QIODevice::ReadOnly))
         throw Failure(Failure::FileNotFound, source, u"The file could not be read: %1"_s.arg(source));
