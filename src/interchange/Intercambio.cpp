@@ -3,19 +3,23 @@
 #include "data/Geral.h"
 #include "interchange/DE2.h"
 #include "interchange/frmBackup.h"
+#include "interchange/frmExportar.h"
 #include "interchange/frmImportar.h"
 #include "platform/Controls.h"
+#include "platform/ListBox.h"
 
 #include <QAction>
 #include <QMainWindow>
 
 using namespace Qt::StringLiterals;
 
-Intercambio::Intercambio(QMainWindow &janela, Geral &geral, Platform &platform)
-    : QObject(&janela), janela_(janela), geral_(geral), platform_(platform)
+Intercambio::Intercambio(QMainWindow &janela, Geral &geral, Platform &platform, ReportControl &relatorio)
+    : QObject(&janela), janela_(janela), geral_(geral), platform_(platform), CrystalReport1(relatorio)
 {
     connect(&control<QAction>(janela_, u"Importar"_s), &QAction::triggered, this,
             &Intercambio::Importar_Click);
+    connect(&control<QAction>(janela_, u"Exportar"_s), &QAction::triggered, this,
+            &Intercambio::Exportar_Click);
     connect(&control<QAction>(janela_, u"mnuBackup"_s), &QAction::triggered, this,
             &Intercambio::mnuBackup_Click);
 }
@@ -35,6 +39,11 @@ void Intercambio::Importar_Click()
     frmImportar importar(geral_, platform_, *this, janela_);
     importar.setWindowTitle(geral_.Ler_Idioma(82));
     importar.exec();
+}
+
+void Intercambio::Exportar_Click()
+{
+    frmExportar(geral_, CrystalReport1, control<ListBox>(janela_, u"ListaNomes"_s), &janela_).exec();
 }
 
 void Intercambio::mnuBackup_Click() { frmBackup(geral_, platform_, &janela_).exec(); }

@@ -1,5 +1,5 @@
-// The interchange's share of the main window: import, and the backup. Owns what lives as long as the process:
-// the file last chosen and the older database, which is opened once.
+// The interchange's share of the main window: import, export, and the backup. Owns what lives as long as the
+// process: the file last chosen and the older database, which is opened once.
 #pragma once
 
 #include <memory>
@@ -8,14 +8,15 @@
 class DE2;
 class Geral;
 class QMainWindow;
+class ReportControl;
 struct Platform;
 
 class Intercambio final : public QObject
 {
     Q_OBJECT
 public:
-    // The window must hold the entries Importar and mnuBackup.
-    Intercambio(QMainWindow &janela, Geral &geral, Platform &platform);
+    // The window must hold ListaNomes and the entries Importar, Exportar and mnuBackup.
+    Intercambio(QMainWindow &janela, Geral &geral, Platform &platform, ReportControl &CrystalReport1);
     ~Intercambio() override;
 
     // The older database: made at the first use, from the file chosen last, and the same ever after. Raises
@@ -29,10 +30,12 @@ Q_SIGNALS:
 
 private:
     void Importar_Click();
+    void Exportar_Click();
     void mnuBackup_Click();
 
     QMainWindow &janela_;
     Geral &geral_;
     Platform &platform_;
+    ReportControl &CrystalReport1;
     std::unique_ptr<DE2> de2_;
 };

@@ -52,9 +52,9 @@ void frmExportar::Oferecer_Formatos()
 {
     const std::pair<QString, Formato> formatos[]{
         {u"Excel (XLS)"_s, Excel}, {u"Texto (TXT)"_s, Texto}, {u"Word (DOC)"_s, Word}};
-    for (const auto &[nome, formato] : formatos) {
+    for (const auto &[nome, numero] : formatos) {
         ComboExportar->AddItem(nome);
-        ComboExportar->SetItemData(ComboExportar->NewIndex(), formato);
+        ComboExportar->SetItemData(ComboExportar->NewIndex(), numero);
     }
     ComboExportar->setListIndex(0);
 }

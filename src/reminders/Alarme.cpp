@@ -9,8 +9,8 @@
 
 #include <QApplication>
 
-Alarme::Alarme(QWidget &janela, Geral &geral, Platform &platform)
-    : QObject(&janela), janela_(janela), geral_(geral), platform_(platform)
+Alarme::Alarme(QWidget &janela, Geral &geral, Platform &platform, ReportControl &relatorio)
+    : QObject(&janela), janela_(janela), geral_(geral), platform_(platform), relatorio_(relatorio)
 {
     connect(&geral_.temporizadores.timerTarefas, &QTimer::timeout, this, &Alarme::timerTarefas_Timer);
 }
@@ -55,7 +55,7 @@ void Alarme::Mostrar_Tarefa(const Recordset &rs)
 frmPopup &Alarme::Popup()
 {
     if (popup_ == nullptr) {
-        popup_ = std::make_unique<frmPopup>(geral_, platform_, janela_);
+        popup_ = std::make_unique<frmPopup>(geral_, platform_, janela_, relatorio_);
         connect(popup_.get(), &RisingCard::Unloaded, this, &Alarme::Popup_Unload);
     }
     return *popup_;

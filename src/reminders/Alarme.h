@@ -12,6 +12,7 @@ class frmPopup;
 class Geral;
 class QWidget;
 class Recordset;
+class ReportControl;
 class Value;
 struct Platform;
 
@@ -19,8 +20,9 @@ class Alarme final : public QObject
 {
     Q_OBJECT
 public:
-    // The window is disabled as long as a notice waits for its click.
-    Alarme(QWidget &janela, Geral &geral, Platform &platform);
+    // The window is disabled as long as a notice waits for its click. The report control is the alert card's
+    // own.
+    Alarme(QWidget &janela, Geral &geral, Platform &platform, ReportControl &relatorio);
     ~Alarme() override;
 
     // Closes the alert card without acknowledging, if it is open.
@@ -37,5 +39,6 @@ private:
     QWidget &janela_;
     Geral &geral_;
     Platform &platform_;
+    ReportControl &relatorio_;
     std::unique_ptr<frmPopup> popup_;
 };

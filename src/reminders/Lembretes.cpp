@@ -28,12 +28,12 @@ template<class Formulario> bool Trazer_Para_A_Frente()
 }
 } // namespace
 
-Lembretes::Lembretes(QWidget &janela, Geral &geral, Platform &platform)
+Lembretes::Lembretes(QWidget &janela, Geral &geral, Platform &platform, ReportControl &relatorio)
     : QObject(&janela),
       janela_(janela),
       geral_(geral),
       platform_(platform),
-      alarme_(new Alarme(janela, geral, platform)),
+      alarme_(new Alarme(janela, geral, platform, relatorio)),
       aniversarios_(new Aniversarios(janela, geral, platform))
 {
     for (const auto &nome : {u"NovaTarefa"_s, u"nova_tarefa"_s, u"SystemTrayNovaTarefa"_s})

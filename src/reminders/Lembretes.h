@@ -8,6 +8,7 @@ class Alarme;
 class Aniversarios;
 class Geral;
 class QWidget;
+class ReportControl;
 struct Platform;
 
 class Lembretes final : public QObject
@@ -15,8 +16,8 @@ class Lembretes final : public QObject
     Q_OBJECT
 public:
     // The window must hold the entries NovaTarefa, ListaTarefas and Aniversarios, their toolbar buttons and
-    // their copies in the tray menu.
-    Lembretes(QWidget &janela, Geral &geral, Platform &platform);
+    // their copies in the tray menu. The report control prints the task of an alert card, and nothing else.
+    Lembretes(QWidget &janela, Geral &geral, Platform &platform, ReportControl &relatorio);
 
     // The start's own notice of birthdays. Waits until it is closed; nothing is shown when there is none.
     void Mostrar_Aniversarios_Ao_Iniciar();

@@ -16,8 +16,12 @@ namespace
 constexpr int tempo_limite = 60000; // never runs: the notice of tasks waits for as long as it takes
 }
 
-frmPopup::frmPopup(Geral &geral, Platform &platform, QWidget &janela)
-    : RisingCard(janela, tempo_limite), geral_(geral), platform_(platform), janela_(janela)
+frmPopup::frmPopup(Geral &geral, Platform &platform, QWidget &janela, ReportControl &relatorio)
+    : RisingCard(janela, tempo_limite),
+      geral_(geral),
+      platform_(platform),
+      janela_(janela),
+      relatorio_(relatorio)
 {
     setupUi(this);
     for (QLabel *surda : {lblData, lblHora})
@@ -36,7 +40,7 @@ frmPopup::frmPopup(Geral &geral, Platform &platform, QWidget &janela)
 void frmPopup::Form_Click()
 {
     if (cartao_ != nullptr || TimerDown.Enabled()) return;
-    frmTarefas cartao(geral_, platform_, janela_);
+    frmTarefas cartao(geral_, platform_, janela_, relatorio_);
     if (Preencher_Cartao(cartao)) {
         const QScopedValueRollback aberto(cartao_, &cartao);
         cartao.exec();

@@ -9,13 +9,14 @@
 class frmTarefas;
 class Geral;
 class Recordset;
+class ReportControl;
 struct Platform;
 
 class frmPopup final : public RisingCard, public Ui::frmPopup
 {
     Q_OBJECT
 public:
-    frmPopup(Geral &geral, Platform &platform, QWidget &janela);
+    frmPopup(Geral &geral, Platform &platform, QWidget &janela, ReportControl &relatorio);
 
     // Closes the alert card without acknowledging, if it is open.
     void Fechar_Cartao();
@@ -32,5 +33,6 @@ private:
     Geral &geral_;
     Platform &platform_;
     QWidget &janela_;
+    ReportControl &relatorio_;     // the alert card's
     frmTarefas *cartao_ = nullptr; // while it is open
 };

@@ -1,8 +1,10 @@
 #include "reminders/frmTarefas.h"
 
 #include "data/Geral.h"
+#include "data/Relatorio.h"
 #include "platform/Controls.h"
 #include "platform/Platform.h"
+#include "platform/report/ReportControl.h"
 #include "reminders/frmAddEditTarefa.h"
 #include "reminders/Momento.h"
 #include "reminders/Repeticao.h"
@@ -10,11 +12,12 @@
 using namespace Qt::StringLiterals;
 
 // Without an owner: the cycle of alarms goes on under the card and keeps the main window disabled.
-frmTarefas::frmTarefas(Geral &geral, Platform &platform, QWidget &janela)
-    : geral_(geral), platform_(platform), janela_(janela)
+frmTarefas::frmTarefas(Geral &geral, Platform &platform, QWidget &janela, ReportControl &relatorio)
+    : geral_(geral), platform_(platform), janela_(janela), CrystalReport1(relatorio)
 {
     setupUi(this);
     connect(cmdImprimir, &QPushButton::clicked, this, &frmTarefas::cmdImprimir_Click);
+    connect(cmdImprimirTarefa, &QPushButton::clicked, this, &frmTarefas::cmdImprimirTarefa_Click);
     connect(cmdEditar, &QPushButton::clicked, this, &frmTarefas::cmdEditar_Click);
     connect(cmdEliminar, &QPushButton::clicked, this, &frmTarefas::cmdEliminar_Click);
 
@@ -51,6 +54,22 @@ void frmTarefas::Passar_A(QDate dia)
 void frmTarefas::Eliminar()
 {
     geral_.de.Executar("cmdEliminarTarefa", {txtIDTarefa->text(), geral_.SessaoActual.IdUtilizador});
+}
+
+// The card and the task stay as they were: printing is no acknowledgement.
+void frmTarefas::cmdImprimirTarefa_Click()
+{
+    const QString seleccao = u"{TblTarefas.ID}="_s + txtIDTarefa->text();
+    CrystalReport1.setReportFileName(geral_.Ficheiro(u"tarefa.rpt"_s));
+    CrystalReport1.setParameterFields(0, u"repeticao;"_s + geral_.Ler_Idioma(181) + u";TRUE"_s);
+    CrystalReport1.setParameterFields(1, u"utilizador;"_s + geral_.Ler_Idioma(94) + u";TRUE"_s);
+    CrystalReport1.setParameterFields(2, u"tarefa;"_s + geral_.Ler_Idioma(182) + u";TRUE"_s);
+    relatorio::Indicar_Base(geral_, CrystalReport1);
+    CrystalReport1.ReplaceSelectionFormula(seleccao);
+    relatorio::Pre_Visualizar(u"Pré-Visualizar Impressão"_s, CrystalReport1);
+    CrystalReport1.setWindowShowRefreshBtn(true);
+    CrystalReport1.setWindowShowSearchBtn(false);
+    CrystalReport1.setAction(1);
 }
 
 void frmTarefas::cmdEliminar_Click()

@@ -8,19 +8,21 @@
 #include <QDialog>
 
 class Geral;
+class ReportControl;
 struct Platform;
 
 class frmTarefas final : public QDialog, public Ui::frmTarefas
 {
     Q_OBJECT
 public:
-    frmTarefas(Geral &geral, Platform &platform, QWidget &janela);
+    frmTarefas(Geral &geral, Platform &platform, QWidget &janela, ReportControl &CrystalReport1);
 
     // Puts the description into txtTarefa; the other controls take their texts as they are.
     void Mostrar_Tarefa(const QString &Tarefa) { Tarefa_.load(*txtTarefa, Tarefa); }
 
 private:
     void cmdImprimir_Click(); // in spite of its name the acknowledgement
+    void cmdImprimirTarefa_Click();
     void cmdEditar_Click();
     void cmdEliminar_Click();
 
@@ -30,5 +32,6 @@ private:
     Geral &geral_;
     Platform &platform_;
     QWidget &janela_;
+    ReportControl &CrystalReport1;
     LongText Tarefa_;
 };

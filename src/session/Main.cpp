@@ -15,7 +15,9 @@
 #include "online/VerificarVersao.h"
 #include "platform/DisabledWindow.h"
 #include "platform/Platform.h"
+#include "platform/report/CrystalReport.h"
 #include "platform/Units.h"
+#include "printing/Impressao.h"
 #include "reminders/Lembretes.h"
 #include "session/Ajuda.h"
 #include "session/Arranque.h"
@@ -42,16 +44,26 @@ void Pintar(QWidget &ponto, unsigned cor)
     palette.setColor(QPalette::Window, colour(cor));
     ponto.setPalette(palette);
 }
+
+std::unique_ptr<CrystalReport> Novo_Relatorio(Geral &geral, Platform &platform, QWidget &janela)
+{
+    return std::make_unique<CrystalReport>(
+        platform.boxes, platform.dialogs, platform.clock, [&geral] { return geral.IdiomaActual; }, &janela);
+}
 } // namespace
 
-Main::Main(Geral &geral, Platform &platform) : geral_(geral), platform_(platform)
+Main::Main(Geral &geral, Platform &platform)
+    : geral_(geral),
+      platform_(platform),
+      CrystalReport1(Novo_Relatorio(geral, platform, *this)),
+      relatorioDaTarefa_(Novo_Relatorio(geral, platform, *this))
 {
     setupUi(this);
     Pintar(*PontoTarefas, cor_ponto_apagado);
     cartao_ = new CartaoContacto(*this, geral_, platform_);
     lista_ = new ListaContactos(*this, geral_, *cartao_);
     tray_ = new SystemTray(*this, *MenuSystemTray, geral_, platform_);
-    lembretes_ = new Lembretes(*this, geral_, platform_);
+    lembretes_ = new Lembretes(*this, geral_, platform_, *relatorioDaTarefa_);
     memos_ = new Memos(*this, geral_, platform_);
     presenca_ = new Presenca(*this, geral_, platform_);
     correio_ = new CicloCorreio(*this, geral_, platform_);
@@ -64,7 +76,8 @@ Main::Main(Geral &geral, Platform &platform) : geral_(geral), platform_(platform
     procuraRapida_ = new ProcuraRapida(*this, geral_, platform_, *lista_);
     new AccoesContacto(*this, geral_, platform_, *lista_, *cartao_);
 
-    auto *intercambio = new Intercambio(*this, geral_, platform_);
+    new Impressao(*this, geral_, platform_, *CrystalReport1);
+    auto *intercambio = new Intercambio(*this, geral_, platform_, *CrystalReport1);
     new VerificarVersao(*this, geral_, platform_, QStringLiteral(MORVEX_WEB_HOST));
 
     connect(intercambio, &Intercambio::ContactosMudados, lista_, [this] {
@@ -83,6 +96,8 @@ Main::Main(Geral &geral, Platform &platform) : geral_(geral), platform_(platform
     Ligar_Menus();
     Ligar_Teclas();
 }
+
+Main::~Main() = default;
 
 void Main::Ligar_Menus()
 {

@@ -4,11 +4,13 @@
 
 #include "ui_Main.h"
 
+#include <memory>
 #include <QMainWindow>
 
 class Arranque;
 class CartaoContacto;
 class CicloCorreio;
+class CrystalReport;
 class Geral;
 class Lembretes;
 class ListaContactos;
@@ -23,6 +25,7 @@ class Main final : public QMainWindow, public Ui::Main
     Q_OBJECT
 public:
     Main(Geral &geral, Platform &platform);
+    ~Main() override;
 
     // The steps of the start over this window.
     Arranque Inicio();
@@ -47,7 +50,9 @@ private:
 
     Geral &geral_;
     Platform &platform_;
-    CartaoContacto *cartao_; // children of the window, like all that follow
+    const std::unique_ptr<CrystalReport> CrystalReport1;     // of the list, the envelope and the export
+    const std::unique_ptr<CrystalReport> relatorioDaTarefa_; // of the alert card alone
+    CartaoContacto *cartao_;                                 // children of the window, like all that follow
     ListaContactos *lista_;
     SystemTray *tray_;
     Lembretes *lembretes_;

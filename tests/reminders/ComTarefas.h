@@ -4,6 +4,7 @@
 
 #include "testlib/Accoes.h"
 #include "testlib/Disparar.h"
+#include "testlib/RelatorioFalso.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
@@ -59,6 +60,7 @@ struct ComTarefas {
     }
 
     Sistema s;
+    RelatorioFalso relatorio; // the alert card's
     QWidget janela;
 };
 

@@ -32,7 +32,7 @@ struct ComAlarme : ComTarefas {
         QVERIFY(Aberto<frmPopup>() == nullptr);
     }
 
-    Alarme *alarme = new Alarme(janela, s.geral, s.plataforma);
+    Alarme *alarme = new Alarme(janela, s.geral, s.plataforma, relatorio);
 };
 } // namespace
 

@@ -15,7 +15,7 @@ struct Com_Popup : ComTarefas {
     frmPopup &Abrir(const QString &IDRepeticao = u"1"_s)
     {
         id = Nova(u"Regar"_s, u"01-02-2027"_s, u"09:00"_s, IDRepeticao);
-        popup = std::make_unique<frmPopup>(s.geral, s.plataforma, janela);
+        popup = std::make_unique<frmPopup>(s.geral, s.plataforma, janela, relatorio);
         popup->txtIDTarefa->setText(QString::number(id));
         janela.setEnabled(false);
         popup->show();
@@ -96,7 +96,7 @@ private Q_SLOTS:
     {
         Com_Popup c;
         c.s.Escrever(u"DELETE FROM TblIdiomas WHERE ID=172"_s);
-        const frmPopup popup(c.s.geral, c.s.plataforma, c.janela);
+        const frmPopup popup(c.s.geral, c.s.plataforma, c.janela, c.relatorio);
         QCOMPARE(popup.lblMensagem->text(), u"Existem novas tarefas !"_s);
         QVERIFY(popup.TimerUp.Enabled());
     }
@@ -132,6 +132,24 @@ private Q_SLOTS:
             QTest::mouseClick(surda, Qt::LeftButton);
         QVERIFY(!popup.TimerDown.Enabled());
         QVERIFY(QApplication::activeModalWidget() == nullptr);
+    }
+
+    void imprimir_no_cartao_deixa_o_aviso_e_o_cartao_como_estavam()
+    {
+        Com_Popup c;
+        frmPopup &popup = c.Abrir();
+        Subir(popup);
+        const QPoint lugar = popup.pos();
+        Clicar(popup, [&](frmTarefas &cartao) {
+            cartao.cmdImprimirTarefa->click();
+            QCOMPARE(c.relatorio.Ditos(u"Action"_s).size(), 1);
+            QVERIFY(cartao.isVisible() && popup.isVisible());
+            QCOMPARE(popup.pos(), lugar);
+            QVERIFY(!popup.TimerDown.Enabled());
+            QVERIFY(!c.janela.isEnabled());
+            cartao.reject();
+        });
+        QCOMPARE(c.Tarefas(), QStringList{u"Regar|2027-02-01|09:00:00|1"_s});
     }
 
     void o_cartao_le_a_tarefa_de_novo()

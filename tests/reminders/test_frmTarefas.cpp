@@ -1,4 +1,5 @@
 // The alert card: the acknowledgement of each repetition, and the ways that leave the task as it was.
+#include "platform/report/ReportData.h"
 #include "reminders/ComTarefas.h"
 #include "reminders/frmAddEditTarefa.h"
 #include "reminders/frmTarefas.h"
@@ -8,11 +9,13 @@ using namespace Qt::StringLiterals;
 namespace
 {
 struct ComCartao : ComTarefas {
+    using ComTarefas::ComTarefas;
+
     // The card of a new task, filled as the popup does it.
     frmTarefas &Abrir(const QString &data, const QString &IDRepeticao, const QString &repeticao = {})
     {
         id = Nova(u"Regar"_s, data, u"09:00"_s, IDRepeticao);
-        form = std::make_unique<frmTarefas>(s.geral, s.plataforma, janela);
+        form = std::make_unique<frmTarefas>(s.geral, s.plataforma, janela, relatorio);
         form->txtIDTarefa->setText(QString::number(id));
         form->txtTarefa->setPlainText(u"Regar"_s);
         form->lblData->setText(data);
@@ -160,6 +163,78 @@ private Q_SLOTS:
         QTest::mouseClick(form.cmdImprimir, Qt::LeftButton);
         QVERIFY(c.s.caixas.Todas_Vistas());
         QCOMPARE(c.Tarefas(), QStringList{u"Regar|9999-12-31|09:00:00|2"_s});
+    }
+
+    void imprimir_diz_tudo_na_sua_ordem()
+    {
+        ComCartao c;
+        c.Abrir(u"01-02-2027"_s, u"2"_s).cmdImprimirTarefa->click();
+        QCOMPARE(c.relatorio.historia,
+                 (QStringList{u"ReportFileName tarefa.rpt"_s,
+                              u"ParameterFields 0 repeticao;%1;TRUE"_s.arg(c.s.Texto(181)),
+                              u"ParameterFields 1 utilizador;%1;TRUE"_s.arg(c.s.Texto(94)),
+                              u"ParameterFields 2 tarefa;%1;TRUE"_s.arg(c.s.Texto(182)),
+                              u"Connect morvex.mdb"_s, u"DataFiles 0 morvex.mdb"_s,
+                              u"ReplaceSelectionFormula {TblTarefas.ID}=%1"_s.arg(c.id), u"Destination 0"_s,
+                              u"WindowTitle Pré-Visualizar Impressão"_s, u"WindowState 2"_s,
+                              u"WindowShowPrintBtn 1"_s, u"WindowShowRefreshBtn 1"_s,
+                              u"WindowShowSearchBtn 0"_s, u"Action 1"_s}));
+    }
+
+    void o_titulo_da_previsao_e_o_mesmo_em_todas_as_linguas()
+    {
+        ComCartao c(u"AlemaoDE"_s);
+        c.Abrir(u"01-02-2027"_s, u"2"_s).cmdImprimirTarefa->click();
+        QCOMPARE(c.relatorio.Ditos(u"WindowTitle"_s), QStringList{u"Pré-Visualizar Impressão"_s});
+        QVERIFY(c.relatorio.Ditos(u"ParameterFields"_s).contains(u"2 tarefa;Aufgabe;TRUE"_s));
+    }
+
+    void a_seleccao_da_impressao_apanha_uma_so_tarefa_pelo_seu_ID()
+    {
+        ComCartao c;
+        const QString primeira = QString::number(c.Nova(u"Podar"_s, u"01-02-2027"_s, u"09:00"_s));
+        for (int i = 0; i < 12; ++i) // with IDs that begin alike among them
+            c.Nova(u"Outra"_s, u"01-02-2027"_s, u"09:00"_s);
+        c.Abrir(u"01-02-2027"_s, u"2"_s).txtIDTarefa->setText(primeira);
+        c.form->cmdImprimirTarefa->click();
+        const QString seleccao = c.relatorio.Ditos(u"ReplaceSelectionFormula"_s).value(0);
+        QCOMPARE(seleccao, u"{TblTarefas.ID}="_s + primeira);
+        ReportDefinition tarefas;
+        tarefas.table = u"TblTarefas"_s;
+        tarefas.fields = {{u"TblTarefas"_s, u"Tarefa"_s}};
+        const ReportData dados(tarefas, c.s.Base(), seleccao, {});
+        QCOMPARE(dados.size(), std::size_t{1});
+        QCOMPARE(dados.field(0, 0), u"Podar"_s);
+    }
+
+    void imprimir_deixa_o_cartao_e_a_tarefa_como_estavam()
+    {
+        ComCartao c;
+        const frmTarefas &form = c.Abrir(u"01-02-2027"_s, u"1"_s);
+        form.cmdImprimirTarefa->click();
+        QVERIFY(form.isVisible());
+        QCOMPARE(form.txtTarefa->toPlainText(), u"Regar"_s);
+        QCOMPARE(c.Tarefas(), QStringList{u"Regar|2027-02-01|09:00:00|1"_s});
+    }
+
+    void sem_caminho_na_sessao_a_impressao_deixa_la_o_da_pasta_do_programa()
+    {
+        ComCartao c;
+        const frmTarefas &form = c.Abrir(u"01-02-2027"_s, u"1"_s);
+        c.s.geral.CaminhoBD.clear();
+        form.cmdImprimirTarefa->click();
+        QCOMPARE(c.s.geral.CaminhoBD, c.s.Ficheiro(u"morvex.mdb"_s));
+    }
+
+    void uma_falha_da_impressao_chega_a_caixa_de_erros_e_o_cartao_fica()
+    {
+        ComCartao c;
+        c.relatorio.falha = true;
+        const frmTarefas &form = c.Abrir(u"01-02-2027"_s, u"1"_s);
+        c.s.caixas.Espera_Erro(Failure::FileNotFound);
+        QTest::mouseClick(form.cmdImprimirTarefa, Qt::LeftButton);
+        QVERIFY(c.s.caixas.Todas_Vistas());
+        QVERIFY(form.isVisible());
     }
 
     void editar_leva_o_cartao_ao_formulario_e_gravar_fecha_os_dois()

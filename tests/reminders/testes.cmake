@@ -6,9 +6,9 @@ foreach(teste IN ITEMS
     test_frmAniversarios
     test_frmListaTarefas
     test_frmPopup
-    test_frmTarefas
     test_ProximosAniversarios
     test_Repeticao)
     morvex_teste(reminders/${teste} LIGA reminders)
 endforeach()
 morvex_teste(reminders/test_Lembretes LIGA session)
+morvex_teste(reminders/test_frmTarefas LIGA reminders platform_report)
