@@ -115,8 +115,9 @@ void frmMemo::Aplicar_Aparencia()
     txtMemo->setFont(
         Fonte_De_Memo(txtFontName->text(), txtFontSize->text(), txtFontBold->text(), txtFontItalic->text()));
     const QColor fundo = Cor_De_Memo(txtCorFundo->text());
-    for (QWidget *controlo :
-         {static_cast<QWidget *>(this), static_cast<QWidget *>(lblTitle), static_cast<QWidget *>(txtMemo)})
+    // The inside of a text box with a style sheet keeps the colours with which it was first shown.
+    for (QWidget *controlo : {static_cast<QWidget *>(this), static_cast<QWidget *>(lblTitle),
+                              static_cast<QWidget *>(txtMemo), txtMemo->viewport()})
         Pintar_Memo(*controlo, fundo);
     setWindowTitle(lblTitle->text());
     txtMemo->setAccessibleName(lblTitle->text());

@@ -386,6 +386,10 @@ private Q_SLOTS:
              {static_cast<QWidget *>(u.nota.get()), static_cast<QWidget *>(u.nota->lblTitle)})
             QCOMPARE(controlo->palette().color(QPalette::Window), QColor(0x10, 0x20, 0xF0));
         QCOMPARE(u.nota->txtMemo->palette().color(QPalette::Base), QColor(0x10, 0x20, 0xF0));
+        const QImage imagem = u.nota->grab().toImage();
+        for (const QPoint &ponto : {u.nota->lblTitle->geometry().center() + QPoint(60, 0),
+                                    u.nota->txtMemo->geometry().center(), QPoint(3, 50)})
+            QCOMPARE(imagem.pixelColor(ponto), QColor(0x10, 0x20, 0xF0));
         QCOMPARE(u.Linha(u"CorFundo"_s), QString::number(0xF02010));
     }
 
