@@ -27,7 +27,11 @@ QString Texto_Do_Ficheiro(const QString &caminho)
     QFile ficheiro(caminho);
     if (!ficheiro.open(QIODevice::ReadOnly))
         throw Failure(Failure::FileNotFound, caminho, u"The file could not be read: %1"_s.arg(caminho));
-    return QStringDecoder("windows-1252")(ficheiro.readAll());
+    const QByteArray bytes = ficheiro.readAll();
+    if (ficheiro.error() != QFileDevice::NoError)
+        throw Failure(Failure::PathFileAccess, caminho,
+                      u"The file could not be read to its end: %1"_s.arg(caminho));
+    return QStringDecoder("windows-1252")(bytes);
 }
 
 // Nothing is ever added, yet a file that can't be written is no good.
@@ -44,8 +48,8 @@ QStringList registo_morvex::Ler_Linhas(const QString &caminho)
 {
     QString texto = Texto_Do_Ficheiro(caminho);
     texto.replace("\r\n"_L1, "\r"_L1);
-    if (texto.endsWith(u'\r')) texto.chop(1);
-    const QStringList linhas = texto.isEmpty() ? QStringList() : texto.split(u'\r');
+    QStringList linhas = texto.split(u'\r');
+    if (linhas.constLast().isEmpty()) linhas.removeLast(); // what stands behind the last line end is no line
     Abrir_Para_Acrescentar(caminho);
     // The table holds 5,000 lines, and one place behind the last line is looked at.
     if (linhas.size() >= mais_linhas)

@@ -75,9 +75,11 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("mes");
         QTest::addColumn<QString>("numero");
-        QTest::newRow("janeiro") << u"janeiro"_s << u"1"_s;
-        QTest::newRow("março com cedilha") << u"março"_s << u"3"_s;
-        QTest::newRow("dezembro") << u"dezembro"_s << u"12"_s;
+        const QStringList meses{u"janeiro"_s,  u"fevereiro"_s, u"março"_s,    u"abril"_s,
+                                u"maio"_s,     u"junho"_s,     u"julho"_s,    u"agosto"_s,
+                                u"setembro"_s, u"outubro"_s,   u"novembro"_s, u"dezembro"_s};
+        for (qsizetype i = 0; i < meses.size(); ++i)
+            QTest::newRow(qUtf8Printable(meses[i])) << meses[i] << QString::number(i + 1);
         QTest::newRow("com maiúscula") << u"Janeiro"_s << u"Janeiro"_s;
         QTest::newRow("sem cedilha") << u"marco"_s << u"marco"_s;
         QTest::newRow("número") << u"05"_s << u"05"_s;
@@ -98,10 +100,64 @@ private Q_SLOTS:
         QCOMPARE(registo_morvex::Registos(linhas), (QStringList{u"dois"_s, u"tres\nquatro"_s, u"cinco"_s}));
     }
 
+    void linhas_vazias_contam_se_e_o_fim_da_ultima_nao_faz_outra_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QStringList>("linhas");
+        QTest::newRow("nada") << QByteArray() << QStringList();
+        QTest::newRow("um CR") << QByteArray("\r") << QStringList{QString()};
+        QTest::newRow("um CR LF") << QByteArray("\r\n") << QStringList{QString()};
+        QTest::newRow("dois CR LF") << QByteArray("\r\n\r\n") << QStringList{QString(), QString()};
+        QTest::newRow("CR CR LF") << QByteArray("a\r\r\nb") << QStringList{u"a"_s, QString(), u"b"_s};
+        QTest::newRow("LF CR") << QByteArray("a\n\rb") << QStringList{u"a\n"_s, u"b"_s};
+        QTest::newRow("um LF") << QByteArray("\n") << QStringList{u"\n"_s};
+        QTest::newRow("sem fim") << QByteArray("a\rb") << QStringList{u"a"_s, u"b"_s};
+    }
+    void linhas_vazias_contam_se_e_o_fim_da_ultima_nao_faz_outra()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QStringList, linhas);
+        QCOMPARE(registo_morvex::Ler_Linhas(Ficheiro(bytes)), linhas);
+    }
+
+    void uma_linha_de_espacos_e_um_registo()
+    {
+        QCOMPARE(registo_morvex::Registos({u"cabecalho"_s, QString(), u"  "_s}), QStringList{u"  "_s});
+    }
+
     void a_pagina_de_codigo_e_a_1252()
     {
         QCOMPARE(registo_morvex::Ler_Linhas(Ficheiro("\x80 \xE7\xE3o \x93s\x94")),
                  QStringList{u"€ ção “s”"_s});
+        QCOMPARE(registo_morvex::Ler_Linhas(Ficheiro("\x81\x8D\x8F\x90\x9D")),
+                 QStringList{u"\u0081\u008D\u008F\u0090\u009D"_s}); // bytes that the page leaves open
+        QCOMPARE(registo_morvex::Ler_Linhas(Ficheiro("\xFF\xFE\x41")),
+                 QStringList{u"ÿþA"_s}); // no mark of order
+    }
+
+    // In the code page each separator is one byte of its own.
+    void os_separadores_sao_os_dezasseis_bytes_da_pagina()
+    {
+        const QByteArray bytes("\xA5\xA6\xB6\xE6\xDE\xA2\xA7\xC6\xBF\xA1\xFF\xB1\xDF\xF8\xB5\xA4");
+        QByteArray registo;
+        for (int i = 0; i < bytes.size(); ++i)
+            registo += QByteArray::number(i + 1) + bytes[i];
+        const auto campos =
+            registo_morvex::Separar(registo_morvex::Ler_Linhas(Ficheiro(registo)).constFirst());
+        for (std::size_t i = 0; i < campos.size(); ++i)
+            QCOMPARE(campos[i], QString::number(i + 1));
+    }
+
+    void maiuscula_e_minuscula_sao_separadores_diferentes()
+    {
+        QString registo = Registo(16);
+        registo.replace(u'æ', u'Æ'); // the fourth as the eighth
+        VERIFICAR_FALHA(registo_morvex::Separar(registo), 5);
+    }
+
+    void um_separador_posto_antes_do_seu_lugar_nao_conta()
+    {
+        VERIFICAR_FALHA(registo_morvex::Separar(u"a¦b¥c"_s + Registo(16).mid(Registo(2).size())), 5);
     }
 
     void quatro_mil_novecentas_e_noventa_e_nove_linhas_passam_e_cinco_mil_nao()
@@ -113,6 +169,25 @@ private Q_SLOTS:
         VERIFICAR_FALHA(registo_morvex::Ler_Linhas(Ficheiro(linhas + "x\r\n")), Failure::SubscriptOutOfRange);
         VERIFICAR_FALHA(registo_morvex::Ler_Linhas(Ficheiro(linhas + "x\r\nx\r\n")),
                         Failure::SubscriptOutOfRange);
+    }
+
+    void um_ficheiro_que_so_se_pode_ler_e_uma_falha()
+    {
+        const QString caminho = pasta_.filePath(u"protegido.dat"_s);
+        QVERIFY(QFile::copy(Ficheiro("cabecalho\r\n"), caminho));
+        QFile::setPermissions(pasta_.path(), QFile::Permissions(0x7755));
+        QFile::setPermissions(caminho, QFile::Permissions(0x4444));
+        const SemPrivilegios ninguem;
+        if (!ninguem.Possivel()) QSKIP("the rights of an administrator cannot be put off here");
+        QVERIFY(QFile(caminho).open(QIODevice::ReadOnly));
+        VERIFICAR_FALHA(registo_morvex::Ler_Linhas(caminho), Failure::PathFileAccess);
+    }
+
+    void uma_leitura_que_para_a_meio_e_uma_falha_e_nao_um_ficheiro_curto()
+    {
+        const QString caminho = pasta_.filePath(u"memoria.dat"_s);
+        QVERIFY(QFile::link(u"/proc/self/mem"_s, caminho)); // opens, and can't be read at its beginning
+        VERIFICAR_FALHA(registo_morvex::Ler_Linhas(caminho), Failure::PathFileAccess);
     }
 
     void um_ficheiro_vazio_nao_tem_registos()
