@@ -6,6 +6,7 @@
 #include "interchange/frmExportar.h"
 #include "interchange/frmImportar.h"
 #include "platform/Controls.h"
+#include "platform/DisabledWindow.h"
 #include "platform/ListBox.h"
 
 #include <QAction>
@@ -32,10 +33,11 @@ DE2 &Intercambio::De2()
     return *de2_;
 }
 
-// The forms enable the window themselves when they close.
+// The forms enable the window themselves when they close, so that the second one stands before a window
+// alive.
 void Intercambio::Importar_Click()
 {
-    janela_.setEnabled(false);
+    const DisabledWindow desactivada(janela_);
     frmImportar importar(geral_, platform_, *this, janela_);
     importar.setWindowTitle(geral_.Ler_Idioma(82));
     importar.exec();

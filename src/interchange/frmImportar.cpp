@@ -35,14 +35,17 @@ void frmImportar::Form_Unload()
     janela_.setEnabled(true);
 }
 
-// A cancel loses an earlier choice.
+// A cancel loses an earlier choice, and so does a failure on the way, which nobody hears of.
 void frmImportar::cmdProcurar_Click()
 {
-    const auto escolhido =
-        platform_.dialogs.openFile(geral_.Ler_Idioma(81) + u"|*.dat;*.mdb"_s, QString(), this);
-    if (escolhido) intercambio_.FileName = *escolhido;
-    txtCaminho->setText(escolhido.value_or(QString()));
-    cmdSeguinte->setEnabled(escolhido.has_value());
+    QString &escolhido = intercambio_.FileName;
+    escolhido.clear();
+    skipFailure([&] {
+        escolhido = platform_.dialogs.openFile(geral_.Ler_Idioma(81) + u"|*.dat;*.mdb"_s, QString(), this)
+                        .value_or(u""_s);
+    });
+    txtCaminho->setText(escolhido);
+    cmdSeguinte->setEnabled(!escolhido.isEmpty());
 }
 
 void frmImportar::cmdSeguinte_Click()
@@ -88,6 +91,7 @@ void frmImportar::Falhar(const QString &caminho)
 {
     endOnFailure(platform_.boxes, platform_.process, [&] {
         intercambio_.De2().Fechar_cn();
-        platform_.boxes.show(geral_.Ler_Idioma(87) + u"\r\n"_s + caminho, box::stop, windowTitle(), &janela_);
+        platform_.boxes.show(geral_.Ler_Idioma(87) + u"\r\n"_s + caminho, box::stop, windowTitle(),
+                             isVisible() ? this : &janela_);
     });
 }

@@ -38,8 +38,10 @@ void frmImportar2::Form_Unload()
     janela_.setEnabled(true);
 }
 
+// A group that has gone meanwhile leaves no ID: nothing is ever put into another one than the one shown.
 void frmImportar2::ComboGrupos_Click()
 {
+    txtGrupoID->clear();
     Recordset &rs = geral_.de.Abrir("cmdVerIDGrupo", {ComboGrupos->currentText()});
     txtGrupoID->setText(rs.Fields("ID").text());
     rs.Close();

@@ -4,6 +4,7 @@
 #include "interchange/frmImportar2.h"
 #include "interchange/frmImportarMDB.h"
 #include "interchange/Intercambio.h"
+#include "interchange/RegistoMorvex.h"
 #include "platform/ListBox.h"
 #include "session/Main.h"
 #include "testlib/Accoes.h"
@@ -29,6 +30,30 @@ QJsonObject Manifesto(const QString &nome)
                                               : QJsonObject();
 }
 
+// The rows that a manifest promises, cell by cell. One file has too many to list, and a rule in their place.
+QList<QStringList> Esperadas(const QJsonObject &manifesto)
+{
+    const auto grupo = u"1"_s; // the first of the list, which is chosen when the form comes
+    QList<QStringList> linhas;
+    if (manifesto.contains(u"rule"_s))
+        for (int i = 1; i <= manifesto[u"count_shown"_s].toInt(); ++i) {
+            QStringList linha(17, u""_s);
+            linha[0] = u"N%1"_s.arg(i, 4, 10, QChar(u'0'));
+            linha[1] = QString::number(i);
+            linha[7] = u"1"_s;
+            linha[8] = u"5"_s;
+            linha[16] = grupo;
+            linhas << linha;
+        }
+    for (const auto &linha : manifesto[u"rows"_s].toArray()) {
+        QStringList celulas;
+        for (const auto &celula : linha.toArray())
+            celulas << (celula.toString() == u"<grupo>"_s ? grupo : celula.toString());
+        linhas << celulas;
+    }
+    return linhas;
+}
+
 struct Programa {
     Programa() : main(s.geral, s.plataforma)
     {
@@ -43,6 +68,35 @@ struct Programa {
         QFile::copy(Dado(nome), destino);
         QFile::setPermissions(destino, QFile::permissions(destino) | QFileDevice::WriteOwner);
         return destino;
+    }
+
+    // An older database has been open, and the failure step has a connection to close.
+    void Abrir_Uma_Base()
+    {
+        auto &intercambio = *main.findChild<Intercambio *>();
+        intercambio.FileName = QFINDTESTDATA("fixtures/jet/vazia.mdb");
+        intercambio.De2();
+    }
+
+    // Chooses the file and does that to the second form.
+    void Ate_Ao_Grupo(const QString &caminho, const std::function<void(frmImportar2 &)> &accao)
+    {
+        s.dialogos.textos << caminho;
+        Quando_Abrir<frmImportar>([accao](frmImportar &form) {
+            form.cmdProcurar->click();
+            Quando_Abrir<frmImportar2>(accao);
+            form.cmdSeguinte->click();
+        });
+        main.Importar->trigger();
+    }
+
+    // A text file of these bytes.
+    QString Texto(const QString &nome, const QByteArray &bytes)
+    {
+        QFile ficheiro(s.Ficheiro(nome));
+        if (!ficheiro.open(QIODevice::WriteOnly) || ficheiro.write(bytes) != bytes.size())
+            QTest::qFail("the file was not written", __FILE__, __LINE__);
+        return ficheiro.fileName();
     }
 
     // Chooses the file and goes on.
@@ -77,43 +131,58 @@ private Q_SLOTS:
     void cada_ficheiro_da_as_linhas_do_seu_manifesto_data()
     {
         QTest::addColumn<QString>("nome");
-        for (const QString &nome : QDir(QFINDTESTDATA("fixtures/dat")).entryList({u"*.json"_s}))
-            if (nome != u"linhas_5000.json"_s) QTest::newRow(qPrintable(nome)) << nome;
+        const QStringList ficheiros = QDir(QFINDTESTDATA("fixtures/dat")).entryList({u"*.dat"_s});
+        QCOMPARE(ficheiros.size(), 14);
+        for (const QString &ficheiro : ficheiros)
+            QTest::newRow(qPrintable(ficheiro)) << QFileInfo(ficheiro).completeBaseName() + u".json"_s;
     }
     void cada_ficheiro_da_as_linhas_do_seu_manifesto()
     {
         QFETCH(QString, nome);
         const QJsonObject manifesto = Manifesto(nome);
+        QCOMPARE(QFileInfo(Dado(manifesto[u"file"_s].toString())).completeBaseName() + u".json"_s, nome);
+        QCOMPARE(QFileInfo(Dado(manifesto[u"file"_s].toString())).size(), manifesto[u"bytes"_s].toInt());
         Programa p;
-        const bool termina = manifesto[u"outcome"_s].toString() == u"process ends"_s;
-        if (termina) p.s.caixas.Espera_Erro(5);
+        const QString caminho = p.Copia(manifesto[u"file"_s].toString());
+        const bool escolhido = manifesto[u"choose"_s].toString() == u"ok"_s;
+        const bool termina = !escolhido || manifesto[u"outcome"_s].toString() == u"process ends"_s;
+        if (escolhido) QCOMPARE(registo_morvex::Ler_Linhas(caminho).size(), manifesto[u"lines"_s].toInt());
+        if (termina) p.s.caixas.Espera_Erro(escolhido ? 5 : Failure::StoreError);
+        bool segunda_veio = false;
         Quando_Abrir<frmImportar>([&](frmImportar &form) {
             form.cmdProcurar->click();
             QVERIFY(form.cmdSeguinte->isEnabled());
-            Quando_Abrir<frmImportar2>([&](frmImportar2 &segunda) {
-                QCOMPARE(segunda.Label3->text(),
-                         p.s.Texto(86) + u' ' + QString::number(manifesto[u"count_shown"_s].toInt()));
-                segunda.cmdSeguinte->click();
-                if (segunda.isVisible()) segunda.reject(); // only where the process would have ended
-            });
+            if (escolhido)
+                Quando_Abrir<frmImportar2>([&](frmImportar2 &segunda) {
+                    segunda_veio = true;
+                    QCOMPARE(segunda.Label3->text(),
+                             p.s.Texto(86) + u' ' + QString::number(manifesto[u"count_shown"_s].toInt()));
+                    segunda.cmdSeguinte->click();
+                    if (segunda.isVisible()) segunda.reject(); // only where the process would have ended
+                });
             form.cmdSeguinte->click();
+            if (form.isVisible()) form.reject();
         });
-        p.s.dialogos.textos << p.Copia(manifesto[u"file"_s].toString());
+        p.s.dialogos.textos << caminho;
         p.main.Importar->trigger();
 
+        QCOMPARE(segunda_veio, escolhido);
         QCOMPARE(p.s.processo.Terminou(), termina);
-        QStringList esperadas;
-        for (const auto &linha : manifesto[u"rows"_s].toArray()) {
-            QStringList celulas;
-            for (const auto &celula : linha.toArray())
-                celulas << celula.toString();
-            esperadas << celulas.join(u'|').replace(u"<grupo>"_s, u"1"_s);
+        QStringList colunas;
+        for (const auto &coluna : manifesto[u"columns"_s].toArray())
+            colunas << coluna.toString();
+        QCOMPARE(colunas.size(), 17);
+        const QList<QStringList> esperadas = Esperadas(manifesto);
+        if (escolhido && !termina) QCOMPARE(esperadas.size(), manifesto[u"count_shown"_s].toInt());
+        if (manifesto.contains(u"bad_record"_s))
+            QCOMPARE(esperadas.size(), manifesto[u"bad_record"_s].toInt() - 1);
+        Recordset rs = p.s.Ler(u"SELECT %1 FROM TblLista ORDER BY ID"_s.arg(colunas.join(u',')));
+        QCOMPARE(rs.RecordCount(), esperadas.size());
+        for (const QStringList &esperada : esperadas) {
+            QCOMPARE(rs.Row(), esperada);
+            rs.MoveNext();
         }
-        if (manifesto.contains(u"rule"_s)) // too many to list
-            QCOMPARE(p.Linhas().size(), manifesto[u"count_shown"_s].toInt());
-        else
-            QCOMPARE(p.Linhas(), esperadas);
-        if (!termina) QCOMPARE(p.main.ListaNomes->ListCount(), p.Linhas().size());
+        if (!termina) QCOMPARE(p.main.ListaNomes->ListCount(), esperadas.size());
     }
 
     void cinco_mil_linhas_vao_para_o_passo_de_falha_que_termina_um_processo_novo()
@@ -128,9 +197,7 @@ private Q_SLOTS:
     void com_uma_base_ja_aberta_a_falha_diz_o_texto_87_e_o_caminho()
     {
         Programa p;
-        auto &intercambio = *p.main.findChild<Intercambio *>();
-        intercambio.FileName = QFINDTESTDATA("fixtures/jet/vazia.mdb");
-        intercambio.De2();
+        p.Abrir_Uma_Base();
         const QString caminho = p.Copia(u"linhas_5000.dat"_s);
         p.s.caixas.Espera(p.s.Texto(87) + u"\r\n"_s + caminho, 16, p.s.Texto(82));
         p.Importar(caminho);
@@ -141,14 +208,22 @@ private Q_SLOTS:
     void um_ficheiro_que_nao_se_pode_escrever_vai_para_o_passo_de_falha()
     {
         Programa p;
-        auto &intercambio = *p.main.findChild<Intercambio *>();
-        intercambio.FileName = QFINDTESTDATA("fixtures/jet/vazia.mdb");
-        intercambio.De2();
+        p.Abrir_Uma_Base();
         const QString caminho = p.Copia(u"normal.dat"_s);
-        QFile::setPermissions(caminho, QFileDevice::ReadOwner | QFileDevice::ReadOther);
-        if (QFile(caminho).open(QIODevice::ReadWrite)) QSKIP("this user may write everything");
+        for (const QFileInfo &ficheiro : QDir(p.s.Pasta()).entryInfoList(QDir::Files))
+            QFile::setPermissions(ficheiro.filePath(), QFile::Permissions(0x6666));
+        QFile::setPermissions(p.s.Pasta(), QFile::Permissions(0x7777));
+        QFile::setPermissions(caminho, QFile::Permissions(0x4444));
         p.s.caixas.Espera(p.s.Texto(87) + u"\r\n"_s + caminho, 16, p.s.Texto(82));
-        p.Importar(caminho);
+        bool possivel = false;
+        {
+            const SemPrivilegios ninguem;
+            possivel = ninguem.Possivel();
+            if (possivel) p.Importar(caminho);
+        }
+        if (!possivel) QSKIP("the rights of an administrator cannot be put off here");
+        QVERIFY(p.s.caixas.Todas_Vistas());
+        QVERIFY(!p.s.processo.Terminou());
         QVERIFY(p.Linhas().isEmpty());
     }
 
@@ -160,15 +235,145 @@ private Q_SLOTS:
             QVERIFY(!form.cmdSeguinte->isEnabled());
             form.cmdProcurar->click();
             QCOMPARE(form.txtCaminho->text(), u"/um/ficheiro.dat"_s);
+            QVERIFY(form.cmdSeguinte->isEnabled());
             form.cmdProcurar->click();
             QCOMPARE(form.txtCaminho->text(), QString());
             QVERIFY(!form.cmdSeguinte->isEnabled());
             form.cmdCancelar->click();
         });
         p.main.Importar->trigger();
+        QCOMPARE(p.main.findChild<Intercambio *>()->FileName, QString());
+        QVERIFY(p.s.geral.temporizadores.timerTarefas.Enabled());
         QVERIFY(p.s.dialogos.perguntas.constFirst().startsWith(u"openFile "_s + p.s.Texto(81) +
                                                                u"|*.dat;*.mdb @"_s));
         QVERIFY(p.main.isEnabled());
+    }
+
+    void uma_falha_ao_procurar_perde_a_escolha_sem_uma_palavra()
+    {
+        Programa p;
+        p.s.dialogos.textos << u"/um/ficheiro.dat"_s;
+        Quando_Abrir<frmImportar>([&](frmImportar &form) {
+            form.cmdProcurar->click();
+            QVERIFY(form.cmdSeguinte->isEnabled());
+            p.s.Escrever(u"DROP TABLE TblIdiomas"_s);
+            form.cmdProcurar->click();
+            QCOMPARE(form.txtCaminho->text(), QString());
+            QVERIFY(!form.cmdSeguinte->isEnabled());
+            form.cmdCancelar->click();
+        });
+        p.main.Importar->trigger();
+    }
+
+    void uma_janela_que_nao_carrega_deixa_a_principal_viva()
+    {
+        Programa p;
+        p.s.Escrever(u"DROP TABLE TblIdiomas"_s);
+        VERIFICAR_FALHA(p.main.findChild<QAction *>(u"Importar"_s)->trigger(), Failure::StoreError);
+        QVERIFY(p.main.isEnabled());
+    }
+
+    void as_janelas_tem_os_seus_textos()
+    {
+        Programa p;
+        p.s.dialogos.textos << p.Copia(u"normal.dat"_s);
+        Quando_Abrir<frmImportar>([&](frmImportar &form) {
+            QCOMPARE(form.windowTitle(), p.s.Texto(82));
+            QCOMPARE(form.Label1->text(), p.s.Texto(83));
+            QCOMPARE(form.Label2->text(), p.s.Texto(84));
+            QCOMPARE(form.cmdProcurar->text(), p.s.Texto(69));
+            QCOMPARE(form.cmdSeguinte->text(), p.s.Texto(71));
+            QCOMPARE(form.cmdCancelar->text(), p.s.Texto(43));
+            form.cmdProcurar->click();
+            Quando_Abrir<frmImportar2>([&](frmImportar2 &segunda) {
+                QCOMPARE(segunda.Label1->text(), p.s.Texto(83));
+                QCOMPARE(segunda.Label2->text(), p.s.Texto(85));
+                QCOMPARE(segunda.cmdSeguinte->text(), p.s.Texto(71));
+                QCOMPARE(segunda.cmdCancelar->text(), p.s.Texto(43));
+                QVERIFY(!segunda.txtGrupoID->isVisible());
+                QVERIFY(!segunda.ListaMorvex43->isVisible());
+                QCOMPARE(segunda.ComboGrupos->ListIndex(), 0);
+                segunda.cmdCancelar->click();
+            });
+            form.cmdSeguinte->click();
+        });
+        p.main.Importar->trigger();
+        QVERIFY(p.Linhas().isEmpty());
+    }
+
+    void so_as_tres_ultimas_letras_fazem_um_texto()
+    {
+        Programa p;
+        bool veio = false;
+        p.Ate_Ao_Grupo(p.Texto(u"semponto_dat"_s, "x"), [&](frmImportar2 &segunda) {
+            veio = true;
+            segunda.cmdCancelar->click();
+        });
+        QVERIFY(veio);
+    }
+
+    void so_linhas_vazias_nao_dao_registos_e_a_lista_le_se_outra_vez_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::newRow("uma linha") << QByteArray("Morvex\r\n");
+        QTest::newRow("só vazias depois da primeira") << QByteArray("Morvex\r\n\r\n\r\n\r\n");
+        QTest::newRow("nada") << QByteArray();
+    }
+    void so_linhas_vazias_nao_dao_registos_e_a_lista_le_se_outra_vez()
+    {
+        QFETCH(QByteArray, bytes);
+        Programa p;
+        p.Ate_Ao_Grupo(p.Texto(u"vazio.dat"_s, bytes), [&](frmImportar2 &segunda) {
+            QCOMPARE(segunda.Label3->text(), p.s.Texto(86) + u" 0"_s);
+            p.s.Novo_Contacto({{u"Nome"_s, Value(u"Por outro caminho"_s)}, {u"Grupo"_s, Value(u"1"_s)}});
+            QCOMPARE(p.main.ListaNomes->ListCount(), 0);
+            segunda.cmdSeguinte->click();
+            QVERIFY(!segunda.isVisible());
+        });
+        QCOMPARE(p.Linhas().size(), 1);
+        QCOMPARE(p.main.ListaNomes->ListCount(), 1);
+    }
+
+    void uma_recusa_da_base_termina_o_processo_e_o_que_vem_antes_fica()
+    {
+        Programa p;
+        p.s.Escrever(u"CREATE TRIGGER recusa BEFORE INSERT ON TblLista WHEN NEW.Nome='Com resto' "
+                     "BEGIN SELECT RAISE(ABORT, 'refused'); END"_s);
+        p.s.Escrever(u"DELETE FROM TblGrupos WHERE ID<>1"_s);
+        const QByteArray vazio("\xA5\xA6\xB6\xE6\xDE\xA2\xA7\xC6\xBF\xA1\xFF\xB1\xDF\xF8\xB5");
+        p.s.caixas.Espera_Erro(Failure::StoreError);
+        p.Ate_Ao_Grupo(
+            p.Texto(u"recusado.dat"_s, "x\r\num" + vazio + "\r\nCom resto" + vazio + "\r\ntres" + vazio),
+            [&](frmImportar2 &segunda) {
+                segunda.cmdSeguinte->click();
+                segunda.reject();
+            });
+        QVERIFY(p.s.processo.Terminou());
+        QCOMPARE(p.s.Linhas(u"SELECT Nome FROM TblLista"_s), QStringList{u"um"_s});
+    }
+
+    void um_grupo_que_ja_nao_existe_nao_deixa_o_numero_de_outro()
+    {
+        Programa p;
+        p.Ate_Ao_Grupo(p.Copia(u"normal.dat"_s), [&](frmImportar2 &segunda) {
+            p.s.Escrever(u"DELETE FROM TblGrupos WHERE NomeGrupo='Outros'"_s);
+            VERIFICAR_FALHA(segunda.ComboGrupos->ChooseText(u"Outros"_s), Failure::NoCurrentRecord);
+            QCOMPARE(segunda.txtGrupoID->text(), QString());
+            segunda.reject();
+        });
+    }
+
+    void duas_importacoes_seguidas_duplicam_e_cada_uma_comeca_de_novo()
+    {
+        Programa p;
+        const QString caminho = p.Copia(u"normal.dat"_s);
+        for (int vez = 1; vez <= 2; ++vez) {
+            p.Ate_Ao_Grupo(caminho, [&](frmImportar2 &segunda) {
+                QCOMPARE(segunda.ListaMorvex43->ListCount(), 50);
+                segunda.cmdSeguinte->click();
+            });
+            QCOMPARE(p.Linhas().size(), 50 * vez);
+        }
     }
 
     void um_caminho_que_acaba_em_DAT_vai_para_a_importacao_de_bases()
@@ -220,8 +425,15 @@ private Q_SLOTS:
         QVERIFY(p.Linhas().isEmpty());
     }
 
+    void os_temporizadores_ficam_parados_depois_da_segunda_carga_data()
+    {
+        QTest::addColumn<QString>("botao");
+        for (const QString &botao : {u"cmdSeguinte"_s, u"cmdCancelar"_s, QString()})
+            QTest::newRow(botao.isEmpty() ? "the close box" : qPrintable(botao)) << botao;
+    }
     void os_temporizadores_ficam_parados_depois_da_segunda_carga()
     {
+        QFETCH(QString, botao);
         Programa p;
         const Temporizadores &t = p.s.geral.temporizadores;
         QVERIFY(t.timerTarefas.Enabled());
@@ -233,12 +445,20 @@ private Q_SLOTS:
             Quando_Abrir<frmImportar2>([&](frmImportar2 &segunda) {
                 QVERIFY(t.timerTarefas.Enabled()); // the first form's unload started them
                 QVERIFY(p.main.isEnabled());
-                segunda.cmdCancelar->click();
+                if (botao.isEmpty())
+                    segunda.close();
+                else
+                    segunda.findChild<QAbstractButton *>(botao)->click();
+                QVERIFY(t.timerTarefas.Enabled());
             });
             form.cmdSeguinte->click();
         });
         p.main.Importar->trigger();
         QVERIFY(!t.timerTarefas.Enabled());
+
+        Quando_Abrir<frmImportar>([](frmImportar &form) { form.close(); });
+        p.main.Importar->trigger();
+        QVERIFY(t.timerTarefas.Enabled()); // a later form's unload starts them
     }
 };
 
