@@ -3,15 +3,16 @@
 #include "data/Geral.h"
 #include "data/Idiomas.h"
 #include "data/Inteiro.h"
-#include "data/Tocar_Som.h"
 #include "online/ContasEmail.h"
 #include "platform/Controls.h"
 #include "platform/Label.h"
 #include "platform/Platform.h"
 #include "platform/Units.h"
-#include "session/Autorun.h"
-#include "session/OmissaoDosMemos.h"
+#include "session/PaineArranque.h"
+#include "session/PaineMemos.h"
+#include "session/PaineSons.h"
 
+#include <QApplication>
 #include <QScreen>
 #include <QShortcut>
 
@@ -21,11 +22,6 @@ namespace
 {
 constexpr std::array<qint16, 8> textos_dos_separadores{128, 190, 191, 217, 192, 239, 245, 267};
 constexpr int fora_da_vista = -20000; // twips
-
-enum Evento { EventoEmail, EventoTarefa }; // rows of comboEventos
-
-QString Numero(bool sim) { return sim ? u"1"_s : u"0"_s; }
-QString Palavra(bool sim) { return sim ? u"sim"_s : u"nao"_s; }
 
 QString Com_Retornos(QString texto) { return texto.replace(u"\n"_s, u"\r\n"_s); }
 } // namespace
@@ -37,6 +33,9 @@ frmOpcoes::frmOpcoes(Geral &geral, Platform &platform, QWidget &janela)
     picOptions = {picOptions0, picOptions1, picOptions2, picOptions3,
                   picOptions4, picOptions5, picOptions6, picOptions7};
     contas_ = new ContasEmail(*this, geral_);
+    memos_ = new PaineMemos(*this, *this, geral_, platform_);
+    arranque_ = new PaineArranque(*this, *this, geral_, platform_);
+    sons_ = new PaineSons(*this, *this, geral_, platform_);
     Ligar_Controlos();
     endOnFailure(platform_.boxes, platform_.process, [this] { Form_Load(); });
 }
@@ -50,19 +49,8 @@ void frmOpcoes::Ligar_Controlos()
             [this](QWidget *, QWidget *agora) { Foco_Mudou(agora); });
     connect(cbActivarMailNotification, &QCheckBox::toggled, this,
             &frmOpcoes::cbActivarMailNotification_Click);
-    connect(OpcaoSim, &QRadioButton::toggled, this, [this](bool posta) {
-        if (posta) cbMinimizar->setEnabled(true);
-    });
-    connect(OpcaoNao, &QRadioButton::toggled, this, [this](bool posta) {
-        if (posta) cbMinimizar->setEnabled(false);
-    });
     connect(comboIdioma, &ComboBox::Click, this, &frmOpcoes::comboIdioma_Click);
-    connect(comboEventos, &ComboBox::Click, this, &frmOpcoes::comboEventos_Click);
-    connect(cmdFonte, &QPushButton::clicked, this, &frmOpcoes::cmdFonte_Click);
-    connect(cmdCor, &QPushButton::clicked, this, &frmOpcoes::cmdCor_Click);
     connect(cmdProcurar, &QPushButton::clicked, this, &frmOpcoes::cmdProcurar_Click);
-    connect(cmdPlay, &QPushButton::clicked, this, &frmOpcoes::cmdPlay_Click);
-    connect(cmdProcurarSom, &QPushButton::clicked, this, &frmOpcoes::cmdProcurarSom_Click);
     connect(cmdOk, &QPushButton::clicked, this, &frmOpcoes::cmdOk_Click);
     connect(cmdCancelar, &QPushButton::clicked, this, &frmOpcoes::reject);
     connect(this, &QDialog::finished, this, &frmOpcoes::Form_Unload);
@@ -148,18 +136,15 @@ void frmOpcoes::Preencher_Controlos()
     txtRemetente->setPlainText(geral_.RemetenteBD);
     txtDestinatario->setPlainText(geral_.DestinatarioBD);
     comboAniversario->setCurrentText(QString::number(geral_.DiasAniversarios));
+    bool numero = false;
+    const int aviso = geral_.AvisoAniversarios.toInt(&numero);
     QRadioButton *const avisos[]{Opcao0, Opcao1, Opcao2};
-    for (int aviso = 0; aviso < 3; ++aviso)
-        avisos[aviso]->setChecked(geral_.AvisoAniversarios.toInt() == aviso);
-    Mostrar_Amostra();
-    OpcaoSim->setChecked(geral_.AutorunArranque == "sim"_L1);
-    OpcaoNao->setChecked(geral_.AutorunArranque == "nao"_L1);
-    cbMinimizar->setChecked(geral_.MinimizarArranque == "sim"_L1);
-    cbMessenger->setChecked(geral_.MessengerActivo == 1);
+    for (int i = 0; i < 3; ++i)
+        avisos[i]->setChecked(numero && aviso == i);
+    memos_->Preencher();
+    arranque_->Preencher();
     txtCaminho->setText(geral_.CaminhoBD.isEmpty() ? geral_.Ficheiro(u"morvex.mdb"_s) : geral_.CaminhoBD);
-    comboEventos->AddItem(withoutMnemonic(geral_.Ler_Idioma(245)));
-    comboEventos->AddItem(withoutMnemonic(geral_.Ler_Idioma(269)));
-    comboEventos->setListIndex(EventoEmail);
+    sons_->Preencher();
     Escolher_Idioma_Actual();
 }
 
@@ -173,14 +158,6 @@ void frmOpcoes::Escolher_Idioma_Actual()
     const QString nome = QString::fromUtf16(actual->nome);
     comboIdioma->setCurrentIndex(comboIdioma->findText(nome));
     comboIdioma->setPlaceholderText(nome);
-}
-
-void frmOpcoes::Mostrar_Amostra()
-{
-    txtMemo->setFont(omissao_dos_memos::Fonte(geral_));
-    QPalette palette = txtMemo->palette();
-    palette.setColor(QPalette::Base, omissao_dos_memos::Cor(geral_));
-    txtMemo->setPalette(palette);
 }
 
 void frmOpcoes::Form_Unload()
@@ -226,45 +203,8 @@ void frmOpcoes::cbActivarMailNotification_Click()
 
 void frmOpcoes::comboIdioma_Click()
 {
-    platform_.boxes.show(geral_.Ler_Idioma(238), box::information, windowTitle(), this);
-}
-
-void frmOpcoes::comboEventos_Click()
-{
-    txtCaminhoSom->setText(comboEventos->ListIndex() == EventoEmail ? Som_Do_Email(geral_)
-                                                                    : Som_Da_Tarefa(geral_));
-}
-
-QString &frmOpcoes::Som_Escolhido()
-{
-    return comboEventos->ListIndex() == EventoEmail ? geral_.SomEmail : geral_.SomTarefa;
-}
-
-void frmOpcoes::cmdPlay_Click() { Tocar_Som(platform_.sound, txtCaminhoSom->text()); }
-
-void frmOpcoes::cmdProcurarSom_Click()
-{
-    const QString filtro = withoutMnemonic(geral_.Ler_Idioma(267)) + u" (*.wav)|*.wav"_s;
-    const auto ficheiro = platform_.dialogs.openFile(filtro, {}, this);
-    if (!ficheiro) return;
-    txtCaminhoSom->setText(*ficheiro);
-    Som_Escolhido() = *ficheiro;
-}
-
-void frmOpcoes::cmdFonte_Click()
-{
-    const auto fonte = platform_.dialogs.font(omissao_dos_memos::Fonte(geral_), this);
-    if (!fonte) return;
-    omissao_dos_memos::Guardar_Fonte(*fonte, geral_);
-    Mostrar_Amostra();
-}
-
-void frmOpcoes::cmdCor_Click()
-{
-    const auto cor = platform_.dialogs.colour(omissao_dos_memos::Cor(geral_), this);
-    if (!cor) return;
-    omissao_dos_memos::Guardar_Cor(*cor, geral_);
-    Mostrar_Amostra();
+    platform_.boxes.show(geral_.Ler_Idioma(238), box::information, QApplication::applicationDisplayName(),
+                         this);
 }
 
 void frmOpcoes::cmdProcurar_Click()
@@ -276,16 +216,15 @@ void frmOpcoes::cmdProcurar_Click()
     txtCaminho->setText(*ficheiro);
 }
 
+// The order is fixed: a failure leaves everything before it written, and nothing after it.
 void frmOpcoes::cmdOk_Click()
 {
     Escrever_Aviso_De_Email();
     Escrever_Envelopes();
     Escrever_Aniversarios();
-    Escrever_Memos();
-    Escrever_Autorun();
-    Escrever_Minimizar();
-    Escrever_Messenger();
-    Escrever_Sons();
+    memos_->Escrever();
+    arranque_->Escrever();
+    sons_->Escrever();
     Escrever_Pasta_Das_Fotos();
     Escrever_Caminho();
     Escrever_Idioma();
@@ -295,7 +234,7 @@ void frmOpcoes::cmdOk_Click()
 void frmOpcoes::Escrever_Aviso_De_Email()
 {
     const QString seccao = geral_.Seccao_Do_Utilizador(u"emailnotify"_s);
-    const QString activo = Numero(cbActivarMailNotification->isChecked());
+    const QString activo = cbActivarMailNotification->isChecked() ? u"1"_s : u"0"_s;
     const QString minutos = ComboMailNotification->currentText();
     geral_.ini.Escrever_Ini(seccao, u"activo"_s, activo);
     geral_.ini.Escrever_Ini(seccao, u"minutos"_s, minutos);
@@ -325,52 +264,6 @@ void frmOpcoes::Escrever_Aniversarios()
     const QString dias = comboAniversario->currentText();
     geral_.ini.Escrever_Ini(u"aniversarios"_s, u"dias"_s, dias);
     geral_.DiasAniversarios = Inteiro(dias);
-}
-
-void frmOpcoes::Escrever_Memos()
-{
-    omissao_dos_memos::Guardar_Fonte(txtMemo->font(), geral_);
-    omissao_dos_memos::Guardar_Cor(txtMemo->palette().color(QPalette::Base), geral_);
-    const std::pair<QString, QString> valores[]{{u"fontname"_s, geral_.MemoFontName},
-                                                {u"fontsize"_s, geral_.MemoFontSize},
-                                                {u"fontbold"_s, geral_.MemoFontBold},
-                                                {u"fontitalic"_s, geral_.MemoFontItalic},
-                                                {u"corfundo"_s, geral_.MemoCorFundo}};
-    for (const auto &[chave, valor] : valores)
-        geral_.ini.Escrever_Ini(u"memos"_s, chave, valor);
-}
-
-void frmOpcoes::Escrever_Autorun()
-{
-    if (!OpcaoSim->isChecked() && !OpcaoNao->isChecked()) return;
-    const QString palavra = Palavra(OpcaoSim->isChecked());
-    geral_.ini.Escrever_Ini(u"arranque"_s, u"autorun"_s, palavra);
-    if (OpcaoSim->isChecked())
-        autorun::Ligar(platform_.registry, geral_.VersaoBD);
-    else
-        autorun::Desligar(platform_.registry, geral_.VersaoBD);
-    geral_.AutorunArranque = palavra;
-}
-
-// A tick in a disabled box counts too.
-void frmOpcoes::Escrever_Minimizar()
-{
-    geral_.MinimizarArranque = Palavra(cbMinimizar->isChecked());
-    geral_.ini.Escrever_Ini(u"arranque"_s, u"minimizar"_s, geral_.MinimizarArranque);
-}
-
-void frmOpcoes::Escrever_Messenger()
-{
-    geral_.MessengerActivo = cbMessenger->isChecked() ? 1 : 0;
-    geral_.ini.Escrever_Ini(geral_.Seccao_Do_Utilizador(u"messenger"_s), u"activo"_s,
-                            Numero(cbMessenger->isChecked()));
-}
-
-void frmOpcoes::Escrever_Sons()
-{
-    const QString seccao = geral_.Seccao_Do_Utilizador(u"som"_s);
-    if (!geral_.SomEmail.isEmpty()) geral_.ini.Escrever_Ini(seccao, u"email"_s, geral_.SomEmail);
-    if (!geral_.SomTarefa.isEmpty()) geral_.ini.Escrever_Ini(seccao, u"tarefa"_s, geral_.SomTarefa);
 }
 
 void frmOpcoes::Escrever_Pasta_Das_Fotos()

@@ -10,6 +10,9 @@
 
 class ContasEmail;
 class Geral;
+class PaineArranque;
+class PaineMemos;
+class PaineSons;
 struct Platform;
 
 class frmOpcoes final : public QDialog, public Ui::frmOpcoes
@@ -24,14 +27,9 @@ private:
     void Form_Load();
     void Form_Unload();
     void tbsOptions_Click();
-    void comboEventos_Click();
     void comboIdioma_Click();
     void cbActivarMailNotification_Click();
-    void cmdFonte_Click();
-    void cmdCor_Click();
     void cmdProcurar_Click();
-    void cmdPlay_Click();
-    void cmdProcurarSom_Click();
     void cmdOk_Click();
     void reject() override; // cmdCancelar, Escape and the close box
 
@@ -42,27 +40,22 @@ private:
     void Arrumar();
     void Preencher_Controlos();
     void Escolher_Idioma_Actual();
-    void Mostrar_Amostra();
     void Separador_Seguinte();
     void Foco_Mudou(const QWidget *agora);
 
     void Escrever_Aviso_De_Email();
     void Escrever_Envelopes();
     void Escrever_Aniversarios();
-    void Escrever_Memos();
-    void Escrever_Autorun();
-    void Escrever_Minimizar();
-    void Escrever_Messenger();
-    void Escrever_Sons();
     void Escrever_Pasta_Das_Fotos();
     void Escrever_Caminho();
     void Escrever_Idioma();
 
-    QString &Som_Escolhido(); // SomEmail or SomTarefa, by the event
-
     Geral &geral_;
     Platform &platform_;
     QWidget &janela_;
-    ContasEmail *contas_; // a child of the form
+    ContasEmail *contas_; // the panes with work of their own, children of the form
+    PaineMemos *memos_;
+    PaineArranque *arranque_;
+    PaineSons *sons_;
     std::array<QWidget *, 8> picOptions{};
 };

@@ -138,7 +138,7 @@ class TestFrmOpcoes : public QObject
         form.comboEventos->setListIndex(1);
         c.s.dialogos.textos << u"/sons/tarefa.wav"_s;
         form.cmdProcurarSom->click();
-        c.s.caixas.Espera(c.s.Texto(238), 64, form.windowTitle());
+        c.s.caixas.Espera(c.s.Texto(238), 64, QApplication::applicationDisplayName());
         form.comboIdioma->setListIndex(2);
     }
 
@@ -419,7 +419,7 @@ private Q_SLOTS:
     {
         Cenario c;
         const frmOpcoes &form = c.Abrir();
-        c.s.caixas.Espera(c.s.Texto(238), 64, form.windowTitle());
+        c.s.caixas.Espera(c.s.Texto(238), 64, QApplication::applicationDisplayName());
         form.comboIdioma->setListIndex(3);
         QVERIFY(c.s.caixas.Todas_Vistas());
         QCOMPARE(c.s.Linhas(u"SELECT Idioma FROM TblConfig"_s), QStringList{u"PortuguesPT"_s});
@@ -444,7 +444,7 @@ private Q_SLOTS:
         Cenario c;
         const frmOpcoes &form = c.Abrir();
         c.s.Escrever(u"UPDATE TblConfig SET Idioma=''"_s);
-        c.s.caixas.Espera(c.s.Texto(238), 64, form.windowTitle());
+        c.s.caixas.Espera(c.s.Texto(238), 64, QApplication::applicationDisplayName());
         form.comboIdioma->setListIndex(linha);
         form.cmdOk->click();
         QCOMPARE(c.s.Linhas(u"SELECT Idioma FROM TblConfig"_s), QStringList{idioma});
@@ -727,16 +727,23 @@ private Q_SLOTS:
         QVERIFY(c.s.Linhas(u"SELECT Remetente FROM TblConfig"_s) != QStringList{u"Ana"_s});
     }
 
+    void um_aviso_fora_da_lista_fica_como_esta_data()
+    {
+        QTest::addColumn<QString>("aviso");
+        for (const char *aviso : {"3", "-1", "", "nunca"})
+            QTest::newRow(aviso) << QString::fromLatin1(aviso);
+    }
     void um_aviso_fora_da_lista_fica_como_esta()
     {
+        QFETCH(QString, aviso);
         Cenario c;
-        c.s.geral.AvisoAniversarios = u"3"_s;
-        c.s.geral.ini.Escrever_Ini(u"aniversarios"_s, u"aviso"_s, u"3"_s);
+        c.s.geral.AvisoAniversarios = aviso;
+        c.s.geral.ini.Escrever_Ini(u"aniversarios"_s, u"aviso"_s, aviso);
         const frmOpcoes &form = c.Abrir();
         QVERIFY(!form.Opcao0->isChecked() && !form.Opcao1->isChecked() && !form.Opcao2->isChecked());
         form.cmdOk->click();
-        QCOMPARE(c.Ini(u"aniversarios"_s, u"aviso"_s), u"3"_s);
-        QCOMPARE(c.s.geral.AvisoAniversarios, u"3"_s);
+        QCOMPARE(c.Ini(u"aniversarios"_s, u"aviso"_s), aviso);
+        QCOMPARE(c.s.geral.AvisoAniversarios, aviso);
     }
 
     void sem_sim_nem_nao_o_arranque_fica_como_esta()
