@@ -39,7 +39,7 @@ class Programa:
 
     def lancar(self):
         ambiente = dict(os.environ, MORVEX_HOME=str(self.pasta), QT_QPA_PLATFORM="xcb",
-                        DBUS_SESSION_BUS_ADDRESS="disabled:")
+                        DBUS_SESSION_BUS_ADDRESS="disabled:", XDG_CONFIG_HOME=str(self.pasta / "config"))
         return subprocess.Popen([str(self.executavel)], env=ambiente)
 
     def comecar(self):
@@ -74,8 +74,27 @@ class Programa:
         linhas[alvo] = f"{chave}={valor}"
         caminho.write_bytes(("\r\n".join(linhas) + "\r\n").encode("cp1252"))
 
+    def ler_ini(self, seccao, chave):
+        """One key of config.ini; None if it isn't there."""
+        actual = None
+        for linha in (self.pasta / "config.ini").read_text(encoding="cp1252").splitlines():
+            if linha.startswith("["):
+                actual = linha.strip("[]")
+            elif actual == seccao and linha.startswith(chave + "="):
+                return linha[len(chave) + 1:]
+        return None
+
     def texto(self, numero, idioma):
         return self.sql(f"SELECT {idioma} FROM TblIdiomas WHERE ID=?", numero)[0][0]
+
+    def legenda(self, numero, idioma):
+        """A text as a title shows it."""
+        return self.texto(numero, idioma).replace("&", "")
+
+    def letra(self, numero, idioma):
+        """The key that triggers a caption."""
+        texto = self.texto(numero, idioma)
+        return texto[texto.index("&") + 1].lower()
 
 
 def janelas(nome):
