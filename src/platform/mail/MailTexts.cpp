@@ -1,14 +1,12 @@
 #include "platform/mail/MailTexts.h"
 
-#include <array>
+#include "platform/Translations.h"
 
 namespace
 {
-enum Language { Pt, Br, En, Es, It, Fr, De, Languages };
-
 struct Texts {
     MailError error;
-    std::array<const char16_t *, Languages> words;
+    Translations words;
 };
 
 constexpr std::array table{
@@ -50,20 +48,11 @@ constexpr std::array table{
            u"respuesta sin sentido", u"risposta incomprensibile", u"réponse incompréhensible",
            u"Antwort unverständlich"}},
 };
-
-Language languageOf(const QString &code)
-{
-    constexpr std::array codes{"PortuguesPT", "PortuguesBR", "InglesUK", "EspanholES",
-                               "ItalianoIT",  "FrancesFR",   "AlemaoDE"};
-    for (std::size_t i = 0; i < codes.size(); ++i)
-        if (code == QLatin1String(codes[i])) return static_cast<Language>(i);
-    return En;
-}
 } // namespace
 
 QString mailErrorText(MailError error, const QString &language)
 {
     for (const Texts &texts : table)
-        if (texts.error == error) return QString::fromUtf16(texts.words[languageOf(language)]);
+        if (texts.error == error) return translated(texts.words, language);
     return {};
 }

@@ -3,6 +3,5 @@
 
 #include "platform/mail/Pop3Check.h"
 
-// The language by the code of the toolkit's translations ("pt_BR", "en", ...); an unknown one reads as
-// English.
+// The language by its name ("AlemaoDE"); an unknown one reads as English.
 QString mailErrorText(MailError error, const QString &language);

@@ -1,14 +1,12 @@
 #include "platform/report/ReportWords.h"
 
-#include <array>
+#include "platform/Translations.h"
 
 namespace
 {
-enum Language { Pt, Br, En, Es, It, Fr, De, Languages };
-
 struct Words {
     ReportWord word;
-    std::array<const char16_t *, Languages> texts;
+    Translations texts;
 };
 
 using enum ReportWord;
@@ -65,20 +63,11 @@ constexpr std::array table{
            u"Impossibile salvare il file.", u"Impossible d’enregistrer le fichier.",
            u"Die Datei konnte nicht geschrieben werden."}},
 };
-
-Language languageOf(const QString &name)
-{
-    constexpr std::array names{"PortuguesPT", "PortuguesBR", "InglesUK", "EspanholES",
-                               "ItalianoIT",  "FrancesFR",   "AlemaoDE"};
-    for (std::size_t i = 0; i < names.size(); ++i)
-        if (name == QLatin1String(names[i])) return static_cast<Language>(i);
-    return En;
-}
 } // namespace
 
 QString reportWord(ReportWord word, const QString &language)
 {
     for (const Words &words : table)
-        if (words.word == word) return QString::fromUtf16(words.texts[languageOf(language)]);
+        if (words.word == word) return translated(words.texts, language);
     return {};
 }
