@@ -3,6 +3,7 @@
 #include "platform/Failure.h"
 
 #include <QDate>
+#include <QHash>
 #include <QStringList>
 #include <QTime>
 
@@ -36,6 +37,13 @@ QString asTime(const QString &stored)
 {
     const QTime time = QTime::fromString(stored, Qt::ISODate);
     return time.isValid() ? time.toString(u"HH:mm"_s) : stored;
+}
+
+// A day or a month of one digit, as if it had been written with two.
+QString asTwoDigits(const QString &stored)
+{
+    const bool oneDigit = stored.size() == 1 && stored[0] >= u'1' && stored[0] <= u'9';
+    return oneDigit ? u'0' + stored : stored;
 }
 } // namespace
 
@@ -88,12 +96,13 @@ ReportText::Part ReportText::fieldPart(const QString &place, const FieldNumber &
     const QString name = place.section(u':', 0, 0);
     const qsizetype dot = name.indexOf(u'.');
     if (dot <= 0 || dot + 1 == name.size()) raise(u"{%1} is no place that a text may hold"_s.arg(place));
-    if (!format.isEmpty() && format != "date"_L1 && format != "time"_L1)
-        raise(u"Fields are shown as date or time, not as %1"_s.arg(format));
+    static const QHash<QString, Part::Format> formats{
+        {{}, Part::Plain}, {u"date"_s, Part::AsDate}, {u"time"_s, Part::AsTime}, {u"00"_s, Part::TwoDigits}};
+    if (!formats.contains(format)) raise(u"Fields are shown as date, time or 00, not as %1"_s.arg(format));
 
     Part part(Part::Field);
     part.field = fieldNumber({name.left(dot), name.mid(dot + 1)});
-    if (!format.isEmpty()) part.format = format == "date"_L1 ? Part::AsDate : Part::AsTime;
+    part.format = formats[format];
     fields_.push_back(part.field);
     return part;
 }
@@ -122,12 +131,24 @@ QString ReportText::valueOf(const Part &part, const Values &values)
         break;
     case Part::Parameter:
         const QString inner = part.hasField ? values.field(part.field) : QString();
-        const QString *value = values.parameter(part.text + inner);
+        const QString *value = values.parameter(part.text + formatted(part.format, inner));
         return value ? *value : inner;
     }
-    const QString stored = values.field(part.field);
-    if (part.format == Part::AsDate) return asDate(stored);
-    return part.format == Part::AsTime ? asTime(stored) : stored;
+    return formatted(part.format, values.field(part.field));
+}
+
+QString ReportText::formatted(Part::Format format, const QString &stored)
+{
+    switch (format) {
+    case Part::AsDate:
+        return asDate(stored);
+    case Part::AsTime:
+        return asTime(stored);
+    case Part::TwoDigits:
+        return asTwoDigits(stored);
+    default:
+        return stored;
+    }
 }
 
 QStringList ReportText::parameters() const

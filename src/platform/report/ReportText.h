@@ -1,5 +1,6 @@
-// A text of a report with its places: {Table.Field}, {Table.Field:date}, {Table.Field:time}, {?parameter},
-// {page}, {pages}, {date}. Two braces stand for one. A parameter's name may hold a field:
+// A text of a report with its places: {Table.Field}, {Table.Field:date}, {Table.Field:time},
+// {Table.Field:00},
+// {?parameter}, {page}, {pages}, {date}. Two braces stand for one. A parameter's name may hold a field:
 // {?month{Table.Month}}; where there is no parameter of that name the field's own value stands there.
 #pragma once
 
@@ -42,7 +43,7 @@ public:
 private:
     struct Part {
         enum Kind { Literal, Field, Parameter, Page, Pages, Date };
-        enum Format { Plain, AsDate, AsTime };
+        enum Format { Plain, AsDate, AsTime, TwoDigits };
         explicit Part(Kind of, QString literal = {}) : kind(of), text(std::move(literal)) {}
 
         Kind kind;
@@ -54,6 +55,7 @@ private:
     Part partOf(const QString &place, const FieldNumber &fieldNumber);
     Part fieldPart(const QString &place, const FieldNumber &fieldNumber);
     static QString valueOf(const Part &part, const Values &values);
+    static QString formatted(Part::Format format, const QString &stored);
 
     std::vector<Part> parts_;
     std::vector<std::size_t> fields_;
