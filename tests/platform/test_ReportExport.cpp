@@ -450,6 +450,12 @@ private Q_SLOTS:
         QCOMPARE(Leitor(Pasta().Bytes(ReportControl::Document, rows)).texto, u"{a}\\b\\par\n"_s);
     }
 
+    void no_documento_um_tabulador_na_celula_nao_a_parte_em_duas()
+    {
+        const ReportRows rows{{}, {u"A"_s, u"B"_s}, {}, {{u"219\t220"_s, u"fim"_s}}};
+        QCOMPARE(Leitor(Pasta().Bytes(ReportControl::Document, rows)).texto, u"219 220\tfim\n"_s);
+    }
+
     void um_documento_largo_deita_a_pagina()
     {
         ReportRows rows{{}, {u"A"_s, u"B"_s}, {}, {{QString(40, u'a'), QString(40, u'b')}}};

@@ -305,7 +305,7 @@ private Q_SLOTS:
 
     void os_registos_saem_como_texto()
     {
-        Juntar(u" Ana "_s, u"uma\r\nduas"_s);
+        Juntar(u" Ana "_s, u"uma\r\nduas\rtrês"_s);
         const ReportRows rows =
             Relatorio(
                 u"<detail><row height='300'><text head='{?rotulo}'>{T.Nome}</text><text>fixo</text></row>"
@@ -316,7 +316,7 @@ private Q_SLOTS:
         QCOMPARE(rows.heads, (QStringList{u"Etikett"_s, u"Obs"_s}));
         QCOMPARE(rows.fields, (QStringList{u"T.Nome"_s, u"T.Obs"_s}));
         QCOMPARE(rows.records.size(), 1U);
-        QCOMPARE(rows.records[0], (std::vector<QString>{u"Ana"_s, u"uma\r\nduas"_s}));
+        QCOMPARE(rows.records[0], (std::vector<QString>{u"Ana"_s, u"uma\nduas\ntrês"_s}));
     }
     void um_pdf_interrompido_deixa_o_ficheiro_antigo()
     {

@@ -10,12 +10,17 @@ namespace
 // In twips. A letter of nine points is about half as wide as it is high.
 constexpr int longSide = 16838, shortSide = 11906, margin = 1134, letter = 100, gap = 240;
 
-// What the format's own letters and whatever lies outside of the first 128 become.
+// What the format's own letters and whatever lies outside of the first 128 become. Every other blank of
+// several in a row is written by its number, for some readers widen two plain ones.
 void putText(QByteArray &document, QStringView text)
 {
+    bool behindBlank = false;
     for (const QChar letter16 : text) {
         const char16_t unit = letter16.unicode();
-        if (unit == u'\n')
+        const bool plainBlank = unit == u' ' && !behindBlank;
+        if (unit == u' ')
+            document.append(plainBlank ? " " : "\\u32?");
+        else if (unit == u'\n')
             document.append("\\line ");
         else if (unit == u'\t')
             document.append("\\tab ");
@@ -27,6 +32,7 @@ void putText(QByteArray &document, QStringView text)
             document.append("\\'").append(QByteArray::number(unit, 16));
         else if (unit >= 0x80)
             document.append("\\u").append(QByteArray::number(static_cast<qint16>(unit))).append('?');
+        behindBlank = plainBlank;
     }
 }
 
@@ -82,12 +88,13 @@ QByteArray listParagraph(const std::vector<int> &stops)
     return paragraph;
 }
 
+// A tab within a cell would move the cells behind it out of their columns.
 template<class Cells> void putLine(QByteArray &document, const Cells &cells)
 {
     bool behind = false;
     for (const QString &cell : cells) {
         if (std::exchange(behind, true)) document.append("\\tab ");
-        putText(document, cell);
+        putText(document, QString(cell).replace(u'\t', u' '));
     }
 }
 

@@ -358,6 +358,11 @@ void ReportPages::paintPicture(const ReportElement &element, const QString &file
 
 ReportRows ReportPages::rows() const
 {
+    const auto cellOf = [this](const ReportText &text, std::size_t band) {
+        QString cell = textOf(text, band, nullptr).trimmed();
+        if (cell.contains(u'\r')) cell.replace("\r\n"_L1, "\n"_L1).replace(u'\r', u'\n');
+        return cell;
+    };
     ReportRows rows;
     rows.title = definition_.title;
     std::vector<const ReportElement *> columns;
@@ -374,7 +379,7 @@ ReportRows ReportPages::rows() const
     for (std::size_t i = 0; i < data_.size(); ++i) {
         rows.records[i].reserve(columns.size());
         for (const ReportElement *column : columns)
-            rows.records[i].push_back(textOf(column->text, i + 1, nullptr).trimmed());
+            rows.records[i].push_back(cellOf(column->text, i + 1));
     }
     return rows;
 }

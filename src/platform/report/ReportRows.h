@@ -10,5 +10,5 @@ struct ReportRows {
     QString title;
     QStringList heads;                         // what stands over each column
     QStringList fields;                        // the field that each column shows, as "Table.Field"
-    std::vector<std::vector<QString>> records; // one text a column in each; a long text keeps its line feeds
+    std::vector<std::vector<QString>> records; // one text a column in each; lines are parted by line feeds
 };
