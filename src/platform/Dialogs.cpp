@@ -32,7 +32,12 @@ std::optional<QString> DesktopDialogs::openFile(const QString &filter, const QSt
 
 std::optional<QString> DesktopDialogs::saveFile(const QString &filter, const QString &file, QWidget *owner)
 {
-    return chosen(QFileDialog::getSaveFileName(owner, {}, file, toolkitFilter(filter)));
+    const QFileInfo proposed(file);
+    QFileDialog dialog(owner, {}, proposed.path(), toolkitFilter(filter));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(proposed.suffix());
+    dialog.selectFile(proposed.fileName());
+    return dialog.exec() == QDialog::Accepted ? chosen(dialog.selectedFiles().value(0)) : std::nullopt;
 }
 
 std::optional<QString> DesktopDialogs::folder(const QString &title, const QString &start, QWidget *owner)

@@ -17,7 +17,8 @@ public:
     // The filter is pairs of a description and its patterns, all separated by "|", the patterns by ";":
     // "Text|*.txt;*.dat|Everything|*.*".
     virtual std::optional<QString> openFile(const QString &filter, const QString &folder, QWidget *owner) = 0;
-    // A file that exists already is replaced only after a question, which the dialog itself asks.
+    // Begins with that file proposed; a name without an ending receives the proposed one's. A file that exists
+    // already is replaced only after a question, which the dialog itself asks.
     virtual std::optional<QString> saveFile(const QString &filter, const QString &file, QWidget *owner) = 0;
     virtual std::optional<QString> folder(const QString &title, const QString &start, QWidget *owner) = 0;
     virtual std::optional<QFont> font(const QFont &start, QWidget *owner) = 0;

@@ -1,6 +1,14 @@
-// The filter of a file dialog, from the program's form to the toolkit's.
+// The dialogs for files: the filter from the program's form to the toolkit's, and what a saved file is
+// called.
 #include "platform/Dialogs.h"
+#include "testlib/Accoes.h"
 #include "testlib/Teste.h"
+
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
 
@@ -8,7 +16,50 @@ class TestDialogs : public QObject
 {
     Q_OBJECT
 
+    // The dialog for a workbook, with that name typed into it and Save pressed; then Cancel, if it is still
+    // there.
+    static std::optional<QString> Gravar(const QTemporaryDir &pasta, const QString &nome,
+                                         QMessageBox::StandardButton resposta = QMessageBox::No,
+                                         int *perguntas = nullptr)
+    {
+        accoes::Quando_Abrir<QFileDialog>([&](QFileDialog &dialogo) {
+            if (!nome.isEmpty()) dialogo.findChild<QLineEdit *>(u"fileNameEdit"_s)->setText(nome);
+            if (perguntas)
+                accoes::Quando_Abrir<QMessageBox>([=](QMessageBox &caixa) {
+                    ++*perguntas;
+                    caixa.button(resposta)->click();
+                });
+            dialogo.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Save)->click();
+            if (dialogo.isVisible()) dialogo.reject();
+        });
+        return DesktopDialogs().saveFile(u"Excel|*.xls"_s, pasta.filePath(u"Lista telefónica.xls"_s),
+                                         nullptr);
+    }
+
 private Q_SLOTS:
+    void um_nome_sem_terminacao_recebe_a_do_ficheiro_proposto()
+    {
+        const QTemporaryDir pasta;
+        QCOMPARE(Gravar(pasta, u"nova"_s), pasta.filePath(u"nova.xls"_s));
+        QCOMPARE(Gravar(pasta, u"outra.doc"_s), pasta.filePath(u"outra.doc"_s));
+    }
+    void o_ficheiro_proposto_esta_escrito_no_dialogo()
+    {
+        const QTemporaryDir pasta;
+        QCOMPARE(Gravar(pasta, {}), pasta.filePath(u"Lista telefónica.xls"_s));
+    }
+    void um_ficheiro_que_ja_existe_so_se_devolve_depois_da_pergunta()
+    {
+        const QTemporaryDir pasta;
+        QFile ficheiro(pasta.filePath(u"nova.xls"_s));
+        QVERIFY(ficheiro.open(QIODevice::WriteOnly));
+        int perguntas = 0;
+        QCOMPARE(Gravar(pasta, u"nova"_s, QMessageBox::No, &perguntas), std::nullopt);
+        QCOMPARE(perguntas, 1);
+        QCOMPARE(Gravar(pasta, u"nova"_s, QMessageBox::Yes, &perguntas), pasta.filePath(u"nova.xls"_s));
+        QCOMPARE(perguntas, 2);
+    }
+
     void o_filtro_passa_a_forma_da_biblioteca_data()
     {
         QTest::addColumn<QString>("filter");
