@@ -33,11 +33,11 @@ std::pair<QString, QString> parameterOf(const QString &field)
 class Progress
 {
 public:
-    Progress(const QString &title, const QString &language, QWidget *owner)
+    Progress(ReportWord title, const QString &language, QWidget *owner)
         : text_(reportWord(ReportWord::Printing, language)),
           dialog_({}, reportWord(ReportWord::Cancel, language), 0, 0, owner)
     {
-        dialog_.setWindowTitle(title);
+        dialog_.setWindowTitle(reportWord(title, language));
         dialog_.setWindowModality(owner ? Qt::WindowModal : Qt::ApplicationModal);
         dialog_.setMinimumDuration(600);
     }
@@ -68,7 +68,7 @@ FileKind fileKind(int type)
     case ReportControl::Document:
         return {u"Word|*.doc", u"doc"};
     default:
-        return {u"Texto|*.txt", u"txt"};
+        return {u"TXT|*.txt", u"txt"};
     }
 }
 } // namespace
@@ -156,7 +156,7 @@ void CrystalReport::showPreview()
 
 void CrystalReport::print(ReportPages &pages, QWidget *owner)
 {
-    Progress progress(windowTitle_, language_(), owner);
+    Progress progress(ReportWord::Print, language_(), owner);
     say(printer_->print(pages, pages.definition().title, std::ref(progress)), owner);
 }
 
@@ -165,9 +165,9 @@ void CrystalReport::savePdf(ReportPages &pages, QWidget *owner)
     const auto path =
         dialogs_.saveFile(u"PDF|*.pdf"_s, suggestedFile(pages.definition().title, u"pdf"_s), owner);
     if (!path) return;
-    Progress progress(windowTitle_, language_(), owner);
+    Progress progress(ReportWord::SavePdf, language_(), owner);
     if (writePdf(pages, pages.definition().title, *path, std::ref(progress)) == PrintResult::Rejected)
-        say(ReportWord::NotWritten, owner);
+        say(ReportWord::NotWritten, ReportWord::SavePdf, owner);
 }
 
 void CrystalReport::exportToFile()
@@ -183,13 +183,13 @@ void CrystalReport::exportToFile()
 // Of what went well and of a cancel there is nothing to say.
 void CrystalReport::say(PrintResult result, QWidget *owner) const
 {
-    if (result == PrintResult::NoPrinter) say(ReportWord::NoPrinter, owner);
-    if (result == PrintResult::Rejected) say(ReportWord::Rejected, owner);
+    if (result == PrintResult::NoPrinter) say(ReportWord::NoPrinter, ReportWord::Print, owner);
+    if (result == PrintResult::Rejected) say(ReportWord::Rejected, ReportWord::Print, owner);
 }
 
-void CrystalReport::say(ReportWord word, QWidget *owner) const
+void CrystalReport::say(ReportWord word, ReportWord title, QWidget *owner) const
 {
-    boxes_.show(reportWord(word, language_()), box::exclamation, windowTitle_, owner);
+    boxes_.show(reportWord(word, language_()), box::exclamation, reportWord(title, language_()), owner);
 }
 
 // In the folder where the desktop's users keep their documents.

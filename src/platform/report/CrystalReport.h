@@ -58,7 +58,7 @@ private:
     void savePdf(ReportPages &pages, QWidget *owner);
     void exportToFile();
     void say(PrintResult result, QWidget *owner) const;
-    void say(ReportWord word, QWidget *owner) const;
+    void say(ReportWord word, ReportWord title, QWidget *owner) const;
     QString suggestedFile(const QString &title, const QString &suffix) const;
 
     MessageBoxes &boxes_;
