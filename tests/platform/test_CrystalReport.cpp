@@ -139,19 +139,21 @@ private Q_SLOTS:
         QTest::addColumn<PrintResult>("result");
         QTest::addColumn<QString>("language");
         QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("title");
         QTest::newRow("no printer") << PrintResult::NoPrinter << u"PortuguesPT"_s
-                                    << u"Não há nenhuma impressora instalada."_s;
+                                    << u"Não há nenhuma impressora instalada."_s << u"Imprimir"_s;
         QTest::newRow("rejected") << PrintResult::Rejected << u"AlemaoDE"_s
-                                  << u"Der Drucker hat den Auftrag abgelehnt."_s;
+                                  << u"Der Drucker hat den Auftrag abgelehnt."_s << u"Drucken"_s;
     }
     void o_que_a_impressora_nao_fez_e_dito()
     {
         QFETCH(PrintResult, result);
         QFETCH(QString, language);
         QFETCH(QString, text);
+        QFETCH(QString, title);
         idioma_ = language;
         impressora_->resultado = result;
-        caixas_->Espera(text, box::exclamation, u"Pré-Visualizar"_s);
+        caixas_->Espera(text, box::exclamation, title);
         Correr(ReportControl::Printer);
         QVERIFY(caixas_->Todas_Vistas());
     }
@@ -287,7 +289,7 @@ private Q_SLOTS:
     void sem_impressora_a_previsualizacao_di_lo()
     {
         impressora_->escolha = PrintResult::NoPrinter;
-        caixas_->Espera(u"Não há nenhuma impressora instalada."_s, box::exclamation, u"Pré-Visualizar"_s);
+        caixas_->Espera(u"Não há nenhuma impressora instalada."_s, box::exclamation, u"Imprimir"_s);
         Accionar(Pre_Visualizar(), "print");
         QVERIFY(caixas_->Todas_Vistas());
     }
@@ -303,7 +305,7 @@ private Q_SLOTS:
     void um_pdf_que_nao_se_grava_e_dito()
     {
         dialogos_.textos = {Caminho(u"nada/saida.pdf"_s)};
-        caixas_->Espera(u"Não foi possível gravar o ficheiro."_s, box::exclamation, u"Pré-Visualizar"_s);
+        caixas_->Espera(u"Não foi possível gravar o ficheiro."_s, box::exclamation, u"Guardar como PDF"_s);
         Accionar(Pre_Visualizar(), "pdf");
         QVERIFY(caixas_->Todas_Vistas());
     }
@@ -343,6 +345,19 @@ private Q_SLOTS:
         QCOMPARE(Parte<QAction>(janela, "wholePage")->text(), u"Ganze Seite"_s);
     }
 
+    void cada_palavra_existe_em_todas_as_linguas()
+    {
+        for (const QString &lingua : {u"PortuguesPT"_s, u"PortuguesBR"_s, u"InglesUK"_s, u"EspanholES"_s,
+                                      u"ItalianoIT"_s, u"FrancesFR"_s, u"AlemaoDE"_s})
+            for (int palavra = int(ReportWord::First); palavra <= int(ReportWord::NotWritten); ++palavra) {
+                const QString texto = reportWord(ReportWord(palavra), lingua);
+                QVERIFY(!texto.isEmpty());
+                const bool conta = ReportWord(palavra) == ReportWord::Printing;
+                QCOMPARE(texto.contains(u"%1"_s) && texto.contains(u"%2"_s), conta);
+            }
+        QCOMPARE(reportWord(ReportWord::Close, u"?"_s), u"Close"_s);
+    }
+
     void uma_exportacao_pergunta_pelo_ficheiro_e_escreve_o()
     {
         controlo_->ReplaceSelectionFormula(u"{T.ID}=7"_s);
@@ -350,6 +365,7 @@ private Q_SLOTS:
         dialogos_.textos = {Caminho(u"saida.txt"_s)};
         Correr(ReportControl::File);
         QVERIFY(dialogos_.perguntas.value(0).contains(u"Lista.txt"_s));
+        QVERIFY(dialogos_.perguntas.value(0).contains(u"TXT|*.txt"_s)); // the same in all languages
         QFile saida(Caminho(u"saida.txt"_s));
         QVERIFY(saida.open(QIODevice::ReadOnly));
         QVERIFY(saida.readAll().contains("Nome 7"));
