@@ -11,7 +11,7 @@ struct Texts {
 
 constexpr std::array table{
     Texts{MailError::Address,
-          {u"servidor mal escrito", u"servidor mal escrito", u"server name not valid",
+          {u"servidor mal escrito", u"nome de servidor inválido", u"server name not valid",
            u"servidor mal escrito", u"nome del server errato", u"nom de serveur invalide",
            u"Servername ungültig"}},
     Texts{MailError::NotFound,

@@ -58,7 +58,7 @@ constexpr std::array table{
            u"La stampante ha rifiutato il lavoro.", u"L’imprimante a refusé la tâche.",
            u"Der Drucker hat den Auftrag abgelehnt."}},
     Words{NotWritten,
-          {u"Não foi possível gravar o ficheiro.", u"Não foi possível gravar o arquivo.",
+          {u"Não foi possível gravar o ficheiro.", u"Não foi possível salvar o arquivo.",
            u"The file could not be written.", u"No se pudo guardar el archivo.",
            u"Impossibile salvare il file.", u"Impossible d’enregistrer le fichier.",
            u"Die Datei konnte nicht geschrieben werden."}},
