@@ -12,7 +12,7 @@ struct Texts {
 constexpr std::array table{
     Texts{MailError::Address,
           {u"servidor mal escrito", u"nome de servidor inválido", u"server name not valid",
-           u"servidor mal escrito", u"nome del server errato", u"nom de serveur invalide",
+           u"nombre de servidor no válido", u"nome del server errato", u"nom de serveur invalide",
            u"Servername ungültig"}},
     Texts{MailError::NotFound,
           {u"servidor desconhecido", u"servidor desconhecido", u"server not found", u"servidor desconocido",
@@ -45,7 +45,7 @@ constexpr std::array table{
            u"Verbindung nicht mehr sicher"}},
     Texts{MailError::Garbled,
           {u"resposta sem sentido", u"resposta sem sentido", u"answer not understood",
-           u"respuesta sin sentido", u"risposta incomprensibile", u"réponse incompréhensible",
+           u"respuesta incomprensible", u"risposta incomprensibile", u"réponse incompréhensible",
            u"Antwort unverständlich"}},
 };
 } // namespace
