@@ -94,7 +94,7 @@ Sementes sementes::FR()
             .Grupos = {u"Amis"_s, u"Collègues"_s, u"Famille"_s, u"Clients"_s, u"Fournisseurs"_s, u"D'autres"_s},
             .MemoTitulo = u"Memo"_s,
             .MemoDescricao = u"Écrivez ici vos notes !"_s,
-            .Contactos = {Empresa({u"Un contact d’exemple : modifiez-le à votre gré."_s,
+            .Contactos = {Empresa({u"Un contact d’exemple\u00a0: modifiez-le à votre gré."_s,
                                    u"La fiche se resserre autour des champs vides."_s}),
                           Portal(u"Tout ce qui se passe en ville, sur une seule page."_s)}};
 }

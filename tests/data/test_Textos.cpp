@@ -130,10 +130,38 @@ private Q_SLOTS:
         QFETCH(QString, lingua);
         for (const auto &[numero, texto] : textos_[lingua].asKeyValueRange()) {
             QVERIFY2(!texto.isEmpty(), qPrintable(QString::number(numero)));
-            QVERIFY2(texto == texto.simplified() || texto.contains(u'\u00a0') || texto.contains(u'\u202f'),
-                     qPrintable(QString::number(numero)));
-            QVERIFY2(texto == texto.trimmed() && !texto.contains(u"  "_s),
-                     qPrintable(QString::number(numero)));
+            // A no-break space is wanted: before the marks of French, and at the end where the code adds one.
+            QString rijo = texto;
+            rijo.replace(u'\u00a0', u'_');
+            QVERIFY2(rijo == rijo.simplified(), qPrintable(QString::number(numero)));
+        }
+    }
+
+    void no_frances_um_espaco_rijo_precede_cada_sinal_duplo()
+    {
+        int sinais = 0;
+        int finais = 0;
+        for (const auto &[numero, texto] : textos_[u"FrancesFR"_s].asKeyValueRange()) {
+            for (qsizetype i = 0; i < texto.size(); ++i) {
+                if (!u":?!;"_s.contains(texto[i])) continue;
+                ++sinais;
+                QVERIFY2(i > 0 && texto[i - 1] == u'\u00a0', qUtf8Printable(texto));
+            }
+            const bool junta = usos_[numero].contains(u"code adds a colon"_s);
+            finais += junta ? 1 : 0;
+            QVERIFY2(texto.endsWith(u'\u00a0') == junta, qUtf8Printable(texto));
+        }
+        QVERIFY(sinais > 30);
+        QCOMPARE(finais, 5);
+    }
+
+    void so_o_frances_pede_espacos_rijos()
+    {
+        for (const Idioma &idioma : idiomas::todos) {
+            const QString lingua = QString::fromLatin1(idioma.coluna);
+            if (lingua == u"FrancesFR"_s) continue;
+            for (const QString &texto : textos_[lingua])
+                QVERIFY2(!texto.contains(u'\u00a0'), qUtf8Printable(texto));
         }
     }
 
@@ -181,7 +209,7 @@ private Q_SLOTS:
             for (const QString &linha : junto.split(u'|'))
                 QVERIFY2(linha == linha.trimmed(), nota);
             static const QRegularExpression maus(
-                u" {2}|: ?:|\\? ?\\?|\\. \\.|(?<!\\.)\\.\\.(?!\\.)|[:.,]\\?|\\(\\(|\\)\\)|\\{|\\}"_s);
+                u" {2}|:[ \u00a0]?:|\\? ?\\?|\\. \\.|(?<!\\.)\\.\\.(?!\\.)|[:.,]\\?|\\(\\(|\\)\\)|\\{|\\}"_s);
             QVERIFY2(!maus.match(junto).hasMatch(), nota);
             QVERIFY2(Iguais_Em_Numero(junto, u"("_s, u")"_s) && Iguais_Em_Numero(junto, u"«"_s, u"»"_s),
                      nota);

@@ -55,7 +55,7 @@ constexpr std::array table{
     Words{Rejected,
           {u"A impressora recusou o trabalho.", u"A impressora recusou o trabalho.",
            u"The printer refused the job.", u"La impresora ha rechazado el trabajo.",
-           u"La stampante ha rifiutato il lavoro di stampa.", u"L’imprimante a refusé la tâche.",
+           u"La stampante ha rifiutato il lavoro di stampa.", u"L’imprimante a refusé l’impression.",
            u"Der Drucker hat den Auftrag abgelehnt."}},
     Words{NotWritten,
           {u"Não foi possível gravar o ficheiro.", u"Não foi possível salvar o arquivo.",
