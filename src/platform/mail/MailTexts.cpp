@@ -32,7 +32,7 @@ constexpr std::array table{
           {u"utilizador ou palavra-passe recusados", u"usuário ou senha recusados",
            u"name or password refused", u"usuario o contraseña rechazados",
            u"nome utente o password rifiutati", u"identifiant ou mot de passe refusé",
-           u"Name oder Kennwort abgelehnt"}},
+           u"Benutzername oder Kennwort abgelehnt"}},
     Texts{MailError::Busy,
           {u"caixa de correio ocupada", u"caixa postal ocupada", u"mailbox busy", u"buzón ocupado",
            u"casella di posta occupata", u"boîte aux lettres occupée", u"Postfach belegt"}},

@@ -56,12 +56,12 @@ constexpr std::array table{
           {u"A impressora recusou o trabalho.", u"A impressora recusou o trabalho.",
            u"The printer refused the job.", u"La impresora ha rechazado el trabajo.",
            u"La stampante ha rifiutato il lavoro di stampa.", u"L’imprimante a refusé l’impression.",
-           u"Der Drucker hat den Auftrag abgelehnt."}},
+           u"Der Drucker hat den Druckauftrag abgelehnt."}},
     Words{NotWritten,
           {u"Não foi possível gravar o ficheiro.", u"Não foi possível salvar o arquivo.",
            u"The file could not be written.", u"No se ha podido guardar el archivo.",
            u"Impossibile salvare il file.", u"Impossible d’enregistrer le fichier.",
-           u"Die Datei konnte nicht geschrieben werden."}},
+           u"Die Datei konnte nicht gespeichert werden."}},
 };
 } // namespace
 
