@@ -16,6 +16,7 @@ pacotes_para_testar=(
     cups-daemon cups-client cups-filters libreoffice-calc-nogui libreoffice-writer-nogui
     # Servers of tests/servidores: mail, presence, and a client of the latter in a terminal of its own.
     dovecot-pop3d prosody finch tmux
+    faketime # a clock that a test moves under the running program
 )
 
 # Installs those of the named packages that are missing, and says which.

@@ -1,29 +1,54 @@
 """Drives the real program in a real window: an installation of its own, keys and mouse through the X server."""
 
+import datetime
 import os
 import pathlib
+import re
 import shutil
 import sqlite3
 import subprocess
 import tempfile
 import time
 
-PATIENCE = 15.0  # seconds for anything to appear
+PATIENCE = 40.0  # seconds for anything to appear, on a machine that is busy with other things
 
 
 def run(*command):
     return subprocess.run(command, capture_output=True, text=True, check=False).stdout.strip()
 
 
-def until(condition, what):
+def until(condition, what, patience=PATIENCE):
     """Waits until the condition yields something true, and returns it."""
-    end = time.monotonic() + PATIENCE
+    end = time.monotonic() + patience
     while time.monotonic() < end:
         found = condition()
         if found:
             return found
         time.sleep(0.05)
     raise AssertionError(f"it did not come: {what}")
+
+
+class Relogio:
+    """A wall clock for one program, which the test sets while the program runs. Timers keep to real seconds."""
+
+    def __init__(self, programa, hora):
+        self.ficheiro = programa.pasta / "relogio"
+        self.acertar(hora)
+        # A sanitizer wants to be the first library of the process.
+        sanitizador = re.findall(r"=> (\S*/libasan\S*)", run("ldd", str(programa.executavel)))
+        biblioteca = run("faketime", "-m", "-f", "+0", "printenv", "LD_PRELOAD")
+        programa.ambiente |= {"LD_PRELOAD": ":".join([*sanitizador, biblioteca]),
+                              "FAKETIME_TIMESTAMP_FILE": str(self.ficheiro), "FAKETIME_NO_CACHE": "1",
+                              "FAKETIME_DONT_FAKE_MONOTONIC": "1", "NO_FAKE_STAT": "1"}
+
+    def acertar(self, hora):
+        """From now on it is that hour, and the clock goes on from there."""
+        novo = self.ficheiro.with_suffix(".novo")
+        novo.write_text(f"{hora.timestamp() - time.time():+.3f}\n", encoding="ascii")
+        novo.replace(self.ficheiro)
+
+    def agora(self):
+        return datetime.datetime.fromtimestamp(time.time() + float(self.ficheiro.read_text(encoding="ascii")))
 
 
 class Programa:
@@ -36,11 +61,18 @@ class Programa:
             if enviado.suffix in (".jpg", ".mdb", ".ini", ".txt", ".wav", ".rpt"):
                 shutil.copy(enviado, self.pasta)
         self.processo = None
+        self.ambiente = {}  # what the process gets beside the test's own variables
+
+    def instalar(self, idioma):
+        """The first run is long past, in that language."""
+        self.definir("basedados", "caminhobd", self.pasta / "morvex.mdb")
+        self.sql("UPDATE TblConfig SET Idioma=?", idioma)
+        self.sql("INSERT INTO TblRepeticao (Nome) VALUES ('Não'), ('Diariamente')")
 
     def lancar(self):
         ambiente = dict(os.environ, MORVEX_HOME=str(self.pasta), QT_QPA_PLATFORM="xcb",
                         DBUS_SESSION_BUS_ADDRESS="disabled:", XDG_CONFIG_HOME=str(self.pasta / "config"))
-        return subprocess.Popen([str(self.executavel)], env=ambiente)
+        return subprocess.Popen([str(self.executavel)], env=ambiente | self.ambiente)
 
     def comecar(self):
         self.processo = self.lancar()
@@ -108,6 +140,40 @@ def janela(nome):
 
 def sem_janela(nome):
     until(lambda: not janelas(nome), f"the end of the window {nome}")
+
+
+def geometria(id_janela):
+    """Left, top, width and height of a window on the screen, in pixels."""
+    dito = run("xwininfo", "-id", id_janela)
+    return tuple(int(re.search(nome + r":\s+(-?\d+)", dito)[1])
+                 for nome in ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height"))
+
+
+def empilhamento():
+    """The windows of the screen, the lowest one first."""
+    return [str(int(numero, 16)) for numero in
+            re.findall(r"0x[0-9a-f]+", run("xprop", "-root", "_NET_CLIENT_LIST_STACKING").split("#")[-1])]
+
+
+def cor(x, y):
+    """The colour of one point of the screen, as "#RRGGBB"."""
+    dito = run("import", "-silent", "-window", "root", "-crop", f"1x1+{x}+{y}", "-depth", "8", "txt:-")
+    return re.search(r"#[0-9A-F]{6}", dito)[0]
+
+
+def retrato(id_janela):
+    """What the window shows. Equal pictures are equal in every point."""
+    return subprocess.run(["import", "-silent", "-window", id_janela, "-depth", "8", "ppm:-"],
+                          capture_output=True, check=True).stdout
+
+
+def arrastar(de, ate):
+    """Drags with the left button from one point of the screen to another, in steps as a hand does."""
+    run("xdotool", "mousemove", *map(str, de))
+    run("xdotool", "mousedown", "1")
+    for passo in range(1, 6):
+        run("xdotool", "mousemove", *(str(a + (b - a) * passo // 5) for a, b in zip(de, ate)))
+    run("xdotool", "mouseup", "1")
 
 
 def activar(id_janela):
