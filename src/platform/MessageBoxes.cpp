@@ -3,7 +3,11 @@
 #include "platform/Failure.h"
 
 #include <QApplication>
+#include <QGridLayout>
+#include <QLabel>
 #include <QMessageBox>
+#include <QScreen>
+#include <QScrollArea>
 
 namespace
 {
@@ -20,6 +24,34 @@ QMessageBox::Icon iconOf(int flags)
     default: return QMessageBox::NoIcon;
     }
 }
+
+// The report of a merge can have a line for each of thousands of rows. A text too tall for the screen
+// scrolls, so that the buttons stay in reach.
+void keepButtonsOnScreen(QMessageBox &box)
+{
+    constexpr int textWidth = 480;    // pixels
+    constexpr int shareOfScreen = 60; // percent
+    auto *label = box.findChild<QLabel *>(QStringLiteral("qt_msgbox_label"));
+    auto *grid = qobject_cast<QGridLayout *>(box.layout());
+    const int place = label != nullptr && grid != nullptr ? grid->indexOf(label) : -1;
+    if (place < 0) return;
+    const int room = box.screen()->availableGeometry().height() * shareOfScreen / 100;
+    label->setWordWrap(true);
+    if (label->heightForWidth(textWidth) <= room) return;
+
+    int row = 0;
+    int column = 0;
+    int rows = 0;
+    int columns = 0;
+    grid->getItemPosition(place, &row, &column, &rows, &columns);
+    auto *scroll = new QScrollArea(&box);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scroll->setWidgetResizable(true);
+    scroll->setMinimumSize(textWidth, room);
+    scroll->setWidget(label);
+    grid->addWidget(scroll, row, column, rows, columns);
+}
 } // namespace
 
 int DesktopMessageBoxes::show(const QString &text, int flags, const QString &title, QWidget *owner)
@@ -29,6 +61,7 @@ int DesktopMessageBoxes::show(const QString &text, int flags, const QString &tit
     box.setWindowTitle(title);
     box.setTextFormat(Qt::PlainText); // a contact's name is never markup
     box.setText(text);
+    keepButtonsOnScreen(box);
     if ((flags & buttonMask) != box::yesNo) {
         box.exec();
         return answer::ok;

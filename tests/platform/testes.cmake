@@ -10,6 +10,7 @@ foreach(teste IN ITEMS
     test_ComboBox
     test_Picture
     test_Dialogs
+    test_MessageBoxes
     test_DesktopShell
     test_DesktopRegistry
     test_JetFile)

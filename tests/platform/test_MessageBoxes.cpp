@@ -1,0 +1,96 @@
+// The message boxes of the desktop: icons, answers, and what a long text does to them.
+#include "platform/MessageBoxes.h"
+
+#include "testlib/Accoes.h"
+#include "testlib/Teste.h"
+
+#include <QLabel>
+#include <QMessageBox>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+
+using namespace Qt::StringLiterals;
+using accoes::Quando_Abrir;
+
+class TestMessageBoxes : public QObject
+{
+    Q_OBJECT
+
+    DesktopMessageBoxes boxes_;
+
+    static QString Lines(int count)
+    {
+        QStringList lines;
+        for (int i = 1; i <= count; ++i)
+            lines << u"Grupo criado: %1"_s.arg(i);
+        return lines.join(u"\r\n"_s);
+    }
+
+private Q_SLOTS:
+    void the_flags_choose_the_icon_data()
+    {
+        QTest::addColumn<int>("flags");
+        QTest::addColumn<int>("icon");
+        QTest::newRow("none") << box::ok << int{QMessageBox::NoIcon};
+        QTest::newRow("stop") << box::stop << int{QMessageBox::Critical};
+        QTest::newRow("exclamation") << box::exclamation << int{QMessageBox::Warning};
+        QTest::newRow("information") << box::information << int{QMessageBox::Information};
+    }
+    void the_flags_choose_the_icon()
+    {
+        QFETCH(int, flags);
+        QFETCH(int, icon);
+        Quando_Abrir<QMessageBox>([icon](QMessageBox &box) {
+            QCOMPARE(int{box.icon()}, icon);
+            QCOMPARE(box.windowTitle(), u"Título"_s);
+            QCOMPARE(box.textFormat(), Qt::PlainText);
+            QCOMPARE(box.text(), u"<b>um</b>"_s);
+            box.button(QMessageBox::Ok)->click();
+        });
+        QCOMPARE(boxes_.show(u"<b>um</b>"_s, flags, u"Título"_s, nullptr), answer::ok);
+    }
+
+    void a_question_closed_without_an_answer_is_no()
+    {
+        Quando_Abrir<QMessageBox>([](QMessageBox &box) { box.button(QMessageBox::Yes)->click(); });
+        QCOMPARE(boxes_.show(u"?"_s, box::question | box::yesNo, {}, nullptr), answer::yes);
+        Quando_Abrir<QMessageBox>([](QMessageBox &box) { box.button(QMessageBox::No)->click(); });
+        QCOMPARE(boxes_.show(u"?"_s, box::question | box::yesNo, {}, nullptr), answer::no);
+        Quando_Abrir<QMessageBox>([](QMessageBox &box) { box.close(); });
+        QCOMPARE(boxes_.show(u"?"_s, box::question | box::yesNo, {}, nullptr), answer::no);
+    }
+
+    void a_text_taller_than_the_screen_scrolls_and_the_button_stays_in_reach_data()
+    {
+        QTest::addColumn<int>("lines");
+        QTest::addColumn<bool>("scrolls");
+        QTest::newRow("a short one") << 12 << false;
+        QTest::newRow("500 lines") << 500 << true;
+    }
+    void a_text_taller_than_the_screen_scrolls_and_the_button_stays_in_reach()
+    {
+        QFETCH(int, lines);
+        QFETCH(bool, scrolls);
+        Quando_Abrir<QMessageBox>([&](QMessageBox &box) {
+            QCoreApplication::processEvents();
+            const QSize screen = box.screen()->availableSize();
+            QVERIFY(box.height() < screen.height() * 8 / 10);
+            const auto *button = box.button(QMessageBox::Ok);
+            QVERIFY(box.rect().contains(button->geometry()));
+            QCOMPARE(box.text(), Lines(lines));
+            const auto *scroll = box.findChild<QScrollArea *>();
+            QCOMPARE(scroll != nullptr, scrolls);
+            if (scrolls) {
+                QVERIFY(scroll->verticalScrollBar()->maximum() > screen.height());
+                QCOMPARE(qobject_cast<QLabel *>(scroll->widget())->text(), Lines(lines));
+                QVERIFY(!scroll->geometry().intersects(button->parentWidget()->geometry()));
+            }
+            box.button(QMessageBox::Ok)->click();
+        });
+        boxes_.show(Lines(lines), box::exclamation, {}, nullptr);
+    }
+};
+
+MORVEX_TESTE(TestMessageBoxes)
+#include "test_MessageBoxes.moc"
