@@ -64,9 +64,15 @@ void frmImportarMDB::cmdSeguinte_Click()
         ProgressBar1->setValue(percentagem);
         ProgressBar1->repaint();
     });
-    connect(&fusao, &Fusao::ContactosLidos, imgRegistos, &QWidget::show);
-    connect(&fusao, &Fusao::TarefasLidas, imgTarefas, &QWidget::show);
-    connect(&fusao, &Fusao::MemosLidos, imgMemos, &QWidget::show);
+    const auto mostrar = [](QWidget *marca) {
+        return [marca] {
+            marca->show();
+            marca->repaint();
+        };
+    };
+    connect(&fusao, &Fusao::ContactosLidos, this, mostrar(imgRegistos));
+    connect(&fusao, &Fusao::TarefasLidas, this, mostrar(imgTarefas));
+    connect(&fusao, &Fusao::MemosLidos, this, mostrar(imgMemos));
     ProgressBar1->show();
     fusao.Correr();
     platform_.boxes.show(fusao.Relatorio() + geral_.Ler_Idioma(231) + u"\r\n"_s + geral_.Ler_Idioma(235),

@@ -298,6 +298,32 @@ private Q_SLOTS:
         QCOMPARE(valores, (QList<int>{0, 25, 50, 75, 100, 25, 50, 75, 100, 100}));
     }
 
+    // No event is taken while the merge runs: a mark that waited for one would come with the end.
+    void cada_marca_pinta_se_logo_que_aparece()
+    {
+        struct Contagem : QObject {
+            int pinturas = 0;
+            bool eventFilter(QObject *, QEvent *evento) override
+            {
+                if (evento->type() == QEvent::Paint) ++pinturas;
+                return false;
+            }
+        };
+        Programa p;
+        p.s.caixas.Espera_Qualquer(48, p.s.Texto(82));
+        p.Escolher(Dado(u"pequena.mdb"_s), [](frmImportarMDB &form) {
+            QVERIFY(QTest::qWaitForWindowExposed(&form));
+            std::array<Contagem, 3> contagens;
+            form.imgRegistos->installEventFilter(&contagens[0]);
+            form.imgTarefas->installEventFilter(&contagens[1]);
+            form.imgMemos->installEventFilter(&contagens[2]);
+            form.cmdSeguinte->click();
+            for (const Contagem &contagem : contagens)
+                QVERIFY(contagem.pinturas > 0);
+            form.reject();
+        });
+    }
+
     void uma_segunda_base_depois_de_um_cancelar_le_ainda_a_primeira()
     {
         Programa p;
