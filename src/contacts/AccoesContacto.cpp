@@ -11,25 +11,18 @@
 #include "platform/Controls.h"
 #include "platform/DisabledWindow.h"
 #include "platform/ListBox.h"
+#include "platform/PictureLabel.h"
 #include "platform/Platform.h"
 
 #include <QAbstractButton>
 #include <QAction>
-#include <QLabel>
 #include <QLineEdit>
-#include <QMouseEvent>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
 constexpr qint16 texto_deseja_eliminar = 54;
-
-bool E_Um_Clique(const QEvent &event)
-{
-    return event.type() == QEvent::MouseButtonRelease &&
-           static_cast<const QMouseEvent &>(event).button() == Qt::LeftButton;
-}
 } // namespace
 
 AccoesContacto::AccoesContacto(QWidget &janela, Geral &geral, Platform &platform, ListaContactos &lista,
@@ -43,8 +36,7 @@ AccoesContacto::AccoesContacto(QWidget &janela, Geral &geral, Platform &platform
       ListaNomes(control<ListBox>(janela, u"ListaNomes"_s)),
       txtEmail1(control<QLineEdit>(janela, u"txtEmail1"_s)),
       txtEmail2(control<QLineEdit>(janela, u"txtEmail2"_s)),
-      txtWebsite(control<QLineEdit>(janela, u"txtWebsite"_s)),
-      Thumb(control<QLabel>(janela, u"Thumb"_s))
+      txtWebsite(control<QLineEdit>(janela, u"txtWebsite"_s))
 {
     const auto clique = [&](const QString &botao, auto accao) {
         connect(&control<QAbstractButton>(janela, botao), &QAbstractButton::clicked, this, accao);
@@ -58,18 +50,13 @@ AccoesContacto::AccoesContacto(QWidget &janela, Geral &geral, Platform &platform
     for (const auto &comando : {u"Website"_s, u"visitar_website"_s, u"RightClickWebsite"_s})
         Ligar(comando, &AccoesContacto::Website_Click);
     connect(new LinhasLink(janela, geral), &LinhasLink::Clicada, this, &AccoesContacto::Linha_Click);
-    Thumb.installEventFilter(this);
+    connect(&control<PictureLabel>(janela, u"Thumb"_s), &PictureLabel::Click, this,
+            &AccoesContacto::Thumb_Click);
 }
 
 void AccoesContacto::Ligar(const QString &comando, void (AccoesContacto::*accao)())
 {
     connect(&control<QAction>(janela_, comando), &QAction::triggered, this, accao);
-}
-
-bool AccoesContacto::eventFilter(QObject *, QEvent *event)
-{
-    if (E_Um_Clique(*event)) Thumb_Click();
-    return false;
 }
 
 // The selection is lost, and the card stays empty unless one contact remains.

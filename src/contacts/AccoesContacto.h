@@ -9,7 +9,6 @@ class CartaoContacto;
 class Geral;
 class ListaContactos;
 class ListBox;
-class QLabel;
 class QLineEdit;
 class QWidget;
 struct Platform;
@@ -21,8 +20,6 @@ public:
     // The window must hold every control that is named below; it owns them.
     AccoesContacto(QWidget &janela, Geral &geral, Platform &platform, ListaContactos &lista,
                    CartaoContacto &cartao);
-
-    bool eventFilter(QObject *alvo, QEvent *event) override;
 
 private:
     void cmdEliminar_Click();
@@ -42,5 +39,4 @@ private:
     QWidget &janela_;
     ListBox &ListaNomes;
     QLineEdit &txtEmail1, &txtEmail2, &txtWebsite;
-    QLabel &Thumb;
 };

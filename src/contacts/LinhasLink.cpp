@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <QApplication>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
 
@@ -42,6 +43,34 @@ void Sublinhar(QLineEdit &linha, bool sublinhada)
     letra.setUnderline(sublinhada);
     linha.setFont(letra);
 }
+
+bool Clique(const QEvent &event)
+{
+    return event.type() == QEvent::MouseButtonRelease &&
+           static_cast<const QMouseEvent &>(event).button() == Qt::LeftButton;
+}
+
+bool Enter(const QEvent &event)
+{
+    if (event.type() != QEvent::KeyPress) return false;
+    const auto &tecla = static_cast<const QKeyEvent &>(event);
+    return !tecla.isAutoRepeat() && (tecla.key() == Qt::Key_Return || tecla.key() == Qt::Key_Enter);
+}
+
+Qt::FocusReason Razao(const QEvent &event) { return static_cast<const QFocusEvent &>(event).reason(); }
+
+bool Chega_Pelas_Teclas(const QEvent &event)
+{
+    return event.type() == QEvent::FocusIn &&
+           (Razao(event) == Qt::TabFocusReason || Razao(event) == Qt::BacktabFocusReason);
+}
+
+// Another window or a menu only borrows the keyboard.
+bool Perde_As_Teclas(const QEvent &event)
+{
+    return event.type() == QEvent::FocusOut && Razao(event) != Qt::ActiveWindowFocusReason &&
+           Razao(event) != Qt::PopupFocusReason;
+}
 } // namespace
 
 LinhasLink::LinhasLink(QWidget &janela, Geral &geral)
@@ -62,12 +91,25 @@ LinhasLink::LinhasLink(QWidget &janela, Geral &geral)
 
 bool LinhasLink::eventFilter(QObject *alvo, QEvent *event)
 {
-    const auto linha = std::find(linhas_.begin(), linhas_.end(), alvo);
+    const auto encontrada = std::find(linhas_.begin(), linhas_.end(), alvo);
+    QLineEdit *linha = encontrada == linhas_.end() ? nullptr : *encontrada;
     if (event->type() == QEvent::MouseMove)
-        linha != linhas_.end() ? Passar_Sobre(**linha) : Sair_Das_Linhas();
-    else if (event->type() == QEvent::MouseButtonRelease && linha != linhas_.end())
-        Libertar(**linha, *static_cast<QMouseEvent *>(event));
+        linha != nullptr ? Passar_Sobre(*linha) : Sair_Das_Linhas();
+    else if (linha != nullptr && Chega_Pelas_Teclas(*event))
+        Chegar_Pelas_Teclas(*linha);
+    else if (linha != nullptr && Perde_As_Teclas(*event))
+        Sair_Das_Linhas();
+    else if (linha != nullptr && (Clique(*event) || Enter(*event)))
+        Seguir(*linha);
     return false;
+}
+
+// The toolkit selects the text of a field that the keyboard reaches, behind this event. A row with a
+// selection would not open, neither here nor from the menu.
+void LinhasLink::Chegar_Pelas_Teclas(QLineEdit &linha)
+{
+    Passar_Sobre(linha);
+    QMetaObject::invokeMethod(&linha, &QLineEdit::deselect, Qt::QueuedConnection);
 }
 
 void LinhasLink::Passar_Sobre(QLineEdit &linha)
@@ -95,10 +137,9 @@ void LinhasLink::Sair_Das_Linhas()
     LinkActivo = u"1"_s;
 }
 
-void LinhasLink::Libertar(QLineEdit &linha, const QMouseEvent &rato)
+void LinhasLink::Seguir(QLineEdit &linha)
 {
-    if (rato.button() != Qt::LeftButton || linha.text().isEmpty() || linha.hasSelectedText()) return;
-    Q_EMIT Clicada(&linha);
+    if (!linha.text().isEmpty() && !linha.hasSelectedText()) Q_EMIT Clicada(&linha);
 }
 
 QString LinhasLink::Dica(const QLineEdit &linha)

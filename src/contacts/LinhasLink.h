@@ -1,5 +1,6 @@
-// The mail and web rows of the card as links: their look under the pointer, and the click on them. What a
-// click opens is not known here.
+// The mail and web rows of the card as links: their look under the pointer, and the click on them. Without a
+// mouse a row that the keyboard reaches looks alike, and Enter is its click. What a click opens is not known
+// here.
 #pragma once
 
 #include <array>
@@ -8,7 +9,6 @@
 
 class Geral;
 class QLineEdit;
-class QMouseEvent;
 class QWidget;
 
 class LinhasLink final : public QObject
@@ -21,14 +21,15 @@ public:
     bool eventFilter(QObject *alvo, QEvent *event) override;
 
 Q_SIGNALS:
-    // The left button came up on a row that has a text of which nothing is selected: a drag copies and does
-    // not open.
+    // The left button came up, or Enter went down, on a row that has a text of which nothing is selected: a
+    // drag copies and does not open.
     void Clicada(QLineEdit *linha);
 
 private:
     void Passar_Sobre(QLineEdit &linha);
     void Sair_Das_Linhas();
-    void Libertar(QLineEdit &linha, const QMouseEvent &rato);
+    void Chegar_Pelas_Teclas(QLineEdit &linha);
+    void Seguir(QLineEdit &linha);
     QString Dica(const QLineEdit &linha);
 
     Geral &geral_;

@@ -1,13 +1,22 @@
-// Keeps a window disabled for as long as it lives: while a modal form stands in front of it.
+// Keeps a window disabled for as long as it lives: while a modal form stands in front of it. The keyboard
+// then goes back to where it was.
 #pragma once
 
+#include <QPointer>
 #include <QWidget>
 
 class DisabledWindow
 {
 public:
-    explicit DisabledWindow(QWidget &window) : window_(window) { disable(window_); }
-    ~DisabledWindow() { window_.setEnabled(true); }
+    explicit DisabledWindow(QWidget &window) : window_(window), focus_(window.focusWidget())
+    {
+        disable(window_);
+    }
+    ~DisabledWindow()
+    {
+        window_.setEnabled(true);
+        giveFocusBack();
+    }
     DisabledWindow(const DisabledWindow &) = delete;
     DisabledWindow &operator=(const DisabledWindow &) = delete;
 
@@ -24,5 +33,14 @@ public:
     }
 
 private:
+    // A disabled control loses the keyboard for good, and a person without a mouse would have to begin anew.
+    void giveFocusBack() const
+    {
+        const bool wanted = focus_ != nullptr && window_.focusWidget() == nullptr;
+        if (wanted && focus_->isEnabled() && focus_->isVisible())
+            focus_->setFocus(Qt::ActiveWindowFocusReason);
+    }
+
     QWidget &window_;
+    QPointer<QWidget> focus_;
 };

@@ -397,6 +397,134 @@ private Q_SLOTS:
         QVERIFY(p.janela.isEnabled());
     }
 
+    void uma_fotografia_de_8000_por_6000_vem_ao_cartao_e_enche_a_largura_da_janela()
+    {
+        Programa p;
+        QImage enorme(8000, 6000, QImage::Format_Grayscale8);
+        enorme.fill(Qt::white);
+        const QString foto = p.s.Ficheiro(u"enorme.jpg"_s);
+        QVERIFY(enorme.save(foto));
+        Mostrar_Contacto(p, {{u"Fotografia"_s, foto}});
+        QCOMPARE(p.janela.Thumb->size(), QSize(160, 120)); // a fiftieth of either side
+        p.Mostrar_Janela();
+        accoes::Quando_Abrir<frmVerImagem>([](frmVerImagem &form) {
+            QCOMPARE(form.Image1->width(), form.width());
+            QCOMPARE(form.Image1->pixmap().toImage().pixelColor(300, 200), QColor(Qt::white));
+            form.close();
+        });
+        QTest::mouseClick(p.janela.Thumb, Qt::LeftButton);
+    }
+
+    void um_clique_que_sai_da_fotografia_nao_a_abre()
+    {
+        Programa p;
+        Mostrar_Contacto(p, {});
+        p.Mostrar_Janela();
+        QTest::mousePress(p.janela.Thumb, Qt::LeftButton);
+        QTest::mouseRelease(p.janela.Thumb, Qt::LeftButton, {}, {-5, 5}); // a form would hold the test up
+        QVERIFY(p.janela.isEnabled());
+    }
+
+    void sem_rato_a_fotografia_abre_com_uma_tecla_data()
+    {
+        QTest::addColumn<int>("tecla");
+        QTest::newRow("enter") << int(Qt::Key_Return);
+        QTest::newRow("enter dos algarismos") << int(Qt::Key_Enter);
+        QTest::newRow("espaco") << int(Qt::Key_Space);
+    }
+    void sem_rato_a_fotografia_abre_com_uma_tecla()
+    {
+        QFETCH(int, tecla);
+        Programa p;
+        Mostrar_Contacto(p, {});
+        p.Mostrar_Janela();
+        p.janela.ListaNomes->setFocus();
+        const QImage sem_foco = p.janela.Thumb->grab().toImage();
+        QTest::keyClick(p.janela.ListaNomes, Qt::Key_Tab);
+        QVERIFY(p.janela.Thumb->hasFocus());
+        QVERIFY(p.janela.Thumb->grab().toImage() != sem_foco); // a person sees where the keyboard is
+        bool vista = false;
+        accoes::Quando_Abrir<frmVerImagem>([&](frmVerImagem &form) {
+            vista = true;
+            QTest::keyClick(&form, Qt::Key_A);
+        });
+        QTest::keyClick(p.janela.Thumb, static_cast<Qt::Key>(tecla));
+        QVERIFY(vista);
+        QCOMPARE(p.janela.focusWidget(), p.janela.Thumb);
+    }
+
+    void sem_rato_uma_linha_parece_um_link_e_enter_abre_o_seu_endereco_data()
+    {
+        um_clique_numa_linha_abre_o_seu_endereco_data();
+    }
+    void sem_rato_uma_linha_parece_um_link_e_enter_abre_o_seu_endereco()
+    {
+        QFETCH(QString, linha);
+        QFETCH(QString, alvo);
+        Programa p;
+        Mostrar_Contacto(p, Com_Tudo());
+        p.Mostrar_Janela();
+        auto &caixa = control<QLineEdit>(p.janela, linha);
+        caixa.setFocus(Qt::TabFocusReason);
+        QTRY_VERIFY(!caixa.hasSelectedText());
+        QVERIFY(caixa.font().underline());
+        QCOMPARE(Cor(&caixa), Cor_Do_Sistema(QPalette::Highlight));
+        QTest::keyClick(&caixa, Qt::Key_Return);
+        QCOMPARE(p.s.shell.abertos, QStringList{alvo});
+        p.janela.ListaNomes->setFocus();
+        QVERIFY(!caixa.font().underline());
+    }
+
+    void com_o_teclado_no_website_o_menu_tambem_o_abre()
+    {
+        Programa p;
+        Mostrar_Contacto(p, Com_Tudo());
+        p.Mostrar_Janela();
+        p.janela.txtWebsite->setFocus(Qt::TabFocusReason);
+        QTRY_VERIFY(!p.janela.txtWebsite->hasSelectedText());
+        p.janela.Website->trigger();
+        QCOMPARE(p.s.shell.abertos, QStringList{u"www.x.example"_s});
+    }
+
+    void com_texto_marcado_enter_nao_abre()
+    {
+        Programa p;
+        Mostrar_Contacto(p, Com_Tudo());
+        p.Mostrar_Janela();
+        p.janela.txtEmail1->setFocus();
+        QTest::keyClick(p.janela.txtEmail1, Qt::Key_Home);
+        QTest::keyClick(p.janela.txtEmail1, Qt::Key_Right, Qt::ShiftModifier);
+        QVERIFY(p.janela.txtEmail1->hasSelectedText());
+        QTest::keyClick(p.janela.txtEmail1, Qt::Key_Return);
+        QVERIFY(p.s.shell.abertos.isEmpty());
+    }
+
+    void as_teclas_da_janela_valem_em_todo_o_cartao_data()
+    {
+        QTest::addColumn<QString>("controlo");
+        for (const char *controlo :
+             {"txtEmail1", "txtWebsite", "txtMorada", "txtObs", "Thumb", "ComboGrupos", "cmdNovo", "cmdData"})
+            QTest::newRow(controlo) << controlo;
+    }
+    void as_teclas_da_janela_valem_em_todo_o_cartao()
+    {
+        QFETCH(QString, controlo);
+        Programa p;
+        QMap<QString, Value> colunas = Com_Tudo();
+        colunas.insert(u"Morada"_s, u"Rua 1"_s);
+        colunas.insert(u"Obs"_s, u"notas"_s);
+        Mostrar_Contacto(p, colunas);
+        p.Mostrar_Janela();
+        auto &com_foco = control<QWidget>(p.janela, controlo);
+        com_foco.setFocus();
+        QVERIFY(com_foco.hasFocus());
+        Espera_Pergunta(p, u"Ana"_s, answer::no);
+        QTest::keyClick(&com_foco, Qt::Key_Delete);
+        QVERIFY(p.s.caixas.Todas_Vistas());
+        QTest::keyClick(&com_foco, Qt::Key_Escape);
+        QVERIFY(!p.janela.isVisible());
+    }
+
     void o_botao_da_data_abre_a_hora_do_ambiente()
     {
         Programa p;
