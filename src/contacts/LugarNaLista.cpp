@@ -27,20 +27,28 @@ LugarNaLista::LugarNaLista(QWidget &janela, Geral &geral, ListaContactos &lista)
 {
 }
 
+// With many contacts reading the names is what takes time, so none are read twice: a filter that goes back to
+// all groups has just filled the twin.
 int LugarNaLista::Lugar_Do_Novo(const QString &Nome, const QString &IDGrupo)
 {
-    if (IDGrupo != geral_.GrupoActual) ComboGrupos.setListIndex(0);
-    {
-        const ListBox::Filling enchendo(ListaNomes2);
-        ListaNomes2.Clear();
-        Recordset &rs = lista_.Abrir_Nomes();
-        for (; !rs.Eof(); rs.MoveNext())
-            ListaNomes2.AddItem(rs.Fields("Nome").textOrEmpty());
-        rs.Close();
-        ListaNomes2.AddItem(Nome);
-    }
+    if (IDGrupo != geral_.GrupoActual && ComboGrupos.ListIndex() != 0)
+        ComboGrupos.setListIndex(0);
+    else
+        Ler_Nomes();
+    ListaNomes2.AddItem(Nome);
     ListaNomes2.setListIndex(ListaNomes2.NewIndex());
     return ListaNomes2.ListIndex();
+}
+
+// Into the twin alone, as they are now: another copy of the program may have changed them.
+void LugarNaLista::Ler_Nomes()
+{
+    const ListBox::Filling enchendo(ListaNomes2);
+    ListaNomes2.Clear();
+    Recordset &rs = lista_.Abrir_Nomes();
+    for (; !rs.Eof(); rs.MoveNext())
+        ListaNomes2.AddItem(rs.Fields("Nome").textOrEmpty());
+    rs.Close();
 }
 
 void LugarNaLista::Mostrar_Novo(int IndiceNovoContacto)

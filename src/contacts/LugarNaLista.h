@@ -27,6 +27,8 @@ public:
     void Mostrar_Editado(const QString &IDGrupo);
 
 private:
+    void Ler_Nomes();
+
     Geral &geral_;
     ListaContactos &lista_;
     ListBox &ListaNomes, &ListaNomes2;

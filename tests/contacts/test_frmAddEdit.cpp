@@ -858,9 +858,21 @@ private Q_SLOTS:
         e.lista.Carregar_Tabela();
         Historia h(e);
         e.Adicionar(u"Luis"_s);
-        // The row is found before the insert, and every reload after it shows three.
-        QCOMPARE(h.entradas, QStringList({u"lista (2)"_s, u"filtro (2)"_s, u"gemea 1 (2)"_s, u"lista (3)"_s,
-                                          u"escolha 1 (3)"_s}));
+        // The row is found before the insert, and the reload after it shows three.
+        QCOMPARE(h.entradas, QStringList({u"gemea 1 (2)"_s, u"lista (3)"_s, u"escolha 1 (3)"_s}));
+        QCOMPARE(e.s.geral.GrupoActual, u"0"_s);
+    }
+
+    void o_lugar_conta_com_o_que_outra_copia_gravou_entretanto()
+    {
+        Editor e;
+        for (const auto &nome : {u"Ana"_s, u"Rui"_s})
+            e.s.Novo_Contacto({{u"Nome"_s, nome}});
+        e.lista.Carregar_Tabela();
+        e.s.Novo_Contacto({{u"Nome"_s, u"Berta"_s}});
+        e.Adicionar(u"Luis"_s);
+        QCOMPARE(e.janela.ListaNomes->ListIndex(), 2);
+        QCOMPARE(e.Escolhido(), u"Luis"_s);
     }
 
     void novo_no_grupo_a_vista_deixa_o_filtro()
@@ -881,13 +893,17 @@ private Q_SLOTS:
     {
         Editor e;
         e.Grupo(u"Coral"_s);
-        e.s.Novo_Contacto({{u"Nome"_s, u"Ana"_s}});
+        for (const auto &nome : {u"Ana"_s, u"Rui"_s})
+            e.s.Novo_Contacto({{u"Nome"_s, nome}});
         e.Grupo(u"Teatro"_s);
         e.Filtrar(u"Coral"_s);
+        Historia h(e);
         e.Adicionar(u"Carla"_s, u"Teatro"_s);
+        QCOMPARE(h.entradas, QStringList({u"lista (2)"_s, u"filtro (2)"_s, u"gemea 1 (2)"_s, u"lista (3)"_s,
+                                          u"escolha 1 (3)"_s}));
         QCOMPARE(e.janela.ComboGrupos->ListIndex(), 0);
         QCOMPARE(e.s.geral.GrupoActual, u"0"_s);
-        QCOMPARE(e.janela.ListaNomes->ListCount(), 2);
+        QCOMPARE(e.janela.ListaNomes->ListCount(), 3);
         QCOMPARE(e.Escolhido(), u"Carla"_s);
     }
 
