@@ -1,5 +1,6 @@
 #include "contacts/frmAddEdit.h"
 
+#include "contacts/CamposDeData.h"
 #include "contacts/DataAniversario.h"
 #include "contacts/Fotografia.h"
 #include "contacts/Preencher_Grupos.h"
@@ -10,15 +11,12 @@
 #include "platform/Picture.h"
 #include "platform/Platform.h"
 #include "platform/Units.h"
-
-#include <QKeyEvent>
-#include <QMouseEvent>
+#include "platform/WholeCharacters.h"
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr int margem = 8; // pixels, below the calendar
 constexpr QRectF lugar_da_foto(7305, 870, 1125, 1080);
 
 // A picture that is too large for its place shrinks in proportion; a smaller one stays as it is.
@@ -41,45 +39,6 @@ QString Filtro(const QString &todas_as_imagens)
 }
 
 QString Pasta_Do_Ficheiro(const QString &FileName) { return FileName.left(FileName.lastIndexOf(u'/') + 1); }
-
-// A day that the month doesn't have becomes its last one.
-QDate Data_Mais_Proxima(int ano, int mes, int dia)
-{
-    const QDate primeiro(std::min(ano, 9999), std::min(mes, 12), 1);
-    return primeiro.addDays(std::min(dia, primeiro.daysInMonth()) - 1);
-}
-QDate Com_Dia(QDate data, int dia) { return Data_Mais_Proxima(data.year(), data.month(), dia); }
-QDate Com_Mes(QDate data, int mes) { return Data_Mais_Proxima(data.year(), mes, data.day()); }
-QDate Com_Ano(QDate data, int ano) { return Data_Mais_Proxima(ano, data.month(), data.day()); }
-
-// Keys that leave the field, and those that only go with others, aren't meant for it.
-bool Tecla_Do_Campo(const QKeyEvent &tecla)
-{
-    switch (tecla.key()) {
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-    case Qt::Key_Escape:
-    case Qt::Key_Shift:
-    case Qt::Key_Control:
-    case Qt::Key_Alt:
-        return false;
-    default:
-        return true;
-    }
-}
-
-bool Clique(const QEvent &evento)
-{
-    return evento.type() == QEvent::MouseButtonRelease &&
-           static_cast<const QMouseEvent &>(evento).button() == Qt::LeftButton;
-}
-
-bool Tecla(const QEvent &evento)
-{
-    return evento.type() == QEvent::KeyPress && Tecla_Do_Campo(static_cast<const QKeyEvent &>(evento));
-}
 } // namespace
 
 frmAddEdit::frmAddEdit(QWidget &janela, Geral &geral, Platform &platform, ListaContactos &lista)
@@ -87,18 +46,15 @@ frmAddEdit::frmAddEdit(QWidget &janela, Geral &geral, Platform &platform, ListaC
 {
     setupUi(this);
     setFixedSize(size());
-    altura_ = height();
-    datas_ = {{txtDia, 400, "nao", 0, &QDate::day, Com_Dia},
-              {txtMes, 1440, "nao", 0, &QDate::month, Com_Mes},
-              {txtAno, 2400, "sim", 1768, &QDate::year, Com_Ano}};
+    datas_ = new CamposDeData(*this, platform_.clock);
     for (QWidget *campo : findChildren<QWidget *>(Qt::FindDirectChildrenOnly))
         campo->installEventFilter(this);
+    for (QLineEdit *campo : findChildren<QLineEdit *>())
+        keepWholeCharacters(*campo);
     connect(ComboGrupos, &ComboBox::Click, this, &frmAddEdit::ComboGrupos_Click);
     connect(cmd_foto, &QPushButton::clicked, this, &frmAddEdit::cmd_foto_Click);
     connect(cmdOk, &QPushButton::clicked, this, &frmAddEdit::cmdOk_Click);
     connect(cmdCancelar, &QPushButton::clicked, this, &frmAddEdit::cmdCancelar_Click);
-    connect(Calendario, &QCalendarWidget::clicked, this, &frmAddEdit::Calendario_DateClick);
-    connect(Calendario, &QCalendarWidget::activated, this, &frmAddEdit::Calendario_DateClick);
     connect(this, &QDialog::finished, this, &frmAddEdit::Form_Unload);
 }
 
@@ -122,8 +78,9 @@ void frmAddEdit::Form_Load()
 {
     geral_.temporizadores.Gerir_Temporizadores(u"stop"_s);
     Atribuir_Legendas();
+    const Idioma *idioma = idiomas::Procurar(geral_.IdiomaActual);
+    datas_->Carregar(idioma != nullptr ? QLocale(QString::fromUtf16(idioma->codigo)) : locale());
     Oferecer_Grupos(geral_, *ComboGrupos); // a user who sees no group at all learns so from cmdOk
-    Calendario->setSelectedDate(platform_.clock.today());
     skipFailure([&] { Mostrar_Foto(geral_.Ficheiro(u"semfoto_small.jpg"_s)); });
     if (geral_.ModoContacto == "Edit"_L1) Preencher_Campos();
 }
@@ -142,8 +99,6 @@ void frmAddEdit::Atribuir_Legendas()
     cmd_foto->setText(geral_.Ler_Idioma(44));
     Thumb->setAccessibleName(lblFotografia->text());
     Calendario->setAccessibleName(lblAniversario->text());
-    if (const Idioma *idioma = idiomas::Procurar(geral_.IdiomaActual))
-        Calendario->setLocale(QLocale(QString::fromUtf16(idioma->codigo)));
 }
 
 void frmAddEdit::Preencher_Campos()
@@ -202,57 +157,9 @@ void frmAddEdit::Form_Unload() { geral_.temporizadores.Gerir_Temporizadores(u"st
 
 bool frmAddEdit::eventFilter(QObject *alvo, QEvent *evento)
 {
-    const CampoDeData *campo = Campo_De_Data(alvo);
     if (evento->type() == QEvent::FocusIn && qobject_cast<QPushButton *>(alvo) == nullptr)
         cmdOk->setDefault(qobject_cast<QPlainTextEdit *>(alvo) == nullptr); // there Enter makes a new line
-    else if (campo != nullptr && Clique(*evento))
-        Data_Click(*campo);
-    else if (campo != nullptr && Tecla(*evento))
-        Data_KeyDown(*campo);
     return QDialog::eventFilter(alvo, evento);
-}
-
-const frmAddEdit::CampoDeData *frmAddEdit::Campo_De_Data(const QObject *alvo) const
-{
-    for (const CampoDeData &campo : datas_)
-        if (campo.caixa == alvo) return &campo;
-    return nullptr;
-}
-
-void frmAddEdit::Data_Click(const CampoDeData &campo)
-{
-    if (Calendario->isVisible()) {
-        Mostrar_Calendario(false);
-        if (campo.caixa == txtAno) CalendarioAno = u"nao"_s;
-        return;
-    }
-    const int escrito = campo.caixa->text().toInt();
-    const int parte = escrito > campo.limite ? escrito : (platform_.clock.today().*campo.parte)();
-    Calendario->setSelectedDate(campo.com_parte(Calendario->selectedDate(), parte));
-    Data_KeyDown(campo);
-}
-
-void frmAddEdit::Data_KeyDown(const CampoDeData &campo)
-{
-    Calendario->move(pixels(campo.left), Calendario->y());
-    Mostrar_Calendario(true);
-    CalendarioAno = QLatin1StringView(campo.CalendarioAno);
-}
-
-// The form is as high as what it shows.
-void frmAddEdit::Mostrar_Calendario(bool visivel)
-{
-    setFixedHeight(visivel ? Calendario->geometry().bottom() + margem : altura_);
-    Calendario->setVisible(visivel);
-    Calendario->raise();
-}
-
-void frmAddEdit::Calendario_DateClick(QDate dia)
-{
-    Mostrar_Calendario(false);
-    txtDia->setText(QString::number(dia.day()));
-    txtMes->setText(QString::number(dia.month()));
-    if (CalendarioAno == "sim"_L1) txtAno->setText(QString::number(dia.year()));
 }
 
 void frmAddEdit::ComboGrupos_Click() { txtIDGrupo->setText(ComboGrupos->ChosenItemData()); }
@@ -293,8 +200,7 @@ void frmAddEdit::cmdOk_Click()
 void frmAddEdit::Recusar_Data()
 {
     platform_.boxes.show(geral_.Ler_Idioma(232), box::stop, windowTitle(), this);
-    for (const CampoDeData &campo : datas_)
-        campo.caixa->clear();
+    datas_->Esvaziar();
 }
 
 std::array<QString, 17> frmAddEdit::Valores() const

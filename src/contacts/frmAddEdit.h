@@ -10,8 +10,8 @@
 #include <array>
 #include <functional>
 #include <QDialog>
-#include <vector>
 
+class CamposDeData;
 class Geral;
 struct Platform;
 
@@ -35,16 +35,6 @@ protected:
     bool eventFilter(QObject *alvo, QEvent *evento) override;
 
 private:
-    // One of the three fields that share the calendar.
-    struct CampoDeData {
-        QLineEdit *caixa;
-        int left;                             // of the calendar under it, in twips
-        const char *CalendarioAno;            // whether a date click fills the year as well
-        int limite;                           // a number above it is what the calendar opens on
-        int (QDate::*parte)() const;          // the part of today on which it opens otherwise
-        QDate (*com_parte)(QDate, int parte); // a date with that part of it replaced
-    };
-
     void Form_Load();
     void Form_Activate();
     void Form_Unload();
@@ -52,18 +42,12 @@ private:
     void cmd_foto_Click();
     void cmdOk_Click();
     void cmdCancelar_Click();
-    void Calendario_DateClick(QDate dia);
 
     void Atribuir_Legendas();
     void Preencher_Campos();
     void Escolher_Grupo(const QString &Grupo);
     void Mostrar_Foto(const QString &ficheiro);
     void Mostrar_Foto_Do_Contacto();
-
-    const CampoDeData *Campo_De_Data(const QObject *alvo) const;
-    void Data_Click(const CampoDeData &campo);
-    void Data_KeyDown(const CampoDeData &campo);
-    void Mostrar_Calendario(bool visivel);
 
     void Recusar_Data();
     std::array<QString, 17> Valores() const;
@@ -77,8 +61,6 @@ private:
     LugarNaLista lugar_;
     LongText Morada_;
     LongText Obs_;
-    std::vector<CampoDeData> datas_;
-    QString CalendarioAno; // "sim" or "nao"
-    int altura_ = 0;       // of the form without the calendar, in pixels
+    CamposDeData *datas_; // a child of the form
     bool activado_ = false;
 };

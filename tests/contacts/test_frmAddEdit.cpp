@@ -230,6 +230,24 @@ private Q_SLOTS:
         });
     }
 
+    void o_campo_com_o_foco_e_amarelo_e_os_outros_brancos()
+    {
+        Editor e;
+        e.Novo([](frmAddEdit &form) {
+            QVERIFY(QTest::qWaitForWindowActive(&form));
+            QStringList nomes{u"ComboGrupos"_s};
+            for (const Campo &campo : campos)
+                nomes << QLatin1StringView(campo.nome);
+            for (const QString &nome : nomes) {
+                auto &caixa = *form.findChild<QWidget *>(nome);
+                caixa.setFocus();
+                QVERIFY2(caixa.palette().color(QPalette::Base) == colour(0xC0FFFF), qPrintable(nome));
+                form.cmdCancelar->setFocus();
+                QVERIFY2(caixa.palette().color(QPalette::Base) == colour(0xFFFFFF), qPrintable(nome));
+            }
+        });
+    }
+
     void enter_num_campo_de_uma_linha_grava()
     {
         Editor e;
@@ -488,6 +506,9 @@ private Q_SLOTS:
     void o_caminho_da_foto_grava_se_como_foi_escolhido()
     {
         Editor e;
+        e.lista.Carregar_Tabela();
+        const auto foto_no_cartao = [&] { return e.janela.Thumb->pixmap().toImage(); };
+        const QImage por_omissao = foto_no_cartao(); // without a contact
         const QString foto = Pintar(e.s.Ficheiro(u"a.png"_s), {20, 20});
         e.s.dialogos.textos = {foto};
         e.Novo([&](frmAddEdit &form) {
@@ -496,8 +517,11 @@ private Q_SLOTS:
             form.cmdOk->click();
         });
         QCOMPARE(e.Coluna(u"Fotografia"_s), foto);
-        QVERIFY(QFile::remove(foto));
-        e.lista.Carregar_Tabela(); // the card shows its fallback without a message
+        QCOMPARE(foto_no_cartao().pixelColor(10, 10), QColor(Qt::red));
+        QVERIFY(QFile::rename(foto, e.s.Ficheiro(u"b.png"_s)));
+        e.lista.Carregar_Tabela();
+        QCOMPARE(e.Escolhido(), u"Ana"_s);
+        QCOMPARE(foto_no_cartao(), por_omissao);
         e.Editar([&](frmAddEdit &form) { QCOMPARE(Foto_A_Vista(e.s, form), u"fotoerro_small.jpg"_s); });
     }
 
@@ -652,6 +676,25 @@ private Q_SLOTS:
             caixa->setText(texto);
             Clicar(caixa);
             QCOMPARE(form.Calendario->selectedDate(), aberto_em);
+        });
+    }
+
+    void o_calendario_comeca_em_hoje_em_cada_lingua_data()
+    {
+        QTest::addColumn<QString>("lingua"); // some begin the week on Sunday
+        for (const auto &lingua : {u"PortuguesPT"_s, u"PortuguesBR"_s, u"InglesUK"_s, u"AlemaoDE"_s})
+            QTest::newRow(qPrintable(lingua)) << lingua;
+    }
+    void o_calendario_comeca_em_hoje_em_cada_lingua()
+    {
+        QFETCH(QString, lingua);
+        Editor e;
+        e.s.geral.IdiomaActual = lingua;
+        e.s.relogio.Acertar({{2026, 11, 21}, {9, 0}});
+        e.Novo([](frmAddEdit &form) {
+            QVERIFY(QTest::qWaitForWindowActive(&form));
+            QTest::keyClick(form.txtAno, Qt::Key_Home);
+            QCOMPARE(form.Calendario->selectedDate(), QDate(2026, 11, 21));
         });
     }
 
@@ -848,6 +891,31 @@ private Q_SLOTS:
             form.cmdOk->click();
         });
         QCOMPARE(e.Coluna(u"Nome"_s), nome);
+    }
+
+    void no_limite_nao_fica_meia_letra_data()
+    {
+        QTest::addColumn<int>("cabem"); // places before the limit where a letter of two places comes in
+        QTest::addColumn<QString>("fica");
+        QTest::newRow("um so lugar") << 1 << QString(54, u'a');
+        QTest::newRow("dois lugares") << 2 << QString(53, u'a') + u"\U0001F600"_s;
+    }
+    void no_limite_nao_fica_meia_letra()
+    {
+        QFETCH(int, cabem);
+        QFETCH(QString, fica);
+        Editor e;
+        const QString inicio(55 - cabem, u'a');
+        e.Novo([&](frmAddEdit &form) {
+            form.txtNome->setText(inicio);
+            form.txtNome->insert(u"\U0001F600"_s);
+            QCOMPARE(form.txtNome->text(), fica);
+            form.txtNome->setText(inicio + u"\U0001F600"_s);
+            QCOMPARE(form.txtNome->text(), fica);
+            form.cmdOk->click();
+        });
+        QCOMPARE(e.Coluna(u"Nome"_s), fica);
+        QCOMPARE(e.Escolhido(), fica);
     }
 
     void passos_de_novo_sob_todos_os_grupos()
