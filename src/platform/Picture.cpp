@@ -6,6 +6,9 @@
 
 namespace
 {
+// Room for 8000 x 8000 points. What a small file could unpack to beyond that is no photograph.
+constexpr int largestUnpacked = 256; // MiB
+
 [[noreturn]] void raiseInvalid(const QString &path)
 {
     throw Failure(Failure::InvalidPicture, path, QStringLiteral("Invalid picture: %1").arg(path));
@@ -14,6 +17,7 @@ namespace
 // By its content: an extension tells what somebody hoped the file to be.
 void prepare(QImageReader &reader)
 {
+    QImageReader::setAllocationLimit(largestUnpacked);
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);
 }

@@ -76,6 +76,32 @@ private Q_SLOTS:
         }
     }
 
+    void uma_imagem_muito_grande_vem_no_tamanho_pedido_data()
+    {
+        QTest::addColumn<QByteArray>("format");
+        QTest::addColumn<QSize>("natural");
+        QTest::addColumn<QSize>("pedido");
+        QTest::newRow("JPG, small") << QByteArray("JPG") << QSize(8000, 6000) << QSize(80, 60);
+        QTest::newRow("JPG, as it is") << QByteArray("JPG") << QSize(6000, 6000) << QSize(6000, 6000);
+        QTest::newRow("BMP, small") << QByteArray("BMP") << QSize(8000, 6000) << QSize(80, 60);
+    }
+    void uma_imagem_muito_grande_vem_no_tamanho_pedido()
+    {
+        QFETCH(QByteArray, format);
+        QFETCH(QSize, natural);
+        QFETCH(QSize, pedido);
+        QImage image(natural, QImage::Format_RGB888);
+        image.fill(Qt::white);
+        const QString path = folder_.filePath(u"enorme"_s);
+        QVERIFY(image.save(path, format.constData()));
+        const Picture picture(path);
+        QCOMPARE(picture.naturalSize(), natural);
+        const QImage shown = picture.image(pedido);
+        QCOMPARE(shown.size(), pedido);
+        QCOMPARE(shown.pixelColor(pedido.width() / 2, pedido.height() / 2), QColor(Qt::white));
+        QVERIFY(QFile::remove(path));
+    }
+
     void o_conteudo_decide_e_nao_a_extensao()
     {
         const Picture picture(Guardar(u"foto.jpg"_s, "PNG"));
