@@ -30,6 +30,7 @@ frmVerImagem::frmVerImagem(Geral &geral, const Picture &imagem, QWidget *dono)
 {
     setupUi(this);
     setWindowTitle(withoutMnemonic(geral.Ler_Idioma(11)));
+    Image1->setAccessibleName(windowTitle());
 }
 
 void frmVerImagem::resizeEvent(QResizeEvent *)

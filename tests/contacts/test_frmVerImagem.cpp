@@ -54,6 +54,7 @@ private Q_SLOTS:
         Sistema s;
         frmVerImagem form(s.geral, Imagem(s, 10, 20));
         QCOMPARE(form.windowTitle(), s.Texto(11));
+        QCOMPARE(form.Image1->accessibleName(), s.Texto(11));
     }
 
     void uma_imagem_pequena_fica_ao_meio_no_seu_tamanho()
