@@ -2,12 +2,16 @@
 #include "platform/report/ReportPages.h"
 #include "platform/report/ReportPrinting.h"
 #include "platform/store/NewDatabase.h"
+#include "testlib/Accoes.h"
 #include "testlib/Teste.h"
 
+#include <QComboBox>
 #include <QDir>
 #include <QFile>
+#include <QPrintDialog>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QSpinBox>
 #include <QStandardPaths>
 #include <QTcpServer>
 #include <QTemporaryDir>
@@ -110,7 +114,60 @@ class TestReportPrinting : public QObject
         const ReportDefinition definition = readReportDefinition(path);
         return {definition, ReportData(definition, base, {}, {}), {}, QDate(2027, 2, 1)};
     }
+    // A shipped envelope for one contact.
+    ReportPages Envelope(const QString &nome)
+    {
+        const QString base = folder_.filePath(u"envelope.mdb"_s);
+        if (!QFile::exists(base))
+            createDatabase(base,
+                           {u"CREATE TABLE TblConfig (ID INTEGER, Remetente TEXT, Destinatario TEXT)"_s,
+                            u"INSERT INTO TblConfig VALUES (1, 'Origem', '')"_s,
+                            u"CREATE TABLE TblLista (ID INTEGER, Nome TEXT, Morada TEXT)"_s,
+                            u"INSERT INTO TblLista VALUES (7, 'Zita', 'Lisboa'), (8, 'Rui', 'Porto')"_s});
+        const ReportDefinition definition =
+            readReportDefinition(qEnvironmentVariable("MORVEX_ENVIADOS") + u'/' + nome + u".rpt"_s);
+        return {definition, ReportData(definition, base, u"{TblLista.ID} =7"_s, {}), {}, QDate(2027, 2, 1)};
+    }
     static bool Continuar(int, int) { return true; }
+
+    QByteArray Pedido() const
+    {
+        QFile pedido(impressora_.Ultimo_Trabalho(u"txt"_s));
+        return pedido.open(QIODevice::ReadOnly) ? pedido.readAll() : QByteArray();
+    }
+    QString Texto_Do_Trabalho() const
+    {
+        return Saida(u"pdftotext"_s, {impressora_.Ultimo_Trabalho(u"pdf"_s), u"-"_s}).simplified();
+    }
+    // Where a word begins on a landscape sheet, in millimetres from its top left. The spooler has turned the
+    // sheet a quarter: its left edge lies at the bottom of the printed page.
+    QPointF Lugar_Deitado(const QString &palavra) const
+    {
+        constexpr double pontos_por_mm = 72 / 25.4;
+        constexpr double comprimento = 297;
+        const QString caixas =
+            Saida(u"pdftotext"_s, {u"-bbox"_s, impressora_.Ultimo_Trabalho(u"pdf"_s), u"-"_s});
+        const QRegularExpression caixa(u"xMin=\"([\\d.]+)\"[^>]* yMax=\"([\\d.]+)\">%1<"_s.arg(palavra));
+        const auto achada = caixa.match(caixas);
+        if (!achada.hasMatch()) QTest::qFail(qPrintable(caixas), __FILE__, __LINE__);
+        return {comprimento - achada.captured(2).toDouble() / pontos_por_mm,
+                achada.captured(1).toDouble() / pontos_por_mm};
+    }
+    // In whole millimetres.
+    static double Longe(QPointF lugar, QPointF esperado)
+    {
+        return std::round(QLineF(lugar, esperado).length());
+    }
+    // Answers the dialog of the printers.
+    static void No_Dialogo(const QString &impressora, int copias,
+                           QDialog::DialogCode resposta = QDialog::Accepted)
+    {
+        accoes::Quando_Abrir<QPrintDialog>([=](QPrintDialog &dialogo) {
+            dialogo.findChild<QComboBox *>(u"printers"_s)->setCurrentText(impressora);
+            dialogo.findChild<QSpinBox *>(u"copies"_s)->setValue(copias);
+            resposta == QDialog::Accepted ? dialogo.accept() : dialogo.reject();
+        });
+    }
 
 private Q_SLOTS:
     void cleanup() { impressora_.Esvaziar(); }
@@ -172,6 +229,63 @@ private Q_SLOTS:
         QVERIFY(pedido.open(QIODevice::ReadOnly));
         const QByteArray opcoes = pedido.readAll();
         QVERIFY2(opcoes.contains("media=EnvDL"), opcoes.constData());
+    }
+    void a_impressora_escolhida_recebe_duas_copias()
+    {
+        if (!Impressora::Possivel()) QSKIP("a spooler of its own needs root and the spooler's packages");
+        QVERIFY(impressora_.Pronta());
+        DesktopReportPrinter printer;
+        No_Dialogo(u"Segunda"_s, 2);
+        QCOMPARE(printer.choose(nullptr), PrintResult::Done);
+        ReportPages pages = Relatorio();
+        QCOMPARE(printer.print(pages, u"Titulo"_s, Continuar), PrintResult::Done);
+        QVERIFY2(Pedido().contains("printer=Segunda") && Pedido().contains("copies=2"), Pedido());
+        QCOMPARE(Texto_Do_Trabalho(), u"Zita 1/2 Rui 2/2 Zita 1/2 Rui 2/2"_s);
+    }
+    void desistir_da_escolha_deixa_a_impressora_de_antes()
+    {
+        if (!Impressora::Possivel()) QSKIP("a spooler of its own needs root and the spooler's packages");
+        QVERIFY(impressora_.Pronta());
+        DesktopReportPrinter printer;
+        No_Dialogo(u"Segunda"_s, 1);
+        QCOMPARE(printer.choose(nullptr), PrintResult::Done);
+        No_Dialogo(u"Captura"_s, 3, QDialog::Rejected);
+        QCOMPARE(printer.choose(nullptr), PrintResult::Cancelled);
+        ReportPages pages = Relatorio();
+        QCOMPARE(printer.print(pages, u"Titulo"_s, Continuar), PrintResult::Done);
+        QVERIFY2(Pedido().contains("printer=Segunda"), Pedido());
+        QVERIFY2(Pedido().contains("copies=1"), Pedido());
+    }
+    void uma_impressao_parada_nao_chega_a_impressora()
+    {
+        if (!Impressora::Possivel()) QSKIP("a spooler of its own needs root and the spooler's packages");
+        QVERIFY(impressora_.Pronta());
+        DesktopReportPrinter printer;
+        ReportPages pages = Relatorio();
+        QCOMPARE(printer.print(pages, u"Titulo"_s, [](int page, int) { return page < 1; }),
+                 PrintResult::Cancelled);
+        QVERIFY(Pedido().isEmpty());
+    }
+    void as_tres_alimentacoes_poem_o_envelope_no_seu_lugar_da_folha_data()
+    {
+        QTest::addColumn<double>("do_topo"); // mm from the top of the landscape sheet to that of the envelope
+        QTest::newRow("envelope_left") << 0.0;
+        QTest::newRow("envelope_center") << 50.0;
+        QTest::newRow("envelope_right") << 100.0;
+    }
+    void as_tres_alimentacoes_poem_o_envelope_no_seu_lugar_da_folha()
+    {
+        QFETCH(double, do_topo);
+        if (!Impressora::Possivel()) QSKIP("a spooler of its own needs root and the spooler's packages");
+        QVERIFY(impressora_.Pronta());
+        DesktopReportPrinter printer;
+        ReportPages pages = Envelope(QString::fromLatin1(QTest::currentDataTag()));
+        QCOMPARE(printer.print(pages, u"Titulo"_s, Continuar), PrintResult::Done);
+        QVERIFY2(Pedido().contains("media=A4"), Pedido());
+        QCOMPARE(Texto_Do_Trabalho(), u"Origem Zita Lisboa"_s);
+        constexpr double da_esquerda = 77; // of the sheet, where the envelope begins
+        QCOMPARE(Longe(Lugar_Deitado(u"Origem"_s), {da_esquerda + 10, do_topo + 10}), 0.0);
+        QCOMPARE(Longe(Lugar_Deitado(u"Zita"_s), {da_esquerda + 110, do_topo + 50}), 0.0);
     }
     // The last one: the printer stays closed.
     void um_trabalho_recusado_e_notado()

@@ -35,16 +35,36 @@ bool takesPaper(QPrinter &printer, const ReportDefinition &definition)
            std::abs(taken.height() - wanted.height()) < tolerance;
 }
 
+// As long as it lives the spooler cannot be reached. A printer hands its job over when the painter ends,
+// however few pages it has, and knows no way to drop it.
+class NoSpooler
+{
+public:
+    NoSpooler() { cupsSetServer("/dev/null"); }
+    ~NoSpooler() { cupsSetServer(nullptr); }
+    NoSpooler(const NoSpooler &) = delete;
+    NoSpooler &operator=(const NoSpooler &) = delete;
+};
+
+struct PageRange {
+    int first; // counted from 0
+    int last;
+};
+
 enum class Painted { All, Stopped, Failed };
 
-Painted paintPages(ReportPages &pages, QPagedPaintDevice &device, int first, int last, const PageWatch &watch)
+Painted paintPages(ReportPages &pages, QPagedPaintDevice &device, PageRange range, const PageWatch &watch)
 {
     QPainter painter;
     if (!painter.begin(&device)) return Painted::Failed;
     const double scale = device.logicalDpiX() / twipsPerInch;
-    for (int page = first; page <= last; ++page) {
-        if (!watch(page, pages.found())) return Painted::Stopped;
-        if (page > first && !device.newPage()) return Painted::Failed;
+    for (int page = range.first; page <= range.last; ++page) {
+        const bool stopped = !watch(page, pages.found());
+        if (stopped || (page > range.first && !device.newPage())) {
+            const NoSpooler dropped;
+            painter.end();
+            return stopped ? Painted::Stopped : Painted::Failed;
+        }
         painter.resetTransform();
         painter.scale(scale, scale);
         pages.paint(painter, page, ReportPages::OnPaper);
@@ -61,6 +81,29 @@ bool findAll(ReportPages &pages, const PageWatch &watch)
         pages.findNext();
     }
     return true;
+}
+
+PrintResult writePages(ReportPages &pages, const QString &title, const QString &path, PageRange range,
+                       const PageWatch &watch)
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    writer.setResolution(pdfResolution);
+    writer.setTitle(title);
+    writer.setCreator({});
+    writer.setPageLayout(layoutOf(pages.definition()));
+    const Painted painted = paintPages(pages, writer, range, watch);
+    if (painted == Painted::Stopped) return PrintResult::Cancelled;
+    return painted == Painted::All && replaceFile(path, buffer.data()) ? PrintResult::Done
+                                                                       : PrintResult::Rejected;
+}
+
+// The pages that were chosen in the printer's dialog: all unless told otherwise.
+PageRange chosenRange(const QPrinter &printer, int pages)
+{
+    return {std::max(printer.fromPage(), 1) - 1,
+            (printer.toPage() > 0 ? std::min(printer.toPage(), pages) : pages) - 1};
 }
 
 // The spooler's word on the last job of this thread: it refuses after the painter has long said yes.
@@ -84,37 +127,23 @@ PrintResult DesktopReportPrinter::choose(QWidget *owner)
 
 PrintResult DesktopReportPrinter::print(ReportPages &pages, const QString &title, const PageWatch &watch)
 {
-    const bool toFile = chosen_ && !chosen_->outputFileName().isEmpty();
-    if (!toFile && QPrinterInfo::availablePrinters().isEmpty()) return PrintResult::NoPrinter;
+    const QString file = chosen_ ? chosen_->outputFileName() : QString();
+    if (file.isEmpty() && QPrinterInfo::availablePrinters().isEmpty()) return PrintResult::NoPrinter;
     if (!chosen_) chosen_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
-    if (!toFile && chosen_->printerName().isEmpty()) return PrintResult::NoPrinter;
-    if (!takesPaper(*chosen_, pages.definition())) return PrintResult::Rejected;
+    if (file.isEmpty() && chosen_->printerName().isEmpty()) return PrintResult::NoPrinter;
     if (!findAll(pages, watch)) return PrintResult::Cancelled;
+    const PageRange range = chosenRange(*chosen_, pages.found());
+    if (!file.isEmpty()) return writePages(pages, title, file, range, watch);
 
+    if (!takesPaper(*chosen_, pages.definition())) return PrintResult::Rejected;
     chosen_->setDocName(title);
-    const int first = std::max(chosen_->fromPage(), 1) - 1;
-    const int last =
-        chosen_->toPage() > 0 ? std::min(chosen_->toPage(), pages.found()) - 1 : pages.found() - 1;
-    const Painted painted = paintPages(pages, *chosen_, first, last, watch);
-    if (painted == Painted::Stopped) {
-        chosen_->abort();
-        return PrintResult::Cancelled;
-    }
-    return painted == Painted::All && (toFile || spoolerTookIt()) ? PrintResult::Done : PrintResult::Rejected;
+    const Painted painted = paintPages(pages, *chosen_, range, watch);
+    if (painted == Painted::Stopped) return PrintResult::Cancelled;
+    return painted == Painted::All && spoolerTookIt() ? PrintResult::Done : PrintResult::Rejected;
 }
 
 PrintResult writePdf(ReportPages &pages, const QString &title, const QString &path, const PageWatch &watch)
 {
     if (!findAll(pages, watch)) return PrintResult::Cancelled;
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    QPdfWriter writer(&buffer);
-    writer.setResolution(pdfResolution);
-    writer.setTitle(title);
-    writer.setCreator({});
-    writer.setPageLayout(layoutOf(pages.definition()));
-    const Painted painted = paintPages(pages, writer, 0, pages.found() - 1, watch);
-    if (painted == Painted::Stopped) return PrintResult::Cancelled;
-    return painted == Painted::All && replaceFile(path, buffer.data()) ? PrintResult::Done
-                                                                       : PrintResult::Rejected;
+    return writePages(pages, title, path, {0, pages.found() - 1}, watch);
 }

@@ -24,7 +24,8 @@ public:
     // Lets the person choose a printer, which stays chosen. A cancel changes nothing, and no question is
     // asked where there is none.
     virtual PrintResult choose(QWidget *owner) = 0;
-    // Prints all pages on the chosen printer, or on the default one.
+    // Prints on the chosen printer, or on the default one, the pages that were chosen with it. A job that is
+    // stopped or fails halfway is not printed at all.
     virtual PrintResult print(ReportPages &pages, const QString &title, const PageWatch &watch) = 0;
 };
 
