@@ -14,6 +14,7 @@
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QSpinBox>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
@@ -143,7 +144,7 @@ private Q_SLOTS:
         QTest::newRow("no printer") << PrintResult::NoPrinter << u"PortuguesPT"_s
                                     << u"Não há nenhuma impressora instalada."_s << u"Imprimir"_s;
         QTest::newRow("rejected") << PrintResult::Rejected << u"AlemaoDE"_s
-                                  << u"Der Drucker hat den Auftrag abgelehnt."_s << u"Drucken"_s;
+                                  << u"Der Drucker hat den Druckauftrag abgelehnt."_s << u"Drucken"_s;
     }
     void o_que_a_impressora_nao_fez_e_dito()
     {
@@ -366,6 +367,8 @@ private Q_SLOTS:
         Correr(ReportControl::File);
         QVERIFY(dialogos_.perguntas.value(0).contains(u"Lista.txt"_s));
         QVERIFY(dialogos_.perguntas.value(0).contains(u"TXT|*.txt"_s)); // the same in all languages
+        QVERIFY(dialogos_.perguntas.value(0).contains(
+            QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)));
         QFile saida(Caminho(u"saida.txt"_s));
         QVERIFY(saida.open(QIODevice::ReadOnly));
         QVERIFY(saida.readAll().contains("Nome 7"));

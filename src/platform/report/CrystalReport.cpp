@@ -40,6 +40,7 @@ public:
         dialog_.setWindowTitle(reportWord(title, language));
         dialog_.setWindowModality(owner ? Qt::WindowModal : Qt::ApplicationModal);
         dialog_.setMinimumDuration(600);
+        dialog_.setMinimumWidth(360); // its title and the text of the last page fit
     }
 
     bool operator()(int page, int pages)
