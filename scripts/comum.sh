@@ -14,6 +14,7 @@ pacotes_para_ecra_virtual=(xvfb openbox dbus xdotool imagemagick)
 pacotes_para_testar=(
     "${pacotes_para_ecra_virtual[@]}" trayer x11-utils python3 desktop-file-utils openssl poppler-utils python3-xlrd
     cups-daemon cups-client cups-filters libreoffice-calc-nogui libreoffice-writer-nogui
+    fonts-droid-fallback # the one font among these that has Chinese
     # Servers of tests/servidores: mail, presence, and a client of the latter in a terminal of its own.
     dovecot-pop3d prosody finch tmux
     faketime # a clock that a test moves under the running program

@@ -1,0 +1,219 @@
+// What the shipped definitions put on their pages when the dialogs run them over a real database: the text is
+// read back from a PDF of each page.
+#include "ComRelatorios.h"
+#include "platform/report/CrystalReport.h"
+#include "platform/report/ReportPages.h"
+#include "platform/report/ReportPreview.h"
+#include "platform/report/ReportPrinting.h"
+#include "printing/frmEnvelope.h"
+#include "printing/frmImprimir.h"
+#include "reminders/frmTarefas.h"
+
+#include <QFontDatabase>
+#include <QProcess>
+#include <QStandardPaths>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+// The real report control in the place of the recording one.
+struct ComPaginas : ComRelatorios {
+    explicit ComPaginas(const QString &idioma = u"PortuguesPT"_s) : ComRelatorios(idioma)
+    {
+        const QDir enviados(qEnvironmentVariable("MORVEX_ENVIADOS"));
+        for (const QString &definicao : enviados.entryList({u"*.rpt"_s}))
+            QFile::copy(enviados.filePath(definicao), s.Ficheiro(definicao));
+        s.Escrever(u"DELETE FROM TblLista"_s);
+    }
+
+    // Each page as lines of words, as the preview would print it.
+    QList<QStringList> Paginas()
+    {
+        const QString pdf = s.Ficheiro(u"paginas.pdf"_s);
+        writePdf(*controlo.preview()->pages(), u"x"_s, pdf, [](int, int) { return true; });
+        QProcess leitor;
+        leitor.start(u"pdftotext"_s, {u"-layout"_s, u"-enc"_s, u"UTF-8"_s, pdf, u"-"_s});
+        leitor.waitForFinished();
+        QList<QStringList> paginas;
+        for (const QString &pagina : QString::fromUtf8(leitor.readAllStandardOutput()).split(u'\f')) {
+            QStringList linhas;
+            for (const QString &linha : pagina.split(u'\n', Qt::SkipEmptyParts))
+                if (!linha.trimmed().isEmpty()) linhas << linha.simplified();
+            paginas << linhas;
+        }
+        paginas.removeLast(); // behind the last page's end
+        return paginas;
+    }
+
+    QList<QStringList> Imprimir(bool lista)
+    {
+        frmImprimir form(s.geral, controlo, ListaNomes);
+        (lista ? form.opcoes->OptionLista : form.opcoes->OptionMemo)->click();
+        form.CheckBoxPrevisualizar->setChecked(true);
+        form.cmdImprimir->click();
+        return Paginas();
+    }
+    QList<QStringList> Imprimir_Envelope(qint16 id, const QString &alimentacao = u"envelope_left"_s)
+    {
+        s.geral.IDContacto = id;
+        s.geral.AlimentacaoEnvelopes = alimentacao;
+        frmEnvelope form(s.geral, controlo);
+        form.cmdImprimir->click();
+        return Paginas();
+    }
+    qint16 Contacto(const QMap<QString, Value> &colunas)
+    {
+        return static_cast<qint16>(s.Novo_Contacto(colunas));
+    }
+
+    CrystalReport controlo{s.caixas, s.dialogos, s.relogio, [this] { return s.geral.IdiomaActual; }};
+};
+
+bool Ha_Leitor() { return !QStandardPaths::findExecutable(u"pdftotext"_s).isEmpty(); }
+} // namespace
+
+class TestPaginas : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        if (!Ha_Leitor()) QSKIP("there is no pdftotext");
+    }
+
+    void a_lista_tem_cabecas_data_e_numero_em_cada_pagina()
+    {
+        ComPaginas c(u"AlemaoDE"_s);
+        for (int i = 100; i < 200; ++i)
+            c.Contacto({{u"Nome"_s, u"Nome %1"_s.arg(i)}, {u"Telefone1"_s, u"00%1"_s.arg(i)}});
+        const QList<QStringList> paginas = c.Imprimir(true);
+        QVERIFY(paginas.size() > 2);
+        QString cabecas;
+        for (const int texto : {28, 29, 0, 30, 31, 32})
+            cabecas += u' ' + (texto == 0 ? u"Fax"_s : c.s.Texto(texto));
+        QStringList registos;
+        for (qsizetype i = 0; i < paginas.size(); ++i) {
+            QCOMPARE(paginas[i].first(), cabecas.trimmed());
+            QCOMPARE(paginas[i].last(), u"01-02-2027 %1/%2"_s.arg(i + 1).arg(paginas.size()));
+            registos << paginas[i].sliced(1, paginas[i].size() - 2);
+        }
+        QCOMPARE(registos.size(), 100);
+        for (int i = 0; i < 100; ++i)
+            QCOMPARE(registos[i], u"Nome %1 00%1"_s.arg(100 + i));
+    }
+
+    void a_lista_sem_registos_e_uma_pagina_com_as_suas_cabecas()
+    {
+        ComPaginas c;
+        const QList<QStringList> paginas = c.Imprimir(true);
+        QCOMPARE(paginas.size(), 1);
+        QVERIFY(paginas[0].first().startsWith(c.s.Texto(28)));
+        QCOMPARE(paginas[0].last(), u"01-02-2027 1/1"_s);
+    }
+
+    void a_ficha_tem_os_rotulos_da_lingua_e_fecha_o_que_esta_vazio()
+    {
+        ComPaginas c(u"AlemaoDE"_s);
+        const int grupo = c.s.Novo_Grupo(u"Nachbarn"_s);
+        c.Contacto({{u"Nome"_s, u"Ana"_s},
+                    {u"Telefone2"_s, u"219"_s},
+                    {u"Email1"_s, u"ana@example.org"_s},
+                    {u"Dia"_s, u"5"_s},
+                    {u"Mes"_s, u"3"_s},
+                    {u"Morada"_s, u"Rua A\r\n\r\nLisboa"_s},
+                    {u"Fotografia"_s, u"nada.jpg"_s}, // gone since
+                    {u"Obs"_s, u"uma\r\nduas"_s},
+                    {u"Grupo"_s, grupo}});
+        QCOMPARE(
+            c.Imprimir(false),
+            (QList<QStringList>{{u"Ana"_s, u"Nachbarn"_s, u"Rua A"_s, u"Lisboa"_s, c.s.Texto(29) + u" 219"_s,
+                                 u"E-mail 1 ana@example.org"_s, c.s.Texto(38) + u" 5 "_s + c.s.Texto(16),
+                                 u"uma"_s, u"duas"_s, u"01-02-2027 1/1"_s}}));
+    }
+
+    void uma_nota_de_100_KB_corre_por_muitas_paginas_e_nada_se_perde()
+    {
+        ComPaginas c;
+        QStringList palavras;
+        for (qsizetype i = 0; i < 13'000; ++i)
+            palavras << u"p%1"_s.arg(i);
+        c.Contacto({{u"Nome"_s, u"Ana"_s}, {u"Obs"_s, palavras.join(u' ')}});
+        c.Contacto({{u"Nome"_s, u"Rui"_s}});
+        const QList<QStringList> paginas = c.Imprimir(false);
+        QVERIFY(paginas.size() > 10);
+        QCOMPARE(paginas.last().first(), u"Rui"_s); // begins a page of its own
+        QStringList lidas;
+        for (const QStringList &pagina : paginas.first(paginas.size() - 1))
+            for (const QString &linha : pagina.first(pagina.size() - 1))
+                lidas << linha.split(u' ');
+        QCOMPARE(lidas.first(), u"Ana"_s);
+        QCOMPARE(lidas.filter(u"p"_s), palavras);
+    }
+
+    void nomes_em_grego_cirilico_e_chines_leem_se_de_volta()
+    {
+        ComPaginas c;
+        if (QFontDatabase::families(QFontDatabase::SimplifiedChinese).isEmpty())
+            QSKIP("there is no Chinese font");
+        for (const auto &nome : {u"Άννα Παπαδοπούλου"_s, u"Дмитрий Ёлкин"_s, u"王小明"_s})
+            c.Contacto({{u"Nome"_s, nome}});
+        const QList<QStringList> paginas = c.Imprimir(true);
+        QCOMPARE(paginas.size(), 1);
+        QCOMPARE(paginas[0].sliced(1, 3),
+                 (QStringList{u"Άννα Παπαδοπούλου"_s, u"Дмитрий Ёлкин"_s, u"王小明"_s}));
+    }
+
+    void vao_todos_os_contactos_tambem_os_dos_grupos_de_outros()
+    {
+        ComPaginas c;
+        const int ana = c.s.Novo_Utilizador(u"Ana"_s, u"x"_s);
+        c.Contacto({{u"Nome"_s, u"De todos"_s}, {u"Grupo"_s, 1}});
+        c.Contacto({{u"Nome"_s, u"Do Rui"_s}, {u"Grupo"_s, c.s.Novo_Grupo(u"Do Rui"_s, ana + 1)}});
+        c.s.Entrar(u"Ana"_s);
+        QCOMPARE(c.Imprimir(true)[0].sliced(1, 2), (QStringList{u"De todos"_s, u"Do Rui"_s}));
+    }
+
+    void o_envelope_tem_remetente_e_destinatario_e_fecha_linhas_vazias_data()
+    {
+        QTest::addColumn<QString>("alimentacao");
+        for (const char *alimentacao : {"envelope_left", "envelope_center", "envelope_right"})
+            QTest::newRow(alimentacao) << QString::fromLatin1(alimentacao);
+    }
+    // Run behind a list, whose labels and order are still in the control.
+    void o_envelope_tem_remetente_e_destinatario_e_fecha_linhas_vazias()
+    {
+        QFETCH(QString, alimentacao);
+        ComPaginas c;
+        c.s.Escrever(
+            u"UPDATE TblConfig SET Remetente='Zé' || char(13, 10, 13, 10) || 'Porto', Destinatario=''"_s);
+        c.Contacto({{u"Nome"_s, u"Outra"_s}});
+        const qint16 ana = c.Contacto({{u"Nome"_s, u"Ana"_s}, {u"Morada"_s, u"Rua A\r\n\r\nLisboa\r\n"_s}});
+        c.Imprimir(true);
+        QCOMPARE(c.Imprimir_Envelope(ana, alimentacao),
+                 (QList<QStringList>{{u"Zé"_s, u"Porto"_s, u"Ana"_s, u"Rua A"_s, u"Lisboa"_s}}));
+        c.s.Escrever(u"UPDATE TblConfig SET Destinatario='Exma. Sra.'"_s);
+        QCOMPARE(c.Imprimir_Envelope(ana, alimentacao)[0].sliced(2, 2),
+                 (QStringList{u"Exma. Sra."_s, u"Ana"_s}));
+    }
+
+    void a_tarefa_diz_quando_o_que_e_quantas_vezes()
+    {
+        ComPaginas c(u"AlemaoDE"_s);
+        for (const auto &tarefa : {u"Gießen"_s, u"Schneiden"_s})
+            c.s.geral.de.Executar("cmdAdicionarTarefa",
+                                  {tarefa, u"31-12-2027"_s, u"09:05"_s, u"0"_s, u"2"_s});
+        frmTarefas cartao(c.s.geral, c.s.plataforma, c.janela, c.controlo);
+        cartao.txtIDTarefa->setText(QString::number(c.s.Ultimo_Id(u"TblTarefas"_s) - 1));
+        cartao.cmdImprimirTarefa->click();
+        QCOMPARE(c.Paginas(),
+                 (QList<QStringList>{
+                     {u"31-12-2027 09:05"_s, c.s.Texto(182), u"Gießen"_s,
+                      c.s.Texto(181) + u' ' + c.s.Linhas(u"SELECT Nome FROM TblRepeticao WHERE ID=2"_s)[0],
+                      u"01-02-2027 1/1"_s}}));
+    }
+};
+
+MORVEX_TESTE(TestPaginas)
+#include "test_Paginas.moc"
