@@ -32,6 +32,13 @@ QString So_Digitos(const QString &texto)
                  [](QChar c) { return c >= u'0' && c <= u'9'; });
     return digitos;
 }
+
+// The tabulator key stops at the option that is set, from which the arrow keys go on. The toolkit sees to
+// that only where the keyboard has set it.
+void Parar_Tabulador(QRadioButton &opcao, bool marcada)
+{
+    opcao.setFocusPolicy(marcada ? Qt::StrongFocus : Qt::ClickFocus);
+}
 } // namespace
 
 frmProcurar::frmProcurar(QWidget &Main, Geral &geral, Platform &platform)
@@ -53,9 +60,12 @@ frmProcurar::frmProcurar(QWidget &Main, Geral &geral, Platform &platform)
                 {opcaoTelemovel, "cmdProcurarTelemovel", {"Telemovel1", "Telemovel2", "Telemovel3"}}};
 
     connect(txtProcurar, &QLineEdit::textChanged, this, &frmProcurar::Reset_Pesquisa);
-    for (const QRadioButton *opcao : Frame1->findChildren<QRadioButton *>()) {
+    for (QRadioButton *opcao : Frame1->findChildren<QRadioButton *>()) {
         connect(opcao, &QRadioButton::clicked, this, &frmProcurar::Reset_Pesquisa);
         connect(opcao, &QRadioButton::toggled, this, &frmProcurar::Reset_Pesquisa); // arrow keys
+        Parar_Tabulador(*opcao, opcao->isChecked());
+        connect(opcao, &QRadioButton::toggled, opcao,
+                [opcao](bool marcada) { Parar_Tabulador(*opcao, marcada); });
     }
     connect(cmdProcurar, &QPushButton::clicked, this, &frmProcurar::cmdProcurar_Click);
     connect(ListaNomes, &ListBox::Click, this, &frmProcurar::ListaNomes_Click);
@@ -78,7 +88,9 @@ void frmProcurar::Form_Load()
     txtProcurar->setFocus();
     const QSize ecra = QGuiApplication::primaryScreen()->size();
     const QString resolucao = u"%1x%2"_s.arg(ecra.width()).arg(ecra.height());
-    move(pixels(Left_Por_Resolucao(resolucao, twips(Main_.x()))), Main_.y());
+    // By the inner corners: the frame of a window that isn't on the screen yet has no known size.
+    const QPoint canto = Main_.geometry().topLeft();
+    setGeometry({{pixels(Left_Por_Resolucao(resolucao, twips(canto.x()))), canto.y()}, size()});
 }
 
 int frmProcurar::Left_Por_Resolucao(const QString &resolucao, int Main_Left)

@@ -482,6 +482,36 @@ private Q_SLOTS:
         QCOMPARE(p.Legenda(), p.s.Texto(69));
     }
 
+    void o_tabulador_para_na_opcao_marcada_data()
+    {
+        QTest::addColumn<std::function<void(Procura &)>>("marcar");
+        QTest::addColumn<QString>("opcao");
+        const auto caso = [](const char *nome, const QString &opcao,
+                             const std::function<void(Procura &)> &g) { QTest::newRow(nome) << g << opcao; };
+        caso("ao abrir", u"opcaoNome"_s, [](Procura &) {});
+        caso("pela letra, sem o foco", u"opcaoObs"_s, [](Procura &p) { p.form.opcaoObs->click(); });
+        caso("ao voltar a abrir", u"opcaoNome"_s, [](Procura &p) {
+            p.form.opcaoNome->setFocus();
+            QTest::keyClick(p.form.opcaoNome, Qt::Key_Down);
+            QVERIFY(p.form.opcaoTelefone->isChecked());
+            QTest::keyClick(&p.form, Qt::Key_Escape);
+            p.Abrir();
+        });
+    }
+    void o_tabulador_para_na_opcao_marcada()
+    {
+        QFETCH(std::function<void(Procura &)>, marcar);
+        QFETCH(QString, opcao);
+        Procura p;
+        p.Carregar({u"Ana"_s, u"Berta"_s});
+        p.Abrir();
+        marcar(p);
+        p.form.txtProcurar->setFocus();
+        QTest::keyClick(p.form.txtProcurar, Qt::Key_Tab);
+        QCOMPARE(p.form.focusWidget()->objectName(), opcao);
+        QVERIFY(control<QRadioButton>(p.form, opcao).isChecked());
+    }
+
     void o_lugar_segue_a_resolucao_do_ecra_data()
     {
         QTest::addColumn<QString>("resolucao");
@@ -503,8 +533,9 @@ private Q_SLOTS:
     {
         Procura p;
         p.janela.move(30, 40);
+        p.Mostrar_Janela();
         p.Abrir(); // the test's screen is none of those with a place of their own
-        QCOMPARE(p.form.pos(), QPoint(30 + pixels(7450), 40));
+        QCOMPARE(p.form.pos(), p.janela.pos() + QPoint(pixels(7450), 0));
     }
 
     void a_mesma_entrada_abre_e_fecha_data()
