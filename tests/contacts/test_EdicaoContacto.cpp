@@ -91,6 +91,28 @@ private Q_SLOTS:
         QVERIFY(e.janela.isEnabled());
     }
 
+    void depois_do_editor_o_teclado_volta_onde_estava_data()
+    {
+        QTest::addColumn<bool>("gravar");
+        QTest::newRow("ok") << true;
+        QTest::newRow("cancelar") << false;
+    }
+    void depois_do_editor_o_teclado_volta_onde_estava()
+    {
+        QFETCH(bool, gravar);
+        Editor e;
+        Preparar(e);
+        const auto sair = [&](frmAddEdit &form) {
+            QVERIFY(QTest::qWaitForWindowActive(&form));
+            (gravar ? form.cmdOk : form.cmdCancelar)->click();
+        };
+        Editor::Abrir([&] { F2(e); }, sair);
+        QCOMPARE(e.janela.focusWidget(), e.janela.ListaNomes);
+        QCOMPARE(e.Escolhido(), u"Rui"_s);
+        QTest::keyClick(e.janela.ListaNomes, Qt::Key_Up);
+        QCOMPARE(e.Escolhido(), u"Ana"_s);
+    }
+
     void sem_o_direito_cada_caminho_recusa_e_nada_muda_data() { Caminhos(); }
     void sem_o_direito_cada_caminho_recusa_e_nada_muda()
     {
