@@ -1,13 +1,13 @@
 // A label by which something is dragged: it tells where the pointer wants it to be, and moves nothing itself.
 #pragma once
 
-#include <QLabel>
+#include "platform/ElidingLabel.h"
 
-class DragLabel : public QLabel
+class DragLabel : public ElidingLabel
 {
     Q_OBJECT
 public:
-    using QLabel::QLabel;
+    using ElidingLabel::ElidingLabel;
 
 Q_SIGNALS:
     // At each move of the pointer with the left button down: where on the screen the label's top left corner

@@ -5,6 +5,7 @@
 #include "data/Geral.h"
 #include "platform/Controls.h"
 #include "platform/Failure.h"
+#include "platform/IconRoom.h"
 #include "platform/Units.h"
 #include "reminders/ProximosAniversarios.h"
 
@@ -31,6 +32,7 @@ frmAniversarios::frmAniversarios(Geral &geral, QWidget &janela) : geral_(geral),
     setupUi(this);
     ListViewAniversarios->setColumnWidth(coluna_nome, largura_do_nome);
     ListViewAniversarios->hideColumn(coluna_id);
+    ListViewAniversarios->setItemDelegateForColumn(coluna_nome, new IconRoom(ListViewAniversarios));
     connect(ListViewAniversarios, &QTreeWidget::itemSelectionChanged, this,
             &frmAniversarios::ListViewAniversarios_ItemClick);
     connect(cmdFechar, &QPushButton::clicked, this, &QDialog::reject);

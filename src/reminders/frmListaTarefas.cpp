@@ -2,6 +2,7 @@
 
 #include "data/Geral.h"
 #include "platform/Controls.h"
+#include "platform/IconRoom.h"
 #include "platform/Platform.h"
 #include "reminders/frmAddEditTarefa.h"
 #include "reminders/Momento.h"
@@ -48,6 +49,7 @@ frmListaTarefas::frmListaTarefas(Geral &geral, Platform &platform, QWidget &jane
     setupUi(this);
     ListViewTarefas->setColumnWidth(coluna_tarefa, largura_da_tarefa);
     ListViewTarefas->setColumnWidth(coluna_hora, largura_da_hora);
+    ListViewTarefas->setItemDelegateForColumn(coluna_tarefa, new IconRoom(ListViewTarefas));
     connect(cmdCriar, &QPushButton::clicked, this, &frmListaTarefas::cmdCriar_Click);
     connect(cmdEditar, &QPushButton::clicked, this, &frmListaTarefas::cmdEditar_Click);
     connect(cmdEliminar, &QPushButton::clicked, this, &frmListaTarefas::cmdEliminar_Click);

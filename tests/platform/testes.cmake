@@ -21,6 +21,7 @@ morvex_teste(platform/test_SingleInstance LIGA platform)
 morvex_teste(platform/test_SomGravado LIGA platform)
 morvex_teste(platform/test_LongText LIGA platform)
 morvex_teste(platform/test_RisingCard LIGA platform)
+morvex_teste(platform/test_ElidingLabel LIGA platform)
 morvex_teste(platform/test_Pop3Check LIGA platform)
 # The report engine.
 foreach(teste IN ITEMS

@@ -94,6 +94,26 @@ private Q_SLOTS:
         QVERIFY(!c.Com_Icone(3));
     }
 
+    void com_e_sem_icone_o_texto_comeca_no_mesmo_sitio()
+    {
+        ComLista c;
+        c.Nova(u"Regar"_s, u"01-02-2027"_s, u"23:59"_s);
+        c.Nova(u"Regar"_s, u"02-02-2027"_s, u"23:59"_s);
+        const frmListaTarefas &form = c.Abrir();
+        form.cmdFechar->setFocus();
+        const QTreeWidget &lista = *form.ListViewTarefas;
+        const QImage imagem = lista.viewport()->grab().toImage();
+        const auto a_direita_do_icone = [&](int linha) {
+            QRect lugar = lista.visualItemRect(lista.topLevelItem(linha));
+            lugar.setLeft(22);
+            lugar.setRight(lista.columnWidth(0) - 1);
+            return imagem.copy(lugar);
+        };
+        QVERIFY(c.Com_Icone(0) && !c.Com_Icone(1));
+        QCOMPARE(a_direita_do_icone(0), a_direita_do_icone(1));
+        QVERIFY(a_direita_do_icone(0).convertToFormat(QImage::Format_Indexed8).colorCount() > 1); // letters
+    }
+
     void uma_coluna_nula_da_uma_celula_vazia()
     {
         ComLista c;
