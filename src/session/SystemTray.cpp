@@ -6,7 +6,17 @@
 
 #include <QMenu>
 #include <QScopedValueRollback>
+#include <QScopeGuard>
 #include <QWidget>
+
+namespace
+{
+void Permitir(const QMenu &menu, bool permitido)
+{
+    for (QAction *entrada : menu.actions())
+        entrada->setEnabled(permitido);
+}
+} // namespace
 
 SystemTray::SystemTray(QWidget &janela, QMenu &MenuSystemTray, Geral &geral, Platform &platform)
     : QObject(&janela), janela_(janela), MenuSystemTray_(MenuSystemTray), geral_(geral), platform_(platform)
@@ -65,10 +75,13 @@ void SystemTray::Trazer_Janela()
     if (!janela_.isVisible()) janela_.show();
 }
 
-// A modal form lets further messages of the icon arrive while it stands open.
+// A modal form lets further messages of the icon arrive while it stands open. Some hosts draw the menu
+// themselves and open it without asking, so its entries are dead meanwhile.
 void SystemTray::Pedir_Senha()
 {
     const QScopedValueRollback guarda(ocupado_, true);
+    Permitir(MenuSystemTray_, false);
+    const auto devolver = qScopeGuard([this] { Permitir(MenuSystemTray_, true); });
     frmLogin login(geral_, platform_);
     login.Fixar_Utilizador(geral_.SessaoActual.Utilizador);
     connect(&login, &frmLogin::Reaberta, this, &SystemTray::Reabrir);

@@ -39,6 +39,15 @@ struct Aberta {
         Historia();
     }
 
+    // The entries of the icon's menu that somebody could choose.
+    qsizetype Entradas_Vivas() const
+    {
+        const auto entradas = s.tabuleiro.menu->actions();
+        return std::count_if(entradas.begin(), entradas.end(), [](const QAction *entrada) {
+            return !entrada->isSeparator() && entrada->isEnabled();
+        });
+    }
+
     // Clicks the locked icon and answers the login form that comes.
     void Reabrir_Com(const std::function<void(frmLogin &)> &accao)
     {
@@ -256,8 +265,11 @@ private Q_SLOTS:
     {
         Aberta a(true);
         a.Esconder();
+        QCOMPARE(a.Entradas_Vivas(), 7);
         qsizetype abertos = 0;
+        qsizetype vivas = 0;
         a.Reabrir_Com([&](frmLogin &form) {
+            vivas = a.Entradas_Vivas();
             a.s.tabuleiro.Clicar(Picture2);
             a.s.tabuleiro.Clicar(Picture1);
             a.janela.SystemTrayAbrirMorvex->trigger();
@@ -269,6 +281,8 @@ private Q_SLOTS:
             form.cmdCancelar->click();
         });
         QCOMPARE(abertos, 1);
+        QCOMPARE(vivas, 0);
+        QCOMPARE(a.Entradas_Vivas(), 7);
         a.Reabrir_Com([](frmLogin &form) { Dar_Senha(form, u"segredo"_s); });
         QVERIFY(a.janela.isVisible()); // afterwards they count again
     }
