@@ -110,6 +110,25 @@ QString Legenda(const QWidget &controlo)
     return titulo.isValid() ? titulo.toString() : controlo.property("text").toString();
 }
 
+// Calls back whenever a value is written or deleted.
+class RegistoAtento final : public Registry
+{
+public:
+    explicit RegistoAtento(std::function<void()> ver) : ver_(std::move(ver)) {}
+
+    QString readString(Root, const QString &, const QString &) override { return {}; }
+    bool writeString(Root, const QString &, const QString &, const QString &) override { return Ver(); }
+    bool deleteValue(Root, const QString &, const QString &) override { return Ver(); }
+
+private:
+    bool Ver() const
+    {
+        ver_();
+        return true;
+    }
+    std::function<void()> ver_;
+};
+
 void Clicar(QAbstractButton *botao) { QTest::mouseClick(botao, Qt::LeftButton); }
 } // namespace
 
@@ -643,6 +662,30 @@ private Q_SLOTS:
         QCOMPARE(seccoes,
                  QStringList({u"[emailnotify0]"_s, u"[aniversarios]"_s, u"[memos]"_s, u"[arranque]"_s,
                               u"[messenger0]"_s, u"[fotografias]"_s, u"[basedados]"_s}));
+    }
+
+    void o_registo_muda_logo_depois_do_arranque_no_ficheiro_data()
+    {
+        QTest::addColumn<bool>("sim");
+        QTest::addColumn<QString>("linha");
+        QTest::newRow("sim") << true << u"autorun=sim"_s;
+        QTest::newRow("nao") << false << u"autorun=nao"_s;
+    }
+    void o_registo_muda_logo_depois_do_arranque_no_ficheiro()
+    {
+        QFETCH(bool, sim);
+        QFETCH(QString, linha);
+        Cenario c;
+        QStringList ultimas;
+        RegistoAtento registo([&] { ultimas << c.Linhas_Do_Ini().constLast(); });
+        Sistema &s = c.s;
+        Platform plataforma{s.relogio, s.caixas,  s.dialogos,   s.shell,    s.som,
+                            registo,   s.correio, s.mensageiro, s.processo, s.tabuleiro};
+        const frmOpcoes form(s.geral, plataforma, c.janela);
+        (sim ? form.OpcaoSim : form.OpcaoNao)->setChecked(true);
+        c.Esvaziar_Ini();
+        form.cmdOk->click();
+        QCOMPARE(ultimas, QStringList{linha});
     }
 
     void confirmar_escreve_a_base_e_o_registo()
