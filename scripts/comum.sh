@@ -18,6 +18,8 @@ pacotes_para_testar=(
     # Servers of tests/servidores: mail, presence, and a client of the latter in a terminal of its own.
     dovecot-pop3d prosody finch tmux
     faketime # a clock that a test moves under the running program
+    # A sound server, whose own output is recorded, and the desktop's starter of entries.
+    pulseaudio pulseaudio-utils libglib2.0-bin
 )
 
 # Installs those of the named packages that are missing, and says which.
