@@ -61,6 +61,8 @@ void DE::Executar(ComandoSemLinhas comando, std::initializer_list<Value> paramet
     Ligacao().execute(texto(entrada.sql), Converter(entrada, parametros));
 }
 
+void DE::Juntar(const std::function<void()> &trabalho) { Ligacao().gathering(trabalho); }
+
 void DE::Fechar_Ligacao()
 {
     for (Recordset &rs : conjuntos_) rs.Close();

@@ -7,6 +7,7 @@
 
 #include <QString>
 #include <array>
+#include <functional>
 #include <initializer_list>
 
 class DE
@@ -23,6 +24,10 @@ public:
 
     // Runs a command that writes. What it did is in the file when it returns.
     void Executar(ComandoSemLinhas comando, std::initializer_list<Value> parametros = {});
+
+    // Runs that with the writes of its commands gathered: they cost a fraction, and all that were done are in the
+    // file when this returns or raises.
+    void Juntar(const std::function<void()> &trabalho);
 
     // Closes the connection, and with it every recordset, so that the file can be copied; and opens it again with
     // the connection string that it has. Between the two no command runs.

@@ -1,6 +1,7 @@
 // The connection to a database file: what it opens, what it refuses, what it does to a statement.
 #include "platform/store/Connection.h"
 #include "platform/store/NewDatabase.h"
+#include "testlib/DiscoCheio.h"
 #include "testlib/Teste.h"
 
 #include <QFile>
@@ -180,6 +181,68 @@ private Q_SLOTS:
         Criar_Tabela();
         VERIFICAR_FALHA(createDatabase(path_, {u"CREATE TABLE U (ID INTEGER)"_s}), Failure::StoreError);
         QCOMPARE(Nomes(u""_s).size(), 3);
+    }
+
+    void escritas_juntas_estao_no_ficheiro_no_fim_e_uma_recusada_nao_toca_nas_outras()
+    {
+        constexpr int muitas = 4500; // more than one portion
+        Criar_Tabela();
+        Connection outra;
+        outra.setConnectionString(Fonte(path_));
+        outra.Open();
+        connection_.gathering([&] {
+            for (int i = 0; i < muitas; ++i)
+                connection_.execute(u"INSERT INTO T (Nome) VALUES (?)"_s, {QString::number(i)});
+            VERIFICAR_FALHA(connection_.execute(u"INSERT INTO T (ID) VALUES (?)"_s, {u"x"_s}),
+                            Failure::StoreError);
+            QCOMPARE(Nomes(u"WHERE Nome='7'"_s), QStringList{u"7"_s}); // seen here at once
+        });
+        Recordset rs = outra.query(u"SELECT count(*) AS n FROM T"_s, {});
+        QCOMPARE(rs.Fields("n").number(), muitas + 3);
+        connection_.execute(u"DELETE FROM T"_s, {}); // alone again
+        QCOMPARE(outra.query(u"SELECT ID FROM T"_s, {}).RecordCount(), 0);
+    }
+
+    void uma_falha_que_acaba_o_trabalho_guarda_o_que_veio_antes()
+    {
+        Criar_Tabela();
+        VERIFICAR_FALHA(connection_.gathering([&] {
+            connection_.execute(u"INSERT INTO T (Nome) VALUES ('antes')"_s, {});
+            throw Failure(5, u"teste"_s, u"acaba"_s);
+        }),
+                        5);
+        connection_.Close();
+        connection_.Open();
+        QCOMPARE(Nomes(u"WHERE Nome='antes'"_s).size(), 1);
+    }
+
+    // The disk takes some of them. What one write after the other would have brought there is there.
+    void num_disco_que_se_enche_fica_tudo_o_que_veio_antes_da_primeira_falha()
+    {
+        constexpr int muitas = 500;
+        constexpr rlim_t folga = 64 * 1024;
+        Criar_Tabela();
+        const QString texto(1000, u'x');
+        int falha = 0;
+        {
+            const DiscoCheio disco(static_cast<rlim_t>(QFileInfo(path_).size()) + folga);
+            try {
+                connection_.gathering([&] {
+                    for (int i = 0; i < muitas; ++i)
+                        connection_.execute(u"INSERT INTO T (Nome) VALUES (?)"_s, {texto});
+                });
+            } catch (const Failure &f) {
+                falha = f.number();
+            }
+        }
+        QCOMPARE(falha, static_cast<int>(Failure::StoreError));
+        connection_.Close();
+        connection_.Open();
+        Recordset rs = connection_.query(u"SELECT count(*) AS n, max(ID) AS m FROM T"_s, {});
+        const int ficaram = rs.Fields("n").number();
+        QVERIFY2(ficaram > 3 + 20 && ficaram < muitas, qPrintable(QString::number(ficaram)));
+        QCOMPARE(rs.Fields("m").number(), ficaram); // none is missing in between
+        QCOMPARE(connection_.query(u"PRAGMA integrity_check"_s, {}).Row(), QStringList{u"ok"_s});
     }
 
     // A copy of the one file must be a whole database: no side files, and each write on the disk when it

@@ -6,20 +6,26 @@
 #include <QFileInfo>
 #include <QHash>
 #include <QRegularExpression>
+#include <sqlite3.h>
 #include <SQLiteCpp/SQLiteCpp.h>
+#include <utility>
 
 struct Connection::Database {
     Database(const std::string &path, int flags) : handle(path, flags) {}
 
     SQLite::Database handle; // declared first: the statements go before it
     QHash<QString, std::shared_ptr<SQLite::Statement>> statements;
+    bool gathering = false;
+    std::vector<Write> portion; // what was run and is not yet in the file
 
     SQLite::Statement &statement(const QString &sql);
+    bool inTransaction() const { return sqlite3_get_autocommit(handle.getHandle()) == 0; }
 };
 
 namespace
 {
-constexpr int patience = 5000; // ms for which another program's write is waited for
+constexpr int patience = 5000;               // ms for which another program's write is waited for
+constexpr std::size_t longestPortion = 2000; // writes that reach the file together
 constexpr char sourceName[] = "Connection";
 
 [[noreturn]] void raise(const QString &description, const QString &source = QLatin1String(sourceName))
@@ -157,11 +163,72 @@ void Connection::Close() { database_.reset(); }
 void Connection::execute(const QString &sql, const std::vector<StoreValue> &values)
 {
     if (!database_) raise(QStringLiteral("The connection is closed"));
-    raisingFailures(sql, [&] {
-        SQLite::Statement &statement = database_->statement(sql);
-        const Running running(statement, values);
+    if (database_->gathering)
+        gather({sql, values});
+    else
+        run({sql, values});
+}
+
+void Connection::run(const Write &write)
+{
+    raisingFailures(write.sql, [&] {
+        SQLite::Statement &statement = database_->statement(write.sql);
+        const Running running(statement, write.values);
         statement.exec();
     });
+}
+
+void Connection::gathering(const std::function<void()> &work)
+{
+    if (!database_) raise(QStringLiteral("The connection is closed"));
+    database_->gathering = true;
+    try {
+        work();
+    } catch (...) {
+        endGathering();
+        throw;
+    }
+    endGathering();
+}
+
+void Connection::endGathering()
+{
+    database_->gathering = false;
+    writePortion();
+}
+
+// A portion is a transaction. What the store refuses of it leaves the rest; a disk that is full may undo it
+// as a whole.
+void Connection::gather(const Write &write)
+{
+    if (!database_->inTransaction()) run({QStringLiteral("BEGIN IMMEDIATE"), {}});
+    try {
+        run(write);
+    } catch (const Failure &) {
+        if (database_->inTransaction()) throw;
+        database_->portion.push_back(write);
+        return runPortionOneByOne();
+    }
+    database_->portion.push_back(write);
+    if (database_->portion.size() >= longestPortion) writePortion();
+}
+
+void Connection::writePortion()
+{
+    if (!database_->inTransaction()) return;
+    try {
+        run({QStringLiteral("COMMIT"), {}});
+        database_->portion.clear();
+    } catch (const Failure &) {
+        if (database_->inTransaction()) run({QStringLiteral("ROLLBACK"), {}});
+        runPortionOneByOne();
+    }
+}
+
+void Connection::runPortionOneByOne()
+{
+    for (const Write &write : std::exchange(database_->portion, {}))
+        run(write);
 }
 
 Recordset Connection::query(const QString &sql, const std::vector<StoreValue> &values)
