@@ -97,11 +97,16 @@ DE2::DE2(const QString &caminho)
         Carregar_Antigo(caminho);
 }
 
+// A merge skips what fails, so a damaged file must be known before: it would be merged in part without a
+// word.
 void DE2::Abrir_Proprio(const QString &caminho)
 {
     cn_.setConnectionString(u"Provider=Microsoft.Jet.OLEDB.4.0;Data Source= '"_s + caminho + u"'"_s +
                             u";Persist Security Info=False"_s);
     cn_.OpenReadOnly();
+    const QString veredicto = cn_.query(u"PRAGMA quick_check(1)"_s, {}).Fields("quick_check").text();
+    if (veredicto != "ok"_L1)
+        throw Failure(Failure::StoreError, caminho, u"The database is damaged: %1"_s.arg(veredicto));
 }
 
 // A table that can't be read is not there; the others are.

@@ -38,13 +38,18 @@ Fusao::Fusao(Geral &geral, DE2 &de2, const Totais &totais) : geral_(geral), de2_
 void Fusao::Correr()
 {
     Q_EMIT Progresso(0);
-    Passar_Contactos();
+    Passar([this] { Passar_Contactos(); });
     Q_EMIT ContactosLidos();
-    Passar_Tarefas();
+    Passar([this] { Passar_Tarefas(); });
     Q_EMIT TarefasLidas();
-    Passar_Memos();
+    Passar([this] { Passar_Memos(); });
     Q_EMIT MemosLidos();
     Q_EMIT Progresso(100);
+}
+
+void Fusao::Passar(const std::function<void()> &passagem)
+{
+    skipFailure([&] { geral_.de.Juntar(passagem); });
 }
 
 void Fusao::Contar(int lidos, qint16 total)
@@ -56,54 +61,58 @@ void Fusao::Passar_Contactos()
 {
     Valores v;
     int lidos = 0;
-    skipFailure([&] {
-        for (Recordset &rs = de2_.Abrir(DE2::Morvex5_SELECT_TblLista); !rs.Eof(); rs.MoveNext()) {
-            ++lidos;
-            Ler(rs, colunas_do_contacto, v);
-            Trazer_Grupo(v);
-            skipFailure([&] {
-                geral_.de.Executar("cmdAdicionarNome",
-                                   {v["Nome"], v["Telefone1"], v["Telefone2"], v["Fax"], v["Telemovel1"],
-                                    v["Telemovel2"], v["Telemovel3"], v["Dia"], v["Mes"], v["Ano"],
-                                    v["Email1"], v["Email2"], v["Website"], v["Morada"], v["Obs"],
-                                    v["Fotografia"], v["Grupo"]});
-            });
-            Contar(lidos, totais_.Contactos);
-        }
-    });
+    for (Recordset &rs = de2_.Abrir(DE2::Morvex5_SELECT_TblLista); !rs.Eof(); rs.MoveNext()) {
+        ++lidos;
+        Ler(rs, colunas_do_contacto, v);
+        Trazer_Grupo(v);
+        skipFailure([&] {
+            geral_.de.Executar("cmdAdicionarNome",
+                               {v["Nome"], v["Telefone1"], v["Telefone2"], v["Fax"], v["Telemovel1"],
+                                v["Telemovel2"], v["Telemovel3"], v["Dia"], v["Mes"], v["Ano"], v["Email1"],
+                                v["Email2"], v["Website"], v["Morada"], v["Obs"], v["Fotografia"],
+                                v["Grupo"]});
+        });
+        Contar(lidos, totais_.Contactos);
+    }
 }
 
-// The group of that name here, made if there is none. Its ID takes the place of the old one.
+// The group of that name here, made if there is none. Its ID takes the place of the old one. One that every
+// step has found once is not looked for again.
 void Fusao::Trazer_Grupo(Valores &v)
 {
     QString &nome = v["NomeGrupo"];
-    skipFailure([&] {
-        nome = de2_.Abrir(DE2::Morvex5_SELECT_TblGrupos, v["Grupo"]).Fields("NomeGrupo").textOrEmpty();
-    });
+    const QString antigo = v["Grupo"];
+    if (const auto achado = grupos_.find(antigo); achado != grupos_.end()) {
+        nome = achado->second.Nome;
+        v["Grupo"] = achado->second.ID;
+        return;
+    }
+    const bool lido = skipFailure(
+        [&] { nome = de2_.Abrir(DE2::Morvex5_SELECT_TblGrupos, antigo).Fields("NomeGrupo").textOrEmpty(); });
     if (Nenhuma_Linha([&]() -> Recordset & { return geral_.de.Abrir("cmdVerificarGrupo", {nome}); })) {
         skipFailure([&] { geral_.de.Executar("cmdAdicionarGrupo", {nome}); });
         skipFailure([&] { relatorio_ += geral_.Ler_Idioma(236) + u": "_s + nome + u"\r\n"_s; });
     }
-    skipFailure([&] { v["Grupo"] = geral_.de.Abrir("cmdVerIDGrupo", {nome}).Fields("ID").textOrEmpty(); });
+    const bool achado = skipFailure(
+        [&] { v["Grupo"] = geral_.de.Abrir("cmdVerIDGrupo", {nome}).Fields("ID").textOrEmpty(); });
+    if (lido && achado) grupos_[antigo] = {nome, v["Grupo"]};
 }
 
 void Fusao::Passar_Tarefas()
 {
     Valores v;
     int lidas = 0;
-    skipFailure([&] {
-        for (Recordset &rs = de2_.Abrir(DE2::Morvex5_SELECT_TblTarefas); !rs.Eof(); rs.MoveNext()) {
-            ++lidas;
-            Ler(rs, colunas_da_tarefa, v);
-            Trazer_Utilizador(rs, v, {});
-            ultimo_utilizador_das_tarefas_ = v["NomeUtilizador"];
-            skipFailure([&] {
-                geral_.de.Executar("cmdAdicionarTarefa",
-                                   {v["Tarefa"], v["Data"], v["Hora"], IdUtilizador_, v["IDRepeticao"]});
-            });
-            Contar(lidas, totais_.Tarefas);
-        }
-    });
+    for (Recordset &rs = de2_.Abrir(DE2::Morvex5_SELECT_TblTarefas); !rs.Eof(); rs.MoveNext()) {
+        ++lidas;
+        Ler(rs, colunas_da_tarefa, v);
+        Trazer_Utilizador(rs, v, {});
+        ultimo_utilizador_das_tarefas_ = v["NomeUtilizador"];
+        skipFailure([&] {
+            geral_.de.Executar("cmdAdicionarTarefa",
+                               {v["Tarefa"], v["Data"], v["Hora"], IdUtilizador_, v["IDRepeticao"]});
+        });
+        Contar(lidas, totais_.Tarefas);
+    }
 }
 
 // A user first made in this pass leaves the settings of a new user to the last task's owner, again.
@@ -111,20 +120,18 @@ void Fusao::Passar_Memos()
 {
     Valores v;
     int lidos = 0;
-    skipFailure([&] {
-        for (Recordset &rs = de2_.Abrir(DE2::Morvex5_SELECT_TblMemos); !rs.Eof(); rs.MoveNext()) {
-            ++lidos;
-            Ler(rs, colunas_do_memo, v);
-            Trazer_Utilizador(rs, v, ultimo_utilizador_das_tarefas_);
-            skipFailure([&] {
-                geral_.de.Executar("cmdAdicionarMemo",
-                                   {v["Titulo"], v["Descricao"], v["LeftForm"], v["TopForm"], v["Width"],
-                                    v["Height"], v["FontName"], v["FontSize"], v["FontBold"], v["FontItalic"],
-                                    v["CorFundo"], IdUtilizador_});
-            });
-            Contar(lidos, totais_.Memos);
-        }
-    });
+    for (Recordset &rs = de2_.Abrir(DE2::Morvex5_SELECT_TblMemos); !rs.Eof(); rs.MoveNext()) {
+        ++lidos;
+        Ler(rs, colunas_do_memo, v);
+        Trazer_Utilizador(rs, v, ultimo_utilizador_das_tarefas_);
+        skipFailure([&] {
+            geral_.de.Executar("cmdAdicionarMemo",
+                               {v["Titulo"], v["Descricao"], v["LeftForm"], v["TopForm"], v["Width"],
+                                v["Height"], v["FontName"], v["FontSize"], v["FontBold"], v["FontItalic"],
+                                v["CorFundo"], IdUtilizador_});
+        });
+        Contar(lidos, totais_.Memos);
+    }
 }
 
 // The user of that name here, made if there is none. Without a name of its own the settings go to

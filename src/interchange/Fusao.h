@@ -3,6 +3,7 @@
 // value of the row before.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <QObject>
@@ -26,7 +27,7 @@ public:
 
     Fusao(Geral &geral, DE2 &de2, const Totais &totais);
 
-    // Runs the three passes.
+    // Runs the three passes. What they added is in the file when it returns.
     void Correr();
 
     // A line for each group and user that had to be created.
@@ -42,6 +43,7 @@ private:
     // The values of a pass by column, as text. They are not cleared between rows.
     using Valores = std::map<std::string, QString>;
 
+    void Passar(const std::function<void()> &passagem);
     void Passar_Contactos();
     void Passar_Tarefas();
     void Passar_Memos();
@@ -55,6 +57,11 @@ private:
     Geral &geral_;
     DE2 &de2_;
     Totais totais_;
+    struct Grupo {
+        QString Nome;
+        QString ID; // here
+    };
+    std::map<QString, Grupo> grupos_; // those found so far, by their old ID
     QString relatorio_;
     QString ultimo_utilizador_das_tarefas_;
     QString IdUtilizador_; // of the owner, the old one until the new one is found; both passes share it

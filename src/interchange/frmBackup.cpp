@@ -31,6 +31,7 @@ frmBackup::frmBackup(Geral &geral, Platform &platform, QWidget *dono)
     Label1->setText(geral_.Ler_Idioma(253));
     cmdIniciar->setText(geral_.Ler_Idioma(229));
     cmdSair->setText(geral_.Ler_Idioma(136));
+    keepPlaceWhenHidden(*ProgressBar1);
     ProgressBar1->hide();
     txtCaminhoBackup->setText(geral_.ini.Ler_Ini(seccao, chave));
     cmdIniciar->setEnabled(!txtCaminhoBackup->text().isEmpty());
@@ -76,8 +77,8 @@ void frmBackup::cmdIniciar_Click()
 
 void frmBackup::Copiar()
 {
-    ProgressBar1->setValue(10);
     ProgressBar1->show();
+    ProgressBar1->setValue(10); // which paints it at once, here and below
     compactDatabase(geral_.CaminhoBD, Copia_De_Trabalho());
     ProgressBar1->setValue(50);
     if (isSameFile(geral_.CaminhoBD, Alvo()))

@@ -51,8 +51,10 @@ void frmImportar2::ComboGrupos_Click()
 void frmImportar2::cmdSeguinte_Click()
 {
     endOnFailure(platform_.boxes, platform_.process, [this] {
-        for (int i = 0; i < ListaMorvex43->ListCount(); ++i)
-            Guardar(ListaMorvex43->List(i));
+        geral_.de.Juntar([this] {
+            for (int i = 0; i < ListaMorvex43->ListCount(); ++i)
+                Guardar(ListaMorvex43->List(i));
+        });
         Q_EMIT intercambio_.ContactosMudados();
         accept();
     });

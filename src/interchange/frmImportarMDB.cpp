@@ -4,6 +4,7 @@
 #include "data/Inteiro.h"
 #include "interchange/DE2.h"
 #include "interchange/Intercambio.h"
+#include "platform/Controls.h"
 #include "platform/Platform.h"
 
 using namespace Qt::StringLiterals;
@@ -19,6 +20,7 @@ frmImportarMDB::frmImportarMDB(Geral &geral, Platform &platform, Intercambio &in
     geral_.temporizadores.Gerir_Temporizadores(u"stop"_s);
     for (QWidget *marca : {imgRegistos, imgTarefas, imgMemos})
         marca->hide();
+    keepPlaceWhenHidden(*ProgressBar1);
     ProgressBar1->hide();
     Contar();
     Escrever_Textos();
@@ -56,14 +58,11 @@ void frmImportarMDB::Escrever_Textos()
     cmdCancelar->setText(geral_.Ler_Idioma(43));
 }
 
-// The window repaints as the merge goes on, and takes no other event.
+// The bar paints itself as the merge goes on; no other event is taken.
 void frmImportarMDB::cmdSeguinte_Click()
 {
     Fusao fusao(geral_, intercambio_.De2(), totais_);
-    connect(&fusao, &Fusao::Progresso, this, [this](int percentagem) {
-        ProgressBar1->setValue(percentagem);
-        ProgressBar1->repaint();
-    });
+    connect(&fusao, &Fusao::Progresso, ProgressBar1, &QProgressBar::setValue);
     const auto mostrar = [](QWidget *marca) {
         return [marca] {
             marca->show();

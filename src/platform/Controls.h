@@ -4,6 +4,8 @@
 #include <QObject>
 #include <QString>
 
+class QWidget;
+
 [[noreturn]] void raiseMissingControl(const QObject &form, const QString &name);
 
 // The control of that name on the form. A form without it is a mistake of the program: raises Failure.
@@ -13,6 +15,10 @@ template<class Control> Control &control(const QObject &form, const QString &nam
     if (found == nullptr) raiseMissingControl(form, name);
     return *found;
 }
+
+// Keeps the control's place on its form while it is hidden, so that it can be painted at once when it is
+// shown.
+void keepPlaceWhenHidden(QWidget &control);
 
 // A caption without its mnemonic mark, as tips and titles show it.
 QString withoutMnemonic(const QString &caption);

@@ -6,8 +6,10 @@
 #include "interchange/frmImportar.h"
 #include "interchange/Intercambio.h"
 #include "platform/IconLabel.h"
+#include "platform/jet/JetFile.h"
 #include "session/Main.h"
 #include "testlib/Accoes.h"
+#include "testlib/Desempacotado.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
@@ -118,6 +120,20 @@ void Comparar_Tudo(Sistema &s, const QJsonObject &m)
                  definicao[2].toString());
 }
 
+// A column of a table in the order of its IDs, Null as the empty text.
+QStringList Textos(JetFile::Table tabela, const QString &coluna)
+{
+    const auto qual = static_cast<std::size_t>(tabela.columns.indexOf(coluna));
+    std::sort(tabela.rows.begin(), tabela.rows.end(),
+              [](const auto &a, const auto &b) { return std::get<qint64>(a[0]) < std::get<qint64>(b[0]); });
+    QStringList textos;
+    for (const auto &linha : tabela.rows) {
+        const auto *texto = std::get_if<QString>(&linha[qual]);
+        textos << (texto ? *texto : QString());
+    }
+    return textos;
+}
+
 // A database of this program's own kind, filled by the test.
 struct BasePropria {
     BasePropria() { base.Escrever(u"DELETE FROM TblLista"_s), base.Escrever(u"DELETE FROM TblMemos"_s); }
@@ -125,6 +141,8 @@ struct BasePropria {
     Sistema base;
 };
 } // namespace
+
+Q_DECLARE_METATYPE(std::function<void(QByteArray &)>)
 
 class TestFrmImportarMDB : public QObject
 {
@@ -188,6 +206,39 @@ private Q_SLOTS:
         QCOMPARE(p.s.Linhas(u"SELECT count(*) FROM TblLista"_s), QStringList{u"0"_s});
     }
 
+    void uma_base_antiga_de_32768_contactos_diz_o_texto_87()
+    {
+        const Desempacotado antiga(Dado(u"limite_32768.mdb.xz"_s));
+        Programa p;
+        p.s.caixas.Espera(p.s.Texto(87) + u"\r\n"_s + antiga.Caminho(), 16, p.s.Texto(82));
+        p.Escolher(antiga.Caminho(), nullptr);
+        QVERIFY(!p.s.processo.Terminou());
+        QCOMPARE(p.s.Linhas(u"SELECT count(*) FROM TblLista"_s), QStringList{u"0"_s});
+    }
+
+    void uma_base_antiga_de_vinte_mil_contactos_vem_inteira()
+    {
+        const Desempacotado antiga(Dado(u"grande.mdb.xz"_s));
+        const JetFile ficheiro(antiga.Caminho());
+        Programa p;
+        p.s.caixas.Espera_Qualquer(48, p.s.Texto(82));
+        p.Escolher(antiga.Caminho(), [&](frmImportarMDB &form) {
+            QCOMPARE(form.Label3->text(), p.s.Texto(86) + u" 19950"_s);
+            QCOMPARE(form.Label4->text(), p.s.Texto(233) + u": 300"_s);
+            QCOMPARE(form.Label5->text(), p.s.Texto(234) + u": 500"_s);
+            form.cmdSeguinte->click();
+            form.reject();
+        });
+        QCOMPARE(p.s.Linhas(u"SELECT Nome FROM TblLista ORDER BY ID"_s),
+                 Textos(ficheiro.read(u"TblLista"_s), u"Nome"_s));
+        QCOMPARE(p.s.Linhas(u"SELECT Obs FROM TblLista ORDER BY ID"_s),
+                 Textos(ficheiro.read(u"TblLista"_s), u"Obs"_s));
+        QCOMPARE(p.s.Linhas(u"SELECT Tarefa FROM TblTarefas ORDER BY ID"_s),
+                 Textos(ficheiro.read(u"TblTarefas"_s), u"Tarefa"_s));
+        QCOMPARE(p.s.Linhas(u"SELECT Descricao FROM TblMemos ORDER BY ID"_s),
+                 Textos(ficheiro.read(u"TblMemos"_s), u"Descricao"_s));
+    }
+
     void mais_de_32767_linhas_nao_se_contam()
     {
         BasePropria antiga;
@@ -212,6 +263,37 @@ private Q_SLOTS:
         p.s.caixas.Espera_Erro(Failure::StoreError);
         p.Escolher(Dado(base), nullptr);
         QVERIFY(p.s.processo.Terminou());
+    }
+
+    void uma_base_propria_estragada_nunca_se_funde_em_parte_data()
+    {
+        QTest::addColumn<std::function<void(QByteArray &)>>("estrago");
+        QTest::newRow("cortada a meio")
+            << std::function([](QByteArray &bytes) { bytes.truncate(bytes.size() / 2); });
+        QTest::newRow("página apagada") << std::function([](QByteArray &bytes) {
+            const qsizetype pagina = bytes.indexOf("Contacto 250") / 4096 * 4096;
+            bytes.replace(pagina, 4096, QByteArray(4096, 0));
+        });
+    }
+    void uma_base_propria_estragada_nunca_se_funde_em_parte()
+    {
+        QFETCH(std::function<void(QByteArray &)>, estrago);
+        BasePropria antiga;
+        antiga.base.Escrever(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<500) "
+                             "INSERT INTO TblLista (Nome, Grupo) SELECT 'Contacto ' || i, 1 FROM n"_s);
+        QFile ficheiro(antiga.Caminho());
+        QVERIFY(ficheiro.open(QIODevice::ReadOnly));
+        QByteArray bytes = ficheiro.readAll();
+        estrago(bytes);
+        Programa p;
+        const QString estragada = p.s.Ficheiro(u"estragada.mdb"_s);
+        QFile copia(estragada);
+        QVERIFY(copia.open(QIODevice::WriteOnly) && copia.write(bytes) == bytes.size());
+        copia.close();
+        p.s.caixas.Espera_Erro(Failure::StoreError);
+        p.Escolher(estragada, nullptr);
+        QVERIFY(p.s.processo.Terminou());
+        QCOMPARE(p.s.Linhas(u"SELECT count(*) FROM TblLista"_s), QStringList{u"0"_s});
     }
 
     void sem_tarefas_nem_memos_as_marcas_vem_e_a_barra_acaba_em_cem()
@@ -296,6 +378,40 @@ private Q_SLOTS:
         connect(&fusao, &Fusao::Progresso, this, [&](int valor) { valores << valor; });
         fusao.Correr();
         QCOMPARE(valores, (QList<int>{0, 25, 50, 75, 100, 25, 50, 75, 100, 100}));
+    }
+
+    void a_barra_anda_no_ecra_enquanto_a_fusao_corre()
+    {
+        struct Pintura : QObject {
+            explicit Pintura(QProgressBar &qual) : barra(qual) { barra.installEventFilter(this); }
+            bool eventFilter(QObject *, QEvent *evento) override
+            {
+                if (evento->type() == QEvent::Paint) valores << barra.value();
+                return false;
+            }
+            QProgressBar &barra;
+            QList<int> valores;
+        };
+        BasePropria antiga;
+        for (int i = 0; i < 50; ++i) {
+            antiga.base.Novo_Contacto({{u"Nome"_s, Value(u"Ana"_s)}});
+            antiga.base.geral.de.Executar("cmdAdicionarTarefa", {u"t", u"01-02-2027", u"10:00", u"0", u"1"});
+        }
+        Programa p;
+        p.s.caixas.Espera_Qualquer(48, p.s.Texto(82));
+        p.Escolher(antiga.Caminho(), [&](frmImportarMDB &form) {
+            QVERIFY(QTest::qWaitForWindowExposed(&form));
+            const QSize antes = form.size();
+            const Pintura pintura(*form.ProgressBar1);
+            form.cmdSeguinte->click();
+            const QList<int> valores = pintura.valores;
+            QCOMPARE(form.size(), antes); // its place was kept for it
+            QVERIFY(form.rect().contains(form.ProgressBar1->geometry()));
+            QVERIFY2(QSet<int>(valores.begin(), valores.end()).size() > 10, "it stood still");
+            QCOMPARE(std::is_sorted(valores.begin(), valores.end()), false); // it falls back in between
+            QCOMPARE(valores.constLast(), 100);
+            form.reject();
+        });
     }
 
     // No event is taken while the merge runs: a mark that waited for one would come with the end.
