@@ -1,15 +1,120 @@
-// The backup: the order of its steps, what it leaves when it fails, and the copy it makes.
+// The backup: the order of its steps, what it leaves when it fails, and the copy it makes. Some of its tests
+// need a second process, which is this program with an argument.
 #include "interchange/frmBackup.h"
 
 #include "session/Main.h"
 #include "testlib/Accoes.h"
-#include "testlib/SemPrivilegios.h"
+#include "testlib/DiscoPequeno.h"
+#include "testlib/MorteNoDisco.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
+#include <atomic>
+#include <chrono>
+#include <cstdio>
+#include <QProcess>
 #include <QTemporaryDir>
+#include <thread>
 
 using namespace Qt::StringLiterals;
+
+namespace
+{
+// The program over a folder that is there already, with stand-ins for the desktop.
+struct Instalacao {
+    explicit Instalacao(const QString &pasta) : geral(pasta) { geral.IdiomaActual = u"PortuguesPT"_s; }
+
+    RelogioFalso relogio{QDateTime({2027, 2, 1}, {9, 0})};
+    CaixasFalsas caixas;
+    DialogosFalsos dialogos;
+    ShellFalsa shell;
+    SomFalso som;
+    RegistoFalso registo;
+    CorreioFalso correio;
+    MensageiroFalso mensageiro;
+    ProcessoFalso processo;
+    TabuleiroFalso tabuleiro;
+    Platform plataforma{relogio, caixas,  dialogos,   shell,    som,
+                        registo, correio, mensageiro, processo, tabuleiro};
+    Geral geral;
+};
+
+void Comecar(frmBackup &form, const QString &alvo)
+{
+    form.txtCaminhoBackup->setText(alvo);
+    form.cmdIniciar->setEnabled(true);
+    form.cmdIniciar->click();
+}
+
+// The second process: a backup that dies at the given change to a file. Without one it tells all of them.
+int Filho_Que_Morre(const QString &pasta, const QString &alvo, int mudanca)
+{
+    Instalacao i(pasta);
+    frmBackup form(i.geral, i.plataforma);
+    form.show();
+    i.caixas.Espera_Qualquer(64, form.windowTitle());
+    morte_no_disco::Armar(mudanca);
+    Comecar(form, alvo);
+    morte_no_disco::armada = false;
+    std::puts(morte_no_disco::mudancas.c_str());
+    return 0;
+}
+
+// The second process: the program on a database that another copy uses, adding contacts until its input ends.
+// Tells their number.
+int Filho_Que_Escreve(const QString &pasta, const QString &base)
+{
+    Instalacao i(pasta);
+    i.geral.CaminhoBD = base;
+    int quantos = 0;
+    std::atomic<bool> acabou = false;
+    std::thread ouvinte([&acabou] {
+        while (std::getchar() != EOF) {
+        }
+        acabou = true;
+    });
+    while (!acabou) {
+        const QString vazio;
+        i.geral.de.Executar("cmdAdicionarNome",
+                            {u"Vivo %1"_s.arg(++quantos), vazio, vazio, vazio, vazio, vazio, vazio, vazio,
+                             vazio, vazio, vazio, vazio, vazio, vazio, vazio, vazio, 1});
+        if (quantos == 1) std::puts("escreve"), std::fflush(stdout);
+        std::this_thread::sleep_for(std::chrono::milliseconds(5)); // nobody is that fast
+    }
+    ouvinte.join();
+    std::printf("%d\n", quantos);
+    return 0;
+}
+
+// One that ends with the test.
+class Segundo
+{
+public:
+    ~Segundo()
+    {
+        if (processo.state() == QProcess::NotRunning) return;
+        processo.kill();
+        processo.waitForFinished();
+    }
+    QProcess processo;
+};
+
+QString Veredicto(const QString &base)
+{
+    Connection ligacao;
+    ligacao.setConnectionString(u"Data Source='%1'"_s.arg(base));
+    ligacao.Open();
+    return ligacao.query(u"PRAGMA integrity_check"_s, {}).Row().join(u'|');
+}
+
+int Contar(const QString &base, const QString &onde)
+{
+    Connection ligacao;
+    ligacao.setConnectionString(u"Data Source='%1'"_s.arg(base));
+    ligacao.Open();
+    return ligacao.query(u"SELECT count(*) AS n FROM TblLista WHERE "_s + onde, {}).Fields("n").number();
+}
+} // namespace
 
 class TestFrmBackup : public QObject
 {
@@ -33,6 +138,28 @@ class TestFrmBackup : public QObject
         Sistema s;
         frmBackup form;
     };
+
+    // The values of a bar as they come to be painted.
+    struct Pintura : QObject {
+        explicit Pintura(QProgressBar &qual) : barra(qual) { barra.installEventFilter(this); }
+        bool eventFilter(QObject *, QEvent *evento) override
+        {
+            if (evento->type() == QEvent::Paint &&
+                (valores.isEmpty() || valores.constLast() != barra.value()))
+                valores << barra.value();
+            return false;
+        }
+        QProgressBar &barra;
+        QList<int> valores;
+    };
+
+    static bool Tem_Aberto(qint64 processo, const QString &ficheiro)
+    {
+        const QDir abertos(u"/proc/%1/fd"_s.arg(processo));
+        for (const QFileInfo &um : abertos.entryInfoList(QDir::Files | QDir::System))
+            if (um.symLinkTarget() == QFileInfo(ficheiro).canonicalFilePath()) return true;
+        return false;
+    }
 
     static void Tocar(const QString &caminho)
     {
@@ -192,6 +319,161 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(c.Trabalho()));
     }
 
+    void a_barra_mostra_cada_passo_no_ecra()
+    {
+        Copia c;
+        QVERIFY(QTest::qWaitForWindowExposed(&c.form));
+        Pintura pintura(*c.form.ProgressBar1);
+        c.Espera_Sucesso();
+        Comecar(c.form, c.Pasta_Com_Barra());
+        QCOMPARE(pintura.valores, (QList<int>{10, 50, 90, 100}));
+    }
+
+    void o_programa_verdadeiro_pode_ter_a_base_aberta()
+    {
+        Copia c;
+        QTemporaryDir outra_pasta;
+        const QDir enviados(qEnvironmentVariable("MORVEX_ENVIADOS"));
+        for (const QString &nome : enviados.entryList({u"*.jpg"_s, u"*.mdb"_s, u"*.txt"_s, u"*.wav"_s}))
+            QFile::copy(enviados.filePath(nome), outra_pasta.filePath(nome));
+        QFile::copy(c.s.Ficheiro(u"config.ini"_s), outra_pasta.filePath(u"config.ini"_s));
+        Segundo segundo;
+        QProcessEnvironment ambiente = QProcessEnvironment::systemEnvironment();
+        ambiente.insert(u"MORVEX_HOME"_s, outra_pasta.path());
+        ambiente.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
+        segundo.processo.setProcessEnvironment(ambiente);
+        segundo.processo.start(enviados.filePath(u"morvex"_s), QStringList());
+        QVERIFY(segundo.processo.waitForStarted());
+        QTRY_VERIFY_WITH_TIMEOUT(Tem_Aberto(segundo.processo.processId(), c.s.Base()), 30000);
+
+        c.Espera_Sucesso();
+        Comecar(c.form, c.Pasta_Com_Barra());
+        QCOMPARE(Veredicto(c.Alvo()), u"ok"_s);
+        QCOMPARE(Contar(c.Alvo(), u"1"_s), Contar(c.s.Base(), u"1"_s));
+        QVERIFY(c.Ligada());
+        QCOMPARE(segundo.processo.state(), QProcess::Running);
+    }
+
+    void uma_segunda_copia_do_programa_escreve_e_nada_se_perde()
+    {
+        Copia c;
+        QTemporaryDir outra_pasta;
+        Segundo segundo;
+        segundo.processo.start(QCoreApplication::applicationFilePath(),
+                               {u"--escreve"_s, outra_pasta.path(), c.s.Base()});
+        QVERIFY(segundo.processo.waitForReadyRead());
+        QCOMPARE(segundo.processo.readLine().trimmed(), "escreve");
+        int antes = 0;
+        for (int vez = 0; vez < 5; ++vez) {
+            c.Espera_Sucesso();
+            Comecar(c.form, c.Pasta_Com_Barra());
+            QCOMPARE(Veredicto(c.Alvo()), u"ok"_s);
+            const int copiados = Contar(c.Alvo(), u"Nome LIKE 'Vivo %'"_s);
+            QVERIFY(copiados >= antes); // a copy is of one moment, and moments go on
+            QCOMPARE(Contar(c.Alvo(), u"Nome = 'Vivo %1'"_s.arg(copiados)), 1);
+            antes = copiados;
+        }
+        QVERIFY(antes > 0);
+        segundo.processo.closeWriteChannel();
+        QVERIFY(segundo.processo.waitForFinished());
+        QCOMPARE(segundo.processo.exitCode(), 0);
+        QCOMPARE(Contar(c.s.Base(), u"Nome LIKE 'Vivo %'"_s), segundo.processo.readAll().trimmed().toInt());
+        QCOMPARE(Veredicto(c.s.Base()), u"ok"_s);
+    }
+
+    void um_alvo_cheio_guarda_a_copia_anterior()
+    {
+        const DiscoPequeno disco(60);
+        if (!disco.Montado()) QSKIP("this machine lets nobody mount a small disk");
+        Copia c;
+        Tocar(disco.Ficheiro(u"Morvex.mdb"_s));
+        c.s.caixas.Espera_Qualquer(0, u"Error"_s);
+        Comecar(c.form, disco.Pasta() + u'/');
+        QCOMPARE(QDir(disco.Pasta()).entryList(QDir::Files), QStringList{u"Morvex.mdb"_s});
+        QCOMPARE(QFileInfo(disco.Ficheiro(u"Morvex.mdb"_s)).size(), 5);
+        QVERIFY(!QFile::exists(c.Trabalho()));
+        QVERIFY(c.Ligada());
+        QCOMPARE(c.Guardado(), QString());
+    }
+
+    void um_disco_do_programa_cheio_deixa_a_base_inteira_e_aberta()
+    {
+        Sistema s;
+        const int quilobytes = static_cast<int>(QFileInfo(s.Base()).size() / 1024);
+        DiscoPequeno disco(quilobytes + quilobytes / 2);
+        if (!disco.Montado()) QSKIP("this machine lets nobody mount a small disk");
+        QVERIFY(QFile::copy(s.Base(), disco.Ficheiro(u"morvex.mdb"_s)));
+        QTemporaryDir copias;
+        {
+            Instalacao i(disco.Pasta());
+            frmBackup form(i.geral, i.plataforma);
+            i.caixas.Espera_Qualquer(0, u"Error"_s);
+            Comecar(form, copias.path() + u'/');
+            QVERIFY(i.caixas.Todas_Vistas());
+            QCOMPARE(i.geral.de.Abrir("cmdVerConfig").RecordCount(), 1);
+        }
+        QVERIFY(QDir(copias.path()).isEmpty());
+        QVERIFY(!QFile::exists(disco.Ficheiro(u"MorvexCopy.mdb"_s)));
+        QCOMPARE(Veredicto(disco.Ficheiro(u"morvex.mdb"_s)), u"ok"_s);
+        QCOMPARE(Contar(disco.Ficheiro(u"morvex.mdb"_s), u"1"_s), Contar(s.Base(), u"1"_s));
+    }
+
+    void um_alvo_so_de_leitura_falha_e_tudo_volta()
+    {
+        DiscoPequeno disco(4096);
+        if (!disco.Montado()) QSKIP("this machine lets nobody mount a small disk");
+        Tocar(disco.Ficheiro(u"Morvex.mdb"_s));
+        QVERIFY(disco.Tornar_So_De_Leitura());
+        Copia c;
+        const QString ficheiro = disco.Ficheiro(u"Morvex.mdb"_s);
+        c.s.caixas.Espera(u"error #75 app %1\rThe file could not be written: %1"_s.arg(ficheiro), 0,
+                          u"Error"_s);
+        Comecar(c.form, disco.Pasta() + u'/');
+        QCOMPARE(QFileInfo(ficheiro).size(), 5);
+        QVERIFY(!c.form.ProgressBar1->isVisible());
+        QVERIFY(!QFile::exists(c.Trabalho()));
+        QVERIFY(c.Ligada());
+        QCOMPARE(c.Guardado(), QString());
+    }
+
+    // A letter tells each change that a backup makes to a file.
+    void morto_em_qualquer_mudanca_a_base_viva_fica_inteira()
+    {
+        Sistema s;
+        s.geral.de.Fechar_Ligacao();
+        QTemporaryDir copias;
+        const QString alvo = copias.filePath(u"Morvex.mdb"_s);
+        const QString trabalho = s.Ficheiro(u"MorvexCopy.mdb"_s);
+        const int contactos = Contar(s.Base(), u"1"_s);
+        const auto filho = [&](int mudanca) {
+            QProcess processo;
+            processo.start(QCoreApplication::applicationFilePath(),
+                           {u"--morre"_s, s.Pasta(), copias.path() + u'/', QString::number(mudanca)});
+            return processo.waitForFinished() ? std::pair(processo.exitStatus(), processo.readAll().trimmed())
+                                              : std::pair(QProcess::NormalExit, QByteArray());
+        };
+        const auto [fim, mudancas] = filho(0);
+        QCOMPARE(fim, QProcess::NormalExit);
+        for (const char letra : {'w', 's', 'r', 'u'}) // it writes, flushes, renames, removes
+            QVERIFY2(mudancas.contains(letra), mudancas.constData());
+        QCOMPARE(Veredicto(alvo), u"ok"_s);
+
+        int com_trabalho = 0;
+        for (int i = 0; i < mudancas.size(); ++i) {
+            const auto [como, dito] = filho(i + 1);
+            QVERIFY2(como == QProcess::CrashExit, qPrintable(u"change %1 of %2"_s.arg(i + 1).arg(mudancas)));
+            com_trabalho += QFile::exists(trabalho) ? 1 : 0;
+            QCOMPARE(Veredicto(s.Base()), u"ok"_s);
+            QCOMPARE(Contar(s.Base(), u"1"_s), contactos);
+            QCOMPARE(Veredicto(alvo), u"ok"_s); // the earlier copy or the new one, never half of one
+            QCOMPARE(Contar(alvo, u"1"_s), contactos);
+        }
+        qInfo("killed at %s, %d left a work file", mudancas.constData(), com_trabalho);
+        QVERIFY(com_trabalho > 0);
+        QCOMPARE(filho(0).first, QProcess::NormalExit);
+        QVERIFY(!QFile::exists(trabalho)); // what a death left is gone with the next copy
+    }
+
     void o_menu_abre_a_janela_sem_desligar_a_principal()
     {
         Sistema s;
@@ -206,5 +488,16 @@ private Q_SLOTS:
     }
 };
 
-MORVEX_TESTE(TestFrmBackup)
+int main(int argc, char **argv)
+{
+    DiscoPequeno::Preparar();
+    teste::CaixasDaAplicacao caixas;
+    Application application(argc, argv, caixas);
+    const QStringList argumentos = QCoreApplication::arguments();
+    const QString modo = argumentos.value(1);
+    if (modo == "--morre"_L1) return Filho_Que_Morre(argumentos[2], argumentos[3], argumentos[4].toInt());
+    if (modo == "--escreve"_L1) return Filho_Que_Escreve(argumentos[2], argumentos[3]);
+    TestFrmBackup testes;
+    return QTest::qExec(&testes, argc, argv);
+}
 #include "test_frmBackup.moc"
