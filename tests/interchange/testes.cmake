@@ -1,7 +1,9 @@
 # Tests of interchange.
 morvex_teste(interchange/test_RegistoMorvex LIGA session)
+morvex_teste(interchange/test_RegistosEstragados LIGA session)
 morvex_teste(interchange/test_frmImportar LIGA session)
 morvex_teste(interchange/test_frmImportarMDB LIGA session)
 morvex_teste(interchange/test_frmBackup LIGA session)
+add_dependencies(test_frmBackup morvex) # which it starts
 morvex_teste(interchange/test_frmExportar LIGA session)
 morvex_teste(interchange/test_exportacao LIGA session)
