@@ -1,4 +1,5 @@
-// Makes the database that is shipped: the empty tables, the one row of TblConfig and all interface texts.
+// Makes the database that is shipped: the empty tables, the one row of TblConfig and all interface texts. One that
+// is there already is replaced; a failure leaves it as it was.
 // Usage: criar_bd <TblIdiomas.tsv> <version> <morvex.mdb>
 #include "data/Esquema.h"
 #include "platform/Failure.h"
@@ -8,6 +9,7 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <cstdio>
+#include <filesystem>
 
 using namespace Qt::StringLiterals;
 
@@ -61,6 +63,20 @@ void Criar(const QString &textos, const QString &versao, const QString &destino)
     Inserir_Textos(ligacao, Ler_Textos(textos));
     ligacao.execute(u"COMMIT"_s, {});
 }
+
+// Whoever reads the file meanwhile, as tests do during a build, finds the old one or the new one, both whole.
+void Substituir(const QString &textos, const QString &versao, const QString &destino)
+{
+    const QString nova = destino + u".nova"_s;
+    QFile::remove(nova);
+    try {
+        Criar(textos, versao, nova);
+        std::filesystem::rename(nova.toStdString(), destino.toStdString());
+    } catch (...) {
+        QFile::remove(nova);
+        throw;
+    }
+}
 } // namespace
 
 int main(int argc, char **argv)
@@ -72,10 +88,9 @@ int main(int argc, char **argv)
         return 2;
     }
     try {
-        Criar(argumentos[1], argumentos[2], argumentos[3]);
-    } catch (const Failure &falha) {
+        Substituir(argumentos[1], argumentos[2], argumentos[3]);
+    } catch (const std::exception &falha) {
         std::fprintf(stderr, "criar_bd: %s\n", falha.what());
-        QFile::remove(argumentos[3]);
         return 1;
     }
 }

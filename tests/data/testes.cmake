@@ -12,6 +12,7 @@ foreach(teste IN ITEMS
     test_Temporizadores
     test_config_enviado
     test_Inteiro
-    test_Tocar_Som)
+    test_Tocar_Som
+    test_criar_bd)
     morvex_teste(data/${teste} LIGA data)
 endforeach()
