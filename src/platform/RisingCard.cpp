@@ -86,8 +86,10 @@ void RisingCard::mouseReleaseEvent(QMouseEvent *event)
     if (inside && event->button() == Qt::LeftButton) Q_EMIT Click();
 }
 
+// The end of the sink closes it. What the window system would close it for is no answer to its notice.
 void RisingCard::closeEvent(QCloseEvent *event)
 {
+    if (event->spontaneous()) return event->ignore();
     QFrame::closeEvent(event);
     Q_EMIT Unloaded();
 }

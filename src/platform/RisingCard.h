@@ -32,7 +32,8 @@ public:
 
 Q_SIGNALS:
     void Click();
-    // The card has gone for good, by the end of the sink or because it was closed.
+    // The card has gone for good, by the end of the sink or because the program closed it. The window system
+    // cannot.
     void Unloaded();
 
 protected:

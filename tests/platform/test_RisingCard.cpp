@@ -175,6 +175,19 @@ private Q_SLOTS:
         QCOMPARE(c.clicks, 2);
     }
 
+    void the_window_system_does_not_close_it()
+    {
+        Card c;
+        c.card.show();
+        c.riseToTheEnd();
+        QCloseEvent fromOutside;
+        QSpontaneKeyEvent::setSpontaneous(&fromOutside);
+        qApp->notify(&c.card, &fromOutside);
+        QVERIFY(!fromOutside.isAccepted());
+        QVERIFY(c.card.isVisible());
+        QCOMPARE(c.unloads, 0);
+    }
+
     void another_button_and_a_release_outside_are_none()
     {
         Card c;
