@@ -7,7 +7,31 @@
 #include "reminders/frmPopup.h"
 #include "reminders/Momento.h"
 
+#include <optional>
 #include <QApplication>
+
+namespace
+{
+// Of each column the value of the last row in which it could be read.
+struct UltimaVencida {
+    std::optional<QString> ID;
+    std::optional<QString> Tarefa;
+    std::optional<QDate> Data;
+    std::optional<QTime> Hora;
+};
+
+UltimaVencida Ler(Recordset &rs)
+{
+    UltimaVencida ultima;
+    for (; !rs.Eof(); rs.MoveNext()) {
+        skipFailure([&] { ultima.ID = rs.Fields("ID").text(); });
+        skipFailure([&] { ultima.Tarefa = rs.Fields("Tarefa").text(); });
+        skipFailure([&] { ultima.Data = rs.Fields("Data").date(); });
+        skipFailure([&] { ultima.Hora = rs.Fields("Hora").time(); });
+    }
+    return ultima;
+}
+} // namespace
 
 Alarme::Alarme(QWidget &janela, Geral &geral, Platform &platform, ReportControl &relatorio)
     : QObject(&janela), janela_(janela), geral_(geral), platform_(platform), relatorio_(relatorio)
@@ -31,21 +55,17 @@ void Alarme::timerTarefas_Timer()
     geral_.temporizadores.timerPonto.setEnabled(true);
 }
 
-// Each row is written over the one before, so the last one stays. The others stay due.
+// Each row counts over the one before, so what the last one holds stays. The others stay due.
 void Alarme::Mostrar_Vencidas(ComandoComLinhas comando, std::initializer_list<Value> parametros)
 {
     Recordset &rs = geral_.de.Abrir(comando, parametros);
-    for (; !rs.Eof(); rs.MoveNext())
-        Mostrar_Tarefa(rs);
+    if (rs.Eof()) return rs.Close();
+    const UltimaVencida ultima = Ler(rs);
     rs.Close();
-}
-
-void Alarme::Mostrar_Tarefa(const Recordset &rs)
-{
-    skipFailure([&] { Popup().txtIDTarefa->setText(rs.Fields("ID").text()); });
-    skipFailure([&] { Popup().lblTarefa->setText(rs.Fields("Tarefa").text()); });
-    skipFailure([&] { Popup().lblData->setText(Texto_Da_Data(rs.Fields("Data").date())); });
-    skipFailure([&] { Popup().lblHora->setText(Texto_Da_Hora(rs.Fields("Hora").time())); });
+    if (ultima.ID) Popup().txtIDTarefa->setText(*ultima.ID);
+    if (ultima.Tarefa) Popup().lblTarefa->setText(*ultima.Tarefa);
+    if (ultima.Data) Popup().lblData->setText(Texto_Da_Data(*ultima.Data));
+    if (ultima.Hora) Popup().lblHora->setText(Texto_Da_Hora(*ultima.Hora));
     geral_.temporizadores.timerTarefas.setEnabled(false);
     geral_.temporizadores.timerPonto.setEnabled(false);
     DisabledWindow::disable(janela_);

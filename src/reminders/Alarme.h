@@ -11,7 +11,6 @@
 class frmPopup;
 class Geral;
 class QWidget;
-class Recordset;
 class ReportControl;
 class Value;
 struct Platform;
@@ -31,7 +30,6 @@ public:
 private:
     void timerTarefas_Timer();
     void Mostrar_Vencidas(ComandoComLinhas comando, std::initializer_list<Value> parametros);
-    void Mostrar_Tarefa(const Recordset &rs);
     frmPopup &Popup(); // loads it at its first use
     void Mostrar_Popup();
     void Popup_Unload();

@@ -157,6 +157,7 @@ private Q_SLOTS:
             QTest::qWait(20);
             QVERIFY(popup->isVisible() && !c.janela.isEnabled());
             QVERIFY(!popup->TimerDown.Enabled() && !popup->TimerTimeout.Enabled());
+            QVERIFY(popup->windowHandle()->flags() & Qt::WindowStaysOnTopHint);
         }
         QCOMPARE(c.s.som.tocados.size(), 1);
     }
@@ -272,6 +273,17 @@ private Q_SLOTS:
         QVERIFY(popup->isVisible());
     }
 
+    void um_valor_ilegivel_da_ultima_linha_deixa_o_da_anterior()
+    {
+        ComAlarme c;
+        c.Nova(u"Regar"_s, u"31-01-2027"_s, u"08:00"_s);
+        const int id = c.Nova(u"Podar"_s, u"31-01-2027"_s, u"08:30"_s);
+        c.s.Escrever(u"UPDATE TblTarefas SET Tarefa=NULL WHERE ID=%1"_s.arg(id));
+        c.Tique();
+        QCOMPARE(c.Aviso(), u"Regar|31-01-2027|08:30"_s);
+        QCOMPARE(Aberto<frmPopup>()->txtIDTarefa->text(), QString::number(id));
+    }
+
     void o_caminho_de_uma_tarefa_do_seu_minuto_a_confirmacao()
     {
         ComAlarme c;
@@ -310,6 +322,47 @@ private Q_SLOTS:
         c.Tique();
         QCOMPARE(c.Aviso(), QString());
         QCOMPARE(c.Tarefas(), QStringList{u"Regar|2027-02-02|09:00:00|2"_s});
+    }
+
+    void a_mensal_de_31_de_janeiro_confirmada_mes_a_mes_fica_no_dia_28()
+    {
+        ComAlarme c;
+        c.Nova(u"Renda"_s, u"31-01-2027"_s, u"09:00"_s, u"4"_s);
+        for (const auto &[tocou, passa_a] : {std::pair{u"31-01"_s, u"02-28"_s},
+                                             {u"28-02"_s, u"03-28"_s},
+                                             {u"28-03"_s, u"04-28"_s},
+                                             {u"28-04"_s, u"05-28"_s},
+                                             {u"28-05"_s, u"06-28"_s},
+                                             {u"28-06"_s, u"07-28"_s},
+                                             {u"28-07"_s, u"08-28"_s},
+                                             {u"28-08"_s, u"09-28"_s},
+                                             {u"28-09"_s, u"10-28"_s},
+                                             {u"28-10"_s, u"11-28"_s},
+                                             {u"28-11"_s, u"12-28"_s}}) {
+            c.Agora(tocou + u"-2027 09:00"_s);
+            c.Tique();
+            QCOMPARE(c.Aviso(), u"Renda|%1-2027|09:00"_s.arg(tocou));
+            c.Confirmar();
+            c.Tique();
+            QCOMPARE(c.Aviso(), QString());
+            QCOMPARE(c.Tarefas(), QStringList{u"Renda|2027-%1|09:00:00|4"_s.arg(passa_a)});
+        }
+    }
+
+    void depois_da_descida_a_seguinte_sobe_por_si_no_primeiro_tique()
+    {
+        ComAlarme c;
+        c.Nova(u"Primeira"_s, u"01-02-2027"_s, u"07:00"_s);
+        c.Nova(u"Segunda"_s, u"01-02-2027"_s, u"08:00"_s);
+        c.Tique();
+        c.Confirmar();
+        const Timer &timerTarefas = c.s.geral.temporizadores.timerTarefas;
+        QVERIFY(timerTarefas.Enabled());
+        QCOMPARE(timerTarefas.interval(), 1000);
+        QSignalSpy tiques(&timerTarefas, &QTimer::timeout);
+        QTRY_COMPARE(c.Aviso(), u"Primeira|01-02-2027|07:00"_s);
+        QCOMPARE(tiques.count(), 1);
+        QCOMPARE(c.s.som.tocados.size(), 2);
     }
 
     void sem_confirmacao_volta_a_tocar()
