@@ -7,7 +7,8 @@ foreach(teste IN ITEMS
     test_frmListaTarefas
     test_frmPopup
     test_ProximosAniversarios
-    test_Repeticao)
+    test_Repeticao
+    test_UmAno)
     morvex_teste(reminders/${teste} LIGA reminders)
 endforeach()
 morvex_teste(reminders/test_Lembretes LIGA session)
