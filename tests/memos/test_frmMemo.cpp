@@ -318,6 +318,15 @@ private Q_SLOTS:
         QCOMPARE(u.nota->lblTitle->textFormat(), Qt::PlainText);
     }
 
+    void um_titulo_comprido_acaba_em_reticencias_e_guarda_se_inteiro()
+    {
+        const QString titulo = u"Lista de compras para a festa"_s;
+        UmaNota u(u"'%1','','495','645','1500','1395','Tahoma',8.25,0,0,65535"_s.arg(titulo));
+        QVERIFY(u.nota->lblTitle->shownText().endsWith(u'\u2026'));
+        u.nota->cmdGuardar->click();
+        QCOMPARE(u.Linha(u"Titulo"_s), titulo);
+    }
+
     void com_o_teclado_o_fundo_continua_o_da_nota()
     {
         UmaNota u;

@@ -123,6 +123,14 @@ private Q_SLOTS:
         QVERIFY(popup.TimerDown.Enabled());
     }
 
+    void uma_tarefa_comprida_acaba_em_reticencias()
+    {
+        Com_Popup c;
+        const frmPopup &popup = c.Abrir();
+        popup.lblTarefa->setText(u"Telefonar ao dentista por causa da consulta "_s.repeated(5));
+        QVERIFY(popup.lblTarefa->shownText().endsWith(u'\u2026'));
+    }
+
     void a_data_e_a_hora_nao_sao_clicaveis()
     {
         Com_Popup c;
