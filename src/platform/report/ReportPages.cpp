@@ -11,6 +11,13 @@ struct ReportPages::Canvas {
     QPainter &painter;
     Medium medium;
     int page;
+    mutable const QFont *font = nullptr; // the painter's; giving it one anew costs as much as a short text
+
+    void setFont(const QFont &of) const
+    {
+        if (!font || *font != of) painter.setFont(of);
+        font = &of;
+    }
 };
 
 namespace
@@ -51,18 +58,20 @@ QImage pictureFor(const QString &file, const QSizeF &area)
 }
 } // namespace
 
-ReportPages::Metrics::Metrics(const QFont &of) : font(of), spacing(font.lineSpacing()), advances{}
+ReportPages::Metrics::Metrics(const QFont &of) : font(of), spacing(font.lineSpacing())
 {
-    for (std::size_t i = 0; i < advances.size(); ++i)
-        advances[i] = font.horizontalAdvance(QChar(char16_t(i)));
+    advances.fill(unknown);
 }
 
 double ReportPages::Metrics::advance(const QString &text) const
 {
     double sum = 0;
     for (const QChar sign : text) {
-        if (sign.unicode() >= advances.size()) return font.horizontalAdvance(text);
-        sum += advances[sign.unicode()];
+        const bool joins = sign.unicode() >= 0x300 && sign.isMark();
+        if (joins || sign.unicode() >= advances.size()) return font.horizontalAdvance(text);
+        double &width = advances[sign.unicode()];
+        if (width == unknown) width = font.horizontalAdvance(sign);
+        sum += width;
     }
     return sum;
 }
@@ -283,7 +292,7 @@ void ReportPages::paint(QPainter &painter, int page, Medium medium)
     while (found() <= page && !complete_)
         findNext();
     if (page < 0 || page >= found()) return;
-    const Canvas canvas{painter, medium, page};
+    const Canvas canvas{.painter = painter, .medium = medium, .page = page};
     const QMarginsF &margins = definition_.margins;
     painter.save();
     painter.translate(margins.left(), margins.top());
@@ -329,7 +338,7 @@ void ReportPages::paintText(const ReportElement &element, const QStringList &lin
                             const Canvas &canvas) const
 {
     const Metrics &measure = metrics(element);
-    canvas.painter.setFont(element.font);
+    canvas.setFont(element.font);
     canvas.painter.setPen(colourOf(element));
     double baseline = y + element.area.top() + measure.font.ascent();
     for (const QString &line : lines) {

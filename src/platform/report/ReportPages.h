@@ -57,7 +57,9 @@ private:
         double advance(const QString &text) const;
         QFontMetricsF font;
         double spacing;
-        std::array<double, 128> advances; // of the plain characters, which most texts consist of
+        // Of the letters that stand alone and never join: Latin, Greek, Cyrillic. Measured when first met.
+        static constexpr double unknown = -1;
+        mutable std::array<double, 0x530> advances;
     };
     // What is painted on and where; nothing while pages are only counted.
     struct Canvas;

@@ -71,7 +71,7 @@ qsizetype breakOf(QStringView line, int width)
 int textWidth(QStringView text)
 {
     int width = 0;
-    for (const QStringView line : text.split(u'\n'))
+    for (const QStringView line : text.tokenize(u'\n'))
         width = std::max(width, lineWidth(line));
     return width;
 }
@@ -79,7 +79,7 @@ int textWidth(QStringView text)
 QStringList wrappedLines(const QString &text, int width)
 {
     QStringList lines;
-    for (QStringView line : QStringView(text).split(u'\n')) {
+    for (QStringView line : QStringView(text).tokenize(u'\n')) {
         do {
             const qsizetype end = breakOf(line, width);
             lines << line.first(end).toString();
