@@ -100,7 +100,7 @@ class Memos(unittest.TestCase):
         ecra.escrever("#40c080")
         ecra.tecla("Return")
         ecra.until(lambda: self.linha("Compras")[0][5] == 0x80C040, "the colour in the row")
-        for ponto in ((120, 8), (120, 100), (10, 190)):  # title, text, form
+        for ponto in ((120, 8), (120, 100), (3, 100)):  # title, text, form
             ecra.until(lambda p=ponto: ecra.cor(AO_LADO[0] + p[0], AO_LADO[1] + p[1]) == "#40C080", "the colour")
 
         ecra.clicar(nota, 60, 60)
