@@ -1,7 +1,10 @@
 // Older databases: every row of the sound ones, and a Failure, never a crash or a hang, from all others.
 #include "platform/jet/JetFile.h"
+#include "testlib/Desempacotado.h"
+#include "testlib/MemoriaPedida.h"
 #include "testlib/Teste.h"
 
+#include <QCryptographicHash>
 #include <random>
 
 using namespace Qt::StringLiterals;
@@ -45,6 +48,14 @@ QJsonArray Json(JetFile::Table tabela)
         linhas << celulas;
     }
     return linhas;
+}
+
+QStringList Colunas(const QJsonObject &tabela)
+{
+    QStringList colunas;
+    for (const QJsonValue &coluna : tabela[u"columns"].toArray())
+        colunas << coluna[0].toString();
+    return colunas;
 }
 
 // A copy of a sound file that a test has harmed, in a place of its own.
@@ -106,6 +117,37 @@ QByteArray Trocar_Paginas(QByteArray bytes, std::mt19937 &acaso)
     }
     return bytes;
 }
+// The numbers of the pages that hold the rows of the table with the most of them.
+std::vector<int> Paginas_Da_Maior_Tabela(const QByteArray &bytes)
+{
+    constexpr int dona = 4;
+    std::map<quint32, std::vector<int>> paginas;
+    for (int i = 1; i < bytes.size() / pagina; ++i) {
+        const char *inicio = bytes.constData() + qsizetype{i} * pagina;
+        if (inicio[0] == 1 && qstrncmp(inicio + dona, "LVAL", 4) != 0)
+            paginas[qFromLittleEndian<quint32>(inicio + dona)].push_back(i);
+    }
+    return std::max_element(paginas.begin(), paginas.end(),
+                            [](const auto &a, const auto &b) { return a.second.size() < b.second.size(); })
+        ->second;
+}
+
+// Fills a page with rows that say no more than that they were moved to the first row of the other.
+void Apontar_Tudo_Para(QByteArray &bytes, int qual, int outra)
+{
+    constexpr int contagem = 12;
+    constexpr int lugares = 14;
+    constexpr int tamanho = 4;
+    constexpr quint16 mudada = 0x4000;
+    constexpr int quantas = (pagina - lugares) / (tamanho + 2);
+    char *inicio = bytes.data() + qsizetype{qual} * pagina;
+    qToLittleEndian<quint16>(quantas, inicio + contagem);
+    for (int i = 0; i < quantas; ++i) {
+        const int onde = pagina - tamanho * (i + 1);
+        qToLittleEndian<quint16>(static_cast<quint16>(onde | mudada), inicio + lugares + 2 * i);
+        qToLittleEndian<quint32>(static_cast<quint32>(outra) << 8, inicio + onde);
+    }
+}
 } // namespace
 
 Q_DECLARE_METATYPE(Estrago)
@@ -136,16 +178,41 @@ private Q_SLOTS:
         for (const QString &nome : nomes) {
             const JetFile::Table tabela = base.read(nome);
             const QJsonObject esperada = tabelas[nome].toObject();
-            QStringList colunas;
-            for (const QJsonValue &coluna : esperada[u"columns"].toArray())
-                colunas << coluna[0].toString();
-            QCOMPARE(tabela.columns, colunas);
+            QCOMPARE(tabela.columns, Colunas(esperada));
             QCOMPARE(tabela.rows.size(), esperada[u"count"].toInt());
             const QJsonArray linhas = Json(tabela);
             const QJsonArray certas = esperada[u"rows"].toArray();
             QCOMPARE(linhas.size(), certas.size());
             for (qsizetype i = 0; i < certas.size(); ++i)
                 QCOMPARE(linhas[i], certas[i]);
+        }
+    }
+
+    // Their manifests give the sum of a table's rows, written as the others write them, in the place of the
+    // rows.
+    void as_grandes_tem_as_linhas_do_manifesto_data()
+    {
+        QTest::addColumn<QString>("nome");
+        QTest::newRow("linhas mudadas de lugar, apagadas, memos de várias páginas") << u"grande"_s;
+        QTest::newRow("mais contactos do que se contam em 16 bits") << u"limite_32768"_s;
+    }
+    void as_grandes_tem_as_linhas_do_manifesto()
+    {
+        QFETCH(QString, nome);
+        const QJsonObject tabelas =
+            QJsonDocument::fromJson(Ler_Ficheiro(Amostra(nome + u".json"_s)))[u"tables"].toObject();
+        QCOMPARE(tabelas.size(), 9);
+        const Desempacotado ficheiro(Amostra(nome + u".mdb.xz"_s));
+        const JetFile base(ficheiro.Caminho());
+        for (const QString &tabela : tabelas.keys()) {
+            const QJsonObject esperada = tabelas[tabela].toObject();
+            const JetFile::Table lida = base.read(tabela);
+            QCOMPARE(lida.columns, Colunas(esperada));
+            QCOMPARE(lida.rows.size(), esperada[u"count"].toInt());
+            if (!esperada.contains(u"sha256")) continue;
+            const QByteArray linhas = QJsonDocument(Json(lida)).toJson(QJsonDocument::Compact);
+            QCOMPARE(QCryptographicHash::hash(linhas, QCryptographicHash::Sha256).toHex(),
+                     esperada[u"sha256"].toString().toLatin1());
         }
     }
 
@@ -196,40 +263,71 @@ private Q_SLOTS:
         QVERIFY(!base.read(u"TblGrupos"_s).rows.empty()); // what is whole can still be read
     }
 
-    // A thousand copies each, the same at every run.
+    // The same five thousand copies at every run.
     void copias_estragadas_acabam_em_linhas_ou_numa_falha_data()
     {
+        QTest::addColumn<QString>("nome");
         QTest::addColumn<Estrago>("estrago");
-        QTest::newRow("bits") << Estrago(Trocar_Bits);
-        QTest::newRow("bits of page heads") << Estrago(Trocar_Bits_Dos_Cabecalhos);
-        QTest::newRow("tail cut") << Estrago(Cortar);
-        QTest::newRow("pages swapped") << Estrago(Trocar_Paginas);
+        for (const auto *nome : {"pequena", "cifrada", "vazia", "sem_idrepeticao", "sem_tblmemos"}) {
+            const QString ficheiro = QLatin1String(nome) + u".mdb"_s;
+            QTest::addRow("%s, bits", nome) << ficheiro << Estrago(Trocar_Bits);
+            QTest::addRow("%s, bits of page heads", nome) << ficheiro << Estrago(Trocar_Bits_Dos_Cabecalhos);
+            QTest::addRow("%s, tail cut", nome) << ficheiro << Estrago(Cortar);
+            QTest::addRow("%s, pages swapped", nome) << ficheiro << Estrago(Trocar_Paginas);
+        }
     }
     void copias_estragadas_acabam_em_linhas_ou_numa_falha()
     {
-        constexpr int copias = 1000;
+        constexpr int copias = 250;
         constexpr qint64 paciencia = 2000; // ms a copy; a sound one takes some three
+        constexpr std::size_t muita_memoria = std::size_t{256} << 20;
+        QFETCH(QString, nome);
         QFETCH(Estrago, estrago);
-        const QByteArray sa = Ler_Ficheiro(Amostra(u"pequena.mdb"_s));
+        const QByteArray sa = Ler_Ficheiro(Amostra(nome));
         std::mt19937 acaso(20040517);
         Copia copia;
-        int com_linhas = 0;
+        int lidas = 0;
         int com_falha = 0;
+        std::size_t mais_memoria = 0;
         for (int i = 0; i < copias; ++i) {
             const QString caminho = copia.Guardar(estrago(sa, acaso));
+            const memoria::Medida medida;
             QElapsedTimer relogio;
             relogio.start();
             const auto ler = [&] {
                 const JetFile base(caminho);
-                for (const QString &nome : base.tables())
-                    skipFailure([&] { com_linhas += base.read(nome).rows.empty() ? 0 : 1; }) || ++com_falha;
+                for (const QString &tabela : base.tables())
+                    ++(skipFailure([&] { base.read(tabela); }) ? lidas : com_falha);
             };
             if (!skipFailure(ler)) ++com_falha;
             QVERIFY2(relogio.elapsed() < paciencia, qPrintable(u"copy %1 took too long"_s.arg(i)));
+            QVERIFY2(medida.Maximo() < muita_memoria, qPrintable(u"copy %1 took too much"_s.arg(i)));
+            mais_memoria = std::max(mais_memoria, medida.Maximo());
         }
-        qInfo("%d tables with rows, %d failures", com_linhas, com_falha);
-        QVERIFY(com_linhas > 0);
+        qInfo("%d tables read, %d failures, at most %.1f MB", lidas, com_falha,
+              static_cast<double>(mais_memoria) / 1e6);
+        QVERIFY(lidas > 0);
         QVERIFY(com_falha > 0);
+        QVERIFY(mais_memoria > static_cast<std::size_t>(sa.size()) / 2); // it was measured
+    }
+
+    // Thousands of rows that all lead to one and the same: a small file that would fill the memory.
+    void linhas_que_levam_todas_a_uma_so_sao_um_estrago()
+    {
+        constexpr std::size_t muita_memoria = std::size_t{256} << 20;
+        const Desempacotado sa(Amostra(u"limite_32768.mdb.xz"_s));
+        QByteArray bytes = Ler_Ficheiro(sa.Caminho());
+        const std::vector<int> paginas = Paginas_Da_Maior_Tabela(bytes);
+        QVERIFY(paginas.size() > 100);
+        for (std::size_t i = 1; i < paginas.size(); ++i)
+            Apontar_Tudo_Para(bytes, paginas[i], paginas[0]);
+        Copia copia;
+        const QString caminho = copia.Guardar(bytes);
+        const memoria::Medida medida;
+        const JetFile base(caminho);
+        VERIFICAR_FALHA(base.read(u"TblLista"_s), Failure::StoreError);
+        QVERIFY2(medida.Maximo() < muita_memoria, qPrintable(QString::number(medida.Maximo())));
+        QCOMPARE(base.read(u"TblRepeticao"_s).rows.size(), 5U);
     }
 
     void uma_copia_cortada_da_tudo_ou_nada()

@@ -39,6 +39,10 @@ constexpr quint32 mostIndexes = 1024;
 // Where a row was moved on again and again, somebody tampered with the file.
 constexpr int mostMoves = 8;
 
+// A sound table's rows take no more bytes than the file has, and so do its texts and its cells. A damaged
+// one may read the same bytes over and over.
+constexpr qint64 bytesOfAByte = 3;
+
 // Memo.
 constexpr int memoHeader = 12;
 constexpr quint32 memoLengthMask = 0x3fffffff;
@@ -65,6 +69,7 @@ private:
     std::vector<Cell> cells(const Bytes &row);
     Cell cell(const Column &column, const Bytes &value);
     QString memo(const Bytes &value);
+    void spend(qint64 bytes);
     QByteArray chainedMemo(quint32 pointer, qsizetype length) const;
 
     const JetPages &pages_;
@@ -72,7 +77,7 @@ private:
     std::vector<Column> columns_;
     std::vector<quint32> dataPages_;
     quint32 rowCount_ = 0;
-    qint64 memoBytesLeft_; // no table holds more of them than the file has bytes
+    qint64 bytesLeft_; // what the table may still hold
 };
 
 // One byte a character, until a zero byte switches to two bytes a character, and another one back.
@@ -127,7 +132,7 @@ double singleOf(float value)
 }
 
 TableReader::TableReader(const JetPages &pages, quint32 definition)
-    : pages_(pages), definition_(definition), memoBytesLeft_(pages.fileSize())
+    : pages_(pages), definition_(definition), bytesLeft_(bytesOfAByte * pages.fileSize())
 {
     const QByteArray joined = joinedDefinition();
     const Bytes bytes{joined};
@@ -232,6 +237,7 @@ Bytes TableReader::followed(JetPages::Row row) const
 // their count, and a bit a column that is clear for Null.
 std::vector<JetFile::Cell> TableReader::cells(const Bytes &row)
 {
+    spend(row.size() + static_cast<qint64>(columns_.size()));
     const int columnCount = row.u16(0);
     const qsizetype mask = row.size() - (columnCount + 7) / 8;
     const int variableCount = row.u16(mask - 2);
@@ -268,6 +274,7 @@ JetFile::Cell TableReader::cell(const Column &column, const Bytes &value)
     case DateTime:
         return dateOf(value.number<double>(0));
     case Text:
+        spend(value.size());
         return textOf(value);
     case Memo:
         return memo(value);
@@ -276,13 +283,18 @@ JetFile::Cell TableReader::cell(const Column &column, const Bytes &value)
     }
 }
 
+void TableReader::spend(qint64 bytes)
+{
+    bytesLeft_ -= bytes;
+    if (bytesLeft_ < 0) raiseDamage("a table beyond all measure");
+}
+
 // A long text stands in the row itself, in one other row, or in a chain of them.
 QString TableReader::memo(const Bytes &value)
 {
     const quint32 head = value.u32(0);
     const qsizetype length = head & memoLengthMask;
-    memoBytesLeft_ -= length;
-    if (memoBytesLeft_ < 0) raiseDamage("long texts beyond all measure");
+    spend(length);
     if (head & memoInline) return textOf(value.part(memoHeader, length));
     const quint32 pointer = value.u32(4);
     if (head & memoOneRow) return textOf(pages_.row(JetPages::pointerOf(pointer)).data.part(0, length));
