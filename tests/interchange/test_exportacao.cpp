@@ -312,6 +312,8 @@ private Q_SLOTS:
                            i_->Exportar(u"vazia_txt.txt"_s, Texto, true, u"Leer"_s),
                            i_->Exportar(u"vazia_doc.doc"_s, Word, true, u"Leer"_s)};
 
+        folhas << i_->Exportar(u"sem_rotulos.xls"_s, Excel, false);
+
         // A preview leaves its labels in the control, in German.
         frmImprimir imprimir(i_->s.geral, i_->controlo, i_->ListaNomes);
         imprimir.CheckBoxPrevisualizar->setChecked(true);
@@ -344,6 +346,14 @@ private Q_SLOTS:
         for (QStringList &linha : esperadas)
             if (linha.last().size() > celula) linha.last() = linha.last().left(celula - 1) + u'…';
         Comparar(Do_CSV(Lido(u"fichas.csv"_s)), Quadro{cabecas_das_fichas_} + esperadas);
+    }
+
+    void as_fichas_sem_impressao_anterior_tem_os_rotulos_da_definicao()
+    {
+        QCOMPARE(Do_CSV(Lido(u"sem_rotulos.csv"_s)).value(0),
+                 (QStringList{u"Nome"_s, u"NomeGrupo"_s, u"Morada"_s, u"Telefone 1"_s, u"Telefone 2"_s,
+                              u"Fax"_s, u"Telemóvel 1"_s, u"Telemóvel 2"_s, u"Telemóvel 3"_s, u"E-mail 1"_s,
+                              u"E-mail 2"_s, u"Website"_s, u"Aniversário"_s, u"Obs"_s}));
     }
 
     void a_lista_em_texto_tem_cada_celula_da_base()

@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
+#include <QLineEdit>
 #include <QPrintDialog>
 #include <QProcess>
 #include <QRegularExpression>
@@ -264,6 +265,33 @@ private Q_SLOTS:
         ReportPages pages = Relatorio();
         QCOMPARE(printer.print(pages, u"Titulo"_s, [](int page, int) { return page < 1; }),
                  PrintResult::Cancelled);
+        QVERIFY(Pedido().isEmpty());
+    }
+    void um_ficheiro_no_lugar_da_impressora_fica_inteiro_ou_como_estava()
+    {
+        if (!Impressora::Possivel()) QSKIP("a spooler of its own needs root and the spooler's packages");
+        QVERIFY(impressora_.Pronta());
+        const QString pdf = folder_.filePath(u"saida.pdf"_s);
+        DesktopReportPrinter printer;
+        accoes::Quando_Abrir<QPrintDialog>([&](QPrintDialog &dialogo) {
+            auto *impressoras = dialogo.findChild<QComboBox *>(u"printers"_s);
+            impressoras->setCurrentIndex(impressoras->count() - 1); // the file stands behind the printers
+            dialogo.findChild<QLineEdit *>(u"filename"_s)->setText(pdf);
+            dialogo.accept();
+        });
+        QCOMPARE(printer.choose(nullptr), PrintResult::Done);
+        QFile velho(pdf);
+        QVERIFY(velho.open(QIODevice::WriteOnly));
+        velho.write("velho");
+        velho.close();
+        ReportPages pages = Relatorio();
+        QCOMPARE(printer.print(pages, u"Titulo"_s, [](int page, int) { return page < 1; }),
+                 PrintResult::Cancelled);
+        QVERIFY(velho.open(QIODevice::ReadOnly));
+        QCOMPARE(velho.readAll(), "velho");
+        velho.close();
+        QCOMPARE(printer.print(pages, u"Titulo"_s, Continuar), PrintResult::Done);
+        QCOMPARE(Saida(u"pdftotext"_s, {pdf, u"-"_s}).simplified(), u"Zita 1/2 Rui 2/2"_s);
         QVERIFY(Pedido().isEmpty());
     }
     void as_tres_alimentacoes_poem_o_envelope_no_seu_lugar_da_folha_data()
