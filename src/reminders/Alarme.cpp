@@ -14,6 +14,8 @@ namespace
 {
 // Of each column the value of the last row in which it could be read.
 struct UltimaVencida {
+    bool Completa() const { return ID && Tarefa && Data && Hora; }
+
     std::optional<QString> ID;
     std::optional<QString> Tarefa;
     std::optional<QDate> Data;
@@ -55,12 +57,16 @@ void Alarme::timerTarefas_Timer()
     geral_.temporizadores.timerPonto.setEnabled(true);
 }
 
-// Each row counts over the one before, so what the last one holds stays. The others stay due.
+// Each row counts over the one before, so what the last one holds stays, and the others are read only for
+// what it lacks. They stay due.
 void Alarme::Mostrar_Vencidas(ComandoComLinhas comando, std::initializer_list<Value> parametros)
 {
     Recordset &rs = geral_.de.Abrir(comando, parametros);
     if (rs.Eof()) return rs.Close();
-    const UltimaVencida ultima = Ler(rs);
+    for (int linhas = rs.RecordCount(); linhas > 1; --linhas)
+        rs.MoveNext();
+    UltimaVencida ultima = Ler(rs);
+    if (!ultima.Completa()) ultima = Ler(geral_.de.Abrir(comando, parametros)); // from the first row on
     rs.Close();
     if (ultima.ID) Popup().txtIDTarefa->setText(*ultima.ID);
     if (ultima.Tarefa) Popup().lblTarefa->setText(*ultima.Tarefa);
