@@ -339,6 +339,33 @@ private Q_SLOTS:
         QCOMPARE(p.s.Linhas(u"SELECT Pass FROM TblUsers"_s), QStringList{Codificar_Pass(u"x"_s)});
     }
 
+    void um_memo_sem_dono_vai_para_o_do_memo_anterior()
+    {
+        BasePropria antiga;
+        const int rui = antiga.base.Novo_Utilizador(u"Rui"_s, u"x"_s);
+        for (const int dono : {rui, 0, 99})
+            antiga.base.geral.de.Executar("cmdAdicionarMemo",
+                                          {u"dono %1"_s.arg(dono), u"d", u"1", u"2", u"3", u"4", u"Tahoma",
+                                           u"8,25", u"False", u"False", u"65535", dono});
+        Programa p;
+        p.Fundir(antiga.Caminho(), p.s.Texto(237) + u": Rui\r\n"_s);
+        QCOMPARE(p.s.Linhas(u"SELECT Titulo, Utilizador FROM TblMemos ORDER BY ID"_s),
+                 (QStringList{u"dono 1|1"_s, u"dono 0|1"_s, u"dono 99|1"_s}));
+    }
+
+    // Nobody has an empty name: the user can't be made, the report names him all the same, and the task keeps
+    // the owner that it had.
+    void uma_primeira_tarefa_sem_dono_passa_com_o_nome_vazio()
+    {
+        BasePropria antiga;
+        antiga.base.geral.de.Executar("cmdAdicionarTarefa", {u"uma", u"01-02-2027", u"10:00", u"0", u"1"});
+        Programa p;
+        p.Fundir(antiga.Caminho(), p.s.Texto(237) + u": \r\n"_s);
+        QCOMPARE(p.s.Linhas(u"SELECT count(*) FROM TblUsers"_s), QStringList{u"0"_s});
+        QCOMPARE(p.s.Linhas(u"SELECT Tarefa, Utilizador FROM TblTarefas"_s), QStringList{u"uma|0"_s});
+        QCOMPARE(p.s.geral.ini.Ler_Ini(u"emailnotify"_s, u"minutos"_s), u"60"_s);
+    }
+
     void sem_tarefas_um_utilizador_criado_pelos_memos_nao_recebe_definicoes()
     {
         BasePropria antiga;
