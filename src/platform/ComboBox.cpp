@@ -2,11 +2,34 @@
 
 #include "platform/Failure.h"
 
+#include <QAbstractItemView>
 #include <QKeyEvent>
 #include <QSignalBlocker>
 
+namespace
+{
+// Letters select nothing; the blank opens the list and chooses from it.
+bool types(const QKeyEvent &event)
+{
+    return !event.text().isEmpty() && event.text().front().isPrint() && event.key() != Qt::Key_Space;
+}
+
+// Keeps letters from the list that a combo box opens.
+class NoTyping final : public QObject
+{
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        return event->type() == QEvent::KeyPress && types(*static_cast<QKeyEvent *>(event));
+    }
+};
+} // namespace
+
 ComboBox::ComboBox(QWidget *parent) : QComboBox(parent)
 {
+    view()->installEventFilter(new NoTyping(this));
     connect(this, &QComboBox::activated, this, [this] { Q_EMIT Click(); });
 }
 
@@ -48,11 +71,10 @@ void ComboBox::ChooseText(const QString &text)
     setListIndex(index);
 }
 
-// Letters select nothing here; arrows and the keys that open the list keep their work.
+// Arrows and the keys that open the list keep their work.
 void ComboBox::keyPressEvent(QKeyEvent *event)
 {
-    const bool types = !event->text().isEmpty() && event->text().front().isPrint();
-    if (types && event->key() != Qt::Key_Space)
+    if (types(*event))
         event->accept();
     else
         QComboBox::keyPressEvent(event);

@@ -2,6 +2,8 @@
 #include "platform/ComboBox.h"
 #include "testlib/Teste.h"
 
+#include <QAbstractItemView>
+
 using namespace Qt::StringLiterals;
 
 class TestComboBox : public QObject
@@ -83,6 +85,23 @@ private Q_SLOTS:
         QCOMPARE(combo.ListIndex(), 0);
         QCOMPARE(clicks.size(), 0);
         QTest::keyClick(&combo, Qt::Key_Down);
+        QCOMPARE(combo.ListIndex(), 1);
+        QCOMPARE(clicks.size(), 1);
+    }
+
+    void nem_na_lista_aberta_as_letras_escolhem()
+    {
+        ComboBox combo;
+        Encher(combo);
+        combo.setListIndex(0);
+        combo.show();
+        combo.showPopup();
+        QTRY_VERIFY(combo.view()->isVisible());
+        QSignalSpy clicks(&combo, &ComboBox::Click);
+        QTest::keyClicks(combo.view(), u"oc7"_s);
+        QCOMPARE(combo.view()->currentIndex().row(), 0);
+        QTest::keyClick(combo.view(), Qt::Key_Down);
+        QTest::keyClick(combo.view(), Qt::Key_Return);
         QCOMPARE(combo.ListIndex(), 1);
         QCOMPARE(clicks.size(), 1);
     }
