@@ -27,6 +27,24 @@ private Q_SLOTS:
         QCOMPARE(form.txtPass->echoMode(), QLineEdit::Password);
     }
 
+    void a_senha_mostra_se_em_asteriscos_sobre_o_amarelo_do_foco()
+    {
+        Sistema s;
+        frmLogin form(s.geral, s.plataforma);
+        form.show();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        form.txtPass->setText(u"abc"_s);
+        QCOMPARE(form.txtPass->displayText(), u"***"_s);
+        const auto fundo = [&] {
+            const QImage campo = form.txtPass->grab().toImage();
+            return campo.pixelColor(campo.width() - campo.height() / 2, campo.height() / 2);
+        };
+        form.txtPass->setFocus();
+        QCOMPARE(fundo(), QColor(0xFF, 0xFF, 0xC0));
+        form.txtUser->setFocus();
+        QCOMPARE(fundo(), QColor(Qt::white));
+    }
+
     void ok_so_com_um_nome_escrito()
     {
         Sistema s;
