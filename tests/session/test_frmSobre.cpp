@@ -1,10 +1,13 @@
 // The about form.
 #include "platform/Controls.h"
+#include "platform/Failure.h"
 #include "session/frmSobre.h"
 #include "session/Main.h"
 #include "testlib/Accoes.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
+
+#include <QShortcut>
 
 using namespace Qt::StringLiterals;
 
@@ -54,6 +57,21 @@ private Q_SLOTS:
         });
         control<QAction>(janela, entrada).trigger();
         QVERIFY(visto);
+        QVERIFY(janela.isEnabled());
+    }
+
+    void sem_um_dos_seus_textos_o_formulario_nao_abre()
+    {
+        Sistema s;
+        Main janela(s.geral, s.plataforma);
+        janela.show();
+        s.Escrever(u"DELETE FROM TblIdiomas WHERE ID=135"_s);
+        QShortcut atalho(Qt::Key_F12, &janela);
+        connect(&atalho, &QShortcut::activated, janela.Sobre, &QAction::trigger);
+        QVERIFY(QTest::qWaitForWindowActive(&janela));
+        s.caixas.Espera_Erro(Failure::NoCurrentRecord);
+        QTest::keyClick(&janela, Qt::Key_F12); // a form that came would wait here for ever
+        QVERIFY(s.caixas.Todas_Vistas());
         QVERIFY(janela.isEnabled());
     }
 };
