@@ -126,6 +126,30 @@ private Q_SLOTS:
         QCOMPARE(u.Linha(u"Width, Height, FontSize, CorFundo"_s), u"2775|1395|8.25|8438015"_s);
     }
 
+    void cada_celula_nula_deixa_as_outras_aplicarem_se_data()
+    {
+        QTest::addColumn<QString>("nula");
+        for (const char *coluna : {"FontName", "FontSize", "FontBold", "FontItalic", "CorFundo"})
+            QTest::newRow(coluna) << QString::fromLatin1(coluna);
+    }
+    void cada_celula_nula_deixa_as_outras_aplicarem_se()
+    {
+        QFETCH(QString, nula);
+        UmaNota u(u"'t','d','495','645','2775','1395','DejaVu Serif',20,1,1,255"_s);
+        u.s.Escrever(u"UPDATE TblMemos SET %1=NULL"_s.arg(nula));
+        u.Reabrir();
+        const QFont letras = u.nota->txtMemo->font();
+        QCOMPARE(letras.family() == u"DejaVu Serif"_s, nula != u"FontName"_s);
+        QCOMPARE(letras.pointSizeF() == 20, nula != u"FontSize"_s);
+        QCOMPARE(letras.bold(), nula != u"FontBold"_s);
+        QCOMPARE(letras.italic(), nula != u"FontItalic"_s);
+        for (const QWidget *controlo : {static_cast<QWidget *>(u.nota.get()),
+                                        static_cast<QWidget *>(u.nota->lblTitle),
+                                        static_cast<QWidget *>(u.nota->txtMemo)})
+            QCOMPARE(controlo->palette().color(QPalette::Window) == QColor(255, 0, 0), nula != u"CorFundo"_s);
+        QCOMPARE(u.nota->windowTitle(), u"t"_s);
+    }
+
     void um_tamanho_sem_sentido_nao_impede_a_nota_data()
     {
         QTest::addColumn<QString>("medida");
