@@ -7,3 +7,4 @@ morvex_teste(interchange/test_frmBackup LIGA session)
 add_dependencies(test_frmBackup morvex) # which it starts
 morvex_teste(interchange/test_frmExportar LIGA session)
 morvex_teste(interchange/test_exportacao LIGA session)
+set_tests_properties(interchange/test_exportacao PROPERTIES TIMEOUT 900) # an office suite reads 32,767 contacts
