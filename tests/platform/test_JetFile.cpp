@@ -71,7 +71,14 @@ public:
     }
 
 private:
-    QTemporaryDir pasta_;
+    // In memory where the system has a place for that: thousands of copies are gigabytes.
+    static QString Modelo()
+    {
+        const QString memoria = u"/dev/shm"_s;
+        return (QFileInfo(memoria).isWritable() ? memoria : QDir::tempPath()) + u"/morvex-XXXXXX"_s;
+    }
+
+    QTemporaryDir pasta_{Modelo()};
 };
 
 constexpr int pagina = 4096;
