@@ -6,7 +6,6 @@
 
 #include <QFont>
 #include <QIcon>
-#include <QImageReader>
 #include <QStyleFactory>
 
 // The pictures are compiled into a library, and a library's pictures announce themselves only when asked to.
@@ -14,8 +13,7 @@ static void announcePictures() { Q_INIT_RESOURCE(imagens); }
 
 namespace
 {
-constexpr int fontPixels = 11;        // the forms' places are given in twips, so the letters do not grow
-constexpr int pictureMegabytes = 512; // a photograph of 48 million points still opens
+constexpr int fontPixels = 11; // the forms' places are given in twips, so the letters do not grow
 } // namespace
 
 Application::Application(int &argc, char **argv, MessageBoxes &boxes) : QApplication(argc, argv), boxes_(boxes)
@@ -30,7 +28,6 @@ Application::Application(int &argc, char **argv, MessageBoxes &boxes) : QApplica
     QFont letters = font();
     letters.setPixelSize(fontPixels);
     setFont(letters);
-    QImageReader::setAllocationLimit(pictureMegabytes);
     FocusColour::install(*this);
 }
 
