@@ -11,7 +11,8 @@
 #include <utility>
 
 struct Connection::Database {
-    Database(const std::string &path, int flags) : handle(path, flags) {}
+    // One thread works with a connection: the store need not guard each of its calls.
+    Database(const std::string &path, int flags) : handle(path, flags | SQLite::OPEN_NOMUTEX) {}
 
     SQLite::Database handle; // declared first: the statements go before it
     QHash<QString, std::shared_ptr<SQLite::Statement>> statements;

@@ -92,8 +92,10 @@ void Recordset::MoveNext()
 Field Recordset::Fields(const char *name) const
 {
     if (Eof()) raise(Failure::NoCurrentRecord, QStringLiteral("No current record"));
+    const auto length = static_cast<qsizetype>(qstrlen(name)); // most other names differ in it
     for (std::size_t i = 0; i < columns_.size(); ++i)
-        if (qstricmp(columns_[i].constData(), name) == 0) return Field(cells_[first_ + i]);
+        if (columns_[i].size() == length && qstricmp(columns_[i].constData(), name) == 0)
+            return Field(cells_[first_ + i]);
     raise(Failure::ItemNotFound, QStringLiteral("No column named %1").arg(QLatin1String(name)));
 }
 
