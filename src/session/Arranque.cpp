@@ -122,7 +122,7 @@ void Arranque::Ler_TblConfig()
     rs.Close();
     // The toolkit's own words ("Yes", "Cancel") follow the program's language.
     if (const Idioma *idioma = idiomas::Procurar(geral_.IdiomaActual))
-        useToolkitLanguage(QString::fromUtf16(idioma->codigo));
+        useToolkitLanguage(QString::fromUtf16(idioma->codigo), geral_.IdiomaActual == u"PortuguesPT"_s);
 }
 
 void Arranque::Iniciar_Sessao()

@@ -158,6 +158,26 @@ private Q_SLOTS:
         QCOMPARE(p.s.geral.de.Rs("cmdVerConfig").State(), Recordset::Closed);
     }
 
+    void as_palavras_dos_dialogos_seguem_a_lingua_data()
+    {
+        QTest::addColumn<QString>("guardar_como");
+        QTest::addColumn<QString>("cancelar");
+        QTest::newRow("PortuguesPT") << u"Guardar como"_s << u"Cancelar"_s;
+        QTest::newRow("PortuguesBR") << u"Salvar como"_s << u"Cancelar"_s;
+        QTest::newRow("InglesUK") << u"Save As"_s << u"Cancel"_s;
+        QTest::newRow("FrancesFR") << u"Enregistrer sous"_s << u"Annuler"_s;
+    }
+    void as_palavras_dos_dialogos_seguem_a_lingua()
+    {
+        QFETCH(QString, guardar_como);
+        QFETCH(QString, cancelar);
+        PorArrancar p;
+        p.s.Escrever(u"UPDATE TblConfig SET Idioma='%1'"_s.arg(QLatin1StringView(QTest::currentDataTag())));
+        p.Passo("Ler_TblConfig");
+        QCOMPARE(QCoreApplication::translate("QFileDialog", "Save As"), guardar_como);
+        QCOMPARE(QCoreApplication::translate("QPlatformTheme", "Cancel"), cancelar);
+    }
+
     void uma_coluna_nula_de_TblConfig_salta_se_e_as_outras_leem_se()
     {
         PorArrancar p;
