@@ -5,6 +5,7 @@
 #include "data/Geral.h"
 #include "platform/ComboBox.h"
 #include "platform/Controls.h"
+#include "platform/Failure.h"
 #include "platform/ListBox.h"
 
 #include <QLabel>
@@ -76,9 +77,21 @@ void ListaContactos::Limpar_Dados()
 void ListaContactos::Carregar_Grupos()
 {
     ComboGrupos.Clear();
-    ComboGrupos.AddItem(geral_.Ler_Idioma(texto_todos_os_grupos));
+    Acrescentar_Todos_Os_Grupos();
     Preencher_Grupos(geral_, ComboGrupos, DadosDoItem::Com);
     ComboGrupos.setListIndex(0);
+}
+
+void ListaContactos::Carregar_Grupos_Ao_Iniciar()
+{
+    skipFailure([&] { Acrescentar_Todos_Os_Grupos(); });
+    skipFailure([&] { Preencher_Grupos(geral_, ComboGrupos, DadosDoItem::Com); });
+    ComboGrupos.setListIndex(0);
+}
+
+void ListaContactos::Acrescentar_Todos_Os_Grupos()
+{
+    ComboGrupos.AddItem(geral_.Ler_Idioma(texto_todos_os_grupos));
 }
 
 void ListaContactos::Refrescar()

@@ -33,6 +33,10 @@ public:
     // Fills the group filter anew, all groups first, and chooses these, which loads the list.
     void Carregar_Grupos();
 
+    // The same for the start of the program: what fails is skipped. Without the text for all groups the first
+    // group is chosen.
+    void Carregar_Grupos_Ao_Iniciar();
+
     // After a change of groups that may have moved or taken contacts: filter, card and list anew.
     void Refrescar();
 
@@ -41,6 +45,7 @@ public:
     void Contacto_Seguinte();
 
 private:
+    void Acrescentar_Todos_Os_Grupos();
     void Preencher_Listas();
 
     Geral &geral_;

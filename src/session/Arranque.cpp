@@ -178,7 +178,7 @@ void Arranque::Confirmar_Opcoes()
 
 void Arranque::Atribuir_Legendas() { legendas::Atribuir(janela_, geral_); }
 
-void Arranque::Preencher_Filtro() { partes_.lista.Carregar_Grupos(); }
+void Arranque::Preencher_Filtro() { partes_.lista.Carregar_Grupos_Ao_Iniciar(); }
 
 void Arranque::Restaurar_Memos() { partes_.memos.Restaurar(); }
 
@@ -206,16 +206,22 @@ void Arranque::Minimizar()
     if (geral_.MessengerActivo == 1) partes_.presenca.SincronizarMessenger();
 }
 
-// With the window in view its user sees that the start goes on. The small window closes by itself.
+// With the window in view its user sees that the start goes on.
 void Arranque::Sincronizar_Messenger()
 {
     if (geral_.MinimizarArranque == u"sim"_s || geral_.MessengerActivo != 1) return;
-    auto *carregando = new frmLoading(geral_);
+    skipFailure([&] { Mostrar_frmLoading(); });
+    partes_.presenca.SincronizarMessenger();
+}
+
+// The small window closes by itself.
+void Arranque::Mostrar_frmLoading()
+{
+    auto *carregando = new frmLoading(geral_, &janela_);
     carregando->setAttribute(Qt::WA_DeleteOnClose);
     carregando->setValor(1);
     carregando->show();
     QObject::connect(&partes_.presenca, &Presenca::Progresso, carregando, &frmLoading::setValor);
-    partes_.presenca.SincronizarMessenger();
 }
 
 void Arranque::Iniciar_Correio() { partes_.correio.IniciarMail(); }

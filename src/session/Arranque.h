@@ -56,6 +56,7 @@ private:
     void Avisar_Aniversarios();
     void Minimizar();
     void Sincronizar_Messenger();
+    void Mostrar_frmLoading();
     void Iniciar_Correio();
 
     bool Ha_Utilizadores();

@@ -2,16 +2,26 @@
 
 #include "data/Geral.h"
 
+#include <QEvent>
+
 namespace
 {
 constexpr int cheia = 100;
 }
 
-frmLoading::frmLoading(Geral &geral) : QWidget(nullptr, Qt::Dialog)
+frmLoading::frmLoading(Geral &geral, QWidget *dono) : QWidget(dono, Qt::Dialog)
 {
     setupUi(this);
     connect(&Timer1, &QTimer::timeout, this, &frmLoading::Timer1_Timer);
     Label1->setText(geral.Ler_Idioma(242));
+    if (dono != nullptr) dono->installEventFilter(this);
+}
+
+// Told of its owner before that is on the screen, it waits for a moment.
+bool frmLoading::eventFilter(QObject *, QEvent *event)
+{
+    if (event->type() == QEvent::Show) QMetaObject::invokeMethod(this, &QWidget::raise, Qt::QueuedConnection);
+    return false;
 }
 
 int frmLoading::Valor() const { return ProgressBar1->value(); }

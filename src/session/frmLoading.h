@@ -13,16 +13,19 @@ class frmLoading final : public QWidget, public Ui::frmLoading
 {
     Q_OBJECT
 public:
-    explicit frmLoading(Geral &geral);
+    // It stands in front of its owner, which may be null and may come into view later.
+    explicit frmLoading(Geral &geral, QWidget *dono = nullptr);
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
     int Valor() const; // of the bar, 0 to 100
     void setValor(int valor);
+
+    Timer Timer1{100, false};
 
 protected:
     void showEvent(QShowEvent *event) override; // the first showing begins the ticks
 
 private:
     void Timer1_Timer();
-
-    Timer Timer1{100, false};
 };

@@ -3,6 +3,7 @@
 #include "session/Arranque.h"
 #include "session/frmLoading.h"
 #include "session/frmLogin.h"
+#include "session/frmOpcoes.h"
 #include "session/Main.h"
 #include "testlib/Accoes.h"
 #include "testlib/Sistema.h"
@@ -223,6 +224,32 @@ private Q_SLOTS:
         QCOMPARE(p.s.Linhas(u"SELECT count(*) FROM TblGrupos"_s), QStringList{u"0"_s});
     }
 
+    void sem_lingua_escolhida_as_opcoes_acabam_na_mesma_a_primeira_corrida()
+    {
+        PorArrancar p(Sistema::Estado::Vazio);
+        bool cancelar_activo = true;
+        QString legenda = u"?"_s;
+        accoes::Quando_Abrir<frmSeleccionarIdioma>([&](frmSeleccionarIdioma &idioma) {
+            accoes::Quando_Abrir<frmOpcoes>([&](frmOpcoes &opcoes) {
+                cancelar_activo = opcoes.cmdCancelar->isEnabled();
+                legenda = opcoes.cmdCancelar->text();
+                opcoes.cmdOk->click();
+            });
+            idioma.close();
+        });
+        p.janela.Carregar();
+        QVERIFY(!cancelar_activo && legenda.isEmpty());
+        QVERIFY(p.janela.isVisible() && p.janela.isEnabled());
+
+        // The next start asks nothing any more, though the tables are empty.
+        Geral proximo(p.s.Pasta());
+        Main outra(proximo, p.s.plataforma);
+        outra.Carregar();
+        QVERIFY(outra.isVisible());
+        QVERIFY(proximo.IdiomaActual.isEmpty());
+        QCOMPARE(p.s.Linhas(u"SELECT count(*) FROM TblGrupos"_s), QStringList{u"0"_s});
+    }
+
     void com_caminhobd_nao_se_pergunta_a_lingua()
     {
         PorArrancar p;
@@ -302,9 +329,19 @@ private Q_SLOTS:
         QVERIFY(p.s.processo.Terminou());
     }
 
+    void com_a_base_desaparecida_o_login_aparece_e_a_sua_confirmacao_termina_o_processo_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::newRow("desaparecida") << QByteArray();
+        QTest::newRow("estragada") << QByteArray(5000, 'x');
+    }
     void com_a_base_desaparecida_o_login_aparece_e_a_sua_confirmacao_termina_o_processo()
     {
+        QFETCH(QByteArray, bytes);
         PorArrancar p(Sistema::Estado::Sem_Base);
+        QFile base(p.s.Base());
+        if (!bytes.isEmpty()) QVERIFY(base.open(QIODevice::WriteOnly) && base.write(bytes) == bytes.size());
+        base.close();
         bool terminou = false;
         p.s.caixas.Espera_Erro(Failure::StoreError);
         accoes::Quando_Abrir<frmLogin>([&](frmLogin &form) {
@@ -401,6 +438,7 @@ private Q_SLOTS:
         QWidget *carregando = frmLoading_A_Vista();
         QVERIFY(carregando != nullptr);
         QVERIFY(!carregando->isModal() && p.janela.isVisible());
+        QCOMPARE(carregando->parentWidget(), &p.janela); // which comes later, and must not hide it
         QVERIFY(qobject_cast<frmLoading *>(carregando)->Valor() >= 1);
         carregando->close();
     }
@@ -438,6 +476,51 @@ private Q_SLOTS:
         QCOMPARE(p.s.tabuleiro.historia, QStringList{u"+1 "_s + p.janela.windowTitle()});
         QVERIFY(p.janela.isVisible());
         QVERIFY(!p.s.processo.Terminou());
+    }
+
+    void sem_o_texto_de_todos_os_grupos_o_filtro_comeca_pelo_primeiro_grupo()
+    {
+        PorArrancar p;
+        const int id = p.s.Novo_Contacto({{u"Nome"_s, u"Rui"_s}, {u"Grupo"_s, 1}});
+        p.s.Escrever(u"DELETE FROM TblIdiomas WHERE ID=48"_s);
+        p.janela.Carregar();
+        QCOMPARE(p.janela.ComboGrupos->ListCount(), 6);
+        QCOMPARE(p.janela.ComboGrupos->currentText(), u"Amigos"_s);
+        QCOMPARE(p.s.geral.GrupoActual, u"1"_s);
+        QCOMPARE(p.s.geral.IDContacto, id); // the only one of that group
+    }
+
+    void sem_os_grupos_o_filtro_fica_com_todos_escolhidos()
+    {
+        PorArrancar p;
+        p.s.Escrever(u"DROP TABLE TblGrupos"_s);
+        p.janela.Carregar();
+        QCOMPARE(p.janela.ComboGrupos->ListCount(), 1);
+        QCOMPARE(p.janela.ComboGrupos->currentText(), p.s.Texto(48));
+        QCOMPARE(p.s.geral.GrupoActual, u"0"_s);
+    }
+
+    void sem_o_texto_de_frmLoading_o_messenger_sincroniza_se_na_mesma()
+    {
+        PorArrancar p;
+        p.Escrever_Ini({{"messenger", "activo", "1"}});
+        p.s.Escrever(u"UPDATE TblLista SET Email1='ana@a.example' WHERE ID=1"_s);
+        p.s.Escrever(u"DELETE FROM TblIdiomas WHERE ID=242"_s);
+        p.s.mensageiro.contactos = {{u"ana@a.example"_s, 10}};
+        p.janela.Carregar();
+        QVERIFY(frmLoading_A_Vista() == nullptr);
+        QCOMPARE(p.s.Linhas(u"SELECT MSNMessenger FROM TblLista WHERE ID=1"_s), QStringList{u"10"_s});
+    }
+
+    void sem_os_textos_ninguem_entra_sem_senha()
+    {
+        PorArrancar p;
+        p.s.Novo_Utilizador(u"Ana"_s, u"segredo"_s);
+        p.s.Escrever(u"DROP TABLE TblIdiomas"_s);
+        PorArrancar::Entrar_Como_Ana();
+        p.janela.Carregar();
+        QCOMPARE(p.s.geral.SessaoActual.Utilizador, u"Ana"_s);
+        QVERIFY(p.janela.isVisible());
     }
 
     void sem_TblUsers_o_teste_falhado_mostra_o_login()

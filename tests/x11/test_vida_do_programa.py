@@ -125,6 +125,20 @@ class NaJanelaReal(unittest.TestCase):
         ecra.janela(TITULO)
         self.assertTrue(self.programa.vive())
 
+    def test_a_janela_de_espera_fica_a_frente_da_principal_e_vai_se_sozinha(self):
+        self.programa.instalar("PortuguesPT")
+        self.programa.definir("messenger", "activo", 1)
+        self.programa.comecar()
+        espera, principal = ecra.janela("Morvex$"), ecra.janela(TITULO)
+
+        def a_frente():
+            ordem = ecra.empilhamento()
+            return {espera, principal} <= set(ordem) and ordem.index(espera) > ordem.index(principal)
+
+        ecra.until(a_frente, "the window of the loading in front")
+        ecra.sem_janela("Morvex$")
+        self.assertTrue(self.programa.vive())
+
     def test_sair_pelo_menu_termina(self):
         self.instalado()
         principal = ecra.janela(TITULO)
