@@ -11,8 +11,18 @@
 #include "platform/ProgramFolder.h"
 #include "platform/PurpleMessenger.h"
 #include "platform/SingleInstance.h"
+#include "platform/WindowsRegistry.h"
 
 #include <QIcon>
+
+namespace
+{
+#ifdef Q_OS_WIN
+using OwnRegistry = WindowsRegistry;
+#else
+using OwnRegistry = DesktopRegistry;
+#endif
+} // namespace
 
 int main(int argc, char **argv)
 {
@@ -25,7 +35,7 @@ int main(int argc, char **argv)
     DesktopDialogs dialogs;
     DesktopShell shell;
     DesktopSound sound;
-    DesktopRegistry registry;
+    OwnRegistry registry;
     OwnProcess process;
     PurpleMessenger messenger;
     DesktopTray tray(QIcon(QStringLiteral(":/imagens/tray/morvex_tray.svg")),

@@ -13,6 +13,7 @@ foreach(teste IN ITEMS
     test_MessageBoxes
     test_DesktopShell
     test_DesktopRegistry
+    test_WindowsRegistry
     test_JetFile)
     morvex_teste(platform/${teste} LIGA platform)
 endforeach()
