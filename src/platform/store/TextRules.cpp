@@ -2,6 +2,7 @@
 
 #include <QCollator>
 #include <QLocale>
+#include <QString>
 #include <sqlite3.h>
 
 namespace
@@ -30,12 +31,12 @@ QStringView textOf(sqlite3_value *value)
     return {text, sqlite3_value_bytes16(value) / qsizetype{sizeof(char16_t)}};
 }
 
+// In UTF-8, as the store keeps its texts: asked for UTF-16 it would convert both anew for each comparison,
+// and sorting a long list makes hundreds of thousands of them.
 int collate(void *, int bytesA, const void *a, int bytesB, const void *b)
 {
-    const auto view = [](const void *text, int bytes) {
-        return QStringView(static_cast<const char16_t *>(text), bytes / qsizetype{sizeof(char16_t)});
-    };
-    return compareText(view(a, bytesA), view(b, bytesB));
+    return compareText(QString::fromUtf8(static_cast<const char *>(a), bytesA),
+                       QString::fromUtf8(static_cast<const char *>(b), bytesB));
 }
 
 // The pattern comes first and the text, which may be a number, second.
@@ -86,7 +87,7 @@ bool matchesLike(QStringView pattern, QStringView text)
 void registerTextRules(sqlite3 *connection)
 {
     constexpr int likeArguments = 2;
-    sqlite3_create_collation(connection, "MORVEX", SQLITE_UTF16, nullptr, collate);
+    sqlite3_create_collation(connection, "MORVEX", SQLITE_UTF8, nullptr, collate);
     sqlite3_create_function(connection, "like", likeArguments, SQLITE_UTF16 | SQLITE_DETERMINISTIC, nullptr,
                             like, nullptr, nullptr);
 }
