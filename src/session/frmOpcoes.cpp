@@ -45,8 +45,8 @@ void frmOpcoes::Ligar_Controlos()
     connect(tbsOptions, &QTabBar::currentChanged, this, &frmOpcoes::tbsOptions_Click);
     connect(new QShortcut(Qt::CTRL | Qt::Key_Tab, this), &QShortcut::activated, this,
             &frmOpcoes::Separador_Seguinte);
-    connect(qApp, &QApplication::focusChanged, this,
-            [this](QWidget *, QWidget *agora) { Foco_Mudou(agora); });
+    for (QWidget *endereco : {txtRemetente, txtDestinatario})
+        endereco->installEventFilter(this);
     connect(cbActivarMailNotification, &QCheckBox::toggled, this,
             &frmOpcoes::cbActivarMailNotification_Click);
     connect(comboIdioma, &ComboBox::Click, this, &frmOpcoes::comboIdioma_Click);
@@ -189,9 +189,10 @@ void frmOpcoes::Separador_Seguinte()
 
 // In the two address boxes the Enter key makes a new line, and from then on confirms nothing. The form's
 // notion of a default button can't be emptied, only moved: to one that is never seen.
-void frmOpcoes::Foco_Mudou(const QWidget *agora)
+bool frmOpcoes::eventFilter(QObject *alvo, QEvent *event)
 {
-    if (agora == txtRemetente || agora == txtDestinatario) semOmissao->setDefault(true);
+    if (event->type() == QEvent::FocusIn) semOmissao->setDefault(true);
+    return QDialog::eventFilter(alvo, event);
 }
 
 void frmOpcoes::cbActivarMailNotification_Click()

@@ -23,6 +23,9 @@ public:
     // the form can only be left by confirming it. A setting that doesn't convert ends the process.
     frmOpcoes(Geral &geral, Platform &platform, QWidget &janela);
 
+protected:
+    bool eventFilter(QObject *alvo, QEvent *event) override;
+
 private:
     void Form_Load();
     void Form_Unload();
@@ -41,7 +44,6 @@ private:
     void Preencher_Controlos();
     void Escolher_Idioma_Actual();
     void Separador_Seguinte();
-    void Foco_Mudou(const QWidget *agora);
 
     void Escrever_Aviso_De_Email();
     void Escrever_Envelopes();
