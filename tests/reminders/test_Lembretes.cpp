@@ -17,7 +17,8 @@ struct ComMain {
     // Runs the step of the start that warns of birthdays.
     void Avisar()
     {
-        for (const Arranque::Passo &passo : janela.Inicio().Passos())
+        Arranque inicio = janela.Inicio();
+        for (const Arranque::Passo &passo : inicio.Passos())
             if (passo.nome == "Avisar_Aniversarios"_L1) return passo.executar();
         QTest::qFail("no such step", __FILE__, __LINE__);
     }
@@ -197,7 +198,8 @@ private Q_SLOTS:
     {
         ComMain c;
         QStringList nomes;
-        for (const Arranque::Passo &passo : c.janela.Inicio().Passos())
+        Arranque inicio = c.janela.Inicio();
+        for (const Arranque::Passo &passo : inicio.Passos())
             nomes << QString::fromLatin1(passo.nome);
         const qsizetype aviso = nomes.indexOf(u"Avisar_Aniversarios"_s);
         QCOMPARE(nomes.indexOf(u"Adicionar_Icone"_s), aviso - 1);
