@@ -87,6 +87,9 @@ constexpr std::array words = std::to_array<Word>({
     {"Scroll up", u"Deslocar para cima"},
     {"Scroll down", u"Deslocar para baixo"},
     {"Cu&t", u"Cor&tar"},
+    {"Select All", u"Seleccionar tudo"},
+    {"&Select All", u"&Seleccionar tudo"},
+    {"Selection", u"Selecção"},
     {"Copy &Link Location", u"Copiar o endereço da &ligação"},
 });
 // clang-format on

@@ -177,6 +177,7 @@ private Q_SLOTS:
         p.Passo("Ler_TblConfig");
         QCOMPARE(QCoreApplication::translate("QFileDialog", "Save As"), guardar_como);
         QCOMPARE(QCoreApplication::translate("QPlatformTheme", "Cancel"), cancelar);
+        QCOMPARE(QCoreApplication::translate("QShortcut", "Delete"), u"Delete"_s); // as it stands on the key
     }
 
     void uma_coluna_nula_de_TblConfig_salta_se_e_as_outras_leem_se()
