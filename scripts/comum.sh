@@ -6,7 +6,7 @@ raiz=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 pacotes_para_construir=(
     build-essential cmake ninja-build ccache
     qt6-base-dev qt6-base-dev-tools qt6-svg-dev libqt6svg6 qt6-qpa-plugins qt6-translations-l10n
-    libsqlitecpp-dev libsqlite3-dev libxcb1-dev libcups2-dev libfreexl-dev
+    libsqlitecpp-dev libsqlite3-dev libicu-dev libxcb1-dev libcups2-dev libfreexl-dev
     fonts-dejavu-core
 )
 # A screen in memory with a window manager, for a machine without a display.

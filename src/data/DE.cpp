@@ -29,17 +29,43 @@ std::vector<std::string_view> Colunas(std::string_view parametros)
     return colunas;
 }
 
-// Each value becomes what its column holds.
-std::vector<StoreValue> Converter(const EntradaDoCatalogo &entrada, std::initializer_list<Value> parametros)
+// A command as the store takes it.
+struct Instrucao {
+    QString nome;
+    QString sql;
+    std::vector<ColumnType> tipos; // of its parameters
+};
+
+Instrucao Preparar(const EntradaDoCatalogo &entrada)
 {
-    const auto colunas = Colunas(entrada.parametros);
-    if (colunas.size() != parametros.size())
-        throw Failure(Failure::StoreError, texto(entrada.nome),
-                      QStringLiteral("%1 takes %2 parameters").arg(texto(entrada.nome)).arg(colunas.size()));
+    Instrucao instrucao{texto(entrada.nome), texto(entrada.sql), {}};
+    for (const std::string_view coluna : Colunas(entrada.parametros))
+        instrucao.tipos.push_back(Tipo_Do_Parametro(entrada.tabela, coluna));
+    return instrucao;
+}
+
+const Instrucao &Preparada(std::size_t posicao)
+{
+    static const std::vector<Instrucao> todas = [] {
+        std::vector<Instrucao> instrucoes;
+        for (const EntradaDoCatalogo &entrada : comandos::catalogo)
+            instrucoes.push_back(Preparar(entrada));
+        return instrucoes;
+    }();
+    return todas[posicao];
+}
+
+// Each value becomes what its column holds.
+std::vector<StoreValue> Converter(const Instrucao &instrucao, std::initializer_list<Value> parametros)
+{
+    const auto &tipos = instrucao.tipos;
+    if (tipos.size() != parametros.size())
+        throw Failure(Failure::StoreError, instrucao.nome,
+                      QStringLiteral("%1 takes %2 parameters").arg(instrucao.nome).arg(tipos.size()));
     std::vector<StoreValue> valores;
-    valores.reserve(colunas.size());
-    for (std::size_t i = 0; i < colunas.size(); ++i)
-        valores.push_back((parametros.begin() + i)->convertedTo(Tipo_Do_Parametro(entrada.tabela, colunas[i])));
+    valores.reserve(tipos.size());
+    for (std::size_t i = 0; i < tipos.size(); ++i)
+        valores.push_back((parametros.begin() + i)->convertedTo(tipos[i]));
     return valores;
 }
 } // namespace
@@ -50,15 +76,15 @@ Recordset &DE::Abrir(ComandoComLinhas comando, std::initializer_list<Value> para
 {
     Recordset &rs = Rs(comando);
     if (rs.State() == Recordset::Open) rs.Close();
-    const EntradaDoCatalogo &entrada = comando.Entrada();
-    rs = Ligacao().query(texto(entrada.sql), Converter(entrada, parametros));
+    const Instrucao &instrucao = Preparada(comando.Posicao());
+    rs = Ligacao().query(instrucao.sql, Converter(instrucao, parametros));
     return rs;
 }
 
 void DE::Executar(ComandoSemLinhas comando, std::initializer_list<Value> parametros)
 {
-    const EntradaDoCatalogo &entrada = comando.Entrada();
-    Ligacao().execute(texto(entrada.sql), Converter(entrada, parametros));
+    const Instrucao &instrucao = Preparada(comando.Posicao());
+    Ligacao().execute(instrucao.sql, Converter(instrucao, parametros));
 }
 
 void DE::Juntar(const std::function<void()> &trabalho) { Ligacao().gathering(trabalho); }

@@ -161,13 +161,13 @@ void Connection::OpenInMemory()
 
 void Connection::Close() { database_.reset(); }
 
-void Connection::execute(const QString &sql, const std::vector<StoreValue> &values)
+void Connection::execute(const QString &sql, std::vector<StoreValue> values)
 {
     if (!database_) raise(QStringLiteral("The connection is closed"));
     if (database_->gathering)
-        gather({sql, values});
+        gather({sql, std::move(values)});
     else
-        run({sql, values});
+        run({sql, std::move(values)});
 }
 
 void Connection::run(const Write &write)
@@ -200,17 +200,17 @@ void Connection::endGathering()
 
 // A portion is a transaction. What the store refuses of it leaves the rest; a disk that is full may undo it
 // as a whole.
-void Connection::gather(const Write &write)
+void Connection::gather(Write write)
 {
     if (!database_->inTransaction()) run({QStringLiteral("BEGIN IMMEDIATE"), {}});
     try {
         run(write);
     } catch (const Failure &) {
         if (database_->inTransaction()) throw;
-        database_->portion.push_back(write);
+        database_->portion.push_back(std::move(write));
         return runPortionOneByOne();
     }
-    database_->portion.push_back(write);
+    database_->portion.push_back(std::move(write));
     if (database_->portion.size() >= longestPortion) writePortion();
 }
 

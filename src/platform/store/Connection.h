@@ -32,7 +32,7 @@ public:
 
     // The connection's own statement for a text, prepared at the first use and kept. Values go to the ?, in
     // their order. Raises Failure with the store's reason.
-    void execute(const QString &sql, const std::vector<StoreValue> &values);
+    void execute(const QString &sql, std::vector<StoreValue> values);
     Recordset query(const QString &sql, const std::vector<StoreValue> &values);
 
     // Runs that, which must not close the connection, with its writes gathered: they reach the file in
@@ -49,7 +49,7 @@ private:
     };
     void open(int flags);
     void run(const Write &write);
-    void gather(const Write &write);
+    void gather(Write write);
     void endGathering();
     void writePortion();
     void runPortionOneByOne();

@@ -1,18 +1,31 @@
 #include "platform/store/TextRules.h"
 
-#include <QCollator>
-#include <QLocale>
+#include <memory>
 #include <QString>
 #include <sqlite3.h>
+#include <unicode/ucol.h>
 
 namespace
 {
+// The toolkit's collator takes no UTF-8, in which the store keeps its texts; turning both sides into UTF-16
+// for each comparison took longer than to compare and sort them.
+using Collator = std::unique_ptr<UCollator, decltype(&ucol_close)>;
+
 // A locale of its own: the order of the database must not follow the machine's.
-QCollator makeCollator()
+Collator makeCollator()
 {
-    QCollator collator(QLocale(QLocale::Portuguese, QLocale::Portugal));
-    collator.setCaseSensitivity(Qt::CaseInsensitive);
+    UErrorCode status = U_ZERO_ERROR;
+    Collator collator(ucol_open("pt_PT", &status), &ucol_close);
+    ucol_setAttribute(collator.get(), UCOL_STRENGTH, UCOL_SECONDARY, &status); // case does not count
+    ucol_setAttribute(collator.get(), UCOL_ALTERNATE_HANDLING, UCOL_NON_IGNORABLE, &status);
+    if (U_FAILURE(status)) qFatal("no collation: %s", u_errorName(status));
     return collator;
+}
+
+const UCollator *theCollator()
+{
+    static const Collator collator = makeCollator();
+    return collator.get();
 }
 
 // A character beyond 16 bits stands in two places.
@@ -31,12 +44,11 @@ QStringView textOf(sqlite3_value *value)
     return {text, sqlite3_value_bytes16(value) / qsizetype{sizeof(char16_t)}};
 }
 
-// In UTF-8, as the store keeps its texts: asked for UTF-16 it would convert both anew for each comparison,
-// and sorting a long list makes hundreds of thousands of them.
 int collate(void *, int bytesA, const void *a, int bytesB, const void *b)
 {
-    return compareText(QString::fromUtf8(static_cast<const char *>(a), bytesA),
-                       QString::fromUtf8(static_cast<const char *>(b), bytesB));
+    UErrorCode status = U_ZERO_ERROR;
+    return ucol_strcollUTF8(theCollator(), static_cast<const char *>(a), bytesA, static_cast<const char *>(b),
+                            bytesB, &status);
 }
 
 // The pattern comes first and the text, which may be a number, second.
@@ -51,8 +63,8 @@ void like(sqlite3_context *context, int, sqlite3_value **arguments)
 
 int compareText(QStringView a, QStringView b)
 {
-    static const QCollator collator = makeCollator();
-    return collator.compare(a, b);
+    return ucol_strcoll(theCollator(), a.utf16(), static_cast<int32_t>(a.size()), b.utf16(),
+                        static_cast<int32_t>(b.size()));
 }
 
 // Walks both once; on a mismatch the last % takes one character more.
