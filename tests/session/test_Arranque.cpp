@@ -163,21 +163,23 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("guardar_como");
         QTest::addColumn<QString>("cancelar");
-        QTest::newRow("PortuguesPT") << u"Guardar como"_s << u"Cancelar"_s;
-        QTest::newRow("PortuguesBR") << u"Salvar como"_s << u"Cancelar"_s;
-        QTest::newRow("InglesUK") << u"Save As"_s << u"Cancel"_s;
-        QTest::newRow("FrancesFR") << u"Enregistrer sous"_s << u"Annuler"_s;
+        QTest::addColumn<QString>("tecla"); // in Portuguese as it stands on the key
+        QTest::newRow("PortuguesPT") << u"Guardar como"_s << u"Cancelar"_s << u"Delete"_s;
+        QTest::newRow("PortuguesBR") << u"Salvar como"_s << u"Cancelar"_s << u"Delete"_s;
+        QTest::newRow("InglesUK") << u"Save As"_s << u"Cancel"_s << u"Delete"_s;
+        QTest::newRow("FrancesFR") << u"Enregistrer sous"_s << u"Annuler"_s << u"Supprimer"_s;
     }
     void as_palavras_dos_dialogos_seguem_a_lingua()
     {
         QFETCH(QString, guardar_como);
         QFETCH(QString, cancelar);
+        QFETCH(QString, tecla);
         PorArrancar p;
         p.s.Escrever(u"UPDATE TblConfig SET Idioma='%1'"_s.arg(QLatin1StringView(QTest::currentDataTag())));
         p.Passo("Ler_TblConfig");
         QCOMPARE(QCoreApplication::translate("QFileDialog", "Save As"), guardar_como);
         QCOMPARE(QCoreApplication::translate("QPlatformTheme", "Cancel"), cancelar);
-        QCOMPARE(QCoreApplication::translate("QShortcut", "Delete"), u"Delete"_s); // as it stands on the key
+        QCOMPARE(QCoreApplication::translate("QShortcut", "Delete"), tecla);
     }
 
     void uma_coluna_nula_de_TblConfig_salta_se_e_as_outras_leem_se()
