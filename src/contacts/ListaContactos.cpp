@@ -55,6 +55,7 @@ Recordset &ListaContactos::Abrir_Nomes()
 
 void ListaContactos::Preencher_Listas()
 {
+    marca_ = geral_.de.Marca();
     Recordset &rs = Abrir_Nomes();
     const ListBox::Filling enchendo(ListaNomes);
     const ListBox::Filling enchendo2(ListaNomes2);
@@ -67,8 +68,14 @@ void ListaContactos::Preencher_Listas()
     rs.Close();
 }
 
+bool ListaContactos::Em_Dia() const
+{
+    return marca_ == geral_.de.Marca() && ListaNomes.ListCount() == ListaNomes2.ListCount();
+}
+
 void ListaContactos::Limpar_Dados()
 {
+    marca_ = {};
     ListaNomes.Clear();
     ListaNomes2.Clear();
     cartao_.Limpar();

@@ -3,6 +3,8 @@
 // the selection, and puts the selection back by hand.
 #pragma once
 
+#include "platform/store/Connection.h"
+
 #include <QObject>
 
 class CartaoContacto;
@@ -26,6 +28,9 @@ public:
 
     // The names of the group in the filter, whose ID becomes GrupoActual. The caller closes the recordset.
     Recordset &Abrir_Nomes();
+
+    // Whether both lists hold the names as they are now: another copy of the program may have changed them.
+    bool Em_Dia() const;
 
     // Empties both lists and the card.
     void Limpar_Dados();
@@ -53,4 +58,5 @@ private:
     ListBox &ListaNomes, &ListaNomes2;
     ComboBox &ComboGrupos;
     QLabel &lblContador;
+    Connection::Mark marca_; // of the database, when the lists were read
 };

@@ -27,14 +27,12 @@ LugarNaLista::LugarNaLista(QWidget &janela, Geral &geral, ListaContactos &lista)
 {
 }
 
-// With many contacts reading the names is what takes time, so none are read twice: a filter that goes back to
-// all groups has just filled the twin.
+// With many contacts reading the names is what takes time, so a twin that holds them already is not filled
+// anew.
 int LugarNaLista::Lugar_Do_Novo(const QString &Nome, const QString &IDGrupo)
 {
-    if (IDGrupo != geral_.GrupoActual && ComboGrupos.ListIndex() != 0)
-        ComboGrupos.setListIndex(0);
-    else
-        Ler_Nomes();
+    if (IDGrupo != geral_.GrupoActual && ComboGrupos.ListIndex() != 0) ComboGrupos.setListIndex(0);
+    if (!lista_.Em_Dia()) Ler_Nomes();
     ListaNomes2.AddItem(Nome);
     ListaNomes2.setListIndex(ListaNomes2.NewIndex());
     return ListaNomes2.ListIndex();

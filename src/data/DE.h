@@ -29,6 +29,9 @@ public:
     // file when this returns or raises.
     void Juntar(const std::function<void()> &trabalho);
 
+    // Another one once the database was changed, by this program or by another one.
+    Connection::Mark Marca() { return Ligacao().mark(); }
+
     // Closes the connection, and with it every recordset, so that the file can be copied; and opens it again with
     // the connection string that it has. Between the two no command runs.
     void Fechar_Ligacao();

@@ -943,6 +943,17 @@ private Q_SLOTS:
         QCOMPARE(e.Escolhido(), u"Luis"_s);
     }
 
+    void o_lugar_nao_conta_com_um_nome_que_nao_chegou_a_gravar_se()
+    {
+        Editor e;
+        for (const auto &nome : {u"Ana"_s, u"Rui"_s})
+            e.s.Novo_Contacto({{u"Nome"_s, nome}});
+        e.lista.Carregar_Tabela();
+        LugarNaLista lugar(e.janela, e.s.geral, e.lista);
+        QCOMPARE(lugar.Lugar_Do_Novo(u"Luis"_s, u"1"_s), 1);
+        QCOMPARE(lugar.Lugar_Do_Novo(u"Luis"_s, u"1"_s), 1); // behind an equal name it would be 2
+    }
+
     void novo_no_grupo_a_vista_deixa_o_filtro()
     {
         Editor e;

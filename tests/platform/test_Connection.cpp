@@ -131,6 +131,27 @@ private Q_SLOTS:
         QCOMPARE(connection_.query(u"SELECT ID FROM T"_s, {}).Fields("ID").number(), 4);
     }
 
+    void a_marca_muda_com_o_que_qualquer_um_escreve()
+    {
+        Criar_Tabela();
+        Connection outra;
+        outra.setConnectionString(Fonte(path_));
+        outra.Open();
+        const Connection::Mark antes = connection_.mark();
+        QVERIFY(!(antes == Connection::Mark()));
+        QCOMPARE(Nomes({}).size(), 3);
+        QVERIFY(connection_.mark() == antes); // reading changes nothing
+        outra.execute(u"INSERT INTO T (Nome) VALUES ('de fora')"_s, {});
+        const Connection::Mark de_fora = connection_.mark();
+        QVERIFY(!(de_fora == antes));
+        connection_.execute(u"INSERT INTO T (Nome) VALUES ('daqui')"_s, {});
+        QVERIFY(!(connection_.mark() == de_fora));
+        connection_.Close();
+        connection_.Open();
+        QVERIFY(!(connection_.mark() == antes));
+        QVERIFY(!(connection_.mark() == de_fora));
+    }
+
     void um_erro_da_instrucao_traz_a_instrucao_e_a_ligacao_continua()
     {
         Criar_Tabela();

@@ -26,7 +26,7 @@ struct Connection::Database {
 namespace
 {
 constexpr int patience = 5000;               // ms for which another program's write is waited for
-constexpr std::size_t longestPortion = 2000; // writes that reach the file together
+constexpr std::size_t longestPortion = 8000; // writes that reach the file together
 constexpr char sourceName[] = "Connection";
 
 [[noreturn]] void raise(const QString &description, const QString &source = QLatin1String(sourceName))
@@ -148,6 +148,7 @@ void Connection::open(int flags)
             "SELECT count(*) FROM sqlite_master"); // a file that is no database fails here
         return opened;
     });
+    ++openings_;
 }
 
 void Connection::OpenInMemory()
@@ -230,6 +231,15 @@ void Connection::runPortionOneByOne()
 {
     for (const Write &write : std::exchange(database_->portion, {}))
         run(write);
+}
+
+Connection::Mark Connection::mark()
+{
+    if (!database_) raise(QStringLiteral("The connection is closed"));
+    return raisingFailures(QLatin1String(sourceName), [&] {
+        return Mark{openings_, database_->handle.execAndGet("PRAGMA data_version").getInt(),
+                    sqlite3_total_changes(database_->handle.getHandle())};
+    });
 }
 
 Recordset Connection::query(const QString &sql, const std::vector<StoreValue> &values)

@@ -35,6 +35,16 @@ public:
     void execute(const QString &sql, std::vector<StoreValue> values);
     Recordset query(const QString &sql, const std::vector<StoreValue> &values);
 
+    // Another one once anybody, here or in another program, has changed the file.
+    struct Mark {
+        int opening = 0;   // which of this connection's openings it belongs to
+        int elsewhere = 0; // moves on with the writes of others
+        int here = 0;      // the rows written since the opening
+        bool operator==(const Mark &) const = default;
+    };
+    // Raises Failure where the file can't be asked. That of a new connection is never a mark of an open one.
+    Mark mark();
+
     // Runs that, which must not close the connection, with its writes gathered: they reach the file in
     // portions, at a fraction of the cost, and all have when this returns or raises. A statement that fails
     // harms no other. Where a portion can't be written as a whole, its statements run once more one by one,
@@ -55,5 +65,6 @@ private:
     void runPortionOneByOne();
 
     std::unique_ptr<Database> database_;
+    int openings_ = 0;
     QString connectionString_;
 };

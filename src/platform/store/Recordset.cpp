@@ -2,6 +2,7 @@
 
 #include "platform/Failure.h"
 
+#include <algorithm>
 #include <limits>
 #include <QLocale>
 
@@ -10,6 +11,10 @@ namespace
 [[noreturn]] void raise(Failure::Number number, const QString &description)
 {
     throw Failure(number, QStringLiteral("Recordset"), description);
+}
+bool sameName(const QByteArray &a, const QByteArray &b)
+{
+    return a.size() == b.size() && qstricmp(a.constData(), b.constData()) == 0;
 }
 } // namespace
 
@@ -61,6 +66,10 @@ QTime Field::time() const
 Recordset::Recordset(std::vector<QByteArray> columns, std::vector<StoreValue> cells)
     : state_(Open), columns_(std::move(columns)), cells_(std::move(cells))
 {
+    for (auto column = columns_.begin(); column != columns_.end(); ++column)
+        if (std::any_of(columns_.begin(), column,
+                        [&](const QByteArray &before) { return sameName(before, *column); }))
+            column->clear();
 }
 
 void Recordset::Close() { *this = Recordset(); }
@@ -92,10 +101,13 @@ void Recordset::MoveNext()
 Field Recordset::Fields(const char *name) const
 {
     if (Eof()) raise(Failure::NoCurrentRecord, QStringLiteral("No current record"));
-    const auto length = static_cast<qsizetype>(qstrlen(name)); // most other names differ in it
-    for (std::size_t i = 0; i < columns_.size(); ++i)
-        if (columns_[i].size() == length && qstricmp(columns_[i].constData(), name) == 0)
-            return Field(cells_[first_ + i]);
+    const auto length = static_cast<std::size_t>(qstrlen(name)); // most other names differ in it
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+        const std::size_t column = (next_ + i) % columns_.size();
+        if (!named(column, name, length)) continue;
+        next_ = column + 1;
+        return Field(cells_[first_ + column]);
+    }
     raise(Failure::ItemNotFound, QStringLiteral("No column named %1").arg(QLatin1String(name)));
 }
 
@@ -108,6 +120,13 @@ QStringList Recordset::Row() const
         row << (field.isNull() ? QStringLiteral("<Null>") : field.text());
     }
     return row;
+}
+
+bool Recordset::named(std::size_t column, const char *name, std::size_t length) const
+{
+    const QByteArray &own = columns_[column];
+    return length > 0 && static_cast<std::size_t>(own.size()) == length &&
+           qstricmp(own.constData(), name) == 0;
 }
 
 void Recordset::checkOpen() const

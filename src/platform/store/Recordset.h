@@ -53,9 +53,11 @@ public:
 
 private:
     void checkOpen() const;
+    bool named(std::size_t column, const char *name, std::size_t length) const;
 
     StateValue state_ = Closed;
-    std::vector<QByteArray> columns_;
-    std::vector<StoreValue> cells_; // row by row
-    std::size_t first_ = 0;         // first cell of the current row
+    std::vector<QByteArray> columns_; // a name that stood before is empty
+    std::vector<StoreValue> cells_;   // row by row
+    std::size_t first_ = 0;           // first cell of the current row
+    mutable std::size_t next_ = 0;    // columns are mostly asked for in their order: the one that comes next
 };
