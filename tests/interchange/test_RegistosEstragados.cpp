@@ -5,6 +5,7 @@
 #include "interchange/RegistoMorvex.h"
 #include "platform/ListBox.h"
 #include "session/Main.h"
+#include "testlib/CopiaEstragada.h"
 #include "testlib/MemoriaPedida.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
@@ -108,29 +109,6 @@ QByteArray Trocar_Pedacos(QByteArray bytes, std::mt19937 &acaso)
     return bytes;
 }
 
-// A copy of a sound file that a test has harmed, in a place of its own.
-class Copia
-{
-public:
-    QString Guardar(const QByteArray &bytes)
-    {
-        QFile ficheiro(pasta_.filePath(u"copia.dat"_s));
-        if (!ficheiro.open(QIODevice::WriteOnly) || ficheiro.write(bytes) != bytes.size())
-            qFatal("cannot write");
-        return ficheiro.fileName();
-    }
-
-private:
-    // In memory where the system has a place for that: thousands of copies are gigabytes.
-    static QString Modelo()
-    {
-        const QString memoria = u"/dev/shm"_s;
-        return (QFileInfo(memoria).isWritable() ? memoria : QDir::tempPath()) + u"/morvex-XXXXXX"_s;
-    }
-
-    QTemporaryDir pasta_{Modelo()};
-};
-
 // What is to be stored of a file: the fields of its records up to the first that can't be cut.
 struct Esperado {
     explicit Esperado(const QByteArray &bytes)
@@ -204,7 +182,7 @@ private Q_SLOTS:
         QFETCH(int, copias);
         const QByteArray sao = Ler_Ficheiro(nome);
         std::mt19937 acaso(20040517);
-        Copia copia;
+        CopiaEstragada copia(u"copia.dat"_s);
         for (int i = 0; i < copias; ++i) {
             const QByteArray bytes = estrago(sao, acaso);
             const QString caminho = copia.Guardar(bytes);
@@ -238,7 +216,7 @@ private Q_SLOTS:
         QFETCH(int, copias);
         const QByteArray sao = Ler_Ficheiro(nome);
         std::mt19937 acaso(1252);
-        Copia copia;
+        CopiaEstragada copia(u"copia.dat"_s);
         Sistema s;
         Main main(s.geral, s.plataforma);
         main.Carregar();

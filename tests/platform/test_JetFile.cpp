@@ -1,5 +1,6 @@
 // Older databases: every row of the sound ones, and a Failure, never a crash or a hang, from all others.
 #include "platform/jet/JetFile.h"
+#include "testlib/CopiaEstragada.h"
 #include "testlib/Desempacotado.h"
 #include "testlib/MemoriaPedida.h"
 #include "testlib/Teste.h"
@@ -57,29 +58,6 @@ QStringList Colunas(const QJsonObject &tabela)
         colunas << coluna[0].toString();
     return colunas;
 }
-
-// A copy of a sound file that a test has harmed, in a place of its own.
-class Copia
-{
-public:
-    QString Guardar(const QByteArray &bytes)
-    {
-        QFile ficheiro(pasta_.filePath(u"copia.mdb"_s));
-        if (!ficheiro.open(QIODevice::WriteOnly) || ficheiro.write(bytes) != bytes.size())
-            qFatal("cannot write");
-        return ficheiro.fileName();
-    }
-
-private:
-    // In memory where the system has a place for that: thousands of copies are gigabytes.
-    static QString Modelo()
-    {
-        const QString memoria = u"/dev/shm"_s;
-        return (QFileInfo(memoria).isWritable() ? memoria : QDir::tempPath()) + u"/morvex-XXXXXX"_s;
-    }
-
-    QTemporaryDir pasta_{Modelo()};
-};
 
 constexpr int pagina = 4096;
 
@@ -254,7 +232,7 @@ private Q_SLOTS:
         constexpr int versao = 0x14;
         QByteArray bytes = Ler_Ficheiro(Amostra(u"pequena.mdb"_s));
         QCOMPARE(bytes[versao], '\x01');
-        Copia copia;
+        CopiaEstragada copia(u"copia.mdb"_s);
         for (const char outra : {'\x00', '\x02'}) {
             bytes[versao] = outra;
             const QString caminho = copia.Guardar(bytes);
@@ -292,7 +270,7 @@ private Q_SLOTS:
         QFETCH(Estrago, estrago);
         const QByteArray sa = Ler_Ficheiro(Amostra(nome));
         std::mt19937 acaso(20040517);
-        Copia copia;
+        CopiaEstragada copia(u"copia.mdb"_s);
         int lidas = 0;
         int com_falha = 0;
         std::size_t mais_memoria = 0;
@@ -328,7 +306,7 @@ private Q_SLOTS:
         QVERIFY(paginas.size() > 100);
         for (std::size_t i = 1; i < paginas.size(); ++i)
             Apontar_Tudo_Para(bytes, paginas[i], paginas[0]);
-        Copia copia;
+        CopiaEstragada copia(u"copia.mdb"_s);
         const QString caminho = copia.Guardar(bytes);
         const memoria::Medida medida;
         const JetFile base(caminho);
@@ -342,7 +320,7 @@ private Q_SLOTS:
         const QByteArray sa = Ler_Ficheiro(Amostra(u"pequena.mdb"_s));
         const JetFile inteira(Amostra(u"pequena.mdb"_s));
         std::mt19937 acaso(1900);
-        Copia copia;
+        CopiaEstragada copia(u"copia.mdb"_s);
         for (int i = 0; i < 200; ++i) {
             const QString caminho = copia.Guardar(Cortar(sa, acaso));
             skipFailure([&] {
