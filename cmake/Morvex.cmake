@@ -13,6 +13,14 @@ if(MORVEX_SANITIZE)
     target_link_options(morvex_opcoes INTERFACE -fsanitize=address,undefined)
 endif()
 
+# The headers of the toolkit, compiled once for all libraries: a set of its own for each would fill the disk.
+file(WRITE ${PROJECT_BINARY_DIR}/cabecalhos.cpp.novo "// Carries the compiled headers that all libraries share.\n")
+configure_file(${PROJECT_BINARY_DIR}/cabecalhos.cpp.novo ${PROJECT_BINARY_DIR}/cabecalhos.cpp COPYONLY)
+add_library(morvex_cabecalhos OBJECT ${PROJECT_BINARY_DIR}/cabecalhos.cpp)
+set_target_properties(morvex_cabecalhos PROPERTIES AUTOMOC OFF AUTOUIC OFF AUTORCC OFF)
+target_link_libraries(morvex_cabecalhos PRIVATE Qt6::Widgets morvex_opcoes)
+target_precompile_headers(morvex_cabecalhos PRIVATE <QtWidgets> <algorithm> <functional> <memory> <vector>)
+
 # morvex_biblioteca(<folder> LIGA <libraries below it> FONTES <sources>)
 # The library of one folder. It sees its own folder and what it links, so an include that runs upwards does
 # not find its file.
@@ -25,7 +33,7 @@ function(morvex_biblioteca nome)
     file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR} ${raiz}/${nome} SYMBOLIC)
     target_include_directories(${nome} PUBLIC ${raiz} ${CMAKE_CURRENT_BINARY_DIR}/${nome}_autogen/include)
     target_link_libraries(${nome} PUBLIC ${ARG_LIGA} PRIVATE morvex_opcoes)
-    target_precompile_headers(${nome} PRIVATE <QtWidgets> <algorithm> <functional> <memory> <vector>)
+    target_precompile_headers(${nome} REUSE_FROM morvex_cabecalhos)
 endfunction()
 
 # morvex_teste(<folder>/<test> LIGA <libraries>)
