@@ -39,7 +39,8 @@ endfunction()
 # morvex_teste(<folder>/<test> LIGA <libraries>)
 # One Qt Test program from tests/<folder>/<test>.cpp. It runs without a display, with a home, time zone and
 # locale of its own, so it can neither read nor harm what belongs to the person who runs it.
-# FICHEIROS names further sources.
+# FICHEIROS names further sources. Preparing and clearing up count as two passed functions: a program that ran no
+# other one has tested nothing, and fails.
 function(morvex_teste caminho)
     cmake_parse_arguments(ARG "" "" "LIGA;FICHEIROS" ${ARGN})
     get_filename_component(nome ${caminho} NAME)
@@ -48,10 +49,17 @@ function(morvex_teste caminho)
     target_precompile_headers(${nome} REUSE_FROM morvex_testlib)
     set_target_properties(${nome} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
     add_test(NAME ${caminho} COMMAND ${nome})
+    # All tests of a folder can be built by one name.
+    get_filename_component(pasta ${caminho} DIRECTORY)
+    if(NOT TARGET testes_${pasta})
+        add_custom_target(testes_${pasta})
+    endif()
+    add_dependencies(testes_${pasta} ${nome})
     set(casa ${PROJECT_BINARY_DIR}/tests/casa/${nome})
     file(MAKE_DIRECTORY ${casa})
     set_tests_properties(${caminho} PROPERTIES
         TIMEOUT 300
+        FAIL_REGULAR_EXPRESSION "Totals: [0-2] passed, 0 failed"
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen;HOME=${casa};XDG_DATA_HOME=${casa}/dados;XDG_CONFIG_HOME=${casa}/config;XDG_RUNTIME_DIR=${casa};TZ=Europe/Lisbon;LC_ALL=C.UTF-8;DBUS_SESSION_BUS_ADDRESS=disabled:;MORVEX_ENVIADOS=${PROJECT_BINARY_DIR}/bin;QT_LOGGING_RULES=qt.qpa.*=false;ASAN_OPTIONS=detect_leaks=1:abort_on_error=0;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1")
 endfunction()
 
