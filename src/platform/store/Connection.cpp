@@ -71,13 +71,13 @@ void bindAll(SQLite::Statement &statement, const std::vector<StoreValue> &values
         std::visit(Binder{statement, static_cast<int>(i) + 1}, values[i]);
 }
 
-StoreValue cellOf(const SQLite::Column &column)
+void addCell(Cells &cells, const SQLite::Column &column)
 {
-    if (column.isNull()) return {};
-    if (column.isInteger()) return qint64{column.getInt64()};
-    if (column.isFloat()) return column.getDouble();
+    if (column.isNull()) return cells.addNull();
+    if (column.isInteger()) return cells.add(qint64{column.getInt64()});
+    if (column.isFloat()) return cells.add(column.getDouble());
     const char *text = column.getText();
-    return QString::fromUtf8(text, column.getBytes());
+    cells.add(std::string_view(text, static_cast<std::size_t>(column.getBytes())));
 }
 
 std::vector<QByteArray> columnNames(const SQLite::Statement &statement)
@@ -248,11 +248,14 @@ Recordset Connection::query(const QString &sql, const std::vector<StoreValue> &v
     return raisingFailures(sql, [&] {
         SQLite::Statement &statement = database_->statement(sql);
         const Running running(statement, values);
-        std::vector<StoreValue> cells;
-        const int width = statement.getColumnCount();
-        while (statement.executeStep())
-            for (int i = 0; i < width; ++i)
-                cells.push_back(cellOf(statement.getColumn(i)));
+        Cells cells;
+        std::vector<SQLite::Column> row; // each reads its column of the row that the statement stands on
+        while (statement.executeStep()) {
+            for (int i = static_cast<int>(row.size()); i < statement.getColumnCount(); ++i)
+                row.push_back(statement.getColumn(i));
+            for (const SQLite::Column &column : row)
+                addCell(cells, column);
+        }
         return Recordset(columnNames(statement), std::move(cells));
     });
 }

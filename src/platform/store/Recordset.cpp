@@ -63,7 +63,7 @@ QTime Field::time() const
     return time;
 }
 
-Recordset::Recordset(std::vector<QByteArray> columns, std::vector<StoreValue> cells)
+Recordset::Recordset(std::vector<QByteArray> columns, Cells cells)
     : state_(Open), columns_(std::move(columns)), cells_(std::move(cells))
 {
     for (auto column = columns_.begin(); column != columns_.end(); ++column)
@@ -106,7 +106,7 @@ Field Recordset::Fields(const char *name) const
         const std::size_t column = (next_ + i) % columns_.size();
         if (!named(column, name, length)) continue;
         next_ = column + 1;
-        return Field(cells_[first_ + column]);
+        return Field(cells_.at(first_ + column));
     }
     raise(Failure::ItemNotFound, QStringLiteral("No column named %1").arg(QLatin1String(name)));
 }
@@ -116,7 +116,7 @@ QStringList Recordset::Row() const
     if (Eof()) raise(Failure::NoCurrentRecord, QStringLiteral("No current record"));
     QStringList row;
     for (std::size_t i = 0; i < columns_.size(); ++i) {
-        const Field field(cells_[first_ + i]);
+        const Field field(cells_.at(first_ + i));
         row << (field.isNull() ? QStringLiteral("<Null>") : field.text());
     }
     return row;

@@ -1,7 +1,7 @@
 // The rows that a query returned, read whole when it ran: the count is true at once and nothing stays locked.
 #pragma once
 
-#include "platform/store/Values.h"
+#include "platform/store/Cells.h"
 
 #include <QDate>
 #include <QStringList>
@@ -12,7 +12,7 @@
 class Field
 {
 public:
-    explicit Field(const StoreValue &value) : value_(value) {}
+    explicit Field(StoreValue value) : value_(std::move(value)) {}
 
     bool isNull() const { return std::holds_alternative<std::monostate>(value_); }
     QString text() const;        // a number as its decimal digits
@@ -24,7 +24,7 @@ public:
     QTime time() const;
 
 private:
-    const StoreValue &value_;
+    StoreValue value_;
 };
 
 class Recordset
@@ -33,7 +33,7 @@ public:
     enum StateValue { Closed = 0, Open = 1 };
 
     Recordset() = default;
-    Recordset(std::vector<QByteArray> columns, std::vector<StoreValue> cells);
+    Recordset(std::vector<QByteArray> columns, Cells cells); // row by row
 
     StateValue State() const { return state_; }
     void Close(); // a closed recordset may be closed again
@@ -44,8 +44,7 @@ public:
     void MoveNext(); // Failure behind the last row
 
     // The cell of that name, in any case of letters, in the current row; of two equal names the first. Raises
-    // Failure where there is no such column, no current row, or the recordset is closed. Valid until the
-    // recordset moves.
+    // Failure where there is no such column, no current row, or the recordset is closed.
     Field Fields(const char *name) const;
 
     // All cells of the current row as text, Null as "<Null>".
@@ -57,7 +56,7 @@ private:
 
     StateValue state_ = Closed;
     std::vector<QByteArray> columns_; // a name that stood before is empty
-    std::vector<StoreValue> cells_;   // row by row
+    Cells cells_;                     // row by row
     std::size_t first_ = 0;           // first cell of the current row
     mutable std::size_t next_ = 0;    // columns are mostly asked for in their order: the one that comes next
 };
