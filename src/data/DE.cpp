@@ -1,6 +1,7 @@
 #include "data/DE.h"
 
 #include "data/Esquema.h"
+#include "data/IndiceDosNomes.h"
 #include "platform/Failure.h"
 #include "platform/ProgramFolder.h"
 
@@ -91,7 +92,8 @@ void DE::Juntar(const std::function<void()> &trabalho) { Ligacao().gathering(tra
 
 void DE::Fechar_Ligacao()
 {
-    for (Recordset &rs : conjuntos_) rs.Close();
+    for (Recordset &rs : conjuntos_)
+        rs.Close();
     ligacao_.Close();
 }
 
@@ -102,9 +104,10 @@ Connection &DE::Ligacao()
 {
     if (ligacao_.isOpen()) return ligacao_;
     if (CaminhoBD_.isEmpty()) CaminhoBD_ = fileIn(pasta_, QStringLiteral("morvex.mdb"));
-    ligacao_.setConnectionString(QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source= '") + CaminhoBD_ +
-                                 QStringLiteral("'") +
-                                 QStringLiteral(";Jet OLEDB:Encrypt Database=True;Persist Security Info=False"));
+    ligacao_.setConnectionString(
+        QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source= '") + CaminhoBD_ + QStringLiteral("'") +
+        QStringLiteral(";Jet OLEDB:Encrypt Database=True;Persist Security Info=False"));
     ligacao_.Open();
+    skipFailure([this] { Cuidar_Do_Indice(ligacao_); }); // without it all is as before, and slower
     return ligacao_;
 }

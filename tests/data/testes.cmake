@@ -11,6 +11,7 @@ foreach(teste IN ITEMS
     test_Codificar_Pass
     test_Temporizadores
     test_config_enviado
+    test_IndiceDosNomes
     test_Inteiro
     test_Tocar_Som
     test_criar_bd)

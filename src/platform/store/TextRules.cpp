@@ -67,6 +67,13 @@ int compareText(QStringView a, QStringView b)
                         static_cast<int32_t>(b.size()));
 }
 
+QString textOrderVersion()
+{
+    UVersionInfo version{};
+    ucol_getVersion(theCollator(), version);
+    return QString::fromLatin1(QByteArray(reinterpret_cast<const char *>(version), sizeof version).toHex());
+}
+
 // Walks both once; on a mismatch the last % takes one character more.
 bool matchesLike(QStringView pattern, QStringView text)
 {

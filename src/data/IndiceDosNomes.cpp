@@ -1,0 +1,41 @@
+#include "data/IndiceDosNomes.h"
+
+#include "platform/store/Connection.h"
+#include "platform/store/TextRules.h"
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr int livro_grande = 4000; // contacts; reading and sorting fewer takes about 5 ms
+const QString prefixo = u"IdxNomes_"_s;
+
+bool Livro_Grande(Connection &ligacao)
+{
+    const Recordset rs = ligacao.query(u"SELECT max(ID) AS ultimo FROM TblLista"_s, {});
+    const Field ultimo = rs.Fields("ultimo");
+    return !ultimo.isNull() && ultimo.number() > livro_grande;
+}
+
+QStringList Indices(Connection &ligacao)
+{
+    Recordset rs = ligacao.query(u"SELECT name FROM sqlite_master WHERE type='index' AND name LIKE ?"_s,
+                                 {prefixo + u'%'});
+    QStringList nomes;
+    for (; !rs.Eof(); rs.MoveNext())
+        nomes << rs.Fields("name").text();
+    return nomes;
+}
+} // namespace
+
+void Cuidar_Do_Indice(Connection &ligacao)
+{
+    const QString actual = prefixo + textOrderVersion();
+    QStringList indices = Indices(ligacao);
+    const bool existe = indices.removeOne(actual);
+    for (const QString &velho : indices)
+        ligacao.execute(u"DROP INDEX IF EXISTS "_s + velho, {});
+    if (!existe && Livro_Grande(ligacao))
+        ligacao.execute(
+            u"CREATE INDEX IF NOT EXISTS %1 ON TblLista (Nome, ID, Grupo, Dia, Mes)"_s.arg(actual), {});
+}

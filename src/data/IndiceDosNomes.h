@@ -1,0 +1,11 @@
+// The index that hands out the contacts of a large book in the order of their names, already sorted and
+// without the rows themselves. A small book does without: it is read in a moment either way, an index costs
+// each write, and no other tool can write to a table whose index is in this program's order.
+#pragma once
+
+class Connection;
+
+// Sees to it that the database has the index if it holds many contacts, and none of another order: one made
+// by another release of the collation would hand out rows in a wrong order, or not at all. Raises Failure
+// where the database cannot be written.
+void Cuidar_Do_Indice(Connection &ligacao);
