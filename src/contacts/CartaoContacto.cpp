@@ -97,15 +97,18 @@ CartaoContacto::CartaoContacto(QWidget &janela, Geral &geral, Platform &platform
 
 void CartaoContacto::Mostrar_Card()
 {
+    bool encontrado = false;
     try {
         txtIdade.clear();
-        geral_.IDContacto = Id_De_16_Bits(ListaNomes.ItemData(ListaNomes.ListIndex()));
+        Tomar_Contacto();
         Recordset &rs = geral_.de.Abrir("cmdEditarNome", {QString::number(geral_.IDContacto)});
+        encontrado = !rs.Eof();
         Preencher_Campos(rs);
         estado_messenger::Mostrar(janela_, rs.Fields("MSNMessenger").textOrEmpty());
         geral_.temporizadores.TimerStatusOfContact.setEnabled(false);
         geral_.temporizadores.TimerStatusOfContact.setEnabled(true);
     } catch (const Failure &) {
+        Permitir_Editar_E_Eliminar(encontrado); // in the editor what the card stumbled over can be mended
         platform_.boxes.show(geral_.Ler_Idioma(texto_erro_no_cartao), box::stop,
                              QApplication::applicationDisplayName(), &janela_);
         return;
@@ -119,6 +122,14 @@ void CartaoContacto::Mostrar_Card()
                   Mostrar_Foto_Por_Omissao();
                   Terminar_Card(rs);
               });
+}
+
+// Both or neither: what is asked about one of them must not be done to another.
+void CartaoContacto::Tomar_Contacto()
+{
+    const int linha = ListaNomes.ListIndex();
+    geral_.IDContacto = Id_De_16_Bits(ListaNomes.ItemData(linha));
+    geral_.IndiceContacto = linha;
 }
 
 // In this order: a birthday that is no date leaves the mail and all behind it as they were.
@@ -170,17 +181,23 @@ void CartaoContacto::Mostrar_Foto_Por_Omissao()
 
 void CartaoContacto::Terminar_Card(Recordset &rs)
 {
-    geral_.IndiceContacto = ListaNomes.ListIndex();
-    for (const auto &botao : {u"cmdEditar"_s, u"cmdEliminar"_s})
-        control<QWidget>(janela_, botao).setEnabled(true);
+    Permitir_Editar_E_Eliminar(true);
     Dispor_Linhas(rs);
     rs.Close();
-    for (const auto &comando : {u"EliminarContacto"_s, u"EditarContacto"_s, u"Anterior"_s, u"Seguinte"_s,
-                                u"eliminar_contacto"_s, u"editar_contacto"_s, u"cima"_s, u"baixo"_s})
+    for (const auto &comando : {u"Anterior"_s, u"Seguinte"_s, u"cima"_s, u"baixo"_s})
         control<QAction>(janela_, comando).setEnabled(true);
     const bool tem_email = !txtEmail1.text().isEmpty() || !txtEmail2.text().isEmpty();
     for (const auto &comando : {u"Email"_s, u"enviar_email"_s, u"RightClickEmail"_s})
         control<QAction>(janela_, comando).setEnabled(tem_email);
+}
+
+void CartaoContacto::Permitir_Editar_E_Eliminar(bool permitido)
+{
+    for (const auto &botao : {u"cmdEditar"_s, u"cmdEliminar"_s})
+        control<QWidget>(janela_, botao).setEnabled(permitido);
+    for (const auto &comando :
+         {u"EliminarContacto"_s, u"EditarContacto"_s, u"eliminar_contacto"_s, u"editar_contacto"_s})
+        control<QAction>(janela_, comando).setEnabled(permitido);
 }
 
 void CartaoContacto::Dispor_Linhas(Recordset &rs)
@@ -280,10 +297,8 @@ void CartaoContacto::Limpar()
          {&imgGrupo, &imgTelefone1, &imgTelefone2, &imgFax, &imgTelemovel1, &imgTelemovel2, &imgTelemovel3,
           &imgAniversario, &imgEmail1, &imgEmail2, &imgWebsite, &imgMorada, &imgObservacoes})
         imagem->hide();
-    for (const auto &botao : {u"cmdEditar"_s, u"cmdEliminar"_s})
-        control<QWidget>(janela_, botao).setEnabled(false);
-    for (const auto &comando : {u"EditarContacto"_s, u"EliminarContacto"_s, u"Email"_s, u"Website"_s,
-                                u"Anterior"_s, u"Seguinte"_s, u"editar_contacto"_s, u"eliminar_contacto"_s,
-                                u"enviar_email"_s, u"visitar_website"_s, u"cima"_s, u"baixo"_s})
+    Permitir_Editar_E_Eliminar(false);
+    for (const auto &comando : {u"Email"_s, u"Website"_s, u"Anterior"_s, u"Seguinte"_s, u"enviar_email"_s,
+                                u"visitar_website"_s, u"cima"_s, u"baixo"_s})
         control<QAction>(janela_, comando).setEnabled(false);
 }

@@ -26,8 +26,9 @@ public:
     // The window must hold every control that is named below; it owns them.
     CartaoContacto(QWidget &janela, Geral &geral, Platform &platform);
 
-    // Shows the contact of the list's row: the list's click. What goes wrong before the picture is told in one
-    // message and leaves the card as far as it got.
+    // Shows the contact of the list's row: the list's click. What goes wrong before the picture is told in
+    // one message and leaves the card as far as it got; a contact that was found can be edited and deleted
+    // even so, one that was not found can't.
     void Mostrar_Card();
 
     // Empties and hides every row and switches off the commands that need a contact. The picture stays.
@@ -48,10 +49,12 @@ private:
         int afastamento; // from the icon's left to the box's, in twips
     };
 
+    void Tomar_Contacto();
     void Preencher_Campos(Recordset &rs);
     void Preencher_Aniversario(Recordset &rs);
     void Mostrar_Foto(const QString &Fotografia);
     void Terminar_Card(Recordset &rs);
+    void Permitir_Editar_E_Eliminar(bool permitido);
 
     void Dispor_Linhas(Recordset &rs);
     void Dispor_Telefone1(Recordset &rs);

@@ -369,6 +369,20 @@ private Q_SLOTS:
         });
     }
 
+    void um_aniversario_que_nao_deixa_mostrar_o_cartao_corrige_se_no_editor()
+    {
+        Editor e;
+        e.s.caixas.Espera(e.s.Texto(256), box::stop, u"Morvex"_s);
+        e.Mostrar({{u"Nome"_s, u"Ana"_s}, {u"Dia"_s, u"31"_s}, {u"Mes"_s, u"4"_s}, {u"Ano"_s, u"1980"_s}});
+        e.Editar([&](frmAddEdit &form) {
+            QCOMPARE(form.txtDia->text(), u"31"_s);
+            form.txtDia->setText(u"30"_s);
+            form.cmdOk->click();
+        });
+        QCOMPARE(e.Coluna(u"Dia"_s), u"30"_s);
+        QCOMPARE(e.janela.txtAniversario->text(), u"30 Abril 1980"_s);
+    }
+
     void o_grupo_escolhe_se_pelo_nome_e_de_dois_iguais_o_primeiro()
     {
         Editor e;
