@@ -557,6 +557,25 @@ private Q_SLOTS:
         QVERIFY(Editar_E_Eliminar(c.janela));
     }
 
+    void um_caminho_com_barras_invertidas_le_se_abaixo_da_pasta_do_programa_data()
+    {
+        QTest::addColumn<QString>("caminho");
+        QTest::newRow("uma pasta") << u"fotos\\ana.png"_s;
+        QTest::newRow("daqui") << u".\\fotos\\ana.png"_s;
+        QTest::newRow("desde a raiz de um disco que nao se sabe") << u"\\fotos\\ana.png"_s;
+    }
+    void um_caminho_com_barras_invertidas_le_se_abaixo_da_pasta_do_programa()
+    {
+        QFETCH(QString, caminho);
+        ComJanela c;
+        QVERIFY(QDir(c.s.Pasta()).mkdir(u"fotos"_s));
+        Gravar_Imagem(c.s.Ficheiro(u"fotos/ana.png"_s), {60, 40});
+        c.Mostrar({{u"Nome"_s, u"A"_s}, {u"Fotografia"_s, caminho}});
+        QCOMPARE(Cor_Da_Foto(c.janela), qRgb(200, 0, 0));
+        // the large view shows this very picture
+        QCOMPARE(c.janela.findChild<CartaoContacto *>()->Image1().naturalSize(), QSize(60, 40));
+    }
+
     void uma_foto_grande_desce_por_um_divisor_inteiro()
     {
         ComJanela c;

@@ -546,6 +546,20 @@ private Q_SLOTS:
         e.Editar([&](frmAddEdit &form) { QCOMPARE(Foto_A_Vista(e.s, form), u"fotoerro_small.jpg"_s); });
     }
 
+    void um_caminho_antigo_com_barras_invertidas_ve_se_no_editor_e_fica_como_esta()
+    {
+        Editor e;
+        const QString caminho = u"fotos\\ana.png"_s;
+        QVERIFY(QDir(e.s.Pasta()).mkdir(u"fotos"_s));
+        Pintar(e.s.Ficheiro(u"fotos/ana.png"_s), {20, 20});
+        e.Mostrar({{u"Nome"_s, u"Ana"_s}, {u"Fotografia"_s, caminho}});
+        e.Editar([&](frmAddEdit &form) {
+            QCOMPARE(form.Thumb->pixmap().toImage().pixelColor(10, 10), QColor(Qt::red));
+            form.cmdOk->click();
+        });
+        QCOMPARE(e.Coluna(u"Fotografia"_s), caminho);
+    }
+
     void fotos_que_nao_se_deixam_ler_data()
     {
         QTest::addColumn<QByteArray>("bytes");
