@@ -3,7 +3,6 @@
 #include "contacts/DisposicaoCartao.h"
 #include "contacts/Fotografia.h"
 #include "contacts/Idade.h"
-#include "data/EstadoMessenger.h"
 #include "data/Geral.h"
 #include "platform/Controls.h"
 #include "platform/Failure.h"
@@ -104,7 +103,7 @@ void CartaoContacto::Mostrar_Card()
         Recordset &rs = geral_.de.Abrir("cmdEditarNome", {QString::number(geral_.IDContacto)});
         encontrado = !rs.Eof();
         Preencher_Campos(rs);
-        estado_messenger::Mostrar(janela_, rs.Fields("MSNMessenger").textOrEmpty());
+        Q_EMIT OutrosEnderecos(rs.Fields("MSNMessenger").textOrEmpty());
         geral_.temporizadores.TimerStatusOfContact.setEnabled(false);
         geral_.temporizadores.TimerStatusOfContact.setEnabled(true);
     } catch (const Failure &) {
@@ -297,6 +296,7 @@ void CartaoContacto::Limpar()
          {&imgGrupo, &imgTelefone1, &imgTelefone2, &imgFax, &imgTelemovel1, &imgTelemovel2, &imgTelemovel3,
           &imgAniversario, &imgEmail1, &imgEmail2, &imgWebsite, &imgMorada, &imgObservacoes})
         imagem->hide();
+    Q_EMIT OutrosEnderecos({});
     Permitir_Editar_E_Eliminar(false);
     for (const auto &comando : {u"Email"_s, u"Website"_s, u"Anterior"_s, u"Seguinte"_s, u"enviar_email"_s,
                                 u"visitar_website"_s, u"cima"_s, u"baixo"_s})

@@ -40,6 +40,11 @@ public:
     // The picture on the card, at its natural size.
     const Picture &Image1() const { return image1_; }
 
+Q_SIGNALS:
+    // The mail rows belong to another contact now, whose presence was this when it was last seen; empty if
+    // the card was emptied.
+    void OutrosEnderecos(const QString &MSNMessenger);
+
 private:
     // A row whose place depends on the rows before it. Its icon stands to the left of its box.
     struct Linha {

@@ -90,6 +90,7 @@ Main::Main(Geral &geral, Platform &platform)
     connect(grupos, &::Grupos::CriarUtilizador, utilizadores, &::Utilizadores::Mostrar_frmNovoUser);
     connect(&geral_.temporizadores.timerPonto, &QTimer::timeout, this, &Main::timerPonto_Timer);
     connect(correio_, &CicloCorreio::Abrir_Opcoes, this, &Main::Opcoes_Click);
+    connect(cartao_, &CartaoContacto::OutrosEnderecos, presenca_, &Presenca::Mostrar_Guardado);
     connect(ListaNomes, &ListBox::RightButtonUp, this, [this](const QPoint &lugar) {
         if (ListaNomes->ListIndex() >= 0) RightClick->popup(lugar);
     });
