@@ -6,6 +6,7 @@
 #include "online/Codificar_Email.h"
 #include "online/frmPopupEmail.h"
 #include "platform/Controls.h"
+#include "platform/Failure.h"
 #include "platform/Label.h"
 #include "platform/ListBox.h"
 #include "platform/Platform.h"
@@ -46,7 +47,7 @@ void CicloCorreio::IniciarMail()
     if (!Activo()) return;
     lblTemporizador.setCaption(QString::number(geral_.EmailNotifyMinutos));
     geral_.temporizadores.TimerMailNotification.setEnabled(true);
-    if (lstEmails.ListCount() == 0) Preencher_Fila();
+    if (lstEmails.ListCount() == 0) skipFailure([this] { Preencher_Fila(); });
 }
 
 void CicloCorreio::Preencher_Fila()
@@ -78,11 +79,13 @@ void CicloCorreio::lblTemporizador_Change()
     VerificarConta();
 }
 
-// The account stays in the queue: it goes when the next one is wanted.
+// The account stays in the queue: it goes when the next one is wanted. One that is gone by now, or can't be
+// read, is passed over without a word.
 void CicloCorreio::VerificarConta()
 {
     platform_.mail.setActivo(false);
-    if (lstEmails.ListCount() > 0) Entregar_Primeira_Conta();
+    while (lstEmails.ListCount() > 0 && !skipFailure([this] { Entregar_Primeira_Conta(); }))
+        lstEmails.RemoveItem(0);
     geral_.temporizadores.TimerMailNotification3.setEnabled(true);
 }
 

@@ -328,6 +328,63 @@ private Q_SLOTS:
         QCOMPARE(p.s.correio.historia, (QStringList{u"-"_s, u"+ servidorA|contaA|senhaA"_s}));
     }
 
+    void uma_conta_eliminada_nas_opcoes_e_passada_a_frente()
+    {
+        Programa p(2);
+        p.Ciclo().IniciarMail();
+        accoes::Quando_Abrir<frmOpcoes>([](frmOpcoes &opcoes) {
+            opcoes.lvEmails->setCurrentItem(opcoes.lvEmails->topLevelItem(0));
+            opcoes.findChild<QPushButton *>(u"cmdEliminar"_s)->click();
+            opcoes.cmdCancelar->click();
+        });
+        p.main.Opcoes->trigger(); // its closing goes on with the queue, and no box comes
+        QCOMPARE(p.s.Linhas(u"SELECT Email FROM TblEmails"_s), QStringList{u"B@x.example"_s});
+        QCOMPARE(p.s.correio.historia.mid(p.s.correio.historia.size() - 2),
+                 (QStringList{u"-"_s, u"+ servidorB|contaB|senhaB"_s}));
+        QCOMPARE(p.main.lstEmails->ListCount(), 1);
+        QVERIFY(p.T().TimerMailNotification3.Enabled());
+    }
+
+    void com_todas_as_contas_eliminadas_a_fila_volta_a_encher_se()
+    {
+        Programa p(2);
+        p.Ciclo().IniciarMail();
+        p.s.Escrever(u"DELETE FROM TblEmails"_s);
+        p.Ciclo().ReiniciarMail();
+        QCOMPARE(p.s.correio.historia, QStringList{u"-"_s});
+        QCOMPARE(p.main.lstEmails->ListCount(), 0);
+        QVERIFY(p.T().TimerMailNotification3.Enabled());
+        p.T().TimerMailNotification.setEnabled(false);
+        Disparar(p.T().TimerMailNotification3);
+        QVERIFY(p.T().TimerMailNotification.Enabled());
+        QVERIFY(p.Popup() == nullptr);
+    }
+
+    void uma_conta_eliminada_a_meio_do_percurso_nao_o_para()
+    {
+        Programa p(3);
+        p.Ciclo().IniciarMail();
+        p.Ciclo().VerificarConta();
+        p.s.Escrever(u"DELETE FROM TblEmails WHERE Email='B@x.example'"_s);
+        p.s.correio.historia.clear();
+        Disparar(p.T().TimerMailNotification3);
+        QCOMPARE(p.s.correio.historia, (QStringList{u"-"_s, u"+ servidorC|contaC|senhaC"_s}));
+        QVERIFY(p.T().TimerMailNotification3.Enabled());
+    }
+
+    void uma_base_que_nao_responde_nao_mostra_caixa_nem_para_os_temporizadores()
+    {
+        Programa p(1);
+        p.s.Escrever(u"DROP TABLE TblEmails"_s);
+        p.Ciclo().IniciarMail(); // no box comes
+        QVERIFY(p.T().TimerMailNotification.Enabled());
+        p.main.lstEmails->AddItem(u"1"_s);
+        p.main.lstEmails->AddItem(u"99999"_s); // no ID of an account is so large
+        p.Ciclo().ReiniciarMail();
+        QVERIFY(p.T().TimerMailNotification3.Enabled());
+        QCOMPARE(p.main.lstEmails->ListCount(), 0);
+    }
+
     void o_som_do_utilizador_toca_se_o_escolheu()
     {
         Programa p(1);
