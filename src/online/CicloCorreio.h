@@ -49,6 +49,7 @@ private:
     void Parar_Verificacao();
     void Avancar_Fila();
     frmPopupEmail &Popup();
+    void Carregar_Popup();
 
     QMainWindow &janela_;
     Geral &geral_;

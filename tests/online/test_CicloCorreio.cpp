@@ -111,6 +111,13 @@ private:
     QStringList linhas_;
 };
 
+// Ticks until the timer stops by itself.
+void Ate_Ao_Fim(Timer &timer)
+{
+    for (int tique = 0; tique < 100 && timer.Enabled(); ++tique)
+        Disparar(timer);
+}
+
 QString Entrega(int segundo, char16_t conta)
 {
     return u"%1 + servidor%2|conta%2|senha%2"_s.arg(segundo).arg(QChar(conta));
@@ -383,6 +390,80 @@ private Q_SLOTS:
         p.Ciclo().ReiniciarMail();
         QVERIFY(p.T().TimerMailNotification3.Enabled());
         QCOMPARE(p.main.lstEmails->ListCount(), 0);
+    }
+
+    void um_segundo_aviso_faz_subir_outra_vez_o_cartao_que_desce()
+    {
+        Programa p(2);
+        p.Ciclo().IniciarMail();
+        p.Ciclo().VerificarConta();
+        p.s.correio.mensagens = 1;
+        Disparar(p.T().TimerMailNotification3);
+        const QPointer<frmPopupEmail> popup = p.Popup();
+        Ate_Ao_Fim(popup->TimerUp);
+        const int em_cima = popup->Top();
+        Disparar(popup->TimerTimeout);
+        for (int passo = 0; passo < 10; ++passo)
+            Disparar(popup->TimerDown);
+        QCOMPARE(popup->Top(), em_cima + 500);
+
+        p.s.correio.mensagens = 2;
+        Disparar(p.T().TimerMailNotification3);
+        QCOMPARE(p.Popup(), popup.data());
+        QCOMPARE(p.Cartao(), u"2 "_s + p.s.Texto(259) + u" (B@x.example)"_s);
+        QVERIFY(!popup->TimerDown.Enabled());
+        QVERIFY(popup->TimerUp.Enabled());
+        QCOMPARE(popup->TimerUp.interval(), 10);
+        Ate_Ao_Fim(popup->TimerUp);
+        QCOMPARE(popup->Top(), em_cima);
+        QVERIFY(popup->TimerTimeout.Enabled());
+        QCOMPARE(popup->TimerTimeout.interval(), 5000);
+    }
+
+    void um_aviso_no_momento_em_que_o_cartao_ia_descer_deixa_o_onde_esta()
+    {
+        Programa p(2);
+        p.Ciclo().IniciarMail();
+        p.Ciclo().VerificarConta();
+        p.s.correio.mensagens = 1;
+        Disparar(p.T().TimerMailNotification3);
+        const QPointer<frmPopupEmail> popup = p.Popup();
+        Ate_Ao_Fim(popup->TimerUp);
+        const int em_cima = popup->Top();
+        Disparar(popup->TimerTimeout);
+        p.s.correio.mensagens = 2;
+        Disparar(p.T().TimerMailNotification3);
+        QVERIFY(!popup->TimerDown.Enabled());
+        QVERIFY(!popup->TimerUp.Enabled());
+        QCOMPARE(popup->Top(), em_cima);
+    }
+
+    void um_aviso_depois_do_fim_da_descida_traz_um_cartao_novo()
+    {
+        Programa p(2);
+        p.Ciclo().IniciarMail();
+        p.Ciclo().VerificarConta();
+        p.s.correio.mensagens = 1;
+        Disparar(p.T().TimerMailNotification3);
+        frmPopupEmail *const primeiro = p.Popup();
+        Ate_Ao_Fim(primeiro->TimerUp);
+        Disparar(primeiro->TimerTimeout);
+        Ate_Ao_Fim(primeiro->TimerDown); // closed, and not yet deleted
+        p.s.correio.mensagens = 2;
+        Disparar(p.T().TimerMailNotification3);
+        QVERIFY(p.Popup() != nullptr && p.Popup() != primeiro);
+        QCOMPARE(p.Cartao(), u"2 "_s + p.s.Texto(259) + u" (B@x.example)"_s);
+    }
+
+    void os_cinco_segundos_contam_se_com_exactidao()
+    {
+        Programa p(1);
+        p.Ciclo().IniciarMail();
+        p.Ciclo().VerificarConta();
+        p.s.correio.mensagens = 1;
+        Disparar(p.T().TimerMailNotification3);
+        QCOMPARE(p.Popup()->TimerTimeout.timerType(), Qt::PreciseTimer);
+        QCOMPARE(p.T().TimerMailNotification3.timerType(), Qt::PreciseTimer);
     }
 
     void o_som_do_utilizador_toca_se_o_escolheu()
