@@ -3,8 +3,10 @@
 
 #include "online/Codificar_Email.h"
 #include "online/frmPopupEmail.h"
+#include "session/frmLogin.h"
 #include "session/frmOpcoes.h"
 #include "session/Main.h"
+#include "session/SystemTray.h"
 #include "testlib/Accoes.h"
 #include "testlib/Disparar.h"
 #include "testlib/Sistema.h"
@@ -464,6 +466,44 @@ private Q_SLOTS:
         Disparar(p.T().TimerMailNotification3);
         QCOMPARE(p.Popup()->TimerTimeout.timerType(), Qt::PreciseTimer);
         QCOMPARE(p.T().TimerMailNotification3.timerType(), Qt::PreciseTimer);
+    }
+
+    void com_a_janela_trancada_o_clique_no_cartao_pede_a_senha_data()
+    {
+        QTest::addColumn<QString>("senha"); // empty: the login form is cancelled
+        QTest::addColumn<bool>("abre");
+        QTest::newRow("certa") << u"segredo"_s << true;
+        QTest::newRow("cancelada") << QString() << false;
+    }
+    void com_a_janela_trancada_o_clique_no_cartao_pede_a_senha()
+    {
+        QFETCH(QString, senha);
+        QFETCH(bool, abre);
+        Programa p(1);
+        p.Ciclo().IniciarMail();
+        p.s.Novo_Utilizador(u"Ana"_s, u"segredo"_s, u"11111"_s, true);
+        p.s.Entrar(u"Ana"_s);
+        p.Ciclo().VerificarConta();
+        p.s.correio.falhou = true;
+        Disparar(p.T().TimerMailNotification3);
+        auto &tray = *p.main.findChild<SystemTray *>();
+        tray.Minimizar_Tray();
+        QVERIFY(tray.TrayBloqueado());
+
+        bool abriu = false;
+        accoes::Quando_Abrir<frmLogin>([&](frmLogin &login) {
+            if (abre)
+                accoes::Quando_Abrir<frmOpcoes>([&](frmOpcoes &opcoes) {
+                    abriu = true;
+                    opcoes.cmdCancelar->click();
+                });
+            login.txtPass->setText(senha);
+            (abre ? login.cmdOk : login.cmdCancelar)->click();
+        });
+        QTest::mouseClick(p.Popup(), Qt::LeftButton);
+        QCOMPARE(abriu, abre);
+        QCOMPARE(tray.TrayBloqueado(), !abre);
+        QCOMPARE(p.main.isVisible(), abre);
     }
 
     void o_som_do_utilizador_toca_se_o_escolheu()
