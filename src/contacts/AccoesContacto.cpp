@@ -43,8 +43,10 @@ AccoesContacto::AccoesContacto(QWidget &janela, Geral &geral, Platform &platform
     };
     clique(u"cmdEliminar"_s, &AccoesContacto::cmdEliminar_Click);
     clique(u"cmdData"_s, &AccoesContacto::cmdData_Click);
+    // Every other way presses the button, so a disabled one bars them all.
     for (const auto &comando : {u"EliminarContacto"_s, u"eliminar_contacto"_s, u"RightClickEliminar"_s})
-        Ligar(comando, &AccoesContacto::cmdEliminar_Click);
+        connect(&control<QAction>(janela, comando), &QAction::triggered,
+                &control<QAbstractButton>(janela, u"cmdEliminar"_s), &QAbstractButton::click);
     for (const auto &comando : {u"Email"_s, u"enviar_email"_s, u"RightClickEmail"_s})
         Ligar(comando, &AccoesContacto::Email_Click);
     for (const auto &comando : {u"Website"_s, u"visitar_website"_s, u"RightClickWebsite"_s})
@@ -62,18 +64,17 @@ void AccoesContacto::Ligar(const QString &comando, void (AccoesContacto::*accao)
 // The selection is lost, and the card stays empty unless one contact remains.
 void AccoesContacto::cmdEliminar_Click()
 {
-    if (!Tem_Direito(geral_.SessaoActual.Eliminar, geral_, platform_, &janela_) || !Confirma_Eliminar())
+    const int linha = geral_.IndiceContacto; // question and deed are about one row
+    if (!Tem_Direito(geral_.SessaoActual.Eliminar, geral_, platform_, &janela_) || !Confirma_Eliminar(linha))
         return;
-    const int id = ListaNomes.ItemData(ListaNomes.ListIndex());
-    geral_.de.Executar("cmdEliminarNome", {QString::number(id)});
+    geral_.de.Executar("cmdEliminarNome", {QString::number(ListaNomes.ItemData(linha))});
     lista_.Limpar_Dados();
     lista_.Carregar_Tabela();
 }
 
-bool AccoesContacto::Confirma_Eliminar()
+bool AccoesContacto::Confirma_Eliminar(int linha)
 {
-    const QString pergunta =
-        geral_.Ler_Idioma(texto_deseja_eliminar) + u' ' + ListaNomes.List(geral_.IndiceContacto) + u'?';
+    const QString pergunta = geral_.Ler_Idioma(texto_deseja_eliminar) + u' ' + ListaNomes.List(linha) + u'?';
     return platform_.boxes.show(pergunta, box::question | box::yesNo, janela_.windowTitle(), &janela_) ==
            answer::yes;
 }

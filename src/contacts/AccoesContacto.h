@@ -29,7 +29,7 @@ private:
     void Thumb_Click();
     void cmdData_Click();
 
-    bool Confirma_Eliminar();
+    bool Confirma_Eliminar(int linha);
     void Ligar(const QString &comando, void (AccoesContacto::*accao)());
 
     Geral &geral_;

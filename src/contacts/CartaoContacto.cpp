@@ -1,9 +1,8 @@
 #include "contacts/CartaoContacto.h"
 
-#include "contacts/DisposicaoCartao.h"
 #include "contacts/Fotografia.h"
 #include "contacts/Idade.h"
-#include "data/EstadoMessenger.h"
+#include "contacts/LinhasCartao.h"
 #include "data/Geral.h"
 #include "platform/Controls.h"
 #include "platform/Failure.h"
@@ -12,6 +11,7 @@
 #include "platform/Platform.h"
 #include "platform/Units.h"
 
+#include <algorithm>
 #include <limits>
 #include <QAction>
 #include <QApplication>
@@ -23,8 +23,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr int afastamento_normal = 300;
-constexpr int afastamento_telemovel = 250;
 constexpr qint16 texto_janeiro = 14;
 constexpr qint16 texto_anos = 50;
 constexpr qint16 texto_erro_no_cartao = 256;
@@ -39,10 +37,18 @@ qint16 Id_De_16_Bits(int id)
     return static_cast<qint16>(id);
 }
 
-void Mostrar(QWidget &caixa, QWidget &imagem, bool visivel)
+void Escrever(QWidget &caixa, const QString &texto)
 {
-    caixa.setVisible(visivel);
-    imagem.setVisible(visivel);
+    if (auto *linha = qobject_cast<QLineEdit *>(&caixa))
+        linha->setText(texto);
+    else
+        static_cast<QPlainTextEdit &>(caixa).setPlainText(texto);
+}
+
+bool Tem_Texto(const QWidget &caixa)
+{
+    if (const auto *linha = qobject_cast<const QLineEdit *>(&caixa)) return !linha->text().isEmpty();
+    return !static_cast<const QPlainTextEdit &>(caixa).toPlainText().isEmpty();
 }
 } // namespace
 
@@ -52,60 +58,32 @@ CartaoContacto::CartaoContacto(QWidget &janela, Geral &geral, Platform &platform
       platform_(platform),
       janela_(janela),
       ListaNomes(control<ListBox>(janela, u"ListaNomes"_s)),
-      txtTelefone1(control<QLineEdit>(janela, u"txtTelefone1"_s)),
-      txtTelefone2(control<QLineEdit>(janela, u"txtTelefone2"_s)),
-      txtFax(control<QLineEdit>(janela, u"txtFax"_s)),
-      txtTelemovel1(control<QLineEdit>(janela, u"txtTelemovel1"_s)),
-      txtTelemovel2(control<QLineEdit>(janela, u"txtTelemovel2"_s)),
-      txtTelemovel3(control<QLineEdit>(janela, u"txtTelemovel3"_s)),
-      txtEmail1(control<QLineEdit>(janela, u"txtEmail1"_s)),
-      txtEmail2(control<QLineEdit>(janela, u"txtEmail2"_s)),
-      txtWebsite(control<QLineEdit>(janela, u"txtWebsite"_s)),
-      txtGrupo(control<QLineEdit>(janela, u"txtGrupo"_s)),
       txtAniversario(control<QLineEdit>(janela, u"txtAniversario"_s)),
       txtIdade(control<QLineEdit>(janela, u"txtIdade"_s)),
-      txtMorada(control<QPlainTextEdit>(janela, u"txtMorada"_s)),
-      txtObs(control<QPlainTextEdit>(janela, u"txtObs"_s)),
-      imgTelefone1(control<IconLabel>(janela, u"imgTelefone1"_s)),
-      imgTelefone2(control<IconLabel>(janela, u"imgTelefone2"_s)),
-      imgFax(control<IconLabel>(janela, u"imgFax"_s)),
-      imgTelemovel1(control<IconLabel>(janela, u"imgTelemovel1"_s)),
-      imgTelemovel2(control<IconLabel>(janela, u"imgTelemovel2"_s)),
-      imgTelemovel3(control<IconLabel>(janela, u"imgTelemovel3"_s)),
-      imgEmail1(control<IconLabel>(janela, u"imgEmail1"_s)),
-      imgEmail2(control<IconLabel>(janela, u"imgEmail2"_s)),
-      imgWebsite(control<IconLabel>(janela, u"imgWebsite"_s)),
-      imgGrupo(control<IconLabel>(janela, u"imgGrupo"_s)),
-      imgAniversario(control<IconLabel>(janela, u"imgAniversario"_s)),
-      imgMorada(control<IconLabel>(janela, u"imgMorada"_s)),
-      imgObservacoes(control<IconLabel>(janela, u"imgObservacoes"_s)),
-      Thumb(control<QLabel>(janela, u"Thumb"_s)),
-      numeros_{
-          {"Telefone2", &txtTelefone2, &imgTelefone2, afastamento_normal},
-          {"Fax", &txtFax, &imgFax, afastamento_normal},
-          {"Telemovel1", &txtTelemovel1, &imgTelemovel1, afastamento_telemovel},
-          {"Telemovel2", &txtTelemovel2, &imgTelemovel2, afastamento_telemovel},
-          {"Telemovel3", &txtTelemovel3, &imgTelemovel3, afastamento_telemovel},
-      },
-      emails_{
-          {"Email1", &txtEmail1, &imgEmail1, afastamento_normal},
-          {"Email2", &txtEmail2, &imgEmail2, afastamento_normal},
-      }
+      Thumb(control<QLabel>(janela, u"Thumb"_s))
 {
+    for (const cartao::Linha &linha : cartao::linhas)
+        linhas_.push_back({&linha, &control<QWidget>(janela, QLatin1StringView(linha.caixa)),
+                           linha.imagem == nullptr
+                               ? nullptr
+                               : &control<IconLabel>(janela, QLatin1StringView(linha.imagem))});
     connect(&ListaNomes, &ListBox::Click, this, &CartaoContacto::Mostrar_Card);
 }
 
 void CartaoContacto::Mostrar_Card()
 {
+    bool encontrado = false;
     try {
         txtIdade.clear();
-        geral_.IDContacto = Id_De_16_Bits(ListaNomes.ItemData(ListaNomes.ListIndex()));
+        Tomar_Contacto();
         Recordset &rs = geral_.de.Abrir("cmdEditarNome", {QString::number(geral_.IDContacto)});
+        encontrado = !rs.Eof();
         Preencher_Campos(rs);
-        estado_messenger::Mostrar(janela_, rs.Fields("MSNMessenger").textOrEmpty());
+        Q_EMIT OutrosEnderecos(rs.Fields("MSNMessenger").textOrEmpty());
         geral_.temporizadores.TimerStatusOfContact.setEnabled(false);
         geral_.temporizadores.TimerStatusOfContact.setEnabled(true);
     } catch (const Failure &) {
+        Permitir_Editar_E_Eliminar(encontrado); // in the editor what the card stumbled over can be mended
         platform_.boxes.show(geral_.Ler_Idioma(texto_erro_no_cartao), box::stop,
                              QApplication::applicationDisplayName(), &janela_);
         return;
@@ -121,21 +99,25 @@ void CartaoContacto::Mostrar_Card()
               });
 }
 
+// Both or neither: what is asked about one of them must not be done to another.
+void CartaoContacto::Tomar_Contacto()
+{
+    const int linha = ListaNomes.ListIndex();
+    geral_.IDContacto = Id_De_16_Bits(ListaNomes.ItemData(linha));
+    geral_.IndiceContacto = linha;
+}
+
 // In this order: a birthday that is no date leaves the mail and all behind it as they were.
 void CartaoContacto::Preencher_Campos(Recordset &rs)
 {
-    const auto preencher = [&](const std::vector<Linha> &linhas) {
-        for (const Linha &linha : linhas)
-            linha.caixa->setText(rs.Fields(linha.coluna).textOrEmpty());
+    const auto preencher = [&](cartao::Enche vez) {
+        for (const Linha &linha : linhas_)
+            if (linha.desenho->enche == vez)
+                Escrever(*linha.caixa, rs.Fields(linha.desenho->coluna).textOrEmpty());
     };
-    txtGrupo.setText(rs.Fields("NomeGrupo").textOrEmpty());
-    txtTelefone1.setText(rs.Fields("Telefone1").textOrEmpty());
-    preencher(numeros_);
+    preencher(cartao::Enche::AntesDaData);
     Preencher_Aniversario(rs);
-    preencher(emails_);
-    txtWebsite.setText(rs.Fields("Website").textOrEmpty());
-    txtMorada.setPlainText(rs.Fields("Morada").textOrEmpty());
-    txtObs.setPlainText(rs.Fields("Obs").textOrEmpty());
+    preencher(cartao::Enche::DepoisDaData);
 }
 
 void CartaoContacto::Preencher_Aniversario(Recordset &rs)
@@ -170,120 +152,93 @@ void CartaoContacto::Mostrar_Foto_Por_Omissao()
 
 void CartaoContacto::Terminar_Card(Recordset &rs)
 {
-    geral_.IndiceContacto = ListaNomes.ListIndex();
-    for (const auto &botao : {u"cmdEditar"_s, u"cmdEliminar"_s})
-        control<QWidget>(janela_, botao).setEnabled(true);
+    Permitir_Editar_E_Eliminar(true);
     Dispor_Linhas(rs);
     rs.Close();
-    for (const auto &comando : {u"EliminarContacto"_s, u"EditarContacto"_s, u"Anterior"_s, u"Seguinte"_s,
-                                u"eliminar_contacto"_s, u"editar_contacto"_s, u"cima"_s, u"baixo"_s})
+    for (const auto &comando : {u"Anterior"_s, u"Seguinte"_s, u"cima"_s, u"baixo"_s})
         control<QAction>(janela_, comando).setEnabled(true);
-    const bool tem_email = !txtEmail1.text().isEmpty() || !txtEmail2.text().isEmpty();
-    for (const auto &comando : {u"Email"_s, u"enviar_email"_s, u"RightClickEmail"_s})
-        control<QAction>(janela_, comando).setEnabled(tem_email);
+}
+
+void CartaoContacto::Permitir_Editar_E_Eliminar(bool permitido)
+{
+    for (const auto &botao : {u"cmdEditar"_s, u"cmdEliminar"_s})
+        control<QWidget>(janela_, botao).setEnabled(permitido);
+    for (const auto &comando :
+         {u"EliminarContacto"_s, u"EditarContacto"_s, u"eliminar_contacto"_s, u"editar_contacto"_s})
+        control<QAction>(janela_, comando).setEnabled(permitido);
 }
 
 void CartaoContacto::Dispor_Linhas(Recordset &rs)
 {
-    Linha_Card = 1;
-    Dispor_Telefone1(rs);
-    for (const auto *linhas : {&numeros_, &emails_})
-        for (const Linha &linha : *linhas)
-            Dispor_Linha(linha, Vazio(rs.Fields(linha.coluna)));
-    Dispor_Website(rs);
-    Dispor_Linha({"NomeGrupo", &txtGrupo, &imgGrupo, afastamento_normal}, false);
-    Dispor_Linha({"Dia", &txtAniversario, &imgAniversario, afastamento_normal}, Vazio(rs.Fields("Dia")));
-    Dispor_Idade();
-    Dispor_Morada(rs);
-    Dispor_Obs(rs);
-}
-
-// The first telephone never moves: where it stands at design is the first slot.
-void CartaoContacto::Dispor_Telefone1(Recordset &rs)
-{
-    const bool vazio = Vazio(rs.Fields("Telefone1"));
-    Mostrar(txtTelefone1, imgTelefone1, !vazio);
-    if (!vazio) ++Linha_Card;
-}
-
-void CartaoContacto::Dispor_Linha(const Linha &linha, bool vazia)
-{
-    if (!vazia) Colocar_Com_Imagem(*linha.caixa, *linha.imagem, Linha_Card++, linha.afastamento);
-    Mostrar(*linha.caixa, *linha.imagem, !vazia);
-}
-
-void CartaoContacto::Dispor_Website(Recordset &rs)
-{
-    const bool vazio = Vazio(rs.Fields("Website"));
-    Dispor_Linha({"Website", &txtWebsite, &imgWebsite, afastamento_normal}, vazio);
-    for (const auto &comando : {u"Website"_s, u"visitar_website"_s, u"RightClickWebsite"_s})
-        control<QAction>(janela_, comando).setEnabled(!vazio);
-}
-
-void CartaoContacto::Dispor_Idade()
-{
-    const bool vazia = txtIdade.text().isEmpty();
-    if (!vazia) Colocar(txtIdade, Linha_Card++);
-    txtIdade.setVisible(!vazia);
-}
-
-// Always in the right column, four slots long.
-void CartaoContacto::Dispor_Morada(Recordset &rs)
-{
-    const bool vazia = Vazio(rs.Fields("Morada"));
-    if (!vazia) {
-        const int linha = std::max(Linha_Card, cartao::primeira_linha_direita);
-        Colocar_Com_Imagem(txtMorada, imgMorada, linha, afastamento_normal);
-        Linha_Card = linha + cartao::linhas_da_morada;
+    int Linha_Card = 1;
+    for (const Linha &linha : linhas_) {
+        const bool visivel = Visivel(linha, rs);
+        if (visivel) Linha_Card = Colocar(linha, Linha_Card);
+        Mostrar(linha, visivel);
     }
-    Mostrar(txtMorada, imgMorada, !vazia);
+    Ligar_Comandos();
 }
 
-// Always in the right column; their height lets both columns end near the same line.
-void CartaoContacto::Dispor_Obs(Recordset &rs)
+bool CartaoContacto::Visivel(const Linha &linha, const Recordset &rs)
 {
-    const bool vazias = Vazio(rs.Fields("Obs"));
-    if (!vazias) {
-        const int linha = std::max(Linha_Card, cartao::primeira_linha_direita);
-        Colocar_Com_Imagem(txtObs, imgObservacoes, linha, afastamento_normal);
-        if (const auto altura = cartao::Altura_Obs(Linha_Card))
-            txtObs.resize(txtObs.width(), pixels(*altura));
+    switch (linha.desenho->mostra) {
+    case cartao::Mostra::Sempre:
+        return true;
+    case cartao::Mostra::SeTexto:
+        return Tem_Texto(*linha.caixa);
+    case cartao::Mostra::SeColuna:
+        break;
     }
-    Mostrar(txtObs, imgObservacoes, !vazias);
+    return !Vazio(rs.Fields(linha.desenho->coluna));
 }
 
-void CartaoContacto::Colocar(QWidget &caixa, int linha)
+int CartaoContacto::Colocar(const Linha &linha, int Linha_Card)
 {
-    caixa.move(pixels(cartao::Posicao_Left(linha).value_or(0)),
-               pixels(cartao::Posicao_Top(linha).value_or(0)));
+    const cartao::Linha &desenho = *linha.desenho;
+    const bool direita = desenho.lado == cartao::Lado::Direito;
+    const int lugar = direita ? std::max(Linha_Card, cartao::primeira_linha_direita) : Linha_Card;
+    const int left = cartao::Posicao_Left(lugar).value_or(0);
+    linha.caixa->move(pixels(left), pixels(cartao::Posicao_Top(lugar).value_or(0)));
+    if (linha.imagem != nullptr) linha.imagem->move(pixels(left - desenho.afastamento), linha.caixa->y());
+    if (const auto altura = cartao::Altura_Obs(lugar); desenho.ate_ao_fundo && altura)
+        linha.caixa->resize(linha.caixa->width(), pixels(*altura));
+    return lugar + desenho.linhas;
 }
 
-void CartaoContacto::Colocar_Com_Imagem(QWidget &caixa, IconLabel &imagem, int linha, int afastamento)
+void CartaoContacto::Mostrar(const Linha &linha, bool visivel)
 {
-    Colocar(caixa, linha);
-    imagem.move(pixels(cartao::Posicao_Left(linha).value_or(0) - afastamento), caixa.y());
+    linha.caixa->setVisible(visivel);
+    if (linha.imagem != nullptr) linha.imagem->setVisible(visivel);
+}
+
+// Rows with the same commands stand for one another.
+void CartaoContacto::Ligar_Comandos()
+{
+    for (const Linha &linha : linhas_) {
+        const cartao::Comandos &comandos = linha.desenho->comandos;
+        if (comandos.menu == nullptr) continue;
+        const bool ligados = std::any_of(linhas_.begin(), linhas_.end(), [&](const Linha &outra) {
+            const bool chama =
+                comandos.se == cartao::Mostra::SeTexto ? Tem_Texto(*outra.caixa) : !outra.caixa->isHidden();
+            return outra.desenho->comandos.menu == comandos.menu && chama;
+        });
+        for (const char *comando : {comandos.menu, comandos.botao, comandos.direito})
+            control<QAction>(janela_, QLatin1StringView(comando)).setEnabled(ligados);
+    }
 }
 
 void CartaoContacto::Limpar()
 {
-    for (QLineEdit *caixa :
-         {&txtTelefone1, &txtTelefone2, &txtFax, &txtTelemovel1, &txtTelemovel2, &txtTelemovel3,
-          &txtAniversario, &txtIdade, &txtEmail1, &txtEmail2, &txtWebsite, &txtGrupo}) {
-        caixa->clear();
-        caixa->hide();
+    for (const Linha &linha : linhas_) {
+        Escrever(*linha.caixa, QString());
+        Mostrar(linha, false);
     }
-    for (QPlainTextEdit *caixa : {&txtMorada, &txtObs}) {
-        caixa->clear();
-        caixa->hide();
-    }
-    for (IconLabel *imagem :
-         {&imgGrupo, &imgTelefone1, &imgTelefone2, &imgFax, &imgTelemovel1, &imgTelemovel2, &imgTelemovel3,
-          &imgAniversario, &imgEmail1, &imgEmail2, &imgWebsite, &imgMorada, &imgObservacoes})
-        imagem->hide();
-    for (const auto &botao : {u"cmdEditar"_s, u"cmdEliminar"_s})
-        control<QWidget>(janela_, botao).setEnabled(false);
-    for (const auto &comando : {u"EditarContacto"_s, u"EliminarContacto"_s, u"Email"_s, u"Website"_s,
-                                u"Anterior"_s, u"Seguinte"_s, u"editar_contacto"_s, u"eliminar_contacto"_s,
-                                u"enviar_email"_s, u"visitar_website"_s, u"cima"_s, u"baixo"_s})
+    Q_EMIT OutrosEnderecos({});
+    Permitir_Editar_E_Eliminar(false);
+    for (const Linha &linha : linhas_)
+        if (const cartao::Comandos &comandos = linha.desenho->comandos; comandos.menu != nullptr)
+            for (const char *comando : {comandos.menu, comandos.botao}) // the list has no menu without a row
+                control<QAction>(janela_, QLatin1StringView(comando)).setEnabled(false);
+    for (const auto &comando : {u"Anterior"_s, u"Seguinte"_s, u"cima"_s, u"baixo"_s})
         control<QAction>(janela_, comando).setEnabled(false);
 }

@@ -4,16 +4,16 @@
 #include "platform/Picture.h"
 #include "platform/Units.h"
 
-#include <QDir>
 #include <QLabel>
-
-using namespace Qt::StringLiterals;
 
 QString Caminho_Da_Fotografia(const Geral &geral, const QString &Fotografia)
 {
-    const bool completo = Fotografia.mid(1, 2) == ":\\"_L1 || Fotografia.startsWith("\\\\"_L1) ||
-                          QDir::isAbsolutePath(Fotografia);
-    return completo ? Fotografia : geral.Ficheiro(Fotografia);
+    return pictureFile(geral.Pasta, Fotografia);
+}
+
+QString Caminho_No_Editor(const Geral &geral, const QString &Fotografia)
+{
+    return Fotografia.contains(u'\\') ? Caminho_Da_Fotografia(geral, Fotografia) : Fotografia;
 }
 
 void Mostrar_Fotografia(QLabel &Thumb, const Picture &imagem, const QRectF &lugar)

@@ -8,8 +8,12 @@ class QRectF;
 class QString;
 
 // With a drive, a network name or a root of its own a path stands by itself; any other begins in the
-// program's folder.
+// program's folder, and may part its folders by backslashes, as older data has it.
 QString Caminho_Da_Fotografia(const Geral &geral, const QString &Fotografia);
+
+// The editor takes a path as it stands and doesn't look in the program's folder, save for one with
+// backslashes, which means nothing anywhere else.
+QString Caminho_No_Editor(const Geral &geral, const QString &Fotografia);
 
 // Shows the picture on the label and the label at that place, in twips. Raises Failure for a broken picture,
 // and leaves the label as it was.

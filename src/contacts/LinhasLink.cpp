@@ -1,5 +1,6 @@
 #include "contacts/LinhasLink.h"
 
+#include "contacts/LinhasCartao.h"
 #include "data/Geral.h"
 #include "platform/Controls.h"
 #include "platform/ListBox.h"
@@ -14,9 +15,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr qint16 texto_enviar_email = 55;
-constexpr qint16 texto_visitar = 56;
-
 // The desktop's colours of a row: under the pointer; once the pointer went to another row, or off a row
 // without text; once it left the rows. The last two differ on purpose.
 constexpr QPalette::ColorRole realce = QPalette::Highlight;
@@ -73,16 +71,14 @@ bool Perde_As_Teclas(const QEvent &event)
 }
 } // namespace
 
-LinhasLink::LinhasLink(QWidget &janela, Geral &geral)
-    : QObject(&janela),
-      geral_(geral),
-      txtWebsite(control<QLineEdit>(janela, u"txtWebsite"_s)),
-      linhas_{&control<QLineEdit>(janela, u"txtEmail1"_s), &control<QLineEdit>(janela, u"txtEmail2"_s),
-              &txtWebsite}
+LinhasLink::LinhasLink(QWidget &janela, Geral &geral) : QObject(&janela), geral_(geral)
 {
-    for (QLineEdit *linha : linhas_)
-        linha->installEventFilter(this);
-    QWidget *formulario = txtWebsite.parentWidget();
+    for (const cartao::Linha &linha : cartao::linhas)
+        if (linha.dica != 0)
+            linhas_.push_back({&control<QLineEdit>(janela, QLatin1StringView(linha.caixa)), linha.dica});
+    for (const Linha &linha : linhas_)
+        linha.caixa->installEventFilter(this);
+    QWidget *formulario = linhas_.front().caixa->parentWidget();
     for (QWidget *fora : {formulario, control<ListBox>(janela, u"ListaNomes"_s).viewport()}) {
         fora->setMouseTracking(true);
         fora->installEventFilter(this);
@@ -91,8 +87,9 @@ LinhasLink::LinhasLink(QWidget &janela, Geral &geral)
 
 bool LinhasLink::eventFilter(QObject *alvo, QEvent *event)
 {
-    const auto encontrada = std::find(linhas_.begin(), linhas_.end(), alvo);
-    QLineEdit *linha = encontrada == linhas_.end() ? nullptr : *encontrada;
+    const auto encontrada = std::find_if(linhas_.begin(), linhas_.end(),
+                                         [alvo](const Linha &linha) { return linha.caixa == alvo; });
+    const Linha *linha = encontrada == linhas_.end() ? nullptr : &*encontrada;
     if (event->type() == QEvent::MouseMove)
         linha != nullptr ? Passar_Sobre(*linha) : Sair_Das_Linhas();
     else if (linha != nullptr && Chega_Pelas_Teclas(*event))
@@ -100,39 +97,41 @@ bool LinhasLink::eventFilter(QObject *alvo, QEvent *event)
     else if (linha != nullptr && Perde_As_Teclas(*event))
         Sair_Das_Linhas();
     else if (linha != nullptr && (Clique(*event) || Enter(*event)))
-        Seguir(*linha);
+        Seguir(*linha->caixa);
     return false;
 }
 
 // The toolkit selects the text of a field that the keyboard reaches, behind this event. A row with a
 // selection would not open, neither here nor from the menu.
-void LinhasLink::Chegar_Pelas_Teclas(QLineEdit &linha)
+void LinhasLink::Chegar_Pelas_Teclas(const Linha &linha)
 {
     Passar_Sobre(linha);
-    QMetaObject::invokeMethod(&linha, &QLineEdit::deselect, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(linha.caixa, &QLineEdit::deselect, Qt::QueuedConnection);
 }
 
-void LinhasLink::Passar_Sobre(QLineEdit &linha)
+void LinhasLink::Passar_Sobre(const Linha &linha)
 {
     LinkActivo = u"0"_s;
-    const bool cheia = !linha.text().isEmpty();
+    QLineEdit &caixa = *linha.caixa;
+    const bool cheia = !caixa.text().isEmpty();
     if (cheia)
-        linha.setCursor(Qt::PointingHandCursor);
+        caixa.setCursor(Qt::PointingHandCursor);
     else
-        linha.unsetCursor();
-    Sublinhar(linha, cheia);
-    linha.setToolTip(cheia ? Dica(linha) : QString());
-    if (!cheia || !Realcada(linha)) Pintar(linha, cheia ? realce : texto_da_janela);
-    for (QLineEdit *outra : linhas_)
-        if (outra != &linha && Realcada(*outra)) Pintar(*outra, texto_da_janela);
+        caixa.unsetCursor();
+    Sublinhar(caixa, cheia);
+    caixa.setToolTip(cheia ? withoutMnemonic(geral_.Ler_Idioma(linha.dica)) + u' ' + caixa.text()
+                           : QString());
+    if (!cheia || !Realcada(caixa)) Pintar(caixa, cheia ? realce : texto_da_janela);
+    for (const Linha &outra : linhas_)
+        if (outra.caixa != &caixa && Realcada(*outra.caixa)) Pintar(*outra.caixa, texto_da_janela);
 }
 
 void LinhasLink::Sair_Das_Linhas()
 {
     if (LinkActivo != "0"_L1) return;
-    for (QLineEdit *linha : linhas_) {
-        if (Realcada(*linha)) Pintar(*linha, moldura_da_janela);
-        Sublinhar(*linha, false);
+    for (const Linha &linha : linhas_) {
+        if (Realcada(*linha.caixa)) Pintar(*linha.caixa, moldura_da_janela);
+        Sublinhar(*linha.caixa, false);
     }
     LinkActivo = u"1"_s;
 }
@@ -140,10 +139,4 @@ void LinhasLink::Sair_Das_Linhas()
 void LinhasLink::Seguir(QLineEdit &linha)
 {
     if (!linha.text().isEmpty() && !linha.hasSelectedText()) Q_EMIT Clicada(&linha);
-}
-
-QString LinhasLink::Dica(const QLineEdit &linha)
-{
-    const qint16 texto = &linha == &txtWebsite ? texto_visitar : texto_enviar_email;
-    return withoutMnemonic(geral_.Ler_Idioma(texto)) + u' ' + linha.text();
 }

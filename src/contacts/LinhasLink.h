@@ -3,9 +3,9 @@
 // here.
 #pragma once
 
-#include <array>
 #include <QObject>
 #include <QString>
+#include <vector>
 
 class Geral;
 class QLineEdit;
@@ -15,7 +15,7 @@ class LinhasLink final : public QObject
 {
     Q_OBJECT
 public:
-    // The window must hold txtEmail1, txtEmail2, txtWebsite and ListaNomes; it owns them.
+    // The window must hold the rows of the card that are links, and ListaNomes; it owns them.
     LinhasLink(QWidget &janela, Geral &geral);
 
     bool eventFilter(QObject *alvo, QEvent *event) override;
@@ -26,14 +26,17 @@ Q_SIGNALS:
     void Clicada(QLineEdit *linha);
 
 private:
-    void Passar_Sobre(QLineEdit &linha);
+    struct Linha {
+        QLineEdit *caixa;
+        qint16 dica; // the text before the address
+    };
+
+    void Passar_Sobre(const Linha &linha);
     void Sair_Das_Linhas();
-    void Chegar_Pelas_Teclas(QLineEdit &linha);
+    void Chegar_Pelas_Teclas(const Linha &linha);
     void Seguir(QLineEdit &linha);
-    QString Dica(const QLineEdit &linha);
 
     Geral &geral_;
-    QLineEdit &txtWebsite;
-    std::array<QLineEdit *, 3> linhas_;
+    std::vector<Linha> linhas_;
     QString LinkActivo = QStringLiteral("1"); // "0" over a row, "1" once the look has been cleared
 };

@@ -130,11 +130,10 @@ void frmAddEdit::Mostrar_Foto(const QString &ficheiro)
     Mostrar_Fotografia(*Thumb, imagem, Lugar_Da_Foto(QSizeF(imagem.naturalSize()) * twipsPerPixel));
 }
 
-// The path as it stands: unlike the card, the editor doesn't look in the program's folder.
 void frmAddEdit::Mostrar_Foto_Do_Contacto()
 {
     if (txtFotografia->text().isEmpty()) return;
-    onFailure([&] { Mostrar_Foto(txtFotografia->text()); },
+    onFailure([&] { Mostrar_Foto(Caminho_No_Editor(geral_, txtFotografia->text())); },
               [&](const Failure &) { Mostrar_Foto(geral_.Ficheiro(u"fotoerro_small.jpg"_s)); });
 }
 

@@ -1,9 +1,7 @@
 #include "data/EstadoMessenger.h"
 
-#include "platform/Controls.h"
-
-#include <QAction>
 #include <QIcon>
+#include <QString>
 
 using namespace Qt::StringLiterals;
 
@@ -34,16 +32,9 @@ bool estado_messenger::Presente(const QString &codigo)
     return Ligado(codigo) && Imagem(codigo) != imagem_desligado;
 }
 
+QIcon estado_messenger::Botao(const QString &codigo) { return Icone(Imagem(codigo)); }
+
 QIcon estado_messenger::Retrato(const QString &codigo)
 {
-    return Ligado(codigo) ? Icone(Imagem(codigo)) : QIcon(u":/imagens/card/email.svg"_s);
-}
-
-void estado_messenger::Mostrar(const QObject &janela, const QString &codigo)
-{
-    auto &botao = control<QAction>(janela, u"messenger"_s);
-    botao.setIcon(Icone(Imagem(codigo)));
-    botao.setProperty("Image", Imagem(codigo));
-    for (const auto &comando : {u"messenger"_s, u"mnuMessenger"_s, u"RightClickMessenger"_s})
-        control<QAction>(janela, comando).setEnabled(Ligado(codigo));
+    return Ligado(codigo) ? Botao(codigo) : QIcon(u":/imagens/card/email.svg"_s);
 }

@@ -6,6 +6,7 @@
 #include "online/Codificar_Email.h"
 #include "online/frmPopupEmail.h"
 #include "platform/Controls.h"
+#include "platform/Failure.h"
 #include "platform/Label.h"
 #include "platform/ListBox.h"
 #include "platform/Platform.h"
@@ -24,6 +25,7 @@ CicloCorreio::CicloCorreio(QMainWindow &janela, Geral &geral, Platform &platform
       lblTemporizador(control<Label>(janela, u"lblTemporizador"_s))
 {
     Temporizadores &t = geral_.temporizadores;
+    t.TimerMailNotification3.setTimerType(Qt::PreciseTimer); // one notice must not cut the other short
     connect(&t.TimerMailNotification, &QTimer::timeout, this, &CicloCorreio::TimerMailNotification_Timer);
     connect(&t.TimerMailNotification3, &QTimer::timeout, this, &CicloCorreio::TimerMailNotification3_Timer);
     connect(&t, &Temporizadores::IniciarMail, this, &CicloCorreio::IniciarMail);
@@ -46,7 +48,7 @@ void CicloCorreio::IniciarMail()
     if (!Activo()) return;
     lblTemporizador.setCaption(QString::number(geral_.EmailNotifyMinutos));
     geral_.temporizadores.TimerMailNotification.setEnabled(true);
-    if (lstEmails.ListCount() == 0) Preencher_Fila();
+    if (lstEmails.ListCount() == 0) skipFailure([this] { Preencher_Fila(); });
 }
 
 void CicloCorreio::Preencher_Fila()
@@ -78,11 +80,13 @@ void CicloCorreio::lblTemporizador_Change()
     VerificarConta();
 }
 
-// The account stays in the queue: it goes when the next one is wanted.
+// The account stays in the queue: it goes when the next one is wanted. One that is gone by now, or can't be
+// read, is passed over without a word.
 void CicloCorreio::VerificarConta()
 {
     platform_.mail.setActivo(false);
-    if (lstEmails.ListCount() > 0) Entregar_Primeira_Conta();
+    while (lstEmails.ListCount() > 0 && !skipFailure([this] { Entregar_Primeira_Conta(); }))
+        lstEmails.RemoveItem(0);
     geral_.temporizadores.TimerMailNotification3.setEnabled(true);
 }
 
@@ -157,18 +161,26 @@ void CicloCorreio::mnuMailNotification_Click()
     Popup();
 }
 
-// The one card, which loads at its first notice.
+// The one card, which loads at its first notice. The next one brings it back if it is on its way down.
 frmPopupEmail &CicloCorreio::Popup()
 {
-    if (popup_) return *popup_;
+    if (popup_)
+        popup_->stayUp();
+    else
+        Carregar_Popup();
+    return *popup_;
+}
+
+void CicloCorreio::Carregar_Popup()
+{
     geral_.temporizadores.TimerMailNotification.setEnabled(false);
     if (EmailActual.isEmpty()) geral_.ErroMail = 1; // there is no account yet
     const QString texto = EmailActual.isEmpty() ? geral_.Ler_Idioma(260)
                                                 : EmailActual + u" ("_s + geral_.Ler_Idioma(261) + u')';
     popup_ = new frmPopupEmail(janela_, texto);
     connect(popup_, &RisingCard::Click, this, &CicloCorreio::Popup_Click);
+    connect(popup_, &RisingCard::Unloaded, this, [this] { popup_.clear(); });
     popup_->show();
-    return *popup_;
 }
 
 void CicloCorreio::Popup_Click()

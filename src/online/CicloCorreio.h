@@ -1,6 +1,7 @@
 // The mail cycle: a chain of timers that walks the user's accounts one at a time, hands each to the mail
 // checker, looks at the result five seconds later, and raises the card with a sound when there is news. The
-// order of its steps is its behaviour: which account is looked at when follows from it alone.
+// order of its steps is its behaviour: which account is looked at when follows from it alone. What fails is
+// told by the checker's result alone: the cycle itself shows no error.
 #pragma once
 
 #include <QObject>
@@ -26,7 +27,7 @@ public:
     void IniciarMail();
     // Goes on at once.
     void ReiniciarMail();
-    // Hands the queue's first account to the checker.
+    // Hands the queue's first account to the checker. Accounts that are gone leave the queue.
     void VerificarConta();
 
 Q_SIGNALS:
@@ -48,6 +49,7 @@ private:
     void Parar_Verificacao();
     void Avancar_Fila();
     frmPopupEmail &Popup();
+    void Carregar_Popup();
 
     QMainWindow &janela_;
     Geral &geral_;

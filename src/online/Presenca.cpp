@@ -15,23 +15,34 @@ using namespace Qt::StringLiterals;
 
 Presenca::Presenca(QMainWindow &janela, Geral &geral, Platform &platform)
     : QObject(&janela),
-      janela_(janela),
       geral_(geral),
       platform_(platform),
       txtEmail1(control<QLineEdit>(janela, u"txtEmail1"_s)),
       txtEmail2(control<QLineEdit>(janela, u"txtEmail2"_s)),
       imgEmail1(control<IconLabel>(janela, u"imgEmail1"_s)),
-      imgEmail2(control<IconLabel>(janela, u"imgEmail2"_s))
+      imgEmail2(control<IconLabel>(janela, u"imgEmail2"_s)),
+      messenger(control<QAction>(janela, u"messenger"_s)),
+      mnuMessenger(control<QAction>(janela, u"mnuMessenger"_s)),
+      RightClickMessenger(control<QAction>(janela, u"RightClickMessenger"_s))
 {
     connect(&geral_.temporizadores.TimerStatusOfContact, &QTimer::timeout, this,
             &Presenca::ActualizarEstadoMessenger);
-    for (const auto &comando : {u"messenger"_s, u"mnuMessenger"_s, u"RightClickMessenger"_s})
-        connect(&control<QAction>(janela_, comando), &QAction::triggered, this,
-                [this] { Conversar(EmailMessenger == "2"_L1 ? txtEmail2.text() : txtEmail1.text()); });
+    for (QAction *comando : {&messenger, &mnuMessenger, &RightClickMessenger})
+        connect(comando, &QAction::triggered, this, &Presenca::Conversar);
     connect(&imgEmail1, &IconLabel::Click, this, [this] {
-        if (EmailMessenger == "1"_L1 && estado_messenger::Presente(EstadoMessenger))
-            Conversar(txtEmail1.text());
+        if (EmailMessenger == "1"_L1 && estado_messenger::Presente(EstadoMessenger)) Conversar();
     });
+}
+
+void Presenca::Mostrar_Guardado(const QString &MSNMessenger)
+{
+    EmailMessenger.clear();
+    if (!txtEmail1.text().isEmpty())
+        EmailMessenger = u"1"_s;
+    else if (!txtEmail2.text().isEmpty())
+        EmailMessenger = u"2"_s;
+    EstadoMessenger = MSNMessenger;
+    Mostrar_Estado();
 }
 
 // The first address wins as soon as the messenger knows it; the second is only looked at when the first says
@@ -42,14 +53,13 @@ void Presenca::ActualizarEstadoMessenger()
     EmailMessenger = u"1"_s;
     Ler_Estado(txtEmail1.text());
     const bool espera_pelo_segundo = EstadoMessenger.isEmpty() && !txtEmail2.text().isEmpty();
-    if (!espera_pelo_segundo) Mostrar_Estado(imgEmail1);
+    if (!espera_pelo_segundo) Mostrar_Estado();
     Guardar_Estado(txtEmail1.text());
 
-    if (!espera_pelo_segundo && EstadoMessenger != "0"_L1)
-        return imgEmail2.setIcon(estado_messenger::Retrato({}));
+    if (!espera_pelo_segundo && EstadoMessenger != "0"_L1) return;
     EmailMessenger = u"2"_s;
     Ler_Estado(txtEmail2.text());
-    Mostrar_Estado(imgEmail2);
+    Mostrar_Estado();
     Guardar_Estado(txtEmail2.text());
 }
 
@@ -61,10 +71,16 @@ void Presenca::Ler_Estado(const QString &morada)
     if (const auto status = platform_.messenger.status(morada)) EstadoMessenger = QString::number(*status);
 }
 
-void Presenca::Mostrar_Estado(IconLabel &imagem)
+// One address bears the presence, and the other one has the plain picture.
+void Presenca::Mostrar_Estado()
 {
-    imagem.setIcon(estado_messenger::Retrato(EstadoMessenger));
-    skipFailure([&] { estado_messenger::Mostrar(janela_, EstadoMessenger); });
+    const bool segundo = EmailMessenger == "2"_L1;
+    imgEmail1.setIcon(estado_messenger::Retrato(segundo ? QString() : EstadoMessenger));
+    imgEmail2.setIcon(estado_messenger::Retrato(segundo ? EstadoMessenger : QString()));
+    messenger.setIcon(estado_messenger::Botao(EstadoMessenger));
+    messenger.setProperty("Image", estado_messenger::Imagem(EstadoMessenger));
+    for (QAction *comando : {&messenger, &mnuMessenger, &RightClickMessenger})
+        comando->setEnabled(estado_messenger::Ligado(EstadoMessenger));
 }
 
 // Every row that carries the address takes the presence.
@@ -87,4 +103,8 @@ void Presenca::SincronizarMessenger()
     }
 }
 
-void Presenca::Conversar(const QString &morada) { platform_.messenger.openConversation(morada); }
+void Presenca::Conversar()
+{
+    const QString morada = (EmailMessenger == "2"_L1 ? txtEmail2 : txtEmail1).text();
+    if (!morada.isEmpty()) platform_.messenger.openConversation(morada);
+}

@@ -1,11 +1,14 @@
-// The presence of contacts in the desktop's messenger: of the one on the card, every few seconds, and of all
-// of them at the start. Whatever the messenger does not answer is skipped without a word.
+// The presence of contacts in the desktop's messenger: of the one on the card, as it was stored and then
+// every few seconds anew, and of all of them at the start. It alone knows which address of the card the
+// presence belongs to, and sets the pictures beside the addresses and the ways to a conversation. Whatever
+// the messenger does not answer is skipped without a word.
 #pragma once
 
 #include <QObject>
 
 class Geral;
 class IconLabel;
+class QAction;
 class QLineEdit;
 class QMainWindow;
 struct Platform;
@@ -18,6 +21,10 @@ public:
     // menu entries.
     Presenca(QMainWindow &janela, Geral &geral, Platform &platform);
 
+    // Another contact's addresses are on the card, or none: what was known of the one before is forgotten,
+    // and the stored code shows until the messenger is asked. It stands for the first address that there is.
+    void Mostrar_Guardado(const QString &MSNMessenger);
+
     // Writes the presence of every contact that the messenger knows to all rows that carry the address.
     void SincronizarMessenger();
 
@@ -27,15 +34,15 @@ Q_SIGNALS:
 private:
     void ActualizarEstadoMessenger();
     void Ler_Estado(const QString &morada);
-    void Mostrar_Estado(IconLabel &imagem);
+    void Mostrar_Estado();
     void Guardar_Estado(const QString &morada);
-    void Conversar(const QString &morada);
+    void Conversar();
 
-    QMainWindow &janela_;
     Geral &geral_;
     Platform &platform_;
     QLineEdit &txtEmail1, &txtEmail2;
     IconLabel &imgEmail1, &imgEmail2;
-    QString EmailMessenger;  // "1" or "2": the address of the card that the presence belongs to
+    QAction &messenger, &mnuMessenger, &RightClickMessenger;
+    QString EmailMessenger; // "1" or "2": the address of the card that the presence belongs to; empty without
     QString EstadoMessenger; // the last status as text; empty if the contact wasn't found
 };

@@ -1,7 +1,9 @@
 #include "platform/Picture.h"
 
 #include "platform/Failure.h"
+#include "platform/ProgramFolder.h"
 
+#include <QDir>
 #include <QImageReader>
 
 namespace
@@ -26,6 +28,13 @@ void prepare(QImageReader &reader)
 // amount of work. A picture is points.
 bool isDrawing(const QImageReader &reader) { return reader.format().startsWith("svg"); }
 } // namespace
+
+QString pictureFile(const QString &folder, const QString &stored)
+{
+    const bool complete = stored.mid(1, 2) == QLatin1String(":\\") ||
+                          stored.startsWith(QLatin1String("\\\\")) || QDir::isAbsolutePath(stored);
+    return complete ? stored : fileIn(folder, QString(stored).replace(u'\\', QDir::separator()));
+}
 
 Picture::Picture(const QString &path) : path_(path)
 {

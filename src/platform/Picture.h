@@ -5,6 +5,10 @@
 #include <QSize>
 #include <QString>
 
+// The file that a stored path means. With a drive, a network name or a root of its own it stands by itself;
+// any other begins in the folder, and may part its folders in the manner of another system.
+QString pictureFile(const QString &folder, const QString &stored);
+
 class Picture
 {
 public:

@@ -16,6 +16,7 @@ constexpr int below = 10; // from the edge of the screen to the top of a card th
 constexpr int rightMargin = 100;
 constexpr int hiddenPart = 10; // of the height: the rise ends once less of it than this is below the edge
 
+constexpr int intervalOfRise = 10;
 constexpr int intervalAfterRise = 3000;
 
 constexpr unsigned colourText = 0x302820;
@@ -32,6 +33,7 @@ RisingCard::RisingCard(QWidget &mainWindow, int timeout)
     letters.setColor(QPalette::Window, colour(colourWhite));
     letters.setColor(QPalette::WindowText, colour(colourText));
     setPalette(letters);
+    TimerTimeout.setTimerType(Qt::PreciseTimer);
     connect(&TimerUp, &QTimer::timeout, this, &RisingCard::TimerUp_Timer);
     connect(&TimerDown, &QTimer::timeout, this, &RisingCard::TimerDown_Timer);
     connect(&TimerTimeout, &QTimer::timeout, this, &RisingCard::sink);
@@ -45,10 +47,21 @@ void RisingCard::rise()
     TimerUp.setEnabled(true);
 }
 
+void RisingCard::stayUp()
+{
+    if (!TimerDown.Enabled()) return;
+    TimerDown.setEnabled(false);
+    if (risen()) return;
+    TimerUp.setInterval(intervalOfRise);
+    TimerUp.setEnabled(true);
+}
+
+bool RisingCard::risen() const { return twips(screen_.height()) - (twips(height()) - hiddenPart) >= top_; }
+
 void RisingCard::TimerUp_Timer()
 {
     moveTo(top_ - step);
-    if (twips(screen_.height()) - (twips(height()) - hiddenPart) < top_) return;
+    if (!risen()) return;
     TimerUp.setEnabled(false);
     TimerUp.setInterval(intervalAfterRise);
     stayOnTop();

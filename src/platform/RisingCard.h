@@ -22,13 +22,17 @@ public:
     // Begins the sink. While the rise is still under way the card waits for its end.
     void sink() { TimerDown.setEnabled(true); }
 
+    // A card that is sinking, or about to, turns round and rises from where it is: it has something new to
+    // show. Its time-out is the form's matter.
+    void stayUp();
+
     // Twips from the top and left edges of the primary screen.
     int Top() const { return top_; }
     int Left() const { return left_; }
 
     Timer TimerUp{10, false};
     Timer TimerDown{10, false};
-    Timer TimerTimeout; // lets the card sink by itself
+    Timer TimerTimeout; // lets the card sink by itself; exact to the millisecond
 
 Q_SIGNALS:
     void Click();
@@ -41,6 +45,7 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
+    bool risen() const;
     void TimerUp_Timer();
     void TimerDown_Timer();
     void moveTo(int top);

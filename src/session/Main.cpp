@@ -89,7 +89,10 @@ Main::Main(Geral &geral, Platform &platform)
     connect(edicao, &EdicaoContacto::Sem_Grupos, grupos, &::Grupos::Mostrar_frmNovoGrupo);
     connect(grupos, &::Grupos::CriarUtilizador, utilizadores, &::Utilizadores::Mostrar_frmNovoUser);
     connect(&geral_.temporizadores.timerPonto, &QTimer::timeout, this, &Main::timerPonto_Timer);
-    connect(correio_, &CicloCorreio::Abrir_Opcoes, this, &Main::Opcoes_Click);
+    connect(correio_, &CicloCorreio::Abrir_Opcoes, this, [this] {
+        if (tray_->Destrancar()) Opcoes_Click(); // its card is in view while the window is locked
+    });
+    connect(cartao_, &CartaoContacto::OutrosEnderecos, presenca_, &Presenca::Mostrar_Guardado);
     connect(ListaNomes, &ListBox::RightButtonUp, this, [this](const QPoint &lugar) {
         if (ListaNomes->ListIndex() >= 0) RightClick->popup(lugar);
     });

@@ -75,6 +75,12 @@ void SystemTray::Trazer_Janela()
     if (!janela_.isVisible()) janela_.show();
 }
 
+bool SystemTray::Destrancar()
+{
+    if (TrayBloqueado_) Restaurar_Janela();
+    return !TrayBloqueado_;
+}
+
 // A modal form lets further messages of the icon arrive while it stands open. Some hosts draw the menu
 // themselves and open it without asking, so its entries are dead meanwhile.
 void SystemTray::Pedir_Senha()

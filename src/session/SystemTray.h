@@ -22,13 +22,17 @@ public:
     // Hides the window. With the user's password preference set, locks it too and shows the other icon.
     void Minimizar_Tray();
 
-    // Brings a hidden window back, through frmLogin if the user's preference asks for the password. While that
-    // stands open, further calls do nothing.
+    // Brings a hidden window back, through frmLogin if the user's preference asks for the password. While
+    // that stands open, further calls do nothing.
     void Restaurar_Janela();
 
     // For whom has something to show in the window: reopens it the locked way if it was locked, otherwise
     // restores it from minimised and shows it from hidden.
     void Trazer_Janela();
+
+    // For whom opens something of the user's without the window: asks for the password if it is locked.
+    // Whether it is open afterwards.
+    bool Destrancar();
 
     bool TrayBloqueado() const { return TrayBloqueado_; }
 

@@ -102,6 +102,9 @@ Colunas Com_Aniversario(Colunas colunas, const QString &Dia = u"7"_s, const QStr
 // A birthday that is no date: the card of such a contact fails.
 Colunas Sem_Data(const QString &nomes) { return Com_Aniversario(Preenchido(nomes), u"31"_s, u"4"_s); }
 
+const QStringList editar_e_eliminar{u"EditarContacto"_s, u"editar_contacto"_s, u"EliminarContacto"_s,
+                                    u"eliminar_contacto"_s};
+
 constexpr QRect foto_por_omissao(352, 27, 161, 155);
 
 // Does that as soon as the picture moves to the place of the one for want of a picture.
@@ -377,12 +380,65 @@ private Q_SLOTS:
         QFETCH(QString, Ano);
         ComJanela c;
         Esperar_Erro_Do_Cartao(c);
-        c.Mostrar(Com_Aniversario(Preenchido(u"Telefone1"_s), Dia, Mes, Ano));
+        const int id = c.Mostrar(Com_Aniversario(Preenchido(u"Telefone1"_s), Dia, Mes, Ano));
         QVERIFY(c.s.caixas.Todas_Vistas());
         QVERIFY(c.janela.txtIdade->text().isEmpty());
+        QCOMPARE(c.s.geral.IDContacto, id);
+        QVERIFY(Ligados(c.janela, {u"Anterior"_s, u"Seguinte"_s, u"cima"_s, u"baixo"_s}, false));
+    }
+
+    void um_contacto_que_se_encontrou_pode_ser_editado_e_eliminado_mesmo_sem_cartao()
+    {
+        ComJanela c;
         QVERIFY(!Editar_E_Eliminar(c.janela));
-        QVERIFY(
-            Ligados(c.janela, {u"EditarContacto"_s, u"EliminarContacto"_s, u"cima"_s, u"baixo"_s}, false));
+        Esperar_Erro_Do_Cartao(c);
+        c.Mostrar(Sem_Data(u""_s));
+        QVERIFY(Editar_E_Eliminar(c.janela));
+        QVERIFY(Ligados(c.janela, editar_e_eliminar));
+    }
+
+    void um_contacto_que_nao_se_encontrou_nao_pode_ser_editado_nem_eliminado_data()
+    {
+        QTest::addColumn<QString>("perda"); // what another copy of the program did to the second contact
+        QTest::newRow("eliminado") << u"DELETE FROM TblLista WHERE ID=%1"_s;
+        QTest::newRow("sem grupo") << u"UPDATE TblLista SET Grupo=777 WHERE ID=%1"_s;
+        QTest::newRow("ID a mais") << QString();
+    }
+    void um_contacto_que_nao_se_encontrou_nao_pode_ser_editado_nem_eliminado()
+    {
+        QFETCH(QString, perda);
+        ComJanela c;
+        c.Mostrar(Preenchido(u""_s));
+        QVERIFY(Editar_E_Eliminar(c.janela));
+        const int perdido = c.s.Novo_Contacto(Preenchido(u""_s));
+        c.janela.ListaNomes->AddItem(u"Perdido"_s);
+        c.janela.ListaNomes->setItemData(1, perda.isEmpty() ? 32768 : perdido);
+        if (!perda.isEmpty()) c.s.Escrever(perda.arg(perdido));
+        Esperar_Erro_Do_Cartao(c);
+        c.janela.ListaNomes->setListIndex(1);
+        QVERIFY(c.s.caixas.Todas_Vistas());
+        QVERIFY(!c.janela.cmdEditar->isEnabled() && !c.janela.cmdEliminar->isEnabled());
+        QVERIFY(Ligados(c.janela, editar_e_eliminar, false));
+    }
+
+    void IDContacto_e_IndiceContacto_mudam_juntos_ou_nenhum()
+    {
+        ComJanela c;
+        const int ana = c.Mostrar(Preenchido(u""_s));
+        const int mau = c.s.Novo_Contacto(Sem_Data(u""_s));
+        for (const int id : {mau, 32768}) {
+            c.janela.ListaNomes->AddItem(u"Outro"_s);
+            c.janela.ListaNomes->setItemData(c.janela.ListaNomes->NewIndex(), id);
+        }
+        Esperar_Erro_Do_Cartao(c);
+        c.janela.ListaNomes->setListIndex(1);
+        QCOMPARE(c.s.geral.IDContacto, mau);
+        QCOMPARE(c.s.geral.IndiceContacto, 1);
+        c.Escolher(ana);
+        Esperar_Erro_Do_Cartao(c);
+        c.janela.ListaNomes->setListIndex(2); // an ID that doesn't fit
+        QCOMPARE(c.s.geral.IDContacto, ana);
+        QCOMPARE(c.s.geral.IndiceContacto, 0);
     }
 
     void a_falha_deixa_o_que_ja_estava_preenchido_e_nada_dispoe()
@@ -403,7 +459,7 @@ private Q_SLOTS:
         QCOMPARE(c.janela.txtEmail1->text(), u"email1"_s); // of the card before
         QVERIFY(c.janela.txtMorada->toPlainText().isEmpty());
         QCOMPARE(c.s.geral.IDContacto, mau);
-        QCOMPARE(c.s.geral.IndiceContacto, 0);
+        QCOMPARE(c.s.geral.IndiceContacto, 1);
     }
 
     void um_ID_acima_de_32767_nao_cabe_e_mostra_o_texto_256()
@@ -499,6 +555,25 @@ private Q_SLOTS:
         // 900 by 600 twips in the middle of the box of 2415 by 2325 at 5280, 390
         QCOMPARE(c.janela.Thumb->geometry(), pixelRect(6037.5, 1252.5, 900, 600));
         QVERIFY(Editar_E_Eliminar(c.janela));
+    }
+
+    void um_caminho_com_barras_invertidas_le_se_abaixo_da_pasta_do_programa_data()
+    {
+        QTest::addColumn<QString>("caminho");
+        QTest::newRow("uma pasta") << u"fotos\\ana.png"_s;
+        QTest::newRow("daqui") << u".\\fotos\\ana.png"_s;
+        QTest::newRow("desde a raiz de um disco que nao se sabe") << u"\\fotos\\ana.png"_s;
+    }
+    void um_caminho_com_barras_invertidas_le_se_abaixo_da_pasta_do_programa()
+    {
+        QFETCH(QString, caminho);
+        ComJanela c;
+        QVERIFY(QDir(c.s.Pasta()).mkdir(u"fotos"_s));
+        Gravar_Imagem(c.s.Ficheiro(u"fotos/ana.png"_s), {60, 40});
+        c.Mostrar({{u"Nome"_s, u"A"_s}, {u"Fotografia"_s, caminho}});
+        QCOMPARE(Cor_Da_Foto(c.janela), qRgb(200, 0, 0));
+        // the large view shows this very picture
+        QCOMPARE(c.janela.findChild<CartaoContacto *>()->Image1().naturalSize(), QSize(60, 40));
     }
 
     void uma_foto_grande_desce_por_um_divisor_inteiro()

@@ -369,6 +369,20 @@ private Q_SLOTS:
         });
     }
 
+    void um_aniversario_que_nao_deixa_mostrar_o_cartao_corrige_se_no_editor()
+    {
+        Editor e;
+        e.s.caixas.Espera(e.s.Texto(256), box::stop, u"Morvex"_s);
+        e.Mostrar({{u"Nome"_s, u"Ana"_s}, {u"Dia"_s, u"31"_s}, {u"Mes"_s, u"4"_s}, {u"Ano"_s, u"1980"_s}});
+        e.Editar([&](frmAddEdit &form) {
+            QCOMPARE(form.txtDia->text(), u"31"_s);
+            form.txtDia->setText(u"30"_s);
+            form.cmdOk->click();
+        });
+        QCOMPARE(e.Coluna(u"Dia"_s), u"30"_s);
+        QCOMPARE(e.janela.txtAniversario->text(), u"30 Abril 1980"_s);
+    }
+
     void o_grupo_escolhe_se_pelo_nome_e_de_dois_iguais_o_primeiro()
     {
         Editor e;
@@ -530,6 +544,20 @@ private Q_SLOTS:
         Editor e;
         e.Mostrar({{u"Nome"_s, u"Ana"_s}, {u"Fotografia"_s, u"praca_sample.jpg"_s}});
         e.Editar([&](frmAddEdit &form) { QCOMPARE(Foto_A_Vista(e.s, form), u"fotoerro_small.jpg"_s); });
+    }
+
+    void um_caminho_antigo_com_barras_invertidas_ve_se_no_editor_e_fica_como_esta()
+    {
+        Editor e;
+        const QString caminho = u"fotos\\ana.png"_s;
+        QVERIFY(QDir(e.s.Pasta()).mkdir(u"fotos"_s));
+        Pintar(e.s.Ficheiro(u"fotos/ana.png"_s), {20, 20});
+        e.Mostrar({{u"Nome"_s, u"Ana"_s}, {u"Fotografia"_s, caminho}});
+        e.Editar([&](frmAddEdit &form) {
+            QCOMPARE(form.Thumb->pixmap().toImage().pixelColor(10, 10), QColor(Qt::red));
+            form.cmdOk->click();
+        });
+        QCOMPARE(e.Coluna(u"Fotografia"_s), caminho);
     }
 
     void fotos_que_nao_se_deixam_ler_data()

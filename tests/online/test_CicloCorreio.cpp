@@ -3,8 +3,10 @@
 
 #include "online/Codificar_Email.h"
 #include "online/frmPopupEmail.h"
+#include "session/frmLogin.h"
 #include "session/frmOpcoes.h"
 #include "session/Main.h"
+#include "session/SystemTray.h"
 #include "testlib/Accoes.h"
 #include "testlib/Disparar.h"
 #include "testlib/Sistema.h"
@@ -110,6 +112,13 @@ private:
     Toque minuto_, terceiro_;
     QStringList linhas_;
 };
+
+// Ticks until the timer stops by itself.
+void Ate_Ao_Fim(Timer &timer)
+{
+    for (int tique = 0; tique < 100 && timer.Enabled(); ++tique)
+        Disparar(timer);
+}
 
 QString Entrega(int segundo, char16_t conta)
 {
@@ -326,6 +335,181 @@ private Q_SLOTS:
         p.main.lstEmails->AddItem(u"1"_s);
         p.Ciclo().ReiniciarMail();
         QCOMPARE(p.s.correio.historia, (QStringList{u"-"_s, u"+ servidorA|contaA|senhaA"_s}));
+    }
+
+    void uma_conta_eliminada_nas_opcoes_e_passada_a_frente()
+    {
+        Programa p(2);
+        p.Ciclo().IniciarMail();
+        accoes::Quando_Abrir<frmOpcoes>([](frmOpcoes &opcoes) {
+            opcoes.lvEmails->setCurrentItem(opcoes.lvEmails->topLevelItem(0));
+            opcoes.findChild<QPushButton *>(u"cmdEliminar"_s)->click();
+            opcoes.cmdCancelar->click();
+        });
+        p.main.Opcoes->trigger(); // its closing goes on with the queue, and no box comes
+        QCOMPARE(p.s.Linhas(u"SELECT Email FROM TblEmails"_s), QStringList{u"B@x.example"_s});
+        QCOMPARE(p.s.correio.historia.mid(p.s.correio.historia.size() - 2),
+                 (QStringList{u"-"_s, u"+ servidorB|contaB|senhaB"_s}));
+        QCOMPARE(p.main.lstEmails->ListCount(), 1);
+        QVERIFY(p.T().TimerMailNotification3.Enabled());
+    }
+
+    void com_todas_as_contas_eliminadas_a_fila_volta_a_encher_se()
+    {
+        Programa p(2);
+        p.Ciclo().IniciarMail();
+        p.s.Escrever(u"DELETE FROM TblEmails"_s);
+        p.Ciclo().ReiniciarMail();
+        QCOMPARE(p.s.correio.historia, QStringList{u"-"_s});
+        QCOMPARE(p.main.lstEmails->ListCount(), 0);
+        QVERIFY(p.T().TimerMailNotification3.Enabled());
+        p.T().TimerMailNotification.setEnabled(false);
+        Disparar(p.T().TimerMailNotification3);
+        QVERIFY(p.T().TimerMailNotification.Enabled());
+        QVERIFY(p.Popup() == nullptr);
+    }
+
+    void uma_conta_eliminada_a_meio_do_percurso_nao_o_para()
+    {
+        Programa p(3);
+        p.Ciclo().IniciarMail();
+        p.Ciclo().VerificarConta();
+        p.s.Escrever(u"DELETE FROM TblEmails WHERE Email='B@x.example'"_s);
+        p.s.correio.historia.clear();
+        Disparar(p.T().TimerMailNotification3);
+        QCOMPARE(p.s.correio.historia, (QStringList{u"-"_s, u"+ servidorC|contaC|senhaC"_s}));
+        QVERIFY(p.T().TimerMailNotification3.Enabled());
+    }
+
+    void uma_base_que_nao_responde_nao_mostra_caixa_nem_para_os_temporizadores()
+    {
+        Programa p(1);
+        p.s.Escrever(u"DROP TABLE TblEmails"_s);
+        p.Ciclo().IniciarMail(); // no box comes
+        QVERIFY(p.T().TimerMailNotification.Enabled());
+        p.main.lstEmails->AddItem(u"1"_s);
+        p.main.lstEmails->AddItem(u"99999"_s); // no ID of an account is so large
+        p.Ciclo().ReiniciarMail();
+        QVERIFY(p.T().TimerMailNotification3.Enabled());
+        QCOMPARE(p.main.lstEmails->ListCount(), 0);
+    }
+
+    void um_segundo_aviso_faz_subir_outra_vez_o_cartao_que_desce()
+    {
+        Programa p(2);
+        p.Ciclo().IniciarMail();
+        p.Ciclo().VerificarConta();
+        p.s.correio.mensagens = 1;
+        Disparar(p.T().TimerMailNotification3);
+        const QPointer<frmPopupEmail> popup = p.Popup();
+        Ate_Ao_Fim(popup->TimerUp);
+        const int em_cima = popup->Top();
+        Disparar(popup->TimerTimeout);
+        for (int passo = 0; passo < 10; ++passo)
+            Disparar(popup->TimerDown);
+        QCOMPARE(popup->Top(), em_cima + 500);
+
+        p.s.correio.mensagens = 2;
+        Disparar(p.T().TimerMailNotification3);
+        QCOMPARE(p.Popup(), popup.data());
+        QCOMPARE(p.Cartao(), u"2 "_s + p.s.Texto(259) + u" (B@x.example)"_s);
+        QVERIFY(!popup->TimerDown.Enabled());
+        QVERIFY(popup->TimerUp.Enabled());
+        QCOMPARE(popup->TimerUp.interval(), 10);
+        Ate_Ao_Fim(popup->TimerUp);
+        QCOMPARE(popup->Top(), em_cima);
+        QVERIFY(popup->TimerTimeout.Enabled());
+        QCOMPARE(popup->TimerTimeout.interval(), 5000);
+    }
+
+    void um_aviso_no_momento_em_que_o_cartao_ia_descer_deixa_o_onde_esta()
+    {
+        Programa p(2);
+        p.Ciclo().IniciarMail();
+        p.Ciclo().VerificarConta();
+        p.s.correio.mensagens = 1;
+        Disparar(p.T().TimerMailNotification3);
+        const QPointer<frmPopupEmail> popup = p.Popup();
+        Ate_Ao_Fim(popup->TimerUp);
+        const int em_cima = popup->Top();
+        Disparar(popup->TimerTimeout);
+        p.s.correio.mensagens = 2;
+        Disparar(p.T().TimerMailNotification3);
+        QVERIFY(!popup->TimerDown.Enabled());
+        QVERIFY(!popup->TimerUp.Enabled());
+        QCOMPARE(popup->Top(), em_cima);
+    }
+
+    void um_aviso_depois_do_fim_da_descida_traz_um_cartao_novo()
+    {
+        Programa p(2);
+        p.Ciclo().IniciarMail();
+        p.Ciclo().VerificarConta();
+        p.s.correio.mensagens = 1;
+        Disparar(p.T().TimerMailNotification3);
+        frmPopupEmail *const primeiro = p.Popup();
+        Ate_Ao_Fim(primeiro->TimerUp);
+        Disparar(primeiro->TimerTimeout);
+        Ate_Ao_Fim(primeiro->TimerDown); // closed, and not yet deleted
+        p.s.correio.mensagens = 2;
+        Disparar(p.T().TimerMailNotification3);
+        QVERIFY(p.Popup() != nullptr && p.Popup() != primeiro);
+        QCOMPARE(p.Cartao(), u"2 "_s + p.s.Texto(259) + u" (B@x.example)"_s);
+    }
+
+    void os_cinco_segundos_contam_se_com_exactidao()
+    {
+        Programa p(1);
+        p.Ciclo().IniciarMail();
+        p.Ciclo().VerificarConta();
+        p.s.correio.mensagens = 1;
+        Disparar(p.T().TimerMailNotification3);
+        QCOMPARE(p.Popup()->TimerTimeout.timerType(), Qt::PreciseTimer);
+        QCOMPARE(p.T().TimerMailNotification3.timerType(), Qt::PreciseTimer);
+    }
+
+    void com_a_janela_trancada_o_clique_no_cartao_pede_a_senha_data()
+    {
+        QTest::addColumn<QString>("senha"); // empty: the login form is cancelled
+        QTest::addColumn<bool>("abre");
+        QTest::newRow("certa") << u"segredo"_s << true;
+        QTest::newRow("cancelada") << QString() << false;
+    }
+    void com_a_janela_trancada_o_clique_no_cartao_pede_a_senha()
+    {
+        QFETCH(QString, senha);
+        QFETCH(bool, abre);
+        Programa p(1);
+        p.Ciclo().IniciarMail();
+        p.s.Novo_Utilizador(u"Ana"_s, u"segredo"_s, u"11111"_s, true);
+        p.s.Entrar(u"Ana"_s);
+        p.Ciclo().VerificarConta();
+        p.s.correio.falhou = true;
+        Disparar(p.T().TimerMailNotification3);
+        auto &tray = *p.main.findChild<SystemTray *>();
+        tray.Minimizar_Tray();
+        QVERIFY(tray.TrayBloqueado());
+
+        bool abriu = false;
+        accoes::Quando_Abrir<frmLogin>([&](frmLogin &login) {
+            if (abre)
+                accoes::Quando_Abrir<frmOpcoes>([&](frmOpcoes &opcoes) {
+                    abriu = true;
+                    opcoes.cmdCancelar->click();
+                });
+            login.txtPass->setText(senha);
+            (abre ? login.cmdOk : login.cmdCancelar)->click();
+        });
+        bool presa = false; // a form that nobody waits for would hold the test up for ever
+        QTimer::singleShot(10000, &p.main, [&] {
+            presa = true;
+            if (QWidget *form = QApplication::activeModalWidget()) form->close();
+        });
+        QTest::mouseClick(p.Popup(), Qt::LeftButton);
+        QVERIFY(!presa);
+        QCOMPARE(abriu, abre);
+        QCOMPARE(tray.TrayBloqueado(), !abre);
+        QCOMPARE(p.main.isVisible(), abre);
     }
 
     void o_som_do_utilizador_toca_se_o_escolheu()

@@ -1,6 +1,7 @@
 // The presence of contacts: on the card, in the toolbar, and in the column of every row with the address.
 #include "online/Presenca.h"
 
+#include "contacts/ListaContactos.h"
 #include "session/frmLoading.h"
 #include "session/Main.h"
 #include "testlib/Disparar.h"
@@ -21,6 +22,16 @@ class TestPresenca : public QObject
                 {{u"Nome"_s, Value(u"Ana"_s)}, {u"Email1"_s, Value(Email1)}, {u"Email2"_s, Value(Email2)}});
             main.Carregar(); // the one contact is on the card
             s.geral.MessengerActivo = 1;
+        }
+        // A second contact with that presence in the database, and its card, which nothing has polled.
+        void Mostrar_Rui(const QString &Email1, const QString &Email2, const QString &guardado)
+        {
+            const int rui = s.Novo_Contacto(
+                {{u"Nome"_s, Value(u"Rui"_s)}, {u"Email1"_s, Value(Email1)}, {u"Email2"_s, Value(Email2)}});
+            s.Escrever(u"UPDATE TblLista SET MSNMessenger=%1 WHERE ID=%2"_s.arg(guardado).arg(rui));
+            main.ListaNomes->AddItem(u"Rui"_s);
+            main.ListaNomes->setItemData(1, rui);
+            main.ListaNomes->setListIndex(1);
         }
         void Tique() { Disparar(s.geral.temporizadores.TimerStatusOfContact); }
         int Imagem() { return main.messenger->property("Image").toInt(); }
@@ -156,6 +167,85 @@ private Q_SLOTS:
         p.Tique();
         QVERIFY(p.s.mensageiro.perguntas.isEmpty());
         QVERIFY(!p.main.messenger->isEnabled());
+    }
+
+    void o_cartao_mostra_o_estado_guardado_logo_que_abre_data()
+    {
+        QTest::addColumn<QString>("Email1");
+        QTest::addColumn<QString>("Email2");
+        QTest::addColumn<QString>("guardado");
+        QTest::addColumn<QString>("imagem1");
+        QTest::addColumn<QString>("imagem2");
+        QTest::addColumn<QString>("conversa"); // empty: there is nobody to talk to
+        const QString simples = u":/imagens/card/email.svg"_s;
+        const QString ocupado = u":/imagens/toolbar/messenger_19.svg"_s;
+        const QString um = u"rui@x.example"_s;
+        const QString dois = u"rui@y.example"_s;
+        QTest::newRow("o primeiro") << um << QString() << u"'10'"_s << ocupado << simples << um;
+        QTest::newRow("os dois") << um << dois << u"'10'"_s << ocupado << simples << um;
+        QTest::newRow("so o segundo") << QString() << dois << u"'10'"_s << simples << ocupado << dois;
+        QTest::newRow("nenhum estado") << um << dois << u"NULL"_s << simples << simples << QString();
+        QTest::newRow("zero") << um << dois << u"'0'"_s << simples << simples << QString();
+    }
+    void o_cartao_mostra_o_estado_guardado_logo_que_abre()
+    {
+        QFETCH(QString, Email1);
+        QFETCH(QString, Email2);
+        QFETCH(QString, guardado);
+        QFETCH(QString, imagem1);
+        QFETCH(QString, imagem2);
+        QFETCH(QString, conversa);
+        Programa p(u"a@x.example"_s, u"b@x.example"_s);
+        p.s.mensageiro.contactos = {{u"b@x.example"_s, MessengerAPI::Online}};
+        p.Tique(); // Ana's second address is the one that is talked to
+        p.Mostrar_Rui(Email1, Email2, guardado);
+        QVERIFY(Programa::Iguais(p.main.imgEmail1->icon(), imagem1));
+        QVERIFY(Programa::Iguais(p.main.imgEmail2->icon(), imagem2));
+        QCOMPARE(p.main.messenger->isEnabled(), !conversa.isEmpty());
+        p.main.mnuMessenger->trigger();
+        QCOMPARE(p.s.mensageiro.conversas, conversa.isEmpty() ? QStringList() : QStringList{conversa});
+    }
+
+    void o_estado_do_contacto_anterior_nao_abre_conversa_com_o_novo()
+    {
+        Programa p(u"a@x.example"_s);
+        p.s.mensageiro.contactos = {{u"a@x.example"_s, MessengerAPI::Online}};
+        p.Tique();
+        p.Mostrar_Rui(u"rui@x.example"_s, QString(), u"NULL"_s);
+        QTest::mouseClick(p.main.imgEmail1, Qt::LeftButton);
+        QVERIFY(p.s.mensageiro.conversas.isEmpty());
+    }
+
+    void o_estado_guardado_ja_se_deixa_clicar()
+    {
+        Programa p(u"a@x.example"_s);
+        p.Mostrar_Rui(u"rui@x.example"_s, QString(), u"'2'"_s);
+        QTest::mouseClick(p.main.imgEmail1, Qt::LeftButton);
+        QCOMPARE(p.s.mensageiro.conversas, QStringList{u"rui@x.example"_s});
+    }
+
+    void um_cartao_que_se_esvazia_nao_deixa_ninguem_com_quem_conversar()
+    {
+        Programa p(u"a@x.example"_s, u"b@x.example"_s);
+        p.s.mensageiro.contactos = {{u"b@x.example"_s, MessengerAPI::Online}};
+        p.Tique();
+        QVERIFY(p.main.messenger->isEnabled());
+        p.main.findChild<ListaContactos *>()->Limpar_Dados();
+        QCOMPARE(p.Imagem(), 8);
+        for (QAction *comando : {p.main.messenger, p.main.mnuMessenger, p.main.RightClickMessenger})
+            QVERIFY(!comando->isEnabled());
+        p.main.mnuMessenger->trigger();
+        QVERIFY(p.s.mensageiro.conversas.isEmpty());
+    }
+
+    void so_uma_das_duas_imagens_mostra_um_estado()
+    {
+        Programa p(u"a@x.example"_s);
+        p.s.mensageiro.contactos = {{u"rui@y.example"_s, MessengerAPI::Busy}};
+        p.Mostrar_Rui(u"rui@x.example"_s, u"rui@y.example"_s, u"'2'"_s);
+        p.Tique();
+        QVERIFY(Programa::Iguais(p.main.imgEmail1->icon(), u":/imagens/card/email.svg"_s));
+        QVERIFY(Programa::Iguais(p.main.imgEmail2->icon(), u":/imagens/toolbar/messenger_19.svg"_s));
     }
 
     void sincronizar_escreve_todos_e_conta_o_progresso_sem_chegar_a_cem()

@@ -303,6 +303,18 @@ private Q_SLOTS:
         QCOMPARE(Pintar(*outra, 1, ReportPages::OnPaper), primeira);
     }
 
+    void uma_fotografia_com_barras_invertidas_esta_abaixo_da_pasta_da_definicao()
+    {
+        QVERIFY(QDir(folder_.path()).mkdir(u"fotos"_s));
+        QImage foto(40, 20, QImage::Format_RGB32);
+        foto.fill(Qt::red);
+        QVERIFY(foto.save(folder_.filePath(u"fotos/ana.png"_s)));
+        Juntar(u"Ana"_s, {}, u"fotos\\ana.png"_s);
+        const auto pages = Relatorio(
+            u"<detail newpage='yes'><row height='3000'><picture width='2000' height='2000'>{T.Foto}</picture></row></detail>"_s);
+        QCOMPARE(Pintar(*pages, 0, ReportPages::OnPaper).pixelColor(100, 190), QColor(Qt::red));
+    }
+
     void os_registos_saem_como_texto()
     {
         Juntar(u" Ana "_s, u"uma\r\nduas\rtrês"_s);

@@ -142,6 +142,55 @@ private Q_SLOTS:
         QCOMPARE(c.card.Top(), screenHeight + 10);
     }
 
+    void a_card_that_has_something_new_to_show_turns_round_data()
+    {
+        QTest::addColumn<int>("ticks"); // of the sink, before it turns
+        QTest::newRow("before the first step") << 0;
+        QTest::newRow("half-way") << 17;
+        QTest::newRow("almost gone") << 33;
+    }
+    void a_card_that_has_something_new_to_show_turns_round()
+    {
+        QFETCH(int, ticks);
+        Card c;
+        c.card.show();
+        c.riseToTheEnd();
+        c.card.sink();
+        for (int tick = 0; tick < ticks; ++tick)
+            Disparar(c.card.TimerDown);
+        c.card.stayUp();
+        QVERIFY(!c.card.TimerDown.Enabled());
+        QCOMPARE(c.card.TimerUp.Enabled(), ticks > 0);
+        QTRY_VERIFY(!c.card.TimerUp.Enabled());
+        QCOMPARE(c.card.Top(), screenHeight - 1690);
+        QCOMPARE(c.unloads, 0);
+        QVERIFY(c.card.isVisible());
+    }
+
+    void a_card_that_is_not_sinking_stays_as_it_is()
+    {
+        Card c;
+        c.card.show();
+        c.card.rise();
+        c.card.stayUp();
+        QVERIFY(c.card.TimerUp.Enabled());
+        while (c.card.TimerUp.Enabled())
+            Disparar(c.card.TimerUp);
+        c.card.stayUp();
+        QVERIFY(!c.card.TimerUp.Enabled() && !c.card.TimerDown.Enabled());
+        QCOMPARE(c.card.Top(), screenHeight - 1690);
+    }
+
+    void a_sink_called_off_during_the_rise_does_not_come()
+    {
+        Card c;
+        c.card.show();
+        c.card.rise();
+        c.card.sink();
+        c.card.stayUp();
+        QVERIFY(c.card.TimerUp.Enabled() && !c.card.TimerDown.Enabled());
+    }
+
     void the_timers_of_their_own_bring_it_up_and_away()
     {
         Card c({174, 111}, 50);

@@ -169,6 +169,14 @@ private Q_SLOTS:
         QCOMPARE(c.Com_Fotografia(u"retrato.png"_s).Image1().path(), c.s.Ficheiro(u"retrato.png"_s));
     }
 
+    void um_caminho_antigo_com_barras_invertidas_tambem()
+    {
+        ComLista c;
+        QVERIFY(QDir(c.s.Pasta()).mkdir(u"fotos"_s));
+        c.Pintar(u"fotos/ana.png"_s, {20, 20});
+        QCOMPARE(c.Com_Fotografia(u"fotos\\ana.png"_s).Image1().path(), c.s.Ficheiro(u"fotos/ana.png"_s));
+    }
+
     void sem_fotografia_fica_a_de_sempre_em_toda_a_caixa()
     {
         ComLista c;

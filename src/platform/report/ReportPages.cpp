@@ -1,5 +1,7 @@
 #include "platform/report/ReportPages.h"
 
+#include "platform/Picture.h"
+
 #include <QDir>
 #include <QImageReader>
 #include <QPainter>
@@ -356,7 +358,7 @@ void ReportPages::paintPicture(const ReportElement &element, const QString &file
 {
     const QDir folder = QFileInfo(definition_.path).dir();
     const QSizeF area = element.area.size();
-    QImage image = file.isEmpty() ? QImage() : pictureFor(folder.filePath(file), area);
+    QImage image = file.isEmpty() ? QImage() : pictureFor(pictureFile(folder.path(), file), area);
     if (image.isNull() && !element.fallback.isEmpty())
         image = pictureFor(folder.filePath(element.fallback), area);
     if (image.isNull()) return;
