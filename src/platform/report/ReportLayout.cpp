@@ -1,0 +1,265 @@
+#include "platform/report/ReportLayout.h"
+
+#include <algorithm>
+#include <QDir>
+
+namespace
+{
+constexpr std::size_t tooShortToTear = 3; // lines; so few go to the next page together
+} // namespace
+
+// One page in the making.
+class ReportLayout::Sheet
+{
+public:
+    Sheet(ReportLayout &layout, const Place &start, const Numbers &numbers)
+        : layout_(layout),
+          definition_(layout.definition_),
+          numbers_(numbers),
+          first_(start.band),
+          place_(start)
+    {
+    }
+
+    Laid fill();
+
+private:
+    bool fillBand(const ReportBand &band);
+    bool fillRow(const ReportRow &row);
+    bool fillGrowingRow(const ReportRow &row);
+    void putFixed(const ReportBand &band, double top);
+
+    // At their height within the body.
+    void put(const ReportElement &element, std::size_t band, double y);
+    void putText(const ReportElement &element, const QStringList &lines, double y);
+    void putPicture(const ReportElement &element, const QString &file, double y);
+    template<class What> void putItem(What what, const ReportElement &element)
+    {
+        page_.items.push_back({.what = std::move(what), .screenOnly = element.screenOnly});
+    }
+    QRectF areaOf(const ReportElement &element, double y) const
+    {
+        return element.area.translated(definition_.margins.left(),
+                                       definition_.margins.top() + definition_.pageHeader.height + y);
+    }
+
+    ReportLayout &layout_;
+    const ReportDefinition &definition_;
+    const Numbers &numbers_;
+    const std::size_t first_; // the band with which the page begins
+    Place place_;
+    double y_ = 0; // how far the body is filled
+    ReportPage page_;
+};
+
+ReportLayout::Laid ReportLayout::Sheet::fill()
+{
+    putFixed(definition_.pageHeader, -definition_.pageHeader.height);
+    for (; place_.band <= layout_.lastBand(); place_ = {place_.band + 1, 0, 0})
+        if (!fillBand(layout_.bandAt(place_.band))) break;
+    putFixed(definition_.pageFooter, definition_.bodyHeight());
+    return {std::move(page_), place_};
+}
+
+// False when the band, or the rest of it, belongs on the next page. So for the rows below.
+bool ReportLayout::Sheet::fillBand(const ReportBand &band)
+{
+    const double body = definition_.bodyHeight();
+    const bool begins = place_.row == 0 && place_.line == 0;
+    if (begins && y_ > 0) {
+        const double needed = layout_.fixedHeight(band, place_.band);
+        if ((band.newPage && needed > 0) || (y_ + needed > body && needed <= body)) return false;
+    }
+    const double top = y_;
+    for (; place_.row < band.rows.size(); ++place_.row) {
+        const ReportRow &row = band.rows[place_.row];
+        if (begins && row.from > 0 && !layout_.closedUp(row, place_.band)) y_ = std::max(y_, top + row.from);
+        if (!fillRow(row)) return false;
+    }
+    if (begins) y_ = std::min(std::max(y_, top + band.height), body);
+    return true;
+}
+
+bool ReportLayout::Sheet::fillRow(const ReportRow &row)
+{
+    if (layout_.closedUp(row, place_.band)) return true;
+    if (row.grows()) return fillGrowingRow(row);
+    if (y_ > 0 && y_ + row.height > definition_.bodyHeight()) return false;
+    for (const ReportElement &element : row.elements)
+        put(element, place_.band, y_);
+    y_ += row.height;
+    return true;
+}
+
+bool ReportLayout::Sheet::fillGrowingRow(const ReportRow &row)
+{
+    const bool begins = place_.line == 0;
+    double spacing = 0;
+    double top = 0;
+    double below = row.height;
+    std::size_t total = 0;
+    for (const ReportElement &element : row.elements) {
+        if (!element.grows) continue;
+        spacing = std::max(spacing, layout_.lines_.measure(element).spacing());
+        if (begins) top = std::max(top, element.area.top());
+        below = std::min(below, std::max(0.0, row.height - element.area.bottom()));
+        total = std::max(total,
+                         static_cast<std::size_t>(layout_.grownLines(element, place_.band, numbers_).size()));
+    }
+    const double room = (definition_.bodyHeight() - y_ - top) / spacing;
+    auto count = std::min(total - place_.line, room > 0 ? static_cast<std::size_t>(room) : 0);
+    const bool torn = begins && count < total && total <= tooShortToTear;
+    if (y_ > 0 && (torn || (count == 0 && total > 0))) return false;
+    if (count == 0) count = std::min<std::size_t>(total, 1);
+    for (const ReportElement &element : row.elements) {
+        if (element.grows) {
+            const QStringList part =
+                layout_.grownLines(element, place_.band, numbers_)
+                    .mid(static_cast<qsizetype>(place_.line), static_cast<qsizetype>(count));
+            putText(element, part, begins ? y_ : y_ - element.area.top());
+        } else if (begins) {
+            put(element, place_.band, y_);
+        }
+    }
+    const double begun = y_;
+    y_ += top + static_cast<double>(count) * spacing;
+    place_.line += count;
+    if (place_.line < total) return false;
+    place_.line = 0;
+    y_ = begins ? std::max(y_ + below, begun + row.height) : y_ + below;
+    return true;
+}
+
+void ReportLayout::Sheet::putFixed(const ReportBand &band, double top)
+{
+    for (const ReportRow &row : band.rows) {
+        for (const ReportElement &element : row.elements)
+            put(element, first_, top);
+        top += row.height;
+    }
+}
+
+void ReportLayout::Sheet::put(const ReportElement &element, std::size_t band, double y)
+{
+    const QRectF area = areaOf(element, y);
+    const auto text = [&] { return layout_.textOf(element.text, band, numbers_); };
+    switch (element.kind) {
+    case ReportElement::Text:
+        return putText(element, layout_.lines_.fitting(element, text()), y);
+    case ReportElement::Picture:
+        return putPicture(element, text().trimmed(), y);
+    case ReportElement::Line:
+        return putItem(ReportPage::Stroke{.line = {area.topLeft(), area.bottomRight()},
+                                          .thickness = element.thickness,
+                                          .colour = element.colour},
+                       element);
+    case ReportElement::Box:
+        return putItem(
+            ReportPage::Frame{.area = area, .thickness = element.thickness, .colour = element.colour},
+            element);
+    }
+}
+
+void ReportLayout::Sheet::putText(const ReportElement &element, const QStringList &lines, double y)
+{
+    FontMeasure &measure = layout_.lines_.measure(element);
+    const QRectF area = areaOf(element, y);
+    double top = area.top();
+    for (const QString &line : lines) {
+        if (!line.isEmpty()) {
+            const double width = measure.advance(line);
+            const double spare = element.align == Qt::AlignLeft ? 0 : area.width() - width;
+            const double left = area.left() + (element.align == Qt::AlignHCenter ? spare / 2 : spare);
+            putItem(ReportPage::Text{.line = line,
+                                     .area = {left, top, width, measure.spacing()},
+                                     .baseline = top + measure.ascent(),
+                                     .font = element.font,
+                                     .colour = element.colour},
+                    element);
+        }
+        top += measure.spacing();
+    }
+}
+
+void ReportLayout::Sheet::putPicture(const ReportElement &element, const QString &file, double y)
+{
+    const QDir folder = QFileInfo(definition_.path).dir();
+    const auto path = [&](const QString &name) { return name.isEmpty() ? name : folder.filePath(name); };
+    putItem(ReportPage::Picture{.file = path(file),
+                                .fallback = path(element.fallback),
+                                .area = areaOf(element, y)},
+            element);
+}
+
+ReportLayout::ReportLayout(const ReportDefinition &definition, const ReportData &data,
+                           const QHash<QString, QString> &parameters, QString today)
+    : definition_(definition), data_(data), parameters_(parameters), today_(std::move(today))
+{
+}
+
+ReportLayout::Laid ReportLayout::layOut(const Place &start, const Numbers &numbers)
+{
+    return Sheet(*this, start, numbers).fill();
+}
+
+const ReportBand &ReportLayout::bandAt(std::size_t band) const
+{
+    if (band == 0) return definition_.reportHeader;
+    return band == lastBand() ? definition_.reportFooter : definition_.detail;
+}
+
+std::optional<std::size_t> ReportLayout::recordOf(std::size_t band) const
+{
+    if (data_.size() == 0) return std::nullopt;
+    return std::clamp<std::size_t>(band, 1, data_.size()) - 1;
+}
+
+QString ReportLayout::textOf(const ReportText &text, std::size_t band, const Numbers &numbers) const
+{
+    const auto record = recordOf(band);
+    return text.in(
+        {.field = [&](std::size_t field) { return record ? data_.field(*record, field) : QString(); },
+         .parameter = [&](const QString &name) -> const QString * {
+             auto found = parameters_.constFind(name);
+             if (found != parameters_.constEnd()) return &*found;
+             found = definition_.parameters.constFind(name);
+             return found != definition_.parameters.constEnd() ? &*found : nullptr;
+         },
+         .page = numbers.page,
+         .pages = numbers.pages,
+         .date = today_});
+}
+
+bool ReportLayout::closedUp(const ReportRow &row, std::size_t band) const
+{
+    if (!row.closesUp) return false;
+    const auto record = recordOf(band);
+    const auto filled = [&](std::size_t field) {
+        return record && !data_.field(*record, field).trimmed().isEmpty();
+    };
+    return std::none_of(row.elements.begin(), row.elements.end(), [&](const ReportElement &element) {
+        const auto &fields = element.text.fields();
+        return std::any_of(fields.begin(), fields.end(), filled);
+    });
+}
+
+// Of all rows that show, each as if nothing grew.
+double ReportLayout::fixedHeight(const ReportBand &band, std::size_t number) const
+{
+    double height = 0;
+    for (const ReportRow &row : band.rows)
+        if (!closedUp(row, number)) height = std::max(height, row.from) + row.height;
+    return std::max(height, band.height);
+}
+
+// A text that grows breaks its lines alike on all of its pages, so it cannot show their number.
+const QStringList &ReportLayout::grownLines(const ReportElement &element, std::size_t band,
+                                            const Numbers &numbers)
+{
+    if (grownBand_ != band) grown_.clear();
+    grownBand_ = band;
+    const auto found = grown_.find(&element);
+    if (found != grown_.end()) return found->second;
+    return grown_[&element] =
+               lines_.all(element, textOf(element.text, band, {.page = {}, .pages = numbers.pages}));
+}
