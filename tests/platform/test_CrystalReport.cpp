@@ -169,6 +169,70 @@ private Q_SLOTS:
         QCOMPARE(impressora_->historia.size(), 1);
     }
 
+    void uma_seleccao_vazia_nao_vai_para_a_impressora()
+    {
+        idioma_ = u"AlemaoDE"_s;
+        controlo_->ReplaceSelectionFormula(u"{T.ID} =9999"_s);
+        caixas_->Espera(u"Die Auswahl ist leer: Es gibt nichts zu drucken."_s, box::information,
+                        u"Drucken"_s);
+        Correr(ReportControl::Printer);
+        QVERIFY(caixas_->Todas_Vistas());
+        QVERIFY(impressora_->historia.isEmpty());
+    }
+    void a_previsualizacao_de_uma_seleccao_vazia_di_lo_na_folha()
+    {
+        controlo_->ReplaceSelectionFormula(u"{T.ID} =9999"_s);
+        QCOMPARE(Pre_Visualizar().pages()->page(0).lines(),
+                 QStringList{u"A selecção está vazia: não há nada para imprimir."_s});
+        caixas_->Espera(u"A selecção está vazia: não há nada para imprimir."_s, box::information,
+                        u"Imprimir"_s);
+        Accionar(*controlo_->preview(), "print");
+        QVERIFY(caixas_->Todas_Vistas());
+    }
+    void as_linhas_que_nao_cabem_sao_ditas_data()
+    {
+        QTest::addColumn<int>("destination");
+        QTest::newRow("preview") << int(ReportControl::Screen);
+        QTest::newRow("printer") << int(ReportControl::Printer);
+    }
+    void as_linhas_que_nao_cabem_sao_ditas()
+    {
+        QFETCH(int, destination);
+        QFile file(Caminho(u"curto.rpt"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(
+            "<report title='Lista' table='T'><detail><row height='800'><text width='5000' height='480' "
+            "least='10'>{T.Nome}&#10;b&#10;c&#10;d</text></row></detail></report>");
+        file.close();
+        controlo_->setReportFileName(file.fileName());
+        controlo_->ReplaceSelectionFormula(u"{T.ID} =7"_s);
+        caixas_->Espera(u"Estas linhas não cabem na folha, nem em letra mais pequena, e ficam por imprimir:"
+                        "\r\n\r\nc\r\nd"_s,
+                        box::exclamation, u"Imprimir"_s);
+        Correr(destination);
+        QVERIFY(caixas_->Todas_Vistas());
+    }
+    void de_muitas_linhas_que_nao_cabem_dizem_se_as_primeiras()
+    {
+        QFile file(Caminho(u"curto.rpt"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(
+            "<report title='Lista' table='T'><detail><row height='800'><text width='5000' height='480' "
+            ">{T.Nome}&#10;b&#10;{T.Nome}</text></row></detail></report>");
+        file.close();
+        controlo_->setReportFileName(file.fileName());
+        QStringList primeiras;
+        for (int i = 1; i <= 10; ++i)
+            primeiras << u"Nome %1"_s.arg(i);
+        controlo_->setSortFields(0, u"+{T.ID}"_s);
+        caixas_->Espera(u"Estas linhas não cabem na folha, nem em letra mais pequena, e ficam por imprimir:"
+                        "\r\n\r\n"_s +
+                            primeiras.join("\r\n"_L1) + u"\r\n…"_s,
+                        box::exclamation, u"Imprimir"_s);
+        Correr(ReportControl::Printer);
+        QVERIFY(caixas_->Todas_Vistas());
+    }
+
     void um_relatorio_que_falta_e_uma_falha()
     {
         controlo_->setReportFileName(Caminho(u".rpt"_s));
@@ -394,7 +458,7 @@ private Q_SLOTS:
     {
         for (const QString &lingua : {u"PortuguesPT"_s, u"PortuguesBR"_s, u"InglesUK"_s, u"EspanholES"_s,
                                       u"ItalianoIT"_s, u"FrancesFR"_s, u"AlemaoDE"_s})
-            for (int palavra = int(ReportWord::First); palavra <= int(ReportWord::NotWritten); ++palavra) {
+            for (int palavra = int(ReportWord::First); palavra <= int(ReportWord::DoesNotFit); ++palavra) {
                 const QString texto = reportWord(ReportWord(palavra), lingua);
                 QVERIFY(!texto.isEmpty());
                 const bool conta = ReportWord(palavra) == ReportWord::Printing;

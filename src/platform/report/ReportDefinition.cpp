@@ -13,7 +13,6 @@ using namespace Qt::StringLiterals;
 namespace
 {
 constexpr double longest = 100'000; // twips; no sheet of paper is longer
-constexpr int twipsPerPoint = 20;
 constexpr double standardSize = 10; // points
 
 struct Paper {
@@ -79,6 +78,7 @@ private:
     Style style(const QString &name) const;
     ReportText places(const QString &source);
     std::size_t fieldNumber(const ReportField &field);
+    void checkReadable(double points) const;
     void checkTexts() const;
     void checkRoom() const;
 
@@ -224,6 +224,7 @@ void Reader::element(QStringView name)
     if (name == "lookup"_L1) return lookup();
     if (name == "reportheader"_L1) return band(definition_.reportHeader, flows);
     if (name == "pageheader"_L1) return band(definition_.pageHeader, !flows);
+    if (name == "continued"_L1) return band(definition_.continued, !flows);
     if (name == "detail"_L1) return band(definition_.detail, flows);
     if (name == "pagefooter"_L1) return band(definition_.pageFooter, !flows);
     if (name == "reportfooter"_L1) return band(definition_.reportFooter, flows);
@@ -245,11 +246,16 @@ void Reader::paper()
     empty();
 }
 
+void Reader::checkReadable(double points) const
+{
+    if (points < 1) raise(u"A font of %1 points can't be read"_s.arg(points));
+}
+
 void Reader::font()
 {
     const QString name = needed("name");
     const double points = length("size", standardSize);
-    if (points < 1) raise(u"A font of %1 points can't be read"_s.arg(points));
+    checkReadable(points);
     const QString family = text("family", u"Sans Serif"_s);
     const bool bold = flag("bold");
     styles_[name] = {fontOf(family, points, bold, flag("italic")), colour("colour", 0)};
@@ -351,6 +357,9 @@ void Reader::readText(ReportElement &read, bool flows)
     read.align = sides[side];
     read.grows = flag("grow");
     if (read.grows && !flows) raise(u"Nothing can grow in page header and footer"_s);
+    read.least = length("least");
+    if (read.least > 0) checkReadable(read.least);
+    if (read.least > 0 && read.grows) raise(u"A text that grows has no need of \"least\""_s);
     read.dropsLines = flag("closelines");
     read.head = places(text("head"));
     end();
@@ -359,7 +368,7 @@ void Reader::readText(ReportElement &read, bool flows)
 
 Style Reader::style(const QString &name) const
 {
-    if (name.isEmpty()) return {fontOf(u"Sans Serif"_s, standardSize, false, false), 0};
+    if (name.isEmpty()) return {standardReportFont(), 0};
     if (!styles_.contains(name)) raise(u"There is no font of the name %1"_s.arg(name));
     return styles_[name];
 }
@@ -401,9 +410,12 @@ void Reader::checkTexts() const
 void Reader::checkRoom() const
 {
     constexpr double least = 200; // a line of text
-    if (definition_.bodyHeight() < least) raise(u"Margins, page header and page footer leave no room"_s);
+    if (definition_.bodyHeight() - definition_.continued.height < least)
+        raise(u"Margins, page header and page footer leave no room"_s);
 }
 } // namespace
+
+QFont standardReportFont() { return fontOf(u"Sans Serif"_s, standardSize, false, false); }
 
 bool ReportRow::grows() const
 {
@@ -427,6 +439,21 @@ QSizeF ReportDefinition::paper() const
 double ReportDefinition::bodyHeight() const
 {
     return paper().height() - margins.top() - margins.bottom() - pageHeader.height - pageFooter.height;
+}
+
+bool ReportDefinition::canLose() const
+{
+    const auto hasLines = [](const ReportElement &element) {
+        const bool severalLines = element.area.height() >= 2 * element.font.pixelSize();
+        return element.kind == ReportElement::Text && !element.grows && (severalLines || element.least > 0);
+    };
+    const auto inBand = [&](const ReportBand *band) {
+        return std::any_of(band->rows.begin(), band->rows.end(), [&](const ReportRow &row) {
+            return std::any_of(row.elements.begin(), row.elements.end(), hasLines);
+        });
+    };
+    const std::array bands{&reportHeader, &pageHeader, &continued, &detail, &pageFooter, &reportFooter};
+    return std::any_of(bands.begin(), bands.end(), inBand);
 }
 
 ReportDefinition readReportDefinition(const QString &path)

@@ -11,6 +11,11 @@
 #include <QRectF>
 #include <vector>
 
+constexpr int twipsPerPoint = 20;
+
+// What a text is written in that names no font.
+QFont standardReportFont();
+
 struct ReportElement {
     enum Kind { Text, Line, Box, Picture };
 
@@ -23,6 +28,7 @@ struct ReportElement {
     Qt::Alignment align = Qt::AlignLeft;
     double thickness = 0;
     bool grows = false;      // as tall as its text needs, over pages if it must
+    double least = 0;        // points: what doesn't fit is written smaller, down to this; 0: it isn't
     bool dropsLines = false; // blank lines within the text close up
     bool screenOnly = false; // shown in the preview and never printed
     QString fallback;        // the picture that stands in for a missing one
@@ -78,12 +84,14 @@ struct ReportDefinition {
 
     ReportBand reportHeader;
     ReportBand pageHeader;
+    ReportBand continued; // over the rest of a record that began on an earlier page
     ReportBand detail;
     ReportBand pageFooter;
     ReportBand reportFooter;
 
     QSizeF paper() const;      // as it is held: a landscape sheet is wider than high
     double bodyHeight() const; // between page header and footer
+    bool canLose() const;      // whether a text has room for some lines, and so may have too many
 };
 
 // Raises Failure for a file that is missing, and for one that is broken: then with line and column.

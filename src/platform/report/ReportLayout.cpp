@@ -6,6 +6,18 @@
 namespace
 {
 constexpr std::size_t tooShortToTear = 3; // lines; so few go to the next page together
+
+// Over the width of the body, in grey.
+ReportElement noticeOn(const ReportDefinition &definition)
+{
+    constexpr double height = 1200;
+    ReportElement notice;
+    notice.font = standardReportFont();
+    notice.area = {0, 0, definition.paper().width() - definition.margins.left() - definition.margins.right(),
+                   height};
+    notice.colour = 0x606060;
+    return notice;
+}
 } // namespace
 
 // One page in the making.
@@ -24,6 +36,8 @@ public:
     Laid fill();
 
 private:
+    void begin();
+    void putNotice();
     bool fillBand(const ReportBand &band);
     bool fillRow(const ReportRow &row);
     bool fillGrowingRow(const ReportRow &row);
@@ -31,7 +45,8 @@ private:
 
     // At their height within the body.
     void put(const ReportElement &element, std::size_t band, double y);
-    void putText(const ReportElement &element, const QStringList &lines, double y);
+    void putText(const ReportElement &element, const QStringList &lines, const QFont &font, double y);
+    void putFitting(const ReportElement &element, const QString &text, double y);
     void putPicture(const ReportElement &element, const QString &file, double y);
     template<class What> void putItem(What what, const ReportElement &element)
     {
@@ -48,17 +63,38 @@ private:
     const Numbers &numbers_;
     const std::size_t first_; // the band with which the page begins
     Place place_;
-    double y_ = 0; // how far the body is filled
+    double top_ = 0; // of the body, below what stands over the rest of a record
+    double y_ = 0;   // how far the body is filled
     ReportPage page_;
 };
 
 ReportLayout::Laid ReportLayout::Sheet::fill()
 {
     putFixed(definition_.pageHeader, -definition_.pageHeader.height);
-    for (; place_.band <= layout_.lastBand(); place_ = {place_.band + 1, 0, 0})
+    begin();
+    for (; place_.band <= layout_.lastBand(); place_ = {place_.band + 1, 0, 0}) {
         if (!fillBand(layout_.bandAt(place_.band))) break;
+        if (place_.band == 0 && layout_.data_.size() == 0) putNotice();
+    }
     putFixed(definition_.pageFooter, definition_.bodyHeight());
     return {std::move(page_), place_};
+}
+
+// A record that goes on has its head.
+void ReportLayout::Sheet::begin()
+{
+    const bool goesOn = place_.row > 0 || place_.line > 0;
+    if (!goesOn || place_.band == 0 || place_.band == layout_.lastBand()) return;
+    putFixed(definition_.continued, 0);
+    y_ = top_ = definition_.continued.height;
+}
+
+// In the place of the details.
+void ReportLayout::Sheet::putNotice()
+{
+    if (layout_.nothing_.isEmpty()) return;
+    putFitting(layout_.notice_, layout_.nothing_, y_);
+    y_ += layout_.notice_.area.height();
 }
 
 // False when the band, or the rest of it, belongs on the next page. So for the rows below.
@@ -66,7 +102,7 @@ bool ReportLayout::Sheet::fillBand(const ReportBand &band)
 {
     const double body = definition_.bodyHeight();
     const bool begins = place_.row == 0 && place_.line == 0;
-    if (begins && y_ > 0) {
+    if (begins && y_ > top_) {
         const double needed = layout_.fixedHeight(band, place_.band);
         if ((band.newPage && needed > 0) || (y_ + needed > body && needed <= body)) return false;
     }
@@ -76,7 +112,8 @@ bool ReportLayout::Sheet::fillBand(const ReportBand &band)
         if (begins && row.from > 0 && !layout_.closedUp(row, place_.band)) y_ = std::max(y_, top + row.from);
         if (!fillRow(row)) return false;
     }
-    if (begins) y_ = std::min(std::max(y_, top + band.height), body);
+    if (begins) y_ = std::max(y_, top + band.height);
+    y_ = std::min(y_, body); // what was too tall for any page leaves no page behind it
     return true;
 }
 
@@ -84,7 +121,7 @@ bool ReportLayout::Sheet::fillRow(const ReportRow &row)
 {
     if (layout_.closedUp(row, place_.band)) return true;
     if (row.grows()) return fillGrowingRow(row);
-    if (y_ > 0 && y_ + row.height > definition_.bodyHeight()) return false;
+    if (y_ > top_ && y_ + row.height > definition_.bodyHeight()) return false;
     for (const ReportElement &element : row.elements)
         put(element, place_.band, y_);
     y_ += row.height;
@@ -109,14 +146,14 @@ bool ReportLayout::Sheet::fillGrowingRow(const ReportRow &row)
     const double room = (definition_.bodyHeight() - y_ - top) / spacing;
     auto count = std::min(total - place_.line, room > 0 ? static_cast<std::size_t>(room) : 0);
     const bool torn = begins && count < total && total <= tooShortToTear;
-    if (y_ > 0 && (torn || (count == 0 && total > 0))) return false;
+    if (y_ > top_ && (torn || (count == 0 && total > 0))) return false;
     if (count == 0) count = std::min<std::size_t>(total, 1);
     for (const ReportElement &element : row.elements) {
         if (element.grows) {
             const QStringList part =
                 layout_.grownLines(element, place_.band, numbers_)
                     .mid(static_cast<qsizetype>(place_.line), static_cast<qsizetype>(count));
-            putText(element, part, begins ? y_ : y_ - element.area.top());
+            putText(element, part, element.font, begins ? y_ : y_ - element.area.top());
         } else if (begins) {
             put(element, place_.band, y_);
         }
@@ -145,7 +182,7 @@ void ReportLayout::Sheet::put(const ReportElement &element, std::size_t band, do
     const auto text = [&] { return layout_.textOf(element.text, band, numbers_); };
     switch (element.kind) {
     case ReportElement::Text:
-        return putText(element, layout_.lines_.fitting(element, text()), y);
+        return putFitting(element, text(), y);
     case ReportElement::Picture:
         return putPicture(element, text().trimmed(), y);
     case ReportElement::Line:
@@ -160,9 +197,17 @@ void ReportLayout::Sheet::put(const ReportElement &element, std::size_t band, do
     }
 }
 
-void ReportLayout::Sheet::putText(const ReportElement &element, const QStringList &lines, double y)
+void ReportLayout::Sheet::putFitting(const ReportElement &element, const QString &text, double y)
 {
-    FontMeasure &measure = layout_.lines_.measure(element);
+    const ReportLines::Fitted fitted = layout_.lines_.fitting(element, text);
+    putText(element, fitted.lines, fitted.font, y);
+    page_.lost << fitted.lost;
+}
+
+void ReportLayout::Sheet::putText(const ReportElement &element, const QStringList &lines, const QFont &font,
+                                  double y)
+{
+    FontMeasure &measure = layout_.lines_.measure(element, font);
     const QRectF area = areaOf(element, y);
     double top = area.top();
     for (const QString &line : lines) {
@@ -173,7 +218,7 @@ void ReportLayout::Sheet::putText(const ReportElement &element, const QStringLis
             putItem(ReportPage::Text{.line = line,
                                      .area = {left, top, width, measure.spacing()},
                                      .baseline = top + measure.ascent(),
-                                     .font = element.font,
+                                     .font = font,
                                      .colour = element.colour},
                     element);
         }
@@ -192,8 +237,13 @@ void ReportLayout::Sheet::putPicture(const ReportElement &element, const QString
 }
 
 ReportLayout::ReportLayout(const ReportDefinition &definition, const ReportData &data,
-                           const QHash<QString, QString> &parameters, QString today)
-    : definition_(definition), data_(data), parameters_(parameters), today_(std::move(today))
+                           const QHash<QString, QString> &parameters, QString today, QString nothing)
+    : definition_(definition),
+      data_(data),
+      parameters_(parameters),
+      today_(std::move(today)),
+      nothing_(std::move(nothing)),
+      notice_(noticeOn(definition))
 {
 }
 

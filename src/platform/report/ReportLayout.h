@@ -27,9 +27,10 @@ public:
         Place next; // behind the last band at the report's end
     };
 
-    // Definition, records and parameters stay the caller's and must outlive it.
+    // Definition, records and parameters stay the caller's and must outlive it. Where there is no record, the
+    // page says "nothing" in the place of the details.
     ReportLayout(const ReportDefinition &definition, const ReportData &data,
-                 const QHash<QString, QString> &parameters, QString today);
+                 const QHash<QString, QString> &parameters, QString today, QString nothing);
 
     // A page takes at least one row or line, however little room there is, so the report always comes to its
     // end.
@@ -52,6 +53,8 @@ private:
     const ReportData &data_;
     const QHash<QString, QString> &parameters_;
     QString today_;
+    QString nothing_;
+    const ReportElement notice_; // how that is said
     ReportLines lines_;
     // The lines of the growing texts of one record, since a long one is asked for on each of its pages.
     std::size_t grownBand_ = 0;

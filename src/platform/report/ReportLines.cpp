@@ -24,6 +24,14 @@ QStringList paragraphs(const ReportElement &element, QString text)
     return all;
 }
 
+// The blank at which a line was broken takes no room behind it.
+QString withoutEnd(QString line)
+{
+    while (line.endsWith(u' '))
+        line.chop(1);
+    return line;
+}
+
 QStringList broken(const QString &paragraph, const QFont &font, double width)
 {
     QStringList lines;
@@ -34,7 +42,7 @@ QStringList broken(const QString &paragraph, const QFont &font, double width)
     layout.beginLayout();
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
         line.setLineWidth(width);
-        lines << paragraph.mid(line.textStart(), line.textLength());
+        lines << withoutEnd(paragraph.mid(line.textStart(), line.textLength()));
     }
     layout.endLayout();
     return lines;
@@ -64,30 +72,51 @@ QString FontMeasure::elided(const QString &line, double width) const
     return metrics_.elidedText(line, Qt::ElideRight, width);
 }
 
-FontMeasure &ReportLines::measure(const ReportElement &element)
+FontMeasure &ReportLines::measure(const ReportElement &element, const QFont &font)
 {
-    return measures_.try_emplace(&element, element.font).first->second;
+    if (font == element.font) return measures_.try_emplace(&element, font).first->second;
+    return smaller_.try_emplace({&element, font.pixelSize()}, font).first->second;
 }
 
 QStringList ReportLines::all(const ReportElement &element, const QString &text)
 {
+    return all(element, element.font, text);
+}
+
+QStringList ReportLines::all(const ReportElement &element, const QFont &font, const QString &text)
+{
     QStringList lines;
     for (const QString &paragraph : paragraphs(element, text)) {
         const QString whole = oneLine(paragraph);
-        if (measure(element).advance(whole) <= element.area.width())
+        if (measure(element, font).advance(whole) <= element.area.width())
             lines << whole;
         else
-            lines << broken(whole, element.font, element.area.width());
+            lines << broken(whole, font, element.area.width());
     }
     return lines;
 }
 
-QStringList ReportLines::fitting(const ReportElement &element, const QString &text)
+qsizetype ReportLines::room(const ReportElement &element, const QFont &font)
 {
-    FontMeasure &measured = measure(element);
-    const auto room = static_cast<qsizetype>(element.area.height() / measured.spacing());
-    if (room > 1) return all(element, text).mid(0, room);
-    const QString whole = oneLine(text);
-    if (measured.advance(whole) <= element.area.width()) return {whole};
-    return {measured.elided(whole, element.area.width())};
+    return static_cast<qsizetype>(element.area.height() / measure(element, font).spacing());
+}
+
+ReportLines::Fitted ReportLines::fitting(const ReportElement &element, const QString &text)
+{
+    constexpr int step = twipsPerPoint / 2;
+    QFont font = element.font;
+    if (element.least == 0 && room(element, font) <= 1) {
+        const QString whole = oneLine(text);
+        const FontMeasure &own = measure(element);
+        const bool fits = measure(element).advance(whole) <= element.area.width();
+        return {.lines = {fits ? whole : own.elided(whole, element.area.width())}, .font = font, .lost = {}};
+    }
+    const int least = qRound(element.least * twipsPerPoint);
+    QStringList lines = all(element, font, text);
+    while (element.least > 0 && lines.size() > room(element, font) && font.pixelSize() > least) {
+        font.setPixelSize(std::max(font.pixelSize() - step, least));
+        lines = all(element, font, text);
+    }
+    const qsizetype shown = std::min(lines.size(), room(element, font));
+    return {.lines = lines.first(shown), .font = font, .lost = lines.sliced(shown)};
 }

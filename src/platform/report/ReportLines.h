@@ -4,6 +4,7 @@
 #include "platform/report/ReportDefinition.h"
 
 #include <array>
+#include <map>
 #include <QFontMetricsF>
 #include <QStringList>
 #include <unordered_map>
@@ -27,17 +28,30 @@ private:
     std::array<double, 0x530> advances_;
 };
 
-// The measures of each element's font, made once for a report.
+// The lines of a report's texts. What is measured of an element's font is kept for the next of its texts.
 class ReportLines
 {
 public:
-    FontMeasure &measure(const ReportElement &element);
+    // What an element shows that does not grow.
+    struct Fitted {
+        QStringList lines;
+        QFont font; // the element's own, or smaller
+        QStringList lost;
+    };
+
+    FontMeasure &measure(const ReportElement &element) { return measure(element, element.font); }
+    // The font is the element's own, or smaller.
+    FontMeasure &measure(const ReportElement &element, const QFont &font);
 
     // All lines that the text takes in the element's width.
     QStringList all(const ReportElement &element, const QString &text);
-    // Those that fit into the element as it stands; one line too long ends in an ellipsis.
-    QStringList fitting(const ReportElement &element, const QString &text);
+    // Those that fit into the element as it stands. One line too long ends in an ellipsis.
+    Fitted fitting(const ReportElement &element, const QString &text);
 
 private:
+    QStringList all(const ReportElement &element, const QFont &font, const QString &text);
+    qsizetype room(const ReportElement &element, const QFont &font);
+
     std::unordered_map<const ReportElement *, FontMeasure> measures_;
+    std::map<std::pair<const ReportElement *, int>, FontMeasure> smaller_; // by the font's size too
 };

@@ -21,6 +21,16 @@ QImage pictureFor(const QString &file, const QSizeF &area)
     return reader.read();
 }
 
+// As large as the area allows, but no larger than a screen shows it: a picture of few dots stays small rather
+// than coarse.
+QSizeF sizeOf(const QImage &image, const QSizeF &area)
+{
+    constexpr double twipsPerPixel = 15;
+    const QSizeF natural = QSizeF(image.size()) * twipsPerPixel;
+    const bool fits = natural.width() <= area.width() && natural.height() <= area.height();
+    return fits ? natural : natural.scaled(area, Qt::KeepAspectRatio);
+}
+
 class Drawing
 {
 public:
@@ -39,7 +49,7 @@ public:
         QImage image = pictureFor(picture.file, picture.area.size());
         if (image.isNull()) image = pictureFor(picture.fallback, picture.area.size());
         if (image.isNull()) return;
-        QRectF place({}, QSizeF(image.size()).scaled(picture.area.size(), Qt::KeepAspectRatio));
+        QRectF place({}, sizeOf(image, picture.area.size()));
         place.moveTopRight(picture.area.topRight());
         painter_.drawImage(place, image);
     }

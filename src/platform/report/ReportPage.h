@@ -23,7 +23,8 @@ public:
         QFont font; // of as many pixels as it has twips
         unsigned colour = 0;
     };
-    // A file, or what stands in for it, undistorted at the top right of the area. Looked at when it is drawn.
+    // A file, or what stands in for it, undistorted at the top right of the area and no larger than a screen
+    // would show it. Looked at when it is drawn.
     struct Picture {
         QString file;
         QString fallback; // empty: nothing
@@ -45,6 +46,8 @@ public:
     };
 
     std::vector<Item> items;
+    // Lines of text for which there was no room: they stand nowhere.
+    QStringList lost;
 
     // The lines of text alone.
     std::vector<Text> texts() const;

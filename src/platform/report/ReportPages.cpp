@@ -5,11 +5,11 @@
 using namespace Qt::StringLiterals;
 
 ReportPages::ReportPages(ReportDefinition definition, ReportData data, QHash<QString, QString> parameters,
-                         const QDate &today)
+                         const QDate &today, QString nothing)
     : definition_(std::move(definition)),
       data_(std::move(data)),
       parameters_(std::move(parameters)),
-      layout_(definition_, data_, parameters_, today.toString(u"dd-MM-yyyy"_s))
+      layout_(definition_, data_, parameters_, today.toString(u"dd-MM-yyyy"_s), std::move(nothing))
 {
     layOutLast();
 }
@@ -21,10 +21,12 @@ void ReportPages::findNext()
     layOutLast();
 }
 
-// Of the page as it is being found only its end is of use.
+// Of a page that is only being found its end is kept, and what it could not take.
 void ReportPages::layOutLast()
 {
-    next_ = layout_.layOut(starts_.back(), numbers(found() - 1)).next;
+    ReportLayout::Laid laid = layout_.layOut(starts_.back(), numbers(found() - 1));
+    next_ = laid.next;
+    lost_ << laid.page.lost;
     complete_ = next_.band > layout_.lastBand();
 }
 
@@ -33,6 +35,12 @@ int ReportPages::count()
     while (!complete_)
         findNext();
     return found();
+}
+
+QStringList ReportPages::lost()
+{
+    if (definition_.canLose()) count();
+    return lost_;
 }
 
 ReportPage ReportPages::page(int number)

@@ -14,8 +14,9 @@ public:
     static constexpr Medium OnScreen = ReportPage::OnScreen;
     static constexpr Medium OnPaper = ReportPage::OnPaper;
 
+    // Where there is no record, the page says what "nothing" says.
     ReportPages(ReportDefinition definition, ReportData data, QHash<QString, QString> parameters,
-                const QDate &today);
+                const QDate &today, QString nothing = {});
     ReportPages(const ReportPages &) = delete;
     ReportPages &operator=(const ReportPages &) = delete;
 
@@ -37,6 +38,10 @@ public:
     // Draws it on a painter whose unit is the twip and whose origin is the sheet's corner.
     void paint(QPainter &painter, int page, Medium medium);
 
+    // The lines of text for which there is no room on any page, in the order of the pages. Finds all pages,
+    // if the definition has a text that can lose some.
+    QStringList lost();
+
     // The page on which a record begins, found if need be.
     int pageOf(std::size_t record);
 
@@ -54,4 +59,5 @@ private:
     std::vector<ReportLayout::Place> starts_{ReportLayout::Place{}}; // of each page found
     ReportLayout::Place next_; // where the page behind the last one found begins
     bool complete_ = false;
+    QStringList lost_;
 };
