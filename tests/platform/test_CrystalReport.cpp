@@ -189,6 +189,30 @@ private Q_SLOTS:
         Accionar(*controlo_->preview(), "print");
         QVERIFY(caixas_->Todas_Vistas());
     }
+    void actualizar_diz_outra_vez_o_que_nao_cabe()
+    {
+        QFile file(Caminho(u"curto.rpt"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(
+            "<report title='Lista' table='T'><detail><row height='800'><text width='5000' height='480'>"
+            "{T.Nome}&#10;b&#10;c</text></row></detail></report>");
+        file.close();
+        controlo_->setReportFileName(file.fileName());
+        controlo_->ReplaceSelectionFormula(u"{T.ID} =7"_s);
+        const auto esperar = [this] {
+            caixas_->Espera(
+                u"Estas linhas não cabem na folha, nem em letra mais pequena, e ficam por imprimir:"
+                "\r\n\r\nc"_s,
+                box::exclamation, u"Imprimir"_s);
+        };
+        esperar();
+        const ReportPreview &janela = Pre_Visualizar();
+        QVERIFY(caixas_->Todas_Vistas());
+        esperar();
+        Parte<QAction>(janela, "refresh")->setEnabled(true);
+        Accionar(janela, "refresh");
+        QVERIFY(caixas_->Todas_Vistas());
+    }
     void as_linhas_que_nao_cabem_sao_ditas_data()
     {
         QTest::addColumn<int>("destination");

@@ -446,6 +446,15 @@ private Q_SLOTS:
                           QDate(2027, 2, 1), u"Nada a imprimir."_s);
         QCOMPARE(pages.page(0).lines(), QStringList{u"Nada a imprimir."_s});
     }
+    void o_aviso_fica_longe_da_beira_de_uma_folha_sem_margens()
+    {
+        Relatorio(u"<paper orientation='landscape'/>"_s + uma_linha);
+        const ReportDefinition definition = readReportDefinition(folder_.filePath(u"r.rpt"_s));
+        ReportPages pages(definition, ReportData(definition, Base(), {}, {}), {}, QDate(2027, 2, 1),
+                          u"Nada a imprimir."_s);
+        const QRectF area = pages.page(0).texts().at(0).area;
+        QVERIFY(area.left() >= 850 && area.top() >= 850);
+    }
     void com_registos_nao_se_diz_que_nao_ha()
     {
         Juntar(u"Ana"_s, {});

@@ -151,7 +151,10 @@ void CrystalReport::showPreview()
             say(chosen, preview_);
     });
     connect(preview_, &ReportPreview::pdfWanted, this, [this] { savePdf(*preview_->pages(), preview_); });
-    connect(preview_, &ReportPreview::refreshWanted, this, [this] { preview_->setPages(pages()); });
+    connect(preview_, &ReportPreview::refreshWanted, this, [this] {
+        preview_->setPages(pages());
+        sayLost(*preview_->pages(), preview_);
+    });
     if (windowState_ == maximised)
         preview_->showMaximized();
     else

@@ -7,14 +7,18 @@ namespace
 {
 constexpr std::size_t tooShortToTear = 3; // lines; so few go to the next page together
 
-// Over the width of the body, in grey.
+// Over the width of the body, in grey; clear of the sheet's edge where the definition has no margins.
 ReportElement noticeOn(const ReportDefinition &definition)
 {
     constexpr double height = 1200;
+    constexpr double below = 150;
+    constexpr double edge = 850;
+    const QMarginsF &margins = definition.margins;
     ReportElement notice;
     notice.font = standardReportFont();
-    notice.area = {0, 0, definition.paper().width() - definition.margins.left() - definition.margins.right(),
-                   height};
+    notice.area = QRectF(0, below, definition.paper().width() - margins.left() - margins.right(), height)
+                      .adjusted(std::max(0.0, edge - margins.left()), std::max(0.0, edge - margins.top()),
+                                -std::max(0.0, edge - margins.right()), 0);
     notice.colour = 0x606060;
     return notice;
 }
@@ -94,7 +98,7 @@ void ReportLayout::Sheet::putNotice()
 {
     if (layout_.nothing_.isEmpty()) return;
     putFitting(layout_.notice_, layout_.nothing_, y_);
-    y_ += layout_.notice_.area.height();
+    y_ += layout_.notice_.area.bottom();
 }
 
 // False when the band, or the rest of it, belongs on the next page. So for the rows below.

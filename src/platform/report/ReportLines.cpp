@@ -101,16 +101,20 @@ qsizetype ReportLines::room(const ReportElement &element, const QFont &font)
     return static_cast<qsizetype>(element.area.height() / measure(element, font).spacing());
 }
 
+QString ReportLines::single(const ReportElement &element, const QString &text)
+{
+    const QString whole = oneLine(text);
+    FontMeasure &own = measure(element);
+    const bool fits = own.advance(whole) <= element.area.width();
+    return fits ? whole : own.elided(whole, element.area.width());
+}
+
 ReportLines::Fitted ReportLines::fitting(const ReportElement &element, const QString &text)
 {
     constexpr int step = twipsPerPoint / 2;
     QFont font = element.font;
-    if (element.least == 0 && room(element, font) <= 1) {
-        const QString whole = oneLine(text);
-        const FontMeasure &own = measure(element);
-        const bool fits = measure(element).advance(whole) <= element.area.width();
-        return {.lines = {fits ? whole : own.elided(whole, element.area.width())}, .font = font, .lost = {}};
-    }
+    if (element.least == 0 && room(element, font) <= 1)
+        return {.lines = {single(element, text)}, .font = font, .lost = {}};
     const int least = qRound(element.least * twipsPerPoint);
     QStringList lines = all(element, font, text);
     while (element.least > 0 && lines.size() > room(element, font) && font.pixelSize() > least) {

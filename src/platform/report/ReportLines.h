@@ -50,6 +50,7 @@ public:
 
 private:
     QStringList all(const ReportElement &element, const QFont &font, const QString &text);
+    QString single(const ReportElement &element, const QString &text);
     qsizetype room(const ReportElement &element, const QFont &font);
 
     std::unordered_map<const ReportElement *, FontMeasure> measures_;
