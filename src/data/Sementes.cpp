@@ -1,5 +1,7 @@
 #include "data/Sementes.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -110,6 +112,13 @@ void Adicionar_Amostra(DE &de, const ContactoDeAmostra &c)
                  vazio, c.Email1, vazio, c.Website, c.Morada, c.Obs, c.Fotografia, outros});
 }
 } // namespace
+
+bool sementes::Remetente_De_Amostra(const QString &remetente)
+{
+    const std::array amostras{PT(), BR(), UK(), FR()};
+    return std::any_of(amostras.begin(), amostras.end(),
+                       [&](const Sementes &s) { return remetente.trimmed() == s.Remetente; });
+}
 
 void sementes::Semear(DE &de, const Sementes &s)
 {

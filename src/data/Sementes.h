@@ -37,6 +37,9 @@ Sementes BR();
 Sementes UK();
 Sementes FR();
 
+// Whether that sender is still the one of a set, whichever language it was.
+bool Remetente_De_Amostra(const QString &remetente);
+
 // Writes the set. Every insert is blind: the tables are taken to be empty, so that the repetitions get the IDs 1
 // to 5, the groups 1 to 6, and the samples fall into group 6.
 void Semear(DE &de, const Sementes &sementes);

@@ -2,7 +2,9 @@
 
 #include "data/Geral.h"
 #include "data/Relatorio.h"
+#include "data/Sementes.h"
 #include "platform/Controls.h"
+#include "platform/Failure.h"
 #include "platform/report/ReportControl.h"
 #include "platform/Units.h"
 
@@ -36,6 +38,7 @@ frmEnvelope::frmEnvelope(Geral &geral, ReportControl &relatorio, QWidget *dono)
     geral_.temporizadores.Gerir_Temporizadores(u"stop"_s);
     Legendar();
     Mostrar_Escolhida();
+    Avisar_Da_Amostra();
 }
 
 void frmEnvelope::Legendar()
@@ -56,6 +59,15 @@ void frmEnvelope::Mostrar_Escolhida()
 {
     for (const auto &[botao, nome] : alimentacoes_)
         if (nome == geral_.AlimentacaoEnvelopes) Pintar(*botao, cor_escolhida);
+}
+
+// A database from before this text has none; its envelopes are printed without the line.
+void frmEnvelope::Avisar_Da_Amostra()
+{
+    lblRemetente->hide();
+    if (!sementes::Remetente_De_Amostra(geral_.RemetenteBD)) return;
+    skipFailure([this] { lblRemetente->setText(geral_.Ler_Idioma(284)); });
+    lblRemetente->setVisible(!lblRemetente->text().isEmpty());
 }
 
 // Stopped once more instead of started: the background timers rest until another form lets them run.

@@ -23,6 +23,7 @@ private:
 
     void Legendar();
     void Mostrar_Escolhida();
+    void Avisar_Da_Amostra();
 
     struct Alimentacao {
         QPushButton *botao;

@@ -82,10 +82,14 @@ class TestCrystalReport : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        createDatabase(Caminho(u"base.mdb"_s),
-                       {u"CREATE TABLE T (ID INTEGER PRIMARY KEY, Nome TEXT) STRICT"_s,
-                        u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 500) "
-                        "INSERT INTO T SELECT i, 'Nome ' || i FROM n"_s});
+        createDatabase(
+            Caminho(u"base.mdb"_s),
+            {u"CREATE TABLE T (ID INTEGER PRIMARY KEY, Nome TEXT) STRICT"_s,
+             u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 500) "
+             "INSERT INTO T SELECT i, 'Nome ' || i FROM n"_s,
+             u"CREATE TABLE Textos (ID INTEGER PRIMARY KEY, AlemaoDE TEXT, \"In \"\"glês\" TEXT) STRICT"_s,
+             u"INSERT INTO Textos VALUES (1, '&Liste', 'List'), (2, 'Gruppe\u00A0:', 'Group'), "
+             "(3, '', NULL), (4, 'A && B: C', '')"_s});
         QFile file(Caminho(u"r.rpt"_s));
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write("<report title='Lista' table='T'><parameter name='p' default='d'/>"
@@ -165,6 +169,94 @@ private Q_SLOTS:
         QCOMPARE(impressora_->historia.size(), 1);
     }
 
+    void uma_seleccao_vazia_nao_vai_para_a_impressora()
+    {
+        idioma_ = u"AlemaoDE"_s;
+        controlo_->ReplaceSelectionFormula(u"{T.ID} =9999"_s);
+        caixas_->Espera(u"Die Auswahl ist leer: Es gibt nichts zu drucken."_s, box::information,
+                        u"Drucken"_s);
+        Correr(ReportControl::Printer);
+        QVERIFY(caixas_->Todas_Vistas());
+        QVERIFY(impressora_->historia.isEmpty());
+    }
+    void a_previsualizacao_de_uma_seleccao_vazia_di_lo_na_folha()
+    {
+        controlo_->ReplaceSelectionFormula(u"{T.ID} =9999"_s);
+        QCOMPARE(Pre_Visualizar().pages()->page(0).lines(),
+                 QStringList{u"A selecção está vazia: não há nada para imprimir."_s});
+        caixas_->Espera(u"A selecção está vazia: não há nada para imprimir."_s, box::information,
+                        u"Imprimir"_s);
+        Accionar(*controlo_->preview(), "print");
+        QVERIFY(caixas_->Todas_Vistas());
+    }
+    void actualizar_diz_outra_vez_o_que_nao_cabe()
+    {
+        QFile file(Caminho(u"curto.rpt"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(
+            "<report title='Lista' table='T'><detail><row height='800'><text width='5000' height='480'>"
+            "{T.Nome}&#10;b&#10;c</text></row></detail></report>");
+        file.close();
+        controlo_->setReportFileName(file.fileName());
+        controlo_->ReplaceSelectionFormula(u"{T.ID} =7"_s);
+        const auto esperar = [this] {
+            caixas_->Espera(
+                u"Estas linhas não cabem na folha, nem em letra mais pequena, e ficam por imprimir:"
+                "\r\n\r\nc"_s,
+                box::exclamation, u"Imprimir"_s);
+        };
+        esperar();
+        const ReportPreview &janela = Pre_Visualizar();
+        QVERIFY(caixas_->Todas_Vistas());
+        esperar();
+        Parte<QAction>(janela, "refresh")->setEnabled(true);
+        Accionar(janela, "refresh");
+        QVERIFY(caixas_->Todas_Vistas());
+    }
+    void as_linhas_que_nao_cabem_sao_ditas_data()
+    {
+        QTest::addColumn<int>("destination");
+        QTest::newRow("preview") << int(ReportControl::Screen);
+        QTest::newRow("printer") << int(ReportControl::Printer);
+    }
+    void as_linhas_que_nao_cabem_sao_ditas()
+    {
+        QFETCH(int, destination);
+        QFile file(Caminho(u"curto.rpt"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(
+            "<report title='Lista' table='T'><detail><row height='800'><text width='5000' height='480' "
+            "least='10'>{T.Nome}&#10;b&#10;c&#10;d</text></row></detail></report>");
+        file.close();
+        controlo_->setReportFileName(file.fileName());
+        controlo_->ReplaceSelectionFormula(u"{T.ID} =7"_s);
+        caixas_->Espera(u"Estas linhas não cabem na folha, nem em letra mais pequena, e ficam por imprimir:"
+                        "\r\n\r\nc\r\nd"_s,
+                        box::exclamation, u"Imprimir"_s);
+        Correr(destination);
+        QVERIFY(caixas_->Todas_Vistas());
+    }
+    void de_muitas_linhas_que_nao_cabem_dizem_se_as_primeiras()
+    {
+        QFile file(Caminho(u"curto.rpt"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(
+            "<report title='Lista' table='T'><detail><row height='800'><text width='5000' height='480' "
+            ">{T.Nome}&#10;b&#10;{T.Nome}</text></row></detail></report>");
+        file.close();
+        controlo_->setReportFileName(file.fileName());
+        QStringList primeiras;
+        for (int i = 1; i <= 10; ++i)
+            primeiras << u"Nome %1"_s.arg(i);
+        controlo_->setSortFields(0, u"+{T.ID}"_s);
+        caixas_->Espera(u"Estas linhas não cabem na folha, nem em letra mais pequena, e ficam por imprimir:"
+                        "\r\n\r\n"_s +
+                            primeiras.join("\r\n"_L1) + u"\r\n…"_s,
+                        box::exclamation, u"Imprimir"_s);
+        Correr(ReportControl::Printer);
+        QVERIFY(caixas_->Todas_Vistas());
+    }
+
     void um_relatorio_que_falta_e_uma_falha()
     {
         controlo_->setReportFileName(Caminho(u".rpt"_s));
@@ -192,6 +284,46 @@ private Q_SLOTS:
     {
         controlo_->setParameterFields(0, u"p;a;b;TRUE"_s);
         QCOMPARE(Pre_Visualizar().pages()->rows().heads, QStringList{u"a;b"_s});
+    }
+
+    void os_textos_por_numero_vem_na_lingua_do_programa_data()
+    {
+        QTest::addColumn<QString>("language");
+        QTest::addColumn<QString>("table");
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QStringList>("heads");
+        const QStringList seus{u"dois:"_s, u"três"_s, u"quatro"_s, u"cinco"_s};
+        QTest::newRow("sem os sinais de uma legenda; o que falta fica")
+            << u"AlemaoDE"_s << u"Textos"_s << u"Liste"_s
+            << QStringList{u"Gruppe"_s, u"três"_s, u"A & B: C"_s, u"cinco"_s};
+        QTest::newRow("nome com aspas") << u"in \"glês"_s << u"Textos"_s << u"List"_s
+                                        << QStringList{u"Group"_s, u"três"_s, u"quatro"_s, u"cinco"_s};
+        QTest::newRow("lingua que falta") << u"ItalianoIT"_s << u"Textos"_s << u"Lista"_s << seus;
+        QTest::newRow("sem lingua") << QString() << u"Textos"_s << u"Lista"_s << seus;
+        QTest::newRow("tabela que falta") << u"AlemaoDE"_s << u"Palavras"_s << u"Lista"_s << seus;
+    }
+    void os_textos_por_numero_vem_na_lingua_do_programa()
+    {
+        QFETCH(QString, language);
+        QFETCH(QString, table);
+        QFile file(Caminho(u"textos.rpt"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(
+            u"<report title='Lista' text='1' table='T'><texts table='%1' key='id'/>"
+            "<parameter name='b' default='dois:' text='2'/><parameter name='c' default='três' text='3'/>"
+            "<parameter name='d' default='quatro' text='4'/><parameter name='e' default='cinco' text='5'/>"
+            "<detail><row height='800'><text head='{?b}'>{T.Nome}</text><text head='{?c}'>{T.Nome}</text>"
+            "<text head='{?d}'>{T.Nome}</text><text head='{?e}'>{T.Nome}</text></row></detail>"
+            "</report>"_s.arg(table)
+                .toUtf8());
+        file.close();
+        controlo_->setReportFileName(file.fileName());
+        idioma_ = language;
+        const ReportRows rows = Pre_Visualizar().pages()->rows();
+        QTEST(rows.title, "title");
+        QTEST(rows.heads, "heads");
+        controlo_->setParameterFields(0, u"b;do controlo:;TRUE"_s);
+        QCOMPARE(Pre_Visualizar().pages()->rows().heads.first(), u"do controlo:"_s);
     }
 
     void a_previsualizacao_tem_o_seu_titulo_e_abre_no_estado_dado()
@@ -350,7 +482,7 @@ private Q_SLOTS:
     {
         for (const QString &lingua : {u"PortuguesPT"_s, u"PortuguesBR"_s, u"InglesUK"_s, u"EspanholES"_s,
                                       u"ItalianoIT"_s, u"FrancesFR"_s, u"AlemaoDE"_s})
-            for (int palavra = int(ReportWord::First); palavra <= int(ReportWord::NotWritten); ++palavra) {
+            for (int palavra = int(ReportWord::First); palavra <= int(ReportWord::DoesNotFit); ++palavra) {
                 const QString texto = reportWord(ReportWord(palavra), lingua);
                 QVERIFY(!texto.isEmpty());
                 const bool conta = ReportWord(palavra) == ReportWord::Printing;

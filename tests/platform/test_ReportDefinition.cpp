@@ -68,6 +68,15 @@ private Q_SLOTS:
         QCOMPARE(d.fields, (std::vector<ReportField>{{u"T"_s, u"A"_s}, {u"T"_s, u"B"_s}}));
         QCOMPARE(d.parameters.value(u"p"_s), u"Tel"_s);
     }
+    void le_a_letra_mais_pequena_e_a_cabeca_da_continuacao()
+    {
+        const ReportDefinition d =
+            Ler_Com(u"<continued height='100'><row height='600'/></continued>"
+                    "<detail><row><text least='7.5'>a</text><text>b</text></row></detail>"_s);
+        QCOMPARE(d.continued.height, 600.0);
+        QCOMPARE(d.detail.rows.at(0).elements.at(0).least, 7.5);
+        QCOMPARE(d.detail.rows.at(0).elements.at(1).least, 0.0);
+    }
     void um_campo_usado_duas_vezes_e_lido_uma_vez()
     {
         QCOMPARE(Ler_Com(u"<detail><row><text>{T.A}{T.B}{T.A}</text></row></detail>"_s).fields.size(), 2U);
@@ -79,6 +88,18 @@ private Q_SLOTS:
         QCOMPARE(d.lookups[0].field, u"Grupo"_s);
         QCOMPARE(d.lookups[1].value, u"1"_s);
         QVERIFY(d.lookups[1].field.isEmpty());
+    }
+
+    void le_os_numeros_dos_textos_do_programa()
+    {
+        const ReportDefinition d =
+            Ler(u"<report title='Lista' text='79' table='T'><texts table='Textos' key='ID'/>"
+                "<parameter name='p' default='Tel' text='28'/><parameter name='q'/></report>"_s);
+        QCOMPARE(d.texts.table, u"Textos"_s);
+        QCOMPARE(d.texts.key, u"ID"_s);
+        QCOMPARE(d.texts.title, 79);
+        QCOMPARE(d.texts.parameters, (QHash<QString, int>{{u"p"_s, 28}}));
+        QCOMPARE(d.parameters.value(u"p"_s), u"Tel"_s);
     }
 
     void um_ficheiro_partido_diz_linha_e_coluna_data()
@@ -119,8 +140,19 @@ private Q_SLOTS:
         caso("texto solto", u"<detail>ola</detail>"_s, u"line 2"_s, u"text"_s);
         caso("rodape que cresce", u"<pagefooter><row><text grow='yes'>a</text></row></pagefooter>"_s,
              u"line 2"_s, u"grow"_s);
+        caso("continuacao que cresce", u"<continued><row><text grow='yes'>a</text></row></continued>"_s,
+             u"line 2"_s, u"grow"_s);
+        caso("sem lugar sob a continuacao", u"<continued height='16700'/>"_s, u"line 3"_s, u"no room"_s);
+        caso("letra menor do que nada", u"<detail><row><text least='0.5'>a</text></row></detail>"_s,
+             u"line 2"_s, u"0.5"_s);
+        caso("cresce e encolhe", u"<detail><row><text least='6' grow='yes'>a</text></row></detail>"_s,
+             u"line 2"_s, u"least"_s);
         caso("sem lugar na folha", u"<paper top='9000' bottom='9000'/>"_s, u"line 3"_s, u"no room"_s);
         caso("consulta sem chave", u"<lookup table='G' equals='1'/>"_s, u"line 2"_s, u"key"_s);
+        caso("texto sem numero", u"<parameter name='p' text='Nome'/>"_s, u"line 2"_s, u"Nome"_s);
+        caso("texto de numero negativo", u"<parameter name='p' text='-1'/>"_s, u"line 2"_s, u"-1"_s);
+        caso("texto sem tabela", u"<parameter name='p' text='28'/>"_s, u"line 3"_s, u"<texts>"_s);
+        caso("textos sem chave", u"<texts table='T'/>"_s, u"line 2"_s, u"key"_s);
         caso("etiqueta por fechar", u"<detail>"_s, u"line 3"_s, u"tag"_s);
         QTest::newRow("sem tabela") << u"<report/>"_s << u"line 1"_s << u"table"_s;
         QTest::newRow("outro xml") << u"<html/>"_s << u"line 1"_s << u"<report>"_s;

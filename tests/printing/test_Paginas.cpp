@@ -90,12 +90,12 @@ private Q_SLOTS:
             c.Contacto({{u"Nome"_s, u"Nome %1"_s.arg(i)}, {u"Telefone1"_s, u"00%1"_s.arg(i)}});
         const QList<QStringList> paginas = c.Imprimir(true);
         QVERIFY(paginas.size() > 2);
-        QString cabecas;
+        QString cabecas = c.s.Texto(27);
         for (const int texto : {28, 29, 0, 30, 31, 32})
             cabecas += u' ' + (texto == 0 ? u"Fax"_s : c.s.Texto(texto));
         QStringList registos;
         for (qsizetype i = 0; i < paginas.size(); ++i) {
-            QCOMPARE(paginas[i].first(), cabecas.trimmed());
+            QCOMPARE(paginas[i].first(), cabecas);
             QCOMPARE(paginas[i].last(), u"01-02-2027 %1/%2"_s.arg(i + 1).arg(paginas.size()));
             registos << paginas[i].sliced(1, paginas[i].size() - 2);
         }
@@ -109,8 +109,40 @@ private Q_SLOTS:
         ComPaginas c;
         const QList<QStringList> paginas = c.Imprimir(true);
         QCOMPARE(paginas.size(), 1);
-        QVERIFY(paginas[0].first().startsWith(c.s.Texto(28)));
-        QCOMPARE(paginas[0].last(), u"01-02-2027 1/1"_s);
+        QVERIFY(paginas[0].first().startsWith(c.s.Texto(27) + u' ' + c.s.Texto(28)));
+        QCOMPARE(paginas[0].sliced(1),
+                 (QStringList{u"A selecção está vazia: não há nada para imprimir."_s, u"01-02-2027 1/1"_s}));
+    }
+
+    void na_lista_os_vizinhos_nunca_se_tocam()
+    {
+        constexpr double folga = 150; // twips: more than a blank, less than a letter and a blank
+        ComPaginas c(u"FrancesFR"_s);
+        for (const auto &numero : {u"+351 21 123 45 67"_s, u"00351211234567890123456789"_s,
+                                   u"MMMMMMMMMMMMMMMM"_s, u"21 000 00 00 (portaria, depois das 9)"_s})
+            c.Contacto({{u"Nome"_s, u"Maria da Conceição Albuquerque e Vasconcelos de Almeida"_s},
+                        {u"Telefone1"_s, numero},
+                        {u"Telefone2"_s, numero},
+                        {u"Fax"_s, numero},
+                        {u"Telemovel1"_s, numero},
+                        {u"Telemovel2"_s, numero},
+                        {u"Telemovel3"_s, numero}});
+        c.Imprimir(true);
+        ReportPages &paginas = *c.controlo.preview()->pages();
+        const double fim = paginas.paper().width() - paginas.definition().margins.right();
+        const auto textos = paginas.page(0).texts();
+        QVERIFY(textos.size() > 40);
+        for (const auto &este : textos) {
+            QVERIFY2(este.area.right() <= fim, qPrintable(este.line));
+            for (const auto &outro : textos) {
+                const bool ao_lado = outro.area.left() > este.area.left() &&
+                                     outro.area.bottom() > este.area.top() &&
+                                     outro.area.top() < este.area.bottom();
+                if (ao_lado)
+                    QVERIFY2(outro.area.left() - este.area.right() >= folga,
+                             qPrintable(este.line + u" | "_s + outro.line));
+            }
+        }
     }
 
     void a_ficha_tem_os_rotulos_da_lingua_e_fecha_o_que_esta_vazio()
@@ -148,7 +180,8 @@ private Q_SLOTS:
         for (const QStringList &pagina : paginas.first(paginas.size() - 1))
             for (const QString &linha : pagina.first(pagina.size() - 1))
                 lidas << linha.split(u' ');
-        QCOMPARE(lidas.first(), u"Ana"_s);
+        QCOMPARE(lidas.count(u"Ana"_s),
+                 paginas.size() - 1); // on the first page, and again on each of the others
         QCOMPARE(lidas.filter(u"p"_s), palavras);
     }
 
@@ -196,6 +229,51 @@ private Q_SLOTS:
         c.s.Escrever(u"UPDATE TblConfig SET Destinatario='Exma. Sra.'"_s);
         QCOMPARE(c.Imprimir_Envelope(ana, alimentacao)[0].sliced(2, 2),
                  (QStringList{u"Exma. Sra."_s, u"Ana"_s}));
+    }
+
+    void um_envelope_de_dez_linhas_leva_as_todas_dentro_do_seu_lugar_data()
+    {
+        o_envelope_tem_remetente_e_destinatario_e_fecha_linhas_vazias_data();
+    }
+    void um_envelope_de_dez_linhas_leva_as_todas_dentro_do_seu_lugar()
+    {
+        QFETCH(QString, alimentacao);
+        ComPaginas c;
+        const QStringList linhas{u"Exmos. Senhores"_s,      u"Ana & Irmãos, Lda."_s,
+                                 u"A/c da Contabilidade"_s, u"Edifício Atlântico"_s,
+                                 u"Bloco C, 4.º Dto."_s,    u"Rua da Boavista, 1200"_s,
+                                 u"Zona Industrial"_s,      u"Apartado 4011"_s,
+                                 u"4100-123 PORTO"_s,       u"PORTUGAL"_s};
+        c.s.Escrever(u"UPDATE TblConfig SET Remetente='"_s + linhas.join(u'\n') +
+                     u"', Destinatario='%1'"_s.arg(linhas[0]));
+        const qint16 ana =
+            c.Contacto({{u"Nome"_s, linhas[1]}, {u"Morada"_s, linhas.sliced(2).join("\r\n"_L1)}});
+        c.Imprimir_Envelope(ana, alimentacao);
+        ReportPages &paginas = *c.controlo.preview()->pages();
+        const ReportPage pagina = paginas.page(0);
+        QCOMPARE(pagina.lines(), linhas + linhas);
+        const auto envelope = std::get<ReportPage::Frame>(pagina.items[0].what).area;
+        constexpr double livre_em_baixo = 850; // 15 mm
+        for (const auto &texto : pagina.texts()) {
+            QVERIFY(envelope.adjusted(0, 0, 0, -livre_em_baixo).contains(texto.area));
+            QVERIFY(texto.font.pixelSize() >= 140); // seven points can still be read
+        }
+    }
+
+    void o_que_nao_cabe_no_envelope_e_dito()
+    {
+        ComPaginas c;
+        c.s.Escrever(u"UPDATE TblConfig SET Remetente='Zé', Destinatario=''"_s);
+        QStringList linhas;
+        for (int i = 10; i < 30; ++i)
+            linhas << u"linha %1"_s.arg(i);
+        const qint16 ana = c.Contacto({{u"Nome"_s, u"Ana"_s}, {u"Morada"_s, linhas.join("\r\n"_L1)}});
+        c.s.caixas.Espera(u"Estas linhas não cabem na folha, nem em letra mais pequena, e ficam por imprimir:"
+                          "\r\n\r\n"_s +
+                              linhas.sliced(12).join("\r\n"_L1),
+                          box::exclamation, u"Imprimir"_s);
+        QCOMPARE(c.Imprimir_Envelope(ana)[0], QStringList({u"Zé"_s, u"Ana"_s}) + linhas.first(12));
+        QVERIFY(c.s.caixas.Todas_Vistas());
     }
 
     void a_tarefa_diz_quando_o_que_e_quantas_vezes()

@@ -46,6 +46,39 @@ private Q_SLOTS:
         QCOMPARE(form.cmdLeft->accessibleName(), c.s.Texto(162).remove(u'&'));
     }
 
+    void um_remetente_ainda_de_amostra_e_dito_data()
+    {
+        QTest::addColumn<QString>("remetente");
+        QTest::addColumn<bool>("dito");
+        QTest::newRow("a de Portugal") << u"Escreva aqui o seu endereço (remetente)"_s << true;
+        QTest::newRow("a inglesa") << u"Write your address here (sender)"_s << true;
+        QTest::newRow("a francesa") << u"Écrivez votre adresse ici (expéditeur)"_s << true;
+        QTest::newRow("com uma linha a mais") << u"Write your address here (sender)\r\n"_s << true;
+        QTest::newRow("o seu") << u"Ana\r\nPorto"_s << false;
+        QTest::newRow("nenhum") << QString() << false;
+    }
+    void um_remetente_ainda_de_amostra_e_dito()
+    {
+        QFETCH(QString, remetente);
+        ComEnvelope c;
+        c.s.geral.RemetenteBD = remetente;
+        const frmEnvelope &form = c.Abrir();
+        const auto *aviso = form.findChild<QLabel *>(u"lblRemetente"_s);
+        QVERIFY(aviso);
+        QTEST(aviso->isVisible(), "dito");
+        if (aviso->isVisible()) QCOMPARE(aviso->text(), c.s.Texto(284));
+    }
+    void sem_o_texto_do_aviso_o_dialogo_abre_na_mesma()
+    {
+        ComEnvelope c;
+        c.s.Escrever(u"DELETE FROM TblIdiomas WHERE ID=284"_s);
+        c.s.geral.RemetenteBD = u"Write your address here (sender)"_s;
+        const frmEnvelope &form = c.Abrir();
+        QVERIFY(!form.findChild<QLabel *>(u"lblRemetente"_s)->isVisible());
+        form.cmdImprimir->click();
+        QCOMPARE(c.relatorio.Ditos(u"Action"_s).size(), 1);
+    }
+
     void a_alimentacao_actual_tem_a_cor_de_escolhida_data()
     {
         QTest::addColumn<int>("botao");

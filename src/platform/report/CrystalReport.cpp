@@ -5,6 +5,7 @@
 #include "platform/Failure.h"
 #include "platform/MessageBoxes.h"
 #include "platform/report/ReportExport.h"
+#include "platform/report/ReportLanguage.h"
 #include "platform/report/ReportPages.h"
 #include "platform/report/ReportPreview.h"
 #include "platform/report/ReportPrinting.h"
@@ -100,7 +101,7 @@ void CrystalReport::setAction(int action)
     case Screen:
         return showPreview();
     case Printer:
-        return print(*pages(), frontWindow());
+        return printAtOnce(*pages(), frontWindow());
     case File:
         return exportToFile();
     default:
@@ -118,7 +119,7 @@ QWidget *CrystalReport::frontWindow() const
 
 std::shared_ptr<ReportPages> CrystalReport::pages() const
 {
-    const ReportDefinition definition = readReportDefinition(reportFileName_);
+    ReportDefinition definition = readReportDefinition(reportFileName_);
     const auto table = dataFiles_.find(0);
     const QString &database =
         table != dataFiles_.end() && !table->second.isEmpty() ? table->second : connect_;
@@ -129,7 +130,9 @@ std::shared_ptr<ReportPages> CrystalReport::pages() const
     for (const auto &[index, field] : parameterFields_)
         parameters.insert(parameterOf(field).first, parameterOf(field).second);
     ReportData data(definition, database, selectionFormula_, sort);
-    return std::make_shared<ReportPages>(definition, std::move(data), std::move(parameters), clock_.today());
+    sayInLanguage(definition, database, language_());
+    return std::make_shared<ReportPages>(std::move(definition), std::move(data), std::move(parameters),
+                                         clock_.today(), reportWord(ReportWord::Empty, language_()));
 }
 
 void CrystalReport::showPreview()
@@ -148,15 +151,27 @@ void CrystalReport::showPreview()
             say(chosen, preview_);
     });
     connect(preview_, &ReportPreview::pdfWanted, this, [this] { savePdf(*preview_->pages(), preview_); });
-    connect(preview_, &ReportPreview::refreshWanted, this, [this] { preview_->setPages(pages()); });
+    connect(preview_, &ReportPreview::refreshWanted, this, [this] {
+        preview_->setPages(pages());
+        sayLost(*preview_->pages(), preview_);
+    });
     if (windowState_ == maximised)
         preview_->showMaximized();
     else
         preview_->show();
+    sayLost(*shown, preview_);
 }
 
+void CrystalReport::printAtOnce(ReportPages &pages, QWidget *owner)
+{
+    sayLost(pages, owner);
+    print(pages, owner);
+}
+
+// A sheet without a record is worth no paper.
 void CrystalReport::print(ReportPages &pages, QWidget *owner)
 {
+    if (pages.data().size() == 0) return say(ReportWord::Empty, ReportWord::Print, owner);
     Progress progress(ReportWord::Print, language_(), owner);
     say(printer_->print(pages, pages.definition().title, std::ref(progress)), owner);
 }
@@ -181,6 +196,18 @@ void CrystalReport::exportToFile()
     if (path) exportReport(printFileType_, exported->rows(), *path);
 }
 
+// Whoever sends a letter must know which lines of the address are missing on it.
+void CrystalReport::sayLost(ReportPages &pages, QWidget *owner) const
+{
+    constexpr qsizetype most = 10; // lines that are named
+    const QStringList lost = pages.lost();
+    if (lost.isEmpty()) return;
+    QStringList said{reportWord(ReportWord::DoesNotFit, language_()), {}};
+    said << lost.first(std::min(most, lost.size()));
+    if (lost.size() > most) said << u"…"_s;
+    boxes_.show(said.join("\r\n"_L1), box::exclamation, reportWord(ReportWord::Print, language_()), owner);
+}
+
 // Of what went well and of a cancel there is nothing to say.
 void CrystalReport::say(PrintResult result, QWidget *owner) const
 {
@@ -190,7 +217,8 @@ void CrystalReport::say(PrintResult result, QWidget *owner) const
 
 void CrystalReport::say(ReportWord word, ReportWord title, QWidget *owner) const
 {
-    boxes_.show(reportWord(word, language_()), box::exclamation, reportWord(title, language_()), owner);
+    const int icon = word == ReportWord::Empty ? box::information : box::exclamation;
+    boxes_.show(reportWord(word, language_()), icon, reportWord(title, language_()), owner);
 }
 
 // In the folder where the desktop's users keep their documents.

@@ -54,9 +54,11 @@ private:
     QWidget *frontWindow() const;
     std::shared_ptr<ReportPages> pages() const;
     void showPreview();
+    void printAtOnce(ReportPages &pages, QWidget *owner);
     void print(ReportPages &pages, QWidget *owner);
     void savePdf(ReportPages &pages, QWidget *owner);
     void exportToFile();
+    void sayLost(ReportPages &pages, QWidget *owner) const;
     void say(PrintResult result, QWidget *owner) const;
     void say(ReportWord word, ReportWord title, QWidget *owner) const;
     QString suggestedFile(const QString &title, const QString &suffix) const;

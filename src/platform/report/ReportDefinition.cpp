@@ -13,7 +13,6 @@ using namespace Qt::StringLiterals;
 namespace
 {
 constexpr double longest = 100'000; // twips; no sheet of paper is longer
-constexpr int twipsPerPoint = 20;
 constexpr double standardSize = 10; // points
 
 struct Paper {
@@ -60,6 +59,7 @@ private:
     QString needed(const char *name);
     double length(const char *name, double otherwise = 0);
     bool flag(const char *name);
+    int textNumber();
     unsigned colour(const char *name, unsigned otherwise);
 
     bool child();
@@ -69,6 +69,7 @@ private:
     void paper();
     void font();
     void parameter();
+    void texts();
     void lookup();
     void band(ReportBand &band, bool flows);
     ReportRow row(bool flows);
@@ -77,6 +78,8 @@ private:
     Style style(const QString &name) const;
     ReportText places(const QString &source);
     std::size_t fieldNumber(const ReportField &field);
+    void checkReadable(double points) const;
+    void checkTexts() const;
     void checkRoom() const;
 
     QXmlStreamReader xml_;
@@ -143,6 +146,16 @@ bool Reader::flag(const char *name)
     return value == "yes"_L1;
 }
 
+// Of the program's own texts; 0 where none is named.
+int Reader::textNumber()
+{
+    const QString value = text("text", u"0"_s);
+    bool valid = false;
+    const int number = value.toInt(&valid);
+    if (!valid || number < 0) raise(u"\"text\" is the number of a text, not %1"_s.arg(value));
+    return number;
+}
+
 unsigned Reader::colour(const char *name, unsigned otherwise)
 {
     const QString value = text(name);
@@ -187,6 +200,7 @@ ReportDefinition Reader::report()
         raise(u"The file is no report: it doesn't begin with <report>"_s);
     begin();
     definition_.title = text("title");
+    definition_.texts.title = textNumber();
     definition_.table = needed("table");
     end();
     while (child())
@@ -194,6 +208,7 @@ ReportDefinition Reader::report()
     while (!xml_.atEnd())
         xml_.readNext();
     checkXml();
+    checkTexts();
     checkRoom();
     return std::move(definition_);
 }
@@ -205,9 +220,11 @@ void Reader::element(QStringView name)
     if (name == "paper"_L1) return paper();
     if (name == "font"_L1) return font();
     if (name == "parameter"_L1) return parameter();
+    if (name == "texts"_L1) return texts();
     if (name == "lookup"_L1) return lookup();
     if (name == "reportheader"_L1) return band(definition_.reportHeader, flows);
     if (name == "pageheader"_L1) return band(definition_.pageHeader, !flows);
+    if (name == "continued"_L1) return band(definition_.continued, !flows);
     if (name == "detail"_L1) return band(definition_.detail, flows);
     if (name == "pagefooter"_L1) return band(definition_.pageFooter, !flows);
     if (name == "reportfooter"_L1) return band(definition_.reportFooter, flows);
@@ -229,11 +246,16 @@ void Reader::paper()
     empty();
 }
 
+void Reader::checkReadable(double points) const
+{
+    if (points < 1) raise(u"A font of %1 points can't be read"_s.arg(points));
+}
+
 void Reader::font()
 {
     const QString name = needed("name");
     const double points = length("size", standardSize);
-    if (points < 1) raise(u"A font of %1 points can't be read"_s.arg(points));
+    checkReadable(points);
     const QString family = text("family", u"Sans Serif"_s);
     const bool bold = flag("bold");
     styles_[name] = {fontOf(family, points, bold, flag("italic")), colour("colour", 0)};
@@ -244,6 +266,15 @@ void Reader::parameter()
 {
     const QString name = needed("name");
     definition_.parameters[name] = text("default");
+    const int number = textNumber();
+    if (number != 0) definition_.texts.parameters[name] = number;
+    empty();
+}
+
+void Reader::texts()
+{
+    definition_.texts.table = needed("table");
+    definition_.texts.key = needed("key");
     empty();
 }
 
@@ -326,6 +357,9 @@ void Reader::readText(ReportElement &read, bool flows)
     read.align = sides[side];
     read.grows = flag("grow");
     if (read.grows && !flows) raise(u"Nothing can grow in page header and footer"_s);
+    read.least = length("least");
+    if (read.least > 0) checkReadable(read.least);
+    if (read.least > 0 && read.grows) raise(u"A text that grows has no need of \"least\""_s);
     read.dropsLines = flag("closelines");
     read.head = places(text("head"));
     end();
@@ -334,7 +368,7 @@ void Reader::readText(ReportElement &read, bool flows)
 
 Style Reader::style(const QString &name) const
 {
-    if (name.isEmpty()) return {fontOf(u"Sans Serif"_s, standardSize, false, false), 0};
+    if (name.isEmpty()) return {standardReportFont(), 0};
     if (!styles_.contains(name)) raise(u"There is no font of the name %1"_s.arg(name));
     return styles_[name];
 }
@@ -365,12 +399,23 @@ std::size_t Reader::fieldNumber(const ReportField &field)
     return number;
 }
 
+void Reader::checkTexts() const
+{
+    const ReportTexts &texts = definition_.texts;
+    const bool named = texts.title != 0 || !texts.parameters.isEmpty();
+    if (named && texts.table.isEmpty())
+        raise(u"Texts are named by number, but no <texts> says where they are"_s);
+}
+
 void Reader::checkRoom() const
 {
     constexpr double least = 200; // a line of text
-    if (definition_.bodyHeight() < least) raise(u"Margins, page header and page footer leave no room"_s);
+    if (definition_.bodyHeight() - definition_.continued.height < least)
+        raise(u"Margins, page header and page footer leave no room"_s);
 }
 } // namespace
+
+QFont standardReportFont() { return fontOf(u"Sans Serif"_s, standardSize, false, false); }
 
 bool ReportRow::grows() const
 {
@@ -394,6 +439,21 @@ QSizeF ReportDefinition::paper() const
 double ReportDefinition::bodyHeight() const
 {
     return paper().height() - margins.top() - margins.bottom() - pageHeader.height - pageFooter.height;
+}
+
+bool ReportDefinition::canLose() const
+{
+    const auto hasLines = [](const ReportElement &element) {
+        const bool severalLines = element.area.height() >= 2 * element.font.pixelSize();
+        return element.kind == ReportElement::Text && !element.grows && (severalLines || element.least > 0);
+    };
+    const auto inBand = [&](const ReportBand *band) {
+        return std::any_of(band->rows.begin(), band->rows.end(), [&](const ReportRow &row) {
+            return std::any_of(row.elements.begin(), row.elements.end(), hasLines);
+        });
+    };
+    const std::array bands{&reportHeader, &pageHeader, &continued, &detail, &pageFooter, &reportFooter};
+    return std::any_of(bands.begin(), bands.end(), inBand);
 }
 
 ReportDefinition readReportDefinition(const QString &path)

@@ -11,6 +11,11 @@
 #include <QRectF>
 #include <vector>
 
+constexpr int twipsPerPoint = 20;
+
+// What a text is written in that names no font.
+QFont standardReportFont();
+
 struct ReportElement {
     enum Kind { Text, Line, Box, Picture };
 
@@ -23,6 +28,7 @@ struct ReportElement {
     Qt::Alignment align = Qt::AlignLeft;
     double thickness = 0;
     bool grows = false;      // as tall as its text needs, over pages if it must
+    double least = 0;        // points: what doesn't fit is written smaller, down to this; 0: it isn't
     bool dropsLines = false; // blank lines within the text close up
     bool screenOnly = false; // shown in the preview and never printed
     QString fallback;        // the picture that stands in for a missing one
@@ -54,6 +60,15 @@ struct ReportLookup {
     QString value;
 };
 
+// The table in which the program keeps its texts: a row for each number, a column for each language by its
+// name.
+struct ReportTexts {
+    QString table;
+    QString key;
+    int title = 0;                  // the number of the text that names the report; 0: none
+    QHash<QString, int> parameters; // that of each parameter that has one
+};
+
 struct ReportDefinition {
     QString path; // whence it came
     QString title;
@@ -61,6 +76,7 @@ struct ReportDefinition {
     std::vector<ReportLookup> lookups;
     std::vector<ReportField> fields;    // each that is shown, once, in the order of the file
     QHash<QString, QString> parameters; // with their defaults
+    ReportTexts texts;
 
     QPageSize pageSize{QPageSize::A4};
     bool landscape = false;
@@ -68,12 +84,14 @@ struct ReportDefinition {
 
     ReportBand reportHeader;
     ReportBand pageHeader;
+    ReportBand continued; // over the rest of a record that began on an earlier page
     ReportBand detail;
     ReportBand pageFooter;
     ReportBand reportFooter;
 
     QSizeF paper() const;      // as it is held: a landscape sheet is wider than high
     double bodyHeight() const; // between page header and footer
+    bool canLose() const;      // whether a text has room for some lines, and so may have too many
 };
 
 // Raises Failure for a file that is missing, and for one that is broken: then with line and column.

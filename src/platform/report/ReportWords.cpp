@@ -62,6 +62,23 @@ constexpr std::array table{
            u"The file could not be written.", u"No se ha podido guardar el archivo.",
            u"Impossibile salvare il file.", u"Impossible d’enregistrer le fichier.",
            u"Die Datei konnte nicht gespeichert werden."}},
+    Words{Empty,
+          {u"A selecção está vazia: não há nada para imprimir.",
+           u"A seleção está vazia: não há nada para imprimir.",
+           u"The selection is empty: there is nothing to print.",
+           u"La selección está vacía: no hay nada que imprimir.",
+           u"La selezione è vuota: non c’è nulla da stampare.",
+           u"La sélection est vide\u00a0: il n’y a rien à imprimer.",
+           u"Die Auswahl ist leer: Es gibt nichts zu drucken."}},
+    Words{DoesNotFit,
+          {u"Estas linhas não cabem na folha, nem em letra mais pequena, e ficam por imprimir:",
+           u"Estas linhas não cabem na folha, nem em letra menor, e não serão impressas:",
+           u"These lines do not fit on the sheet, not even in smaller type, and will not be printed:",
+           u"Estas líneas no caben en la hoja, ni siquiera en letra más pequeña, y no se imprimirán:",
+           u"Queste righe non entrano nel foglio, nemmeno in caratteri più piccoli, e non saranno stampate:",
+           u"Ces lignes ne tiennent pas sur la feuille, même en plus petits caractères, et ne seront pas "
+           u"imprimées\u00a0:",
+           u"Diese Zeilen passen auch in kleinerer Schrift nicht auf das Blatt und werden nicht gedruckt:"}},
 };
 } // namespace
 

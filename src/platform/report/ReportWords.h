@@ -24,6 +24,8 @@ enum class ReportWord {
     NoPrinter,
     Rejected,
     NotWritten,
+    Empty,
+    DoesNotFit,
 };
 
 // The language by its name ("AlemaoDE"); an unknown one reads as English.
