@@ -82,10 +82,14 @@ class TestCrystalReport : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        createDatabase(Caminho(u"base.mdb"_s),
-                       {u"CREATE TABLE T (ID INTEGER PRIMARY KEY, Nome TEXT) STRICT"_s,
-                        u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 500) "
-                        "INSERT INTO T SELECT i, 'Nome ' || i FROM n"_s});
+        createDatabase(
+            Caminho(u"base.mdb"_s),
+            {u"CREATE TABLE T (ID INTEGER PRIMARY KEY, Nome TEXT) STRICT"_s,
+             u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 500) "
+             "INSERT INTO T SELECT i, 'Nome ' || i FROM n"_s,
+             u"CREATE TABLE Textos (ID INTEGER PRIMARY KEY, AlemaoDE TEXT, \"In \"\"glês\" TEXT) STRICT"_s,
+             u"INSERT INTO Textos VALUES (1, '&Liste', 'List'), (2, 'Gruppe\u00A0:', 'Group'), "
+             "(3, '', NULL), (4, 'A && B: C', '')"_s});
         QFile file(Caminho(u"r.rpt"_s));
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write("<report title='Lista' table='T'><parameter name='p' default='d'/>"
@@ -192,6 +196,46 @@ private Q_SLOTS:
     {
         controlo_->setParameterFields(0, u"p;a;b;TRUE"_s);
         QCOMPARE(Pre_Visualizar().pages()->rows().heads, QStringList{u"a;b"_s});
+    }
+
+    void os_textos_por_numero_vem_na_lingua_do_programa_data()
+    {
+        QTest::addColumn<QString>("language");
+        QTest::addColumn<QString>("table");
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QStringList>("heads");
+        const QStringList seus{u"dois:"_s, u"três"_s, u"quatro"_s, u"cinco"_s};
+        QTest::newRow("sem os sinais de uma legenda; o que falta fica")
+            << u"AlemaoDE"_s << u"Textos"_s << u"Liste"_s
+            << QStringList{u"Gruppe"_s, u"três"_s, u"A & B: C"_s, u"cinco"_s};
+        QTest::newRow("nome com aspas") << u"in \"glês"_s << u"Textos"_s << u"List"_s
+                                        << QStringList{u"Group"_s, u"três"_s, u"quatro"_s, u"cinco"_s};
+        QTest::newRow("lingua que falta") << u"ItalianoIT"_s << u"Textos"_s << u"Lista"_s << seus;
+        QTest::newRow("sem lingua") << QString() << u"Textos"_s << u"Lista"_s << seus;
+        QTest::newRow("tabela que falta") << u"AlemaoDE"_s << u"Palavras"_s << u"Lista"_s << seus;
+    }
+    void os_textos_por_numero_vem_na_lingua_do_programa()
+    {
+        QFETCH(QString, language);
+        QFETCH(QString, table);
+        QFile file(Caminho(u"textos.rpt"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(
+            u"<report title='Lista' text='1' table='T'><texts table='%1' key='id'/>"
+            "<parameter name='b' default='dois:' text='2'/><parameter name='c' default='três' text='3'/>"
+            "<parameter name='d' default='quatro' text='4'/><parameter name='e' default='cinco' text='5'/>"
+            "<detail><row height='800'><text head='{?b}'>{T.Nome}</text><text head='{?c}'>{T.Nome}</text>"
+            "<text head='{?d}'>{T.Nome}</text><text head='{?e}'>{T.Nome}</text></row></detail>"
+            "</report>"_s.arg(table)
+                .toUtf8());
+        file.close();
+        controlo_->setReportFileName(file.fileName());
+        idioma_ = language;
+        const ReportRows rows = Pre_Visualizar().pages()->rows();
+        QTEST(rows.title, "title");
+        QTEST(rows.heads, "heads");
+        controlo_->setParameterFields(0, u"b;do controlo:;TRUE"_s);
+        QCOMPARE(Pre_Visualizar().pages()->rows().heads.first(), u"do controlo:"_s);
     }
 
     void a_previsualizacao_tem_o_seu_titulo_e_abre_no_estado_dado()

@@ -81,6 +81,18 @@ private Q_SLOTS:
         QVERIFY(d.lookups[1].field.isEmpty());
     }
 
+    void le_os_numeros_dos_textos_do_programa()
+    {
+        const ReportDefinition d =
+            Ler(u"<report title='Lista' text='79' table='T'><texts table='Textos' key='ID'/>"
+                "<parameter name='p' default='Tel' text='28'/><parameter name='q'/></report>"_s);
+        QCOMPARE(d.texts.table, u"Textos"_s);
+        QCOMPARE(d.texts.key, u"ID"_s);
+        QCOMPARE(d.texts.title, 79);
+        QCOMPARE(d.texts.parameters, (QHash<QString, int>{{u"p"_s, 28}}));
+        QCOMPARE(d.parameters.value(u"p"_s), u"Tel"_s);
+    }
+
     void um_ficheiro_partido_diz_linha_e_coluna_data()
     {
         QTest::addColumn<QString>("xml");
@@ -121,6 +133,10 @@ private Q_SLOTS:
              u"line 2"_s, u"grow"_s);
         caso("sem lugar na folha", u"<paper top='9000' bottom='9000'/>"_s, u"line 3"_s, u"no room"_s);
         caso("consulta sem chave", u"<lookup table='G' equals='1'/>"_s, u"line 2"_s, u"key"_s);
+        caso("texto sem numero", u"<parameter name='p' text='Nome'/>"_s, u"line 2"_s, u"Nome"_s);
+        caso("texto de numero negativo", u"<parameter name='p' text='-1'/>"_s, u"line 2"_s, u"-1"_s);
+        caso("texto sem tabela", u"<parameter name='p' text='28'/>"_s, u"line 3"_s, u"<texts>"_s);
+        caso("textos sem chave", u"<texts table='T'/>"_s, u"line 2"_s, u"key"_s);
         caso("etiqueta por fechar", u"<detail>"_s, u"line 3"_s, u"tag"_s);
         QTest::newRow("sem tabela") << u"<report/>"_s << u"line 1"_s << u"table"_s;
         QTest::newRow("outro xml") << u"<html/>"_s << u"line 1"_s << u"<report>"_s;

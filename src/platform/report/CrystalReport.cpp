@@ -5,6 +5,7 @@
 #include "platform/Failure.h"
 #include "platform/MessageBoxes.h"
 #include "platform/report/ReportExport.h"
+#include "platform/report/ReportLanguage.h"
 #include "platform/report/ReportPages.h"
 #include "platform/report/ReportPreview.h"
 #include "platform/report/ReportPrinting.h"
@@ -118,7 +119,7 @@ QWidget *CrystalReport::frontWindow() const
 
 std::shared_ptr<ReportPages> CrystalReport::pages() const
 {
-    const ReportDefinition definition = readReportDefinition(reportFileName_);
+    ReportDefinition definition = readReportDefinition(reportFileName_);
     const auto table = dataFiles_.find(0);
     const QString &database =
         table != dataFiles_.end() && !table->second.isEmpty() ? table->second : connect_;
@@ -129,7 +130,9 @@ std::shared_ptr<ReportPages> CrystalReport::pages() const
     for (const auto &[index, field] : parameterFields_)
         parameters.insert(parameterOf(field).first, parameterOf(field).second);
     ReportData data(definition, database, selectionFormula_, sort);
-    return std::make_shared<ReportPages>(definition, std::move(data), std::move(parameters), clock_.today());
+    sayInLanguage(definition, database, language_());
+    return std::make_shared<ReportPages>(std::move(definition), std::move(data), std::move(parameters),
+                                         clock_.today());
 }
 
 void CrystalReport::showPreview()

@@ -60,6 +60,7 @@ private:
     QString needed(const char *name);
     double length(const char *name, double otherwise = 0);
     bool flag(const char *name);
+    int textNumber();
     unsigned colour(const char *name, unsigned otherwise);
 
     bool child();
@@ -69,6 +70,7 @@ private:
     void paper();
     void font();
     void parameter();
+    void texts();
     void lookup();
     void band(ReportBand &band, bool flows);
     ReportRow row(bool flows);
@@ -77,6 +79,7 @@ private:
     Style style(const QString &name) const;
     ReportText places(const QString &source);
     std::size_t fieldNumber(const ReportField &field);
+    void checkTexts() const;
     void checkRoom() const;
 
     QXmlStreamReader xml_;
@@ -143,6 +146,16 @@ bool Reader::flag(const char *name)
     return value == "yes"_L1;
 }
 
+// Of the program's own texts; 0 where none is named.
+int Reader::textNumber()
+{
+    const QString value = text("text", u"0"_s);
+    bool valid = false;
+    const int number = value.toInt(&valid);
+    if (!valid || number < 0) raise(u"\"text\" is the number of a text, not %1"_s.arg(value));
+    return number;
+}
+
 unsigned Reader::colour(const char *name, unsigned otherwise)
 {
     const QString value = text(name);
@@ -187,6 +200,7 @@ ReportDefinition Reader::report()
         raise(u"The file is no report: it doesn't begin with <report>"_s);
     begin();
     definition_.title = text("title");
+    definition_.texts.title = textNumber();
     definition_.table = needed("table");
     end();
     while (child())
@@ -194,6 +208,7 @@ ReportDefinition Reader::report()
     while (!xml_.atEnd())
         xml_.readNext();
     checkXml();
+    checkTexts();
     checkRoom();
     return std::move(definition_);
 }
@@ -205,6 +220,7 @@ void Reader::element(QStringView name)
     if (name == "paper"_L1) return paper();
     if (name == "font"_L1) return font();
     if (name == "parameter"_L1) return parameter();
+    if (name == "texts"_L1) return texts();
     if (name == "lookup"_L1) return lookup();
     if (name == "reportheader"_L1) return band(definition_.reportHeader, flows);
     if (name == "pageheader"_L1) return band(definition_.pageHeader, !flows);
@@ -244,6 +260,15 @@ void Reader::parameter()
 {
     const QString name = needed("name");
     definition_.parameters[name] = text("default");
+    const int number = textNumber();
+    if (number != 0) definition_.texts.parameters[name] = number;
+    empty();
+}
+
+void Reader::texts()
+{
+    definition_.texts.table = needed("table");
+    definition_.texts.key = needed("key");
     empty();
 }
 
@@ -363,6 +388,14 @@ std::size_t Reader::fieldNumber(const ReportField &field)
     const auto number = static_cast<std::size_t>(found - definition_.fields.begin());
     if (found == definition_.fields.end()) definition_.fields.push_back(field);
     return number;
+}
+
+void Reader::checkTexts() const
+{
+    const ReportTexts &texts = definition_.texts;
+    const bool named = texts.title != 0 || !texts.parameters.isEmpty();
+    if (named && texts.table.isEmpty())
+        raise(u"Texts are named by number, but no <texts> says where they are"_s);
 }
 
 void Reader::checkRoom() const

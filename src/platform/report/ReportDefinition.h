@@ -54,6 +54,15 @@ struct ReportLookup {
     QString value;
 };
 
+// The table in which the program keeps its texts: a row for each number, a column for each language by its
+// name.
+struct ReportTexts {
+    QString table;
+    QString key;
+    int title = 0;                  // the number of the text that names the report; 0: none
+    QHash<QString, int> parameters; // that of each parameter that has one
+};
+
 struct ReportDefinition {
     QString path; // whence it came
     QString title;
@@ -61,6 +70,7 @@ struct ReportDefinition {
     std::vector<ReportLookup> lookups;
     std::vector<ReportField> fields;    // each that is shown, once, in the order of the file
     QHash<QString, QString> parameters; // with their defaults
+    ReportTexts texts;
 
     QPageSize pageSize{QPageSize::A4};
     bool landscape = false;
