@@ -423,6 +423,89 @@ private Q_SLOTS:
                  (QStringList{u"Abel  Rua Direita 5"_s, u"      Lisboa"_s}));
     }
 
+    void no_texto_uma_celula_que_continua_nao_empurra_as_colunas_seguintes()
+    {
+        const QString nome =
+            QString(58, u'n') + u" e mais alguns  apelidos "_s + QString(50, u'm') + u"   fim"_s;
+        const QStringList linhas = Linhas_Do_Texto(Pasta().Bytes(
+            ReportControl::Text, {{}, {u"Nome"_s, u"Telefone"_s}, {}, {{nome, u"219\n220\n221\n222"_s}}}));
+        QCOMPARE(linhas.size(), 6);
+        for (int i = 0; i < 3; ++i)
+            QCOMPARE(linhas[2 + i].indexOf(QString::number(219 + i)), 62);
+        QString palavras;
+        for (const QString &linha : linhas.sliced(2))
+            palavras += linha.left(60).trimmed() + u' ';
+        QCOMPARE(palavras.simplified(), nome.simplified());
+    }
+
+    void no_texto_a_coluna_mais_larga_cede_ate_a_lista_caber_num_ecra()
+    {
+        ReportRows rows{
+            {}, {u"Nome"_s}, {}, {{u"Maria da Conceição de Albuquerque e Vasconcelos Pereira"_s}}};
+        for (int i = 0; i < 7; ++i) {
+            rows.heads << u"Telefone"_s;
+            rows.records.front().push_back(u"+351 912 345 67%1"_s.arg(i));
+        }
+        const QStringList linhas = Linhas_Do_Texto(Pasta().Bytes(ReportControl::Text, rows));
+        QCOMPARE(linhas.size(), 4);
+        QCOMPARE(linhas[1].size(), 160);
+        QStringList colunas{u"Maria da Conceição de Albuquerque "_s};
+        for (int i = 0; i < 7; ++i)
+            colunas << u"+351 912 345 67%1"_s.arg(i);
+        QCOMPARE(linhas[2], colunas.join(u"  "_s));
+        QCOMPARE(linhas[3], u"e Vasconcelos Pereira"_s);
+    }
+
+    void no_texto_uma_lista_que_nem_assim_cabe_e_fichas_ficam_em_blocos_com_rotulos()
+    {
+        ReportRows rows{u"Fichas"_s, {u"Nome"_s, u"Morada"_s, u"Nota"_s}, {}, {}};
+        rows.records = {{u"Abel"_s, u"Rua 5\n1000-001 Lisboa"_s, {}}, {u"Berta"_s, {}, Nota(150)}};
+        rows.sheets = true;
+        const QStringList esperadas{
+            u"Fichas"_s,
+            {},
+            u"Nome    Abel"_s,
+            u"Morada  Rua 5"_s,
+            u"        1000-001 Lisboa"_s,
+            {},
+            u"Nome    Berta"_s,
+            u"Nota    palavra0 palavra1 palavra2 palavra3 palavra4 palavra5 palavra6 palavra7"_s,
+            u"        palavra8 palavra9 palavra10 palavra11 palavra12 palavra13 palavra14"_s,
+            u"        palavra15"_s};
+        QCOMPARE(Linhas_Do_Texto(Pasta().Bytes(ReportControl::Text, rows)), esperadas);
+
+        const QString palavra(81, u'x');
+        const ReportRows larga{{}, {u"A"_s, u"B"_s, u"C"_s}, {}, {{palavra, palavra, palavra}}};
+        QCOMPARE(Linhas_Do_Texto(Pasta().Bytes(ReportControl::Text, larga)).size(), 6);
+    }
+
+    void no_texto_fichas_sem_registos_tem_as_cabecas()
+    {
+        ReportRows rows{{}, {u"Nome"_s, u"Nota"_s}, {}, {}};
+        rows.sheets = true;
+        QCOMPARE(Linhas_Do_Texto(Pasta().Bytes(ReportControl::Text, rows)).value(0), u"Nome  Nota"_s);
+    }
+
+    void no_texto_uma_ficha_com_uma_nota_de_100_KB_nao_e_feita_de_espacos()
+    {
+        ReportRows rows{u"Fichas"_s, {}, {}, {{}}};
+        for (int i = 0; i < 14; ++i) {
+            rows.heads << u"Campo %1"_s.arg(i);
+            rows.records.front().push_back(QString(30, u'x'));
+        }
+        const QString nota = Nota(100'000);
+        rows.records.front().back() = nota;
+        rows.sheets = true;
+        const QByteArray ficheiro = Pasta().Bytes(ReportControl::Text, rows);
+        QVERIFY(ficheiro.size() < 125'000);
+        const QStringList linhas = Linhas_Do_Texto(ficheiro);
+        for (const QString &linha : linhas) {
+            QVERIFY(linha.size() <= 80);
+            QVERIFY(!linha.endsWith(u' '));
+        }
+        QVERIFY(linhas.join(u' ').simplified().endsWith(nota.simplified()));
+    }
+
     void uma_palavra_mais_larga_do_que_a_coluna_parte_se_sem_partir_letras()
     {
         QCOMPARE(wrappedLines(u"😀😀😀"_s, 5), (QStringList{u"😀😀"_s, u"😀"_s}));

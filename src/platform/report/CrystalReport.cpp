@@ -181,7 +181,10 @@ void CrystalReport::exportToFile()
     const QString suffix = QString::fromUtf16(kind.suffix);
     const auto path = dialogs_.saveFile(QString::fromUtf16(kind.filter),
                                         suggestedFile(exported->definition().title, suffix), frontWindow());
-    if (path) exportReport(printFileType_, exported->rows(), *path);
+    if (!path) return;
+    ReportRows rows = exported->rows();
+    rows.sheets = exported->definition().detail.newPage;
+    exportReport(printFileType_, rows, *path);
 }
 
 // Of what went well and of a cancel there is nothing to say.
