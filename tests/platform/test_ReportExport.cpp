@@ -1,6 +1,7 @@
 // The files that reports are written to: workbooks as a library that is not ours reads them, texts and
 // documents by what they say.
 #include "platform/Failure.h"
+#include "platform/report/OfficeFont.h"
 #include "platform/report/ReportControl.h"
 #include "platform/report/ReportExport.h"
 #include "platform/report/TextWidth.h"
@@ -192,6 +193,24 @@ private:
     QByteArray documento_, grupo_;
     qsizetype i_ = 0;
 };
+
+// The stops of all paragraphs of a document, in twips.
+QList<int> Tabuladores(const QByteArray &documento)
+{
+    static const QRegularExpression lugar(u"\\\\tx([0-9]+)"_s);
+    QList<int> lugares;
+    for (const auto &achado : lugar.globalMatch(QString::fromLatin1(documento)))
+        lugares << achado.captured(1).toInt();
+    return lugares;
+}
+
+// In twips, of a text in the document's font.
+double Largura(const QString &texto, bool gorda)
+{
+    QFont letra = officeFont(9, gorda ? QFont::Bold : QFont::Normal);
+    letra.setKerning(false); // the document has none either
+    return QFontMetricsF(letra).horizontalAdvance(texto);
+}
 
 const QStringList escritas{u"Άννα Παπαδοπούλου"_s, u"Дмитрий Ёлкин"_s, u"王小明"_s,
                            u"Zoë Ångström"_s,      u"יעל"_s,           u"😀 Abel"_s};
@@ -545,6 +564,68 @@ private Q_SLOTS:
         QVERIFY(!Pasta().Bytes(ReportControl::Document, rows).contains("\\landscape"));
         rows.records.front()[1] = QString(80, u'b');
         QVERIFY(Pasta().Bytes(ReportControl::Document, rows).contains("\\landscape"));
+    }
+
+    void no_documento_cada_coluna_tem_lugar_para_o_que_tem_na_letra_do_documento()
+    {
+        const QString largo = u"WANDA MUMMENDEY-WINKELMANN"_s;
+        ReportRows rows{{}, {u"Name"_s, u"MMMMMMMMMMMM"_s, u"Fax"_s}, {}, {}};
+        rows.records = {{largo, u"219 000 000"_s, u"1"_s}, {u"Ana"_s, u"王小明 Παπαδοπούλου"_s, u"2"_s}};
+        const QByteArray documento = Pasta().Bytes(ReportControl::Document, rows);
+        const QList<int> lugares = Tabuladores(documento);
+        QCOMPARE(lugares.size(), 4); // two in the heads and the same in the records
+        QCOMPARE(lugares.first(2), lugares.last(2));
+        QVERIFY(lugares[0] > Largura(largo, false));
+        QVERIFY(lugares[1] - lugares[0] > Largura(rows.heads[1], true));
+        QVERIFY(lugares[1] - lugares[0] > Largura(u"王小明 Παπαδοπούλου"_s, false));
+        QVERIFY(lugares[0] < Largura(largo, false) + 300);
+    }
+
+    void no_documento_uma_celula_larga_de_mais_continua_na_sua_coluna()
+    {
+        const QString nome =
+            u"Maria da Conceição de Albuquerque e Vasconcelos Pereira de Souza e Holstein Beck "
+            "de Saxe-Coburgo-Gotha e Bragança"_s;
+        ReportRows rows{{}, {u"Nome"_s}, {}, {{nome}, {u"Abel"_s}}};
+        for (int i = 0; i < 6; ++i) {
+            rows.heads << u"Telefone"_s;
+            for (auto &registo : rows.records)
+                registo.push_back(u"+351 912 345 67%1"_s.arg(i));
+        }
+        const QByteArray documento = Pasta().Bytes(ReportControl::Document, rows);
+        QVERIFY(documento.contains("\\landscape"));
+        const QList<int> lugares = Tabuladores(documento);
+        QCOMPARE(lugares.size(), 12);
+        QVERIFY(lugares.last() + Largura(u"+351 912 345 675"_s, false) <= 16838 - 2 * 1134);
+        const QStringList linhas = Leitor(documento).texto.split(u'\n', Qt::SkipEmptyParts);
+        QVERIFY(linhas.size() >= 3 && linhas.size() <= 4);
+        QString inteiro;
+        for (const QString &linha : linhas.first(linhas.size() - 1)) {
+            inteiro += linha.section(u'\t', 0, 0) + u' ';
+            QVERIFY(Largura(linha.section(u'\t', 0, 0), false) <= lugares[0]);
+            QCOMPARE(linha.count(u'\t'), linha == linhas.first() ? 6 : 0);
+        }
+        QCOMPARE(inteiro.trimmed(), nome);
+        QCOMPARE(linhas.last().section(u'\t', 0, 1), u"Abel\t+351 912 345 670"_s);
+    }
+
+    void no_documento_uma_nota_de_muitas_linhas_nao_fica_em_coluna()
+    {
+        const ReportRows rows{{}, {u"Nome"_s, u"Nota"_s}, {}, {{u"Abel"_s, Nota(1000)}}};
+        QCOMPARE(Leitor(Pasta().Bytes(ReportControl::Document, rows)).texto,
+                 u"Nome\tAbel\nNota\t"_s + Nota(1000) + u'\n');
+    }
+
+    void no_documento_fichas_sao_blocos_por_estreitas_que_sejam()
+    {
+        ReportRows rows{{}, {u"Nome"_s, u"MMMMMMMMMMMMMMMM"_s}, {}, {{u"Abel"_s, u"219"_s}}};
+        rows.sheets = true;
+        const QByteArray documento = Pasta().Bytes(ReportControl::Document, rows);
+        QCOMPARE(Leitor(documento).texto, u"Nome\tAbel\nMMMMMMMMMMMMMMMM\t219\n"_s);
+        QVERIFY(Tabuladores(documento).first() > Largura(rows.heads[1], true));
+        rows.records.clear();
+        QCOMPARE(Leitor(Pasta().Bytes(ReportControl::Document, rows), "\\header").texto,
+                 u"Nome\tMMMMMMMMMMMMMMMM\n"_s);
     }
 
     void no_documento_fichas_sao_blocos_com_rotulos_e_uma_nota_de_100_KB_inteira()
