@@ -546,6 +546,15 @@ private Q_SLOTS:
         QVERIFY(!documento.contains("\\trowd")); // tables take a word processor too long
     }
 
+    // A word processor takes the font of the text over into neither of the two.
+    void no_documento_cabecas_e_numero_da_pagina_tem_a_letra_do_texto()
+    {
+        const QByteArray documento = Pasta().Bytes(ReportControl::Document, Nomes());
+        QVERIFY(documento.contains("{\\header\\pard\\plain\\f0\\fs18"));
+        QVERIFY(documento.contains("{\\footer\\pard\\plain\\f0\\fs16"));
+        QCOMPARE(documento.count("\\plain\\f0\\fs"), 4); // with the title and the records
+    }
+
     void no_documento_os_sinais_do_formato_ficam_letras()
     {
         const ReportRows rows{{}, {u"A"_s}, {}, {{u"{a}\\b\\par"_s}}};

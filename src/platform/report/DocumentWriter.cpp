@@ -12,7 +12,7 @@ namespace
 {
 // In twips.
 constexpr int longSide = 16838, shortSide = 11906, margin = 1134, gap = 240;
-constexpr int points = 9; // of the letters
+constexpr int points = 9; // of the letters in lists and blocks
 constexpr double narrowestColumn = 1800;
 constexpr qsizetype mostLines = 3; // of a cell in a list
 
@@ -75,6 +75,9 @@ bool hasLines(const ReportRows &rows)
     });
 }
 
+// Page header and footer do not take over the font of the document, so each paragraph names it.
+QByteArray paragraphBegin(int letters) { return "\\pard\\plain\\f0\\fs" + QByteArray::number(2 * letters); }
+
 void putPage(QByteArray &document, bool landscape)
 {
     document.append("{\\rtf1\\ansi\\ansicpg1252\\uc1\\deff0{\\fonttbl{\\f0\\fswiss Arial;}}\n");
@@ -86,13 +89,13 @@ void putPage(QByteArray &document, bool landscape)
     for (const char *side : {"\\margl", "\\margr", "\\margt", "\\margb"})
         measure(side, margin);
     if (landscape) document.append("\\landscape");
-    document.append("\n{\\footer\\pard\\qc\\fs16\\chpgn\\par}\n");
+    document.append("\n{\\footer" + paragraphBegin(8) + "\\qc\\chpgn\\par}\n");
 }
 
 void putTitle(QByteArray &document, const QString &title)
 {
     if (title.isEmpty()) return;
-    document.append("\\pard\\sa240\\b\\fs28 ");
+    document.append(paragraphBegin(14) + "\\sa240\\b ");
     putText(document, title);
     document.append("\\b0\\par\n");
 }
@@ -134,7 +137,7 @@ std::optional<List> listOf(const ReportRows &rows, const Measures &measures)
 // Heads and records of the list share one measure.
 QByteArray listParagraph(const List &list)
 {
-    QByteArray paragraph("\\pard\\fs18");
+    QByteArray paragraph = paragraphBegin(points);
     double stop = 0;
     for (std::size_t i = 0; i + 1 < list.widths.size(); ++i) {
         stop += list.widths[i] + gap;
@@ -188,21 +191,21 @@ void putList(QByteArray &document, const ReportRows &rows, const List &list, con
         putRecord(document, record, list, measure);
 }
 
-// The first line of a block stands apart from the block before.
+// The first line of a block stands apart from the block before, and is not left behind at the end of a page.
 void putBlocks(QByteArray &document, const ReportRows &rows, const TextMeasure &labels)
 {
     double widest = 0;
     for (const QString &head : rows.heads)
         widest = std::max(widest, labels.width(head));
     const QByteArray place = QByteArray::number(qCeil(widest) + gap);
-    const QByteArray paragraph = "\\pard\\fs18\\li" + place + "\\fi-" + place + "\\tx" + place;
+    const QByteArray paragraph = paragraphBegin(points) + "\\li" + place + "\\fi-" + place + "\\tx" + place;
     putTitle(document, rows.title);
     for (const auto &record : rows.records) {
-        document.append(paragraph).append("\\sb240 ");
+        document.append(paragraph).append("\\keepn\\sb240 ");
         bool first = true;
         for (std::size_t i = 0; i < record.size(); ++i) {
             if (record[i].isEmpty()) continue;
-            if (!std::exchange(first, false)) document.append("\\sb0 ");
+            if (!std::exchange(first, false)) document.append("\\keepn0\\sb0 ");
             document.append("{\\b ");
             putText(document, rows.heads[static_cast<qsizetype>(i)]);
             document.append("}\\tab ");
