@@ -9,10 +9,12 @@
 #include "testlib/Teste.h"
 
 #include <freexl.h>
+#include <QFontMetricsF>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <QtEndian>
 
 using namespace Qt::StringLiterals;
 
@@ -129,6 +131,43 @@ QStringList Primeira_Coluna_Pelo_Xlrd(const ReportRows &rows)
         celulas << celula.toString();
     return celulas;
 }
+
+// The records of a workbook's stream, which begins behind the file's first sector and lies in one piece.
+struct Registo {
+    int numero = 0;
+    QByteArray corpo;
+    int Palavra(int lugar) const { return qFromLittleEndian<quint16>(corpo.constData() + 2 * lugar); }
+};
+QList<Registo> Registos(const QByteArray &livro, int so_estes)
+{
+    QList<Registo> registos;
+    for (qsizetype i = 512; i + 4 <= livro.size();) {
+        const int numero = qFromLittleEndian<quint16>(livro.constData() + i);
+        const int tamanho = qFromLittleEndian<quint16>(livro.constData() + i + 2);
+        if (numero == 0) break;
+        if (numero == so_estes) registos << Registo{numero, livro.mid(i + 4, tamanho)};
+        i += 4 + tamanho;
+    }
+    return registos;
+}
+// Of each row of the first sheet, heads first, in twips.
+QList<int> Alturas(const ReportRows &rows)
+{
+    QList<int> alturas;
+    for (const Registo &linha : Registos(Pasta().Bytes(ReportControl::Spreadsheet, rows), 0x208))
+        if (linha.Palavra(0) == alturas.size()) alturas << linha.Palavra(3);
+    return alturas;
+}
+// Of each column, in noughts.
+QList<double> Colunas(const ReportRows &rows)
+{
+    QList<double> larguras;
+    for (const Registo &coluna : Registos(Pasta().Bytes(ReportControl::Spreadsheet, rows), 0x7D))
+        larguras << coluna.Palavra(2) / 256.0;
+    return larguras;
+}
+
+QByteArray Hex(const char *bytes) { return QByteArray::fromHex(bytes); }
 
 QStringList Primeira_Coluna(const ReportRows &rows)
 {
@@ -387,6 +426,142 @@ private Q_SLOTS:
         QCOMPARE(livro.Celula(0, 0), u"Nome"_s);
         QCOMPARE(livro.Celula(1, 0), u"65535"_s);
         QCOMPARE(livro.Nome(1), u"Lista (2)"_s);
+    }
+
+    // Of a workbook so small that its stream has the least length that a stream may have: eight sectors, then
+    // the directory, then the allocation table.
+    void o_livro_comeca_pelos_bytes_do_formato()
+    {
+        const QByteArray livro = Pasta().Bytes(ReportControl::Spreadsheet, {u"x"_s, {u"A"_s}, {}, {}});
+        QByteArray cabeca =
+            Hex("d0cf11e0a1b11ae1") + QByteArray(16, '\0') + Hex("3e00 0300 feff 0900 0600") +
+            QByteArray(10, '\0') +
+            Hex("01000000 08000000 00000000 00100000 feffffff 00000000 feffffff 00000000 09000000");
+        cabeca.append(512 - cabeca.size(), '\xff');
+        QCOMPARE(livro.first(512).toHex(' '), cabeca.toHex(' '));
+
+        const QByteArray inicio = Hex("0908 1000 0006 0500 bb0d cc07 41000000 06000000"
+                                      "4200 0200 b004"
+                                      "3d00 1200 0000 0000 5c3a be23 3800 0000 0000 0100 5802");
+        const QByteArray letra =
+            Hex("3100 1a00 c800 0000 ff7f 9001 0000 00 00 00 00 05 01 4100 7200 6900 6100 6c00");
+        const QByteArray gorda =
+            Hex("3100 1a00 c800 0000 ff7f bc02 0000 00 00 00 00 05 01 4100 7200 6900 6100 6c00");
+        const auto formato = [](const char *inicio_dele) {
+            return Hex("e000 1400") + Hex(inicio_dele) + QByteArray(8, '\0') + Hex("c020");
+        };
+        const QByteArray formatos =
+            formato("0000 0000 f5ff 20 00 00 00") + formato("0000 0000 f5ff 20 00 00 f4").repeated(14) +
+            formato("0000 0000 0100 20 00 00 00") + formato("0000 3100 0100 00 00 00 14") +
+            formato("0000 3100 0100 08 00 00 14") + formato("0500 3100 0100 00 00 00 1c") +
+            Hex("9302 0400 0080 00ff");
+        const QByteArray todos = inicio + letra.repeated(4) + gorda + formatos;
+        QCOMPARE(livro.mid(512, todos.size()).toHex(' '), todos.toHex(' '));
+
+        const QByteArray folha = livro.mid(512 + todos.size());
+        QVERIFY(folha.startsWith(Hex("8500 0a00")));
+        const auto lugar = qFromLittleEndian<quint32>(folha.constData() + 4);
+        QCOMPARE(folha.mid(8, 6).toHex(' '), Hex("0000 01 01 7800").toHex(' '));
+        QCOMPARE(livro.mid(512 + lugar, 20).toHex(' '),
+                 Hex("0908 1000 0006 1000 bb0d cc07 41000000 06000000").toHex(' '));
+    }
+
+    void o_livro_tem_a_sua_pasta_e_a_sua_tabela_onde_o_inicio_diz()
+    {
+        const QByteArray livro = Pasta().Bytes(ReportControl::Spreadsheet, {u"x"_s, {u"A"_s}, {}, {}});
+        QCOMPARE(livro.size(), 11 * 512);
+        const auto nome = [](const char *letras) {
+            QByteArray largo;
+            for (const char *letra = letras; *letra; ++letra)
+                largo.append(*letra).append('\0');
+            return largo.append(64 - largo.size(), '\0');
+        };
+        const QByteArray nada(36, '\0');
+        const QByteArray pasta = nome("Root Entry") + Hex("1600 05 01 ffffffff ffffffff 01000000") + nada +
+                                 Hex("feffffff 00000000 00000000") + nome("Workbook") +
+                                 Hex("1200 02 01 ffffffff ffffffff ffffffff") + nada +
+                                 Hex("00000000 00100000 00000000");
+        QCOMPARE(livro.mid(9 * 512, 256).toHex(' '), pasta.toHex(' '));
+        QByteArray tabela =
+            Hex("01000000 02000000 03000000 04000000 05000000 06000000 07000000 feffffff feffffff fdffffff");
+        tabela.append(512 - tabela.size(), '\xff');
+        QCOMPARE(livro.last(512).toHex(' '), tabela.toHex(' '));
+    }
+
+    void cada_linha_e_tao_alta_como_a_sua_celula_de_mais_linhas()
+    {
+        const ReportRows rows{u"x"_s,
+                              {u"Nome"_s, u"Morada"_s, u"Nota"_s},
+                              {},
+                              {{u"Abel"_s, u"Rua 5\n1000-001 Lisboa\nPortugal"_s, u"curta"_s},
+                               {u"Berta"_s, {}, u"curta"_s},
+                               {u"Carlos"_s, {}, Nota(200)},
+                               {u"Dora"_s, {}, Nota(5'000)}}};
+        const QList<int> alturas = Alturas(rows);
+        QCOMPARE(alturas.size(), 5);
+        QCOMPARE(alturas.first(3), (QList<int>{255, 3 * 255, 255}));
+        QVERIFY(alturas[3] >= 2 * 255 && alturas[3] <= 3 * 255); // 200 letters at some 78 noughts
+        QCOMPARE(alturas[4], 8190);                              // the format knows no higher one
+        const auto linhas = Registos(Pasta().Bytes(ReportControl::Spreadsheet, rows), 0x208);
+        QCOMPARE(linhas[1].Palavra(6), 0x140); // its own height
+        QCOMPARE(linhas[2].Palavra(6), 0x100); // the usual one
+        Livro(rows).Comparar(rows);
+    }
+
+    void com_muitas_linhas_cada_uma_tem_a_sua_altura_antes_das_suas_celulas()
+    {
+        ReportRows rows{u"x"_s, {u"A"_s}, {}, {}};
+        QList<int> esperadas{255};
+        for (int i = 0; i < 100; ++i) {
+            rows.records.push_back({i % 3 == 0 ? u"a\nb"_s : u"a"_s});
+            esperadas << (i % 3 == 0 ? 510 : 255);
+        }
+        QCOMPARE(Alturas(rows), esperadas);
+        Livro(rows).Comparar(rows);
+    }
+
+    void cada_coluna_e_tao_larga_como_o_que_tem_ate_uma_medida_em_que_o_texto_muda_de_linha()
+    {
+        const QString largo = u"WANDA MUMMENDEY-WINKELMANN"_s;
+        const ReportRows rows{
+            u"x"_s,
+            {u"Nome"_s, u"Fax"_s, u"MMMMMMMMMMMM"_s, u"Nota"_s},
+            {},
+            {{largo, u"1"_s, {}, Nota(200)}, {u"iiiiiiiiiiiiiiiiiiiiiiiiii"_s, {}, {}, {}}}};
+        const QFontMetricsF letra(officeFont(10, QFont::Normal)), gorda(officeFont(10, QFont::Bold));
+        const double nada = letra.horizontalAdvance(u'0');
+        const QList<double> colunas = Colunas(rows);
+        QCOMPARE(colunas.size(), 4);
+        QVERIFY(colunas[0] >
+                letra.horizontalAdvance(largo) / nada + 0.7); // five of seven dots lie around a text
+        QVERIFY(colunas[0] < letra.horizontalAdvance(largo) / nada + 3);
+        QCOMPARE(colunas[1], 9.5);
+        QVERIFY(colunas[2] > gorda.horizontalAdvance(rows.heads[2]) / nada + 0.7);
+        QCOMPARE(colunas[3], 40.0);
+        QCOMPARE(Colunas({u"x"_s, {u"Nota"_s}, {}, {{Nota(10'000)}}}), QList<double>{80});
+        const QList<double> media = Colunas({u"x"_s, {u"Nota"_s}, {}, {{Nota(600)}}});
+        QVERIFY(media.value(0) > 45 && media.value(0) < 75);
+    }
+
+    void impressas_todas_as_colunas_ficam_numa_pagina_de_largo()
+    {
+        ReportRows rows{u"x"_s, {u"A"_s}, {}, {{u"a"_s}}};
+        QByteArray livro = Pasta().Bytes(ReportControl::Spreadsheet, rows);
+        QCOMPARE(Registos(livro, 0x81).value(0).corpo.toHex(' '), "c1 05");
+        QCOMPARE(
+            Registos(livro, 0xA1).value(0).corpo.toHex(' '),
+            Hex("0900 6400 0100 0100 0000 0200 5802 5802 333333333333d33f 333333333333d33f 0100").toHex(' '));
+        QCOMPARE(Registos(livro, 0x15).value(0).corpo, Hex("090000") + "&C&P / &N");
+        for (const int margem : {0x26, 0x27})
+            QCOMPARE(Registos(livro, margem).value(0).corpo.toHex(), "000000000000e03f");
+        for (const int margem : {0x28, 0x29})
+            QCOMPARE(Registos(livro, margem).value(0).corpo.toHex(), "000000000000e83f");
+        for (int i = 0; i < 12; ++i) {
+            rows.heads << u"B"_s;
+            rows.records.front().push_back(u"+351 912 345 678"_s);
+        }
+        livro = Pasta().Bytes(ReportControl::Spreadsheet, rows);
+        QCOMPARE(Registos(livro, 0xA1).value(0).Palavra(5), 0); // lengthwise
     }
 
     void o_texto_tem_titulo_cabecas_e_colunas_alinhadas()
