@@ -525,7 +525,7 @@ private Q_SLOTS:
         const QString largo = u"WANDA MUMMENDEY-WINKELMANN"_s;
         const ReportRows rows{
             u"x"_s,
-            {u"Nome"_s, u"Fax"_s, u"MMMMMMMMMMMM"_s, u"Nota"_s},
+            {u"Nome"_s, u"Fax"_s, QString(36, u'n'), u"Nota"_s},
             {},
             {{largo, u"1"_s, {}, Nota(200)}, {u"iiiiiiiiiiiiiiiiiiiiiiiiii"_s, {}, {}, {}}}};
         const QFontMetricsF letra(officeFont(10, QFont::Normal)), gorda(officeFont(10, QFont::Bold));
@@ -753,7 +753,7 @@ private Q_SLOTS:
     void no_documento_cada_coluna_tem_lugar_para_o_que_tem_na_letra_do_documento()
     {
         const QString largo = u"WANDA MUMMENDEY-WINKELMANN"_s;
-        ReportRows rows{{}, {u"Name"_s, u"MMMMMMMMMMMM"_s, u"Fax"_s}, {}, {}};
+        ReportRows rows{{}, {u"Name"_s, QString(36, u'n'), u"Fax"_s}, {}, {}};
         rows.records = {{largo, u"219 000 000"_s, u"1"_s}, {u"Ana"_s, u"王小明 Παπαδοπούλου"_s, u"2"_s}};
         const QByteArray documento = Pasta().Bytes(ReportControl::Document, rows);
         const QList<int> lugares = Tabuladores(documento);
@@ -802,14 +802,14 @@ private Q_SLOTS:
 
     void no_documento_fichas_sao_blocos_por_estreitas_que_sejam()
     {
-        ReportRows rows{{}, {u"Nome"_s, u"MMMMMMMMMMMMMMMM"_s}, {}, {{u"Abel"_s, u"219"_s}}};
+        ReportRows rows{{}, {u"Nome"_s, QString(40, u'n')}, {}, {{u"Abel"_s, u"219"_s}}};
         rows.sheets = true;
         const QByteArray documento = Pasta().Bytes(ReportControl::Document, rows);
-        QCOMPARE(Leitor(documento).texto, u"Nome\tAbel\nMMMMMMMMMMMMMMMM\t219\n"_s);
+        QCOMPARE(Leitor(documento).texto, u"Nome\tAbel\n"_s + QString(40, u'n') + u"\t219\n"_s);
         QVERIFY(Tabuladores(documento).first() > Largura(rows.heads[1], true));
         rows.records.clear();
         QCOMPARE(Leitor(Pasta().Bytes(ReportControl::Document, rows), "\\header").texto,
-                 u"Nome\tMMMMMMMMMMMMMMMM\n"_s);
+                 u"Nome\t"_s + QString(40, u'n') + u'\n');
     }
 
     void no_documento_fichas_sao_blocos_com_rotulos_e_uma_nota_de_100_KB_inteira()

@@ -65,16 +65,17 @@ public:
 private:
     quint32 columns() const { return static_cast<quint32>(rows_.heads.size()); }
 
-    // The room for text in each column.
+    // The room for text in each column; heads do not wrap.
     void measureColumns()
     {
         const TextMeasure heads(officeFont(letterPoints, QFont::Bold));
         const double wide = (wideColumn - padding) * nought_, widest = (widestColumn - padding) * nought_;
         for (qsizetype column = 0; column < rows_.heads.size(); ++column) {
-            double whole = std::max(narrowestColumn * nought_, heads.width(rows_.heads[column]));
+            const double head = heads.width(rows_.heads[column]);
+            double whole = std::max(narrowestColumn * nought_, head);
             for (std::size_t i = first_; i < last_; ++i)
                 whole = std::max(whole, letters_.width(rows_.records[i][static_cast<std::size_t>(column)]));
-            widths_.push_back(std::min(whole, std::clamp(whole / manyLines, wide, widest)));
+            widths_.push_back(std::min(whole, std::clamp(std::max(head, whole / manyLines), wide, widest)));
         }
     }
 
