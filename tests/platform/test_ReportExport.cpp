@@ -564,6 +564,22 @@ private Q_SLOTS:
         QCOMPARE(Registos(livro, 0xA1).value(0).Palavra(5), 0); // lengthwise
     }
 
+    void impressas_as_cabecas_voltam_em_cada_pagina()
+    {
+        ReportRows rows{u"Lista"_s, {u"Nome"_s}, {}, {}};
+        for (int i = 0; i < 65536; ++i)
+            rows.records.push_back({u"a"_s});
+        const QByteArray livro = Pasta().Bytes(ReportControl::Spreadsheet, rows);
+        QCOMPARE(Registos(livro, 0x1AE).value(0).corpo.toHex(), "02000104");
+        QCOMPARE(Registos(livro, 0x17).value(0).corpo.toHex(), "0200000000000000000001000100");
+        const auto nomes = Registos(livro, 0x18);
+        QCOMPARE(nomes.size(), 2);
+        QCOMPARE(nomes[0].corpo.toHex(' '),
+                 Hex("2000 00 01 0b00 0000 0100 00000000 00 07 3b 0000 0000 0000 0000 ff00").toHex(' '));
+        QCOMPARE(nomes[1].corpo.toHex(' '),
+                 Hex("2000 00 01 0b00 0000 0200 00000000 00 07 3b 0100 0000 0000 0000 ff00").toHex(' '));
+    }
+
     void o_texto_tem_titulo_cabecas_e_colunas_alinhadas()
     {
         const ReportRows rows{

@@ -85,6 +85,28 @@ qsizetype putSheetEntry(QByteArray &book, const QString &name)
     putRecord(book, sheet, body);
     return book.size() - body.size();
 }
+// Printed, each page of a sheet begins with the sheet's first row: a name that the format knows refers to it.
+void putPrintTitles(QByteArray &book, quint32 sheets)
+{
+    constexpr quint32 thisBook = 0x0401, builtIn = 0x20, printTitles = 7, area = 0x3B, lastColumn = 0xFF;
+    putRecord(book, referredBook, words({sheets, thisBook}));
+    QByteArray references = words({sheets});
+    for (quint32 i = 0; i < sheets; ++i)
+        references.append(words({0, i, i}));
+    putRecord(book, sheetReferences, references);
+    for (quint32 i = 0; i < sheets; ++i) {
+        QByteArray formula;
+        put8(formula, area);
+        formula.append(words({i, 0, 0, 0, lastColumn}));
+        QByteArray body = words({builtIn});
+        put8(body, 0); // no key
+        put8(body, 1); // letter
+        body.append(words({static_cast<quint32>(formula.size()), 0, i + 1, 0, 0}));
+        put8(body, 0);
+        put8(body, printTitles);
+        putRecord(book, name, body + formula);
+    }
+}
 } // namespace
 
 QByteArray spreadsheetContent(const ReportRows &rows)
@@ -100,6 +122,7 @@ QByteArray spreadsheetContent(const ReportRows &rows)
     std::vector<qsizetype> entries;
     for (std::size_t i = 0; i < sheets; ++i)
         entries.push_back(putSheetEntry(book, sheetName(rows.title, i)));
+    putPrintTitles(book, static_cast<quint32>(sheets));
     strings.write(book);
     putRecord(book, endOfPart);
     for (std::size_t i = 0; i < sheets; ++i) {

@@ -10,6 +10,8 @@ namespace workbook
 enum Record : quint32 {
     endOfPart = 0x0A,
     footer = 0x15,
+    sheetReferences = 0x17,
+    name = 0x18,
     selection = 0x1D,
     leftMargin = 0x26,
     rightMargin = 0x27,
@@ -25,6 +27,7 @@ enum Record : quint32 {
     pageSetup = 0xA1,
     format = 0xE0,
     sharedString = 0xFD,
+    referredBook = 0x1AE,
     dimensions = 0x200,
     row = 0x208,
     sheetWindow = 0x23E,
