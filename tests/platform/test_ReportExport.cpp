@@ -1,6 +1,7 @@
 // The files that reports are written to: workbooks as a library that is not ours reads them, texts and
 // documents by what they say.
 #include "platform/Failure.h"
+#include "platform/report/OfficeFont.h"
 #include "platform/report/ReportControl.h"
 #include "platform/report/ReportExport.h"
 #include "platform/report/TextWidth.h"
@@ -8,10 +9,12 @@
 #include "testlib/Teste.h"
 
 #include <freexl.h>
+#include <QFontMetricsF>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <QtEndian>
 
 using namespace Qt::StringLiterals;
 
@@ -129,6 +132,43 @@ QStringList Primeira_Coluna_Pelo_Xlrd(const ReportRows &rows)
     return celulas;
 }
 
+// The records of a workbook's stream, which begins behind the file's first sector and lies in one piece.
+struct Registo {
+    int numero = 0;
+    QByteArray corpo;
+    int Palavra(int lugar) const { return qFromLittleEndian<quint16>(corpo.constData() + 2 * lugar); }
+};
+QList<Registo> Registos(const QByteArray &livro, int so_estes)
+{
+    QList<Registo> registos;
+    for (qsizetype i = 512; i + 4 <= livro.size();) {
+        const int numero = qFromLittleEndian<quint16>(livro.constData() + i);
+        const int tamanho = qFromLittleEndian<quint16>(livro.constData() + i + 2);
+        if (numero == 0) break;
+        if (numero == so_estes) registos << Registo{numero, livro.mid(i + 4, tamanho)};
+        i += 4 + tamanho;
+    }
+    return registos;
+}
+// Of each row of the first sheet, heads first, in twips.
+QList<int> Alturas(const ReportRows &rows)
+{
+    QList<int> alturas;
+    for (const Registo &linha : Registos(Pasta().Bytes(ReportControl::Spreadsheet, rows), 0x208))
+        if (linha.Palavra(0) == alturas.size()) alturas << linha.Palavra(3);
+    return alturas;
+}
+// Of each column, in noughts.
+QList<double> Colunas(const ReportRows &rows)
+{
+    QList<double> larguras;
+    for (const Registo &coluna : Registos(Pasta().Bytes(ReportControl::Spreadsheet, rows), 0x7D))
+        larguras << coluna.Palavra(2) / 256.0;
+    return larguras;
+}
+
+QByteArray Hex(const char *bytes) { return QByteArray::fromHex(bytes); }
+
 QStringList Primeira_Coluna(const ReportRows &rows)
 {
     QStringList celulas;
@@ -192,6 +232,24 @@ private:
     QByteArray documento_, grupo_;
     qsizetype i_ = 0;
 };
+
+// The stops of all paragraphs of a document, in twips.
+QList<int> Tabuladores(const QByteArray &documento)
+{
+    static const QRegularExpression lugar(u"\\\\tx([0-9]+)"_s);
+    QList<int> lugares;
+    for (const auto &achado : lugar.globalMatch(QString::fromLatin1(documento)))
+        lugares << achado.captured(1).toInt();
+    return lugares;
+}
+
+// In twips, of a text in the document's font.
+double Largura(const QString &texto, bool gorda)
+{
+    QFont letra = officeFont(9, gorda ? QFont::Bold : QFont::Normal);
+    letra.setKerning(false); // the document has none either
+    return QFontMetricsF(letra).horizontalAdvance(texto);
+}
 
 const QStringList escritas{u"Άννα Παπαδοπούλου"_s, u"Дмитрий Ёлкин"_s, u"王小明"_s,
                            u"Zoë Ångström"_s,      u"יעל"_s,           u"😀 Abel"_s};
@@ -370,6 +428,158 @@ private Q_SLOTS:
         QCOMPARE(livro.Nome(1), u"Lista (2)"_s);
     }
 
+    // Of a workbook so small that its stream has the least length that a stream may have: eight sectors, then
+    // the directory, then the allocation table.
+    void o_livro_comeca_pelos_bytes_do_formato()
+    {
+        const QByteArray livro = Pasta().Bytes(ReportControl::Spreadsheet, {u"x"_s, {u"A"_s}, {}, {}});
+        QByteArray cabeca =
+            Hex("d0cf11e0a1b11ae1") + QByteArray(16, '\0') + Hex("3e00 0300 feff 0900 0600") +
+            QByteArray(10, '\0') +
+            Hex("01000000 08000000 00000000 00100000 feffffff 00000000 feffffff 00000000 09000000");
+        cabeca.append(512 - cabeca.size(), '\xff');
+        QCOMPARE(livro.first(512).toHex(' '), cabeca.toHex(' '));
+
+        const QByteArray inicio = Hex("0908 1000 0006 0500 bb0d cc07 41000000 06000000"
+                                      "4200 0200 b004"
+                                      "3d00 1200 0000 0000 5c3a be23 3800 0000 0000 0100 5802");
+        const QByteArray letra =
+            Hex("3100 1a00 c800 0000 ff7f 9001 0000 00 00 00 00 05 01 4100 7200 6900 6100 6c00");
+        const QByteArray gorda =
+            Hex("3100 1a00 c800 0000 ff7f bc02 0000 00 00 00 00 05 01 4100 7200 6900 6100 6c00");
+        const auto formato = [](const char *inicio_dele) {
+            return Hex("e000 1400") + Hex(inicio_dele) + QByteArray(8, '\0') + Hex("c020");
+        };
+        const QByteArray formatos =
+            formato("0000 0000 f5ff 20 00 00 00") + formato("0000 0000 f5ff 20 00 00 f4").repeated(14) +
+            formato("0000 0000 0100 20 00 00 00") + formato("0000 3100 0100 00 00 00 14") +
+            formato("0000 3100 0100 08 00 00 14") + formato("0500 3100 0100 00 00 00 1c") +
+            Hex("9302 0400 0080 00ff");
+        const QByteArray todos = inicio + letra.repeated(4) + gorda + formatos;
+        QCOMPARE(livro.mid(512, todos.size()).toHex(' '), todos.toHex(' '));
+
+        const QByteArray folha = livro.mid(512 + todos.size());
+        QVERIFY(folha.startsWith(Hex("8500 0a00")));
+        const auto lugar = qFromLittleEndian<quint32>(folha.constData() + 4);
+        QCOMPARE(folha.mid(8, 6).toHex(' '), Hex("0000 01 01 7800").toHex(' '));
+        QCOMPARE(livro.mid(512 + lugar, 20).toHex(' '),
+                 Hex("0908 1000 0006 1000 bb0d cc07 41000000 06000000").toHex(' '));
+    }
+
+    void o_livro_tem_a_sua_pasta_e_a_sua_tabela_onde_o_inicio_diz()
+    {
+        const QByteArray livro = Pasta().Bytes(ReportControl::Spreadsheet, {u"x"_s, {u"A"_s}, {}, {}});
+        QCOMPARE(livro.size(), 11 * 512);
+        const auto nome = [](const char *letras) {
+            QByteArray largo;
+            for (const char *letra = letras; *letra; ++letra)
+                largo.append(*letra).append('\0');
+            return largo.append(64 - largo.size(), '\0');
+        };
+        const QByteArray nada(36, '\0');
+        const QByteArray pasta = nome("Root Entry") + Hex("1600 05 01 ffffffff ffffffff 01000000") + nada +
+                                 Hex("feffffff 00000000 00000000") + nome("Workbook") +
+                                 Hex("1200 02 01 ffffffff ffffffff ffffffff") + nada +
+                                 Hex("00000000 00100000 00000000");
+        QCOMPARE(livro.mid(9 * 512, 256).toHex(' '), pasta.toHex(' '));
+        QByteArray tabela =
+            Hex("01000000 02000000 03000000 04000000 05000000 06000000 07000000 feffffff feffffff fdffffff");
+        tabela.append(512 - tabela.size(), '\xff');
+        QCOMPARE(livro.last(512).toHex(' '), tabela.toHex(' '));
+    }
+
+    void cada_linha_e_tao_alta_como_a_sua_celula_de_mais_linhas()
+    {
+        const ReportRows rows{u"x"_s,
+                              {u"Nome"_s, u"Morada"_s, u"Nota"_s},
+                              {},
+                              {{u"Abel"_s, u"Rua 5\n1000-001 Lisboa\nPortugal"_s, u"curta"_s},
+                               {u"Berta"_s, {}, u"curta"_s},
+                               {u"Carlos"_s, {}, Nota(200)},
+                               {u"Dora"_s, {}, Nota(5'000)}}};
+        const QList<int> alturas = Alturas(rows);
+        QCOMPARE(alturas.size(), 5);
+        QCOMPARE(alturas.first(3), (QList<int>{255, 3 * 255, 255}));
+        QVERIFY(alturas[3] >= 2 * 255 && alturas[3] <= 3 * 255); // 200 letters at some 78 noughts
+        QCOMPARE(alturas[4], 8190);                              // the format knows no higher one
+        const auto linhas = Registos(Pasta().Bytes(ReportControl::Spreadsheet, rows), 0x208);
+        QCOMPARE(linhas[1].Palavra(6), 0x140); // its own height
+        QCOMPARE(linhas[2].Palavra(6), 0x100); // the usual one
+        Livro(rows).Comparar(rows);
+    }
+
+    void com_muitas_linhas_cada_uma_tem_a_sua_altura_antes_das_suas_celulas()
+    {
+        ReportRows rows{u"x"_s, {u"A"_s}, {}, {}};
+        QList<int> esperadas{255};
+        for (int i = 0; i < 100; ++i) {
+            rows.records.push_back({i % 3 == 0 ? u"a\nb"_s : u"a"_s});
+            esperadas << (i % 3 == 0 ? 510 : 255);
+        }
+        QCOMPARE(Alturas(rows), esperadas);
+        Livro(rows).Comparar(rows);
+    }
+
+    void cada_coluna_e_tao_larga_como_o_que_tem_ate_uma_medida_em_que_o_texto_muda_de_linha()
+    {
+        const QString largo = u"WANDA MUMMENDEY-WINKELMANN"_s;
+        const ReportRows rows{
+            u"x"_s,
+            {u"Nome"_s, u"Fax"_s, QString(36, u'n'), u"Nota"_s},
+            {},
+            {{largo, u"1"_s, {}, Nota(200)}, {u"iiiiiiiiiiiiiiiiiiiiiiiiii"_s, {}, {}, {}}}};
+        const QFontMetricsF letra(officeFont(10, QFont::Normal)), gorda(officeFont(10, QFont::Bold));
+        const double nada = letra.horizontalAdvance(u'0');
+        const QList<double> colunas = Colunas(rows);
+        QCOMPARE(colunas.size(), 4);
+        QVERIFY(colunas[0] >
+                letra.horizontalAdvance(largo) / nada + 0.7); // five of seven dots lie around a text
+        QVERIFY(colunas[0] < letra.horizontalAdvance(largo) / nada + 3);
+        QCOMPARE(colunas[1], 9.5);
+        QVERIFY(colunas[2] > gorda.horizontalAdvance(rows.heads[2]) / nada + 0.7);
+        QCOMPARE(colunas[3], 40.0);
+        QCOMPARE(Colunas({u"x"_s, {u"Nota"_s}, {}, {{Nota(10'000)}}}), QList<double>{80});
+        const QList<double> media = Colunas({u"x"_s, {u"Nota"_s}, {}, {{Nota(600)}}});
+        QVERIFY(media.value(0) > 45 && media.value(0) < 75);
+    }
+
+    void impressas_todas_as_colunas_ficam_numa_pagina_de_largo()
+    {
+        ReportRows rows{u"x"_s, {u"A"_s}, {}, {{u"a"_s}}};
+        QByteArray livro = Pasta().Bytes(ReportControl::Spreadsheet, rows);
+        QCOMPARE(Registos(livro, 0x81).value(0).corpo.toHex(' '), "c1 05");
+        QCOMPARE(
+            Registos(livro, 0xA1).value(0).corpo.toHex(' '),
+            Hex("0900 6400 0100 0100 0000 0200 5802 5802 333333333333d33f 333333333333d33f 0100").toHex(' '));
+        QCOMPARE(Registos(livro, 0x15).value(0).corpo, Hex("090000") + "&C&P / &N");
+        for (const int margem : {0x26, 0x27})
+            QCOMPARE(Registos(livro, margem).value(0).corpo.toHex(), "000000000000e03f");
+        for (const int margem : {0x28, 0x29})
+            QCOMPARE(Registos(livro, margem).value(0).corpo.toHex(), "000000000000e83f");
+        for (int i = 0; i < 12; ++i) {
+            rows.heads << u"B"_s;
+            rows.records.front().push_back(u"+351 912 345 678"_s);
+        }
+        livro = Pasta().Bytes(ReportControl::Spreadsheet, rows);
+        QCOMPARE(Registos(livro, 0xA1).value(0).Palavra(5), 0); // lengthwise
+    }
+
+    void impressas_as_cabecas_voltam_em_cada_pagina()
+    {
+        ReportRows rows{u"Lista"_s, {u"Nome"_s}, {}, {}};
+        for (int i = 0; i < 65536; ++i)
+            rows.records.push_back({u"a"_s});
+        const QByteArray livro = Pasta().Bytes(ReportControl::Spreadsheet, rows);
+        QCOMPARE(Registos(livro, 0x1AE).value(0).corpo.toHex(), "02000104");
+        QCOMPARE(Registos(livro, 0x17).value(0).corpo.toHex(), "0200000000000000000001000100");
+        const auto nomes = Registos(livro, 0x18);
+        QCOMPARE(nomes.size(), 2);
+        QCOMPARE(nomes[0].corpo.toHex(' '),
+                 Hex("2000 00 01 0b00 0000 0100 00000000 00 07 3b 0000 0000 0000 0000 ff00").toHex(' '));
+        QCOMPARE(nomes[1].corpo.toHex(' '),
+                 Hex("2000 00 01 0b00 0000 0200 00000000 00 07 3b 0100 0000 0000 0000 ff00").toHex(' '));
+    }
+
     void o_texto_tem_titulo_cabecas_e_colunas_alinhadas()
     {
         const ReportRows rows{
@@ -423,6 +633,89 @@ private Q_SLOTS:
                  (QStringList{u"Abel  Rua Direita 5"_s, u"      Lisboa"_s}));
     }
 
+    void no_texto_uma_celula_que_continua_nao_empurra_as_colunas_seguintes()
+    {
+        const QString nome =
+            QString(58, u'n') + u" e mais alguns  apelidos "_s + QString(50, u'm') + u"   fim"_s;
+        const QStringList linhas = Linhas_Do_Texto(Pasta().Bytes(
+            ReportControl::Text, {{}, {u"Nome"_s, u"Telefone"_s}, {}, {{nome, u"219\n220\n221\n222"_s}}}));
+        QCOMPARE(linhas.size(), 6);
+        for (int i = 0; i < 3; ++i)
+            QCOMPARE(linhas[2 + i].indexOf(QString::number(219 + i)), 62);
+        QString palavras;
+        for (const QString &linha : linhas.sliced(2))
+            palavras += linha.left(60).trimmed() + u' ';
+        QCOMPARE(palavras.simplified(), nome.simplified());
+    }
+
+    void no_texto_a_coluna_mais_larga_cede_ate_a_lista_caber_num_ecra()
+    {
+        ReportRows rows{
+            {}, {u"Nome"_s}, {}, {{u"Maria da Conceição de Albuquerque e Vasconcelos Pereira"_s}}};
+        for (int i = 0; i < 7; ++i) {
+            rows.heads << u"Telefone"_s;
+            rows.records.front().push_back(u"+351 912 345 67%1"_s.arg(i));
+        }
+        const QStringList linhas = Linhas_Do_Texto(Pasta().Bytes(ReportControl::Text, rows));
+        QCOMPARE(linhas.size(), 4);
+        QCOMPARE(linhas[1].size(), 160);
+        QStringList colunas{u"Maria da Conceição de Albuquerque "_s};
+        for (int i = 0; i < 7; ++i)
+            colunas << u"+351 912 345 67%1"_s.arg(i);
+        QCOMPARE(linhas[2], colunas.join(u"  "_s));
+        QCOMPARE(linhas[3], u"e Vasconcelos Pereira"_s);
+    }
+
+    void no_texto_uma_lista_que_nem_assim_cabe_e_fichas_ficam_em_blocos_com_rotulos()
+    {
+        ReportRows rows{u"Fichas"_s, {u"Nome"_s, u"Morada"_s, u"Nota"_s}, {}, {}};
+        rows.records = {{u"Abel"_s, u"Rua 5\n1000-001 Lisboa"_s, {}}, {u"Berta"_s, {}, Nota(150)}};
+        rows.sheets = true;
+        const QStringList esperadas{
+            u"Fichas"_s,
+            {},
+            u"Nome    Abel"_s,
+            u"Morada  Rua 5"_s,
+            u"        1000-001 Lisboa"_s,
+            {},
+            u"Nome    Berta"_s,
+            u"Nota    palavra0 palavra1 palavra2 palavra3 palavra4 palavra5 palavra6 palavra7"_s,
+            u"        palavra8 palavra9 palavra10 palavra11 palavra12 palavra13 palavra14"_s,
+            u"        palavra15"_s};
+        QCOMPARE(Linhas_Do_Texto(Pasta().Bytes(ReportControl::Text, rows)), esperadas);
+
+        const QString palavra(81, u'x');
+        const ReportRows larga{{}, {u"A"_s, u"B"_s, u"C"_s}, {}, {{palavra, palavra, palavra}}};
+        QCOMPARE(Linhas_Do_Texto(Pasta().Bytes(ReportControl::Text, larga)).size(), 6);
+    }
+
+    void no_texto_fichas_sem_registos_tem_as_cabecas()
+    {
+        ReportRows rows{{}, {u"Nome"_s, u"Nota"_s}, {}, {}};
+        rows.sheets = true;
+        QCOMPARE(Linhas_Do_Texto(Pasta().Bytes(ReportControl::Text, rows)).value(0), u"Nome  Nota"_s);
+    }
+
+    void no_texto_uma_ficha_com_uma_nota_de_100_KB_nao_e_feita_de_espacos()
+    {
+        ReportRows rows{u"Fichas"_s, {}, {}, {{}}};
+        for (int i = 0; i < 14; ++i) {
+            rows.heads << u"Campo %1"_s.arg(i);
+            rows.records.front().push_back(QString(30, u'x'));
+        }
+        const QString nota = Nota(100'000);
+        rows.records.front().back() = nota;
+        rows.sheets = true;
+        const QByteArray ficheiro = Pasta().Bytes(ReportControl::Text, rows);
+        QVERIFY(ficheiro.size() < 125'000);
+        const QStringList linhas = Linhas_Do_Texto(ficheiro);
+        for (const QString &linha : linhas) {
+            QVERIFY(linha.size() <= 80);
+            QVERIFY(!linha.endsWith(u' '));
+        }
+        QVERIFY(linhas.join(u' ').simplified().endsWith(nota.simplified()));
+    }
+
     void uma_palavra_mais_larga_do_que_a_coluna_parte_se_sem_partir_letras()
     {
         QCOMPARE(wrappedLines(u"😀😀😀"_s, 5), (QStringList{u"😀😀"_s, u"😀"_s}));
@@ -444,6 +737,15 @@ private Q_SLOTS:
         QVERIFY(!documento.contains("\\trowd")); // tables take a word processor too long
     }
 
+    // A word processor takes the font of the text over into neither of the two.
+    void no_documento_cabecas_e_numero_da_pagina_tem_a_letra_do_texto()
+    {
+        const QByteArray documento = Pasta().Bytes(ReportControl::Document, Nomes());
+        QVERIFY(documento.contains("{\\header\\pard\\plain\\f0\\fs18"));
+        QVERIFY(documento.contains("{\\footer\\pard\\plain\\f0\\fs16"));
+        QCOMPARE(documento.count("\\plain\\f0\\fs"), 4); // with the title and the records
+    }
+
     void no_documento_os_sinais_do_formato_ficam_letras()
     {
         const ReportRows rows{{}, {u"A"_s}, {}, {{u"{a}\\b\\par"_s}}};
@@ -462,6 +764,68 @@ private Q_SLOTS:
         QVERIFY(!Pasta().Bytes(ReportControl::Document, rows).contains("\\landscape"));
         rows.records.front()[1] = QString(80, u'b');
         QVERIFY(Pasta().Bytes(ReportControl::Document, rows).contains("\\landscape"));
+    }
+
+    void no_documento_cada_coluna_tem_lugar_para_o_que_tem_na_letra_do_documento()
+    {
+        const QString largo = u"WANDA MUMMENDEY-WINKELMANN"_s;
+        ReportRows rows{{}, {u"Name"_s, QString(36, u'n'), u"Fax"_s}, {}, {}};
+        rows.records = {{largo, u"219 000 000"_s, u"1"_s}, {u"Ana"_s, u"王小明 Παπαδοπούλου"_s, u"2"_s}};
+        const QByteArray documento = Pasta().Bytes(ReportControl::Document, rows);
+        const QList<int> lugares = Tabuladores(documento);
+        QCOMPARE(lugares.size(), 4); // two in the heads and the same in the records
+        QCOMPARE(lugares.first(2), lugares.last(2));
+        QVERIFY(lugares[0] > Largura(largo, false));
+        QVERIFY(lugares[1] - lugares[0] > Largura(rows.heads[1], true));
+        QVERIFY(lugares[1] - lugares[0] > Largura(u"王小明 Παπαδοπούλου"_s, false));
+        QVERIFY(lugares[0] < Largura(largo, false) + 300);
+    }
+
+    void no_documento_uma_celula_larga_de_mais_continua_na_sua_coluna()
+    {
+        const QString nome =
+            u"Maria da Conceição de Albuquerque e Vasconcelos Pereira de Souza e Holstein Beck "
+            "de Saxe-Coburgo-Gotha e Bragança"_s;
+        ReportRows rows{{}, {u"Nome"_s}, {}, {{nome}, {u"Abel"_s}}};
+        for (int i = 0; i < 6; ++i) {
+            rows.heads << u"Telefone"_s;
+            for (auto &registo : rows.records)
+                registo.push_back(u"+351 912 345 67%1"_s.arg(i));
+        }
+        const QByteArray documento = Pasta().Bytes(ReportControl::Document, rows);
+        QVERIFY(documento.contains("\\landscape"));
+        const QList<int> lugares = Tabuladores(documento);
+        QCOMPARE(lugares.size(), 12);
+        QVERIFY(lugares.last() + Largura(u"+351 912 345 675"_s, false) <= 16838 - 2 * 1134);
+        const QStringList linhas = Leitor(documento).texto.split(u'\n', Qt::SkipEmptyParts);
+        QVERIFY(linhas.size() >= 3 && linhas.size() <= 4);
+        QString inteiro;
+        for (const QString &linha : linhas.first(linhas.size() - 1)) {
+            inteiro += linha.section(u'\t', 0, 0) + u' ';
+            QVERIFY(Largura(linha.section(u'\t', 0, 0), false) <= lugares[0]);
+            QCOMPARE(linha.count(u'\t'), linha == linhas.first() ? 6 : 0);
+        }
+        QCOMPARE(inteiro.trimmed(), nome);
+        QCOMPARE(linhas.last().section(u'\t', 0, 1), u"Abel\t+351 912 345 670"_s);
+    }
+
+    void no_documento_uma_nota_de_muitas_linhas_nao_fica_em_coluna()
+    {
+        const ReportRows rows{{}, {u"Nome"_s, u"Nota"_s}, {}, {{u"Abel"_s, Nota(1000)}}};
+        QCOMPARE(Leitor(Pasta().Bytes(ReportControl::Document, rows)).texto,
+                 u"Nome\tAbel\nNota\t"_s + Nota(1000) + u'\n');
+    }
+
+    void no_documento_fichas_sao_blocos_por_estreitas_que_sejam()
+    {
+        ReportRows rows{{}, {u"Nome"_s, QString(40, u'n')}, {}, {{u"Abel"_s, u"219"_s}}};
+        rows.sheets = true;
+        const QByteArray documento = Pasta().Bytes(ReportControl::Document, rows);
+        QCOMPARE(Leitor(documento).texto, u"Nome\tAbel\n"_s + QString(40, u'n') + u"\t219\n"_s);
+        QVERIFY(Tabuladores(documento).first() > Largura(rows.heads[1], true));
+        rows.records.clear();
+        QCOMPARE(Leitor(Pasta().Bytes(ReportControl::Document, rows), "\\header").texto,
+                 u"Nome\t"_s + QString(40, u'n') + u'\n');
     }
 
     void no_documento_fichas_sao_blocos_com_rotulos_e_uma_nota_de_100_KB_inteira()

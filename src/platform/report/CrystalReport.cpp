@@ -193,7 +193,10 @@ void CrystalReport::exportToFile()
     const QString suffix = QString::fromUtf16(kind.suffix);
     const auto path = dialogs_.saveFile(QString::fromUtf16(kind.filter),
                                         suggestedFile(exported->definition().title, suffix), frontWindow());
-    if (path) exportReport(printFileType_, exported->rows(), *path);
+    if (!path) return;
+    ReportRows rows = exported->rows();
+    rows.sheets = exported->definition().detail.newPage;
+    exportReport(printFileType_, rows, *path);
 }
 
 // Whoever sends a letter must know which lines of the address are missing on it.

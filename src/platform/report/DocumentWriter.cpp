@@ -1,14 +1,28 @@
 #include "platform/report/DocumentWriter.h"
 
+#include "platform/report/ColumnWidths.h"
+#include "platform/report/OfficeFont.h"
 #include "platform/report/ReportRows.h"
 #include "platform/report/TextWidth.h"
 
 #include <algorithm>
+#include <QtMath>
 
 namespace
 {
-// In twips. A letter of nine points is about half as wide as it is high.
-constexpr int longSide = 16838, shortSide = 11906, margin = 1134, letter = 100, gap = 240;
+// In twips.
+constexpr int longSide = 16838, shortSide = 11906, margin = 1134, gap = 240;
+constexpr int points = 9; // of the letters in lists and blocks
+constexpr double narrowestColumn = 1800;
+constexpr qsizetype mostLines = 3; // of a cell in a list
+
+struct Measures {
+    TextMeasure text{officeFont(points, QFont::Normal)};
+    TextMeasure head{officeFont(points, QFont::Bold)};
+};
+
+// A tab within a cell would move the cells behind it out of their columns.
+QString untabbed(QString text) { return text.replace(u'\t', u' '); }
 
 // What the format's own letters and whatever lies outside of the first 128 become. Every other blank of
 // several in a row is written by its number, for some readers widen two plain ones.
@@ -36,17 +50,21 @@ void putText(QByteArray &document, QStringView text)
     }
 }
 
-// The place of each column's beginning, and behind them that of the end.
-std::vector<int> columnStops(const ReportRows &rows)
+std::vector<ColumnNeed> needsOf(const ReportRows &rows, const Measures &measures)
 {
-    std::vector<int> stops{0};
+    std::vector<ColumnNeed> needs;
     for (qsizetype column = 0; column < rows.heads.size(); ++column) {
-        int width = textWidth(rows.heads[column]);
-        for (const auto &record : rows.records)
-            width = std::max(width, textWidth(record[static_cast<std::size_t>(column)]));
-        stops.push_back(stops.back() + width * letter + gap);
+        const double head = measures.head.width(rows.heads[column]);
+        ColumnNeed need{head, std::max(head, narrowestColumn)};
+        for (const auto &record : rows.records) {
+            const QString cell = untabbed(record[static_cast<std::size_t>(column)]);
+            need.whole = std::max(need.whole, measures.text.width(cell));
+            need.least = std::max(need.least, measures.text.widestWord(cell));
+        }
+        need.least = std::min(need.least, need.whole);
+        needs.push_back(need);
     }
-    return stops;
+    return needs;
 }
 
 bool hasLines(const ReportRows &rows)
@@ -56,6 +74,9 @@ bool hasLines(const ReportRows &rows)
                            [](const QString &cell) { return cell.contains(u'\n'); });
     });
 }
+
+// Page header and footer do not take over the font of the document, so each paragraph names it.
+QByteArray paragraphBegin(int letters) { return "\\pard\\plain\\f0\\fs" + QByteArray::number(2 * letters); }
 
 void putPage(QByteArray &document, bool landscape)
 {
@@ -68,66 +89,123 @@ void putPage(QByteArray &document, bool landscape)
     for (const char *side : {"\\margl", "\\margr", "\\margt", "\\margb"})
         measure(side, margin);
     if (landscape) document.append("\\landscape");
-    document.append("\n{\\footer\\pard\\qc\\fs16\\chpgn\\par}\n");
+    document.append("\n{\\footer" + paragraphBegin(8) + "\\qc\\chpgn\\par}\n");
 }
 
 void putTitle(QByteArray &document, const QString &title)
 {
     if (title.isEmpty()) return;
-    document.append("\\pard\\sa240\\b\\fs28 ");
+    document.append(paragraphBegin(14) + "\\sa240\\b ");
     putText(document, title);
     document.append("\\b0\\par\n");
 }
 
-// Heads and records of the list share one measure.
-QByteArray listParagraph(const std::vector<int> &stops)
+// The records side by side with their heads, in columns of these widths.
+struct List {
+    bool landscape;
+    std::vector<double> widths;
+};
+
+bool staysShort(const ReportRows &rows, const List &list, const TextMeasure &measure)
 {
-    QByteArray paragraph("\\pard\\fs18");
-    for (std::size_t i = 1; i + 1 < stops.size(); ++i)
-        paragraph.append("\\tx").append(QByteArray::number(stops[i]));
+    return std::all_of(rows.records.begin(), rows.records.end(), [&](const auto &record) {
+        for (std::size_t i = 0; i < list.widths.size(); ++i)
+            if (measure.width(record[i]) > list.widths[i] &&
+                measure.lines(record[i], list.widths[i]).size() > mostLines)
+                return false;
+        return true;
+    });
+}
+
+// Nothing where the records stand in blocks. Without a record the heads are all that there is.
+std::optional<List> listOf(const ReportRows &rows, const Measures &measures)
+{
+    if ((rows.sheets && !rows.records.empty()) || hasLines(rows)) return std::nullopt;
+    const auto needs = needsOf(rows, measures);
+    const double gaps = gap * (static_cast<double>(rows.heads.size()) - 1);
+    double whole = gaps;
+    for (const ColumnNeed &need : needs)
+        whole += need.whole;
+    const bool landscape = whole > shortSide - 2 * margin;
+    const auto widths = columnWidths(needs, (landscape ? longSide : shortSide) - 2 * margin - gaps);
+    if (!widths) return std::nullopt;
+    List list{landscape, *widths};
+    if (!staysShort(rows, list, measures.text)) return std::nullopt;
+    return list;
+}
+
+// Heads and records of the list share one measure.
+QByteArray listParagraph(const List &list)
+{
+    QByteArray paragraph = paragraphBegin(points);
+    double stop = 0;
+    for (std::size_t i = 0; i + 1 < list.widths.size(); ++i) {
+        stop += list.widths[i] + gap;
+        paragraph.append("\\tx").append(QByteArray::number(qFloor(stop)));
+    }
     return paragraph;
 }
 
-// A tab within a cell would move the cells behind it out of their columns.
 template<class Cells> void putLine(QByteArray &document, const Cells &cells)
 {
     bool behind = false;
     for (const QString &cell : cells) {
         if (std::exchange(behind, true)) document.append("\\tab ");
-        putText(document, QString(cell).replace(u'\t', u' '));
+        putText(document, untabbed(cell));
     }
 }
 
-void putList(QByteArray &document, const ReportRows &rows, const std::vector<int> &stops)
+// What is too long for its column goes on below, where cells at the end that have come to theirs need no tab.
+void putRecord(QByteArray &document, const std::vector<QString> &record, const List &list,
+               const TextMeasure &measure)
 {
-    const QByteArray paragraph = listParagraph(stops);
+    std::vector<QStringList> columns;
+    qsizetype height = 1;
+    for (std::size_t i = 0; i < list.widths.size(); ++i) {
+        const QString cell = untabbed(record[i]);
+        columns.push_back(measure.width(cell) > list.widths[i] ? measure.lines(cell, list.widths[i])
+                                                               : QStringList{cell});
+        height = std::max(height, columns.back().size());
+    }
+    for (qsizetype line = 0; line < height; ++line) {
+        QStringList cells;
+        for (const QStringList &column : columns)
+            cells << column.value(line);
+        while (line > 0 && cells.last().isEmpty())
+            cells.removeLast();
+        if (line > 0) document.append("\\line ");
+        putLine(document, cells);
+    }
+    document.append("\\par\n");
+}
+
+void putList(QByteArray &document, const ReportRows &rows, const List &list, const TextMeasure &measure)
+{
+    const QByteArray paragraph = listParagraph(list);
     document.append("{\\header").append(paragraph).append("\\sa120\\brdrb\\brdrs\\brdrw10\\b ");
     putLine(document, rows.heads);
     document.append("\\b0\\par}\n");
     putTitle(document, rows.title);
     document.append(paragraph).append(' ');
-    for (const auto &record : rows.records) {
-        putLine(document, record);
-        document.append("\\par\n");
-    }
+    for (const auto &record : rows.records)
+        putRecord(document, record, list, measure);
 }
 
-// The first line of a block stands apart from the block before.
-void putBlocks(QByteArray &document, const ReportRows &rows)
+// The first line of a block stands apart from the block before, and is not left behind at the end of a page.
+void putBlocks(QByteArray &document, const ReportRows &rows, const TextMeasure &labels)
 {
-    const auto labels =
-        std::max_element(rows.heads.begin(), rows.heads.end(),
-                         [](const auto &a, const auto &b) { return textWidth(a) < textWidth(b); });
-    const int indent = labels == rows.heads.end() ? 0 : textWidth(*labels) * letter + gap;
-    const QByteArray place = QByteArray::number(indent);
-    const QByteArray paragraph = "\\pard\\fs18\\li" + place + "\\fi-" + place + "\\tx" + place;
+    double widest = 0;
+    for (const QString &head : rows.heads)
+        widest = std::max(widest, labels.width(head));
+    const QByteArray place = QByteArray::number(qCeil(widest) + gap);
+    const QByteArray paragraph = paragraphBegin(points) + "\\li" + place + "\\fi-" + place + "\\tx" + place;
     putTitle(document, rows.title);
     for (const auto &record : rows.records) {
-        document.append(paragraph).append("\\sb240 ");
+        document.append(paragraph).append("\\keepn\\sb240 ");
         bool first = true;
         for (std::size_t i = 0; i < record.size(); ++i) {
             if (record[i].isEmpty()) continue;
-            if (!std::exchange(first, false)) document.append("\\sb0 ");
+            if (!std::exchange(first, false)) document.append("\\keepn0\\sb0 ");
             document.append("{\\b ");
             putText(document, rows.heads[static_cast<qsizetype>(i)]);
             document.append("}\\tab ");
@@ -140,16 +218,14 @@ void putBlocks(QByteArray &document, const ReportRows &rows)
 
 QByteArray documentContent(const ReportRows &rows)
 {
-    const std::vector<int> stops = columnStops(rows);
-    const int width = stops.back();
+    const Measures measures;
+    const auto list = listOf(rows, measures);
     QByteArray document;
-    if (width <= longSide - 2 * margin && !hasLines(rows)) {
-        putPage(document, width > shortSide - 2 * margin);
-        putList(document, rows, stops);
-    } else {
-        putPage(document, false);
-        putBlocks(document, rows);
-    }
+    putPage(document, list && list->landscape);
+    if (list)
+        putList(document, rows, *list, measures.text);
+    else
+        putBlocks(document, rows, measures.head);
     document.append('}');
     return document;
 }

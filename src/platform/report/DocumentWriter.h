@@ -4,6 +4,8 @@
 class QByteArray;
 struct ReportRows;
 
-// Where all columns fit beside one another on a page, a line for each record under heads that come again on
-// each page; otherwise one block of labelled lines for each record. Nothing is cut.
+// A list has a line for each record under heads that come again on each page. Columns are as wide as what
+// they hold in the document's font; where the page is too narrow for that, the widest give way and their
+// texts go on in a second and third line. Sheets, lists that need more, and records with lines of their own
+// are one block of labelled lines for each record. Nothing is cut.
 QByteArray documentContent(const ReportRows &rows);

@@ -1,6 +1,7 @@
 // Numbers as the binary file formats of this folder hold them: the lowest byte first.
 #pragma once
 
+#include <bit>
 #include <QByteArray>
 #include <QtEndian>
 
@@ -26,4 +27,10 @@ inline void overwrite16(QByteArray &bytes, qsizetype at, quint32 value)
 inline void overwrite32(QByteArray &bytes, qsizetype at, quint32 value)
 {
     qToLittleEndian(value, bytes.data() + at);
+}
+
+inline void putReal(QByteArray &bytes, double value)
+{
+    const quint64 swapped = qToLittleEndian(std::bit_cast<quint64>(value));
+    bytes.append(reinterpret_cast<const char *>(&swapped), sizeof swapped);
 }

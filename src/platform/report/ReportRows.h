@@ -11,4 +11,5 @@ struct ReportRows {
     QStringList heads;                         // what stands over each column
     QStringList fields;                        // the field that each column shows, as "Table.Field"
     std::vector<std::vector<QString>> records; // one text a column in each; lines are parted by line feeds
+    bool sheets = false;                       // each record has a page of its own
 };

@@ -1,76 +1,25 @@
 #include "platform/report/SpreadsheetWriter.h"
 
 #include "platform/report/CompoundFile.h"
-#include "platform/report/LittleEndian.h"
+#include "platform/report/OfficeFont.h"
 #include "platform/report/ReportRows.h"
 #include "platform/report/SharedStrings.h"
-#include "platform/report/TextWidth.h"
+#include "platform/report/WorkbookRecords.h"
+#include "platform/report/WorkbookSheet.h"
 
-#include <algorithm>
+using namespace workbook;
 
 namespace
 {
-constexpr qsizetype longestCell = 32767;
-constexpr std::size_t recordsPerSheet = 65535; // below the row of heads
 constexpr qsizetype longestSheetName = 31;
-constexpr int narrowestColumn = 8, widestColumn = 60; // in characters
 
-// The numbers of the records, of which a workbook is a chain.
-enum Record : quint32 {
-    endOfPart = 0x0A,
-    selection = 0x1D,
-    font = 0x31,
-    window = 0x3D,
-    pane = 0x41,
-    codePage = 0x42,
-    columnWidth = 0x7D,
-    sheet = 0x85,
-    format = 0xE0,
-    sharedString = 0xFD,
-    dimensions = 0x200,
-    sheetWindow = 0x23E,
-    style = 0x293,
-    beginOfPart = 0x809,
-};
-
-// The formats of cells, in the order in which they are written; those before them every workbook has.
-enum CellFormat : quint32 { textCell = 16, wrappedCell = 17, headCell = 18 };
 constexpr quint32 boldFont = 5; // the fifth: number four does not exist
-
-void putRecord(QByteArray &book, Record record, const QByteArray &body = {})
-{
-    put16(book, record);
-    put16(book, static_cast<quint32>(body.size()));
-    book.append(body);
-}
-
-QByteArray words(std::initializer_list<quint32> values)
-{
-    QByteArray body;
-    for (const quint32 value : values)
-        put16(body, value);
-    return body;
-}
-
-// A text of less than 256 characters: their number, that they are wide, and they.
-void putShortText(QByteArray &body, const QString &text)
-{
-    put8(body, static_cast<int>(text.size()));
-    put8(body, 1);
-    for (const QChar letter : text)
-        put16(body, letter.unicode());
-}
-
-void putBegin(QByteArray &book, quint32 kind)
-{
-    putRecord(book, beginOfPart, words({0x600, kind, 0xDBB, 0x7CC, 0x41, 0, 6, 0}));
-}
 
 void putFont(QByteArray &book, quint32 weight)
 {
-    constexpr quint32 tenPoints = 200, automaticColour = 0x7FFF;
-    QByteArray body = words({tenPoints, 0, automaticColour, weight, 0, 0, 0});
-    putShortText(body, QStringLiteral("Arial"));
+    constexpr quint32 automaticColour = 0x7FFF;
+    QByteArray body = words({letterPoints * 20, 0, automaticColour, weight, 0, 0, 0});
+    putShortText(body, officeFontName());
     putRecord(book, font, body);
 }
 
@@ -115,97 +64,6 @@ QString sheetName(const QString &title, std::size_t number)
     return name.isEmpty() ? QStringLiteral("1") : name;
 }
 
-QString cellText(const QString &text)
-{
-    if (text.size() <= longestCell) return text;
-    const bool insidePair = text[longestCell - 2].isHighSurrogate();
-    return text.left(longestCell - (insidePair ? 2 : 1)) + QChar(0x2026);
-}
-
-// One sheet with its part of the records.
-class Sheet
-{
-public:
-    Sheet(const ReportRows &rows, std::size_t number, SharedStrings &strings)
-        : rows_(rows),
-          first_(number * recordsPerSheet),
-          last_(std::min(rows.records.size(), first_ + recordsPerSheet)),
-          inFront_(number == 0),
-          strings_(strings)
-    {
-    }
-
-    QByteArray content()
-    {
-        putBegin(bytes_, 0x10);
-        putColumnWidths();
-        QByteArray size;
-        put32(size, 0);
-        put32(size, static_cast<quint32>(last_ - first_ + 1));
-        size.append(words({0, static_cast<quint32>(rows_.heads.size()), 0}));
-        putRecord(bytes_, dimensions, size);
-        putCells();
-        putView();
-        putRecord(bytes_, endOfPart);
-        return std::move(bytes_);
-    }
-
-private:
-    void putColumnWidths()
-    {
-        for (qsizetype column = 0; column < rows_.heads.size(); ++column) {
-            int width = std::max(narrowestColumn, textWidth(rows_.heads[column]) + 2);
-            for (std::size_t i = first_; i < last_ && width < widestColumn; ++i)
-                width = std::max(width, textWidth(rows_.records[i][static_cast<std::size_t>(column)]) + 2);
-            const auto number = static_cast<quint32>(column);
-            const auto units = static_cast<quint32>(std::min(width, widestColumn) * 256);
-            putRecord(bytes_, columnWidth, words({number, number, units, 15, 0, 0}));
-        }
-    }
-
-    void putCells()
-    {
-        for (qsizetype column = 0; column < rows_.heads.size(); ++column)
-            putCell(0, static_cast<quint32>(column), headCell, rows_.heads[column]);
-        for (std::size_t i = first_; i < last_; ++i) {
-            const auto &record = rows_.records[i];
-            for (std::size_t column = 0; column < record.size(); ++column) {
-                const auto look = record[column].contains(u'\n') ? wrappedCell : textCell;
-                putCell(static_cast<quint32>(i - first_ + 1), static_cast<quint32>(column), look,
-                        record[column]);
-            }
-        }
-    }
-
-    void putCell(quint32 row, quint32 column, CellFormat look, const QString &text)
-    {
-        if (text.isEmpty()) return;
-        for (const quint32 word : {quint32{sharedString}, 10u, row, column, quint32{look}})
-            put16(bytes_, word);
-        put32(bytes_, strings_.number(cellText(text)));
-    }
-
-    // The heads stay where they are when the records move under them.
-    void putView()
-    {
-        constexpr quint32 usual = 0xB6, frozen = 0x108, chosen = 0x600, gridColour = 0x40;
-        const quint32 options = usual | frozen | (inFront_ ? chosen : 0);
-        putRecord(bytes_, sheetWindow, words({options, 0, 0, gridColour, 0, 0, 0, 0, 0}));
-        putRecord(bytes_, pane, words({0, 1, 1, 0, 2}));
-        QByteArray cursor;
-        put8(cursor, 2);
-        cursor.append(words({1, 0, 0, 1, 1, 1}));
-        put16(cursor, 0);
-        putRecord(bytes_, selection, cursor);
-    }
-
-    const ReportRows &rows_;
-    std::size_t first_, last_;
-    bool inFront_;
-    SharedStrings &strings_;
-    QByteArray bytes_;
-};
-
 void putGlobals(QByteArray &book)
 {
     constexpr quint32 normal = 400, bold = 700;
@@ -227,22 +85,44 @@ qsizetype putSheetEntry(QByteArray &book, const QString &name)
     putRecord(book, sheet, body);
     return book.size() - body.size();
 }
+// Printed, each page of a sheet begins with the sheet's first row: a name that the format knows refers to it.
+void putPrintTitles(QByteArray &book, quint32 sheets)
+{
+    constexpr quint32 thisBook = 0x0401, builtIn = 0x20, printTitles = 7, area = 0x3B, lastColumn = 0xFF;
+    putRecord(book, referredBook, words({sheets, thisBook}));
+    QByteArray references = words({sheets});
+    for (quint32 i = 0; i < sheets; ++i)
+        references.append(words({0, i, i}));
+    putRecord(book, sheetReferences, references);
+    for (quint32 i = 0; i < sheets; ++i) {
+        QByteArray formula;
+        put8(formula, area);
+        formula.append(words({i, 0, 0, 0, lastColumn}));
+        QByteArray body = words({builtIn});
+        put8(body, 0); // no key
+        put8(body, 1); // letter
+        body.append(words({static_cast<quint32>(formula.size()), 0, i + 1, 0, 0}));
+        put8(body, 0);
+        put8(body, printTitles);
+        putRecord(book, name, body + formula);
+    }
+}
 } // namespace
 
 QByteArray spreadsheetContent(const ReportRows &rows)
 {
     SharedStrings strings;
-    const std::size_t sheets =
-        std::max<std::size_t>(1, (rows.records.size() + recordsPerSheet - 1) / recordsPerSheet);
+    const std::size_t sheets = workbookSheets(rows);
     std::vector<QByteArray> contents;
     for (std::size_t i = 0; i < sheets; ++i)
-        contents.push_back(Sheet(rows, i, strings).content());
+        contents.push_back(workbookSheet(rows, i, strings));
 
     QByteArray book;
     putGlobals(book);
     std::vector<qsizetype> entries;
     for (std::size_t i = 0; i < sheets; ++i)
         entries.push_back(putSheetEntry(book, sheetName(rows.title, i)));
+    putPrintTitles(book, static_cast<quint32>(sheets));
     strings.write(book);
     putRecord(book, endOfPart);
     for (std::size_t i = 0; i < sheets; ++i) {
