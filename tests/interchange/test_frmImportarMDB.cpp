@@ -717,6 +717,15 @@ private Q_SLOTS:
         QCOMPARE(p.s.Linhas(u"SELECT Nome FROM TblLista"_s), QStringList{u"Ana"_s});
     }
 
+    void uma_base_mais_velha_sem_as_palavras_recusa_se_tambem()
+    {
+        Programa p;
+        p.s.Escrever(u"DELETE FROM TblIdiomas WHERE ID > 273"_s);
+        p.s.caixas.Espera(p.s.Texto(87) + u"\r\n"_s + p.s.Base(), 16, p.s.Texto(82));
+        QVERIFY(p.Recusada(p.s.Base()));
+        QVERIFY(!p.s.processo.Terminou());
+    }
+
     void uma_copia_da_base_em_uso_importa_se()
     {
         Programa p;
