@@ -1,4 +1,5 @@
-// The catalogue of the 70 named commands: the only SQL that ever reaches morvex.mdb. One entry a command.
+// The catalogue of the 70 named commands: the SQL that reaches morvex.mdb, but for the merge's one question for all
+// groups at once. One entry a command.
 #pragma once
 
 #include <array>

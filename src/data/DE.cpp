@@ -4,6 +4,7 @@
 #include "data/IndiceDosNomes.h"
 #include "platform/Failure.h"
 #include "platform/ProgramFolder.h"
+#include "platform/store/CleanCopy.h"
 
 #include <algorithm>
 
@@ -89,6 +90,19 @@ void DE::Executar(ComandoSemLinhas comando, std::initializer_list<Value> paramet
 }
 
 void DE::Juntar(const std::function<void()> &trabalho) { Ligacao().gathering(trabalho); }
+
+int DE::Escritos(ComandoSemLinhas comando) const
+{
+    return ligacao_.written(Preparada(comando.Posicao()).sql);
+}
+
+Recordset DE::Grupos_Depois_De(qint64 ID)
+{
+    return Ligacao().query(QStringLiteral("SELECT ID, NomeGrupo FROM TblGrupos WHERE ID > ? ORDER BY ID"),
+                           {ID});
+}
+
+bool DE::E_A_Base_Aberta(const QString &caminho) { return isSameFile(Ligacao().file(), caminho); }
 
 void DE::Fechar_Ligacao()
 {

@@ -29,6 +29,23 @@ public:
     // file when this returns or raises.
     void Juntar(const std::function<void()> &trabalho);
 
+    // Tries whether the database takes a write, and takes it back. Raises Failure where it takes none.
+    void Experimentar_Escrita() { Ligacao().tryWriting(); }
+
+    // Runs that with a lock of somebody else's waited for once, not at each command.
+    void Esperar_Uma_Vez(const std::function<void()> &trabalho) { Ligacao().waitingOnce(trabalho); }
+
+    // How often the command has written so far: what is counted is in the file.
+    int Escritos(ComandoSemLinhas comando) const;
+
+    // The groups with a higher ID than that, by their ID. Asked for a name at a time, thousands of them would
+    // each walk over all the others.
+    Recordset Grupos_Depois_De(qint64 ID);
+
+    // The file of the open database, and whether a path leads to it, under whatever name.
+    QString Ficheiro() { return Ligacao().file(); }
+    bool E_A_Base_Aberta(const QString &caminho);
+
     // Another one once the database was changed, by this program or by another one.
     Connection::Mark Marca() { return Ligacao().mark(); }
 

@@ -3,33 +3,33 @@
 #include "platform/Failure.h"
 #include "platform/jet/JetFile.h"
 
-#include <algorithm>
 #include <QFile>
+#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
+// In the order of the IDs, in which the rows of an older database need not stand.
 constexpr std::array<const char16_t *, DE2::Comandos> sql{
-    u"SELECT TblLista.* FROM TblLista ORDER BY ID",
-    u"SELECT COUNT(ID) AS CountRegistos FROM TblLista",
-    u"SELECT * FROM TblGrupos WHERE ID=?",
-    u"SELECT * FROM TblMemos",
-    u"SELECT * FROM TblUsers WHERE ID=?",
-    u"SELECT COUNT(ID) AS CountMemos FROM TblMemos",
-    u"SELECT * FROM TblTarefas",
-    u"SELECT COUNT(ID) AS CountTarefas FROM TblTarefas",
+    u"SELECT TblLista.* FROM TblLista ORDER BY ID", u"SELECT COUNT(ID) AS CountRegistos FROM TblLista",
+    u"SELECT * FROM TblGrupos WHERE ID=?",          u"SELECT * FROM TblMemos ORDER BY ID",
+    u"SELECT * FROM TblUsers WHERE ID=?",           u"SELECT COUNT(ID) AS CountMemos FROM TblMemos",
+    u"SELECT * FROM TblTarefas ORDER BY ID",        u"SELECT COUNT(ID) AS CountTarefas FROM TblTarefas",
 };
 
 constexpr std::array tabelas_lidas{"TblLista", "TblGrupos", "TblUsers", "TblMemos", "TblTarefas"};
+
+constexpr qint64 pagina = 4096; // bytes, in both kinds
+constexpr qint64 paginas_de_sempre = 256;
 
 enum class Especie { Propria, Antiga, Nenhuma };
 
 Especie Reconhecer(const QString &caminho)
 {
-    constexpr qint64 menor_pagina = 4096;
+    if (!QFileInfo(caminho).isFile()) return Especie::Nenhuma; // a pipe would be waited for
     QFile ficheiro(caminho);
-    if (!ficheiro.open(QIODevice::ReadOnly) || ficheiro.size() < menor_pagina) return Especie::Nenhuma;
+    if (!ficheiro.open(QIODevice::ReadOnly) || ficheiro.size() < pagina) return Especie::Nenhuma;
     const QByteArray inicio = ficheiro.read(32);
     if (inicio.startsWith(QByteArray("SQLite format 3\0", 16))) return Especie::Propria;
     return inicio.mid(4, 15) == "Standard Jet DB" ? Especie::Antiga : Especie::Nenhuma;
@@ -54,40 +54,54 @@ struct EmValor {
     }
 };
 
-std::vector<StoreValue> Em_Valores(const JetFile::Table &tabela, std::size_t linha)
+// A table of the older kind, copied into one of that name as it is read.
+class CopiaDeTabela final : public JetFile::Sink
 {
-    std::vector<StoreValue> valores;
-    for (qsizetype i = 0; i < tabela.columns.size(); ++i)
-        valores.push_back(std::visit(EmValor{tabela.columns[i].compare("Hora"_L1, Qt::CaseInsensitive) == 0},
-                                     tabela.rows[linha][static_cast<std::size_t>(i)]));
-    return valores;
-}
+public:
+    CopiaDeTabela(Connection &cn, QString nome) : cn_(cn), nome_(std::move(nome)) {}
 
-void Ordenar_Por_ID(JetFile::Table &tabela)
-{
-    const auto id = tabela.columns.indexOf(u"ID"_s);
-    if (id < 0) return;
-    const auto coluna = static_cast<std::size_t>(id);
-    std::stable_sort(tabela.rows.begin(), tabela.rows.end(),
-                     [&](const auto &a, const auto &b) { return a[coluna] < b[coluna]; });
-}
+    void columns(const QStringList &names) override
+    {
+        QStringList colunas;
+        for (const QString &nome : names) {
+            colunas << u'[' + nome + u']';
+            horas_.push_back(nome.compare("Hora"_L1, Qt::CaseInsensitive) == 0);
+        }
+        cn_.execute(u"CREATE TABLE %1 (%2)"_s.arg(nome_, colunas.join(u", "_s)), {});
+        inserir_ = u"INSERT INTO %1 VALUES (%2)"_s.arg(nome_, QStringList(colunas.size(), u"?"_s).join(u','));
+    }
 
-void Copiar_Tabela(Connection &cn, const QString &nome, JetFile::Table tabela)
+    void row(const std::vector<JetFile::Cell> &cells) override
+    {
+        std::vector<StoreValue> valores;
+        valores.reserve(cells.size());
+        for (std::size_t i = 0; i < cells.size(); ++i)
+            valores.push_back(std::visit(EmValor{horas_[i]}, cells[i]));
+        cn_.execute(inserir_, std::move(valores));
+    }
+
+private:
+    Connection &cn_;
+    QString nome_;
+    QString inserir_;
+    std::vector<bool> horas_; // which columns hold times of the day
+};
+
+// All of the table or nothing. Its rows are looked for by their IDs.
+void Copiar_Tabela(Connection &cn, const QString &nome, const JetFile &ficheiro)
 {
-    Ordenar_Por_ID(tabela);
-    QStringList colunas;
-    for (const QString &coluna : tabela.columns)
-        colunas << u'[' + coluna + u']';
-    cn.execute(u"CREATE TABLE %1 (%2)"_s.arg(nome, colunas.join(u", "_s)), {});
-    const QString inserir =
-        u"INSERT INTO %1 VALUES (%2)"_s.arg(nome, QStringList(colunas.size(), u"?"_s).join(u','));
-    for (std::size_t i = 0; i < tabela.rows.size(); ++i)
-        cn.execute(inserir, Em_Valores(tabela, i));
+    CopiaDeTabela copia(cn, nome);
+    if (!skipFailure([&] { ficheiro.read(nome, copia); }))
+        cn.execute(u"DROP TABLE IF EXISTS %1"_s.arg(nome), {});
+    else
+        skipFailure([&] { cn.execute(u"CREATE INDEX IDs_%1 ON %1 (ID)"_s.arg(nome), {}); });
 }
 } // namespace
 
 DE2::DE2(const QString &caminho)
 {
+    if (QFileInfo(caminho).size() > maior_ficheiro)
+        throw Failure(Failure::StoreError, caminho, u"The file is too large: %1"_s.arg(caminho));
     const Especie especie = Reconhecer(caminho);
     if (especie == Especie::Nenhuma)
         throw Failure(Failure::StoreError, caminho, u"The file is no database: %1"_s.arg(caminho));
@@ -103,10 +117,23 @@ void DE2::Abrir_Proprio(const QString &caminho)
 {
     cn_.setConnectionString(u"Provider=Microsoft.Jet.OLEDB.4.0;Data Source= '"_s + caminho + u"'"_s +
                             u";Persist Security Info=False"_s);
-    cn_.OpenReadOnly();
+    cn_.OpenCopyInMemory();
     const QString veredicto = cn_.query(u"PRAGMA quick_check(1)"_s, {}).Fields("quick_check").text();
     if (veredicto != "ok"_L1)
         throw Failure(Failure::StoreError, caminho, u"The database is damaged: %1"_s.arg(veredicto));
+    if (Tem_Vistas()) cn_.Close();
+}
+
+// What a view or a foreign kind of table gives may be anything, and as much of it as it likes.
+bool DE2::Tem_Vistas()
+{
+    QStringList nomes;
+    for (const char *nome : tabelas_lidas)
+        nomes << u'\'' + QLatin1StringView(nome) + u'\'';
+    return cn_.query(u"SELECT name FROM sqlite_master WHERE name COLLATE NOCASE IN (%1) AND "
+                     "(type<>'table' OR rootpage=0)"_s.arg(nomes.join(u',')),
+                     {})
+               .RecordCount() > 0;
 }
 
 // A table that can't be read is not there; the others are.
@@ -114,10 +141,13 @@ void DE2::Carregar_Antigo(const QString &caminho)
 {
     const JetFile ficheiro(caminho);
     cn_.OpenInMemory();
+    // A sound file's texts take at most two bytes here for each of theirs; a harmed one may give the same
+    // bytes over and over.
+    const qint64 paginas = 2 * QFileInfo(caminho).size() / pagina + paginas_de_sempre;
+    cn_.query(u"PRAGMA max_page_count=%1"_s.arg(paginas), {});
     cn_.execute(u"BEGIN"_s, {});
     for (const char *nome : tabelas_lidas)
-        skipFailure(
-            [&] { Copiar_Tabela(cn_, QLatin1StringView(nome), ficheiro.read(QLatin1StringView(nome))); });
+        Copiar_Tabela(cn_, QLatin1StringView(nome), ficheiro);
     cn_.execute(u"COMMIT"_s, {});
 }
 
@@ -134,6 +164,12 @@ Recordset &DE2::Correr(Comando comando, const std::vector<StoreValue> &valores)
     rs.Close();
     rs = cn_.query(QString::fromUtf16(sql[comando]), valores);
     return rs;
+}
+
+void DE2::Percorrer(Comando comando, const std::function<void(const Recordset &)> &linha)
+{
+    conjuntos_[comando].Close();
+    cn_.each(QString::fromUtf16(sql[comando]), {}, linha);
 }
 
 void DE2::Fechar_cn() { cn_.Close(); }

@@ -1,10 +1,13 @@
 // An older database, opened for reading: this program's own kind, or the kind that the releases before it
-// wrote. Its kind is told by its first bytes, whatever it is called. Eight commands read it; nothing writes.
+// wrote. Its kind is told by its first bytes, whatever it is called. What the merge reads of it is taken into
+// memory when it is opened, and the file let go: no lock on it is held or waited for later on, and nothing is
+// left beside it. Eight commands read it; nothing writes.
 #pragma once
 
 #include "platform/store/Connection.h"
 
 #include <array>
+#include <functional>
 #include <QString>
 
 class DE2
@@ -22,13 +25,21 @@ public:
         Comandos
     };
 
-    // Raises Failure for a file that can't be opened: no database, a damaged one, or one with a password. Of
-    // a damaged file that opens, the commands over a damaged table fail.
+    // So large a file is not read: what it takes in memory, four times its size at most, stays below a
+    // gigabyte.
+    static constexpr qint64 maior_ficheiro = qint64{256} << 20;
+
+    // Raises Failure for a file that can't be opened: no database, a damaged one, one with a password, or one
+    // that is too large. Of a damaged file that opens, the commands over a damaged table fail; of one that
+    // has views in the place of the tables, all do.
     explicit DE2(const QString &caminho);
 
     // Closes the command's recordset if it is open, and opens it anew.
     Recordset &Abrir(Comando comando);
     Recordset &Abrir(Comando comando, const QString &ID);
+
+    // The same for all rows of a table, one after the other: so they need not stand in memory together.
+    void Percorrer(Comando comando, const std::function<void(const Recordset &)> &linha);
 
     // The connection closed, every command fails.
     void Fechar_cn();
@@ -36,6 +47,7 @@ public:
 private:
     Recordset &Correr(Comando comando, const std::vector<StoreValue> &valores);
     void Abrir_Proprio(const QString &caminho);
+    bool Tem_Vistas();
     void Carregar_Antigo(const QString &caminho);
 
     Connection cn_;

@@ -4,6 +4,8 @@
 #include "interchange/DE2.h"
 #include "platform/Failure.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -33,47 +35,74 @@ bool Nenhuma_Linha(const std::function<Recordset &()> &abrir)
 }
 } // namespace
 
-Fusao::Fusao(Geral &geral, DE2 &de2, const Totais &totais) : geral_(geral), de2_(de2), totais_(totais) {}
+Fusao::Fusao(Geral &geral, DE2 &de2, const Totais &totais)
+    : geral_(geral), de2_(de2), totais_(totais), grupos_daqui_(geral.de)
+{
+}
+
+bool Fusao::Completa() const
+{
+    return std::all_of(contagens_.begin(), contagens_.end(), [](const Contagem &c) { return c.Completa(); });
+}
 
 void Fusao::Correr()
 {
+    geral_.de.Esperar_Uma_Vez([this] { Passagens(); });
+}
+
+void Fusao::Passagens()
+{
+    auto &[contactos, tarefas, memos] = contagens_;
     Q_EMIT Progresso(0);
-    Passar([this] { Passar_Contactos(); });
+    Passar(contactos, totais_.Contactos, "cmdAdicionarNome", [this](Contagem &c) { Passar_Contactos(c); });
     Q_EMIT ContactosLidos();
-    Passar([this] { Passar_Tarefas(); });
+    Passar(tarefas, totais_.Tarefas, "cmdAdicionarTarefa", [this](Contagem &c) { Passar_Tarefas(c); });
     Q_EMIT TarefasLidas();
-    Passar([this] { Passar_Memos(); });
+    Passar(memos, totais_.Memos, "cmdAdicionarMemo", [this](Contagem &c) { Passar_Memos(c); });
     Q_EMIT MemosLidos();
     Q_EMIT Progresso(100);
 }
 
-void Fusao::Passar(const std::function<void()> &passagem)
+// What the source was said to hold and did not give has not come either.
+void Fusao::Passar(Contagem &contagem, int total, ComandoSemLinhas comando,
+                   const std::function<void(Contagem &)> &passagem)
 {
-    skipFailure([&] { geral_.de.Juntar(passagem); });
+    const int antes = geral_.de.Escritos(comando);
+    skipFailure([&] { geral_.de.Juntar([&] { passagem(contagem); }); });
+    contagem.Lidos = std::max(contagem.Lidos, total);
+    contagem.Guardados = geral_.de.Escritos(comando) - antes;
 }
 
-void Fusao::Contar(int lidos, qint16 total)
+// A row that fails is skipped. Where it is the store that fails, and not a value that fits no column, the row
+// is missed at the end.
+void Fusao::Guardar(Contagem &contagem, const std::function<void()> &inserir)
 {
-    if (total > 0) Q_EMIT Progresso(static_cast<int>(static_cast<double>(lidos) / total * 100));
+    onFailure(inserir, [&](const Failure &falha) {
+        if (falha.number() != Failure::StoreError) ++contagem.Recusados;
+    });
 }
 
-void Fusao::Passar_Contactos()
+void Fusao::Contar(const Contagem &contagem, qint16 total)
+{
+    if (total > 0) Q_EMIT Progresso(static_cast<int>(static_cast<double>(contagem.Lidos) / total * 100));
+}
+
+void Fusao::Passar_Contactos(Contagem &contagem)
 {
     Valores v;
-    int lidos = 0;
-    for (Recordset &rs = de2_.Abrir(DE2::Morvex5_SELECT_TblLista); !rs.Eof(); rs.MoveNext()) {
-        ++lidos;
+    de2_.Percorrer(DE2::Morvex5_SELECT_TblLista, [&](const Recordset &rs) {
+        ++contagem.Lidos;
         Ler(rs, colunas_do_contacto, v);
         Trazer_Grupo(v);
-        skipFailure([&] {
+        Guardar(contagem, [&] {
             geral_.de.Executar("cmdAdicionarNome",
                                {v["Nome"], v["Telefone1"], v["Telefone2"], v["Fax"], v["Telemovel1"],
                                 v["Telemovel2"], v["Telemovel3"], v["Dia"], v["Mes"], v["Ano"], v["Email1"],
                                 v["Email2"], v["Website"], v["Morada"], v["Obs"], v["Fotografia"],
                                 v["Grupo"]});
         });
-        Contar(lidos, totais_.Contactos);
-    }
+        Contar(contagem, totais_.Contactos);
+    });
 }
 
 // The group of that name here, made if there is none. Its ID takes the place of the old one. One that every
@@ -89,49 +118,61 @@ void Fusao::Trazer_Grupo(Valores &v)
     }
     const bool lido = skipFailure(
         [&] { nome = de2_.Abrir(DE2::Morvex5_SELECT_TblGrupos, antigo).Fields("NomeGrupo").textOrEmpty(); });
-    if (Nenhuma_Linha([&]() -> Recordset & { return geral_.de.Abrir("cmdVerificarGrupo", {nome}); })) {
-        skipFailure([&] { geral_.de.Executar("cmdAdicionarGrupo", {nome}); });
-        skipFailure([&] { relatorio_ += geral_.Ler_Idioma(236) + u": "_s + nome + u"\r\n"_s; });
-    }
-    const bool achado = skipFailure(
-        [&] { v["Grupo"] = geral_.de.Abrir("cmdVerIDGrupo", {nome}).Fields("ID").textOrEmpty(); });
-    if (lido && achado) grupos_[antigo] = {nome, v["Grupo"]};
+    if (!Procurar_Grupo(nome)) Criar([&] { geral_.de.Executar("cmdAdicionarGrupo", {nome}); }, 236, nome);
+    const auto ID = Procurar_Grupo(nome);
+    if (ID) v["Grupo"] = *ID;
+    if (lido && ID) grupos_[antigo] = {nome, *ID};
 }
 
-void Fusao::Passar_Tarefas()
+// A question that fails counts as none.
+std::optional<QString> Fusao::Procurar_Grupo(const QString &nome)
+{
+    std::optional<QString> ID;
+    skipFailure([&] { ID = grupos_daqui_.Procurar(nome); });
+    return ID;
+}
+
+// What the store itself did not take, the report does not claim.
+void Fusao::Criar(const std::function<void()> &criar, qint16 texto, const QString &nome)
+{
+    bool tomado = true;
+    onFailure(criar, [&](const Failure &falha) { tomado = falha.number() != Failure::StoreError; });
+    if (!tomado) return;
+    skipFailure([&] { relatorio_ += geral_.Ler_Idioma(texto) + u": "_s + nome + u"\r\n"_s; });
+}
+
+void Fusao::Passar_Tarefas(Contagem &contagem)
 {
     Valores v;
-    int lidas = 0;
-    for (Recordset &rs = de2_.Abrir(DE2::Morvex5_SELECT_TblTarefas); !rs.Eof(); rs.MoveNext()) {
-        ++lidas;
+    de2_.Percorrer(DE2::Morvex5_SELECT_TblTarefas, [&](const Recordset &rs) {
+        ++contagem.Lidos;
         Ler(rs, colunas_da_tarefa, v);
         Trazer_Utilizador(rs, v, {});
         ultimo_utilizador_das_tarefas_ = v["NomeUtilizador"];
-        skipFailure([&] {
+        Guardar(contagem, [&] {
             geral_.de.Executar("cmdAdicionarTarefa",
                                {v["Tarefa"], v["Data"], v["Hora"], IdUtilizador_, v["IDRepeticao"]});
         });
-        Contar(lidas, totais_.Tarefas);
-    }
+        Contar(contagem, totais_.Tarefas);
+    });
 }
 
 // A user first made in this pass leaves the settings of a new user to the last task's owner, again.
-void Fusao::Passar_Memos()
+void Fusao::Passar_Memos(Contagem &contagem)
 {
     Valores v;
-    int lidos = 0;
-    for (Recordset &rs = de2_.Abrir(DE2::Morvex5_SELECT_TblMemos); !rs.Eof(); rs.MoveNext()) {
-        ++lidos;
+    de2_.Percorrer(DE2::Morvex5_SELECT_TblMemos, [&](const Recordset &rs) {
+        ++contagem.Lidos;
         Ler(rs, colunas_do_memo, v);
         Trazer_Utilizador(rs, v, ultimo_utilizador_das_tarefas_);
-        skipFailure([&] {
+        Guardar(contagem, [&] {
             geral_.de.Executar("cmdAdicionarMemo",
                                {v["Titulo"], v["Descricao"], v["LeftForm"], v["TopForm"], v["Width"],
                                 v["Height"], v["FontName"], v["FontSize"], v["FontBold"], v["FontItalic"],
                                 v["CorFundo"], IdUtilizador_});
         });
-        Contar(lidos, totais_.Memos);
-    }
+        Contar(contagem, totais_.Memos);
+    });
 }
 
 // The user of that name here, made if there is none. Without a name of its own the settings go to
@@ -158,13 +199,14 @@ void Fusao::Criar_Utilizador(const Valores &v, const QString &nome_das_definicoe
         const auto achado = v.find(coluna);
         return achado == v.end() ? QString(u""_s) : achado->second;
     };
-    skipFailure([&] {
-        geral_.de.Executar("cmdAdicionarUser",
-                           {valor("NomeUtilizador"), valor("Pass"), valor("SystemTray"), valor("Adicionar"),
-                            valor("Editar"), valor("Eliminar"), valor("Grupos"), valor("Utilizadores")});
-    });
-    skipFailure(
-        [&] { relatorio_ += geral_.Ler_Idioma(237) + u": "_s + valor("NomeUtilizador") + u"\r\n"_s; });
+    Criar(
+        [&] {
+            geral_.de.Executar("cmdAdicionarUser",
+                               {valor("NomeUtilizador"), valor("Pass"), valor("SystemTray"),
+                                valor("Adicionar"), valor("Editar"), valor("Eliminar"), valor("Grupos"),
+                                valor("Utilizadores")});
+        },
+        237, valor("NomeUtilizador"));
     QString ID;
     skipFailure([&] {
         ID = geral_.de.Abrir("cmdVerIDUtilizador", {nome_das_definicoes}).Fields("ID").textOrEmpty();

@@ -3,6 +3,10 @@
 // value of the row before.
 #pragma once
 
+#include "data/Comandos.h"
+#include "interchange/GruposPorNome.h"
+
+#include <array>
 #include <functional>
 #include <map>
 #include <optional>
@@ -25,10 +29,24 @@ public:
         qint16 Memos = 0;
     };
 
+    // What became of the rows of a pass.
+    struct Contagem {
+        int Lidos = 0;     // of the source
+        int Recusados = 0; // rows with a value that its column doesn't take: they are skipped
+        int Guardados = 0; // in the file
+        bool Completa() const { return Guardados >= Lidos - Recusados; }
+    };
+
     Fusao(Geral &geral, DE2 &de2, const Totais &totais);
 
-    // Runs the three passes. What they added is in the file when it returns.
+    // Runs the three passes. What they added is in the file when it returns. A lock that somebody has on the
+    // database is waited for once.
     void Correr();
+
+    // Of the contacts, the tasks and the memos.
+    const std::array<Contagem, 3> &Contagens() const { return contagens_; }
+    // Whether the database took all rows but those that their columns refuse.
+    bool Completa() const;
 
     // A line for each group and user that had to be created.
     const QString &Relatorio() const { return relatorio_; }
@@ -43,20 +61,27 @@ private:
     // The values of a pass by column, as text. They are not cleared between rows.
     using Valores = std::map<std::string, QString>;
 
-    void Passar(const std::function<void()> &passagem);
-    void Passar_Contactos();
-    void Passar_Tarefas();
-    void Passar_Memos();
+    void Passagens();
+    void Passar(Contagem &contagem, int total, ComandoSemLinhas comando,
+                const std::function<void(Contagem &)> &passagem);
+    void Passar_Contactos(Contagem &contagem);
+    void Passar_Tarefas(Contagem &contagem);
+    void Passar_Memos(Contagem &contagem);
 
     void Trazer_Grupo(Valores &v);
+    std::optional<QString> Procurar_Grupo(const QString &nome);
     void Trazer_Utilizador(const Recordset &linha, Valores &v,
                            const std::optional<QString> &nome_das_definicoes);
     void Criar_Utilizador(const Valores &v, const QString &nome_das_definicoes);
-    void Contar(int lidos, qint16 total);
+    void Criar(const std::function<void()> &criar, qint16 texto, const QString &nome);
+    static void Guardar(Contagem &contagem, const std::function<void()> &inserir);
+    void Contar(const Contagem &contagem, qint16 total);
 
     Geral &geral_;
     DE2 &de2_;
     Totais totais_;
+    std::array<Contagem, 3> contagens_;
+    GruposPorNome grupos_daqui_;
     struct Grupo {
         QString Nome;
         QString ID; // here

@@ -3,6 +3,7 @@
 #include "platform/Failure.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QStringDecoder>
 
 using namespace Qt::StringLiterals;
@@ -24,6 +25,9 @@ constexpr std::array<QStringView, 12> meses{u"janeiro",  u"fevereiro", u"março"
 
 QString Texto_Do_Ficheiro(const QString &caminho)
 {
+    const QFileInfo info(caminho);
+    if (info.exists() && !info.isFile()) // a pipe would be waited for, and a device may never end
+        throw Failure(Failure::PathFileAccess, caminho, u"This is no ordinary file: %1"_s.arg(caminho));
     QFile ficheiro(caminho);
     if (!ficheiro.open(QIODevice::ReadOnly))
         throw Failure(Failure::FileNotFound, caminho, u"The file could not be read: %1"_s.arg(caminho));

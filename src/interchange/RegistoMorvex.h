@@ -10,7 +10,8 @@ constexpr int campos = 16;
 constexpr int mais_linhas = 5000; // that a file may have, and fail by one
 
 // The lines of the file, read in its code page; a line ends at CR or CR LF, and a lone LF belongs to it.
-// Raises Failure for a file that can't be read or written, and for one of 5,000 lines or more.
+// Raises Failure for a file that can't be read or written, for a pipe or a device, and for 5,000 lines or
+// more.
 QStringList Ler_Linhas(const QString &caminho);
 
 // The records among the lines: all but the first line and the empty ones.

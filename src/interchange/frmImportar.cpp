@@ -10,6 +10,8 @@
 #include "platform/ListBox.h"
 #include "platform/Platform.h"
 
+#include <QFileInfo>
+
 using namespace Qt::StringLiterals;
 
 frmImportar::frmImportar(Geral &geral, Platform &platform, Intercambio &intercambio, QWidget &janela)
@@ -51,7 +53,24 @@ void frmImportar::cmdProcurar_Click()
 void frmImportar::cmdSeguinte_Click()
 {
     const QString caminho = txtCaminho->text();
+    if (Recusar(caminho)) return;
     onFailure([&] { Continuar(caminho); }, [&](const Failure &) { Falhar(caminho); });
+}
+
+// What must not even be opened is told, and the form stays for another choice. An older database may lack the
+// words for the reason.
+bool frmImportar::Recusar(const QString &caminho)
+{
+    qint16 motivo = 0;
+    skipFailure([&] {
+        if (geral_.de.E_A_Base_Aberta(caminho)) motivo = 294;
+    });
+    if (QFileInfo(caminho).size() > DE2::maior_ficheiro) motivo = 295;
+    if (motivo == 0) return false;
+    QString texto;
+    if (!skipFailure([&] { texto = geral_.Ler_Idioma(motivo); })) texto = geral_.Ler_Idioma(87);
+    platform_.boxes.show(texto + u"\r\n"_s + caminho, box::stop, windowTitle(), this);
+    return true;
 }
 
 // Small letters alone make a text file: everything else is taken for a database.

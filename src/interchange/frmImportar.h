@@ -23,6 +23,7 @@ private:
     void cmdSeguinte_Click();
 
     void Continuar(const QString &caminho);
+    bool Recusar(const QString &caminho);
     void Importar_Texto(const QString &caminho);
     void Importar_Base();
     void Falhar(const QString &caminho);

@@ -2,9 +2,11 @@
 
 #include "data/Geral.h"
 #include "data/Inteiro.h"
+#include "interchange/AvisosDaFusao.h"
 #include "interchange/DE2.h"
 #include "interchange/Intercambio.h"
 #include "platform/Controls.h"
+#include "platform/Failure.h"
 #include "platform/Platform.h"
 
 using namespace Qt::StringLiterals;
@@ -56,11 +58,23 @@ void frmImportarMDB::Escrever_Textos()
     Label5->setText(geral_.Ler_Idioma(234) + u": "_s + QString::number(totais_.Tarefas));
     cmdSeguinte->setText(geral_.Ler_Idioma(229));
     cmdCancelar->setText(geral_.Ler_Idioma(43));
+    concluida_ = geral_.Ler_Idioma(231);
+    encerrar_ = geral_.Ler_Idioma(235);
+}
+
+// Asked before the first row: a merge skips what fails, and a database that takes nothing would fail at each.
+bool frmImportarMDB::Deixa_Se_Escrever()
+{
+    if (skipFailure([this] { geral_.de.Experimentar_Escrita(); })) return true;
+    platform_.boxes.show(avisos_da_fusao::Nada_Se_Escreve(geral_.de.Ficheiro(), geral_.IdiomaActual),
+                         box::stop, windowTitle(), this);
+    return false;
 }
 
 // The bar paints itself as the merge goes on; no other event is taken.
 void frmImportarMDB::cmdSeguinte_Click()
 {
+    if (!Deixa_Se_Escrever()) return;
     Fusao fusao(geral_, intercambio_.De2(), totais_);
     connect(&fusao, &Fusao::Progresso, ProgressBar1, &QProgressBar::setValue);
     const auto mostrar = [](QWidget *marca) {
@@ -74,7 +88,13 @@ void frmImportarMDB::cmdSeguinte_Click()
     connect(&fusao, &Fusao::MemosLidos, this, mostrar(imgMemos));
     ProgressBar1->show();
     fusao.Correr();
-    platform_.boxes.show(fusao.Relatorio() + geral_.Ler_Idioma(231) + u"\r\n"_s + geral_.Ler_Idioma(235),
-                         box::exclamation, windowTitle(), this);
+    platform_.boxes.show(Resultado(fusao), box::exclamation, windowTitle(), this);
     platform_.process.end();
+}
+
+QString frmImportarMDB::Resultado(const Fusao &fusao) const
+{
+    const QString feito =
+        fusao.Completa() ? concluida_ + u"\r\n"_s : avisos_da_fusao::Incompleta(fusao, geral_.IdiomaActual);
+    return fusao.Relatorio() + feito + encerrar_;
 }

@@ -23,10 +23,14 @@ private:
 
     void Contar();
     void Escrever_Textos();
+    bool Deixa_Se_Escrever();
+    QString Resultado(const Fusao &fusao) const;
 
     Geral &geral_;
     Platform &platform_;
     Intercambio &intercambio_;
     QWidget &janela_;
     Fusao::Totais totais_;
+    QString concluida_; // the two lines that close a merge, read while the database can be asked
+    QString encerrar_;
 };

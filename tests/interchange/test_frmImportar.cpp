@@ -15,6 +15,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 using accoes::Quando_Abrir;
@@ -225,6 +226,29 @@ private Q_SLOTS:
         QVERIFY(p.s.caixas.Todas_Vistas());
         QVERIFY(!p.s.processo.Terminou());
         QVERIFY(p.Linhas().isEmpty());
+    }
+
+    // Whoever opens a pipe waits for somebody at its other end, and a device may never come to an end.
+    void um_tubo_ou_um_dispositivo_com_nome_de_texto_recusa_se_data()
+    {
+        QTest::addColumn<bool>("tubo");
+        QTest::newRow("tubo") << true;
+        QTest::newRow("dispositivo") << false;
+    }
+    void um_tubo_ou_um_dispositivo_com_nome_de_texto_recusa_se()
+    {
+        QFETCH(bool, tubo);
+        Programa p;
+        const QString caminho = p.s.Ficheiro(u"antigo.dat"_s);
+        if (tubo)
+            QCOMPARE(::mkfifo(qPrintable(caminho), S_IRUSR | S_IWUSR), 0);
+        else
+            QVERIFY(QFile::link(u"/dev/full"_s, caminho));
+        VERIFICAR_FALHA(registo_morvex::Ler_Linhas(caminho), Failure::PathFileAccess);
+        p.s.caixas.Espera_Erro(Failure::StoreError); // a new process has no older database to close
+        p.Importar(caminho);
+        QVERIFY(p.s.processo.Terminou());
+        QCOMPARE(p.s.Linhas(u"SELECT count(*) FROM TblLista"_s), QStringList{u"0"_s});
     }
 
     void cancelar_o_dialogo_perde_a_escolha_anterior()

@@ -10,12 +10,17 @@
 #include "session/Main.h"
 #include "testlib/Accoes.h"
 #include "testlib/Desempacotado.h"
+#include "testlib/DiscoCheio.h"
+#include "testlib/MemoriaPedida.h"
+#include "testlib/SemPrivilegios.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <sys/stat.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 using accoes::Quando_Abrir;
@@ -48,6 +53,21 @@ struct Programa {
             form.cmdSeguinte->click();
         });
         main.Importar->trigger();
+    }
+
+    // Chooses the file, which the first form refuses itself. Returns whether it stayed for another choice.
+    bool Recusada(const QString &caminho)
+    {
+        s.dialogos.textos << caminho;
+        bool ficou = false;
+        Quando_Abrir<frmImportar>([&](frmImportar &form) {
+            form.cmdProcurar->click();
+            form.cmdSeguinte->click();
+            ficou = form.isVisible();
+            form.reject();
+        });
+        main.Importar->trigger();
+        return ficou;
     }
 
     void Fundir(const QString &caminho, const QString &relatorio)
@@ -138,11 +158,59 @@ QStringList Textos(JetFile::Table tabela, const QString &coluna)
 struct BasePropria {
     BasePropria() { base.Escrever(u"DELETE FROM TblLista"_s), base.Escrever(u"DELETE FROM TblMemos"_s); }
     QString Caminho() const { return base.Base(); }
+
+    // So many contacts with notes of so many letters, and as many tasks and memos of Rui's.
+    void Encher(int linhas, int letras)
+    {
+        const int rui = base.Novo_Utilizador(u"Rui"_s, u"x"_s);
+        const QString fonte =
+            u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<%1) "_s.arg(linhas);
+        base.Escrever(fonte + u"INSERT INTO TblLista (Nome, Obs, Grupo) SELECT 'Contacto ' || i, "
+                              "printf('%.*c', %1, 'o'), 1 FROM n"_s.arg(letras));
+        base.Escrever(fonte + u"INSERT INTO TblTarefas (Tarefa, Data, Hora, Utilizador, IDRepeticao) SELECT "
+                              "'Tarefa ' || i, '2027-02-01', '10:00:00', %1, 1 FROM n"_s.arg(rui));
+        base.Escrever(
+            fonte +
+            u"INSERT INTO TblMemos (Titulo, Descricao, LeftForm, TopForm, Width, Height, FontName, "
+            "FontSize, FontBold, FontItalic, CorFundo, Utilizador) SELECT 'Memo ' || i, 'd', 1, 2, 3, "
+            "4, 'Tahoma', 8, 0, 0, 65535, %1 FROM n"_s.arg(rui));
+    }
     Sistema base;
 };
+
+// What stands in the way of a merge while one lives.
+using Obstaculo = std::shared_ptr<void>;
+struct Trancada {
+    explicit Trancada(Sistema &s) : s_(s) { s_.Escrever(u"BEGIN EXCLUSIVE"_s); }
+    ~Trancada() { s_.Escrever(u"ROLLBACK"_s); }
+    Trancada(const Trancada &) = delete;
+    Trancada &operator=(const Trancada &) = delete;
+    Sistema &s_;
+};
+QStringList Tudo(Sistema &s)
+{
+    return s.Linhas(u"SELECT (SELECT count(*) FROM TblLista), (SELECT count(*) FROM TblTarefas), "
+                    "(SELECT count(*) FROM TblMemos), (SELECT count(*) FROM TblUsers)"_s);
+}
+
+QByteArray Conteudo(const QString &caminho)
+{
+    QFile ficheiro(caminho);
+    return ficheiro.open(QIODevice::ReadOnly) ? ficheiro.readAll() : QByteArray();
+}
+
+rlim_t Tamanho(Sistema &s) { return static_cast<rlim_t>(QFileInfo(s.Base()).size()); }
+
+// The names of the files in the folder of that one.
+QStringList Vizinhos(const QString &ficheiro)
+{
+    return QFileInfo(ficheiro).dir().entryList(QDir::Files | QDir::Hidden);
+}
 } // namespace
 
 Q_DECLARE_METATYPE(std::function<void(QByteArray &)>)
+Q_DECLARE_METATYPE(std::function<Obstaculo(Sistema &)>)
+Q_DECLARE_METATYPE(std::function<QString(Sistema &)>)
 
 class TestFrmImportarMDB : public QObject
 {
@@ -489,6 +557,334 @@ private Q_SLOTS:
         }
         QCOMPARE(p.s.Linhas(u"SELECT Nome FROM TblLista"_s), (QStringList{u"Ana"_s, u"Ana"_s}));
         QCOMPARE(antiga.base.Linhas(u"SELECT Nome FROM TblLista"_s), QStringList{u"Ana"_s});
+    }
+
+    void uma_base_que_nao_se_deixa_escrever_di_lo_antes_da_primeira_linha_data()
+    {
+        QTest::addColumn<std::function<Obstaculo(Sistema &)>>("impedir");
+        QTest::newRow("trancada") << std::function(
+            [](Sistema &s) -> Obstaculo { return std::make_shared<Trancada>(s); });
+        QTest::newRow("só de leitura")
+            << std::function([](Sistema &) -> Obstaculo { return std::make_shared<SemPrivilegios>(); });
+        QTest::newRow("disco cheio") << std::function(
+            [](Sistema &s) -> Obstaculo { return std::make_shared<DiscoCheio>(Tamanho(s)); });
+    }
+    void uma_base_que_nao_se_deixa_escrever_di_lo_antes_da_primeira_linha()
+    {
+        constexpr qint64 paciencia =
+            12000; // ms: one wait for the lock takes 5,000, and one a row takes minutes
+        QFETCH(std::function<Obstaculo(Sistema &)>, impedir);
+        BasePropria antiga;
+        antiga.Encher(20, 10);
+        Programa p;
+        p.s.caixas.Espera_Qualquer(16, p.s.Texto(82));
+        p.Escolher(antiga.Caminho(), [&](frmImportarMDB &form) {
+            Obstaculo obstaculo = impedir(p.s);
+            QElapsedTimer relogio;
+            relogio.start();
+            form.cmdSeguinte->click();
+            obstaculo.reset();
+            QVERIFY2(relogio.elapsed() < paciencia, qPrintable(QString::number(relogio.elapsed())));
+            QVERIFY(form.isVisible());
+            QVERIFY(!form.ProgressBar1->isVisible());
+            QVERIFY(!form.imgRegistos->isVisible());
+            form.reject();
+        });
+        QVERIFY(p.s.caixas.Todas_Vistas());
+        QVERIFY(!p.s.processo.Terminou());
+        QCOMPARE(Tudo(p.s), QStringList{u"0|0|0|0"_s});
+    }
+
+    void o_impedimento_acabado_a_fusao_faz_se()
+    {
+        BasePropria antiga;
+        antiga.Encher(20, 10);
+        Programa p;
+        p.s.caixas.Espera_Qualquer(16, p.s.Texto(82));
+        p.s.caixas.Espera(p.s.Texto(237) + u": Rui\r\n"_s + p.s.Texto(231) + u"\r\n"_s + p.s.Texto(235), 48,
+                          p.s.Texto(82));
+        p.Escolher(antiga.Caminho(), [&](frmImportarMDB &form) {
+            {
+                const DiscoCheio cheio(Tamanho(p.s));
+                form.cmdSeguinte->click();
+            }
+            form.cmdSeguinte->click();
+            form.reject();
+        });
+        QVERIFY(p.s.processo.Terminou());
+        QCOMPARE(Tudo(p.s), QStringList{u"20|20|20|1"_s});
+    }
+
+    // The disk takes the beginning: the box says of each table how much of it is there.
+    void o_que_a_base_ja_nao_tomou_diz_se_no_fim()
+    {
+        BasePropria antiga;
+        antiga.Encher(400, 2000);
+        Programa p;
+        p.s.caixas.Espera_Qualquer(48, p.s.Texto(82));
+        p.Escolher(antiga.Caminho(), [&](frmImportarMDB &form) {
+            const DiscoCheio cheio(Tamanho(p.s) + 200000);
+            form.cmdSeguinte->click();
+            form.reject();
+        });
+        QVERIFY(p.s.processo.Terminou());
+        const QStringList guardados = Tudo(p.s)[0].split(u'|');
+        QVERIFY2(guardados[0].toInt() > 0 && guardados[0].toInt() < 400, qPrintable(guardados[0]));
+        const QString dito = p.s.caixas.vistas.constLast();
+        QVERIFY(!dito.contains(p.s.Texto(231)));
+        for (int i = 0; i < 3; ++i)
+            QVERIFY2(dito.contains(u": "_s + guardados[i] + u" / 400"_s), qPrintable(dito));
+        QVERIFY2(dito.endsWith(p.s.Texto(235)), qPrintable(dito));
+    }
+
+    void uma_tranca_que_vem_a_meio_espera_se_uma_vez_e_diz_se_no_fim()
+    {
+        constexpr qint64 paciencia = 12000; // ms
+        BasePropria antiga;
+        antiga.Encher(20, 10);
+        Programa p;
+        p.s.caixas.Espera_Qualquer(48, p.s.Texto(82));
+        std::unique_ptr<Trancada> tranca;
+        struct AoMostrar : QObject {
+            std::function<void()> accao;
+            bool eventFilter(QObject *, QEvent *evento) override
+            {
+                if (evento->type() == QEvent::Show && accao) std::exchange(accao, nullptr)();
+                return false;
+            }
+        } depois_dos_contactos;
+        depois_dos_contactos.accao = [&] { tranca = std::make_unique<Trancada>(p.s); };
+        p.Escolher(antiga.Caminho(), [&](frmImportarMDB &form) {
+            form.imgRegistos->installEventFilter(&depois_dos_contactos);
+            QElapsedTimer relogio;
+            relogio.start();
+            form.cmdSeguinte->click();
+            QVERIFY2(relogio.elapsed() < paciencia, qPrintable(QString::number(relogio.elapsed())));
+            tranca.reset();
+            form.reject();
+        });
+        QVERIFY(p.s.processo.Terminou());
+        QCOMPARE(Tudo(p.s), QStringList{u"20|0|0|0"_s});
+        const QString dito = p.s.caixas.vistas.constLast();
+        QVERIFY(!dito.contains(p.s.Texto(231)));
+        QCOMPARE(dito.count(u": 20 / 20"_s), 1);
+        QCOMPARE(dito.count(u": 0 / 20"_s), 2);
+        QVERIFY2(!dito.contains(p.s.Texto(237)), qPrintable(dito)); // nobody was made
+    }
+
+    // Single rows that their columns refuse are skipped without a word, as ever.
+    void linhas_que_as_suas_colunas_recusam_nao_mudam_o_fecho()
+    {
+        BasePropria antiga;
+        antiga.Encher(3, 10);
+        antiga.base.Escrever(u"UPDATE TblTarefas SET Data='' WHERE ID=2"_s);
+        Programa p;
+        p.Fundir(antiga.Caminho(), p.s.Texto(237) + u": Rui\r\n"_s);
+        QCOMPARE(Tudo(p.s), QStringList{u"3|2|3|1"_s});
+    }
+
+    void a_base_em_uso_nao_se_importa_para_si_mesma_data()
+    {
+        QTest::addColumn<std::function<QString(Sistema &)>>("caminho");
+        QTest::newRow("o seu caminho") << std::function([](Sistema &s) { return s.Base(); });
+        QTest::newRow("outra maneira de o escrever") << std::function([](Sistema &s) {
+            return s.Pasta() + u"/./../"_s + QDir(s.Pasta()).dirName() + u"//morvex.mdb"_s;
+        });
+        QTest::newRow("um atalho") << std::function([](Sistema &s) {
+            const QString atalho = s.Ficheiro(u"atalho.mdb"_s);
+            return QFile::link(s.Base(), atalho) ? atalho : QString();
+        });
+        QTest::newRow("um segundo nome do mesmo ficheiro") << std::function([](Sistema &s) {
+            const QString nome = s.Ficheiro(u"segundo.mdb"_s);
+            return ::link(qPrintable(s.Base()), qPrintable(nome)) == 0 ? nome : QString();
+        });
+        QTest::newRow("um atalho que se diz de texto") << std::function([](Sistema &s) {
+            const QString atalho = s.Ficheiro(u"atalho.dat"_s);
+            return QFile::link(s.Base(), atalho) ? atalho : QString();
+        });
+    }
+    void a_base_em_uso_nao_se_importa_para_si_mesma()
+    {
+        QFETCH(std::function<QString(Sistema &)>, caminho);
+        Programa p;
+        p.s.Novo_Contacto({{u"Nome"_s, Value(u"Ana"_s)}});
+        const QString escolhido = caminho(p.s);
+        QVERIFY(!escolhido.isEmpty());
+        p.s.geral.CaminhoBD.clear(); // whatever became of the setting, it is the open file that counts
+        p.s.caixas.Espera(p.s.Texto(294) + u"\r\n"_s + escolhido, 16, p.s.Texto(82));
+        QVERIFY(p.Recusada(escolhido));
+        QVERIFY(!p.s.processo.Terminou());
+        QCOMPARE(p.s.Linhas(u"SELECT Nome FROM TblLista"_s), QStringList{u"Ana"_s});
+    }
+
+    void uma_base_mais_velha_sem_as_palavras_recusa_se_tambem()
+    {
+        Programa p;
+        p.s.Escrever(u"DELETE FROM TblIdiomas WHERE ID > 273"_s);
+        p.s.caixas.Espera(p.s.Texto(87) + u"\r\n"_s + p.s.Base(), 16, p.s.Texto(82));
+        QVERIFY(p.Recusada(p.s.Base()));
+        QVERIFY(!p.s.processo.Terminou());
+    }
+
+    void uma_copia_da_base_em_uso_importa_se()
+    {
+        Programa p;
+        p.s.Novo_Contacto({{u"Nome"_s, Value(u"Ana"_s)}, {u"Grupo"_s, Value(1)}});
+        const QString copia = p.s.Ficheiro(u"copia.mdb"_s);
+        QVERIFY(QFile::copy(p.s.Base(), copia));
+        p.Fundir(copia, {});
+        QCOMPARE(p.s.Linhas(u"SELECT Nome FROM TblLista"_s), (QStringList{u"Ana"_s, u"Ana"_s}));
+    }
+
+    // Once it is open nobody waits for the file, and its owner may do with it as he likes.
+    void uma_base_aberta_nao_prende_o_seu_ficheiro_nem_espera_por_ele()
+    {
+        BasePropria antiga;
+        antiga.base.Novo_Contacto({{u"Nome"_s, Value(u"Ana"_s)}, {u"Grupo"_s, Value(1)}});
+        Programa p;
+        DE2 de2(antiga.Caminho());
+        const Trancada tranca(antiga.base);
+        antiga.base.Escrever(u"DELETE FROM TblGrupos"_s);
+        Fusao(p.s.geral, de2, {1, 0, 0}).Correr();
+        QCOMPARE(p.s.Linhas(u"SELECT Nome, Grupo FROM TblLista"_s), QStringList{u"Ana|1"_s});
+    }
+
+    void uma_base_com_diario_adiantado_le_se_inteira_e_nada_fica_ao_lado_data()
+    {
+        QTest::addColumn<bool>("com_diario");
+        QTest::newRow("o diário guarda ainda linhas") << true;
+        QTest::newRow("sem diário") << false;
+    }
+    void uma_base_com_diario_adiantado_le_se_inteira_e_nada_fica_ao_lado()
+    {
+        QFETCH(bool, com_diario);
+        BasePropria antiga;
+        antiga.base.Ler(u"PRAGMA journal_mode=WAL"_s);
+        antiga.base.Ler(u"PRAGMA wal_autocheckpoint=0"_s);
+        antiga.base.Escrever(u"INSERT INTO TblLista (Nome, Grupo) VALUES ('Ana', 1)"_s);
+        if (!com_diario) antiga.base.Ler(u"PRAGMA wal_checkpoint(TRUNCATE)"_s);
+        // As a program leaves it that was ended at once: without the index of the journal.
+        const QTemporaryDir outra;
+        const QString copia = outra.filePath(u"antiga.mdb"_s);
+        QVERIFY(QFile::copy(antiga.Caminho(), copia));
+        if (com_diario) QVERIFY(QFile::copy(antiga.Caminho() + u"-wal"_s, copia + u"-wal"_s));
+        const QStringList antes = Vizinhos(copia);
+        const QByteArray bytes = Conteudo(copia);
+        const QByteArray diario = Conteudo(copia + u"-wal"_s);
+        Programa p;
+        p.Fundir(copia, {});
+        QCOMPARE(p.s.Linhas(u"SELECT Nome FROM TblLista"_s), QStringList{u"Ana"_s});
+        QCOMPARE(Vizinhos(copia), antes);
+        QVERIFY(Conteudo(copia) == bytes);
+        QVERIFY(Conteudo(copia + u"-wal"_s) == diario);
+    }
+
+    void uma_base_cujas_tabelas_sao_vistas_recusa_se_data()
+    {
+        QTest::addColumn<QString>("tabela");
+        for (const char *tabela : {"TblLista", "TblGrupos", "TblUsers", "TblMemos", "TblTarefas"})
+            QTest::newRow(tabela) << QString::fromLatin1(tabela);
+    }
+    void uma_base_cujas_tabelas_sao_vistas_recusa_se()
+    {
+        QFETCH(QString, tabela);
+        BasePropria antiga;
+        antiga.Encher(2, 10);
+        antiga.base.Escrever(u"ALTER TABLE %1 RENAME TO Outra"_s.arg(tabela));
+        antiga.base.Escrever(u"CREATE VIEW %1 AS SELECT * FROM Outra"_s.arg(tabela));
+        Programa p;
+        p.s.caixas.Espera(p.s.Texto(87) + u"\r\n"_s + antiga.Caminho(), 16, p.s.Texto(82));
+        p.Escolher(antiga.Caminho(), nullptr);
+        QVERIFY(p.s.caixas.Todas_Vistas());
+        QVERIFY(!p.s.processo.Terminou());
+        QCOMPARE(Tudo(p.s), QStringList{u"0|0|0|0"_s});
+    }
+
+    // As many groups as rows can be counted, and each contact in the one of its name.
+    void trinta_e_dois_mil_grupos_vem_todos()
+    {
+        constexpr int quantos = 32767;
+        BasePropria antiga;
+        antiga.base.Escrever(u"DELETE FROM TblGrupos"_s);
+        const QString fonte =
+            u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<%1) "_s.arg(quantos);
+        antiga.base.Escrever(
+            fonte + u"INSERT INTO TblGrupos (ID, NomeGrupo) SELECT i+100000, 'Grupo ' || i FROM n"_s);
+        antiga.base.Escrever(fonte +
+                             u"INSERT INTO TblLista (Nome, Grupo) SELECT 'Grupo ' || i, i+100000 FROM n"_s);
+        Programa p;
+        p.s.Novo_Grupo(u"GRUPO 7"_s, 3); // somebody's own: it is of that name all the same
+        p.s.caixas.Espera_Qualquer(48, p.s.Texto(82));
+        p.Escolher(antiga.Caminho(), [](frmImportarMDB &form) {
+            form.cmdSeguinte->click();
+            form.reject();
+        });
+        QCOMPARE(
+            p.s.Linhas(
+                u"SELECT count(*) FROM TblLista JOIN TblGrupos ON Grupo=TblGrupos.ID WHERE Nome=NomeGrupo"_s),
+            QStringList{QString::number(quantos)});
+        QCOMPARE(p.s.Linhas(u"SELECT count(*) FROM TblGrupos WHERE ID > 6"_s),
+                 QStringList{QString::number(quantos)});
+        QCOMPARE(p.s.Linhas(u"SELECT NomeGrupo FROM TblGrupos WHERE ID=7"_s), QStringList{u"GRUPO 7"_s});
+    }
+
+    void uma_fusao_pede_no_maximo_quatro_vezes_o_tamanho_da_base_data()
+    {
+        QTest::addColumn<bool>("propria");
+        QTest::newRow("própria") << true;
+        QTest::newRow("antiga") << false;
+    }
+    void uma_fusao_pede_no_maximo_quatro_vezes_o_tamanho_da_base()
+    {
+        constexpr std::size_t de_sempre = std::size_t{4} << 20; // what any merge takes, of the smallest file
+        QFETCH(bool, propria);
+        BasePropria grande;
+        if (propria) grande.Encher(5000, 8000);
+        const Desempacotado antiga(Dado(u"grande.mdb.xz"_s));
+        const QString caminho = propria ? grande.Caminho() : antiga.Caminho();
+        const auto tamanho = static_cast<std::size_t>(QFileInfo(caminho).size());
+        Programa p;
+        const memoria::Medida medida;
+        {
+            DE2 de2(caminho);
+            Fusao(p.s.geral, de2, {32767, 32767, 32767}).Correr();
+        }
+        qInfo("a file of %.1f MB took %.1f MB", static_cast<double>(tamanho) / 1e6,
+              static_cast<double>(medida.Maximo()) / 1e6);
+        QVERIFY(medida.Maximo() > tamanho / 2); // it was measured
+        QVERIFY2(medida.Maximo() <= 4 * tamanho + de_sempre, qPrintable(QString::number(medida.Maximo())));
+    }
+
+    void um_ficheiro_demasiado_grande_recusa_se_e_diz_porque_data()
+    {
+        QTest::addColumn<QByteArray>("inicio");
+        QTest::newRow("própria") << QByteArray("SQLite format 3\0", 16);
+        QTest::newRow("antiga") << QByteArray("\0\1\0\0Standard Jet DB\0\1", 21);
+    }
+    void um_ficheiro_demasiado_grande_recusa_se_e_diz_porque()
+    {
+        constexpr qint64 um_a_mais = (qint64{256} << 20) + 1;
+        QFETCH(QByteArray, inicio);
+        Programa p;
+        QFile enorme(p.s.Ficheiro(u"enorme.mdb"_s));
+        QVERIFY(enorme.open(QIODevice::WriteOnly) && enorme.write(inicio) == inicio.size());
+        QVERIFY(enorme.resize(um_a_mais)); // nothing but holes
+        enorme.close();
+        p.s.caixas.Espera(p.s.Texto(295) + u"\r\n"_s + enorme.fileName(), 16, p.s.Texto(82));
+        const memoria::Medida medida;
+        QVERIFY(p.Recusada(enorme.fileName()));
+        QVERIFY(medida.Maximo() < std::size_t{64} << 20);
+        QVERIFY(!p.s.processo.Terminou());
+        VERIFICAR_FALHA(DE2{enorme.fileName()}, Failure::StoreError);
+    }
+
+    void um_tubo_com_nome_de_base_nao_prende_o_programa()
+    {
+        Programa p;
+        const QString tubo = p.s.Ficheiro(u"tubo.mdb"_s);
+        QCOMPARE(::mkfifo(qPrintable(tubo), S_IRUSR | S_IWUSR), 0);
+        VERIFICAR_FALHA(DE2{tubo}, Failure::StoreError);
+        VERIFICAR_FALHA(JetFile{tubo}, Failure::StoreError);
     }
 };
 

@@ -268,6 +268,91 @@ private Q_SLOTS:
 
     // A copy of the one file must be a whole database: no side files, and each write on the disk when it
     // returns.
+    void experimentar_a_escrita_nao_deixa_rasto()
+    {
+        Criar_Tabela();
+        const qint64 tamanho = QFileInfo(path_).size();
+        connection_.tryWriting();
+        QCOMPARE(QFileInfo(path_).size(), tamanho);
+        QVERIFY(!QFileInfo::exists(path_ + u"-journal"_s));
+        QCOMPARE(connection_.query(u"SELECT name FROM sqlite_master WHERE name='Trial'"_s, {}).RecordCount(),
+                 0);
+        connection_.execute(u"INSERT INTO T (Nome) VALUES ('Nova')"_s, {});
+        QCOMPARE(Nomes(u"WHERE Nome='Nova'"_s), QStringList{u"Nova"_s});
+    }
+
+    void num_disco_cheio_experimentar_a_escrita_falha_e_depois_escreve_se_de_novo()
+    {
+        Criar_Tabela();
+        {
+            const DiscoCheio cheio(static_cast<rlim_t>(QFileInfo(path_).size()));
+            VERIFICAR_FALHA(connection_.tryWriting(), Failure::StoreError);
+        }
+        connection_.tryWriting();
+        connection_.execute(u"INSERT INTO T (Nome) VALUES ('Nova')"_s, {});
+        QCOMPARE(connection_.query(u"PRAGMA integrity_check"_s, {}).Fields("integrity_check").text(),
+                 u"ok"_s);
+    }
+
+    void uma_tranca_espera_se_uma_vez_ate_que_uma_escrita_passe()
+    {
+        constexpr qint64 paciencia = 12000; // ms: one wait in vain takes 5,000
+        Criar_Tabela();
+        Connection outra;
+        outra.setConnectionString(Fonte(path_));
+        outra.Open();
+        outra.execute(u"BEGIN EXCLUSIVE"_s, {});
+        QElapsedTimer relogio;
+        relogio.start();
+        connection_.waitingOnce([&] {
+            for (int i = 0; i < 20; ++i) {
+                VERIFICAR_FALHA(connection_.execute(u"INSERT INTO T (Nome) VALUES ('Nova')"_s, {}),
+                                Failure::StoreError);
+                VERIFICAR_FALHA(connection_.query(u"SELECT * FROM T"_s, {}), Failure::StoreError);
+            }
+            QVERIFY2(relogio.elapsed() < paciencia, qPrintable(QString::number(relogio.elapsed())));
+            outra.execute(u"ROLLBACK"_s, {});
+            connection_.execute(u"INSERT INTO T (Nome) VALUES ('Nova')"_s, {});
+        });
+        QCOMPARE(Nomes(u"WHERE Nome='Nova'"_s), QStringList{u"Nova"_s});
+    }
+
+    // Of a portion that the disk undid only what went into the file after all counts.
+    void conta_se_o_que_esta_no_ficheiro_e_nada_mais()
+    {
+        Criar_Tabela();
+        const QString inserir = u"INSERT INTO T (Nome) VALUES (?)"_s;
+        const int antes = connection_.written(inserir);
+        {
+            const DiscoCheio cheio(static_cast<rlim_t>(QFileInfo(path_).size()) + 100000);
+            skipFailure([&] {
+                connection_.gathering([&] {
+                    for (int i = 0; i < 100; ++i)
+                        skipFailure([&] { connection_.execute(inserir, {QString(5000, u'n')}); });
+                });
+            });
+        }
+        const int escritas = connection_.written(inserir) - antes;
+        QVERIFY2(escritas > 0 && escritas < 100, qPrintable(QString::number(escritas)));
+        QCOMPARE(Nomes(u"WHERE Nome LIKE 'nnn%'"_s).size(), escritas);
+    }
+
+    void uma_copia_em_memoria_nao_prende_o_ficheiro()
+    {
+        Criar_Tabela();
+        Connection copia;
+        copia.setConnectionString(Fonte(path_));
+        copia.OpenCopyInMemory();
+        connection_.execute(u"DELETE FROM T"_s, {});
+        QCOMPARE(copia.query(u"SELECT * FROM T"_s, {}).RecordCount(), 3);
+        connection_.Close();
+        QVERIFY(QFile::remove(path_));
+        QStringList nomes;
+        copia.each(u"SELECT Nome FROM T ORDER BY Nome"_s, {},
+                   [&](const Recordset &linha) { nomes << linha.Fields("Nome").text(); });
+        QCOMPARE(nomes, (QStringList{u"Álvaro"_s, u"ANDRÉ"_s, u"Zita"_s}));
+    }
+
     void o_diario_e_desfeito_e_cada_escrita_vai_ao_disco()
     {
         Criar_Tabela();

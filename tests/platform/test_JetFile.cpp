@@ -7,12 +7,13 @@
 
 #include <QCryptographicHash>
 #include <random>
+#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
-QString Amostra(const QString &nome) { return QFINDTESTDATA("../fixtures/jet/" + nome); }
+QString Amostra(const QString &nome) { return QFINDTESTDATA("fixtures/jet/" + nome); }
 
 QByteArray Ler_Ficheiro(const QString &caminho)
 {
@@ -115,6 +116,25 @@ std::vector<int> Paginas_Da_Maior_Tabela(const QByteArray &bytes)
     return std::max_element(paginas.begin(), paginas.end(),
                             [](const auto &a, const auto &b) { return a.second.size() < b.second.size(); })
         ->second;
+}
+
+// Clears the mask of values of the first row that holds that text. False where there is none.
+bool Apagar_A_Mascara(QByteArray &bytes, const QByteArray &texto)
+{
+    constexpr int contagem = 12;
+    constexpr int lugares = 14;
+    constexpr quint16 onde = 0x1fff;
+    const qsizetype achado = bytes.indexOf(texto);
+    char *inicio = bytes.data() + achado / pagina * pagina;
+    const auto lugar = [&](int i) { return qFromLittleEndian<quint16>(inicio + lugares + 2 * i) & onde; };
+    for (int i = 0; achado >= 0 && i < qFromLittleEndian<quint16>(inicio + contagem); ++i) {
+        const int fim = i == 0 ? pagina : lugar(i - 1);
+        if (achado % pagina < lugar(i) || achado % pagina >= fim) continue;
+        const int mascara = (qFromLittleEndian<quint16>(inicio + lugar(i)) + 7) / 8;
+        std::fill(inicio + fim - mascara, inicio + fim, '\0');
+        return true;
+    }
+    return false;
 }
 
 // Fills a page with rows that say no more than that they were moved to the first row of the other.
@@ -313,6 +333,29 @@ private Q_SLOTS:
         VERIFICAR_FALHA(base.read(u"TblLista"_s), Failure::StoreError);
         QVERIFY2(medida.Maximo() < muita_memoria, qPrintable(QString::number(medida.Maximo())));
         QCOMPARE(base.read(u"TblRepeticao"_s).rows.size(), 5U);
+    }
+
+    // A row in whose mask no column has a value would read as an empty one: the number of a row is never
+    // Null.
+    void uma_linha_sem_o_seu_numero_e_um_estrago()
+    {
+        const JetFile base(Amostra(u"pequena.mdb"_s));
+        const JetFile::Table contactos = base.read(u"TblLista"_s);
+        const auto nome = std::get<QString>(contactos.rows.at(0).at(1));
+        QByteArray bytes = Ler_Ficheiro(Amostra(u"pequena.mdb"_s));
+        QVERIFY(Apagar_A_Mascara(bytes, nome.toLatin1()));
+        CopiaEstragada copia(u"copia.mdb"_s);
+        const JetFile estragada(copia.Guardar(bytes));
+        VERIFICAR_FALHA(estragada.read(u"TblLista"_s), Failure::StoreError);
+        QCOMPARE(estragada.read(u"TblTarefas"_s).rows.size(), 24U);
+    }
+
+    void um_tubo_com_nome_de_base_nao_prende_quem_o_abre()
+    {
+        const QTemporaryDir pasta;
+        const QString tubo = pasta.filePath(u"tubo.mdb"_s);
+        QCOMPARE(::mkfifo(qPrintable(tubo), S_IRUSR | S_IWUSR), 0);
+        VERIFICAR_FALHA(JetFile{tubo}, Failure::StoreError);
     }
 
     void uma_copia_cortada_da_tudo_ou_nada()

@@ -39,6 +39,7 @@ void CaixasFalsas::Espera_Erro(int numero)
 
 int CaixasFalsas::show(const QString &text, int flags, const QString &title, QWidget *)
 {
+    vistas << text;
     if (esperadas_.isEmpty()) {
         Falhar(u"an unexpected box: "_s + Descrever(text, flags, title));
         return answer::no;

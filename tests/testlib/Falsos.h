@@ -34,6 +34,7 @@ public:
     void Espera_Qualquer(int flags, const QString &titulo);
     void Espera_Erro(int numero);
     bool Todas_Vistas() const { return esperadas_.isEmpty(); }
+    QStringList vistas; // the texts of the boxes that came, in their order
 
     int show(const QString &text, int flags, const QString &title, QWidget *owner) override;
     void showError(const Failure &failure) override;

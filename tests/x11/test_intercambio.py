@@ -118,6 +118,28 @@ class Intercambio(unittest.TestCase):
         self.assertTrue(self.programa.vive())
         self.assertEqual(self.programa.sql("SELECT count(*) FROM TblLista"), [(0,)])
 
+    def test_uma_base_trancada_nao_se_funde_e_a_janela_fica(self):
+        primeira, _ = self.seguinte_com(FICHEIROS / "jet" / "pequena.mdb")
+        ecra.until(lambda: primeira not in ecra.janelas("Importar"), "the end of the first form")
+        form = self.em_frente("Importar")
+        iniciar = "alt+" + self.programa.letra(229, IDIOMA)
+        tranca = sqlite3.connect(self.programa.pasta / "morvex.mdb", isolation_level=None)
+        self.addCleanup(tranca.close)
+        tranca.execute("BEGIN EXCLUSIVE")
+        ecra.tecla(iniciar)
+        ecra.until(lambda: ecra.run("xdotool", "getactivewindow") not in ("", form), "the box that tells it")
+        tranca.execute("ROLLBACK")
+        ecra.tecla("Return")
+        ecra.until(lambda: ecra.run("xdotool", "getactivewindow") == form, "the form after the box")
+        self.assertTrue(self.programa.vive())
+        self.assertEqual(self.programa.sql("SELECT count(*) FROM TblLista"), [(0,)])
+
+        ecra.tecla(iniciar)  # the lock has gone
+        ecra.until(lambda: ecra.run("xdotool", "getactivewindow") not in ("", form), "the box that closes it")
+        ecra.tecla("Return")
+        self.programa.terminou()
+        self.assertEqual(self.programa.sql("SELECT count(*) FROM TblLista"), [(45,)])
+
     def test_a_copia_faz_se_com_dois_cliques(self):
         copias = self.programa.pasta / "copias"
         copias.mkdir()

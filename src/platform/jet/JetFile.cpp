@@ -36,9 +36,13 @@ JetFile::JetFile(const QString &path) : pages_(path)
 
 QStringList JetFile::tables() const { return names_; }
 
-JetFile::Table JetFile::read(const QString &name) const
+JetFile::Table JetFile::read(const QString &name) const { return readJetTable(pages_, definitionOf(name)); }
+
+void JetFile::read(const QString &name, Sink &sink) const { readJetTable(pages_, definitionOf(name), sink); }
+
+quint32 JetFile::definitionOf(const QString &name) const
 {
     const auto definition = definitions_.find(name.toCaseFolded());
     if (definition == definitions_.end()) raiseDamage("there is no such table");
-    return readJetTable(pages_, definition->second);
+    return definition->second;
 }

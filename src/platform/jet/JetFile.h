@@ -24,6 +24,15 @@ public:
         std::vector<std::vector<Cell>> rows; // each as long as `columns`, in the order of the file
     };
 
+    // Who takes a table as it is read: once its columns, then row by row.
+    class Sink
+    {
+    public:
+        virtual ~Sink() = default;
+        virtual void columns(const QStringList &names) = 0;
+        virtual void row(const std::vector<Cell> &cells) = 0; // as long as the columns
+    };
+
     // Raises Failure for a file that cannot be opened or is no such database, for one with a password, and
     // for one whose catalogue is damaged.
     explicit JetFile(const QString &path);
@@ -35,8 +44,13 @@ public:
     // in it is damaged: rows that are left of it are never given as all. A column whose type none of the
     // program's tables has reads as Null.
     Table read(const QString &name) const;
+    // The same for rows that need not stand in memory together. What was handed on before a Failure is no
+    // table.
+    void read(const QString &name, Sink &sink) const;
 
 private:
+    quint32 definitionOf(const QString &name) const;
+
     JetPages pages_;
     std::map<QString, quint32> definitions_; // page of its definition by the folded name
     QStringList names_;

@@ -4,6 +4,7 @@
 #include <array>
 #include <numeric>
 #include <QFile>
+#include <QFileInfo>
 #include <utility>
 
 namespace
@@ -50,6 +51,7 @@ void rc4(quint32 number, char *bytes, qsizetype length)
 
 JetPages::JetPages(const QString &path)
 {
+    if (!QFileInfo(path).isFile()) raiseDamage("no file"); // a pipe would be waited for
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) raiseDamage("the file cannot be opened");
     if (file.size() < pageSize || file.size() > largestFile) raiseDamage("no database: its size");

@@ -14,6 +14,7 @@ struct Column {
     quint16 number;        // bit of the null mask
     quint16 variableIndex; // among the values of variable length
     bool fixed;
+    bool counter;        // numbers the rows: never Null
     quint16 fixedOffset; // behind the row's column count
     QString name;
 };
@@ -32,6 +33,7 @@ constexpr int columnsAt = 63;
 constexpr int indexLength = 12;
 constexpr int columnLength = 25;
 constexpr quint8 fixedFlag = 1;
+constexpr quint8 counterFlag = 4;
 // No table has more columns and indexes than these; the format allows 255 and 32.
 constexpr int mostColumns = 1024;
 constexpr quint32 mostIndexes = 1024;
@@ -54,7 +56,7 @@ class TableReader
 public:
     TableReader(const JetPages &pages, quint32 definition);
 
-    JetFile::Table read();
+    void read(JetFile::Sink &sink);
 
 private:
     using Cell = JetFile::Cell;
@@ -64,7 +66,7 @@ private:
     void readUsageMap(const Bytes &map);
     void addPages(const Bytes &bitmap, quint32 firstPage);
 
-    void readPage(quint32 page, JetFile::Table &table);
+    quint32 readPage(quint32 page, JetFile::Sink &sink);
     Bytes followed(JetPages::Row row) const;
     std::vector<Cell> cells(const Bytes &row);
     Cell cell(const Column &column, const Bytes &value);
@@ -84,6 +86,7 @@ private:
 QString compressedText(const Bytes &bytes)
 {
     QString text;
+    text.reserve(bytes.size());
     bool narrow = true;
     for (qsizetype at = 0; at < bytes.size();) {
         if (bytes.u8(at) == 0) {
@@ -167,8 +170,10 @@ void TableReader::readColumns(const Bytes &definition)
     for (int i = 0; i < count; ++i) {
         const Bytes column = definition.part(first + columnLength * i, columnLength);
         const quint16 nameLength = definition.u16(nameAt);
-        columns_.push_back({column.u8(0), column.u16(5), column.u16(7), (column.u8(15) & fixedFlag) != 0,
-                            column.u16(21), textOf(definition.part(nameAt + 2, nameLength))});
+        const quint8 flags = column.u8(15);
+        columns_.push_back({column.u8(0), column.u16(5), column.u16(7), (flags & fixedFlag) != 0,
+                            (flags & counterFlag) != 0, column.u16(21),
+                            textOf(definition.part(nameAt + 2, nameLength))});
         nameAt += 2 + nameLength;
     }
 }
@@ -200,28 +205,33 @@ void TableReader::addPages(const Bytes &bitmap, quint32 firstPage)
     }
 }
 
-JetFile::Table TableReader::read()
+void TableReader::read(JetFile::Sink &sink)
 {
-    JetFile::Table table;
+    QStringList names;
     for (const Column &column : columns_)
-        table.columns << column.name;
+        names << column.name;
+    sink.columns(names);
+    quint32 rows = 0;
     for (const quint32 page : dataPages_)
-        readPage(page, table);
-    if (table.rows.size() < rowCount_) raiseDamage("rows of the table are missing");
-    return table;
+        rows += readPage(page, sink);
+    if (rows < rowCount_) raiseDamage("rows of the table are missing");
 }
 
-// Among a table's pages are those of its indexes and of its long texts.
-void TableReader::readPage(quint32 number, JetFile::Table &table)
+// Returns how many rows it held. Among a table's pages are those of its indexes and of its long texts.
+quint32 TableReader::readPage(quint32 number, JetFile::Sink &sink)
 {
     constexpr int ownerAt = 4;
     const Bytes page = pages_.page(number);
-    if (page.u8(0) != JetPages::dataPage || page.u32(ownerAt) != definition_) return;
+    if (page.u8(0) != JetPages::dataPage || page.u32(ownerAt) != definition_) return 0;
+    quint32 read = 0;
     const int rows = pages_.rowCount(number);
     for (int i = 0; i < rows; ++i) {
         const JetPages::Row row = pages_.row({number, static_cast<quint16>(i)});
-        if (!row.deleted) table.rows.push_back(cells(followed(row)));
+        if (row.deleted) continue;
+        sink.row(cells(followed(row)));
+        ++read;
     }
+    return read;
 }
 
 Bytes TableReader::followed(JetPages::Row row) const
@@ -258,6 +268,8 @@ std::vector<JetFile::Cell> TableReader::cells(const Bytes &row)
             cells.emplace_back(bit);
         else
             cells.push_back(value ? cell(column, *value) : Cell());
+        if (column.counter && std::holds_alternative<std::monostate>(cells.back()))
+            raiseDamage("a row without a number");
     }
     return cells;
 }
@@ -317,7 +329,18 @@ QByteArray TableReader::chainedMemo(quint32 pointer, qsizetype length) const
 }
 } // namespace
 
+void readJetTable(const JetPages &pages, quint32 definition, JetFile::Sink &sink)
+{
+    TableReader(pages, definition).read(sink);
+}
+
 JetFile::Table readJetTable(const JetPages &pages, quint32 definition)
 {
-    return TableReader(pages, definition).read();
+    struct Whole final : JetFile::Sink {
+        void columns(const QStringList &names) override { table.columns = names; }
+        void row(const std::vector<JetFile::Cell> &cells) override { table.rows.push_back(cells); }
+        JetFile::Table table;
+    } whole;
+    readJetTable(pages, definition, whole);
+    return std::move(whole.table);
 }

@@ -3,4 +3,5 @@
 
 #include "platform/jet/JetFile.h"
 
+void readJetTable(const JetPages &pages, quint32 definitionPage, JetFile::Sink &sink);
 JetFile::Table readJetTable(const JetPages &pages, quint32 definitionPage);

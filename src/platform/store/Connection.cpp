@@ -2,11 +2,13 @@
 
 #include "platform/Failure.h"
 #include "platform/store/TextRules.h"
+#include "platform/store/UntouchedSource.h"
 
 #include <QFileInfo>
 #include <QHash>
 #include <QRegularExpression>
 #include <sqlite3.h>
+#include <SQLiteCpp/Backup.h>
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <utility>
 
@@ -17,9 +19,25 @@ struct Connection::Database {
     SQLite::Database handle; // declared first: the statements go before it
     QHash<QString, std::shared_ptr<SQLite::Statement>> statements;
     bool gathering = false;
-    std::vector<Write> portion; // what was run and is not yet in the file
+    bool waitsOnce = false;
+    std::vector<Write> portion;  // what was run and is not yet in the file
+    QHash<QString, int> written; // how often each statement is in the file
 
     SQLite::Statement &statement(const QString &sql);
+    // Runs that; a lock that it waited for in vain is not waited for again, where that was asked for.
+    template<class Work> auto waiting(const Work &work)
+    {
+        try {
+            return work();
+        } catch (const SQLite::Exception &error) {
+            if (waitsOnce && error.getErrorCode() == SQLITE_BUSY) handle.setBusyTimeout(0);
+            throw;
+        }
+    }
+    bool step(SQLite::Statement &statement)
+    {
+        return waiting([&] { return statement.executeStep(); });
+    }
     bool inTransaction() const { return sqlite3_get_autocommit(handle.getHandle()) == 0; }
 };
 
@@ -89,6 +107,24 @@ std::vector<QByteArray> columnNames(const SQLite::Statement &statement)
     return names;
 }
 
+// Appends the rows that a statement steps on. Each column is asked for once: it then reads every row.
+class RowReader
+{
+public:
+    explicit RowReader(SQLite::Statement &statement) : statement_(statement) {}
+    void append(Cells &cells)
+    {
+        for (int i = static_cast<int>(columns_.size()); i < statement_.getColumnCount(); ++i)
+            columns_.push_back(statement_.getColumn(i));
+        for (const SQLite::Column &column : columns_)
+            addCell(cells, column);
+    }
+
+private:
+    SQLite::Statement &statement_;
+    std::vector<SQLite::Column> columns_;
+};
+
 // Frees the statement for its next use, whatever became of this one, so that no lock stays behind.
 class Running
 {
@@ -117,6 +153,21 @@ template<class Work> auto raisingFailures(const QString &source, const Work &wor
         raise(QString::fromUtf8(error.what()), source);
     }
 }
+
+// Has the file take pages that it had no room for. What is written is taken back by the caller.
+void writePages(SQLite::Database &handle)
+{
+    handle.exec("CREATE TABLE Trial (Pages)");
+    handle.exec("INSERT INTO Trial VALUES (zeroblob(65536))");
+    const int result = sqlite3_db_cacheflush(handle.getHandle());
+    if (result != SQLITE_OK) throw SQLite::Exception(handle.getHandle(), result);
+}
+
+void copyAll(SQLite::Database &target, SQLite::Database &source)
+{
+    const int result = SQLite::Backup(target, source).executeStep();
+    if (result != SQLITE_DONE) throw SQLite::Exception(source.getHandle(), result);
+}
 } // namespace
 
 SQLite::Statement &Connection::Database::statement(const QString &sql)
@@ -133,12 +184,20 @@ void Connection::Open() { open(SQLite::OPEN_READWRITE); }
 
 void Connection::OpenReadOnly() { open(SQLite::OPEN_READONLY); }
 
+QString Connection::file() const { return dataSource(connectionString_); }
+
+QString Connection::existingFile() const
+{
+    const QString path = file();
+    const QFileInfo info(path);
+    if (!info.exists()) raise(QStringLiteral("The database was not found: %1").arg(path));
+    if (info.size() == 0) raise(QStringLiteral("The file is no database: %1").arg(path));
+    return path;
+}
+
 void Connection::open(int flags)
 {
-    const QString path = dataSource(connectionString_);
-    const QFileInfo file(path);
-    if (!file.exists()) raise(QStringLiteral("The database was not found: %1").arg(path));
-    if (file.size() == 0) raise(QStringLiteral("The file is no database: %1").arg(path));
+    const QString path = existingFile();
     database_ = raisingFailures(path, [&] {
         auto opened = std::make_unique<Database>(path.toStdString(), flags);
         opened->handle.setBusyTimeout(patience);
@@ -160,6 +219,23 @@ void Connection::OpenInMemory()
     });
 }
 
+void Connection::OpenCopyInMemory()
+{
+    const QString path = existingFile();
+    OpenInMemory();
+    try {
+        const UntouchedSource source(path);
+        raisingFailures(path, [&] {
+            Database file(source.path().toStdString(), source.flags());
+            file.handle.setBusyTimeout(patience);
+            copyAll(database_->handle, file.handle);
+        });
+    } catch (const Failure &) {
+        Close();
+        throw;
+    }
+}
+
 void Connection::Close() { database_.reset(); }
 
 void Connection::execute(const QString &sql, std::vector<StoreValue> values)
@@ -168,16 +244,61 @@ void Connection::execute(const QString &sql, std::vector<StoreValue> values)
     if (database_->gathering)
         gather({sql, std::move(values)});
     else
-        run({sql, std::move(values)});
+        runAlone({sql, std::move(values)});
 }
 
 void Connection::run(const Write &write)
 {
     raisingFailures(write.sql, [&] {
-        SQLite::Statement &statement = database_->statement(write.sql);
-        const Running running(statement, write.values);
-        statement.exec();
+        database_->waiting([&] {
+            SQLite::Statement &statement = database_->statement(write.sql);
+            const Running running(statement, write.values);
+            statement.exec();
+        });
+        if (database_->waitsOnce) database_->handle.setBusyTimeout(patience);
     });
+}
+
+// Without a transaction round it, so that it is in the file when it returns.
+void Connection::runAlone(const Write &write)
+{
+    run(write);
+    ++database_->written[write.sql];
+}
+
+int Connection::written(const QString &sql) const { return database_ ? database_->written.value(sql) : 0; }
+
+void Connection::tryWriting()
+{
+    if (!database_) raise(QStringLiteral("The connection is closed"));
+    run({QStringLiteral("BEGIN IMMEDIATE"), {}});
+    const auto takeBack = [this] {
+        if (database_->inTransaction()) run({QStringLiteral("ROLLBACK"), {}});
+    };
+    try {
+        raisingFailures(file(), [&] { database_->waiting([&] { writePages(database_->handle); }); });
+    } catch (const Failure &) {
+        takeBack();
+        throw;
+    }
+    takeBack();
+}
+
+void Connection::waitingOnce(const std::function<void()> &work)
+{
+    if (!database_) raise(QStringLiteral("The connection is closed"));
+    const auto wait = [this](bool once) {
+        database_->waitsOnce = once;
+        database_->handle.setBusyTimeout(patience);
+    };
+    wait(true);
+    try {
+        work();
+    } catch (...) {
+        wait(false);
+        throw;
+    }
+    wait(false);
 }
 
 void Connection::gathering(const std::function<void()> &work)
@@ -220,7 +341,8 @@ void Connection::writePortion()
     if (!database_->inTransaction()) return;
     try {
         run({QStringLiteral("COMMIT"), {}});
-        database_->portion.clear();
+        for (const Write &write : std::exchange(database_->portion, {}))
+            ++database_->written[write.sql];
     } catch (const Failure &) {
         if (database_->inTransaction()) run({QStringLiteral("ROLLBACK"), {}});
         runPortionOneByOne();
@@ -230,7 +352,7 @@ void Connection::writePortion()
 void Connection::runPortionOneByOne()
 {
     for (const Write &write : std::exchange(database_->portion, {}))
-        run(write);
+        runAlone(write);
 }
 
 Connection::Mark Connection::mark()
@@ -249,13 +371,25 @@ Recordset Connection::query(const QString &sql, const std::vector<StoreValue> &v
         SQLite::Statement &statement = database_->statement(sql);
         const Running running(statement, values);
         Cells cells;
-        std::vector<SQLite::Column> row; // each reads its column of the row that the statement stands on
-        while (statement.executeStep()) {
-            for (int i = static_cast<int>(row.size()); i < statement.getColumnCount(); ++i)
-                row.push_back(statement.getColumn(i));
-            for (const SQLite::Column &column : row)
-                addCell(cells, column);
-        }
+        RowReader reader(statement);
+        while (database_->step(statement))
+            reader.append(cells);
         return Recordset(columnNames(statement), std::move(cells));
+    });
+}
+
+void Connection::each(const QString &sql, const std::vector<StoreValue> &values,
+                      const std::function<void(const Recordset &)> &row)
+{
+    if (!database_) raise(QStringLiteral("The connection is closed"));
+    raisingFailures(sql, [&] {
+        SQLite::Statement &statement = database_->statement(sql);
+        const Running running(statement, values);
+        RowReader reader(statement);
+        while (database_->step(statement)) {
+            Cells cells;
+            reader.append(cells);
+            row(Recordset(columnNames(statement), std::move(cells)));
+        }
     });
 }

@@ -27,13 +27,24 @@ public:
     void OpenReadOnly();
     // A database of its own in memory, empty.
     void OpenInMemory();
+    // A database of its own in memory that holds what the file holds at this moment. The file is let go at
+    // once: nobody waits for it, and neither it nor the folder around it has changed.
+    void OpenCopyInMemory();
     void Close();
     bool isOpen() const { return database_ != nullptr; }
+
+    // The path that the connection string names. Raises Failure for a string that is broken.
+    QString file() const;
 
     // The connection's own statement for a text, prepared at the first use and kept. Values go to the ?, in
     // their order. Raises Failure with the store's reason.
     void execute(const QString &sql, std::vector<StoreValue> values);
     Recordset query(const QString &sql, const std::vector<StoreValue> &values);
+
+    // The same for rows that need not stand in memory together: hands on each as a recordset of its own,
+    // valid until the next one.
+    void each(const QString &sql, const std::vector<StoreValue> &values,
+              const std::function<void(const Recordset &)> &row);
 
     // Another one once anybody, here or in another program, has changed the file.
     struct Mark {
@@ -44,6 +55,17 @@ public:
     };
     // Raises Failure where the file can't be asked. That of a new connection is never a mark of an open one.
     Mark mark();
+
+    // Writes as much as a few pages take, which makes the file grow, and takes all of it back. Raises Failure
+    // with the store's reason where the file takes no writing: it is locked, read-only, or on a full disk.
+    void tryWriting();
+
+    // Runs that, which must not close the connection, with a lock waited for once: after one wait in vain
+    // nothing waits until a write has succeeded again.
+    void waitingOnce(const std::function<void()> &work);
+
+    // How often that statement has been written since the opening: what is counted is in the file.
+    int written(const QString &sql) const;
 
     // Runs that, which must not close the connection, with its writes gathered: they reach the file in
     // portions, at a fraction of the cost, and all have when this returns or raises. A statement that fails
@@ -58,7 +80,9 @@ private:
         std::vector<StoreValue> values;
     };
     void open(int flags);
+    QString existingFile() const;
     void run(const Write &write);
+    void runAlone(const Write &write);
     void gather(Write write);
     void endGathering();
     void writePortion();

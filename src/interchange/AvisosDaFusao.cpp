@@ -1,0 +1,94 @@
+#include "interchange/AvisosDaFusao.h"
+
+#include "platform/Translations.h"
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr Translations nada_se_escreve{
+    u"Não foi importado nada, porque não é possível escrever na base de dados:",
+    u"Nada foi importado, porque não é possível gravar no banco de dados:",
+    u"Nothing was imported, because the database cannot be written to:",
+    u"No se ha importado nada, porque no se puede escribir en la base de datos:",
+    u"Non è stato importato nulla, perché non è possibile scrivere nel database:",
+    u"Rien n’a été importé, car il est impossible d’écrire dans la base de données\u00a0:",
+    u"Es wurde nichts importiert, weil nicht in die Datenbank geschrieben werden kann:",
+};
+constexpr Translations verifique{
+    u"Verifique se outro programa a está a usar, se há espaço no disco e se o ficheiro não está protegido "
+    u"contra "
+    u"escrita.",
+    u"Verifique se outro programa o está usando, se há espaço no disco e se o arquivo não está protegido "
+    u"contra "
+    u"gravação.",
+    u"Check whether another program is using it, whether the disk has room, and whether the file is "
+    u"write-protected.",
+    u"Compruebe si la está usando otro programa, si hay espacio en el disco y si el archivo está protegido "
+    u"contra "
+    u"escritura.",
+    u"Verificare se un altro programma lo sta usando, se c’è spazio sul disco e se il file è protetto da "
+    u"scrittura.",
+    u"Vérifiez si un autre programme l’utilise, s’il reste de la place sur le disque et si le fichier est "
+    u"protégé en "
+    u"écriture.",
+    u"Prüfen Sie, ob ein anderes Programm sie verwendet, ob auf dem Datenträger Platz ist und ob die Datei "
+    u"schreibgeschützt ist.",
+};
+constexpr Translations incompleta{
+    u"A importação não ficou completa: a base de dados não aceitou tudo.",
+    u"A importação não ficou completa: o banco de dados não aceitou tudo.",
+    u"The import is not complete: the database did not take everything.",
+    u"La importación no está completa: la base de datos no lo ha aceptado todo.",
+    u"L’importazione non è completa: il database non ha accettato tutto.",
+    u"L’importation n’est pas complète\u00a0: la base de données n’a pas tout accepté.",
+    u"Der Import ist nicht vollständig: Die Datenbank hat nicht alles angenommen.",
+};
+constexpr std::array<Translations, 3> guardados{{
+    {u"Contactos guardados", u"Contatos gravados", u"Contacts stored", u"Contactos guardados",
+     u"Contatti salvati", u"Contacts enregistrés\u00a0", u"Gespeicherte Kontakte"},
+    {u"Tarefas guardadas", u"Tarefas gravadas", u"Tasks stored", u"Tareas guardadas", u"Attività salvate",
+     u"Tâches enregistrées\u00a0", u"Gespeicherte Aufgaben"},
+    {u"Memos guardados", u"Memos gravados", u"Memos stored", u"Notas guardadas", u"Memo salvati",
+     u"Mémos enregistrés\u00a0", u"Gespeicherte Memos"},
+}};
+constexpr Translations em_duplicado{
+    u"O que foi guardado viria em duplicado numa nova importação: antes dela, reponha uma cópia de segurança "
+    u"da base "
+    u"de dados.",
+    u"O que foi gravado viria em duplicidade em uma nova importação: antes dela, restaure uma cópia de "
+    u"segurança do "
+    u"banco de dados.",
+    u"A new import would add a second time what was stored: restore a backup of the database first.",
+    u"Una nueva importación duplicaría lo que se ha guardado: antes, restaure una copia de seguridad de la "
+    u"base de "
+    u"datos.",
+    u"Una nuova importazione duplicherebbe ciò che è stato salvato: prima ripristinare una copia di backup "
+    u"del "
+    u"database.",
+    u"Une nouvelle importation ajouterait une seconde fois ce qui a été enregistré\u00a0: restaurez d’abord "
+    u"une "
+    u"sauvegarde de la base de données.",
+    u"Ein neuer Import brächte das Gespeicherte doppelt: Spielen Sie vorher eine Sicherung der Datenbank "
+    u"ein.",
+};
+constexpr auto fim_de_linha = "\r\n"_L1;
+} // namespace
+
+QString avisos_da_fusao::Nada_Se_Escreve(const QString &base, const QString &idioma)
+{
+    return translated(nada_se_escreve, idioma) + fim_de_linha + base + fim_de_linha + fim_de_linha +
+           translated(verifique, idioma);
+}
+
+QString avisos_da_fusao::Incompleta(const Fusao &fusao, const QString &idioma)
+{
+    QString dito = translated(incompleta, idioma) + fim_de_linha;
+    for (std::size_t i = 0; i < guardados.size(); ++i) {
+        const Fusao::Contagem &contagem = fusao.Contagens()[i];
+        dito += translated(guardados[i], idioma) +
+                u": %1 / %2"_s.arg(contagem.Guardados).arg(contagem.Lidos) + fim_de_linha;
+    }
+    return dito + fim_de_linha + translated(verifique, idioma) + fim_de_linha +
+           translated(em_duplicado, idioma) + fim_de_linha + fim_de_linha;
+}
