@@ -190,6 +190,14 @@ private Q_SLOTS:
         ComGrupos g;
         g.Verificar_Entrada<frmDeleteGroup>(*g.janela.EliminarGrupos);
     }
+
+    void um_carregamento_que_falha_nao_deixa_o_alarme_parado()
+    {
+        ComGrupos g;
+        g.s.Escrever(u"DELETE FROM TblIdiomas WHERE ID = 43"_s);
+        VERIFICAR_FALHA(frmDeleteGroup(g.s.geral, g.s.plataforma, g.lista), Failure::NoCurrentRecord);
+        QVERIFY(g.Temporizadores_Ligados());
+    }
 };
 
 MORVEX_TESTE(TestFrmDeleteGroup)

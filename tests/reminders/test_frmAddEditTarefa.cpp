@@ -301,6 +301,25 @@ private Q_SLOTS:
         c.form->cmdOk->click();
         QCOMPARE(c.Tarefas().size(), 1);
     }
+
+    void um_carregamento_que_falha_so_deixa_o_alarme_parado_a_quem_editava_data()
+    {
+        QTest::addColumn<QString>("modo");
+        QTest::addColumn<bool>("religa");
+        QTest::newRow("Add") << u"Add"_s << true;
+        QTest::newRow("Edit") << u"Edit"_s << false; // the list or the card is still open
+    }
+    void um_carregamento_que_falha_so_deixa_o_alarme_parado_a_quem_editava()
+    {
+        QFETCH(QString, modo);
+        QFETCH(bool, religa);
+        ComTarefas c;
+        c.s.geral.ModoTarefa = modo;
+        c.Perder(u"TblRepeticao"_s);
+        VERIFICAR_FALHA(frmAddEditTarefa(c.s.geral, c.s.plataforma, c.janela, nullptr), Failure::StoreError);
+        QCOMPARE(c.Temporizadores_Ligados(), religa);
+        QCOMPARE(c.Temporizadores_Parados(), !religa);
+    }
 };
 
 MORVEX_TESTE(TestFrmAddEditTarefa)

@@ -302,6 +302,14 @@ private Q_SLOTS:
         QVERIFY(form.isVisible());
         QCOMPARE(form.campos->txtUser->text(), u"Admin"_s);
     }
+
+    void um_carregamento_que_falha_nao_deixa_o_alarme_parado()
+    {
+        Sistema s;
+        s.Escrever(u"ALTER TABLE TblUsers RENAME TO Fora"_s);
+        VERIFICAR_FALHA(frmNovoUser(s.geral, s.plataforma), Failure::StoreError);
+        QVERIFY(s.geral.temporizadores.timerTarefas.Enabled() && s.geral.temporizadores.timerPonto.Enabled());
+    }
 };
 
 MORVEX_TESTE(TestFrmNovoUser)
