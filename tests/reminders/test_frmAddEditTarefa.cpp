@@ -125,11 +125,12 @@ private Q_SLOTS:
         QVERIFY(!c.form->isVisible());
     }
 
-    void a_recusa_devolve_o_foco_a_data()
+    void recusada_a_data_tem_o_foco()
     {
         ComFormulario c;
         QVERIFY(QTest::qWaitForWindowActive(c.form.get()));
         c.Escrever(u"Regar"_s, hoje.addDays(-1), {23, 59});
+        c.form->ComboRepeticao->setFocus();
         c.Espera_Recusa();
         c.form->cmdOk->click();
         QVERIFY(c.form->DataTarefa->hasFocus());
