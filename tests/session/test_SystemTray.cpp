@@ -154,7 +154,14 @@ private Q_SLOTS:
         Aberta a(false);
         a.Esconder();
         a.s.geral.SessaoActual.PedirPassSystemTray = true;
-        a.s.tabuleiro.Clicar(Picture1); // no login form comes
+        bool perguntou = false;
+        QTimer::singleShot(0, &a.janela, [&] {
+            perguntou = QApplication::activeModalWidget() != nullptr;
+            if (perguntou) QApplication::activeModalWidget()->close();
+        });
+        a.s.tabuleiro.Clicar(Picture1);
+        QCoreApplication::processEvents();
+        QVERIFY(!perguntou);
         QVERIFY(a.janela.isVisible());
         QVERIFY(!a.tray.TrayBloqueado());
         QVERIFY(a.Historia().isEmpty());
