@@ -11,7 +11,7 @@
 using namespace Qt::StringLiterals;
 
 frmDeleteGroup::frmDeleteGroup(Geral &geral, Platform &platform, ListaContactos &lista, QWidget *dono)
-    : QDialog(dono), geral_(geral), platform_(platform), lista_(lista)
+    : QDialog(dono), geral_(geral), platform_(platform), lista_(lista), pausa_(geral.temporizadores)
 {
     setupUi(this);
     connect(OptionMover, &QRadioButton::toggled, this, &frmDeleteGroup::OptionMover_Click);
@@ -19,7 +19,6 @@ frmDeleteGroup::frmDeleteGroup(Geral &geral, Platform &platform, ListaContactos 
     connect(cmdCancelar, &QPushButton::clicked, this, &QDialog::reject);
     connect(this, &QDialog::finished, this, &frmDeleteGroup::Form_Unload);
 
-    geral_.temporizadores.Gerir_Temporizadores(u"stop"_s);
     setWindowTitle(geral_.Ler_Idioma(121));
     Label1->setText(geral_.Ler_Idioma(115));
     OptionMover->setText(geral_.Ler_Idioma(116));
@@ -30,7 +29,7 @@ frmDeleteGroup::frmDeleteGroup(Geral &geral, Platform &platform, ListaContactos 
     Oferecer_Grupos(geral_, *ComboGrupos2);
 }
 
-void frmDeleteGroup::Form_Unload() { geral_.temporizadores.Gerir_Temporizadores(u"start"_s); }
+void frmDeleteGroup::Form_Unload() { pausa_.Retomar(); }
 
 void frmDeleteGroup::OptionMover_Click() { ComboGrupos2->setEnabled(OptionMover->isChecked()); }
 

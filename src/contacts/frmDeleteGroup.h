@@ -2,6 +2,7 @@
 // stays.
 #pragma once
 
+#include "data/Temporizadores.h"
 #include "ui_frmDeleteGroup.h"
 
 #include <QDialog>
@@ -28,4 +29,5 @@ private:
     Geral &geral_;
     Platform &platform_;
     ListaContactos &lista_;
+    PausaDosTemporizadores pausa_;
 };

@@ -14,10 +14,9 @@
 using namespace Qt::StringLiterals;
 
 frmEditGroup::frmEditGroup(Geral &geral, Platform &platform, ListaContactos &lista, QWidget *dono)
-    : QDialog(dono), geral_(geral), platform_(platform), lista_(lista)
+    : QDialog(dono), geral_(geral), platform_(platform), lista_(lista), pausa_(geral.temporizadores)
 {
     setupUi(this);
-    geral_.temporizadores.Gerir_Temporizadores(u"stop"_s);
     Legendar();
     // Before its click is heard: the owner comes when the form is shown, with the users to choose from.
     Oferecer_Grupos(geral_, *ComboGrupos);
@@ -48,7 +47,7 @@ void frmEditGroup::Legendar()
     ComboUsers->setAccessibleName(withoutMnemonic(OptionChangeUser->text()));
 }
 
-void frmEditGroup::Form_Unload() { geral_.temporizadores.Gerir_Temporizadores(u"start"_s); }
+void frmEditGroup::Form_Unload() { pausa_.Retomar(); }
 
 // Each time the form comes up, since a user may have been made in between.
 void frmEditGroup::showEvent(QShowEvent *event)

@@ -1,6 +1,7 @@
 // Renames a group, moves its contacts to another one, or gives it another owner.
 #pragma once
 
+#include "data/Temporizadores.h"
 #include "ui_frmEditGroup.h"
 
 #include <QDialog>
@@ -38,4 +39,5 @@ private:
     Geral &geral_;
     Platform &platform_;
     ListaContactos &lista_;
+    PausaDosTemporizadores pausa_;
 };

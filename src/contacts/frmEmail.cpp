@@ -15,7 +15,12 @@ QString Como_Legenda(QString endereco) { return endereco.replace(u'&', u"&&"_s);
 
 frmEmail::frmEmail(Geral &geral, Platform &platform, const QString &email1, const QString &email2,
                    QWidget *dono)
-    : QDialog(dono), geral_(geral), platform_(platform), email1_(email1), email2_(email2)
+    : QDialog(dono),
+      geral_(geral),
+      platform_(platform),
+      email1_(email1),
+      email2_(email2),
+      pausa_(geral.temporizadores)
 {
     setupUi(this);
     for (QRadioButton *opcao : {OptionEmail1, OptionEmail2})
@@ -24,7 +29,6 @@ frmEmail::frmEmail(Geral &geral, Platform &platform, const QString &email1, cons
     connect(cmdCancelar, &QPushButton::clicked, this, &QDialog::reject);
     connect(this, &QDialog::finished, this, &frmEmail::Form_Unload);
 
-    geral_.temporizadores.Gerir_Temporizadores(u"stop"_s);
     setWindowTitle(withoutMnemonic(geral_.Ler_Idioma(55)));
     lblLegenda1->setText(geral_.Ler_Idioma(58));
     cmdCancelar->setText(geral_.Ler_Idioma(43));
@@ -40,4 +44,4 @@ void frmEmail::cmdOk_Click()
     accept();
 }
 
-void frmEmail::Form_Unload() { geral_.temporizadores.Gerir_Temporizadores(u"start"_s); }
+void frmEmail::Form_Unload() { pausa_.Retomar(); }

@@ -1,6 +1,7 @@
 // Asks to which of a contact's two addresses to write.
 #pragma once
 
+#include "data/Temporizadores.h"
 #include "ui_frmEmail.h"
 
 #include <QDialog>
@@ -23,4 +24,5 @@ private:
     Geral &geral_;
     Platform &platform_;
     QString email1_, email2_;
+    PausaDosTemporizadores pausa_;
 };

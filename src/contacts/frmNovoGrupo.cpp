@@ -10,7 +10,7 @@
 using namespace Qt::StringLiterals;
 
 frmNovoGrupo::frmNovoGrupo(Geral &geral, ListaContactos &lista, QWidget *dono)
-    : QDialog(dono), geral_(geral), lista_(lista)
+    : QDialog(dono), geral_(geral), lista_(lista), pausa_(geral.temporizadores)
 {
     setupUi(this);
     connect(txtGrupo, &QLineEdit::textChanged, this, &frmNovoGrupo::txtGrupo_Change);
@@ -19,7 +19,6 @@ frmNovoGrupo::frmNovoGrupo(Geral &geral, ListaContactos &lista, QWidget *dono)
     connect(cmdCancelar, &QPushButton::clicked, this, &QDialog::reject);
     connect(this, &QDialog::finished, this, &frmNovoGrupo::Form_Unload);
 
-    geral_.temporizadores.Gerir_Temporizadores(u"stop"_s);
     setWindowTitle(geral_.Ler_Idioma(113));
     Label1->setText(geral_.Ler_Idioma(112));
     Label2->setText(geral_.Ler_Idioma(271));
@@ -29,7 +28,7 @@ frmNovoGrupo::frmNovoGrupo(Geral &geral, ListaContactos &lista, QWidget *dono)
     cmdCancelar->setText(geral_.Ler_Idioma(43));
 }
 
-void frmNovoGrupo::Form_Unload() { geral_.temporizadores.Gerir_Temporizadores(u"start"_s); }
+void frmNovoGrupo::Form_Unload() { pausa_.Retomar(); }
 
 // Each time the form comes up, since a user may have been made in between.
 void frmNovoGrupo::showEvent(QShowEvent *event)

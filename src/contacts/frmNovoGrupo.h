@@ -1,6 +1,7 @@
 // Creates a group, shared by everybody or one user's alone.
 #pragma once
 
+#include "data/Temporizadores.h"
 #include "ui_frmNovoGrupo.h"
 
 #include <QDialog>
@@ -28,4 +29,5 @@ private:
 
     Geral &geral_;
     ListaContactos &lista_;
+    PausaDosTemporizadores pausa_;
 };

@@ -1,5 +1,11 @@
 #include "data/Temporizadores.h"
 
+#include "platform/Failure.h"
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
 void Temporizadores::Gerir_Temporizadores(const QString &accao)
 {
     if (accao == QLatin1String("stop")) {
@@ -13,3 +19,22 @@ void Temporizadores::Gerir_Temporizadores(const QString &accao)
         Q_EMIT IniciarMail();
     }
 }
+
+PausaDosTemporizadores::PausaDosTemporizadores(Temporizadores &temporizadores)
+    : temporizadores_(&temporizadores)
+{
+    temporizadores_->Gerir_Temporizadores(u"stop"_s);
+}
+
+PausaDosTemporizadores::~PausaDosTemporizadores()
+{
+    skipFailure([this] { Retomar(); });
+}
+
+void PausaDosTemporizadores::Retomar()
+{
+    if (auto *temporizadores = std::exchange(temporizadores_, nullptr).data())
+        temporizadores->Gerir_Temporizadores(u"start"_s);
+}
+
+void PausaDosTemporizadores::Largar() { temporizadores_.clear(); }

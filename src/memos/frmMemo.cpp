@@ -6,12 +6,14 @@
 #include "platform/Controls.h"
 #include "platform/Failure.h"
 #include "platform/Platform.h"
+#include "platform/Translations.h"
 #include "platform/Units.h"
 
 #include <algorithm>
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QScopedValueRollback>
+#include <QScopeGuard>
 #include <QScreen>
 
 using namespace Qt::StringLiterals;
@@ -25,6 +27,18 @@ int Pixels_Da_Linha(const Field &campo)
     constexpr double limite = twips(maior_medida);
     return pixels(std::clamp(campo.real(), -limite, limite));
 }
+
+// Words that are wanted when the database may not be there to be asked.
+constexpr Translations nao_guardado{u"Não guardado", u"Não salvo",      u"Not saved",        u"Sin guardar",
+                                    u"Non salvato",  u"Non enregistré", u"Nicht gespeichert"};
+constexpr Translations carregue_para_repetir{
+    u"A base de dados não aceitou este memo. Clique para tentar de novo.",
+    u"O banco de dados não aceitou este memo. Clique para tentar de novo.",
+    u"The database did not accept this memo. Click to try again.",
+    u"La base de datos no ha aceptado esta nota. Haga clic para intentarlo de nuevo.",
+    u"Il database non ha accettato questo memo. Fare clic per riprovare.",
+    u"La base de données n’a pas accepté ce mémo. Cliquez pour réessayer.",
+    u"Die Datenbank hat dieses Memo nicht angenommen. Klicken Sie, um es erneut zu versuchen."};
 
 QList<QRect> Ecras()
 {
@@ -47,6 +61,7 @@ frmMemo::frmMemo(Geral &geral, Platform &platform)
         connect(pega, &DragLabel::Dropped, this, &frmMemo::Largada);
     connect(txtMemo, &QPlainTextEdit::textChanged, this, &frmMemo::txtMemo_Change);
     connect(cmdGuardar, &QToolButton::clicked, this, &frmMemo::cmdGuardar_Click);
+    connect(cmdPorGuardar, &QToolButton::clicked, this, &frmMemo::cmdGuardar_Click);
     connect(cmdFonte, &QToolButton::clicked, this, &frmMemo::cmdFonte_Click);
     connect(cmdCor, &QToolButton::clicked, this, &frmMemo::cmdCor_Click);
     connect(cmdFechar, &QToolButton::clicked, this, &frmMemo::cmdFechar_Click);
@@ -57,6 +72,8 @@ frmMemo::frmMemo(Geral &geral, Platform &platform)
         botao->setToolTip(dica);
         botao->setAccessibleName(dica);
     }
+    cmdPorGuardar->setText(translated(nao_guardado, geral_.IdiomaActual));
+    cmdPorGuardar->setToolTip(translated(carregue_para_repetir, geral_.IdiomaActual));
     for (DragLabel *pega : {LabelH, LabelV, LabelHV})
         pega->raise();
 }
@@ -175,6 +192,9 @@ void frmMemo::Dispor()
     cmdFechar->move(pixels(largura - 350), topo);
     cmdCor->move(pixels(largura - 680), topo);
     cmdFonte->move(pixels(largura - 990), topo);
+    cmdPorGuardar->setGeometry(LabelV->width(), topo,
+                               std::min(cmdPorGuardar->sizeHint().width(), cmdFonte->x() - LabelV->width()),
+                               cmdPorGuardar->height());
     LabelV->setGeometry(pixels(largura - 75), 0, LabelV->width(), height());
     LabelH->setGeometry(0, pixels(altura - 75), width(), LabelH->height());
     LabelHV->move(width() - LabelHV->width(), height() - LabelHV->height());
@@ -197,6 +217,7 @@ void frmMemo::txtMemo_Change() { cmdGuardar->show(); }
 
 void frmMemo::cmdGuardar_Click()
 {
+    auto falhou = qScopeGuard([this] { Marcar(true); });
     Anotar_Lugar();
     if (txtId->text().isEmpty()) {
         Gravar("cmdAdicionarMemo", geral_.SessaoActual.IdUtilizador);
@@ -204,7 +225,15 @@ void frmMemo::cmdGuardar_Click()
     } else {
         Gravar("cmdUpdateMemo", txtId->text());
     }
-    cmdGuardar->hide();
+    falhou.dismiss();
+    Marcar(false);
+}
+
+// A save that fails at a move or a resize is told by no box, so the note itself tells it.
+void frmMemo::Marcar(bool por_guardar)
+{
+    cmdGuardar->setVisible(por_guardar);
+    cmdPorGuardar->setVisible(por_guardar);
 }
 
 // A note that nobody moved keeps the place of its row, to the twip and off the screen.
@@ -260,7 +289,7 @@ void frmMemo::cmdFechar_Click()
     const int resposta =
         platform_.boxes.show(geral_.Ler_Idioma(111), box::question | box::yesNo, u"Morvex - Memo"_s, this);
     if (resposta != answer::yes) return;
-    geral_.de.Executar("cmdEliminarMemo", {txtId->text()});
+    if (!txtId->text().isEmpty()) geral_.de.Executar("cmdEliminarMemo", {txtId->text()});
     hide();
     deleteLater();
 }

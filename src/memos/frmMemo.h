@@ -1,5 +1,6 @@
 // A note on the desktop: a window of its own without a frame, dragged by its title and sized by its edges.
-// It is one row of TblMemos and writes itself there. To close it is to delete it.
+// It is one row of TblMemos and writes itself there; while the database refuses it, the note says so.
+// To close it is to delete it.
 #pragma once
 
 #include "data/Comandos.h"
@@ -50,6 +51,7 @@ private:
     void Dispor();
     void Dispor_Rebordo();
     void Anotar_Lugar();
+    void Marcar(bool por_guardar);
     void Gravar(ComandoSemLinhas comando, const QString &ultimo);
     QString Id_Da_Ultima_Linha();
 

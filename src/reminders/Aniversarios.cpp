@@ -7,6 +7,8 @@
 #include "reminders/Momento.h"
 #include "reminders/ProximosAniversarios.h"
 
+#include <QScopeGuard>
+
 using namespace Qt::StringLiterals;
 
 Aniversarios::Aniversarios(QWidget &janela, Geral &geral, Platform &platform)
@@ -25,6 +27,7 @@ void Aniversarios::timerAniversarios_Timer()
     if (geral_.AvisoAniversarios != "0"_L1) return;
     if (Texto_Da_Hora(platform_.clock.now().time()) != "00:00"_L1) return;
     skipFailure([&] {
+        const auto largar = qScopeGuard([this] { Largar_O_Escondido(); });
         Ler();
         if (Ha_Aniversarios()) Formulario().show();
     });
@@ -41,10 +44,17 @@ void Aniversarios::Mostrar()
 
 void Aniversarios::Mostrar_Ao_Iniciar()
 {
+    const auto largar = qScopeGuard([this] { Largar_O_Escondido(); });
     Ler();
     if (!Ha_Aniversarios()) return;
     Formulario().Mostrar_Foto();
     Formulario().exec();
+}
+
+// What could not be filled goes again: nobody could close it to bring the timers back.
+void Aniversarios::Largar_O_Escondido()
+{
+    if (formulario_ != nullptr && !formulario_->isVisible()) formulario_.reset();
 }
 
 frmAniversarios &Aniversarios::Formulario()

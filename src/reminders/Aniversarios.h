@@ -27,6 +27,7 @@ private:
     void timerAniversarios_Timer();
     frmAniversarios &Formulario(); // loads it at its first use
     void Ler();
+    void Largar_O_Escondido();
     bool Ha_Aniversarios() const;
     void Form_Unload();
 

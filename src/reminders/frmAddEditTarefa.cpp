@@ -10,7 +10,7 @@
 using namespace Qt::StringLiterals;
 
 frmAddEditTarefa::frmAddEditTarefa(Geral &geral, Platform &platform, QWidget &janela, QWidget *dono)
-    : QDialog(dono), geral_(geral), platform_(platform), janela_(janela)
+    : QDialog(dono), geral_(geral), platform_(platform), janela_(janela), pausa_(geral.temporizadores)
 {
     setupUi(this);
     txtTarefa->installEventFilter(this);
@@ -19,7 +19,8 @@ frmAddEditTarefa::frmAddEditTarefa(Geral &geral, Platform &platform, QWidget &ja
     connect(cmdCancelar, &QPushButton::clicked, this, &QDialog::reject);
     connect(this, &QDialog::finished, this, &frmAddEditTarefa::Form_Unload);
 
-    geral_.temporizadores.Gerir_Temporizadores(u"stop"_s);
+    // In the mode "Edit" the opener's own closing brings the timers back.
+    if (geral_.ModoTarefa != "Add"_L1) pausa_.Largar();
     Atribuir_Legendas();
     Preencher_Repeticoes();
     const bool edita = geral_.ModoTarefa == "Edit"_L1;
@@ -112,9 +113,8 @@ void frmAddEditTarefa::Gravar()
         geral_.de.Executar("cmdAdicionarTarefa", {Tarefa, Data, Hora, Utilizador, IDRepeticao});
 }
 
-// In the mode "Edit" the opener's own closing brings the timers back.
 void frmAddEditTarefa::Form_Unload()
 {
     janela_.setEnabled(true);
-    if (geral_.ModoTarefa == "Add"_L1) geral_.temporizadores.Gerir_Temporizadores(u"start"_s);
+    pausa_.Retomar();
 }

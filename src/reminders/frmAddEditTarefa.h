@@ -2,6 +2,7 @@
 // present minute or for the past.
 #pragma once
 
+#include "data/Temporizadores.h"
 #include "platform/LongText.h"
 #include "ui_frmAddEditTarefa.h"
 
@@ -44,4 +45,5 @@ private:
     Platform &platform_;
     QWidget &janela_;
     LongText Tarefa_;
+    PausaDosTemporizadores pausa_;
 };

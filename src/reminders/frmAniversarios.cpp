@@ -27,7 +27,8 @@ constexpr qint16 texto_antes_de_janeiro = 13;
 constexpr int meses = 12;
 } // namespace
 
-frmAniversarios::frmAniversarios(Geral &geral, QWidget &janela) : geral_(geral), janela_(janela)
+frmAniversarios::frmAniversarios(Geral &geral, QWidget &janela)
+    : geral_(geral), janela_(janela), pausa_(geral.temporizadores)
 {
     setupUi(this);
     ListViewAniversarios->setColumnWidth(coluna_nome, largura_do_nome);
@@ -38,7 +39,6 @@ frmAniversarios::frmAniversarios(Geral &geral, QWidget &janela) : geral_(geral),
     connect(cmdFechar, &QPushButton::clicked, this, &QDialog::reject);
     connect(this, &QDialog::finished, this, &frmAniversarios::Form_Unload);
 
-    geral_.temporizadores.Gerir_Temporizadores(u"stop"_s);
     Label1->setText(geral_.Ler_Idioma(175));
     setWindowTitle(Label1->text());
     ListViewAniversarios->setAccessibleName(Label1->text());
@@ -109,6 +109,6 @@ void frmAniversarios::Mostrar_Na_Caixa(const QString &ficheiro)
 
 void frmAniversarios::Form_Unload()
 {
-    geral_.temporizadores.Gerir_Temporizadores(u"start"_s);
+    pausa_.Retomar();
     janela_.setEnabled(true);
 }

@@ -2,6 +2,7 @@
 // is missing or broken is replaced, never reported.
 #pragma once
 
+#include "data/Temporizadores.h"
 #include "platform/Picture.h"
 #include "ui_frmAniversarios.h"
 
@@ -38,4 +39,5 @@ private:
     Geral &geral_;
     QWidget &janela_;
     Picture image1_;
+    PausaDosTemporizadores pausa_;
 };

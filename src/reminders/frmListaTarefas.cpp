@@ -44,7 +44,7 @@ QTreeWidgetItem *Novo_Item(const Recordset &rs, QDate hoje)
 } // namespace
 
 frmListaTarefas::frmListaTarefas(Geral &geral, Platform &platform, QWidget &janela)
-    : QDialog(&janela), geral_(geral), platform_(platform), janela_(janela)
+    : QDialog(&janela), geral_(geral), platform_(platform), janela_(janela), pausa_(geral.temporizadores)
 {
     setupUi(this);
     ListViewTarefas->setColumnWidth(coluna_tarefa, largura_da_tarefa);
@@ -57,7 +57,6 @@ frmListaTarefas::frmListaTarefas(Geral &geral, Platform &platform, QWidget &jane
     connect(ListViewTarefas, &QTreeWidget::itemDoubleClicked, this, &frmListaTarefas::cmdEditar_Click);
     connect(this, &QDialog::finished, this, &frmListaTarefas::Form_Unload);
 
-    geral_.temporizadores.Gerir_Temporizadores(u"stop"_s);
     cmdCriar->setText(geral_.Ler_Idioma(185));
     cmdEditar->setText(geral_.Ler_Idioma(179));
     cmdEliminar->setText(geral_.Ler_Idioma(183));
@@ -121,6 +120,6 @@ void frmListaTarefas::cmdEliminar_Click()
 
 void frmListaTarefas::Form_Unload()
 {
-    geral_.temporizadores.Gerir_Temporizadores(u"start"_s);
+    pausa_.Retomar();
     janela_.setEnabled(true);
 }

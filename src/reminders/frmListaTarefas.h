@@ -1,6 +1,7 @@
 // The user's list of tasks, from which they are created, changed and deleted.
 #pragma once
 
+#include "data/Temporizadores.h"
 #include "ui_frmListaTarefas.h"
 
 #include <QDialog>
@@ -34,4 +35,5 @@ private:
     Geral &geral_;
     Platform &platform_;
     QWidget &janela_;
+    PausaDosTemporizadores pausa_;
 };

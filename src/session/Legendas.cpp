@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QMainWindow>
 #include <QMenu>
+#include <QToolBar>
 
 using namespace Qt::StringLiterals;
 
@@ -67,6 +68,22 @@ constexpr std::array textos = std::to_array<EntradaDeTexto>({
 });
 // clang-format on
 
+struct ImagemDeEntrada {
+    const char *controlo;
+    const char *ficheiro;
+};
+
+// What stands for menus and entries that come out blank: a menu bar of blank titles has no height, and the
+// way out of the program leads through it. With a title a picture would hide it.
+constexpr std::array imagens = std::to_array<ImagemDeEntrada>({
+    {"Ficheiro", ":/imagens/menu/ficheiro.svg"},
+    {"Contactos", ":/imagens/card/grupo.svg"},
+    {"Ferramentas", ":/imagens/toolbar/opcoes.svg"},
+    {"Ajuda", ":/imagens/toolbar/ajuda.svg"},
+    {"Sair", ":/imagens/menu/sair.svg"},
+    {"SystemTraySair", ":/imagens/menu/sair.svg"},
+});
+
 void Legendar(QMainWindow &janela, const QString &nome, const QString &texto)
 {
     if (auto *botao = janela.findChild<QAbstractButton *>(nome))
@@ -92,6 +109,15 @@ void Dar_Dica(QMainWindow &janela, const QString &nome, const QString &texto)
     if (QWidget *caixa = Caixa_Da_Imagem(janela, nome)) caixa->setAccessibleName(dica);
 }
 
+// A tip also names the button for a screen reader.
+void Dar_Dica_Ao_Botao(QMainWindow &janela, const QString &nome, const QString &dica)
+{
+    auto &botao = control<QAction>(janela, nome);
+    botao.setToolTip(dica);
+    if (QWidget *widget = control<QToolBar>(janela, u"Toolbar1"_s).widgetForAction(&botao))
+        widget->setAccessibleName(dica);
+}
+
 void Atribuir_Um(QMainWindow &janela, const EntradaDeTexto &entrada, const QString &texto)
 {
     const QString nome = QLatin1StringView(entrada.controlo);
@@ -105,8 +131,16 @@ void Atribuir_Um(QMainWindow &janela, const EntradaDeTexto &entrada, const QStri
     case Comando:
         return control<QAction>(janela, nome).setText(texto);
     case Botao:
-        return control<QAction>(janela, nome).setToolTip(withoutMnemonic(texto));
+        return Dar_Dica_Ao_Botao(janela, nome, withoutMnemonic(texto));
     }
+}
+
+void Por_Imagem(QMainWindow &janela, const ImagemDeEntrada &imagem)
+{
+    auto *menu = janela.findChild<QMenu *>(QLatin1StringView(imagem.controlo));
+    QAction &entrada =
+        menu != nullptr ? *menu->menuAction() : control<QAction>(janela, QLatin1StringView(imagem.controlo));
+    if (entrada.text().isEmpty()) entrada.setIcon(QIcon(QLatin1StringView(imagem.ficheiro)));
 }
 
 // Proper names, the same in every language.
@@ -123,4 +157,6 @@ void legendas::Atribuir(QMainWindow &janela, Geral &geral)
     for (const EntradaDeTexto &entrada : textos)
         skipFailure([&] { Atribuir_Um(janela, entrada, geral.Ler_Idioma(entrada.texto)); });
     Dar_Dicas_Fixas(janela);
+    for (const ImagemDeEntrada &imagem : imagens)
+        Por_Imagem(janela, imagem);
 }

@@ -7,7 +7,7 @@
 using namespace Qt::StringLiterals;
 
 frmNovoUser::frmNovoUser(Geral &geral, Platform &platform, QWidget *dono)
-    : QDialog(dono), geral_(geral), platform_(platform)
+    : QDialog(dono), geral_(geral), platform_(platform), pausa_(geral.temporizadores)
 {
     setupUi(this);
     connect(campos->txtUser, &QLineEdit::textChanged, this, &frmNovoUser::txtUser_Change);
@@ -15,14 +15,13 @@ frmNovoUser::frmNovoUser(Geral &geral, Platform &platform, QWidget *dono)
     connect(cmdCancelar, &QPushButton::clicked, this, &QDialog::reject);
     connect(this, &QDialog::finished, this, &frmNovoUser::Form_Unload);
 
-    geral_.temporizadores.Gerir_Temporizadores(u"stop"_s);
     setWindowTitle(geral_.Ler_Idioma(89));
     campos->Legendar(geral_);
     cmdCancelar->setText(geral_.Ler_Idioma(43));
     Propor_Primeiro_Utilizador();
 }
 
-void frmNovoUser::Form_Unload() { geral_.temporizadores.Gerir_Temporizadores(u"start"_s); }
+void frmNovoUser::Form_Unload() { pausa_.Retomar(); }
 
 void frmNovoUser::txtUser_Change() { cmdOk->setEnabled(!campos->txtUser->text().isEmpty()); }
 

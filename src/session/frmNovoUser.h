@@ -1,6 +1,7 @@
 // Adds a user. The first one of a system may do everything, and what belonged to nobody becomes that user's.
 #pragma once
 
+#include "data/Temporizadores.h"
 #include "ui_frmNovoUser.h"
 
 #include <QDialog>
@@ -27,4 +28,5 @@ private:
 
     Geral &geral_;
     Platform &platform_;
+    PausaDosTemporizadores pausa_;
 };

@@ -89,6 +89,12 @@ struct ComGrupos : ComJanela {
         QVERIFY(!form.isVisible());
     }
 
+    bool Temporizadores_Ligados() const
+    {
+        const Temporizadores &t = s.geral.temporizadores;
+        return t.timerTarefas.Enabled() && t.timerPonto.Enabled();
+    }
+
     // The form stops the timers when it loads and lets them run when it unloads.
     template<class Formulario> void Verificar_Temporizadores(Formulario &form)
     {

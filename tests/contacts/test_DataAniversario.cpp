@@ -9,7 +9,7 @@ class TestDataAniversario : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void so_passa_o_que_e_uma_data_data()
+    void passa_uma_data_e_nada_mais_data()
     {
         QTest::addColumn<QString>("Dia");
         QTest::addColumn<QString>("Mes");
@@ -25,6 +25,20 @@ private Q_SLOTS:
         linha("ano de cinco algarismos", u"17"_s, u"5"_s, u"19755"_s, false);
         linha("ano com um branco", u"17"_s, u"5"_s, u"197 "_s, false);
         linha("ano antes de todos", u"17"_s, u"5"_s, u"0000"_s, false);
+        linha("ano 99", u"17"_s, u"5"_s, u"0099"_s, false);
+        linha("ano 100, o primeiro", u"17"_s, u"5"_s, u"0100"_s, true);
+        linha("branco antes do dia", u" 7"_s, u"5"_s, u"1975"_s, false);
+        linha("branco depois do dia", u"7 "_s, u"5"_s, u"1975"_s, false);
+        linha("branco antes do mes", u"17"_s, u" 5"_s, u""_s, false);
+        linha("branco depois do mes", u"17"_s, u"5 "_s, u""_s, false);
+        linha("branco antes do ano", u"17"_s, u"5"_s, u" 975"_s, false);
+        linha("dia de tres algarismos", u"017"_s, u"5"_s, u"1975"_s, false);
+        linha("mes de tres algarismos", u"17"_s, u"005"_s, u"1975"_s, false);
+        linha("letra depois do mes", u"17"_s, u"5a"_s, u"1975"_s, false);
+        linha("letra antes do mes sem ano", u"17"_s, u"m5"_s, u""_s, false);
+        linha("sinal no mes", u"17"_s, u"+5"_s, u""_s, false);
+        linha("fim de linha no mes", u"17"_s, u"5\n"_s, u"1975"_s, false);
+        linha("fim de linha no ano", u"17"_s, u"5"_s, u"1975\n"_s, false);
         linha("29 de fevereiro de ano bissexto", u"29"_s, u"2"_s, u"2000"_s, true);
         linha("29 de fevereiro de ano comum", u"29"_s, u"2"_s, u"1900"_s, false);
         linha("31 de abril", u"31"_s, u"4"_s, u"1975"_s, false);
@@ -47,7 +61,7 @@ private Q_SLOTS:
         linha("algarismos arabes", u"١٧"_s, u"٥"_s, u""_s, false);
         linha("fim de linha", u"7\n"_s, u"5"_s, u""_s, false);
     }
-    void so_passa_o_que_e_uma_data()
+    void passa_uma_data_e_nada_mais()
     {
         QFETCH(QString, Dia);
         QFETCH(QString, Mes);

@@ -1,6 +1,7 @@
 // Deleting a group, with its contacts or without them.
 #include "ComGrupos.h"
 #include "contacts/frmDeleteGroup.h"
+#include "session/Diario.h"
 
 using namespace Qt::StringLiterals;
 
@@ -82,6 +83,27 @@ private Q_SLOTS:
         QCOMPARE(g.Grupo_Do_Contacto(abel), QString());
         QCOMPARE(g.Grupo_Do_Contacto(berta), u"6"_s);
         QCOMPARE(g.Grupos().size(), 5);
+    }
+
+    void os_contactos_sao_tratados_antes_de_o_grupo_ir_data()
+    {
+        QTest::addColumn<bool>("move");
+        QTest::addColumn<QString>("primeiro");
+        QTest::newRow("mover") << true << u"UPDATE TblLista"_s;
+        QTest::newRow("eliminar") << false << u"DELETE TblLista"_s;
+    }
+    void os_contactos_sao_tratados_antes_de_o_grupo_ir()
+    {
+        QFETCH(bool, move);
+        QFETCH(QString, primeiro);
+        ComGrupos g;
+        g.Contacto(u"Abel"_s, ComGrupos::Amigos);
+        Diario diario(g.s, {u"TblLista"_s, u"TblGrupos"_s});
+        frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista);
+        Preencher(form, ComGrupos::Amigos);
+        (move ? form.OptionMover : form.OptionEliminar)->click();
+        g.Confirmar(form);
+        QCOMPARE(diario.Escritas(), (QStringList{primeiro, u"DELETE TblGrupos"_s}));
     }
 
     void o_filtro_recomeca_em_todos_e_a_lista_e_lida_de_novo()
@@ -189,6 +211,14 @@ private Q_SLOTS:
     {
         ComGrupos g;
         g.Verificar_Entrada<frmDeleteGroup>(*g.janela.EliminarGrupos);
+    }
+
+    void um_carregamento_que_falha_nao_deixa_o_alarme_parado()
+    {
+        ComGrupos g;
+        g.s.Escrever(u"DELETE FROM TblIdiomas WHERE ID = 43"_s);
+        VERIFICAR_FALHA(frmDeleteGroup(g.s.geral, g.s.plataforma, g.lista), Failure::NoCurrentRecord);
+        QVERIFY(g.Temporizadores_Ligados());
     }
 };
 

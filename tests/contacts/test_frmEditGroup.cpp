@@ -302,6 +302,14 @@ private Q_SLOTS:
             });
         QVERIFY(g.Grupos().contains(u"3|Familia|2"_s));
     }
+
+    void um_carregamento_que_falha_nao_deixa_o_alarme_parado()
+    {
+        ComGrupos g;
+        g.s.Escrever(u"DELETE FROM TblIdiomas WHERE ID = 43"_s);
+        VERIFICAR_FALHA(frmEditGroup(g.s.geral, g.s.plataforma, g.lista), Failure::NoCurrentRecord);
+        QVERIFY(g.Temporizadores_Ligados());
+    }
 };
 
 MORVEX_TESTE(TestFrmEditGroup)

@@ -93,6 +93,15 @@ private Q_SLOTS:
         e.form.cmdCancelar->click();
         QVERIFY(e.s.geral.temporizadores.timerTarefas.Enabled());
     }
+
+    void um_carregamento_que_falha_nao_deixa_o_alarme_parado()
+    {
+        Sistema s;
+        s.Escrever(u"DELETE FROM TblIdiomas WHERE ID = 43"_s);
+        VERIFICAR_FALHA(frmEmail(s.geral, s.plataforma, u"a@x.example"_s, u"b@x.example"_s),
+                        Failure::NoCurrentRecord);
+        QVERIFY(s.geral.temporizadores.timerTarefas.Enabled() && s.geral.temporizadores.timerPonto.Enabled());
+    }
 };
 
 MORVEX_TESTE(TestFrmEmail)

@@ -167,6 +167,14 @@ private Q_SLOTS:
         QVERIFY(voltou);
         QVERIFY(g.janela.isEnabled());
     }
+
+    void um_carregamento_que_falha_nao_deixa_o_alarme_parado()
+    {
+        ComGrupos g;
+        g.s.Escrever(u"DELETE FROM TblIdiomas WHERE ID = 43"_s);
+        VERIFICAR_FALHA(frmNovoGrupo(g.s.geral, g.lista), Failure::NoCurrentRecord);
+        QVERIFY(g.Temporizadores_Ligados());
+    }
 };
 
 MORVEX_TESTE(TestFrmNovoGrupo)

@@ -81,6 +81,62 @@ private Q_SLOTS:
         QCOMPARE(correio.size(), 0);
     }
 
+    void uma_pausa_dura_enquanto_o_formulario_esta_carregado()
+    {
+        Temporizadores t;
+        QSignalSpy correio(&t, &Temporizadores::IniciarMail);
+        {
+            const PausaDosTemporizadores pausa(t);
+            QVERIFY(!t.timerTarefas.Enabled() && !t.timerPonto.Enabled());
+        }
+        QVERIFY(t.timerTarefas.Enabled() && t.timerPonto.Enabled());
+        QCOMPARE(correio.size(), 1);
+    }
+
+    void quem_retoma_ao_descarregar_ja_nao_retoma_ao_desaparecer()
+    {
+        Temporizadores t;
+        QSignalSpy correio(&t, &Temporizadores::IniciarMail);
+        {
+            PausaDosTemporizadores pausa(t);
+            pausa.Retomar();
+            QVERIFY(t.timerTarefas.Enabled());
+            t.Gerir_Temporizadores(u"stop"_s); // another form loads before the first one is gone
+        }
+        QVERIFY(!t.timerTarefas.Enabled());
+        QCOMPARE(correio.size(), 1);
+    }
+
+    void uma_pausa_largada_deixa_os_temporizadores_parados()
+    {
+        Temporizadores t;
+        QSignalSpy correio(&t, &Temporizadores::IniciarMail);
+        {
+            PausaDosTemporizadores pausa(t);
+            pausa.Largar();
+            pausa.Retomar();
+        }
+        QVERIFY(!t.timerTarefas.Enabled() && !t.timerPonto.Enabled());
+        QCOMPARE(correio.size(), 0);
+    }
+
+    void uma_pausa_sobrevive_aos_temporizadores_e_a_um_correio_que_falha()
+    {
+        std::optional<PausaDosTemporizadores> pausa;
+        {
+            Temporizadores t;
+            pausa.emplace(t);
+        }
+        pausa.reset();
+
+        Temporizadores t;
+        connect(&t, &Temporizadores::IniciarMail, this,
+                [] { throw Failure(Failure::StoreError, u"TblEmails"_s, u"gone"_s); });
+        pausa.emplace(t);
+        pausa.reset();
+        QVERIFY(t.timerTarefas.Enabled());
+    }
+
     void ligar_o_que_esta_ligado_nao_recomeca_o_intervalo()
     {
         Timer timer(60000, false);

@@ -320,6 +320,25 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(c.Trabalho()));
     }
 
+    // The store copies such a row without a word; only the verdict on the copy tells it.
+    void uma_copia_que_nao_passa_o_exame_deixa_a_copia_anterior()
+    {
+        Copia c;
+        Tocar(c.Alvo());
+        c.s.Escrever(u"PRAGMA ignore_check_constraints=ON"_s);
+        c.s.Escrever(u"CREATE TABLE Errada (Valor INTEGER CHECK (Valor > 0))"_s);
+        c.s.Escrever(u"INSERT INTO Errada (Valor) VALUES (-1)"_s);
+        c.s.caixas.Espera(
+            u"error #-2147467259 app %1\rThe copy is damaged: CHECK constraint failed in Errada"_s.arg(
+                c.Trabalho()),
+            0, u"Error"_s);
+        Comecar(c.form, c.Pasta_Com_Barra());
+        QVERIFY(c.s.caixas.Todas_Vistas());
+        QCOMPARE(QFileInfo(c.Alvo()).size(), 5);
+        QVERIFY(!QFile::exists(c.Trabalho()));
+        QVERIFY(c.Ligada());
+    }
+
     void a_barra_mostra_cada_passo_no_ecra()
     {
         Copia c;

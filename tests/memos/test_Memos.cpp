@@ -1,4 +1,5 @@
 // The notes together: how new ones come into being, and which come back at a start.
+#include "data/Idiomas.h"
 #include "memos/Arrastar.h"
 #include "memos/frmMemo.h"
 #include "memos/Memos.h"
@@ -19,6 +20,12 @@ QList<frmMemo *> Notas()
         if (auto *nota = qobject_cast<frmMemo *>(janela); nota != nullptr && nota->isVisible()) notas << nota;
     return notas;
 }
+
+int Largura_Do_Texto(const QToolButton &botao) { return botao.fontMetrics().horizontalAdvance(botao.text()); }
+
+// From here on the database takes no new note, as on a full disk.
+const auto travao =
+    u"CREATE TRIGGER Travao BEFORE INSERT ON TblMemos BEGIN SELECT RAISE(ABORT, 'full'); END"_s;
 
 // A desktop without notes, and a window with the three entries that make one.
 struct Secretaria {
@@ -279,6 +286,59 @@ private Q_SLOTS:
         QCOMPARE(lugar(), u"-150000|90000"_s);
         Arrastar(*nota.lblTitle, {30, -30});
         QCOMPARE(lugar(), u"%1|%2"_s.arg(twips(nota.x())).arg(twips(nota.y())));
+    }
+
+    void uma_nota_que_a_base_recusa_diz_que_nao_esta_guardada_e_guarda_se_depois()
+    {
+        Secretaria d;
+        d.s.Escrever(travao);
+        frmMemo &nota = d.Nova(u"Compras"_s); // no box comes
+        QVERIFY(nota.txtId->text().isEmpty());
+        QVERIFY(nota.cmdPorGuardar->isVisible());
+        QVERIFY(nota.cmdGuardar->isVisible());
+        QCOMPARE(nota.cmdPorGuardar->text(), u"Não guardado"_s);
+        QVERIFY(!nota.cmdPorGuardar->toolTip().isEmpty());
+        QVERIFY(nota.cmdPorGuardar->width() > Largura_Do_Texto(*nota.cmdPorGuardar));
+        QVERIFY(!nota.cmdPorGuardar->geometry().intersects(nota.cmdFonte->geometry()));
+        QTest::keyClicks(nota.txtMemo, u"leite"_s); // nor at a key
+
+        d.s.Escrever(u"DROP TRIGGER Travao"_s);
+        nota.cmdPorGuardar->click();
+        QVERIFY(!nota.cmdPorGuardar->isVisible());
+        QVERIFY(!nota.cmdGuardar->isVisible());
+        QCOMPARE(d.s.Linhas(u"SELECT Titulo, Descricao FROM TblMemos"_s), QStringList{u"Compras|leite"_s});
+    }
+
+    void uma_nota_sem_linha_fecha_se_como_as_outras()
+    {
+        Secretaria d;
+        d.s.Escrever(travao);
+        frmMemo &nota = d.Nova(u"Compras"_s);
+        d.s.caixas.Espera(d.s.Texto(111), 36, u"Morvex - Memo"_s, answer::no);
+        QTest::mouseClick(nota.cmdFechar, Qt::LeftButton);
+        QVERIFY(nota.isVisible());
+        d.s.caixas.Espera(d.s.Texto(111), 36, u"Morvex - Memo"_s, answer::yes);
+        QTest::mouseClick(nota.cmdFechar, Qt::LeftButton);
+        QVERIFY(d.s.caixas.Todas_Vistas());
+        QVERIFY(Notas().isEmpty());
+    }
+
+    void a_marca_de_nao_guardada_cabe_em_cada_lingua_data()
+    {
+        QTest::addColumn<QString>("idioma");
+        for (const Idioma &idioma : idiomas::todos)
+            QTest::newRow(idioma.coluna) << QString::fromLatin1(idioma.coluna);
+    }
+    void a_marca_de_nao_guardada_cabe_em_cada_lingua()
+    {
+        QFETCH(QString, idioma);
+        Secretaria d;
+        d.s.geral.IdiomaActual = idioma;
+        d.s.Escrever(travao);
+        const frmMemo &nota = d.Nova(u"Compras"_s);
+        QVERIFY(nota.cmdPorGuardar->isVisible());
+        QVERIFY(nota.cmdPorGuardar->width() > Largura_Do_Texto(*nota.cmdPorGuardar));
+        QVERIFY(nota.rect().contains(nota.cmdPorGuardar->geometry()));
     }
 
     void uma_nota_apagada_nao_volta()

@@ -143,9 +143,9 @@ private Q_SLOTS:
         QCOMPARE(letras.pointSizeF() == 20, nula != u"FontSize"_s);
         QCOMPARE(letras.bold(), nula != u"FontBold"_s);
         QCOMPARE(letras.italic(), nula != u"FontItalic"_s);
-        for (const QWidget *controlo : {static_cast<QWidget *>(u.nota.get()),
-                                        static_cast<QWidget *>(u.nota->lblTitle),
-                                        static_cast<QWidget *>(u.nota->txtMemo)})
+        for (const QWidget *controlo :
+             {static_cast<QWidget *>(u.nota.get()), static_cast<QWidget *>(u.nota->lblTitle),
+              static_cast<QWidget *>(u.nota->txtMemo)})
             QCOMPARE(controlo->palette().color(QPalette::Window) == QColor(255, 0, 0), nula != u"CorFundo"_s);
         QCOMPARE(u.nota->windowTitle(), u"t"_s);
     }
@@ -495,6 +495,21 @@ private Q_SLOTS:
         QCOMPARE(u.nota->pos(), QPoint(73, 103));
         Arrastar(*u.nota->LabelHV, {10, 10});
         QCOMPARE(u.nota->size(), QSize(195, 103));
+    }
+
+    void uma_gravacao_falhada_ve_se_ate_uma_passar()
+    {
+        UmaNota u;
+        QVERIFY(!u.nota->cmdPorGuardar->isVisible());
+        u.s.Escrever(
+            u"CREATE TRIGGER Travao BEFORE UPDATE ON TblMemos BEGIN SELECT RAISE(ABORT, 'full'); END"_s);
+        Arrastar(*u.nota->lblTitle, {40, 60});
+        QVERIFY(u.nota->cmdPorGuardar->isVisible());
+        QVERIFY(u.nota->cmdGuardar->isVisible());
+        u.s.Escrever(u"DROP TRIGGER Travao"_s);
+        Arrastar(*u.nota->LabelHV, {10, 10});
+        QVERIFY(!u.nota->cmdPorGuardar->isVisible());
+        QVERIFY(!u.nota->cmdGuardar->isVisible());
     }
 };
 

@@ -25,6 +25,12 @@ private Q_SLOTS:
         QTest::newRow("trailing blank") << u"Ana"_s << u"Ana "_s << false;
         QTest::newRow("both empty") << u""_s << u""_s << true;
         QTest::newRow("one empty") << u""_s << u"a"_s << false;
+        QTest::newRow("ordinal") << u"1ª"_s << u"1a"_s << false;
+        QTest::newRow("exponent") << u"m²"_s << u"m2"_s << false;
+        QTest::newRow("exponent in capitals") << u"M²"_s << u"m²"_s << true;
+        QTest::newRow("ordinal beside case") << u"A 1ª"_s << u"a 1a"_s << false;
+        QTest::newRow("full width") << u"Ａna"_s << u"Ana"_s << false;
+        QTest::newRow("final sigma") << u"ΟΔΟΣ"_s << u"οδος"_s << true;
     }
     void so_a_caixa_nao_conta()
     {
@@ -34,6 +40,14 @@ private Q_SLOTS:
         QCOMPARE(compareText(a, b) == 0, equal);
         QCOMPARE(compareText(b, a) == 0, equal);
         QCOMPARE(matchesLike(a, b), equal);
+    }
+
+    void a_forma_so_decide_o_que_o_resto_deixou_igual()
+    {
+        QVERIFY(compareText(u"1a B", u"1ª A") > 0);
+        QVERIFY(compareText(u"1ª A", u"1a B") < 0);
+        QVERIFY(compareText(u"m2", u"m²") < 0);
+        QVERIFY(compareText(u"m²", u"m2") > 0);
     }
 
     void os_nomes_ficam_por_ordem_alfabetica_portuguesa()

@@ -107,6 +107,27 @@ private Q_SLOTS:
         QVERIFY(c.Lista() != nullptr);
     }
 
+    // The form loads and then has no word for "of": it stays out of sight.
+    void uma_lista_que_nao_se_enche_nao_deixa_o_alarme_parado_data()
+    {
+        QTest::addColumn<bool>("ao_iniciar");
+        QTest::newRow("à meia-noite") << false;
+        QTest::newRow("ao iniciar") << true;
+    }
+    void uma_lista_que_nao_se_enche_nao_deixa_o_alarme_parado()
+    {
+        QFETCH(bool, ao_iniciar);
+        ComAniversarios c;
+        c.Contacto(u"Ana"_s, u"11"_s);
+        c.s.Escrever(u"DELETE FROM TblIdiomas WHERE ID = 176"_s);
+        if (ao_iniciar)
+            VERIFICAR_FALHA(c.aniversarios->Mostrar_Ao_Iniciar(), Failure::NoCurrentRecord);
+        else
+            c.Tique();
+        QVERIFY(c.Lista() == nullptr);
+        QVERIFY(c.Temporizadores_Ligados());
+    }
+
     void o_menu_mostra_sempre_mesmo_vazia_e_com_aviso_2()
     {
         ComAniversarios c;

@@ -125,11 +125,12 @@ private Q_SLOTS:
         QVERIFY(!c.form->isVisible());
     }
 
-    void a_recusa_devolve_o_foco_a_data()
+    void recusada_a_data_tem_o_foco()
     {
         ComFormulario c;
         QVERIFY(QTest::qWaitForWindowActive(c.form.get()));
         c.Escrever(u"Regar"_s, hoje.addDays(-1), {23, 59});
+        c.form->ComboRepeticao->setFocus();
         c.Espera_Recusa();
         c.form->cmdOk->click();
         QVERIFY(c.form->DataTarefa->hasFocus());
@@ -300,6 +301,25 @@ private Q_SLOTS:
         c.Recuperar(u"TblTarefas"_s);
         c.form->cmdOk->click();
         QCOMPARE(c.Tarefas().size(), 1);
+    }
+
+    void um_carregamento_que_falha_so_deixa_o_alarme_parado_a_quem_editava_data()
+    {
+        QTest::addColumn<QString>("modo");
+        QTest::addColumn<bool>("religa");
+        QTest::newRow("Add") << u"Add"_s << true;
+        QTest::newRow("Edit") << u"Edit"_s << false; // the list or the card is still open
+    }
+    void um_carregamento_que_falha_so_deixa_o_alarme_parado_a_quem_editava()
+    {
+        QFETCH(QString, modo);
+        QFETCH(bool, religa);
+        ComTarefas c;
+        c.s.geral.ModoTarefa = modo;
+        c.Perder(u"TblRepeticao"_s);
+        VERIFICAR_FALHA(frmAddEditTarefa(c.s.geral, c.s.plataforma, c.janela, nullptr), Failure::StoreError);
+        QCOMPARE(c.Temporizadores_Ligados(), religa);
+        QCOMPARE(c.Temporizadores_Parados(), !religa);
     }
 };
 

@@ -234,6 +234,14 @@ private Q_SLOTS:
         QVERIFY(c.Temporizadores_Ligados() && c.janela.isEnabled());
         QCOMPARE(correio.count(), 1);
     }
+
+    void um_carregamento_que_falha_nao_deixa_o_alarme_parado()
+    {
+        ComLista c;
+        c.s.Escrever(u"DELETE FROM TblIdiomas WHERE ID = 135"_s);
+        VERIFICAR_FALHA(c.Abrir(), Failure::NoCurrentRecord);
+        QVERIFY(c.Temporizadores_Ligados());
+    }
 };
 
 MORVEX_TESTE(TestFrmAniversarios)

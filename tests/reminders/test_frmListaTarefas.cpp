@@ -283,6 +283,14 @@ private Q_SLOTS:
         QVERIFY(c.janela.isEnabled());
         QCOMPARE(correio.count(), 1);
     }
+
+    void um_carregamento_que_falha_nao_deixa_o_alarme_parado()
+    {
+        ComLista c;
+        c.Perder(u"TblTarefas"_s);
+        VERIFICAR_FALHA(c.Abrir(), Failure::StoreError);
+        QVERIFY(c.Temporizadores_Ligados());
+    }
 };
 
 MORVEX_TESTE(TestFrmListaTarefas)

@@ -6,6 +6,8 @@
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
+#include <QAccessible>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -118,6 +120,29 @@ QString Dica(const Main &janela, const QString &controlo)
 {
     return control<QObject>(janela, controlo).property("toolTip").toString();
 }
+// What a screen reader calls a picture, or the button of a toolbar's entry.
+QString Nome_Para_O_Leitor(const Main &janela, const QString &controlo)
+{
+    QWidget *widget = janela.findChild<QWidget *>(controlo);
+    if (widget == nullptr) widget = janela.Toolbar1->widgetForAction(&control<QAction>(janela, controlo));
+    return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
+}
+
+// A main window without a language, as a first run leaves it whose form was closed without a choice.
+struct SemLingua {
+    SemLingua()
+    {
+        s.geral.IdiomaActual.clear();
+        legendas::Atribuir(janela, s.geral);
+    }
+    Sistema s;
+    Main janela{s.geral, s.plataforma};
+};
+
+void Carregar(QWidget &widget, const QRect &onde)
+{
+    QTest::mouseClick(&widget, Qt::LeftButton, {}, onde.center());
+}
 } // namespace
 
 class TestLegendas : public QObject
@@ -142,9 +167,11 @@ private Q_SLOTS:
             QVERIFY2(Escrita(janela, QLatin1StringView(legenda.controlo)) == s.Texto(legenda.texto),
                      legenda.controlo);
         }
-        for (const Legenda &dica : dicas)
-            QVERIFY2(Dica(janela, QLatin1StringView(dica.controlo)) == withoutMnemonic(s.Texto(dica.texto)),
-                     dica.controlo);
+        for (const Legenda &dica : dicas) {
+            const QString esperada = withoutMnemonic(s.Texto(dica.texto));
+            QVERIFY2(Dica(janela, QLatin1StringView(dica.controlo)) == esperada, dica.controlo);
+            QVERIFY2(Nome_Para_O_Leitor(janela, QLatin1StringView(dica.controlo)) == esperada, dica.controlo);
+        }
     }
 
     void fax_e_mails_tem_dicas_fixas_em_qualquer_lingua()
@@ -178,7 +205,54 @@ private Q_SLOTS:
         legendas::Atribuir(janela, s.geral);
         for (const Legenda &legenda : legendas_escritas)
             QVERIFY2(Escrita(janela, QLatin1StringView(legenda.controlo)).isEmpty(), legenda.controlo);
+        for (const Legenda &dica : dicas)
+            QVERIFY2(Dica(janela, QLatin1StringView(dica.controlo)).isEmpty(), dica.controlo);
         QCOMPARE(janela.imgFax->toolTip(), u"Fax"_s);
+    }
+
+    void sem_lingua_o_rato_ainda_chega_a_Sair()
+    {
+        SemLingua m;
+        m.janela.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&m.janela));
+        QTimer::singleShot(0, &m.janela, [&] {
+            QVERIFY(m.janela.Ficheiro->isVisible());
+            QVERIFY(m.janela.Ficheiro->actionGeometry(m.janela.Sair).width() >= 16);
+            QVERIFY(m.janela.Ficheiro->actionGeometry(m.janela.Sair).height() >= 16);
+            Carregar(*m.janela.Ficheiro, m.janela.Ficheiro->actionGeometry(m.janela.Sair));
+        });
+        Carregar(*m.janela.menubar, m.janela.menubar->actionGeometry(m.janela.Ficheiro->menuAction()));
+        QTRY_VERIFY(m.s.processo.Terminou());
+    }
+
+    void sem_lingua_a_barra_de_menus_tem_a_altura_de_sempre_e_lugar_para_um_dedo()
+    {
+        Sistema s;
+        Main janela(s.geral, s.plataforma);
+        legendas::Atribuir(janela, s.geral);
+        SemLingua m;
+        janela.show();
+        m.janela.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&m.janela));
+        QVERIFY(m.janela.menubar->height() >= janela.menubar->height());
+        for (const QMenu *menu :
+             {m.janela.Ficheiro, m.janela.Contactos, m.janela.Ferramentas, m.janela.Ajuda})
+            QVERIFY2(m.janela.menubar->actionGeometry(menu->menuAction()).width() >= 16,
+                     qPrintable(menu->objectName()));
+    }
+
+    void as_imagens_dos_menus_so_estao_la_sem_lingua()
+    {
+        SemLingua m;
+        QVERIFY(!m.janela.Ficheiro->icon().isNull());
+        QVERIFY(!m.janela.Sair->icon().isNull());
+        QVERIFY(!m.janela.SystemTraySair->icon().isNull());
+        Sistema s;
+        Main janela(s.geral, s.plataforma);
+        legendas::Atribuir(janela, s.geral);
+        QVERIFY(janela.Ficheiro->icon().isNull()); // it would stand in the place of the title
+        QVERIFY(janela.Sair->icon().isNull());
+        QVERIFY(janela.SystemTraySair->icon().isNull());
     }
 
     void um_texto_que_falta_deixa_a_legenda_do_desenho_e_as_outras_seguem()

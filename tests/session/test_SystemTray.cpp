@@ -147,6 +147,38 @@ private Q_SLOTS:
         QVERIFY(!a.janela.isVisible());
     }
 
+    // Whoever is at the screen when the preference is set has seen the window open: the icon is still the
+    // ordinary one, and its click asks nothing.
+    void pedida_a_senha_com_a_janela_escondida_o_clique_ainda_a_traz()
+    {
+        Aberta a(false);
+        a.Esconder();
+        a.s.geral.SessaoActual.PedirPassSystemTray = true;
+        bool perguntou = false;
+        QTimer::singleShot(0, &a.janela, [&] {
+            perguntou = QApplication::activeModalWidget() != nullptr;
+            if (perguntou) QApplication::activeModalWidget()->close();
+        });
+        a.s.tabuleiro.Clicar(Picture1);
+        QCoreApplication::processEvents();
+        QVERIFY(!perguntou);
+        QVERIFY(a.janela.isVisible());
+        QVERIFY(!a.tray.TrayBloqueado());
+        QVERIFY(a.Historia().isEmpty());
+    }
+
+    void retirada_a_senha_com_a_janela_trancada_o_esconder_seguinte_nao_tranca()
+    {
+        Aberta a(true);
+        a.Esconder();
+        a.s.geral.SessaoActual.PedirPassSystemTray = false;
+        a.s.tabuleiro.Clicar(Picture2);
+        QVERIFY(a.janela.isVisible());
+        a.tray.Minimizar_Tray();
+        QVERIFY(!a.janela.isVisible());
+        QVERIFY(!a.tray.TrayBloqueado());
+    }
+
     // With the password
 
     void esconder_com_senha_tranca_e_troca_o_icone()

@@ -4,6 +4,7 @@
 #include "platform/ComboBox.h"
 #include "Posses.h"
 #include "session/frmDeleteUser.h"
+#include "session/Titulo.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
@@ -248,6 +249,35 @@ private Q_SLOTS:
         QCOMPARE(diario.Escritas(), ordem);
         const QStringList donos{Numero(ana), Numero(ana), Numero(ana), Numero(ana) + u',' + Numero(rui)};
         QCOMPARE(posses::Donos_De_Tudo(s), donos);
+    }
+
+    void sem_pergunta_o_utilizador_vai_antes_das_suas_contas()
+    {
+        Sistema s;
+        const int rui = Outro(s);
+        posses::Nova_Conta(s, rui);
+        Diario diario(s, {u"TblUsers"_s, u"TblEmails"_s});
+        Eliminar(s, rui);
+        QCOMPARE(diario.Escritas(), (QStringList{u"DELETE TblUsers"_s, u"DELETE TblEmails"_s}));
+    }
+
+    // The accounts go last: should that fail, nobody is logged in any more who is not in the table.
+    void o_ultimo_deixa_a_sessao_antes_de_as_suas_contas_irem()
+    {
+        Sistema s;
+        const int id = Um_So(s);
+        posses::Nova_Conta(s, id);
+        s.Escrever(
+            u"CREATE TRIGGER Travao BEFORE DELETE ON TblEmails BEGIN SELECT RAISE(ABORT, 'no'); END"_s);
+        QWidget janela;
+        frmDeleteUser form(s.geral, s.plataforma, janela);
+        form.show();
+        s.caixas.Espera_Erro(Failure::StoreError);
+        QTest::mouseClick(form.cmdOk, Qt::LeftButton);
+        QVERIFY(s.caixas.Todas_Vistas());
+        QCOMPARE(s.Linhas(u"SELECT Utilizador FROM TblUsers"_s), QStringList());
+        QCOMPARE(s.geral.SessaoActual.Utilizador, QString());
+        QCOMPARE(janela.windowTitle(), Titulo(s.geral));
     }
 
     // What becomes of a deleted user's things. "-" is gone; the user's own ID stands as "dele".

@@ -232,6 +232,23 @@ private Q_SLOTS:
         QCOMPARE(diario.Escritas(), ordem);
     }
 
+    // The settings come before the hand-over, which may fail.
+    void a_configuracao_esta_escrita_antes_de_o_primeiro_tomar_posse()
+    {
+        Sistema s;
+        posses::Dar_Um_De_Cada(s, 0);
+        s.Escrever(u"CREATE TRIGGER Travao BEFORE UPDATE ON TblMemos BEGIN SELECT RAISE(ABORT, 'no'); END"_s);
+        frmNovoUser form(s.geral, s.plataforma);
+        form.show();
+        s.caixas.Espera_Erro(Failure::StoreError);
+        QTest::mouseClick(form.cmdOk, Qt::LeftButton);
+        QVERIFY(s.caixas.Todas_Vistas());
+        const QString id = QString::number(s.Ultimo_Id(u"TblUsers"_s));
+        QCOMPARE(posses::Donos(s, u"TblMemos"_s), u"0"_s);
+        QCOMPARE(s.geral.ini.Ler_Ini(u"emailnotify"_s + id, u"minutos"_s), u"60"_s);
+        QCOMPARE(s.geral.ini.Ler_Ini(u"messenger"_s + id, u"activo"_s), u"0"_s);
+    }
+
     void o_segundo_nao_tira_nada_a_ninguem()
     {
         Sistema s;
@@ -301,6 +318,14 @@ private Q_SLOTS:
         QVERIFY(s.caixas.Todas_Vistas());
         QVERIFY(form.isVisible());
         QCOMPARE(form.campos->txtUser->text(), u"Admin"_s);
+    }
+
+    void um_carregamento_que_falha_nao_deixa_o_alarme_parado()
+    {
+        Sistema s;
+        s.Escrever(u"ALTER TABLE TblUsers RENAME TO Fora"_s);
+        VERIFICAR_FALHA(frmNovoUser(s.geral, s.plataforma), Failure::StoreError);
+        QVERIFY(s.geral.temporizadores.timerTarefas.Enabled() && s.geral.temporizadores.timerPonto.Enabled());
     }
 };
 

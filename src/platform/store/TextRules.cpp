@@ -12,11 +12,11 @@ namespace
 using Collator = std::unique_ptr<UCollator, decltype(&ucol_close)>;
 
 // A locale of its own: the order of the database must not follow the machine's.
-Collator makeCollator()
+Collator makeCollator(UColAttributeValue strength)
 {
     UErrorCode status = U_ZERO_ERROR;
     Collator collator(ucol_open("pt_PT", &status), &ucol_close);
-    ucol_setAttribute(collator.get(), UCOL_STRENGTH, UCOL_SECONDARY, &status); // case does not count
+    ucol_setAttribute(collator.get(), UCOL_STRENGTH, strength, &status);
     ucol_setAttribute(collator.get(), UCOL_ALTERNATE_HANDLING, UCOL_NON_IGNORABLE, &status);
     if (U_FAILURE(status)) qFatal("no collation: %s", u_errorName(status));
     return collator;
@@ -24,8 +24,19 @@ Collator makeCollator()
 
 const UCollator *theCollator()
 {
-    static const Collator collator = makeCollator();
+    static const Collator collator = makeCollator(UCOL_SECONDARY); // neither case nor form counts
     return collator.get();
+}
+
+// The library counts case and form ("1a" and "1ª") as one level. Once the case is folded away what is left is
+// the form; few pairs of texts ever come so far.
+int compareForm(const QString &a, const QString &b)
+{
+    static const Collator collator = makeCollator(UCOL_TERTIARY);
+    const QString foldedA = a.toCaseFolded();
+    const QString foldedB = b.toCaseFolded();
+    return ucol_strcoll(collator.get(), QStringView(foldedA).utf16(), static_cast<int32_t>(foldedA.size()),
+                        QStringView(foldedB).utf16(), static_cast<int32_t>(foldedB.size()));
 }
 
 // A character beyond 16 bits stands in two places.
@@ -46,9 +57,12 @@ QStringView textOf(sqlite3_value *value)
 
 int collate(void *, int bytesA, const void *a, int bytesB, const void *b)
 {
+    const QByteArrayView textA(static_cast<const char *>(a), bytesA);
+    const QByteArrayView textB(static_cast<const char *>(b), bytesB);
     UErrorCode status = U_ZERO_ERROR;
-    return ucol_strcollUTF8(theCollator(), static_cast<const char *>(a), bytesA, static_cast<const char *>(b),
-                            bytesB, &status);
+    const int order = ucol_strcollUTF8(theCollator(), textA.data(), bytesA, textB.data(), bytesB, &status);
+    if (order != 0 || textA == textB) return order;
+    return compareForm(QString::fromUtf8(textA), QString::fromUtf8(textB));
 }
 
 // The pattern comes first and the text, which may be a number, second.
@@ -63,15 +77,17 @@ void like(sqlite3_context *context, int, sqlite3_value **arguments)
 
 int compareText(QStringView a, QStringView b)
 {
-    return ucol_strcoll(theCollator(), a.utf16(), static_cast<int32_t>(a.size()), b.utf16(),
-                        static_cast<int32_t>(b.size()));
+    const int order = ucol_strcoll(theCollator(), a.utf16(), static_cast<int32_t>(a.size()), b.utf16(),
+                                   static_cast<int32_t>(b.size()));
+    return order != 0 || a == b ? order : compareForm(a.toString(), b.toString());
 }
 
 QString textOrderVersion()
 {
+    constexpr char16_t ownRules = u'b'; // the next letter when compareText itself comes to say something else
     UVersionInfo version{};
     ucol_getVersion(theCollator(), version);
-    return QString::fromLatin1(QByteArray(reinterpret_cast<const char *>(version), sizeof version).toHex());
+    return ownRules + QString::fromLatin1(QByteArray(reinterpret_cast<const char *>(version), sizeof version).toHex());
 }
 
 // Walks both once; on a mismatch the last % takes one character more.

@@ -1,4 +1,5 @@
-// How the store compares texts: case does not count, accents do, in every alphabet, on every machine alike.
+// How the store compares texts: case does not count, accents and forms ("m2" and "m²") do, in every alphabet,
+// on every machine alike.
 #pragma once
 
 #include <QString>
