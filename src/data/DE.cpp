@@ -2,7 +2,6 @@
 
 #include "data/Esquema.h"
 #include "platform/Failure.h"
-#include "platform/ProgramFolder.h"
 
 #include <algorithm>
 
@@ -70,7 +69,7 @@ std::vector<StoreValue> Converter(const Instrucao &instrucao, std::initializer_l
 }
 } // namespace
 
-DE::DE(QString &CaminhoBD, QString pasta) : CaminhoBD_(CaminhoBD), pasta_(std::move(pasta)) {}
+DE::DE(QString &CaminhoBD, QString pasta) : base_(CaminhoBD, std::move(pasta)) {}
 
 Recordset &DE::Abrir(ComandoComLinhas comando, std::initializer_list<Value> parametros)
 {
@@ -91,7 +90,8 @@ void DE::Juntar(const std::function<void()> &trabalho) { Ligacao().gathering(tra
 
 void DE::Fechar_Ligacao()
 {
-    for (Recordset &rs : conjuntos_) rs.Close();
+    for (Recordset &rs : conjuntos_)
+        rs.Close();
     ligacao_.Close();
 }
 
@@ -101,10 +101,9 @@ void DE::Reabrir_Ligacao() { ligacao_.Open(); }
 Connection &DE::Ligacao()
 {
     if (ligacao_.isOpen()) return ligacao_;
-    if (CaminhoBD_.isEmpty()) CaminhoBD_ = fileIn(pasta_, QStringLiteral("morvex.mdb"));
-    ligacao_.setConnectionString(QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source= '") + CaminhoBD_ +
-                                 QStringLiteral("'") +
-                                 QStringLiteral(";Jet OLEDB:Encrypt Database=True;Persist Security Info=False"));
+    ligacao_.setConnectionString(
+        QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source= '") + base_.Fixar() +
+        QStringLiteral("'") + QStringLiteral(";Jet OLEDB:Encrypt Database=True;Persist Security Info=False"));
     ligacao_.Open();
     return ligacao_;
 }

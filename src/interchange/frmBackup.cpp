@@ -79,9 +79,9 @@ void frmBackup::Copiar()
 {
     ProgressBar1->show();
     ProgressBar1->setValue(10); // which paints it at once, here and below
-    compactDatabase(geral_.CaminhoBD, Copia_De_Trabalho());
+    compactDatabase(geral_.de.Base().Caminho(), Copia_De_Trabalho());
     ProgressBar1->setValue(50);
-    if (isSameFile(geral_.CaminhoBD, Alvo()))
+    if (isSameFile(geral_.de.Base().Caminho(), Alvo()))
         throw Failure(Failure::PathFileAccess, Alvo(), u"Source and target are one file: %1"_s.arg(Alvo()));
     copyOver(Copia_De_Trabalho(), Alvo());
     ProgressBar1->setValue(90);

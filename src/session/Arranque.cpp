@@ -103,7 +103,7 @@ void Arranque::Ler_Configuracao()
     g.MemoFontBold = ler(u"memos", u"fontbold");
     g.MemoFontItalic = ler(u"memos", u"fontitalic");
     g.MemoCorFundo = ler(u"memos", u"corfundo");
-    g.CaminhoBD = ler(u"basedados", u"caminhobd");
+    g.de.Base().Tomar(ler(u"basedados", u"caminhobd"));
     g.AvisoNovaVersao = ler(u"novaversao", u"aviso");
     ler_inteiro(u"emailnotify", u"activo", g.EmailNotifyActivo);
     ler_inteiro(u"emailnotify", u"minutos", g.EmailNotifyMinutos);

@@ -143,7 +143,7 @@ void frmOpcoes::Preencher_Controlos()
         avisos[i]->setChecked(numero && aviso == i);
     memos_->Preencher();
     arranque_->Preencher();
-    txtCaminho->setText(geral_.CaminhoBD.isEmpty() ? geral_.Ficheiro(u"morvex.mdb"_s) : geral_.CaminhoBD);
+    txtCaminho->setText(geral_.de.Base().Caminho());
     sons_->Preencher();
     Escolher_Idioma_Actual();
 }

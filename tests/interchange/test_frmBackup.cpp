@@ -2,6 +2,8 @@
 // need a second process, which is this program with an argument.
 #include "interchange/frmBackup.h"
 
+#include "data/frmSeleccionarIdioma.h"
+#include "session/frmOpcoes.h"
 #include "session/Main.h"
 #include "testlib/Accoes.h"
 #include "testlib/DiscoPequeno.h"
@@ -434,6 +436,24 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(c.Trabalho()));
         QVERIFY(c.Ligada());
         QCOMPARE(c.Guardado(), QString());
+    }
+
+    void na_sessao_da_primeira_corrida_a_copia_faz_se()
+    {
+        Sistema s(Sistema::Estado::Vazio);
+        Main janela(s.geral, s.plataforma);
+        accoes::Quando_Abrir<frmSeleccionarIdioma>([](frmSeleccionarIdioma &idioma) {
+            accoes::Quando_Abrir<frmOpcoes>([](frmOpcoes &opcoes) { opcoes.cmdOk->click(); });
+            idioma.cmdPT->click();
+        });
+        janela.Carregar();
+        QTemporaryDir copias;
+        frmBackup form(s.geral, s.plataforma);
+        s.caixas.Espera(s.Texto(255), 64, form.windowTitle());
+        Comecar(form, copias.path() + u'/');
+        QVERIFY(s.caixas.Todas_Vistas());
+        QCOMPARE(Veredicto(copias.filePath(u"Morvex.mdb"_s)), u"ok"_s);
+        QCOMPARE(Contar(copias.filePath(u"Morvex.mdb"_s), u"1"_s), Contar(s.Base(), u"1"_s));
     }
 
     // A letter tells each change that a backup makes to a file.
