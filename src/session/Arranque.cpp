@@ -127,12 +127,11 @@ void Arranque::Ler_TblConfig()
 
 void Arranque::Iniciar_Sessao()
 {
-    if (Ha_Utilizadores()) {
+    if (Ha_Utilizadores())
         frmLogin(geral_, platform_).exec();
-        Ler_Configuracao_Do_Utilizador();
-    } else {
+    else
         Dar_Todos_Os_Direitos();
-    }
+    Ler_Configuracao_Do_Utilizador();
     geral_.de.Rs("cmdVerUsers").Close();
 }
 
@@ -144,6 +143,7 @@ bool Arranque::Ha_Utilizadores()
     return ha;
 }
 
+// A household without users has sections as well, those of the user 0.
 void Arranque::Ler_Configuracao_Do_Utilizador()
 {
     const auto ler = [&](const QString &seccao, const QString &chave) {
@@ -154,8 +154,14 @@ void Arranque::Ler_Configuracao_Do_Utilizador()
     // An unset key keeps the earlier value.
     const QString activo = ler(u"messenger"_s, u"activo"_s);
     if (!activo.isEmpty()) skipFailure([&] { geral_.MessengerActivo = Inteiro(activo); });
-    geral_.SomEmail = ler(u"som"_s, u"email"_s);
-    geral_.SomTarefa = ler(u"som"_s, u"tarefa"_s);
+    // An unset sound of somebody who logged in is the program's own, whatever the common section says.
+    const bool entrou = !geral_.SessaoActual.Utilizador.isEmpty();
+    const auto ler_som = [&](const QString &chave, QString &destino) {
+        const QString som = ler(u"som"_s, chave);
+        if (entrou || !som.isEmpty()) destino = som;
+    };
+    ler_som(u"email"_s, geral_.SomEmail);
+    ler_som(u"tarefa"_s, geral_.SomTarefa);
 }
 
 void Arranque::Dar_Todos_Os_Direitos()

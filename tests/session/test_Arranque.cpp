@@ -275,13 +275,42 @@ private Q_SLOTS:
         QCOMPARE(p.s.geral.de.Rs("cmdVerUsers").State(), Recordset::Closed);
     }
 
-    void sem_utilizadores_as_chaves_do_utilizador_0_nao_se_leem_ao_arrancar()
+    void sem_utilizadores_leem_se_as_chaves_do_utilizador_0()
     {
         PorArrancar p;
-        p.Escrever_Ini({{"emailnotify", "minutos", "20"}, {"emailnotify0", "minutos", "5"}});
+        p.Escrever_Ini({{"emailnotify", "minutos", "20"},
+                        {"som", "email", "geral.wav"},
+                        {"emailnotify0", "activo", "1"},
+                        {"emailnotify0", "minutos", "5"},
+                        {"messenger0", "activo", "1"},
+                        {"som0", "email", "da casa.wav"},
+                        {"som0", "tarefa", "alarme.wav"}});
         p.Passo("Ler_Configuracao");
         p.Passo("Iniciar_Sessao");
+        QCOMPARE(p.s.geral.EmailNotifyActivo, qint16(1));
+        QCOMPARE(p.s.geral.EmailNotifyMinutos, qint16(5));
+        QCOMPARE(p.s.geral.MessengerActivo, qint16(1));
+        QCOMPARE(p.s.geral.SomEmail, u"da casa.wav"_s);
+        QCOMPARE(p.s.geral.SomTarefa, u"alarme.wav"_s);
+    }
+
+    void sem_utilizadores_uma_chave_vazia_guarda_o_que_a_seccao_comum_deu()
+    {
+        PorArrancar p;
+        p.Escrever_Ini({{"emailnotify", "activo", "1"},
+                        {"emailnotify", "minutos", "20"},
+                        {"messenger", "activo", "1"},
+                        {"som", "email", "geral.wav"},
+                        {"som", "tarefa", "alarme.wav"},
+                        {"emailnotify0", "activo", ""},
+                        {"som0", "email", ""}});
+        p.Passo("Ler_Configuracao");
+        p.Passo("Iniciar_Sessao");
+        QCOMPARE(p.s.geral.EmailNotifyActivo, qint16(1));
         QCOMPARE(p.s.geral.EmailNotifyMinutos, qint16(20));
+        QCOMPARE(p.s.geral.MessengerActivo, qint16(1));
+        QCOMPARE(p.s.geral.SomEmail, u"geral.wav"_s);
+        QCOMPARE(p.s.geral.SomTarefa, u"alarme.wav"_s);
     }
 
     void depois_do_login_leem_se_as_chaves_do_utilizador()

@@ -1042,15 +1042,10 @@ private Q_SLOTS:
         });
         janela.Carregar();
         Comparar_Partilhados(g, c.s.geral);
-        QCOMPARE(g.EmailNotifyActivo, qint16{1});
-        QCOMPARE(g.EmailNotifyMinutos, qint16{15});
-        QCOMPARE(g.MessengerActivo, qint16{1});
-        QCOMPARE(g.SomEmail, u"/sons/email.wav"_s);
-        QCOMPARE(g.SomTarefa, u"/sons/tarefa.wav"_s);
+        Comparar_Os_Do_Utilizador(g);
     }
 
-    // Without a login the start reads the bare sections, while the options write those of user 0.
-    void sem_login_o_mail_o_messenger_e_os_sons_perdem_se()
+    void sem_login_tudo_volta_no_proximo_arranque()
     {
         Cenario c;
         frmOpcoes &form = c.Mostrar();
@@ -1061,15 +1056,22 @@ private Q_SLOTS:
         Main janela(g, c.s.plataforma);
         janela.Carregar();
         Comparar_Partilhados(g, c.s.geral);
-        QCOMPARE(g.EmailNotifyActivo, qint16{0});
-        QCOMPARE(g.EmailNotifyMinutos, qint16{60});
-        QCOMPARE(g.MessengerActivo, qint16{0});
-        QCOMPARE(g.SomEmail, QString());
-        QCOMPARE(g.SomTarefa, QString());
+        Comparar_Os_Do_Utilizador(g);
         QCOMPARE(c.Ini(u"som0"_s, u"email"_s), u"/sons/email.wav"_s);
+        QCOMPARE(c.Ini(u"som"_s, u"email"_s), QString());
     }
 
 private:
+    // What Mudar_Tudo chose for the user, after a restart.
+    static void Comparar_Os_Do_Utilizador(const Geral &g)
+    {
+        QCOMPARE(g.EmailNotifyActivo, qint16{1});
+        QCOMPARE(g.EmailNotifyMinutos, qint16{15});
+        QCOMPARE(g.MessengerActivo, qint16{1});
+        QCOMPARE(g.SomEmail, u"/sons/email.wav"_s);
+        QCOMPARE(g.SomTarefa, u"/sons/tarefa.wav"_s);
+    }
+
     // What belongs to the installation, after a restart: the language alone is a new one.
     static void Comparar_Partilhados(const Geral &nova, const Geral &velha)
     {
