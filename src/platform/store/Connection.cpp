@@ -1,6 +1,7 @@
 #include "platform/store/Connection.h"
 
 #include "platform/Failure.h"
+#include "platform/store/FailureKind.h"
 #include "platform/store/TextRules.h"
 
 #include <QFileInfo>
@@ -12,8 +13,12 @@
 
 struct Connection::Database {
     // One thread works with a connection: the store need not guard each of its calls.
-    Database(const std::string &path, int flags) : handle(path, flags | SQLite::OPEN_NOMUTEX) {}
+    Database(const QString &file, int flags)
+        : path(file), handle(file.toStdString(), flags | SQLite::OPEN_NOMUTEX)
+    {
+    }
 
+    QString path;
     SQLite::Database handle; // declared first: the statements go before it
     QHash<QString, std::shared_ptr<SQLite::Statement>> statements;
     bool gathering = false;
@@ -29,9 +34,10 @@ constexpr int patience = 5000;               // ms for which another program's w
 constexpr std::size_t longestPortion = 8000; // writes that reach the file together
 constexpr char sourceName[] = "Connection";
 
-[[noreturn]] void raise(const QString &description, const QString &source = QLatin1String(sourceName))
+[[noreturn]] void raise(const QString &description, const QString &source = QLatin1String(sourceName),
+                        Failure::Kind kind = Failure::Kind::Other)
 {
-    throw Failure(Failure::StoreError, source, description);
+    throw Failure(Failure::StoreError, source, description, kind);
 }
 
 QString dataSource(const QString &connectionString)
@@ -109,12 +115,12 @@ private:
     SQLite::Statement &statement_;
 };
 
-template<class Work> auto raisingFailures(const QString &source, const Work &work)
+template<class Work> auto raisingFailures(const QString &path, const QString &source, const Work &work)
 {
     try {
         return work();
     } catch (const SQLite::Exception &error) {
-        raise(QString::fromUtf8(error.what()), source);
+        raise(QString::fromUtf8(error.what()), source, kindOf(error, path));
     }
 }
 } // namespace
@@ -137,10 +143,14 @@ void Connection::open(int flags)
 {
     const QString path = dataSource(connectionString_);
     const QFileInfo file(path);
-    if (!file.exists()) raise(QStringLiteral("The database was not found: %1").arg(path));
-    if (file.size() == 0) raise(QStringLiteral("The file is no database: %1").arg(path));
-    database_ = raisingFailures(path, [&] {
-        auto opened = std::make_unique<Database>(path.toStdString(), flags);
+    if (!file.exists())
+        raise(QStringLiteral("The database was not found: %1").arg(path), QLatin1String(sourceName),
+              Failure::Kind::DatabaseMissing);
+    if (file.size() == 0)
+        raise(QStringLiteral("The file is no database: %1").arg(path), QLatin1String(sourceName),
+              Failure::Kind::DatabaseDamaged);
+    database_ = raisingFailures(path, path, [&] {
+        auto opened = std::make_unique<Database>(path, flags);
         opened->handle.setBusyTimeout(patience);
         registerTextRules(opened->handle.getHandle());
         opened->handle.exec("PRAGMA synchronous=FULL");
@@ -153,8 +163,9 @@ void Connection::open(int flags)
 
 void Connection::OpenInMemory()
 {
-    database_ = raisingFailures(QLatin1String(sourceName), [] {
-        auto opened = std::make_unique<Database>(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+    database_ = raisingFailures({}, QLatin1String(sourceName), [] {
+        auto opened = std::make_unique<Database>(QStringLiteral(":memory:"),
+                                                 SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
         registerTextRules(opened->handle.getHandle());
         return opened;
     });
@@ -173,7 +184,7 @@ void Connection::execute(const QString &sql, std::vector<StoreValue> values)
 
 void Connection::run(const Write &write)
 {
-    raisingFailures(write.sql, [&] {
+    raisingFailures(database_->path, write.sql, [&] {
         SQLite::Statement &statement = database_->statement(write.sql);
         const Running running(statement, write.values);
         statement.exec();
@@ -236,7 +247,7 @@ void Connection::runPortionOneByOne()
 Connection::Mark Connection::mark()
 {
     if (!database_) raise(QStringLiteral("The connection is closed"));
-    return raisingFailures(QLatin1String(sourceName), [&] {
+    return raisingFailures(database_->path, QLatin1String(sourceName), [&] {
         return Mark{openings_, database_->handle.execAndGet("PRAGMA data_version").getInt(),
                     sqlite3_total_changes(database_->handle.getHandle())};
     });
@@ -245,7 +256,7 @@ Connection::Mark Connection::mark()
 Recordset Connection::query(const QString &sql, const std::vector<StoreValue> &values)
 {
     if (!database_) raise(QStringLiteral("The connection is closed"));
-    return raisingFailures(sql, [&] {
+    return raisingFailures(database_->path, sql, [&] {
         SQLite::Statement &statement = database_->statement(sql);
         const Running running(statement, values);
         std::vector<StoreValue> cells;
