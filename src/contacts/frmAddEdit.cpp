@@ -6,6 +6,7 @@
 #include "contacts/Preencher_Grupos.h"
 #include "data/Geral.h"
 #include "data/Idiomas.h"
+#include "data/ValorLongo.h"
 #include "platform/Controls.h"
 #include "platform/Failure.h"
 #include "platform/Picture.h"
@@ -169,7 +170,9 @@ void frmAddEdit::cmd_foto_Click()
     const auto FileName =
         platform_.dialogs.openFile(Filtro(geral_.Ler_Idioma(1)), geral_.UltimaPastaFotos, this);
     if (!FileName) return;
-    geral_.UltimaPastaFotos = Pasta_Do_Ficheiro(*FileName);
+    const QString pasta = Pasta_Do_Ficheiro(*FileName);
+    if (!Cabe_No_Ini(pasta)) return Recusar_Valor_Longo(pasta, geral_, platform_, this);
+    geral_.UltimaPastaFotos = pasta;
     geral_.ini.Escrever_Ini(u"fotografias"_s, u"lastpathpic"_s, geral_.UltimaPastaFotos);
     txtFotografia->setText(*FileName);
     onFailure(

@@ -1,6 +1,7 @@
 #include "interchange/frmBackup.h"
 
 #include "data/Geral.h"
+#include "data/ValorLongo.h"
 #include "platform/Controls.h"
 #include "platform/Failure.h"
 #include "platform/Platform.h"
@@ -71,6 +72,8 @@ void frmBackup::cmdIniciar_Click()
         platform_.boxes.show(geral_.Ler_Idioma(253), box::stop, windowTitle(), this);
         return;
     }
+    if (const QString pasta = txtCaminhoBackup->text(); !Cabe_No_Ini(pasta))
+        return Recusar_Valor_Longo(pasta, geral_, platform_, this);
     geral_.de.Fechar_Ligacao();
     onFailure([this] { Copiar(); }, [this](const Failure &falha) { Mostrar_Falha(falha); });
 }

@@ -79,6 +79,11 @@ void keepButtonsOnScreen(QMessageBox &box)
 }
 } // namespace
 
+int MessageBoxes::show(const QString &text, int flags, QWidget *owner)
+{
+    return show(text, flags, QApplication::applicationDisplayName(), owner);
+}
+
 DesktopMessageBoxes::DesktopMessageBoxes() : language_([] { return QString(); }) {}
 
 void DesktopMessageBoxes::setLanguage(std::function<QString()> language) { language_ = std::move(language); }

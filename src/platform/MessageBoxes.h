@@ -35,6 +35,9 @@ public:
     // that is closed without an answer counts as no.
     virtual int show(const QString &text, int flags, const QString &title, QWidget *owner) = 0;
 
+    // A box without a title of its own bears the program's name.
+    int show(const QString &text, int flags, QWidget *owner);
+
     // The error box of a failure that nobody caught.
     virtual void showError(const Failure &failure) = 0;
 };

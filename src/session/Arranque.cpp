@@ -13,6 +13,7 @@
 #include "platform/Platform.h"
 #include "platform/ToolkitLanguage.h"
 #include "reminders/Lembretes.h"
+#include "session/BaseDesaparecida.h"
 #include "session/frmLoading.h"
 #include "session/frmLogin.h"
 #include "session/frmOpcoes.h"
@@ -112,8 +113,10 @@ void Arranque::Ler_Configuracao()
     g.SomTarefa = ler(u"som", u"tarefa");
 }
 
+// The first use of the database, but for a first run.
 void Arranque::Ler_TblConfig()
 {
+    base_desaparecida::Procurar(geral_, platform_);
     Recordset &rs = geral_.de.Abrir("cmdVerConfig");
     Copiar(rs, "Idioma", geral_.IdiomaActual);
     Copiar(rs, "Versao", geral_.VersaoBD);

@@ -503,6 +503,22 @@ private Q_SLOTS:
         QCOMPARE(e.s.geral.ini.Ler_Ini(u"fotografias"_s, u"lastpathpic"_s), QString());
     }
 
+    void uma_foto_numa_pasta_que_o_ficheiro_nao_guarda_inteira_recusa_se()
+    {
+        Editor e;
+        e.s.geral.UltimaPastaFotos = u"/onde/estava/"_s;
+        e.s.dialogos.textos = {u'/' + QString(200, u'a') + u'/' + QString(52, u'b') + u"/a.png"_s};
+        e.Novo([&](frmAddEdit &form) {
+            form.txtFotografia->setText(u"antes.jpg"_s);
+            e.s.caixas.Espera_Qualquer(16, u"Morvex"_s);
+            form.cmd_foto->click();
+            QVERIFY(e.s.caixas.Todas_Vistas());
+            QCOMPARE(form.txtFotografia->text(), u"antes.jpg"_s);
+        });
+        QCOMPARE(e.s.geral.UltimaPastaFotos, u"/onde/estava/"_s);
+        QCOMPARE(e.s.geral.ini.Ler_Ini(u"fotografias"_s, u"lastpathpic"_s), QString());
+    }
+
     void o_caminho_da_foto_grava_se_como_foi_escolhido()
     {
         Editor e;

@@ -456,6 +456,19 @@ private Q_SLOTS:
         QCOMPARE(Contar(copias.filePath(u"Morvex.mdb"_s), u"1"_s), Contar(s.Base(), u"1"_s));
     }
 
+    void um_alvo_que_o_ficheiro_nao_guarda_inteiro_recusa_se_antes_da_copia()
+    {
+        Copia c;
+        const QString pasta = c.s.Pasta() + u'/' + QString(200, u'a') + u'/' + QString(100, u'b') + u'/';
+        QVERIFY(QDir().mkpath(pasta));
+        c.s.caixas.Espera_Qualquer(16, u"Morvex"_s);
+        Comecar(c.form, pasta);
+        QVERIFY(c.s.caixas.Todas_Vistas());
+        QVERIFY(QDir(pasta).isEmpty());
+        QVERIFY(c.Ligada());
+        QCOMPARE(c.Guardado(), QString());
+    }
+
     // A letter tells each change that a backup makes to a file.
     void morto_em_qualquer_mudanca_a_base_viva_fica_inteira()
     {

@@ -49,6 +49,28 @@ struct PorArrancar {
     Main janela{s.geral, s.plataforma};
 };
 
+// A start over an installation whose database was moved, and what its user does about it.
+struct Mudada {
+    explicit Mudada(bool com_ana = false)
+    {
+        if (com_ana) s.Novo_Utilizador(u"Ana"_s, u"segredo"_s);
+        if (!QDir().mkpath(s.Ficheiro(u"mudança"_s)) || !QFile::rename(s.Base(), Onde()))
+            qFatal("the database cannot be moved");
+    }
+    QString Onde() const { return s.Ficheiro(u"mudança/Łódź.mdb"_s); }
+    void Espera_Oferta(int resposta)
+    {
+        s.caixas.Espera(u"The database was not found:\r\n"_s + s.Base() +
+                            u"\r\n\r\nDo you want to choose the file where it is now?"_s,
+                        52, u"Morvex"_s, resposta);
+    }
+    QString Caminho_Guardado() { return s.geral.ini.Ler_Ini(u"basedados"_s, u"caminhobd"_s); }
+
+    Sistema s;
+    Geral nova{s.Pasta()};
+    Main janela{nova, s.plataforma};
+};
+
 QWidget *frmLoading_A_Vista()
 {
     for (QWidget *janela : QApplication::topLevelWidgets())
@@ -361,6 +383,76 @@ private Q_SLOTS:
         QVERIFY(p.s.processo.Terminou());
     }
 
+    void com_a_base_noutro_lugar_o_ficheiro_escolhido_serve_e_fica_guardado()
+    {
+        Mudada m;
+        m.Espera_Oferta(answer::yes);
+        m.s.dialogos.textos << m.Onde();
+        m.janela.Carregar();
+        QVERIFY(m.s.caixas.Todas_Vistas());
+        QCOMPARE(m.s.dialogos.perguntas, QStringList{u"openFile Databases|*.mdb @ "_s + m.s.Pasta()});
+        QVERIFY(m.janela.isVisible() && !m.s.processo.Terminou());
+        QCOMPARE(m.nova.IdiomaActual, u"PortuguesPT"_s);
+        QCOMPARE(m.nova.CaminhoBD, m.Onde());
+        QCOMPARE(m.Caminho_Guardado(), m.Onde());
+        QVERIFY(m.janela.ListaNomes->ListCount() > 0);
+
+        Geral proximo(m.s.Pasta()); // asks nothing any more
+        Main outra(proximo, m.s.plataforma);
+        outra.Carregar();
+        QCOMPARE(proximo.CaminhoBD, m.Onde());
+        QVERIFY(outra.isVisible());
+    }
+
+    void com_a_base_noutro_lugar_quem_tem_senha_entra()
+    {
+        Mudada m(true);
+        m.Espera_Oferta(answer::yes);
+        m.s.dialogos.textos << m.Onde();
+        PorArrancar::Entrar_Como_Ana();
+        m.janela.Carregar();
+        QCOMPARE(m.nova.SessaoActual.Utilizador, u"Ana"_s);
+        QVERIFY(m.janela.isVisible());
+    }
+
+    // A change of mind, a file that is no database, and one whose path would be cut short.
+    void o_que_nao_serve_nao_se_guarda_e_pergunta_se_outra_vez()
+    {
+        Mudada m;
+        const QString texto = m.s.Ficheiro(u"leiame.txt"_s);
+        const QString longo = u'/' + QString(254, u'x');
+        m.Espera_Oferta(answer::yes);
+        m.s.dialogos.textos << std::nullopt;
+        m.Espera_Oferta(answer::yes);
+        m.s.dialogos.textos << texto;
+        m.s.caixas.Espera_Erro(Failure::StoreError);
+        m.Espera_Oferta(answer::yes);
+        m.s.dialogos.textos << longo;
+        m.s.caixas.Espera_Qualquer(16, u"Morvex"_s);
+        m.Espera_Oferta(answer::yes);
+        m.s.dialogos.textos << m.Onde();
+        m.janela.Carregar();
+        QVERIFY(m.s.caixas.Todas_Vistas());
+        QCOMPARE(m.Caminho_Guardado(), m.Onde());
+        QVERIFY(m.janela.isVisible());
+    }
+
+    void recusada_a_oferta_vem_o_login_e_o_caminho_fica()
+    {
+        Mudada m;
+        bool login = false;
+        m.Espera_Oferta(answer::no);
+        accoes::Quando_Abrir<frmLogin>([&](frmLogin &form) {
+            login = m.s.caixas.Todas_Vistas(); // the offer came first
+            form.close();
+        });
+        m.janela.Carregar();
+        QVERIFY(login);
+        QVERIFY(m.s.processo.Terminou());
+        QCOMPARE(m.Caminho_Guardado(), m.s.Base());
+        QVERIFY(m.s.dialogos.perguntas.isEmpty());
+    }
+
     void com_a_base_desaparecida_o_login_aparece_e_a_sua_confirmacao_termina_o_processo_data()
     {
         QTest::addColumn<QByteArray>("bytes");
@@ -375,6 +467,8 @@ private Q_SLOTS:
         if (!bytes.isEmpty()) QVERIFY(base.open(QIODevice::WriteOnly) && base.write(bytes) == bytes.size());
         base.close();
         bool terminou = false;
+        if (bytes.isEmpty())
+            p.s.caixas.Espera_Qualquer(52, u"Morvex"_s); // answered as if by an Ok, which is no
         p.s.caixas.Espera_Erro(Failure::StoreError);
         accoes::Quando_Abrir<frmLogin>([&](frmLogin &form) {
             form.txtUser->setText(u"Ana"_s);

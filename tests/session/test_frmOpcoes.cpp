@@ -1045,6 +1045,58 @@ private Q_SLOTS:
         Comparar_Os_Do_Utilizador(g);
     }
 
+    void um_valor_que_o_ficheiro_nao_guarda_inteiro_recusa_se_e_nada_se_escreve_data()
+    {
+        QTest::addColumn<QString>("controlo");
+        QTest::addColumn<int>("separador");
+        QTest::newRow("caminho") << u"txtCaminho"_s << 3;
+        QTest::newRow("dias") << u"comboAniversario"_s << 1;
+        QTest::newRow("minutos") << u"ComboMailNotification"_s << 6;
+        QTest::newRow("fonte") << u"txtMemo"_s << 2;
+        QTest::newRow("som do correio") << u"SomEmail"_s << 7;
+        QTest::newRow("som da tarefa") << u"SomTarefa"_s << 7;
+    }
+    void um_valor_que_o_ficheiro_nao_guarda_inteiro_recusa_se_e_nada_se_escreve()
+    {
+        QFETCH(QString, controlo);
+        QFETCH(int, separador);
+        Cenario c;
+        frmOpcoes &form = c.Mostrar();
+        Mudar_Tudo(c, form);
+        const QString valor(255, u'ł');
+        if (controlo == "SomEmail"_L1)
+            c.s.geral.SomEmail = valor;
+        else if (controlo == "SomTarefa"_L1)
+            c.s.geral.SomTarefa = valor;
+        else if (controlo == "txtMemo"_L1)
+            form.txtMemo->setFont(QFont(valor));
+        else if (auto *combo = form.findChild<QComboBox *>(controlo))
+            combo->setCurrentText(valor);
+        else
+            form.findChild<QLineEdit *>(controlo)->setText(valor);
+        const QStringList ini = c.Linhas_Do_Ini();
+        const QStringList config = c.s.Linhas(u"SELECT * FROM TblConfig"_s);
+        c.s.caixas.Espera(u"Este valor tem 255 caracteres, e o programa só guarda até 254. Escolha um mais "
+                          "curto. Nada foi gravado.\r\n\r\n"_s +
+                              valor,
+                          16, u"Morvex"_s);
+        form.cmdOk->click();
+        QVERIFY(c.s.caixas.Todas_Vistas());
+        QVERIFY(form.isVisible());
+        QCOMPARE(form.tbsOptions->currentIndex(), separador);
+        QCOMPARE(c.Linhas_Do_Ini(), ini);
+        QCOMPARE(c.s.Linhas(u"SELECT * FROM TblConfig"_s), config);
+    }
+
+    void um_caminho_de_254_letras_guarda_se_inteiro()
+    {
+        Cenario c;
+        frmOpcoes &form = c.Mostrar();
+        form.txtCaminho->setText(QString(254, u'ł'));
+        form.cmdOk->click();
+        QCOMPARE(c.Ini(u"basedados"_s, u"caminhobd"_s), QString(254, u'ł'));
+    }
+
     void sem_login_tudo_volta_no_proximo_arranque()
     {
         Cenario c;
