@@ -14,7 +14,6 @@
 
 #include <limits>
 #include <QAction>
-#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -106,8 +105,7 @@ void CartaoContacto::Mostrar_Card()
         geral_.temporizadores.TimerStatusOfContact.setEnabled(false);
         geral_.temporizadores.TimerStatusOfContact.setEnabled(true);
     } catch (const Failure &) {
-        platform_.boxes.show(geral_.Ler_Idioma(texto_erro_no_cartao), box::stop,
-                             QApplication::applicationDisplayName(), &janela_);
+        platform_.boxes.show(geral_.Ler_Idioma(texto_erro_no_cartao), box::stop, &janela_);
         return;
     }
 

@@ -109,7 +109,7 @@ struct ComGrupos : ComJanela {
         janela.setWindowTitle(QStringLiteral("Morvex 1.0 Ana"));
         QVERIFY(entrada.isEnabled());
         s.geral.SessaoActual.Grupos = false;
-        s.caixas.Espera(s.Texto(102), 16, QStringLiteral("Morvex 1.0 Ana"));
+        s.caixas.Espera(s.Texto(102), 16, QStringLiteral("Morvex"));
         entrada.trigger();
         QVERIFY(s.caixas.Todas_Vistas());
 

@@ -84,7 +84,7 @@ private Q_SLOTS:
         p.Carregar({u"Ana"_s, u"Berta"_s});
         p.janela.ListaNomes->setListIndex(0);
         p.s.geral.SessaoActual.Eliminar = false;
-        p.s.caixas.Espera(p.s.Texto(102), 16, u"Morvex 1.0"_s);
+        p.s.caixas.Espera(p.s.Texto(102), 16, u"Morvex"_s);
         gesto(p);
         QVERIFY(p.s.caixas.Todas_Vistas());
         QCOMPARE(p.Nomes_Guardados(), (QStringList{u"Ana"_s, u"Berta"_s}));

@@ -125,7 +125,7 @@ private Q_SLOTS:
         e.s.geral.ModoContacto = u"antes"_s;
         QSignalSpy correio(&e.s.geral.temporizadores, &Temporizadores::IniciarMail);
         const QStringList antes = e.s.Linhas(u"SELECT * FROM TblLista"_s);
-        e.s.caixas.Espera(e.s.Texto(102), 16, e.janela.windowTitle());
+        e.s.caixas.Espera(e.s.Texto(102), 16, u"Morvex"_s);
         Tentar(caminho, e);
         QVERIFY(e.s.caixas.Todas_Vistas());
         QCOMPARE(e.s.geral.ModoContacto, u"antes"_s);

@@ -279,7 +279,7 @@ private Q_SLOTS:
     void sem_direito_a_utilizadores_o_botao_de_criar_um_recusa()
     {
         ComGrupos g;
-        criacao_de_utilizador::Verificar_Recusa<frmEditGroup>(g, *g.janela.EditarGrupos, 122);
+        criacao_de_utilizador::Verificar_Recusa<frmEditGroup>(g, *g.janela.EditarGrupos);
     }
 
     void criar_primeiro_o_dono_e_voltar_a_opcao_que_estava()

@@ -221,7 +221,7 @@ private Q_SLOTS:
         Entrar(c, true, caminho.direito);
         const QStringList antes = Retrato(c.s);
         const Porteiro porteiro;
-        c.s.caixas.Espera(c.s.Texto(102), 16, u"Morvex 1.0 Ana"_s);
+        c.s.caixas.Espera(c.s.Texto(102), 16, u"Morvex"_s);
         caminho.ir(c);
         QVERIFY(c.s.caixas.Todas_Vistas());
         QCOMPARE(porteiro.formularios, 0);
