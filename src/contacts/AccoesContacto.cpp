@@ -74,8 +74,7 @@ bool AccoesContacto::Confirma_Eliminar()
 {
     const QString pergunta =
         geral_.Ler_Idioma(texto_deseja_eliminar) + u' ' + ListaNomes.List(geral_.IndiceContacto) + u'?';
-    return platform_.boxes.show(pergunta, box::question | box::yesNo, janela_.windowTitle(), &janela_) ==
-           answer::yes;
+    return platform_.boxes.show(pergunta, box::question | box::yesNo, &janela_) == answer::yes;
 }
 
 void AccoesContacto::Email_Click()

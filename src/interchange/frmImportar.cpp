@@ -91,7 +91,7 @@ void frmImportar::Falhar(const QString &caminho)
 {
     endOnFailure(platform_.boxes, platform_.process, [&] {
         intercambio_.De2().Fechar_cn();
-        platform_.boxes.show(geral_.Ler_Idioma(87) + u"\r\n"_s + caminho, box::stop, windowTitle(),
+        platform_.boxes.show(geral_.Ler_Idioma(87) + u"\r\n"_s + caminho, box::stop,
                              isVisible() ? this : &janela_);
     });
 }

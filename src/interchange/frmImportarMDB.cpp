@@ -75,6 +75,6 @@ void frmImportarMDB::cmdSeguinte_Click()
     ProgressBar1->show();
     fusao.Correr();
     platform_.boxes.show(fusao.Relatorio() + geral_.Ler_Idioma(231) + u"\r\n"_s + geral_.Ler_Idioma(235),
-                         box::exclamation, windowTitle(), this);
+                         box::exclamation, this);
     platform_.process.end();
 }

@@ -17,7 +17,7 @@ class TestFrmEditGroup : public QObject
     static void Esperar_Aviso_De_Dono(ComGrupos &g, const QString &grupo, const QString &utilizador)
     {
         g.s.caixas.Espera(g.s.Texto(262) + u' ' + grupo + u' ' + g.s.Texto(263) + u' ' + utilizador, 48,
-                          g.s.Texto(122));
+                          u"Morvex"_s);
     }
 
 private Q_SLOTS:
@@ -147,7 +147,7 @@ private Q_SLOTS:
         const ComGrupos::Intactos intactos(g);
         frmEditGroup form(g.s.geral, g.s.plataforma, g.lista);
         form.OptionMover->click();
-        g.Ouvir(form, 120, 122);
+        g.Ouvir(form, 120);
     }
 
     void mover_leva_os_contactos_e_deixa_o_grupo_vazio()
