@@ -447,6 +447,7 @@ private Q_SLOTS:
             idioma.cmdPT->click();
         });
         janela.Carregar();
+        QCOMPARE(s.geral.CaminhoBD, s.Base());
         QTemporaryDir copias;
         frmBackup form(s.geral, s.plataforma);
         s.caixas.Espera(s.Texto(255), 64, u"Morvex"_s);
