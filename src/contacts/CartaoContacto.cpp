@@ -14,7 +14,6 @@
 #include <algorithm>
 #include <limits>
 #include <QAction>
-#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -84,8 +83,7 @@ void CartaoContacto::Mostrar_Card()
         geral_.temporizadores.TimerStatusOfContact.setEnabled(true);
     } catch (const Failure &) {
         Permitir_Editar_E_Eliminar(encontrado); // in the editor what the card stumbled over can be mended
-        platform_.boxes.show(geral_.Ler_Idioma(texto_erro_no_cartao), box::stop,
-                             QApplication::applicationDisplayName(), &janela_);
+        platform_.boxes.show(geral_.Ler_Idioma(texto_erro_no_cartao), box::stop, &janela_);
         return;
     }
 

@@ -6,6 +6,7 @@
 #include "contacts/Preencher_Grupos.h"
 #include "data/Geral.h"
 #include "data/Idiomas.h"
+#include "data/ValorLongo.h"
 #include "platform/Controls.h"
 #include "platform/Failure.h"
 #include "platform/Picture.h"
@@ -61,7 +62,7 @@ frmAddEdit::frmAddEdit(QWidget &janela, Geral &geral, Platform &platform, ListaC
 bool frmAddEdit::Carregar()
 {
     if (control<ComboBox>(janela_, u"ComboGrupos"_s).ListCount() == 0) {
-        platform_.boxes.show(u"Nehum grupo criado"_s, box::exclamation, windowTitle(), this);
+        platform_.boxes.show(u"Nehum grupo criado"_s, box::exclamation, this);
         Q_EMIT Sem_Grupos();
         return false;
     }
@@ -168,7 +169,9 @@ void frmAddEdit::cmd_foto_Click()
     const auto FileName =
         platform_.dialogs.openFile(Filtro(geral_.Ler_Idioma(1)), geral_.UltimaPastaFotos, this);
     if (!FileName) return;
-    geral_.UltimaPastaFotos = Pasta_Do_Ficheiro(*FileName);
+    const QString pasta = Pasta_Do_Ficheiro(*FileName);
+    if (!Cabe_No_Ini(pasta)) return Recusar_Valor_Longo(pasta, geral_, platform_, this);
+    geral_.UltimaPastaFotos = pasta;
     geral_.ini.Escrever_Ini(u"fotografias"_s, u"lastpathpic"_s, geral_.UltimaPastaFotos);
     txtFotografia->setText(*FileName);
     onFailure(
@@ -184,7 +187,7 @@ void frmAddEdit::cmd_foto_Click()
 void frmAddEdit::cmdOk_Click()
 {
     if (ComboGrupos->ListCount() == 0) {
-        platform_.boxes.show(u"nenhum grupo criado."_s, box::exclamation, windowTitle(), this);
+        platform_.boxes.show(u"nenhum grupo criado."_s, box::exclamation, this);
         reject();
         Q_EMIT Sem_Grupos();
         return;
@@ -198,7 +201,7 @@ void frmAddEdit::cmdOk_Click()
 
 void frmAddEdit::Recusar_Data()
 {
-    platform_.boxes.show(geral_.Ler_Idioma(232), box::stop, windowTitle(), this);
+    platform_.boxes.show(geral_.Ler_Idioma(232), box::stop, this);
     datas_->Esvaziar();
 }
 

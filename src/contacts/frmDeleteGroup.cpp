@@ -57,7 +57,4 @@ bool frmDeleteGroup::Tratar_Dos_Contactos(const QString &grupo)
     return true;
 }
 
-void frmDeleteGroup::Dizer(qint16 texto)
-{
-    platform_.boxes.show(geral_.Ler_Idioma(texto), box::stop, windowTitle(), this);
-}
+void frmDeleteGroup::Dizer(qint16 texto) { platform_.boxes.show(geral_.Ler_Idioma(texto), box::stop, this); }

@@ -3,7 +3,6 @@
 #include "data/Esquema.h"
 #include "data/IndiceDosNomes.h"
 #include "platform/Failure.h"
-#include "platform/ProgramFolder.h"
 #include "platform/store/CleanCopy.h"
 
 #include <algorithm>
@@ -72,7 +71,7 @@ std::vector<StoreValue> Converter(const Instrucao &instrucao, std::initializer_l
 }
 } // namespace
 
-DE::DE(QString &CaminhoBD, QString pasta) : CaminhoBD_(CaminhoBD), pasta_(std::move(pasta)) {}
+DE::DE(QString &CaminhoBD, QString pasta) : base_(CaminhoBD, std::move(pasta)) {}
 
 Recordset &DE::Abrir(ComandoComLinhas comando, std::initializer_list<Value> parametros)
 {
@@ -117,10 +116,9 @@ void DE::Reabrir_Ligacao() { ligacao_.Open(); }
 Connection &DE::Ligacao()
 {
     if (ligacao_.isOpen()) return ligacao_;
-    if (CaminhoBD_.isEmpty()) CaminhoBD_ = fileIn(pasta_, QStringLiteral("morvex.mdb"));
     ligacao_.setConnectionString(
-        QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source= '") + CaminhoBD_ + QStringLiteral("'") +
-        QStringLiteral(";Jet OLEDB:Encrypt Database=True;Persist Security Info=False"));
+        QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source= '") + base_.Fixar() +
+        QStringLiteral("'") + QStringLiteral(";Jet OLEDB:Encrypt Database=True;Persist Security Info=False"));
     ligacao_.Open();
     skipFailure([this] { Cuidar_Do_Indice(ligacao_); }); // without it all is as before, and slower
     return ligacao_;

@@ -1,32 +1,36 @@
-// The one connection to morvex.mdb and the named commands over it. Comes to life at the first command and lives
-// until the process ends.
+// The one connection to morvex.mdb and the named commands over it. Comes to life at the first command and
+// lives until the process ends.
 #pragma once
 
+#include "data/CaminhoDaBase.h"
 #include "data/Comandos.h"
 #include "platform/store/Connection.h"
 
-#include <QString>
 #include <array>
 #include <functional>
 #include <initializer_list>
+#include <QString>
 
 class DE
 {
 public:
-    // The path is the process-wide CaminhoBD, read when the connection is made. If it is empty then, it becomes
-    // the file morvex.mdb in that folder.
+    // The path is the process-wide CaminhoBD, read when the connection is made. If it is empty then, it
+    // becomes the file morvex.mdb in that folder (see CaminhoDaBase).
     DE(QString &CaminhoBD, QString pasta);
 
-    // Runs a command that returns rows: closes its recordset if an earlier caller left it open, and opens it on
-    // the first row. The recordset belongs to DE; whoever opened it closes it. Raises Failure for a parameter
-    // that does not fit its column and for whatever the store refuses.
+    // Which file it is.
+    CaminhoDaBase &Base() { return base_; }
+
+    // Runs a command that returns rows: closes its recordset if an earlier caller left it open, and opens it
+    // on the first row. The recordset belongs to DE; whoever opened it closes it. Raises Failure for a
+    // parameter that does not fit its column and for whatever the store refuses.
     Recordset &Abrir(ComandoComLinhas comando, std::initializer_list<Value> parametros = {});
 
     // Runs a command that writes. What it did is in the file when it returns.
     void Executar(ComandoSemLinhas comando, std::initializer_list<Value> parametros = {});
 
-    // Runs that with the writes of its commands gathered: they cost a fraction, and all that were done are in the
-    // file when this returns or raises.
+    // Runs that with the writes of its commands gathered: they cost a fraction, and all that were done are in
+    // the file when this returns or raises.
     void Juntar(const std::function<void()> &trabalho);
 
     // Tries whether the database takes a write, and takes it back. Raises Failure where it takes none.
@@ -49,8 +53,8 @@ public:
     // Another one once the database was changed, by this program or by another one.
     Connection::Mark Marca() { return Ligacao().mark(); }
 
-    // Closes the connection, and with it every recordset, so that the file can be copied; and opens it again with
-    // the connection string that it has. Between the two no command runs.
+    // Closes the connection, and with it every recordset, so that the file can be copied; and opens it again
+    // with the connection string that it has. Between the two no command runs.
     void Fechar_Ligacao();
     void Reabrir_Ligacao();
 
@@ -60,8 +64,7 @@ public:
 private:
     Connection &Ligacao();
 
-    QString &CaminhoBD_;
-    QString pasta_;
+    CaminhoDaBase base_;
     Connection ligacao_;
     std::array<Recordset, comandos::catalogo.size()> conjuntos_;
 };

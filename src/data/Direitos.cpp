@@ -7,6 +7,6 @@
 
 bool Tem_Direito(bool direito, Geral &geral, Platform &platform, QWidget *dono)
 {
-    if (!direito) platform.boxes.show(geral.Ler_Idioma(102), box::stop, dono->windowTitle(), dono);
+    if (!direito) platform.boxes.show(geral.Ler_Idioma(102), box::stop, dono);
     return direito;
 }

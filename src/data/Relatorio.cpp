@@ -7,8 +7,7 @@ using namespace Qt::StringLiterals;
 
 void relatorio::Indicar_Base(Geral &geral, ReportControl &controlo)
 {
-    if (geral.CaminhoBD.isEmpty()) geral.CaminhoBD = geral.Ficheiro(u"morvex.mdb"_s);
-    Indicar_Base(geral.CaminhoBD, controlo);
+    Indicar_Base(geral.de.Base().Fixar(), controlo);
 }
 
 void relatorio::Indicar_Base(const QString &caminho, ReportControl &controlo)

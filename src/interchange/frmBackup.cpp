@@ -1,6 +1,7 @@
 #include "interchange/frmBackup.h"
 
 #include "data/Geral.h"
+#include "data/ValorLongo.h"
 #include "platform/Controls.h"
 #include "platform/Failure.h"
 #include "platform/Platform.h"
@@ -68,9 +69,11 @@ void frmBackup::cmdIniciar_Click()
 {
     Apagar_Copia_De_Trabalho();
     if (txtCaminhoBackup->text().isEmpty()) {
-        platform_.boxes.show(geral_.Ler_Idioma(253), box::stop, windowTitle(), this);
+        platform_.boxes.show(geral_.Ler_Idioma(253), box::stop, this);
         return;
     }
+    if (const QString pasta = txtCaminhoBackup->text(); !Cabe_No_Ini(pasta))
+        return Recusar_Valor_Longo(pasta, geral_, platform_, this);
     geral_.de.Fechar_Ligacao();
     onFailure([this] { Copiar(); }, [this](const Failure &falha) { Mostrar_Falha(falha); });
 }
@@ -79,9 +82,9 @@ void frmBackup::Copiar()
 {
     ProgressBar1->show();
     ProgressBar1->setValue(10); // which paints it at once, here and below
-    compactDatabase(geral_.CaminhoBD, Copia_De_Trabalho());
+    compactDatabase(geral_.de.Base().Caminho(), Copia_De_Trabalho());
     ProgressBar1->setValue(50);
-    if (isSameFile(geral_.CaminhoBD, Alvo()))
+    if (isSameFile(geral_.de.Base().Caminho(), Alvo()))
         throw Failure(Failure::PathFileAccess, Alvo(), u"Source and target are one file: %1"_s.arg(Alvo()));
     copyOver(Copia_De_Trabalho(), Alvo());
     ProgressBar1->setValue(90);
@@ -89,7 +92,7 @@ void frmBackup::Copiar()
     ProgressBar1->setValue(100);
     ProgressBar1->hide();
     geral_.de.Reabrir_Ligacao();
-    platform_.boxes.show(geral_.Ler_Idioma(255), box::information, windowTitle(), this);
+    platform_.boxes.show(geral_.Ler_Idioma(255), box::information, this);
     geral_.ini.Escrever_Ini(seccao, chave, txtCaminhoBackup->text());
 }
 

@@ -1,7 +1,10 @@
 #include "platform/Failure.h"
 
-Failure::Failure(int number, QString source, QString description)
-    : number_(number), source_(std::move(source)), description_(std::move(description)),
+Failure::Failure(int number, QString source, QString description, Kind kind)
+    : number_(number),
+      source_(std::move(source)),
+      description_(std::move(description)),
+      kind_(kind),
       what_(QStringLiteral("%1 (%2): %3").arg(number_).arg(source_, description_).toUtf8())
 {
 }

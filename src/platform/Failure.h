@@ -2,9 +2,9 @@
 // A handler without one of these helpers has no protection: its failure ends the running event.
 #pragma once
 
-#include <QString>
 #include <exception>
 #include <functional>
+#include <QString>
 
 // An error of the running program as a person may read it: number, where it arose, what happened.
 class Failure : public std::exception
@@ -25,17 +25,31 @@ public:
         StoreError = -2147467259,
     };
 
-    Failure(int number, QString source, QString description);
+    // What the person before the screen can do something about; all the rest is Other.
+    enum class Kind {
+        Other,
+        DatabaseMissing,
+        DatabaseLocked,    // somebody else works with it
+        DatabaseReadOnly,  // the file, its folder or its disk takes no writes
+        DatabaseForbidden, // it is there and cannot be opened
+        DatabaseDamaged,   // or none at all
+        DatabaseNewer,     // written in a way that this program does not know yet
+        DiskFull,
+    };
+
+    Failure(int number, QString source, QString description, Kind kind = Kind::Other);
 
     int number() const { return number_; }
     const QString &source() const { return source_; }
     const QString &description() const { return description_; }
+    Kind kind() const { return kind_; }
     const char *what() const noexcept override { return what_.constData(); }
 
 private:
     int number_;
     QString source_;
     QString description_;
+    Kind kind_;
     QByteArray what_;
 };
 

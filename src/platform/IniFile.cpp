@@ -11,6 +11,21 @@
 namespace
 {
 constexpr char codePage[] = "windows-1252";
+constexpr char utf8Mark[] = "\xef\xbb\xbf";
+
+QString decoded(const QByteArray &bytes)
+{
+    if (bytes.startsWith(utf8Mark))
+        return QString::fromUtf8(QByteArrayView(bytes).sliced(std::size(utf8Mark) - 1));
+    return QStringDecoder(codePage)(bytes);
+}
+
+// In the code page, where what reads it back is the same text.
+QByteArray encoded(const QString &text)
+{
+    const QByteArray bytes = QStringEncoder(codePage)(text);
+    return decoded(bytes) == text ? bytes : utf8Mark + text.toUtf8();
+}
 
 // The file as lines without their ends; an absent file has none. Nothing for a file that cannot be read.
 std::optional<QStringList> linesOf(const QString &path)
@@ -18,7 +33,7 @@ std::optional<QStringList> linesOf(const QString &path)
     QFile file(path);
     if (!file.exists()) return QStringList();
     if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
-    QString text = QStringDecoder(codePage)(file.readAll());
+    QString text = decoded(file.readAll());
     text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
     if (text.endsWith(u'\n')) text.chop(1);
     return text.isEmpty() ? QStringList() : text.split(u'\n');
@@ -80,14 +95,6 @@ std::optional<qsizetype> findKey(const QStringList &lines, Range range, QStringV
         if (entry && equalNames(entry->key, key)) return i;
     }
     return std::nullopt;
-}
-
-// What the code page doesn't hold becomes a question mark; the encoder itself puts a control character there.
-QByteArray encoded(const QString &text)
-{
-    constexpr char substitute = '\x1a';
-    const QByteArray bytes = QStringEncoder(codePage)(text);
-    return QByteArray(bytes).replace(substitute, '?');
 }
 
 QString oneLine(QString value) { return value.replace(u'\r', u' ').replace(u'\n', u' '); }

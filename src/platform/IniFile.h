@@ -1,6 +1,7 @@
-// An initialisation file of sections and key=value lines, in the code page 1252, by the operating system's
-// reading rules: sections and keys in any case, blanks round both trimmed, one pair of quotes round a value
-// dropped, the first of two equal keys wins. Comments and unknown lines survive every write.
+// An initialisation file of sections and key=value lines, in the code page 1252, or in UTF-8 with a mark at
+// its beginning as long as a letter in it needs that, by the operating system's reading rules: sections and
+// keys in any case, blanks round both trimmed, one pair of quotes round a value dropped, the first of two
+// equal keys wins. Comments and unknown lines survive every write.
 #pragma once
 
 #include <QString>

@@ -1,6 +1,8 @@
 #include "platform/MessageBoxes.h"
 
+#include "platform/ErrorText.h"
 #include "platform/Failure.h"
+#include "platform/Translations.h"
 
 #include <QApplication>
 #include <QGridLayout>
@@ -17,12 +19,35 @@ constexpr int buttonMask = 0x0f;
 QMessageBox::Icon iconOf(int flags)
 {
     switch (flags & iconMask) {
-    case box::stop: return QMessageBox::Critical;
-    case box::question: return QMessageBox::Question;
-    case box::exclamation: return QMessageBox::Warning;
-    case box::information: return QMessageBox::Information;
-    default: return QMessageBox::NoIcon;
+    case box::stop:
+        return QMessageBox::Critical;
+    case box::question:
+        return QMessageBox::Question;
+    case box::exclamation:
+        return QMessageBox::Warning;
+    case box::information:
+        return QMessageBox::Information;
+    default:
+        return QMessageBox::NoIcon;
     }
+}
+
+void dress(QMessageBox &box, const QString &text, int flags, const QString &title)
+{
+    box.setIcon(iconOf(flags));
+    box.setWindowTitle(title);
+    box.setTextFormat(Qt::PlainText); // a contact's name is never markup
+    box.setText(text);
+}
+
+void showInSmall(QLabel *label)
+{
+    if (label == nullptr) return;
+    constexpr int smaller = 2; // pixels
+    QFont letters = label->font();
+    letters.setPixelSize(letters.pixelSize() - smaller);
+    label->setFont(letters);
+    label->setTextFormat(Qt::PlainText);
 }
 
 // The report of a merge can have a line for each of thousands of rows. A text too tall for the screen
@@ -54,13 +79,19 @@ void keepButtonsOnScreen(QMessageBox &box)
 }
 } // namespace
 
+int MessageBoxes::show(const QString &text, int flags, QWidget *owner)
+{
+    return show(text, flags, QApplication::applicationDisplayName(), owner);
+}
+
+DesktopMessageBoxes::DesktopMessageBoxes() : language_([] { return QString(); }) {}
+
+void DesktopMessageBoxes::setLanguage(std::function<QString()> language) { language_ = std::move(language); }
+
 int DesktopMessageBoxes::show(const QString &text, int flags, const QString &title, QWidget *owner)
 {
     QMessageBox box(owner);
-    box.setIcon(iconOf(flags));
-    box.setWindowTitle(title);
-    box.setTextFormat(Qt::PlainText); // a contact's name is never markup
-    box.setText(text);
+    dress(box, text, flags, title);
     keepButtonsOnScreen(box);
     if ((flags & buttonMask) != box::yesNo) {
         box.exec();
@@ -74,6 +105,10 @@ int DesktopMessageBoxes::show(const QString &text, int flags, const QString &tit
 
 void DesktopMessageBoxes::showError(const Failure &failure)
 {
-    show(QStringLiteral("%1\n\n%2").arg(failure.number()).arg(failure.description()), box::stop,
-         QApplication::applicationDisplayName(), nullptr);
+    const ErrorText text = errorText(failure, spokenLanguage(language_()));
+    QMessageBox box;
+    dress(box, text.words, box::stop, QApplication::applicationDisplayName());
+    box.setInformativeText(text.details);
+    showInSmall(box.findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel")));
+    box.exec();
 }

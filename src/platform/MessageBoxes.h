@@ -1,6 +1,8 @@
 // Message boxes, by the numbers that the program's messages carry.
 #pragma once
 
+#include <functional>
+
 class Failure;
 class QString;
 class QWidget;
@@ -33,13 +35,25 @@ public:
     // that is closed without an answer counts as no.
     virtual int show(const QString &text, int flags, const QString &title, QWidget *owner) = 0;
 
-    // The error box: number and description of a failure that nobody caught.
+    // A box without a title of its own bears the program's name.
+    int show(const QString &text, int flags, QWidget *owner);
+
+    // The error box of a failure that nobody caught.
     virtual void showError(const Failure &failure) = 0;
 };
 
 class DesktopMessageBoxes final : public MessageBoxes
 {
 public:
+    DesktopMessageBoxes();
+
+    // Where the words of errors find the name of the active language. Until it is told, and while none is
+    // active, they are in the desktop's.
+    void setLanguage(std::function<QString()> language);
+
     int show(const QString &text, int flags, const QString &title, QWidget *owner) override;
     void showError(const Failure &failure) override;
+
+private:
+    std::function<QString()> language_;
 };

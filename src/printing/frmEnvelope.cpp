@@ -86,9 +86,7 @@ void frmEnvelope::Alimentacao_Click(const QString &escolhida)
 void frmEnvelope::cmdImprimir_Click()
 {
     CrystalReport1.setReportFileName(geral_.Ficheiro(geral_.AlimentacaoEnvelopes + u".rpt"_s));
-    const bool sem_caminho = geral_.CaminhoBD.isEmpty();
-    relatorio::Indicar_Base(sem_caminho ? geral_.Ficheiro(u"morvex.mdb"_s) : geral_.CaminhoBD,
-                            CrystalReport1);
+    relatorio::Indicar_Base(geral_.de.Base().Caminho(), CrystalReport1);
     CrystalReport1.ReplaceSelectionFormula({});
     CrystalReport1.ReplaceSelectionFormula(relatorio::Seleccao_Do_Contacto(geral_.IDContacto));
     relatorio::Pre_Visualizar(withoutMnemonic(geral_.Ler_Idioma(77)), CrystalReport1);

@@ -5,8 +5,6 @@
 #include "platform/Platform.h"
 #include "reminders/Momento.h"
 
-#include <QApplication>
-
 using namespace Qt::StringLiterals;
 
 frmAddEditTarefa::frmAddEditTarefa(Geral &geral, Platform &platform, QWidget &janela, QWidget *dono)
@@ -77,7 +75,7 @@ bool frmAddEditTarefa::eventFilter(QObject *observado, QEvent *evento)
 void frmAddEditTarefa::cmdOk_Click()
 {
     if (Ja_Passou()) {
-        platform_.boxes.show(geral_.Ler_Idioma(170), box::stop, QApplication::applicationDisplayName(), this);
+        platform_.boxes.show(geral_.Ler_Idioma(170), box::stop, this);
         DataTarefa->setFocus();
         return;
     }

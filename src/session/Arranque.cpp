@@ -13,6 +13,7 @@
 #include "platform/Platform.h"
 #include "platform/ToolkitLanguage.h"
 #include "reminders/Lembretes.h"
+#include "session/BaseDesaparecida.h"
 #include "session/frmLoading.h"
 #include "session/frmLogin.h"
 #include "session/frmOpcoes.h"
@@ -103,7 +104,7 @@ void Arranque::Ler_Configuracao()
     g.MemoFontBold = ler(u"memos", u"fontbold");
     g.MemoFontItalic = ler(u"memos", u"fontitalic");
     g.MemoCorFundo = ler(u"memos", u"corfundo");
-    g.CaminhoBD = ler(u"basedados", u"caminhobd");
+    g.de.Base().Tomar(ler(u"basedados", u"caminhobd"));
     g.AvisoNovaVersao = ler(u"novaversao", u"aviso");
     ler_inteiro(u"emailnotify", u"activo", g.EmailNotifyActivo);
     ler_inteiro(u"emailnotify", u"minutos", g.EmailNotifyMinutos);
@@ -112,8 +113,10 @@ void Arranque::Ler_Configuracao()
     g.SomTarefa = ler(u"som", u"tarefa");
 }
 
+// The first use of the database, but for a first run.
 void Arranque::Ler_TblConfig()
 {
+    base_desaparecida::Procurar(geral_, platform_);
     Recordset &rs = geral_.de.Abrir("cmdVerConfig");
     Copiar(rs, "Idioma", geral_.IdiomaActual);
     Copiar(rs, "Versao", geral_.VersaoBD);
@@ -127,12 +130,11 @@ void Arranque::Ler_TblConfig()
 
 void Arranque::Iniciar_Sessao()
 {
-    if (Ha_Utilizadores()) {
+    if (Ha_Utilizadores())
         frmLogin(geral_, platform_).exec();
-        Ler_Configuracao_Do_Utilizador();
-    } else {
+    else
         Dar_Todos_Os_Direitos();
-    }
+    Ler_Configuracao_Do_Utilizador();
     geral_.de.Rs("cmdVerUsers").Close();
 }
 
@@ -144,6 +146,7 @@ bool Arranque::Ha_Utilizadores()
     return ha;
 }
 
+// A household without users has sections as well, those of the user 0.
 void Arranque::Ler_Configuracao_Do_Utilizador()
 {
     const auto ler = [&](const QString &seccao, const QString &chave) {
@@ -154,8 +157,14 @@ void Arranque::Ler_Configuracao_Do_Utilizador()
     // An unset key keeps the earlier value.
     const QString activo = ler(u"messenger"_s, u"activo"_s);
     if (!activo.isEmpty()) skipFailure([&] { geral_.MessengerActivo = Inteiro(activo); });
-    geral_.SomEmail = ler(u"som"_s, u"email"_s);
-    geral_.SomTarefa = ler(u"som"_s, u"tarefa"_s);
+    // An unset sound of somebody who logged in is the program's own, whatever the common section says.
+    const bool entrou = !geral_.SessaoActual.Utilizador.isEmpty();
+    const auto ler_som = [&](const QString &chave, QString &destino) {
+        const QString som = ler(u"som"_s, chave);
+        if (entrou || !som.isEmpty()) destino = som;
+    };
+    ler_som(u"email"_s, geral_.SomEmail);
+    ler_som(u"tarefa"_s, geral_.SomTarefa);
 }
 
 void Arranque::Dar_Todos_Os_Direitos()

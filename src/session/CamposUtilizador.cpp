@@ -56,7 +56,7 @@ bool CamposUtilizador::Aceitar(Geral &geral, Platform &platform, const QString &
 
 bool CamposUtilizador::Recusar(Geral &geral, Platform &platform, qint16 texto) const
 {
-    platform.boxes.show(geral.Ler_Idioma(texto), box::stop, window()->windowTitle(), window());
+    platform.boxes.show(geral.Ler_Idioma(texto), box::stop, window());
     return false;
 }
 

@@ -60,6 +60,6 @@ bool Utilizadores::Pode_Escolher_Utilizador()
     Recordset &rs = geral_.de.Abrir("cmdVerUsers");
     const bool ha = rs.RecordCount() != 0;
     rs.Close();
-    if (!ha) platform_.boxes.show(geral_.Ler_Idioma(106), box::stop, janela_.windowTitle(), &janela_);
+    if (!ha) platform_.boxes.show(geral_.Ler_Idioma(106), box::stop, &janela_);
     return ha;
 }

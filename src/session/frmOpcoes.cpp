@@ -3,6 +3,7 @@
 #include "data/Geral.h"
 #include "data/Idiomas.h"
 #include "data/Inteiro.h"
+#include "data/ValorLongo.h"
 #include "online/ContasEmail.h"
 #include "platform/Controls.h"
 #include "platform/Label.h"
@@ -12,7 +13,7 @@
 #include "session/PaineMemos.h"
 #include "session/PaineSons.h"
 
-#include <QApplication>
+#include <algorithm>
 #include <QScreen>
 #include <QShortcut>
 
@@ -143,7 +144,7 @@ void frmOpcoes::Preencher_Controlos()
         avisos[i]->setChecked(numero && aviso == i);
     memos_->Preencher();
     arranque_->Preencher();
-    txtCaminho->setText(geral_.CaminhoBD.isEmpty() ? geral_.Ficheiro(u"morvex.mdb"_s) : geral_.CaminhoBD);
+    txtCaminho->setText(geral_.de.Base().Caminho());
     sons_->Preencher();
     Escolher_Idioma_Actual();
 }
@@ -202,24 +203,40 @@ void frmOpcoes::cbActivarMailNotification_Click()
     lvEmails->setEnabled(activo);
 }
 
-void frmOpcoes::comboIdioma_Click()
-{
-    platform_.boxes.show(geral_.Ler_Idioma(238), box::information, QApplication::applicationDisplayName(),
-                         this);
-}
+void frmOpcoes::comboIdioma_Click() { platform_.boxes.show(geral_.Ler_Idioma(238), box::information, this); }
 
 void frmOpcoes::cmdProcurar_Click()
 {
     const auto ficheiro = platform_.dialogs.openFile(geral_.Ler_Idioma(218) + u"|*.mdb"_s, {}, this);
     if (!ficheiro) return;
     txtBD->setText(u"1"_s);
-    platform_.boxes.show(geral_.Ler_Idioma(219), box::information, windowTitle(), this);
+    platform_.boxes.show(geral_.Ler_Idioma(219), box::information, this);
     txtCaminho->setText(*ficheiro);
+}
+
+// The first value that config.ini would cut short is refused on its own pane.
+bool frmOpcoes::Tudo_Cabe_No_Ini()
+{
+    const std::pair<const QWidget *, QString> valores[]{{picOptions6, ComboMailNotification->currentText()},
+                                                        {picOptions1, comboAniversario->currentText()},
+                                                        {picOptions2, txtMemo->font().family()},
+                                                        {picOptions3, txtCaminho->text()},
+                                                        {picOptions7, geral_.SomEmail},
+                                                        {picOptions7, geral_.SomTarefa}};
+    for (const auto &[pane, valor] : valores) {
+        if (Cabe_No_Ini(valor)) continue;
+        const auto lugar = std::find(picOptions.begin(), picOptions.end(), pane) - picOptions.begin();
+        tbsOptions->setCurrentIndex(static_cast<int>(lugar));
+        Recusar_Valor_Longo(valor, geral_, platform_, this);
+        return false;
+    }
+    return true;
 }
 
 // The order is fixed: a failure leaves everything before it written, and nothing after it.
 void frmOpcoes::cmdOk_Click()
 {
+    if (!Tudo_Cabe_No_Ini()) return;
     Escrever_Aviso_De_Email();
     Escrever_Envelopes();
     Escrever_Aniversarios();

@@ -44,6 +44,7 @@ private:
     void Preencher_Controlos();
     void Escolher_Idioma_Actual();
     void Separador_Seguinte();
+    bool Tudo_Cabe_No_Ini();
 
     void Escrever_Aviso_De_Email();
     void Escrever_Envelopes();

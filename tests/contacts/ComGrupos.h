@@ -73,9 +73,9 @@ struct ComGrupos : ComJanela {
     }
 
     // A box in front of the form, which then still stands.
-    template<class Formulario> void Ouvir(Formulario &form, int texto, int titulo)
+    template<class Formulario> void Ouvir(Formulario &form, int texto)
     {
-        s.caixas.Espera(s.Texto(texto), 16, s.Texto(titulo));
+        s.caixas.Espera(s.Texto(texto), 16, QStringLiteral("Morvex"));
         form.show();
         form.cmdOk->click();
         QVERIFY(s.caixas.Todas_Vistas());
@@ -115,7 +115,7 @@ struct ComGrupos : ComJanela {
         janela.setWindowTitle(QStringLiteral("Morvex 1.0 Ana"));
         QVERIFY(entrada.isEnabled());
         s.geral.SessaoActual.Grupos = false;
-        s.caixas.Espera(s.Texto(102), 16, QStringLiteral("Morvex 1.0 Ana"));
+        s.caixas.Espera(s.Texto(102), 16, QStringLiteral("Morvex"));
         entrada.trigger();
         QVERIFY(s.caixas.Todas_Vistas());
 

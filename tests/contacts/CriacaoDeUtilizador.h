@@ -6,13 +6,13 @@
 
 namespace criacao_de_utilizador
 {
-// Without the right to users the button answers with the refusal, under the form's title; the form stays.
-template<class Formulario> void Verificar_Recusa(ComGrupos &g, QAction &entrada, int titulo)
+// Without the right to users the button answers with the refusal; the form stays.
+template<class Formulario> void Verificar_Recusa(ComGrupos &g, QAction &entrada)
 {
     g.s.geral.SessaoActual.Utilizadores = false;
     bool recusado = false;
     accoes::Quando_Abrir<Formulario>([&](Formulario &form) {
-        g.s.caixas.Espera(g.s.Texto(102), 16, g.s.Texto(titulo));
+        g.s.caixas.Espera(g.s.Texto(102), 16, QStringLiteral("Morvex"));
         form.cmdCriarUtilizador->click();
         recusado = g.s.caixas.Todas_Vistas() && form.isVisible();
         form.cmdCancelar->click();

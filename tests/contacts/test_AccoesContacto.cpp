@@ -64,7 +64,7 @@ class TestAccoesContacto : public QObject
 
     static void Espera_Pergunta(Programa &p, const QString &nome, int resposta)
     {
-        p.s.caixas.Espera(p.s.Texto(54) + u' ' + nome + u'?', 36, u"Morvex 1.0"_s, resposta);
+        p.s.caixas.Espera(p.s.Texto(54) + u' ' + nome + u'?', 36, u"Morvex"_s, resposta);
     }
 
     // One contact on the card.
@@ -102,7 +102,7 @@ private Q_SLOTS:
         p.Carregar({u"Ana"_s, u"Berta"_s});
         p.janela.ListaNomes->setListIndex(0);
         p.s.geral.SessaoActual.Eliminar = false;
-        p.s.caixas.Espera(p.s.Texto(102), 16, u"Morvex 1.0"_s);
+        p.s.caixas.Espera(p.s.Texto(102), 16, u"Morvex"_s);
         gesto(p);
         QVERIFY(p.s.caixas.Todas_Vistas());
         QCOMPARE(p.Nomes_Guardados(), (QStringList{u"Ana"_s, u"Berta"_s}));

@@ -125,7 +125,7 @@ private Q_SLOTS:
         e.s.geral.ModoContacto = u"antes"_s;
         QSignalSpy correio(&e.s.geral.temporizadores, &Temporizadores::IniciarMail);
         const QStringList antes = e.s.Linhas(u"SELECT * FROM TblLista"_s);
-        e.s.caixas.Espera(e.s.Texto(102), 16, e.janela.windowTitle());
+        e.s.caixas.Espera(e.s.Texto(102), 16, u"Morvex"_s);
         Tentar(caminho, e);
         QVERIFY(e.s.caixas.Todas_Vistas());
         QCOMPARE(e.s.geral.ModoContacto, u"antes"_s);
@@ -177,7 +177,7 @@ private Q_SLOTS:
     {
         Editor e;
         e.janela.ComboGrupos->Clear();
-        e.s.caixas.Espera(u"Nehum grupo criado"_s, 48, e.s.Texto(26));
+        e.s.caixas.Espera(u"Nehum grupo criado"_s, 48, u"Morvex"_s);
         bool abriu = false;
         accoes::Quando_Abrir<frmNovoGrupo>([&](frmNovoGrupo &form) {
             abriu = true;

@@ -414,7 +414,7 @@ private Q_SLOTS:
             pedidos << u"frmNovoGrupo"_s;
             QVERIFY(e.s.caixas.Todas_Vistas());
         });
-        e.s.caixas.Espera(u"Nehum grupo criado"_s, 48, u"Novo"_s);
+        e.s.caixas.Espera(u"Nehum grupo criado"_s, 48, u"Morvex"_s);
         QVERIFY(!form.Carregar());
         QCOMPARE(pedidos, QStringList{u"frmNovoGrupo"_s});
         QVERIFY(e.s.geral.temporizadores.timerTarefas.Enabled());
@@ -434,7 +434,7 @@ private Q_SLOTS:
             pedidos << u"frmNovoGrupo"_s;
         });
         form.ComboGrupos->Clear();
-        e.s.caixas.Espera(u"nenhum grupo criado."_s, 48, u"Novo"_s);
+        e.s.caixas.Espera(u"nenhum grupo criado."_s, 48, u"Morvex"_s);
         form.cmdOk->click();
         QCOMPARE(pedidos, QStringList{u"frmNovoGrupo"_s});
         QVERIFY(e.s.geral.temporizadores.timerTarefas.Enabled());
@@ -512,6 +512,22 @@ private Q_SLOTS:
             form.cmd_foto->click();
             QCOMPARE(form.txtFotografia->text(), u"antes.jpg"_s);
             QCOMPARE(Foto_A_Vista(e.s, form), u"semfoto_small.jpg"_s);
+        });
+        QCOMPARE(e.s.geral.UltimaPastaFotos, u"/onde/estava/"_s);
+        QCOMPARE(e.s.geral.ini.Ler_Ini(u"fotografias"_s, u"lastpathpic"_s), QString());
+    }
+
+    void uma_foto_numa_pasta_que_o_ficheiro_nao_guarda_inteira_recusa_se()
+    {
+        Editor e;
+        e.s.geral.UltimaPastaFotos = u"/onde/estava/"_s;
+        e.s.dialogos.textos = {u'/' + QString(200, u'a') + u'/' + QString(52, u'b') + u"/a.png"_s};
+        e.Novo([&](frmAddEdit &form) {
+            form.txtFotografia->setText(u"antes.jpg"_s);
+            e.s.caixas.Espera_Qualquer(16, u"Morvex"_s);
+            form.cmd_foto->click();
+            QVERIFY(e.s.caixas.Todas_Vistas());
+            QCOMPARE(form.txtFotografia->text(), u"antes.jpg"_s);
         });
         QCOMPARE(e.s.geral.UltimaPastaFotos, u"/onde/estava/"_s);
         QCOMPARE(e.s.geral.ini.Ler_Ini(u"fotografias"_s, u"lastpathpic"_s), QString());
@@ -804,7 +820,7 @@ private Q_SLOTS:
         e.Novo([&](frmAddEdit &form) {
             form.txtNome->setText(u"Ana"_s);
             Escrever_Data(form, escrita[0], escrita[1], escrita[2]);
-            e.s.caixas.Espera(e.s.Texto(232), 16, e.s.Texto(26));
+            e.s.caixas.Espera(e.s.Texto(232), 16, u"Morvex"_s);
             form.cmdOk->click();
             QVERIFY(form.isVisible());
             QCOMPARE(Data(form), QStringList({u""_s, u""_s, u""_s}));

@@ -17,7 +17,7 @@ class TestFrmEditGroup : public QObject
     static void Esperar_Aviso_De_Dono(ComGrupos &g, const QString &grupo, const QString &utilizador)
     {
         g.s.caixas.Espera(g.s.Texto(262) + u' ' + grupo + u' ' + g.s.Texto(263) + u' ' + utilizador, 48,
-                          g.s.Texto(122));
+                          u"Morvex"_s);
     }
 
 private Q_SLOTS:
@@ -147,7 +147,7 @@ private Q_SLOTS:
         const ComGrupos::Intactos intactos(g);
         frmEditGroup form(g.s.geral, g.s.plataforma, g.lista);
         form.OptionMover->click();
-        g.Ouvir(form, 120, 122);
+        g.Ouvir(form, 120);
     }
 
     void mover_leva_os_contactos_e_deixa_o_grupo_vazio()
@@ -279,7 +279,7 @@ private Q_SLOTS:
     void sem_direito_a_utilizadores_o_botao_de_criar_um_recusa()
     {
         ComGrupos g;
-        criacao_de_utilizador::Verificar_Recusa<frmEditGroup>(g, *g.janela.EditarGrupos, 122);
+        criacao_de_utilizador::Verificar_Recusa<frmEditGroup>(g, *g.janela.EditarGrupos);
     }
 
     void criar_primeiro_o_dono_e_voltar_a_opcao_que_estava()

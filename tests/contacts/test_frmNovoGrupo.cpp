@@ -132,7 +132,7 @@ private Q_SLOTS:
     void sem_direito_a_utilizadores_o_botao_de_criar_um_recusa()
     {
         ComGrupos g;
-        criacao_de_utilizador::Verificar_Recusa<frmNovoGrupo>(g, *g.janela.CriarGrupos, 113);
+        criacao_de_utilizador::Verificar_Recusa<frmNovoGrupo>(g, *g.janela.CriarGrupos);
     }
 
     void criar_primeiro_o_dono_e_voltar_com_o_que_estava_escrito()

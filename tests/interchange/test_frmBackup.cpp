@@ -2,6 +2,8 @@
 // need a second process, which is this program with an argument.
 #include "interchange/frmBackup.h"
 
+#include "data/frmSeleccionarIdioma.h"
+#include "session/frmOpcoes.h"
 #include "session/Main.h"
 #include "testlib/Accoes.h"
 #include "testlib/DiscoPequeno.h"
@@ -52,7 +54,7 @@ int Filho_Que_Morre(const QString &pasta, const QString &alvo, int mudanca)
     Instalacao i(pasta);
     frmBackup form(i.geral, i.plataforma);
     form.show();
-    i.caixas.Espera_Qualquer(64, form.windowTitle());
+    i.caixas.Espera_Qualquer(64, u"Morvex"_s);
     morte_no_disco::Armar(mudanca);
     Comecar(form, alvo);
     morte_no_disco::armada = false;
@@ -130,7 +132,7 @@ class TestFrmBackup : public QObject
         QString Trabalho() const { return s.Ficheiro(u"MorvexCopy.mdb"_s); }
         QString Alvo() const { return pasta.filePath(u"Morvex.mdb"_s); }
         QString Pasta_Com_Barra() const { return pasta.path() + u'/'; }
-        void Espera_Sucesso() { s.caixas.Espera(s.Texto(255), 64, form.windowTitle()); }
+        void Espera_Sucesso() { s.caixas.Espera(s.Texto(255), 64, u"Morvex"_s); }
         QString Guardado() { return s.geral.ini.Ler_Ini(u"basedados"_s, u"caminhobackup"_s); }
         bool Ligada() { return s.geral.de.Abrir("cmdVerConfig").RecordCount() == 1; }
 
@@ -227,7 +229,7 @@ private Q_SLOTS:
         Tocar(c.Trabalho());
         c.form.txtCaminhoBackup->clear();
         c.form.cmdIniciar->setEnabled(true);
-        c.s.caixas.Espera(c.s.Texto(253), 16, c.form.windowTitle());
+        c.s.caixas.Espera(c.s.Texto(253), 16, u"Morvex"_s);
         c.form.cmdIniciar->click();
         QVERIFY(!QFile::exists(c.Trabalho()));
         QVERIFY(c.Ligada());
@@ -243,7 +245,7 @@ private Q_SLOTS:
         QVERIFY(c.form.cmdIniciar->isEnabled());
         QVERIFY(
             c.s.dialogos.perguntas.constLast().startsWith(u"folder Choose a directory from the list. @"_s));
-        c.s.caixas.Espera(c.s.Texto(253), 16, c.form.windowTitle());
+        c.s.caixas.Espera(c.s.Texto(253), 16, u"Morvex"_s);
         c.form.cmdIniciar->click();
         QVERIFY(c.s.caixas.Todas_Vistas());
     }
@@ -452,6 +454,38 @@ private Q_SLOTS:
         QCOMPARE(QFileInfo(ficheiro).size(), 5);
         QVERIFY(!c.form.ProgressBar1->isVisible());
         QVERIFY(!QFile::exists(c.Trabalho()));
+        QVERIFY(c.Ligada());
+        QCOMPARE(c.Guardado(), QString());
+    }
+
+    void na_sessao_da_primeira_corrida_a_copia_faz_se()
+    {
+        Sistema s(Sistema::Estado::Vazio);
+        Main janela(s.geral, s.plataforma);
+        accoes::Quando_Abrir<frmSeleccionarIdioma>([](frmSeleccionarIdioma &idioma) {
+            accoes::Quando_Abrir<frmOpcoes>([](frmOpcoes &opcoes) { opcoes.cmdOk->click(); });
+            idioma.cmdPT->click();
+        });
+        janela.Carregar();
+        QCOMPARE(s.geral.CaminhoBD, s.Base());
+        QTemporaryDir copias;
+        frmBackup form(s.geral, s.plataforma);
+        s.caixas.Espera(s.Texto(255), 64, u"Morvex"_s);
+        Comecar(form, copias.path() + u'/');
+        QVERIFY(s.caixas.Todas_Vistas());
+        QCOMPARE(Veredicto(copias.filePath(u"Morvex.mdb"_s)), u"ok"_s);
+        QCOMPARE(Contar(copias.filePath(u"Morvex.mdb"_s), u"1"_s), Contar(s.Base(), u"1"_s));
+    }
+
+    void um_alvo_que_o_ficheiro_nao_guarda_inteiro_recusa_se_antes_da_copia()
+    {
+        Copia c;
+        const QString pasta = c.s.Pasta() + u'/' + QString(200, u'a') + u'/' + QString(100, u'b') + u'/';
+        QVERIFY(QDir().mkpath(pasta));
+        c.s.caixas.Espera_Qualquer(16, u"Morvex"_s);
+        Comecar(c.form, pasta);
+        QVERIFY(c.s.caixas.Todas_Vistas());
+        QVERIFY(QDir(pasta).isEmpty());
         QVERIFY(c.Ligada());
         QCOMPARE(c.Guardado(), QString());
     }

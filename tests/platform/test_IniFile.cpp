@@ -60,6 +60,9 @@ private Q_SLOTS:
         QTest::newRow("line without a sign") << QByteArray("[s]\r\nrubbish\r\nk=v\r\n") << u"v"_s;
         QTest::newRow("code page 1252")
             << QByteArray("[s]\r\nk=C:\\Fran\xe7ois \x80\x8a\r\n") << u"C:\\François €Š"_s;
+        QTest::newRow("UTF-8 by its mark")
+            << QByteArray("\xef\xbb\xbf[s]\r\nk=/casa/Łódź\r\n") << u"/casa/Łódź"_s;
+        QTest::newRow("a mark and nothing else") << QByteArray("\xef\xbb\xbf") << u""_s;
         QTest::newRow("empty file") << QByteArray() << u""_s;
     }
     void leitura()
@@ -110,9 +113,17 @@ private Q_SLOTS:
             << QByteArray("[s]\r\na=\x81\x8d\x8f\x90\x9d\r\nk=v\r\n");
         QTest::newRow("characters of the code page")
             << QByteArray("[s]\r\n") << u"ação €Š"_s << QByteArray("[s]\r\nk=a\xe7\xe3o \x80\x8a\r\n");
-        QTest::newRow("characters beyond the code page") << QByteArray("[s]\r\n") << u"Łódź"_s
-                                                         << QByteArray("[s]\r\nk=?\xf3"
-                                                                       "d?\r\n");
+        QTest::newRow("characters beyond the code page: the whole file as UTF-8")
+            << QByteArray("; cabe\xe7"
+                          "alho\r\n[s]\r\na=\x81\x80\r\n")
+            << u"Łódź Αθήνα 😀"_s
+            << QByteArray("\xef\xbb\xbf; cabeçalho\r\n[s]\r\na=\xc2\x81€\r\nk=Łódź Αθήνα 😀\r\n");
+        QTest::newRow("back in the code page once all fits again")
+            << QByteArray("\xef\xbb\xbf[s]\r\na=ç\xc2\x81€\r\nk=Łódź\r\n") << u"Lodz"_s
+            << QByteArray("[s]\r\na=\xe7\x81\x80\r\nk=Lodz\r\n");
+        QTest::newRow("UTF-8 as long as another value needs it")
+            << QByteArray("\xef\xbb\xbf[s]\r\na=Łódź\r\n") << u"ç"_s
+            << QByteArray("\xef\xbb\xbf[s]\r\na=Łódź\r\nk=ç\r\n");
         QTest::newRow("line breaks within the value")
             << QByteArray("[s]\r\n") << u"a\r\n[t]\nk=b"_s << QByteArray("[s]\r\nk=a  [t] k=b\r\n");
     }
@@ -131,6 +142,9 @@ private Q_SLOTS:
         QVERIFY(file.write(u"som11"_s, u"email"_s, u"C:\\Sons\\novo correio.wav"_s));
         QVERIFY(file.write(u"som1"_s, u"email"_s, u"C:\\Sons\\ação.wav"_s));
         QCOMPARE(Ficheiro().read(u"som11"_s, u"email"_s), u"C:\\Sons\\novo correio.wav"_s);
+        QCOMPARE(Ficheiro().read(u"som1"_s, u"email"_s), u"C:\\Sons\\ação.wav"_s);
+        QVERIFY(file.write(u"basedados"_s, u"caminhobd"_s, u"/home/Łukasz/morvex.mdb"_s));
+        QCOMPARE(Ficheiro().read(u"basedados"_s, u"caminhobd"_s), u"/home/Łukasz/morvex.mdb"_s);
         QCOMPARE(Ficheiro().read(u"som1"_s, u"email"_s), u"C:\\Sons\\ação.wav"_s);
     }
 

@@ -1,6 +1,7 @@
 // The message boxes of the desktop: icons, answers, and what a long text does to them.
 #include "platform/MessageBoxes.h"
 
+#include "platform/Failure.h"
 #include "testlib/Accoes.h"
 #include "testlib/Teste.h"
 
@@ -89,6 +90,61 @@ private Q_SLOTS:
             box.button(QMessageBox::Ok)->click();
         });
         boxes_.show(Lines(lines), box::exclamation, {}, nullptr);
+    }
+
+    void an_error_is_cut_to_what_a_person_can_read()
+    {
+        const QString bytes = QString(u'\0') + QString(200'000, u'x') + u"\n\n"_s.repeated(5000);
+        Quando_Abrir<QMessageBox>([](QMessageBox &box) {
+            const QString shown = box.text() + box.informativeText();
+            QVERIFY(shown.size() < 1500);
+            QVERIFY(!shown.contains(u'\0'));
+            QVERIFY(box.text().startsWith(u"A separator is missing: "_s));
+            QVERIFY(box.text().endsWith(u'…'));
+            QVERIFY(box.informativeText().contains(u"13"_s));
+            QVERIFY(box.findChild<QScrollArea *>() == nullptr);
+            box.button(QMessageBox::Ok)->click();
+        });
+        boxes_.showError(Failure(13, bytes, u"A separator is missing: "_s + bytes));
+    }
+
+    void a_short_error_is_shown_whole_and_its_number_and_source_in_small()
+    {
+        Quando_Abrir<QMessageBox>([](QMessageBox &box) {
+            QCOMPARE(box.text(), u"\"x\" is no date"_s);
+            QCOMPARE(box.informativeText(), u"13 · Value"_s);
+            QCOMPARE(box.windowTitle(), QApplication::applicationDisplayName());
+            QCOMPARE(int{box.icon()}, int{QMessageBox::Critical});
+            const auto *small = box.findChild<QLabel *>(u"qt_msgbox_informativelabel"_s);
+            const auto *large = box.findChild<QLabel *>(u"qt_msgbox_label"_s);
+            QVERIFY(small->font().pixelSize() < large->font().pixelSize());
+            box.button(QMessageBox::Ok)->click();
+        });
+        boxes_.showError(Failure(13, u"Value"_s, u"\"x\" is no date"_s));
+    }
+
+    void what_a_person_can_mend_is_said_in_the_active_language_data()
+    {
+        QTest::addColumn<QString>("language");
+        QTest::addColumn<QString>("words");
+        QTest::newRow("Portuguese") << u"PortuguesPT"_s << u"O disco está cheio"_s;
+        QTest::newRow("German") << u"AlemaoDE"_s << u"Der Datenträger ist voll"_s;
+        QTest::newRow("none yet: the desktop's") << u""_s << u"The disk is full"_s;
+    }
+    void what_a_person_can_mend_is_said_in_the_active_language()
+    {
+        QFETCH(QString, language);
+        QFETCH(QString, words);
+        DesktopMessageBoxes boxes;
+        boxes.setLanguage([language] { return language; });
+        Quando_Abrir<QMessageBox>([words](QMessageBox &box) {
+            QVERIFY2(box.text().startsWith(words), qUtf8Printable(box.text()));
+            QVERIFY(!box.text().contains(u"database or disk is full"_s));
+            QCOMPARE(box.informativeText(), u"-2147467259 · Connection\ndatabase or disk is full"_s);
+            box.button(QMessageBox::Ok)->click();
+        });
+        boxes.showError(Failure(Failure::StoreError, u"Connection"_s, u"database or disk is full"_s,
+                                Failure::Kind::DiskFull));
     }
 };
 

@@ -11,6 +11,8 @@ foreach(teste IN ITEMS
     test_Picture
     test_Dialogs
     test_MessageBoxes
+    test_ErrorText
+    test_FailureKind
     test_DesktopShell
     test_DesktopRegistry
     test_WindowsRegistry

@@ -32,12 +32,12 @@ inline QString Caixas_Gravadas(Sistema &s, int id)
         .join(u'\n');
 }
 
-// Ok is answered with that text under that title; the form stays and nothing is written.
-template<class Formulario> void Recusar(Sistema &s, Formulario &form, int texto, int titulo)
+// Ok is answered with that text; the form stays and nothing is written.
+template<class Formulario> void Recusar(Sistema &s, Formulario &form, int texto)
 {
     const QString linhas = QStringLiteral("SELECT * FROM TblUsers");
     const QStringList antes = s.Linhas(linhas);
-    s.caixas.Espera(s.Texto(texto), 16, s.Texto(titulo));
+    s.caixas.Espera(s.Texto(texto), 16, QStringLiteral("Morvex"));
     form.show();
     form.cmdOk->click();
     QVERIFY(s.caixas.Todas_Vistas());

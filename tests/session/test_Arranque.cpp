@@ -49,6 +49,28 @@ struct PorArrancar {
     Main janela{s.geral, s.plataforma};
 };
 
+// A start over an installation whose database was moved, and what its user does about it.
+struct Mudada {
+    explicit Mudada(bool com_ana = false)
+    {
+        if (com_ana) s.Novo_Utilizador(u"Ana"_s, u"segredo"_s);
+        if (!QDir().mkpath(s.Ficheiro(u"mudança"_s)) || !QFile::rename(s.Base(), Onde()))
+            qFatal("the database cannot be moved");
+    }
+    QString Onde() const { return s.Ficheiro(u"mudança/Łódź.mdb"_s); }
+    void Espera_Oferta(int resposta)
+    {
+        s.caixas.Espera(u"The database was not found:\r\n"_s + s.Base() +
+                            u"\r\n\r\nDo you want to choose the file where it is now?"_s,
+                        52, u"Morvex"_s, resposta);
+    }
+    QString Caminho_Guardado() { return s.geral.ini.Ler_Ini(u"basedados"_s, u"caminhobd"_s); }
+
+    Sistema s;
+    Geral nova{s.Pasta()};
+    Main janela{nova, s.plataforma};
+};
+
 QWidget *frmLoading_A_Vista()
 {
     for (QWidget *janela : QApplication::topLevelWidgets())
@@ -275,13 +297,42 @@ private Q_SLOTS:
         QCOMPARE(p.s.geral.de.Rs("cmdVerUsers").State(), Recordset::Closed);
     }
 
-    void sem_utilizadores_as_chaves_do_utilizador_0_nao_se_leem_ao_arrancar()
+    void sem_utilizadores_leem_se_as_chaves_do_utilizador_0()
     {
         PorArrancar p;
-        p.Escrever_Ini({{"emailnotify", "minutos", "20"}, {"emailnotify0", "minutos", "5"}});
+        p.Escrever_Ini({{"emailnotify", "minutos", "20"},
+                        {"som", "email", "geral.wav"},
+                        {"emailnotify0", "activo", "1"},
+                        {"emailnotify0", "minutos", "5"},
+                        {"messenger0", "activo", "1"},
+                        {"som0", "email", "da casa.wav"},
+                        {"som0", "tarefa", "alarme.wav"}});
         p.Passo("Ler_Configuracao");
         p.Passo("Iniciar_Sessao");
+        QCOMPARE(p.s.geral.EmailNotifyActivo, qint16(1));
+        QCOMPARE(p.s.geral.EmailNotifyMinutos, qint16(5));
+        QCOMPARE(p.s.geral.MessengerActivo, qint16(1));
+        QCOMPARE(p.s.geral.SomEmail, u"da casa.wav"_s);
+        QCOMPARE(p.s.geral.SomTarefa, u"alarme.wav"_s);
+    }
+
+    void sem_utilizadores_uma_chave_vazia_guarda_o_que_a_seccao_comum_deu()
+    {
+        PorArrancar p;
+        p.Escrever_Ini({{"emailnotify", "activo", "1"},
+                        {"emailnotify", "minutos", "20"},
+                        {"messenger", "activo", "1"},
+                        {"som", "email", "geral.wav"},
+                        {"som", "tarefa", "alarme.wav"},
+                        {"emailnotify0", "activo", ""},
+                        {"som0", "email", ""}});
+        p.Passo("Ler_Configuracao");
+        p.Passo("Iniciar_Sessao");
+        QCOMPARE(p.s.geral.EmailNotifyActivo, qint16(1));
         QCOMPARE(p.s.geral.EmailNotifyMinutos, qint16(20));
+        QCOMPARE(p.s.geral.MessengerActivo, qint16(1));
+        QCOMPARE(p.s.geral.SomEmail, u"geral.wav"_s);
+        QCOMPARE(p.s.geral.SomTarefa, u"alarme.wav"_s);
     }
 
     void depois_do_login_leem_se_as_chaves_do_utilizador()
@@ -332,6 +383,76 @@ private Q_SLOTS:
         QVERIFY(p.s.processo.Terminou());
     }
 
+    void com_a_base_noutro_lugar_o_ficheiro_escolhido_serve_e_fica_guardado()
+    {
+        Mudada m;
+        m.Espera_Oferta(answer::yes);
+        m.s.dialogos.textos << m.Onde();
+        m.janela.Carregar();
+        QVERIFY(m.s.caixas.Todas_Vistas());
+        QCOMPARE(m.s.dialogos.perguntas, QStringList{u"openFile Databases|*.mdb @ "_s + m.s.Pasta()});
+        QVERIFY(m.janela.isVisible() && !m.s.processo.Terminou());
+        QCOMPARE(m.nova.IdiomaActual, u"PortuguesPT"_s);
+        QCOMPARE(m.nova.CaminhoBD, m.Onde());
+        QCOMPARE(m.Caminho_Guardado(), m.Onde());
+        QVERIFY(m.janela.ListaNomes->ListCount() > 0);
+
+        Geral proximo(m.s.Pasta()); // asks nothing any more
+        Main outra(proximo, m.s.plataforma);
+        outra.Carregar();
+        QCOMPARE(proximo.CaminhoBD, m.Onde());
+        QVERIFY(outra.isVisible());
+    }
+
+    void com_a_base_noutro_lugar_quem_tem_senha_entra()
+    {
+        Mudada m(true);
+        m.Espera_Oferta(answer::yes);
+        m.s.dialogos.textos << m.Onde();
+        PorArrancar::Entrar_Como_Ana();
+        m.janela.Carregar();
+        QCOMPARE(m.nova.SessaoActual.Utilizador, u"Ana"_s);
+        QVERIFY(m.janela.isVisible());
+    }
+
+    // A change of mind, a file that is no database, and one whose path would be cut short.
+    void o_que_nao_serve_nao_se_guarda_e_pergunta_se_outra_vez()
+    {
+        Mudada m;
+        const QString texto = m.s.Ficheiro(u"leiame.txt"_s);
+        const QString longo = u'/' + QString(254, u'x');
+        m.Espera_Oferta(answer::yes);
+        m.s.dialogos.textos << std::nullopt;
+        m.Espera_Oferta(answer::yes);
+        m.s.dialogos.textos << texto;
+        m.s.caixas.Espera_Erro(Failure::StoreError);
+        m.Espera_Oferta(answer::yes);
+        m.s.dialogos.textos << longo;
+        m.s.caixas.Espera_Qualquer(16, u"Morvex"_s);
+        m.Espera_Oferta(answer::yes);
+        m.s.dialogos.textos << m.Onde();
+        m.janela.Carregar();
+        QVERIFY(m.s.caixas.Todas_Vistas());
+        QCOMPARE(m.Caminho_Guardado(), m.Onde());
+        QVERIFY(m.janela.isVisible());
+    }
+
+    void recusada_a_oferta_vem_o_login_e_o_caminho_fica()
+    {
+        Mudada m;
+        bool login = false;
+        m.Espera_Oferta(answer::no);
+        accoes::Quando_Abrir<frmLogin>([&](frmLogin &form) {
+            login = m.s.caixas.Todas_Vistas(); // the offer came first
+            form.close();
+        });
+        m.janela.Carregar();
+        QVERIFY(login);
+        QVERIFY(m.s.processo.Terminou());
+        QCOMPARE(m.Caminho_Guardado(), m.s.Base());
+        QVERIFY(m.s.dialogos.perguntas.isEmpty());
+    }
+
     void com_a_base_desaparecida_o_login_aparece_e_a_sua_confirmacao_termina_o_processo_data()
     {
         QTest::addColumn<QByteArray>("bytes");
@@ -346,6 +467,8 @@ private Q_SLOTS:
         if (!bytes.isEmpty()) QVERIFY(base.open(QIODevice::WriteOnly) && base.write(bytes) == bytes.size());
         base.close();
         bool terminou = false;
+        if (bytes.isEmpty())
+            p.s.caixas.Espera_Qualquer(52, u"Morvex"_s); // answered as if by an Ok, which is no
         p.s.caixas.Espera_Erro(Failure::StoreError);
         accoes::Quando_Abrir<frmLogin>([&](frmLogin &form) {
             form.txtUser->setText(u"Ana"_s);

@@ -221,7 +221,7 @@ private Q_SLOTS:
         Entrar(c, true, caminho.direito);
         const QStringList antes = Retrato(c.s);
         const Porteiro porteiro;
-        c.s.caixas.Espera(c.s.Texto(102), 16, u"Morvex 1.0 Ana"_s);
+        c.s.caixas.Espera(c.s.Texto(102), 16, u"Morvex"_s);
         caminho.ir(c);
         QVERIFY(c.s.caixas.Todas_Vistas());
         QCOMPARE(porteiro.formularios, 0);
@@ -238,7 +238,7 @@ private Q_SLOTS:
         const Caminho caminho = Este();
         Entrar(c, false, caminho.direito);
         const bool elimina = caminho.direito == &Sessao::Eliminar;
-        if (elimina) c.s.caixas.Espera(c.s.Texto(54) + u" Abel?"_s, 36, u"Morvex 1.0 Ana"_s, answer::no);
+        if (elimina) c.s.caixas.Espera(c.s.Texto(54) + u" Abel?"_s, 36, u"Morvex"_s, answer::no);
         const Porteiro porteiro;
         caminho.ir(c);
         QVERIFY(c.s.caixas.Todas_Vistas());

@@ -39,7 +39,7 @@ class TestUtilizadores : public QObject
     {
         QFETCH(QString, entrada);
         c.janela.setWindowTitle(u"Morvex 1.0 "_s);
-        c.s.caixas.Espera(c.s.Texto(texto), 16, u"Morvex 1.0 "_s);
+        c.s.caixas.Espera(c.s.Texto(texto), 16, u"Morvex"_s);
         c.janela.findChild<QAction *>(entrada)->trigger();
         QVERIFY(c.s.caixas.Todas_Vistas());
         QVERIFY(c.janela.isEnabled());

@@ -147,7 +147,7 @@ private Q_SLOTS:
         frmEditUser form(s.geral, s.plataforma);
         form.campos->txtUser->setText(u"Ana"_s);
         form.campos->cbSystemTray->setChecked(true);
-        Recusar(s, form, 100, 104);
+        Recusar(s, form, 100);
         QCOMPARE(form.campos->txtUser->text(), u"Ana"_s);
         QVERIFY(!s.geral.SessaoActual.PedirPassSystemTray);
     }
@@ -171,7 +171,7 @@ private Q_SLOTS:
         s.Novo_Utilizador(u"Rui"_s, u"x"_s);
         frmEditUser form(s.geral, s.plataforma);
         form.campos->txtPass1->setText(u"nova9"_s);
-        Recusar(s, form, 93, 104);
+        Recusar(s, form, 93);
         QCOMPARE(form.campos->txtPass1->text(), u"nova9"_s);
     }
 

@@ -114,7 +114,7 @@ private Q_SLOTS:
         Sistema s;
         frmNovoUser form(s.geral, s.plataforma);
         Preencher(form, u"Rui"_s, u"segredo7"_s, u"Segredo7"_s);
-        Recusar(s, form, 93, 89);
+        Recusar(s, form, 93);
         QCOMPARE(form.campos->txtUser->text(), u"Rui"_s);
         QCOMPARE(form.campos->txtPass1->text(), u"segredo7"_s);
         QCOMPARE(form.campos->txtPass2->text(), u"Segredo7"_s);
@@ -129,7 +129,7 @@ private Q_SLOTS:
         frmNovoUser form(s.geral, s.plataforma);
         form.campos->cbSystemTray->setChecked(true);
         Preencher(form, u"Ana"_s, u"y"_s, u"y"_s);
-        Recusar(s, form, 100, 89);
+        Recusar(s, form, 100);
         QVERIFY(!s.geral.SessaoActual.PedirPassSystemTray);
     }
 

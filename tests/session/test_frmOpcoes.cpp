@@ -593,7 +593,7 @@ private Q_SLOTS:
         Cenario c;
         const frmOpcoes &form = c.Abrir();
         c.s.dialogos.textos << u"/outra/base.mdb"_s;
-        c.s.caixas.Espera(c.s.Texto(219), 64, form.windowTitle());
+        c.s.caixas.Espera(c.s.Texto(219), 64, u"Morvex"_s);
         form.cmdProcurar->click();
         QCOMPARE(c.s.dialogos.perguntas, QStringList{u"openFile "_s + c.s.Texto(218) + u"|*.mdb @ "_s});
         QCOMPARE(form.txtBD->text(), u"1"_s);
@@ -1042,15 +1042,62 @@ private Q_SLOTS:
         });
         janela.Carregar();
         Comparar_Partilhados(g, c.s.geral);
-        QCOMPARE(g.EmailNotifyActivo, qint16{1});
-        QCOMPARE(g.EmailNotifyMinutos, qint16{15});
-        QCOMPARE(g.MessengerActivo, qint16{1});
-        QCOMPARE(g.SomEmail, u"/sons/email.wav"_s);
-        QCOMPARE(g.SomTarefa, u"/sons/tarefa.wav"_s);
+        Comparar_Os_Do_Utilizador(g);
     }
 
-    // Without a login the start reads the bare sections, while the options write those of user 0.
-    void sem_login_o_mail_o_messenger_e_os_sons_perdem_se()
+    void um_valor_que_o_ficheiro_nao_guarda_inteiro_recusa_se_e_nada_se_escreve_data()
+    {
+        QTest::addColumn<QString>("controlo");
+        QTest::addColumn<int>("separador");
+        QTest::newRow("caminho") << u"txtCaminho"_s << 3;
+        QTest::newRow("dias") << u"comboAniversario"_s << 1;
+        QTest::newRow("minutos") << u"ComboMailNotification"_s << 6;
+        QTest::newRow("fonte") << u"txtMemo"_s << 2;
+        QTest::newRow("som do correio") << u"SomEmail"_s << 7;
+        QTest::newRow("som da tarefa") << u"SomTarefa"_s << 7;
+    }
+    void um_valor_que_o_ficheiro_nao_guarda_inteiro_recusa_se_e_nada_se_escreve()
+    {
+        QFETCH(QString, controlo);
+        QFETCH(int, separador);
+        Cenario c;
+        frmOpcoes &form = c.Mostrar();
+        Mudar_Tudo(c, form);
+        const QString valor(255, u'ł');
+        if (controlo == "SomEmail"_L1)
+            c.s.geral.SomEmail = valor;
+        else if (controlo == "SomTarefa"_L1)
+            c.s.geral.SomTarefa = valor;
+        else if (controlo == "txtMemo"_L1)
+            form.txtMemo->setFont(QFont(valor));
+        else if (auto *combo = form.findChild<QComboBox *>(controlo))
+            combo->setCurrentText(valor);
+        else
+            form.findChild<QLineEdit *>(controlo)->setText(valor);
+        const QStringList ini = c.Linhas_Do_Ini();
+        const QStringList config = c.s.Linhas(u"SELECT * FROM TblConfig"_s);
+        c.s.caixas.Espera(u"Este valor tem 255 caracteres, e o programa só guarda até 254. Escolha um mais "
+                          "curto. Nada foi gravado.\r\n\r\n"_s +
+                              valor,
+                          16, u"Morvex"_s);
+        form.cmdOk->click();
+        QVERIFY(c.s.caixas.Todas_Vistas());
+        QVERIFY(form.isVisible());
+        QCOMPARE(form.tbsOptions->currentIndex(), separador);
+        QCOMPARE(c.Linhas_Do_Ini(), ini);
+        QCOMPARE(c.s.Linhas(u"SELECT * FROM TblConfig"_s), config);
+    }
+
+    void um_caminho_de_254_letras_guarda_se_inteiro()
+    {
+        Cenario c;
+        frmOpcoes &form = c.Mostrar();
+        form.txtCaminho->setText(QString(254, u'ł'));
+        form.cmdOk->click();
+        QCOMPARE(c.Ini(u"basedados"_s, u"caminhobd"_s), QString(254, u'ł'));
+    }
+
+    void sem_login_tudo_volta_no_proximo_arranque()
     {
         Cenario c;
         frmOpcoes &form = c.Mostrar();
@@ -1061,15 +1108,22 @@ private Q_SLOTS:
         Main janela(g, c.s.plataforma);
         janela.Carregar();
         Comparar_Partilhados(g, c.s.geral);
-        QCOMPARE(g.EmailNotifyActivo, qint16{0});
-        QCOMPARE(g.EmailNotifyMinutos, qint16{60});
-        QCOMPARE(g.MessengerActivo, qint16{0});
-        QCOMPARE(g.SomEmail, QString());
-        QCOMPARE(g.SomTarefa, QString());
+        Comparar_Os_Do_Utilizador(g);
         QCOMPARE(c.Ini(u"som0"_s, u"email"_s), u"/sons/email.wav"_s);
+        QCOMPARE(c.Ini(u"som"_s, u"email"_s), QString());
     }
 
 private:
+    // What Mudar_Tudo chose for the user, after a restart.
+    static void Comparar_Os_Do_Utilizador(const Geral &g)
+    {
+        QCOMPARE(g.EmailNotifyActivo, qint16{1});
+        QCOMPARE(g.EmailNotifyMinutos, qint16{15});
+        QCOMPARE(g.MessengerActivo, qint16{1});
+        QCOMPARE(g.SomEmail, u"/sons/email.wav"_s);
+        QCOMPARE(g.SomTarefa, u"/sons/tarefa.wav"_s);
+    }
+
     // What belongs to the installation, after a restart: the language alone is a new one.
     static void Comparar_Partilhados(const Geral &nova, const Geral &velha)
     {

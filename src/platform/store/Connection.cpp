@@ -1,6 +1,7 @@
 #include "platform/store/Connection.h"
 
 #include "platform/Failure.h"
+#include "platform/store/FailureKind.h"
 #include "platform/store/TextRules.h"
 #include "platform/store/UntouchedSource.h"
 
@@ -14,8 +15,12 @@
 
 struct Connection::Database {
     // One thread works with a connection: the store need not guard each of its calls.
-    Database(const std::string &path, int flags) : handle(path, flags | SQLite::OPEN_NOMUTEX) {}
+    Database(const QString &file, int flags)
+        : path(file), handle(file.toStdString(), flags | SQLite::OPEN_NOMUTEX)
+    {
+    }
 
+    QString path;
     SQLite::Database handle; // declared first: the statements go before it
     QHash<QString, std::shared_ptr<SQLite::Statement>> statements;
     bool gathering = false;
@@ -47,9 +52,10 @@ constexpr int patience = 5000;               // ms for which another program's w
 constexpr std::size_t longestPortion = 8000; // writes that reach the file together
 constexpr char sourceName[] = "Connection";
 
-[[noreturn]] void raise(const QString &description, const QString &source = QLatin1String(sourceName))
+[[noreturn]] void raise(const QString &description, const QString &source = QLatin1String(sourceName),
+                        Failure::Kind kind = Failure::Kind::Other)
 {
-    throw Failure(Failure::StoreError, source, description);
+    throw Failure(Failure::StoreError, source, description, kind);
 }
 
 QString dataSource(const QString &connectionString)
@@ -145,12 +151,12 @@ private:
     SQLite::Statement &statement_;
 };
 
-template<class Work> auto raisingFailures(const QString &source, const Work &work)
+template<class Work> auto raisingFailures(const QString &path, const QString &source, const Work &work)
 {
     try {
         return work();
     } catch (const SQLite::Exception &error) {
-        raise(QString::fromUtf8(error.what()), source);
+        raise(QString::fromUtf8(error.what()), source, kindOf(error, path));
     }
 }
 
@@ -190,16 +196,20 @@ QString Connection::existingFile() const
 {
     const QString path = file();
     const QFileInfo info(path);
-    if (!info.exists()) raise(QStringLiteral("The database was not found: %1").arg(path));
-    if (info.size() == 0) raise(QStringLiteral("The file is no database: %1").arg(path));
+    if (!info.exists())
+        raise(QStringLiteral("The database was not found: %1").arg(path), QLatin1String(sourceName),
+              Failure::Kind::DatabaseMissing);
+    if (info.size() == 0)
+        raise(QStringLiteral("The file is no database: %1").arg(path), QLatin1String(sourceName),
+              Failure::Kind::DatabaseDamaged);
     return path;
 }
 
 void Connection::open(int flags)
 {
     const QString path = existingFile();
-    database_ = raisingFailures(path, [&] {
-        auto opened = std::make_unique<Database>(path.toStdString(), flags);
+    database_ = raisingFailures(path, path, [&] {
+        auto opened = std::make_unique<Database>(path, flags);
         opened->handle.setBusyTimeout(patience);
         registerTextRules(opened->handle.getHandle());
         opened->handle.exec("PRAGMA synchronous=FULL");
@@ -212,8 +222,9 @@ void Connection::open(int flags)
 
 void Connection::OpenInMemory()
 {
-    database_ = raisingFailures(QLatin1String(sourceName), [] {
-        auto opened = std::make_unique<Database>(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+    database_ = raisingFailures({}, QLatin1String(sourceName), [] {
+        auto opened = std::make_unique<Database>(QStringLiteral(":memory:"),
+                                                 SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
         registerTextRules(opened->handle.getHandle());
         return opened;
     });
@@ -225,8 +236,8 @@ void Connection::OpenCopyInMemory()
     OpenInMemory();
     try {
         const UntouchedSource source(path);
-        raisingFailures(path, [&] {
-            Database file(source.path().toStdString(), source.flags());
+        raisingFailures(path, path, [&] {
+            Database file(source.path(), source.flags());
             file.handle.setBusyTimeout(patience);
             copyAll(database_->handle, file.handle);
         });
@@ -249,7 +260,7 @@ void Connection::execute(const QString &sql, std::vector<StoreValue> values)
 
 void Connection::run(const Write &write)
 {
-    raisingFailures(write.sql, [&] {
+    raisingFailures(database_->path, write.sql, [&] {
         database_->waiting([&] {
             SQLite::Statement &statement = database_->statement(write.sql);
             const Running running(statement, write.values);
@@ -276,7 +287,8 @@ void Connection::tryWriting()
         if (database_->inTransaction()) run({QStringLiteral("ROLLBACK"), {}});
     };
     try {
-        raisingFailures(file(), [&] { database_->waiting([&] { writePages(database_->handle); }); });
+        raisingFailures(database_->path, file(),
+                        [&] { database_->waiting([&] { writePages(database_->handle); }); });
     } catch (const Failure &) {
         takeBack();
         throw;
@@ -358,7 +370,7 @@ void Connection::runPortionOneByOne()
 Connection::Mark Connection::mark()
 {
     if (!database_) raise(QStringLiteral("The connection is closed"));
-    return raisingFailures(QLatin1String(sourceName), [&] {
+    return raisingFailures(database_->path, QLatin1String(sourceName), [&] {
         return Mark{openings_, database_->handle.execAndGet("PRAGMA data_version").getInt(),
                     sqlite3_total_changes(database_->handle.getHandle())};
     });
@@ -367,7 +379,7 @@ Connection::Mark Connection::mark()
 Recordset Connection::query(const QString &sql, const std::vector<StoreValue> &values)
 {
     if (!database_) raise(QStringLiteral("The connection is closed"));
-    return raisingFailures(sql, [&] {
+    return raisingFailures(database_->path, sql, [&] {
         SQLite::Statement &statement = database_->statement(sql);
         const Running running(statement, values);
         Cells cells;
@@ -382,7 +394,7 @@ void Connection::each(const QString &sql, const std::vector<StoreValue> &values,
                       const std::function<void(const Recordset &)> &row)
 {
     if (!database_) raise(QStringLiteral("The connection is closed"));
-    raisingFailures(sql, [&] {
+    raisingFailures(database_->path, sql, [&] {
         SQLite::Statement &statement = database_->statement(sql);
         const Running running(statement, values);
         RowReader reader(statement);

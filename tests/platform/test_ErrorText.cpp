@@ -1,0 +1,85 @@
+// The words of an error: a language for everybody, words for every kind that a person can mend.
+#include "platform/ErrorText.h"
+#include "platform/Failure.h"
+#include "platform/Translations.h"
+#include "testlib/Teste.h"
+
+using namespace Qt::StringLiterals;
+using enum Failure::Kind;
+
+class TestErrorText : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void each_kind_that_a_person_can_mend_has_words_of_its_own_in_every_language()
+    {
+        QStringList all;
+        for (const QString &language : {u"PortuguesPT"_s, u"PortuguesBR"_s, u"InglesUK"_s, u"EspanholES"_s,
+                                        u"ItalianoIT"_s, u"FrancesFR"_s, u"AlemaoDE"_s})
+            for (const Failure::Kind kind : {DatabaseMissing, DatabaseLocked, DatabaseReadOnly,
+                                             DatabaseForbidden, DatabaseDamaged, DatabaseNewer, DiskFull}) {
+                const ErrorText text = errorText(Failure(1, u"s"_s, u"technical"_s, kind), language);
+                QVERIFY(text.words.size() > 60 && text.words.endsWith(u'.'));
+                QVERIFY(!text.words.contains(u"technical"_s));
+                QCOMPARE(text.details, u"1 · s\ntechnical"_s);
+                all << text.words;
+            }
+        QCOMPARE(all.removeDuplicates(), 0);
+    }
+
+    void the_rest_keeps_its_description()
+    {
+        const ErrorText text = errorText(Failure(13, {}, u"line one\nline two"_s), u"AlemaoDE"_s);
+        QCOMPARE(text.words, u"line one\nline two"_s);
+        QCOMPARE(text.details, u"13"_s);
+    }
+
+    void a_text_is_cut_by_its_letters_and_by_its_lines_data()
+    {
+        QTest::addColumn<QString>("description");
+        QTest::addColumn<QString>("words");
+        QTest::newRow("600 letters stay") << QString(600, u'x') << QString(600, u'x');
+        QTest::newRow("one more does not") << QString(601, u'x') << QString(600, u'x') + u'…';
+        QTest::newRow("no half of a letter") << QString(599, u'x') + u"😀"_s << QString(599, u'x') + u'…';
+        QTest::newRow("twelve lines stay") << u"a\n"_s.repeated(11) + u'b' << u"a\n"_s.repeated(11) + u'b';
+        QTest::newRow("one more does not") << u"a\n"_s.repeated(12) + u'b' << u"a\n"_s.repeated(11) + u"a…"_s;
+        QTest::newRow("no control characters") << u"a\x01\tb\rc"_s << u"a  b c"_s;
+    }
+    void a_text_is_cut_by_its_letters_and_by_its_lines()
+    {
+        QFETCH(QString, description);
+        QFETCH(QString, words);
+        QCOMPARE(errorText(Failure(1, {}, description), {}).words, words);
+    }
+
+    void before_a_language_is_active_the_desktop_s_is_spoken_data()
+    {
+        QTest::addColumn<QStringList>("codes");
+        QTest::addColumn<QString>("language");
+        QTest::newRow("Portugal") << QStringList{u"pt-PT"_s, u"pt"_s} << u"PortuguesPT"_s;
+        QTest::newRow("Portuguese of nowhere") << QStringList{u"pt"_s} << u"PortuguesPT"_s;
+        QTest::newRow("Angola") << QStringList{u"pt-AO"_s} << u"PortuguesPT"_s;
+        QTest::newRow("Brazil") << QStringList{u"pt-BR"_s} << u"PortuguesBR"_s;
+        QTest::newRow("Brazil with its script") << QStringList{u"pt-Latn-BR"_s} << u"PortuguesBR"_s;
+        QTest::newRow("Brazil, underscored") << QStringList{u"pt_BR"_s} << u"PortuguesBR"_s;
+        QTest::newRow("Austria") << QStringList{u"de-AT"_s} << u"AlemaoDE"_s;
+        QTest::newRow("Canada") << QStringList{u"fr-CA"_s} << u"FrancesFR"_s;
+        QTest::newRow("Mexico") << QStringList{u"es-MX"_s} << u"EspanholES"_s;
+        QTest::newRow("Switzerland") << QStringList{u"it-CH"_s} << u"ItalianoIT"_s;
+        QTest::newRow("the second wish") << QStringList{u"pl-PL"_s, u"de-DE"_s} << u"AlemaoDE"_s;
+        QTest::newRow("a language with a like code") << QStringList{u"est-EE"_s} << u"InglesUK"_s;
+        QTest::newRow("none") << QStringList{u"C"_s} << u"InglesUK"_s;
+    }
+    void before_a_language_is_active_the_desktop_s_is_spoken()
+    {
+        QFETCH(QStringList, codes);
+        QFETCH(QString, language);
+        QCOMPARE(languageOf(codes), language);
+        QCOMPARE(spokenLanguage(u"ItalianoIT"_s), u"ItalianoIT"_s);
+        QCOMPARE(spokenLanguage({}), u"InglesUK"_s); // the tests' desktop
+    }
+};
+
+MORVEX_TESTE(TestErrorText)
+#include "test_ErrorText.moc"
