@@ -75,7 +75,8 @@ void AccoesContacto::cmdEliminar_Click()
 bool AccoesContacto::Confirma_Eliminar(int linha)
 {
     const QString pergunta = geral_.Ler_Idioma(texto_deseja_eliminar) + u' ' + ListaNomes.List(linha) + u'?';
-    return platform_.boxes.show(pergunta, box::question | box::yesNo, &janela_) == answer::yes;
+    return platform_.boxes.show(pergunta, box::question | box::yesNo, janela_.windowTitle(), &janela_) ==
+           answer::yes;
 }
 
 void AccoesContacto::Email_Click()

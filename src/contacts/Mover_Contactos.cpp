@@ -9,7 +9,7 @@ bool Mover_Contactos(Geral &geral, Platform &platform, const QString &origem, co
                      QWidget *dono)
 {
     if (origem == destino) {
-        platform.boxes.show(geral.Ler_Idioma(120), box::stop, dono);
+        platform.boxes.show(geral.Ler_Idioma(120), box::stop, dono->windowTitle(), dono);
         return false;
     }
     geral.de.Executar("cmdChangeGroup", {destino, origem});

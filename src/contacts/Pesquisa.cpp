@@ -27,7 +27,8 @@ Pesquisa::~Pesquisa() = default;
 void Pesquisa::procurar_Click()
 {
     if (control<ListBox>(janela_, u"ListaNomes"_s).ListCount() == 0) {
-        platform_.boxes.show(geral_.Ler_Idioma(texto_nada_para_procurar), box::stop, &janela_);
+        platform_.boxes.show(geral_.Ler_Idioma(texto_nada_para_procurar), box::stop, janela_.windowTitle(),
+                             &janela_);
         return;
     }
     if (!form_) {

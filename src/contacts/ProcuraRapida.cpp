@@ -53,7 +53,7 @@ ProcuraRapida::ProcuraRapida(QWidget &janela, Geral &geral, Platform &platform, 
 void ProcuraRapida::txtProcura_Change()
 {
     if (ListaNomes.ListCount() == 0) {
-        platform_.boxes.show(geral_.Ler_Idioma(texto_lista_vazia), box::ok, &janela_);
+        platform_.boxes.show(geral_.Ler_Idioma(texto_lista_vazia), box::ok, janela_.windowTitle(), &janela_);
         return;
     }
     const QString texto = txtProcura.text();

@@ -62,7 +62,7 @@ frmAddEdit::frmAddEdit(QWidget &janela, Geral &geral, Platform &platform, ListaC
 bool frmAddEdit::Carregar()
 {
     if (control<ComboBox>(janela_, u"ComboGrupos"_s).ListCount() == 0) {
-        platform_.boxes.show(u"Nehum grupo criado"_s, box::exclamation, this);
+        platform_.boxes.show(u"Nehum grupo criado"_s, box::exclamation, windowTitle(), this);
         Q_EMIT Sem_Grupos();
         return false;
     }
@@ -187,7 +187,7 @@ void frmAddEdit::cmd_foto_Click()
 void frmAddEdit::cmdOk_Click()
 {
     if (ComboGrupos->ListCount() == 0) {
-        platform_.boxes.show(u"nenhum grupo criado."_s, box::exclamation, this);
+        platform_.boxes.show(u"nenhum grupo criado."_s, box::exclamation, windowTitle(), this);
         reject();
         Q_EMIT Sem_Grupos();
         return;
@@ -201,7 +201,7 @@ void frmAddEdit::cmdOk_Click()
 
 void frmAddEdit::Recusar_Data()
 {
-    platform_.boxes.show(geral_.Ler_Idioma(232), box::stop, this);
+    platform_.boxes.show(geral_.Ler_Idioma(232), box::stop, windowTitle(), this);
     datas_->Esvaziar();
 }
 

@@ -57,4 +57,7 @@ bool frmDeleteGroup::Tratar_Dos_Contactos(const QString &grupo)
     return true;
 }
 
-void frmDeleteGroup::Dizer(qint16 texto) { platform_.boxes.show(geral_.Ler_Idioma(texto), box::stop, this); }
+void frmDeleteGroup::Dizer(qint16 texto)
+{
+    platform_.boxes.show(geral_.Ler_Idioma(texto), box::stop, windowTitle(), this);
+}

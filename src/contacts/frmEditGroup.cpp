@@ -106,7 +106,7 @@ void frmEditGroup::Mudar_Dono()
     geral_.de.Executar("cmdUpdateGrupoUser", {ComboUsers->ChosenItemData(), ComboGrupos->ChosenItemData()});
     const QStringList partes{geral_.Ler_Idioma(262), ComboGrupos->currentText(), geral_.Ler_Idioma(263),
                              ComboUsers->currentText()};
-    platform_.boxes.show(partes.join(u' '), box::exclamation, this);
+    platform_.boxes.show(partes.join(u' '), box::exclamation, windowTitle(), this);
 }
 
 void frmEditGroup::Renomear()

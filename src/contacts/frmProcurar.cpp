@@ -144,7 +144,8 @@ void frmProcurar::Mostrar_Seguinte()
 {
     onFailure([&] { ListaNomes->setListIndex(ListaNomes->ListIndex() + 1); },
               [&](const Failure &) {
-                  platform_.boxes.show(geral_.Ler_Idioma(texto_fim_dos_contactos), box::information, this);
+                  platform_.boxes.show(geral_.Ler_Idioma(texto_fim_dos_contactos), box::information,
+                                       windowTitle(), this);
                   cmdProcurar->setText(geral_.Ler_Idioma(texto_procurar));
                   ListaNomes->Clear();
               });
@@ -175,7 +176,7 @@ void frmProcurar::Procurar_Texto(const OpcaoDeTexto &opcao)
     }
     rs.Close();
     if (ListaNomes->ListCount() == 0) {
-        platform_.boxes.show(geral_.Ler_Idioma(texto_nenhum_contacto), box::information, this);
+        platform_.boxes.show(geral_.Ler_Idioma(texto_nenhum_contacto), box::information, windowTitle(), this);
         return;
     }
     ListaNomes->setListIndex(0);

@@ -6,8 +6,7 @@
 
 using namespace Qt::StringLiterals;
 
-frmSeleccionarIdioma::frmSeleccionarIdioma(Geral &geral, Platform &platform)
-    : geral_(geral), platform_(platform)
+frmSeleccionarIdioma::frmSeleccionarIdioma(Geral &geral, Platform &platform) : geral_(geral), platform_(platform)
 {
     setupUi(this);
     connect(cmdPT, &QAbstractButton::clicked, this, &frmSeleccionarIdioma::cmdPT_Click);
@@ -34,7 +33,7 @@ void frmSeleccionarIdioma::cmdFR_Click() { Semear(sementes::FR()); }
 
 void frmSeleccionarIdioma::cmdIndisponivel_Click()
 {
-    platform_.boxes.show(u"Idioma não disponível | Language not avaiable"_s, box::stop, this);
+    platform_.boxes.show(u"Idioma não disponível | Language not avaiable"_s, box::stop, windowTitle(), this);
 }
 
 void frmSeleccionarIdioma::Semear(const Sementes &sementes)

@@ -69,7 +69,7 @@ void frmBackup::cmdIniciar_Click()
 {
     Apagar_Copia_De_Trabalho();
     if (txtCaminhoBackup->text().isEmpty()) {
-        platform_.boxes.show(geral_.Ler_Idioma(253), box::stop, this);
+        platform_.boxes.show(geral_.Ler_Idioma(253), box::stop, windowTitle(), this);
         return;
     }
     if (const QString pasta = txtCaminhoBackup->text(); !Cabe_No_Ini(pasta))
@@ -92,7 +92,7 @@ void frmBackup::Copiar()
     ProgressBar1->setValue(100);
     ProgressBar1->hide();
     geral_.de.Reabrir_Ligacao();
-    platform_.boxes.show(geral_.Ler_Idioma(255), box::information, this);
+    platform_.boxes.show(geral_.Ler_Idioma(255), box::information, windowTitle(), this);
     geral_.ini.Escrever_Ini(seccao, chave, txtCaminhoBackup->text());
 }
 

@@ -69,7 +69,7 @@ bool frmImportar::Recusar(const QString &caminho)
     if (motivo == 0) return false;
     QString texto;
     if (!skipFailure([&] { texto = geral_.Ler_Idioma(motivo); })) texto = geral_.Ler_Idioma(87);
-    platform_.boxes.show(texto + u"\r\n"_s + caminho, box::stop, this);
+    platform_.boxes.show(texto + u"\r\n"_s + caminho, box::stop, windowTitle(), this);
     return true;
 }
 
@@ -110,7 +110,7 @@ void frmImportar::Falhar(const QString &caminho)
 {
     endOnFailure(platform_.boxes, platform_.process, [&] {
         intercambio_.De2().Fechar_cn();
-        platform_.boxes.show(geral_.Ler_Idioma(87) + u"\r\n"_s + caminho, box::stop,
+        platform_.boxes.show(geral_.Ler_Idioma(87) + u"\r\n"_s + caminho, box::stop, windowTitle(),
                              isVisible() ? this : &janela_);
     });
 }

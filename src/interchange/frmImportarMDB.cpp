@@ -88,7 +88,7 @@ void frmImportarMDB::cmdSeguinte_Click()
     connect(&fusao, &Fusao::MemosLidos, this, mostrar(imgMemos));
     ProgressBar1->show();
     fusao.Correr();
-    platform_.boxes.show(Resultado(fusao), box::exclamation, this);
+    platform_.boxes.show(Resultado(fusao), box::exclamation, windowTitle(), this);
     platform_.process.end();
 }
 

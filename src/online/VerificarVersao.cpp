@@ -81,7 +81,8 @@ bool VerificarVersao::Confirma(const QString &versao)
 {
     const QScopedValueRollback guarda(perguntando_, true);
     const QString pergunta = geral_.Ler_Idioma(223) + u' ' + versao + u"\r\n"_s + geral_.Ler_Idioma(224);
-    return platform_.boxes.show(pergunta, box::exclamation | box::yesNo, &janela_) == answer::yes;
+    return platform_.boxes.show(pergunta, box::exclamation | box::yesNo, janela_.windowTitle(), &janela_) ==
+           answer::yes;
 }
 
 QString VerificarVersao::Ligacao_De_Download()

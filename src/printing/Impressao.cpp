@@ -48,7 +48,7 @@ void Impressao::ImprimirEnvelope_Click()
 {
     if (ListaNomes.ListIndex() < 0) {
         const QString aviso = geral_.Ler_Idioma(165) + u"\r\n"_s + geral_.Ler_Idioma(166);
-        platform_.boxes.show(aviso, box::stop, &janela_);
+        platform_.boxes.show(aviso, box::stop, janela_.windowTitle(), &janela_);
         return;
     }
     const DisabledWindow desactivada(janela_);

@@ -11,7 +11,8 @@ bool Confirma_Com_Tarefas(Geral &geral, Platform &platform, QWidget *dono)
 {
     const QString aviso = geral.Ler_Idioma(225) + QLatin1String("\r\n") + geral.Ler_Idioma(226) +
                           QLatin1String("\r\n") + geral.Ler_Idioma(227);
-    return platform.boxes.show(aviso, box::exclamation | box::yesNo, dono) == answer::yes;
+    return platform.boxes.show(aviso, box::exclamation | box::yesNo, dono->windowTitle(), dono) ==
+           answer::yes;
 }
 
 bool Confirma(Geral &geral, Platform &platform, QWidget *dono)

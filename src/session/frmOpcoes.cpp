@@ -210,7 +210,7 @@ void frmOpcoes::cmdProcurar_Click()
     const auto ficheiro = platform_.dialogs.openFile(geral_.Ler_Idioma(218) + u"|*.mdb"_s, {}, this);
     if (!ficheiro) return;
     txtBD->setText(u"1"_s);
-    platform_.boxes.show(geral_.Ler_Idioma(219), box::information, this);
+    platform_.boxes.show(geral_.Ler_Idioma(219), box::information, windowTitle(), this);
     txtCaminho->setText(*ficheiro);
 }
 

@@ -73,9 +73,9 @@ struct ComGrupos : ComJanela {
     }
 
     // A box in front of the form, which then still stands.
-    template<class Formulario> void Ouvir(Formulario &form, int texto)
+    template<class Formulario> void Ouvir(Formulario &form, int texto, int titulo)
     {
-        s.caixas.Espera(s.Texto(texto), 16, QStringLiteral("Morvex"));
+        s.caixas.Espera(s.Texto(texto), 16, s.Texto(titulo));
         form.show();
         form.cmdOk->click();
         QVERIFY(s.caixas.Todas_Vistas());

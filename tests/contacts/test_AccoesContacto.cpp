@@ -64,7 +64,7 @@ class TestAccoesContacto : public QObject
 
     static void Espera_Pergunta(Programa &p, const QString &nome, int resposta)
     {
-        p.s.caixas.Espera(p.s.Texto(54) + u' ' + nome + u'?', 36, u"Morvex"_s, resposta);
+        p.s.caixas.Espera(p.s.Texto(54) + u' ' + nome + u'?', 36, u"Morvex 1.0"_s, resposta);
     }
 
     // One contact on the card.

@@ -177,7 +177,7 @@ private Q_SLOTS:
     {
         Editor e;
         e.janela.ComboGrupos->Clear();
-        e.s.caixas.Espera(u"Nehum grupo criado"_s, 48, u"Morvex"_s);
+        e.s.caixas.Espera(u"Nehum grupo criado"_s, 48, e.s.Texto(26));
         bool abriu = false;
         accoes::Quando_Abrir<frmNovoGrupo>([&](frmNovoGrupo &form) {
             abriu = true;

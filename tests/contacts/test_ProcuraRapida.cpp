@@ -120,7 +120,7 @@ private Q_SLOTS:
     {
         Programa p;
         p.Carregar();
-        p.s.caixas.Espera(p.s.Texto(2), 0, u"Morvex"_s);
+        p.s.caixas.Espera(p.s.Texto(2), 0, u"Morvex 1.0"_s);
         p.janela.txtProcura->setText(u"a"_s);
         QVERIFY(p.s.caixas.Todas_Vistas());
     }
@@ -187,7 +187,7 @@ private Q_SLOTS:
         Focar(p);
         QTest::keyClicks(p.janela.txtProcura, u"be"_s);
         p.janela.txtProcura->selectAll();
-        p.s.caixas.Espera(p.s.Texto(54) + u" Berta?"_s, 36, u"Morvex"_s, answer::no);
+        p.s.caixas.Espera(p.s.Texto(54) + u" Berta?"_s, 36, u"Morvex 1.0"_s, answer::no);
         QTest::keyClick(p.janela.txtProcura, Qt::Key_Delete);
         QVERIFY(p.s.caixas.Todas_Vistas());
         QCOMPARE(p.janela.txtProcura->text(), u"be"_s);
@@ -257,7 +257,7 @@ private Q_SLOTS:
         Focar(p);
         p.janela.ListaNomes->setFocus();
         p.janela.ListaNomes->setListIndex(0);
-        p.s.caixas.Espera(p.s.Texto(54) + u" Ana?"_s, 36, u"Morvex"_s, answer::no);
+        p.s.caixas.Espera(p.s.Texto(54) + u" Ana?"_s, 36, u"Morvex 1.0"_s, answer::no);
         QTest::keyClick(&p.janela, Qt::Key_Delete);
         QVERIFY(p.s.caixas.Todas_Vistas());
         QTest::keyClick(&p.janela, Qt::Key_Escape);

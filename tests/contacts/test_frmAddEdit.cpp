@@ -414,7 +414,7 @@ private Q_SLOTS:
             pedidos << u"frmNovoGrupo"_s;
             QVERIFY(e.s.caixas.Todas_Vistas());
         });
-        e.s.caixas.Espera(u"Nehum grupo criado"_s, 48, u"Morvex"_s);
+        e.s.caixas.Espera(u"Nehum grupo criado"_s, 48, u"Novo"_s);
         QVERIFY(!form.Carregar());
         QCOMPARE(pedidos, QStringList{u"frmNovoGrupo"_s});
         QVERIFY(e.s.geral.temporizadores.timerTarefas.Enabled());
@@ -434,7 +434,7 @@ private Q_SLOTS:
             pedidos << u"frmNovoGrupo"_s;
         });
         form.ComboGrupos->Clear();
-        e.s.caixas.Espera(u"nenhum grupo criado."_s, 48, u"Morvex"_s);
+        e.s.caixas.Espera(u"nenhum grupo criado."_s, 48, u"Novo"_s);
         form.cmdOk->click();
         QCOMPARE(pedidos, QStringList{u"frmNovoGrupo"_s});
         QVERIFY(e.s.geral.temporizadores.timerTarefas.Enabled());
@@ -820,7 +820,7 @@ private Q_SLOTS:
         e.Novo([&](frmAddEdit &form) {
             form.txtNome->setText(u"Ana"_s);
             Escrever_Data(form, escrita[0], escrita[1], escrita[2]);
-            e.s.caixas.Espera(e.s.Texto(232), 16, u"Morvex"_s);
+            e.s.caixas.Espera(e.s.Texto(232), 16, e.s.Texto(26));
             form.cmdOk->click();
             QVERIFY(form.isVisible());
             QCOMPARE(Data(form), QStringList({u""_s, u""_s, u""_s}));

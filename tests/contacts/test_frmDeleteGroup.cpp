@@ -134,7 +134,7 @@ private Q_SLOTS:
         frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista);
         Preencher(form, ComGrupos::Familia);
         form.OptionMover->click();
-        g.Ouvir(form, 120);
+        g.Ouvir(form, 120, 121);
     }
 
     void o_ultimo_grupo_a_vista_fica_seja_qual_for_a_opcao_data() { As_Duas_Opcoes(); }
@@ -146,7 +146,7 @@ private Q_SLOTS:
         frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista);
         QCOMPARE(form.ComboGrupos->ListCount(), 1);
         Escolher_Opcao(form);
-        g.Ouvir(form, 118);
+        g.Ouvir(form, 118, 121);
     }
 
     void um_grupo_vazio_elimina_se_com_qualquer_opcao_data() { As_Duas_Opcoes(); }
@@ -173,7 +173,7 @@ private Q_SLOTS:
         frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista);
         Preencher(form, ComGrupos::Amigos);
         Escolher_Opcao(form);
-        g.Ouvir(form, 119);
+        g.Ouvir(form, 119, 121);
         QCOMPARE(g.Grupos().size(), 6);
 
         g.s.Escrever(u"DROP TRIGGER Travao"_s); // another try from the same form
@@ -187,7 +187,7 @@ private Q_SLOTS:
         g.s.Escrever(u"UPDATE TblGrupos SET IdUtilizador=99"_s);
         const ComGrupos::Intactos intactos(g);
         frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista);
-        g.Ouvir(form, 119);
+        g.Ouvir(form, 119, 121);
     }
 
     void cancelar_nao_elimina_nada()

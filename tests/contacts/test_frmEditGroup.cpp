@@ -17,7 +17,7 @@ class TestFrmEditGroup : public QObject
     static void Esperar_Aviso_De_Dono(ComGrupos &g, const QString &grupo, const QString &utilizador)
     {
         g.s.caixas.Espera(g.s.Texto(262) + u' ' + grupo + u' ' + g.s.Texto(263) + u' ' + utilizador, 48,
-                          u"Morvex"_s);
+                          g.s.Texto(122));
     }
 
 private Q_SLOTS:
@@ -147,7 +147,7 @@ private Q_SLOTS:
         const ComGrupos::Intactos intactos(g);
         frmEditGroup form(g.s.geral, g.s.plataforma, g.lista);
         form.OptionMover->click();
-        g.Ouvir(form, 120);
+        g.Ouvir(form, 120, 122);
     }
 
     void mover_leva_os_contactos_e_deixa_o_grupo_vazio()

@@ -150,7 +150,7 @@ private Q_SLOTS:
         p.Clicar();
         QCOMPARE(p.Escolhido(), u"Susana"_s);
         QCOMPARE(p.Legenda(), p.s.Texto(71));
-        p.s.caixas.Espera(p.s.Texto(70), 64, u"Morvex"_s);
+        p.s.caixas.Espera(p.s.Texto(70), 64, p.form.windowTitle());
         p.Clicar();
         QVERIFY(p.s.caixas.Todas_Vistas());
         QCOMPARE(p.Legenda(), p.s.Texto(69));
@@ -168,7 +168,7 @@ private Q_SLOTS:
         p.Procurar(p.form.opcaoNome, u"ber"_s);
         QCOMPARE(p.Escolhido(), u"Berta"_s);
         QCOMPARE(p.Legenda(), p.s.Texto(69));
-        p.s.caixas.Espera(p.s.Texto(70), 64, u"Morvex"_s);
+        p.s.caixas.Espera(p.s.Texto(70), 64, p.form.windowTitle());
         p.Clicar();
         QVERIFY(p.s.caixas.Todas_Vistas());
         QVERIFY(p.Encontrados().isEmpty());
@@ -179,7 +179,7 @@ private Q_SLOTS:
         Procura p;
         p.Carregar({u"Ana"_s, u"Berta"_s});
         p.Abrir();
-        p.s.caixas.Espera(p.s.Texto(72), 64, u"Morvex"_s);
+        p.s.caixas.Espera(p.s.Texto(72), 64, p.form.windowTitle());
         p.Procurar(p.form.opcaoObs, u"nada disto"_s);
         QVERIFY(p.s.caixas.Todas_Vistas());
         QCOMPARE(p.Legenda(), p.s.Texto(69));
@@ -227,7 +227,7 @@ private Q_SLOTS:
         p.Carregar({u"Ana"_s, u"Berta"_s});
         p.Abrir();
         p.janela.ListaNomes->setListIndex(0);
-        p.s.caixas.Espera(p.s.Texto(72), 64, u"Morvex"_s);
+        p.s.caixas.Espera(p.s.Texto(72), 64, p.form.windowTitle());
         p.Procurar(p.form.opcaoNome, u"xyz"_s);
         QCOMPARE(p.Escolhido(), QString());
         QVERIFY(!p.janela.cmdEliminar->isEnabled());
@@ -256,7 +256,7 @@ private Q_SLOTS:
         QTest::mouseClick(acertos.viewport(), Qt::LeftButton, {},
                           acertos.visualRect(acertos.model()->index(2, 0)).center());
         QCOMPARE(p.Escolhido(), u"Susana"_s);
-        p.s.caixas.Espera(p.s.Texto(70), 64, u"Morvex"_s);
+        p.s.caixas.Espera(p.s.Texto(70), 64, p.form.windowTitle());
         p.Clicar();
         QVERIFY(p.s.caixas.Todas_Vistas());
     }
@@ -564,7 +564,7 @@ private Q_SLOTS:
     {
         Programa p;
         p.Carregar();
-        p.s.caixas.Espera(p.s.Texto(60), 16, u"Morvex"_s);
+        p.s.caixas.Espera(p.s.Texto(60), 16, u"Morvex 1.0"_s);
         p.janela.procurar->trigger();
         QVERIFY(p.s.caixas.Todas_Vistas());
         QVERIFY(Aberta() == nullptr);

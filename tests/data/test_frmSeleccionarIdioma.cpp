@@ -78,7 +78,8 @@ private Q_SLOTS:
         frmSeleccionarIdioma form(s.geral, s.plataforma);
         form.show();
         for (int vez = 1; vez <= vezes; ++vez) {
-            s.caixas.Espera(u"Idioma não disponível | Language not avaiable"_s, 16, u"Morvex"_s);
+            s.caixas.Espera(u"Idioma não disponível | Language not avaiable"_s, 16,
+                            u"MORVEX - Idioma | Language"_s);
             Bandeira(form).click();
             QVERIFY(s.caixas.Todas_Vistas());
         }

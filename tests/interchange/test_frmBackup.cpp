@@ -54,7 +54,7 @@ int Filho_Que_Morre(const QString &pasta, const QString &alvo, int mudanca)
     Instalacao i(pasta);
     frmBackup form(i.geral, i.plataforma);
     form.show();
-    i.caixas.Espera_Qualquer(64, u"Morvex"_s);
+    i.caixas.Espera_Qualquer(64, form.windowTitle());
     morte_no_disco::Armar(mudanca);
     Comecar(form, alvo);
     morte_no_disco::armada = false;
@@ -132,7 +132,7 @@ class TestFrmBackup : public QObject
         QString Trabalho() const { return s.Ficheiro(u"MorvexCopy.mdb"_s); }
         QString Alvo() const { return pasta.filePath(u"Morvex.mdb"_s); }
         QString Pasta_Com_Barra() const { return pasta.path() + u'/'; }
-        void Espera_Sucesso() { s.caixas.Espera(s.Texto(255), 64, u"Morvex"_s); }
+        void Espera_Sucesso() { s.caixas.Espera(s.Texto(255), 64, form.windowTitle()); }
         QString Guardado() { return s.geral.ini.Ler_Ini(u"basedados"_s, u"caminhobackup"_s); }
         bool Ligada() { return s.geral.de.Abrir("cmdVerConfig").RecordCount() == 1; }
 
@@ -229,7 +229,7 @@ private Q_SLOTS:
         Tocar(c.Trabalho());
         c.form.txtCaminhoBackup->clear();
         c.form.cmdIniciar->setEnabled(true);
-        c.s.caixas.Espera(c.s.Texto(253), 16, u"Morvex"_s);
+        c.s.caixas.Espera(c.s.Texto(253), 16, c.form.windowTitle());
         c.form.cmdIniciar->click();
         QVERIFY(!QFile::exists(c.Trabalho()));
         QVERIFY(c.Ligada());
@@ -245,7 +245,7 @@ private Q_SLOTS:
         QVERIFY(c.form.cmdIniciar->isEnabled());
         QVERIFY(
             c.s.dialogos.perguntas.constLast().startsWith(u"folder Choose a directory from the list. @"_s));
-        c.s.caixas.Espera(c.s.Texto(253), 16, u"Morvex"_s);
+        c.s.caixas.Espera(c.s.Texto(253), 16, c.form.windowTitle());
         c.form.cmdIniciar->click();
         QVERIFY(c.s.caixas.Todas_Vistas());
     }
@@ -470,7 +470,7 @@ private Q_SLOTS:
         QCOMPARE(s.geral.CaminhoBD, s.Base());
         QTemporaryDir copias;
         frmBackup form(s.geral, s.plataforma);
-        s.caixas.Espera(s.Texto(255), 64, u"Morvex"_s);
+        s.caixas.Espera(s.Texto(255), 64, form.windowTitle());
         Comecar(form, copias.path() + u'/');
         QVERIFY(s.caixas.Todas_Vistas());
         QCOMPARE(Veredicto(copias.filePath(u"Morvex.mdb"_s)), u"ok"_s);

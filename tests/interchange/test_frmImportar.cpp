@@ -200,7 +200,7 @@ private Q_SLOTS:
         Programa p;
         p.Abrir_Uma_Base();
         const QString caminho = p.Copia(u"linhas_5000.dat"_s);
-        p.s.caixas.Espera(p.s.Texto(87) + u"\r\n"_s + caminho, 16, u"Morvex"_s);
+        p.s.caixas.Espera(p.s.Texto(87) + u"\r\n"_s + caminho, 16, p.s.Texto(82));
         p.Importar(caminho);
         QVERIFY(!p.s.processo.Terminou());
         QVERIFY(p.main.isEnabled());
@@ -215,7 +215,7 @@ private Q_SLOTS:
             QFile::setPermissions(ficheiro.filePath(), QFile::Permissions(0x6666));
         QFile::setPermissions(p.s.Pasta(), QFile::Permissions(0x7777));
         QFile::setPermissions(caminho, QFile::Permissions(0x4444));
-        p.s.caixas.Espera(p.s.Texto(87) + u"\r\n"_s + caminho, 16, u"Morvex"_s);
+        p.s.caixas.Espera(p.s.Texto(87) + u"\r\n"_s + caminho, 16, p.s.Texto(82));
         bool possivel = false;
         {
             const SemPrivilegios ninguem;

@@ -72,7 +72,7 @@ struct Programa {
 
     void Fundir(const QString &caminho, const QString &relatorio)
     {
-        s.caixas.Espera(relatorio + s.Texto(231) + u"\r\n"_s + s.Texto(235), 48, u"Morvex"_s);
+        s.caixas.Espera(relatorio + s.Texto(231) + u"\r\n"_s + s.Texto(235), 48, s.Texto(82));
         Escolher(caminho, [](frmImportarMDB &form) {
             form.cmdSeguinte->click();
             form.reject(); // the process would have ended
@@ -268,7 +268,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, base);
         Programa p;
-        p.s.caixas.Espera(p.s.Texto(87) + u"\r\n"_s + Dado(base), 16, u"Morvex"_s);
+        p.s.caixas.Espera(p.s.Texto(87) + u"\r\n"_s + Dado(base), 16, p.s.Texto(82));
         p.Escolher(Dado(base), nullptr);
         QVERIFY(!p.s.processo.Terminou());
         QCOMPARE(p.s.Linhas(u"SELECT count(*) FROM TblLista"_s), QStringList{u"0"_s});
@@ -278,7 +278,7 @@ private Q_SLOTS:
     {
         const Desempacotado antiga(Dado(u"limite_32768.mdb.xz"_s));
         Programa p;
-        p.s.caixas.Espera(p.s.Texto(87) + u"\r\n"_s + antiga.Caminho(), 16, u"Morvex"_s);
+        p.s.caixas.Espera(p.s.Texto(87) + u"\r\n"_s + antiga.Caminho(), 16, p.s.Texto(82));
         p.Escolher(antiga.Caminho(), nullptr);
         QVERIFY(!p.s.processo.Terminou());
         QCOMPARE(p.s.Linhas(u"SELECT count(*) FROM TblLista"_s), QStringList{u"0"_s});
@@ -289,7 +289,7 @@ private Q_SLOTS:
         const Desempacotado antiga(Dado(u"grande.mdb.xz"_s));
         const JetFile ficheiro(antiga.Caminho());
         Programa p;
-        p.s.caixas.Espera_Qualquer(48, u"Morvex"_s);
+        p.s.caixas.Espera_Qualquer(48, p.s.Texto(82));
         p.Escolher(antiga.Caminho(), [&](frmImportarMDB &form) {
             QCOMPARE(form.Label3->text(), p.s.Texto(86) + u" 19950"_s);
             QCOMPARE(form.Label4->text(), p.s.Texto(233) + u": 300"_s);
@@ -313,7 +313,7 @@ private Q_SLOTS:
         antiga.base.Escrever(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<32768) "
                              "INSERT INTO TblLista (Nome, Grupo) SELECT 'n', 1 FROM n"_s);
         Programa p;
-        p.s.caixas.Espera(p.s.Texto(87) + u"\r\n"_s + antiga.Caminho(), 16, u"Morvex"_s);
+        p.s.caixas.Espera(p.s.Texto(87) + u"\r\n"_s + antiga.Caminho(), 16, p.s.Texto(82));
         p.Escolher(antiga.Caminho(), nullptr);
         QVERIFY(!p.s.processo.Terminou());
     }
@@ -370,7 +370,7 @@ private Q_SLOTS:
         antiga.base.Novo_Contacto({{u"Nome"_s, Value(u"Ana"_s)}, {u"Grupo"_s, Value(1)}});
         Programa p;
         p.s.caixas.Espera(p.s.Texto(231) + u"\r\n"_s + p.s.Texto(235), 48,
-                          u"Morvex"_s); // nothing was created
+                          p.s.Texto(82)); // nothing was created
         p.Escolher(antiga.Caminho(), [&](frmImportarMDB &form) {
             form.cmdSeguinte->click();
             for (QWidget *marca : {form.imgRegistos, form.imgTarefas, form.imgMemos})
@@ -493,7 +493,7 @@ private Q_SLOTS:
             antiga.base.geral.de.Executar("cmdAdicionarTarefa", {u"t", u"01-02-2027", u"10:00", u"0", u"1"});
         }
         Programa p;
-        p.s.caixas.Espera_Qualquer(48, u"Morvex"_s);
+        p.s.caixas.Espera_Qualquer(48, p.s.Texto(82));
         p.Escolher(antiga.Caminho(), [&](frmImportarMDB &form) {
             QVERIFY(QTest::qWaitForWindowExposed(&form));
             const QSize antes = form.size();
@@ -521,7 +521,7 @@ private Q_SLOTS:
             }
         };
         Programa p;
-        p.s.caixas.Espera_Qualquer(48, u"Morvex"_s);
+        p.s.caixas.Espera_Qualquer(48, p.s.Texto(82));
         p.Escolher(Dado(u"pequena.mdb"_s), [](frmImportarMDB &form) {
             QVERIFY(QTest::qWaitForWindowExposed(&form));
             std::array<Contagem, 3> contagens;

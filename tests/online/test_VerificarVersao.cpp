@@ -74,7 +74,7 @@ class TestVerificarVersao : public QObject
         }
         void Espera_Pergunta(const QString &versao, int resposta)
         {
-            s.caixas.Espera(s.Texto(223) + u' ' + versao + u"\r\n"_s + s.Texto(224), 52, u"Morvex"_s,
+            s.caixas.Espera(s.Texto(223) + u' ' + versao + u"\r\n"_s + s.Texto(224), 52, main.windowTitle(),
                             resposta);
         }
         QString Guardada() { return s.geral.ini.Ler_Ini(u"morvex"_s, u"versaoactual"_s); }

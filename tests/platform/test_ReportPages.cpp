@@ -340,7 +340,7 @@ private Q_SLOTS:
     void uma_fotografia_com_barras_invertidas_esta_abaixo_da_pasta_da_definicao()
     {
         QVERIFY(QDir(folder_.path()).mkdir(u"fotos"_s));
-        QImage foto(40, 20, QImage::Format_RGB32);
+        QImage foto(400, 200, QImage::Format_RGB32);
         foto.fill(Qt::red);
         QVERIFY(foto.save(folder_.filePath(u"fotos/ana.png"_s)));
         Juntar(u"Ana"_s, {}, u"fotos\\ana.png"_s);

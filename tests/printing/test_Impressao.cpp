@@ -37,7 +37,7 @@ struct ComImpressao : ComRelatorios {
 
     void Recusar_Envelope(const QString &entrada)
     {
-        s.caixas.Espera(s.Texto(165) + u"\r\n"_s + s.Texto(166), 16, u"Morvex"_s);
+        s.caixas.Espera(s.Texto(165) + u"\r\n"_s + s.Texto(166), 16, u"Morvex 1.0"_s);
         janela.findChild<QAction *>(entrada)->trigger();
         QVERIFY(s.caixas.Todas_Vistas());
         QVERIFY(janela.isEnabled());

@@ -238,7 +238,7 @@ private Q_SLOTS:
         const Caminho caminho = Este();
         Entrar(c, false, caminho.direito);
         const bool elimina = caminho.direito == &Sessao::Eliminar;
-        if (elimina) c.s.caixas.Espera(c.s.Texto(54) + u" Abel?"_s, 36, u"Morvex"_s, answer::no);
+        if (elimina) c.s.caixas.Espera(c.s.Texto(54) + u" Abel?"_s, 36, u"Morvex 1.0 Ana"_s, answer::no);
         const Porteiro porteiro;
         caminho.ir(c);
         QVERIFY(c.s.caixas.Todas_Vistas());

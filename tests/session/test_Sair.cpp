@@ -21,7 +21,7 @@ class TestSair : public QObject
         void Esperar_Pergunta(int resposta)
         {
             const QString texto = s.Texto(225) + u"\r\n"_s + s.Texto(226) + u"\r\n"_s + s.Texto(227);
-            s.caixas.Espera(texto, 52, u"Morvex"_s, resposta);
+            s.caixas.Espera(texto, 52, u"Morvex 1.0 "_s, resposta);
         }
         bool Foi_Se() const
         {

@@ -593,7 +593,7 @@ private Q_SLOTS:
         Cenario c;
         const frmOpcoes &form = c.Abrir();
         c.s.dialogos.textos << u"/outra/base.mdb"_s;
-        c.s.caixas.Espera(c.s.Texto(219), 64, u"Morvex"_s);
+        c.s.caixas.Espera(c.s.Texto(219), 64, form.windowTitle());
         form.cmdProcurar->click();
         QCOMPARE(c.s.dialogos.perguntas, QStringList{u"openFile "_s + c.s.Texto(218) + u"|*.mdb @ "_s});
         QCOMPARE(form.txtBD->text(), u"1"_s);

@@ -159,7 +159,7 @@ private Q_SLOTS:
         Comparar_Com_A_Regra("before");
         {
             Vida vida(*s, u"Rui"_s, u"rui"_s);
-            s->caixas.Espera(s->Texto(262) + u" De todos "_s + s->Texto(263) + u" Rui"_s, 48, u"Morvex"_s);
+            s->caixas.Espera(s->Texto(262) + u" De todos "_s + s->Texto(263) + u" Rui"_s, 48, s->Texto(122));
             vida.Fazer<frmEditGroup>(*vida.janela.EditarGrupos, [](frmEditGroup &form) {
                 form.ComboGrupos->ChooseText(u"De todos"_s);
                 form.OptionChangeUser->click();
