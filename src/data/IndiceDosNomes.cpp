@@ -1,7 +1,7 @@
 #include "data/IndiceDosNomes.h"
 
 #include "platform/store/Connection.h"
-#include "platform/store/TextRules.h"
+#include "platform/TextOrder.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,7 +1,7 @@
 #include "interchange/GruposPorNome.h"
 
 #include "data/DE.h"
-#include "platform/store/TextRules.h"
+#include "platform/TextOrder.h"
 
 bool GruposPorNome::Ordem::operator()(const QString &a, const QString &b) const
 {

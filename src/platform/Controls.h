@@ -1,6 +1,8 @@
 // Helpers over the named controls of a form.
 #pragma once
 
+#include "platform/Caption.h"
+
 #include <QObject>
 #include <QString>
 
@@ -19,6 +21,3 @@ template<class Control> Control &control(const QObject &form, const QString &nam
 // Keeps the control's place on its form while it is hidden, so that it can be painted at once when it is
 // shown.
 void keepPlaceWhenHidden(QWidget &control);
-
-// A caption without its mnemonic mark, as tips and titles show it.
-QString withoutMnemonic(const QString &caption);

@@ -1,7 +1,7 @@
 #include "platform/ListBox.h"
 
 #include "platform/Failure.h"
-#include "platform/store/TextRules.h"
+#include "platform/TextOrder.h"
 
 #include <QAbstractListModel>
 #include <QContextMenuEvent>

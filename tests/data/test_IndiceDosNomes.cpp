@@ -1,7 +1,7 @@
 // The index of a large book: when there is one, and that it changes nothing but the time.
 #include "data/Comandos.h"
 #include "data/IndiceDosNomes.h"
-#include "platform/store/TextRules.h"
+#include "platform/TextOrder.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 

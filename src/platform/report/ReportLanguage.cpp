@@ -1,6 +1,6 @@
 #include "platform/report/ReportLanguage.h"
 
-#include "platform/Controls.h"
+#include "platform/Caption.h"
 #include "platform/report/ReportDefinition.h"
 #include "platform/store/Connection.h"
 
