@@ -2,8 +2,8 @@
 // the memory, with good servers and with servers that misbehave. Each server runs in a process of its own,
 // and so does each check. Waits are a tenth of the product's, so that a run takes minutes and not half an
 // hour. Usage: bench_correio
-#include "platform/mail/MailTexts.h"
-#include "platform/mail/PopMailNotification.h"
+#include "mail/MailTexts.h"
+#include "mail/PopMailNotification.h"
 #include "testlib/Pausas.h"
 #include "testlib/ServidorPop.h"
 

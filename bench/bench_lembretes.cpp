@@ -3,8 +3,8 @@
 // longest pause of the interface while the notice is up, and the filling of the list of tasks. Usage:
 // bench_lembretes [tasks [due]]
 #include "data/Comandos.h"
-#include "platform/Application.h"
-#include "platform/store/TextRules.h"
+#include "controls/Application.h"
+#include "store/TextRules.h"
 #include "reminders/frmListaTarefas.h"
 #include "session/Main.h"
 #include "testlib/Disparar.h"

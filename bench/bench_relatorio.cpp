@@ -7,12 +7,12 @@
 #include "platform/Dialogs.h"
 #include "platform/MessageBoxes.h"
 #include "platform/ReplaceFile.h"
-#include "platform/report/CrystalReport.h"
-#include "platform/report/ReportPages.h"
-#include "platform/report/ReportPreview.h"
-#include "platform/report/ReportPrinting.h"
-#include "platform/report/ReportView.h"
-#include "platform/store/Connection.h"
+#include "report/CrystalReport.h"
+#include "report/ReportPages.h"
+#include "report/ReportPreview.h"
+#include "report/ReportPrinting.h"
+#include "report/ReportView.h"
+#include "store/Connection.h"
 
 #include <cstdio>
 #include <ctime>

@@ -2,11 +2,11 @@
 // run.
 #include "session/Main.h"
 #include "data/Geral.h"
-#include "platform/Application.h"
+#include "controls/Application.h"
 #include "platform/DesktopRegistry.h"
 #include "platform/DesktopSound.h"
 #include "platform/DesktopTray.h"
-#include "platform/mail/PopMailNotification.h"
+#include "mail/PopMailNotification.h"
 #include "platform/Platform.h"
 #include "platform/ProgramFolder.h"
 #include "platform/PurpleMessenger.h"

@@ -8,10 +8,10 @@
 #include "contacts/WebsiteEmail.h"
 #include "data/Direitos.h"
 #include "data/Geral.h"
-#include "platform/Controls.h"
-#include "platform/DisabledWindow.h"
-#include "platform/ListBox.h"
-#include "platform/PictureLabel.h"
+#include "controls/Controls.h"
+#include "controls/DisabledWindow.h"
+#include "controls/ListBox.h"
+#include "controls/PictureLabel.h"
 #include "platform/Platform.h"
 
 #include <QAbstractButton>

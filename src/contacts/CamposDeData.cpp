@@ -1,8 +1,8 @@
 #include "contacts/CamposDeData.h"
 
 #include "platform/Clock.h"
-#include "platform/Controls.h"
-#include "platform/Units.h"
+#include "controls/Controls.h"
+#include "controls/Units.h"
 
 #include <algorithm>
 #include <QCalendarWidget>

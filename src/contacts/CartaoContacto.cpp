@@ -4,12 +4,12 @@
 #include "contacts/Idade.h"
 #include "contacts/LinhasCartao.h"
 #include "data/Geral.h"
-#include "platform/Controls.h"
+#include "controls/Controls.h"
 #include "platform/Failure.h"
-#include "platform/IconLabel.h"
-#include "platform/ListBox.h"
+#include "controls/IconLabel.h"
+#include "controls/ListBox.h"
 #include "platform/Platform.h"
-#include "platform/Units.h"
+#include "controls/Units.h"
 
 #include <algorithm>
 #include <limits>

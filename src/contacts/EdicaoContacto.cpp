@@ -3,9 +3,9 @@
 #include "contacts/frmAddEdit.h"
 #include "data/Direitos.h"
 #include "data/Geral.h"
-#include "platform/Controls.h"
-#include "platform/DisabledWindow.h"
-#include "platform/ListBox.h"
+#include "controls/Controls.h"
+#include "controls/DisabledWindow.h"
+#include "controls/ListBox.h"
 
 #include <QAbstractButton>
 #include <QAction>

@@ -2,7 +2,7 @@
 
 #include "data/Geral.h"
 #include "platform/Picture.h"
-#include "platform/Units.h"
+#include "controls/Units.h"
 
 #include <QLabel>
 

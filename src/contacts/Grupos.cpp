@@ -5,9 +5,9 @@
 #include "contacts/frmNovoGrupo.h"
 #include "data/Direitos.h"
 #include "data/Geral.h"
-#include "platform/Controls.h"
-#include "platform/DisabledWindow.h"
-#include "platform/ModalForm.h"
+#include "controls/Controls.h"
+#include "controls/DisabledWindow.h"
+#include "controls/ModalForm.h"
 #include "platform/Platform.h"
 
 #include <QAction>

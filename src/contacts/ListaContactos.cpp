@@ -3,10 +3,10 @@
 #include "contacts/CartaoContacto.h"
 #include "contacts/Preencher_Grupos.h"
 #include "data/Geral.h"
-#include "platform/ComboBox.h"
-#include "platform/Controls.h"
+#include "controls/ComboBox.h"
+#include "controls/Controls.h"
 #include "platform/Failure.h"
-#include "platform/ListBox.h"
+#include "controls/ListBox.h"
 
 #include <QLabel>
 

@@ -3,7 +3,7 @@
 // the selection, and puts the selection back by hand.
 #pragma once
 
-#include "platform/store/Connection.h"
+#include "store/Connection.h"
 
 #include <QObject>
 

@@ -2,9 +2,9 @@
 
 #include "contacts/ListaContactos.h"
 #include "data/Geral.h"
-#include "platform/ComboBox.h"
-#include "platform/Controls.h"
-#include "platform/ListBox.h"
+#include "controls/ComboBox.h"
+#include "controls/Controls.h"
+#include "controls/ListBox.h"
 
 using namespace Qt::StringLiterals;
 

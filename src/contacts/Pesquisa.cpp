@@ -2,8 +2,8 @@
 
 #include "contacts/frmProcurar.h"
 #include "data/Geral.h"
-#include "platform/Controls.h"
-#include "platform/ListBox.h"
+#include "controls/Controls.h"
+#include "controls/ListBox.h"
 #include "platform/Platform.h"
 
 #include <QAction>

@@ -1,7 +1,7 @@
 #include "contacts/Preencher_Grupos.h"
 
 #include "data/Geral.h"
-#include "platform/ComboBox.h"
+#include "controls/ComboBox.h"
 
 void Preencher_Grupos(Geral &geral, ComboBox &combo, DadosDoItem dados)
 {

@@ -1,7 +1,7 @@
 #include "contacts/Preencher_Utilizadores.h"
 
 #include "data/Geral.h"
-#include "platform/ComboBox.h"
+#include "controls/ComboBox.h"
 
 void Acrescentar_Utilizadores(Geral &geral, ComboBox &combo)
 {

@@ -7,12 +7,12 @@
 #include "data/Geral.h"
 #include "data/Idiomas.h"
 #include "data/ValorLongo.h"
-#include "platform/Controls.h"
+#include "controls/Controls.h"
 #include "platform/Failure.h"
 #include "platform/Picture.h"
 #include "platform/Platform.h"
-#include "platform/Units.h"
-#include "platform/WholeCharacters.h"
+#include "controls/Units.h"
+#include "controls/WholeCharacters.h"
 
 using namespace Qt::StringLiterals;
 

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "contacts/LugarNaLista.h"
-#include "platform/LongText.h"
+#include "controls/LongText.h"
 #include "ui_frmAddEdit.h"
 
 #include <array>

@@ -4,7 +4,7 @@
 #include "contacts/Mover_Contactos.h"
 #include "contacts/Preencher_Grupos.h"
 #include "data/Geral.h"
-#include "platform/Controls.h"
+#include "controls/Controls.h"
 #include "platform/Failure.h"
 #include "platform/Platform.h"
 

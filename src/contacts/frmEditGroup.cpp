@@ -5,7 +5,7 @@
 #include "contacts/Preencher_Grupos.h"
 #include "contacts/Preencher_Utilizadores.h"
 #include "data/Geral.h"
-#include "platform/Controls.h"
+#include "controls/Controls.h"
 #include "platform/Failure.h"
 #include "platform/Platform.h"
 

@@ -2,7 +2,7 @@
 
 #include "contacts/WebsiteEmail.h"
 #include "data/Geral.h"
-#include "platform/Controls.h"
+#include "controls/Controls.h"
 #include "platform/Platform.h"
 
 using namespace Qt::StringLiterals;

@@ -3,7 +3,7 @@
 #include "contacts/ListaContactos.h"
 #include "contacts/Preencher_Utilizadores.h"
 #include "data/Geral.h"
-#include "platform/Controls.h"
+#include "controls/Controls.h"
 
 #include <QShowEvent>
 

@@ -2,11 +2,11 @@
 
 #include "data/Geral.h"
 #include "data/Inteiro.h"
-#include "platform/ComboBox.h"
-#include "platform/Controls.h"
+#include "controls/ComboBox.h"
+#include "controls/Controls.h"
 #include "platform/Failure.h"
 #include "platform/Platform.h"
-#include "platform/Units.h"
+#include "controls/Units.h"
 
 #include <algorithm>
 #include <QGuiApplication>

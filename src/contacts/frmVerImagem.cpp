@@ -2,8 +2,8 @@
 
 #include "contacts/Fotografia.h"
 #include "data/Geral.h"
-#include "platform/Controls.h"
-#include "platform/Units.h"
+#include "controls/Controls.h"
+#include "controls/Units.h"
 
 namespace
 {

@@ -3,7 +3,7 @@
 #include "data/Esquema.h"
 #include "data/IndiceDosNomes.h"
 #include "platform/Failure.h"
-#include "platform/store/CleanCopy.h"
+#include "store/CleanCopy.h"
 
 #include <algorithm>
 

@@ -4,7 +4,7 @@
 
 #include "data/CaminhoDaBase.h"
 #include "data/Comandos.h"
-#include "platform/store/Connection.h"
+#include "store/Connection.h"
 
 #include <array>
 #include <functional>

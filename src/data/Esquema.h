@@ -2,7 +2,7 @@
 // queries and no triggers; every rule that ties one table to another lies with the commands' callers.
 #pragma once
 
-#include "platform/store/Values.h"
+#include "store/Values.h"
 
 #include <span>
 #include <string_view>

@@ -1,6 +1,6 @@
 #include "data/IndiceDosNomes.h"
 
-#include "platform/store/Connection.h"
+#include "store/Connection.h"
 #include "platform/TextOrder.h"
 
 using namespace Qt::StringLiterals;

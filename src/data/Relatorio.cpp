@@ -1,7 +1,7 @@
 #include "data/Relatorio.h"
 
 #include "data/Geral.h"
-#include "platform/report/ReportControl.h"
+#include "report/ReportControl.h"
 
 using namespace Qt::StringLiterals;
 

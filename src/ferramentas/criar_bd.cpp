@@ -3,8 +3,8 @@
 // Usage: criar_bd <TblIdiomas.tsv> <version> <morvex.mdb>
 #include "data/Esquema.h"
 #include "platform/Failure.h"
-#include "platform/store/Connection.h"
-#include "platform/store/NewDatabase.h"
+#include "store/Connection.h"
+#include "store/NewDatabase.h"
 
 #include <QCoreApplication>
 #include <QFile>

@@ -1,7 +1,7 @@
 #include "interchange/DE2.h"
 
 #include "platform/Failure.h"
-#include "platform/jet/JetFile.h"
+#include "jet/JetFile.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -4,7 +4,7 @@
 // left beside it. Eight commands read it; nothing writes.
 #pragma once
 
-#include "platform/store/Connection.h"
+#include "store/Connection.h"
 
 #include <array>
 #include <functional>

@@ -5,9 +5,9 @@
 #include "interchange/frmBackup.h"
 #include "interchange/frmExportar.h"
 #include "interchange/frmImportar.h"
-#include "platform/Controls.h"
-#include "platform/DisabledWindow.h"
-#include "platform/ListBox.h"
+#include "controls/Controls.h"
+#include "controls/DisabledWindow.h"
+#include "controls/ListBox.h"
 
 #include <QAction>
 #include <QMainWindow>

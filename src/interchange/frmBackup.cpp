@@ -2,10 +2,10 @@
 
 #include "data/Geral.h"
 #include "data/ValorLongo.h"
-#include "platform/Controls.h"
+#include "controls/Controls.h"
 #include "platform/Failure.h"
 #include "platform/Platform.h"
-#include "platform/store/CleanCopy.h"
+#include "store/CleanCopy.h"
 
 #include <QDir>
 #include <QFile>

@@ -7,7 +7,7 @@
 #include "interchange/Intercambio.h"
 #include "interchange/RegistoMorvex.h"
 #include "platform/Failure.h"
-#include "platform/ListBox.h"
+#include "controls/ListBox.h"
 #include "platform/Platform.h"
 
 #include <QFileInfo>

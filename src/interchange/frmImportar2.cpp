@@ -4,7 +4,7 @@
 #include "data/Geral.h"
 #include "interchange/Intercambio.h"
 #include "interchange/RegistoMorvex.h"
-#include "platform/ListBox.h"
+#include "controls/ListBox.h"
 #include "platform/Platform.h"
 
 using namespace Qt::StringLiterals;

@@ -5,7 +5,7 @@
 #include "interchange/AvisosDaFusao.h"
 #include "interchange/DE2.h"
 #include "interchange/Intercambio.h"
-#include "platform/Controls.h"
+#include "controls/Controls.h"
 #include "platform/Failure.h"
 #include "platform/Platform.h"
 

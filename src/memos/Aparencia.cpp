@@ -1,7 +1,7 @@
 #include "memos/Aparencia.h"
 
-#include "platform/store/Values.h"
-#include "platform/Units.h"
+#include "store/Values.h"
+#include "controls/Units.h"
 
 #include <QWidget>
 

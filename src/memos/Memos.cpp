@@ -3,7 +3,7 @@
 #include "data/Geral.h"
 #include "data/Tocar_Som.h"
 #include "memos/frmMemo.h"
-#include "platform/Controls.h"
+#include "controls/Controls.h"
 #include "platform/Failure.h"
 #include "platform/Platform.h"
 

@@ -3,11 +3,11 @@
 #include "data/Geral.h"
 #include "memos/Aparencia.h"
 #include "memos/Lugar_Alcancavel.h"
-#include "platform/Controls.h"
+#include "controls/Controls.h"
 #include "platform/Failure.h"
 #include "platform/Platform.h"
 #include "platform/Translations.h"
-#include "platform/Units.h"
+#include "controls/Units.h"
 
 #include <algorithm>
 #include <QCloseEvent>

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "data/Comandos.h"
-#include "platform/LongText.h"
+#include "controls/LongText.h"
 #include "ui_frmMemo.h"
 
 #include <optional>

@@ -5,10 +5,10 @@
 #include "data/Tocar_Som.h"
 #include "online/Codificar_Email.h"
 #include "online/frmPopupEmail.h"
-#include "platform/Controls.h"
+#include "controls/Controls.h"
 #include "platform/Failure.h"
-#include "platform/Label.h"
-#include "platform/ListBox.h"
+#include "controls/Label.h"
+#include "controls/ListBox.h"
 #include "platform/Platform.h"
 
 #include <QAction>

@@ -3,7 +3,7 @@
 #include "data/Geral.h"
 #include "data/Inteiro.h"
 #include "online/frmAddEditEmail.h"
-#include "platform/Controls.h"
+#include "controls/Controls.h"
 
 #include <QDialog>
 #include <QHeaderView>

@@ -2,9 +2,9 @@
 
 #include "data/EstadoMessenger.h"
 #include "data/Geral.h"
-#include "platform/Controls.h"
+#include "controls/Controls.h"
 #include "platform/Failure.h"
-#include "platform/IconLabel.h"
+#include "controls/IconLabel.h"
 #include "platform/Platform.h"
 
 #include <QAction>

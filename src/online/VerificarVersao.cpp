@@ -1,9 +1,9 @@
 #include "online/VerificarVersao.h"
 
 #include "data/Geral.h"
-#include "platform/Controls.h"
+#include "controls/Controls.h"
 #include "platform/Failure.h"
-#include "platform/ListBox.h"
+#include "controls/ListBox.h"
 #include "platform/Platform.h"
 
 #include <QCoreApplication>

@@ -2,7 +2,7 @@
 
 #include "data/Geral.h"
 #include "online/Codificar_Email.h"
-#include "platform/Controls.h"
+#include "controls/Controls.h"
 
 using namespace Qt::StringLiterals;
 

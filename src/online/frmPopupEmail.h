@@ -1,7 +1,7 @@
 // The card that tells of new mail, of a failed check, or that one is under way. It goes away by itself.
 #pragma once
 
-#include "platform/RisingCard.h"
+#include "controls/RisingCard.h"
 #include "ui_frmPopupEmail.h"
 
 class frmPopupEmail final : public RisingCard, public Ui::frmPopupEmail

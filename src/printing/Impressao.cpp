@@ -1,9 +1,9 @@
 #include "printing/Impressao.h"
 
 #include "data/Geral.h"
-#include "platform/Controls.h"
-#include "platform/DisabledWindow.h"
-#include "platform/ListBox.h"
+#include "controls/Controls.h"
+#include "controls/DisabledWindow.h"
+#include "controls/ListBox.h"
 #include "platform/Platform.h"
 #include "printing/frmEnvelope.h"
 #include "printing/frmImprimir.h"

@@ -3,9 +3,9 @@
 #include "contacts/Preencher_Grupos.h"
 #include "data/Geral.h"
 #include "data/Relatorio.h"
-#include "platform/Controls.h"
+#include "controls/Controls.h"
 #include "platform/Failure.h"
-#include "platform/ListBox.h"
+#include "controls/ListBox.h"
 
 using namespace Qt::StringLiterals;
 

@@ -3,10 +3,10 @@
 #include "data/Geral.h"
 #include "data/Relatorio.h"
 #include "data/Sementes.h"
-#include "platform/Controls.h"
+#include "controls/Controls.h"
 #include "platform/Failure.h"
-#include "platform/report/ReportControl.h"
-#include "platform/Units.h"
+#include "report/ReportControl.h"
+#include "controls/Units.h"
 
 using namespace Qt::StringLiterals;
 

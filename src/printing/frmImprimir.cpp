@@ -2,8 +2,8 @@
 
 #include "data/Geral.h"
 #include "data/Relatorio.h"
-#include "platform/Controls.h"
-#include "platform/report/ReportControl.h"
+#include "controls/Controls.h"
+#include "report/ReportControl.h"
 
 #include <array>
 

@@ -1,7 +1,7 @@
 #include "reminders/Alarme.h"
 
 #include "data/Geral.h"
-#include "platform/DisabledWindow.h"
+#include "controls/DisabledWindow.h"
 #include "platform/Failure.h"
 #include "platform/Platform.h"
 #include "reminders/frmPopup.h"

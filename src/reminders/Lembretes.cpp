@@ -1,8 +1,8 @@
 #include "reminders/Lembretes.h"
 
 #include "data/Geral.h"
-#include "platform/Controls.h"
-#include "platform/DisabledWindow.h"
+#include "controls/Controls.h"
+#include "controls/DisabledWindow.h"
 #include "reminders/Alarme.h"
 #include "reminders/Aniversarios.h"
 #include "reminders/frmAddEditTarefa.h"

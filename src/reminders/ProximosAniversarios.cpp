@@ -1,6 +1,6 @@
 #include "reminders/ProximosAniversarios.h"
 
-#include "platform/store/Recordset.h"
+#include "store/Recordset.h"
 
 #include <optional>
 

@@ -1,7 +1,7 @@
 #include "reminders/frmAddEditTarefa.h"
 
 #include "data/Geral.h"
-#include "platform/Controls.h"
+#include "controls/Controls.h"
 #include "platform/Platform.h"
 #include "reminders/Momento.h"
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "data/Temporizadores.h"
-#include "platform/LongText.h"
+#include "controls/LongText.h"
 #include "ui_frmAddEditTarefa.h"
 
 #include <QDialog>

@@ -3,10 +3,10 @@
 #include "contacts/DisposicaoCartao.h"
 #include "contacts/Fotografia.h"
 #include "data/Geral.h"
-#include "platform/Controls.h"
+#include "controls/Controls.h"
 #include "platform/Failure.h"
-#include "platform/IconRoom.h"
-#include "platform/Units.h"
+#include "controls/IconRoom.h"
+#include "controls/Units.h"
 #include "reminders/ProximosAniversarios.h"
 
 #include <QSignalBlocker>

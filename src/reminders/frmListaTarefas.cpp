@@ -1,8 +1,8 @@
 #include "reminders/frmListaTarefas.h"
 
 #include "data/Geral.h"
-#include "platform/Controls.h"
-#include "platform/IconRoom.h"
+#include "controls/Controls.h"
+#include "controls/IconRoom.h"
 #include "platform/Platform.h"
 #include "reminders/frmAddEditTarefa.h"
 #include "reminders/Momento.h"

@@ -3,7 +3,7 @@
 // the others.
 #pragma once
 
-#include "platform/RisingCard.h"
+#include "controls/RisingCard.h"
 #include "ui_frmPopup.h"
 
 class frmTarefas;

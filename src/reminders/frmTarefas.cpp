@@ -2,9 +2,9 @@
 
 #include "data/Geral.h"
 #include "data/Relatorio.h"
-#include "platform/Controls.h"
+#include "controls/Controls.h"
 #include "platform/Platform.h"
-#include "platform/report/ReportControl.h"
+#include "report/ReportControl.h"
 #include "reminders/frmAddEditTarefa.h"
 #include "reminders/Momento.h"
 #include "reminders/Repeticao.h"

@@ -2,7 +2,7 @@
 // the ring; left in any other way the task stays as it was and rings again.
 #pragma once
 
-#include "platform/LongText.h"
+#include "controls/LongText.h"
 #include "ui_frmTarefas.h"
 
 #include <QDialog>

@@ -8,7 +8,7 @@
 #include "memos/Memos.h"
 #include "online/CicloCorreio.h"
 #include "online/Presenca.h"
-#include "platform/Controls.h"
+#include "controls/Controls.h"
 #include "platform/Failure.h"
 #include "platform/Platform.h"
 #include "platform/ToolkitLanguage.h"

@@ -1,7 +1,7 @@
 #include "session/Legendas.h"
 
 #include "data/Geral.h"
-#include "platform/Controls.h"
+#include "controls/Controls.h"
 #include "platform/Failure.h"
 
 #include <array>

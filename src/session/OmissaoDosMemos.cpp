@@ -1,7 +1,7 @@
 #include "session/OmissaoDosMemos.h"
 
 #include "data/Geral.h"
-#include "platform/Units.h"
+#include "controls/Units.h"
 
 using namespace Qt::StringLiterals;
 

@@ -2,7 +2,7 @@
 
 #include "data/Geral.h"
 #include "data/Tocar_Som.h"
-#include "platform/Controls.h"
+#include "controls/Controls.h"
 #include "platform/Platform.h"
 #include "ui_frmOpcoes.h"
 

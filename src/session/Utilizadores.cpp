@@ -2,8 +2,8 @@
 
 #include "data/Direitos.h"
 #include "data/Geral.h"
-#include "platform/Controls.h"
-#include "platform/DisabledWindow.h"
+#include "controls/Controls.h"
+#include "controls/DisabledWindow.h"
 #include "platform/Platform.h"
 #include "session/frmDeleteUser.h"
 #include "session/frmEditUser.h"

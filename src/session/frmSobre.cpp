@@ -1,7 +1,7 @@
 #include "session/frmSobre.h"
 
 #include "data/Geral.h"
-#include "platform/Controls.h"
+#include "controls/Controls.h"
 
 frmSobre::frmSobre(Geral &geral, QWidget *dono) : QDialog(dono)
 {

@@ -1,7 +1,7 @@
 // The main window without contacts, as the tests of search and actions need it.
 #pragma once
 
-#include "platform/Controls.h"
+#include "controls/Controls.h"
 #include "testlib/ComJanela.h"
 #include "testlib/Teste.h"
 

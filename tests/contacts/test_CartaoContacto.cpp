@@ -1,7 +1,7 @@
 // The contact card: what each row shows, where it stands, and what a failure leaves.
 #include "contacts/CartaoContacto.h"
-#include "platform/Controls.h"
-#include "platform/Units.h"
+#include "controls/Controls.h"
+#include "controls/Units.h"
 #include "testlib/ComJanela.h"
 #include "testlib/Teste.h"
 

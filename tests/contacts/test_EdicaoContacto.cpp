@@ -2,7 +2,7 @@
 #include "contacts/EdicaoContacto.h"
 #include "contacts/Editor.h"
 #include "contacts/frmNovoGrupo.h"
-#include "platform/Controls.h"
+#include "controls/Controls.h"
 #include "testlib/Teste.h"
 
 class TestEdicaoContacto : public QObject

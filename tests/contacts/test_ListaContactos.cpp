@@ -2,8 +2,8 @@
 // ends.
 #include "contacts/CartaoContacto.h"
 #include "contacts/Preencher_Grupos.h"
-#include "platform/Controls.h"
-#include "platform/Units.h"
+#include "controls/Controls.h"
+#include "controls/Units.h"
 #include "testlib/ComJanela.h"
 #include "testlib/Teste.h"
 

@@ -1,6 +1,6 @@
 // The quick search: which name is chosen as text is typed, and the keys of its box.
 #include "contacts/Programa.h"
-#include "platform/Units.h"
+#include "controls/Units.h"
 
 #include <QShortcut>
 

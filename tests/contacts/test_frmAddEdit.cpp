@@ -2,7 +2,7 @@
 // list.
 #include "contacts/Editor.h"
 #include "platform/Picture.h"
-#include "platform/Units.h"
+#include "controls/Units.h"
 #include "testlib/Teste.h"
 
 namespace

@@ -2,7 +2,7 @@
 #include "contacts/frmProcurar.h"
 
 #include "contacts/Programa.h"
-#include "platform/Units.h"
+#include "controls/Units.h"
 #include "session/frmLogin.h"
 #include "session/SystemTray.h"
 #include "testlib/Accoes.h"

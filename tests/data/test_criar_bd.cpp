@@ -1,5 +1,5 @@
 // The tool that makes the shipped database: a new one takes the place of the old one as a whole.
-#include "platform/store/Connection.h"
+#include "store/Connection.h"
 #include "testlib/Teste.h"
 
 #include <QProcess>

@@ -3,7 +3,7 @@
 #include "interchange/frmImportar2.h"
 #include "interchange/Intercambio.h"
 #include "interchange/RegistoMorvex.h"
-#include "platform/ListBox.h"
+#include "controls/ListBox.h"
 #include "session/Main.h"
 #include "testlib/CopiaEstragada.h"
 #include "testlib/MemoriaPedida.h"

@@ -1,9 +1,9 @@
 // What the export dialog writes, opened by an office suite that is not ours and compared with the database,
 // cell by cell: workbooks by way of CSV, texts and documents by way of the suite's own XML.
 #include "interchange/frmExportar.h"
-#include "platform/report/CrystalReport.h"
-#include "platform/report/ReportPreview.h"
-#include "platform/report/TextWidth.h"
+#include "report/CrystalReport.h"
+#include "report/ReportPreview.h"
+#include "report/writers/TextWidth.h"
 #include "printing/ComRelatorios.h"
 #include "printing/frmImprimir.h"
 

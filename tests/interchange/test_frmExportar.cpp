@@ -1,7 +1,7 @@
 // The export dialog: what it says to the report control, in its order, and its silence about what fails
 // there.
 #include "interchange/frmExportar.h"
-#include "platform/Controls.h"
+#include "controls/Controls.h"
 #include "printing/ComRelatorios.h"
 #include "printing/frmImprimir.h"
 #include "session/Main.h"

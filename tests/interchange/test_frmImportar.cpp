@@ -5,7 +5,7 @@
 #include "interchange/frmImportarMDB.h"
 #include "interchange/Intercambio.h"
 #include "interchange/RegistoMorvex.h"
-#include "platform/ListBox.h"
+#include "controls/ListBox.h"
 #include "session/Main.h"
 #include "testlib/Accoes.h"
 #include "testlib/SemPrivilegios.h"

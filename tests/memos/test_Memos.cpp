@@ -3,7 +3,7 @@
 #include "memos/Arrastar.h"
 #include "memos/frmMemo.h"
 #include "memos/Memos.h"
-#include "platform/Units.h"
+#include "controls/Units.h"
 #include "session/Main.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"

@@ -1,7 +1,7 @@
 // One note: its layout, its drags, its looks, and what of it stands in its row.
 #include "memos/Arrastar.h"
 #include "memos/frmMemo.h"
-#include "platform/Units.h"
+#include "controls/Units.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 

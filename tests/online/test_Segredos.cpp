@@ -2,7 +2,7 @@
 #include "online/CicloCorreio.h"
 #include "online/Codificar_Email.h"
 #include "online/frmPopupEmail.h"
-#include "platform/mail/PopMailNotification.h"
+#include "mail/PopMailNotification.h"
 #include "session/Main.h"
 #include "testlib/Disparar.h"
 #include "testlib/ServidorPop.h"

@@ -2,7 +2,7 @@
 // contacts and the entries that print.
 #pragma once
 
-#include "platform/ListBox.h"
+#include "controls/ListBox.h"
 #include "testlib/Accoes.h"
 #include "testlib/RelatorioFalso.h"
 #include "testlib/Sistema.h"

@@ -1,10 +1,10 @@
 // What the shipped definitions put on their pages when the dialogs run them over a real database: the text is
 // read back from a PDF of each page.
 #include "ComRelatorios.h"
-#include "platform/report/CrystalReport.h"
-#include "platform/report/ReportPages.h"
-#include "platform/report/ReportPreview.h"
-#include "platform/report/ReportPrinting.h"
+#include "report/CrystalReport.h"
+#include "report/ReportPages.h"
+#include "report/ReportPreview.h"
+#include "report/ReportPrinting.h"
 #include "printing/frmEnvelope.h"
 #include "printing/frmImprimir.h"
 #include "reminders/frmTarefas.h"

@@ -1,6 +1,6 @@
 // The envelope dialog: the feed that it keeps at once, and what it says to the report control.
 #include "ComRelatorios.h"
-#include "platform/Units.h"
+#include "controls/Units.h"
 #include "printing/frmEnvelope.h"
 
 using namespace Qt::StringLiterals;

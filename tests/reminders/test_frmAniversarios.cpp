@@ -1,6 +1,6 @@
 // The list of birthdays: its rows, their mark, and the photograph of the one that is selected.
 #include "contacts/DisposicaoCartao.h"
-#include "platform/Units.h"
+#include "controls/Units.h"
 #include "reminders/ComTarefas.h"
 #include "reminders/frmAniversarios.h"
 #include "reminders/ProximosAniversarios.h"

@@ -1,5 +1,5 @@
 // The list of tasks: how it is filled, and what its buttons do.
-#include "platform/DisabledWindow.h"
+#include "controls/DisabledWindow.h"
 #include "reminders/ComTarefas.h"
 #include "reminders/frmAddEditTarefa.h"
 #include "reminders/frmListaTarefas.h"

@@ -1,5 +1,5 @@
 // The notice of a due task: what its load does, where a click is one, what the card shows, and its end.
-#include "platform/Units.h"
+#include "controls/Units.h"
 #include "reminders/ComPopup.h"
 
 #include <QScreen>

@@ -1,5 +1,5 @@
 // The alert card: the acknowledgement of each repetition, and the ways that leave the task as it was.
-#include "platform/report/ReportData.h"
+#include "report/ReportData.h"
 #include "reminders/ComTarefas.h"
 #include "reminders/frmAddEditTarefa.h"
 #include "reminders/frmTarefas.h"

@@ -12,4 +12,4 @@ foreach(teste IN ITEMS
     morvex_teste(reminders/${teste} LIGA reminders)
 endforeach()
 morvex_teste(reminders/test_Lembretes LIGA session)
-morvex_teste(reminders/test_frmTarefas LIGA reminders platform_report)
+morvex_teste(reminders/test_frmTarefas LIGA reminders report)

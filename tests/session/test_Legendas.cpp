@@ -1,6 +1,6 @@
 // The captions of the main window: every one of its texts, in every language.
 #include "data/Idiomas.h"
-#include "platform/Controls.h"
+#include "controls/Controls.h"
 #include "session/Legendas.h"
 #include "session/Main.h"
 #include "testlib/Sistema.h"

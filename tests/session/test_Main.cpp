@@ -1,7 +1,7 @@
 // The main window: its timers, its dot, its keys, and that closing it only hides it.
 #include "data/frmSeleccionarIdioma.h"
-#include "platform/Controls.h"
-#include "platform/Units.h"
+#include "controls/Controls.h"
+#include "controls/Units.h"
 #include "session/frmLogin.h"
 #include "session/Main.h"
 #include "testlib/ComJanela.h"

@@ -3,7 +3,7 @@
 #include "data/Codificar_Pass.h"
 #include "Diario.h"
 #include "FormulariosUtilizador.h"
-#include "platform/ComboBox.h"
+#include "controls/ComboBox.h"
 #include "Posses.h"
 #include "session/frmNovoUser.h"
 #include "testlib/Sistema.h"

@@ -1,9 +1,9 @@
 // The options: what they show, what acts at once, what confirming writes and in which order.
 #include "data/frmSeleccionarIdioma.h"
 #include "online/frmAddEditEmail.h"
-#include "platform/Controls.h"
-#include "platform/Label.h"
-#include "platform/Units.h"
+#include "controls/Controls.h"
+#include "controls/Label.h"
+#include "controls/Units.h"
 #include "session/frmLogin.h"
 #include "session/frmOpcoes.h"
 #include "session/Main.h"

@@ -1,5 +1,5 @@
 // The about form.
-#include "platform/Controls.h"
+#include "controls/Controls.h"
 #include "platform/Failure.h"
 #include "session/frmSobre.h"
 #include "session/Main.h"

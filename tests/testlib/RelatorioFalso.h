@@ -3,7 +3,7 @@
 #pragma once
 
 #include "platform/Failure.h"
-#include "platform/report/ReportControl.h"
+#include "report/ReportControl.h"
 
 #include <functional>
 #include <QFileInfo>

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "data/Geral.h"
-#include "platform/store/Connection.h"
+#include "store/Connection.h"
 #include "testlib/Falsos.h"
 
 #include <QTemporaryDir>

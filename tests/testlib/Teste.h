@@ -1,7 +1,7 @@
 // The frame of a test program: the application as the product makes it, with boxes that belong to the test.
 #pragma once
 
-#include "platform/Application.h"
+#include "controls/Application.h"
 #include "platform/Failure.h"
 #include "testlib/Falsos.h"
 

@@ -1,0 +1,44 @@
+#include "controls/Application.h"
+
+#include "platform/Failure.h"
+#include "controls/FocusColour.h"
+#include "platform/MessageBoxes.h"
+
+#include <QFont>
+#include <QIcon>
+#include <QStyleFactory>
+
+// The pictures are compiled into a library, and a library's pictures announce themselves only when asked to.
+static void announcePictures() { Q_INIT_RESOURCE(imagens); }
+
+namespace
+{
+constexpr int fontPixels = 11; // the forms' places are given in twips, so the letters do not grow
+} // namespace
+
+Application::Application(int &argc, char **argv, MessageBoxes &boxes) : QApplication(argc, argv), boxes_(boxes)
+{
+    announcePictures();
+    // Not the display name: the toolkit would add it to every window's caption.
+    setApplicationName(QStringLiteral("Morvex"));
+    setDesktopFileName(QStringLiteral("morvex"));
+    setWindowIcon(QIcon(QStringLiteral(":/imagens/morvex.svg")));
+    setQuitOnLastWindowClosed(false);
+    setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QFont letters = font();
+    letters.setPixelSize(fontPixels);
+    setFont(letters);
+    FocusColour::install(*this);
+}
+
+bool Application::notify(QObject *receiver, QEvent *event)
+{
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (const Failure &failure) {
+        boxes_.showError(failure);
+    } catch (const std::exception &error) {
+        boxes_.showError(Failure(Failure::StoreError, QString(), QString::fromLocal8Bit(error.what())));
+    }
+    return true;
+}

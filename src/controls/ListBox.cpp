@@ -1,0 +1,187 @@
+#include "controls/ListBox.h"
+
+#include "platform/Failure.h"
+#include "platform/TextOrder.h"
+
+#include <QAbstractListModel>
+#include <QContextMenuEvent>
+#include <QScopedValueRollback>
+#include <vector>
+
+class ListBox::Rows final : public QAbstractListModel
+{
+public:
+    struct Row {
+        QString text;
+        int data = 0;
+    };
+
+    int rowCount(const QModelIndex &parent) const override { return parent.isValid() ? 0 : count(); }
+    QVariant data(const QModelIndex &index, int role) const override
+    {
+        return role == Qt::DisplayRole ? QVariant(at(index.row()).text) : QVariant();
+    }
+
+    int count() const { return static_cast<int>(rows_.size()); }
+    const Row &at(int index) const { return rows_[static_cast<std::size_t>(index)]; }
+    void setData(int index, int data) { rows_[static_cast<std::size_t>(index)].data = data; }
+
+    // Rows mostly arrive in order already, so the last one is asked first.
+    int placeOf(const QString &text) const
+    {
+        if (rows_.empty() || compareText(text, rows_.back().text) >= 0) return count();
+        const auto place =
+            std::upper_bound(rows_.begin(), rows_.end(), text,
+                             [](const QString &a, const Row &b) { return compareText(a, b.text) < 0; });
+        return static_cast<int>(place - rows_.begin());
+    }
+
+    void insert(int index, const QString &text)
+    {
+        if (!filling_) beginInsertRows({}, index, index);
+        rows_.insert(rows_.begin() + index, Row{text, 0});
+        if (!filling_) endInsertRows();
+    }
+
+    void remove(int index)
+    {
+        beginRemoveRows({}, index, index);
+        rows_.erase(rows_.begin() + index);
+        endRemoveRows();
+    }
+
+    void clear()
+    {
+        if (!filling_) beginResetModel();
+        rows_.clear();
+        if (!filling_) endResetModel();
+    }
+
+    void beginFilling()
+    {
+        beginResetModel();
+        filling_ = true;
+    }
+    void endFilling()
+    {
+        filling_ = false;
+        endResetModel();
+    }
+
+private:
+    std::vector<Row> rows_;
+    bool filling_ = false;
+};
+
+ListBox::Filling::Filling(ListBox &list) : list_(list) { list_.rows_->beginFilling(); }
+ListBox::Filling::~Filling() { list_.rows_->endFilling(); }
+
+ListBox::ListBox(QWidget *parent) : QListView(parent), rows_(std::make_unique<Rows>())
+{
+    setModel(rows_.get());
+    setUniformItemSizes(true);
+    setEditTriggers(NoEditTriggers);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    connect(this, &QListView::doubleClicked, this, &ListBox::DblClick);
+}
+
+ListBox::~ListBox() { setModel(nullptr); }
+
+void ListBox::AddItem(const QString &text)
+{
+    newIndex_ = sorted_ ? rows_->placeOf(text) : rows_->count();
+    rows_->insert(newIndex_, text);
+}
+
+void ListBox::RemoveItem(int index)
+{
+    checkIndex(index);
+    const QScopedValueRollback quiet(assigning_, true); // the selection may move, which is nobody's click
+    rows_->remove(index);
+}
+
+void ListBox::Clear()
+{
+    rows_->clear();
+    newIndex_ = -1;
+}
+
+int ListBox::ListCount() const { return rows_->count(); }
+
+QString ListBox::List(int index) const
+{
+    checkIndex(index);
+    return rows_->at(index).text;
+}
+
+int ListBox::ItemData(int index) const
+{
+    checkIndex(index);
+    return rows_->at(index).data;
+}
+
+void ListBox::setItemData(int index, int number)
+{
+    checkIndex(index);
+    rows_->setData(index, number);
+}
+
+int ListBox::ListIndex() const
+{
+    const QModelIndexList selected = selectionModel()->selectedIndexes();
+    return selected.isEmpty() ? -1 : selected.constFirst().row();
+}
+
+void ListBox::setListIndex(int index)
+{
+    if (index != -1) checkIndex(index);
+    {
+        const QScopedValueRollback quiet(assigning_, true);
+        if (index == -1)
+            clearSelection();
+        else
+            setCurrentIndex(rows_->index(index));
+    }
+    if (index != -1) Q_EMIT Click();
+}
+
+void ListBox::selectionChanged(const QItemSelection &selected, const QItemSelection &deselected)
+{
+    QListView::selectionChanged(selected, deselected);
+    if (!assigning_ && !selected.isEmpty()) Q_EMIT Click();
+}
+
+// Once a row is selected, one always is: no key and no modifier takes the selection away.
+QItemSelectionModel::SelectionFlags ListBox::selectionCommand(const QModelIndex &index, const QEvent *) const
+{
+    return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
+}
+
+// Only the left button selects. A press on the row that is selected already changes nothing, and still is a
+// click.
+void ListBox::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton) return;
+    const int before = ListIndex();
+    QListView::mousePressEvent(event);
+    const bool onRow = indexAt(event->position().toPoint()).isValid();
+    if (onRow && ListIndex() == before) Q_EMIT Click();
+}
+
+void ListBox::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton) QListView::mouseReleaseEvent(event);
+    if (event->button() == Qt::RightButton) Q_EMIT RightButtonUp(event->globalPosition().toPoint());
+}
+
+void ListBox::contextMenuEvent(QContextMenuEvent *event)
+{
+    if (event->reason() != QContextMenuEvent::Keyboard) return; // the mouse has its own way above
+    Q_EMIT RightButtonUp(viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()));
+}
+
+void ListBox::checkIndex(int index) const
+{
+    if (index < 0 || index >= rows_->count())
+        throw Failure(Failure::InvalidPropertyValue, objectName(), QStringLiteral("No row %1").arg(index));
+}

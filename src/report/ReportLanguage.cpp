@@ -1,0 +1,53 @@
+#include "report/ReportLanguage.h"
+
+#include "platform/Caption.h"
+#include "report/ReportDefinition.h"
+#include "store/Connection.h"
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+bool hasColumn(Connection &connection, const QString &table, const QString &column)
+{
+    Recordset rs = connection.query(u"SELECT 1 FROM pragma_table_info(?) WHERE lower(name) = lower(?)"_s,
+                                    {table, column});
+    return !rs.Eof();
+}
+
+QString quoted(const QString &name) { return u'"' + QString(name).replace(u'"', u"\"\""_s) + u'"'; }
+
+QString headOf(const QString &caption)
+{
+    QString head = withoutMnemonic(caption).trimmed();
+    if (head.endsWith(u':')) head = head.chopped(1).trimmed();
+    return head;
+}
+
+// Empty for a text that is missing.
+QString textOf(Connection &connection, const ReportTexts &texts, const QString &language, int number)
+{
+    const QString sql = u"SELECT %1 AS said FROM %2 WHERE %3 = ?"_s.arg(quoted(language), quoted(texts.table),
+                                                                        quoted(texts.key));
+    Recordset rs = connection.query(sql, {number});
+    return rs.Eof() ? QString() : headOf(rs.Fields("said").textOrEmpty());
+}
+} // namespace
+
+void sayInLanguage(ReportDefinition &definition, const QString &database, const QString &language)
+{
+    const ReportTexts &texts = definition.texts;
+    if (texts.table.isEmpty()) return;
+    Connection connection;
+    connection.setConnectionString(u"Data Source='%1'"_s.arg(database));
+    connection.OpenReadOnly();
+    if (!hasColumn(connection, texts.table, language) || !hasColumn(connection, texts.table, texts.key))
+        return;
+    const auto say = [&](QString &words, int number) {
+        const QString said = textOf(connection, texts, language, number);
+        if (!said.isEmpty()) words = said;
+    };
+    if (texts.title != 0) say(definition.title, texts.title);
+    for (auto it = texts.parameters.begin(); it != texts.parameters.end(); ++it)
+        say(definition.parameters[it.key()], it.value());
+}

@@ -1,0 +1,14 @@
+#include "report/writers/OfficeFont.h"
+
+QFont officeFont(int points, QFont::Weight weight)
+{
+    constexpr int twipsPerPoint = 20;
+    QFont font;
+    font.setFamilies({officeFontName(), QStringLiteral("Liberation Sans"), QStringLiteral("Arimo"),
+                      QStringLiteral("Nimbus Sans")});
+    font.setStyleHint(QFont::SansSerif);
+    font.setHintingPreference(QFont::PreferNoHinting);
+    font.setPixelSize(points * twipsPerPoint);
+    font.setWeight(weight);
+    return font;
+}

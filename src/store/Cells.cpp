@@ -1,0 +1,57 @@
+#include "store/Cells.h"
+
+Cells::Cells(std::initializer_list<StoreValue> values)
+{
+    for (const StoreValue &value : values)
+        add(value);
+}
+
+void Cells::add(qint64 number)
+{
+    Cell cell;
+    cell.kind = Kind::Integer;
+    cell.integer = number;
+    cells_.push_back(cell);
+}
+
+void Cells::add(double number)
+{
+    Cell cell;
+    cell.kind = Kind::Real;
+    cell.real = number;
+    cells_.push_back(cell);
+}
+
+void Cells::add(std::string_view utf8)
+{
+    Cell cell;
+    cell.kind = Kind::Text;
+    cell.length = static_cast<uint32_t>(utf8.size());
+    cell.start = letters_.size();
+    letters_ += utf8;
+    cells_.push_back(cell);
+}
+
+void Cells::add(const StoreValue &value)
+{
+    if (const auto *text = std::get_if<QString>(&value)) return add(std::string_view(text->toStdString()));
+    if (const auto *integer = std::get_if<qint64>(&value)) return add(*integer);
+    if (const auto *real = std::get_if<double>(&value)) return add(*real);
+    addNull();
+}
+
+StoreValue Cells::at(std::size_t place) const
+{
+    const Cell &cell = cells_[place];
+    switch (cell.kind) {
+    case Kind::Integer:
+        return cell.integer;
+    case Kind::Real:
+        return cell.real;
+    case Kind::Text:
+        return QString::fromUtf8(letters_.data() + cell.start, cell.length);
+    case Kind::Null:
+        break;
+    }
+    return {};
+}

@@ -1,0 +1,407 @@
+#include "store/Connection.h"
+
+#include "platform/Failure.h"
+#include "store/FailureKind.h"
+#include "store/TextRules.h"
+#include "store/UntouchedSource.h"
+
+#include <QFileInfo>
+#include <QHash>
+#include <QRegularExpression>
+#include <sqlite3.h>
+#include <SQLiteCpp/Backup.h>
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <utility>
+
+struct Connection::Database {
+    // One thread works with a connection: the store need not guard each of its calls.
+    Database(const QString &file, int flags)
+        : path(file), handle(file.toStdString(), flags | SQLite::OPEN_NOMUTEX)
+    {
+    }
+
+    QString path;
+    SQLite::Database handle; // declared first: the statements go before it
+    QHash<QString, std::shared_ptr<SQLite::Statement>> statements;
+    bool gathering = false;
+    bool waitsOnce = false;
+    std::vector<Write> portion;  // what was run and is not yet in the file
+    QHash<QString, int> written; // how often each statement is in the file
+
+    SQLite::Statement &statement(const QString &sql);
+    // Runs that; a lock that it waited for in vain is not waited for again, where that was asked for.
+    template<class Work> auto waiting(const Work &work)
+    {
+        try {
+            return work();
+        } catch (const SQLite::Exception &error) {
+            if (waitsOnce && error.getErrorCode() == SQLITE_BUSY) handle.setBusyTimeout(0);
+            throw;
+        }
+    }
+    bool step(SQLite::Statement &statement)
+    {
+        return waiting([&] { return statement.executeStep(); });
+    }
+    bool inTransaction() const { return sqlite3_get_autocommit(handle.getHandle()) == 0; }
+};
+
+namespace
+{
+constexpr int patience = 5000;               // ms for which another program's write is waited for
+constexpr std::size_t longestPortion = 8000; // writes that reach the file together
+constexpr char sourceName[] = "Connection";
+
+[[noreturn]] void raise(const QString &description, const QString &source = QLatin1String(sourceName),
+                        Failure::Kind kind = Failure::Kind::Other)
+{
+    throw Failure(Failure::StoreError, source, description, kind);
+}
+
+QString dataSource(const QString &connectionString)
+{
+    static const QRegularExpression shape(
+        QStringLiteral("(?:^|;)\\s*Data Source\\s*=\\s*'([^']*)'\\s*(?:;[^']*)?$"),
+        QRegularExpression::CaseInsensitiveOption);
+    const auto match = shape.match(connectionString);
+    if (!match.hasMatch()) raise(QStringLiteral("The connection string is broken: %1").arg(connectionString));
+    return match.captured(1);
+}
+
+// The dialect of the commands lets DELETE name the columns to delete; a row goes as a whole.
+QString translated(const QString &sql)
+{
+    static const QRegularExpression starredDelete(QStringLiteral("^\\s*DELETE\\s+\\*\\s+FROM\\b"),
+                                                  QRegularExpression::CaseInsensitiveOption);
+    return QString(sql).replace(starredDelete, QStringLiteral("DELETE FROM"));
+}
+
+struct Binder {
+    SQLite::Statement &statement;
+    int place;
+    void operator()(std::monostate) const { statement.bind(place); }
+    void operator()(qint64 number) const { statement.bind(place, static_cast<int64_t>(number)); }
+    void operator()(double number) const { statement.bind(place, number); }
+    void operator()(const QString &text) const { statement.bind(place, text.toStdString()); }
+};
+
+void bindAll(SQLite::Statement &statement, const std::vector<StoreValue> &values)
+{
+    if (statement.getBindParameterCount() != static_cast<int>(values.size()))
+        raise(QStringLiteral("%1 values for %2 parameters")
+                  .arg(values.size())
+                  .arg(statement.getBindParameterCount()));
+    for (std::size_t i = 0; i < values.size(); ++i)
+        std::visit(Binder{statement, static_cast<int>(i) + 1}, values[i]);
+}
+
+void addCell(Cells &cells, const SQLite::Column &column)
+{
+    if (column.isNull()) return cells.addNull();
+    if (column.isInteger()) return cells.add(qint64{column.getInt64()});
+    if (column.isFloat()) return cells.add(column.getDouble());
+    const char *text = column.getText();
+    cells.add(std::string_view(text, static_cast<std::size_t>(column.getBytes())));
+}
+
+std::vector<QByteArray> columnNames(const SQLite::Statement &statement)
+{
+    std::vector<QByteArray> names;
+    names.reserve(static_cast<std::size_t>(statement.getColumnCount()));
+    for (int i = 0; i < statement.getColumnCount(); ++i)
+        names.emplace_back(statement.getColumnName(i));
+    return names;
+}
+
+// Appends the rows that a statement steps on. Each column is asked for once: it then reads every row.
+class RowReader
+{
+public:
+    explicit RowReader(SQLite::Statement &statement) : statement_(statement) {}
+    void append(Cells &cells)
+    {
+        for (int i = static_cast<int>(columns_.size()); i < statement_.getColumnCount(); ++i)
+            columns_.push_back(statement_.getColumn(i));
+        for (const SQLite::Column &column : columns_)
+            addCell(cells, column);
+    }
+
+private:
+    SQLite::Statement &statement_;
+    std::vector<SQLite::Column> columns_;
+};
+
+// Frees the statement for its next use, whatever became of this one, so that no lock stays behind.
+class Running
+{
+public:
+    Running(SQLite::Statement &statement, const std::vector<StoreValue> &values) : statement_(statement)
+    {
+        bindAll(statement_, values);
+    }
+    ~Running()
+    {
+        statement_.tryReset();
+        statement_.clearBindings();
+    }
+    Running(const Running &) = delete;
+    Running &operator=(const Running &) = delete;
+
+private:
+    SQLite::Statement &statement_;
+};
+
+template<class Work> auto raisingFailures(const QString &path, const QString &source, const Work &work)
+{
+    try {
+        return work();
+    } catch (const SQLite::Exception &error) {
+        raise(QString::fromUtf8(error.what()), source, kindOf(error, path));
+    }
+}
+
+// Has the file take pages that it had no room for. What is written is taken back by the caller.
+void writePages(SQLite::Database &handle)
+{
+    handle.exec("CREATE TABLE Trial (Pages)");
+    handle.exec("INSERT INTO Trial VALUES (zeroblob(65536))");
+    const int result = sqlite3_db_cacheflush(handle.getHandle());
+    if (result != SQLITE_OK) throw SQLite::Exception(handle.getHandle(), result);
+}
+
+void copyAll(SQLite::Database &target, SQLite::Database &source)
+{
+    const int result = SQLite::Backup(target, source).executeStep();
+    if (result != SQLITE_DONE) throw SQLite::Exception(source.getHandle(), result);
+}
+} // namespace
+
+SQLite::Statement &Connection::Database::statement(const QString &sql)
+{
+    auto &kept = statements[sql];
+    if (!kept) kept = std::make_shared<SQLite::Statement>(handle, translated(sql).toStdString());
+    return *kept;
+}
+
+Connection::Connection() = default;
+Connection::~Connection() = default;
+
+void Connection::Open() { open(SQLite::OPEN_READWRITE); }
+
+void Connection::OpenReadOnly() { open(SQLite::OPEN_READONLY); }
+
+QString Connection::file() const { return dataSource(connectionString_); }
+
+QString Connection::existingFile() const
+{
+    const QString path = file();
+    const QFileInfo info(path);
+    if (!info.exists())
+        raise(QStringLiteral("The database was not found: %1").arg(path), QLatin1String(sourceName),
+              Failure::Kind::DatabaseMissing);
+    if (info.size() == 0)
+        raise(QStringLiteral("The file is no database: %1").arg(path), QLatin1String(sourceName),
+              Failure::Kind::DatabaseDamaged);
+    return path;
+}
+
+void Connection::open(int flags)
+{
+    const QString path = existingFile();
+    database_ = raisingFailures(path, path, [&] {
+        auto opened = std::make_unique<Database>(path, flags);
+        opened->handle.setBusyTimeout(patience);
+        registerTextRules(opened->handle.getHandle());
+        opened->handle.exec("PRAGMA synchronous=FULL");
+        opened->handle.execAndGet(
+            "SELECT count(*) FROM sqlite_master"); // a file that is no database fails here
+        return opened;
+    });
+    ++openings_;
+}
+
+void Connection::OpenInMemory()
+{
+    database_ = raisingFailures({}, QLatin1String(sourceName), [] {
+        auto opened = std::make_unique<Database>(QStringLiteral(":memory:"),
+                                                 SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+        registerTextRules(opened->handle.getHandle());
+        return opened;
+    });
+}
+
+void Connection::OpenCopyInMemory()
+{
+    const QString path = existingFile();
+    OpenInMemory();
+    try {
+        const UntouchedSource source(path);
+        raisingFailures(path, path, [&] {
+            Database file(source.path(), source.flags());
+            file.handle.setBusyTimeout(patience);
+            copyAll(database_->handle, file.handle);
+        });
+    } catch (const Failure &) {
+        Close();
+        throw;
+    }
+}
+
+void Connection::Close() { database_.reset(); }
+
+void Connection::execute(const QString &sql, std::vector<StoreValue> values)
+{
+    if (!database_) raise(QStringLiteral("The connection is closed"));
+    if (database_->gathering)
+        gather({sql, std::move(values)});
+    else
+        runAlone({sql, std::move(values)});
+}
+
+void Connection::run(const Write &write)
+{
+    raisingFailures(database_->path, write.sql, [&] {
+        database_->waiting([&] {
+            SQLite::Statement &statement = database_->statement(write.sql);
+            const Running running(statement, write.values);
+            statement.exec();
+        });
+        if (database_->waitsOnce) database_->handle.setBusyTimeout(patience);
+    });
+}
+
+// Without a transaction round it, so that it is in the file when it returns.
+void Connection::runAlone(const Write &write)
+{
+    run(write);
+    ++database_->written[write.sql];
+}
+
+int Connection::written(const QString &sql) const { return database_ ? database_->written.value(sql) : 0; }
+
+void Connection::tryWriting()
+{
+    if (!database_) raise(QStringLiteral("The connection is closed"));
+    run({QStringLiteral("BEGIN IMMEDIATE"), {}});
+    const auto takeBack = [this] {
+        if (database_->inTransaction()) run({QStringLiteral("ROLLBACK"), {}});
+    };
+    try {
+        raisingFailures(database_->path, file(),
+                        [&] { database_->waiting([&] { writePages(database_->handle); }); });
+    } catch (const Failure &) {
+        takeBack();
+        throw;
+    }
+    takeBack();
+}
+
+void Connection::waitingOnce(const std::function<void()> &work)
+{
+    if (!database_) raise(QStringLiteral("The connection is closed"));
+    const auto wait = [this](bool once) {
+        database_->waitsOnce = once;
+        database_->handle.setBusyTimeout(patience);
+    };
+    wait(true);
+    try {
+        work();
+    } catch (...) {
+        wait(false);
+        throw;
+    }
+    wait(false);
+}
+
+void Connection::gathering(const std::function<void()> &work)
+{
+    if (!database_) raise(QStringLiteral("The connection is closed"));
+    database_->gathering = true;
+    try {
+        work();
+    } catch (...) {
+        endGathering();
+        throw;
+    }
+    endGathering();
+}
+
+void Connection::endGathering()
+{
+    database_->gathering = false;
+    writePortion();
+}
+
+// A portion is a transaction. What the store refuses of it leaves the rest; a disk that is full may undo it
+// as a whole.
+void Connection::gather(Write write)
+{
+    if (!database_->inTransaction()) run({QStringLiteral("BEGIN IMMEDIATE"), {}});
+    try {
+        run(write);
+    } catch (const Failure &) {
+        if (database_->inTransaction()) throw;
+        database_->portion.push_back(std::move(write));
+        return runPortionOneByOne();
+    }
+    database_->portion.push_back(std::move(write));
+    if (database_->portion.size() >= longestPortion) writePortion();
+}
+
+void Connection::writePortion()
+{
+    if (!database_->inTransaction()) return;
+    try {
+        run({QStringLiteral("COMMIT"), {}});
+        for (const Write &write : std::exchange(database_->portion, {}))
+            ++database_->written[write.sql];
+    } catch (const Failure &) {
+        if (database_->inTransaction()) run({QStringLiteral("ROLLBACK"), {}});
+        runPortionOneByOne();
+    }
+}
+
+void Connection::runPortionOneByOne()
+{
+    for (const Write &write : std::exchange(database_->portion, {}))
+        runAlone(write);
+}
+
+Connection::Mark Connection::mark()
+{
+    if (!database_) raise(QStringLiteral("The connection is closed"));
+    return raisingFailures(database_->path, QLatin1String(sourceName), [&] {
+        return Mark{openings_, database_->handle.execAndGet("PRAGMA data_version").getInt(),
+                    sqlite3_total_changes(database_->handle.getHandle())};
+    });
+}
+
+Recordset Connection::query(const QString &sql, const std::vector<StoreValue> &values)
+{
+    if (!database_) raise(QStringLiteral("The connection is closed"));
+    return raisingFailures(database_->path, sql, [&] {
+        SQLite::Statement &statement = database_->statement(sql);
+        const Running running(statement, values);
+        Cells cells;
+        RowReader reader(statement);
+        while (database_->step(statement))
+            reader.append(cells);
+        return Recordset(columnNames(statement), std::move(cells));
+    });
+}
+
+void Connection::each(const QString &sql, const std::vector<StoreValue> &values,
+                      const std::function<void(const Recordset &)> &row)
+{
+    if (!database_) raise(QStringLiteral("The connection is closed"));
+    raisingFailures(database_->path, sql, [&] {
+        SQLite::Statement &statement = database_->statement(sql);
+        const Running running(statement, values);
+        RowReader reader(statement);
+        while (database_->step(statement)) {
+            Cells cells;
+            reader.append(cells);
+            row(Recordset(columnNames(statement), std::move(cells)));
+        }
+    });
+}

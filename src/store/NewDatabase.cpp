@@ -1,0 +1,21 @@
+#include "store/NewDatabase.h"
+
+#include "platform/Failure.h"
+#include "store/TextRules.h"
+
+#include <QFileInfo>
+#include <SQLiteCpp/SQLiteCpp.h>
+
+void createDatabase(const QString &path, const QStringList &statements)
+{
+    if (QFileInfo::exists(path))
+        throw Failure(Failure::StoreError, path, QStringLiteral("The file exists already: %1").arg(path));
+    try {
+        SQLite::Database database(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+        registerTextRules(database.getHandle());
+        for (const QString &statement : statements)
+            database.exec(statement.toStdString());
+    } catch (const SQLite::Exception &error) {
+        throw Failure(Failure::StoreError, path, QString::fromUtf8(error.what()));
+    }
+}

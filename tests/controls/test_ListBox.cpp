@@ -1,0 +1,175 @@
+// The list box: rows with a number of their own, the order of a sorted one, and what counts as a click.
+#include "controls/ListBox.h"
+#include "testlib/Teste.h"
+
+using namespace Qt::StringLiterals;
+
+class TestListBox : public QObject
+{
+    Q_OBJECT
+
+    static void Encher(ListBox &list, const QStringList &texts)
+    {
+        for (const QString &text : texts) {
+            list.AddItem(text);
+            list.setItemData(list.NewIndex(), static_cast<int>(text.size()));
+        }
+    }
+    static QStringList Textos(const ListBox &list)
+    {
+        QStringList texts;
+        for (int i = 0; i < list.ListCount(); ++i)
+            texts << list.List(i) + u':' + QString::number(list.ItemData(i));
+        return texts;
+    }
+    static QPoint Ponto(const ListBox &list, int row)
+    {
+        return list.visualRect(list.model()->index(row, 0)).center();
+    }
+
+private Q_SLOTS:
+    void as_linhas_ficam_pela_ordem_em_que_chegam()
+    {
+        ListBox list;
+        QCOMPARE(list.NewIndex(), -1);
+        Encher(list, {u"b"_s, u"aa"_s});
+        QCOMPARE(Textos(list), (QStringList{u"b:1"_s, u"aa:2"_s}));
+        QCOMPARE(list.NewIndex(), 1);
+        QCOMPARE(list.ListIndex(), -1);
+    }
+
+    void uma_lista_ordenada_poe_cada_linha_no_seu_lugar()
+    {
+        ListBox list;
+        list.setSorted(true);
+        Encher(list, {u"Zita"_s, u"ana"_s, u"Álvaro!"_s, u"Ana B"_s});
+        QCOMPARE(Textos(list), (QStringList{u"Álvaro!:7"_s, u"ana:3"_s, u"Ana B:5"_s, u"Zita:4"_s}));
+        QCOMPARE(list.NewIndex(), 2);
+    }
+
+    void de_nomes_iguais_o_novo_fica_atras()
+    {
+        ListBox list;
+        list.setSorted(true);
+        for (int number = 1; number <= 3; ++number) {
+            list.AddItem(number == 2 ? u"ANA"_s : u"Ana"_s);
+            list.setItemData(list.NewIndex(), number);
+        }
+        QCOMPARE(Textos(list), (QStringList{u"Ana:1"_s, u"ANA:2"_s, u"Ana:3"_s}));
+    }
+
+    void atribuir_o_indice_vale_um_clique_mesmo_que_fique_igual()
+    {
+        ListBox list;
+        Encher(list, {u"a"_s, u"b"_s});
+        QSignalSpy clicks(&list, &ListBox::Click);
+        list.setListIndex(1);
+        QCOMPARE(list.ListIndex(), 1);
+        QCOMPARE(clicks.size(), 1);
+        list.setListIndex(1);
+        QCOMPARE(clicks.size(), 2);
+        list.setListIndex(-1);
+        QCOMPARE(list.ListIndex(), -1);
+        QCOMPARE(clicks.size(), 2);
+    }
+
+    void um_indice_fora_da_lista_e_um_erro()
+    {
+        ListBox list;
+        Encher(list, {u"a"_s});
+        VERIFICAR_FALHA(list.setListIndex(1), Failure::InvalidPropertyValue);
+        VERIFICAR_FALHA(list.setListIndex(-2), Failure::InvalidPropertyValue);
+        VERIFICAR_FALHA(list.List(1), Failure::InvalidPropertyValue);
+        VERIFICAR_FALHA(list.ItemData(-1), Failure::InvalidPropertyValue);
+        VERIFICAR_FALHA(list.setItemData(1, 7), Failure::InvalidPropertyValue);
+    }
+
+    void a_linha_escolhida_segue_o_seu_texto()
+    {
+        ListBox list;
+        list.setSorted(true);
+        Encher(list, {u"b"_s});
+        list.setListIndex(0);
+        QSignalSpy clicks(&list, &ListBox::Click);
+        list.AddItem(u"a"_s);
+        QCOMPARE(list.ListIndex(), 1);
+        QCOMPARE(clicks.size(), 0);
+    }
+
+    void limpar_tira_a_escolha_sem_clique()
+    {
+        ListBox list;
+        Encher(list, {u"a"_s, u"b"_s});
+        list.setListIndex(0);
+        QSignalSpy clicks(&list, &ListBox::Click);
+        list.Clear();
+        QCOMPARE(list.ListCount(), 0);
+        QCOMPARE(list.ListIndex(), -1);
+        QCOMPARE(list.NewIndex(), -1);
+        QCOMPARE(clicks.size(), 0);
+    }
+
+    void cada_premir_do_rato_numa_linha_e_um_clique()
+    {
+        ListBox list;
+        Encher(list, {u"a"_s, u"b"_s});
+        list.show();
+        QSignalSpy clicks(&list, &ListBox::Click);
+        for (int times = 1; times <= 2; ++times) {
+            QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, Ponto(list, 1));
+            QCOMPARE(clicks.size(), times);
+        }
+        QCOMPARE(list.ListIndex(), 1);
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, Ponto(list, 0));
+        QCOMPARE(clicks.size(), 3);
+    }
+
+    void as_setas_andam_com_um_clique_por_linha()
+    {
+        ListBox list;
+        Encher(list, {u"a"_s, u"b"_s, u"c"_s});
+        list.setListIndex(0);
+        list.show();
+        QSignalSpy clicks(&list, &ListBox::Click);
+        QTest::keyClick(&list, Qt::Key_Down);
+        QTest::keyClick(&list, Qt::Key_End);
+        QTest::keyClick(&list, Qt::Key_Down);
+        QCOMPARE(list.ListIndex(), 2);
+        QCOMPARE(clicks.size(), 2);
+    }
+
+    void duplo_clique_e_botao_direito_tem_os_seus_sinais()
+    {
+        ListBox list;
+        Encher(list, {u"a"_s, u"b"_s});
+        list.show();
+        QSignalSpy doubles(&list, &ListBox::DblClick);
+        QSignalSpy rights(&list, &ListBox::RightButtonUp);
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, Ponto(list, 0));
+        QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, Ponto(list, 0));
+        QCOMPARE(doubles.size(), 1);
+        QTest::mouseClick(list.viewport(), Qt::RightButton, {}, Ponto(list, 1));
+        QCOMPARE(rights.size(), 1);
+        QCOMPARE(rights[0][0].toPoint(), list.viewport()->mapToGlobal(Ponto(list, 1)));
+        QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, QPoint(), QPoint(), Qt::NoModifier);
+        QCoreApplication::sendEvent(list.viewport(), &menuKey);
+        QCOMPARE(rights.size(), 2);
+    }
+
+    void encher_de_uma_vez_da_a_mesma_lista()
+    {
+        ListBox list;
+        list.setSorted(true);
+        {
+            const ListBox::Filling filling(list);
+            Encher(list, {u"c"_s, u"a"_s, u"b"_s});
+        }
+        QCOMPARE(Textos(list), (QStringList{u"a:1"_s, u"b:1"_s, u"c:1"_s}));
+        QCOMPARE(list.model()->rowCount(), 3);
+        list.setListIndex(2);
+        QCOMPARE(list.currentIndex().data().toString(), u"c"_s);
+    }
+};
+
+MORVEX_TESTE(TestListBox)
+#include "test_ListBox.moc"

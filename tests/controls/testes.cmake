@@ -1,0 +1,9 @@
+# Tests of controls.
+foreach(teste IN ITEMS
+    test_ComboBox
+    test_ElidingLabel
+    test_ListBox
+    test_LongText
+    test_RisingCard)
+    morvex_teste(controls/${teste} LIGA controls)
+endforeach()

@@ -1,0 +1,379 @@
+// Older databases: every row of the sound ones, and a Failure, never a crash or a hang, from all others.
+#include "jet/JetFile.h"
+#include "testlib/CopiaEstragada.h"
+#include "testlib/Desempacotado.h"
+#include "testlib/MemoriaPedida.h"
+#include "testlib/Teste.h"
+
+#include <QCryptographicHash>
+#include <random>
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+QString Amostra(const QString &nome) { return QFINDTESTDATA("fixtures/jet/" + nome); }
+
+QByteArray Ler_Ficheiro(const QString &caminho)
+{
+    QFile ficheiro(caminho);
+    if (!ficheiro.open(QIODevice::ReadOnly)) qFatal("%s cannot be read", qPrintable(caminho));
+    return ficheiro.readAll();
+}
+
+QJsonValue Json(const JetFile::Cell &celula)
+{
+    return std::visit(
+        [](const auto &valor) -> QJsonValue {
+            using Tipo = std::decay_t<decltype(valor)>;
+            if constexpr (std::is_same_v<Tipo, std::monostate>)
+                return QJsonValue::Null;
+            else if constexpr (std::is_same_v<Tipo, QDateTime>)
+                return valor.toString(u"yyyy-MM-ddTHH:mm:ss"_s);
+            else
+                return valor;
+        },
+        celula);
+}
+
+// The rows as the manifests have them: by their first cell, which is the ID.
+QJsonArray Json(JetFile::Table tabela)
+{
+    std::sort(tabela.rows.begin(), tabela.rows.end(),
+              [](const auto &a, const auto &b) { return std::get<qint64>(a[0]) < std::get<qint64>(b[0]); });
+    QJsonArray linhas;
+    for (const auto &linha : tabela.rows) {
+        QJsonArray celulas;
+        for (const auto &celula : linha)
+            celulas << Json(celula);
+        linhas << celulas;
+    }
+    return linhas;
+}
+
+QStringList Colunas(const QJsonObject &tabela)
+{
+    QStringList colunas;
+    for (const QJsonValue &coluna : tabela[u"columns"].toArray())
+        colunas << coluna[0].toString();
+    return colunas;
+}
+
+constexpr int pagina = 4096;
+
+using Estrago = std::function<QByteArray(QByteArray, std::mt19937 &)>;
+
+int Ao_Acaso(std::mt19937 &acaso, qsizetype limite)
+{
+    return static_cast<int>(acaso() % static_cast<std::uint32_t>(limite));
+}
+
+QByteArray Trocar_Bits(QByteArray bytes, std::mt19937 &acaso)
+{
+    for (int i = Ao_Acaso(acaso, 8); i >= 0; --i) {
+        char &byte = bytes.data()[Ao_Acaso(acaso, bytes.size())];
+        byte = static_cast<char>(byte ^ (1 << Ao_Acaso(acaso, 8)));
+    }
+    return bytes;
+}
+
+// Where it hurts: in the heads of pages and the tables of their rows.
+QByteArray Trocar_Bits_Dos_Cabecalhos(QByteArray bytes, std::mt19937 &acaso)
+{
+    constexpr int cabecalho = 80;
+    for (int i = Ao_Acaso(acaso, 8); i >= 0; --i) {
+        const int onde = Ao_Acaso(acaso, bytes.size() / pagina) * pagina + Ao_Acaso(acaso, cabecalho);
+        bytes.data()[onde] = static_cast<char>(bytes[onde] ^ (1 << Ao_Acaso(acaso, 8)));
+    }
+    return bytes;
+}
+
+QByteArray Cortar(QByteArray bytes, std::mt19937 &acaso)
+{
+    return bytes.first(Ao_Acaso(acaso, bytes.size()));
+}
+
+QByteArray Trocar_Paginas(QByteArray bytes, std::mt19937 &acaso)
+{
+    for (int i = Ao_Acaso(acaso, 4); i >= 0; --i) {
+        const qsizetype uma = qsizetype{Ao_Acaso(acaso, bytes.size() / pagina)} * pagina;
+        const qsizetype outra = qsizetype{Ao_Acaso(acaso, bytes.size() / pagina)} * pagina;
+        std::swap_ranges(bytes.begin() + uma, bytes.begin() + uma + pagina, bytes.begin() + outra);
+    }
+    return bytes;
+}
+// The numbers of the pages that hold the rows of the table with the most of them.
+std::vector<int> Paginas_Da_Maior_Tabela(const QByteArray &bytes)
+{
+    constexpr int dona = 4;
+    std::map<quint32, std::vector<int>> paginas;
+    for (int i = 1; i < bytes.size() / pagina; ++i) {
+        const char *inicio = bytes.constData() + qsizetype{i} * pagina;
+        if (inicio[0] == 1 && qstrncmp(inicio + dona, "LVAL", 4) != 0)
+            paginas[qFromLittleEndian<quint32>(inicio + dona)].push_back(i);
+    }
+    return std::max_element(paginas.begin(), paginas.end(),
+                            [](const auto &a, const auto &b) { return a.second.size() < b.second.size(); })
+        ->second;
+}
+
+// Clears the mask of values of the first row that holds that text. False where there is none.
+bool Apagar_A_Mascara(QByteArray &bytes, const QByteArray &texto)
+{
+    constexpr int contagem = 12;
+    constexpr int lugares = 14;
+    constexpr quint16 onde = 0x1fff;
+    const qsizetype achado = bytes.indexOf(texto);
+    char *inicio = bytes.data() + achado / pagina * pagina;
+    const auto lugar = [&](int i) { return qFromLittleEndian<quint16>(inicio + lugares + 2 * i) & onde; };
+    for (int i = 0; achado >= 0 && i < qFromLittleEndian<quint16>(inicio + contagem); ++i) {
+        const int fim = i == 0 ? pagina : lugar(i - 1);
+        if (achado % pagina < lugar(i) || achado % pagina >= fim) continue;
+        const int mascara = (qFromLittleEndian<quint16>(inicio + lugar(i)) + 7) / 8;
+        std::fill(inicio + fim - mascara, inicio + fim, '\0');
+        return true;
+    }
+    return false;
+}
+
+// Fills a page with rows that say no more than that they were moved to the first row of the other.
+void Apontar_Tudo_Para(QByteArray &bytes, int qual, int outra)
+{
+    constexpr int contagem = 12;
+    constexpr int lugares = 14;
+    constexpr int tamanho = 4;
+    constexpr quint16 mudada = 0x4000;
+    constexpr int quantas = (pagina - lugares) / (tamanho + 2);
+    char *inicio = bytes.data() + qsizetype{qual} * pagina;
+    qToLittleEndian<quint16>(quantas, inicio + contagem);
+    for (int i = 0; i < quantas; ++i) {
+        const int onde = pagina - tamanho * (i + 1);
+        qToLittleEndian<quint16>(static_cast<quint16>(onde | mudada), inicio + lugares + 2 * i);
+        qToLittleEndian<quint32>(static_cast<quint32>(outra) << 8, inicio + onde);
+    }
+}
+} // namespace
+
+Q_DECLARE_METATYPE(Estrago)
+
+class TestJetFile : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cada_linha_e_a_do_manifesto_data()
+    {
+        QTest::addColumn<QString>("manifesto");
+        QTest::newRow("pequena") << u"pequena"_s;
+        QTest::newRow("cifrada") << u"pequena"_s; // the same rows on encoded pages
+        for (const auto *nome : {"vazia", "sem_utilizadores", "sem_idrepeticao", "sem_tblmemos"})
+            QTest::newRow(nome) << QString::fromLatin1(nome);
+    }
+    void cada_linha_e_a_do_manifesto()
+    {
+        QFETCH(QString, manifesto);
+        const QJsonObject tabelas =
+            QJsonDocument::fromJson(Ler_Ficheiro(Amostra(manifesto + u".json"_s)))[u"tables"].toObject();
+        QVERIFY(!tabelas.isEmpty());
+        const JetFile base(Amostra(QLatin1String(QTest::currentDataTag()) + u".mdb"_s));
+        QStringList nomes = base.tables();
+        nomes.sort();
+        QCOMPARE(nomes, tabelas.keys());
+        for (const QString &nome : nomes) {
+            const JetFile::Table tabela = base.read(nome);
+            const QJsonObject esperada = tabelas[nome].toObject();
+            QCOMPARE(tabela.columns, Colunas(esperada));
+            QCOMPARE(tabela.rows.size(), esperada[u"count"].toInt());
+            const QJsonArray linhas = Json(tabela);
+            const QJsonArray certas = esperada[u"rows"].toArray();
+            QCOMPARE(linhas.size(), certas.size());
+            for (qsizetype i = 0; i < certas.size(); ++i)
+                QCOMPARE(linhas[i], certas[i]);
+        }
+    }
+
+    // Their manifests give the sum of a table's rows, written as the others write them, in the place of the
+    // rows.
+    void as_grandes_tem_as_linhas_do_manifesto_data()
+    {
+        QTest::addColumn<QString>("nome");
+        QTest::newRow("linhas mudadas de lugar, apagadas, memos de várias páginas") << u"grande"_s;
+        QTest::newRow("mais contactos do que se contam em 16 bits") << u"limite_32768"_s;
+    }
+    void as_grandes_tem_as_linhas_do_manifesto()
+    {
+        QFETCH(QString, nome);
+        const QJsonObject tabelas =
+            QJsonDocument::fromJson(Ler_Ficheiro(Amostra(nome + u".json"_s)))[u"tables"].toObject();
+        QCOMPARE(tabelas.size(), 9);
+        const Desempacotado ficheiro(Amostra(nome + u".mdb.xz"_s));
+        const JetFile base(ficheiro.Caminho());
+        for (const QString &tabela : tabelas.keys()) {
+            const QJsonObject esperada = tabelas[tabela].toObject();
+            const JetFile::Table lida = base.read(tabela);
+            QCOMPARE(lida.columns, Colunas(esperada));
+            QCOMPARE(lida.rows.size(), esperada[u"count"].toInt());
+            if (!esperada.contains(u"sha256")) continue;
+            const QByteArray linhas = QJsonDocument(Json(lida)).toJson(QJsonDocument::Compact);
+            QCOMPARE(QCryptographicHash::hash(linhas, QCryptographicHash::Sha256).toHex(),
+                     esperada[u"sha256"].toString().toLatin1());
+        }
+    }
+
+    void o_nome_de_uma_tabela_vale_em_maiusculas_e_minusculas()
+    {
+        const JetFile base(Amostra(u"pequena.mdb"_s));
+        QCOMPARE(base.read(u"TBLMEMOS"_s).rows.size(), 9U);
+    }
+
+    void uma_tabela_que_falta_e_uma_falha()
+    {
+        const JetFile base(Amostra(u"sem_tblmemos.mdb"_s));
+        VERIFICAR_FALHA(base.read(u"TblMemos"_s), Failure::StoreError);
+        QCOMPARE(base.read(u"TblTarefas"_s).rows.size(), 24U);
+    }
+
+    void o_que_nao_e_uma_base_nao_abre_data()
+    {
+        QTest::addColumn<QString>("nome");
+        for (const auto *nome : {"com_palavra_passe", "corrompida", "zero_bytes", "texto", "nao_existe"})
+            QTest::newRow(nome) << QString::fromLatin1(nome);
+    }
+    void o_que_nao_e_uma_base_nao_abre()
+    {
+        QFETCH(QString, nome);
+        const QString caminho = Amostra(u"pequena.mdb"_s).replace(u"pequena"_s, nome);
+        VERIFICAR_FALHA(JetFile{caminho}, Failure::StoreError);
+    }
+
+    void outra_versao_do_formato_nao_abre()
+    {
+        constexpr int versao = 0x14;
+        QByteArray bytes = Ler_Ficheiro(Amostra(u"pequena.mdb"_s));
+        QCOMPARE(bytes[versao], '\x01');
+        CopiaEstragada copia(u"copia.mdb"_s);
+        for (const char outra : {'\x00', '\x02'}) {
+            bytes[versao] = outra;
+            const QString caminho = copia.Guardar(bytes);
+            VERIFICAR_FALHA(JetFile{caminho}, Failure::StoreError);
+        }
+    }
+
+    void um_ficheiro_cortado_nao_da_o_resto_como_se_fosse_tudo()
+    {
+        const JetFile base(Amostra(u"truncada_meio.mdb"_s));
+        for (const QString &nome : {u"TblLista"_s, u"TblMemos"_s, u"TblTarefas"_s})
+            VERIFICAR_FALHA(base.read(nome), Failure::StoreError);
+        QVERIFY(!base.read(u"TblGrupos"_s).rows.empty()); // what is whole can still be read
+    }
+
+    // The same five thousand copies at every run.
+    void copias_estragadas_acabam_em_linhas_ou_numa_falha_data()
+    {
+        QTest::addColumn<QString>("nome");
+        QTest::addColumn<Estrago>("estrago");
+        for (const auto *nome : {"pequena", "cifrada", "vazia", "sem_idrepeticao", "sem_tblmemos"}) {
+            const QString ficheiro = QLatin1String(nome) + u".mdb"_s;
+            QTest::addRow("%s, bits", nome) << ficheiro << Estrago(Trocar_Bits);
+            QTest::addRow("%s, bits of page heads", nome) << ficheiro << Estrago(Trocar_Bits_Dos_Cabecalhos);
+            QTest::addRow("%s, tail cut", nome) << ficheiro << Estrago(Cortar);
+            QTest::addRow("%s, pages swapped", nome) << ficheiro << Estrago(Trocar_Paginas);
+        }
+    }
+    void copias_estragadas_acabam_em_linhas_ou_numa_falha()
+    {
+        constexpr int copias = 250;
+        constexpr qint64 paciencia = 2000; // ms a copy; a sound one takes some three
+        constexpr std::size_t muita_memoria = std::size_t{256} << 20;
+        QFETCH(QString, nome);
+        QFETCH(Estrago, estrago);
+        const QByteArray sa = Ler_Ficheiro(Amostra(nome));
+        std::mt19937 acaso(20040517);
+        CopiaEstragada copia(u"copia.mdb"_s);
+        int lidas = 0;
+        int com_falha = 0;
+        std::size_t mais_memoria = 0;
+        for (int i = 0; i < copias; ++i) {
+            const QString caminho = copia.Guardar(estrago(sa, acaso));
+            const memoria::Medida medida;
+            QElapsedTimer relogio;
+            relogio.start();
+            const auto ler = [&] {
+                const JetFile base(caminho);
+                for (const QString &tabela : base.tables())
+                    ++(skipFailure([&] { base.read(tabela); }) ? lidas : com_falha);
+            };
+            if (!skipFailure(ler)) ++com_falha;
+            QVERIFY2(relogio.elapsed() < paciencia, qPrintable(u"copy %1 took too long"_s.arg(i)));
+            QVERIFY2(medida.Maximo() < muita_memoria, qPrintable(u"copy %1 took too much"_s.arg(i)));
+            mais_memoria = std::max(mais_memoria, medida.Maximo());
+        }
+        qInfo("%d tables read, %d failures, at most %.1f MB", lidas, com_falha,
+              static_cast<double>(mais_memoria) / 1e6);
+        QVERIFY(lidas > 0);
+        QVERIFY(com_falha > 0);
+        QVERIFY(mais_memoria > static_cast<std::size_t>(sa.size()) / 2); // it was measured
+    }
+
+    // Thousands of rows that all lead to one and the same: a small file that would fill the memory.
+    void linhas_que_levam_todas_a_uma_so_sao_um_estrago()
+    {
+        constexpr std::size_t muita_memoria = std::size_t{256} << 20;
+        const Desempacotado sa(Amostra(u"limite_32768.mdb.xz"_s));
+        QByteArray bytes = Ler_Ficheiro(sa.Caminho());
+        const std::vector<int> paginas = Paginas_Da_Maior_Tabela(bytes);
+        QVERIFY(paginas.size() > 100);
+        for (std::size_t i = 1; i < paginas.size(); ++i)
+            Apontar_Tudo_Para(bytes, paginas[i], paginas[0]);
+        CopiaEstragada copia(u"copia.mdb"_s);
+        const QString caminho = copia.Guardar(bytes);
+        const memoria::Medida medida;
+        const JetFile base(caminho);
+        VERIFICAR_FALHA(base.read(u"TblLista"_s), Failure::StoreError);
+        QVERIFY2(medida.Maximo() < muita_memoria, qPrintable(QString::number(medida.Maximo())));
+        QCOMPARE(base.read(u"TblRepeticao"_s).rows.size(), 5U);
+    }
+
+    // A row in whose mask no column has a value would read as an empty one: the number of a row is never
+    // Null.
+    void uma_linha_sem_o_seu_numero_e_um_estrago()
+    {
+        const JetFile base(Amostra(u"pequena.mdb"_s));
+        const JetFile::Table contactos = base.read(u"TblLista"_s);
+        const auto nome = std::get<QString>(contactos.rows.at(0).at(1));
+        QByteArray bytes = Ler_Ficheiro(Amostra(u"pequena.mdb"_s));
+        QVERIFY(Apagar_A_Mascara(bytes, nome.toLatin1()));
+        CopiaEstragada copia(u"copia.mdb"_s);
+        const JetFile estragada(copia.Guardar(bytes));
+        VERIFICAR_FALHA(estragada.read(u"TblLista"_s), Failure::StoreError);
+        QCOMPARE(estragada.read(u"TblTarefas"_s).rows.size(), 24U);
+    }
+
+    void um_tubo_com_nome_de_base_nao_prende_quem_o_abre()
+    {
+        const QTemporaryDir pasta;
+        const QString tubo = pasta.filePath(u"tubo.mdb"_s);
+        QCOMPARE(::mkfifo(qPrintable(tubo), S_IRUSR | S_IWUSR), 0);
+        VERIFICAR_FALHA(JetFile{tubo}, Failure::StoreError);
+    }
+
+    void uma_copia_cortada_da_tudo_ou_nada()
+    {
+        const QByteArray sa = Ler_Ficheiro(Amostra(u"pequena.mdb"_s));
+        const JetFile inteira(Amostra(u"pequena.mdb"_s));
+        std::mt19937 acaso(1900);
+        CopiaEstragada copia(u"copia.mdb"_s);
+        for (int i = 0; i < 200; ++i) {
+            const QString caminho = copia.Guardar(Cortar(sa, acaso));
+            skipFailure([&] {
+                const JetFile base(caminho);
+                for (const QString &nome : base.tables())
+                    skipFailure([&] { QCOMPARE(Json(base.read(nome)), Json(inteira.read(nome))); });
+            });
+        }
+    }
+};
+
+MORVEX_TESTE(TestJetFile)
+#include "test_JetFile.moc"

@@ -1,0 +1,324 @@
+// One look into a mailbox: what the checker says to a server, and what it makes of servers that misbehave.
+#include "mail/MailServer.h"
+#include "mail/MailTexts.h"
+#include "mail/Pop3Check.h"
+#include "testlib/Pausas.h"
+#include "testlib/ServidorPop.h"
+#include "testlib/Teste.h"
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr Pop3Check::Limits soon{200, 300, 3000};
+constexpr Pop3Check::Limits roomy{2000, 5000, 30000}; // for a server that sends much
+constexpr qint64 blocked = 250; // ms: shorter than any wait for a server, longer than a busy machine's hiccup
+
+struct Outcome {
+    bool ended = false;
+    MailError error = MailError::None;
+    Pop3Check::Result result;
+    qint64 longestPause = 0;
+};
+
+Outcome look(const MailServer &server, const Pop3Check::Trust &trust = {},
+             const QString &password = u"segredo9"_s, const Pop3Check::Limits &limits = soon)
+{
+    Outcome outcome;
+    Pop3Check check(server, u"ana"_s, password, trust, limits);
+    QObject::connect(&check, &Pop3Check::succeeded, &check, [&](const Pop3Check::Result &result) {
+        outcome.ended = true;
+        outcome.result = result;
+    });
+    QObject::connect(&check, &Pop3Check::failed, &check, [&](MailError error) {
+        outcome.ended = true;
+        outcome.error = error;
+    });
+    const Pausas pausas;
+    check.start();
+    [[maybe_unused]] const bool inTime = QTest::qWaitFor([&] { return outcome.ended; }, 40000);
+    outcome.longestPause = pausas.maior;
+    return outcome;
+}
+
+Outcome look(const ServidorPop &server, const Pop3Check::Trust &trust = {},
+             const QString &password = u"segredo9"_s, const Pop3Check::Limits &limits = soon)
+{
+    return look({u"127.0.0.1"_s, server.serverPort(), false}, trust, password, limits);
+}
+} // namespace
+
+class TestPop3Check : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void addresses_are_read_as_people_write_them_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("expected"); // host|port|tls, empty for an error
+        const auto row = [](const char *text, const char *expected) {
+            QTest::newRow(text) << QString::fromLatin1(text) << QString::fromLatin1(expected);
+        };
+        row("mail.example.org", "mail.example.org|110|0");
+        row(" mail.example.org ", "mail.example.org|110|0");
+        row("mail.example.org:2110", "mail.example.org|2110|0");
+        row("mail.example.org:995", "mail.example.org|995|1");
+        row("pop3://mail.example.org", "mail.example.org|110|0");
+        row("pop3s://mail.example.org", "mail.example.org|995|1");
+        row("POP3S://mail.example.org:1995/", "mail.example.org|1995|1");
+        row("[::1]:110", "::1|110|0");
+        row("[fe80::1]", "fe80::1|110|0");
+        row("", "");
+        row("imap://mail.example.org", "");
+        row("mail example", "");
+        row("mail:0", "");
+        row("mail:70000", "");
+        row("mail:", "");
+        row("user@mail", "");
+        row("::1", "");
+    }
+    void addresses_are_read_as_people_write_them()
+    {
+        QFETCH(QString, text);
+        QFETCH(QString, expected);
+        const auto server = MailServer::parse(text);
+        QCOMPARE(server ? u"%1|%2|%3"_s.arg(server->host).arg(server->port).arg(server->tls ? 1 : 0)
+                        : QString(),
+                 expected);
+    }
+
+    void a_good_server_is_asked_in_order_and_nothing_is_fetched()
+    {
+        ServidorPop server(Conversa_Boa());
+        const Outcome outcome = look(server);
+        QCOMPARE(outcome.error, MailError::None);
+        QCOMPARE(outcome.result.messages, 2);
+        QCOMPARE(outcome.result.uids, (QStringList{u"abc"_s, u"def"_s}));
+        QCOMPARE(outcome.result.loginDelay, 90);
+        QVERIFY(!outcome.result.trust.encryptedBefore);
+        QCOMPARE(server.ouvido,
+                 (QList<QByteArray>{"CAPA", "USER ana", "PASS segredo9", "STAT", "UIDL", "QUIT"}));
+    }
+
+    void an_empty_mailbox_is_not_asked_for_names()
+    {
+        QList<Fala> acts = Conversa_Boa("+OK 0 0\r\n");
+        acts.removeAt(5);
+        ServidorPop server(acts);
+        const Outcome outcome = look(server);
+        QVERIFY(outcome.ended);
+        QCOMPARE(outcome.error, MailError::None);
+        QCOMPARE(outcome.result.messages, 0);
+    }
+
+    void a_server_without_names_gives_the_count_alone()
+    {
+        QList<Fala> acts = Conversa_Boa();
+        acts[5].resposta = "-ERR what?\r\n";
+        ServidorPop server(acts);
+        const Outcome outcome = look(server);
+        QCOMPARE(outcome.error, MailError::None);
+        QCOMPARE(outcome.result.messages, 2);
+        QVERIFY(!outcome.result.hasUids);
+    }
+
+    void an_old_server_without_capa_is_served_in_the_clear()
+    {
+        QList<Fala> acts = Conversa_Boa();
+        acts[1].resposta = "-ERR unknown\r\n";
+        ServidorPop server(acts);
+        QCOMPARE(look(server).error, MailError::None);
+    }
+
+    void a_refusal_is_told_apart_from_a_busy_mailbox_data()
+    {
+        QTest::addColumn<QByteArray>("answer");
+        QTest::addColumn<int>("error");
+        QTest::newRow("wrong password") << QByteArray("-ERR [AUTH] no\r\n") << int(MailError::Refused);
+        QTest::newRow("bare") << QByteArray("-ERR\r\n") << int(MailError::Refused);
+        QTest::newRow("in use") << QByteArray("-ERR [IN-USE] locked\r\n") << int(MailError::Busy);
+        QTest::newRow("temporary") << QByteArray("-ERR [SYS/TEMP] later\r\n") << int(MailError::Busy);
+        QTest::newRow("nonsense") << QByteArray("hello\r\n") << int(MailError::Garbled);
+    }
+    void a_refusal_is_told_apart_from_a_busy_mailbox()
+    {
+        QFETCH(QByteArray, answer);
+        QFETCH(int, error);
+        QList<Fala> acts = Conversa_Boa();
+        acts[3].resposta = answer;
+        ServidorPop server(acts);
+        QCOMPARE(int(look(server).error), error);
+    }
+
+    void a_line_break_in_a_password_never_reaches_the_server()
+    {
+        ServidorPop server(Conversa_Boa());
+        QCOMPARE(look(server, {}, u"a\r\nDELE 1"_s).error, MailError::Refused);
+        QVERIFY(server.ouvido.isEmpty());
+    }
+
+    void a_server_that_misbehaves_at_a_step_is_left_data()
+    {
+        QTest::addColumn<int>("step");
+        QTest::addColumn<int>("end");
+        QTest::addColumn<int>("error");
+        for (int step = 0; step < 6; ++step) {
+            QTest::addRow("hangs at step %d", step)
+                << step << int(ServidorPop::Fim::Cala) << int(MailError::TimedOut);
+            QTest::addRow("closes at step %d", step)
+                << step << int(ServidorPop::Fim::Fecha) << int(MailError::Closed);
+        }
+    }
+    void a_server_that_misbehaves_at_a_step_is_left()
+    {
+        QFETCH(int, step);
+        QFETCH(int, end);
+        QFETCH(int, error);
+        QList<Fala> acts = Conversa_Boa().mid(0, step);
+        ServidorPop server(acts, ServidorPop::Fim(end));
+        const Outcome outcome = look(server);
+        QCOMPARE(int(outcome.error), error);
+        QVERIFY2(outcome.longestPause < blocked, qPrintable(QString::number(outcome.longestPause)));
+    }
+
+    void a_server_that_drips_is_left_when_the_whole_takes_too_long()
+    {
+        ServidorPop server(Conversa_Boa(), ServidorPop::Fim::Pinga);
+        const Outcome outcome = look(server);
+        QCOMPARE(outcome.error, MailError::TimedOut);
+        QVERIFY2(outcome.longestPause < blocked, qPrintable(QString::number(outcome.longestPause)));
+    }
+
+    void what_is_no_pop3_is_garbled_data()
+    {
+        QTest::addColumn<QByteArray>("greeting");
+        QTest::newRow("a web server") << QByteArray("HTTP/1.0 400 Bad Request\r\n");
+        QTest::newRow("binary") << QByteArray("\x00\x01\x02\xff\xfe\r\n", 7);
+        QTest::newRow("a line without an end") << QByteArray(20000, 'x');
+        QTest::newRow("a very long line") << QByteArray("+OK ") + QByteArray(9000, 'x') + "\r\n";
+    }
+    void what_is_no_pop3_is_garbled()
+    {
+        QFETCH(QByteArray, greeting);
+        ServidorPop server({{"", greeting}}, ServidorPop::Fim::Cala);
+        QCOMPARE(look(server).error, MailError::Garbled);
+    }
+
+    void an_endless_list_of_names_ends_at_a_hundred_thousand()
+    {
+        QByteArray names;
+        for (int i = 0; i < 100001; ++i)
+            names += QByteArray::number(i + 1) + " u" + QByteArray::number(i) + "\r\n";
+        ServidorPop server(Conversa_Boa("+OK 200000 1\r\n", names), ServidorPop::Fim::Cala);
+        QCOMPARE(look(server, {}, u"segredo9"_s, roomy).error, MailError::Garbled);
+    }
+
+    void more_names_than_messages_are_garbled()
+    {
+        ServidorPop server(Conversa_Boa("+OK 2 300\r\n", "1 a\r\n2 b\r\n3 c\r\n"));
+        QCOMPARE(look(server).error, MailError::Garbled);
+    }
+
+    void a_server_that_turns_every_visitor_away_is_unreachable_or_busy()
+    {
+        ServidorPop closed({{"", "-ERR go away\r\n"}}, ServidorPop::Fim::Fecha);
+        QCOMPARE(look(closed).error, MailError::Unreachable);
+        ServidorPop later({{"", "-ERR [SYS/TEMP] try later\r\n"}}, ServidorPop::Fim::Fecha);
+        QCOMPARE(look(later).error, MailError::Busy);
+    }
+
+    void answers_without_end_are_left_data()
+    {
+        QTest::addColumn<int>("step");
+        QTest::addColumn<QByteArray>("words");
+        QTest::addColumn<int>("error");
+        QTest::newRow("a line") << 0 << QByteArray(4000, 'x') << int(MailError::Garbled);
+        QTest::newRow("greetings") << 0 << QByteArray("+OK hello\r\n") << int(MailError::Garbled);
+        QTest::newRow("abilities") << 1 << QByteArray("+OK\r\nX-ABILITY\r\n") << int(MailError::Garbled);
+        QTest::newRow("names") << 5 << QByteArray("+OK\r\n1 a\r\n") << int(MailError::Garbled);
+    }
+    void answers_without_end_are_left()
+    {
+        QFETCH(int, step);
+        QFETCH(QByteArray, words);
+        QFETCH(int, error);
+        QList<Fala> acts = Conversa_Boa().mid(0, step + 1);
+        acts.last().resposta = words;
+        ServidorPop server(acts, ServidorPop::Fim::Sem_Fim);
+        const Outcome outcome = look(server);
+        QCOMPARE(int(outcome.error), error);
+        QVERIFY2(outcome.longestPause < blocked, qPrintable(QString::number(outcome.longestPause)));
+    }
+
+    void nobody_listening_is_unreachable_and_no_name_is_not_found()
+    {
+        QTcpServer closed;
+        closed.listen(QHostAddress::LocalHost);
+        const quint16 port = closed.serverPort();
+        closed.close();
+        QCOMPARE(look(MailServer{u"127.0.0.1"_s, port, false}).error, MailError::Unreachable);
+        const MailError error = look(MailServer{u"nobody.invalid"_s, 110, false}).error;
+        QVERIFY(error == MailError::NotFound ||
+                error == MailError::TimedOut); // by how long the look-up takes
+    }
+
+    void encryption_is_taken_where_it_is_offered_and_the_certificate_remembered()
+    {
+        const Identidade identidade;
+        QVERIFY(!identidade.certificado.isNull());
+        ServidorPop server(Conversa_Cifrada());
+        server.Identificar(identidade);
+        const Outcome outcome = look(server);
+        QCOMPARE(outcome.error, MailError::None);
+        QVERIFY(outcome.result.trust.encryptedBefore);
+        QVERIFY(!outcome.result.trust.fingerprint.isEmpty());
+        QCOMPARE(server.ouvido.count("CAPA"), 2);
+
+        ServidorPop again(Conversa_Cifrada());
+        again.Identificar(identidade);
+        QCOMPARE(look(again, outcome.result.trust).error, MailError::None);
+
+        const Identidade other;
+        ServidorPop changed(Conversa_Cifrada());
+        changed.Identificar(other);
+        QCOMPARE(look(changed, outcome.result.trust).error, MailError::Certificate);
+        QVERIFY(!changed.ouvido.contains("PASS segredo9"));
+    }
+
+    void an_account_once_encrypted_never_goes_back_to_plain()
+    {
+        ServidorPop server(Conversa_Boa());
+        QCOMPARE(look(server, {true, {}}).error, MailError::NotEncrypted);
+        QVERIFY(!server.ouvido.contains("USER ana"));
+    }
+
+    void words_smuggled_in_behind_the_stls_answer_are_an_error()
+    {
+        ServidorPop server(
+            {{"", "+OK\r\n"}, {"CAPA", "+OK\r\nSTLS\r\n.\r\n"}, {"STLS", "+OK go\r\n+OK\r\n.\r\n"}});
+        QCOMPARE(look(server).error, MailError::Garbled);
+    }
+
+    void a_server_that_must_be_encrypted_from_the_start_needs_a_good_certificate()
+    {
+        ServidorPop server(Conversa_Boa(), ServidorPop::Fim::Cala);
+        const MailError error = look(MailServer{u"127.0.0.1"_s, server.serverPort(), true}).error;
+        QCOMPARE(error, MailError::Certificate);
+    }
+
+    void every_error_has_a_short_text_in_every_language()
+    {
+        for (const QString &language : {u"PortuguesPT"_s, u"PortuguesBR"_s, u"InglesUK"_s, u"EspanholES"_s,
+                                        u"ItalianoIT"_s, u"FrancesFR"_s, u"AlemaoDE"_s})
+            for (int error = int(MailError::Address); error <= int(MailError::Garbled); ++error) {
+                const QString text = mailErrorText(MailError(error), language);
+                QVERIFY2(!text.isEmpty() && text.size() <= 42, qPrintable(language + u' ' + text));
+            }
+        QCOMPARE(mailErrorText(MailError::NotFound, u"?"_s),
+                 mailErrorText(MailError::NotFound, u"InglesUK"_s));
+    }
+};
+
+MORVEX_TESTE(TestPop3Check)
+#include "test_Pop3Check.moc"

@@ -1,0 +1,517 @@
+// The report control: where a run goes, what it keeps, what it says when it can't.
+#include "report/CrystalReport.h"
+#include "report/ReportPages.h"
+#include "report/ReportPreview.h"
+#include "report/ReportPrinting.h"
+#include "report/ReportView.h"
+#include "report/ReportWords.h"
+#include "store/NewDatabase.h"
+#include "testlib/Teste.h"
+
+#include <memory>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QSpinBox>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+// A printer that keeps the records that it was given.
+class ImpressoraFalsa final : public ReportPrinter
+{
+public:
+    PrintResult choose(QWidget *) override
+    {
+        historia << u"choose"_s;
+        return escolha;
+    }
+    PrintResult print(ReportPages &pages, const QString &title, const PageWatch &watch) override
+    {
+        historia << u"print %1 %2"_s.arg(title).arg(pages.data().size());
+        return watch(0, pages.found()) ? resultado : PrintResult::Cancelled;
+    }
+
+    QStringList historia;
+    PrintResult escolha = PrintResult::Done;
+    PrintResult resultado = PrintResult::Done;
+};
+
+template<class T> T *Parte(const QWidget &janela, const char *nome)
+{
+    T *parte = janela.findChild<T *>(QLatin1StringView(nome));
+    if (!parte) qFatal("there is no %s", nome);
+    return parte;
+}
+} // namespace
+
+class TestCrystalReport : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir folder_;
+    QString idioma_;
+    std::unique_ptr<CaixasFalsas> caixas_;
+    DialogosFalsos dialogos_;
+    RelogioFalso relogio_{QDateTime({2027, 2, 1}, {9, 0})};
+    ImpressoraFalsa *impressora_ = nullptr;
+    std::unique_ptr<CrystalReport> controlo_;
+
+    QString Caminho(const QString &nome) const { return folder_.filePath(nome); }
+
+    void Correr(int destino)
+    {
+        controlo_->setDestination(destino);
+        controlo_->setAction(1);
+    }
+    ReportPreview &Pre_Visualizar()
+    {
+        Correr(ReportControl::Screen);
+        if (!controlo_->preview()) qFatal("no preview came");
+        return *controlo_->preview();
+    }
+    static void Accionar(const ReportPreview &janela, const char *nome)
+    {
+        Parte<QAction>(janela, nome)->trigger();
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        createDatabase(
+            Caminho(u"base.mdb"_s),
+            {u"CREATE TABLE T (ID INTEGER PRIMARY KEY, Nome TEXT) STRICT"_s,
+             u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 500) "
+             "INSERT INTO T SELECT i, 'Nome ' || i FROM n"_s,
+             u"CREATE TABLE Textos (ID INTEGER PRIMARY KEY, AlemaoDE TEXT, \"In \"\"glês\" TEXT) STRICT"_s,
+             u"INSERT INTO Textos VALUES (1, '&Liste', 'List'), (2, 'Gruppe\u00A0:', 'Group'), "
+             "(3, '', NULL), (4, 'A && B: C', '')"_s});
+        QFile file(Caminho(u"r.rpt"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("<report title='Lista' table='T'><parameter name='p' default='d'/>"
+                   "<detail><row height='800'><text width='5000' height='300' "
+                   "head='{?p}'>{T.Nome}</text></row></detail>"
+                   "</report>");
+    }
+    void init()
+    {
+        idioma_ = u"PortuguesPT"_s;
+        caixas_ = std::make_unique<CaixasFalsas>();
+        auto impressora = std::make_unique<ImpressoraFalsa>();
+        impressora_ = impressora.get();
+        controlo_ = std::make_unique<CrystalReport>(
+            *caixas_, dialogos_, relogio_, [this] { return idioma_; }, nullptr, std::move(impressora));
+        controlo_->setReportFileName(Caminho(u"r.rpt"_s));
+        controlo_->setConnect(Caminho(u"base.mdb"_s));
+        controlo_->setDataFiles(0, Caminho(u"base.mdb"_s));
+        controlo_->setSortFields(0, u"+{T.Nome}"_s);
+        controlo_->setWindowTitle(u"Pré-Visualizar"_s);
+        dialogos_.perguntas.clear();
+    }
+    void cleanup() { controlo_.reset(); }
+
+    void so_a_accao_um_corre()
+    {
+        controlo_->setDestination(ReportControl::Printer);
+        controlo_->setAction(0);
+        QVERIFY(impressora_->historia.isEmpty());
+        controlo_->setAction(1);
+        QCOMPARE(impressora_->historia, QStringList{u"print Lista 500"_s});
+    }
+    void a_seleccao_vale_ate_a_proxima()
+    {
+        controlo_->ReplaceSelectionFormula(u"{T.ID} =7"_s);
+        Correr(ReportControl::Printer);
+        Correr(ReportControl::Printer);
+        controlo_->ReplaceSelectionFormula({});
+        Correr(ReportControl::Printer);
+        QCOMPARE(impressora_->historia,
+                 (QStringList{u"print Lista 1"_s, u"print Lista 1"_s, u"print Lista 500"_s}));
+    }
+    void desistir_da_impressora_nao_trava_a_corrida()
+    {
+        impressora_->escolha = PrintResult::Cancelled;
+        controlo_->PrinterSelect();
+        Correr(ReportControl::Printer);
+        QCOMPARE(impressora_->historia, (QStringList{u"choose"_s, u"print Lista 500"_s}));
+    }
+    void o_que_a_impressora_nao_fez_e_dito_data()
+    {
+        QTest::addColumn<PrintResult>("result");
+        QTest::addColumn<QString>("language");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("title");
+        QTest::newRow("no printer") << PrintResult::NoPrinter << u"PortuguesPT"_s
+                                    << u"Não há nenhuma impressora instalada."_s << u"Imprimir"_s;
+        QTest::newRow("rejected") << PrintResult::Rejected << u"AlemaoDE"_s
+                                  << u"Der Drucker hat den Druckauftrag abgelehnt."_s << u"Drucken"_s;
+    }
+    void o_que_a_impressora_nao_fez_e_dito()
+    {
+        QFETCH(PrintResult, result);
+        QFETCH(QString, language);
+        QFETCH(QString, text);
+        QFETCH(QString, title);
+        idioma_ = language;
+        impressora_->resultado = result;
+        caixas_->Espera(text, box::exclamation, title);
+        Correr(ReportControl::Printer);
+        QVERIFY(caixas_->Todas_Vistas());
+    }
+    void uma_impressao_cancelada_nao_diz_nada()
+    {
+        impressora_->resultado = PrintResult::Cancelled;
+        Correr(ReportControl::Printer);
+        QCOMPARE(impressora_->historia.size(), 1);
+    }
+
+    void uma_seleccao_vazia_nao_vai_para_a_impressora()
+    {
+        idioma_ = u"AlemaoDE"_s;
+        controlo_->ReplaceSelectionFormula(u"{T.ID} =9999"_s);
+        caixas_->Espera(u"Die Auswahl ist leer: Es gibt nichts zu drucken."_s, box::information,
+                        u"Drucken"_s);
+        Correr(ReportControl::Printer);
+        QVERIFY(caixas_->Todas_Vistas());
+        QVERIFY(impressora_->historia.isEmpty());
+    }
+    void a_previsualizacao_de_uma_seleccao_vazia_di_lo_na_folha()
+    {
+        controlo_->ReplaceSelectionFormula(u"{T.ID} =9999"_s);
+        QCOMPARE(Pre_Visualizar().pages()->page(0).lines(),
+                 QStringList{u"A selecção está vazia: não há nada para imprimir."_s});
+        caixas_->Espera(u"A selecção está vazia: não há nada para imprimir."_s, box::information,
+                        u"Imprimir"_s);
+        Accionar(*controlo_->preview(), "print");
+        QVERIFY(caixas_->Todas_Vistas());
+    }
+    void actualizar_diz_outra_vez_o_que_nao_cabe()
+    {
+        QFile file(Caminho(u"curto.rpt"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(
+            "<report title='Lista' table='T'><detail><row height='800'><text width='5000' height='480'>"
+            "{T.Nome}&#10;b&#10;c</text></row></detail></report>");
+        file.close();
+        controlo_->setReportFileName(file.fileName());
+        controlo_->ReplaceSelectionFormula(u"{T.ID} =7"_s);
+        const auto esperar = [this] {
+            caixas_->Espera(
+                u"Estas linhas não cabem na folha, nem em letra mais pequena, e ficam por imprimir:"
+                "\r\n\r\nc"_s,
+                box::exclamation, u"Imprimir"_s);
+        };
+        esperar();
+        const ReportPreview &janela = Pre_Visualizar();
+        QVERIFY(caixas_->Todas_Vistas());
+        esperar();
+        Parte<QAction>(janela, "refresh")->setEnabled(true);
+        Accionar(janela, "refresh");
+        QVERIFY(caixas_->Todas_Vistas());
+    }
+    void as_linhas_que_nao_cabem_sao_ditas_data()
+    {
+        QTest::addColumn<int>("destination");
+        QTest::newRow("preview") << int(ReportControl::Screen);
+        QTest::newRow("printer") << int(ReportControl::Printer);
+    }
+    void as_linhas_que_nao_cabem_sao_ditas()
+    {
+        QFETCH(int, destination);
+        QFile file(Caminho(u"curto.rpt"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(
+            "<report title='Lista' table='T'><detail><row height='800'><text width='5000' height='480' "
+            "least='10'>{T.Nome}&#10;b&#10;c&#10;d</text></row></detail></report>");
+        file.close();
+        controlo_->setReportFileName(file.fileName());
+        controlo_->ReplaceSelectionFormula(u"{T.ID} =7"_s);
+        caixas_->Espera(u"Estas linhas não cabem na folha, nem em letra mais pequena, e ficam por imprimir:"
+                        "\r\n\r\nc\r\nd"_s,
+                        box::exclamation, u"Imprimir"_s);
+        Correr(destination);
+        QVERIFY(caixas_->Todas_Vistas());
+    }
+    void de_muitas_linhas_que_nao_cabem_dizem_se_as_primeiras()
+    {
+        QFile file(Caminho(u"curto.rpt"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(
+            "<report title='Lista' table='T'><detail><row height='800'><text width='5000' height='480' "
+            ">{T.Nome}&#10;b&#10;{T.Nome}</text></row></detail></report>");
+        file.close();
+        controlo_->setReportFileName(file.fileName());
+        QStringList primeiras;
+        for (int i = 1; i <= 10; ++i)
+            primeiras << u"Nome %1"_s.arg(i);
+        controlo_->setSortFields(0, u"+{T.ID}"_s);
+        caixas_->Espera(u"Estas linhas não cabem na folha, nem em letra mais pequena, e ficam por imprimir:"
+                        "\r\n\r\n"_s +
+                            primeiras.join("\r\n"_L1) + u"\r\n…"_s,
+                        box::exclamation, u"Imprimir"_s);
+        Correr(ReportControl::Printer);
+        QVERIFY(caixas_->Todas_Vistas());
+    }
+
+    void um_relatorio_que_falta_e_uma_falha()
+    {
+        controlo_->setReportFileName(Caminho(u".rpt"_s));
+        VERIFICAR_FALHA(Correr(ReportControl::Screen), Failure::FileNotFound);
+        QVERIFY(!controlo_->preview());
+    }
+    void uma_base_que_falta_e_uma_falha()
+    {
+        controlo_->setDataFiles(0, Caminho(u"nada.mdb"_s));
+        VERIFICAR_FALHA(Correr(ReportControl::Screen), Failure::StoreError);
+    }
+    void um_parametro_mal_escrito_e_uma_falha()
+    {
+        controlo_->setParameterFields(0, u"p"_s);
+        VERIFICAR_FALHA(Correr(ReportControl::Screen), Failure::InvalidPropertyValue);
+    }
+    void um_destino_desconhecido_e_uma_falha() { VERIFICAR_FALHA(Correr(9), Failure::InvalidPropertyValue); }
+    void sem_ficheiro_de_dados_vale_a_ligacao()
+    {
+        controlo_->setDataFiles(0, {});
+        Correr(ReportControl::Printer);
+        QCOMPARE(impressora_->historia, QStringList{u"print Lista 500"_s});
+    }
+    void um_parametro_pode_ter_ponto_e_virgula()
+    {
+        controlo_->setParameterFields(0, u"p;a;b;TRUE"_s);
+        QCOMPARE(Pre_Visualizar().pages()->rows().heads, QStringList{u"a;b"_s});
+    }
+
+    void os_textos_por_numero_vem_na_lingua_do_programa_data()
+    {
+        QTest::addColumn<QString>("language");
+        QTest::addColumn<QString>("table");
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QStringList>("heads");
+        const QStringList seus{u"dois:"_s, u"três"_s, u"quatro"_s, u"cinco"_s};
+        QTest::newRow("sem os sinais de uma legenda; o que falta fica")
+            << u"AlemaoDE"_s << u"Textos"_s << u"Liste"_s
+            << QStringList{u"Gruppe"_s, u"três"_s, u"A & B: C"_s, u"cinco"_s};
+        QTest::newRow("nome com aspas") << u"in \"glês"_s << u"Textos"_s << u"List"_s
+                                        << QStringList{u"Group"_s, u"três"_s, u"quatro"_s, u"cinco"_s};
+        QTest::newRow("lingua que falta") << u"ItalianoIT"_s << u"Textos"_s << u"Lista"_s << seus;
+        QTest::newRow("sem lingua") << QString() << u"Textos"_s << u"Lista"_s << seus;
+        QTest::newRow("tabela que falta") << u"AlemaoDE"_s << u"Palavras"_s << u"Lista"_s << seus;
+    }
+    void os_textos_por_numero_vem_na_lingua_do_programa()
+    {
+        QFETCH(QString, language);
+        QFETCH(QString, table);
+        QFile file(Caminho(u"textos.rpt"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(
+            u"<report title='Lista' text='1' table='T'><texts table='%1' key='id'/>"
+            "<parameter name='b' default='dois:' text='2'/><parameter name='c' default='três' text='3'/>"
+            "<parameter name='d' default='quatro' text='4'/><parameter name='e' default='cinco' text='5'/>"
+            "<detail><row height='800'><text head='{?b}'>{T.Nome}</text><text head='{?c}'>{T.Nome}</text>"
+            "<text head='{?d}'>{T.Nome}</text><text head='{?e}'>{T.Nome}</text></row></detail>"
+            "</report>"_s.arg(table)
+                .toUtf8());
+        file.close();
+        controlo_->setReportFileName(file.fileName());
+        idioma_ = language;
+        const ReportRows rows = Pre_Visualizar().pages()->rows();
+        QTEST(rows.title, "title");
+        QTEST(rows.heads, "heads");
+        controlo_->setParameterFields(0, u"b;do controlo:;TRUE"_s);
+        QCOMPARE(Pre_Visualizar().pages()->rows().heads.first(), u"do controlo:"_s);
+    }
+
+    void a_previsualizacao_tem_o_seu_titulo_e_abre_no_estado_dado()
+    {
+        QVERIFY(!Pre_Visualizar().isMaximized());
+        controlo_->setWindowState(ReportControl::maximised);
+        const ReportPreview &janela = Pre_Visualizar();
+        QVERIFY(janela.isVisible() && janela.isMaximized());
+        QCOMPARE(janela.windowTitle(), u"Pré-Visualizar"_s);
+    }
+    void conta_as_paginas_enquanto_se_olha()
+    {
+        const ReportPreview &janela = Pre_Visualizar();
+        QCOMPARE(janela.pages()->found(), 1);
+        QTRY_VERIFY(janela.pages()->complete());
+        QCOMPARE(Parte<QLabel>(janela, "count")->text().trimmed(), u"/ %1"_s.arg(janela.pages()->found()));
+        QCOMPARE(Parte<QSpinBox>(janela, "page")->maximum(), janela.pages()->found());
+    }
+    void anda_se_de_pagina_em_pagina()
+    {
+        const ReportPreview &janela = Pre_Visualizar();
+        QTRY_VERIFY(janela.pages()->complete());
+        const int ultima = janela.pages()->found();
+        QSpinBox *pagina = Parte<QSpinBox>(janela, "page");
+        QVERIFY(ultima > 3);
+        QVERIFY(!Parte<QAction>(janela, "first")->isEnabled());
+        Accionar(janela, "next");
+        QCOMPARE(pagina->value(), 2);
+        Accionar(janela, "previous");
+        QCOMPARE(pagina->value(), 1);
+        Accionar(janela, "last");
+        QCOMPARE(pagina->value(), ultima);
+        QVERIFY(!Parte<QAction>(janela, "next")->isEnabled());
+        pagina->setValue(3);
+        QCOMPARE(janela.findChild<ReportView *>()->page(), 2);
+        Accionar(janela, "first");
+        QCOMPARE(pagina->value(), 1);
+    }
+    void o_zoom_fica_na_mesma_pagina()
+    {
+        const ReportPreview &janela = Pre_Visualizar();
+        QTRY_VERIFY(janela.pages()->complete());
+        auto *vista = janela.findChild<ReportView *>();
+        vista->goTo(5);
+        const double inteira = vista->zoom();
+        Accionar(janela, "zoomIn");
+        QVERIFY(vista->zoom() > inteira);
+        QCOMPARE(vista->page(), 5);
+        Accionar(janela, "zoomOut");
+        QCOMPARE(vista->zoom(), inteira);
+        Accionar(janela, "fitWidth");
+        QVERIFY(vista->zoom() > inteira);
+        QCOMPARE(vista->page(), 5);
+        Accionar(janela, "wholePage");
+        QCOMPARE(vista->zoom(), inteira);
+    }
+    void a_roda_com_ctrl_muda_o_zoom()
+    {
+        const ReportPreview &janela = Pre_Visualizar();
+        auto *vista = janela.findChild<ReportView *>();
+        const double antes = vista->zoom();
+        const auto rodar = [&](int quanto) {
+            QWheelEvent roda({10, 10}, vista->mapToGlobal(QPointF(10, 10)), {}, {0, quanto}, Qt::NoButton,
+                             Qt::ControlModifier, Qt::NoScrollPhase, false);
+            QCoreApplication::sendEvent(vista->viewport(), &roda);
+        };
+        rodar(120);
+        QVERIFY(vista->zoom() > antes);
+        rodar(-120);
+        QCOMPARE(vista->zoom(), antes);
+    }
+    void esc_fecha()
+    {
+        ReportPreview &janela = Pre_Visualizar();
+        QTest::keyClick(&janela, Qt::Key_Escape);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!controlo_->preview());
+    }
+    void so_ha_uma_janela_de_cada_vez()
+    {
+        const QPointer<ReportPreview> primeira = &Pre_Visualizar();
+        Pre_Visualizar();
+        QVERIFY(!primeira);
+    }
+    void imprime_se_da_previsualizacao_depois_de_escolher_a_impressora()
+    {
+        Accionar(Pre_Visualizar(), "print");
+        QCOMPARE(impressora_->historia, (QStringList{u"choose"_s, u"print Lista 500"_s}));
+    }
+    void desistir_na_previsualizacao_nao_imprime()
+    {
+        impressora_->escolha = PrintResult::Cancelled;
+        Accionar(Pre_Visualizar(), "print");
+        QCOMPARE(impressora_->historia, QStringList{u"choose"_s});
+    }
+    void sem_impressora_a_previsualizacao_di_lo()
+    {
+        impressora_->escolha = PrintResult::NoPrinter;
+        caixas_->Espera(u"Não há nenhuma impressora instalada."_s, box::exclamation, u"Imprimir"_s);
+        Accionar(Pre_Visualizar(), "print");
+        QVERIFY(caixas_->Todas_Vistas());
+    }
+    void guarda_se_como_pdf()
+    {
+        dialogos_.textos = {Caminho(u"saida.pdf"_s)};
+        Accionar(Pre_Visualizar(), "pdf");
+        QVERIFY(dialogos_.perguntas.value(0).contains(u"Lista.pdf"_s));
+        QFile pdf(Caminho(u"saida.pdf"_s));
+        QVERIFY(pdf.open(QIODevice::ReadOnly));
+        QVERIFY(pdf.readAll().startsWith("%PDF"));
+    }
+    void um_pdf_que_nao_se_grava_e_dito()
+    {
+        dialogos_.textos = {Caminho(u"nada/saida.pdf"_s)};
+        caixas_->Espera(u"Não foi possível gravar o ficheiro."_s, box::exclamation, u"Guardar como PDF"_s);
+        Accionar(Pre_Visualizar(), "pdf");
+        QVERIFY(caixas_->Todas_Vistas());
+    }
+    void os_botoes_da_janela_sao_os_pedidos()
+    {
+        controlo_->setWindowShowPrintBtn(false);
+        controlo_->setWindowShowRefreshBtn(true);
+        controlo_->setWindowShowSearchBtn(true);
+        const ReportPreview &janela = Pre_Visualizar();
+        QVERIFY(!Parte<QAction>(janela, "print")->isVisible());
+        QVERIFY(Parte<QAction>(janela, "refresh")->isVisible());
+        QVERIFY(Parte<QLineEdit>(janela, "search")->isVisible());
+    }
+    void actualizar_le_os_dados_de_novo()
+    {
+        controlo_->setWindowShowRefreshBtn(true);
+        const ReportPreview &janela = Pre_Visualizar();
+        const auto antes = janela.pages();
+        Accionar(janela, "refresh");
+        QVERIFY(janela.pages() != antes);
+        QCOMPARE(janela.pages()->data().size(), 500U);
+    }
+    void procurar_vai_a_pagina_do_registo()
+    {
+        controlo_->setSortFields(0, u"+{T.ID}"_s);
+        controlo_->setWindowShowSearchBtn(true);
+        const ReportPreview &janela = Pre_Visualizar();
+        auto *texto = Parte<QLineEdit>(janela, "search");
+        texto->setText(u"nome 499"_s);
+        QTest::keyClick(texto, Qt::Key_Return);
+        QTRY_COMPARE(janela.findChild<ReportView *>()->page(), janela.pages()->pageOf(498));
+    }
+    void fala_a_lingua_escolhida()
+    {
+        idioma_ = u"AlemaoDE"_s;
+        const ReportPreview &janela = Pre_Visualizar();
+        QCOMPARE(Parte<QAction>(janela, "wholePage")->text(), u"Ganze Seite"_s);
+    }
+
+    void cada_palavra_existe_em_todas_as_linguas()
+    {
+        for (const QString &lingua : {u"PortuguesPT"_s, u"PortuguesBR"_s, u"InglesUK"_s, u"EspanholES"_s,
+                                      u"ItalianoIT"_s, u"FrancesFR"_s, u"AlemaoDE"_s})
+            for (int palavra = int(ReportWord::First); palavra <= int(ReportWord::DoesNotFit); ++palavra) {
+                const QString texto = reportWord(ReportWord(palavra), lingua);
+                QVERIFY(!texto.isEmpty());
+                const bool conta = ReportWord(palavra) == ReportWord::Printing;
+                QCOMPARE(texto.contains(u"%1"_s) && texto.contains(u"%2"_s), conta);
+            }
+        QCOMPARE(reportWord(ReportWord::Close, u"?"_s), u"Close"_s);
+    }
+
+    void uma_exportacao_pergunta_pelo_ficheiro_e_escreve_o()
+    {
+        controlo_->ReplaceSelectionFormula(u"{T.ID}=7"_s);
+        controlo_->setPrintFileType(ReportControl::Text);
+        dialogos_.textos = {Caminho(u"saida.txt"_s)};
+        Correr(ReportControl::File);
+        QVERIFY(dialogos_.perguntas.value(0).contains(u"Lista.txt"_s));
+        QVERIFY(dialogos_.perguntas.value(0).contains(u"TXT|*.txt"_s)); // the same in all languages
+        QVERIFY(dialogos_.perguntas.value(0).contains(
+            QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)));
+        QFile saida(Caminho(u"saida.txt"_s));
+        QVERIFY(saida.open(QIODevice::ReadOnly));
+        QVERIFY(saida.readAll().contains("Nome 7"));
+    }
+    void desistir_da_exportacao_nao_escreve_nada()
+    {
+        dialogos_.textos = {std::nullopt};
+        Correr(ReportControl::File);
+        QCOMPARE(dialogos_.perguntas.size(), 1);
+    }
+};
+
+MORVEX_TESTE(TestCrystalReport)
+#include "test_CrystalReport.moc"

@@ -1,0 +1,571 @@
+// Reports on their pages: what stands on which page, where lines break, what closes up. The text is read back
+// from PDF files that the pages were painted into.
+#include "report/ReportPages.h"
+#include "report/ReportPrinting.h"
+#include "store/Connection.h"
+#include "store/NewDatabase.h"
+#include "testlib/Teste.h"
+
+#include <memory>
+#include <QFile>
+#include <QPainter>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+
+using namespace Qt::StringLiterals;
+
+class TestReportPages : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir folder_;
+    std::unique_ptr<Connection> database_;
+
+    QString Base() const { return folder_.filePath(u"base.mdb"_s); }
+
+    void Juntar(const QString &nome, const QString &obs, const QString &foto = {})
+    {
+        database_->execute(u"INSERT INTO T (Nome, Obs, Foto) VALUES (?, ?, ?)"_s, {nome, obs, foto});
+    }
+
+    void Juntar_Muitos(int quantos)
+    {
+        database_->execute(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < ?) "
+                           "INSERT INTO T (Nome, Obs, Foto) SELECT 'Nome ' || i, '', '' FROM n"_s,
+                           {qint64{quantos}});
+    }
+    // A page of 10,000 twips between page header and footer of 500 each, with this inside.
+    std::unique_ptr<ReportPages> Relatorio(const QString &faixas,
+                                           const QHash<QString, QString> &parametros = {})
+    {
+        const QString path = folder_.filePath(u"r.rpt"_s);
+        QFile file(path);
+        if (file.open(QIODevice::WriteOnly))
+            file.write((u"<report title='Titulo' table='T'>"
+                        "<paper left='1000' right='1000' top='3000' bottom='2840'/>"
+                        "<parameter name='rotulo' default='Rotulo'/><parameter name='mes05' default='Maio'/>"
+                        "<pageheader height='500'/>"_s +
+                        faixas + u"<pagefooter height='500'/></report>"_s)
+                           .toUtf8());
+        file.close();
+        ReportDefinition definition = readReportDefinition(path);
+        ReportData data(definition, Base(), {}, {});
+        return std::make_unique<ReportPages>(std::move(definition), std::move(data), parametros,
+                                             QDate(2027, 2, 1));
+    }
+    // The pages of a report as a PDF reader sees them; nothing where there is no such reader.
+    QStringList Texto_Das_Paginas(ReportPages &pages)
+    {
+        const QString pdf = folder_.filePath(u"r.pdf"_s);
+        if (writePdf(pages, u"Titulo"_s, pdf, [](int, int) { return true; }) != PrintResult::Done) return {};
+        QProcess reader;
+        reader.start(u"pdftotext"_s, {u"-layout"_s, u"-enc"_s, u"UTF-8"_s, pdf, u"-"_s});
+        reader.waitForFinished();
+        QStringList texts = QString::fromUtf8(reader.readAllStandardOutput()).split(u'\f');
+        texts.removeLast(); // behind the last page's end
+        for (QString &text : texts)
+            text = text.simplified();
+        return texts;
+    }
+    bool Ha_Leitor() const { return !QStandardPaths::findExecutable(u"pdftotext"_s).isEmpty(); }
+
+    QImage Pintar(ReportPages &pages, int page, ReportPages::Medium medium) const
+    {
+        constexpr double scale = 0.05;
+        QImage image((pages.paper() * scale).toSize(), QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        painter.scale(scale, scale);
+        pages.paint(painter, page, medium);
+        return image;
+    }
+
+    void Guardar_Foto(int largura, int altura) const
+    {
+        QImage foto(largura, altura, QImage::Format_RGB32);
+        foto.fill(Qt::red);
+        QVERIFY(foto.save(folder_.filePath(u"foto.png"_s)));
+    }
+    static QImage Folha_Branca(const QImage &como)
+    {
+        QImage branca(como.size(), como.format());
+        branca.fill(Qt::white);
+        return branca;
+    }
+
+    static constexpr QLatin1StringView uma_linha{
+        "<detail><row height='1000'><text width='5000' height='300'>{T.Nome}</text></row></detail>"};
+
+    static QString Linhas(int quantas)
+    {
+        QStringList linhas;
+        for (int i = 1; i <= quantas; ++i)
+            linhas << u"linha %1"_s.arg(i);
+        return linhas.join("\r\n"_L1);
+    }
+    // Room for three lines of ten points, or for six of five.
+    const QString encolhe_ = u"<detail><row height='900'><text width='5000' height='740' least='5' "
+                             "closelines='yes'>{T.Obs}</text></row></detail>"_s;
+
+private Q_SLOTS:
+    void init()
+    {
+        database_.reset();
+        QFile::remove(Base());
+        createDatabase(Base(),
+                       {u"CREATE TABLE T (ID INTEGER PRIMARY KEY, Nome TEXT, Obs TEXT, Foto TEXT) STRICT"_s});
+        database_ = std::make_unique<Connection>();
+        database_->setConnectionString(u"Data Source='%1'"_s.arg(Base()));
+        database_->Open();
+    }
+
+    void sem_registos_ha_uma_pagina()
+    {
+        const auto pages = Relatorio(uma_linha);
+        QVERIFY(pages->complete());
+        QCOMPARE(pages->count(), 1);
+    }
+
+    void cabem_dez_linhas_numa_pagina_data()
+    {
+        QTest::addColumn<int>("records");
+        QTest::addColumn<int>("expected");
+        QTest::newRow("1") << 1 << 1;
+        QTest::newRow("10") << 10 << 1;
+        QTest::newRow("11") << 11 << 2;
+        QTest::newRow("20") << 20 << 2;
+        QTest::newRow("21") << 21 << 3;
+        QTest::newRow("32767") << 32767 << 3277;
+    }
+
+    void cabem_dez_linhas_numa_pagina()
+    {
+        QFETCH(int, records);
+        Juntar_Muitos(records);
+        QTEST(Relatorio(uma_linha)->count(), "expected");
+    }
+
+    void so_a_primeira_pagina_e_procurada_ao_abrir()
+    {
+        Juntar_Muitos(100);
+        const auto pages = Relatorio(uma_linha);
+        QCOMPARE(pages->found(), 1);
+        QVERIFY(!pages->complete());
+        Pintar(*pages, 0, ReportPages::OnScreen);
+        QCOMPARE(pages->found(), 1);
+        pages->findNext();
+        QCOMPARE(pages->found(), 2);
+    }
+
+    void sabe_em_que_pagina_esta_um_registo()
+    {
+        Juntar_Muitos(25);
+        const auto pages = Relatorio(uma_linha);
+        QCOMPARE(pages->pageOf(0), 0);
+        QCOMPARE(pages->pageOf(9), 0);
+        QCOMPARE(pages->pageOf(10), 1);
+        QCOMPARE(pages->pageOf(24), 2);
+    }
+
+    void cada_registo_comeca_uma_pagina()
+    {
+        Juntar_Muitos(3);
+        QCOMPARE(Relatorio(u"<detail newpage='yes'><row height='1000'><text>{T.Nome}</text></row></detail>"_s)
+                     ->count(),
+                 3);
+    }
+
+    void uma_linha_mais_alta_do_que_a_folha_nao_prende_o_relatorio()
+    {
+        Juntar_Muitos(3);
+        QCOMPARE(Relatorio(u"<detail><row height='50000'><text>{T.Nome}</text></row></detail>"_s)->count(),
+                 3);
+    }
+
+    void um_registo_que_nao_cabe_no_resto_passa_inteiro()
+    {
+        Juntar_Muitos(3);
+        QCOMPARE(Relatorio(u"<detail><row height='2000'/><row height='2000'/></detail>"_s)->count(), 2);
+    }
+
+    void linhas_vazias_fecham_e_rotulos_nao_contam()
+    {
+        constexpr auto faixa =
+            "<detail><row height='4000'><text>{T.Nome}</text></row>"
+            "<row height='6000' closeup='yes'><text>{?rotulo}</text><text>{T.Obs}</text></row></detail>"_L1;
+        for (int i = 0; i < 2; ++i)
+            Juntar(u"Ana"_s, u" \r\n "_s);
+        QCOMPARE(Relatorio(faixa)->count(), 1);
+        Juntar(u"Rui"_s, u"nota"_s);
+        QCOMPARE(Relatorio(faixa)->count(), 2);
+    }
+
+    void o_texto_da_pagina_le_se_de_volta()
+    {
+        if (!Ha_Leitor()) QSKIP("there is no pdftotext");
+        for (const char16_t *nome : {u"Ωμέγα", u"Жанна", u"Ana, \"a\" <b> & {c}"})
+            Juntar(QString::fromUtf16(nome), {});
+        const auto pages =
+            Relatorio(u"<detail newpage='yes'><row height='1000'>"
+                      "<text width='9000' height='300'>{T.Nome}</text>"
+                      "<text top='400' width='9000' height='300'>{page}/{pages} {date} {{x}}</text>"
+                      "</row></detail>"_s);
+        QCOMPARE(Texto_Das_Paginas(*pages),
+                 (QStringList{u"Ωμέγα 1/3 01-02-2027 {x}"_s, u"Жанна 2/3 01-02-2027 {x}"_s,
+                              u"Ana, \"a\" <b> & {c} 3/3 01-02-2027 {x}"_s}));
+    }
+
+    void cabecalho_e_rodape_estao_em_cada_pagina()
+    {
+        if (!Ha_Leitor()) QSKIP("there is no pdftotext");
+        Juntar_Muitos(11);
+        const QString faixas =
+            u"<pageheader><row height='500'><text width='5000' height='300'>cabeca</text></row></pageheader>"_s +
+            uma_linha +
+            u"<reportfooter><row height='300'><text width='5000' height='300'>total</text></row></reportfooter>"_s;
+        const QStringList texts = Texto_Das_Paginas(*Relatorio(faixas));
+        QCOMPARE(texts.size(), 2);
+        QVERIFY(texts[0].startsWith("cabeca Nome 1 "_L1));
+        QCOMPARE(texts[1], u"cabeca Nome 11 total"_s);
+    }
+
+    void os_parametros_dados_valem_mais_do_que_os_do_ficheiro()
+    {
+        if (!Ha_Leitor()) QSKIP("there is no pdftotext");
+        Juntar(u"05"_s, u"13"_s);
+        const QString faixa = u"<detail><row height='1000'><text width='9000' height='300'>"
+                              "{?rotulo} {?mes{T.Nome}} {?mes{T.Obs}}</text></row></detail>"_s;
+        QCOMPARE(Texto_Das_Paginas(*Relatorio(faixa)), QStringList{u"Rotulo Maio 13"_s});
+        QCOMPARE(Texto_Das_Paginas(*Relatorio(faixa, {{u"rotulo"_s, u"Etikett"_s}, {u"outro"_s, u"x"_s}})),
+                 QStringList{u"Etikett Maio 13"_s});
+    }
+
+    void um_parametro_com_dois_algarismos_acha_se_tambem_por_um_so()
+    {
+        if (!Ha_Leitor()) QSKIP("there is no pdftotext");
+        for (const auto &mes : {u"05"_s, u"5"_s, u"6"_s, u"Maio"_s, u"13"_s})
+            Juntar(mes, {});
+        const QString faixa = u"<detail newpage='yes'><row height='1000'><text width='9000' height='300'>"
+                              "{?mes{T.Nome:00}} {T.Nome:00}</text></row></detail>"_s;
+        QCOMPARE(Texto_Das_Paginas(*Relatorio(faixa)),
+                 (QStringList{u"Maio 05"_s, u"Maio 05"_s, u"6 06"_s, u"Maio Maio"_s, u"13 13"_s}));
+    }
+
+    void datas_e_horas_leem_se_como_no_programa()
+    {
+        if (!Ha_Leitor()) QSKIP("there is no pdftotext");
+        Juntar(u"2027-12-31"_s, u"09:05:00"_s);
+        const QString faixa =
+            u"<detail><row height='1000'><text width='9000' height='300'>{T.Nome:date} {T.Obs:time}</text></row></detail>"_s;
+        QCOMPARE(Texto_Das_Paginas(*Relatorio(faixa)), QStringList{u"31-12-2027 09:05"_s});
+    }
+
+    void um_texto_comprido_corre_por_varias_paginas_sem_perder_nada()
+    {
+        if (!Ha_Leitor()) QSKIP("there is no pdftotext");
+        QStringList palavras;
+        for (int i = 0; i < 12'000; ++i)
+            palavras << u"p%1"_s.arg(i);
+        const QString obs = palavras.join(u' ');
+        Juntar(u"Ana"_s, obs);
+        Juntar(u"Rui"_s, u"curta"_s);
+        const auto pages = Relatorio(
+            u"<detail><row height='400'><text width='5000' height='300'>{T.Nome}</text></row>"
+            "<row height='300'><text width='9800' height='300' grow='yes'>{T.Obs}</text></row></detail>"_s);
+        const QStringList texts = Texto_Das_Paginas(*pages);
+        QVERIFY(texts.size() > 10);
+        QCOMPARE(texts.join(u' '), u"Ana "_s + obs + u" Rui curta"_s);
+    }
+
+    void cem_mil_letras_sem_espaco_partem_se()
+    {
+        Juntar(u"Ana"_s, QString(100'000, u'x'));
+        const auto pages = Relatorio(
+            u"<detail><row height='300'><text width='9800' height='300' grow='yes'>{T.Obs}</text></row></detail>"_s);
+        QVERIFY(pages->count() > 10);
+    }
+
+    void linhas_em_branco_dentro_do_texto_fecham()
+    {
+        if (!Ha_Leitor()) QSKIP("there is no pdftotext");
+        Juntar(u"Ana"_s, u"Rua A\r\n\r\n  \r\nLisboa\r\n"_s);
+        const QString texto =
+            u"<detail><row height='900'><text width='5000' height='%1' %2>{T.Obs}</text></row></detail>"_s;
+        QCOMPARE(Texto_Das_Paginas(*Relatorio(texto.arg(u"520"_s, u"closelines='yes'"_s))),
+                 QStringList{u"Rua A Lisboa"_s});
+        QCOMPARE(Texto_Das_Paginas(*Relatorio(texto.arg(u"520"_s, u""_s))), QStringList{u"Rua A"_s});
+    }
+
+    void o_que_nao_cabe_acaba_em_reticencias()
+    {
+        if (!Ha_Leitor()) QSKIP("there is no pdftotext");
+        Juntar(u"abcdefghijklmnopqrstuvwxyz"_s, {});
+        const QStringList texts = Texto_Das_Paginas(*Relatorio(
+            u"<detail><row height='900'><text width='1000' height='300'>{T.Nome}</text></row></detail>"_s));
+        QVERIFY(texts.value(0).startsWith("abc"_L1));
+        QVERIFY(texts.value(0).endsWith(u'\u2026'));
+    }
+
+    void o_que_e_so_do_ecra_nao_vai_para_o_papel()
+    {
+        Juntar(u"Ana"_s, {});
+        const auto pages = Relatorio(
+            u"<detail><row height='3000'><box left='500' top='500' width='3000' height='2000' thickness='60' on='screen'/></row></detail>"_s);
+        const QImage ecra = Pintar(*pages, 0, ReportPages::OnScreen);
+        QVERIFY(ecra != Folha_Branca(ecra));
+        QCOMPARE(Pintar(*pages, 0, ReportPages::OnPaper), Folha_Branca(ecra));
+    }
+
+    void a_fotografia_e_pintada_e_uma_que_falta_deixa_o_lugar_vazio()
+    {
+        Guardar_Foto(400, 200);
+        const QString faixa =
+            u"<detail newpage='yes'><row height='3000'><picture width='2000' height='2000' %1>{T.Foto}</picture></row></detail>"_s;
+        Juntar(u"Ana"_s, {}, u"foto.png"_s);
+        Juntar(u"Rui"_s, {}, u"nada.png"_s);
+        Juntar(u"Zita"_s, {}, u""_s);
+        const auto pages = Relatorio(faixa.arg(u""_s));
+        const QImage primeira = Pintar(*pages, 0, ReportPages::OnPaper);
+        QCOMPARE(primeira.pixelColor(100, 190),
+                 QColor(Qt::red)); // 1000, 3500 + 300 twips: within the upper half
+        QCOMPARE(primeira.pixelColor(100, 250),
+                 QColor(Qt::white)); // below: it isn't distorted to the whole area
+        QCOMPARE(Pintar(*pages, 1, ReportPages::OnPaper), Folha_Branca(primeira));
+        QCOMPARE(Pintar(*pages, 2, ReportPages::OnPaper), Folha_Branca(primeira));
+        const auto outra = Relatorio(faixa.arg(u"fallback='foto.png'"_s));
+        QCOMPARE(Pintar(*outra, 1, ReportPages::OnPaper), primeira);
+    }
+
+    void uma_fotografia_com_barras_invertidas_esta_abaixo_da_pasta_da_definicao()
+    {
+        QVERIFY(QDir(folder_.path()).mkdir(u"fotos"_s));
+        QImage foto(400, 200, QImage::Format_RGB32);
+        foto.fill(Qt::red);
+        QVERIFY(foto.save(folder_.filePath(u"fotos/ana.png"_s)));
+        Juntar(u"Ana"_s, {}, u"fotos\\ana.png"_s);
+        const auto pages = Relatorio(
+            u"<detail newpage='yes'><row height='3000'><picture width='2000' height='2000'>{T.Foto}</picture></row></detail>"_s);
+        QCOMPARE(Pintar(*pages, 0, ReportPages::OnPaper).pixelColor(100, 190), QColor(Qt::red));
+    }
+
+    void uma_fotografia_pequena_fica_do_seu_tamanho()
+    {
+        Guardar_Foto(40, 20);
+        Juntar(u"Ana"_s, {}, u"foto.png"_s);
+        const auto pages = Relatorio(u"<detail><row height='3000'><picture width='2000' height='2000'>"
+                                     "{T.Foto}</picture></row></detail>"_s);
+        const QImage folha = Pintar(*pages, 0, ReportPages::OnPaper);
+        // 600 by 300 twips, at the top right of an area that ends at 3000
+        QCOMPARE(folha.pixelColor(149, 176), QColor(Qt::red));
+        QCOMPARE(folha.pixelColor(121, 188), QColor(Qt::red));
+        QCOMPARE(folha.pixelColor(118, 180), QColor(Qt::white));
+        QCOMPARE(folha.pixelColor(140, 192), QColor(Qt::white));
+    }
+
+    void o_que_esta_na_pagina_pode_perguntar_se()
+    {
+        Juntar(u"Ana"_s, {});
+        const ReportPage page =
+            Relatorio(u"<pageheader><row height='500'><line top='400' width='9000' thickness='30'/></row>"
+                      "</pageheader><detail><row height='800'><box width='100' height='90' on='screen'/>"
+                      "<text left='2000' top='100' width='5000' height='300' align='right'>{T.Nome}</text>"
+                      "<picture left='10' width='20' height='30'>a.png</picture></row></detail>"_s)
+                ->page(0);
+        QCOMPARE(page.items.size(), 4U);
+        QCOMPARE(std::get<ReportPage::Stroke>(page.items[0].what).line, QLineF(1000, 3400, 10000, 3400));
+        QCOMPARE(std::get<ReportPage::Frame>(page.items[1].what).area, QRectF(1000, 3500, 100, 90));
+        QVERIFY(page.items[1].screenOnly && !page.items[0].screenOnly);
+        const ReportPage::Text texto = page.texts().at(0);
+        QCOMPARE(page.lines(), QStringList{u"Ana"_s});
+        QCOMPARE(texto.area.topRight(), QPointF(8000, 3600));
+        QVERIFY(texto.area.width() > 200 && texto.area.width() < 900);
+        QVERIFY(texto.baseline > texto.area.top() && texto.baseline < texto.area.bottom());
+        const auto &foto = std::get<ReportPage::Picture>(page.items[3].what);
+        QCOMPARE(foto.area, QRectF(1010, 3500, 20, 30));
+        QCOMPARE(foto.file, folder_.filePath(u"a.png"_s));
+    }
+
+    void uma_pagina_que_nao_ha_esta_vazia()
+    {
+        Juntar_Muitos(11);
+        const auto pages = Relatorio(uma_linha);
+        QVERIFY(pages->page(-1).items.empty());
+        QVERIFY(pages->page(2).items.empty());
+        QCOMPARE(pages->page(1).lines(), QStringList{u"Nome 11"_s});
+    }
+
+    void uma_linha_partida_nao_leva_consigo_o_espaco()
+    {
+        Juntar(u"Ana"_s, u"palavra palavra palavra  palavra"_s);
+        const ReportPage page =
+            Relatorio(u"<detail><row height='300'><text width='1000' height='300' align='right' grow='yes'>"
+                      "{T.Obs}</text></row></detail>"_s)
+                ->page(0);
+        QCOMPARE(page.lines(), QStringList(4, u"palavra"_s));
+        for (const auto &texto : page.texts())
+            QCOMPARE(texto.area.right(), 2000.0);
+    }
+
+    void um_texto_que_cabe_nao_encolhe()
+    {
+        Juntar(u"Ana"_s, Linhas(3));
+        const auto textos = Relatorio(encolhe_)->page(0).texts();
+        QCOMPARE(textos.size(), 3U);
+        QCOMPARE(textos[0].font.pixelSize(), 200);
+    }
+
+    void um_texto_de_mais_linhas_encolhe_ate_caber()
+    {
+        Juntar(u"Ana"_s, Linhas(4));
+        const ReportPage page = Relatorio(encolhe_)->page(0);
+        const auto textos = page.texts();
+        QCOMPARE(page.lines().size(), 4);
+        QVERIFY(page.lost.isEmpty());
+        for (const auto &texto : textos) {
+            QVERIFY(texto.font.pixelSize() < 200 && texto.font.pixelSize() >= 100);
+            QVERIFY(QRectF(1000, 3500, 5000, 740).contains(texto.area));
+        }
+        QCOMPARE(textos[1].area.top(), textos[0].area.bottom());
+        // No smaller than need be: half a point more and the last line would stand outside.
+        const double maior =
+            textos[0].area.height() * (textos[0].font.pixelSize() + 10) / textos[0].font.pixelSize();
+        QVERIFY(maior * 4 > 740);
+    }
+
+    void o_que_nem_na_letra_mais_pequena_cabe_fica_dito()
+    {
+        Juntar(u"Ana"_s, Linhas(9));
+        const auto pages = Relatorio(encolhe_);
+        const ReportPage page = pages->page(0);
+        QCOMPARE(page.texts().at(0).font.pixelSize(), 100);
+        QCOMPARE(page.lines() + page.lost, Linhas(9).split("\r\n"_L1));
+        QVERIFY(page.lines().size() >= 5 && page.lost.size() >= 2);
+        QCOMPARE(pages->lost(), page.lost);
+    }
+
+    void o_que_se_perde_conta_se_em_todas_as_paginas()
+    {
+        for (int i = 0; i < 20; ++i)
+            Juntar(u"Ana"_s, Linhas(9));
+        const auto pages = Relatorio(encolhe_);
+        const qsizetype linhas = pages->page(0).lines().size() / 11; // of each of the eleven on a page
+        QCOMPARE(pages->lost().size(), 20 * (9 - linhas));
+        QVERIFY(pages->complete());
+    }
+
+    void a_continuacao_de_um_registo_tem_a_sua_cabeca()
+    {
+        QStringList linhas;
+        for (int i = 0; i < 100; ++i)
+            linhas << u"p%1"_s.arg(i);
+        Juntar(u"Ana"_s, linhas.join(u'\n'));
+        Juntar(u"Rui"_s, u"curta"_s);
+        const auto pages = Relatorio(
+            u"<continued><row height='600'><text width='5000' "
+            u"height='300'>({T.Nome})</text></row></continued>"
+            "<detail newpage='yes'><row height='400'><text width='5000' height='300'>{T.Nome}</text></row>"
+            "<row height='300'><text width='9800' height='300' grow='yes'>{T.Obs}</text></row></detail>"_s);
+        QCOMPARE(pages->count(), 4);
+        QStringList lidas = pages->page(0).lines();
+        QCOMPARE(lidas.takeFirst(), u"Ana"_s);
+        for (int i = 1; i < 3; ++i) {
+            const auto textos = pages->page(i).texts();
+            QCOMPARE(textos[0].line, u"(Ana)"_s);
+            QCOMPARE(textos[0].area.topLeft(), QPointF(1000, 3500));
+            QCOMPARE(textos[1].area.top(), 3500.0 + 600);
+            QVERIFY(textos.back().area.bottom() <= 3500 + 10'000);
+            lidas << pages->page(i).lines().sliced(1);
+        }
+        QCOMPARE(lidas, linhas);
+        QCOMPARE(pages->page(3).lines(), (QStringList{u"Rui"_s, u"curta"_s}));
+    }
+
+    void o_fim_do_relatorio_nao_continua_nenhum_registo()
+    {
+        Juntar(u"Ana"_s, {});
+        const auto pages =
+            Relatorio(u"<continued><row height='600'><text width='5000' height='300'>continua</text>"
+                      "</row></continued>"_s +
+                      uma_linha +
+                      u"<reportfooter><row height='8000'/><row height='8000'><text width='5000' "
+                      "height='300'>fim</text></row></reportfooter>"_s);
+        QCOMPARE(pages->count(), 2);
+        QCOMPARE(pages->page(1).lines(), QStringList{u"fim"_s});
+    }
+
+    void sob_a_cabeca_da_continuacao_cabe_sempre_uma_linha()
+    {
+        Juntar(u"Ana"_s, {});
+        const auto pages =
+            Relatorio(u"<continued height='9700'/><detail><row height='9000'/><row height='9000'/>"
+                      "<row height='9000'/></detail>"_s);
+        QCOMPARE(pages->count(), 3);
+    }
+
+    void sem_registos_a_pagina_di_lo()
+    {
+        ReportPages pages(Relatorio(uma_linha)->definition(), Relatorio(uma_linha)->data(), {},
+                          QDate(2027, 2, 1), u"Nada a imprimir."_s);
+        QCOMPARE(pages.page(0).lines(), QStringList{u"Nada a imprimir."_s});
+    }
+
+    void o_aviso_fica_longe_da_beira_de_uma_folha_sem_margens()
+    {
+        Relatorio(u"<paper orientation='landscape'/>"_s + uma_linha);
+        const ReportDefinition definition = readReportDefinition(folder_.filePath(u"r.rpt"_s));
+        ReportPages pages(definition, ReportData(definition, Base(), {}, {}), {}, QDate(2027, 2, 1),
+                          u"Nada a imprimir."_s);
+        const QRectF area = pages.page(0).texts().at(0).area;
+        QVERIFY(area.left() >= 850 && area.top() >= 850);
+    }
+
+    void com_registos_nao_se_diz_que_nao_ha()
+    {
+        Juntar(u"Ana"_s, {});
+        ReportPages pages(Relatorio(uma_linha)->definition(), Relatorio(uma_linha)->data(), {},
+                          QDate(2027, 2, 1), u"Nada a imprimir."_s);
+        QCOMPARE(pages.page(0).lines(), QStringList{u"Ana"_s});
+    }
+
+    void os_registos_saem_como_texto()
+    {
+        Juntar(u" Ana "_s, u"uma\r\nduas\rtrês"_s);
+        const ReportRows rows =
+            Relatorio(
+                u"<detail><row height='300'><text head='{?rotulo}'>{T.Nome}</text><text>fixo</text></row>"
+                "<row closeup='yes'><text width='100' height='100'>{T.Obs}</text></row></detail>"_s,
+                {{u"rotulo"_s, u"Etikett"_s}})
+                ->rows();
+        QCOMPARE(rows.title, u"Titulo"_s);
+        QCOMPARE(rows.heads, (QStringList{u"Etikett"_s, u"Obs"_s}));
+        QCOMPARE(rows.fields, (QStringList{u"T.Nome"_s, u"T.Obs"_s}));
+        QCOMPARE(rows.records.size(), 1U);
+        QCOMPARE(rows.records[0], (std::vector<QString>{u"Ana"_s, u"uma\nduas\ntrês"_s}));
+    }
+
+    void um_pdf_interrompido_deixa_o_ficheiro_antigo()
+    {
+        Juntar_Muitos(100);
+        const QString pdf = folder_.filePath(u"velho.pdf"_s);
+        QFile file(pdf);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("velho");
+        file.close();
+        const auto pages = Relatorio(uma_linha);
+        QCOMPARE(writePdf(*pages, u"x"_s, pdf, [](int page, int) { return page < 5; }),
+                 PrintResult::Cancelled);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), "velho");
+    }
+
+    void um_pdf_que_nao_se_pode_gravar_e_recusado()
+    {
+        const auto pages = Relatorio(uma_linha);
+        QCOMPARE(writePdf(*pages, u"x"_s, folder_.filePath(u"nada/r.pdf"_s), [](int, int) { return true; }),
+                 PrintResult::Rejected);
+    }
+};
+
+MORVEX_TESTE(TestReportPages)
+#include "test_ReportPages.moc"

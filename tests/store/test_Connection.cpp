@@ -1,0 +1,366 @@
+// The connection to a database file: what it opens, what it refuses, what it does to a statement.
+#include "store/Connection.h"
+#include "store/NewDatabase.h"
+#include "testlib/DiscoCheio.h"
+#include "testlib/Teste.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+using namespace Qt::StringLiterals;
+
+class TestConnection : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir folder_;
+    QString path_;
+    Connection connection_;
+
+    static QString Fonte(const QString &path) { return u"Data Source='%1'"_s.arg(path); }
+
+    void Escrever_Ficheiro(const QByteArray &bytes) const
+    {
+        QFile file(path_);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+    QStringList Nomes(const QString &where, const std::vector<StoreValue> &values = {})
+    {
+        Recordset rs = connection_.query(u"SELECT Nome FROM T "_s + where, values);
+        QStringList names;
+        for (; !rs.Eof(); rs.MoveNext())
+            names << rs.Fields("Nome").text();
+        return names;
+    }
+    void Criar_Tabela()
+    {
+        createDatabase(
+            path_,
+            {u"CREATE TABLE T (ID INTEGER PRIMARY KEY AUTOINCREMENT, Nome TEXT COLLATE MORVEX) STRICT"_s});
+        connection_.setConnectionString(Fonte(path_));
+        connection_.Open();
+        for (const QString &name : {u"Álvaro"_s, u"ANDRÉ"_s, u"Zita"_s})
+            connection_.execute(u"INSERT INTO T (Nome) VALUES (?)"_s, {name});
+    }
+
+private Q_SLOTS:
+    void init() { path_ = folder_.filePath(u"base.mdb"_s); }
+    void cleanup()
+    {
+        connection_.Close();
+        QFile::remove(path_);
+    }
+
+    void o_que_nao_e_uma_base_nao_abre_nem_e_alterado_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::newRow("no bytes") << QByteArray();
+        QTest::newRow("a line of text") << QByteArray("rubbish\n");
+        QTest::newRow("rubbish of a page") << QByteArray(8192, 'x');
+        QTest::newRow("half a header") << QByteArray("SQLite format 3\0", 16);
+    }
+    void o_que_nao_e_uma_base_nao_abre_nem_e_alterado()
+    {
+        QFETCH(QByteArray, bytes);
+        Escrever_Ficheiro(bytes);
+        connection_.setConnectionString(Fonte(path_));
+        VERIFICAR_FALHA(connection_.Open(), Failure::StoreError);
+        QVERIFY(!connection_.isOpen());
+        QFile file(path_);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), bytes);
+    }
+
+    void ficheiro_em_falta_nao_e_criado()
+    {
+        connection_.setConnectionString(Fonte(path_));
+        VERIFICAR_FALHA(connection_.Open(), Failure::StoreError);
+        QVERIFY(!QFile::exists(path_));
+    }
+
+    void cadeia_de_ligacao_partida_nao_abre_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("empty") << u""_s;
+        QTest::newRow("no source") << u"Provider=X"_s;
+        QTest::newRow("no quotes") << u"Data Source=%1"_s;
+        QTest::newRow("quote in the path") << u"Data Source='%1'x'"_s;
+        QTest::newRow("not closed") << u"Data Source='%1"_s;
+    }
+    void cadeia_de_ligacao_partida_nao_abre()
+    {
+        QFETCH(QString, text);
+        Criar_Tabela();
+        connection_.Close();
+        connection_.setConnectionString(text.replace(u"%1"_s, path_));
+        VERIFICAR_FALHA(connection_.Open(), Failure::StoreError);
+    }
+
+    void uma_ligacao_fechada_recusa_instrucoes()
+    {
+        VERIFICAR_FALHA(connection_.execute(u"DELETE FROM T"_s, {}), Failure::StoreError);
+        VERIFICAR_FALHA(connection_.query(u"SELECT 1"_s, {}), Failure::StoreError);
+    }
+
+    void iguais_like_e_ordem_seguem_as_regras_do_texto()
+    {
+        Criar_Tabela();
+        QCOMPARE(Nomes(u"WHERE Nome=?"_s, {u"andré"_s}), QStringList{u"ANDRÉ"_s});
+        QCOMPARE(Nomes(u"WHERE Nome=?"_s, {u"andre"_s}), QStringList{});
+        QCOMPARE(Nomes(u"WHERE Nome LIKE ?"_s, {u"%ál%"_s}), QStringList{u"Álvaro"_s});
+        QCOMPARE(Nomes(u"WHERE ID LIKE ?"_s, {u"2"_s}), QStringList{u"ANDRÉ"_s});
+        QCOMPARE(Nomes(u"ORDER BY Nome"_s), (QStringList{u"Álvaro"_s, u"ANDRÉ"_s, u"Zita"_s}));
+        QCOMPARE(Nomes(u"WHERE NULL LIKE ?"_s, {u"%"_s}), QStringList{});
+    }
+
+    void delete_com_asterisco_apaga_linhas_inteiras()
+    {
+        Criar_Tabela();
+        connection_.execute(u"DELETE * FROM T WHERE ID=?"_s, {qint64{2}});
+        QCOMPARE(Nomes(u"ORDER BY ID"_s), (QStringList{u"Álvaro"_s, u"Zita"_s}));
+        connection_.execute(u" delete *  from T"_s, {});
+        QCOMPARE(Nomes(u""_s), QStringList{});
+    }
+
+    void um_contador_nao_repete_numeros()
+    {
+        Criar_Tabela();
+        connection_.execute(u"DELETE * FROM T"_s, {});
+        connection_.execute(u"INSERT INTO T (Nome) VALUES ('x')"_s, {});
+        QCOMPARE(connection_.query(u"SELECT ID FROM T"_s, {}).Fields("ID").number(), 4);
+    }
+
+    void a_marca_muda_com_o_que_qualquer_um_escreve()
+    {
+        Criar_Tabela();
+        Connection outra;
+        outra.setConnectionString(Fonte(path_));
+        outra.Open();
+        const Connection::Mark antes = connection_.mark();
+        QVERIFY(!(antes == Connection::Mark()));
+        QCOMPARE(Nomes({}).size(), 3);
+        QVERIFY(connection_.mark() == antes); // reading changes nothing
+        outra.execute(u"INSERT INTO T (Nome) VALUES ('de fora')"_s, {});
+        const Connection::Mark de_fora = connection_.mark();
+        QVERIFY(!(de_fora == antes));
+        connection_.execute(u"INSERT INTO T (Nome) VALUES ('daqui')"_s, {});
+        QVERIFY(!(connection_.mark() == de_fora));
+        connection_.Close();
+        connection_.Open();
+        QVERIFY(!(connection_.mark() == antes));
+        QVERIFY(!(connection_.mark() == de_fora));
+    }
+
+    void um_erro_da_instrucao_traz_a_instrucao_e_a_ligacao_continua()
+    {
+        Criar_Tabela();
+        try {
+            connection_.query(u"SELECT Apelido FROM T"_s, {});
+            QFAIL("no failure");
+        } catch (const Failure &failure) {
+            QCOMPARE(failure.number(), static_cast<int>(Failure::StoreError));
+            QCOMPARE(failure.source(), u"SELECT Apelido FROM T"_s);
+            QVERIFY(failure.description().contains(u"Apelido"_s));
+        }
+        VERIFICAR_FALHA(connection_.execute(u"INSERT INTO T (Nome) VALUES (?)"_s, {}), Failure::StoreError);
+        VERIFICAR_FALHA(connection_.execute(u"INSERT INTO T (ID, Nome) VALUES (1, 'x')"_s, {}),
+                        Failure::StoreError);
+        QCOMPARE(Nomes(u""_s).size(), 3);
+    }
+
+    void um_tipo_errado_falha_na_escrita()
+    {
+        Criar_Tabela();
+        VERIFICAR_FALHA(connection_.execute(u"INSERT INTO T (ID) VALUES (?)"_s, {u"abc"_s}),
+                        Failure::StoreError);
+    }
+
+    void um_conjunto_de_linhas_nao_tranca_o_ficheiro_e_sobrevive_a_ligacao()
+    {
+        Criar_Tabela();
+        Recordset rs = connection_.query(u"SELECT Nome FROM T ORDER BY ID"_s, {});
+        Connection other;
+        other.setConnectionString(Fonte(path_));
+        other.Open();
+        other.execute(u"DELETE * FROM T"_s, {});
+        connection_.Close();
+        QCOMPARE(rs.RecordCount(), 3);
+        QCOMPARE(rs.Fields("Nome").text(), u"Álvaro"_s);
+    }
+
+    void textos_longos_e_de_qualquer_lingua_voltam_inteiros()
+    {
+        Criar_Tabela();
+        const QString text = u"Ł 漢 😀 '\"; DROP TABLE T\r\n"_s.repeated(1000);
+        connection_.execute(u"UPDATE T SET Nome=? WHERE ID=1"_s, {text});
+        QCOMPARE(Nomes(u"WHERE ID=1"_s), QStringList{text});
+    }
+
+    void uma_base_existente_nao_e_criada_por_cima()
+    {
+        Criar_Tabela();
+        VERIFICAR_FALHA(createDatabase(path_, {u"CREATE TABLE U (ID INTEGER)"_s}), Failure::StoreError);
+        QCOMPARE(Nomes(u""_s).size(), 3);
+    }
+
+    void escritas_juntas_estao_no_ficheiro_no_fim_e_uma_recusada_nao_toca_nas_outras()
+    {
+        constexpr int muitas = 4500; // more than one portion
+        Criar_Tabela();
+        Connection outra;
+        outra.setConnectionString(Fonte(path_));
+        outra.Open();
+        connection_.gathering([&] {
+            for (int i = 0; i < muitas; ++i)
+                connection_.execute(u"INSERT INTO T (Nome) VALUES (?)"_s, {QString::number(i)});
+            VERIFICAR_FALHA(connection_.execute(u"INSERT INTO T (ID) VALUES (?)"_s, {u"x"_s}),
+                            Failure::StoreError);
+            QCOMPARE(Nomes(u"WHERE Nome='7'"_s), QStringList{u"7"_s}); // seen here at once
+        });
+        Recordset rs = outra.query(u"SELECT count(*) AS n FROM T"_s, {});
+        QCOMPARE(rs.Fields("n").number(), muitas + 3);
+        connection_.execute(u"DELETE FROM T"_s, {}); // alone again
+        QCOMPARE(outra.query(u"SELECT ID FROM T"_s, {}).RecordCount(), 0);
+    }
+
+    void uma_falha_que_acaba_o_trabalho_guarda_o_que_veio_antes()
+    {
+        Criar_Tabela();
+        VERIFICAR_FALHA(connection_.gathering([&] {
+            connection_.execute(u"INSERT INTO T (Nome) VALUES ('antes')"_s, {});
+            throw Failure(5, u"teste"_s, u"acaba"_s);
+        }),
+                        5);
+        connection_.Close();
+        connection_.Open();
+        QCOMPARE(Nomes(u"WHERE Nome='antes'"_s).size(), 1);
+    }
+
+    // The disk takes some of them. What one write after the other would have brought there is there.
+    void num_disco_que_se_enche_fica_tudo_o_que_veio_antes_da_primeira_falha()
+    {
+        constexpr int muitas = 500;
+        constexpr rlim_t folga = 64 * 1024;
+        Criar_Tabela();
+        const QString texto(1000, u'x');
+        int falha = 0;
+        {
+            const DiscoCheio disco(static_cast<rlim_t>(QFileInfo(path_).size()) + folga);
+            try {
+                connection_.gathering([&] {
+                    for (int i = 0; i < muitas; ++i)
+                        connection_.execute(u"INSERT INTO T (Nome) VALUES (?)"_s, {texto});
+                });
+            } catch (const Failure &f) {
+                falha = f.number();
+            }
+        }
+        QCOMPARE(falha, static_cast<int>(Failure::StoreError));
+        connection_.Close();
+        connection_.Open();
+        Recordset rs = connection_.query(u"SELECT count(*) AS n, max(ID) AS m FROM T"_s, {});
+        const int ficaram = rs.Fields("n").number();
+        QVERIFY2(ficaram > 3 + 20 && ficaram < muitas, qPrintable(QString::number(ficaram)));
+        QCOMPARE(rs.Fields("m").number(), ficaram); // none is missing in between
+        QCOMPARE(connection_.query(u"PRAGMA integrity_check"_s, {}).Row(), QStringList{u"ok"_s});
+    }
+
+    // A copy of the one file must be a whole database: no side files, and each write on the disk when it
+    // returns.
+    void experimentar_a_escrita_nao_deixa_rasto()
+    {
+        Criar_Tabela();
+        const qint64 tamanho = QFileInfo(path_).size();
+        connection_.tryWriting();
+        QCOMPARE(QFileInfo(path_).size(), tamanho);
+        QVERIFY(!QFileInfo::exists(path_ + u"-journal"_s));
+        QCOMPARE(connection_.query(u"SELECT name FROM sqlite_master WHERE name='Trial'"_s, {}).RecordCount(),
+                 0);
+        connection_.execute(u"INSERT INTO T (Nome) VALUES ('Nova')"_s, {});
+        QCOMPARE(Nomes(u"WHERE Nome='Nova'"_s), QStringList{u"Nova"_s});
+    }
+
+    void num_disco_cheio_experimentar_a_escrita_falha_e_depois_escreve_se_de_novo()
+    {
+        Criar_Tabela();
+        {
+            const DiscoCheio cheio(static_cast<rlim_t>(QFileInfo(path_).size()));
+            VERIFICAR_FALHA(connection_.tryWriting(), Failure::StoreError);
+        }
+        connection_.tryWriting();
+        connection_.execute(u"INSERT INTO T (Nome) VALUES ('Nova')"_s, {});
+        QCOMPARE(connection_.query(u"PRAGMA integrity_check"_s, {}).Fields("integrity_check").text(),
+                 u"ok"_s);
+    }
+
+    void uma_tranca_espera_se_uma_vez_ate_que_uma_escrita_passe()
+    {
+        constexpr qint64 paciencia = 12000; // ms: one wait in vain takes 5,000
+        Criar_Tabela();
+        Connection outra;
+        outra.setConnectionString(Fonte(path_));
+        outra.Open();
+        outra.execute(u"BEGIN EXCLUSIVE"_s, {});
+        QElapsedTimer relogio;
+        relogio.start();
+        connection_.waitingOnce([&] {
+            for (int i = 0; i < 20; ++i) {
+                VERIFICAR_FALHA(connection_.execute(u"INSERT INTO T (Nome) VALUES ('Nova')"_s, {}),
+                                Failure::StoreError);
+                VERIFICAR_FALHA(connection_.query(u"SELECT * FROM T"_s, {}), Failure::StoreError);
+            }
+            QVERIFY2(relogio.elapsed() < paciencia, qPrintable(QString::number(relogio.elapsed())));
+            outra.execute(u"ROLLBACK"_s, {});
+            connection_.execute(u"INSERT INTO T (Nome) VALUES ('Nova')"_s, {});
+        });
+        QCOMPARE(Nomes(u"WHERE Nome='Nova'"_s), QStringList{u"Nova"_s});
+    }
+
+    // Of a portion that the disk undid only what went into the file after all counts.
+    void conta_se_o_que_esta_no_ficheiro_e_nada_mais()
+    {
+        Criar_Tabela();
+        const QString inserir = u"INSERT INTO T (Nome) VALUES (?)"_s;
+        const int antes = connection_.written(inserir);
+        {
+            const DiscoCheio cheio(static_cast<rlim_t>(QFileInfo(path_).size()) + 100000);
+            skipFailure([&] {
+                connection_.gathering([&] {
+                    for (int i = 0; i < 100; ++i)
+                        skipFailure([&] { connection_.execute(inserir, {QString(5000, u'n')}); });
+                });
+            });
+        }
+        const int escritas = connection_.written(inserir) - antes;
+        QVERIFY2(escritas > 0 && escritas < 100, qPrintable(QString::number(escritas)));
+        QCOMPARE(Nomes(u"WHERE Nome LIKE 'nnn%'"_s).size(), escritas);
+    }
+
+    void uma_copia_em_memoria_nao_prende_o_ficheiro()
+    {
+        Criar_Tabela();
+        Connection copia;
+        copia.setConnectionString(Fonte(path_));
+        copia.OpenCopyInMemory();
+        connection_.execute(u"DELETE FROM T"_s, {});
+        QCOMPARE(copia.query(u"SELECT * FROM T"_s, {}).RecordCount(), 3);
+        connection_.Close();
+        QVERIFY(QFile::remove(path_));
+        QStringList nomes;
+        copia.each(u"SELECT Nome FROM T ORDER BY Nome"_s, {},
+                   [&](const Recordset &linha) { nomes << linha.Fields("Nome").text(); });
+        QCOMPARE(nomes, (QStringList{u"Álvaro"_s, u"ANDRÉ"_s, u"Zita"_s}));
+    }
+
+    void o_diario_e_desfeito_e_cada_escrita_vai_ao_disco()
+    {
+        Criar_Tabela();
+        QCOMPARE(connection_.query(u"PRAGMA synchronous"_s, {}).Fields("synchronous").number(), 2);
+        QCOMPARE(connection_.query(u"PRAGMA journal_mode"_s, {}).Fields("journal_mode").text(), u"delete"_s);
+        QCOMPARE(QDir(folder_.path()).entryList(QDir::Files), QStringList{u"base.mdb"_s});
+    }
+};
+
+MORVEX_TESTE(TestConnection)
+#include "test_Connection.moc"
