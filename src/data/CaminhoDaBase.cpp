@@ -2,6 +2,8 @@
 
 #include "platform/ProgramFolder.h"
 
+#include <utility>
+
 CaminhoDaBase::CaminhoDaBase(QString &CaminhoBD, QString pasta)
     : CaminhoBD_(&CaminhoBD), pasta_(std::move(pasta))
 {
@@ -22,3 +24,5 @@ void CaminhoDaBase::Tomar(const QString &definicao)
 {
     if (!definicao.isEmpty()) *CaminhoBD_ = definicao;
 }
+
+QString CaminhoDaBase::Trocar(const QString &ficheiro) { return std::exchange(*CaminhoBD_, ficheiro); }

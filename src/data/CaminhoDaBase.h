@@ -20,6 +20,10 @@ public:
     // is open before its path is written anywhere.
     void Tomar(const QString &definicao);
 
+    // CaminhoBD names another file from now on, before the first command or after the connection was closed.
+    // Returns what it named until then.
+    QString Trocar(const QString &ficheiro);
+
 private:
     QString *CaminhoBD_;
     QString pasta_;

@@ -120,6 +120,6 @@ Connection &DE::Ligacao()
         QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source= '") + base_.Fixar() +
         QStringLiteral("'") + QStringLiteral(";Jet OLEDB:Encrypt Database=True;Persist Security Info=False"));
     ligacao_.Open();
-    skipFailure([this] { Cuidar_Do_Indice(ligacao_); }); // without it all is as before, and slower
+    skipFailure([this] { Cuidar_Do_Indice(ligacao_); }); // a file that takes no writing can still be read
     return ligacao_;
 }

@@ -5,7 +5,8 @@
 
 class Connection;
 
-// Sees to it that the database has the index if it holds many contacts, and none of another order: one made
-// by another release of the collation would hand out rows in a wrong order, or not at all. Raises Failure
-// where the database cannot be written.
+// Sees to it that the database has the index if its contacts have ever been many, and none of another order:
+// one made by another release of the collation would hand out rows in a wrong order. Two programs with
+// different releases of it must not have one large book open at the same time. Raises Failure where the
+// database cannot be written; an index of another order then stays, and with it that order.
 void Cuidar_Do_Indice(Connection &ligacao);

@@ -50,8 +50,9 @@ QString textOrderVersion()
     constexpr char16_t ownRules = u'b'; // the next letter when compareText itself comes to say something else
     UVersionInfo version{};
     ucol_getVersion(theCollator(), version);
-    return ownRules +
-           QString::fromLatin1(QByteArray(reinterpret_cast<const char *>(version), sizeof version).toHex());
+    const QByteArray collation(reinterpret_cast<const char *>(version), sizeof version);
+    const int folding = QChar::currentUnicodeVersion(); // the toolkit's, which folds the case away
+    return ownRules + QString::fromLatin1(collation.toHex()) + u'u' + QString::number(folding);
 }
 
 int compareUtf8(QByteArrayView a, QByteArrayView b)

@@ -33,7 +33,8 @@ bool Falta(Geral &geral) { return !QFileInfo::exists(geral.de.Base().Caminho());
 
 bool Quer_Indicar(const QString &caminho, Platform &platform, const QString &lingua)
 {
-    return platform.boxes.show(translated(pergunta, lingua).arg(caminho), box::exclamation | box::yesNo, nullptr) == answer::yes;
+    return platform.boxes.show(translated(pergunta, lingua).arg(caminho), box::exclamation | box::yesNo,
+                               nullptr) == answer::yes;
 }
 
 // A file that turns out to be no database changes nothing.
@@ -43,12 +44,13 @@ bool Serve(const QString &ficheiro, Geral &geral, Platform &platform)
         Recusar_Valor_Longo(ficheiro, geral, platform, nullptr);
         return false;
     }
-    const QString anterior = std::exchange(geral.CaminhoBD, ficheiro);
+    const QString anterior = geral.de.Base().Trocar(ficheiro);
     bool serve = true;
     onFailure([&] { geral.de.Abrir("cmdVerConfig").Close(); },
               [&](const Failure &falha) {
                   platform.boxes.showError(falha);
-                  geral.CaminhoBD = anterior;
+                  geral.de.Fechar_Ligacao(); // it may have opened, and be another program's
+                  geral.de.Base().Trocar(anterior);
                   serve = false;
               });
     return serve;

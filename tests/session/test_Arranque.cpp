@@ -437,6 +437,27 @@ private Q_SLOTS:
         QVERIFY(m.janela.isVisible());
     }
 
+    void a_base_de_outro_programa_nao_fica_aberta_e_a_certa_ainda_serve()
+    {
+        Mudada m;
+        const QString alheia = m.s.Ficheiro(u"alheia.mdb"_s);
+        QVERIFY(QFile::copy(m.Onde(), alheia));
+        Connection ligacao;
+        ligacao.setConnectionString(u"Data Source='%1'"_s.arg(alheia));
+        ligacao.Open();
+        ligacao.execute(u"DROP TABLE TblConfig"_s, {});
+        ligacao.Close();
+        m.Espera_Oferta(answer::yes);
+        m.s.dialogos.textos << alheia;
+        m.s.caixas.Espera_Erro(Failure::StoreError);
+        m.Espera_Oferta(answer::yes);
+        m.s.dialogos.textos << m.Onde();
+        m.janela.Carregar();
+        QVERIFY(m.s.caixas.Todas_Vistas());
+        QCOMPARE(m.nova.CaminhoBD, m.Onde());
+        QCOMPARE(m.Caminho_Guardado(), m.Onde());
+    }
+
     void recusada_a_oferta_vem_o_login_e_o_caminho_fica()
     {
         Mudada m;
