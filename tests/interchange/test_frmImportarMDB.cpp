@@ -637,6 +637,35 @@ private Q_SLOTS:
         QVERIFY2(dito.endsWith(p.s.Texto(235)), qPrintable(dito));
     }
 
+    // What a portion brought goes with it: a group that it made is made again for the contacts that follow.
+    void de_uma_porcao_desfeita_nenhum_grupo_se_lembra()
+    {
+        constexpr int linhas = 900;
+        BasePropria antiga;
+        antiga.Encher(linhas, 8000);
+        for (const QString &nome : {u"Novo"_s, u"Outro"_s})
+            antiga.base.Novo_Grupo(nome, 0);
+        antiga.base.Escrever(u"UPDATE TblLista SET Nome=CASE WHEN ID%1<100 THEN 'Amigos' WHEN ID%1<500 THEN "
+                             "'Novo' ELSE 'Outro' END"_s.arg(u"-(SELECT min(ID) FROM TblLista)"_s));
+        antiga.base.Escrever(u"UPDATE TblLista SET Grupo=(SELECT ID FROM TblGrupos WHERE NomeGrupo=Nome)"_s);
+        Programa p;
+        auto cheio = std::make_unique<DiscoCheio>(Tamanho(p.s) + 200000);
+        DE2 de2(antiga.Caminho());
+        Fusao fusao(p.s.geral, de2, {linhas, 0, 0});
+        connect(&fusao, &Fusao::Progresso, this, [&](int valor) {
+            if (valor >= 40) cheio.reset();
+        });
+        fusao.Correr();
+        const auto contar = [&](const QString &onde) {
+            return p.s.Linhas(u"SELECT count(*) FROM TblLista WHERE "_s + onde)[0].toInt();
+        };
+        QVERIFY(!fusao.Completa()); // a portion was undone
+        QVERIFY(contar(u"Nome='Novo'"_s) > 0);
+        QCOMPARE(contar(u"Nome='Outro'"_s), 400);
+        QCOMPARE(
+            contar(u"NOT EXISTS (SELECT * FROM TblGrupos WHERE TblGrupos.ID=Grupo AND NomeGrupo=Nome)"_s), 0);
+    }
+
     void uma_tranca_que_vem_a_meio_espera_se_uma_vez_e_diz_se_no_fim()
     {
         constexpr qint64 paciencia = 12000; // ms
