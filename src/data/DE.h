@@ -42,6 +42,9 @@ public:
     // How often the command has written so far: what is counted is in the file.
     int Escritos(ComandoSemLinhas comando) const;
 
+    // How many portions of gathered writes were undone so far: what was read of such a one may not be there.
+    int Desfeitas() const { return ligacao_.undone(); }
+
     // The groups with a higher ID than that, by their ID. Asked for a name at a time, thousands of them would
     // each walk over all the others.
     Recordset Grupos_Depois_De(qint64 ID);

@@ -6,6 +6,25 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+constexpr Translations base_em_uso{
+    u"Este ficheiro é a base de dados em uso e não pode ser importado para si próprio:",
+    u"Este arquivo é o banco de dados em uso e não pode ser importado para si mesmo:",
+    u"This file is the database in use and cannot be imported into itself:",
+    u"Este archivo es la base de datos en uso y no se puede importar en sí mismo:",
+    u"Questo file è il database in uso e non può essere importato in sé stesso:",
+    u"Ce fichier est la base de données en cours d’utilisation et ne peut pas être importé dans "
+    u"lui-même\u00a0:",
+    u"Diese Datei ist die gerade verwendete Datenbank und kann nicht in sich selbst importiert werden:",
+};
+constexpr Translations ficheiro_grande{
+    u"O ficheiro é demasiado grande para ser importado (no máximo 256 MB):",
+    u"O arquivo é grande demais para ser importado (no máximo 256 MB):",
+    u"The file is too large to be imported (256 MB at most):",
+    u"El archivo es demasiado grande para importarlo (256 MB como máximo):",
+    u"Il file è troppo grande per essere importato (al massimo 256 MB):",
+    u"Le fichier est trop volumineux pour être importé (256 Mo au maximum)\u00a0:",
+    u"Die Datei ist zu groß für den Import (höchstens 256 MB):",
+};
 constexpr Translations nada_se_escreve{
     u"Não foi importado nada, porque não é possível escrever na base de dados:",
     u"Nada foi importado, porque não é possível gravar no banco de dados:",
@@ -74,6 +93,16 @@ constexpr Translations em_duplicado{
 };
 constexpr auto fim_de_linha = "\r\n"_L1;
 } // namespace
+
+QString avisos_da_fusao::Base_Em_Uso(const QString &ficheiro, const QString &idioma)
+{
+    return translated(base_em_uso, idioma) + fim_de_linha + ficheiro;
+}
+
+QString avisos_da_fusao::Ficheiro_Grande(const QString &ficheiro, const QString &idioma)
+{
+    return translated(ficheiro_grande, idioma) + fim_de_linha + ficheiro;
+}
 
 QString avisos_da_fusao::Nada_Se_Escreve(const QString &base, const QString &idioma)
 {

@@ -1,12 +1,17 @@
-// What the merge says where the current database does not take what it should. The words stand in the code: a
-// database that is locked or damaged can't be asked for them.
+// What the merge says where it refuses a file, and where the current database does not take what it should.
+// The words stand in the code: an older database lacks them, and one that is locked or damaged can't be
+// asked.
 #pragma once
 
 #include "interchange/Fusao.h"
 
 namespace avisos_da_fusao
 {
-// Nothing at all can be written, and nothing has been merged. The language by its name ("AlemaoDE").
+// The chosen file is the database in use, or larger than is read. The language by its name ("AlemaoDE").
+QString Base_Em_Uso(const QString &ficheiro, const QString &idioma);
+QString Ficheiro_Grande(const QString &ficheiro, const QString &idioma);
+
+// Nothing at all can be written, and nothing has been merged.
 QString Nada_Se_Escreve(const QString &base, const QString &idioma);
 
 // How much of each table is in the file, and what to do about the rest; ends with a line break.

@@ -1,7 +1,8 @@
 #include "interchange/DE2.h"
 
-#include "platform/Failure.h"
 #include "jet/JetFile.h"
+#include "platform/Failure.h"
+#include "store/UntouchedSource.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -87,20 +88,28 @@ private:
     std::vector<bool> horas_; // which columns hold times of the day
 };
 
-// All of the table or nothing. Its rows are looked for by their IDs.
+// All of the table or nothing. Its rows are looked for by their IDs. Where there is no more room, the store
+// has undone the table already.
 void Copiar_Tabela(Connection &cn, const QString &nome, const JetFile &ficheiro)
 {
     CopiaDeTabela copia(cn, nome);
-    if (!skipFailure([&] { ficheiro.read(nome, copia); }))
-        cn.execute(u"DROP TABLE IF EXISTS %1"_s.arg(nome), {});
-    else
+    cn.execute(u"BEGIN"_s, {});
+    const bool toda = skipFailure([&] {
+        ficheiro.read(nome, copia);
+        cn.execute(u"COMMIT"_s, {});
+    });
+    if (toda)
         skipFailure([&] { cn.execute(u"CREATE INDEX IDs_%1 ON %1 (ID)"_s.arg(nome), {}); });
+    else
+        skipFailure([&] { cn.execute(u"ROLLBACK"_s, {}); });
 }
 } // namespace
 
+bool DE2::Grande_Demais(const QString &caminho) { return UntouchedSource::bytes(caminho) > maior_ficheiro; }
+
 DE2::DE2(const QString &caminho)
 {
-    if (QFileInfo(caminho).size() > maior_ficheiro)
+    if (Grande_Demais(caminho))
         throw Failure(Failure::StoreError, caminho, u"The file is too large: %1"_s.arg(caminho));
     const Especie especie = Reconhecer(caminho);
     if (especie == Especie::Nenhuma)
@@ -143,12 +152,10 @@ void DE2::Carregar_Antigo(const QString &caminho)
     cn_.OpenInMemory();
     // A sound file's texts take at most two bytes here for each of theirs; a harmed one may give the same
     // bytes over and over.
-    const qint64 paginas = 2 * QFileInfo(caminho).size() / pagina + paginas_de_sempre;
+    const qint64 paginas = JetFile::bytesOfAByte * QFileInfo(caminho).size() / pagina + paginas_de_sempre;
     cn_.query(u"PRAGMA max_page_count=%1"_s.arg(paginas), {});
-    cn_.execute(u"BEGIN"_s, {});
     for (const char *nome : tabelas_lidas)
         Copiar_Tabela(cn_, QLatin1StringView(nome), ficheiro);
-    cn_.execute(u"COMMIT"_s, {});
 }
 
 Recordset &DE2::Abrir(Comando comando) { return Correr(comando, {}); }

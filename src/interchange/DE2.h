@@ -29,6 +29,9 @@ public:
     // gigabyte.
     static constexpr qint64 maior_ficheiro = qint64{256} << 20;
 
+    // Whether that file, with what stands in a side file of it, is larger.
+    static bool Grande_Demais(const QString &caminho);
+
     // Raises Failure for a file that can't be opened: no database, a damaged one, one with a password, or one
     // that is too large. Of a damaged file that opens, the commands over a damaged table fail; of one that
     // has views in the place of the tables, all do.

@@ -87,58 +87,75 @@ void Fusao::Contar(const Contagem &contagem, qint16 total)
     if (total > 0) Q_EMIT Progresso(static_cast<int>(static_cast<double>(contagem.Lidos) / total * 100));
 }
 
+void Fusao::Adicionar_Contacto(Valores &v)
+{
+    geral_.de.Executar("cmdAdicionarNome",
+                       {v["Nome"], v["Telefone1"], v["Telefone2"], v["Fax"], v["Telemovel1"], v["Telemovel2"],
+                        v["Telemovel3"], v["Dia"], v["Mes"], v["Ano"], v["Email1"], v["Email2"], v["Website"],
+                        v["Morada"], v["Obs"], v["Fotografia"], v["Grupo"]});
+}
+
 void Fusao::Passar_Contactos(Contagem &contagem)
 {
     Valores v;
     de2_.Percorrer(DE2::Morvex5_SELECT_TblLista, [&](const Recordset &rs) {
         ++contagem.Lidos;
         Ler(rs, colunas_do_contacto, v);
-        Trazer_Grupo(v);
-        Guardar(contagem, [&] {
-            geral_.de.Executar("cmdAdicionarNome",
-                               {v["Nome"], v["Telefone1"], v["Telefone2"], v["Fax"], v["Telemovel1"],
-                                v["Telemovel2"], v["Telemovel3"], v["Dia"], v["Mes"], v["Ano"], v["Email1"],
-                                v["Email2"], v["Website"], v["Morada"], v["Obs"], v["Fotografia"],
-                                v["Grupo"]});
-        });
+        if (Trazer_Grupo(v)) Guardar(contagem, [&] { Adicionar_Contacto(v); });
         Contar(contagem, totais_.Contactos);
     });
 }
 
 // The group of that name here, made if there is none. Its ID takes the place of the old one. One that every
-// step has found once is not looked for again.
-void Fusao::Trazer_Grupo(Valores &v)
+// step has found once is not looked for again. Returns false where the store did not take it: the contact
+// would come into some other group.
+bool Fusao::Trazer_Grupo(Valores &v)
 {
+    Esquecer_O_Desfeito();
     QString &nome = v["NomeGrupo"];
     const QString antigo = v["Grupo"];
     if (const auto achado = grupos_.find(antigo); achado != grupos_.end()) {
         nome = achado->second.Nome;
         v["Grupo"] = achado->second.ID;
-        return;
+        return true;
     }
     const bool lido = skipFailure(
         [&] { nome = de2_.Abrir(DE2::Morvex5_SELECT_TblGrupos, antigo).Fields("NomeGrupo").textOrEmpty(); });
-    if (!Procurar_Grupo(nome)) Criar([&] { geral_.de.Executar("cmdAdicionarGrupo", {nome}); }, 236, nome);
+    if (!Procurar_Grupo(nome) && !Criar([&] { geral_.de.Executar("cmdAdicionarGrupo", {nome}); }, 236, nome))
+        return false;
     const auto ID = Procurar_Grupo(nome);
     if (ID) v["Grupo"] = *ID;
     if (lido && ID) grupos_[antigo] = {nome, *ID};
+    return true;
+}
+
+// The groups of an undone portion are not in the database, and others may get their IDs.
+void Fusao::Esquecer_O_Desfeito()
+{
+    if (desfeitas_ == geral_.de.Desfeitas()) return;
+    desfeitas_ = geral_.de.Desfeitas();
+    grupos_.clear();
+    grupos_daqui_.Esquecer();
 }
 
 // A question that fails counts as none.
 std::optional<QString> Fusao::Procurar_Grupo(const QString &nome)
 {
     std::optional<QString> ID;
+    Esquecer_O_Desfeito();
     skipFailure([&] { ID = grupos_daqui_.Procurar(nome); });
     return ID;
 }
 
-// What the store itself did not take, the report does not claim.
-void Fusao::Criar(const std::function<void()> &criar, qint16 texto, const QString &nome)
+// What the store itself did not take, the report does not claim, and nothing is stored for it. Returns
+// whether it was taken, or refused for its value alone.
+bool Fusao::Criar(const std::function<void()> &criar, qint16 texto, const QString &nome)
 {
     bool tomado = true;
     onFailure(criar, [&](const Failure &falha) { tomado = falha.number() != Failure::StoreError; });
-    if (!tomado) return;
+    if (!tomado) return false;
     skipFailure([&] { relatorio_ += geral_.Ler_Idioma(texto) + u": "_s + nome + u"\r\n"_s; });
+    return true;
 }
 
 void Fusao::Passar_Tarefas(Contagem &contagem)
@@ -147,12 +164,13 @@ void Fusao::Passar_Tarefas(Contagem &contagem)
     de2_.Percorrer(DE2::Morvex5_SELECT_TblTarefas, [&](const Recordset &rs) {
         ++contagem.Lidos;
         Ler(rs, colunas_da_tarefa, v);
-        Trazer_Utilizador(rs, v, {});
+        const bool trazido = Trazer_Utilizador(rs, v, {});
         ultimo_utilizador_das_tarefas_ = v["NomeUtilizador"];
-        Guardar(contagem, [&] {
-            geral_.de.Executar("cmdAdicionarTarefa",
-                               {v["Tarefa"], v["Data"], v["Hora"], IdUtilizador_, v["IDRepeticao"]});
-        });
+        if (trazido)
+            Guardar(contagem, [&] {
+                geral_.de.Executar("cmdAdicionarTarefa",
+                                   {v["Tarefa"], v["Data"], v["Hora"], IdUtilizador_, v["IDRepeticao"]});
+            });
         Contar(contagem, totais_.Tarefas);
     });
 }
@@ -164,20 +182,21 @@ void Fusao::Passar_Memos(Contagem &contagem)
     de2_.Percorrer(DE2::Morvex5_SELECT_TblMemos, [&](const Recordset &rs) {
         ++contagem.Lidos;
         Ler(rs, colunas_do_memo, v);
-        Trazer_Utilizador(rs, v, ultimo_utilizador_das_tarefas_);
-        Guardar(contagem, [&] {
-            geral_.de.Executar("cmdAdicionarMemo",
-                               {v["Titulo"], v["Descricao"], v["LeftForm"], v["TopForm"], v["Width"],
-                                v["Height"], v["FontName"], v["FontSize"], v["FontBold"], v["FontItalic"],
-                                v["CorFundo"], IdUtilizador_});
-        });
+        const bool trazido = Trazer_Utilizador(rs, v, ultimo_utilizador_das_tarefas_);
+        if (trazido)
+            Guardar(contagem, [&] {
+                geral_.de.Executar("cmdAdicionarMemo",
+                                   {v["Titulo"], v["Descricao"], v["LeftForm"], v["TopForm"], v["Width"],
+                                    v["Height"], v["FontName"], v["FontSize"], v["FontBold"], v["FontItalic"],
+                                    v["CorFundo"], IdUtilizador_});
+            });
         Contar(contagem, totais_.Memos);
     });
 }
 
 // The user of that name here, made if there is none. Without a name of its own the settings go to
-// the user just made.
-void Fusao::Trazer_Utilizador(const Recordset &linha, Valores &v,
+// the user just made. Returns false where the store did not take the user: the row would be somebody else's.
+bool Fusao::Trazer_Utilizador(const Recordset &linha, Valores &v,
                               const std::optional<QString> &nome_das_definicoes)
 {
     QString &nome = v["NomeUtilizador"];
@@ -187,19 +206,21 @@ void Fusao::Trazer_Utilizador(const Recordset &linha, Valores &v,
         skipFailure([&] { nome = rs.Fields("Utilizador").textOrEmpty(); });
         Ler(rs, colunas_do_utilizador, v);
     });
-    if (Nenhuma_Linha([&]() -> Recordset & { return geral_.de.Abrir("cmdVerificarUtilizador", {nome}); }))
-        Criar_Utilizador(v, nome_das_definicoes.value_or(nome));
+    if (Nenhuma_Linha([&]() -> Recordset & { return geral_.de.Abrir("cmdVerificarUtilizador", {nome}); }) &&
+        !Criar_Utilizador(v, nome_das_definicoes.value_or(nome)))
+        return false;
     skipFailure(
         [&] { IdUtilizador_ = geral_.de.Abrir("cmdVerIDUtilizador", {nome}).Fields("ID").textOrEmpty(); });
+    return true;
 }
 
-void Fusao::Criar_Utilizador(const Valores &v, const QString &nome_das_definicoes)
+bool Fusao::Criar_Utilizador(const Valores &v, const QString &nome_das_definicoes)
 {
     const auto valor = [&](const char *coluna) {
         const auto achado = v.find(coluna);
         return achado == v.end() ? QString(u""_s) : achado->second;
     };
-    Criar(
+    const bool tomado = Criar(
         [&] {
             geral_.de.Executar("cmdAdicionarUser",
                                {valor("NomeUtilizador"), valor("Pass"), valor("SystemTray"),
@@ -214,4 +235,5 @@ void Fusao::Criar_Utilizador(const Valores &v, const QString &nome_das_definicoe
     geral_.ini.Escrever_Ini(u"emailnotify"_s + ID, u"activo"_s, u"1"_s);
     geral_.ini.Escrever_Ini(u"emailnotify"_s + ID, u"minutos"_s, u"60"_s);
     geral_.ini.Escrever_Ini(u"messenger"_s + ID, u"activo"_s, u"0"_s);
+    return tomado;
 }

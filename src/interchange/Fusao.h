@@ -65,15 +65,17 @@ private:
     void Passar(Contagem &contagem, int total, ComandoSemLinhas comando,
                 const std::function<void(Contagem &)> &passagem);
     void Passar_Contactos(Contagem &contagem);
+    void Adicionar_Contacto(Valores &v);
     void Passar_Tarefas(Contagem &contagem);
     void Passar_Memos(Contagem &contagem);
 
-    void Trazer_Grupo(Valores &v);
+    bool Trazer_Grupo(Valores &v);
+    void Esquecer_O_Desfeito();
     std::optional<QString> Procurar_Grupo(const QString &nome);
-    void Trazer_Utilizador(const Recordset &linha, Valores &v,
+    bool Trazer_Utilizador(const Recordset &linha, Valores &v,
                            const std::optional<QString> &nome_das_definicoes);
-    void Criar_Utilizador(const Valores &v, const QString &nome_das_definicoes);
-    void Criar(const std::function<void()> &criar, qint16 texto, const QString &nome);
+    bool Criar_Utilizador(const Valores &v, const QString &nome_das_definicoes);
+    bool Criar(const std::function<void()> &criar, qint16 texto, const QString &nome);
     static void Guardar(Contagem &contagem, const std::function<void()> &inserir);
     void Contar(const Contagem &contagem, qint16 total);
 
@@ -87,6 +89,7 @@ private:
         QString ID; // here
     };
     std::map<QString, Grupo> grupos_; // those found so far, by their old ID
+    int desfeitas_ = 0;               // portions that were undone before those were found
     QString relatorio_;
     QString ultimo_utilizador_das_tarefas_;
     QString IdUtilizador_; // of the owner, the old one until the new one is found; both passes share it

@@ -18,6 +18,12 @@ std::optional<QString> GruposPorNome::Procurar(const QString &nome)
     return achado == ids_.end() ? std::nullopt : std::optional(achado->second);
 }
 
+void GruposPorNome::Esquecer()
+{
+    ids_.clear();
+    ultimo_ = nenhum;
+}
+
 // Of several groups of one name the first stays, and one without a name equals none.
 void GruposPorNome::Ler_Novos()
 {

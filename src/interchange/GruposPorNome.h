@@ -18,6 +18,9 @@ public:
     // can't be asked.
     std::optional<QString> Procurar(const QString &nome);
 
+    // What was read may not be in the database any more: all are read anew.
+    void Esquecer();
+
 private:
     struct Ordem {
         bool operator()(const QString &a, const QString &b) const;
@@ -26,5 +29,6 @@ private:
 
     DE &de_;
     std::map<QString, QString, Ordem> ids_;
-    qint64 ultimo_ = std::numeric_limits<qint64>::min(); // the highest ID read so far
+    static constexpr qint64 nenhum = std::numeric_limits<qint64>::min();
+    qint64 ultimo_ = nenhum; // the highest ID read so far
 };

@@ -1,14 +1,15 @@
 #include "interchange/frmBackup.h"
 
+#include "controls/Controls.h"
 #include "data/Geral.h"
 #include "data/ValorLongo.h"
-#include "controls/Controls.h"
 #include "platform/Failure.h"
 #include "platform/Platform.h"
 #include "store/CleanCopy.h"
 
 #include <QDir>
 #include <QFile>
+#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 
@@ -19,7 +20,7 @@ const auto chave = u"caminhobackup"_s;
 } // namespace
 
 frmBackup::frmBackup(Geral &geral, Platform &platform, QWidget *dono)
-    : QDialog(dono), geral_(geral), platform_(platform)
+    : QDialog(dono), geral_(geral), platform_(platform), pausa_(geral.temporizadores)
 {
     setupUi(this);
     connect(cmdProcurar, &QAbstractButton::clicked, this, &frmBackup::cmdProcurar_Click);
@@ -27,7 +28,6 @@ frmBackup::frmBackup(Geral &geral, Platform &platform, QWidget *dono)
     connect(cmdSair, &QAbstractButton::clicked, this, &QDialog::reject);
     connect(this, &QDialog::finished, this, &frmBackup::Form_Unload);
 
-    geral_.temporizadores.Gerir_Temporizadores(u"stop"_s);
     setWindowTitle(withoutMnemonic(geral_.Ler_Idioma(254)));
     Label1->setText(geral_.Ler_Idioma(253));
     cmdIniciar->setText(geral_.Ler_Idioma(229));
@@ -38,7 +38,7 @@ frmBackup::frmBackup(Geral &geral, Platform &platform, QWidget *dono)
     cmdIniciar->setEnabled(!txtCaminhoBackup->text().isEmpty());
 }
 
-void frmBackup::Form_Unload() { geral_.temporizadores.Gerir_Temporizadores(u"start"_s); }
+void frmBackup::Form_Unload() { pausa_.Retomar(); }
 
 // A cancel empties the box and lets the copy be asked for all the same.
 void frmBackup::cmdProcurar_Click()
@@ -74,6 +74,7 @@ void frmBackup::cmdIniciar_Click()
     }
     if (const QString pasta = txtCaminhoBackup->text(); !Cabe_No_Ini(pasta))
         return Recusar_Valor_Longo(pasta, geral_, platform_, this);
+    const auto sem_resto = qScopeGuard([this] { Apagar_Copia_De_Trabalho(); });
     geral_.de.Fechar_Ligacao();
     onFailure([this] { Copiar(); }, [this](const Failure &falha) { Mostrar_Falha(falha); });
 }
@@ -103,5 +104,4 @@ void frmBackup::Mostrar_Falha(const Failure &falha)
         u"Error"_s, this);
     ProgressBar1->hide();
     geral_.de.Reabrir_Ligacao();
-    Apagar_Copia_De_Trabalho();
 }

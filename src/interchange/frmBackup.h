@@ -2,6 +2,7 @@
 // checked, and put in the place of the earlier one in one step.
 #pragma once
 
+#include "data/Temporizadores.h"
 #include "ui_frmBackup.h"
 
 #include <QDialog>
@@ -30,4 +31,5 @@ private:
 
     Geral &geral_;
     Platform &platform_;
+    PausaDosTemporizadores pausa_;
 };

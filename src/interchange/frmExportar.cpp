@@ -1,8 +1,8 @@
 #include "interchange/frmExportar.h"
 
+#include "controls/Controls.h"
 #include "data/Geral.h"
 #include "data/Relatorio.h"
-#include "controls/Controls.h"
 #include "platform/Failure.h"
 #include "report/ReportControl.h"
 
@@ -26,14 +26,13 @@ int Tipo_Do_Formato(int formato)
 } // namespace
 
 frmExportar::frmExportar(Geral &geral, ReportControl &relatorio, const ListBox &ListaNomes, QWidget *dono)
-    : QDialog(dono), geral_(geral), CrystalReport1(relatorio)
+    : QDialog(dono), geral_(geral), CrystalReport1(relatorio), pausa_(geral.temporizadores)
 {
     setupUi(this);
     connect(cmdExportar, &QPushButton::clicked, this, &frmExportar::cmdExportar_Click);
     connect(cmdFechar, &QPushButton::clicked, this, &QDialog::reject);
     connect(this, &QDialog::finished, this, &frmExportar::Form_Unload);
 
-    geral_.temporizadores.Gerir_Temporizadores(u"stop"_s);
     Legendar();
     opcoes->Carregar(geral_, ListaNomes);
     Oferecer_Formatos();
@@ -59,7 +58,7 @@ void frmExportar::Oferecer_Formatos()
     ComboExportar->setListIndex(0);
 }
 
-void frmExportar::Form_Unload() { geral_.temporizadores.Gerir_Temporizadores(u"start"_s); }
+void frmExportar::Form_Unload() { pausa_.Retomar(); }
 
 // A step that fails is skipped. The labels are what an earlier print left in the control, or the definition's
 // own.

@@ -2,6 +2,7 @@
 // for by the report control; what goes wrong there leaves the dialog open without a word.
 #pragma once
 
+#include "data/Temporizadores.h"
 #include "ui_frmExportar.h"
 
 #include <QDialog>
@@ -26,4 +27,5 @@ private:
 
     Geral &geral_;
     ReportControl &CrystalReport1;
+    PausaDosTemporizadores pausa_;
 };

@@ -1,21 +1,25 @@
 #include "interchange/frmImportar.h"
 
+#include "controls/ListBox.h"
 #include "data/Geral.h"
+#include "interchange/AvisosDaFusao.h"
 #include "interchange/DE2.h"
 #include "interchange/frmImportar2.h"
 #include "interchange/frmImportarMDB.h"
 #include "interchange/Intercambio.h"
 #include "interchange/RegistoMorvex.h"
 #include "platform/Failure.h"
-#include "controls/ListBox.h"
 #include "platform/Platform.h"
-
-#include <QFileInfo>
+#include "platform/Translations.h"
 
 using namespace Qt::StringLiterals;
 
 frmImportar::frmImportar(Geral &geral, Platform &platform, Intercambio &intercambio, QWidget &janela)
-    : geral_(geral), platform_(platform), intercambio_(intercambio), janela_(janela)
+    : geral_(geral),
+      platform_(platform),
+      intercambio_(intercambio),
+      janela_(janela),
+      pausa_(geral.temporizadores)
 {
     setupUi(this);
     connect(cmdProcurar, &QAbstractButton::clicked, this, &frmImportar::cmdProcurar_Click);
@@ -23,7 +27,6 @@ frmImportar::frmImportar(Geral &geral, Platform &platform, Intercambio &intercam
     connect(cmdCancelar, &QAbstractButton::clicked, this, &QDialog::reject);
     connect(this, &QDialog::finished, this, &frmImportar::Form_Unload);
 
-    geral_.temporizadores.Gerir_Temporizadores(u"stop"_s);
     Label1->setText(geral_.Ler_Idioma(83));
     Label2->setText(geral_.Ler_Idioma(84));
     cmdProcurar->setText(geral_.Ler_Idioma(69));
@@ -33,7 +36,7 @@ frmImportar::frmImportar(Geral &geral, Platform &platform, Intercambio &intercam
 
 void frmImportar::Form_Unload()
 {
-    geral_.temporizadores.Gerir_Temporizadores(u"start"_s);
+    pausa_.Retomar();
     janela_.setEnabled(true);
 }
 
@@ -57,19 +60,17 @@ void frmImportar::cmdSeguinte_Click()
     onFailure([&] { Continuar(caminho); }, [&](const Failure &) { Falhar(caminho); });
 }
 
-// What must not even be opened is told, and the form stays for another choice. An older database may lack the
-// words for the reason.
+// What must not even be opened is told, and the form stays for another choice.
 bool frmImportar::Recusar(const QString &caminho)
 {
-    qint16 motivo = 0;
+    const QString idioma = spokenLanguage(geral_.IdiomaActual);
+    QString motivo;
     skipFailure([&] {
-        if (geral_.de.E_A_Base_Aberta(caminho)) motivo = 294;
+        if (geral_.de.E_A_Base_Aberta(caminho)) motivo = avisos_da_fusao::Base_Em_Uso(caminho, idioma);
     });
-    if (QFileInfo(caminho).size() > DE2::maior_ficheiro) motivo = 295;
-    if (motivo == 0) return false;
-    QString texto;
-    if (!skipFailure([&] { texto = geral_.Ler_Idioma(motivo); })) texto = geral_.Ler_Idioma(87);
-    platform_.boxes.show(texto + u"\r\n"_s + caminho, box::stop, windowTitle(), this);
+    if (DE2::Grande_Demais(caminho)) motivo = avisos_da_fusao::Ficheiro_Grande(caminho, idioma);
+    if (motivo.isEmpty()) return false;
+    platform_.boxes.show(motivo, box::stop, windowTitle(), this);
     return true;
 }
 

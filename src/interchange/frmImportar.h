@@ -2,6 +2,7 @@
 // anything else to the merge of a database.
 #pragma once
 
+#include "data/Temporizadores.h"
 #include "ui_frmImportar.h"
 
 #include <QDialog>
@@ -32,4 +33,5 @@ private:
     Platform &platform_;
     Intercambio &intercambio_;
     QWidget &janela_;
+    PausaDosTemporizadores pausa_;
 };

@@ -1,25 +1,29 @@
 #include "interchange/frmImportarMDB.h"
 
+#include "controls/Controls.h"
 #include "data/Geral.h"
 #include "data/Inteiro.h"
 #include "interchange/AvisosDaFusao.h"
 #include "interchange/DE2.h"
 #include "interchange/Intercambio.h"
-#include "controls/Controls.h"
 #include "platform/Failure.h"
 #include "platform/Platform.h"
+#include "platform/Translations.h"
 
 using namespace Qt::StringLiterals;
 
 frmImportarMDB::frmImportarMDB(Geral &geral, Platform &platform, Intercambio &intercambio, QWidget &janela)
-    : geral_(geral), platform_(platform), intercambio_(intercambio), janela_(janela)
+    : geral_(geral),
+      platform_(platform),
+      intercambio_(intercambio),
+      janela_(janela),
+      pausa_(geral.temporizadores)
 {
     setupUi(this);
     connect(cmdSeguinte, &QAbstractButton::clicked, this, &frmImportarMDB::cmdSeguinte_Click);
     connect(cmdCancelar, &QAbstractButton::clicked, this, &QDialog::reject);
     connect(this, &QDialog::finished, this, &frmImportarMDB::Form_Unload);
 
-    geral_.temporizadores.Gerir_Temporizadores(u"stop"_s);
     for (QWidget *marca : {imgRegistos, imgTarefas, imgMemos})
         marca->hide();
     keepPlaceWhenHidden(*ProgressBar1);
@@ -30,7 +34,7 @@ frmImportarMDB::frmImportarMDB(Geral &geral, Platform &platform, Intercambio &in
 
 void frmImportarMDB::Form_Unload()
 {
-    geral_.temporizadores.Gerir_Temporizadores(u"start"_s);
+    pausa_.Retomar();
     janela_.setEnabled(true);
 }
 
@@ -66,8 +70,9 @@ void frmImportarMDB::Escrever_Textos()
 bool frmImportarMDB::Deixa_Se_Escrever()
 {
     if (skipFailure([this] { geral_.de.Experimentar_Escrita(); })) return true;
-    platform_.boxes.show(avisos_da_fusao::Nada_Se_Escreve(geral_.de.Ficheiro(), geral_.IdiomaActual),
-                         box::stop, windowTitle(), this);
+    platform_.boxes.show(
+        avisos_da_fusao::Nada_Se_Escreve(geral_.de.Ficheiro(), spokenLanguage(geral_.IdiomaActual)),
+        box::stop, windowTitle(), this);
     return false;
 }
 
@@ -94,7 +99,8 @@ void frmImportarMDB::cmdSeguinte_Click()
 
 QString frmImportarMDB::Resultado(const Fusao &fusao) const
 {
-    const QString feito =
-        fusao.Completa() ? concluida_ + u"\r\n"_s : avisos_da_fusao::Incompleta(fusao, geral_.IdiomaActual);
+    const QString feito = fusao.Completa()
+                              ? concluida_ + u"\r\n"_s
+                              : avisos_da_fusao::Incompleta(fusao, spokenLanguage(geral_.IdiomaActual));
     return fusao.Relatorio() + feito + encerrar_;
 }

@@ -1,6 +1,7 @@
 // Shows what an older database holds and merges it into the current one. The merge ends the process.
 #pragma once
 
+#include "data/Temporizadores.h"
 #include "interchange/Fusao.h"
 #include "ui_frmImportarMDB.h"
 
@@ -30,6 +31,7 @@ private:
     Platform &platform_;
     Intercambio &intercambio_;
     QWidget &janela_;
+    PausaDosTemporizadores pausa_;
     Fusao::Totais totais_;
     QString concluida_; // the two lines that close a merge, read while the database can be asked
     QString encerrar_;

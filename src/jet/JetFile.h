@@ -33,6 +33,10 @@ public:
         virtual void row(const std::vector<Cell> &cells) = 0; // as long as the columns
     };
 
+    // A sound table's rows take no more bytes than the file has, and so do its texts and its cells. A damaged
+    // one may read the same bytes over and over: beyond that many for each byte of the file it is not read.
+    static constexpr qint64 bytesOfAByte = 3;
+
     // Raises Failure for a file that cannot be opened or is no such database, for one with a password, and
     // for one whose catalogue is damaged.
     explicit JetFile(const QString &path);

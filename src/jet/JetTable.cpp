@@ -41,10 +41,6 @@ constexpr quint32 mostIndexes = 1024;
 // Where a row was moved on again and again, somebody tampered with the file.
 constexpr int mostMoves = 8;
 
-// A sound table's rows take no more bytes than the file has, and so do its texts and its cells. A damaged
-// one may read the same bytes over and over.
-constexpr qint64 bytesOfAByte = 3;
-
 // Memo.
 constexpr int memoHeader = 12;
 constexpr quint32 memoLengthMask = 0x3fffffff;
@@ -135,7 +131,7 @@ double singleOf(float value)
 }
 
 TableReader::TableReader(const JetPages &pages, quint32 definition)
-    : pages_(pages), definition_(definition), bytesLeft_(bytesOfAByte * pages.fileSize())
+    : pages_(pages), definition_(definition), bytesLeft_(JetFile::bytesOfAByte * pages.fileSize())
 {
     const QByteArray joined = joinedDefinition();
     const Bytes bytes{joined};

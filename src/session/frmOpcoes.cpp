@@ -1,14 +1,14 @@
 #include "session/frmOpcoes.h"
 
+#include "controls/Controls.h"
+#include "controls/Label.h"
+#include "controls/Units.h"
 #include "data/Geral.h"
 #include "data/Idiomas.h"
 #include "data/Inteiro.h"
 #include "data/ValorLongo.h"
 #include "online/ContasEmail.h"
-#include "controls/Controls.h"
-#include "controls/Label.h"
 #include "platform/Platform.h"
-#include "controls/Units.h"
 #include "session/PaineArranque.h"
 #include "session/PaineMemos.h"
 #include "session/PaineSons.h"
@@ -28,7 +28,7 @@ QString Com_Retornos(QString texto) { return texto.replace(u"\n"_s, u"\r\n"_s); 
 } // namespace
 
 frmOpcoes::frmOpcoes(Geral &geral, Platform &platform, QWidget &janela)
-    : QDialog(&janela), geral_(geral), platform_(platform), janela_(janela)
+    : QDialog(&janela), geral_(geral), platform_(platform), janela_(janela), pausa_(geral.temporizadores)
 {
     setupUi(this);
     picOptions = {picOptions0, picOptions1, picOptions2, picOptions3,
@@ -60,7 +60,6 @@ void frmOpcoes::Ligar_Controlos()
 void frmOpcoes::Form_Load()
 {
     Temporizadores &temporizadores = geral_.temporizadores;
-    temporizadores.Gerir_Temporizadores(u"stop"_s);
     geral_.ErroMail = 0;
     Q_EMIT temporizadores.RecolherPopupEmail();
     temporizadores.TimerMailNotification.setEnabled(false);
@@ -161,8 +160,10 @@ void frmOpcoes::Escolher_Idioma_Actual()
     comboIdioma->setPlaceholderText(nome);
 }
 
+// The mail check goes on where it was held up, instead of beginning anew.
 void frmOpcoes::Form_Unload()
 {
+    pausa_.Largar();
     geral_.temporizadores.timerTarefas.setEnabled(true);
     geral_.temporizadores.timerPonto.setEnabled(true);
     Q_EMIT geral_.temporizadores.ReiniciarMail();

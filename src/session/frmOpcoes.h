@@ -3,6 +3,7 @@
 // The font and colour of memos, the sounds and the mail accounts take effect as soon as they are chosen.
 #pragma once
 
+#include "data/Temporizadores.h"
 #include "ui_frmOpcoes.h"
 
 #include <array>
@@ -56,6 +57,7 @@ private:
     Geral &geral_;
     Platform &platform_;
     QWidget &janela_;
+    PausaDosTemporizadores pausa_;
     ContasEmail *contas_; // the panes with work of their own, children of the form
     PaineMemos *memos_;
     PaineArranque *arranque_;

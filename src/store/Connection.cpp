@@ -13,6 +13,11 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <utility>
 
+namespace
+{
+constexpr int patience = 5000; // ms for which another program's lock is waited for
+}
+
 struct Connection::Database {
     // One thread works with a connection: the store need not guard each of its calls.
     Database(const QString &file, int flags)
@@ -26,6 +31,7 @@ struct Connection::Database {
     bool gathering = false;
     bool waitsOnce = false;
     std::vector<Write> portion;  // what was run and is not yet in the file
+    int undone = 0;              // portions
     QHash<QString, int> written; // how often each statement is in the file
 
     SQLite::Statement &statement(const QString &sql);
@@ -43,12 +49,15 @@ struct Connection::Database {
     {
         return waiting([&] { return statement.executeStep(); });
     }
+    void waitAgain()
+    {
+        if (waitsOnce) handle.setBusyTimeout(patience);
+    }
     bool inTransaction() const { return sqlite3_get_autocommit(handle.getHandle()) == 0; }
 };
 
 namespace
 {
-constexpr int patience = 5000;               // ms for which another program's write is waited for
 constexpr std::size_t longestPortion = 8000; // writes that reach the file together
 constexpr char sourceName[] = "Connection";
 
@@ -266,16 +275,19 @@ void Connection::run(const Write &write)
             const Running running(statement, write.values);
             statement.exec();
         });
-        if (database_->waitsOnce) database_->handle.setBusyTimeout(patience);
     });
 }
 
 // Without a transaction round it, so that it is in the file when it returns.
 void Connection::runAlone(const Write &write)
 {
+    const bool alone = !database_->inTransaction();
     run(write);
     ++database_->written[write.sql];
+    if (alone && !database_->inTransaction()) database_->waitAgain();
 }
+
+int Connection::undone() const { return database_ ? database_->undone : 0; }
 
 int Connection::written(const QString &sql) const { return database_ ? database_->written.value(sql) : 0; }
 
@@ -332,11 +344,12 @@ void Connection::endGathering()
     writePortion();
 }
 
-// A portion is a transaction. What the store refuses of it leaves the rest; a disk that is full may undo it
-// as a whole.
+// A portion is a transaction, and alone with the file from its beginning: beside a reader it would wait anew
+// for each page that it has no more room for, and the store keeps that to itself. What the store refuses of
+// it leaves the rest; a disk that is full may undo it as a whole.
 void Connection::gather(Write write)
 {
-    if (!database_->inTransaction()) run({QStringLiteral("BEGIN IMMEDIATE"), {}});
+    if (!database_->inTransaction()) run({QStringLiteral("BEGIN EXCLUSIVE"), {}});
     try {
         run(write);
     } catch (const Failure &) {
@@ -353,6 +366,7 @@ void Connection::writePortion()
     if (!database_->inTransaction()) return;
     try {
         run({QStringLiteral("COMMIT"), {}});
+        database_->waitAgain();
         for (const Write &write : std::exchange(database_->portion, {}))
             ++database_->written[write.sql];
     } catch (const Failure &) {
@@ -363,6 +377,7 @@ void Connection::writePortion()
 
 void Connection::runPortionOneByOne()
 {
+    ++database_->undone;
     for (const Write &write : std::exchange(database_->portion, {}))
         runAlone(write);
 }

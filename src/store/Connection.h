@@ -61,7 +61,7 @@ public:
     void tryWriting();
 
     // Runs that, which must not close the connection, with a lock waited for once: after one wait in vain
-    // nothing waits until a write has succeeded again.
+    // nothing waits until a write has reached the file.
     void waitingOnce(const std::function<void()> &work);
 
     // How often that statement has been written since the opening: what is counted is in the file.
@@ -70,8 +70,12 @@ public:
     // Runs that, which must not close the connection, with its writes gathered: they reach the file in
     // portions, at a fraction of the cost, and all have when this returns or raises. A statement that fails
     // harms no other. Where a portion can't be written as a whole, its statements run once more one by one,
-    // up to the first that fails, which is raised.
+    // up to the first that fails, which is raised. While a portion is open nobody else reads the file.
     void gathering(const std::function<void()> &work);
+
+    // How many portions have been undone since the opening. What was read of such a one, the numbers of new
+    // rows among it, may not be in the file, or stand for something else there.
+    int undone() const;
 
 private:
     struct Database;

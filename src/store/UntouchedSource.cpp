@@ -50,6 +50,12 @@ UntouchedSource::UntouchedSource(const QString &path) : path_(path)
     if (writtenAhead(source)) copy(source);
 }
 
+qint64 UntouchedSource::bytes(const QString &path)
+{
+    const QFileInfo file(path);
+    return file.size() + QFileInfo(file.canonicalFilePath() + sideFile).size();
+}
+
 int UntouchedSource::flags() const { return folder_ ? SQLite::OPEN_READWRITE : SQLite::OPEN_READONLY; }
 
 void UntouchedSource::copy(const QString &source)

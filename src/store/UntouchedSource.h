@@ -13,6 +13,9 @@ public:
     // Raises Failure for a file that can't be copied, or that changes all the while.
     explicit UntouchedSource(const QString &path);
 
+    // How many bytes whoever reads that file reads: its own, and those of its side file.
+    static qint64 bytes(const QString &path);
+
     const QString &path() const { return path_; }
     int flags() const; // as the store opens it
 

@@ -277,6 +277,27 @@ private Q_SLOTS:
         QVERIFY(c.form.isVisible());
     }
 
+    void uma_base_que_ja_nao_se_reabre_nao_deixa_copia_de_trabalho()
+    {
+        Copia c;
+        QObject antes;
+        connect(c.form.ProgressBar1, &QProgressBar::valueChanged, &antes, [&](int valor) {
+            if (valor == 50) QFile::remove(c.s.Base()); // the work copy is whole by then
+        });
+        c.s.caixas.Espera_Qualquer(0, u"Error"_s);
+        VERIFICAR_FALHA(Comecar(c.form, c.Pasta_Com_Barra() + u"nao/existe/"_s), Failure::StoreError);
+        QVERIFY(!QFile::exists(c.Trabalho()));
+    }
+
+    void um_carregamento_que_falha_nao_deixa_o_alarme_parado()
+    {
+        Sistema s;
+        s.Escrever(u"DELETE FROM TblIdiomas WHERE ID = 136"_s);
+        QVERIFY(s.geral.temporizadores.timerTarefas.Enabled());
+        VERIFICAR_FALHA(frmBackup(s.geral, s.plataforma), Failure::NoCurrentRecord);
+        QVERIFY(s.geral.temporizadores.timerTarefas.Enabled());
+    }
+
     void o_alvo_anterior_e_substituido_sem_pergunta()
     {
         Copia c;

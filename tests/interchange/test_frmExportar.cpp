@@ -1,7 +1,7 @@
 // The export dialog: what it says to the report control, in its order, and its silence about what fails
 // there.
-#include "interchange/frmExportar.h"
 #include "controls/Controls.h"
+#include "interchange/frmExportar.h"
 #include "printing/ComRelatorios.h"
 #include "printing/frmImprimir.h"
 #include "session/Main.h"
@@ -37,6 +37,15 @@ private Q_SLOTS:
         QCOMPARE(form.cmdExportar->text(), exportar);
         QCOMPARE(form.cmdFechar->text(), c.s.Texto(135));
         QCOMPARE(form.opcoes->FrameIntervalo->title(), c.s.Texto(74));
+    }
+
+    void um_carregamento_que_falha_nao_deixa_o_alarme_parado()
+    {
+        ComExportar c;
+        c.s.Escrever(u"DELETE FROM TblIdiomas WHERE ID = 135"_s);
+        QVERIFY(c.s.geral.temporizadores.timerTarefas.Enabled());
+        VERIFICAR_FALHA(c.Abrir(), Failure::NoCurrentRecord);
+        QVERIFY(c.s.geral.temporizadores.timerTarefas.Enabled());
     }
 
     void os_tres_formatos_sao_os_mesmos_em_todas_as_linguas_e_o_primeiro_esta_escolhido()

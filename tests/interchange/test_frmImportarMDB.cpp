@@ -1,14 +1,15 @@
 // The merge of an older database, of either kind.
 #include "interchange/frmImportarMDB.h"
 
+#include "controls/IconLabel.h"
 #include "data/Codificar_Pass.h"
 #include "interchange/DE2.h"
 #include "interchange/frmImportar.h"
 #include "interchange/Intercambio.h"
-#include "controls/IconLabel.h"
 #include "jet/JetFile.h"
 #include "session/Main.h"
 #include "testlib/Accoes.h"
+#include "testlib/CopiaEstragada.h"
 #include "testlib/Desempacotado.h"
 #include "testlib/DiscoCheio.h"
 #include "testlib/MemoriaPedida.h"
@@ -19,6 +20,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QtEndian>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -201,6 +203,43 @@ QByteArray Conteudo(const QString &caminho)
 
 rlim_t Tamanho(Sistema &s) { return static_cast<rlim_t>(QFileInfo(s.Base()).size()); }
 
+// Why a file is refused at once, in the language of the tests.
+const auto base_em_uso =
+    u"Este ficheiro é a base de dados em uso e não pode ser importado para si próprio:\r\n"_s;
+const auto ficheiro_grande = u"O ficheiro é demasiado grande para ser importado (no máximo 256 MB):\r\n"_s;
+
+constexpr qsizetype pagina = 4096;
+
+// Where the pages of the table with the most rows begin in a file of the older kind.
+std::vector<qsizetype> Paginas_De_Linhas(const QByteArray &bytes)
+{
+    constexpr int dona = 4;
+    std::map<QByteArray, std::vector<qsizetype>> paginas;
+    for (qsizetype i = pagina; i < bytes.size(); i += pagina)
+        if (const QByteArray de = bytes.mid(i + dona, 4); bytes[i] == 1 && de != "LVAL")
+            paginas[de].push_back(i);
+    return std::max_element(paginas.begin(), paginas.end(),
+                            [](const auto &a, const auto &b) { return a.second.size() < b.second.size(); })
+        ->second;
+}
+
+// Fills the one page with rows that have all moved to the first row of the other.
+void Apontar_Tudo_Para(QByteArray &bytes, qsizetype qual, qsizetype outra)
+{
+    constexpr int contagem = 12;
+    constexpr int lugares = 14;
+    constexpr int tamanho = 4;
+    constexpr quint16 mudada = 0x4000;
+    constexpr int quantas = (pagina - lugares) / (tamanho + 2);
+    char *inicio = bytes.data() + qual;
+    qToLittleEndian<quint16>(quantas, inicio + contagem);
+    for (int i = 0; i < quantas; ++i) {
+        const int onde = pagina - tamanho * (i + 1);
+        qToLittleEndian<quint16>(static_cast<quint16>(onde | mudada), inicio + lugares + 2 * i);
+        qToLittleEndian<quint32>(static_cast<quint32>(outra / pagina) << 8, inicio + onde);
+    }
+}
+
 // The names of the files in the folder of that one.
 QStringList Vizinhos(const QString &ficheiro)
 {
@@ -271,6 +310,7 @@ private Q_SLOTS:
         p.s.caixas.Espera(p.s.Texto(87) + u"\r\n"_s + Dado(base), 16, p.s.Texto(82));
         p.Escolher(Dado(base), nullptr);
         QVERIFY(!p.s.processo.Terminou());
+        QVERIFY(p.s.geral.temporizadores.timerTarefas.Enabled()); // the alarm goes on
         QCOMPARE(p.s.Linhas(u"SELECT count(*) FROM TblLista"_s), QStringList{u"0"_s});
     }
 
@@ -637,6 +677,35 @@ private Q_SLOTS:
         QVERIFY2(dito.endsWith(p.s.Texto(235)), qPrintable(dito));
     }
 
+    // What a portion brought goes with it: a group that it made is made again for the contacts that follow.
+    void de_uma_porcao_desfeita_nenhum_grupo_se_lembra()
+    {
+        constexpr int linhas = 900;
+        BasePropria antiga;
+        antiga.Encher(linhas, 8000);
+        for (const QString &nome : {u"Novo"_s, u"Outro"_s})
+            antiga.base.Novo_Grupo(nome, 0);
+        antiga.base.Escrever(u"UPDATE TblLista SET Nome=CASE WHEN ID%1<100 THEN 'Amigos' WHEN ID%1<500 THEN "
+                             "'Novo' ELSE 'Outro' END"_s.arg(u"-(SELECT min(ID) FROM TblLista)"_s));
+        antiga.base.Escrever(u"UPDATE TblLista SET Grupo=(SELECT ID FROM TblGrupos WHERE NomeGrupo=Nome)"_s);
+        Programa p;
+        auto cheio = std::make_unique<DiscoCheio>(Tamanho(p.s) + 200000);
+        DE2 de2(antiga.Caminho());
+        Fusao fusao(p.s.geral, de2, {linhas, 0, 0});
+        connect(&fusao, &Fusao::Progresso, this, [&](int valor) {
+            if (valor >= 40) cheio.reset();
+        });
+        fusao.Correr();
+        const auto contar = [&](const QString &onde) {
+            return p.s.Linhas(u"SELECT count(*) FROM TblLista WHERE "_s + onde)[0].toInt();
+        };
+        QVERIFY(!fusao.Completa()); // a portion was undone
+        QVERIFY(contar(u"Nome='Novo'"_s) > 0);
+        QCOMPARE(contar(u"Nome='Outro'"_s), 400);
+        QCOMPARE(
+            contar(u"NOT EXISTS (SELECT * FROM TblGrupos WHERE TblGrupos.ID=Grupo AND NomeGrupo=Nome)"_s), 0);
+    }
+
     void uma_tranca_que_vem_a_meio_espera_se_uma_vez_e_diz_se_no_fim()
     {
         constexpr qint64 paciencia = 12000; // ms
@@ -711,17 +780,17 @@ private Q_SLOTS:
         const QString escolhido = caminho(p.s);
         QVERIFY(!escolhido.isEmpty());
         p.s.geral.CaminhoBD.clear(); // whatever became of the setting, it is the open file that counts
-        p.s.caixas.Espera(p.s.Texto(294) + u"\r\n"_s + escolhido, 16, p.s.Texto(82));
+        p.s.caixas.Espera(base_em_uso + escolhido, 16, p.s.Texto(82));
         QVERIFY(p.Recusada(escolhido));
         QVERIFY(!p.s.processo.Terminou());
         QCOMPARE(p.s.Linhas(u"SELECT Nome FROM TblLista"_s), QStringList{u"Ana"_s});
     }
 
-    void uma_base_mais_velha_sem_as_palavras_recusa_se_tambem()
+    void uma_base_mais_velha_diz_porque_se_recusa_tambem()
     {
         Programa p;
         p.s.Escrever(u"DELETE FROM TblIdiomas WHERE ID > 273"_s);
-        p.s.caixas.Espera(p.s.Texto(87) + u"\r\n"_s + p.s.Base(), 16, p.s.Texto(82));
+        p.s.caixas.Espera(base_em_uso + p.s.Base(), 16, p.s.Texto(82));
         QVERIFY(p.Recusada(p.s.Base()));
         QVERIFY(!p.s.processo.Terminou());
     }
@@ -870,12 +939,55 @@ private Q_SLOTS:
         QVERIFY(enorme.open(QIODevice::WriteOnly) && enorme.write(inicio) == inicio.size());
         QVERIFY(enorme.resize(um_a_mais)); // nothing but holes
         enorme.close();
-        p.s.caixas.Espera(p.s.Texto(295) + u"\r\n"_s + enorme.fileName(), 16, p.s.Texto(82));
+        p.s.caixas.Espera(ficheiro_grande + enorme.fileName(), 16, p.s.Texto(82));
         const memoria::Medida medida;
         QVERIFY(p.Recusada(enorme.fileName()));
         QVERIFY(medida.Maximo() < std::size_t{64} << 20);
         QVERIFY(!p.s.processo.Terminou());
         VERIFICAR_FALHA(DE2{enorme.fileName()}, Failure::StoreError);
+    }
+
+    // What stands in a side file is read too.
+    void um_ficheiro_pequeno_com_um_diario_enorme_recusa_se_tambem()
+    {
+        Programa p;
+        const QString pequena = p.s.Ficheiro(u"pequena.mdb"_s);
+        QVERIFY(QFile::copy(p.s.Base(), pequena));
+        QVERIFY(!DE2::Grande_Demais(pequena));
+        QFile diario(pequena + u"-wal"_s);
+        QVERIFY(diario.open(QIODevice::WriteOnly) && diario.resize(DE2::maior_ficheiro)); // nothing but holes
+        diario.close();
+        p.s.caixas.Espera(ficheiro_grande + pequena, 16, p.s.Texto(82));
+        QVERIFY(p.Recusada(pequena));
+        VERIFICAR_FALHA(DE2{pequena}, Failure::StoreError);
+    }
+
+    void um_carregamento_que_falha_nao_deixa_o_alarme_parado()
+    {
+        Programa p;
+        p.s.Escrever(u"DELETE FROM TblIdiomas WHERE ID = 43"_s);
+        QVERIFY(p.s.geral.temporizadores.timerTarefas.Enabled());
+        VERIFICAR_FALHA(p.main.Importar->trigger(), Failure::NoCurrentRecord);
+        QVERIFY(p.s.geral.temporizadores.timerTarefas.Enabled());
+    }
+
+    // Pages of rows that all lead to one, a few of them or many: the other tables come.
+    void uma_tabela_estragada_de_qualquer_tamanho_deixa_as_outras()
+    {
+        const Desempacotado sa(Dado(u"limite_32768.mdb.xz"_s));
+        QByteArray bytes = Conteudo(sa.Caminho());
+        const std::vector<qsizetype> paginas = Paginas_De_Linhas(bytes);
+        QVERIFY(paginas.size() > 100);
+        CopiaEstragada copia(u"copia.mdb"_s);
+        const std::size_t passo = paginas.size() / 100;
+        for (std::size_t feitas = 1; feitas < paginas.size() / 2; ++feitas) {
+            Apontar_Tudo_Para(bytes, paginas[feitas], paginas[0]);
+            if (feitas % passo != 0) continue;
+            DE2 de2(copia.Guardar(bytes)); // raises nothing
+            QCOMPARE(de2.Abrir(DE2::Morvex5_Count_Memos).RecordCount(), 1);
+        }
+        DE2 de2(copia.Guardar(bytes));
+        VERIFICAR_FALHA(de2.Abrir(DE2::Morvex5_Count_Registos), Failure::StoreError);
     }
 
     void um_tubo_com_nome_de_base_nao_prende_o_programa()

@@ -1,9 +1,9 @@
 // The options: what they show, what acts at once, what confirming writes and in which order.
-#include "data/frmSeleccionarIdioma.h"
-#include "online/frmAddEditEmail.h"
 #include "controls/Controls.h"
 #include "controls/Label.h"
 #include "controls/Units.h"
+#include "data/frmSeleccionarIdioma.h"
+#include "online/frmAddEditEmail.h"
 #include "session/frmLogin.h"
 #include "session/frmOpcoes.h"
 #include "session/Main.h"
@@ -40,6 +40,9 @@ struct Cenario {
         form_ = std::make_unique<frmOpcoes>(s.geral, s.plataforma, janela);
         return *form_;
     }
+
+    // The form goes without having been closed.
+    void Largar() { form_.reset(); }
 
     frmOpcoes &Mostrar()
     {
@@ -334,6 +337,8 @@ private Q_SLOTS:
         c.s.caixas.Espera_Erro(Failure::TypeMismatch);
         c.Abrir();
         QVERIFY(c.s.processo.Terminou());
+        c.Largar();
+        QVERIFY(c.s.geral.temporizadores.timerTarefas.Enabled()); // the alarm goes on
     }
 
     void um_clique_num_separador_mostra_so_o_seu_quadro()

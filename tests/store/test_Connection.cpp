@@ -317,6 +317,58 @@ private Q_SLOTS:
         QCOMPARE(Nomes(u"WHERE Nome='Nova'"_s), QStringList{u"Nova"_s});
     }
 
+    // A reader lets a portion begin, but not reach the file: that is known before the first of its writes.
+    void um_leitor_espera_se_uma_vez_por_muito_que_a_porcao_cresca()
+    {
+        constexpr qint64 paciencia = 12000; // ms: one wait in vain takes 5,000
+        constexpr int mais_do_que_a_memoria = 1500;
+        Criar_Tabela();
+        Connection leitor;
+        leitor.setConnectionString(Fonte(path_));
+        leitor.Open();
+        leitor.execute(u"BEGIN"_s, {});
+        QCOMPARE(leitor.query(u"SELECT * FROM T"_s, {}).RecordCount(), 3);
+        QElapsedTimer relogio;
+        relogio.start();
+        connection_.waitingOnce([&] {
+            skipFailure([&] {
+                connection_.gathering([&] {
+                    for (int i = 0; i < mais_do_que_a_memoria && relogio.elapsed() < paciencia; ++i)
+                        skipFailure([&] {
+                            connection_.execute(u"INSERT INTO T (Nome) VALUES (?)"_s, {QString(3000, u'n')});
+                        });
+                });
+            });
+            QVERIFY2(relogio.elapsed() < paciencia, qPrintable(QString::number(relogio.elapsed())));
+            leitor.execute(u"ROLLBACK"_s, {});
+            connection_.execute(u"INSERT INTO T (Nome) VALUES ('Nova')"_s, {});
+        });
+        QCOMPARE(Nomes({}).size(), 4);
+    }
+
+    void so_uma_escrita_que_chegou_ao_ficheiro_devolve_a_paciencia()
+    {
+        constexpr qint64 paciencia = 12000; // ms: one wait in vain takes 5,000
+        Criar_Tabela();
+        Connection leitor;
+        leitor.setConnectionString(Fonte(path_));
+        leitor.Open();
+        leitor.execute(u"BEGIN"_s, {});
+        QCOMPARE(leitor.query(u"SELECT * FROM T"_s, {}).RecordCount(), 3);
+        QElapsedTimer relogio;
+        relogio.start();
+        connection_.waitingOnce([&] {
+            for (int i = 0; i < 4; ++i) {
+                connection_.execute(u"BEGIN"_s, {});
+                connection_.execute(u"INSERT INTO T (Nome) VALUES ('Nova')"_s, {}); // not in the file yet
+                VERIFICAR_FALHA(connection_.execute(u"COMMIT"_s, {}), Failure::StoreError);
+                connection_.execute(u"ROLLBACK"_s, {});
+            }
+        });
+        QVERIFY2(relogio.elapsed() < paciencia, qPrintable(QString::number(relogio.elapsed())));
+        leitor.execute(u"ROLLBACK"_s, {});
+    }
+
     // Of a portion that the disk undid only what went into the file after all counts.
     void conta_se_o_que_esta_no_ficheiro_e_nada_mais()
     {
