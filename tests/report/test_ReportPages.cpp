@@ -363,6 +363,27 @@ private Q_SLOTS:
         QCOMPARE(folha.pixelColor(140, 192), QColor(Qt::white));
     }
 
+    void um_desenho_da_lugar_a_imagem_de_reserva_data()
+    {
+        QTest::addColumn<QString>("ficheiro");
+        QTest::newRow("svg") << u"desenho.svg"_s;
+        QTest::newRow("com outro nome") << u"desenho.jpg"_s;
+    }
+    void um_desenho_da_lugar_a_imagem_de_reserva()
+    {
+        QFETCH(QString, ficheiro);
+        Guardar_Foto(400, 200);
+        QFile desenho(folder_.filePath(ficheiro));
+        QVERIFY(desenho.open(QIODevice::WriteOnly));
+        desenho.write("<svg xmlns='http://www.w3.org/2000/svg' width='400' height='200'>"
+                      "<rect width='400' height='200' fill='blue'/></svg>");
+        desenho.close();
+        Juntar(u"Ana"_s, {}, ficheiro);
+        const auto pages = Relatorio(u"<detail><row height='3000'><picture width='2000' height='2000' "
+                                     "fallback='foto.png'>{T.Foto}</picture></row></detail>"_s);
+        QCOMPARE(Pintar(*pages, 0, ReportPages::OnPaper).pixelColor(100, 190), QColor(Qt::red));
+    }
+
     void o_que_esta_na_pagina_pode_perguntar_se()
     {
         Juntar(u"Ana"_s, {});
