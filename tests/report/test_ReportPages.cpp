@@ -183,6 +183,26 @@ private Q_SLOTS:
                  3);
     }
 
+    // Each record leaves 5 of its page's 10,000 twips for its rule of 10.
+    void um_traco_que_nao_cabe_nao_abre_outra_pagina_data()
+    {
+        QTest::addColumn<int>("registos");
+        QTest::newRow("no fim") << 1;
+        QTest::newRow("antes de outro registo") << 2;
+    }
+    void um_traco_que_nao_cabe_nao_abre_outra_pagina()
+    {
+        QFETCH(int, registos);
+        for (int i = 0; i < registos; ++i)
+            Juntar(u"a\nb"_s, {});
+        const QString faixa = u"<detail><row height='%1'><text width='5000' height='300' grow='yes'>{T.Nome}"
+                              "</text></row><row height='10'><line width='5000'/></row></detail>"_s;
+        const auto pages = Relatorio(faixa.arg(9995));
+        QCOMPARE(pages->count(), registos);
+        for (int page = 0; page < pages->count(); ++page)
+            QCOMPARE(pages->page(page).lines(), (QStringList{u"a"_s, u"b"_s}));
+    }
+
     void um_registo_que_nao_cabe_no_resto_passa_inteiro()
     {
         Juntar_Muitos(3);
