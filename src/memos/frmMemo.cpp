@@ -1,13 +1,13 @@
 #include "memos/frmMemo.h"
 
+#include "controls/Controls.h"
+#include "controls/Units.h"
 #include "data/Geral.h"
 #include "memos/Aparencia.h"
 #include "memos/Lugar_Alcancavel.h"
-#include "controls/Controls.h"
 #include "platform/Failure.h"
 #include "platform/Platform.h"
 #include "platform/Translations.h"
-#include "controls/Units.h"
 
 #include <algorithm>
 #include <QCloseEvent>
@@ -72,7 +72,7 @@ frmMemo::frmMemo(Geral &geral, Platform &platform)
         botao->setToolTip(dica);
         botao->setAccessibleName(dica);
     }
-    cmdPorGuardar->setText(translated(nao_guardado, geral_.IdiomaActual));
+    cmdPorGuardar->setAccessibleName(translated(nao_guardado, geral_.IdiomaActual));
     cmdPorGuardar->setToolTip(translated(carregue_para_repetir, geral_.IdiomaActual));
     for (DragLabel *pega : {LabelH, LabelV, LabelHV})
         pega->raise();
@@ -192,14 +192,31 @@ void frmMemo::Dispor()
     cmdFechar->move(pixels(largura - 350), topo);
     cmdCor->move(pixels(largura - 680), topo);
     cmdFonte->move(pixels(largura - 990), topo);
-    cmdPorGuardar->setGeometry(LabelV->width(), topo,
-                               std::min(cmdPorGuardar->sizeHint().width(), cmdFonte->x() - LabelV->width()),
-                               cmdPorGuardar->height());
+    Dispor_Marca(topo);
     LabelV->setGeometry(pixels(largura - 75), 0, LabelV->width(), height());
     LabelH->setGeometry(0, pixels(altura - 75), width(), LabelH->height());
     LabelHV->move(width() - LabelHV->width(), height() - LabelHV->height());
     lblTitle->resize(pixels(largura - 30), lblTitle->height());
     Dispor_Rebordo();
+}
+
+// Beside the buttons, or above them where the note is too narrow for that; its words end in dots where even
+// the whole width is too little, and are a mere sign where no letter fits.
+void frmMemo::Dispor_Marca(int topo)
+{
+    const QString palavras = cmdPorGuardar->accessibleName();
+    cmdPorGuardar->setText(palavras);
+    const int inteira = cmdPorGuardar->sizeHint().width();
+    const bool ao_lado = inteira <= cmdFonte->x() - LabelV->width();
+    const int margem = std::min(LabelV->width(), (width() - 1) / 2);
+    const int largura = ao_lado ? inteira : width() - 2 * margem;
+    const int altura = cmdPorGuardar->height();
+    cmdPorGuardar->setGeometry(margem, ao_lado ? topo : std::max(0, topo - altura), largura, altura);
+    if (largura >= inteira) return;
+    const QFontMetrics letras = cmdPorGuardar->fontMetrics();
+    const int rebordo = inteira - letras.horizontalAdvance(palavras);
+    const QString curtas = letras.elidedText(palavras, Qt::ElideRight, largura - rebordo);
+    cmdPorGuardar->setText(curtas.isEmpty() ? u"!"_s : curtas);
 }
 
 void frmMemo::Dispor_Rebordo()
@@ -219,12 +236,11 @@ void frmMemo::cmdGuardar_Click()
 {
     auto falhou = qScopeGuard([this] { Marcar(true); });
     Anotar_Lugar();
-    if (txtId->text().isEmpty()) {
-        Gravar("cmdAdicionarMemo", geral_.SessaoActual.IdUtilizador);
-        txtId->setText(Id_Da_Ultima_Linha());
-    } else {
+    if (txtId->text().isEmpty()) txtId->setText(Id_Da_Linha_Inserida());
+    if (txtId->text().isEmpty())
+        Adicionar();
+    else
         Gravar("cmdUpdateMemo", txtId->text());
-    }
     falhou.dismiss();
     Marcar(false);
 }
@@ -253,12 +269,26 @@ void frmMemo::Gravar(ComandoSemLinhas comando, const QString &ultimo)
                         txtFontBold->text(), txtFontItalic->text(), txtCorFundo->text(), ultimo});
 }
 
-QString frmMemo::Id_Da_Ultima_Linha()
+// The row may be in the file and its number not to be learnt yet; then it is asked for again before the note
+// is saved or deleted.
+void frmMemo::Adicionar()
+{
+    Gravar("cmdAdicionarMemo", geral_.SessaoActual.IdUtilizador);
+    lugar_inserido_ = {txtLeft->text(), txtTop->text()};
+    txtId->setText(Id_Da_Linha_Inserida());
+}
+
+// The last row at the place of this one: notes that came since then stand elsewhere. Empty for a note that
+// was never added, or whose row is gone.
+QString frmMemo::Id_Da_Linha_Inserida()
 {
     QString id;
+    if (lugar_inserido_.isEmpty()) return id;
     Recordset &rs = geral_.de.Abrir("cmdListarMemos", {geral_.SessaoActual.IdUtilizador});
     for (; !rs.Eof(); rs.MoveNext())
-        id = rs.Fields("ID").text();
+        if (lugar_inserido_ ==
+            QStringList{rs.Fields("LeftForm").textOrEmpty(), rs.Fields("TopForm").textOrEmpty()})
+            id = rs.Fields("ID").text();
     rs.Close();
     return id;
 }
@@ -289,6 +319,7 @@ void frmMemo::cmdFechar_Click()
     const int resposta =
         platform_.boxes.show(geral_.Ler_Idioma(111), box::question | box::yesNo, u"Morvex - Memo"_s, this);
     if (resposta != answer::yes) return;
+    if (txtId->text().isEmpty()) txtId->setText(Id_Da_Linha_Inserida());
     if (!txtId->text().isEmpty()) geral_.de.Executar("cmdEliminarMemo", {txtId->text()});
     hide();
     deleteLater();

@@ -3,11 +3,12 @@
 // To close it is to delete it.
 #pragma once
 
-#include "data/Comandos.h"
 #include "controls/LongText.h"
+#include "data/Comandos.h"
 #include "ui_frmMemo.h"
 
 #include <optional>
+#include <QStringList>
 #include <QWidget>
 
 class Geral;
@@ -49,16 +50,19 @@ private:
     void Aplicar_Aparencia();
     void Redimensionar(int largura, int altura);
     void Dispor();
+    void Dispor_Marca(int topo);
     void Dispor_Rebordo();
     void Anotar_Lugar();
     void Marcar(bool por_guardar);
     void Gravar(ComandoSemLinhas comando, const QString &ultimo);
-    QString Id_Da_Ultima_Linha();
+    void Adicionar();
+    QString Id_Da_Linha_Inserida();
 
     Geral &geral_;
     Platform &platform_;
     LongText Descricao_;
     // Where the program itself has put the window; txtLeft and txtTop are true as long as it stands there.
     std::optional<QPoint> posta_;
+    QStringList lugar_inserido_; // LeftForm and TopForm of a row that was added; empty before
     bool adiar_ = false; // a resize does not save: the row is being read, or a drag has not come to its end
 };

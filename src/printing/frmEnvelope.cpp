@@ -1,12 +1,12 @@
 #include "printing/frmEnvelope.h"
 
+#include "controls/Controls.h"
+#include "controls/Units.h"
 #include "data/Geral.h"
 #include "data/Relatorio.h"
 #include "data/Sementes.h"
-#include "controls/Controls.h"
-#include "platform/Failure.h"
+#include "platform/Translations.h"
 #include "report/ReportControl.h"
-#include "controls/Units.h"
 
 using namespace Qt::StringLiterals;
 
@@ -14,6 +14,16 @@ namespace
 {
 constexpr unsigned cor_escolhida = 15838582;
 constexpr unsigned cor_nao_escolhida = 14215660;
+
+// Words in the code: a database keeps the texts that it was made with, and most are older than these.
+constexpr Translations remetente_de_amostra{
+    u"O remetente ainda é o do exemplo. Escreva o seu nas opções.",
+    u"O remetente ainda é o do exemplo. Escreva o seu nas opções.",
+    u"The sender is still the sample. Write your own in the options.",
+    u"El remitente sigue siendo el del ejemplo. Escriba el suyo en las opciones.",
+    u"Il mittente è ancora quello di esempio. Scrivere il proprio nelle opzioni.",
+    u"L’expéditeur est encore celui de l’exemple. Saisissez le vôtre dans les options.",
+    u"Als Absender steht noch das Beispiel da. Tragen Sie Ihren eigenen in den Optionen ein."};
 
 void Pintar(QPushButton &botao, unsigned cor)
 {
@@ -61,13 +71,10 @@ void frmEnvelope::Mostrar_Escolhida()
         if (nome == geral_.AlimentacaoEnvelopes) Pintar(*botao, cor_escolhida);
 }
 
-// A database from before this text has none; its envelopes are printed without the line.
 void frmEnvelope::Avisar_Da_Amostra()
 {
-    lblRemetente->hide();
-    if (!sementes::Remetente_De_Amostra(geral_.RemetenteBD)) return;
-    skipFailure([this] { lblRemetente->setText(geral_.Ler_Idioma(284)); });
-    lblRemetente->setVisible(!lblRemetente->text().isEmpty());
+    lblRemetente->setText(translated(remetente_de_amostra, geral_.IdiomaActual));
+    lblRemetente->setVisible(sementes::Remetente_De_Amostra(geral_.RemetenteBD));
 }
 
 // Stopped once more instead of started: the background timers rest until another form lets them run.

@@ -143,13 +143,7 @@ void CrystalReport::showPreview()
         new ReportPreview(shown, {language_(), printButton_, refreshButton_, searchButton_}, frontWindow());
     preview_->setWindowTitle(windowTitle_);
     if (preview_->parentWidget()) preview_->setWindowModality(Qt::WindowModal);
-    connect(preview_, &ReportPreview::printWanted, this, [this] {
-        const PrintResult chosen = printer_->choose(preview_);
-        if (chosen == PrintResult::Done)
-            print(*preview_->pages(), preview_);
-        else
-            say(chosen, preview_);
-    });
+    connect(preview_, &ReportPreview::printWanted, this, &CrystalReport::printShown);
     connect(preview_, &ReportPreview::pdfWanted, this, [this] { savePdf(*preview_->pages(), preview_); });
     connect(preview_, &ReportPreview::refreshWanted, this, [this] {
         preview_->setPages(pages());
@@ -166,6 +160,18 @@ void CrystalReport::printAtOnce(ReportPages &pages, QWidget *owner)
 {
     sayLost(pages, owner);
     print(pages, owner);
+}
+
+// Nobody is asked for a printer that then gets nothing.
+void CrystalReport::printShown()
+{
+    ReportPages &shown = *preview_->pages();
+    const bool empty = shown.data().size() == 0;
+    const PrintResult chosen = empty ? PrintResult::Done : printer_->choose(preview_);
+    if (chosen == PrintResult::Done)
+        print(shown, preview_);
+    else
+        say(chosen, preview_);
 }
 
 // A sheet without a record is worth no paper.

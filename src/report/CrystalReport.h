@@ -55,6 +55,7 @@ private:
     std::shared_ptr<ReportPages> pages() const;
     void showPreview();
     void printAtOnce(ReportPages &pages, QWidget *owner);
+    void printShown();
     void print(ReportPages &pages, QWidget *owner);
     void savePdf(ReportPages &pages, QWidget *owner);
     void exportToFile();

@@ -1,6 +1,7 @@
 #include "report/ReportData.h"
 
 #include "platform/Failure.h"
+#include "report/QuotedName.h"
 #include "report/SelectionFormula.h"
 #include "store/Connection.h"
 
@@ -11,8 +12,6 @@ using namespace Qt::StringLiterals;
 namespace
 {
 [[noreturn]] void raise(const QString &what) { throw Failure(Failure::ItemNotFound, u"ReportData"_s, what); }
-
-QString quoted(const QString &name) { return u'"' + QString(name).replace(u'"', u"\"\""_s) + u'"'; }
 
 QString quotedText(const QString &text) { return u'\'' + QString(text).replace(u'\'', u"''"_s) + u'\''; }
 
@@ -40,7 +39,10 @@ public:
 private:
     static bool same(const QString &a, const QString &b) { return a.compare(b, Qt::CaseInsensitive) == 0; }
 
-    QString own(const QString &column) const { return quoted(definition_.table) + u'.' + quoted(column); }
+    QString own(const QString &column) const
+    {
+        return quotedName(definition_.table) + u'.' + quotedName(column);
+    }
 
     QString lookedUp(const ReportLookup &lookup, const QString &column)
     {
@@ -50,7 +52,7 @@ private:
             raise(u"The look-up of %1 names a field that isn't there: %2"_s.arg(lookup.table, missing));
         const QString other = lookup.field.isEmpty() ? quotedText(lookup.value) : own(lookup.field);
         return u"(SELECT %1 FROM %2 AS found WHERE found.%3 = %4 LIMIT 1) COLLATE MORVEX"_s.arg(
-            u"found."_s + quoted(column), quoted(lookup.table), quoted(lookup.key), other);
+            u"found."_s + quotedName(column), quotedName(lookup.table), quotedName(lookup.key), other);
     }
 
     // Whether the table has the column; without a column, whether there is the table.
@@ -106,7 +108,7 @@ ReportData::ReportData(const ReportDefinition &definition, const QString &databa
     connection.OpenReadOnly();
     Fields fields(definition, connection);
 
-    QString sql = u"SELECT "_s + shownFields(definition, fields) + u" FROM "_s + quoted(definition.table);
+    QString sql = u"SELECT "_s + shownFields(definition, fields) + u" FROM "_s + quotedName(definition.table);
     const SelectionCondition condition = compileSelection(
         selection, [&](const QString &table, const QString &column) { return fields.sql(table, column); });
     if (!condition.sql.isEmpty()) sql += u" WHERE "_s + condition.sql;

@@ -422,6 +422,13 @@ bool ReportRow::grows() const
     return std::any_of(elements.begin(), elements.end(), [](const ReportElement &e) { return e.grows; });
 }
 
+bool ReportRow::onlyDrawn() const
+{
+    return !elements.empty() && std::all_of(elements.begin(), elements.end(), [](const ReportElement &e) {
+        return e.kind == ReportElement::Line || e.kind == ReportElement::Box;
+    });
+}
+
 double ReportBand::rowsHeight() const
 {
     return std::accumulate(rows.begin(), rows.end(), 0.0,

@@ -40,6 +40,7 @@ struct ReportRow {
     double from = 0;       // begins no nearer than this to the beginning of its band
     bool closesUp = false; // takes no room when all its fields are empty
     bool grows() const;
+    bool onlyDrawn() const; // lines or boxes, and neither a text nor a picture
     std::vector<ReportElement> elements;
 };
 

@@ -1,6 +1,7 @@
 #include "report/ReportLanguage.h"
 
 #include "platform/Caption.h"
+#include "report/QuotedName.h"
 #include "report/ReportDefinition.h"
 #include "store/Connection.h"
 
@@ -15,8 +16,6 @@ bool hasColumn(Connection &connection, const QString &table, const QString &colu
     return !rs.Eof();
 }
 
-QString quoted(const QString &name) { return u'"' + QString(name).replace(u'"', u"\"\""_s) + u'"'; }
-
 QString headOf(const QString &caption)
 {
     QString head = withoutMnemonic(caption).trimmed();
@@ -27,8 +26,8 @@ QString headOf(const QString &caption)
 // Empty for a text that is missing.
 QString textOf(Connection &connection, const ReportTexts &texts, const QString &language, int number)
 {
-    const QString sql = u"SELECT %1 AS said FROM %2 WHERE %3 = ?"_s.arg(quoted(language), quoted(texts.table),
-                                                                        quoted(texts.key));
+    const QString sql = u"SELECT %1 AS said FROM %2 WHERE %3 = ?"_s.arg(
+        quotedName(language), quotedName(texts.table), quotedName(texts.key));
     Recordset rs = connection.query(sql, {number});
     return rs.Eof() ? QString() : headOf(rs.Fields("said").textOrEmpty());
 }

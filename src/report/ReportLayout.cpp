@@ -46,6 +46,7 @@ private:
     void putNotice();
     bool fillBand(const ReportBand &band);
     bool fillRow(const ReportRow &row);
+    bool dropRow(const ReportRow &row);
     bool fillGrowingRow(const ReportRow &row);
     void putFixed(const ReportBand &band, double top);
 
@@ -127,10 +128,18 @@ bool ReportLayout::Sheet::fillRow(const ReportRow &row)
 {
     if (layout_.closedUp(row, place_.band)) return true;
     if (row.grows()) return fillGrowingRow(row);
-    if (y_ > top_ && y_ + row.height > definition_.bodyHeight()) return false;
+    if (y_ > top_ && y_ + row.height > definition_.bodyHeight()) return dropRow(row);
     for (const ReportElement &element : row.elements)
         put(element, place_.band, y_);
     y_ += row.height;
+    return true;
+}
+
+// A rule belongs to what stands above it: alone on top of the next page it would part nothing.
+bool ReportLayout::Sheet::dropRow(const ReportRow &row)
+{
+    if (place_.row == 0 || !row.onlyDrawn()) return false;
+    y_ = definition_.bodyHeight();
     return true;
 }
 

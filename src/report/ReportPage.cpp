@@ -1,24 +1,29 @@
 #include "report/ReportPage.h"
 
-#include <QImageReader>
+#include "platform/Failure.h"
+#include "platform/Picture.h"
+
 #include <QPainter>
 
 namespace
 {
 QColor colourOf(unsigned colour) { return QColor::fromRgb(colour); }
 
-// The file's picture no larger than the area at a printer's usual density.
+// The file's picture no larger than the area at a printer's usual density; null where there is none.
 QImage pictureFor(const QString &file, const QSizeF &area)
 {
     constexpr double twipsPerDot = 1440.0 / 300;
-    if (file.isEmpty()) return {};
-    QImageReader reader(file);
-    reader.setAutoTransform(true);
-    const QSize dots = (area / twipsPerDot).toSize();
-    const QSize natural = reader.size();
-    if (natural.width() > dots.width() || natural.height() > dots.height())
-        reader.setScaledSize(natural.scaled(dots, Qt::KeepAspectRatio));
-    return reader.read();
+    QImage image;
+    if (file.isEmpty()) return image;
+    skipFailure([&] {
+        const Picture picture(file);
+        const QSize dots = (area / twipsPerDot).toSize();
+        const QSize natural = picture.naturalSize();
+        const bool fits = natural.width() <= dots.width() && natural.height() <= dots.height();
+        const QSize shown = fits ? natural : natural.scaled(dots, Qt::KeepAspectRatio);
+        image = picture.image(shown.expandedTo({1, 1}));
+    });
+    return image;
 }
 
 // As large as the area allows, but no larger than a screen shows it: a picture of few dots stays small rather

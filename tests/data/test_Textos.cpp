@@ -95,7 +95,6 @@ private Q_SLOTS:
                 numeros << numero;
         QCOMPARE(numeros.size(), 243);
         numeros << QList{49, 56, 72, 87, 256};
-        numeros << 284;
         std::sort(numeros.begin(), numeros.end());
         QCOMPARE(usos_.keys(), numeros);
         QCOMPARE(linhas_.size(), numeros.size());

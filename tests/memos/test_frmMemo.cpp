@@ -1,7 +1,7 @@
 // One note: its layout, its drags, its looks, and what of it stands in its row.
+#include "controls/Units.h"
 #include "memos/Arrastar.h"
 #include "memos/frmMemo.h"
-#include "controls/Units.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
@@ -44,6 +44,45 @@ struct UmaNota {
         nota->txtMemo->selectAll();
         QTest::keyClicks(nota->txtMemo, texto);
     }
+
+    Sistema s;
+    std::unique_ptr<frmMemo> nota;
+};
+
+// A database that takes notes but lists none, until it is mended.
+void Deixar_De_Listar(Sistema &s)
+{
+    s.Escrever(u"ALTER TABLE TblMemos RENAME TO Guardados"_s);
+    s.Escrever(
+        u"CREATE VIEW TblMemos AS SELECT * FROM Guardados WHERE abs(ID * 0 - 9223372036854775807 - 1) > 0"_s);
+    s.Escrever(
+        u"CREATE TRIGGER Aceitar INSTEAD OF INSERT ON TblMemos BEGIN INSERT INTO Guardados (Titulo, "
+        "Descricao, LeftForm, TopForm, Width, Height, FontName, FontSize, FontBold, FontItalic, "
+        "CorFundo, Utilizador) VALUES (NEW.Titulo, NEW.Descricao, NEW.LeftForm, NEW.TopForm, NEW.Width, "
+        "NEW.Height, NEW.FontName, NEW.FontSize, NEW.FontBold, NEW.FontItalic, NEW.CorFundo, "
+        "NEW.Utilizador); END"_s);
+}
+void Voltar_A_Listar(Sistema &s)
+{
+    s.Escrever(u"DROP VIEW TblMemos"_s);
+    s.Escrever(u"ALTER TABLE Guardados RENAME TO TblMemos"_s);
+}
+
+// A new note that is in the file, but could not learn as which row.
+struct UmaNotaSemNumero {
+    UmaNotaSemNumero()
+    {
+        s.Escrever(u"DELETE FROM TblMemos"_s);
+        Deixar_De_Listar(s);
+        nota = std::make_unique<frmMemo>(s.geral, s.plataforma);
+        s.geral.MemoFontName = u"Tahoma"_s;
+        s.geral.MemoFontSize = u"8,25"_s;
+        s.geral.MemoFontBold = s.geral.MemoFontItalic = u"False"_s;
+        s.geral.MemoCorFundo = u"65535"_s;
+        skipFailure([&] { nota->Criar(u"Compras"_s, {33, 43}); });
+        if (s.Linhas(u"SELECT Titulo FROM Guardados"_s) != QStringList{u"Compras"_s}) qFatal("no row");
+    }
+    QStringList Titulos() { return s.Linhas(u"SELECT Titulo, LeftForm FROM TblMemos ORDER BY ID"_s); }
 
     Sistema s;
     std::unique_ptr<frmMemo> nota;
@@ -510,6 +549,73 @@ private Q_SLOTS:
         Arrastar(*u.nota->LabelHV, {10, 10});
         QVERIFY(!u.nota->cmdPorGuardar->isVisible());
         QVERIFY(!u.nota->cmdGuardar->isVisible());
+    }
+
+    void uma_nota_que_nao_soube_o_seu_numero_nao_se_grava_outra_vez()
+    {
+        UmaNotaSemNumero u;
+        QVERIFY(u.nota->cmdPorGuardar->isVisible());
+        Arrastar(*u.nota->lblTitle, {40, 60});
+        Voltar_A_Listar(u.s);
+        QCOMPARE(u.Titulos(), QStringList{u"Compras|495"_s});
+        u.nota->cmdPorGuardar->click();
+        QCOMPARE(u.Titulos(), QStringList{u"Compras|1095"_s});
+        QVERIFY(!u.nota->cmdPorGuardar->isVisible());
+    }
+    void fechar_uma_nota_que_nao_soube_o_seu_numero_apaga_a_sua_linha()
+    {
+        UmaNotaSemNumero u;
+        Voltar_A_Listar(u.s);
+        u.s.caixas.Espera(u.s.Texto(111), 36, u"Morvex - Memo"_s, answer::yes);
+        u.nota.release()->cmdFechar->click();
+        QCOMPARE(u.Titulos(), QStringList());
+    }
+    void o_numero_que_se_pergunta_mais_tarde_nao_e_o_de_outra_nota()
+    {
+        UmaNotaSemNumero u;
+        Voltar_A_Listar(u.s);
+        frmMemo outra(u.s.geral, u.s.plataforma);
+        outra.Criar(u"Outra"_s, {333, 43});
+        Arrastar(*u.nota->lblTitle, {40, 60});
+        QCOMPARE(u.Titulos(), (QStringList{u"Compras|1095"_s, u"Outra|4995"_s}));
+    }
+    void uma_linha_que_ja_nao_ha_grava_se_de_novo()
+    {
+        UmaNotaSemNumero u;
+        Voltar_A_Listar(u.s);
+        u.s.Escrever(u"DELETE FROM TblMemos"_s);
+        u.nota->cmdPorGuardar->click();
+        QCOMPARE(u.Titulos(), QStringList{u"Compras|495"_s});
+    }
+
+    void a_marca_por_guardar_le_se_em_cada_largura_data()
+    {
+        QTest::addColumn<QString>("idioma");
+        QTest::addColumn<int>("largura");
+        for (const QString &idioma : {u"PortuguesPT"_s, u"AlemaoDE"_s})
+            for (const int largura : {10, 30, 60, 90, 120, 150, 185, 400})
+                QTest::addRow("%s %d", qPrintable(idioma), largura) << idioma << largura;
+    }
+    void a_marca_por_guardar_le_se_em_cada_largura()
+    {
+        QFETCH(QString, idioma);
+        QFETCH(int, largura);
+        Sistema s(Sistema::Estado::Semeado, idioma);
+        s.Escrever(u"DROP TABLE TblMemos"_s);
+        frmMemo nota(s.geral, s.plataforma);
+        nota.show();
+        nota.resize(largura, 93);
+        const QToolButton &marca = *nota.cmdPorGuardar;
+        QVERIFY(marca.isVisible());
+        QVERIFY(nota.rect().contains(marca.geometry()));
+        QVERIFY(!marca.text().isEmpty());
+        QVERIFY(marca.width() >= (largura >= 60 ? marca.sizeHint().width() : 1));
+        const bool inteira = marca.text() == marca.accessibleName();
+        QVERIFY(inteira || (largura < 150 && marca.text().endsWith(u'\u2026')) ||
+                (largura < 60 && marca.text() == u"!"_s));
+        QVERIFY(!marca.toolTip().isEmpty());
+        for (const QWidget *botao : {nota.cmdFonte, nota.cmdCor, nota.cmdFechar})
+            QVERIFY(!marca.geometry().intersects(botao->geometry()));
     }
 };
 

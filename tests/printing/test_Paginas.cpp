@@ -1,13 +1,13 @@
 // What the shipped definitions put on their pages when the dialogs run them over a real database: the text is
 // read back from a PDF of each page.
 #include "ComRelatorios.h"
+#include "printing/frmEnvelope.h"
+#include "printing/frmImprimir.h"
+#include "reminders/frmTarefas.h"
 #include "report/CrystalReport.h"
 #include "report/ReportPages.h"
 #include "report/ReportPreview.h"
 #include "report/ReportPrinting.h"
-#include "printing/frmEnvelope.h"
-#include "printing/frmImprimir.h"
-#include "reminders/frmTarefas.h"
 
 #include <QFontDatabase>
 #include <QProcess>
@@ -290,6 +290,9 @@ private Q_SLOTS:
                      {u"31-12-2027 09:05"_s, c.s.Texto(182), u"Gießen"_s,
                       c.s.Texto(181) + u' ' + c.s.Linhas(u"SELECT Nome FROM TblRepeticao WHERE ID=2"_s)[0],
                       u"01-02-2027 1/1"_s}}));
+        const ReportRows linhas = c.controlo.preview()->pages()->rows();
+        QCOMPARE(linhas.title, c.s.Texto(182));
+        QCOMPARE(linhas.heads.mid(0, 3), (QStringList{u"Datum"_s, u"Uhrzeit"_s, c.s.Texto(182)}));
     }
 };
 

@@ -188,6 +188,7 @@ private Q_SLOTS:
                         u"Imprimir"_s);
         Accionar(*controlo_->preview(), "print");
         QVERIFY(caixas_->Todas_Vistas());
+        QVERIFY(impressora_->historia.isEmpty());
     }
     void actualizar_diz_outra_vez_o_que_nao_cabe()
     {

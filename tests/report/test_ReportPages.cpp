@@ -183,6 +183,26 @@ private Q_SLOTS:
                  3);
     }
 
+    // Each record leaves 5 of its page's 10,000 twips for its rule of 10.
+    void um_traco_que_nao_cabe_nao_abre_outra_pagina_data()
+    {
+        QTest::addColumn<int>("registos");
+        QTest::newRow("no fim") << 1;
+        QTest::newRow("antes de outro registo") << 2;
+    }
+    void um_traco_que_nao_cabe_nao_abre_outra_pagina()
+    {
+        QFETCH(int, registos);
+        for (int i = 0; i < registos; ++i)
+            Juntar(u"a\nb"_s, {});
+        const QString faixa = u"<detail><row height='%1'><text width='5000' height='300' grow='yes'>{T.Nome}"
+                              "</text></row><row height='10'><line width='5000'/></row></detail>"_s;
+        const auto pages = Relatorio(faixa.arg(9995));
+        QCOMPARE(pages->count(), registos);
+        for (int page = 0; page < pages->count(); ++page)
+            QCOMPARE(pages->page(page).lines(), (QStringList{u"a"_s, u"b"_s}));
+    }
+
     void um_registo_que_nao_cabe_no_resto_passa_inteiro()
     {
         Juntar_Muitos(3);
@@ -361,6 +381,27 @@ private Q_SLOTS:
         QCOMPARE(folha.pixelColor(121, 188), QColor(Qt::red));
         QCOMPARE(folha.pixelColor(118, 180), QColor(Qt::white));
         QCOMPARE(folha.pixelColor(140, 192), QColor(Qt::white));
+    }
+
+    void um_desenho_da_lugar_a_imagem_de_reserva_data()
+    {
+        QTest::addColumn<QString>("ficheiro");
+        QTest::newRow("svg") << u"desenho.svg"_s;
+        QTest::newRow("com outro nome") << u"desenho.jpg"_s;
+    }
+    void um_desenho_da_lugar_a_imagem_de_reserva()
+    {
+        QFETCH(QString, ficheiro);
+        Guardar_Foto(400, 200);
+        QFile desenho(folder_.filePath(ficheiro));
+        QVERIFY(desenho.open(QIODevice::WriteOnly));
+        desenho.write("<svg xmlns='http://www.w3.org/2000/svg' width='400' height='200'>"
+                      "<rect width='400' height='200' fill='blue'/></svg>");
+        desenho.close();
+        Juntar(u"Ana"_s, {}, ficheiro);
+        const auto pages = Relatorio(u"<detail><row height='3000'><picture width='2000' height='2000' "
+                                     "fallback='foto.png'>{T.Foto}</picture></row></detail>"_s);
+        QCOMPARE(Pintar(*pages, 0, ReportPages::OnPaper).pixelColor(100, 190), QColor(Qt::red));
     }
 
     void o_que_esta_na_pagina_pode_perguntar_se()

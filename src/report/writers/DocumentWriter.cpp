@@ -21,9 +21,6 @@ struct Measures {
     TextMeasure head{officeFont(points, QFont::Bold)};
 };
 
-// A tab within a cell would move the cells behind it out of their columns.
-QString untabbed(QString text) { return text.replace(u'\t', u' '); }
-
 // What the format's own letters and whatever lies outside of the first 128 become. Every other blank of
 // several in a row is written by its number, for some readers widen two plain ones.
 void putText(QByteArray &document, QStringView text)

@@ -1,8 +1,9 @@
 #include "report/writers/OfficeFont.h"
 
+#include "report/ReportDefinition.h"
+
 QFont officeFont(int points, QFont::Weight weight)
 {
-    constexpr int twipsPerPoint = 20;
     QFont font;
     font.setFamilies({officeFontName(), QStringLiteral("Liberation Sans"), QStringLiteral("Arimo"),
                       QStringLiteral("Nimbus Sans")});

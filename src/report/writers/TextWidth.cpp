@@ -128,3 +128,5 @@ QStringList TextMeasure::lines(const QString &text, double width) const
 int textWidth(QStringView text) { return static_cast<int>(equalLetters().width(text)); }
 
 QStringList wrappedLines(const QString &text, int width) { return equalLetters().lines(text, width); }
+
+QString untabbed(QString text) { return text.replace(u'\t', u' '); }

@@ -42,3 +42,7 @@ private:
 // The same where all letters are equally wide.
 int textWidth(QStringView text);
 QStringList wrappedLines(const QString &text, int width);
+
+// With blanks for its tabs: one is as wide as each editor likes, and within a cell it would move the cells
+// behind it out of their columns.
+QString untabbed(QString text);

@@ -19,9 +19,6 @@ using Cells = std::vector<QString>;
 
 Cells cells(const QStringList &texts) { return {texts.begin(), texts.end()}; }
 
-// A tab is as wide as each editor likes.
-QString untabbed(QString text) { return text.replace(u'\t', u' '); }
-
 std::vector<ColumnNeed> needsOf(const ReportRows &rows)
 {
     const TextMeasure measure;
