@@ -58,7 +58,6 @@ Main::Main(Geral &geral, Platform &platform)
       CrystalReport1(Novo_Relatorio(geral, platform, *this)),
       relatorioDaTarefa_(Novo_Relatorio(geral, platform, *this))
 {
-    setupUi(this);
     Pintar(*PontoTarefas, cor_ponto_apagado);
     cartao_ = new CartaoContacto(*this, geral_, platform_);
     lista_ = new ListaContactos(*this, geral_, *cartao_);

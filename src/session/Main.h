@@ -2,10 +2,9 @@
 // them, runs the start and opens the forms; the rules lie with those classes.
 #pragma once
 
-#include "ui_Main.h"
+#include "janela/Janela.h"
 
 #include <memory>
-#include <QMainWindow>
 
 class Arranque;
 class CartaoContacto;
@@ -20,7 +19,7 @@ class ProcuraRapida;
 class SystemTray;
 struct Platform;
 
-class Main final : public QMainWindow, public Ui::Main
+class Main final : public Janela
 {
     Q_OBJECT
 public:

@@ -1,0 +1,5 @@
+#include "janela/Janela.h"
+
+Janela::Janela() { setupUi(this); }
+
+Janela::~Janela() = default;
