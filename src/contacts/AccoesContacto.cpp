@@ -6,12 +6,10 @@
 #include "contacts/LinhasLink.h"
 #include "contacts/ListaContactos.h"
 #include "contacts/WebsiteEmail.h"
+#include "controls/DisabledWindow.h"
 #include "data/Direitos.h"
 #include "data/Geral.h"
-#include "controls/Controls.h"
-#include "controls/DisabledWindow.h"
-#include "controls/ListBox.h"
-#include "controls/PictureLabel.h"
+#include "janela/Janela.h"
 #include "platform/Platform.h"
 
 #include <QAbstractButton>
@@ -25,7 +23,7 @@ namespace
 constexpr qint16 texto_deseja_eliminar = 54;
 } // namespace
 
-AccoesContacto::AccoesContacto(QWidget &janela, Geral &geral, Platform &platform, ListaContactos &lista,
+AccoesContacto::AccoesContacto(Janela &janela, Geral &geral, Platform &platform, ListaContactos &lista,
                                CartaoContacto &cartao)
     : QObject(&janela),
       geral_(geral),
@@ -33,32 +31,22 @@ AccoesContacto::AccoesContacto(QWidget &janela, Geral &geral, Platform &platform
       lista_(lista),
       cartao_(cartao),
       janela_(janela),
-      ListaNomes(control<ListBox>(janela, u"ListaNomes"_s)),
-      txtEmail1(control<QLineEdit>(janela, u"txtEmail1"_s)),
-      txtEmail2(control<QLineEdit>(janela, u"txtEmail2"_s)),
-      txtWebsite(control<QLineEdit>(janela, u"txtWebsite"_s))
+      ListaNomes(*janela.ListaNomes),
+      txtEmail1(*janela.txtEmail1),
+      txtEmail2(*janela.txtEmail2),
+      txtWebsite(*janela.txtWebsite)
 {
-    const auto clique = [&](const QString &botao, auto accao) {
-        connect(&control<QAbstractButton>(janela, botao), &QAbstractButton::clicked, this, accao);
-    };
-    clique(u"cmdEliminar"_s, &AccoesContacto::cmdEliminar_Click);
-    clique(u"cmdData"_s, &AccoesContacto::cmdData_Click);
+    connect(janela.cmdEliminar, &QAbstractButton::clicked, this, &AccoesContacto::cmdEliminar_Click);
+    connect(janela.cmdData, &QAbstractButton::clicked, this, &AccoesContacto::cmdData_Click);
     // Every other way presses the button, so a disabled one bars them all.
-    for (const auto &comando : {u"EliminarContacto"_s, u"eliminar_contacto"_s, u"RightClickEliminar"_s})
-        connect(&control<QAction>(janela, comando), &QAction::triggered,
-                &control<QAbstractButton>(janela, u"cmdEliminar"_s), &QAbstractButton::click);
-    for (const auto &comando : {u"Email"_s, u"enviar_email"_s, u"RightClickEmail"_s})
-        Ligar(comando, &AccoesContacto::Email_Click);
-    for (const auto &comando : {u"Website"_s, u"visitar_website"_s, u"RightClickWebsite"_s})
-        Ligar(comando, &AccoesContacto::Website_Click);
+    for (QAction *comando : {janela.EliminarContacto, janela.eliminar_contacto, janela.RightClickEliminar})
+        connect(comando, &QAction::triggered, janela.cmdEliminar, &QAbstractButton::click);
+    for (QAction *comando : {janela.Email, janela.enviar_email, janela.RightClickEmail})
+        connect(comando, &QAction::triggered, this, &AccoesContacto::Email_Click);
+    for (QAction *comando : {janela.Website, janela.visitar_website, janela.RightClickWebsite})
+        connect(comando, &QAction::triggered, this, &AccoesContacto::Website_Click);
     connect(new LinhasLink(janela, geral), &LinhasLink::Clicada, this, &AccoesContacto::Linha_Click);
-    connect(&control<PictureLabel>(janela, u"Thumb"_s), &PictureLabel::Click, this,
-            &AccoesContacto::Thumb_Click);
-}
-
-void AccoesContacto::Ligar(const QString &comando, void (AccoesContacto::*accao)())
-{
-    connect(&control<QAction>(janela_, comando), &QAction::triggered, this, accao);
+    connect(janela.Thumb, &PictureLabel::Click, this, &AccoesContacto::Thumb_Click);
 }
 
 // The selection is lost, and the card stays empty unless one contact remains.

@@ -7,18 +7,17 @@
 
 class CartaoContacto;
 class Geral;
+class Janela;
 class ListaContactos;
 class ListBox;
 class QLineEdit;
-class QWidget;
 struct Platform;
 
 class AccoesContacto final : public QObject
 {
     Q_OBJECT
 public:
-    // The window must hold every control that is named below; it owns them.
-    AccoesContacto(QWidget &janela, Geral &geral, Platform &platform, ListaContactos &lista,
+    AccoesContacto(Janela &janela, Geral &geral, Platform &platform, ListaContactos &lista,
                    CartaoContacto &cartao);
 
 private:
@@ -30,13 +29,12 @@ private:
     void cmdData_Click();
 
     bool Confirma_Eliminar(int linha);
-    void Ligar(const QString &comando, void (AccoesContacto::*accao)());
 
     Geral &geral_;
     Platform &platform_;
     ListaContactos &lista_;
     CartaoContacto &cartao_;
-    QWidget &janela_;
+    Janela &janela_;
     ListBox &ListaNomes;
     QLineEdit &txtEmail1, &txtEmail2, &txtWebsite;
 };

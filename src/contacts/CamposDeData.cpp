@@ -1,8 +1,7 @@
 #include "contacts/CamposDeData.h"
 
-#include "platform/Clock.h"
-#include "controls/Controls.h"
 #include "controls/Units.h"
+#include "platform/Clock.h"
 
 #include <algorithm>
 #include <QCalendarWidget>
@@ -58,14 +57,14 @@ bool Tecla(const QEvent &evento)
 }
 } // namespace
 
-CamposDeData::CamposDeData(QDialog &form, const Clock &clock)
+CamposDeData::CamposDeData(QDialog &form, const Controlos &controlos, const Clock &clock)
     : QObject(&form),
       form_(form),
       clock_(clock),
-      txtDia(control<QLineEdit>(form, u"txtDia"_s)),
-      txtMes(control<QLineEdit>(form, u"txtMes"_s)),
-      txtAno(control<QLineEdit>(form, u"txtAno"_s)),
-      Calendario(control<QCalendarWidget>(form, u"Calendario"_s)),
+      txtDia(controlos.txtDia),
+      txtMes(controlos.txtMes),
+      txtAno(controlos.txtAno),
+      Calendario(controlos.Calendario),
       campos_{{&txtDia, 400, "nao", 0, &QDate::day, Com_Dia},
               {&txtMes, 1440, "nao", 0, &QDate::month, Com_Mes},
               {&txtAno, 2400, "sim", 1768, &QDate::year, Com_Ano}},

@@ -16,9 +16,14 @@ class CamposDeData final : public QObject
 {
     Q_OBJECT
 public:
-    // The form must hold txtDia, txtMes, txtAno and Calendario; it owns them. While the calendar is to be
-    // seen the form is higher than at other times.
-    CamposDeData(QDialog &form, const Clock &clock);
+    // The fields of the form, which owns them, and their calendar.
+    struct Controlos {
+        QLineEdit &txtDia, &txtMes, &txtAno;
+        QCalendarWidget &Calendario;
+    };
+
+    // While the calendar is to be seen the form is higher than at other times.
+    CamposDeData(QDialog &form, const Controlos &controlos, const Clock &clock);
 
     // The calendar in that language, on today.
     void Carregar(const QLocale &lingua);

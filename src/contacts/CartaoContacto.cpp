@@ -3,13 +3,11 @@
 #include "contacts/Fotografia.h"
 #include "contacts/Idade.h"
 #include "contacts/LinhasCartao.h"
-#include "data/Geral.h"
-#include "controls/Controls.h"
-#include "platform/Failure.h"
-#include "controls/IconLabel.h"
-#include "controls/ListBox.h"
-#include "platform/Platform.h"
 #include "controls/Units.h"
+#include "data/Geral.h"
+#include "janela/Janela.h"
+#include "platform/Failure.h"
+#include "platform/Platform.h"
 
 #include <algorithm>
 #include <limits>
@@ -51,21 +49,19 @@ bool Tem_Texto(const QWidget &caixa)
 }
 } // namespace
 
-CartaoContacto::CartaoContacto(QWidget &janela, Geral &geral, Platform &platform)
+CartaoContacto::CartaoContacto(Janela &janela, Geral &geral, Platform &platform)
     : QObject(&janela),
       geral_(geral),
       platform_(platform),
       janela_(janela),
-      ListaNomes(control<ListBox>(janela, u"ListaNomes"_s)),
-      txtAniversario(control<QLineEdit>(janela, u"txtAniversario"_s)),
-      txtIdade(control<QLineEdit>(janela, u"txtIdade"_s)),
-      Thumb(control<QLabel>(janela, u"Thumb"_s))
+      ListaNomes(*janela.ListaNomes),
+      txtAniversario(*janela.txtAniversario),
+      txtIdade(*janela.txtIdade),
+      Thumb(*janela.Thumb)
 {
     for (const cartao::Linha &linha : cartao::linhas)
-        linhas_.push_back({&linha, &control<QWidget>(janela, QLatin1StringView(linha.caixa)),
-                           linha.imagem == nullptr
-                               ? nullptr
-                               : &control<IconLabel>(janela, QLatin1StringView(linha.imagem))});
+        linhas_.push_back(
+            {&linha, linha.caixa(janela), linha.imagem == nullptr ? nullptr : janela.*linha.imagem});
     connect(&ListaNomes, &ListBox::Click, this, &CartaoContacto::Mostrar_Card);
 }
 
@@ -153,17 +149,22 @@ void CartaoContacto::Terminar_Card(Recordset &rs)
     Permitir_Editar_E_Eliminar(true);
     Dispor_Linhas(rs);
     rs.Close();
-    for (const auto &comando : {u"Anterior"_s, u"Seguinte"_s, u"cima"_s, u"baixo"_s})
-        control<QAction>(janela_, comando).setEnabled(true);
+    Permitir_Percorrer(true);
 }
 
 void CartaoContacto::Permitir_Editar_E_Eliminar(bool permitido)
 {
-    for (const auto &botao : {u"cmdEditar"_s, u"cmdEliminar"_s})
-        control<QWidget>(janela_, botao).setEnabled(permitido);
-    for (const auto &comando :
-         {u"EliminarContacto"_s, u"EditarContacto"_s, u"eliminar_contacto"_s, u"editar_contacto"_s})
-        control<QAction>(janela_, comando).setEnabled(permitido);
+    for (QAbstractButton *botao : {janela_.cmdEditar, janela_.cmdEliminar})
+        botao->setEnabled(permitido);
+    for (QAction *comando : {janela_.EliminarContacto, janela_.EditarContacto, janela_.eliminar_contacto,
+                             janela_.editar_contacto})
+        comando->setEnabled(permitido);
+}
+
+void CartaoContacto::Permitir_Percorrer(bool permitido)
+{
+    for (QAction *comando : {janela_.Anterior, janela_.Seguinte, janela_.cima, janela_.baixo})
+        comando->setEnabled(permitido);
 }
 
 void CartaoContacto::Dispor_Linhas(Recordset &rs)
@@ -220,8 +221,8 @@ void CartaoContacto::Ligar_Comandos()
                 comandos.se == cartao::Mostra::SeTexto ? Tem_Texto(*outra.caixa) : !outra.caixa->isHidden();
             return outra.desenho->comandos.menu == comandos.menu && chama;
         });
-        for (const char *comando : {comandos.menu, comandos.botao, comandos.direito})
-            control<QAction>(janela_, QLatin1StringView(comando)).setEnabled(ligados);
+        for (const auto comando : {comandos.menu, comandos.botao, comandos.direito})
+            (janela_.*comando)->setEnabled(ligados);
     }
 }
 
@@ -235,8 +236,7 @@ void CartaoContacto::Limpar()
     Permitir_Editar_E_Eliminar(false);
     for (const Linha &linha : linhas_)
         if (const cartao::Comandos &comandos = linha.desenho->comandos; comandos.menu != nullptr)
-            for (const char *comando : {comandos.menu, comandos.botao}) // the list has no menu without a row
-                control<QAction>(janela_, QLatin1StringView(comando)).setEnabled(false);
-    for (const auto &comando : {u"Anterior"_s, u"Seguinte"_s, u"cima"_s, u"baixo"_s})
-        control<QAction>(janela_, comando).setEnabled(false);
+            for (const auto comando : {comandos.menu, comandos.botao}) // the list has no menu without a row
+                (janela_.*comando)->setEnabled(false);
+    Permitir_Percorrer(false);
 }

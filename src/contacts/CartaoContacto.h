@@ -9,6 +9,7 @@
 
 class Geral;
 class IconLabel;
+class Janela;
 class ListBox;
 class QLabel;
 class QLineEdit;
@@ -24,8 +25,7 @@ class CartaoContacto final : public QObject
 {
     Q_OBJECT
 public:
-    // The window must hold every control that is named below; it owns them.
-    CartaoContacto(QWidget &janela, Geral &geral, Platform &platform);
+    CartaoContacto(Janela &janela, Geral &geral, Platform &platform);
 
     // Shows the contact of the list's row: the list's click. What goes wrong before the picture is told in
     // one message and leaves the card as far as it got; a contact that was found can be edited and deleted
@@ -60,6 +60,7 @@ private:
     void Mostrar_Foto(const QString &Fotografia);
     void Terminar_Card(Recordset &rs);
     void Permitir_Editar_E_Eliminar(bool permitido);
+    void Permitir_Percorrer(bool permitido);
 
     void Dispor_Linhas(Recordset &rs);
     void Ligar_Comandos();
@@ -69,7 +70,7 @@ private:
 
     Geral &geral_;
     Platform &platform_;
-    QWidget &janela_;
+    Janela &janela_;
 
     ListBox &ListaNomes;
     QLineEdit &txtAniversario, &txtIdade;

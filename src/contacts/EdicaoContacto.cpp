@@ -1,11 +1,11 @@
 #include "contacts/EdicaoContacto.h"
 
 #include "contacts/frmAddEdit.h"
+#include "controls/DisabledWindow.h"
 #include "data/Direitos.h"
 #include "data/Geral.h"
-#include "controls/Controls.h"
-#include "controls/DisabledWindow.h"
-#include "controls/ListBox.h"
+#include "janela/Janela.h"
+#include "platform/Caption.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -18,21 +18,18 @@ constexpr qint16 texto_novo_contacto = 26;
 constexpr qint16 texto_editar_contacto = 53;
 } // namespace
 
-EdicaoContacto::EdicaoContacto(QWidget &janela, Geral &geral, Platform &platform, ListaContactos &lista)
+EdicaoContacto::EdicaoContacto(Janela &janela, Geral &geral, Platform &platform, ListaContactos &lista)
     : QObject(&janela), janela_(janela), geral_(geral), platform_(platform), lista_(lista)
 {
-    auto &cmdNovo = control<QAbstractButton>(janela, u"cmdNovo"_s);
-    auto &cmdEditar = control<QAbstractButton>(janela, u"cmdEditar"_s);
-    connect(&cmdNovo, &QAbstractButton::clicked, this, &EdicaoContacto::cmdNovo_Click);
-    connect(&cmdEditar, &QAbstractButton::clicked, this, &EdicaoContacto::cmdEditar_Click);
+    connect(janela.cmdNovo, &QAbstractButton::clicked, this, &EdicaoContacto::cmdNovo_Click);
+    connect(janela.cmdEditar, &QAbstractButton::clicked, this, &EdicaoContacto::cmdEditar_Click);
 
     // Every other way presses the button, so a disabled one bars them all.
-    for (const auto &nome : {u"NovoContacto"_s, u"novo_contacto"_s})
-        connect(&control<QAction>(janela, nome), &QAction::triggered, &cmdNovo, &QAbstractButton::click);
-    for (const auto &nome : {u"EditarContacto"_s, u"editar_contacto"_s, u"RightClickEditar"_s})
-        connect(&control<QAction>(janela, nome), &QAction::triggered, &cmdEditar, &QAbstractButton::click);
-    connect(&control<ListBox>(janela, u"ListaNomes"_s), &ListBox::DblClick, &cmdEditar,
-            &QAbstractButton::click);
+    for (QAction *comando : {janela.NovoContacto, janela.novo_contacto})
+        connect(comando, &QAction::triggered, janela.cmdNovo, &QAbstractButton::click);
+    for (QAction *comando : {janela.EditarContacto, janela.editar_contacto, janela.RightClickEditar})
+        connect(comando, &QAction::triggered, janela.cmdEditar, &QAbstractButton::click);
+    connect(janela.ListaNomes, &ListBox::DblClick, janela.cmdEditar, &QAbstractButton::click);
 }
 
 void EdicaoContacto::cmdNovo_Click()

@@ -5,16 +5,15 @@
 #include <QObject>
 
 class Geral;
+class Janela;
 class ListaContactos;
-class QWidget;
 struct Platform;
 
 class EdicaoContacto final : public QObject
 {
     Q_OBJECT
 public:
-    // The window must hold the commands and the controls of the contact list; it owns them.
-    EdicaoContacto(QWidget &janela, Geral &geral, Platform &platform, ListaContactos &lista);
+    EdicaoContacto(Janela &janela, Geral &geral, Platform &platform, ListaContactos &lista);
 
 Q_SIGNALS:
     // There is no group that a contact could belong to: the form that makes one is wanted, modally.
@@ -25,7 +24,7 @@ private:
     void cmdEditar_Click();
     void Abrir(const QString &ModoContacto, qint16 titulo);
 
-    QWidget &janela_;
+    Janela &janela_;
     Geral &geral_;
     Platform &platform_;
     ListaContactos &lista_;

@@ -3,11 +3,11 @@
 #include "contacts/frmDeleteGroup.h"
 #include "contacts/frmEditGroup.h"
 #include "contacts/frmNovoGrupo.h"
-#include "data/Direitos.h"
-#include "data/Geral.h"
-#include "controls/Controls.h"
 #include "controls/DisabledWindow.h"
 #include "controls/ModalForm.h"
+#include "data/Direitos.h"
+#include "data/Geral.h"
+#include "janela/Janela.h"
 #include "platform/Platform.h"
 
 #include <QAction>
@@ -15,15 +15,12 @@
 
 using namespace Qt::StringLiterals;
 
-Grupos::Grupos(QWidget &janela, Geral &geral, Platform &platform, ListaContactos &lista)
+Grupos::Grupos(Janela &janela, Geral &geral, Platform &platform, ListaContactos &lista)
     : QObject(&janela), janela_(janela), geral_(geral), platform_(platform), lista_(lista)
 {
-    const auto ligar = [&](const QString &entrada, void (Grupos::*accao)()) {
-        connect(&control<QAction>(janela, entrada), &QAction::triggered, this, accao);
-    };
-    ligar(u"CriarGrupos"_s, &Grupos::CriarGrupos_Click);
-    ligar(u"EditarGrupos"_s, &Grupos::EditarGrupos_Click);
-    ligar(u"EliminarGrupos"_s, &Grupos::EliminarGrupos_Click);
+    connect(janela.CriarGrupos, &QAction::triggered, this, &Grupos::CriarGrupos_Click);
+    connect(janela.EditarGrupos, &QAction::triggered, this, &Grupos::EditarGrupos_Click);
+    connect(janela.EliminarGrupos, &QAction::triggered, this, &Grupos::EliminarGrupos_Click);
 }
 
 void Grupos::CriarGrupos_Click()

@@ -4,17 +4,16 @@
 #include <QObject>
 
 class Geral;
+class Janela;
 class ListaContactos;
 class QDialog;
-class QWidget;
 struct Platform;
 
 class Grupos final : public QObject
 {
     Q_OBJECT
 public:
-    // The window must hold the menu entries CriarGrupos, EditarGrupos and EliminarGrupos.
-    Grupos(QWidget &janela, Geral &geral, Platform &platform, ListaContactos &lista);
+    Grupos(Janela &janela, Geral &geral, Platform &platform, ListaContactos &lista);
 
     // The form of a new group, modally. Asks for no right.
     void Mostrar_frmNovoGrupo();
@@ -32,7 +31,7 @@ private:
     bool Tem_Direito_A_Grupos();
     void Criar_Utilizador(QDialog &form);
 
-    QWidget &janela_;
+    Janela &janela_;
     Geral &geral_;
     Platform &platform_;
     ListaContactos &lista_;

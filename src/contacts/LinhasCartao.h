@@ -3,6 +3,7 @@
 #pragma once
 
 #include "contacts/DisposicaoCartao.h"
+#include "janela/Janela.h"
 
 #include <array>
 
@@ -25,16 +26,20 @@ enum class Lado { Seguinte, Direito }; // the next slot, or the next one of the 
 // Three ways to one command: main menu, toolbar, right-click menu. They are enabled while a row that has them
 // shows, or has a text.
 struct Comandos {
-    const char *menu = nullptr;
-    const char *botao = nullptr;
-    const char *direito = nullptr;
+    QAction *Ui::Main::*menu = nullptr;
+    QAction *Ui::Main::*botao = nullptr;
+    QAction *Ui::Main::*direito = nullptr;
     Mostra se = Mostra::SeColuna;
 };
 
+// The box of a row, of whatever kind: the member of the window's form that it is.
+using Caixa = QWidget *(*)(const Ui::Main &);
+template<auto membro> QWidget *caixa(const Ui::Main &janela) { return janela.*membro; }
+
 struct Linha {
     const char *coluna; // null: the card works out the text
-    const char *caixa;
-    const char *imagem;                   // null: none
+    Caixa caixa;
+    IconLabel *Ui::Main::*imagem;         // null: none
     int afastamento = afastamento_normal; // from the icon's left to the box's, in twips
     Enche enche = Enche::AntesDaData;
     Mostra mostra = Mostra::SeColuna;
@@ -45,52 +50,59 @@ struct Linha {
     short dica = 0; // a link: the text of its tip, before the address
 };
 
-constexpr Comandos escrever{"Email", "enviar_email", "RightClickEmail", Mostra::SeTexto};
-constexpr Comandos visitar{"Website", "visitar_website", "RightClickWebsite"};
+constexpr Comandos escrever{&Ui::Main::Email, &Ui::Main::enviar_email, &Ui::Main::RightClickEmail,
+                            Mostra::SeTexto};
+constexpr Comandos visitar{&Ui::Main::Website, &Ui::Main::visitar_website, &Ui::Main::RightClickWebsite};
 constexpr short texto_enviar_email = 55;
 constexpr short texto_visitar = 56;
 
 constexpr std::array linhas{
-    Linha{"Telefone1", "txtTelefone1", "imgTelefone1"},
-    Linha{"Telefone2", "txtTelefone2", "imgTelefone2"},
-    Linha{"Fax", "txtFax", "imgFax"},
-    Linha{"Telemovel1", "txtTelemovel1", "imgTelemovel1", afastamento_telemovel},
-    Linha{"Telemovel2", "txtTelemovel2", "imgTelemovel2", afastamento_telemovel},
-    Linha{"Telemovel3", "txtTelemovel3", "imgTelemovel3", afastamento_telemovel},
+    Linha{"Telefone1", caixa<&Ui::Main::txtTelefone1>, &Ui::Main::imgTelefone1},
+    Linha{"Telefone2", caixa<&Ui::Main::txtTelefone2>, &Ui::Main::imgTelefone2},
+    Linha{"Fax", caixa<&Ui::Main::txtFax>, &Ui::Main::imgFax},
+    Linha{"Telemovel1", caixa<&Ui::Main::txtTelemovel1>, &Ui::Main::imgTelemovel1, afastamento_telemovel},
+    Linha{"Telemovel2", caixa<&Ui::Main::txtTelemovel2>, &Ui::Main::imgTelemovel2, afastamento_telemovel},
+    Linha{"Telemovel3", caixa<&Ui::Main::txtTelemovel3>, &Ui::Main::imgTelemovel3, afastamento_telemovel},
     Linha{.coluna = "Email1",
-          .caixa = "txtEmail1",
-          .imagem = "imgEmail1",
+          .caixa = caixa<&Ui::Main::txtEmail1>,
+          .imagem = &Ui::Main::imgEmail1,
           .enche = Enche::DepoisDaData,
           .comandos = escrever,
           .dica = texto_enviar_email},
     Linha{.coluna = "Email2",
-          .caixa = "txtEmail2",
-          .imagem = "imgEmail2",
+          .caixa = caixa<&Ui::Main::txtEmail2>,
+          .imagem = &Ui::Main::imgEmail2,
           .enche = Enche::DepoisDaData,
           .comandos = escrever,
           .dica = texto_enviar_email},
     Linha{.coluna = "Website",
-          .caixa = "txtWebsite",
-          .imagem = "imgWebsite",
+          .caixa = caixa<&Ui::Main::txtWebsite>,
+          .imagem = &Ui::Main::imgWebsite,
           .enche = Enche::DepoisDaData,
           .comandos = visitar,
           .dica = texto_visitar},
-    Linha{.coluna = "NomeGrupo", .caixa = "txtGrupo", .imagem = "imgGrupo", .mostra = Mostra::Sempre},
-    Linha{.coluna = "Dia", .caixa = "txtAniversario", .imagem = "imgAniversario", .enche = Enche::PeloCartao},
+    Linha{.coluna = "NomeGrupo",
+          .caixa = caixa<&Ui::Main::txtGrupo>,
+          .imagem = &Ui::Main::imgGrupo,
+          .mostra = Mostra::Sempre},
+    Linha{.coluna = "Dia",
+          .caixa = caixa<&Ui::Main::txtAniversario>,
+          .imagem = &Ui::Main::imgAniversario,
+          .enche = Enche::PeloCartao},
     Linha{.coluna = nullptr,
-          .caixa = "txtIdade",
+          .caixa = caixa<&Ui::Main::txtIdade>,
           .imagem = nullptr,
           .enche = Enche::PeloCartao,
           .mostra = Mostra::SeTexto},
     Linha{.coluna = "Morada",
-          .caixa = "txtMorada",
-          .imagem = "imgMorada",
+          .caixa = caixa<&Ui::Main::txtMorada>,
+          .imagem = &Ui::Main::imgMorada,
           .enche = Enche::DepoisDaData,
           .lado = Lado::Direito,
           .linhas = linhas_da_morada},
     Linha{.coluna = "Obs",
-          .caixa = "txtObs",
-          .imagem = "imgObservacoes",
+          .caixa = caixa<&Ui::Main::txtObs>,
+          .imagem = &Ui::Main::imgObservacoes,
           .enche = Enche::DepoisDaData,
           .lado = Lado::Direito,
           .ate_ao_fundo = true},

@@ -2,8 +2,7 @@
 
 #include "contacts/LinhasCartao.h"
 #include "data/Geral.h"
-#include "controls/Controls.h"
-#include "controls/ListBox.h"
+#include "platform/Caption.h"
 
 #include <algorithm>
 #include <QApplication>
@@ -71,15 +70,14 @@ bool Perde_As_Teclas(const QEvent &event)
 }
 } // namespace
 
-LinhasLink::LinhasLink(QWidget &janela, Geral &geral) : QObject(&janela), geral_(geral)
+LinhasLink::LinhasLink(Janela &janela, Geral &geral) : QObject(&janela), geral_(geral)
 {
     for (const cartao::Linha &linha : cartao::linhas)
-        if (linha.dica != 0)
-            linhas_.push_back({&control<QLineEdit>(janela, QLatin1StringView(linha.caixa)), linha.dica});
+        if (linha.dica != 0) linhas_.push_back({static_cast<QLineEdit *>(linha.caixa(janela)), linha.dica});
     for (const Linha &linha : linhas_)
         linha.caixa->installEventFilter(this);
     QWidget *formulario = linhas_.front().caixa->parentWidget();
-    for (QWidget *fora : {formulario, control<ListBox>(janela, u"ListaNomes"_s).viewport()}) {
+    for (QWidget *fora : {formulario, janela.ListaNomes->viewport()}) {
         fora->setMouseTracking(true);
         fora->installEventFilter(this);
     }

@@ -8,15 +8,14 @@
 #include <vector>
 
 class Geral;
+class Janela;
 class QLineEdit;
-class QWidget;
 
 class LinhasLink final : public QObject
 {
     Q_OBJECT
 public:
-    // The window must hold the rows of the card that are links, and ListaNomes; it owns them.
-    LinhasLink(QWidget &janela, Geral &geral);
+    LinhasLink(Janela &janela, Geral &geral);
 
     bool eventFilter(QObject *alvo, QEvent *event) override;
 

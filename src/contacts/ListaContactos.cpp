@@ -3,10 +3,8 @@
 #include "contacts/CartaoContacto.h"
 #include "contacts/Preencher_Grupos.h"
 #include "data/Geral.h"
-#include "controls/ComboBox.h"
-#include "controls/Controls.h"
+#include "janela/Janela.h"
 #include "platform/Failure.h"
-#include "controls/ListBox.h"
 
 #include <QLabel>
 
@@ -24,14 +22,14 @@ void Acrescentar(ListBox &lista, const QString &nome, int id)
 }
 } // namespace
 
-ListaContactos::ListaContactos(QWidget &janela, Geral &geral, CartaoContacto &cartao)
+ListaContactos::ListaContactos(Janela &janela, Geral &geral, CartaoContacto &cartao)
     : QObject(&janela),
       geral_(geral),
       cartao_(cartao),
-      ListaNomes(control<ListBox>(janela, u"ListaNomes"_s)),
-      ListaNomes2(control<ListBox>(janela, u"ListaNomes2"_s)),
-      ComboGrupos(control<ComboBox>(janela, u"ComboGrupos"_s)),
-      lblContador(control<QLabel>(janela, u"lblContador"_s))
+      ListaNomes(*janela.ListaNomes),
+      ListaNomes2(*janela.ListaNomes2),
+      ComboGrupos(*janela.ComboGrupos),
+      lblContador(*janela.lblContador)
 {
     connect(&ComboGrupos, &ComboBox::Click, this, &ListaContactos::Carregar_Tabela);
 }

@@ -10,17 +10,16 @@
 class CartaoContacto;
 class ComboBox;
 class Geral;
+class Janela;
 class ListBox;
 class QLabel;
-class QWidget;
 class Recordset;
 
 class ListaContactos final : public QObject
 {
     Q_OBJECT
 public:
-    // The window must hold the controls ListaNomes, ListaNomes2, ComboGrupos and lblContador; it owns them.
-    ListaContactos(QWidget &janela, Geral &geral, CartaoContacto &cartao);
+    ListaContactos(Janela &janela, Geral &geral, CartaoContacto &cartao);
 
     // Reads the names of the chosen group anew, always from empty. A single contact is selected and shown, of
     // two or more none. Raises Failure where a command fails or the picture for want of one is missing.

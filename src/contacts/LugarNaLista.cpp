@@ -2,9 +2,7 @@
 
 #include "contacts/ListaContactos.h"
 #include "data/Geral.h"
-#include "controls/ComboBox.h"
-#include "controls/Controls.h"
-#include "controls/ListBox.h"
+#include "janela/Janela.h"
 
 using namespace Qt::StringLiterals;
 
@@ -18,12 +16,12 @@ int Linha_Com(const ListBox &lista, int id)
 }
 } // namespace
 
-LugarNaLista::LugarNaLista(QWidget &janela, Geral &geral, ListaContactos &lista)
+LugarNaLista::LugarNaLista(Janela &janela, Geral &geral, ListaContactos &lista)
     : geral_(geral),
       lista_(lista),
-      ListaNomes(control<ListBox>(janela, u"ListaNomes"_s)),
-      ListaNomes2(control<ListBox>(janela, u"ListaNomes2"_s)),
-      ComboGrupos(control<ComboBox>(janela, u"ComboGrupos"_s))
+      ListaNomes(*janela.ListaNomes),
+      ListaNomes2(*janela.ListaNomes2),
+      ComboGrupos(*janela.ComboGrupos)
 {
 }
 

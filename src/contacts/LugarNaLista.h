@@ -4,16 +4,15 @@
 
 class ComboBox;
 class Geral;
+class Janela;
 class ListaContactos;
 class ListBox;
 class QString;
-class QWidget;
 
 class LugarNaLista
 {
 public:
-    // The window must hold the controls ListaNomes, ListaNomes2 and ComboGrupos; it owns them.
-    LugarNaLista(QWidget &janela, Geral &geral, ListaContactos &lista);
+    LugarNaLista(Janela &janela, Geral &geral, ListaContactos &lista);
 
     // The row on which a name will fall once it is added to that group. If the filter shows another group it
     // goes back to all groups first, so that the contact will be listed.

@@ -6,15 +6,14 @@
 
 class frmProcurar;
 class Geral;
-class QWidget;
+class Janela;
 struct Platform;
 
 class Pesquisa final : public QObject
 {
     Q_OBJECT
 public:
-    // The window must hold ListaNomes and the entries procurar and SystemTrayProcurar; it owns them.
-    Pesquisa(QWidget &janela, Geral &geral, Platform &platform);
+    Pesquisa(Janela &janela, Geral &geral, Platform &platform);
     ~Pesquisa() override;
 
 Q_SIGNALS:
@@ -26,6 +25,6 @@ private:
 
     Geral &geral_;
     Platform &platform_;
-    QWidget &janela_;
+    Janela &janela_;
     std::unique_ptr<frmProcurar> form_; // made at its first use
 };

@@ -2,8 +2,7 @@
 
 #include "contacts/ListaContactos.h"
 #include "data/Geral.h"
-#include "controls/Controls.h"
-#include "controls/ListBox.h"
+#include "janela/Janela.h"
 #include "platform/Platform.h"
 
 #include <algorithm>
@@ -35,16 +34,16 @@ bool Comeca_Por(const QString &nome, QStringView texto, qsizetype comprimento)
 }
 } // namespace
 
-ProcuraRapida::ProcuraRapida(QWidget &janela, Geral &geral, Platform &platform, ListaContactos &lista)
+ProcuraRapida::ProcuraRapida(Janela &janela, Geral &geral, Platform &platform, ListaContactos &lista)
     : QObject(&janela),
       geral_(geral),
       platform_(platform),
       lista_(lista),
       janela_(janela),
-      txtProcura(control<QLineEdit>(janela, u"txtProcura"_s)),
-      ListaNomes(control<ListBox>(janela, u"ListaNomes"_s)),
-      cmdEditar(control<QAbstractButton>(janela, u"cmdEditar"_s)),
-      cmdEliminar(control<QAbstractButton>(janela, u"cmdEliminar"_s))
+      txtProcura(*janela.txtProcura),
+      ListaNomes(*janela.ListaNomes),
+      cmdEditar(*janela.cmdEditar),
+      cmdEliminar(*janela.cmdEliminar)
 {
     connect(&txtProcura, &QLineEdit::textChanged, this, &ProcuraRapida::txtProcura_Change);
     txtProcura.installEventFilter(this);

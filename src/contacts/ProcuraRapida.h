@@ -6,20 +6,19 @@
 #include <QObject>
 
 class Geral;
+class Janela;
 class ListaContactos;
 class ListBox;
 class QAbstractButton;
 class QKeyEvent;
 class QLineEdit;
-class QWidget;
 struct Platform;
 
 class ProcuraRapida final : public QObject
 {
     Q_OBJECT
 public:
-    // The window must hold txtProcura, ListaNomes, cmdEditar and cmdEliminar; it owns them.
-    ProcuraRapida(QWidget &janela, Geral &geral, Platform &platform, ListaContactos &lista);
+    ProcuraRapida(Janela &janela, Geral &geral, Platform &platform, ListaContactos &lista);
 
     bool eventFilter(QObject *alvo, QEvent *event) override;
 
@@ -37,7 +36,7 @@ private:
     Geral &geral_;
     Platform &platform_;
     ListaContactos &lista_;
-    QWidget &janela_;
+    Janela &janela_;
     QLineEdit &txtProcura;
     ListBox &ListaNomes;
     QAbstractButton &cmdEditar, &cmdEliminar;

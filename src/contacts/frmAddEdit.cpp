@@ -4,15 +4,15 @@
 #include "contacts/DataAniversario.h"
 #include "contacts/Fotografia.h"
 #include "contacts/Preencher_Grupos.h"
+#include "controls/Units.h"
+#include "controls/WholeCharacters.h"
 #include "data/Geral.h"
 #include "data/Idiomas.h"
 #include "data/ValorLongo.h"
-#include "controls/Controls.h"
+#include "janela/Janela.h"
 #include "platform/Failure.h"
 #include "platform/Picture.h"
 #include "platform/Platform.h"
-#include "controls/Units.h"
-#include "controls/WholeCharacters.h"
 
 using namespace Qt::StringLiterals;
 
@@ -42,12 +42,12 @@ QString Filtro(const QString &todas_as_imagens)
 QString Pasta_Do_Ficheiro(const QString &FileName) { return FileName.left(FileName.lastIndexOf(u'/') + 1); }
 } // namespace
 
-frmAddEdit::frmAddEdit(QWidget &janela, Geral &geral, Platform &platform, ListaContactos &lista)
+frmAddEdit::frmAddEdit(Janela &janela, Geral &geral, Platform &platform, ListaContactos &lista)
     : QDialog(&janela), geral_(geral), platform_(platform), janela_(janela), lugar_(janela, geral, lista)
 {
     setupUi(this);
     setFixedSize(size());
-    datas_ = new CamposDeData(*this, platform_.clock);
+    datas_ = new CamposDeData(*this, {*txtDia, *txtMes, *txtAno, *Calendario}, platform_.clock);
     for (QWidget *campo : findChildren<QWidget *>(Qt::FindDirectChildrenOnly))
         campo->installEventFilter(this);
     for (QLineEdit *campo : findChildren<QLineEdit *>())
@@ -61,7 +61,7 @@ frmAddEdit::frmAddEdit(QWidget &janela, Geral &geral, Platform &platform, ListaC
 
 bool frmAddEdit::Carregar()
 {
-    if (control<ComboBox>(janela_, u"ComboGrupos"_s).ListCount() == 0) {
+    if (janela_.ComboGrupos->ListCount() == 0) {
         platform_.boxes.show(u"Nehum grupo criado"_s, box::exclamation, windowTitle(), this);
         Q_EMIT Sem_Grupos();
         return false;
@@ -105,11 +105,14 @@ void frmAddEdit::Atribuir_Legendas()
 void frmAddEdit::Preencher_Campos()
 {
     Recordset &rs = geral_.de.Abrir("cmdEditarNome", {QString::number(geral_.IDContacto)});
-    for (const char *coluna :
-         {"Nome", "Telefone1", "Telefone2", "Fax", "Telemovel1", "Telemovel2", "Telemovel3", "Fotografia",
-          "Website", "Email1", "Email2", "Dia", "Mes", "Ano"})
-        control<QLineEdit>(*this, u"txt"_s + QLatin1StringView(coluna))
-            .setText(rs.Fields(coluna).textOrEmpty());
+    using Coluna = std::pair<const char *, QLineEdit *>;
+    for (const auto &[coluna, caixa] :
+         {Coluna("Nome", txtNome), Coluna("Telefone1", txtTelefone1), Coluna("Telefone2", txtTelefone2),
+          Coluna("Fax", txtFax), Coluna("Telemovel1", txtTelemovel1), Coluna("Telemovel2", txtTelemovel2),
+          Coluna("Telemovel3", txtTelemovel3), Coluna("Fotografia", txtFotografia),
+          Coluna("Website", txtWebsite), Coluna("Email1", txtEmail1), Coluna("Email2", txtEmail2),
+          Coluna("Dia", txtDia), Coluna("Mes", txtMes), Coluna("Ano", txtAno)})
+        caixa->setText(rs.Fields(coluna).textOrEmpty());
     Morada_.load(*txtMorada, rs.Fields("Morada").textOrEmpty());
     Obs_.load(*txtObs, rs.Fields("Obs").textOrEmpty());
     Escolher_Grupo(rs.Fields("Grupo").text());

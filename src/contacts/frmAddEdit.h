@@ -13,6 +13,7 @@
 
 class CamposDeData;
 class Geral;
+class Janela;
 struct Platform;
 
 class frmAddEdit final : public QDialog, public Ui::frmAddEdit
@@ -20,7 +21,7 @@ class frmAddEdit final : public QDialog, public Ui::frmAddEdit
     Q_OBJECT
 public:
     // The main window, in front of which it stands, and the list in it.
-    frmAddEdit(QWidget &janela, Geral &geral, Platform &platform, ListaContactos &lista);
+    frmAddEdit(Janela &janela, Geral &geral, Platform &platform, ListaContactos &lista);
 
     // Fills the form. False where the load has stopped for want of a group: then it isn't to be shown. Raises
     // Failure where the contact can't be read, with the timers running again.
@@ -57,7 +58,7 @@ private:
 
     Geral &geral_;
     Platform &platform_;
-    QWidget &janela_;
+    Janela &janela_;
     LugarNaLista lugar_;
     LongText Morada_;
     LongText Obs_;

@@ -1,12 +1,12 @@
 #include "contacts/frmProcurar.h"
 
+#include "controls/Units.h"
 #include "data/Geral.h"
 #include "data/Inteiro.h"
-#include "controls/ComboBox.h"
-#include "controls/Controls.h"
+#include "janela/Janela.h"
+#include "platform/Caption.h"
 #include "platform/Failure.h"
 #include "platform/Platform.h"
-#include "controls/Units.h"
 
 #include <algorithm>
 #include <QGuiApplication>
@@ -41,13 +41,13 @@ void Parar_Tabulador(QRadioButton &opcao, bool marcada)
 }
 } // namespace
 
-frmProcurar::frmProcurar(QWidget &Main, Geral &geral, Platform &platform)
+frmProcurar::frmProcurar(Janela &Main, Geral &geral, Platform &platform)
     : Main_(Main),
       geral_(geral),
       platform_(platform),
-      Main_ListaNomes(control<ListBox>(Main, u"ListaNomes"_s)),
-      Main_ListaNomes2(control<ListBox>(Main, u"ListaNomes2"_s)),
-      Main_ComboGrupos(control<ComboBox>(Main, u"ComboGrupos"_s))
+      Main_ListaNomes(*Main.ListaNomes),
+      Main_ListaNomes2(*Main.ListaNomes2),
+      Main_ComboGrupos(*Main.ComboGrupos)
 {
     setupUi(this);
     textos_ = {{opcaoNome, "cmdProcurarNome"},

@@ -12,6 +12,7 @@
 
 class ComboBox;
 class Geral;
+class Janela;
 class Recordset;
 struct Platform;
 
@@ -19,8 +20,7 @@ class frmProcurar final : public QDialog, public Ui::frmProcurar
 {
     Q_OBJECT
 public:
-    // The main window must hold ListaNomes, ListaNomes2 and ComboGrupos, whose click loads them.
-    frmProcurar(QWidget &Main, Geral &geral, Platform &platform);
+    frmProcurar(Janela &Main, Geral &geral, Platform &platform);
 
     void Abrir();
     // An open window is known by its caption.
@@ -68,7 +68,7 @@ private:
     void Ler_Numeros(const OpcaoDeNumero &opcao);
     void Procurar_Numero();
 
-    QWidget &Main_;
+    Janela &Main_;
     Geral &geral_;
     Platform &platform_;
     ListBox &Main_ListaNomes, &Main_ListaNomes2;

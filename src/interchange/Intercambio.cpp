@@ -1,28 +1,24 @@
 #include "interchange/Intercambio.h"
 
+#include "controls/DisabledWindow.h"
 #include "data/Geral.h"
 #include "interchange/DE2.h"
 #include "interchange/frmBackup.h"
 #include "interchange/frmExportar.h"
 #include "interchange/frmImportar.h"
-#include "controls/Controls.h"
-#include "controls/DisabledWindow.h"
-#include "controls/ListBox.h"
+#include "janela/Janela.h"
 
 #include <QAction>
 #include <QMainWindow>
 
 using namespace Qt::StringLiterals;
 
-Intercambio::Intercambio(QMainWindow &janela, Geral &geral, Platform &platform, ReportControl &relatorio)
+Intercambio::Intercambio(Janela &janela, Geral &geral, Platform &platform, ReportControl &relatorio)
     : QObject(&janela), janela_(janela), geral_(geral), platform_(platform), CrystalReport1(relatorio)
 {
-    connect(&control<QAction>(janela_, u"Importar"_s), &QAction::triggered, this,
-            &Intercambio::Importar_Click);
-    connect(&control<QAction>(janela_, u"Exportar"_s), &QAction::triggered, this,
-            &Intercambio::Exportar_Click);
-    connect(&control<QAction>(janela_, u"mnuBackup"_s), &QAction::triggered, this,
-            &Intercambio::mnuBackup_Click);
+    connect(janela.Importar, &QAction::triggered, this, &Intercambio::Importar_Click);
+    connect(janela.Exportar, &QAction::triggered, this, &Intercambio::Exportar_Click);
+    connect(janela.mnuBackup, &QAction::triggered, this, &Intercambio::mnuBackup_Click);
 }
 
 Intercambio::~Intercambio() = default;
@@ -45,7 +41,7 @@ void Intercambio::Importar_Click()
 
 void Intercambio::Exportar_Click()
 {
-    frmExportar(geral_, CrystalReport1, control<ListBox>(janela_, u"ListaNomes"_s), &janela_).exec();
+    frmExportar(geral_, CrystalReport1, *janela_.ListaNomes, &janela_).exec();
 }
 
 void Intercambio::mnuBackup_Click() { frmBackup(geral_, platform_, &janela_).exec(); }

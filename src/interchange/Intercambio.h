@@ -7,7 +7,7 @@
 
 class DE2;
 class Geral;
-class QMainWindow;
+class Janela;
 class ReportControl;
 struct Platform;
 
@@ -15,8 +15,7 @@ class Intercambio final : public QObject
 {
     Q_OBJECT
 public:
-    // The window must hold ListaNomes and the entries Importar, Exportar and mnuBackup.
-    Intercambio(QMainWindow &janela, Geral &geral, Platform &platform, ReportControl &CrystalReport1);
+    Intercambio(Janela &janela, Geral &geral, Platform &platform, ReportControl &CrystalReport1);
     ~Intercambio() override;
 
     // The older database: made at the first use, from the file chosen last, and the same ever after. Raises
@@ -33,7 +32,7 @@ private:
     void Exportar_Click();
     void mnuBackup_Click();
 
-    QMainWindow &janela_;
+    Janela &janela_;
     Geral &geral_;
     Platform &platform_;
     ReportControl &CrystalReport1;

@@ -2,8 +2,8 @@
 
 #include "data/Geral.h"
 #include "data/Tocar_Som.h"
+#include "janela/Janela.h"
 #include "memos/frmMemo.h"
-#include "controls/Controls.h"
 #include "platform/Failure.h"
 #include "platform/Platform.h"
 
@@ -19,11 +19,11 @@ constexpr int degrau = 24;  // pixels between the corners of two new notes
 constexpr int degraus = 10; // then they begin anew at the top
 } // namespace
 
-Memos::Memos(QWidget &janela, Geral &geral, Platform &platform)
+Memos::Memos(Janela &janela, Geral &geral, Platform &platform)
     : QObject(&janela), janela_(janela), geral_(geral), platform_(platform)
 {
-    for (const QString &entrada : {u"Memo"_s, u"memo"_s, u"SystemTrayMemo"_s})
-        connect(&control<QAction>(janela_, entrada), &QAction::triggered, this, &Memos::Memo_Click);
+    for (QAction *comando : {janela.Memo, janela.memo, janela.SystemTrayMemo})
+        connect(comando, &QAction::triggered, this, &Memos::Memo_Click);
 }
 
 Memos::~Memos()

@@ -8,15 +8,14 @@
 
 class frmMemo;
 class Geral;
-class QWidget;
+class Janela;
 struct Platform;
 
 class Memos final : public QObject
 {
     Q_OBJECT
 public:
-    // The main window, for its entries Memo, SystemTrayMemo and memo.
-    Memos(QWidget &janela, Geral &geral, Platform &platform);
+    Memos(Janela &janela, Geral &geral, Platform &platform);
     ~Memos() override;
 
     // Opens the notes of the session's user, up to a hundred; further rows stay closed.
@@ -27,7 +26,7 @@ private:
     void Abrir(const std::function<void(frmMemo &)> &mostrar);
     QPoint Lugar_Da_Proxima() const;
 
-    QWidget &janela_;
+    Janela &janela_;
     Geral &geral_;
     Platform &platform_;
     std::vector<QPointer<frmMemo>> notas_; // empty where a note has been deleted since

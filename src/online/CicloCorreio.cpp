@@ -3,12 +3,10 @@
 #include "data/Geral.h"
 #include "data/Inteiro.h"
 #include "data/Tocar_Som.h"
+#include "janela/Janela.h"
 #include "online/Codificar_Email.h"
 #include "online/frmPopupEmail.h"
-#include "controls/Controls.h"
 #include "platform/Failure.h"
-#include "controls/Label.h"
-#include "controls/ListBox.h"
 #include "platform/Platform.h"
 
 #include <QAction>
@@ -16,13 +14,13 @@
 
 using namespace Qt::StringLiterals;
 
-CicloCorreio::CicloCorreio(QMainWindow &janela, Geral &geral, Platform &platform)
+CicloCorreio::CicloCorreio(Janela &janela, Geral &geral, Platform &platform)
     : QObject(&janela),
       janela_(janela),
       geral_(geral),
       platform_(platform),
-      lstEmails(control<ListBox>(janela, u"lstEmails"_s)),
-      lblTemporizador(control<Label>(janela, u"lblTemporizador"_s))
+      lstEmails(*janela.lstEmails),
+      lblTemporizador(*janela.lblTemporizador)
 {
     Temporizadores &t = geral_.temporizadores;
     t.TimerMailNotification3.setTimerType(Qt::PreciseTimer); // one notice must not cut the other short
@@ -34,9 +32,8 @@ CicloCorreio::CicloCorreio(QMainWindow &janela, Geral &geral, Platform &platform
         if (popup_) popup_->sink();
     });
     connect(&lblTemporizador, &Label::Change, this, &CicloCorreio::lblTemporizador_Change);
-    for (const auto &comando : {u"mnuMailNotification"_s, u"keyCheckMail"_s})
-        connect(&control<QAction>(janela_, comando), &QAction::triggered, this,
-                &CicloCorreio::mnuMailNotification_Click);
+    for (QAction *comando : {janela.mnuMailNotification, janela.keyCheckMail})
+        connect(comando, &QAction::triggered, this, &CicloCorreio::mnuMailNotification_Click);
 }
 
 CicloCorreio::~CicloCorreio() { delete popup_; }

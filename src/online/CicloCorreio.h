@@ -9,18 +9,16 @@
 
 class frmPopupEmail;
 class Geral;
+class Janela;
 class Label;
 class ListBox;
-class QMainWindow;
 struct Platform;
 
 class CicloCorreio final : public QObject
 {
     Q_OBJECT
 public:
-    // The window must hold the hidden lstEmails and lblTemporizador, and the entries mnuMailNotification and
-    // keyCheckMail.
-    CicloCorreio(QMainWindow &janela, Geral &geral, Platform &platform);
+    CicloCorreio(Janela &janela, Geral &geral, Platform &platform);
     ~CicloCorreio() override;
 
     // Starts a new wait; fills the queue where it is empty.
@@ -51,7 +49,7 @@ private:
     frmPopupEmail &Popup();
     void Carregar_Popup();
 
-    QMainWindow &janela_;
+    Janela &janela_;
     Geral &geral_;
     Platform &platform_;
     ListBox &lstEmails;

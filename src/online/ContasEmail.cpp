@@ -3,7 +3,7 @@
 #include "data/Geral.h"
 #include "data/Inteiro.h"
 #include "online/frmAddEditEmail.h"
-#include "controls/Controls.h"
+#include "platform/Caption.h"
 
 #include <QDialog>
 #include <QHeaderView>
@@ -17,19 +17,18 @@ namespace
 constexpr int coluna_chave = 0; // TblEmails.ID, which means nothing to a person and stays hidden
 }
 
-ContasEmail::ContasEmail(QDialog &opcoes, Geral &geral)
+ContasEmail::ContasEmail(QDialog &opcoes, const Controlos &controlos, Geral &geral)
     : QObject(&opcoes),
       opcoes_(opcoes),
       geral_(geral),
-      lvEmails(control<QTreeWidget>(opcoes, u"lvEmails"_s)),
-      cmdEditar(control<QPushButton>(opcoes, u"cmdEditar"_s)),
-      cmdEliminar(control<QPushButton>(opcoes, u"cmdEliminar"_s))
+      lvEmails(controlos.lvEmails),
+      cmdEditar(controlos.cmdEditar),
+      cmdEliminar(controlos.cmdEliminar)
 {
     lvEmails.header()->setSectionResizeMode(QHeaderView::Stretch);
-    auto &cmdAdicionar = control<QPushButton>(opcoes, u"cmdAdicionar"_s);
     connect(&lvEmails, &QTreeWidget::itemSelectionChanged, this, &ContasEmail::lvEmails_ItemClick);
     connect(&lvEmails, &QTreeWidget::itemDoubleClicked, this, &ContasEmail::cmdEditar_Click);
-    connect(&cmdAdicionar, &QPushButton::clicked, this, &ContasEmail::cmdAdicionar_Click);
+    connect(&controlos.cmdAdicionar, &QPushButton::clicked, this, &ContasEmail::cmdAdicionar_Click);
     connect(&cmdEditar, &QPushButton::clicked, this, &ContasEmail::cmdEditar_Click);
     connect(&cmdEliminar, &QPushButton::clicked, this, &ContasEmail::cmdEliminar_Click);
 }

@@ -13,8 +13,13 @@ class ContasEmail final : public QObject
 {
     Q_OBJECT
 public:
-    // The form holds lvEmails, cmdAdicionar, cmdEditar and cmdEliminar.
-    ContasEmail(QDialog &opcoes, Geral &geral);
+    // The controls of the pane, which the form owns.
+    struct Controlos {
+        QTreeWidget &lvEmails;
+        QPushButton &cmdAdicionar, &cmdEditar, &cmdEliminar;
+    };
+
+    ContasEmail(QDialog &opcoes, const Controlos &controlos, Geral &geral);
 
     // Reads the accounts anew. None is selected then, so editing and deleting wait for a choice.
     void Preencher();

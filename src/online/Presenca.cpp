@@ -2,9 +2,8 @@
 
 #include "data/EstadoMessenger.h"
 #include "data/Geral.h"
-#include "controls/Controls.h"
+#include "janela/Janela.h"
 #include "platform/Failure.h"
-#include "controls/IconLabel.h"
 #include "platform/Platform.h"
 
 #include <QAction>
@@ -13,17 +12,17 @@
 
 using namespace Qt::StringLiterals;
 
-Presenca::Presenca(QMainWindow &janela, Geral &geral, Platform &platform)
+Presenca::Presenca(Janela &janela, Geral &geral, Platform &platform)
     : QObject(&janela),
       geral_(geral),
       platform_(platform),
-      txtEmail1(control<QLineEdit>(janela, u"txtEmail1"_s)),
-      txtEmail2(control<QLineEdit>(janela, u"txtEmail2"_s)),
-      imgEmail1(control<IconLabel>(janela, u"imgEmail1"_s)),
-      imgEmail2(control<IconLabel>(janela, u"imgEmail2"_s)),
-      messenger(control<QAction>(janela, u"messenger"_s)),
-      mnuMessenger(control<QAction>(janela, u"mnuMessenger"_s)),
-      RightClickMessenger(control<QAction>(janela, u"RightClickMessenger"_s))
+      txtEmail1(*janela.txtEmail1),
+      txtEmail2(*janela.txtEmail2),
+      imgEmail1(*janela.imgEmail1),
+      imgEmail2(*janela.imgEmail2),
+      messenger(*janela.messenger),
+      mnuMessenger(*janela.mnuMessenger),
+      RightClickMessenger(*janela.RightClickMessenger)
 {
     connect(&geral_.temporizadores.TimerStatusOfContact, &QTimer::timeout, this,
             &Presenca::ActualizarEstadoMessenger);

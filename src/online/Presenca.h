@@ -8,18 +8,16 @@
 
 class Geral;
 class IconLabel;
+class Janela;
 class QAction;
 class QLineEdit;
-class QMainWindow;
 struct Platform;
 
 class Presenca final : public QObject
 {
     Q_OBJECT
 public:
-    // The window must hold txtEmail1 and txtEmail2 with their pictures, the button "messenger" and its two
-    // menu entries.
-    Presenca(QMainWindow &janela, Geral &geral, Platform &platform);
+    Presenca(Janela &janela, Geral &geral, Platform &platform);
 
     // Another contact's addresses are on the card, or none: what was known of the one before is forgotten,
     // and the stored code shows until the messenger is asked. It stands for the first address that there is.

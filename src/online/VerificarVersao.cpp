@@ -1,9 +1,8 @@
 #include "online/VerificarVersao.h"
 
 #include "data/Geral.h"
-#include "controls/Controls.h"
+#include "janela/Janela.h"
 #include "platform/Failure.h"
-#include "controls/ListBox.h"
 #include "platform/Platform.h"
 
 #include <QCoreApplication>
@@ -22,7 +21,7 @@ const auto objecto = u"/versao.ini"_s;
 QString Em_Texto(QDate data) { return data.toString(u"dd-MM-yyyy"_s); }
 } // namespace
 
-VerificarVersao::VerificarVersao(QMainWindow &janela, Geral &geral, Platform &platform, QString servidor,
+VerificarVersao::VerificarVersao(Janela &janela, Geral &geral, Platform &platform, QString servidor,
                                  quint16 porto)
     : QObject(&janela),
       janela_(janela),
@@ -50,10 +49,7 @@ void VerificarVersao::TimerDownload_Timer()
     pedido_.start(servidor_, porto_, objecto, QCoreApplication::applicationName());
 }
 
-void VerificarVersao::Escrever_Linha(const QString &linha)
-{
-    skipFailure([&] { control<QPlainTextEdit>(janela_, u"txtMessages"_s).appendPlainText(linha); });
-}
+void VerificarVersao::Escrever_Linha(const QString &linha) { janela_.txtMessages->appendPlainText(linha); }
 
 void VerificarVersao::Descarregado(const QByteArray &conteudo)
 {
@@ -89,7 +85,7 @@ QString VerificarVersao::Ligacao_De_Download()
 {
     Recordset &emails = geral_.de.Abrir("cmdTotalEmails");
     Recordset &memos = geral_.de.Abrir("cmdTotalMemos");
-    const int contactos = control<ListBox>(janela_, u"ListaNomes"_s).ListCount();
+    const int contactos = janela_.ListaNomes->ListCount();
     QUrlQuery chaves;
     chaves.addQueryItem(u"idioma"_s, geral_.IdiomaActual);
     chaves.addQueryItem(u"3"_s, QString::number(contactos));

@@ -8,17 +8,15 @@
 #include <QObject>
 
 class Geral;
-class QMainWindow;
+class Janela;
 struct Platform;
 
 class VerificarVersao final : public QObject
 {
     Q_OBJECT
 public:
-    // The window must hold the hidden text box txtMessages, which collects the progress lines, and
-    // ListaNomes.
-    VerificarVersao(QMainWindow &janela, Geral &geral, Platform &platform, QString servidor,
-                    quint16 porto = 80);
+    // The window's hidden text box txtMessages collects the progress lines.
+    VerificarVersao(Janela &janela, Geral &geral, Platform &platform, QString servidor, quint16 porto = 80);
 
 private:
     void TimerDownload_Timer();
@@ -28,7 +26,7 @@ private:
     bool Confirma(const QString &versao);
     QString Ligacao_De_Download();
 
-    QMainWindow &janela_;
+    Janela &janela_;
     Geral &geral_;
     Platform &platform_;
     QString servidor_;

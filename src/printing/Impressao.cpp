@@ -1,9 +1,8 @@
 #include "printing/Impressao.h"
 
-#include "data/Geral.h"
-#include "controls/Controls.h"
 #include "controls/DisabledWindow.h"
-#include "controls/ListBox.h"
+#include "data/Geral.h"
+#include "janela/Janela.h"
 #include "platform/Platform.h"
 #include "printing/frmEnvelope.h"
 #include "printing/frmImprimir.h"
@@ -12,22 +11,20 @@
 
 using namespace Qt::StringLiterals;
 
-Impressao::Impressao(QWidget &janela, Geral &geral, Platform &platform, ReportControl &relatorio)
+Impressao::Impressao(Janela &janela, Geral &geral, Platform &platform, ReportControl &relatorio)
     : QObject(&janela),
       janela_(janela),
       geral_(geral),
       platform_(platform),
       CrystalReport1(relatorio),
-      ListaNomes(control<ListBox>(janela, u"ListaNomes"_s))
+      ListaNomes(*janela.ListaNomes)
 {
-    const auto ligar = [&](const QString &comando, void (Impressao::*accao)()) {
-        connect(&control<QAction>(janela, comando), &QAction::triggered, this, accao);
-    };
-    for (const auto &comando : {u"ImprimirLista"_s, u"imprimir"_s})
-        ligar(comando, &Impressao::ImprimirLista_Click);
-    ligar(u"RightClickPrintContacto"_s, &Impressao::RightClickPrintContacto_Click);
-    for (const auto &comando : {u"ImprimirEnvelope"_s, u"imprimir_envelope"_s, u"RightClickEnvelope"_s})
-        ligar(comando, &Impressao::ImprimirEnvelope_Click);
+    for (QAction *comando : {janela.ImprimirLista, janela.imprimir})
+        connect(comando, &QAction::triggered, this, &Impressao::ImprimirLista_Click);
+    connect(janela.RightClickPrintContacto, &QAction::triggered, this,
+            &Impressao::RightClickPrintContacto_Click);
+    for (QAction *comando : {janela.ImprimirEnvelope, janela.imprimir_envelope, janela.RightClickEnvelope})
+        connect(comando, &QAction::triggered, this, &Impressao::ImprimirEnvelope_Click);
 }
 
 void Impressao::ImprimirLista_Click() { Mostrar_frmImprimir(false); }

@@ -5,8 +5,8 @@
 #include <QObject>
 
 class Geral;
+class Janela;
 class ListBox;
-class QWidget;
 class ReportControl;
 struct Platform;
 
@@ -14,8 +14,7 @@ class Impressao final : public QObject
 {
     Q_OBJECT
 public:
-    // The window must hold ListaNomes and every menu entry and toolbar button that is named below.
-    Impressao(QWidget &janela, Geral &geral, Platform &platform, ReportControl &CrystalReport1);
+    Impressao(Janela &janela, Geral &geral, Platform &platform, ReportControl &CrystalReport1);
 
 private:
     void ImprimirLista_Click();
@@ -24,7 +23,7 @@ private:
 
     void Mostrar_frmImprimir(bool seleccionado); // whether for the chosen contact alone
 
-    QWidget &janela_;
+    Janela &janela_;
     Geral &geral_;
     Platform &platform_;
     ReportControl &CrystalReport1;

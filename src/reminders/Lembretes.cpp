@@ -1,8 +1,8 @@
 #include "reminders/Lembretes.h"
 
-#include "data/Geral.h"
-#include "controls/Controls.h"
 #include "controls/DisabledWindow.h"
+#include "data/Geral.h"
+#include "janela/Janela.h"
 #include "reminders/Alarme.h"
 #include "reminders/Aniversarios.h"
 #include "reminders/frmAddEditTarefa.h"
@@ -28,7 +28,7 @@ template<class Formulario> bool Trazer_Para_A_Frente()
 }
 } // namespace
 
-Lembretes::Lembretes(QWidget &janela, Geral &geral, Platform &platform, ReportControl &relatorio)
+Lembretes::Lembretes(Janela &janela, Geral &geral, Platform &platform, ReportControl &relatorio)
     : QObject(&janela),
       janela_(janela),
       geral_(geral),
@@ -36,12 +36,12 @@ Lembretes::Lembretes(QWidget &janela, Geral &geral, Platform &platform, ReportCo
       alarme_(new Alarme(janela, geral, platform, relatorio)),
       aniversarios_(new Aniversarios(janela, geral, platform))
 {
-    for (const auto &nome : {u"NovaTarefa"_s, u"nova_tarefa"_s, u"SystemTrayNovaTarefa"_s})
-        connect(&control<QAction>(janela, nome), &QAction::triggered, this, &Lembretes::NovaTarefa_Click);
-    for (const auto &nome : {u"ListaTarefas"_s, u"SystemTrayListaTarefas"_s})
-        connect(&control<QAction>(janela, nome), &QAction::triggered, this, &Lembretes::ListaTarefas_Click);
-    for (const auto &nome : {u"Aniversarios"_s, u"aniversarios"_s})
-        connect(&control<QAction>(janela, nome), &QAction::triggered, aniversarios_, &Aniversarios::Mostrar);
+    for (QAction *comando : {janela.NovaTarefa, janela.nova_tarefa, janela.SystemTrayNovaTarefa})
+        connect(comando, &QAction::triggered, this, &Lembretes::NovaTarefa_Click);
+    for (QAction *comando : {janela.ListaTarefas, janela.SystemTrayListaTarefas})
+        connect(comando, &QAction::triggered, this, &Lembretes::ListaTarefas_Click);
+    for (QAction *comando : {janela.Aniversarios, janela.aniversarios})
+        connect(comando, &QAction::triggered, aniversarios_, &::Aniversarios::Mostrar);
 }
 
 void Lembretes::NovaTarefa_Click()

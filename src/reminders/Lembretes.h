@@ -7,7 +7,7 @@
 class Alarme;
 class Aniversarios;
 class Geral;
-class QWidget;
+class Janela;
 class ReportControl;
 struct Platform;
 
@@ -15,9 +15,8 @@ class Lembretes final : public QObject
 {
     Q_OBJECT
 public:
-    // The window must hold the entries NovaTarefa, ListaTarefas and Aniversarios, their toolbar buttons and
-    // their copies in the tray menu. The report control prints the task of an alert card, and nothing else.
-    Lembretes(QWidget &janela, Geral &geral, Platform &platform, ReportControl &relatorio);
+    // The report control prints the task of an alert card, and nothing else.
+    Lembretes(Janela &janela, Geral &geral, Platform &platform, ReportControl &relatorio);
 
     // The start's own notice of birthdays. Waits until it is closed; nothing is shown when there is none.
     void Mostrar_Aniversarios_Ao_Iniciar();
@@ -26,7 +25,7 @@ private:
     void NovaTarefa_Click();
     void ListaTarefas_Click();
 
-    QWidget &janela_;
+    Janela &janela_;
     Geral &geral_;
     Platform &platform_;
     Alarme *alarme_; // children of the window

@@ -5,10 +5,10 @@
 #include "data/Geral.h"
 #include "data/Idiomas.h"
 #include "data/Inteiro.h"
+#include "janela/Janela.h"
 #include "memos/Memos.h"
 #include "online/CicloCorreio.h"
 #include "online/Presenca.h"
-#include "controls/Controls.h"
 #include "platform/Failure.h"
 #include "platform/Platform.h"
 #include "platform/ToolkitLanguage.h"
@@ -21,9 +21,7 @@
 #include "session/SystemTray.h"
 #include "session/Titulo.h"
 
-#include <QAbstractButton>
 #include <QLocale>
-#include <QMainWindow>
 
 using namespace Qt::StringLiterals;
 
@@ -36,7 +34,7 @@ void Copiar(const Recordset &rs, const char *coluna, QString &destino)
 }
 } // namespace
 
-Arranque::Arranque(QMainWindow &janela, Geral &geral, Platform &platform, const Partes &partes)
+Arranque::Arranque(Janela &janela, Geral &geral, Platform &platform, const Partes &partes)
     : janela_(janela), geral_(geral), platform_(platform), partes_(partes)
 {
 }
@@ -71,8 +69,7 @@ void Arranque::Executar()
 void Arranque::Escrever_Data()
 {
     const QDate hoje = platform_.clock.today();
-    control<QAbstractButton>(janela_, u"cmdData"_s)
-        .setText(QLocale::system().toString(hoje, QLocale::LongFormat));
+    janela_.cmdData->setText(QLocale::system().toString(hoje, QLocale::LongFormat));
 }
 
 // An installation that was never confirmed in the options has no path yet: this is its first run.

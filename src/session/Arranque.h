@@ -6,11 +6,11 @@
 
 class CicloCorreio;
 class Geral;
+class Janela;
 class Lembretes;
 class ListaContactos;
 class Memos;
 class Presenca;
-class QMainWindow;
 class SystemTray;
 struct Platform;
 
@@ -32,7 +32,7 @@ public:
         CicloCorreio &correio;
     };
 
-    Arranque(QMainWindow &janela, Geral &geral, Platform &platform, const Partes &partes);
+    Arranque(Janela &janela, Geral &geral, Platform &platform, const Partes &partes);
 
     // What a start does, from the first step to the last.
     std::vector<Passo> Passos();
@@ -61,7 +61,7 @@ private:
 
     bool Ha_Utilizadores();
 
-    QMainWindow &janela_;
+    Janela &janela_;
     Geral &geral_;
     Platform &platform_;
     Partes partes_;

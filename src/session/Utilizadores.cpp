@@ -1,9 +1,9 @@
 #include "session/Utilizadores.h"
 
+#include "controls/DisabledWindow.h"
 #include "data/Direitos.h"
 #include "data/Geral.h"
-#include "controls/Controls.h"
-#include "controls/DisabledWindow.h"
+#include "janela/Janela.h"
 #include "platform/Platform.h"
 #include "session/frmDeleteUser.h"
 #include "session/frmEditUser.h"
@@ -13,15 +13,13 @@
 
 using namespace Qt::StringLiterals;
 
-Utilizadores::Utilizadores(QWidget &janela, Geral &geral, Platform &platform)
+Utilizadores::Utilizadores(Janela &janela, Geral &geral, Platform &platform)
     : QObject(&janela), janela_(janela), geral_(geral), platform_(platform)
 {
-    const auto ligar = [&](const QString &entrada, void (Utilizadores::*accao)()) {
-        connect(&control<QAction>(janela, entrada), &QAction::triggered, this, accao);
-    };
-    ligar(u"CriarUtilizadores"_s, &Utilizadores::CriarUtilizadores_Click);
-    ligar(u"EditarUtilizadores"_s, &Utilizadores::EditarUtilizadores_Click);
-    ligar(u"EliminarUtilizadores"_s, &Utilizadores::EliminarUtilizadores_Click);
+    connect(janela.CriarUtilizadores, &QAction::triggered, this, &Utilizadores::CriarUtilizadores_Click);
+    connect(janela.EditarUtilizadores, &QAction::triggered, this, &Utilizadores::EditarUtilizadores_Click);
+    connect(janela.EliminarUtilizadores, &QAction::triggered, this,
+            &Utilizadores::EliminarUtilizadores_Click);
 }
 
 void Utilizadores::Mostrar_frmNovoUser()

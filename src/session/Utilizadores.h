@@ -4,15 +4,14 @@
 #include <QObject>
 
 class Geral;
-class QWidget;
+class Janela;
 struct Platform;
 
 class Utilizadores final : public QObject
 {
     Q_OBJECT
 public:
-    // The window must hold the menu entries CriarUtilizadores, EditarUtilizadores and EliminarUtilizadores.
-    Utilizadores(QWidget &janela, Geral &geral, Platform &platform);
+    Utilizadores(Janela &janela, Geral &geral, Platform &platform);
 
     // Shows the form of a new user. Whoever calls has asked for the right.
     void Mostrar_frmNovoUser();
@@ -25,7 +24,7 @@ private:
     bool Tem_Direito_A_Utilizadores();
     bool Pode_Escolher_Utilizador();
 
-    QWidget &janela_;
+    Janela &janela_;
     Geral &geral_;
     Platform &platform_;
 };

@@ -1,13 +1,14 @@
 #include "session/frmOpcoes.h"
 
-#include "controls/Controls.h"
 #include "controls/Label.h"
 #include "controls/Units.h"
 #include "data/Geral.h"
 #include "data/Idiomas.h"
 #include "data/Inteiro.h"
 #include "data/ValorLongo.h"
+#include "janela/Janela.h"
 #include "online/ContasEmail.h"
+#include "platform/Caption.h"
 #include "platform/Platform.h"
 #include "session/PaineArranque.h"
 #include "session/PaineMemos.h"
@@ -27,13 +28,13 @@ constexpr int fora_da_vista = -20000; // twips
 QString Com_Retornos(QString texto) { return texto.replace(u"\n"_s, u"\r\n"_s); }
 } // namespace
 
-frmOpcoes::frmOpcoes(Geral &geral, Platform &platform, QWidget &janela)
+frmOpcoes::frmOpcoes(Geral &geral, Platform &platform, Janela &janela)
     : QDialog(&janela), geral_(geral), platform_(platform), janela_(janela), pausa_(geral.temporizadores)
 {
     setupUi(this);
     picOptions = {picOptions0, picOptions1, picOptions2, picOptions3,
                   picOptions4, picOptions5, picOptions6, picOptions7};
-    contas_ = new ContasEmail(*this, geral_);
+    contas_ = new ContasEmail(*this, {*lvEmails, *cmdAdicionar, *cmdEditar, *cmdEliminar}, geral_);
     memos_ = new PaineMemos(*this, *this, geral_, platform_);
     arranque_ = new PaineArranque(*this, *this, geral_, platform_);
     sons_ = new PaineSons(*this, *this, geral_, platform_);
@@ -257,7 +258,7 @@ void frmOpcoes::Escrever_Aviso_De_Email()
     const QString minutos = ComboMailNotification->currentText();
     geral_.ini.Escrever_Ini(seccao, u"activo"_s, activo);
     geral_.ini.Escrever_Ini(seccao, u"minutos"_s, minutos);
-    control<Label>(janela_, u"lblTemporizador"_s).setCaption(minutos);
+    janela_.lblTemporizador->setCaption(minutos);
     geral_.EmailNotifyActivo = Inteiro(activo);
     geral_.EmailNotifyMinutos = Inteiro(minutos);
 }

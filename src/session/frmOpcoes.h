@@ -11,6 +11,7 @@
 
 class ContasEmail;
 class Geral;
+class Janela;
 class PaineArranque;
 class PaineMemos;
 class PaineSons;
@@ -22,7 +23,7 @@ class frmOpcoes final : public QDialog, public Ui::frmOpcoes
 public:
     // The main window lends lblTemporizador, the countdown to the next mail check. With cmdCancelar disabled
     // the form can only be left by confirming it. A setting that doesn't convert ends the process.
-    frmOpcoes(Geral &geral, Platform &platform, QWidget &janela);
+    frmOpcoes(Geral &geral, Platform &platform, Janela &janela);
 
 protected:
     bool eventFilter(QObject *alvo, QEvent *event) override;
@@ -56,7 +57,7 @@ private:
 
     Geral &geral_;
     Platform &platform_;
-    QWidget &janela_;
+    Janela &janela_;
     PausaDosTemporizadores pausa_;
     ContasEmail *contas_; // the panes with work of their own, children of the form
     PaineMemos *memos_;

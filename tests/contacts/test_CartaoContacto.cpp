@@ -107,23 +107,26 @@ const QStringList editar_e_eliminar{u"EditarContacto"_s, u"editar_contacto"_s, u
 
 constexpr QRect foto_por_omissao(352, 27, 161, 155);
 
-// Does that as soon as the picture moves to the place of the one for want of a picture.
-class NaFotoPorOmissao final : public QObject
+// Does the one as soon as a contact's own picture takes its place, the other when the one for want of a
+// picture does.
+class NaMudancaDaFoto final : public QObject
 {
 public:
-    NaFotoPorOmissao(QWidget &Thumb, std::function<void()> accao) : Thumb_(Thumb), accao_(std::move(accao))
+    NaMudancaDaFoto(QWidget &Thumb, std::function<void()> na_propria, std::function<void()> na_por_omissao)
+        : Thumb_(Thumb), na_propria_(std::move(na_propria)), na_por_omissao_(std::move(na_por_omissao))
     {
         Thumb_.installEventFilter(this);
     }
     bool eventFilter(QObject *, QEvent *event) override
     {
-        if (event->type() == QEvent::Resize && Thumb_.geometry() == foto_por_omissao) accao_();
+        if (event->type() == QEvent::Resize)
+            (Thumb_.geometry() == foto_por_omissao ? na_por_omissao_ : na_propria_)();
         return false;
     }
 
 private:
     QWidget &Thumb_;
-    std::function<void()> accao_;
+    std::function<void()> na_propria_, na_por_omissao_;
 };
 } // namespace
 
@@ -664,11 +667,21 @@ private Q_SLOTS:
         c.s.Novo_Contacto({{u"Nome"_s, u"B"_s}});
         c.lista.Carregar_Tabela();
         c.janela.show();
-        // Without this entry the rows can't be laid out. It is back once the picture has fallen back.
-        c.janela.Website->setObjectName(u"outro"_s);
-        NaFotoPorOmissao reposicao(*c.janela.Thumb, [&] { c.janela.Website->setObjectName(u"Website"_s); });
+        // Without its row the card can't be laid out. It is back once the picture has fallen back.
+        const QString id = QString::number(c.janela.ListaNomes->ItemData(0));
+        QStringList passos;
+        NaMudancaDaFoto mudanca(
+            *c.janela.Thumb,
+            [&] {
+                passos << u"fecha"_s;
+                c.s.geral.de.Rs("cmdEditarNome").Close();
+            },
+            [&] {
+                passos << u"abre"_s;
+                c.s.geral.de.Abrir("cmdEditarNome", {id});
+            });
         c.janela.ListaNomes->setListIndex(0);
-        QCOMPARE(c.janela.Website->objectName(), u"Website"_s);
+        QCOMPARE(passos, (QStringList{u"fecha"_s, u"abre"_s}));
         QVERIFY(Mostra_A_Foto_Por_Omissao(c));
         QCOMPARE(Disposicao(c.janela), u"Fax:1 Grupo:2"_s);
         QVERIFY(Editar_E_Eliminar(c.janela));

@@ -1,9 +1,10 @@
 // The notes together: how new ones come into being, and which come back at a start.
+#include "controls/Units.h"
 #include "data/Idiomas.h"
+#include "janela/Janela.h"
 #include "memos/Arrastar.h"
 #include "memos/frmMemo.h"
 #include "memos/Memos.h"
-#include "controls/Units.h"
 #include "session/Main.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
@@ -27,13 +28,11 @@ int Largura_Do_Texto(const QToolButton &botao) { return botao.fontMetrics().hori
 const auto travao =
     u"CREATE TRIGGER Travao BEFORE INSERT ON TblMemos BEGIN SELECT RAISE(ABORT, 'full'); END"_s;
 
-// A desktop without notes, and a window with the three entries that make one.
+// A desktop without notes, and the main window's form with the three entries that make one.
 struct Secretaria {
     Secretaria()
     {
         s.Escrever(u"DELETE FROM TblMemos"_s);
-        for (const QString &nome : {u"Memo"_s, u"memo"_s, u"SystemTrayMemo"_s})
-            (new QAction(&janela))->setObjectName(nome);
         s.geral.MemoFontName = u"Tahoma"_s;
         s.geral.MemoFontSize = u"8,25"_s;
         s.geral.MemoFontBold = u"False"_s;
@@ -79,7 +78,7 @@ struct Secretaria {
     }
 
     Sistema s;
-    QWidget janela;
+    Janela janela;
     std::unique_ptr<Memos> memos;
 };
 } // namespace

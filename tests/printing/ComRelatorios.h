@@ -1,20 +1,16 @@
-// An installation with a recording report control, and a stand-in for the main window with its list of
-// contacts and the entries that print.
+// An installation with a recording report control, and the main window's form without what its commands do.
 #pragma once
 
-#include "controls/ListBox.h"
+#include "janela/Janela.h"
 #include "testlib/Accoes.h"
 #include "testlib/RelatorioFalso.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
-#include <QAction>
-
 struct ComRelatorios {
     explicit ComRelatorios(const QString &idioma = QStringLiteral("PortuguesPT"))
         : s(Sistema::Estado::Semeado, idioma)
     {
-        ListaNomes.setObjectName(QStringLiteral("ListaNomes"));
     }
 
     // A contact on the card, chosen in the list.
@@ -54,8 +50,8 @@ struct ComRelatorios {
 
     Sistema s;
     RelatorioFalso relatorio;
-    QWidget janela;
-    ListBox ListaNomes{&janela};
+    Janela janela;
+    ListBox &ListaNomes = *janela.ListaNomes;
 };
 
 // Each line with the member's name before it.

@@ -12,9 +12,6 @@ struct ComImpressao : ComRelatorios {
     ComImpressao()
     {
         janela.setWindowTitle(u"Morvex 1.0"_s);
-        for (const char *nome : {"ImprimirLista", "imprimir", "RightClickPrintContacto", "ImprimirEnvelope",
-                                 "imprimir_envelope", "RightClickEnvelope"})
-            (new QAction(&janela))->setObjectName(QString::fromLatin1(nome));
         new Impressao(janela, s.geral, s.plataforma, relatorio);
     }
 

@@ -31,7 +31,6 @@ struct Cenario {
         g.AutorunArranque = g.MinimizarArranque = u"nao"_s;
         g.CaminhoBD = s.Base();
         g.EmailNotifyMinutos = 60;
-        lblTemporizador.setObjectName(u"lblTemporizador"_s);
     }
 
     // The form, new each time it is asked for.
@@ -77,8 +76,7 @@ struct Cenario {
     }
 
     Sistema s;
-    QWidget janela;
-    Label lblTemporizador{&janela};
+    Janela janela;
 
 private:
     std::unique_ptr<frmOpcoes> form_;
@@ -716,7 +714,7 @@ private Q_SLOTS:
         const Geral &g = c.s.geral;
         QCOMPARE(g.EmailNotifyActivo, qint16{1});
         QCOMPARE(g.EmailNotifyMinutos, qint16{15});
-        QCOMPARE(c.lblTemporizador.text(), u"15"_s);
+        QCOMPARE(c.janela.lblTemporizador->text(), u"15"_s);
         QCOMPARE(g.RemetenteBD, u"Ana\r\nRua 1"_s);
         QCOMPARE(g.DestinatarioBD, u"Caros"_s);
         QCOMPARE(g.AvisoAniversarios, u"2"_s);
