@@ -2,8 +2,11 @@
 
 #include "controls/Units.h"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
+#include <QApplication>
 #include <QCloseEvent>
-#include <QGuiApplication>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScreen>
 #include <QWindow>
@@ -20,6 +23,21 @@ constexpr int intervalOfRise = 10;
 constexpr int intervalAfterRise = 3000;
 
 constexpr unsigned colourText = 0x302820;
+
+// A screen reader speaks an object of this role by itself when it shows or its name changes.
+QAccessibleInterface *alertOf(const QString &, QObject *object)
+{
+    auto *card = qobject_cast<RisingCard *>(object);
+    return card == nullptr ? nullptr : new QAccessibleWidget(card, QAccessible::AlertMessage);
+}
+
+bool isAnswer(const QEvent &event)
+{
+    if (event.type() != QEvent::KeyPress) return false;
+    const auto &key = static_cast<const QKeyEvent &>(event);
+    const bool plain = (key.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier && !key.isAutoRepeat();
+    return plain && (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter || key.key() == Qt::Key_Space);
+}
 } // namespace
 
 RisingCard::RisingCard(QWidget &mainWindow, int timeout)
@@ -34,6 +52,8 @@ RisingCard::RisingCard(QWidget &mainWindow, int timeout)
     letters.setColor(QPalette::WindowText, colour(colourText));
     setPalette(letters);
     TimerTimeout.setTimerType(Qt::PreciseTimer);
+    qApp->installEventFilter(this);
+    [[maybe_unused]] static const bool installed = (QAccessible::installFactory(alertOf), true);
     connect(&TimerUp, &QTimer::timeout, this, &RisingCard::TimerUp_Timer);
     connect(&TimerDown, &QTimer::timeout, this, &RisingCard::TimerDown_Timer);
     connect(&TimerTimeout, &QTimer::timeout, this, &RisingCard::sink);
@@ -54,6 +74,38 @@ void RisingCard::stayUp()
     if (risen()) return;
     TimerUp.setInterval(intervalOfRise);
     TimerUp.setEnabled(true);
+}
+
+bool RisingCard::answer()
+{
+    if (!isVisible() || TimerDown.Enabled()) return false;
+    Q_EMIT Click();
+    return true;
+}
+
+void RisingCard::announce(const QString &words)
+{
+    if (accessibleName() == words) return;
+    setAccessibleName(words);
+    for (const QAccessible::Event what : {QAccessible::ObjectShow, QAccessible::Alert}) {
+        QAccessibleEvent event(this, what);
+        QAccessible::updateAccessibility(&event);
+    }
+}
+
+bool RisingCard::eventFilter(QObject *watched, QEvent *event)
+{
+    if (isAnswer(*event) && !keyHasAnotherUse() && answer()) return true;
+    return QFrame::eventFilter(watched, event);
+}
+
+bool RisingCard::keyHasAnotherUse() const
+{
+    if (QApplication::activeModalWidget() != nullptr || QApplication::activePopupWidget() != nullptr)
+        return true;
+    const QWidget *focus = QApplication::focusWidget();
+    if (focus == nullptr || !focus->isEnabled()) return false;
+    return mainWindow_.isEnabled() || focus->testAttribute(Qt::WA_InputMethodEnabled);
 }
 
 bool RisingCard::risen() const { return twips(screen_.height()) - (twips(height()) - hiddenPart) >= top_; }

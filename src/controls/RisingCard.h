@@ -1,6 +1,7 @@
 // A small card that rises out of the bottom edge of the primary screen at the right, stays there above all
-// other windows and sinks out of sight again. It never takes the keyboard. Several forms move in this way;
-// what one shows, sounds, stops and restarts, and what a click on it does, is its own matter.
+// other windows and sinks out of sight again. It never takes the keyboard; Enter and Space reach it through
+// whatever window of the program has it. Several forms move in this way; what one shows, sounds, stops and
+// restarts, and what a click on it does, is its own matter.
 #pragma once
 
 #include "platform/Timer.h"
@@ -26,6 +27,18 @@ public:
     // show. Its time-out is the form's matter.
     void stayUp();
 
+    // The click, by whoever cannot use the mouse on it. A card that is not to be seen, or on its way out,
+    // takes none. Whether it took it.
+    bool answer();
+
+    // Has a screen reader say the words, which become the card's name. The same words again are not said
+    // twice.
+    void announce(const QString &words);
+
+    // Enter and Space, unless another control would use the key: while the main window is disabled that is
+    // only a field in which text is being written.
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
     // Twips from the top and left edges of the primary screen.
     int Top() const { return top_; }
     int Left() const { return left_; }
@@ -46,6 +59,7 @@ protected:
 
 private:
     bool risen() const;
+    bool keyHasAnotherUse() const;
     void TimerUp_Timer();
     void TimerDown_Timer();
     void moveTo(int top);

@@ -118,6 +118,7 @@ void CicloCorreio::Mostrar_Falha()
     popup.StatusLabel->setText(texto);
     Parar_Verificacao();
     popup.Reiniciar_TimerTimeout();
+    popup.announce(texto);
 }
 
 void CicloCorreio::Mostrar_Correio()
@@ -128,6 +129,7 @@ void CicloCorreio::Mostrar_Correio()
     popup.StatusLabel->setText(QString::number(mensagens) + u' ' + palavra + u" ("_s + EmailActual + u')');
     Tocar_Som(platform_.sound, Som_Do_Email(geral_));
     popup.Reiniciar_TimerTimeout();
+    popup.announce(popup.StatusLabel->text());
     Parar_Verificacao();
 }
 
@@ -178,7 +180,10 @@ void CicloCorreio::Carregar_Popup()
     connect(popup_, &RisingCard::Click, this, &CicloCorreio::Popup_Click);
     connect(popup_, &RisingCard::Unloaded, this, [this] { popup_.clear(); });
     popup_->show();
+    popup_->announce(texto);
 }
+
+bool CicloCorreio::Responder() { return popup_ && popup_->answer(); }
 
 void CicloCorreio::Popup_Click()
 {

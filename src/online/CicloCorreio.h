@@ -28,6 +28,9 @@ public:
     // Hands the queue's first account to the checker. Accounts that are gone leave the queue.
     void VerificarConta();
 
+    // The click on the card, by another way than the mouse. Whether there was one to take it.
+    bool Responder();
+
 Q_SIGNALS:
     // A failed account was clicked: the user wants to mend it.
     void Abrir_Opcoes();

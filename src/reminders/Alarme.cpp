@@ -1,7 +1,7 @@
 #include "reminders/Alarme.h"
 
-#include "data/Geral.h"
 #include "controls/DisabledWindow.h"
+#include "data/Geral.h"
 #include "platform/Failure.h"
 #include "platform/Platform.h"
 #include "reminders/frmPopup.h"
@@ -10,22 +10,23 @@
 #include <optional>
 #include <QApplication>
 
-namespace
-{
 // Of each column the value of the last row in which it could be read.
-struct UltimaVencida {
+struct Alarme::UltimaVencida {
     bool Completa() const { return ID && Tarefa && Data && Hora; }
 
+    bool toca = false; // there is a row that is not silent
     std::optional<QString> ID;
     std::optional<QString> Tarefa;
     std::optional<QDate> Data;
     std::optional<QTime> Hora;
 };
 
-UltimaVencida Ler(Recordset &rs)
+Alarme::UltimaVencida Alarme::Ler(Recordset &rs) const
 {
     UltimaVencida ultima;
     for (; !rs.Eof(); rs.MoveNext()) {
+        if (Silenciada(rs)) continue;
+        ultima.toca = true;
         skipFailure([&] { ultima.ID = rs.Fields("ID").text(); });
         skipFailure([&] { ultima.Tarefa = rs.Fields("Tarefa").text(); });
         skipFailure([&] { ultima.Data = rs.Fields("Data").date(); });
@@ -33,7 +34,22 @@ UltimaVencida Ler(Recordset &rs)
     }
     return ultima;
 }
-} // namespace
+
+bool Alarme::Silenciada(const Recordset &rs) const
+{
+    bool silenciada = false;
+    if (adiadas_.empty()) return silenciada;
+    skipFailure([&] {
+        silenciada = adiadas_.contains({rs.Fields("ID").text(), Texto_Da_Data(rs.Fields("Data").date()),
+                                        Texto_Da_Hora(rs.Fields("Hora").time())});
+    });
+    return silenciada;
+}
+
+void Alarme::Adiar(const QString &ID, const QString &Data, const QString &Hora, int minutos)
+{
+    adiadas_[{ID, Data, Hora}] = platform_.clock.now().addSecs(60 * minutos);
+}
 
 Alarme::Alarme(QWidget &janela, Geral &geral, Platform &platform, ReportControl &relatorio)
     : QObject(&janela), janela_(janela), geral_(geral), platform_(platform), relatorio_(relatorio)
@@ -51,14 +67,15 @@ void Alarme::timerTarefas_Timer()
     const QString DataActual = Texto_Da_Data(agora.date());
     const QString HoraActual = Texto_Da_Hora(agora.time());
     const QString &Utilizador = geral_.SessaoActual.IdUtilizador;
+    std::erase_if(adiadas_, [&](const auto &adiada) { return adiada.second <= agora; });
     skipFailure([&] { Mostrar_Vencidas("cmdVerificarTarefas", {DataActual, HoraActual, Utilizador}); });
     skipFailure([&] { Mostrar_Vencidas("cmdVerificarTarefas2", {DataActual, Utilizador}); });
     geral_.temporizadores.timerTarefas.setEnabled(true);
     geral_.temporizadores.timerPonto.setEnabled(true);
 }
 
-// Each row counts over the one before, so what the last one holds stays, and the others are read only for
-// what it lacks. They stay due.
+// Each row counts over the one before, so what the last one that is not silent holds stays, and the others
+// are read only for what it lacks. They stay due.
 void Alarme::Mostrar_Vencidas(ComandoComLinhas comando, std::initializer_list<Value> parametros)
 {
     Recordset &rs = geral_.de.Abrir(comando, parametros);
@@ -68,6 +85,7 @@ void Alarme::Mostrar_Vencidas(ComandoComLinhas comando, std::initializer_list<Va
     UltimaVencida ultima = Ler(rs);
     if (!ultima.Completa()) ultima = Ler(geral_.de.Abrir(comando, parametros)); // from the first row on
     rs.Close();
+    if (!ultima.toca) return;
     if (ultima.ID) Popup().txtIDTarefa->setText(*ultima.ID);
     if (ultima.Tarefa) Popup().lblTarefa->setText(*ultima.Tarefa);
     if (ultima.Data) Popup().lblData->setText(Texto_Da_Data(*ultima.Data));
@@ -76,6 +94,7 @@ void Alarme::Mostrar_Vencidas(ComandoComLinhas comando, std::initializer_list<Va
     geral_.temporizadores.timerPonto.setEnabled(false);
     DisabledWindow::disable(janela_);
     Mostrar_Popup();
+    Popup().Anunciar();
 }
 
 frmPopup &Alarme::Popup()
@@ -83,6 +102,7 @@ frmPopup &Alarme::Popup()
     if (popup_ == nullptr) {
         popup_ = std::make_unique<frmPopup>(geral_, platform_, janela_, relatorio_);
         connect(popup_.get(), &RisingCard::Unloaded, this, &Alarme::Popup_Unload);
+        connect(popup_.get(), &frmPopup::Adiada, this, &Alarme::Adiar);
     }
     return *popup_;
 }
@@ -95,6 +115,8 @@ void Alarme::Mostrar_Popup()
 }
 
 void Alarme::Popup_Unload() { popup_.release()->deleteLater(); }
+
+bool Alarme::Responder() { return popup_ != nullptr && popup_->answer(); }
 
 void Alarme::Fechar_Cartao()
 {

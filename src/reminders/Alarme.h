@@ -4,13 +4,17 @@
 
 #include "data/Comandos.h"
 
+#include <array>
 #include <initializer_list>
+#include <map>
 #include <memory>
+#include <QDateTime>
 #include <QObject>
 
 class frmPopup;
 class Geral;
 class QWidget;
+class Recordset;
 class ReportControl;
 class Value;
 struct Platform;
@@ -27,9 +31,16 @@ public:
     // Closes the alert card without acknowledging, if it is open.
     void Fechar_Cartao();
 
+    // The click on the notice, by another way than the mouse. Whether there was one to take it.
+    bool Responder();
+
 private:
+    struct UltimaVencida;
     void timerTarefas_Timer();
     void Mostrar_Vencidas(ComandoComLinhas comando, std::initializer_list<Value> parametros);
+    UltimaVencida Ler(Recordset &rs) const;
+    bool Silenciada(const Recordset &rs) const;
+    void Adiar(const QString &ID, const QString &Data, const QString &Hora, int minutos);
     frmPopup &Popup(); // loads it at its first use
     void Mostrar_Popup();
     void Popup_Unload();
@@ -39,4 +50,7 @@ private:
     Platform &platform_;
     ReportControl &relatorio_;
     std::unique_ptr<frmPopup> popup_;
+    // Until when a task is silent, by its ID and moment: one that was moved meanwhile is another appointment.
+    // Kept nowhere else, so the end of the program forgets it.
+    std::map<std::array<QString, 3>, QDateTime> adiadas_;
 };

@@ -61,4 +61,6 @@ void Lembretes::ListaTarefas_Click()
     form.exec();
 }
 
+bool Lembretes::Responder() { return alarme_->Responder(); }
+
 void Lembretes::Mostrar_Aniversarios_Ao_Iniciar() { aniversarios_->Mostrar_Ao_Iniciar(); }

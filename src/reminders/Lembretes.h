@@ -21,6 +21,9 @@ public:
     // The start's own notice of birthdays. Waits until it is closed; nothing is shown when there is none.
     void Mostrar_Aniversarios_Ao_Iniciar();
 
+    // The click on the notice of due tasks, by another way than the mouse. Whether there was one to take it.
+    bool Responder();
+
 private:
     void NovaTarefa_Click();
     void ListaTarefas_Click();

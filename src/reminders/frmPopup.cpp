@@ -42,6 +42,10 @@ void frmPopup::Form_Click()
     if (cartao_ != nullptr || TimerDown.Enabled()) return;
     frmTarefas cartao(geral_, platform_, janela_, relatorio_);
     if (Preencher_Cartao(cartao)) {
+        connect(&cartao, &frmTarefas::Adiada, this, [this, &cartao](int minutos) {
+            Q_EMIT Adiada(cartao.txtIDTarefa->text(), cartao.lblData->text(), cartao.lblHora->text(),
+                          minutos);
+        });
         const QScopedValueRollback aberto(cartao_, &cartao);
         cartao.exec();
     }
@@ -72,6 +76,12 @@ void frmPopup::Preencher_Repeticao(frmTarefas &cartao, const QString &IDRepetica
     Recordset &rs = geral_.de.Abrir("cmdVerRepeticao", {IDRepeticao});
     if (!rs.Eof()) cartao.lblRepeticao->setText(rs.Fields("Nome").textOrEmpty());
     rs.Close();
+}
+
+void frmPopup::Anunciar()
+{
+    announce(
+        QStringList{lblMensagem->text(), lblTarefa->text(), lblData->text(), lblHora->text()}.join(u' '));
 }
 
 void frmPopup::Fechar_Cartao()

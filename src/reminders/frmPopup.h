@@ -21,7 +21,15 @@ public:
     // Closes the alert card without acknowledging, if it is open.
     void Fechar_Cartao();
 
+    // Has a screen reader say what the notice shows now.
+    void Anunciar();
+
     Timer TimerPisca{500, false}; // runs as long as the card does; nothing blinks
+
+Q_SIGNALS:
+    // The task of that ID, due on that day ("dd-mm-yyyy") at that time ("hh:mm"), is to be silent for so
+    // long.
+    void Adiada(const QString &ID, const QString &Data, const QString &Hora, int minutos);
 
 private:
     void Form_Unload();

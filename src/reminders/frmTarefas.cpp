@@ -1,15 +1,26 @@
 #include "reminders/frmTarefas.h"
 
+#include "controls/Controls.h"
 #include "data/Geral.h"
 #include "data/Relatorio.h"
-#include "controls/Controls.h"
 #include "platform/Platform.h"
-#include "report/ReportControl.h"
+#include "platform/Translations.h"
 #include "reminders/frmAddEditTarefa.h"
 #include "reminders/Momento.h"
 #include "reminders/Repeticao.h"
+#include "report/ReportControl.h"
+
+#include <QMenu>
 
 using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr Translations adiar{u"&Adiar",     u"&Adiar",    u"&Snooze",         u"&Posponer",
+                             u"&Posticipa", u"&Reporter", u"&Später erinnern"};
+constexpr Translations minutos{u"%1 minutos", u"%1 minutos", u"%1 minutes", u"%1 minutos",
+                               u"%1 minuti",  u"%1 minutes", u"%1 Minuten"};
+} // namespace
 
 // Without an owner: the cycle of alarms goes on under the card and keeps the main window disabled.
 frmTarefas::frmTarefas(Geral &geral, Platform &platform, QWidget &janela, ReportControl &relatorio)
@@ -30,6 +41,20 @@ frmTarefas::frmTarefas(Geral &geral, Platform &platform, QWidget &janela, Report
     cmdEditar->setText(geral_.Ler_Idioma(179));
     cmdEliminar->setText(geral_.Ler_Idioma(183));
     cmdImprimirTarefa->setText(geral_.Ler_Idioma(80));
+    Oferecer_Adiamentos();
+}
+
+void frmTarefas::Oferecer_Adiamentos()
+{
+    auto *menu = new QMenu(cmdAdiar);
+    for (const int quantos : {5, 15, 60})
+        connect(menu->addAction(translated(minutos, geral_.IdiomaActual).arg(quantos)), &QAction::triggered,
+                this, [this, quantos] {
+                    Q_EMIT Adiada(quantos);
+                    reject();
+                });
+    cmdAdiar->setText(translated(adiar, geral_.IdiomaActual));
+    cmdAdiar->setMenu(menu);
 }
 
 void frmTarefas::cmdImprimir_Click()

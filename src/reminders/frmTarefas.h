@@ -20,10 +20,15 @@ public:
     // Puts the description into txtTarefa; the other controls take their texts as they are.
     void Mostrar_Tarefa(const QString &Tarefa) { Tarefa_.load(*txtTarefa, Tarefa); }
 
+Q_SIGNALS:
+    // The user wants to be reminded again after so many minutes. The task stays as it was, and the card goes.
+    void Adiada(int minutos);
+
 private:
     void cmdImprimir_Click(); // in spite of its name the acknowledgement
     void cmdImprimirTarefa_Click();
     void cmdEditar_Click();
+    void Oferecer_Adiamentos();
     void cmdEliminar_Click();
 
     void Eliminar();

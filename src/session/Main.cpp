@@ -7,18 +7,18 @@
 #include "contacts/ListaContactos.h"
 #include "contacts/Pesquisa.h"
 #include "contacts/ProcuraRapida.h"
+#include "controls/DisabledWindow.h"
+#include "controls/Units.h"
 #include "data/Geral.h"
 #include "interchange/Intercambio.h"
 #include "memos/Memos.h"
 #include "online/CicloCorreio.h"
 #include "online/Presenca.h"
 #include "online/VerificarVersao.h"
-#include "controls/DisabledWindow.h"
 #include "platform/Platform.h"
-#include "report/CrystalReport.h"
-#include "controls/Units.h"
 #include "printing/Impressao.h"
 #include "reminders/Lembretes.h"
+#include "report/CrystalReport.h"
 #include "session/Ajuda.h"
 #include "session/Arranque.h"
 #include "session/frmOpcoes.h"
@@ -95,6 +95,7 @@ Main::Main(Geral &geral, Platform &platform)
     connect(ListaNomes, &ListBox::RightButtonUp, this, [this](const QPoint &lugar) {
         if (ListaNomes->ListIndex() >= 0) RightClick->popup(lugar);
     });
+    tray_->Antes_De_Mostrar([this] { return Responder_A_Aviso(); });
     Ligar_Menus();
     Ligar_Teclas();
 }
@@ -147,9 +148,12 @@ void Main::Carregar()
     if (geral_.MinimizarArranque != u"sim"_s) show();
 }
 
+bool Main::Responder_A_Aviso() { return lembretes_->Responder() || correio_->Responder(); }
+
 void Main::Chamar()
 {
     QWidget *frente = QApplication::activeModalWidget();
+    if (frente == nullptr && Responder_A_Aviso()) return;
     if (frente == nullptr) {
         tray_->Trazer_Janela();
         frente = this;

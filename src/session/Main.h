@@ -33,7 +33,8 @@ public:
     void Carregar();
 
     // The program was started a second time: what stands in front comes forward, be it the window, through
-    // the login if it is locked, or a form that waits for an answer.
+    // the login if it is locked, a form that waits for an answer, or what a notice that stands there leads
+    // to.
     void Chamar();
 
 protected:
@@ -42,6 +43,7 @@ protected:
 private:
     void Ligar_Menus();
     void Ligar_Teclas();
+    bool Responder_A_Aviso(); // whether a notice stood there to be answered
 
     void timerPonto_Timer();
     void Opcoes_Click();

@@ -22,6 +22,7 @@ SystemTray::SystemTray(QWidget &janela, QMenu &MenuSystemTray, Geral &geral, Pla
     : QObject(&janela), janela_(janela), MenuSystemTray_(MenuSystemTray), geral_(geral), platform_(platform)
 {
     connect(&platform_.tray, &Tray::leftButtonDown, this, [this](Tray::Look look) {
+        if (!ocupado_ && responder_()) return;
         if (look == Tray::Look::Picture2)
             Restaurar_Janela();
         else

@@ -2,6 +2,7 @@
 // asked for one.
 #pragma once
 
+#include <functional>
 #include <QObject>
 
 class Geral;
@@ -15,6 +16,9 @@ class SystemTray final : public QObject
 public:
     // The window to hide and the menu of the icon; both belong to the caller.
     SystemTray(QWidget &janela, QMenu &MenuSystemTray, Geral &geral, Platform &platform);
+
+    // What a left click on the icon does before all else: true if that was enough.
+    void Antes_De_Mostrar(std::function<bool()> responder) { responder_ = std::move(responder); }
 
     // The ordinary icon, with that tip.
     void Adicionar_Icone(const QString &dica);
@@ -46,6 +50,7 @@ private:
     QMenu &MenuSystemTray_;
     Geral &geral_;
     Platform &platform_;
+    std::function<bool()> responder_ = [] { return false; };
     bool TrayBloqueado_ = false;
     bool ocupado_ = false; // a message is at work: further ones are dropped
 };

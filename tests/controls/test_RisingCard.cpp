@@ -5,6 +5,8 @@
 #include "testlib/Disparar.h"
 #include "testlib/Teste.h"
 
+#include <QAccessible>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -36,6 +38,23 @@ struct Card {
     RisingCard card;
     int clicks = 0;
     int unloads = 0;
+};
+
+// Another window of the program, with a text to write in and a button.
+struct Window {
+    Window()
+    {
+        QObject::connect(&button, &QPushButton::clicked, [this] { ++presses; });
+        window.show();
+        if (!QTest::qWaitForWindowActive(&window))
+            QTest::qFail("the window did not come", __FILE__, __LINE__);
+        if (QApplication::focusWidget() != nullptr) QApplication::focusWidget()->clearFocus();
+    }
+
+    QWidget window;
+    QLineEdit text{&window};
+    QPushButton button{&window};
+    int presses = 0;
 };
 
 bool onTop(const RisingCard &card) { return card.windowHandle()->flags() & Qt::WindowStaysOnTopHint; }
@@ -254,6 +273,98 @@ private Q_SLOTS:
         QVERIFY(c.card.windowFlags() & Qt::WindowDoesNotAcceptFocus);
         QVERIFY(c.card.windowFlags() & Qt::FramelessWindowHint);
         QCOMPARE(c.card.windowType(), Qt::Tool);
+    }
+
+    void enter_and_space_in_any_window_are_its_click_while_the_main_window_is_disabled_data()
+    {
+        QTest::addColumn<Qt::Key>("key");
+        QTest::newRow("return") << Qt::Key_Return;
+        QTest::newRow("enter") << Qt::Key_Enter;
+        QTest::newRow("space") << Qt::Key_Space;
+    }
+    void enter_and_space_in_any_window_are_its_click_while_the_main_window_is_disabled()
+    {
+        QFETCH(Qt::Key, key);
+        Card c;
+        Window w;
+        c.card.show();
+        QTest::keyClick(&w.window, key, key == Qt::Key_Enter ? Qt::KeypadModifier : Qt::NoModifier);
+        QCOMPARE(c.clicks, 1);
+        w.button.setFocus();
+        QTest::keyClick(&w.button, key);
+        QCOMPARE(c.clicks, 2);
+        QCOMPARE(w.presses, 0);
+    }
+
+    void other_keys_and_a_key_held_down_are_not()
+    {
+        Card c;
+        Window w;
+        c.card.show();
+        QTest::keyClick(&w.window, Qt::Key_A);
+        QTest::keyClick(&w.window, Qt::Key_Return, Qt::ControlModifier);
+        QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, u" "_s, true);
+        QCoreApplication::sendEvent(&w.window, &repeated);
+        QCOMPARE(c.clicks, 0);
+    }
+
+    void a_text_that_is_being_written_keeps_its_keys()
+    {
+        Card c;
+        Window w;
+        c.card.show();
+        w.text.setFocus();
+        QTest::keyClick(&w.text, Qt::Key_Space);
+        QCOMPARE(w.text.text(), u" "_s);
+        QCOMPARE(c.clicks, 0);
+    }
+
+    void with_the_main_window_enabled_a_control_keeps_its_keys()
+    {
+        Card c;
+        Window w;
+        c.mainWindow.setEnabled(true);
+        c.card.show();
+        w.button.setFocus();
+        QTest::keyClick(&w.button, Qt::Key_Space);
+        QCOMPARE(w.presses, 1);
+        QCOMPARE(c.clicks, 0);
+    }
+
+    void a_form_that_waits_for_an_answer_keeps_its_keys()
+    {
+        Card c;
+        QDialog form;
+        form.setModal(true);
+        form.show();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        c.card.show();
+        QTest::keyClick(&form, Qt::Key_Space);
+        QCOMPARE(c.clicks, 0);
+    }
+
+    void an_answer_reaches_only_a_card_that_is_there_to_stay()
+    {
+        Card c;
+        QVERIFY(!c.card.answer());
+        c.card.show();
+        QVERIFY(c.card.answer());
+        QCOMPARE(c.clicks, 1);
+        c.card.sink();
+        QVERIFY(!c.card.answer());
+        QCOMPARE(c.clicks, 1);
+    }
+
+    void to_a_screen_reader_it_is_an_alert_with_the_words_that_it_announces()
+    {
+        Card c;
+        for (const QString &words : {u"Water"_s, u"Sow"_s}) {
+            c.card.announce(words);
+            const QAccessibleInterface *alert = QAccessible::queryAccessibleInterface(&c.card);
+            QVERIFY(alert != nullptr);
+            QCOMPARE(alert->role(), QAccessible::AlertMessage);
+            QCOMPARE(alert->text(QAccessible::Name), words);
+        }
     }
 };
 

@@ -5,6 +5,7 @@
 #include "reminders/ComPopup.h"
 
 #include <QDialog>
+#include <QMenu>
 
 using namespace Qt::StringLiterals;
 
@@ -28,6 +29,20 @@ struct ComAlarme : ComTarefas {
         auto *popup = Aberto<frmPopup>();
         QVERIFY(popup != nullptr && popup->isVisible());
         Clicar_E_Confirmar(*popup);
+        Descer(*popup);
+        QVERIFY(Aberto<frmPopup>() == nullptr);
+    }
+
+    // The notice is put off on its card, and has sunk.
+    void Adiar(int minutos)
+    {
+        auto *popup = Aberto<frmPopup>();
+        QVERIFY(popup != nullptr && popup->isVisible());
+        Clicar(*popup, [minutos](frmTarefas &cartao) {
+            for (QAction *entrada : cartao.cmdAdiar->menu()->actions())
+                if (entrada->text().startsWith(QString::number(minutos) + u' ')) entrada->trigger();
+            QVERIFY(!cartao.isVisible());
+        });
         Descer(*popup);
         QVERIFY(Aberto<frmPopup>() == nullptr);
     }
@@ -440,6 +455,94 @@ private Q_SLOTS:
             c.Confirmar();
         }
         QCOMPARE(toques, QList<QTime>{toca});
+    }
+
+    void a_adiada_cala_se_ate_ao_seu_minuto_e_a_linha_fica_como_estava_data()
+    {
+        QTest::addColumn<int>("minutos");
+        for (const int minutos : {5, 15, 60})
+            QTest::addRow("%d minutos", minutos) << minutos;
+    }
+    void a_adiada_cala_se_ate_ao_seu_minuto_e_a_linha_fica_como_estava()
+    {
+        QFETCH(int, minutos);
+        ComAlarme c;
+        c.Nova(u"Regar"_s, u"31-01-2027"_s, u"08:00"_s, u"3"_s);
+        const QStringList antes = c.Tarefas();
+        c.Tique();
+        c.Adiar(minutos);
+        QCOMPARE(c.Tarefas(), antes);
+        c.s.relogio.Avancar_Segundos(minutos * 60 - 1);
+        c.Tique();
+        QCOMPARE(c.Aviso(), QString());
+        QVERIFY(c.janela.isEnabled());
+        c.s.relogio.Avancar_Segundos(1);
+        c.Tique();
+        QCOMPARE(c.Aviso(), u"Regar|31-01-2027|08:00"_s);
+        QCOMPARE(c.s.som.tocados.size(), 2);
+        c.Confirmar();
+        QCOMPARE(c.Tarefas(), QStringList{u"Regar|2027-02-07|08:00:00|3"_s});
+    }
+
+    void as_outras_tocam_enquanto_uma_esta_adiada()
+    {
+        ComAlarme c;
+        c.Nova(u"Primeira"_s, u"01-02-2027"_s, u"07:00"_s);
+        c.Nova(u"Segunda"_s, u"01-02-2027"_s, u"08:00"_s);
+        c.Tique();
+        QCOMPARE(c.Aviso(), u"Segunda|01-02-2027|08:00"_s);
+        c.Adiar(15);
+        c.Tique();
+        QCOMPARE(c.Aviso(), u"Primeira|01-02-2027|07:00"_s);
+        c.Confirmar();
+        c.Tique();
+        QCOMPARE(c.Aviso(), QString());
+        c.s.relogio.Avancar_Minutos(15);
+        c.Tique();
+        QCOMPARE(c.Aviso(), u"Segunda|01-02-2027|08:00"_s);
+    }
+
+    void uma_adiada_que_mudou_de_hora_toca_na_hora_nova()
+    {
+        ComAlarme c;
+        const int id = c.Nova(u"Regar"_s, u"01-02-2027"_s, u"08:00"_s);
+        c.Tique();
+        c.Adiar(60);
+        c.s.Escrever(u"UPDATE TblTarefas SET Hora='09:05:00' WHERE ID=%1"_s.arg(id));
+        c.s.relogio.Avancar_Minutos(5);
+        c.Tique();
+        QCOMPARE(c.Aviso(), u"Regar|01-02-2027|09:05"_s);
+    }
+
+    void o_fim_do_programa_esquece_o_adiamento()
+    {
+        ComAlarme c;
+        c.Nova(u"Regar"_s, u"01-02-2027"_s, u"08:00"_s);
+        c.Tique();
+        c.Adiar(60);
+        delete c.alarme;
+        c.alarme = new Alarme(c.janela, c.s.geral, c.s.plataforma, c.relatorio);
+        c.Tique();
+        QCOMPARE(c.Aviso(), u"Regar|01-02-2027|08:00"_s);
+    }
+
+    void uma_resposta_sem_rato_abre_o_cartao_como_um_clique()
+    {
+        ComAlarme c;
+        QVERIFY(!c.alarme->Responder());
+        c.Nova(u"Regar"_s, u"01-02-2027"_s, u"08:00"_s);
+        c.Tique();
+        accoes::Quando_Abrir<frmTarefas>([](frmTarefas &cartao) { cartao.cmdImprimir->click(); });
+        QVERIFY(c.alarme->Responder());
+        QCOMPARE(c.Tarefas(), QStringList{});
+    }
+
+    void o_aviso_diz_a_um_leitor_de_ecra_o_que_mostra()
+    {
+        ComAlarme c;
+        c.Nova(u"Regar"_s, u"01-02-2027"_s, u"08:00"_s);
+        c.Tique();
+        QCOMPARE(Aberto<frmPopup>()->accessibleName(), c.s.Texto(172) + u" Regar 01-02-2027 08:00"_s);
     }
 };
 

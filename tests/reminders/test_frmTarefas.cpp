@@ -1,8 +1,10 @@
 // The alert card: the acknowledgement of each repetition, and the ways that leave the task as it was.
-#include "report/ReportData.h"
 #include "reminders/ComTarefas.h"
 #include "reminders/frmAddEditTarefa.h"
 #include "reminders/frmTarefas.h"
+#include "report/ReportData.h"
+
+#include <QMenu>
 
 using namespace Qt::StringLiterals;
 
@@ -264,6 +266,46 @@ private Q_SLOTS:
         form.cmdEditar->click();
         QVERIFY(form.isVisible());
         QCOMPARE(c.Tarefas(), QStringList{u"Regar|2027-02-01|09:00:00|3"_s});
+    }
+
+    void adiar_oferece_tres_prazos_em_cada_lingua_data()
+    {
+        QTest::addColumn<QString>("adiar");
+        QTest::addColumn<QString>("minutos");
+        QTest::newRow("PortuguesPT") << u"&Adiar"_s << u"minutos"_s;
+        QTest::newRow("PortuguesBR") << u"&Adiar"_s << u"minutos"_s;
+        QTest::newRow("InglesUK") << u"&Snooze"_s << u"minutes"_s;
+        QTest::newRow("EspanholES") << u"&Posponer"_s << u"minutos"_s;
+        QTest::newRow("ItalianoIT") << u"&Posticipa"_s << u"minuti"_s;
+        QTest::newRow("FrancesFR") << u"&Reporter"_s << u"minutes"_s;
+        QTest::newRow("AlemaoDE") << u"&Später erinnern"_s << u"Minuten"_s;
+    }
+    void adiar_oferece_tres_prazos_em_cada_lingua()
+    {
+        QFETCH(QString, adiar);
+        QFETCH(QString, minutos);
+        ComCartao c(QString::fromLatin1(QTest::currentDataTag()));
+        const frmTarefas &form = c.Abrir(u"01-02-2027"_s, u"1"_s);
+        QCOMPARE(form.cmdAdiar->text(), adiar);
+        QStringList prazos;
+        for (const QAction *entrada : form.cmdAdiar->menu()->actions())
+            prazos << entrada->text();
+        QCOMPARE(prazos, (QStringList{u"5 "_s + minutos, u"15 "_s + minutos, u"60 "_s + minutos}));
+        QStringList letras;
+        for (const QPushButton *botao : form.findChildren<QPushButton *>())
+            letras << botao->shortcut().toString();
+        QCOMPARE(letras.size(), 5);
+        QCOMPARE(letras.removeDuplicates(), 0);
+    }
+
+    void o_botao_de_adiar_vem_depois_dos_outros()
+    {
+        ComCartao c;
+        const frmTarefas &form = c.Abrir(u"01-02-2027"_s, u"1"_s);
+        for (const QPushButton *dado :
+             {form.cmdImprimirTarefa, form.cmdEditar, form.cmdEliminar, form.cmdImprimir})
+            QVERIFY(dado->geometry().right() < form.cmdAdiar->geometry().left());
+        QCOMPARE(form.cmdImprimirTarefa->nextInFocusChain(), form.cmdAdiar);
     }
 };
 

@@ -1,8 +1,11 @@
 // A second start of the program on the same folder: what comes forward, and what stays closed.
+#include "reminders/frmTarefas.h"
 #include "session/frmLogin.h"
+#include "session/frmOpcoes.h"
 #include "session/frmSobre.h"
 #include "session/Main.h"
 #include "testlib/Accoes.h"
+#include "testlib/Disparar.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
@@ -93,6 +96,46 @@ private Q_SLOTS:
             sobre.accept();
         });
         e.janela.Sobre->trigger();
+    }
+
+    void o_aviso_de_uma_tarefa_responde_a_segunda_partida_e_ao_icone_data()
+    {
+        QTest::addColumn<bool>("pelo_icone");
+        QTest::newRow("segunda partida") << false;
+        QTest::newRow("clique no ícone") << true;
+    }
+    void o_aviso_de_uma_tarefa_responde_a_segunda_partida_e_ao_icone()
+    {
+        QFETCH(bool, pelo_icone);
+        Escondido e(false);
+        e.s.geral.de.Executar("cmdAdicionarTarefa", {u"Regar"_s, u"31-01-2027"_s, u"08:00"_s,
+                                                     e.s.geral.SessaoActual.IdUtilizador, u"1"_s});
+        Disparar(e.s.geral.temporizadores.timerTarefas);
+        bool respondeu = false;
+        accoes::Quando_Abrir<frmTarefas>([&](frmTarefas &cartao) {
+            respondeu = cartao.txtTarefa->toPlainText() == u"Regar"_s;
+            cartao.cmdImprimir->click();
+        });
+        pelo_icone ? e.s.tabuleiro.Clicar(Tray::Look::Picture1) : e.janela.Chamar();
+        QVERIFY(respondeu);
+        QVERIFY(!e.janela.isVisible());
+        // Once it is on its way down there is nothing left to answer.
+        pelo_icone ? e.s.tabuleiro.Clicar(Tray::Look::Picture1) : e.janela.Chamar();
+        QVERIFY(e.janela.isVisible());
+    }
+
+    void o_cartao_do_correio_responde_a_segunda_partida()
+    {
+        Escondido e(false);
+        e.s.geral.ErroMail = 0;
+        e.janela.mnuMailNotification->trigger(); // an empty queue of accounts leads to the options
+        bool abriu = false;
+        accoes::Quando_Abrir<frmOpcoes>([&](frmOpcoes &opcoes) {
+            abriu = true;
+            opcoes.cmdCancelar->click();
+        });
+        e.janela.Chamar();
+        QVERIFY(abriu);
     }
 };
 
