@@ -14,6 +14,7 @@
 #include "online/Presenca.h"
 #include "online/VerificarVersao.h"
 #include "controls/DisabledWindow.h"
+#include "platform/FreeMemory.h"
 #include "platform/Platform.h"
 #include "report/CrystalReport.h"
 #include "controls/Units.h"
@@ -144,6 +145,7 @@ Arranque Main::Inicio()
 void Main::Carregar()
 {
     Inicio().Executar();
+    returnFreeMemory(); // the start read names and birthdays; from here on the program mostly waits
     if (geral_.MinimizarArranque != u"sim"_s) show();
 }
 
