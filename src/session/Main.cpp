@@ -15,6 +15,7 @@
 #include "online/CicloCorreio.h"
 #include "online/Presenca.h"
 #include "online/VerificarVersao.h"
+#include "platform/FreeMemory.h"
 #include "platform/Platform.h"
 #include "printing/Impressao.h"
 #include "reminders/Lembretes.h"
@@ -145,6 +146,7 @@ Arranque Main::Inicio()
 void Main::Carregar()
 {
     Inicio().Executar();
+    returnFreeMemory(); // the start read names and birthdays; from here on the program mostly waits
     if (geral_.MinimizarArranque != u"sim"_s) show();
 }
 

@@ -1,5 +1,21 @@
 #include "store/Cells.h"
 
+#include <algorithm>
+
+namespace
+{
+// Every step of growth copies what is there into new pages, which costs more than to read it. Large ones grow
+// by larger steps: pages in which nothing comes to stand cost nothing.
+template<class Container> void makeRoom(Container &container, std::size_t more)
+{
+    constexpr std::size_t large = 65536; // bytes
+    const std::size_t needed = container.size() + more;
+    const std::size_t room = container.capacity();
+    if (needed <= room) return;
+    container.reserve(std::max(needed, room * (room * sizeof container[0] < large ? 2 : 4)));
+}
+} // namespace
+
 Cells::Cells(std::initializer_list<StoreValue> values)
 {
     for (const StoreValue &value : values)
@@ -11,6 +27,7 @@ void Cells::add(qint64 number)
     Cell cell;
     cell.kind = Kind::Integer;
     cell.integer = number;
+    makeRoom(cells_, 1);
     cells_.push_back(cell);
 }
 
@@ -19,6 +36,7 @@ void Cells::add(double number)
     Cell cell;
     cell.kind = Kind::Real;
     cell.real = number;
+    makeRoom(cells_, 1);
     cells_.push_back(cell);
 }
 
@@ -28,7 +46,9 @@ void Cells::add(std::string_view utf8)
     cell.kind = Kind::Text;
     cell.length = static_cast<uint32_t>(utf8.size());
     cell.start = letters_.size();
+    makeRoom(letters_, utf8.size());
     letters_ += utf8;
+    makeRoom(cells_, 1);
     cells_.push_back(cell);
 }
 

@@ -104,11 +104,13 @@ void bindAll(SQLite::Statement &statement, const std::vector<StoreValue> &values
         std::visit(Binder{statement, static_cast<int>(i) + 1}, values[i]);
 }
 
+// The kind is asked for once: each question to the store costs as much as reading a number.
 void addCell(Cells &cells, const SQLite::Column &column)
 {
-    if (column.isNull()) return cells.addNull();
-    if (column.isInteger()) return cells.add(qint64{column.getInt64()});
-    if (column.isFloat()) return cells.add(column.getDouble());
+    const int kind = column.getType();
+    if (kind == SQLITE_NULL) return cells.addNull();
+    if (kind == SQLITE_INTEGER) return cells.add(qint64{column.getInt64()});
+    if (kind == SQLITE_FLOAT) return cells.add(column.getDouble());
     const char *text = column.getText();
     cells.add(std::string_view(text, static_cast<std::size_t>(column.getBytes())));
 }

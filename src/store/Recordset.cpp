@@ -102,8 +102,9 @@ Field Recordset::Fields(const char *name) const
 {
     if (Eof()) raise(Failure::NoCurrentRecord, QStringLiteral("No current record"));
     const auto length = static_cast<std::size_t>(qstrlen(name)); // most other names differ in it
-    for (std::size_t i = 0; i < columns_.size(); ++i) {
-        const std::size_t column = (next_ + i) % columns_.size();
+    std::size_t column = next_; // counted round by hand: a division a cell shows in a large book
+    for (std::size_t i = 0; i < columns_.size(); ++i, ++column) {
+        if (column >= columns_.size()) column = 0;
         if (!named(column, name, length)) continue;
         next_ = column + 1;
         return Field(cells_.at(first_ + column));

@@ -5,6 +5,7 @@ foreach(teste IN ITEMS
     test_DesktopSound
     test_Dialogs
     test_ErrorText
+    test_FreeMemory
     test_IniFile
     test_MailProgram
     test_MessageBoxes

@@ -124,6 +124,20 @@ private Q_SLOTS:
         QVERIFY(c.Nomes({2028, 3, 1}, 1).isEmpty());
     }
 
+    void quem_faz_anos_no_mesmo_dia_conta_todo_e_dia_e_mes_trocados_sao_outro_dia()
+    {
+        ComContactos c;
+        c.Contacto(u"Ana"_s, u"12"_s, u"10"_s);
+        c.Contacto(u"Eva"_s, u"10"_s, u"12"_s);
+        c.Contacto(u"Ivo"_s, u"10"_s, u"11"_s);
+        c.Contacto(u"Rui"_s, u"12"_s, u"10"_s);
+        QCOMPARE(c.Nomes({2027, 10, 12}, 7), (QStringList{u"Ana*"_s, u"Rui*"_s}));
+        QCOMPARE(c.Nomes({2027, 12, 8}, 7), QStringList{u"Eva"_s});
+        const auto proximos = c.Proximos({2027, 10, 12}, 7);
+        QVERIFY(proximos[0].ID != proximos[1].ID);
+        QCOMPARE(proximos[1].Dia + u'/' + proximos[1].Mes, u"12/10"_s);
+    }
+
     void a_ordem_e_a_do_comando_e_so_contam_os_grupos_visiveis()
     {
         ComContactos c;
