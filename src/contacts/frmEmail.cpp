@@ -13,13 +13,13 @@ namespace
 QString Como_Legenda(QString endereco) { return endereco.replace(u'&', u"&&"_s); }
 } // namespace
 
-frmEmail::frmEmail(Geral &geral, Platform &platform, const QString &email1, const QString &email2,
+frmEmail::frmEmail(Geral &geral, Platform &platform, QString email1, QString email2,
                    QWidget *dono)
     : QDialog(dono),
       geral_(geral),
       platform_(platform),
-      email1_(email1),
-      email2_(email2),
+      email1_(std::move(email1)),
+      email2_(std::move(email2)),
       pausa_(geral.temporizadores)
 {
     setupUi(this);

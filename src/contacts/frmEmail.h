@@ -13,7 +13,7 @@ class frmEmail final : public QDialog, public Ui::frmEmail
 {
     Q_OBJECT
 public:
-    frmEmail(Geral &geral, Platform &platform, const QString &email1, const QString &email2,
+    frmEmail(Geral &geral, Platform &platform, QString email1, QString email2,
              QWidget *dono = nullptr);
 
 private:

@@ -25,8 +25,8 @@ QRectF frmVerImagem::Lugar(QSizeF natural, QSizeF janela)
     return {{janela.width() / 2 - tamanho.width() / 2, janela.height() / 2 - tamanho.height() / 2}, tamanho};
 }
 
-frmVerImagem::frmVerImagem(Geral &geral, const Picture &imagem, QWidget *dono)
-    : QDialog(dono), imagem_(imagem)
+frmVerImagem::frmVerImagem(Geral &geral, Picture imagem, QWidget *dono)
+    : QDialog(dono), imagem_(std::move(imagem))
 {
     setupUi(this);
     setWindowTitle(withoutMnemonic(geral.Ler_Idioma(11)));

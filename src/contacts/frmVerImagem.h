@@ -15,7 +15,7 @@ class frmVerImagem final : public QDialog, public Ui::frmVerImagem
 {
     Q_OBJECT
 public:
-    frmVerImagem(Geral &geral, const Picture &imagem, QWidget *dono = nullptr);
+    frmVerImagem(Geral &geral, Picture imagem, QWidget *dono = nullptr);
 
     // Where a picture of that natural size stands in a window of that inner size. A tall picture fills the
     // window's height if it reaches it, a wide one its width; a square one is never fitted.

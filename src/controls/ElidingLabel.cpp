@@ -36,7 +36,7 @@ QString ElidingLabel::shownText() const
 
 void ElidingLabel::paintEvent(QPaintEvent *event)
 {
-    QFrame::paintEvent(event);
+    QFrame::paintEvent(event); // NOLINT(bugprone-parent-virtual-call): the label would draw its whole text
     QPainter painter(this);
     style()->drawItemText(&painter, room(), static_cast<int>(alignment()), palette(), isEnabled(),
                           shownText(), foregroundRole());

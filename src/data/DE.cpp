@@ -49,6 +49,7 @@ const Instrucao &Preparada(std::size_t posicao)
 {
     static const std::vector<Instrucao> todas = [] {
         std::vector<Instrucao> instrucoes;
+        instrucoes.reserve(comandos::catalogo.size());
         for (const EntradaDoCatalogo &entrada : comandos::catalogo)
             instrucoes.push_back(Preparar(entrada));
         return instrucoes;

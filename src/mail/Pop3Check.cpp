@@ -18,8 +18,8 @@ bool isPositive(const QByteArray &answer) { return answer.startsWith("+OK"); }
 bool fitsOneLine(const QByteArray &text) { return !text.contains('\r') && !text.contains('\n'); }
 } // namespace
 
-Pop3Check::Pop3Check(MailServer server, QString user, QString password, Trust trust, const Limits &limits,
-                     QObject *parent)
+Pop3Check::Pop3Check(MailServer server, const QString &user, const QString &password, Trust trust,
+                     const Limits &limits, QObject *parent)
     : QObject(parent),
       server_(std::move(server)),
       limits_(limits),

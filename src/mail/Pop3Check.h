@@ -49,8 +49,8 @@ public:
         int check = 60000;  // altogether
     };
 
-    Pop3Check(MailServer server, QString user, QString password, Trust trust, const Limits &limits,
-              QObject *parent = nullptr);
+    Pop3Check(MailServer server, const QString &user, const QString &password, Trust trust,
+              const Limits &limits, QObject *parent = nullptr);
     ~Pop3Check() override;
 
     void start();

@@ -93,9 +93,9 @@ void Presenca::SincronizarMessenger()
 {
     const auto contactos = platform_.messenger.contacts();
     for (qsizetype i = 0; i < contactos.size(); ++i) {
-        const auto &[morada, estado] = contactos[i];
+        const auto &um = contactos[i];
         skipFailure([&] {
-            geral_.de.Executar("cmdUPDATEMSNMessenger", {QString::number(estado), morada, morada});
+            geral_.de.Executar("cmdUPDATEMSNMessenger", {QString::number(um.status), um.address, um.address});
         });
         const auto percentagem = static_cast<int>((i + 1) * 100 / contactos.size());
         if (percentagem < 100) Q_EMIT Progresso(percentagem);

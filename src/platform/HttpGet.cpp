@@ -7,7 +7,7 @@ using namespace std::chrono_literals;
 namespace
 {
 constexpr auto timeLimit = 15s;
-constexpr qsizetype sizeLimit = 64 * 1024;
+constexpr qsizetype sizeLimit = qsizetype{64} * 1024;
 } // namespace
 
 HttpGet::HttpGet(QObject *parent) : QObject(parent)

@@ -23,7 +23,7 @@ bool hasScheme(const QString &target)
 QUrl addressOf(const QString &target)
 {
     if (QDir::isAbsolutePath(target)) return QUrl::fromLocalFile(target);
-    return QUrl(hasScheme(target) ? target : u"http://"_s + target);
+    return {hasScheme(target) ? target : u"http://"_s + target};
 }
 
 struct SettingsProgram {

@@ -11,7 +11,7 @@ constexpr std::array codes{u"pt", u"pt-br", u"en", u"es", u"it", u"fr", u"de"}; 
 constexpr std::size_t english = 2;
 
 // The script, as in "pt-Latn-BR", tells none of them apart.
-QString plain(QString code) { return code.toLower().replace(u'_', u'-').remove(QStringLiteral("-latn")); }
+QString plain(const QString &code) { return code.toLower().replace(u'_', u'-').remove(QStringLiteral("-latn")); }
 
 std::size_t numberOf(const QString &language)
 {

@@ -58,7 +58,7 @@ void OpcoesRelatorio::ComboGrupos_Click()
 QString OpcoesRelatorio::ID_Do_Grupo() const
 {
     Recordset &rs = geral_->de.Abrir("cmdVerIDGrupo", {ComboGrupos->currentText()});
-    const QString id = rs.Fields("ID").text();
+    QString id = rs.Fields("ID").text();
     rs.Close();
     return id;
 }

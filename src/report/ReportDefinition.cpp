@@ -114,14 +114,14 @@ QString Reader::text(const char *name, const QString &otherwise)
         return attribute.name() == QLatin1StringView(name);
     });
     if (found == attributes_.end()) return otherwise;
-    const QString value = found->value().toString();
+    QString value = found->value().toString();
     attributes_.erase(found);
     return value;
 }
 
 QString Reader::needed(const char *name)
 {
-    const QString value = text(name);
+    QString value = text(name);
     if (value.isEmpty())
         raise(u"<%1> needs the attribute \"%2\""_s.arg(xml_.name(), QLatin1StringView(name)));
     return value;

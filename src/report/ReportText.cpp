@@ -52,7 +52,7 @@ ReportText::ReportText(const QString &source, const FieldNumber &fieldNumber)
     QString literal;
     const auto flush = [&] {
         if (literal.isEmpty()) return;
-        parts_.push_back(Part(Part::Literal, literal));
+        parts_.emplace_back(Part::Literal, literal);
         literal.clear();
     };
     for (qsizetype i = 0; i < source.size(); ++i) {

@@ -79,7 +79,7 @@ private:
     {
         if (depth_ == deepest) raise(u"too much within one another"_s);
         ++depth_;
-        const QString sql = takeWord("not"_L1) ? u"NOT "_s + term() : takeSign(u'(') ? group() : comparison();
+        QString sql = takeWord("not"_L1) ? u"NOT "_s + term() : takeSign(u'(') ? group() : comparison();
         --depth_;
         return sql;
     }
@@ -108,7 +108,7 @@ private:
         const QStringView name = QStringView(text_).mid(begin + 1, end - begin - 1);
         const qsizetype dot = name.indexOf(u'.');
         if (dot < 0) raise(u"a field is written {Table.Field}"_s);
-        const QString sql = fieldSql_(name.left(dot).toString(), name.mid(dot + 1).toString());
+        QString sql = fieldSql_(name.left(dot).toString(), name.mid(dot + 1).toString());
         if (sql.isEmpty()) raise(u"there is no field %1"_s.arg(name));
         place_ = end + 1;
         skipBlanks();
@@ -128,7 +128,7 @@ private:
 
     StoreValue literal()
     {
-        const StoreValue value = here() == u'\'' || here() == u'"' ? StoreValue(quoted()) : number();
+        StoreValue value = here() == u'\'' || here() == u'"' ? StoreValue(quoted()) : number();
         skipBlanks();
         return value;
     }

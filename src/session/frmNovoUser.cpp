@@ -67,7 +67,7 @@ QString frmNovoUser::Ler_Id(const QString &Utilizador)
     Recordset &rs = geral_.de.Abrir("cmdVerIDUtilizador", {Utilizador});
     while (rs.Fields("Utilizador").text() != Utilizador)
         rs.MoveNext();
-    const QString id = rs.Fields("ID").text();
+    QString id = rs.Fields("ID").text();
     rs.Close();
     return id;
 }

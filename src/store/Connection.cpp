@@ -205,7 +205,7 @@ QString Connection::file() const { return dataSource(connectionString_); }
 
 QString Connection::existingFile() const
 {
-    const QString path = file();
+    QString path = file();
     const QFileInfo info(path);
     if (!info.exists())
         raise(QStringLiteral("The database was not found: %1").arg(path), QLatin1String(sourceName),

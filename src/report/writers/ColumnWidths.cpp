@@ -8,6 +8,7 @@ namespace
 std::vector<double> noWiderThan(double most, const std::vector<ColumnNeed> &needs)
 {
     std::vector<double> widths;
+    widths.reserve(needs.size());
     for (const ColumnNeed &need : needs)
         widths.push_back(std::max(need.least, std::min(need.whole, most)));
     return widths;
