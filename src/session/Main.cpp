@@ -7,18 +7,19 @@
 #include "contacts/ListaContactos.h"
 #include "contacts/Pesquisa.h"
 #include "contacts/ProcuraRapida.h"
+#include "controls/Contrast.h"
+#include "controls/DisabledWindow.h"
+#include "controls/Units.h"
 #include "data/Geral.h"
 #include "interchange/Intercambio.h"
 #include "memos/Memos.h"
 #include "online/CicloCorreio.h"
 #include "online/Presenca.h"
 #include "online/VerificarVersao.h"
-#include "controls/DisabledWindow.h"
 #include "platform/Platform.h"
-#include "report/CrystalReport.h"
-#include "controls/Units.h"
 #include "printing/Impressao.h"
 #include "reminders/Lembretes.h"
+#include "report/CrystalReport.h"
 #include "session/Ajuda.h"
 #include "session/Arranque.h"
 #include "session/frmOpcoes.h"
@@ -36,13 +37,13 @@ using namespace Qt::StringLiterals;
 namespace
 {
 constexpr unsigned cor_ponto_apagado = 0xF8F8F8;
-constexpr unsigned cor_ponto_aceso = 0;
 
-void Pintar(QWidget &ponto, unsigned cor)
+// The dot that is out hardly shows on its window, be that light or dark; the one that is lit stands out.
+QColor Cor_Do_Ponto(const QPalette &janela, bool aceso)
 {
-    QPalette palette = ponto.palette();
-    palette.setColor(QPalette::Window, colour(cor));
-    ponto.setPalette(palette);
+    const QColor aceso_ = lettersOn(janela.color(QPalette::Window));
+    if (aceso) return aceso_;
+    return aceso_ == QColor(Qt::black) ? colour(cor_ponto_apagado) : janela.color(QPalette::Base);
 }
 
 std::unique_ptr<CrystalReport> Novo_Relatorio(Geral &geral, Platform &platform, QWidget &janela)
@@ -59,7 +60,7 @@ Main::Main(Geral &geral, Platform &platform)
       relatorioDaTarefa_(Novo_Relatorio(geral, platform, *this))
 {
     setupUi(this);
-    Pintar(*PontoTarefas, cor_ponto_apagado);
+    Pintar_Ponto();
     cartao_ = new CartaoContacto(*this, geral_, platform_);
     lista_ = new ListaContactos(*this, geral_, *cartao_);
     tray_ = new SystemTray(*this, *MenuSystemTray, geral_, platform_);
@@ -169,9 +170,21 @@ void Main::closeEvent(QCloseEvent *event)
 
 void Main::timerPonto_Timer()
 {
-    const bool aceso = EstadoPonto == "1"_L1;
-    Pintar(*PontoTarefas, aceso ? cor_ponto_apagado : cor_ponto_aceso);
-    EstadoPonto = aceso ? u"2"_s : u"1"_s;
+    EstadoPonto = EstadoPonto == "1"_L1 ? u"2"_s : u"1"_s;
+    Pintar_Ponto();
+}
+
+void Main::Pintar_Ponto()
+{
+    QPalette palette = PontoTarefas->palette();
+    palette.setColor(QPalette::Window, Cor_Do_Ponto(this->palette(), EstadoPonto == "1"_L1));
+    PontoTarefas->setPalette(palette);
+}
+
+void Main::changeEvent(QEvent *event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) Pintar_Ponto();
 }
 
 void Main::Opcoes_Click()

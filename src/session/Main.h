@@ -39,12 +39,14 @@ public:
 
 protected:
     void closeEvent(QCloseEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
     void Ligar_Menus();
     void Ligar_Teclas();
 
     void timerPonto_Timer();
+    void Pintar_Ponto();
     void Opcoes_Click();
     void Sobre_Click();
 
@@ -60,5 +62,5 @@ private:
     Presenca *presenca_;
     CicloCorreio *correio_;
     ProcuraRapida *procuraRapida_;
-    QString EstadoPonto; // "1" or "2": the phase of the blinking dot
+    QString EstadoPonto; // "1", lit, or "2": the phase of the blinking dot
 };

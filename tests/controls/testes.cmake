@@ -1,6 +1,7 @@
 # Tests of controls.
 foreach(teste IN ITEMS
     test_ComboBox
+    test_Contrast
     test_ElidingLabel
     test_ListBox
     test_LongText
