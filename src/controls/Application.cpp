@@ -2,13 +2,12 @@
 
 #include "controls/FocusColour.h"
 #include "controls/Palettes.h"
+#include "controls/Style.h"
 #include "platform/Failure.h"
 #include "platform/MessageBoxes.h"
 
 #include <QFont>
 #include <QIcon>
-#include <QStyle>
-#include <QStyleFactory>
 
 // The pictures are compiled into a library, and a library's pictures announce themselves only when asked to.
 static void announcePictures() { Q_INIT_RESOURCE(imagens); }
@@ -27,7 +26,7 @@ Application::Application(int &argc, char **argv, MessageBoxes &boxes)
     setDesktopFileName(QStringLiteral("morvex"));
     setWindowIcon(QIcon(QStringLiteral(":/imagens/morvex.svg")));
     setQuitOnLastWindowClosed(false);
-    setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    setStyle(new Style);
     ownPalette_ = palette() == style()->standardPalette();
     setDark(false);
     QFont letters = font();

@@ -18,7 +18,7 @@ constexpr Entry light[]{
 
 constexpr Entry dark[]{
     {Role::Window, 0x2b2e31},        {Role::WindowText, 0xe8eaec},  {Role::Base, 0x1f2224},
-    {Role::AlternateBase, 0x262a2d}, {Role::Text, 0xe8eaec},        {Role::Button, 0x383c40},
+    {Role::AlternateBase, 0x262a2d}, {Role::Text, 0xe8eaec},        {Role::Button, 0x34383b},
     {Role::ButtonText, 0xe8eaec},    {Role::BrightText, 0xffffff},  {Role::Light, 0x4d5257},
     {Role::Midlight, 0x42474b},      {Role::Mid, 0x26292b},         {Role::Dark, 0x1a1c1e},
     {Role::Shadow, 0x0f1011},        {Role::Highlight, 0x1f6f9f},   {Role::HighlightedText, 0xffffff},

@@ -128,14 +128,17 @@ void Main::Ligar_Menus()
 
 void Main::Ligar_Teclas()
 {
-    const auto tecla = [this](Qt::Key codigo, auto accao) {
-        auto *atalho = new QShortcut(codigo, this);
-        connect(atalho, &QShortcut::activated, this, accao);
-        connect(procuraRapida_, &ProcuraRapida::KeyPreview, atalho, &QShortcut::setEnabled);
-    };
-    tecla(Qt::Key_F2, [this] { cmdEditar->click(); }); // a disabled button takes no click
-    tecla(Qt::Key_Delete, [this] { cmdEliminar->click(); });
-    tecla(Qt::Key_Escape, [this] { tray_->Minimizar_Tray(); });
+    using Atalho = std::pair<QAction *, QKeySequence>;
+    // The entries of the menu that opens on the list only show the key: it is no menu of the window's bar.
+    for (const auto &[entrada, tecla] :
+         {Atalho(NovoContacto, Qt::CTRL | Qt::Key_N), Atalho(EditarContacto, Qt::Key_F2),
+          Atalho(RightClickEditar, Qt::Key_F2), Atalho(EliminarContacto, Qt::Key_Delete),
+          Atalho(RightClickEliminar, Qt::Key_Delete), Atalho(procurar, Qt::CTRL | Qt::Key_F),
+          Atalho(ImprimirLista, Qt::CTRL | Qt::Key_P), Atalho(Sair, Qt::CTRL | Qt::Key_Q)})
+        entrada->setShortcut(tecla);
+    auto *esconder = new QShortcut(Qt::Key_Escape, this);
+    connect(esconder, &QShortcut::activated, tray_, &SystemTray::Minimizar_Tray);
+    connect(procuraRapida_, &ProcuraRapida::KeyPreview, esconder, &QShortcut::setEnabled);
 }
 
 Arranque Main::Inicio()

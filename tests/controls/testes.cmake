@@ -5,6 +5,7 @@ foreach(teste IN ITEMS
     test_ElidingLabel
     test_ListBox
     test_LongText
-    test_RisingCard)
+    test_RisingCard
+    test_Style)
     morvex_teste(controls/${teste} LIGA controls)
 endforeach()
