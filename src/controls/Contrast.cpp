@@ -39,9 +39,10 @@ QColor lettersOn(const QColor &ground)
 
 QColor readableOn(const QColor &letters, const QColor &ground)
 {
+    if (contrast(letters, ground) >= readableContrast) return letters;
     constexpr int steps = 20;
     const QColor end = lettersOn(ground);
-    for (int step = 0; step < steps; ++step)
+    for (int step = 1; step < steps; ++step)
         if (const QColor colour = mixed(letters, end, double(step) / steps);
             contrast(colour, ground) >= readableContrast)
             return colour;
