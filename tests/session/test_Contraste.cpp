@@ -144,7 +144,8 @@ private Q_SLOTS:
         qApp->setPalette(darkPalette());
         ComFormulario c(u"PortuguesPT"_s);
         c.s.geral.MemoCorFundo = QString::number(colourNumber(QColor(cor)));
-        auto &nota = static_cast<frmMemo &>(Abrir(c, u"frmMemo"_s));
+        auto &nota = static_cast<frmMemo &>(*c.Novo<frmMemo>(c.s.geral, c.s.plataforma));
+        nota.Criar(u"Compras"_s, QPoint());
         nota.txtMemo->setPlainText(u"Leite e pão"_s);
         QCOMPARE(nota.txtMemo->palette().color(QPalette::Base), QColor(cor));
         const QStringList faltas = legibilidade::Ilegiveis(nota);
