@@ -3,6 +3,7 @@
 #include "session/Main.h"
 #include "data/Geral.h"
 #include "controls/Application.h"
+#include "platform/ColourScheme.h"
 #include "platform/DesktopRegistry.h"
 #include "platform/DesktopSound.h"
 #include "platform/DesktopTray.h"
@@ -31,6 +32,9 @@ int main(int argc, char **argv)
 
     DesktopMessageBoxes boxes;
     Application application(argc, argv, boxes);
+    ColourScheme scheme;
+    QObject::connect(&scheme, &ColourScheme::darkTold, &application, &Application::setDark);
+    scheme.watch();
     SystemClock clock;
     DesktopDialogs dialogs;
     DesktopShell shell;

@@ -51,6 +51,12 @@ bool Clique(const QEvent &evento)
            static_cast<const QMouseEvent &>(evento).button() == Qt::LeftButton;
 }
 
+bool Escape(const QEvent &evento)
+{
+    return evento.type() == QEvent::KeyPress &&
+           static_cast<const QKeyEvent &>(evento).key() == Qt::Key_Escape;
+}
+
 bool Tecla(const QEvent &evento)
 {
     return evento.type() == QEvent::KeyPress && Tecla_Do_Campo(static_cast<const QKeyEvent &>(evento));
@@ -72,6 +78,7 @@ CamposDeData::CamposDeData(QDialog &form, const Controlos &controlos, const Cloc
 {
     for (const Campo &campo : campos_)
         campo.caixa->installEventFilter(this);
+    form_.installEventFilter(this);
     connect(&Calendario, &QCalendarWidget::clicked, this, &CamposDeData::Calendario_DateClick);
     connect(&Calendario, &QCalendarWidget::activated, this, &CamposDeData::Calendario_DateClick);
 }
@@ -94,7 +101,17 @@ bool CamposDeData::eventFilter(QObject *alvo, QEvent *evento)
         std::find_if(campos_.begin(), campos_.end(), [&](const Campo &c) { return c.caixa == alvo; });
     if (campo != campos_.end() && Clique(*evento)) Data_Click(*campo);
     if (campo != campos_.end() && Tecla(*evento)) Data_KeyDown(*campo);
-    return false;
+    return alvo == &form_ && Escape(*evento) && Fechar_Calendario();
+}
+
+// Escape closes what stands in front: the calendar first, and then the form.
+bool CamposDeData::Fechar_Calendario()
+{
+    if (!Calendario.isVisible()) return false;
+    const bool com_o_teclado = Calendario.isAncestorOf(form_.focusWidget());
+    Mostrar_Calendario(false);
+    if (com_o_teclado) txtDia.setFocus();
+    return true;
 }
 
 void CamposDeData::Data_Click(const Campo &campo)

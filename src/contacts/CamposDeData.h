@@ -46,6 +46,7 @@ private:
     void Data_KeyDown(const Campo &campo);
     void Calendario_DateClick(QDate dia);
     void Mostrar_Calendario(bool visivel);
+    bool Fechar_Calendario();
 
     QDialog &form_;
     const Clock &clock_;

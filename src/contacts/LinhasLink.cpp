@@ -1,6 +1,7 @@
 #include "contacts/LinhasLink.h"
 
 #include "contacts/LinhasCartao.h"
+#include "controls/Contrast.h"
 #include "data/Geral.h"
 #include "platform/Caption.h"
 
@@ -22,15 +23,12 @@ constexpr QPalette::ColorRole moldura_da_janela = QPalette::Shadow;
 
 QColor Cor_Do_Sistema(QPalette::ColorRole papel) { return QApplication::palette().color(papel); }
 
-bool Realcada(const QLineEdit &linha)
-{
-    return linha.palette().color(QPalette::Text) == Cor_Do_Sistema(realce);
-}
-
+// These colours are made to lie under letters; as letters a dark desktop's can't all be read.
 void Pintar(QLineEdit &linha, QPalette::ColorRole papel)
 {
     QPalette palette = linha.palette();
-    palette.setColor(QPalette::Text, Cor_Do_Sistema(papel));
+    const QColor fundo = palette.color(linha.backgroundRole());
+    palette.setColor(QPalette::Text, readableOn(Cor_Do_Sistema(papel), fundo));
     linha.setPalette(palette);
 }
 
@@ -73,7 +71,8 @@ bool Perde_As_Teclas(const QEvent &event)
 LinhasLink::LinhasLink(Janela &janela, Geral &geral) : QObject(&janela), geral_(geral)
 {
     for (const cartao::Linha &linha : cartao::linhas)
-        if (linha.dica != 0) linhas_.push_back({static_cast<QLineEdit *>(linha.caixa(janela)), linha.dica});
+        if (linha.dica != 0)
+            linhas_.push_back({static_cast<QLineEdit *>(linha.caixa(janela)), linha.dica, {}});
     for (const Linha &linha : linhas_)
         linha.caixa->installEventFilter(this);
     QWidget *formulario = linhas_.front().caixa->parentWidget();
@@ -87,13 +86,15 @@ bool LinhasLink::eventFilter(QObject *alvo, QEvent *event)
 {
     const auto encontrada = std::find_if(linhas_.begin(), linhas_.end(),
                                          [alvo](const Linha &linha) { return linha.caixa == alvo; });
-    const Linha *linha = encontrada == linhas_.end() ? nullptr : &*encontrada;
+    Linha *linha = encontrada == linhas_.end() ? nullptr : &*encontrada;
     if (event->type() == QEvent::MouseMove)
         linha != nullptr ? Passar_Sobre(*linha) : Sair_Das_Linhas();
     else if (linha != nullptr && Chega_Pelas_Teclas(*event))
         Chegar_Pelas_Teclas(*linha);
     else if (linha != nullptr && Perde_As_Teclas(*event))
         Sair_Das_Linhas();
+    else if (linha != nullptr && event->type() == QEvent::PaletteChange && linha->papel)
+        Pintar(*linha->caixa, *linha->papel);
     else if (linha != nullptr && (Clique(*event) || Enter(*event)))
         Seguir(*linha->caixa);
     return false;
@@ -101,13 +102,19 @@ bool LinhasLink::eventFilter(QObject *alvo, QEvent *event)
 
 // The toolkit selects the text of a field that the keyboard reaches, behind this event. A row with a
 // selection would not open, neither here nor from the menu.
-void LinhasLink::Chegar_Pelas_Teclas(const Linha &linha)
+void LinhasLink::Chegar_Pelas_Teclas(Linha &linha)
 {
     Passar_Sobre(linha);
     QMetaObject::invokeMethod(linha.caixa, &QLineEdit::deselect, Qt::QueuedConnection);
 }
 
-void LinhasLink::Passar_Sobre(const Linha &linha)
+void LinhasLink::Dar_Cor(Linha &linha, QPalette::ColorRole papel)
+{
+    linha.papel = papel;
+    Pintar(*linha.caixa, papel);
+}
+
+void LinhasLink::Passar_Sobre(Linha &linha)
 {
     LinkActivo = u"0"_s;
     QLineEdit &caixa = *linha.caixa;
@@ -119,16 +126,16 @@ void LinhasLink::Passar_Sobre(const Linha &linha)
     Sublinhar(caixa, cheia);
     caixa.setToolTip(cheia ? withoutMnemonic(geral_.Ler_Idioma(linha.dica)) + u' ' + caixa.text()
                            : QString());
-    if (!cheia || !Realcada(caixa)) Pintar(caixa, cheia ? realce : texto_da_janela);
-    for (const Linha &outra : linhas_)
-        if (outra.caixa != &caixa && Realcada(*outra.caixa)) Pintar(*outra.caixa, texto_da_janela);
+    Dar_Cor(linha, cheia ? realce : texto_da_janela);
+    for (Linha &outra : linhas_)
+        if (&outra != &linha && outra.papel == realce) Dar_Cor(outra, texto_da_janela);
 }
 
 void LinhasLink::Sair_Das_Linhas()
 {
     if (LinkActivo != "0"_L1) return;
-    for (const Linha &linha : linhas_) {
-        if (Realcada(*linha.caixa)) Pintar(*linha.caixa, moldura_da_janela);
+    for (Linha &linha : linhas_) {
+        if (linha.papel == realce) Dar_Cor(linha, moldura_da_janela);
         Sublinhar(*linha.caixa, false);
     }
     LinkActivo = u"1"_s;

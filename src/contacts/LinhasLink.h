@@ -3,7 +3,9 @@
 // here.
 #pragma once
 
+#include <optional>
 #include <QObject>
+#include <QPalette>
 #include <QString>
 #include <vector>
 
@@ -27,12 +29,14 @@ Q_SIGNALS:
 private:
     struct Linha {
         QLineEdit *caixa;
-        qint16 dica; // the text before the address
+        qint16 dica;                              // the text before the address
+        std::optional<QPalette::ColorRole> papel; // of the desktop's colours, once the pointer was here
     };
 
-    void Passar_Sobre(const Linha &linha);
+    void Dar_Cor(Linha &linha, QPalette::ColorRole papel);
+    void Passar_Sobre(Linha &linha);
     void Sair_Das_Linhas();
-    void Chegar_Pelas_Teclas(const Linha &linha);
+    void Chegar_Pelas_Teclas(Linha &linha);
     void Seguir(QLineEdit &linha);
 
     Geral &geral_;

@@ -1,12 +1,13 @@
 #include "controls/Application.h"
 
-#include "platform/Failure.h"
 #include "controls/FocusColour.h"
+#include "controls/Palettes.h"
+#include "controls/Style.h"
+#include "platform/Failure.h"
 #include "platform/MessageBoxes.h"
 
 #include <QFont>
 #include <QIcon>
-#include <QStyleFactory>
 
 // The pictures are compiled into a library, and a library's pictures announce themselves only when asked to.
 static void announcePictures() { Q_INIT_RESOURCE(imagens); }
@@ -16,7 +17,8 @@ namespace
 constexpr int fontPixels = 11; // the forms' places are given in twips, so the letters do not grow
 } // namespace
 
-Application::Application(int &argc, char **argv, MessageBoxes &boxes) : QApplication(argc, argv), boxes_(boxes)
+Application::Application(int &argc, char **argv, MessageBoxes &boxes)
+    : QApplication(argc, argv), boxes_(boxes)
 {
     announcePictures();
     // Not the display name: the toolkit would add it to every window's caption.
@@ -24,11 +26,18 @@ Application::Application(int &argc, char **argv, MessageBoxes &boxes) : QApplica
     setDesktopFileName(QStringLiteral("morvex"));
     setWindowIcon(QIcon(QStringLiteral(":/imagens/morvex.svg")));
     setQuitOnLastWindowClosed(false);
-    setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    setStyle(new Style);
+    ownPalette_ = palette() == style()->standardPalette();
+    setDark(false);
     QFont letters = font();
     letters.setPixelSize(fontPixels);
     setFont(letters);
     FocusColour::install(*this);
+}
+
+void Application::setDark(bool dark)
+{
+    if (ownPalette_) setPalette(dark ? darkPalette() : lightPalette(style()->standardPalette()));
 }
 
 bool Application::notify(QObject *receiver, QEvent *event)

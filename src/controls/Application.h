@@ -11,8 +11,12 @@ class Application final : public QApplication
 public:
     Application(int &argc, char **argv, MessageBoxes &boxes);
 
+    // Dark windows or light ones. A desktop that gives the toolkit a palette of its own has chosen already.
+    void setDark(bool dark);
+
     bool notify(QObject *receiver, QEvent *event) override;
 
 private:
     MessageBoxes &boxes_;
+    bool ownPalette_ = false;
 };

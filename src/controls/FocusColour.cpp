@@ -1,5 +1,6 @@
 #include "controls/FocusColour.h"
 
+#include "controls/Contrast.h"
 #include "controls/Units.h"
 
 #include <QApplication>
@@ -22,12 +23,23 @@ bool isField(const QWidget &widget)
            qobject_cast<const QDateTimeEdit *>(&widget) != nullptr;
 }
 
-void paintBackground(QWidget &field, unsigned number)
+// What a field's palette was before the keyboard came.
+constexpr const char *paletteBefore = "paletteBeforeFocus";
+
+void takeKeyboard(QWidget &field)
 {
+    if (!field.property(paletteBefore).isValid()) field.setProperty(paletteBefore, field.palette());
     QPalette palette = field.palette();
-    palette.setColor(QPalette::Base, colour(number));
-    if (qobject_cast<QComboBox *>(&field) != nullptr) palette.setColor(QPalette::Button, colour(number));
+    setGround(palette, colour(colourFocus));
     field.setPalette(palette);
+}
+
+void giveKeyboardBack(QWidget &field)
+{
+    const QVariant before = field.property(paletteBefore);
+    if (!before.isValid()) return;
+    field.setPalette(before.value<QPalette>());
+    field.setProperty(paletteBefore, {});
 }
 } // namespace
 
@@ -41,6 +53,6 @@ bool FocusColour::eventFilter(QObject *watched, QEvent *event)
     const bool enters = event->type() == QEvent::FocusIn;
     if (!enters && event->type() != QEvent::FocusOut) return false;
     auto *widget = qobject_cast<QWidget *>(watched);
-    if (widget != nullptr && isField(*widget)) paintBackground(*widget, enters ? colourFocus : colourWhite);
+    if (widget != nullptr && isField(*widget)) enters ? takeKeyboard(*widget) : giveKeyboardBack(*widget);
     return false;
 }

@@ -1,5 +1,6 @@
-// The one rule of colour for every field: pale yellow while it has the keyboard, white otherwise. A field whose
-// background means something itself has the property ownBackground, and is left alone.
+// The one rule of colour for every field: dark letters on pale yellow while it has the keyboard, the
+// palette's own colours otherwise. A field whose background means something itself has the property
+// ownBackground, and is left alone.
 #pragma once
 
 #include <QObject>

@@ -1,5 +1,6 @@
 #include "controls/RisingCard.h"
 
+#include "controls/Contrast.h"
 #include "controls/Units.h"
 
 #include <QAccessible>
@@ -48,7 +49,7 @@ RisingCard::RisingCard(QWidget &mainWindow, int timeout)
     setAttribute(Qt::WA_ShowWithoutActivating);
     setFrameStyle(QFrame::Box | QFrame::Plain);
     QPalette letters = palette();
-    letters.setColor(QPalette::Window, colour(colourWhite));
+    setGround(letters, colour(colourWhite));
     letters.setColor(QPalette::WindowText, colour(colourText));
     setPalette(letters);
     TimerTimeout.setTimerType(Qt::PreciseTimer);

@@ -67,7 +67,7 @@ Sementes sementes::PT()
 Sementes sementes::BR()
 {
     Sementes s = Portugues(u"PortuguesBR"_s);
-    s.Contactos = {Empresa({u"Contato de exemplo: clique em EDITAR CONTATO para alterá-lo."_s,
+    s.Contactos = {Empresa({u"Contato de exemplo: clique em Editar contato para alterá-lo."_s,
                             u"A ficha se fecha em volta dos campos vazios."_s}),
                    Portal(u"Tudo o que acontece na cidade, em uma só página."_s)};
     return s;
@@ -82,7 +82,7 @@ Sementes sementes::UK()
             .Grupos = {u"Friends"_s, u"Colleagues"_s, u"Family"_s, u"Customers"_s, u"Suppliers"_s, u"Others"_s},
             .MemoTitulo = u"Memo"_s,
             .MemoDescricao = u"Write here your memos !"_s,
-            .Contactos = {Empresa({u"A sample contact: click EDIT CONTACT to change it."_s,
+            .Contactos = {Empresa({u"A sample contact: click Edit contact to change it."_s,
                                    u"The card closes up round empty fields."_s}),
                           Portal(u"All that goes on in town, on a single page."_s)}};
 }

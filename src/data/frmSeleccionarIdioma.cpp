@@ -4,9 +4,12 @@
 #include "data/Sementes.h"
 #include "platform/Platform.h"
 
+#include <QKeyEvent>
+
 using namespace Qt::StringLiterals;
 
-frmSeleccionarIdioma::frmSeleccionarIdioma(Geral &geral, Platform &platform) : geral_(geral), platform_(platform)
+frmSeleccionarIdioma::frmSeleccionarIdioma(Geral &geral, Platform &platform)
+    : geral_(geral), platform_(platform)
 {
     setupUi(this);
     connect(cmdPT, &QAbstractButton::clicked, this, &frmSeleccionarIdioma::cmdPT_Click);
@@ -30,6 +33,15 @@ void frmSeleccionarIdioma::cmdPT_Click() { Semear(sementes::PT()); }
 void frmSeleccionarIdioma::cmdBR_Click() { Semear(sementes::BR()); }
 void frmSeleccionarIdioma::cmdUK_Click() { Semear(sementes::UK()); }
 void frmSeleccionarIdioma::cmdFR_Click() { Semear(sementes::FR()); }
+
+// A button with a picture alone is pressed by the space bar; the form has no default button to take Enter.
+void frmSeleccionarIdioma::keyPressEvent(QKeyEvent *event)
+{
+    auto *bandeira = qobject_cast<QAbstractButton *>(focusWidget());
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!enter || bandeira == nullptr) return QDialog::keyPressEvent(event);
+    if (!event->isAutoRepeat()) bandeira->click();
+}
 
 void frmSeleccionarIdioma::cmdIndisponivel_Click()
 {

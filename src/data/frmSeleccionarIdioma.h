@@ -16,6 +16,9 @@ class frmSeleccionarIdioma final : public QDialog, public Ui::frmSeleccionarIdio
 public:
     frmSeleccionarIdioma(Geral &geral, Platform &platform);
 
+protected:
+    void keyPressEvent(QKeyEvent *event) override; // Enter chooses the flag that has the keyboard
+
 private:
     void Form_Unload();
     void cmdPT_Click();

@@ -1,16 +1,12 @@
 #include "memos/Aparencia.h"
 
 #include "store/Values.h"
+#include "controls/Contrast.h"
 #include "controls/Units.h"
 
 #include <QWidget>
 
 using namespace Qt::StringLiterals;
-
-namespace
-{
-constexpr int meio_claro = 128;
-}
 
 QFont Fonte_De_Memo(const QString &FontName, const QString &FontSize, const QString &FontBold,
                     const QString &FontItalic)
@@ -33,12 +29,8 @@ QColor Cor_De_Memo(const QString &CorFundo)
 
 void Pintar_Memo(QWidget &controlo, const QColor &fundo)
 {
-    const QColor letras = qGray(fundo.rgb()) < meio_claro ? Qt::white : Qt::black;
     QPalette palette = controlo.palette();
-    for (const auto papel : {QPalette::Window, QPalette::Base, QPalette::Button})
-        palette.setColor(papel, fundo);
-    for (const auto papel : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        palette.setColor(papel, letras);
+    setGround(palette, fundo);
     controlo.setPalette(palette);
 }
 

@@ -1,7 +1,9 @@
 #include "platform/TextOrder.h"
 
+#include <array>
 #include <memory>
 #include <unicode/ucol.h>
+#include <unicode/uversion.h>
 
 namespace
 {
@@ -61,4 +63,13 @@ int compareUtf8(QByteArrayView a, QByteArrayView b)
     const int order = ucol_strcollUTF8(theCollator(), a.data(), static_cast<int32_t>(a.size()), b.data(),
                                        static_cast<int32_t>(b.size()), &status);
     return order != 0 || a == b ? order : compareForm(QString::fromUtf8(a), QString::fromUtf8(b));
+}
+
+QString textLibraryVersion()
+{
+    UVersionInfo version;
+    std::array<char, U_MAX_VERSION_STRING_LENGTH> text{};
+    u_getVersion(version);
+    u_versionToString(version, text.data());
+    return QString::fromLatin1(text.data());
 }

@@ -12,3 +12,6 @@ int compareUtf8(QByteArrayView a, QByteArrayView b);
 // Tells this order from that of another release, which may sort a few letters elsewhere: digits and letters,
 // as they may stand in a name of the store.
 QString textOrderVersion();
+
+// Of the library that knows it, as it runs.
+QString textLibraryVersion();

@@ -1,5 +1,6 @@
 #include "printing/frmEnvelope.h"
 
+#include "controls/Contrast.h"
 #include "controls/Controls.h"
 #include "controls/Units.h"
 #include "data/Geral.h"
@@ -28,7 +29,7 @@ constexpr Translations remetente_de_amostra{
 void Pintar(QPushButton &botao, unsigned cor)
 {
     QPalette palette = botao.palette();
-    palette.setColor(QPalette::Button, colour(cor));
+    setGround(palette, colour(cor));
     botao.setPalette(palette);
 }
 } // namespace

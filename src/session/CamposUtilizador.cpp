@@ -48,15 +48,17 @@ void CamposUtilizador::Fixar_Direitos()
 
 bool CamposUtilizador::Aceitar(Geral &geral, Platform &platform, const QString &nome_actual) const
 {
-    if (txtPass1->text() != txtPass2->text()) return Recusar(geral, platform, 93);
+    if (txtPass1->text() != txtPass2->text()) return Recusar(geral, platform, 93, *txtPass2);
     const QString nome = txtUser->text();
-    if (nome != nome_actual && Existe_Utilizador(geral, nome)) return Recusar(geral, platform, 100);
+    if (nome != nome_actual && Existe_Utilizador(geral, nome)) return Recusar(geral, platform, 100, *txtUser);
     return true;
 }
 
-bool CamposUtilizador::Recusar(Geral &geral, Platform &platform, qint16 texto) const
+bool CamposUtilizador::Recusar(Geral &geral, Platform &platform, qint16 texto, QLineEdit &recusado) const
 {
     platform.boxes.show(geral.Ler_Idioma(texto), box::stop, window());
+    recusado.setFocus();
+    recusado.selectAll(); // what is typed next replaces it
     return false;
 }
 

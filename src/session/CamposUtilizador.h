@@ -32,7 +32,7 @@ public:
     std::array<QCheckBox *, 5> Direitos() const;
 
 private:
-    bool Recusar(Geral &geral, Platform &platform, qint16 texto) const;
+    bool Recusar(Geral &geral, Platform &platform, qint16 texto, QLineEdit &recusado) const;
 };
 
 // A check box as the commands take it: "0" or "1".

@@ -7,6 +7,7 @@
 #include "contacts/ListaContactos.h"
 #include "contacts/Pesquisa.h"
 #include "contacts/ProcuraRapida.h"
+#include "controls/Contrast.h"
 #include "controls/DisabledWindow.h"
 #include "controls/Units.h"
 #include "data/Geral.h"
@@ -37,13 +38,13 @@ using namespace Qt::StringLiterals;
 namespace
 {
 constexpr unsigned cor_ponto_apagado = 0xF8F8F8;
-constexpr unsigned cor_ponto_aceso = 0;
 
-void Pintar(QWidget &ponto, unsigned cor)
+// The dot that is out hardly shows on its window, be that light or dark; the one that is lit stands out.
+QColor Cor_Do_Ponto(const QPalette &janela, bool aceso)
 {
-    QPalette palette = ponto.palette();
-    palette.setColor(QPalette::Window, colour(cor));
-    ponto.setPalette(palette);
+    const QColor aceso_ = lettersOn(janela.color(QPalette::Window));
+    if (aceso) return aceso_;
+    return aceso_ == QColor(Qt::black) ? colour(cor_ponto_apagado) : janela.color(QPalette::Base);
 }
 
 std::unique_ptr<CrystalReport> Novo_Relatorio(Geral &geral, Platform &platform, QWidget &janela)
@@ -59,7 +60,7 @@ Main::Main(Geral &geral, Platform &platform)
       CrystalReport1(Novo_Relatorio(geral, platform, *this)),
       relatorioDaTarefa_(Novo_Relatorio(geral, platform, *this))
 {
-    Pintar(*PontoTarefas, cor_ponto_apagado);
+    Pintar_Ponto();
     cartao_ = new CartaoContacto(*this, geral_, platform_);
     lista_ = new ListaContactos(*this, geral_, *cartao_);
     tray_ = new SystemTray(*this, *MenuSystemTray, geral_, platform_);
@@ -128,14 +129,17 @@ void Main::Ligar_Menus()
 
 void Main::Ligar_Teclas()
 {
-    const auto tecla = [this](Qt::Key codigo, auto accao) {
-        auto *atalho = new QShortcut(codigo, this);
-        connect(atalho, &QShortcut::activated, this, accao);
-        connect(procuraRapida_, &ProcuraRapida::KeyPreview, atalho, &QShortcut::setEnabled);
-    };
-    tecla(Qt::Key_F2, [this] { cmdEditar->click(); }); // a disabled button takes no click
-    tecla(Qt::Key_Delete, [this] { cmdEliminar->click(); });
-    tecla(Qt::Key_Escape, [this] { tray_->Minimizar_Tray(); });
+    using Atalho = std::pair<QAction *, QKeySequence>;
+    // The entries of the menu that opens on the list only show the key: it is no menu of the window's bar.
+    for (const auto &[entrada, tecla] :
+         {Atalho(NovoContacto, Qt::CTRL | Qt::Key_N), Atalho(EditarContacto, Qt::Key_F2),
+          Atalho(RightClickEditar, Qt::Key_F2), Atalho(EliminarContacto, Qt::Key_Delete),
+          Atalho(RightClickEliminar, Qt::Key_Delete), Atalho(procurar, Qt::CTRL | Qt::Key_F),
+          Atalho(ImprimirLista, Qt::CTRL | Qt::Key_P), Atalho(Sair, Qt::CTRL | Qt::Key_Q)})
+        entrada->setShortcut(tecla);
+    auto *esconder = new QShortcut(Qt::Key_Escape, this);
+    connect(esconder, &QShortcut::activated, tray_, &SystemTray::Minimizar_Tray);
+    connect(procuraRapida_, &ProcuraRapida::KeyPreview, esconder, &QShortcut::setEnabled);
 }
 
 Arranque Main::Inicio()
@@ -174,9 +178,21 @@ void Main::closeEvent(QCloseEvent *event)
 
 void Main::timerPonto_Timer()
 {
-    const bool aceso = EstadoPonto == "1"_L1;
-    Pintar(*PontoTarefas, aceso ? cor_ponto_apagado : cor_ponto_aceso);
-    EstadoPonto = aceso ? u"2"_s : u"1"_s;
+    EstadoPonto = EstadoPonto == "1"_L1 ? u"2"_s : u"1"_s;
+    Pintar_Ponto();
+}
+
+void Main::Pintar_Ponto()
+{
+    QPalette palette = PontoTarefas->palette();
+    palette.setColor(QPalette::Window, Cor_Do_Ponto(this->palette(), EstadoPonto == "1"_L1));
+    PontoTarefas->setPalette(palette);
+}
+
+void Main::changeEvent(QEvent *event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) Pintar_Ponto();
 }
 
 void Main::Opcoes_Click()

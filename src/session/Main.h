@@ -39,6 +39,7 @@ public:
 
 protected:
     void closeEvent(QCloseEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
     void Ligar_Menus();
@@ -46,6 +47,7 @@ private:
     bool Responder_A_Aviso(); // whether a notice stood there to be answered
 
     void timerPonto_Timer();
+    void Pintar_Ponto();
     void Opcoes_Click();
     void Sobre_Click();
 
@@ -61,5 +63,5 @@ private:
     Presenca *presenca_;
     CicloCorreio *correio_;
     ProcuraRapida *procuraRapida_;
-    QString EstadoPonto; // "1" or "2": the phase of the blinking dot
+    QString EstadoPonto; // "1", lit, or "2": the phase of the blinking dot
 };

@@ -1,5 +1,6 @@
 #include "session/PaineMemos.h"
 
+#include "controls/Contrast.h"
 #include "data/Geral.h"
 #include "platform/Platform.h"
 #include "session/OmissaoDosMemos.h"
@@ -19,7 +20,7 @@ void PaineMemos::Preencher()
     QPlainTextEdit &amostra = *controlos_.txtMemo;
     amostra.setFont(omissao_dos_memos::Fonte(geral_));
     QPalette palette = amostra.palette();
-    palette.setColor(QPalette::Base, omissao_dos_memos::Cor(geral_));
+    setGround(palette, omissao_dos_memos::Cor(geral_));
     amostra.setPalette(palette);
 }
 

@@ -80,6 +80,7 @@ void frmLogin::Recusar()
 {
     platform_.boxes.show(geral_.Ler_Idioma(101), box::stop, u"Login"_s, this);
     txtPass->setFocus();
+    txtPass->selectAll(); // the next try replaces it
 }
 
 void frmLogin::cmdCancelar_Click() { reject(); }

@@ -195,6 +195,8 @@ SQLite::Statement &Connection::Database::statement(const QString &sql)
 }
 
 Connection::Connection() = default;
+QString Connection::storeVersion() { return QString::fromLatin1(sqlite3_libversion()); }
+
 Connection::~Connection() = default;
 
 void Connection::Open() { open(SQLite::OPEN_READWRITE); }

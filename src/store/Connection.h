@@ -15,6 +15,9 @@ public:
     Connection();
     ~Connection();
 
+    // Of the store's library, as it runs.
+    static QString storeVersion();
+
     // What to open, as "name=value;" pairs of which "Data Source", between single quotes, names the file. A
     // path with a single quote in it breaks the string: it is not escaped.
     void setConnectionString(const QString &text) { connectionString_ = text; }

@@ -677,6 +677,28 @@ private Q_SLOTS:
         });
     }
 
+    void Escape_fecha_primeiro_o_calendario_e_so_depois_o_formulario_data()
+    {
+        QTest::addColumn<bool>("no_calendario");
+        QTest::newRow("o teclado no campo") << false;
+        QTest::newRow("o teclado no calendario") << true;
+    }
+    void Escape_fecha_primeiro_o_calendario_e_so_depois_o_formulario()
+    {
+        QFETCH(bool, no_calendario);
+        Editor e;
+        e.Novo([&](frmAddEdit &form) {
+            form.activateWindow();
+            Clicar(form.txtMes);
+            if (no_calendario) form.Calendario->setFocus();
+            QTest::keyClick(form.focusWidget(), Qt::Key_Escape);
+            QVERIFY(form.Calendario->isHidden());
+            QVERIFY(form.isVisible());
+            QTest::keyClick(form.focusWidget(), Qt::Key_Escape);
+            QVERIFY(!form.isVisible());
+        });
+    }
+
     void uma_tecla_no_campo_mostra_o_calendario_sob_ele()
     {
         Editor e;

@@ -1,9 +1,11 @@
 # Tests of controls.
 foreach(teste IN ITEMS
     test_ComboBox
+    test_Contrast
     test_ElidingLabel
     test_ListBox
     test_LongText
-    test_RisingCard)
+    test_RisingCard
+    test_Style)
     morvex_teste(controls/${teste} LIGA controls)
 endforeach()

@@ -233,6 +233,21 @@ private Q_SLOTS:
         }
         QVERIFY(vistos > 20);
     }
+
+    // The design of the program writes these captions in capitals; elsewhere capitals shout.
+    void as_maiusculas_ficam_em_portugues_de_portugal_data() { Linguas(); }
+    void as_maiusculas_ficam_em_portugues_de_portugal()
+    {
+        QFETCH(QString, lingua);
+        QList<int> gritados;
+        for (auto it = textos_[lingua].cbegin(); it != textos_[lingua].cend(); ++it) {
+            const QString letras = QString(it.value()).remove(QRegularExpression(u"[^\\p{L}]"_s));
+            if (letras.size() > 4 && letras == letras.toUpper()) gritados << it.key();
+        }
+        const bool gritam = lingua == "PortuguesPT"_L1;
+        QCOMPARE(gritados,
+                 gritam ? QList<int>({45, 46, 47, 243, 244, 248, 249, 250, 253, 254, 257}) : QList<int>());
+    }
 };
 
 MORVEX_TESTE(TestTextos)

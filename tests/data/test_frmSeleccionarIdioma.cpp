@@ -65,6 +65,25 @@ private Q_SLOTS:
         QCOMPARE(s.geral.ini.Ler_Ini(u"basedados"_s, u"caminhobd"_s), u""_s);
     }
 
+    void Enter_escolhe_a_bandeira_que_tem_o_teclado_data()
+    {
+        QTest::addColumn<Qt::Key>("tecla");
+        QTest::newRow("Enter") << Qt::Key_Enter;
+        QTest::newRow("Return") << Qt::Key_Return;
+    }
+    void Enter_escolhe_a_bandeira_que_tem_o_teclado()
+    {
+        QFETCH(Qt::Key, tecla);
+        Sistema s(Sistema::Estado::Vazio);
+        frmSeleccionarIdioma form(s.geral, s.plataforma);
+        form.show();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        form.cmdUK->setFocus();
+        QTest::keyClick(form.cmdUK, tecla);
+        QCOMPARE(Contagens(s), QStringList{u"InglesUK|5|6|1|2"_s});
+        QVERIFY(!form.isVisible());
+    }
+
     void uma_bandeira_indisponivel_repete_a_mensagem_e_nada_muda_data()
     {
         QTest::addColumn<int>("vezes");

@@ -16,5 +16,6 @@ foreach(teste IN ITEMS
     test_WindowsRegistry)
     morvex_teste(platform/${teste} LIGA platform)
 endforeach()
+morvex_teste(platform/test_ColourScheme LIGA controls)
 morvex_teste(platform/test_PurpleMessenger LIGA session)
 morvex_servidores(test_PurpleMessenger)

@@ -1,7 +1,7 @@
 // The main window: its timers, its dot, its keys, and that closing it only hides it.
-#include "data/frmSeleccionarIdioma.h"
 #include "controls/Controls.h"
 #include "controls/Units.h"
+#include "data/frmSeleccionarIdioma.h"
 #include "session/frmLogin.h"
 #include "session/Main.h"
 #include "testlib/ComJanela.h"
@@ -212,6 +212,56 @@ private Q_SLOTS:
         QCOMPARE(elimina.size(), 1);
         QTest::keyClick(&controlo, Qt::Key_Escape);
         QVERIFY(!c.janela.isVisible());
+    }
+
+    void cada_atalho_faz_o_que_a_sua_entrada_faz_e_aparece_nela_data()
+    {
+        QTest::addColumn<QString>("entrada");
+        QTest::addColumn<QKeySequence>("tecla");
+        QTest::newRow("novo") << u"NovoContacto"_s << QKeySequence(Qt::CTRL | Qt::Key_N);
+        QTest::newRow("editar") << u"EditarContacto"_s << QKeySequence(Qt::Key_F2);
+        QTest::newRow("eliminar") << u"EliminarContacto"_s << QKeySequence(Qt::Key_Delete);
+        QTest::newRow("procurar") << u"procurar"_s << QKeySequence(Qt::CTRL | Qt::Key_F);
+        QTest::newRow("imprimir") << u"ImprimirLista"_s << QKeySequence(Qt::CTRL | Qt::Key_P);
+        QTest::newRow("sair") << u"Sair"_s << QKeySequence(Qt::CTRL | Qt::Key_Q);
+    }
+    void cada_atalho_faz_o_que_a_sua_entrada_faz_e_aparece_nela()
+    {
+        QFETCH(QString, entrada);
+        QFETCH(QKeySequence, tecla);
+        ComJanela c;
+        c.Mostrar({{u"Nome"_s, u"Ana"_s}});
+        c.janela.show();
+        QVERIFY(QTest::qWaitForWindowActive(&c.janela));
+        auto &accao = control<QAction>(c.janela, entrada);
+        QCOMPARE(accao.shortcut(), tecla);
+        accao.disconnect(); // what the entry does is proven elsewhere
+        int vezes = 0;
+        connect(&accao, &QAction::triggered, &c.janela, [&vezes] { ++vezes; });
+        QTest::keyClick(c.janela.ListaNomes, tecla[0].key(), tecla[0].keyboardModifiers());
+        QCOMPARE(vezes, 1);
+        accao.setEnabled(false);
+        QTest::keyClick(c.janela.ListaNomes, tecla[0].key(), tecla[0].keyboardModifiers());
+        QCOMPARE(vezes, 1);
+    }
+
+    void o_menu_da_lista_mostra_as_teclas_das_suas_entradas()
+    {
+        ComJanela c;
+        QCOMPARE(c.janela.RightClickEditar->shortcut(), QKeySequence(Qt::Key_F2));
+        QCOMPARE(c.janela.RightClickEliminar->shortcut(), QKeySequence(Qt::Key_Delete));
+    }
+
+    void sem_o_direito_o_atalho_recusa_como_a_entrada()
+    {
+        ComJanela c;
+        c.s.Novo_Utilizador(u"Rui"_s, u"x"_s, u"00000"_s);
+        c.s.Entrar(u"Rui"_s);
+        c.janela.show();
+        QVERIFY(QTest::qWaitForWindowActive(&c.janela));
+        c.s.caixas.Espera_Qualquer(box::stop, c.janela.windowTitle());
+        QTest::keyClick(c.janela.ListaNomes, Qt::Key_N, Qt::ControlModifier);
+        QVERIFY(c.s.caixas.Todas_Vistas());
     }
 
     void F2_e_Delete_nada_fazem_sem_contacto()

@@ -95,6 +95,21 @@ private Q_SLOTS:
         QCOMPARE(s.geral.SessaoActual.Utilizador, u"Maria"_s);
     }
 
+    void uma_senha_recusada_fica_escolhida_para_que_a_seguinte_a_substitua()
+    {
+        Sistema s;
+        s.Novo_Utilizador(u"Maria"_s, u"segredo7"_s);
+        frmLogin form(s.geral, s.plataforma);
+        form.show();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        Preencher(form, u"Maria"_s, u"outra"_s);
+        s.caixas.Espera(s.Texto(101), 16, u"Login"_s);
+        form.cmdOk->click();
+        QTest::keyClicks(form.txtPass, u"segredo7"_s);
+        form.cmdOk->click();
+        QCOMPARE(s.geral.SessaoActual.Utilizador, u"Maria"_s);
+    }
+
     void nome_errado_recusa_com_o_mesmo_texto()
     {
         Sistema s;

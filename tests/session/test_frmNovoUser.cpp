@@ -121,6 +121,18 @@ private Q_SLOTS:
         QVERIFY(s.geral.SessaoActual.Utilizador.isEmpty());
     }
 
+    void a_repeticao_recusada_fica_escolhida_para_que_a_seguinte_a_substitua()
+    {
+        Sistema s;
+        frmNovoUser form(s.geral, s.plataforma);
+        form.show();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        Preencher(form, u"Rui"_s, u"segredo7"_s, u"Segredo7"_s);
+        Recusar(s, form, 93);
+        QVERIFY(form.campos->txtPass2->hasFocus());
+        QCOMPARE(form.campos->txtPass2->selectedText(), u"Segredo7"_s);
+    }
+
     void nome_que_ja_existe_e_recusado()
     {
         Sistema s;

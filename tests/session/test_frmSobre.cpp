@@ -7,6 +7,9 @@
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QRegularExpression>
 #include <QShortcut>
 
 using namespace Qt::StringLiterals;
@@ -25,6 +28,28 @@ private Q_SLOTS:
         QCOMPARE(form.lblNome->text(), u"Morvex"_s);
         QCOMPARE(form.lblVersao->text(), u"7.5"_s);
         QCOMPARE(form.cmdFechar->text(), s.Texto(135));
+    }
+
+    void diz_a_pasta_dos_dados_e_sobre_que_assenta_e_deixa_se_copiar()
+    {
+        Sistema s(Sistema::Estado::Semeado, u"FrancesFR"_s);
+        frmSobre form(s.geral, nullptr);
+        form.show();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        const QString sqlite = s.Linhas(u"SELECT sqlite_version()"_s).value(0);
+        const QString texto = form.txtPormenores->toPlainText();
+        // The box gives a no-break space back as a common one.
+        QVERIFY(texto.startsWith(u"Dossier des données :\n"_s + s.geral.Pasta + u'\n'));
+        QVERIFY2(texto.contains(u"Qt "_s + QString::fromLatin1(qVersion()) + u", SQLite "_s + sqlite +
+                                u", ICU "_s),
+                 qPrintable(texto));
+        QVERIFY(QRegularExpression(u"ICU [0-9]+\\.[0-9]"_s).match(texto).hasMatch());
+        QVERIFY(form.cmdFechar->hasFocus());
+
+        form.txtPormenores->setFocus();
+        QTest::keyClick(form.txtPormenores, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(form.txtPormenores, Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(QGuiApplication::clipboard()->text(), texto);
     }
 
     void fecha_se_pelo_botao_e_por_Escape()

@@ -1,5 +1,6 @@
 # Tests of session.
 morvex_teste(session/test_frmLogin LIGA session)
+morvex_teste(session/test_Contraste LIGA session)
 morvex_teste(session/test_frmOpcoes LIGA session)
 morvex_teste(session/test_autorun LIGA session)
 morvex_teste(session/test_Chamar LIGA session)

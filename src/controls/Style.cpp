@@ -1,0 +1,69 @@
+#include "controls/Style.h"
+
+#include <QIcon>
+#include <QPainter>
+#include <QStyleOption>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+QString pictureOf(QStyle::StandardPixmap picture)
+{
+    switch (picture) {
+    case QStyle::SP_MessageBoxQuestion:
+        return u":/imagens/caixa/pergunta.svg"_s;
+    case QStyle::SP_MessageBoxInformation:
+        return u":/imagens/caixa/informacao.svg"_s;
+    case QStyle::SP_MessageBoxWarning:
+        return u":/imagens/caixa/aviso.svg"_s;
+    case QStyle::SP_MessageBoxCritical:
+        return u":/imagens/caixa/erro.svg"_s;
+    case QStyle::SP_MediaSkipBackward:
+        return u":/imagens/paginas/primeira.svg"_s;
+    case QStyle::SP_MediaSeekBackward:
+        return u":/imagens/paginas/anterior.svg"_s;
+    case QStyle::SP_MediaSeekForward:
+        return u":/imagens/paginas/seguinte.svg"_s;
+    case QStyle::SP_MediaSkipForward:
+        return u":/imagens/paginas/ultima.svg"_s;
+    default:
+        return {};
+    }
+}
+
+void drawFrame(QPainter &painter, const QRect &place, const QColor &colour)
+{
+    painter.save();
+    painter.setPen(colour);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(place.adjusted(0, 0, -1, -1));
+    painter.restore();
+}
+} // namespace
+
+Style::Style() : QProxyStyle(u"Fusion"_s) {}
+
+QIcon Style::standardIcon(StandardPixmap picture, const QStyleOption *option, const QWidget *widget) const
+{
+    const QString own = pictureOf(picture);
+    return own.isEmpty() ? QProxyStyle::standardIcon(picture, option, widget) : QIcon(own);
+}
+
+int Style::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                     QStyleHintReturn *returned) const
+{
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+    return QProxyStyle::styleHint(hint, option, widget, returned);
+}
+
+// The plain style marks the tab's letters so faintly that it can hardly be told which has the keyboard.
+void Style::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                        const QWidget *widget) const
+{
+    QProxyStyle::drawControl(element, option, painter, widget);
+    if (element != CE_TabBarTabLabel || !option->state.testFlag(State_HasFocus)) return;
+    constexpr int inside = 3; // pixels from the tab's own frame
+    drawFrame(*painter, option->rect.adjusted(inside, inside, -inside, -inside),
+              option->palette.color(QPalette::WindowText));
+}

@@ -1,0 +1,19 @@
+// The program's one look over the toolkit's plain style: pictures of its own family in the boxes and the
+// preview, buttons of boxes like those of the forms, and a frame round the tab that has the keyboard.
+#pragma once
+
+#include <QProxyStyle>
+
+class Style final : public QProxyStyle
+{
+    Q_OBJECT
+public:
+    Style();
+
+    QIcon standardIcon(StandardPixmap picture, const QStyleOption *option,
+                       const QWidget *widget) const override;
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                  QStyleHintReturn *returned) const override;
+    void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                     const QWidget *widget) const override;
+};

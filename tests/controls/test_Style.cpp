@@ -1,0 +1,145 @@
+// The program's look over the toolkit's style: pictures of boxes, their buttons, the tab with the keyboard,
+// and pictures that show on light windows and dark ones.
+#include "controls/Contrast.h"
+#include "controls/Palettes.h"
+#include "testlib/Teste.h"
+
+#include <QDialogButtonBox>
+#include <QDirIterator>
+#include <QIcon>
+#include <QMessageBox>
+#include <QPainter>
+#include <QPushButton>
+#include <QStyle>
+#include <QTabBar>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr double visible = 3; // the contrast that a drawing needs
+
+QImage Desenho(const QString &ficheiro, const QColor &fundo)
+{
+    constexpr int lado = 96;
+    QImage imagem(lado, lado, QImage::Format_ARGB32);
+    imagem.fill(fundo);
+    QPainter painter(&imagem);
+    QIcon(ficheiro).paint(&painter, imagem.rect());
+    return imagem;
+}
+
+// How much of what is drawn stands out from that window, in percent of the drawing.
+int Parte_Que_Se_Ve(const QString &ficheiro, const QColor &janela)
+{
+    const QImage so = Desenho(ficheiro, Qt::transparent);
+    const QImage desenho = Desenho(ficheiro, janela);
+    constexpr int quase_nada = 25; // of 255: the soft edge of a line
+    int desenhados = 0;
+    int vistos = 0;
+    for (int y = 0; y < desenho.height(); ++y)
+        for (int x = 0; x < desenho.width(); ++x) {
+            if (so.pixelColor(x, y).alpha() < quase_nada) continue;
+            ++desenhados;
+            if (contrast(desenho.pixelColor(x, y), janela) >= visible) ++vistos;
+        }
+    return desenhados == 0 ? 0 : 100 * vistos / desenhados;
+}
+} // namespace
+
+class TestStyle : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { setDark(false); }
+
+    void as_caixas_tem_figuras_da_mesma_familia_data()
+    {
+        QTest::addColumn<QMessageBox::Icon>("icone");
+        QTest::addColumn<QString>("ficheiro");
+        QTest::newRow("question") << QMessageBox::Question << u"pergunta"_s;
+        QTest::newRow("information") << QMessageBox::Information << u"informacao"_s;
+        QTest::newRow("warning") << QMessageBox::Warning << u"aviso"_s;
+        QTest::newRow("error") << QMessageBox::Critical << u"erro"_s;
+    }
+    void as_caixas_tem_figuras_da_mesma_familia()
+    {
+        QFETCH(QMessageBox::Icon, icone);
+        QFETCH(QString, ficheiro);
+        QMessageBox caixa(icone, u"Título"_s, u"Texto"_s);
+        const QPixmap vista = caixa.iconPixmap();
+        QVERIFY(!vista.isNull());
+        const QIcon propria(u":/imagens/caixa/%1.svg"_s.arg(ficheiro));
+        QCOMPARE(vista.toImage(), propria.pixmap(vista.size()).toImage());
+    }
+
+    void os_botoes_das_caixas_sao_como_os_dos_formularios()
+    {
+        QMessageBox caixa(QMessageBox::Question, u"Título"_s, u"Texto"_s, QMessageBox::Yes | QMessageBox::No);
+        caixa.show();
+        for (const QAbstractButton *botao : caixa.buttons())
+            QVERIFY(botao->icon().isNull());
+    }
+
+    void o_separador_com_o_teclado_distingue_se_data()
+    {
+        QTest::addColumn<bool>("escuro");
+        QTest::newRow("claro") << false;
+        QTest::newRow("escuro") << true;
+    }
+    void o_separador_com_o_teclado_distingue_se()
+    {
+        QFETCH(bool, escuro);
+        setDark(escuro);
+        QWidget janela;
+        QTabBar barra(&janela);
+        QPushButton outro(&janela);
+        outro.move(0, 60);
+        barra.addTab(u"Sons"_s);
+        barra.addTab(u"Memos"_s);
+        janela.resize(200, 100);
+        janela.show();
+        QVERIFY(QTest::qWaitForWindowActive(&janela));
+        outro.setFocus();
+        const QImage sem = barra.grab().toImage();
+        barra.setFocus();
+        const QImage com = barra.grab().toImage();
+        int mudados = 0;
+        for (int y = 0; y < com.height(); ++y)
+            for (int x = 0; x < com.width(); ++x)
+                if (contrast(com.pixelColor(x, y), sem.pixelColor(x, y)) >= visible) ++mudados;
+        const QRect separador = barra.tabRect(barra.currentIndex());
+        QVERIFY2(mudados > separador.width(),
+                 qPrintable(QString::number(mudados))); // more than one side of it
+    }
+
+    void cada_figura_ve_se_em_janelas_claras_e_escuras_data()
+    {
+        QTest::addColumn<QString>("ficheiro");
+        for (QDirIterator it(u":/imagens"_s, {u"*.svg"_s}, QDir::Files, QDirIterator::Subdirectories);
+             it.hasNext();) {
+            const QString ficheiro = it.next();
+            QTest::newRow(qPrintable(ficheiro)) << ficheiro;
+        }
+    }
+    void cada_figura_ve_se_em_janelas_claras_e_escuras()
+    {
+        QFETCH(QString, ficheiro);
+        const QPalette claras = lightPalette(qApp->style()->standardPalette());
+        const int basta =
+            ficheiro.contains("bandeiras"_L1) ? 10 : 20; // percent: an outline; a flag's is thin
+        for (const QColor &janela :
+             {claras.color(QPalette::Window), QColor(Qt::white), darkPalette().color(QPalette::Window),
+              darkPalette().color(QPalette::Button), QColor(Qt::black)}) {
+            const int parte = Parte_Que_Se_Ve(ficheiro, janela);
+            QVERIFY2(parte >= basta, qPrintable(u"%1 on %2: %3 %"_s.arg(ficheiro, janela.name()).arg(parte)));
+        }
+    }
+
+private:
+    static void setDark(bool dark) { static_cast<Application *>(qApp)->setDark(dark); }
+};
+
+MORVEX_TESTE(TestStyle)
+#include "test_Style.moc"

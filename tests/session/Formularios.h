@@ -1,0 +1,152 @@
+// Every form of the program, as its opener makes it.
+#pragma once
+
+#include "contacts/frmAddEdit.h"
+#include "contacts/frmDeleteGroup.h"
+#include "contacts/frmEditGroup.h"
+#include "contacts/frmEmail.h"
+#include "contacts/frmNovoGrupo.h"
+#include "contacts/frmProcurar.h"
+#include "contacts/frmVerImagem.h"
+#include "contacts/ListaContactos.h"
+#include "interchange/frmBackup.h"
+#include "interchange/frmExportar.h"
+#include "interchange/frmImportar.h"
+#include "interchange/frmImportar2.h"
+#include "interchange/frmImportarMDB.h"
+#include "interchange/Intercambio.h"
+#include "memos/frmMemo.h"
+#include "online/frmAddEditEmail.h"
+#include "printing/frmEnvelope.h"
+#include "printing/frmImprimir.h"
+#include "reminders/frmAddEditTarefa.h"
+#include "reminders/frmAniversarios.h"
+#include "reminders/frmListaTarefas.h"
+#include "reminders/frmTarefas.h"
+#include "session/frmDeleteUser.h"
+#include "session/frmEditUser.h"
+#include "session/frmLoading.h"
+#include "session/frmLogin.h"
+#include "session/frmNovoUser.h"
+#include "session/frmOpcoes.h"
+#include "session/Main.h"
+#include "testlib/RelatorioFalso.h"
+#include "testlib/Sistema.h"
+
+#include <QMap>
+
+// An installation in that language with a user, a main window, and a form over it.
+struct ComFormulario {
+    explicit ComFormulario(const QString &idioma) : s(Sistema::Estado::Semeado, idioma)
+    {
+        s.Novo_Utilizador(QStringLiteral("Ana"), QStringLiteral("x"));
+        s.geral.MemoFontName = QStringLiteral("Tahoma");
+        s.geral.MemoFontSize = QStringLiteral("8,25");
+        s.geral.MemoFontBold = s.geral.MemoFontItalic = QStringLiteral("False");
+        s.geral.MemoCorFundo = QStringLiteral("65535");
+        lista.Carregar_Grupos();
+    }
+
+    template<class Formulario, class... Argumentos> QWidget *Novo(Argumentos &&...argumentos)
+    {
+        form = std::make_unique<Formulario>(std::forward<Argumentos>(argumentos)...);
+        return form.get();
+    }
+
+    Sistema s;
+    Main janela{s.geral, s.plataforma};
+    ListaContactos &lista = *janela.findChild<ListaContactos *>();
+    Intercambio &intercambio = *janela.findChild<Intercambio *>();
+    RelatorioFalso relatorio;
+    std::unique_ptr<QWidget> form;
+};
+
+using Abertura = QWidget *(*)(ComFormulario &);
+
+inline void Por_Modo(QString &modo, const char *valor) { modo = QLatin1StringView(valor); }
+
+inline const QMap<QString, Abertura> aberturas{
+    {QStringLiteral("frmLogin"),
+     [](ComFormulario &c) { return c.Novo<frmLogin>(c.s.geral, c.s.plataforma); }},
+    {QStringLiteral("frmLoading"), [](ComFormulario &c) { return c.Novo<frmLoading>(c.s.geral); }},
+    {QStringLiteral("frmNovoUser"),
+     [](ComFormulario &c) { return c.Novo<frmNovoUser>(c.s.geral, c.s.plataforma); }},
+    {QStringLiteral("frmEditUser"),
+     [](ComFormulario &c) { return c.Novo<frmEditUser>(c.s.geral, c.s.plataforma); }},
+    {QStringLiteral("frmDeleteUser"),
+     [](ComFormulario &c) { return c.Novo<frmDeleteUser>(c.s.geral, c.s.plataforma, c.janela); }},
+    {QStringLiteral("frmOpcoes"),
+     [](ComFormulario &c) { return c.Novo<frmOpcoes>(c.s.geral, c.s.plataforma, c.janela); }},
+    {QStringLiteral("frmNovoGrupo"),
+     [](ComFormulario &c) { return c.Novo<frmNovoGrupo>(c.s.geral, c.lista); }},
+    {QStringLiteral("frmEditGroup"),
+     [](ComFormulario &c) { return c.Novo<frmEditGroup>(c.s.geral, c.s.plataforma, c.lista); }},
+    {QStringLiteral("frmDeleteGroup"),
+     [](ComFormulario &c) { return c.Novo<frmDeleteGroup>(c.s.geral, c.s.plataforma, c.lista); }},
+    {QStringLiteral("frmEmail"),
+     [](ComFormulario &c) {
+         return c.Novo<frmEmail>(c.s.geral, c.s.plataforma, QStringLiteral("a@x"), QStringLiteral("b@x"));
+     }},
+    {QStringLiteral("frmAddEdit"),
+     [](ComFormulario &c) {
+         Por_Modo(c.s.geral.ModoContacto, "Add");
+         auto *form = c.Novo<frmAddEdit>(c.janela, c.s.geral, c.s.plataforma, c.lista);
+         static_cast<frmAddEdit *>(form)->Carregar();
+         return form;
+     }},
+    {QStringLiteral("frmProcurar"),
+     [](ComFormulario &c) {
+         auto *form = c.Novo<frmProcurar>(c.janela, c.s.geral, c.s.plataforma);
+         static_cast<frmProcurar *>(form)->Abrir();
+         return form;
+     }},
+    {QStringLiteral("frmVerImagem"),
+     [](ComFormulario &c) { return c.Novo<frmVerImagem>(c.s.geral, Picture(c.s.geral.Ficheiro(QStringLiteral("semfoto_big.jpg")))); }},
+    {QStringLiteral("frmAddEditTarefa, nova"),
+     [](ComFormulario &c) {
+         Por_Modo(c.s.geral.ModoTarefa, "Add");
+         return c.Novo<frmAddEditTarefa>(c.s.geral, c.s.plataforma, c.janela, nullptr);
+     }},
+    {QStringLiteral("frmAddEditTarefa, editada"),
+     [](ComFormulario &c) {
+         Por_Modo(c.s.geral.ModoTarefa, "Edit");
+         return c.Novo<frmAddEditTarefa>(c.s.geral, c.s.plataforma, c.janela, nullptr);
+     }},
+    {QStringLiteral("frmListaTarefas"),
+     [](ComFormulario &c) { return c.Novo<frmListaTarefas>(c.s.geral, c.s.plataforma, c.janela); }},
+    {QStringLiteral("frmTarefas"),
+     [](ComFormulario &c) { return c.Novo<frmTarefas>(c.s.geral, c.s.plataforma, c.janela, c.relatorio); }},
+    {QStringLiteral("frmAniversarios"),
+     [](ComFormulario &c) { return c.Novo<frmAniversarios>(c.s.geral, c.janela); }},
+    {QStringLiteral("frmMemo"), [](ComFormulario &c) { return c.Novo<frmMemo>(c.s.geral, c.s.plataforma); }},
+    {QStringLiteral("frmAddEditEmail, nova"),
+     [](ComFormulario &c) {
+         Por_Modo(c.s.geral.ModoEmail, "Add");
+         auto *form = c.Novo<frmAddEditEmail>(c.s.geral, nullptr);
+         form->show();
+         return form;
+     }},
+    {QStringLiteral("frmImprimir"),
+     [](ComFormulario &c) { return c.Novo<frmImprimir>(c.s.geral, c.relatorio, *c.janela.ListaNomes); }},
+    {QStringLiteral("frmEnvelope"),
+     [](ComFormulario &c) { return c.Novo<frmEnvelope>(c.s.geral, c.relatorio); }},
+    {QStringLiteral("frmExportar"),
+     [](ComFormulario &c) { return c.Novo<frmExportar>(c.s.geral, c.relatorio, *c.janela.ListaNomes); }},
+    {QStringLiteral("frmBackup"),
+     [](ComFormulario &c) { return c.Novo<frmBackup>(c.s.geral, c.s.plataforma); }},
+    {QStringLiteral("frmImportar"),
+     [](ComFormulario &c) {
+         return c.Novo<frmImportar>(c.s.geral, c.s.plataforma, c.intercambio, c.janela);
+     }},
+    {QStringLiteral("frmImportar2"),
+     [](ComFormulario &c) {
+         auto *form = c.Novo<frmImportar2>(c.s.geral, c.s.plataforma, c.intercambio, c.janela);
+         static_cast<frmImportar2 *>(form)->Form_Load();
+         return form;
+     }},
+    {QStringLiteral("frmImportarMDB"),
+     [](ComFormulario &c) {
+         c.intercambio.FileName = QFINDTESTDATA("fixtures/jet/vazia.mdb");
+         return c.Novo<frmImportarMDB>(c.s.geral, c.s.plataforma, c.intercambio, c.janela);
+     }},
+};

@@ -1,0 +1,203 @@
+// Every form in every palette can be read, with the keyboard on a control and without, opened in that palette
+// or before it came.
+#include "controls/Contrast.h"
+#include "controls/Palettes.h"
+#include "controls/Units.h"
+#include "data/frmSeleccionarIdioma.h"
+#include "online/frmPopupEmail.h"
+#include "reminders/frmPopup.h"
+#include "session/Formularios.h"
+#include "session/frmSobre.h"
+#include "testlib/Legibilidade.h"
+#include "testlib/Teste.h"
+
+#include <QMenu>
+#include <QToolTip>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+// A desktop of two colours, as people with weak eyes choose it.
+QPalette De_Duas_Cores(const QColor &fundo, const QColor &letras)
+{
+    QPalette palette(letras, fundo, fundo, fundo, letras, letras, letras, fundo, fundo);
+    palette.setColor(QPalette::Highlight, letras);
+    palette.setColor(QPalette::HighlightedText, fundo);
+    palette.setColor(QPalette::ToolTipBase, fundo);
+    palette.setColor(QPalette::ToolTipText, letras);
+    palette.setColor(QPalette::Shadow, fundo);
+    return palette;
+}
+
+const QMap<QString, QPalette (*)()> paletas{
+    {u"clara"_s, [] { return lightPalette(qApp->style()->standardPalette()); }},
+    {u"escura"_s, [] { return darkPalette(); }},
+    {u"preto sobre branco"_s, [] { return De_Duas_Cores(Qt::white, Qt::black); }},
+    {u"branco sobre preto"_s, [] { return De_Duas_Cores(Qt::black, Qt::white); }}};
+
+const QMap<QString, Abertura> outras{
+    {u"Main"_s,
+     [](ComFormulario &c) -> QWidget * {
+         c.s.Novo_Contacto({{u"Nome"_s, Value(u"Ágata"_s)}, {u"Email1"_s, Value(u"a@x.example"_s)}});
+         c.lista.Carregar_Tabela();
+         c.janela.ListaNomes->setListIndex(0);
+         return &c.janela;
+     }},
+    {u"frmSobre"_s, [](ComFormulario &c) { return c.Novo<frmSobre>(c.s.geral, nullptr); }},
+    {u"frmSeleccionarIdioma"_s,
+     [](ComFormulario &c) { return c.Novo<frmSeleccionarIdioma>(c.s.geral, c.s.plataforma); }},
+    {u"frmPopup"_s,
+     [](ComFormulario &c) { return c.Novo<frmPopup>(c.s.geral, c.s.plataforma, c.janela, c.relatorio); }},
+    {u"frmPopupEmail"_s, [](ComFormulario &c) { return c.Novo<frmPopupEmail>(c.janela, u"3 mensagens"_s); }},
+};
+
+QWidget &Abrir(ComFormulario &c, const QString &nome)
+{
+    const Abertura abertura = aberturas.contains(nome) ? aberturas[nome] : outras[nome];
+    QWidget &form = *abertura(c);
+    form.show();
+    form.activateWindow();
+    QCoreApplication::processEvents();
+    return form;
+}
+} // namespace
+
+class TestContraste : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { qApp->setPalette(lightPalette(qApp->style()->standardPalette())); }
+
+    void todos_os_formularios_se_leem_em_todas_as_paletas_data()
+    {
+        QTest::addColumn<QString>("nome");
+        QTest::addColumn<QString>("paleta");
+        for (const QString &nome : aberturas.keys() + outras.keys())
+            for (const QString &paleta : paletas.keys())
+                QTest::addRow("%s, %s", qPrintable(nome), qPrintable(paleta)) << nome << paleta;
+    }
+    void todos_os_formularios_se_leem_em_todas_as_paletas()
+    {
+        QFETCH(QString, nome);
+        QFETCH(QString, paleta);
+        qApp->setPalette(paletas[paleta]());
+        ComFormulario c(u"PortuguesPT"_s);
+        const QStringList faltas = legibilidade::Ilegiveis(Abrir(c, nome));
+        QVERIFY2(faltas.isEmpty(), qPrintable(faltas.join(u'\n')));
+    }
+
+    void um_formulario_aberto_segue_a_paleta_que_muda_data()
+    {
+        QTest::addColumn<QString>("nome");
+        for (const QString &nome : aberturas.keys() + outras.keys())
+            QTest::newRow(qPrintable(nome)) << nome;
+    }
+    void um_formulario_aberto_segue_a_paleta_que_muda()
+    {
+        QFETCH(QString, nome);
+        ComFormulario c(u"PortuguesPT"_s);
+        QWidget &form = Abrir(c, nome);
+        for (const char *paleta : {"escura", "branco sobre preto", "clara"}) {
+            qApp->setPalette(paletas[QString::fromLatin1(paleta)]());
+            QCoreApplication::processEvents(); // it reaches the controls as an event
+            const QStringList faltas = legibilidade::Ilegiveis(form);
+            QVERIFY2(faltas.isEmpty(),
+                     qPrintable(QString::fromLatin1(paleta) + u": "_s + faltas.join(u'\n')));
+        }
+    }
+
+    void os_links_do_cartao_leem_se_sob_o_rato_e_depois_dele_data()
+    {
+        os_menus_leem_se_com_a_entrada_marcada_e_sem_ela_data();
+    }
+    void os_links_do_cartao_leem_se_sob_o_rato_e_depois_dele()
+    {
+        QFETCH(QString, paleta);
+        ComFormulario c(u"PortuguesPT"_s);
+        Abrir(c, u"Main"_s);
+        QLineEdit &linha = *c.janela.txtEmail1;
+        const auto lida = [&] {
+            return contrast(linha.palette().color(QPalette::Text), linha.palette().color(QPalette::Base));
+        };
+        QTest::mouseMove(&linha, QPoint(5, 5));
+        QVERIFY(linha.font().underline());
+        QVERIFY(lida() >= readableContrast);
+        qApp->setPalette(paletas[paleta]());
+        QCoreApplication::processEvents();
+        QVERIFY2(lida() >= readableContrast, qPrintable(QString::number(lida())));
+        QTest::mouseMove(c.janela.centralwidget, QPoint(1, 1));
+        QVERIFY(!linha.font().underline());
+        QVERIFY2(lida() >= readableContrast, qPrintable(QString::number(lida())));
+    }
+
+    void as_notas_leem_se_na_cor_que_a_pessoa_escolheu_data()
+    {
+        QTest::addColumn<QString>("cor");
+        for (const char *cor : {"#ffff00", "#ff0000", "#808080", "#000080", "#008080", "#ffffff", "#000000"})
+            QTest::newRow(cor) << QString::fromLatin1(cor);
+    }
+    void as_notas_leem_se_na_cor_que_a_pessoa_escolheu()
+    {
+        QFETCH(QString, cor);
+        qApp->setPalette(darkPalette());
+        ComFormulario c(u"PortuguesPT"_s);
+        c.s.geral.MemoCorFundo = QString::number(colourNumber(QColor(cor)));
+        auto &nota = static_cast<frmMemo &>(*c.Novo<frmMemo>(c.s.geral, c.s.plataforma));
+        nota.Criar(u"Compras"_s, QPoint());
+        nota.txtMemo->setPlainText(u"Leite e pão"_s);
+        QCOMPARE(nota.txtMemo->palette().color(QPalette::Base), QColor(cor));
+        const QStringList faltas = legibilidade::Ilegiveis(nota);
+        QVERIFY2(faltas.isEmpty(), qPrintable(faltas.join(u'\n')));
+    }
+
+    void os_menus_leem_se_com_a_entrada_marcada_e_sem_ela_data()
+    {
+        QTest::addColumn<QString>("paleta");
+        for (const QString &paleta : paletas.keys())
+            QTest::newRow(qPrintable(paleta)) << paleta;
+    }
+    void os_menus_leem_se_com_a_entrada_marcada_e_sem_ela()
+    {
+        QFETCH(QString, paleta);
+        qApp->setPalette(paletas[paleta]());
+        ComFormulario c(u"PortuguesPT"_s);
+        c.janela.show();
+        int medidos = 0;
+        QStringList faltas;
+        for (QMenu *menu : c.janela.findChildren<QMenu *>()) {
+            menu->popup(QPoint());
+            for (QAction *entrada : QList<QAction *>{nullptr} + menu->actions()) {
+                menu->setActiveAction(entrada);
+                faltas += legibilidade::Ilegiveis_De(*menu, &medidos);
+            }
+            menu->close();
+        }
+        QVERIFY2(faltas.isEmpty(), qPrintable(faltas.join(u'\n')));
+        QVERIFY(medidos > 100);
+    }
+
+    void as_dicas_leem_se_data() { os_menus_leem_se_com_a_entrada_marcada_e_sem_ela_data(); }
+    void as_dicas_leem_se()
+    {
+        QFETCH(QString, paleta);
+        qApp->setPalette(paletas[paleta]());
+        QWidget janela;
+        janela.show();
+        QToolTip::showText(QPoint(10, 10), u"Eliminar contacto"_s, &janela);
+        QWidget *dica = nullptr;
+        for (QWidget *aberta : QApplication::topLevelWidgets())
+            if (aberta->inherits("QTipLabel") && aberta->isVisible()) dica = aberta;
+        QVERIFY(dica != nullptr);
+        int medidos = 0;
+        const QStringList faltas = legibilidade::Ilegiveis_De(*dica, &medidos);
+        QVERIFY2(faltas.isEmpty(), qPrintable(faltas.join(u'\n')));
+        QCOMPARE(medidos, 1);
+        QToolTip::hideText();
+        delete dica;
+    }
+};
+
+MORVEX_TESTE(TestContraste)
+#include "test_Contraste.moc"
