@@ -4,15 +4,16 @@
 #include "contacts/DataAniversario.h"
 #include "contacts/Fotografia.h"
 #include "contacts/Preencher_Grupos.h"
+#include "controls/Controls.h"
+#include "controls/Scale.h"
+#include "controls/Units.h"
+#include "controls/WholeCharacters.h"
 #include "data/Geral.h"
 #include "data/Idiomas.h"
 #include "data/ValorLongo.h"
-#include "controls/Controls.h"
 #include "platform/Failure.h"
 #include "platform/Picture.h"
 #include "platform/Platform.h"
-#include "controls/Units.h"
-#include "controls/WholeCharacters.h"
 
 using namespace Qt::StringLiterals;
 
@@ -46,6 +47,7 @@ frmAddEdit::frmAddEdit(QWidget &janela, Geral &geral, Platform &platform, ListaC
     : QDialog(&janela), geral_(geral), platform_(platform), janela_(janela), lugar_(janela, geral, lista)
 {
     setupUi(this);
+    scale::apply(*this);
     setFixedSize(size());
     datas_ = new CamposDeData(*this, platform_.clock);
     for (QWidget *campo : findChildren<QWidget *>(Qt::FindDirectChildrenOnly))

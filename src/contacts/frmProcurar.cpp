@@ -1,12 +1,13 @@
 #include "contacts/frmProcurar.h"
 
-#include "data/Geral.h"
-#include "data/Inteiro.h"
 #include "controls/ComboBox.h"
 #include "controls/Controls.h"
+#include "controls/Scale.h"
+#include "controls/Units.h"
+#include "data/Geral.h"
+#include "data/Inteiro.h"
 #include "platform/Failure.h"
 #include "platform/Platform.h"
-#include "controls/Units.h"
 
 #include <algorithm>
 #include <QGuiApplication>
@@ -50,6 +51,7 @@ frmProcurar::frmProcurar(QWidget &Main, Geral &geral, Platform &platform)
       Main_ComboGrupos(control<ComboBox>(Main, u"ComboGrupos"_s))
 {
     setupUi(this);
+    scale::apply(*this);
     textos_ = {{opcaoNome, "cmdProcurarNome"},
                {opcaoEmail, "cmdProcurarEmail"},
                {opcaoWebsite, "cmdProcurarWebsite"},

@@ -1,22 +1,20 @@
 #include "controls/Application.h"
 
-#include "platform/Failure.h"
 #include "controls/FocusColour.h"
+#include "controls/Scale.h"
+#include "platform/Failure.h"
 #include "platform/MessageBoxes.h"
 
 #include <QFont>
 #include <QIcon>
+#include <QScreen>
 #include <QStyleFactory>
 
 // The pictures are compiled into a library, and a library's pictures announce themselves only when asked to.
 static void announcePictures() { Q_INIT_RESOURCE(imagens); }
 
-namespace
-{
-constexpr int fontPixels = 11; // the forms' places are given in twips, so the letters do not grow
-} // namespace
-
-Application::Application(int &argc, char **argv, MessageBoxes &boxes) : QApplication(argc, argv), boxes_(boxes)
+Application::Application(int &argc, char **argv, MessageBoxes &boxes)
+    : QApplication(argc, argv), boxes_(boxes)
 {
     announcePictures();
     // Not the display name: the toolkit would add it to every window's caption.
@@ -25,9 +23,7 @@ Application::Application(int &argc, char **argv, MessageBoxes &boxes) : QApplica
     setWindowIcon(QIcon(QStringLiteral(":/imagens/morvex.svg")));
     setQuitOnLastWindowClosed(false);
     setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    QFont letters = font();
-    letters.setPixelSize(fontPixels);
-    setFont(letters);
+    scale::setLetters(scale::lettersFor(font(), primaryScreen()->logicalDotsPerInchY()));
     FocusColour::install(*this);
 }
 

@@ -1,13 +1,14 @@
 #include "reminders/frmTarefas.h"
 
+#include "controls/Controls.h"
+#include "controls/Scale.h"
 #include "data/Geral.h"
 #include "data/Relatorio.h"
-#include "controls/Controls.h"
 #include "platform/Platform.h"
-#include "report/ReportControl.h"
 #include "reminders/frmAddEditTarefa.h"
 #include "reminders/Momento.h"
 #include "reminders/Repeticao.h"
+#include "report/ReportControl.h"
 
 using namespace Qt::StringLiterals;
 
@@ -16,6 +17,7 @@ frmTarefas::frmTarefas(Geral &geral, Platform &platform, QWidget &janela, Report
     : geral_(geral), platform_(platform), janela_(janela), CrystalReport1(relatorio)
 {
     setupUi(this);
+    scale::apply(*this);
     connect(cmdImprimir, &QPushButton::clicked, this, &frmTarefas::cmdImprimir_Click);
     connect(cmdImprimirTarefa, &QPushButton::clicked, this, &frmTarefas::cmdImprimirTarefa_Click);
     connect(cmdEditar, &QPushButton::clicked, this, &frmTarefas::cmdEditar_Click);

@@ -7,18 +7,19 @@
 #include "contacts/ListaContactos.h"
 #include "contacts/Pesquisa.h"
 #include "contacts/ProcuraRapida.h"
+#include "controls/DisabledWindow.h"
+#include "controls/Scale.h"
+#include "controls/Units.h"
 #include "data/Geral.h"
 #include "interchange/Intercambio.h"
 #include "memos/Memos.h"
 #include "online/CicloCorreio.h"
 #include "online/Presenca.h"
 #include "online/VerificarVersao.h"
-#include "controls/DisabledWindow.h"
 #include "platform/Platform.h"
-#include "report/CrystalReport.h"
-#include "controls/Units.h"
 #include "printing/Impressao.h"
 #include "reminders/Lembretes.h"
+#include "report/CrystalReport.h"
 #include "session/Ajuda.h"
 #include "session/Arranque.h"
 #include "session/frmOpcoes.h"
@@ -59,6 +60,7 @@ Main::Main(Geral &geral, Platform &platform)
       relatorioDaTarefa_(Novo_Relatorio(geral, platform, *this))
 {
     setupUi(this);
+    scale::apply(*this);
     Pintar(*PontoTarefas, cor_ponto_apagado);
     cartao_ = new CartaoContacto(*this, geral_, platform_);
     lista_ = new ListaContactos(*this, geral_, *cartao_);

@@ -4,6 +4,8 @@ foreach(teste IN ITEMS
     test_ElidingLabel
     test_ListBox
     test_LongText
-    test_RisingCard)
+    test_ReachablePlace
+    test_RisingCard
+    test_Scale)
     morvex_teste(controls/${teste} LIGA controls)
 endforeach()
