@@ -6,6 +6,7 @@
 #include "controls/Units.h"
 #include "data/Geral.h"
 #include "data/Inteiro.h"
+#include "data/TamanhoGuardado.h"
 #include "platform/Failure.h"
 #include "platform/Platform.h"
 
@@ -78,8 +79,19 @@ void frmProcurar::Abrir()
 {
     Form_Load();
     Form_Activate();
+    Tomar_Tamanho();
     show();
     activateWindow();
+}
+
+// Once; afterwards it keeps the size that it has.
+void frmProcurar::Tomar_Tamanho()
+{
+    if (tamanho_ != nullptr) return;
+    tamanho_ = new TamanhoGuardado(*ListaNomes, geral_.ini, u"procurar"_s);
+    layout()->activate();
+    const QSize menor = layout()->totalMinimumSize();
+    resize((menor + tamanho_->Folga()).boundedTo(screen()->availableGeometry().size()).expandedTo(menor));
 }
 
 void frmProcurar::Form_Load()

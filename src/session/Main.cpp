@@ -22,8 +22,10 @@
 #include "report/CrystalReport.h"
 #include "session/Ajuda.h"
 #include "session/Arranque.h"
+#include "session/DisposicaoDaJanela.h"
 #include "session/frmOpcoes.h"
 #include "session/frmSobre.h"
+#include "session/LugarDaJanela.h"
 #include "session/Sair.h"
 #include "session/SystemTray.h"
 #include "session/Utilizadores.h"
@@ -63,6 +65,8 @@ Main::Main(Geral &geral, Platform &platform)
     scale::apply(*this);
     Pintar(*PontoTarefas, cor_ponto_apagado);
     cartao_ = new CartaoContacto(*this, geral_, platform_);
+    new DisposicaoDaJanela(*this, *cartao_);
+    lugar_ = new LugarDaJanela(*this, geral_.ini);
     lista_ = new ListaContactos(*this, geral_, *cartao_);
     tray_ = new SystemTray(*this, *MenuSystemTray, geral_, platform_);
     lembretes_ = new Lembretes(*this, geral_, platform_, *relatorioDaTarefa_);
@@ -147,6 +151,7 @@ Arranque Main::Inicio()
 void Main::Carregar()
 {
     Inicio().Executar();
+    lugar_->Repor();
     if (geral_.MinimizarArranque != u"sim"_s) show();
 }
 

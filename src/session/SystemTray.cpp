@@ -11,6 +11,13 @@
 
 namespace
 {
+// A window that filled the screen before it was hidden fills it again.
+void Mostrar(QWidget &janela)
+{
+    janela.setWindowState(janela.windowState() & ~Qt::WindowMinimized);
+    janela.show();
+}
+
 void Permitir(const QMenu &menu, bool permitido)
 {
     for (QAction *entrada : menu.actions())
@@ -54,7 +61,7 @@ void SystemTray::Botao_Esquerdo_No_Icone()
 
 void SystemTray::Mostrar_Janela()
 {
-    if (!janela_.isVisible() || janela_.isMinimized()) janela_.showNormal();
+    if (!janela_.isVisible() || janela_.isMinimized()) Mostrar(janela_);
     janela_.raise();
     janela_.activateWindow();
 }
@@ -71,8 +78,7 @@ void SystemTray::Restaurar_Janela()
 void SystemTray::Trazer_Janela()
 {
     if (TrayBloqueado_) return Restaurar_Janela();
-    if (janela_.isMinimized()) janela_.showNormal();
-    if (!janela_.isVisible()) janela_.show();
+    if (!janela_.isVisible() || janela_.isMinimized()) Mostrar(janela_);
 }
 
 bool SystemTray::Destrancar()
