@@ -94,6 +94,7 @@ void applyStyleSheet(QWidget &widget)
         sheet.replace(found.capturedStart(1), found.capturedLength(1), grown);
         from = found.capturedStart(1) + grown.size();
     }
+    widget.setStyleSheet({}); // or the widget would keep the colours that it has now, whatever it is given later
     widget.setStyleSheet(sheet);
 }
 

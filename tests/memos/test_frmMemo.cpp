@@ -107,6 +107,14 @@ private Q_SLOTS:
         QCOMPARE(u.Lugar(), u"495|645|2775|1395"_s);
     }
 
+    void em_letras_duplas_a_nota_tem_a_sua_cor()
+    {
+        scale::setLetters(2 * scale::standardLetters);
+        UmaNota u;
+        const QImage retrato = u.nota->grab().toImage();
+        QCOMPARE(retrato.pixelColor(u.nota->txtMemo->geometry().center()), colour(65535));
+    }
+
     void o_que_se_guarda_em_letras_grandes_vale_em_letras_normais()
     {
         scale::setLetters(2 * scale::standardLetters);
