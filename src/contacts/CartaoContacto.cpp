@@ -61,7 +61,8 @@ CartaoContacto::CartaoContacto(Janela &janela, Geral &geral, Platform &platform)
 {
     for (const cartao::Linha &linha : cartao::linhas)
         linhas_.push_back(
-            {&linha, linha.caixa(janela), linha.imagem == nullptr ? nullptr : janela.*linha.imagem});
+            {&linha, linha.caixa(janela), linha.imagem == nullptr ? nullptr : janela.*linha.imagem,
+             linha.caixa(janela)->size()});
     connect(&ListaNomes, &ListBox::Click, this, &CartaoContacto::Mostrar_Card);
 }
 
@@ -134,14 +135,40 @@ void CartaoContacto::Mostrar_Foto(const QString &Fotografia)
 {
     if (Fotografia.isEmpty()) return Mostrar_Foto_Por_Omissao();
     image1_ = Picture(Caminho_Da_Fotografia(geral_, Fotografia));
-    const QSizeF natural = QSizeF(image1_.naturalSize()) * twipsPerPixel;
-    Mostrar_Fotografia(Thumb, image1_, cartao::Lugar_Da_Foto(cartao::Redimensionar_Foto(natural)));
+    por_omissao_ = false;
+    Colocar_Foto();
 }
 
 void CartaoContacto::Mostrar_Foto_Por_Omissao()
 {
     image1_ = Picture(geral_.Ficheiro(u"semfoto_big.jpg"_s));
-    Mostrar_Fotografia(Thumb, image1_, cartao::foto_por_omissao);
+    por_omissao_ = true;
+    Colocar_Foto();
+}
+
+// In twips.
+QRectF CartaoContacto::Caixa_Da_Foto() const
+{
+    return cartao::caixa_da_foto.translated(twips(folga_.esquerda), 0)
+        .adjusted(0, 0, twips(folga_.direita), twips(folga_.cima));
+}
+
+void CartaoContacto::Colocar_Foto()
+{
+    const QRectF caixa = Caixa_Da_Foto();
+    const QSizeF natural = QSizeF(image1_.naturalSize()) * twipsPerPixel;
+    Mostrar_Fotografia(Thumb, image1_,
+                       por_omissao_
+                           ? cartao::Lugar_Da_Foto_Por_Omissao(caixa)
+                           : cartao::Lugar_Da_Foto(cartao::Redimensionar_Foto(natural, caixa.size()), caixa));
+}
+
+void CartaoContacto::Tomar_Folga(const Folga &folga)
+{
+    folga_ = folga;
+    for (const Linha &linha : linhas_)
+        if (linha.lugar != 0) Colocar(linha);
+    if (!image1_.naturalSize().isEmpty()) Colocar_Foto();
 }
 
 void CartaoContacto::Terminar_Card(Recordset &rs)
@@ -170,7 +197,7 @@ void CartaoContacto::Permitir_Percorrer(bool permitido)
 void CartaoContacto::Dispor_Linhas(Recordset &rs)
 {
     int Linha_Card = 1;
-    for (const Linha &linha : linhas_) {
+    for (Linha &linha : linhas_) {
         const bool visivel = Visivel(linha, rs);
         if (visivel) Linha_Card = Colocar(linha, Linha_Card);
         Mostrar(linha, visivel);
@@ -191,17 +218,29 @@ bool CartaoContacto::Visivel(const Linha &linha, const Recordset &rs)
     return !Vazio(rs.Fields(linha.desenho->coluna));
 }
 
-int CartaoContacto::Colocar(const Linha &linha, int Linha_Card)
+int CartaoContacto::Colocar(Linha &linha, int Linha_Card)
 {
     const cartao::Linha &desenho = *linha.desenho;
     const bool direita = desenho.lado == cartao::Lado::Direito;
-    const int lugar = direita ? std::max(Linha_Card, cartao::primeira_linha_direita) : Linha_Card;
-    const int left = cartao::Posicao_Left(lugar).value_or(0);
-    linha.caixa->move(pixels(left), pixels(cartao::Posicao_Top(lugar).value_or(0)));
-    if (linha.imagem != nullptr) linha.imagem->move(pixels(left - desenho.afastamento), linha.caixa->y());
-    if (const auto altura = cartao::Altura_Obs(lugar); desenho.ate_ao_fundo && altura)
-        linha.caixa->resize(linha.caixa->width(), pixels(*altura));
-    return lugar + desenho.linhas;
+    linha.lugar = direita ? std::max(Linha_Card, cartao::primeira_linha_direita) : Linha_Card;
+    if (const auto altura = cartao::Altura_Obs(linha.lugar); desenho.ate_ao_fundo && altura)
+        linha.tamanho.setHeight(pixels(*altura));
+    Colocar(linha);
+    return linha.lugar + desenho.linhas;
+}
+
+void CartaoContacto::Colocar(const Linha &linha)
+{
+    const cartao::Linha &desenho = *linha.desenho;
+    const bool direita = linha.lugar >= cartao::primeira_linha_direita;
+    const int left = cartao::Posicao_Left(linha.lugar).value_or(0);
+    const int afastada = direita ? folga_.esquerda : 0;
+    linha.caixa->setGeometry(
+        {{pixels(left) + afastada, pixels(cartao::Posicao_Top(linha.lugar).value_or(0)) + folga_.cima},
+         linha.tamanho +
+             QSize(direita ? folga_.direita : folga_.esquerda, desenho.ate_ao_fundo ? folga_.baixo : 0)});
+    if (linha.imagem != nullptr)
+        linha.imagem->move(pixels(left - desenho.afastamento) + afastada, linha.caixa->y());
 }
 
 void CartaoContacto::Mostrar(const Linha &linha, bool visivel)

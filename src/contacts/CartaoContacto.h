@@ -38,6 +38,17 @@ public:
     // The picture for want of one, stretched over the whole photo box. Raises Failure if its file is missing.
     void Mostrar_Foto_Por_Omissao();
 
+    // The room that the window has beyond its design, in pixels: for the left column, for the right one and
+    // the picture, for what stands above the columns, and below it for the notes.
+    struct Folga {
+        int esquerda = 0;
+        int direita = 0;
+        int cima = 0;
+        int baixo = 0;
+    };
+    // The card takes that room, and lays out anew what it shows.
+    void Tomar_Folga(const Folga &folga);
+
     // The picture on the card, at its natural size.
     const Picture &Image1() const { return image1_; }
 
@@ -52,12 +63,16 @@ private:
         const cartao::Linha *desenho;
         QWidget *caixa;
         IconLabel *imagem; // null: none
+        QSize tamanho;     // of the box, without the room beyond the design
+        int lugar = 0;     // the slot that it stands in; 0 before it has had one
     };
 
     void Tomar_Contacto();
     void Preencher_Campos(Recordset &rs);
     void Preencher_Aniversario(Recordset &rs);
     void Mostrar_Foto(const QString &Fotografia);
+    QRectF Caixa_Da_Foto() const;
+    void Colocar_Foto();
     void Terminar_Card(Recordset &rs);
     void Permitir_Editar_E_Eliminar(bool permitido);
     void Permitir_Percorrer(bool permitido);
@@ -65,7 +80,8 @@ private:
     void Dispor_Linhas(Recordset &rs);
     void Ligar_Comandos();
     static bool Visivel(const Linha &linha, const Recordset &rs);
-    static int Colocar(const Linha &linha, int Linha_Card); // returns the slot behind it
+    int Colocar(Linha &linha, int Linha_Card); // returns the slot behind it
+    void Colocar(const Linha &linha);
     static void Mostrar(const Linha &linha, bool visivel);
 
     Geral &geral_;
@@ -77,6 +93,8 @@ private:
     QLabel &Thumb;
 
     std::vector<Linha> linhas_;
+    Folga folga_;
     Picture image1_;
-    QString nome_do_mes_; // stays from card to card where a month has no name
+    bool por_omissao_ = false; // image1_ is the picture for want of one
+    QString nome_do_mes_;      // stays from card to card where a month has no name
 };

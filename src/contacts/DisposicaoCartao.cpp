@@ -40,25 +40,39 @@ std::optional<int> cartao::Altura_Obs(int Linha_Card)
 {
     if (Linha_Card < 12) return 3400;
     switch (Linha_Card) {
-    case 12: return 3000;
-    case 13: return 2700;
-    case 15: return 2000;
-    case 16: return 1635;
-    case 17: return 1300;
-    default: return std::nullopt;
+    case 12:
+        return 3000;
+    case 13:
+        return 2700;
+    case 15:
+        return 2000;
+    case 16:
+        return 1635;
+    case 17:
+        return 1300;
+    default:
+        return std::nullopt;
     }
 }
 
-QSizeF cartao::Redimensionar_Foto(QSizeF natural)
+QSizeF cartao::Redimensionar_Foto(QSizeF natural, QSizeF caixa)
 {
     QSizeF ajustada = natural;
-    for (int divisor = 1; ajustada.width() > foto_width || ajustada.height() > foto_height; ++divisor)
+    for (int divisor = 1; ajustada.width() > caixa.width() || ajustada.height() > caixa.height(); ++divisor)
         ajustada = {std::floor(natural.width() / divisor), std::floor(natural.height() / divisor)};
     return ajustada;
 }
 
-QRectF cartao::Lugar_Da_Foto(QSizeF ajustada)
+QRectF cartao::Lugar_Da_Foto(QSizeF ajustada, const QRectF &caixa)
 {
-    return {QPointF((foto_width - ajustada.width()) / 2 + foto_left, (foto_height - ajustada.height()) / 2 + foto_top),
+    return {QPointF((caixa.width() - ajustada.width()) / 2 + caixa.left(),
+                    (caixa.height() - ajustada.height()) / 2 + caixa.top()),
             ajustada};
+}
+
+QRectF cartao::Lugar_Da_Foto_Por_Omissao(const QRectF &caixa)
+{
+    const QPointF abaixo = foto_por_omissao.topLeft() - caixa_da_foto.topLeft();
+    return Lugar_Da_Foto(foto_por_omissao.size().scaled(caixa.size(), Qt::KeepAspectRatio), caixa)
+        .translated(abaixo);
 }

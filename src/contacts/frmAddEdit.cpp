@@ -4,6 +4,7 @@
 #include "contacts/DataAniversario.h"
 #include "contacts/Fotografia.h"
 #include "contacts/Preencher_Grupos.h"
+#include "controls/Scale.h"
 #include "controls/Units.h"
 #include "controls/WholeCharacters.h"
 #include "data/Geral.h"
@@ -46,6 +47,7 @@ frmAddEdit::frmAddEdit(Janela &janela, Geral &geral, Platform &platform, ListaCo
     : QDialog(&janela), geral_(geral), platform_(platform), janela_(janela), lugar_(janela, geral, lista)
 {
     setupUi(this);
+    scale::apply(*this);
     setFixedSize(size());
     datas_ = new CamposDeData(*this, {*txtDia, *txtMes, *txtAno, *Calendario}, platform_.clock);
     for (QWidget *campo : findChildren<QWidget *>(Qt::FindDirectChildrenOnly))

@@ -3,8 +3,9 @@
 #include "contacts/ListaContactos.h"
 #include "contacts/Mover_Contactos.h"
 #include "contacts/Preencher_Grupos.h"
-#include "data/Geral.h"
 #include "controls/Controls.h"
+#include "controls/Scale.h"
+#include "data/Geral.h"
 #include "platform/Failure.h"
 #include "platform/Platform.h"
 
@@ -14,6 +15,7 @@ frmDeleteGroup::frmDeleteGroup(Geral &geral, Platform &platform, ListaContactos 
     : QDialog(dono), geral_(geral), platform_(platform), lista_(lista), pausa_(geral.temporizadores)
 {
     setupUi(this);
+    scale::apply(*this);
     connect(OptionMover, &QRadioButton::toggled, this, &frmDeleteGroup::OptionMover_Click);
     connect(cmdOk, &QPushButton::clicked, this, &frmDeleteGroup::cmdOk_Click);
     connect(cmdCancelar, &QPushButton::clicked, this, &QDialog::reject);

@@ -4,8 +4,9 @@
 #include "contacts/Mover_Contactos.h"
 #include "contacts/Preencher_Grupos.h"
 #include "contacts/Preencher_Utilizadores.h"
-#include "data/Geral.h"
 #include "controls/Controls.h"
+#include "controls/Scale.h"
+#include "data/Geral.h"
 #include "platform/Failure.h"
 #include "platform/Platform.h"
 
@@ -17,6 +18,7 @@ frmEditGroup::frmEditGroup(Geral &geral, Platform &platform, ListaContactos &lis
     : QDialog(dono), geral_(geral), platform_(platform), lista_(lista), pausa_(geral.temporizadores)
 {
     setupUi(this);
+    scale::apply(*this);
     Legendar();
     // Before its click is heard: the owner comes when the form is shown, with the users to choose from.
     Oferecer_Grupos(geral_, *ComboGrupos);

@@ -1,8 +1,9 @@
 #include "contacts/frmEmail.h"
 
 #include "contacts/WebsiteEmail.h"
-#include "data/Geral.h"
 #include "controls/Controls.h"
+#include "controls/Scale.h"
+#include "data/Geral.h"
 #include "platform/Platform.h"
 
 using namespace Qt::StringLiterals;
@@ -23,6 +24,7 @@ frmEmail::frmEmail(Geral &geral, Platform &platform, QString email1, QString ema
       pausa_(geral.temporizadores)
 {
     setupUi(this);
+    scale::apply(*this);
     for (QRadioButton *opcao : {OptionEmail1, OptionEmail2})
         connect(opcao, &QRadioButton::toggled, this, &frmEmail::Option_Click);
     connect(cmdOk, &QPushButton::clicked, this, &frmEmail::cmdOk_Click);

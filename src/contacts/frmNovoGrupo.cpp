@@ -2,8 +2,9 @@
 
 #include "contacts/ListaContactos.h"
 #include "contacts/Preencher_Utilizadores.h"
-#include "data/Geral.h"
 #include "controls/Controls.h"
+#include "controls/Scale.h"
+#include "data/Geral.h"
 
 #include <QShowEvent>
 
@@ -13,6 +14,7 @@ frmNovoGrupo::frmNovoGrupo(Geral &geral, ListaContactos &lista, QWidget *dono)
     : QDialog(dono), geral_(geral), lista_(lista), pausa_(geral.temporizadores)
 {
     setupUi(this);
+    scale::apply(*this);
     connect(txtGrupo, &QLineEdit::textChanged, this, &frmNovoGrupo::txtGrupo_Change);
     connect(cmdCriarUtilizador, &QPushButton::clicked, this, &frmNovoGrupo::CriarUtilizador);
     connect(cmdOk, &QPushButton::clicked, this, &frmNovoGrupo::cmdOk_Click);

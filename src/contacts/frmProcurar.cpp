@@ -1,8 +1,10 @@
 #include "contacts/frmProcurar.h"
 
+#include "controls/Scale.h"
 #include "controls/Units.h"
 #include "data/Geral.h"
 #include "data/Inteiro.h"
+#include "data/TamanhoGuardado.h"
 #include "janela/Janela.h"
 #include "platform/Caption.h"
 #include "platform/Failure.h"
@@ -50,6 +52,7 @@ frmProcurar::frmProcurar(Janela &Main, Geral &geral, Platform &platform)
       Main_ComboGrupos(*Main.ComboGrupos)
 {
     setupUi(this);
+    scale::apply(*this);
     textos_ = {{opcaoNome, "cmdProcurarNome"},
                {opcaoEmail, "cmdProcurarEmail"},
                {opcaoWebsite, "cmdProcurarWebsite"},
@@ -76,8 +79,19 @@ void frmProcurar::Abrir()
 {
     Form_Load();
     Form_Activate();
+    Tomar_Tamanho();
     show();
     activateWindow();
+}
+
+// Once; afterwards it keeps the size that it has.
+void frmProcurar::Tomar_Tamanho()
+{
+    if (tamanho_ != nullptr) return;
+    tamanho_ = new TamanhoGuardado(*ListaNomes, geral_.ini, u"procurar"_s);
+    layout()->activate();
+    const QSize menor = layout()->totalMinimumSize();
+    resize((menor + tamanho_->Folga()).boundedTo(screen()->availableGeometry().size()).expandedTo(menor));
 }
 
 void frmProcurar::Form_Load()

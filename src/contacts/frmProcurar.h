@@ -14,6 +14,7 @@ class ComboBox;
 class Geral;
 class Janela;
 class Recordset;
+class TamanhoGuardado;
 struct Platform;
 
 class frmProcurar final : public QDialog, public Ui::frmProcurar
@@ -41,6 +42,7 @@ protected:
     bool event(QEvent *event) override;
 
 private:
+    void Tomar_Tamanho();
     void Form_Load();
     void Form_Activate();
     void Form_Unload();
@@ -74,6 +76,7 @@ private:
     ListBox &Main_ListaNomes, &Main_ListaNomes2;
     ComboBox &Main_ComboGrupos;
 
+    TamanhoGuardado *tamanho_ = nullptr; // a child of the list of hits
     std::vector<OpcaoDeTexto> textos_;
     std::vector<OpcaoDeNumero> numeros_;
     std::vector<LinhaProcura> ListViewProcura;

@@ -1,9 +1,10 @@
 #include "contacts/frmVerImagem.h"
 
 #include "contacts/Fotografia.h"
-#include "data/Geral.h"
 #include "controls/Controls.h"
+#include "controls/Scale.h"
 #include "controls/Units.h"
+#include "data/Geral.h"
 
 namespace
 {
@@ -29,6 +30,7 @@ frmVerImagem::frmVerImagem(Geral &geral, Picture imagem, QWidget *dono)
     : QDialog(dono), imagem_(std::move(imagem))
 {
     setupUi(this);
+    scale::apply(*this);
     setWindowTitle(withoutMnemonic(geral.Ler_Idioma(11)));
     Image1->setAccessibleName(windowTitle());
 }
@@ -36,7 +38,7 @@ frmVerImagem::frmVerImagem(Geral &geral, Picture imagem, QWidget *dono)
 void frmVerImagem::resizeEvent(QResizeEvent *)
 {
     const QSizeF natural = QSizeF(imagem_.naturalSize()) * twipsPerPixel;
-    Mostrar_Fotografia(*Image1, imagem_, Lugar(natural, QSizeF(size()) * twipsPerPixel));
+    Mostrar_Fotografia(*Image1, imagem_, Lugar(natural, QSizeF(twips(width()), twips(height()))));
 }
 
 void frmVerImagem::mouseReleaseEvent(QMouseEvent *) { close(); }

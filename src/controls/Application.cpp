@@ -2,20 +2,17 @@
 
 #include "controls/FocusColour.h"
 #include "controls/Palettes.h"
+#include "controls/Scale.h"
 #include "controls/Style.h"
 #include "platform/Failure.h"
 #include "platform/MessageBoxes.h"
 
 #include <QFont>
 #include <QIcon>
+#include <QScreen>
 
 // The pictures are compiled into a library, and a library's pictures announce themselves only when asked to.
 static void announcePictures() { Q_INIT_RESOURCE(imagens); }
-
-namespace
-{
-constexpr int fontPixels = 11; // the forms' places are given in twips, so the letters do not grow
-} // namespace
 
 Application::Application(int &argc, char **argv, MessageBoxes &boxes)
     : QApplication(argc, argv), boxes_(boxes)
@@ -29,9 +26,7 @@ Application::Application(int &argc, char **argv, MessageBoxes &boxes)
     setStyle(new Style);
     ownPalette_ = palette() == style()->standardPalette();
     setDark(false);
-    QFont letters = font();
-    letters.setPixelSize(fontPixels);
-    setFont(letters);
+    scale::setLetters(scale::lettersFor(font(), primaryScreen()->logicalDotsPerInchY()));
     FocusColour::install(*this);
 }
 

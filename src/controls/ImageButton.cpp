@@ -1,12 +1,14 @@
 #include "controls/ImageButton.h"
 
+#include "controls/Scale.h"
+
 #include <QPainter>
 #include <QStyleOptionButton>
 #include <QStylePainter>
 
 namespace
 {
-constexpr int margin = 6; // pixels, also between picture and caption
+constexpr int drawnMargin = 6; // pixels, also between picture and caption
 }
 
 void ImageButton::paintEvent(QPaintEvent *)
@@ -19,6 +21,7 @@ void ImageButton::paintEvent(QPaintEvent *)
     option.icon = {};
     painter.drawControl(QStyle::CE_PushButton, option);
 
+    const int margin = scale::scaled(drawnMargin);
     QRect place = rect().adjusted(margin, 0, -margin, 0);
     if (!icon().isNull()) {
         const QRect picture(place.topLeft(), QSize(iconSize().width(), height()));
@@ -26,7 +29,9 @@ void ImageButton::paintEvent(QPaintEvent *)
         place.setLeft(picture.right() + margin);
     }
     const bool showMnemonic = style()->styleHint(QStyle::SH_UnderlineShortcut, &option, this) != 0;
-    const auto flags = QFlags<Qt::TextFlag>(Qt::TextWordWrap) | (showMnemonic ? Qt::TextShowMnemonic : Qt::TextHideMnemonic);
-    style()->drawItemText(&painter, place, static_cast<int>(flags) | static_cast<int>(Qt::AlignVCenter | Qt::AlignLeft),
+    const auto flags =
+        QFlags<Qt::TextFlag>(Qt::TextWordWrap) | (showMnemonic ? Qt::TextShowMnemonic : Qt::TextHideMnemonic);
+    style()->drawItemText(&painter, place,
+                          static_cast<int>(flags) | static_cast<int>(Qt::AlignVCenter | Qt::AlignLeft),
                           option.palette, isEnabled(), caption, QPalette::ButtonText);
 }

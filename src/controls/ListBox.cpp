@@ -5,7 +5,10 @@
 
 #include <QAbstractListModel>
 #include <QContextMenuEvent>
+#include <QHelpEvent>
 #include <QScopedValueRollback>
+#include <QTextDocument>
+#include <QToolTip>
 #include <vector>
 
 class ListBox::Rows final : public QAbstractListModel
@@ -178,6 +181,17 @@ void ListBox::contextMenuEvent(QContextMenuEvent *event)
 {
     if (event->reason() != QContextMenuEvent::Keyboard) return; // the mouse has its own way above
     Q_EMIT RightButtonUp(viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()));
+}
+
+bool ListBox::viewportEvent(QEvent *event)
+{
+    if (event->type() != QEvent::ToolTip) return QListView::viewportEvent(event);
+    const auto &help = static_cast<const QHelpEvent &>(*event);
+    const QModelIndex row = indexAt(help.pos());
+    const bool cut = row.isValid() && sizeHintForIndex(row).width() > viewport()->width();
+    QToolTip::showText(help.globalPos(), cut ? Qt::convertFromPlainText(List(row.row())) : QString(),
+                       viewport());
+    return true;
 }
 
 void ListBox::checkIndex(int index) const

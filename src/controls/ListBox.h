@@ -1,9 +1,10 @@
 // A list box whose rows carry a number of their own (ItemData), usually a key of the database.
-// Assigning ListIndex counts as a click, even when the index stays the same: code relies on it.
+// A row that is too long for the list tells itself in a tip. Assigning ListIndex counts as a click, even when
+// the index stays the same: code relies on it.
 #pragma once
 
-#include <QListView>
 #include <memory>
+#include <QListView>
 
 class ListBox : public QListView
 {
@@ -19,7 +20,7 @@ public:
 
     void AddItem(const QString &text);
     int NewIndex() const { return newIndex_; } // row of the last AddItem, -1 before the first
-    void RemoveItem(int index); // Failure for an index outside the list
+    void RemoveItem(int index);                // Failure for an index outside the list
     void Clear();
 
     int ListCount() const;
@@ -56,6 +57,7 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
+    bool viewportEvent(QEvent *event) override;
 
 private:
     class Rows;

@@ -1,5 +1,7 @@
 #include "controls/Style.h"
 
+#include "controls/Scale.h"
+
 #include <QIcon>
 #include <QPainter>
 #include <QStyleOption>
@@ -48,6 +50,28 @@ QIcon Style::standardIcon(StandardPixmap picture, const QStyleOption *option, co
 {
     const QString own = pictureOf(picture);
     return own.isEmpty() ? QProxyStyle::standardIcon(picture, option, widget) : QIcon(own);
+}
+
+// What the plain style draws at a size of its own, whatever the letters.
+int Style::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const
+{
+    const int drawn = QProxyStyle::pixelMetric(metric, option, widget);
+    switch (metric) {
+    case PM_IndicatorWidth:
+    case PM_IndicatorHeight:
+    case PM_ExclusiveIndicatorWidth:
+    case PM_ExclusiveIndicatorHeight:
+    case PM_SmallIconSize:
+    case PM_ButtonIconSize:
+    case PM_TabBarIconSize:
+    case PM_ToolBarIconSize:
+    case PM_MessageBoxIconSize:
+    case PM_ScrollBarExtent:
+    case PM_ScrollBarSliderMin:
+        return scale::scaled(drawn);
+    default:
+        return drawn;
+    }
 }
 
 int Style::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,

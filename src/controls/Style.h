@@ -1,5 +1,6 @@
 // The program's one look over the toolkit's plain style: pictures of its own family in the boxes and the
-// preview, buttons of boxes like those of the forms, and a frame round the tab that has the keyboard.
+// preview, buttons of boxes like those of the forms, a frame round the tab that has the keyboard, and
+// marks, icons and scroll bars that grow with the letters.
 #pragma once
 
 #include <QProxyStyle>
@@ -12,6 +13,7 @@ public:
 
     QIcon standardIcon(StandardPixmap picture, const QStyleOption *option,
                        const QWidget *widget) const override;
+    int pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const override;
     int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
                   QStyleHintReturn *returned) const override;
     void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,

@@ -1,14 +1,23 @@
-// Twips and colour numbers: the units in which forms, notes and the database speak.
+// Twips and colour numbers: the units in which forms, notes and the database speak. Twips are those of the
+// forms as they are drawn; how many of them a pixel holds is the matter of the scale.
 #pragma once
 
+#include "controls/Scale.h"
+
+#include <cmath>
 #include <QColor>
 #include <QRect>
-#include <cmath>
 
-constexpr int twipsPerPixel = 15;
+constexpr int twipsPerPixel = 15; // at the standard, and of a picture's own pixels
 
-inline int pixels(double twips) { return static_cast<int>(std::lround(twips / twipsPerPixel)); }
-constexpr int twips(int pixels) { return pixels * twipsPerPixel; }
+inline int pixels(double twips)
+{
+    return static_cast<int>(std::lround(twips * scale::factor() / twipsPerPixel));
+}
+inline int twips(int pixels)
+{
+    return static_cast<int>(std::lround(pixels * twipsPerPixel / scale::factor()));
+}
 
 inline QRect pixelRect(double left, double top, double width, double height)
 {

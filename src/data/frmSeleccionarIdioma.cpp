@@ -1,5 +1,6 @@
 #include "data/frmSeleccionarIdioma.h"
 
+#include "controls/Scale.h"
 #include "data/Geral.h"
 #include "data/Sementes.h"
 #include "platform/Platform.h"
@@ -12,6 +13,7 @@ frmSeleccionarIdioma::frmSeleccionarIdioma(Geral &geral, Platform &platform)
     : geral_(geral), platform_(platform)
 {
     setupUi(this);
+    scale::apply(*this);
     connect(cmdPT, &QAbstractButton::clicked, this, &frmSeleccionarIdioma::cmdPT_Click);
     connect(cmdBR, &QAbstractButton::clicked, this, &frmSeleccionarIdioma::cmdBR_Click);
     connect(cmdUK, &QAbstractButton::clicked, this, &frmSeleccionarIdioma::cmdUK_Click);

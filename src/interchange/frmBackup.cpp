@@ -1,6 +1,7 @@
 #include "interchange/frmBackup.h"
 
 #include "controls/Controls.h"
+#include "controls/Scale.h"
 #include "data/Geral.h"
 #include "data/ValorLongo.h"
 #include "platform/Failure.h"
@@ -23,6 +24,7 @@ frmBackup::frmBackup(Geral &geral, Platform &platform, QWidget *dono)
     : QDialog(dono), geral_(geral), platform_(platform), pausa_(geral.temporizadores)
 {
     setupUi(this);
+    scale::apply(*this);
     connect(cmdProcurar, &QAbstractButton::clicked, this, &frmBackup::cmdProcurar_Click);
     connect(cmdIniciar, &QAbstractButton::clicked, this, &frmBackup::cmdIniciar_Click);
     connect(cmdSair, &QAbstractButton::clicked, this, &QDialog::reject);

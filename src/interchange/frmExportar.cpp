@@ -1,6 +1,7 @@
 #include "interchange/frmExportar.h"
 
 #include "controls/Controls.h"
+#include "controls/Scale.h"
 #include "data/Geral.h"
 #include "data/Relatorio.h"
 #include "platform/Failure.h"
@@ -29,6 +30,7 @@ frmExportar::frmExportar(Geral &geral, ReportControl &relatorio, const ListBox &
     : QDialog(dono), geral_(geral), CrystalReport1(relatorio), pausa_(geral.temporizadores)
 {
     setupUi(this);
+    scale::apply(*this);
     connect(cmdExportar, &QPushButton::clicked, this, &frmExportar::cmdExportar_Click);
     connect(cmdFechar, &QPushButton::clicked, this, &QDialog::reject);
     connect(this, &QDialog::finished, this, &frmExportar::Form_Unload);

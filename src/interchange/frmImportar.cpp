@@ -1,6 +1,7 @@
 #include "interchange/frmImportar.h"
 
 #include "controls/ListBox.h"
+#include "controls/Scale.h"
 #include "data/Geral.h"
 #include "interchange/AvisosDaFusao.h"
 #include "interchange/DE2.h"
@@ -22,6 +23,7 @@ frmImportar::frmImportar(Geral &geral, Platform &platform, Intercambio &intercam
       pausa_(geral.temporizadores)
 {
     setupUi(this);
+    scale::apply(*this);
     connect(cmdProcurar, &QAbstractButton::clicked, this, &frmImportar::cmdProcurar_Click);
     connect(cmdSeguinte, &QAbstractButton::clicked, this, &frmImportar::cmdSeguinte_Click);
     connect(cmdCancelar, &QAbstractButton::clicked, this, &QDialog::reject);

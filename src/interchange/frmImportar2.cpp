@@ -1,10 +1,11 @@
 #include "interchange/frmImportar2.h"
 
 #include "contacts/Preencher_Grupos.h"
+#include "controls/ListBox.h"
+#include "controls/Scale.h"
 #include "data/Geral.h"
 #include "interchange/Intercambio.h"
 #include "interchange/RegistoMorvex.h"
-#include "controls/ListBox.h"
 #include "platform/Platform.h"
 
 using namespace Qt::StringLiterals;
@@ -13,6 +14,7 @@ frmImportar2::frmImportar2(Geral &geral, Platform &platform, Intercambio &interc
     : geral_(geral), platform_(platform), intercambio_(intercambio), janela_(janela)
 {
     setupUi(this);
+    scale::apply(*this);
     connect(ComboGrupos, &ComboBox::Click, this, &frmImportar2::ComboGrupos_Click);
     connect(cmdSeguinte, &QAbstractButton::clicked, this, &frmImportar2::cmdSeguinte_Click);
     connect(cmdCancelar, &QAbstractButton::clicked, this, &QDialog::reject);

@@ -1,6 +1,7 @@
 #include "interchange/frmImportarMDB.h"
 
 #include "controls/Controls.h"
+#include "controls/Scale.h"
 #include "data/Geral.h"
 #include "data/Inteiro.h"
 #include "interchange/AvisosDaFusao.h"
@@ -20,6 +21,7 @@ frmImportarMDB::frmImportarMDB(Geral &geral, Platform &platform, Intercambio &in
       pausa_(geral.temporizadores)
 {
     setupUi(this);
+    scale::apply(*this);
     connect(cmdSeguinte, &QAbstractButton::clicked, this, &frmImportarMDB::cmdSeguinte_Click);
     connect(cmdCancelar, &QAbstractButton::clicked, this, &QDialog::reject);
     connect(this, &QDialog::finished, this, &frmImportarMDB::Form_Unload);

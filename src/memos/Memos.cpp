@@ -1,5 +1,7 @@
 #include "memos/Memos.h"
 
+#include "controls/Controls.h"
+#include "controls/Scale.h"
 #include "data/Geral.h"
 #include "data/Tocar_Som.h"
 #include "janela/Janela.h"
@@ -15,7 +17,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 constexpr int maximo_de_notas = 100;
-constexpr int degrau = 24;  // pixels between the corners of two new notes
+constexpr int degrau = 24;  // pixels between the corners of two new notes, at the standard
 constexpr int degraus = 10; // then they begin anew at the top
 } // namespace
 
@@ -59,7 +61,7 @@ void Memos::Abrir(const std::function<void(frmMemo &)> &mostrar)
 
 QPoint Memos::Lugar_Da_Proxima() const
 {
-    const int passo = static_cast<int>(notas_.size()) % degraus * degrau;
+    const int passo = static_cast<int>(notas_.size()) % degraus * scale::scaled(degrau);
     const QRect ecra = janela_.screen()->availableGeometry();
     return ecra.topLeft() + QPoint(ecra.width() / 3 + passo, ecra.height() / 3 + passo);
 }

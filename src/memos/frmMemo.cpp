@@ -1,10 +1,11 @@
 #include "memos/frmMemo.h"
 
 #include "controls/Controls.h"
+#include "controls/ReachablePlace.h"
+#include "controls/Scale.h"
 #include "controls/Units.h"
 #include "data/Geral.h"
 #include "memos/Aparencia.h"
-#include "memos/Lugar_Alcancavel.h"
 #include "platform/Failure.h"
 #include "platform/Platform.h"
 #include "platform/Translations.h"
@@ -14,7 +15,6 @@
 #include <QGuiApplication>
 #include <QScopedValueRollback>
 #include <QScopeGuard>
-#include <QScreen>
 
 using namespace Qt::StringLiterals;
 
@@ -22,10 +22,18 @@ namespace
 {
 constexpr int maior_medida = 32767; // pixels: the window system knows none beyond
 
-int Pixels_Da_Linha(const Field &campo)
+double Twips_Da_Linha(const Field &campo)
 {
-    constexpr double limite = twips(maior_medida);
-    return pixels(std::clamp(campo.real(), -limite, limite));
+    constexpr double limite = maior_medida * twipsPerPixel;
+    return std::clamp(campo.real(), -limite, limite);
+}
+
+int Medida_Da_Linha(const Field &campo) { return std::min(pixels(Twips_Da_Linha(campo)), maior_medida); }
+
+// A place is one of the screen, which is as wide for large letters as for small ones.
+int Lugar_Da_Linha(const Field &campo)
+{
+    return static_cast<int>(std::lround(Twips_Da_Linha(campo) / twipsPerPixel));
 }
 
 // Words that are wanted when the database may not be there to be asked.
@@ -39,20 +47,13 @@ constexpr Translations carregue_para_repetir{
     u"Il database non ha accettato questo memo. Fare clic per riprovare.",
     u"La base de données n’a pas accepté ce mémo. Cliquez pour réessayer.",
     u"Die Datenbank hat dieses Memo nicht angenommen. Klicken Sie, um es erneut zu versuchen."};
-
-QList<QRect> Ecras()
-{
-    QList<QRect> ecras;
-    for (const QScreen *ecra : QGuiApplication::screens())
-        ecras << ecra->availableGeometry();
-    return ecras;
-}
 } // namespace
 
 frmMemo::frmMemo(Geral &geral, Platform &platform)
     : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint), geral_(geral), platform_(platform)
 {
     setupUi(this);
+    scale::apply(*this);
     connect(lblTitle, &DragLabel::Dragged, this, &frmMemo::lblTitle_MouseMove);
     connect(LabelH, &DragLabel::Dragged, this, &frmMemo::LabelH_MouseMove);
     connect(LabelV, &DragLabel::Dragged, this, &frmMemo::LabelV_MouseMove);
@@ -109,10 +110,10 @@ void frmMemo::Ler_Linha(const Recordset &rs)
         return skipFailure([&] { caixa.setText(rs.Fields(coluna).text()); });
     };
     ler("ID", *txtId);
-    skipFailure([&] { resize(Pixels_Da_Linha(rs.Fields("Width")), Pixels_Da_Linha(rs.Fields("Height"))); });
+    skipFailure([&] { resize(Medida_Da_Linha(rs.Fields("Width")), Medida_Da_Linha(rs.Fields("Height"))); });
     skipFailure([&] {
-        const QPoint lugar(Pixels_Da_Linha(rs.Fields("LeftForm")), Pixels_Da_Linha(rs.Fields("TopForm")));
-        move(Lugar_Alcancavel({lugar, size()}, lblTitle->height(), Ecras()));
+        const QPoint lugar(Lugar_Da_Linha(rs.Fields("LeftForm")), Lugar_Da_Linha(rs.Fields("TopForm")));
+        move(reachablePlace({lugar, size()}, lblTitle->height(), availableScreens()));
         ler("LeftForm", *txtLeft);
         ler("TopForm", *txtTop);
         posta_ = pos();
@@ -187,7 +188,7 @@ void frmMemo::Dispor()
     const int largura = twips(width());
     const int altura = twips(height());
     const int topo = pixels(altura - 350);
-    txtMemo->resize(pixels(largura - 150), pixels(altura - 400));
+    txtMemo->resize(pixels(largura - 75) - txtMemo->x(), pixels(altura - 400));
     cmdGuardar->move(pixels(largura - 420), topo);
     cmdFechar->move(pixels(largura - 350), topo);
     cmdCor->move(pixels(largura - 680), topo);
@@ -257,8 +258,8 @@ void frmMemo::Anotar_Lugar()
 {
     if (posta_ == pos()) return;
     posta_ = pos();
-    txtLeft->setText(QString::number(twips(x())));
-    txtTop->setText(QString::number(twips(y())));
+    txtLeft->setText(QString::number(x() * twipsPerPixel));
+    txtTop->setText(QString::number(y() * twipsPerPixel));
 }
 
 void frmMemo::Gravar(ComandoSemLinhas comando, const QString &ultimo)

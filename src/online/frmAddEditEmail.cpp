@@ -1,14 +1,16 @@
 #include "online/frmAddEditEmail.h"
 
+#include "controls/Controls.h"
+#include "controls/Scale.h"
 #include "data/Geral.h"
 #include "online/Codificar_Email.h"
-#include "controls/Controls.h"
 
 using namespace Qt::StringLiterals;
 
 frmAddEditEmail::frmAddEditEmail(Geral &geral, QWidget *dono) : QDialog(dono), geral_(geral)
 {
     setupUi(this);
+    scale::apply(*this);
     connect(&Timer1, &QTimer::timeout, this, &frmAddEditEmail::Timer1_Timer);
     connect(cmdOk, &QPushButton::clicked, this, &frmAddEditEmail::cmdOk_Click);
     connect(cmdCancelar, &QPushButton::clicked, this, &frmAddEditEmail::reject);

@@ -1,5 +1,7 @@
 #include "online/frmPopupEmail.h"
 
+#include "controls/Scale.h"
+
 namespace
 {
 constexpr int tempo_limite = 12000;         // ms that a card stays which the cycle leaves alone
@@ -9,6 +11,7 @@ constexpr int tempo_limite_do_ciclo = 5000; // ms from the moment when the cycle
 frmPopupEmail::frmPopupEmail(QWidget &janela, const QString &texto) : RisingCard(janela, tempo_limite)
 {
     setupUi(this);
+    scale::apply(*this);
     setAttribute(Qt::WA_DeleteOnClose);
     StatusLabel->setText(texto);
     TimerTimeout.setEnabled(true);

@@ -2,6 +2,7 @@
 
 #include "controls/Contrast.h"
 #include "controls/Controls.h"
+#include "controls/Scale.h"
 #include "controls/Units.h"
 #include "data/Geral.h"
 #include "data/Relatorio.h"
@@ -38,6 +39,7 @@ frmEnvelope::frmEnvelope(Geral &geral, ReportControl &relatorio, QWidget *dono)
     : QDialog(dono), geral_(geral), CrystalReport1(relatorio)
 {
     setupUi(this);
+    scale::apply(*this);
     alimentacoes_ = {Alimentacao{cmdLeft, u"envelope_left"_s}, Alimentacao{cmdCenter, u"envelope_center"_s},
                      Alimentacao{cmdRight, u"envelope_right"_s}};
     for (const auto &[botao, nome] : alimentacoes_)

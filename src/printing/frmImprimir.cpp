@@ -1,8 +1,9 @@
 #include "printing/frmImprimir.h"
 
+#include "controls/Controls.h"
+#include "controls/Scale.h"
 #include "data/Geral.h"
 #include "data/Relatorio.h"
-#include "controls/Controls.h"
 #include "report/ReportControl.h"
 
 #include <array>
@@ -50,6 +51,7 @@ frmImprimir::frmImprimir(Geral &geral, ReportControl &relatorio, const ListBox &
     : QDialog(dono), geral_(geral), CrystalReport1(relatorio)
 {
     setupUi(this);
+    scale::apply(*this);
     connect(cmdImprimir, &QPushButton::clicked, this, &frmImprimir::cmdImprimir_Click);
     connect(cmdCancelar, &QPushButton::clicked, this, &QDialog::reject);
     connect(this, &QDialog::finished, this, &frmImprimir::Form_Unload);

@@ -1,7 +1,8 @@
 #include "reminders/frmAddEditTarefa.h"
 
-#include "data/Geral.h"
 #include "controls/Controls.h"
+#include "controls/Scale.h"
+#include "data/Geral.h"
 #include "platform/Platform.h"
 #include "reminders/Momento.h"
 
@@ -11,6 +12,7 @@ frmAddEditTarefa::frmAddEditTarefa(Geral &geral, Platform &platform, QWidget &ja
     : QDialog(dono), geral_(geral), platform_(platform), janela_(janela), pausa_(geral.temporizadores)
 {
     setupUi(this);
+    scale::apply(*this);
     txtTarefa->installEventFilter(this);
     connect(txtTarefa, &QPlainTextEdit::textChanged, this, &frmAddEditTarefa::txtTarefa_Change);
     connect(cmdOk, &QPushButton::clicked, this, &frmAddEditTarefa::cmdOk_Click);

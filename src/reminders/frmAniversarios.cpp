@@ -2,11 +2,12 @@
 
 #include "contacts/DisposicaoCartao.h"
 #include "contacts/Fotografia.h"
-#include "data/Geral.h"
 #include "controls/Controls.h"
-#include "platform/Failure.h"
 #include "controls/IconRoom.h"
+#include "controls/Scale.h"
 #include "controls/Units.h"
+#include "data/Geral.h"
+#include "platform/Failure.h"
 #include "reminders/ProximosAniversarios.h"
 
 #include <QSignalBlocker>
@@ -31,7 +32,8 @@ frmAniversarios::frmAniversarios(Geral &geral, QWidget &janela)
     : geral_(geral), janela_(janela), pausa_(geral.temporizadores)
 {
     setupUi(this);
-    ListViewAniversarios->setColumnWidth(coluna_nome, largura_do_nome);
+    scale::apply(*this);
+    ListViewAniversarios->setColumnWidth(coluna_nome, scale::scaled(largura_do_nome));
     ListViewAniversarios->hideColumn(coluna_id);
     ListViewAniversarios->setItemDelegateForColumn(coluna_nome, new IconRoom(ListViewAniversarios));
     connect(ListViewAniversarios, &QTreeWidget::itemSelectionChanged, this,
@@ -54,7 +56,7 @@ void frmAniversarios::PreencherAniversarios(const std::vector<Aniversariante> &p
     for (const Aniversariante &pessoa : pessoas) {
         auto *item = new QTreeWidgetItem(ListViewAniversarios,
                                          {pessoa.Nome, pessoa.Dia + de + Nome_Do_Mes(pessoa.Mes), pessoa.ID});
-        item->setSizeHint(coluna_nome, {0, altura_da_linha});
+        item->setSizeHint(coluna_nome, {0, scale::scaled(altura_da_linha)});
         if (pessoa.hoje) item->setIcon(coluna_nome, QIcon(u":/imagens/toolbar/aniversarios.svg"_s));
     }
     ListViewAniversarios->clearSelection();

@@ -1,8 +1,9 @@
 #include "reminders/frmListaTarefas.h"
 
-#include "data/Geral.h"
 #include "controls/Controls.h"
 #include "controls/IconRoom.h"
+#include "controls/Scale.h"
+#include "data/Geral.h"
 #include "platform/Platform.h"
 #include "reminders/frmAddEditTarefa.h"
 #include "reminders/Momento.h"
@@ -36,7 +37,7 @@ QTreeWidgetItem *Novo_Item(const Recordset &rs, QDate hoje)
          Hora.isNull() ? QString() : Texto_Da_Hora(Hora.time()), rs.Fields("NomeRepeticao").textOrEmpty()});
     item->setData(coluna_tarefa, papel_da_chave, u'k' + rs.Fields("ID").text());
     item->setData(coluna_tarefa, papel_da_tarefa, Tarefa);
-    item->setSizeHint(coluna_tarefa, {0, altura_da_linha});
+    item->setSizeHint(coluna_tarefa, {0, scale::scaled(altura_da_linha)});
     if (!Data.isNull() && Data.date() == hoje)
         item->setIcon(coluna_tarefa, QIcon(u":/imagens/lista/hoje.svg"_s));
     return item;
@@ -47,8 +48,9 @@ frmListaTarefas::frmListaTarefas(Geral &geral, Platform &platform, QWidget &jane
     : QDialog(&janela), geral_(geral), platform_(platform), janela_(janela), pausa_(geral.temporizadores)
 {
     setupUi(this);
-    ListViewTarefas->setColumnWidth(coluna_tarefa, largura_da_tarefa);
-    ListViewTarefas->setColumnWidth(coluna_hora, largura_da_hora);
+    scale::apply(*this);
+    ListViewTarefas->setColumnWidth(coluna_tarefa, scale::scaled(largura_da_tarefa));
+    ListViewTarefas->setColumnWidth(coluna_hora, scale::scaled(largura_da_hora));
     ListViewTarefas->setItemDelegateForColumn(coluna_tarefa, new IconRoom(ListViewTarefas));
     connect(cmdCriar, &QPushButton::clicked, this, &frmListaTarefas::cmdCriar_Click);
     connect(cmdEditar, &QPushButton::clicked, this, &frmListaTarefas::cmdEditar_Click);

@@ -1,5 +1,6 @@
 #include "reminders/frmPopup.h"
 
+#include "controls/Scale.h"
 #include "data/Geral.h"
 #include "data/Tocar_Som.h"
 #include "platform/Failure.h"
@@ -24,6 +25,7 @@ frmPopup::frmPopup(Geral &geral, Platform &platform, QWidget &janela, ReportCont
       relatorio_(relatorio)
 {
     setupUi(this);
+    scale::apply(*this);
     for (QLabel *surda : {lblData, lblHora})
         surda->setAttribute(Qt::WA_NoMousePropagation);
     connect(this, &RisingCard::Click, this, &frmPopup::Form_Click);

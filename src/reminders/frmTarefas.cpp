@@ -1,6 +1,7 @@
 #include "reminders/frmTarefas.h"
 
 #include "controls/Controls.h"
+#include "controls/Scale.h"
 #include "data/Geral.h"
 #include "data/Relatorio.h"
 #include "platform/Platform.h"
@@ -27,6 +28,7 @@ frmTarefas::frmTarefas(Geral &geral, Platform &platform, QWidget &janela, Report
     : geral_(geral), platform_(platform), janela_(janela), CrystalReport1(relatorio)
 {
     setupUi(this);
+    scale::apply(*this);
     connect(cmdImprimir, &QPushButton::clicked, this, &frmTarefas::cmdImprimir_Click);
     connect(cmdImprimirTarefa, &QPushButton::clicked, this, &frmTarefas::cmdImprimirTarefa_Click);
     connect(cmdEditar, &QPushButton::clicked, this, &frmTarefas::cmdEditar_Click);

@@ -115,7 +115,8 @@ void ReportPreview::addOutputs(QToolBar &bar, const Look &look)
         searched_->setObjectName("search"_L1);
         searched_->setPlaceholderText(word(ReportWord::Search));
         searched_->setAccessibleName(word(ReportWord::Search));
-        searched_->setMaximumWidth(200);
+        searched_->setMaximumWidth(200 * fontInfo().pixelSize() /
+                                   11); // as drawn for letters of eleven pixels
         bar.addWidget(searched_);
         connect(searched_, &QLineEdit::returnPressed, this, &ReportPreview::search);
     }

@@ -9,6 +9,7 @@
 #include "contacts/ProcuraRapida.h"
 #include "controls/Contrast.h"
 #include "controls/DisabledWindow.h"
+#include "controls/Scale.h"
 #include "controls/Units.h"
 #include "data/Geral.h"
 #include "interchange/Intercambio.h"
@@ -23,8 +24,10 @@
 #include "report/CrystalReport.h"
 #include "session/Ajuda.h"
 #include "session/Arranque.h"
+#include "session/DisposicaoDaJanela.h"
 #include "session/frmOpcoes.h"
 #include "session/frmSobre.h"
+#include "session/LugarDaJanela.h"
 #include "session/Sair.h"
 #include "session/SystemTray.h"
 #include "session/Utilizadores.h"
@@ -60,8 +63,11 @@ Main::Main(Geral &geral, Platform &platform)
       CrystalReport1(Novo_Relatorio(geral, platform, *this)),
       relatorioDaTarefa_(Novo_Relatorio(geral, platform, *this))
 {
+    scale::apply(*this);
     Pintar_Ponto();
     cartao_ = new CartaoContacto(*this, geral_, platform_);
+    new DisposicaoDaJanela(*this, *cartao_);
+    lugar_ = new LugarDaJanela(*this, geral_.ini);
     lista_ = new ListaContactos(*this, geral_, *cartao_);
     tray_ = new SystemTray(*this, *MenuSystemTray, geral_, platform_);
     lembretes_ = new Lembretes(*this, geral_, platform_, *relatorioDaTarefa_);
@@ -150,6 +156,7 @@ Arranque Main::Inicio()
 void Main::Carregar()
 {
     Inicio().Executar();
+    lugar_->Repor();
     returnFreeMemory(); // the start read names and birthdays; from here on the program mostly waits
     if (geral_.MinimizarArranque != u"sim"_s) show();
 }

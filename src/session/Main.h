@@ -12,6 +12,7 @@ class CicloCorreio;
 class CrystalReport;
 class Geral;
 class Lembretes;
+class LugarDaJanela;
 class ListaContactos;
 class Memos;
 class Presenca;
@@ -56,6 +57,7 @@ private:
     const std::unique_ptr<CrystalReport> CrystalReport1;     // of the list, the envelope and the export
     const std::unique_ptr<CrystalReport> relatorioDaTarefa_; // of the alert card alone
     CartaoContacto *cartao_;                                 // children of the window, like all that follow
+    LugarDaJanela *lugar_;
     ListaContactos *lista_;
     SystemTray *tray_;
     Lembretes *lembretes_;

@@ -11,6 +11,13 @@
 
 namespace
 {
+// A window that filled the screen before it was hidden fills it again.
+void Mostrar(QWidget &janela)
+{
+    janela.setWindowState(janela.windowState() & ~Qt::WindowMinimized);
+    janela.show();
+}
+
 void Permitir(const QMenu &menu, bool permitido)
 {
     for (QAction *entrada : menu.actions())
@@ -55,7 +62,7 @@ void SystemTray::Botao_Esquerdo_No_Icone()
 
 void SystemTray::Mostrar_Janela()
 {
-    if (!janela_.isVisible() || janela_.isMinimized()) janela_.showNormal();
+    if (!janela_.isVisible() || janela_.isMinimized()) Mostrar(janela_);
     janela_.raise();
     janela_.activateWindow();
 }
@@ -72,8 +79,7 @@ void SystemTray::Restaurar_Janela()
 void SystemTray::Trazer_Janela()
 {
     if (TrayBloqueado_) return Restaurar_Janela();
-    if (janela_.isMinimized()) janela_.showNormal();
-    if (!janela_.isVisible()) janela_.show();
+    if (!janela_.isVisible() || janela_.isMinimized()) Mostrar(janela_);
 }
 
 bool SystemTray::Destrancar()

@@ -1,6 +1,7 @@
 #include "session/frmDeleteUser.h"
 
 #include "contacts/Preencher_Utilizadores.h"
+#include "controls/Scale.h"
 #include "data/Geral.h"
 #include "platform/Platform.h"
 #include "session/PosseDosDados.h"
@@ -12,6 +13,7 @@ frmDeleteUser::frmDeleteUser(Geral &geral, Platform &platform, QWidget &janela)
     : QDialog(&janela), geral_(geral), platform_(platform), janela_(janela)
 {
     setupUi(this);
+    scale::apply(*this);
     connect(cmdOk, &QPushButton::clicked, this, &frmDeleteUser::cmdOk_Click);
     connect(cmdCancelar, &QPushButton::clicked, this, &QDialog::reject);
     connect(this, &QDialog::finished, this, &frmDeleteUser::Form_Unload);

@@ -1,6 +1,7 @@
 #include "session/frmEditUser.h"
 
 #include "contacts/Preencher_Utilizadores.h"
+#include "controls/Scale.h"
 #include "data/Geral.h"
 #include "platform/Platform.h"
 
@@ -10,6 +11,7 @@ frmEditUser::frmEditUser(Geral &geral, Platform &platform, QWidget *dono)
     : QDialog(dono), geral_(geral), platform_(platform)
 {
     setupUi(this);
+    scale::apply(*this);
     connect(ComboUsers, &ComboBox::Click, this, &frmEditUser::ComboUsers_Click);
     connect(campos->txtUser, &QLineEdit::textChanged, this, &frmEditUser::txtUser_Change);
     connect(cmdOk, &QPushButton::clicked, this, &frmEditUser::cmdOk_Click);

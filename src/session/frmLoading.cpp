@@ -1,5 +1,6 @@
 #include "session/frmLoading.h"
 
+#include "controls/Scale.h"
 #include "data/Geral.h"
 
 #include <QEvent>
@@ -12,6 +13,7 @@ constexpr int cheia = 100;
 frmLoading::frmLoading(Geral &geral, QWidget *dono) : QWidget(dono, Qt::Dialog)
 {
     setupUi(this);
+    scale::apply(*this);
     connect(&Timer1, &QTimer::timeout, this, &frmLoading::Timer1_Timer);
     Label1->setText(geral.Ler_Idioma(242));
     if (dono != nullptr) dono->installEventFilter(this);

@@ -1,5 +1,6 @@
 #include "session/frmLogin.h"
 
+#include "controls/Scale.h"
 #include "data/Codificar_Pass.h"
 #include "data/Geral.h"
 #include "platform/Failure.h"
@@ -9,11 +10,13 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-// The row of cmdVerUsers that a name and a scrambled password match: the recordset stops there, or at its end.
+// The row of cmdVerUsers that a name and a scrambled password match: the recordset stops there, or at its
+// end.
 bool Procurar_Utilizador(Recordset &rs, const QString &Utilizador, const QString &codificada)
 {
     for (; !rs.Eof(); rs.MoveNext())
-        if (rs.Fields("Utilizador").textOrEmpty() == Utilizador && rs.Fields("Pass").textOrEmpty() == codificada)
+        if (rs.Fields("Utilizador").textOrEmpty() == Utilizador &&
+            rs.Fields("Pass").textOrEmpty() == codificada)
             return true;
     return false;
 }
@@ -34,6 +37,7 @@ Sessao Sessao_Da_Linha(const QString &Utilizador, const Recordset &rs)
 frmLogin::frmLogin(Geral &geral, Platform &platform) : geral_(geral), platform_(platform)
 {
     setupUi(this);
+    scale::apply(*this);
     connect(txtUser, &QLineEdit::textChanged, this, &frmLogin::txtUser_Change);
     connect(cmdOk, &QPushButton::clicked, this, &frmLogin::cmdOk_Click);
     connect(cmdCancelar, &QPushButton::clicked, this, &frmLogin::cmdCancelar_Click);

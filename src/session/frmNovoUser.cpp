@@ -1,5 +1,6 @@
 #include "session/frmNovoUser.h"
 
+#include "controls/Scale.h"
 #include "data/Geral.h"
 #include "platform/Platform.h"
 #include "session/PosseDosDados.h"
@@ -10,6 +11,7 @@ frmNovoUser::frmNovoUser(Geral &geral, Platform &platform, QWidget *dono)
     : QDialog(dono), geral_(geral), platform_(platform), pausa_(geral.temporizadores)
 {
     setupUi(this);
+    scale::apply(*this);
     connect(campos->txtUser, &QLineEdit::textChanged, this, &frmNovoUser::txtUser_Change);
     connect(cmdOk, &QPushButton::clicked, this, &frmNovoUser::cmdOk_Click);
     connect(cmdCancelar, &QPushButton::clicked, this, &QDialog::reject);

@@ -1,6 +1,7 @@
 #include "session/frmOpcoes.h"
 
 #include "controls/Label.h"
+#include "controls/Scale.h"
 #include "controls/Units.h"
 #include "data/Geral.h"
 #include "data/Idiomas.h"
@@ -32,6 +33,7 @@ frmOpcoes::frmOpcoes(Geral &geral, Platform &platform, Janela &janela)
     : QDialog(&janela), geral_(geral), platform_(platform), janela_(janela), pausa_(geral.temporizadores)
 {
     setupUi(this);
+    scale::apply(*this);
     picOptions = {picOptions0, picOptions1, picOptions2, picOptions3,
                   picOptions4, picOptions5, picOptions6, picOptions7};
     contas_ = new ContasEmail(*this, {*lvEmails, *cmdAdicionar, *cmdEditar, *cmdEliminar}, geral_);

@@ -1,6 +1,7 @@
 #include "session/frmSobre.h"
 
 #include "controls/Controls.h"
+#include "controls/Scale.h"
 #include "data/Geral.h"
 #include "platform/TextOrder.h"
 #include "platform/Translations.h"
@@ -30,6 +31,7 @@ QString Pormenores(const Geral &geral)
 frmSobre::frmSobre(Geral &geral, QWidget *dono) : QDialog(dono)
 {
     setupUi(this);
+    scale::apply(*this);
     connect(cmdFechar, &QPushButton::clicked, this, &QDialog::accept);
     setWindowTitle(withoutMnemonic(geral.Ler_Idioma(156)));
     lblVersao->setText(geral.VersaoBD);

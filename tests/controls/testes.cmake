@@ -5,7 +5,9 @@ foreach(teste IN ITEMS
     test_ElidingLabel
     test_ListBox
     test_LongText
+    test_ReachablePlace
     test_RisingCard
+    test_Scale
     test_Style)
     morvex_teste(controls/${teste} LIGA controls)
 endforeach()

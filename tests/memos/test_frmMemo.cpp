@@ -94,6 +94,39 @@ class TestFrmMemo : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void cleanup() { scale::setLetters(scale::standardLetters); }
+
+    void em_letras_duplas_a_nota_fica_onde_estava_e_duas_vezes_maior()
+    {
+        scale::setLetters(2 * scale::standardLetters);
+        UmaNota u;
+        QCOMPARE(u.nota->geometry(), QRect(33, 43, 370, 186));
+        QCOMPARE(u.nota->cmdFechar->size(), QSize(28, 28));
+        QVERIFY(u.nota->rect().contains(u.nota->cmdFechar->geometry()));
+        u.nota->cmdGuardar->click();
+        QCOMPARE(u.Lugar(), u"495|645|2775|1395"_s);
+    }
+
+    void em_letras_duplas_a_nota_tem_a_sua_cor()
+    {
+        scale::setLetters(2 * scale::standardLetters);
+        UmaNota u;
+        const QImage retrato = u.nota->grab().toImage();
+        QCOMPARE(retrato.pixelColor(u.nota->txtMemo->geometry().center()), colour(65535));
+    }
+
+    void o_que_se_guarda_em_letras_grandes_vale_em_letras_normais()
+    {
+        scale::setLetters(2 * scale::standardLetters);
+        UmaNota u;
+        u.nota->move(60, 70);
+        u.nota->resize(400, 200);
+        QCOMPARE(u.Lugar(), u"900|1050|3000|1500"_s);
+        scale::setLetters(scale::standardLetters);
+        u.Reabrir();
+        QCOMPARE(u.nota->geometry(), QRect(60, 70, 200, 100));
+    }
+
     void a_nota_nao_tem_moldura_nem_dono_nem_lugar_na_barra()
     {
         UmaNota u;

@@ -1,4 +1,3 @@
 # Tests of memos.
-morvex_teste(memos/test_Lugar_Alcancavel LIGA memos)
 morvex_teste(memos/test_frmMemo LIGA memos)
 morvex_teste(memos/test_Memos LIGA session)

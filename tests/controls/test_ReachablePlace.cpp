@@ -1,8 +1,8 @@
-// Where a note stands when the screen that it stood on is gone.
-#include "memos/Lugar_Alcancavel.h"
+// Where a window stands when the screen that it stood on is gone.
+#include "controls/ReachablePlace.h"
 #include "testlib/Teste.h"
 
-class TestLugarAlcancavel : public QObject
+class TestReachablePlace : public QObject
 {
     Q_OBJECT
 
@@ -36,21 +36,21 @@ private Q_SLOTS:
         QFETCH(QList<QRect>, ecras);
         QFETCH(QPoint, lugar);
         QFETCH(QPoint, esperado);
-        QCOMPARE(Lugar_Alcancavel({lugar, tamanho}, altura_do_titulo, ecras), esperado);
+        QCOMPARE(reachablePlace({lugar, tamanho}, altura_do_titulo, ecras), esperado);
     }
 
-    void uma_nota_mais_estreita_do_que_uma_pega_fica_toda_ao_alcance()
+    void uma_janela_mais_estreita_do_que_uma_pega_fica_toda_ao_alcance()
     {
         const QRect ecra(0, 0, 800, 600);
-        QCOMPARE(Lugar_Alcancavel({900, 50, 20, 20}, altura_do_titulo, {ecra}), QPoint(780, 50));
-        QCOMPARE(Lugar_Alcancavel({-90, 50, 20, 20}, altura_do_titulo, {ecra}), QPoint(0, 50));
+        QCOMPARE(reachablePlace({900, 50, 20, 20}, altura_do_titulo, {ecra}), QPoint(780, 50));
+        QCOMPARE(reachablePlace({-90, 50, 20, 20}, altura_do_titulo, {ecra}), QPoint(0, 50));
     }
 
     void um_ecra_menor_do_que_o_titulo_recebe_o_canto()
     {
-        QCOMPARE(Lugar_Alcancavel({500, 500, 185, 93}, altura_do_titulo, {{0, 0, 40, 10}}), QPoint(-20, 0));
+        QCOMPARE(reachablePlace({500, 500, 185, 93}, altura_do_titulo, {{0, 0, 40, 10}}), QPoint(-20, 0));
     }
 };
 
-MORVEX_TESTE(TestLugarAlcancavel)
-#include "test_Lugar_Alcancavel.moc"
+MORVEX_TESTE(TestReachablePlace)
+#include "test_ReachablePlace.moc"

@@ -1,0 +1,213 @@
+// The scale of the forms: places and sizes follow the letters, and what outgrows the screen scrolls.
+#include "controls/Scale.h"
+#include "controls/Units.h"
+#include "testlib/Teste.h"
+
+#include <QCheckBox>
+#include <QDialog>
+#include <QLabel>
+#include <QMainWindow>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr int duplas = 2 * scale::standardLetters;
+
+template<class Controlo> Controlo *Novo(QWidget &pai, const char *nome)
+{
+    auto *controlo = new Controlo(&pai);
+    controlo->setObjectName(QLatin1StringView(nome));
+    return controlo;
+}
+
+// A form as a designer draws it: a fixed size, and places in pixels of the standard.
+struct Formulario : QDialog {
+    explicit Formulario(QSize tamanho = {200, 100})
+    {
+        resize(tamanho);
+        setMinimumSize(tamanho);
+        setMaximumSize(tamanho);
+        rotulo->setGeometry(10, 20, 30, 40);
+        botao->setGeometry(tamanho.width() - 50, tamanho.height() - 30, 40, 20);
+        botao->setIcon(QIcon(u":/imagens/morvex.svg"_s));
+        botao->setIconSize({12, 12});
+        botao->setStyleSheet(u"padding: 6px; border: 1px solid black"_s);
+    }
+
+    QLabel *rotulo = Novo<QLabel>(*this, "rotulo");
+    QPushButton *botao = Novo<QPushButton>(*this, "botao");
+};
+
+const QScrollArea *Area(const QWidget &form) { return form.findChild<QScrollArea *>(); }
+} // namespace
+
+class TestScale : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { scale::setLetters(scale::standardLetters); }
+
+    void em_letras_normais_nada_muda()
+    {
+        Formulario form;
+        scale::apply(form);
+        QCOMPARE(form.size(), QSize(200, 100));
+        QCOMPARE(form.rotulo->geometry(), QRect(10, 20, 30, 40));
+        QCOMPARE(form.botao->iconSize(), QSize(12, 12));
+        QCOMPARE(form.botao->styleSheet(), u"padding: 6px; border: 1px solid black"_s);
+        QCOMPARE(pixels(2415), 161);
+        QCOMPARE(twips(161), 2415);
+    }
+
+    void em_letras_duplas_tudo_e_duas_vezes_maior()
+    {
+        scale::setLetters(duplas);
+        Formulario form;
+        scale::apply(form);
+        QCOMPARE(form.font().pixelSize(), duplas);
+        QCOMPARE(form.size(), QSize(400, 200));
+        QCOMPARE(form.minimumSize(), QSize(400, 200));
+        QCOMPARE(form.maximumSize(), QSize(400, 200));
+        QCOMPARE(form.rotulo->geometry(), QRect(20, 40, 60, 80));
+        QCOMPARE(form.botao->iconSize(), QSize(24, 24));
+        QCOMPARE(form.botao->styleSheet(), u"padding: 12px; border: 1px solid black"_s);
+    }
+
+    void uma_medida_em_twips_volta_a_si_em_qualquer_tamanho()
+    {
+        for (int letras = scale::standardLetters; letras <= scale::standardLetters * scale::largestFactor;
+             ++letras) {
+            scale::setLetters(letras);
+            QCOMPARE(pixels(twips(640)), 640);
+            QCOMPARE(pixels(9600), scale::scaled(640));
+        }
+    }
+
+    void vizinhos_que_se_tocam_continuam_a_tocar_se()
+    {
+        for (int letras = scale::standardLetters; letras <= scale::standardLetters * scale::largestFactor;
+             ++letras) {
+            scale::setLetters(letras);
+            Formulario form;
+            form.botao->setGeometry(40, 20, 33, 40);
+            scale::apply(form);
+            QCOMPARE(form.rotulo->geometry().right() + 1, form.botao->x());
+        }
+    }
+
+    void a_marca_de_uma_caixa_cresce_com_as_letras()
+    {
+        QCheckBox pequena(u"a"_s);
+        const int antes = pequena.style()->pixelMetric(QStyle::PM_IndicatorWidth);
+        scale::setLetters(duplas);
+        QCOMPARE(QApplication::style()->pixelMetric(QStyle::PM_IndicatorWidth), 2 * antes);
+        scale::setLetters(scale::standardLetters);
+        QCOMPARE(QApplication::style()->pixelMetric(QStyle::PM_IndicatorWidth), antes);
+    }
+
+    void um_formulario_que_cabe_nao_se_desloca_por_dentro()
+    {
+        Formulario form;
+        scale::apply(form);
+        form.show();
+        QCOMPARE(Area(form), nullptr);
+    }
+
+    void um_formulario_maior_do_que_o_ecra_cabe_nele_e_desloca_se_por_dentro()
+    {
+        Formulario form({3000, 2000});
+        scale::apply(form);
+        form.show();
+        const QSize ecra = form.screen()->availableGeometry().size();
+        QVERIFY(form.frameGeometry().width() <= ecra.width() &&
+                form.frameGeometry().height() <= ecra.height());
+        QVERIFY(Area(form) != nullptr);
+        QVERIFY(form.botao->isVisible());
+        QCOMPARE(form.botao->geometry(), QRect(2950, 1970, 40, 20));
+        QVERIFY(form.botao->visibleRegion().isEmpty());
+        const_cast<QScrollArea *>(Area(form))->ensureWidgetVisible(form.botao);
+        QCOMPARE(form.botao->visibleRegion().boundingRect().size(), QSize(40, 20));
+    }
+
+    void o_teclado_leva_um_formulario_que_se_desloca_ao_seu_controlo()
+    {
+        Formulario form({3000, 2000});
+        auto *primeiro = Novo<QPushButton>(form, "primeiro");
+        QWidget::setTabOrder(primeiro, form.botao);
+        primeiro->setFocus();
+        scale::apply(form);
+        form.show();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        QCOMPARE(form.focusWidget(), primeiro);
+        QTest::keyClick(primeiro, Qt::Key_Tab);
+        QCOMPARE(form.focusWidget(), form.botao);
+        QVERIFY(!form.botao->visibleRegion().isEmpty());
+    }
+
+    void um_formulario_disposto_por_si_tambem_se_desloca()
+    {
+        QDialog form;
+        auto *disposicao = new QVBoxLayout(&form);
+        disposicao->setSizeConstraint(QLayout::SetFixedSize);
+        auto *alto = Novo<QLabel>(form, "alto");
+        alto->setMinimumSize(100, 3000);
+        disposicao->addWidget(alto);
+        auto *botao = Novo<QPushButton>(form, "botao");
+        disposicao->addWidget(botao);
+        scale::apply(form);
+        form.show();
+        QVERIFY(form.height() <= form.screen()->availableGeometry().height());
+        QVERIFY(Area(form) != nullptr && botao->isVisible());
+        QCOMPARE(Area(form)->horizontalScrollBar()->maximum(), 0);
+        QVERIFY(Area(form)->verticalScrollBar()->maximum() > 2000);
+    }
+
+    void uma_janela_com_menu_desloca_so_o_que_tem_dentro()
+    {
+        QMainWindow janela;
+        auto *dentro = new QWidget;
+        dentro->setMinimumSize(3000, 2000);
+        janela.setCentralWidget(dentro);
+        scale::apply(janela);
+        janela.show();
+        QVERIFY(janela.width() <= janela.screen()->availableGeometry().width());
+        QCOMPARE(Area(janela), janela.centralWidget());
+        QCOMPARE(Area(janela)->widget(), dentro);
+        QVERIFY(dentro->isVisible());
+        QCOMPARE(dentro->size(), QSize(3000, 2000));
+    }
+
+    void um_formulario_que_se_torna_mais_alto_do_que_o_ecra_desloca_se_a_partir_dai()
+    {
+        Formulario form;
+        scale::apply(form);
+        form.show();
+        form.setFixedHeight(3000);
+        QVERIFY(Area(form) != nullptr);
+        QVERIFY(form.height() <= form.screen()->availableGeometry().height());
+        QCOMPARE(Area(form)->widget()->height(), 3000);
+        form.setFixedHeight(2000);
+        QCOMPARE(Area(form)->widget()->height(), 2000);
+    }
+
+    void um_formulario_de_letras_grandes_nao_fica_ao_lado_do_ecra()
+    {
+        scale::setLetters(duplas);
+        Formulario form;
+        scale::apply(form);
+        const QRect ecra = form.screen()->availableGeometry();
+        form.move(ecra.right() - 20, ecra.bottom() - 20);
+        form.show();
+        QVERIFY(ecra.contains(form.geometry()));
+    }
+};
+
+MORVEX_TESTE(TestScale)
+#include "test_Scale.moc"
