@@ -1,13 +1,13 @@
 #include "interchange/Intercambio.h"
 
+#include "controls/Controls.h"
+#include "controls/DisabledWindow.h"
+#include "controls/ListBox.h"
 #include "data/Geral.h"
 #include "interchange/DE2.h"
 #include "interchange/frmBackup.h"
 #include "interchange/frmExportar.h"
 #include "interchange/frmImportar.h"
-#include "controls/Controls.h"
-#include "controls/DisabledWindow.h"
-#include "controls/ListBox.h"
 
 #include <QAction>
 #include <QMainWindow>
@@ -35,13 +35,18 @@ DE2 &Intercambio::De2()
 
 // The forms enable the window themselves when they close, so that the second one stands before a window
 // alive.
-void Intercambio::Importar_Click()
+void Intercambio::Mostrar_frmImportar(const QString &caminho)
 {
     const DisabledWindow desactivada(janela_);
     frmImportar importar(geral_, platform_, *this, janela_);
     importar.setWindowTitle(geral_.Ler_Idioma(82));
+    if (!caminho.isEmpty()) importar.Escolher(caminho);
     importar.exec();
 }
+
+void Intercambio::Importar_Click() { Mostrar_frmImportar({}); }
+
+void Intercambio::Importar(const QString &caminho) { Mostrar_frmImportar(caminho); }
 
 void Intercambio::Exportar_Click()
 {

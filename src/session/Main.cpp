@@ -7,20 +7,22 @@
 #include "contacts/ListaContactos.h"
 #include "contacts/Pesquisa.h"
 #include "contacts/ProcuraRapida.h"
+#include "controls/DisabledWindow.h"
+#include "controls/Units.h"
 #include "data/Geral.h"
+#include "interchange/FicheirosPedidos.h"
 #include "interchange/Intercambio.h"
 #include "memos/Memos.h"
 #include "online/CicloCorreio.h"
 #include "online/Presenca.h"
 #include "online/VerificarVersao.h"
-#include "controls/DisabledWindow.h"
 #include "platform/Platform.h"
-#include "report/CrystalReport.h"
-#include "controls/Units.h"
 #include "printing/Impressao.h"
 #include "reminders/Lembretes.h"
+#include "report/CrystalReport.h"
 #include "session/Ajuda.h"
 #include "session/Arranque.h"
+#include "session/FilaDeFicheiros.h"
 #include "session/frmOpcoes.h"
 #include "session/frmSobre.h"
 #include "session/Sair.h"
@@ -78,6 +80,9 @@ Main::Main(Geral &geral, Platform &platform)
 
     new Impressao(*this, geral_, platform_, *CrystalReport1);
     auto *intercambio = new Intercambio(*this, geral_, platform_, *CrystalReport1);
+    auto *ficheiros = new FicheirosPedidos(*this, *intercambio, geral_, platform_);
+    fila_ = new FilaDeFicheiros(*this, *tray_,
+                                [ficheiros](const QString &caminho) { ficheiros->Abrir(caminho); });
     new VerificarVersao(*this, geral_, platform_, QStringLiteral(MORVEX_WEB_HOST));
 
     connect(intercambio, &Intercambio::ContactosMudados, lista_, [this] {
@@ -145,13 +150,18 @@ Arranque Main::Inicio()
 void Main::Carregar()
 {
     Inicio().Executar();
-    if (geral_.MinimizarArranque != u"sim"_s) show();
+    if (!geral_.Comeca_Minimizado()) show();
+    fila_->Comecar();
 }
 
-void Main::Chamar()
+void Main::Abrir_Depois(const QStringList &ficheiros) { fila_->Juntar(ficheiros); }
+
+void Main::Chamar(const QStringList &ficheiros)
 {
+    fila_->Juntar(ficheiros);
     QWidget *frente = QApplication::activeModalWidget();
     if (frente == nullptr) {
+        if (!ficheiros.isEmpty()) return; // the window comes with the first of them, and asks only then
         tray_->Trazer_Janela();
         frente = this;
     }

@@ -11,6 +11,7 @@ class Arranque;
 class CartaoContacto;
 class CicloCorreio;
 class CrystalReport;
+class FilaDeFicheiros;
 class Geral;
 class Lembretes;
 class ListaContactos;
@@ -34,8 +35,12 @@ public:
     void Carregar();
 
     // The program was started a second time: what stands in front comes forward, be it the window, through
-    // the login if it is locked, or a form that waits for an answer.
-    void Chamar();
+    // the login if it is locked, or a form that waits for an answer. The files are opened as soon as they can
+    // be.
+    void Chamar(const QStringList &ficheiros = {});
+
+    // Files to open once the start is over.
+    void Abrir_Depois(const QStringList &ficheiros);
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -60,5 +65,6 @@ private:
     Presenca *presenca_;
     CicloCorreio *correio_;
     ProcuraRapida *procuraRapida_;
+    FilaDeFicheiros *fila_;
     QString EstadoPonto; // "1" or "2": the phase of the blinking dot
 };
