@@ -158,6 +158,7 @@ private Q_SLOTS:
     void os_ficheiros_do_inicio_abrem_depois_dele_um_a_seguir_ao_outro()
     {
         Programa p({u"/a.mdb"_s, u"/b.dat"_s});
+        QVERIFY(Nada_Abre());
         p.janela.Carregar();
         QVERIFY(p.caminhos.isEmpty());
         p.Anotar(2);
@@ -203,6 +204,28 @@ private Q_SLOTS:
         });
         p.janela.Sobre->trigger();
         p.Anotar(1);
+        QTRY_COMPARE(p.caminhos, QStringList{u"/a.mdb"_s});
+    }
+
+    // Not every form disables the window.
+    void um_formulario_a_frente_de_uma_janela_viva_fecha_se_primeiro()
+    {
+        Programa p;
+        p.janela.Carregar();
+        QDialog formulario(&p.janela);
+        formulario.setModal(true);
+        formulario.show();
+        bool outro = false;
+        QTimer::singleShot(espera, qApp, [&] {
+            QWidget *frente = QApplication::activeModalWidget();
+            outro = frente != &formulario;
+            if (outro) frente->close();
+        });
+        p.janela.Chamar({u"/a.mdb"_s});
+        QTest::qWait(espera + 50);
+        QVERIFY(!outro);
+        p.Anotar(1);
+        formulario.close();
         QTRY_COMPARE(p.caminhos, QStringList{u"/a.mdb"_s});
     }
 
