@@ -12,7 +12,7 @@ pacotes_para_construir=(
 # A screen in memory with a window manager, for a machine without a display.
 pacotes_para_ecra_virtual=(xvfb openbox dbus xdotool imagemagick)
 pacotes_para_testar=(
-    "${pacotes_para_ecra_virtual[@]}" trayer x11-utils python3 desktop-file-utils openssl poppler-utils python3-xlrd xz-utils
+    "${pacotes_para_ecra_virtual[@]}" trayer x11-utils python3 desktop-file-utils appstream openssl poppler-utils python3-xlrd xz-utils
     cups-daemon cups-client cups-filters libreoffice-calc-nogui libreoffice-writer-nogui
     fonts-droid-fallback # the one font among these that has Chinese
     # Servers of tests/servidores: mail, presence, and a client of the latter in a terminal of its own.
@@ -21,6 +21,9 @@ pacotes_para_testar=(
     # A sound server, whose own output is recorded, and the desktop's starter of entries.
     pulseaudio pulseaudio-utils libglib2.0-bin
 )
+
+# What makes a package of the distribution and looks at it.
+pacotes_para_empacotar=(dpkg-dev desktop-file-utils appstream lintian git)
 
 # Installs those of the named packages that are missing, and says which.
 instalar_pacotes() {

@@ -1,19 +1,25 @@
-// The process: makes the services of the desktop, the process-wide values and the main window, and lets it
-// run.
+// The process: reads what it was told, makes the services of the desktop, the process-wide values and the
+// main window, and lets it run.
 #include "session/Main.h"
-#include "data/Geral.h"
 #include "controls/Application.h"
+#include "data/Geral.h"
+#include "data/Idiomas.h"
+#include "interchange/FicheirosPedidos.h"
+#include "mail/PopMailNotification.h"
 #include "platform/ColourScheme.h"
+#include "platform/CommandLine.h"
 #include "platform/DesktopRegistry.h"
 #include "platform/DesktopSound.h"
 #include "platform/DesktopTray.h"
-#include "mail/PopMailNotification.h"
 #include "platform/Platform.h"
 #include "platform/ProgramFolder.h"
 #include "platform/PurpleMessenger.h"
 #include "platform/SingleInstance.h"
+#include "platform/ToolkitLanguage.h"
+#include "platform/Translations.h"
 #include "platform/WindowsRegistry.h"
 
+#include <cstdio>
 #include <QIcon>
 
 namespace
@@ -23,13 +29,34 @@ using OwnRegistry = WindowsRegistry;
 #else
 using OwnRegistry = DesktopRegistry;
 #endif
-} // namespace
+constexpr int notUnderstood = 2; // the exit code
 
-int main(int argc, char **argv)
+void print(std::FILE *where, const QString &text) { std::fputs(text.toLocal8Bit().constData(), where); }
+
+// No language is active yet, so the desktop's is spoken.
+CommandLine readCommandLine(int argc, char **argv)
 {
-    // Notes, popups and the tray need a desktop on which a window may choose its own place.
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "xcb;wayland");
+    const QCoreApplication application(argc, argv);
+    const QString language = spokenLanguage({});
+    if (const Idioma *known = idiomas::Procurar(language))
+        useToolkitLanguage(QString::fromUtf16(known->codigo), language == QLatin1StringView("PortuguesPT"));
+    return {QCoreApplication::arguments(), FicheirosPedidos::Terminacoes(), QStringLiteral(MORVEX_VERSION),
+            language};
+}
 
+int refuse(const QString &why, int argc, char **argv)
+{
+    print(stderr, why);
+    if (CommandLine::startedFromDesktop()) {
+        DesktopMessageBoxes boxes;
+        const Application application(argc, argv, boxes);
+        boxes.MessageBoxes::show(why.trimmed(), box::stop, nullptr);
+    }
+    return notUnderstood;
+}
+
+int run(const CommandLine &line, int argc, char **argv)
+{
     DesktopMessageBoxes boxes;
     Application application(argc, argv, boxes);
     ColourScheme scheme;
@@ -47,8 +74,9 @@ int main(int argc, char **argv)
 
     const ProgramFolder folder(ProgramFolder::current(QStringLiteral(MORVEX_INSTALLED_DATA)));
     SingleInstance instance(folder.path());
-    if (!instance.claim()) return 0; // the one that runs comes to the front
+    if (!instance.claim({line.files(), !line.minimized()})) return 0; // the one that runs has heard of it
     Geral geral(folder.path());
+    geral.MinimizarDestaVez = line.minimized();
     boxes.setLanguage([&geral] { return geral.IdiomaActual; });
     PopMailNotification mail(geral.Ficheiro(QStringLiteral("correio.json")),
                              [&geral] { return geral.IdiomaActual; });
@@ -56,6 +84,20 @@ int main(int argc, char **argv)
 
     Main janela(geral, platform);
     QObject::connect(&instance, &SingleInstance::startedAgain, &janela, &Main::Chamar);
+    janela.Abrir_Depois(line.files());
     janela.Carregar();
     return Application::exec();
+}
+} // namespace
+
+int main(int argc, char **argv)
+{
+    // Notes, popups and the tray need a desktop on which a window may choose its own place.
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "xcb;wayland");
+
+    const CommandLine line = readCommandLine(argc, argv);
+    if (line.kind() == CommandLine::Kind::Refusal) return refuse(line.text(), argc, argv);
+    if (line.kind() == CommandLine::Kind::Run) return run(line, argc, argv);
+    print(stdout, line.text());
+    return 0;
 }

@@ -35,6 +35,7 @@ public:
     QString UltimaPastaFotos;
     QString AutorunArranque;
     QString MinimizarArranque;
+    bool MinimizarDestaVez = false; // asked for by the command line, and kept nowhere
     QString AvisoNovaVersao;
     QString MemoFontName;
     QString MemoFontSize;
@@ -69,6 +70,12 @@ public:
     // The text with that number in the active language, read from the database at each call. Empty while no
     // language is active; Failure where the row is missing or its cell is Null.
     QString Ler_Idioma(qint16 id);
+
+    // Whether the start ends with the window hidden in the tray.
+    bool Comeca_Minimizado() const
+    {
+        return MinimizarDestaVez || MinimizarArranque == QLatin1StringView("sim");
+    }
 
     // The name of a per-user section of config.ini: the user's ID stands behind it without a separator.
     QString Seccao_Do_Utilizador(const QString &seccao) const { return seccao + SessaoActual.IdUtilizador; }

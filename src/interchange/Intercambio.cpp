@@ -31,13 +31,18 @@ DE2 &Intercambio::De2()
 
 // The forms enable the window themselves when they close, so that the second one stands before a window
 // alive.
-void Intercambio::Importar_Click()
+void Intercambio::Mostrar_frmImportar(const QString &caminho)
 {
     const DisabledWindow desactivada(janela_);
     frmImportar importar(geral_, platform_, *this, janela_);
     importar.setWindowTitle(geral_.Ler_Idioma(82));
+    if (!caminho.isEmpty()) importar.Escolher(caminho);
     importar.exec();
 }
+
+void Intercambio::Importar_Click() { Mostrar_frmImportar({}); }
+
+void Intercambio::Importar(const QString &caminho) { Mostrar_frmImportar(caminho); }
 
 void Intercambio::Exportar_Click()
 {

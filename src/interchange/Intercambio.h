@@ -22,6 +22,9 @@ public:
     // Failure where it can't be opened; the next use tries again.
     DE2 &De2();
 
+    // The form of the menu entry Importar, as a person finds it who has chosen that file.
+    void Importar(const QString &caminho);
+
     QString FileName; // what the file dialog last gave
 
 Q_SIGNALS:
@@ -29,6 +32,7 @@ Q_SIGNALS:
 
 private:
     void Importar_Click();
+    void Mostrar_frmImportar(const QString &caminho);
     void Exportar_Click();
     void mnuBackup_Click();
 

@@ -45,14 +45,20 @@ void frmImportar::Form_Unload()
 // A cancel loses an earlier choice, and so does a failure on the way, which nobody hears of.
 void frmImportar::cmdProcurar_Click()
 {
-    QString &escolhido = intercambio_.FileName;
-    escolhido.clear();
+    intercambio_.FileName.clear();
+    QString escolhido;
     skipFailure([&] {
         escolhido = platform_.dialogs.openFile(geral_.Ler_Idioma(81) + u"|*.dat;*.mdb"_s, QString(), this)
                         .value_or(u""_s);
     });
-    txtCaminho->setText(escolhido);
-    cmdSeguinte->setEnabled(!escolhido.isEmpty());
+    Escolher(escolhido);
+}
+
+void frmImportar::Escolher(const QString &caminho)
+{
+    intercambio_.FileName = caminho;
+    txtCaminho->setText(caminho);
+    cmdSeguinte->setEnabled(!caminho.isEmpty());
 }
 
 void frmImportar::cmdSeguinte_Click()

@@ -18,6 +18,9 @@ class frmImportar final : public QDialog, public Ui::frmImportar
 public:
     frmImportar(Geral &geral, Platform &platform, Intercambio &intercambio, QWidget &janela);
 
+    // That file stands in the form, ready to go on with; an empty path takes an earlier choice back.
+    void Escolher(const QString &caminho);
+
 private:
     void Form_Unload();
     void cmdProcurar_Click();

@@ -45,9 +45,10 @@ ProgramFolder::ProgramFolder(const Surroundings &surroundings) : path_(choose(su
 
 ProgramFolder::Surroundings ProgramFolder::current(const QString &installedData)
 {
-    return {qEnvironmentVariable("MORVEX_HOME"), QCoreApplication::applicationDirPath(),
+    const QString own = QCoreApplication::applicationDirPath();
+    return {qEnvironmentVariable("MORVEX_HOME"), own,
             QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/morvex"),
-            installedData};
+            QDir::cleanPath(QDir(own).absoluteFilePath(installedData))};
 }
 
 QString fileIn(const QString &folder, const QString &name) { return folder + QDir::separator() + name; }

@@ -21,7 +21,7 @@ public:
 
     const QString &path() const { return path_; }
 
-    // What this process stands in.
+    // What this process stands in. Where the installed files lie is said from the executable's folder.
     static Surroundings current(const QString &installedData);
 
 private:

@@ -3,6 +3,7 @@
 #include "platform/ProgramFolder.h"
 
 #include <QCryptographicHash>
+#include <QDataStream>
 #include <QDir>
 #include <QLocalServer>
 #include <QLocalSocket>
@@ -11,8 +12,9 @@
 
 namespace
 {
-constexpr int patience = 2000;   // ms for the first one to take the call
-constexpr qsizetype digits = 16; // a socket's path must stay short
+constexpr int patience = 2000;      // ms for the first one to take the call
+constexpr int longPatience = 30000; // ms for it to take more words than the system keeps for it meanwhile
+constexpr qsizetype digits = 16;    // a socket's path must stay short
 
 QString nameFor(const QString &folder)
 {
@@ -20,6 +22,29 @@ QString nameFor(const QString &folder)
     const QByteArray path = (resolved.isEmpty() ? QDir::cleanPath(folder) : resolved).toUtf8();
     const QByteArray hash = QCryptographicHash::hash(path, QCryptographicHash::Sha256).toHex();
     return QStringLiteral("morvex-") + QString::fromLatin1(hash.left(digits));
+}
+
+// The whole stands behind its length, so that one that broke off is told from one that says little.
+QByteArray messageOf(const SingleInstance::Call &call)
+{
+    QByteArray words, message;
+    QDataStream inner(&words, QIODevice::WriteOnly), outer(&message, QIODevice::WriteOnly);
+    inner << call.forward << call.files;
+    outer << words;
+    return message;
+}
+
+// A caller that says nothing understandable wants at least that the program shows itself.
+SingleInstance::Call callOf(const QByteArray &message)
+{
+    QByteArray words;
+    QDataStream outer(message);
+    outer >> words;
+    SingleInstance::Call call;
+    QDataStream inner(words);
+    inner >> call.forward >> call.files;
+    return outer.status() == QDataStream::Ok && inner.status() == QDataStream::Ok ? call
+                                                                                  : SingleInstance::Call();
 }
 } // namespace
 
@@ -36,29 +61,34 @@ SingleInstance::SingleInstance(const QString &programFolder, const QString &runt
     lock_.setStaleLockTime(0); // age says nothing: a lock is stale when its process is gone
     server_->setSocketOptions(QLocalServer::UserAccessOption);
     connect(server_, &QLocalServer::newConnection, this, [this] {
-        while (QLocalSocket *call = server_->nextPendingConnection())
-            call->deleteLater();
-        Q_EMIT startedAgain();
+        while (QLocalSocket *caller = server_->nextPendingConnection())
+            answer(*caller);
     });
 }
 
 SingleInstance::~SingleInstance() = default;
 
-bool SingleInstance::claim()
+bool SingleInstance::claim(const Call &call)
 {
-    if (!lock_.tryLock(0) && lock_.error() == QLockFile::LockFailedError) return !callFirst();
+    if (!lock_.tryLock(0) && lock_.error() == QLockFile::LockFailedError) return !callFirst(call);
     listen();
     return true;
 }
 
-// The first may hold the lock already and not listen yet.
-bool SingleInstance::callFirst() const
+// The first may hold the lock already and not listen yet. What the system took is read by the first when it
+// comes to it, however long it is busy.
+bool SingleInstance::callFirst(const Call &call) const
 {
     constexpr int pause = 20; // ms
     for (int waited = 0; waited < patience; waited += pause) {
-        QLocalSocket call;
-        call.connectToServer(address_);
-        if (call.waitForConnected(patience)) return true;
+        QLocalSocket first;
+        first.connectToServer(address_);
+        if (first.waitForConnected(patience)) {
+            first.write(messageOf(call));
+            while (first.bytesToWrite() > 0 && first.waitForBytesWritten(longPatience)) {
+            }
+            return true;
+        }
         QThread::msleep(pause);
     }
     return false;
@@ -68,4 +98,21 @@ void SingleInstance::listen()
 {
     QLocalServer::removeServer(address_);
     server_->listen(address_);
+}
+
+// A caller has said everything when it goes.
+void SingleInstance::answer(QLocalSocket &caller)
+{
+    const auto gone = [this, &caller] {
+        hear(caller.readAll());
+        caller.deleteLater();
+    };
+    if (caller.state() == QLocalSocket::UnconnectedState) return gone();
+    connect(&caller, &QLocalSocket::disconnected, this, gone);
+}
+
+void SingleInstance::hear(const QByteArray &message)
+{
+    const Call call = callOf(message);
+    if (call.forward || !call.files.isEmpty()) Q_EMIT startedAgain(call.files);
 }

@@ -207,7 +207,7 @@ void Arranque::Avisar_Aniversarios()
 
 void Arranque::Minimizar()
 {
-    if (geral_.MinimizarArranque != u"sim"_s) return;
+    if (!geral_.Comeca_Minimizado()) return;
     partes_.tray.Minimizar_Tray();
     if (geral_.MessengerActivo == 1) partes_.presenca.SincronizarMessenger();
 }
@@ -215,7 +215,7 @@ void Arranque::Minimizar()
 // With the window in view its user sees that the start goes on.
 void Arranque::Sincronizar_Messenger()
 {
-    if (geral_.MinimizarArranque == u"sim"_s || geral_.MessengerActivo != 1) return;
+    if (geral_.Comeca_Minimizado() || geral_.MessengerActivo != 1) return;
     skipFailure([&] { Mostrar_frmLoading(); });
     partes_.presenca.SincronizarMessenger();
 }

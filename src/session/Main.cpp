@@ -12,6 +12,7 @@
 #include "controls/Scale.h"
 #include "controls/Units.h"
 #include "data/Geral.h"
+#include "interchange/FicheirosPedidos.h"
 #include "interchange/Intercambio.h"
 #include "memos/Memos.h"
 #include "online/CicloCorreio.h"
@@ -25,6 +26,7 @@
 #include "session/Ajuda.h"
 #include "session/Arranque.h"
 #include "session/DisposicaoDaJanela.h"
+#include "session/FilaDeFicheiros.h"
 #include "session/frmOpcoes.h"
 #include "session/frmSobre.h"
 #include "session/LugarDaJanela.h"
@@ -85,6 +87,9 @@ Main::Main(Geral &geral, Platform &platform)
 
     new Impressao(*this, geral_, platform_, *CrystalReport1);
     auto *intercambio = new Intercambio(*this, geral_, platform_, *CrystalReport1);
+    auto *ficheiros = new FicheirosPedidos(*this, *intercambio, geral_, platform_);
+    fila_ = new FilaDeFicheiros(*this, *tray_,
+                                [ficheiros](const QString &caminho) { ficheiros->Abrir(caminho); });
     new VerificarVersao(*this, geral_, platform_, QStringLiteral(MORVEX_WEB_HOST));
 
     connect(intercambio, &Intercambio::ContactosMudados, lista_, [this] {
@@ -158,16 +163,21 @@ void Main::Carregar()
     Inicio().Executar();
     lugar_->Repor();
     returnFreeMemory(); // the start read names and birthdays; from here on the program mostly waits
-    if (geral_.MinimizarArranque != u"sim"_s) show();
+    if (!geral_.Comeca_Minimizado()) show();
+    fila_->Comecar();
 }
+
+void Main::Abrir_Depois(const QStringList &ficheiros) { fila_->Juntar(ficheiros); }
 
 bool Main::Responder_A_Aviso() { return lembretes_->Responder() || correio_->Responder(); }
 
-void Main::Chamar()
+void Main::Chamar(const QStringList &ficheiros)
 {
+    fila_->Juntar(ficheiros);
     QWidget *frente = QApplication::activeModalWidget();
-    if (frente == nullptr && Responder_A_Aviso()) return;
     if (frente == nullptr) {
+        if (!ficheiros.isEmpty()) return; // the window comes with the first of them, and asks only then
+        if (Responder_A_Aviso()) return;
         tray_->Trazer_Janela();
         frente = this;
     }

@@ -10,6 +10,7 @@ class Arranque;
 class CartaoContacto;
 class CicloCorreio;
 class CrystalReport;
+class FilaDeFicheiros;
 class Geral;
 class Lembretes;
 class LugarDaJanela;
@@ -35,8 +36,11 @@ public:
 
     // The program was started a second time: what stands in front comes forward, be it the window, through
     // the login if it is locked, a form that waits for an answer, or what a notice that stands there leads
-    // to.
-    void Chamar();
+    // to. The files are opened as soon as they can be.
+    void Chamar(const QStringList &ficheiros = {});
+
+    // Files to open once the start is over.
+    void Abrir_Depois(const QStringList &ficheiros);
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -65,5 +69,6 @@ private:
     Presenca *presenca_;
     CicloCorreio *correio_;
     ProcuraRapida *procuraRapida_;
+    FilaDeFicheiros *fila_;
     QString EstadoPonto; // "1", lit, or "2": the phase of the blinking dot
 };

@@ -16,9 +16,26 @@ namespace
 {
 const char modo_de_copia[] = "--segunda-copia";
 
-// What another copy of the program does to the same file: "escrever" adds a hundred groups, "escrever sem fim"
-// adds some until it is killed, and both tell each that is written; a number keeps the file to itself for so
-// many milliseconds.
+// Writes more than fits into memory in one transaction, says so, and waits for its end.
+[[noreturn]] void Ficar_A_Meio(const QString &base)
+{
+    Connection ligacao;
+    ligacao.setConnectionString(u"Data Source='%1'"_s.arg(base));
+    ligacao.Open();
+    ligacao.execute(u"PRAGMA cache_size=10"_s, {}); // so that it reaches the file before it is whole
+    ligacao.execute(u"BEGIN IMMEDIATE"_s, {});
+    ligacao.execute(u"UPDATE TblGrupos SET NomeGrupo='cortado'"_s, {});
+    for (int i = 0; i < 200; ++i)
+        ligacao.execute(u"INSERT INTO TblGrupos (NomeGrupo) VALUES (printf('cortado %08000d', 1))"_s, {});
+    std::puts("a meio");
+    std::fflush(stdout);
+    for (;;)
+        QThread::sleep(1);
+}
+
+// What another copy of the program does to the same file: "escrever" adds a hundred groups, "escrever sem
+// fim" adds some until it is killed, and both tell each that is written; "a meio" stops in the middle of a
+// long write and waits for its end; a number keeps the file to itself for so many milliseconds.
 int Segunda_Copia(const QString &trabalho, const QString &base)
 {
     QString caminho = base;
@@ -31,6 +48,7 @@ int Segunda_Copia(const QString &trabalho, const QString &base)
         }
         return 0;
     }
+    if (trabalho == "a meio"_L1) Ficar_A_Meio(base);
     Connection ligacao;
     ligacao.setConnectionString(u"Data Source='%1'"_s.arg(base));
     ligacao.Open();
@@ -212,6 +230,24 @@ private Q_SLOTS:
         QCOMPARE(s.Linhas(u"PRAGMA integrity_check"_s), QStringList{u"ok"_s});
         const qsizetype escritas = s.Linhas(u"SELECT ID FROM TblGrupos WHERE NomeGrupo='copia'"_s).size();
         QVERIFY(escritas == ditas || escritas == ditas + 1);
+    }
+
+    // However fast the disk is, the writer is in the middle: its journal is there, and the file has grown.
+    void uma_escrita_cortada_a_meio_nao_deixa_nada()
+    {
+        Sistema s;
+        const QStringList antes = s.Linhas(u"SELECT * FROM TblGrupos ORDER BY ID"_s);
+        const qint64 tamanho = QFileInfo(s.Base()).size();
+        QProcess copia;
+        Arrancar_Copia(copia, u"a meio"_s, s.Base());
+        QVERIFY(QFileInfo(s.Base() + u"-journal"_s).size() > 0);
+        QVERIFY(QFileInfo(s.Base()).size() > tamanho);
+        QCOMPARE(copia.state(), QProcess::Running);
+        copia.kill();
+        QVERIFY(copia.waitForFinished());
+        QCOMPARE(copia.exitStatus(), QProcess::CrashExit);
+        QCOMPARE(s.Linhas(u"SELECT * FROM TblGrupos ORDER BY ID"_s), antes);
+        QCOMPARE(s.Linhas(u"PRAGMA integrity_check"_s), QStringList{u"ok"_s});
     }
 };
 

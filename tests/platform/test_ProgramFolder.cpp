@@ -125,6 +125,13 @@ private Q_SLOTS:
         QVERIFY(QDir(Em(u"opt"_s)).isEmpty());
     }
 
+    void os_ficheiros_instalados_procuram_se_a_partir_do_programa()
+    {
+        const ProgramFolder::Surroundings surroundings = ProgramFolder::current(u"../share/morvex"_s);
+        QCOMPARE(surroundings.installedData,
+                 QFileInfo(QCoreApplication::applicationDirPath()).path() + u"/share/morvex"_s);
+    }
+
     void o_nome_de_um_ficheiro_da_pasta()
     {
         QCOMPARE(fileIn(u"/opt/com branco"_s, u"morvex.mdb"_s), u"/opt/com branco/morvex.mdb"_s);

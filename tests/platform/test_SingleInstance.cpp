@@ -1,9 +1,10 @@
-// One program a folder: who is first, who is called, and what a crash leaves behind.
+// One program a folder: who is first, who is called and with what words, and what a crash leaves behind.
 #include "platform/SingleInstance.h"
 #include "testlib/Teste.h"
 
 #include <csignal>
 #include <QLocalServer>
+#include <QLocalSocket>
 #include <QProcess>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -28,14 +29,23 @@ struct Lugar {
         return QDir(corrida.path()).entryList(QDir::Files | QDir::System | QDir::Hidden, QDir::Name);
     }
 
-    // Another process on the same folder, whose output is "first" or "later" once it knows.
-    std::unique_ptr<QProcess> Outro_Processo() const
+    // The one socket that the first listens on.
+    QString Morada() const
+    {
+        for (const QString &resto : Restos())
+            if (!resto.endsWith(u".lock"_s)) return corrida.filePath(resto);
+        return {};
+    }
+
+    // Another process on the same folder, whose output is "first" or "later" once it knows. It calls with
+    // those files.
+    std::unique_ptr<QProcess> Outro_Processo(const QStringList &ficheiros = {}) const
     {
         auto outro = std::make_unique<QProcess>();
         QProcessEnvironment ambiente = QProcessEnvironment::systemEnvironment();
         ambiente.insert(QString::fromLatin1(papel), programa.path() + u'|' + corrida.path());
         outro->setProcessEnvironment(ambiente);
-        outro->start(QCoreApplication::applicationFilePath());
+        outro->start(QCoreApplication::applicationFilePath(), ficheiros);
         return outro;
     }
 };
@@ -56,17 +66,17 @@ private Q_SLOTS:
     void a_primeira_fica()
     {
         const Lugar l;
-        QVERIFY(l.Instancia()->claim());
+        QVERIFY(l.Instancia()->claim({}));
     }
 
     void a_segunda_chama_a_primeira_e_vai_se()
     {
         const Lugar l;
         const auto primeira = l.Instancia();
-        QVERIFY(primeira->claim());
+        QVERIFY(primeira->claim({}));
         QSignalSpy chamada(primeira.get(), &SingleInstance::startedAgain);
         for (int vez = 1; vez <= 3; ++vez) {
-            QVERIFY(!l.Instancia()->claim());
+            QVERIFY(!l.Instancia()->claim({}));
             QTRY_COMPARE(chamada.count(), vez);
         }
     }
@@ -75,7 +85,7 @@ private Q_SLOTS:
     {
         const Lugar l;
         const auto primeira = l.Instancia();
-        QVERIFY(primeira->claim());
+        QVERIFY(primeira->claim({}));
         QSignalSpy chamada(primeira.get(), &SingleInstance::startedAgain);
         const auto outro = l.Outro_Processo();
         QTRY_COMPARE(chamada.count(), 1);
@@ -83,13 +93,94 @@ private Q_SLOTS:
         QTRY_COMPARE(outro->state(), QProcess::NotRunning);
     }
 
+    void os_ficheiros_da_segunda_chegam_inteiros_e_na_sua_ordem()
+    {
+        const Lugar l;
+        const auto primeira = l.Instancia();
+        QVERIFY(primeira->claim({}));
+        QSignalSpy chamada(primeira.get(), &SingleInstance::startedAgain);
+        const QStringList ficheiros{u"/casa/Ângela/a b.mdb"_s, u"/casa/\"duas\nlinhas\".dat"_s,
+                                    u"/casa/日本.vcf"_s};
+        QVERIFY(!l.Instancia()->claim({ficheiros}));
+        QTRY_COMPARE(chamada.count(), 1);
+        QCOMPARE(chamada.constFirst().constFirst().toStringList(), ficheiros);
+    }
+
+    void os_ficheiros_de_outro_processo_chegam_tambem_aos_milhares()
+    {
+        const Lugar l;
+        const auto primeira = l.Instancia();
+        QVERIFY(primeira->claim({}));
+        QSignalSpy chamada(primeira.get(), &SingleInstance::startedAgain);
+        QStringList ficheiros;
+        for (int i = 0; i < 5000; ++i)
+            ficheiros << u"/uma/pasta/com/um/nome/bastante/comprido/contacto %1.vcf"_s.arg(i);
+        const auto outro = l.Outro_Processo(ficheiros);
+        QTRY_COMPARE(chamada.count(), 1);
+        QCOMPARE(chamada.constFirst().constFirst().toStringList(), ficheiros);
+        QTRY_COMPARE(outro->state(), QProcess::NotRunning);
+    }
+
+    void quem_espera_por_uma_primeira_ocupada_nao_perde_ficheiros()
+    {
+        const Lugar l;
+        const auto primeira = l.Instancia();
+        QVERIFY(primeira->claim({}));
+        QSignalSpy chamada(primeira.get(), &SingleInstance::startedAgain);
+        const auto outro = l.Outro_Processo({u"/a.mdb"_s});
+        QVERIFY(outro->waitForFinished()); // no event of this process runs meanwhile
+        QCOMPARE(chamada.count(), 0);
+        QTRY_COMPARE(chamada.count(), 1);
+        QCOMPARE(chamada.constFirst().constFirst().toStringList(), QStringList{u"/a.mdb"_s});
+    }
+
+    void uma_segunda_sem_janela_so_se_faz_ouvir_com_ficheiros()
+    {
+        const Lugar l;
+        const auto primeira = l.Instancia();
+        QVERIFY(primeira->claim({}));
+        QSignalSpy chamada(primeira.get(), &SingleInstance::startedAgain);
+        QVERIFY(!l.Instancia()->claim({.files = {}, .forward = false}));
+        QVERIFY(!l.Instancia()->claim({.files = {u"/a.mdb"_s}, .forward = false}));
+        QTRY_COMPARE(chamada.count(), 1);
+        QTest::qWait(50);
+        QCOMPARE(chamada.count(), 1);
+        QCOMPARE(chamada.constFirst().constFirst().toStringList(), QStringList{u"/a.mdb"_s});
+    }
+
+    void uma_chamada_que_nao_se_percebe_traz_a_janela_sem_ficheiros_data()
+    {
+        QTest::addColumn<QByteArray>("dito");
+        QTest::newRow("nothing") << QByteArray();
+        QTest::newRow("rubbish") << QByteArray("GET / HTTP/1.1\r\n\r\n");
+        QTest::newRow("a length that never comes") << QByteArray("\0\0\1\0\1", 5);
+        QTest::newRow("half a list") << QByteArray("\0\0\0\11\1\0\0\0\5\0\0\0\2", 13);
+    }
+    void uma_chamada_que_nao_se_percebe_traz_a_janela_sem_ficheiros()
+    {
+        QFETCH(QByteArray, dito);
+        const Lugar l;
+        const auto primeira = l.Instancia();
+        QVERIFY(primeira->claim({}));
+        QSignalSpy chamada(primeira.get(), &SingleInstance::startedAgain);
+        {
+            QLocalSocket outro;
+            outro.connectToServer(l.Morada());
+            QVERIFY(outro.waitForConnected());
+            outro.write(dito);
+            outro.flush();
+        }
+        QTRY_COMPARE(chamada.count(), 1);
+        QCOMPARE(chamada.constFirst().constFirst().toStringList(), QStringList());
+    }
+
     void outra_pasta_e_outro_programa()
     {
         const Lugar l;
         const QTemporaryDir outra;
         const auto primeira = l.Instancia();
-        QVERIFY(primeira->claim());
-        QVERIFY(SingleInstance(outra.path(), l.corrida.path()).claim());
+        QVERIFY(primeira->claim({}));
+        QVERIFY(SingleInstance(outra.path(), l.corrida.path()).claim({}));
     }
 
     void a_mesma_pasta_por_outro_caminho_e_a_mesma()
@@ -98,16 +189,16 @@ private Q_SLOTS:
         const QString atalho = l.corrida.filePath(u"atalho"_s);
         QVERIFY(QFile::link(l.programa.path(), atalho));
         const auto primeira = l.Instancia();
-        QVERIFY(primeira->claim());
+        QVERIFY(primeira->claim({}));
         for (const QString &caminho : {atalho, l.programa.path() + u"/."_s})
-            QVERIFY(!SingleInstance(caminho, l.corrida.path()).claim());
+            QVERIFY(!SingleInstance(caminho, l.corrida.path()).claim({}));
     }
 
     void depois_de_acabar_a_primeira_vem_outra()
     {
         const Lugar l;
-        QVERIFY(l.Instancia()->claim());
-        QVERIFY(l.Instancia()->claim());
+        QVERIFY(l.Instancia()->claim({}));
+        QVERIFY(l.Instancia()->claim({}));
         QVERIFY2(l.Restos().isEmpty(), qPrintable(l.Restos().join(u' ')));
     }
 
@@ -121,26 +212,26 @@ private Q_SLOTS:
         QCOMPARE(l.Restos().size(), 2); // its lock and its socket
 
         const auto seguinte = l.Instancia();
-        QVERIFY(seguinte->claim());
+        QVERIFY(seguinte->claim({}));
         QSignalSpy chamada(seguinte.get(), &SingleInstance::startedAgain);
-        QVERIFY(!l.Instancia()->claim());
+        QVERIFY(!l.Instancia()->claim({}));
         QTRY_COMPARE(chamada.count(), 1);
     }
 
     void sem_lugar_onde_escrever_o_programa_corre_a_mesma()
     {
         const Lugar l;
-        QVERIFY(SingleInstance(l.programa.path(), u"/nao/ha/tal/pasta"_s).claim());
+        QVERIFY(SingleInstance(l.programa.path(), u"/nao/ha/tal/pasta"_s).claim({}));
     }
 
     void quem_nao_atende_nao_impede_outro_de_correr()
     {
         const Lugar l;
         const auto primeira = l.Instancia();
-        QVERIFY(primeira->claim());
+        QVERIFY(primeira->claim({}));
         for (const QString &resto : l.Restos())
             if (!resto.endsWith(u".lock"_s)) QVERIFY(QFile::remove(l.corrida.filePath(resto)));
-        QVERIFY(l.Instancia()->claim());
+        QVERIFY(l.Instancia()->claim({}));
     }
 };
 
@@ -148,7 +239,7 @@ private Q_SLOTS:
 static int Outro_Programa(const QString &lugar)
 {
     SingleInstance instancia(lugar.section(u'|', 0, 0), lugar.section(u'|', 1, 1));
-    const bool primeira = instancia.claim();
+    const bool primeira = instancia.claim({QCoreApplication::arguments().mid(1)});
     std::fputs(primeira ? "first" : "later", stdout);
     std::fflush(stdout);
     return primeira ? QCoreApplication::exec() : 0;

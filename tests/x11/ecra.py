@@ -69,17 +69,21 @@ class Programa:
         self.sql("UPDATE TblConfig SET Idioma=?", idioma)
         self.sql("INSERT INTO TblRepeticao (Nome) VALUES ('Não'), ('Diariamente')")
 
-    def lancar(self):
+    def lancar(self, *palavras, onde=None, calado=False):
+        """Starts a process on the folder, with those words in that place; or as a menu does, where nobody reads
+        what it prints."""
         ambiente = dict(os.environ, MORVEX_HOME=str(self.pasta), QT_QPA_PLATFORM="xcb",
                         DBUS_SESSION_BUS_ADDRESS="disabled:", XDG_CONFIG_HOME=str(self.pasta / "config"))
-        return subprocess.Popen([str(self.executavel)], env=ambiente | self.ambiente)
+        canal = subprocess.DEVNULL if calado else None
+        return subprocess.Popen([str(self.executavel), *palavras], env=ambiente | self.ambiente, cwd=onde,
+                                stdin=canal, stdout=canal, stderr=canal)
 
-    def comecar(self):
-        self.processo = self.lancar()
+    def comecar(self, *palavras):
+        self.processo = self.lancar(*palavras)
 
-    def comecar_outra_vez(self):
+    def comecar_outra_vez(self, *palavras, onde=None):
         """A second start on the same folder. Returns its exit code."""
-        return self.lancar().wait(timeout=PATIENCE)
+        return self.lancar(*palavras, onde=onde).wait(timeout=PATIENCE)
 
     def fechar(self):
         if self.processo and self.processo.poll() is None:

@@ -1,0 +1,335 @@
+// Files that the program is started with: what each kind opens, and what they wait for.
+#include "interchange/FicheirosPedidos.h"
+#include "interchange/frmImportar.h"
+#include "interchange/frmImportar2.h"
+#include "interchange/Intercambio.h"
+#include "session/frmLogin.h"
+#include "session/frmSobre.h"
+#include "session/Main.h"
+#include "session/SystemTray.h"
+#include "testlib/Accoes.h"
+#include "testlib/Sistema.h"
+#include "testlib/Teste.h"
+
+using namespace Qt::StringLiterals;
+using accoes::Quando_Abrir;
+
+namespace
+{
+constexpr int espera = 550; // ms, more than the queue lets pass before it opens a form
+
+void Entrar(const frmLogin &login)
+{
+    if (login.txtUser->isEnabled()) login.txtUser->setText(u"Ana"_s);
+    login.txtPass->setText(u"x"_s);
+    login.cmdOk->click();
+}
+
+// A program that was started with those files, by a user who wants the password in the tray or by none.
+struct Programa {
+    explicit Programa(const QStringList &ficheiros = {}) : janela(s.geral, s.plataforma)
+    {
+        janela.Abrir_Depois(ficheiros);
+    }
+    void Com_Utilizador() { s.Novo_Utilizador(u"Ana"_s, u"x"_s, u"11111"_s, true); }
+
+    // Notes the path of each import form that comes, and closes it.
+    void Anotar(int quantos)
+    {
+        if (quantos > 0)
+            Quando_Abrir<frmImportar>([this, quantos](frmImportar &form) {
+                caminhos << form.txtCaminho->text();
+                Anotar(quantos - 1);
+                form.cmdCancelar->click();
+            });
+    }
+
+    Sistema s;
+    Main janela;
+    QStringList caminhos;
+};
+
+// Whether no form comes for as long as the queue would need to open one. One that comes is closed.
+bool Nada_Abre()
+{
+    bool abriu = false;
+    QTimer::singleShot(espera, qApp, [&abriu] {
+        QWidget *form = QApplication::activeModalWidget();
+        abriu = form != nullptr;
+        if (abriu) form->close();
+    });
+    QTest::qWait(espera + 50);
+    return !abriu;
+}
+} // namespace
+
+class TestFicheirosPedidos : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    // What becomes of a file
+
+    void uma_base_ou_um_texto_abre_a_importacao_ja_preenchida_data()
+    {
+        QTest::addColumn<QString>("caminho");
+        QTest::newRow("database") << u"/casa/antiga.mdb"_s;
+        QTest::newRow("text") << u"/casa/antiga.dat"_s;
+        QTest::newRow("capital letters") << u"/casa/ANTIGA.MDB"_s;
+    }
+    void uma_base_ou_um_texto_abre_a_importacao_ja_preenchida()
+    {
+        QFETCH(QString, caminho);
+        Programa p;
+        p.janela.Carregar();
+        bool veio = false;
+        Quando_Abrir<frmImportar>([&](frmImportar &form) {
+            veio = true;
+            QCOMPARE(form.txtCaminho->text(), caminho);
+            QVERIFY(form.cmdSeguinte->isEnabled());
+            QCOMPARE(form.windowTitle(), p.s.Texto(82));
+            QVERIFY(!p.janela.isEnabled());
+            QCOMPARE(p.janela.findChild<Intercambio *>()->FileName, caminho);
+            form.cmdCancelar->click();
+        });
+        p.janela.findChild<FicheirosPedidos *>()->Abrir(caminho);
+        QVERIFY(veio);
+        QVERIFY(p.janela.isEnabled());
+    }
+
+    void nada_se_importa_sem_o_formulario_confirmar()
+    {
+        Programa p;
+        const QString caminho = p.s.Ficheiro(u"normal.dat"_s);
+        QVERIFY(QFile::copy(QFINDTESTDATA("fixtures/dat/normal.dat"), caminho));
+        QFile::setPermissions(caminho, QFile::ReadOwner | QFile::WriteOwner);
+        p.janela.Carregar();
+        const QStringList antes = p.s.Linhas(u"SELECT * FROM TblLista"_s);
+        Quando_Abrir<frmImportar>([](frmImportar &form) {
+            Quando_Abrir<frmImportar2>([](frmImportar2 &segunda) { segunda.cmdCancelar->click(); });
+            form.cmdSeguinte->click();
+        });
+        p.janela.findChild<FicheirosPedidos *>()->Abrir(caminho);
+        QCOMPARE(p.s.Linhas(u"SELECT * FROM TblLista"_s), antes);
+        Quando_Abrir<frmImportar>([](frmImportar &form) {
+            Quando_Abrir<frmImportar2>([](frmImportar2 &segunda) { segunda.cmdSeguinte->click(); });
+            form.cmdSeguinte->click();
+        });
+        p.janela.findChild<FicheirosPedidos *>()->Abrir(caminho);
+        QCOMPARE(p.s.Linhas(u"SELECT * FROM TblLista"_s).size(), antes.size() + 50);
+    }
+
+    void cartoes_e_tabelas_dizem_que_esta_versao_os_nao_le_data()
+    {
+        QTest::addColumn<QString>("idioma");
+        QTest::addColumn<QString>("caminho");
+        QTest::addColumn<QString>("dito");
+        QTest::newRow("pt") << u"PortuguesPT"_s << u"/casa/Ana.vcf"_s
+                            << u"Esta versão não lê ficheiros deste tipo:"_s;
+        QTest::newRow("fr") << u"FrancesFR"_s << u"/casa/Ana.CSV"_s
+                            << u"Cette version ne lit pas les fichiers de ce type\u00a0:"_s;
+    }
+    void cartoes_e_tabelas_dizem_que_esta_versao_os_nao_le()
+    {
+        QFETCH(QString, idioma);
+        QFETCH(QString, caminho);
+        QFETCH(QString, dito);
+        Sistema s(Sistema::Estado::Semeado, idioma);
+        Main janela(s.geral, s.plataforma);
+        janela.Carregar();
+        s.caixas.Espera(dito + u"\r\n"_s + caminho, box::exclamation, janela.windowTitle());
+        janela.findChild<FicheirosPedidos *>()->Abrir(caminho);
+        QVERIFY(s.caixas.Todas_Vistas());
+    }
+
+    void so_estas_terminacoes_tem_resposta()
+    {
+        QStringList terminacoes = FicheirosPedidos::Terminacoes();
+        terminacoes.sort();
+        QCOMPARE(terminacoes, (QStringList{u"csv"_s, u"dat"_s, u"mdb"_s, u"vcf"_s}));
+        Programa p;
+        p.janela.Carregar();
+        p.janela.findChild<FicheirosPedidos *>()->Abrir(u"/casa/carta.doc"_s);
+        QVERIFY(p.s.caixas.vistas.isEmpty());
+    }
+
+    // What they wait for
+
+    void os_ficheiros_do_inicio_abrem_depois_dele_um_a_seguir_ao_outro()
+    {
+        Programa p({u"/a.mdb"_s, u"/b.dat"_s});
+        QVERIFY(Nada_Abre());
+        p.janela.Carregar();
+        QVERIFY(p.caminhos.isEmpty());
+        p.Anotar(2);
+        QTRY_COMPARE(p.caminhos, (QStringList{u"/a.mdb"_s, u"/b.dat"_s}));
+        QVERIFY(Nada_Abre());
+    }
+
+    void com_o_login_do_inicio_aberto_esperam()
+    {
+        Programa p({u"/a.mdb"_s});
+        p.s.Novo_Utilizador(u"Ana"_s, u"x"_s);
+        Quando_Abrir<frmLogin>([&](const frmLogin &login) {
+            p.janela.Chamar({u"/b.mdb"_s});
+            QTest::qWait(espera);
+            QVERIFY(p.janela.isHidden());
+            Entrar(login);
+        });
+        p.janela.Carregar();
+        p.Anotar(2);
+        QTRY_COMPARE(p.caminhos, (QStringList{u"/a.mdb"_s, u"/b.mdb"_s}));
+    }
+
+    void uma_segunda_vez_com_ficheiros_traz_a_janela_e_abre_os()
+    {
+        Programa p;
+        p.janela.Carregar();
+        p.janela.hide();
+        p.Anotar(1);
+        p.janela.Chamar({u"/a.mdb"_s});
+        QTRY_COMPARE(p.caminhos, QStringList{u"/a.mdb"_s});
+        QVERIFY(p.janela.isVisible());
+    }
+
+    void um_formulario_aberto_fecha_se_primeiro()
+    {
+        Programa p;
+        p.janela.Carregar();
+        Quando_Abrir<frmSobre>([&](frmSobre &sobre) {
+            p.janela.Chamar({u"/a.mdb"_s});
+            QTest::qWait(espera);
+            QCOMPARE(QApplication::activeModalWidget(), &sobre);
+            sobre.accept();
+        });
+        p.janela.Sobre->trigger();
+        p.Anotar(1);
+        QTRY_COMPARE(p.caminhos, QStringList{u"/a.mdb"_s});
+    }
+
+    // Not every form disables the window.
+    void um_formulario_a_frente_de_uma_janela_viva_fecha_se_primeiro()
+    {
+        Programa p;
+        p.janela.Carregar();
+        QDialog formulario(&p.janela);
+        formulario.setModal(true);
+        formulario.show();
+        bool outro = false;
+        QTimer::singleShot(espera, qApp, [&] {
+            QWidget *frente = QApplication::activeModalWidget();
+            outro = frente != &formulario;
+            if (outro) frente->close();
+        });
+        p.janela.Chamar({u"/a.mdb"_s});
+        QTest::qWait(espera + 50);
+        QVERIFY(!outro);
+        p.Anotar(1);
+        formulario.close();
+        QTRY_COMPARE(p.caminhos, QStringList{u"/a.mdb"_s});
+    }
+
+    void um_menu_aberto_fecha_se_primeiro()
+    {
+        Programa p;
+        p.janela.Carregar();
+        p.janela.RightClick->popup({});
+        p.janela.Chamar({u"/a.mdb"_s});
+        QVERIFY(Nada_Abre());
+        p.Anotar(1);
+        p.janela.RightClick->close();
+        QTRY_COMPARE(p.caminhos, QStringList{u"/a.mdb"_s});
+    }
+
+    void uma_janela_que_um_formulario_ao_lado_desactivou_espera()
+    {
+        Programa p;
+        p.janela.Carregar();
+        p.janela.setEnabled(false);
+        p.janela.Chamar({u"/a.mdb"_s});
+        QVERIFY(Nada_Abre());
+        p.Anotar(1);
+        p.janela.setEnabled(true);
+        QTRY_COMPARE(p.caminhos, QStringList{u"/a.mdb"_s});
+    }
+
+    void trancada_pede_primeiro_a_senha()
+    {
+        Programa p;
+        p.Com_Utilizador();
+        Quando_Abrir<frmLogin>(Entrar);
+        p.janela.Carregar();
+        p.janela.close();
+        bool pediu = false;
+        Quando_Abrir<frmLogin>([&](const frmLogin &login) {
+            pediu = true;
+            QVERIFY(p.caminhos.isEmpty());
+            Entrar(login);
+            p.Anotar(1);
+        });
+        p.janela.Chamar({u"/a.mdb"_s});
+        QTRY_COMPARE(p.caminhos, QStringList{u"/a.mdb"_s});
+        QVERIFY(pediu);
+        QVERIFY(p.janela.isVisible());
+    }
+
+    void sem_a_senha_nada_se_abre_nem_depois()
+    {
+        Programa p;
+        p.Com_Utilizador();
+        Quando_Abrir<frmLogin>(Entrar);
+        p.janela.Carregar();
+        p.janela.close();
+        int pedidos = 0;
+        Quando_Abrir<frmLogin>([&](frmLogin &login) {
+            ++pedidos;
+            login.cmdCancelar->click();
+        });
+        p.janela.Chamar({u"/a.mdb"_s, u"/b.mdb"_s});
+        QTRY_COMPARE(pedidos, 1);
+        QVERIFY(Nada_Abre());
+        QVERIFY(p.janela.isHidden());
+        Quando_Abrir<frmLogin>(Entrar);
+        p.janela.Chamar();
+        QVERIFY(p.janela.isVisible());
+        QVERIFY(Nada_Abre());
+    }
+
+    // Starting hidden
+
+    void minimizado_desta_vez_a_janela_fica_no_tabuleiro_e_a_opcao_como_estava()
+    {
+        Programa p;
+        p.s.geral.MinimizarDestaVez = true;
+        p.janela.Carregar();
+        QVERIFY(p.janela.isHidden());
+        QVERIFY(p.s.tabuleiro.historia.constFirst().startsWith(u"+1"_s));
+        QVERIFY(p.s.geral.MinimizarArranque != u"sim"_s);
+        QVERIFY(p.s.geral.ini.Ler_Ini(u"arranque"_s, u"minimizar"_s) != u"sim"_s);
+    }
+
+    void minimizado_desta_vez_quem_quer_a_senha_fica_trancado()
+    {
+        Programa p;
+        p.Com_Utilizador();
+        p.s.geral.MinimizarDestaVez = true;
+        Quando_Abrir<frmLogin>(Entrar);
+        p.janela.Carregar();
+        QVERIFY(p.janela.isHidden());
+        QVERIFY(p.janela.findChild<SystemTray *>()->TrayBloqueado());
+    }
+
+    void um_ficheiro_traz_a_janela_de_um_inicio_minimizado()
+    {
+        Programa p({u"/a.mdb"_s});
+        p.s.geral.MinimizarDestaVez = true;
+        p.janela.Carregar();
+        QVERIFY(p.janela.isHidden());
+        p.Anotar(1);
+        QTRY_COMPARE(p.caminhos, QStringList{u"/a.mdb"_s});
+        QVERIFY(p.janela.isVisible());
+    }
+};
+
+MORVEX_TESTE(TestFicheirosPedidos)
+#include "test_FicheirosPedidos.moc"
