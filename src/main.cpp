@@ -45,6 +45,7 @@ int main(int argc, char **argv)
     SingleInstance instance(folder.path());
     if (!instance.claim()) return 0; // the one that runs comes to the front
     Geral geral(folder.path());
+    geral.PastaDoManual = folder.shipped(QStringLiteral("manual"));
     boxes.setLanguage([&geral] { return geral.IdiomaActual; });
     PopMailNotification mail(geral.Ficheiro(QStringLiteral("correio.json")),
                              [&geral] { return geral.IdiomaActual; });

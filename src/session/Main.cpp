@@ -25,6 +25,7 @@
 #include "session/frmSobre.h"
 #include "session/Sair.h"
 #include "session/SystemTray.h"
+#include "session/TeclaDeAjuda.h"
 #include "session/Utilizadores.h"
 
 #include <QCloseEvent>
@@ -35,6 +36,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+constexpr QStringView servidor = u"" MORVEX_WEB_HOST; // of help, suggestions and versions
 constexpr unsigned cor_ponto_apagado = 0xF8F8F8;
 constexpr unsigned cor_ponto_aceso = 0;
 
@@ -78,7 +80,8 @@ Main::Main(Geral &geral, Platform &platform)
 
     new Impressao(*this, geral_, platform_, *CrystalReport1);
     auto *intercambio = new Intercambio(*this, geral_, platform_, *CrystalReport1);
-    new VerificarVersao(*this, geral_, platform_, QStringLiteral(MORVEX_WEB_HOST));
+    new VerificarVersao(*this, geral_, platform_, servidor.toString());
+    new TeclaDeAjuda(*this, geral_, platform_);
 
     connect(intercambio, &Intercambio::ContactosMudados, lista_, [this] {
         lista_->Limpar_Dados();
@@ -118,9 +121,9 @@ void Main::Ligar_Menus()
         connect(abrir, &QAction::triggered, this, &Main::Opcoes_Click);
     for (QAction *topicos : {TopicosAjuda, this->ajuda})
         connect(topicos, &QAction::triggered, this,
-                [this] { ::ajuda::TopicosAjuda(geral_, platform_.shell); });
-    connect(Sugerir, &QAction::triggered, this, [this] { ::ajuda::Sugerir(platform_.shell); });
-    connect(Leiame, &QAction::triggered, this, [this] { ::ajuda::Leiame(geral_, platform_.shell); });
+                [this] { ::ajuda::TopicosAjuda(geral_, platform_, servidor); });
+    connect(Sugerir, &QAction::triggered, this, [this] { ::ajuda::Sugerir(geral_, platform_, servidor); });
+    connect(Leiame, &QAction::triggered, this, [this] { ::ajuda::Leiame(geral_, platform_); });
     for (QAction *sobre : {Sobre, SystemTraySobre})
         connect(sobre, &QAction::triggered, this, &Main::Sobre_Click);
 }
