@@ -7,10 +7,13 @@ pacotes_para_construir=(
     build-essential cmake ninja-build ccache
     qt6-base-dev qt6-base-dev-tools qt6-svg-dev libqt6svg6 qt6-qpa-plugins qt6-translations-l10n
     libsqlitecpp-dev libsqlite3-dev libicu-dev libxcb1-dev libcups2-dev libfreexl-dev
+    libcmark-dev # makes the pages of the manual
     fonts-dejavu-core
 )
 # A screen in memory with a window manager, for a machine without a display.
 pacotes_para_ecra_virtual=(xvfb openbox dbus xdotool imagemagick)
+# What takes the manual's pictures: the screen, a clock that stands where it is told, a smaller palette.
+pacotes_para_retratos=("${pacotes_para_ecra_virtual[@]}" x11-utils python3 faketime pngquant)
 pacotes_para_testar=(
     "${pacotes_para_ecra_virtual[@]}" trayer x11-utils python3 desktop-file-utils appstream openssl poppler-utils python3-xlrd xz-utils
     cups-daemon cups-client cups-filters libreoffice-calc-nogui libreoffice-writer-nogui

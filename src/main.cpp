@@ -77,6 +77,7 @@ int run(const CommandLine &line, int argc, char **argv)
     if (!instance.claim({line.files(), !line.minimized()})) return 0; // the one that runs has heard of it
     Geral geral(folder.path());
     geral.MinimizarDestaVez = line.minimized();
+    geral.PastaDoManual = folder.shipped(QStringLiteral("manual"));
     boxes.setLanguage([&geral] { return geral.IdiomaActual; });
     PopMailNotification mail(geral.Ficheiro(QStringLiteral("correio.json")),
                              [&geral] { return geral.IdiomaActual; });

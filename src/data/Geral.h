@@ -18,6 +18,7 @@ public:
     Geral &operator=(const Geral &) = delete;
 
     const QString Pasta;
+    QString PastaDoManual; // the installed pages, one folder a language; empty where there are none
 
     // Copies of the row of TblConfig.
     QString IdiomaActual;

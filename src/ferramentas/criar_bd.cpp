@@ -2,6 +2,7 @@
 // is there already is replaced; a failure leaves it as it was.
 // Usage: criar_bd <TblIdiomas.tsv> <version> <morvex.mdb>
 #include "data/Esquema.h"
+#include "ferramentas/Textos.h"
 #include "platform/Failure.h"
 #include "store/Connection.h"
 #include "store/NewDatabase.h"
@@ -20,17 +21,6 @@ QStringList Criar_Tabelas()
     QStringList sql;
     for (const Tabela &tabela : esquema::Tabelas()) sql << esquema::Sql_Criar(tabela);
     return sql;
-}
-
-QList<QStringList> Ler_Textos(const QString &caminho)
-{
-    QFile ficheiro(caminho);
-    if (!ficheiro.open(QIODevice::ReadOnly))
-        throw Failure(Failure::FileNotFound, caminho, u"The texts were not found: %1"_s.arg(caminho));
-    QList<QStringList> linhas;
-    for (const QString &linha : QString::fromUtf8(ficheiro.readAll()).split(u'\n', Qt::SkipEmptyParts))
-        linhas << linha.split(u'\t');
-    return linhas;
 }
 
 // The first row names the columns of TblIdiomas; the column Uso is the translators' own and isn't shipped.

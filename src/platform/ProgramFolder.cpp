@@ -38,9 +38,17 @@ void fill(const QString &folder, const QString &shipped)
 }
 } // namespace
 
-ProgramFolder::ProgramFolder(const Surroundings &surroundings) : path_(choose(surroundings))
+ProgramFolder::ProgramFolder(const Surroundings &surroundings)
+    : surroundings_(surroundings), path_(choose(surroundings))
 {
     if (!holdsSettings(path_) && path_ != surroundings.installedData) fill(path_, surroundings.installedData);
+}
+
+QString ProgramFolder::shipped(const QString &name) const
+{
+    for (const QString &folder : {path_, surroundings_.executableFolder, surroundings_.installedData})
+        if (QFileInfo::exists(fileIn(folder, name))) return fileIn(folder, name);
+    return {};
 }
 
 ProgramFolder::Surroundings ProgramFolder::current(const QString &installedData)

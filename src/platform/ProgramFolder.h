@@ -21,10 +21,15 @@ public:
 
     const QString &path() const { return path_; }
 
+    // What is shipped and read where it was installed: of the program's folder, the executable's and the
+    // installation's, the first that has it. Empty where none has.
+    QString shipped(const QString &name) const;
+
     // What this process stands in. Where the installed files lie is said from the executable's folder.
     static Surroundings current(const QString &installedData);
 
 private:
+    Surroundings surroundings_;
     QString path_;
 };
 

@@ -1,12 +1,23 @@
-// The entries of the help menu that lead out of the program.
+// The entries of the help menu and the help key: what leads out of the program.
 #pragma once
 
+#include <QStringView>
+
 class Geral;
-class Shell;
+class QString;
+struct Platform;
 
 namespace ajuda
 {
-void TopicosAjuda(const Geral &geral, Shell &shell);
-void Sugerir(Shell &shell);
-void Leiame(const Geral &geral, Shell &shell);
+// With a web server of its own the build asks for the page there. A server of the reserved domain "invalid"
+// is nobody's: then the installed manual is opened, in the active language.
+void TopicosAjuda(const Geral &geral, Platform &platform, QStringView servidor);
+void Sugerir(const Geral &geral, Platform &platform, QStringView servidor);
+void Leiame(const Geral &geral, Platform &platform);
+
+// The installed page about the form of that name; the contents where the form has none.
+void Formulario(const Geral &geral, Platform &platform, QStringView nome);
+
+// The name of that page, empty where the form has none.
+QString PaginaDoFormulario(QStringView nome);
 } // namespace ajuda

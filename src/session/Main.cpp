@@ -32,6 +32,7 @@
 #include "session/LugarDaJanela.h"
 #include "session/Sair.h"
 #include "session/SystemTray.h"
+#include "session/TeclaDeAjuda.h"
 #include "session/Utilizadores.h"
 
 #include <QCloseEvent>
@@ -42,6 +43,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+constexpr QStringView servidor = u"" MORVEX_WEB_HOST; // of help, suggestions and versions
 constexpr unsigned cor_ponto_apagado = 0xF8F8F8;
 
 // The dot that is out hardly shows on its window, be that light or dark; the one that is lit stands out.
@@ -90,7 +92,8 @@ Main::Main(Geral &geral, Platform &platform)
     auto *ficheiros = new FicheirosPedidos(*this, *intercambio, geral_, platform_);
     fila_ = new FilaDeFicheiros(*this, *tray_,
                                 [ficheiros](const QString &caminho) { ficheiros->Abrir(caminho); });
-    new VerificarVersao(*this, geral_, platform_, QStringLiteral(MORVEX_WEB_HOST));
+    new VerificarVersao(*this, geral_, platform_, servidor.toString());
+    new TeclaDeAjuda(*this, geral_, platform_);
 
     connect(intercambio, &Intercambio::ContactosMudados, lista_, [this] {
         lista_->Limpar_Dados();
@@ -131,9 +134,9 @@ void Main::Ligar_Menus()
         connect(abrir, &QAction::triggered, this, &Main::Opcoes_Click);
     for (QAction *topicos : {TopicosAjuda, this->ajuda})
         connect(topicos, &QAction::triggered, this,
-                [this] { ::ajuda::TopicosAjuda(geral_, platform_.shell); });
-    connect(Sugerir, &QAction::triggered, this, [this] { ::ajuda::Sugerir(platform_.shell); });
-    connect(Leiame, &QAction::triggered, this, [this] { ::ajuda::Leiame(geral_, platform_.shell); });
+                [this] { ::ajuda::TopicosAjuda(geral_, platform_, servidor); });
+    connect(Sugerir, &QAction::triggered, this, [this] { ::ajuda::Sugerir(geral_, platform_, servidor); });
+    connect(Leiame, &QAction::triggered, this, [this] { ::ajuda::Leiame(geral_, platform_); });
     for (QAction *sobre : {Sobre, SystemTraySobre})
         connect(sobre, &QAction::triggered, this, &Main::Sobre_Click);
 }

@@ -136,6 +136,27 @@ private Q_SLOTS:
     {
         QCOMPARE(fileIn(u"/opt/com branco"_s, u"morvex.mdb"_s), u"/opt/com branco/morvex.mdb"_s);
     }
+
+    void o_que_fica_onde_foi_instalado_e_a_primeira_pasta_que_o_tem()
+    {
+        const ProgramFolder folder({.override = Em(u"user"_s),
+                                    .executableFolder = Em(u"bin"_s),
+                                    .userData = {},
+                                    .installedData = Em(u"share"_s)});
+        QCOMPARE(folder.shipped(u"manual"_s), QString());
+        for (const QString &place : {u"share"_s, u"bin"_s, u"user"_s}) {
+            QVERIFY(QDir(Em(place)).mkdir(u"manual"_s));
+            QCOMPARE(folder.shipped(u"manual"_s), Em(place + u"/manual"_s));
+        }
+    }
+
+    void uma_pasta_enviada_nao_e_copiada_para_o_utilizador()
+    {
+        QVERIFY(QDir(Em(u"share"_s)).mkdir(u"manual"_s));
+        const ProgramFolder folder(A_Volta(u"opt"_s));
+        QVERIFY(!QFile::exists(Em(u"opt/manual"_s)));
+        QCOMPARE(folder.shipped(u"manual"_s), Em(u"share/manual"_s));
+    }
 };
 
 MORVEX_TESTE(TestProgramFolder)

@@ -1,69 +1,165 @@
-// The entries of the help menu: what each hands to the desktop.
+// The entries of the help menu and the help key: what each hands to the desktop.
 #include "session/Ajuda.h"
+#include "session/frmSobre.h"
 #include "session/Main.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
 using namespace Qt::StringLiterals;
 
+namespace
+{
+constexpr auto de_ninguem = u"www.morvex.invalid";
+constexpr auto proprio = u"ajuda.exemplo.example";
+
+struct ComManual : Sistema {
+    ComManual() { geral.PastaDoManual = qEnvironmentVariable("MORVEX_ENVIADOS") + u"/manual"_s; }
+
+    // The one page that was opened: language and name. Empty where it is no page of the manual that exists.
+    QString Pagina()
+    {
+        const QString aberta = shell.abertos.size() == 1 ? shell.abertos.takeFirst() : QString();
+        const bool existe = aberta.startsWith(geral.PastaDoManual) && QFile::exists(aberta);
+        return existe ? aberta.mid(geral.PastaDoManual.size()) : QString();
+    }
+};
+
+struct ComAjuda : ComManual {
+    Main janela{geral, plataforma};
+};
+
+void F1(QWidget &controlo) { QTest::keyClick(&controlo, Qt::Key_F1); }
+} // namespace
+
 class TestAjuda : public QObject
 {
     Q_OBJECT
 
-    // The one address that was opened: host and path.
-    static QPair<QString, QString> Aberto(const Sistema &s)
-    {
-        if (s.shell.abertos.size() != 1) return {};
-        const QUrl endereco(s.shell.abertos.constFirst());
-        return {endereco.scheme() + u"://"_s + endereco.host(), endereco.path()};
-    }
-
 private Q_SLOTS:
-    void os_topicos_abrem_a_mesma_pagina_em_qualquer_lingua()
+    void sem_servidor_proprio_os_topicos_abrem_o_manual_na_lingua_activa()
     {
-        QStringList enderecos;
-        for (const QString &idioma : {u"PortuguesPT"_s, u"FrancesFR"_s, u""_s}) {
-            Sistema s;
-            s.geral.IdiomaActual = idioma;
-            ajuda::TopicosAjuda(s.geral, s.shell);
-            QCOMPARE(Aberto(s).second, u"/morvex/ajuda.php"_s);
-            enderecos << s.shell.abertos;
+        ComManual s;
+        const QMap<QString, QString> paginas{
+            {u"PortuguesPT"_s, u"/pt/index.html"_s}, {u"PortuguesBR"_s, u"/br/index.html"_s},
+            {u"InglesUK"_s, u"/uk/index.html"_s},    {u"EspanholES"_s, u"/es/index.html"_s},
+            {u"ItalianoIT"_s, u"/it/index.html"_s},  {u"FrancesFR"_s, u"/fr/index.html"_s},
+            {u"AlemaoDE"_s, u"/de/index.html"_s}};
+        for (const auto &[lingua, pagina] : paginas.asKeyValueRange()) {
+            s.geral.IdiomaActual = lingua;
+            ajuda::TopicosAjuda(s.geral, s.plataforma, de_ninguem);
+            QCOMPARE(s.Pagina(), pagina);
         }
-        QCOMPARE(enderecos.removeDuplicates(), 2);
-        QVERIFY(enderecos.constFirst().endsWith(u"/morvex/ajuda.php"_s)); // the language's code stays behind
     }
 
-    void sugerir_abre_a_pagina_das_sugestoes_no_mesmo_servidor()
+    // The desktop of a test prefers no language of the seven.
+    void sem_lingua_activa_abrem_na_do_ambiente_de_trabalho()
+    {
+        ComManual s;
+        s.geral.IdiomaActual.clear();
+        ajuda::TopicosAjuda(s.geral, s.plataforma, de_ninguem);
+        QCOMPARE(s.Pagina(), u"/uk/index.html"_s);
+    }
+
+    void sem_servidor_proprio_sugerir_diz_a_quem_escrever()
+    {
+        ComManual s;
+        ajuda::Sugerir(s.geral, s.plataforma, de_ninguem);
+        QCOMPARE(s.Pagina(), u"/pt/sugerir.html"_s);
+    }
+
+    void sem_manual_instalado_uma_caixa_di_lo()
     {
         Sistema s;
-        ajuda::Sugerir(s.shell);
-        const auto sugestoes = Aberto(s);
-        QCOMPARE(sugestoes.second, u"/sugerir.htm"_s);
-        s.shell.abertos.clear();
-        ajuda::TopicosAjuda(s.geral, s.shell);
-        QCOMPARE(sugestoes.first, Aberto(s).first);
-        QVERIFY(sugestoes.first.startsWith(u"http://"_s) && sugestoes.first.size() > 8);
+        for (const QString &pasta : {u""_s, s.Ficheiro(u"manual"_s)}) {
+            s.geral.PastaDoManual = pasta;
+            s.caixas.Espera(u"O manual não foi encontrado. Volte a instalar o Morvex para o repor."_s,
+                            box::exclamation, u"Morvex"_s);
+            ajuda::TopicosAjuda(s.geral, s.plataforma, de_ninguem);
+            QVERIFY(s.caixas.Todas_Vistas());
+        }
+        QVERIFY(s.shell.abertos.isEmpty());
+    }
+
+    void com_servidor_proprio_os_topicos_abrem_a_mesma_pagina_em_qualquer_lingua()
+    {
+        ComManual s;
+        for (const QString &lingua : {u"PortuguesPT"_s, u"FrancesFR"_s, u""_s}) {
+            s.geral.IdiomaActual = lingua;
+            ajuda::TopicosAjuda(s.geral, s.plataforma, proprio);
+            QCOMPARE(s.shell.abertos.takeFirst(), u"http://ajuda.exemplo.example/morvex/ajuda.php"_s);
+        }
+    }
+
+    void com_servidor_proprio_sugerir_abre_a_pagina_das_sugestoes()
+    {
+        ComManual s;
+        ajuda::Sugerir(s.geral, s.plataforma, proprio);
+        QCOMPARE(s.shell.abertos, QStringList{u"http://ajuda.exemplo.example/sugerir.htm"_s});
     }
 
     void leiame_abre_o_ficheiro_da_pasta_do_programa()
     {
         Sistema s;
-        ajuda::Leiame(s.geral, s.shell);
+        ajuda::Leiame(s.geral, s.plataforma);
         QCOMPARE(s.shell.abertos, QStringList{s.Ficheiro(u"leiame.txt"_s)});
         QVERIFY(QFile::exists(s.shell.abertos.constFirst()));
     }
 
+    // What they open is told by the build's own setting.
     void as_entradas_do_menu_e_o_botao_chamam_as_suas()
     {
-        Sistema s;
-        const Main janela(s.geral, s.plataforma);
-        for (QAction *entrada : {janela.TopicosAjuda, janela.ajuda, janela.Sugerir, janela.Leiame})
+        ComAjuda m;
+        for (QAction *entrada : {m.janela.TopicosAjuda, m.janela.ajuda, m.janela.Sugerir, m.janela.Leiame})
             entrada->trigger();
-        QCOMPARE(s.shell.abertos.size(), 4);
-        QVERIFY(s.shell.abertos[0].endsWith(u"/morvex/ajuda.php"_s));
-        QCOMPARE(s.shell.abertos[1], s.shell.abertos[0]);
-        QVERIFY(s.shell.abertos[2].endsWith(u"/sugerir.htm"_s));
-        QVERIFY(s.shell.abertos[3].endsWith(u"leiame.txt"_s));
+        const QStringList abertos = std::exchange(m.shell.abertos, {});
+        ajuda::TopicosAjuda(m.geral, m.plataforma, u"" MORVEX_WEB_HOST);
+        ajuda::Sugerir(m.geral, m.plataforma, u"" MORVEX_WEB_HOST);
+        QCOMPARE(abertos.size(), 4);
+        QCOMPARE(abertos[0], m.shell.abertos[0]);
+        QCOMPARE(abertos[1], m.shell.abertos[0]);
+        QCOMPARE(abertos[2], m.shell.abertos[1]);
+        QVERIFY(abertos[3].endsWith(u"leiame.txt"_s));
+    }
+
+    void f1_na_janela_abre_a_pagina_dos_contactos()
+    {
+        ComAjuda m;
+        F1(*m.janela.ListaNomes);
+        QCOMPARE(m.Pagina(), u"/pt/contactos.html"_s);
+    }
+
+    void f1_num_formulario_abre_a_sua_pagina()
+    {
+        ComAjuda m;
+        frmSobre sobre(m.geral, &m.janela);
+        F1(*sobre.findChildren<QWidget *>().constFirst());
+        QCOMPARE(m.Pagina(), u"/pt/primeiros-passos.html"_s);
+    }
+
+    void f1_numa_pergunta_abre_a_pagina_de_quem_pergunta()
+    {
+        ComAjuda m;
+        QWidget formulario(&m.janela);
+        formulario.setObjectName(u"frmBackup"_s);
+        QMessageBox pergunta(&formulario);
+        F1(pergunta);
+        QCOMPARE(m.Pagina(), u"/pt/copia-de-seguranca.html"_s);
+    }
+
+    void f1_numa_janela_de_ninguem_abre_o_indice()
+    {
+        ComAjuda m;
+        QWidget estranha;
+        F1(estranha);
+        QCOMPARE(m.Pagina(), u"/pt/index.html"_s);
+    }
+
+    void so_f1_sozinha_e_a_tecla_da_ajuda()
+    {
+        ComAjuda m;
+        QTest::keyClick(m.janela.ListaNomes, Qt::Key_F1, Qt::ControlModifier);
+        QTest::keyClick(m.janela.ListaNomes, Qt::Key_F3);
+        QVERIFY(m.shell.abertos.isEmpty());
     }
 };
 

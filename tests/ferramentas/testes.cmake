@@ -1,0 +1,2 @@
+# Tests of ferramentas.
+morvex_teste(ferramentas/test_Manual LIGA ferramentas)
