@@ -1,6 +1,7 @@
 // Prints what the readers of foreign contact files make of them, a JSON object a file and line: to look at a
 // file that somebody sends in, and to compare the readers with others. Usage: ler_cartoes json FILE…    cards
 //        ler_cartoes csv FILE…     tables
+#include "csv/CsvReader.h"
 #include "vcard/CardContent.h"
 #include "vcard/CardReader.h"
 
@@ -94,6 +95,18 @@ QJsonObject Ficheiro_De_Cartoes(const QByteArray &bytes)
     return {{u"cards"_s, cartoes}, {u"faults"_s, faltas}};
 }
 
+QJsonObject Ficheiro_De_Tabela(const QByteArray &bytes)
+{
+    const CsvTable tabela = readCsv(bytes);
+    QJsonArray linhas;
+    for (const QStringList &linha : tabela.rows)
+        linhas << QJsonArray::fromStringList(linha);
+    return {{u"encoding"_s, QString::fromLatin1(tabela.encoding)},
+            {u"delimiter"_s, QString(tabela.delimiter)},
+            {u"header"_s, tabela.hasHeader},
+            {u"cells"_s, linhas}};
+}
+
 void Imprimir(const QString &caminho, QJsonObject json)
 {
     json[u"file"_s] = caminho;
@@ -117,6 +130,7 @@ int main(int argc, char **argv)
             std::fprintf(stderr, "ler_cartoes: %s cannot be read\n", qPrintable(caminho));
             return 1;
         }
-        Imprimir(caminho, Ficheiro_De_Cartoes(ficheiro.readAll()));
+        const QByteArray bytes = ficheiro.readAll();
+        Imprimir(caminho, que == u"csv"_s ? Ficheiro_De_Tabela(bytes) : Ficheiro_De_Cartoes(bytes));
     }
 }
