@@ -8,9 +8,9 @@ Card::Card(QByteArray file, CardProperty::Place begin) : file_(std::move(file)),
 
 void Card::add(CardProperty property) { properties_.push_back(std::move(property)); }
 
-void Card::joinRow(QByteArrayView row, qsizetype end)
+bool Card::joinRow(QByteArrayView row, qsizetype end)
 {
-    if (!properties_.empty()) properties_.back().joinRow(row, end);
+    return properties_.empty() || properties_.back().joinRow(row, end);
 }
 
 void Card::close(qsizetype end) { end_ = end; }

@@ -13,7 +13,7 @@ public:
     Card(QByteArray file, CardProperty::Place begin);
 
     void add(CardProperty property);
-    void joinRow(QByteArrayView row, qsizetype end); // to the last property; no effect without one
+    bool joinRow(QByteArrayView row, qsizetype end); // to the last property; false where it would be too long
     void close(qsizetype end);                       // where the line of its END is over
 
     CardVersion version() const;                   // 2.1 where it says none

@@ -86,11 +86,11 @@ bool CardLines::goesOn(const Line &line, Row row, bool &withBlank)
     withBlank = !row.bytes.isEmpty() && isBlank(row.bytes.front());
     const bool softBreak = endsInSoftBreak(line.bytes);
     if (!softBreak && (withBlank || !isBase64(row.bytes))) return withBlank;
-    constexpr qsizetype longestHead =
-        4096; // a head may be folded itself, and is tried again when it is longer
-    if (!isDisguiseKnown_ && line.bytes.size() <= longestHead) {
-        const CardHead head(line.bytes);
-        isDisguiseKnown_ = head.isWhole();
+    if (!isDisguiseKnown_) {
+        constexpr qsizetype longestHead = 4096;
+        const CardHead head(line.bytes.first(std::min(line.bytes.size(), longestHead)));
+        // A head may be folded itself, and is tried again with its next row.
+        isDisguiseKnown_ = head.isWhole() || line.bytes.size() > longestHead;
         disguise_ = head.isQuotedPrintable() ? Disguise::QuotedPrintable
                     : head.isBase64()        ? Disguise::Base64
                                              : Disguise::None;

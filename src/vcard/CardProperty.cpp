@@ -216,11 +216,11 @@ QStringList CardProperty::parts() const { return divided(';'); }
 
 QStringList CardProperty::list() const { return divided(','); }
 
-void CardProperty::joinRow(QByteArrayView row, qsizetype end)
+bool CardProperty::joinRow(QByteArrayView row, qsizetype end)
 {
-    if (value_.size() + row.size() < CardLines::longestProperty) {
-        value_ += '\n';
-        value_ += row;
-    }
+    if (value_.size() + row.size() >= CardLines::longestProperty) return false;
+    value_ += '\n';
+    value_ += row;
     place_.end = end;
+    return true;
 }

@@ -77,7 +77,8 @@ public:
     QByteArray decodedBytes() const; // quoted-printable and base64 resolved, nothing else
 
     // A row of the file that is no property: a raw line break in the value, which goes on with it.
-    void joinRow(QByteArrayView row, qsizetype end);
+    // False where it would become too long; nothing has changed then.
+    bool joinRow(QByteArrayView row, qsizetype end);
 
 private:
     QStringList divided(char separator) const;

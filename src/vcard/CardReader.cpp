@@ -33,6 +33,7 @@ private:
         std::size_t rank; // among the beginnings
         bool isAgent = false;
         bool isFull = false;
+        bool takesRows = true; // the last property is what stands right before this place of the file
     };
 
     void begin(const CardLines::Line &line, bool isAgent);
@@ -53,7 +54,10 @@ private:
 
 void Assembly::begin(const CardLines::Line &line, bool isAgent)
 {
-    if (!open_.empty()) open_.back().card.setMixed();
+    if (!open_.empty()) {
+        open_.back().card.setMixed();
+        open_.back().takesRows = false;
+    }
     open_.push_back({Card(file_, {line.begin, line.end, line.number}), beginnings_++, isAgent});
     isAstray_ = false;
 }
@@ -76,6 +80,7 @@ void Assembly::deliver(Open open)
 void Assembly::add(const CardLines::Line &line, CardHead head)
 {
     Open &card = open_.back();
+    card.takesRows = false;
     if (line.tooLong) {
         note(line.number, CardFault::Kind::PropertyTooLong);
         return;
@@ -86,14 +91,17 @@ void Assembly::add(const CardLines::Line &line, CardHead head)
         return;
     }
     card.card.add(CardProperty(std::move(head), line.bytes, {line.begin, line.end, line.number}, fallback_));
+    card.takesRows = true;
 }
 
-// No property: a comment, or more of the value before it. Behind properties that were left out it would join
-// one that it does not belong to.
+// No property: a comment, or more of the value before it. Behind a card inside this one, and behind
+// properties that were left out, it would join one that it does not belong to.
 void Assembly::addRow(const CardLines::Line &line)
 {
-    const bool isComment = line.bytes.trimmed().startsWith('#');
-    if (!isComment && !open_.back().isFull) open_.back().card.joinRow(line.bytes, line.end);
+    Open &card = open_.back();
+    if (!card.takesRows || line.bytes.trimmed().startsWith('#')) return;
+    card.takesRows = card.card.joinRow(line.bytes, line.end);
+    if (!card.takesRows) note(line.number, CardFault::Kind::PropertyTooLong);
 }
 
 void Assembly::take(const CardLines::Line &line)

@@ -7,7 +7,7 @@
 // What was wrong at a line of a file.
 struct CardFault {
     enum class Kind {
-        PropertyTooLong,   // it was left out
+        PropertyTooLong,   // it, or what goes on with it at that line, was left out
         TooManyProperties, // the card has no more of them than the limit
         EndMissing,        // the card has all up to the end of the file or of the card around it
         NothingInIt,       // the card has no more than a frame

@@ -108,6 +108,7 @@ private Q_SLOTS:
         QCOMPARE(lido.addresses.front().region, u"N"_s);
         QCOMPARE(lido.addresses.front().code, u"89073"_s);
         QCOMPARE(*lido.formattedName, u"Ana Sousa"_s);
+        QCOMPARE(Nota("NOTE;QUOTED-PRINTABLE:ver =\r\nisto: sim\r\n", "2.1"), u"ver isto: sim"_s);
     }
 
     void um_igual_no_fim_nao_engole_a_propriedade_seguinte()
@@ -302,15 +303,46 @@ private Q_SLOTS:
         QCOMPARE(lido.faults, (std::vector<CardFault>{{4, Kind::PropertyTooLong}}));
     }
 
-    void uma_propriedade_dobrada_tem_o_mesmo_limite()
+    void uma_propriedade_de_varias_linhas_tem_o_mesmo_limite_data()
     {
-        QByteArray linhas = "NOTE:";
-        const QByteArray dobra = QByteArray(1000, 'a') + "\r\n ";
-        while (linhas.size() < CardLines::longestProperty + 100000)
-            linhas += dobra;
-        const CardFile lido = CardReader().read(Cartao(linhas + "\r\nFN:Ana\r\n"));
+        QTest::addColumn<QByteArray>("cabeca");
+        QTest::addColumn<QByteArray>("dobra");
+        QTest::newRow("dobrada") << QByteArray("NOTE:") << QByteArray("\r\n ");
+        QTest::newRow("citada") << QByteArray("NOTE;QUOTED-PRINTABLE:") << QByteArray("=\r\n");
+        QTest::newRow("fotografia sem espaços") << QByteArray("PHOTO;BASE64:") << QByteArray("\r\n");
+    }
+    void uma_propriedade_de_varias_linhas_tem_o_mesmo_limite()
+    {
+        QFETCH(QByteArray, cabeca);
+        QFETCH(QByteArray, dobra);
+        const QByteArray linhas = cabeca + (QByteArray(100000, 'a') + dobra).repeated(170) + "\r\n";
+        const CardFile lido = CardReader().read(Cartao(linhas + "FN:Ana\r\n"));
         QCOMPARE(Nomes(lido), QStringList{u"Ana"_s});
+        QCOMPARE(lido.cards.front().properties().size(), 2U);
         QCOMPARE(lido.faults, (std::vector<CardFault>{{3, Kind::PropertyTooLong}}));
+    }
+
+    void linhas_soltas_sem_fim_param_no_mesmo_limite()
+    {
+        const QByteArray linhas =
+            "NOTE:x\r\n" + (QByteArray(100000, ' ') + "~\r\n").sliced(1).prepend('~').repeated(170);
+        const CardFile lido = CardReader().read(Cartao(linhas + "FN:Ana\r\n"));
+        QCOMPARE(Nomes(lido), QStringList{u"Ana"_s});
+        QCOMPARE(lido.faults.size(), 1U);
+        QCOMPARE(lido.faults.front().kind, Kind::PropertyTooLong);
+        QVERIFY(lido.cards.front().first("NOTE")->rawValue().size() <= CardLines::longestProperty);
+    }
+
+    void uma_linha_solta_nao_se_junta_ao_que_esta_antes_de_outro_cartao_ou_do_que_ficou_de_fora()
+    {
+        const CardFile lido = CardReader().read(
+            Cartao("NOTE:um\r\nAGENT:\r\nBEGIN:VCARD\r\nFN:Rui\r\nEND:VCARD\r\nsolta\r\nTEL:1\r\nNOTE:" +
+                   QByteArray(CardLines::longestProperty + 1, 'a') + "\r\nperdida\r\n"));
+        QCOMPARE(lido.cards.size(), 1U);
+        const CardContent conteudo = contentOf(lido.cards.front());
+        QCOMPARE(Valores(conteudo.notes), QStringList{u"um"_s});
+        QCOMPARE(Valores(conteudo.phones), QStringList{u"1"_s});
+        QCOMPARE(CardReader().read(lido.cards.front().source()).cards.size(), 1U);
     }
 
     void um_cartao_nao_tem_mais_de_5000_propriedades()
