@@ -58,8 +58,13 @@ QByteArray Card::source() const
     QByteArray bytes = "BEGIN:VCARD\r\n";
     for (const CardProperty &property : properties_) {
         const CardProperty::Place &place = property.place();
+        const char first = file_[place.begin];
+        if (first == ' ' || first == '\t') bytes += "\r\n"; // or it would go on with the one before
         bytes += QByteArrayView(file_).sliced(place.begin, place.end - place.begin);
-        if (!bytes.endsWith('\n') && !bytes.endsWith('\r')) bytes += "\r\n";
+        if (bytes.endsWith('\r')) bytes += '\n'; // or it would be one line end with what comes behind it
+        if (!bytes.endsWith('\n')) bytes += "\r\n";
+        // What stood between them is gone, so an empty line says where a disguised value is over.
+        if (property.head().isQuotedPrintable() || property.head().isBase64()) bytes += "\r\n";
     }
     return bytes + "END:VCARD\r\n";
 }
