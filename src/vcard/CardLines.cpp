@@ -110,6 +110,10 @@ void CardLines::join(Line &line)
         bool withBlank = false;
         if (!goesOn(line, row, withBlank)) return;
         if (disguise_ == Disguise::QuotedPrintable && endsInSoftBreak(line.bytes)) {
+            if (row.bytes.isEmpty()) { // the text is over, its sign stays with it
+                take(line, row);
+                return;
+            }
             append(line, {});
             joined_.truncate(joined_.lastIndexOf('='));
         }

@@ -107,7 +107,8 @@ private Q_SLOTS:
         QCOMPARE(lido.notes.front().value, u"a bc\nd\nef"_s);
         QCOMPARE(lido.notes.front().label, u"um\nrótulo"_s);
         QCOMPARE(lido.phones.size(), 3U);
-        for (const char byte : writtenCard(conteudo).replace("\r\n", ""))
+        const QByteArray escrito = writtenCard(conteudo).replace("\r\n", "");
+        for (const char byte : escrito)
             QVERIFY(static_cast<unsigned char>(byte) >= 0x20 && byte != 0x7F);
     }
 
