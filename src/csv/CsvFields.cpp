@@ -1,0 +1,3 @@
+#include "csv/CsvFields.h"
+
+bool isAddressPart(CsvField field) { return field >= CsvField::Street && field <= CsvField::Country; }

@@ -1,0 +1,197 @@
+#include "vcard/CardContent.h"
+
+#include "vcard/Card.h"
+#include "vcard/CardGroups.h"
+
+#include <algorithm>
+#include <functional>
+#include <map>
+#include <numeric>
+#include <QUrl>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+CardEntry entryOf(const Card &card, const CardProperty &property)
+{
+    return {property.text().trimmed(), property.types(), property.preference(), card.label(property)};
+}
+
+// A part that is missing is empty.
+QString part(const QStringList &parts, qsizetype at) { return parts.value(at); }
+
+CardName nameOf(const CardProperty &property)
+{
+    const QStringList parts = property.parts();
+    return {part(parts, 0), part(parts, 1), part(parts, 2), part(parts, 3), part(parts, 4)};
+}
+
+CardAddress addressOf(const Card &card, const CardProperty &property)
+{
+    const QStringList parts = property.parts();
+    return {part(parts, 0), part(parts, 1), part(parts, 2),   part(parts, 3),        part(parts, 4),
+            part(parts, 5), part(parts, 6), property.types(), property.preference(), card.label(property)};
+}
+
+CardBirthday birthdayOf(const CardProperty &property)
+{
+    CardBirthday birthday{property.text().trimmed(), {}};
+    if (property.head().value("VALUE").compare("text", Qt::CaseInsensitive) == 0) return birthday;
+    birthday.date = cardDate(birthday.text);
+    const QByteArray omitted = property.head().value("X-APPLE-OMIT-YEAR");
+    if (birthday.date && !omitted.isEmpty() && omitted.toInt() == birthday.date->year)
+        birthday.date->year = 0;
+    return birthday;
+}
+
+// An address in the web is no text, yet some programs escape its colon, even twice.
+CardEntry websiteOf(const Card &card, const CardProperty &property)
+{
+    CardEntry entry = entryOf(card, property);
+    entry.value.replace("\\:"_L1, ":"_L1);
+    return entry;
+}
+
+void takeList(QStringList &into, const CardProperty &property)
+{
+    for (const QString &each : property.list())
+        if (!each.trimmed().isEmpty()) into << each.trimmed();
+}
+
+bool isProgramsOwn(const QByteArray &name)
+{
+    return name == "VERSION" || name == "X-ABLABEL" || name == "BEGIN" || name == "END";
+}
+
+using Take = std::function<void(CardContent &, const Card &, const CardProperty &)>;
+
+void takeKind(CardContent &content, const Card &, const CardProperty &property)
+{
+    content.isGroup =
+        content.isGroup || property.text().trimmed().compare("group"_L1, Qt::CaseInsensitive) == 0;
+}
+
+void takeMember(CardContent &content, const Card &, const CardProperty &property)
+{
+    content.members << plainUid(property.text());
+}
+
+const std::map<QByteArray, Take> &takers()
+{
+    static const std::map<QByteArray, Take> table{
+        {"N",
+         [](CardContent &content, const Card &, const CardProperty &property) {
+             if (!content.name) content.name = nameOf(property);
+         }},
+        {"NICKNAME", [](CardContent &content, const Card &,
+                        const CardProperty &property) { takeList(content.nicknames, property); }},
+        {"ORG",
+         [](CardContent &content, const Card &, const CardProperty &property) {
+             if (content.organisation.isEmpty()) content.organisation = property.parts();
+         }},
+        {"TEL", [](CardContent &content, const Card &card,
+                   const CardProperty &property) { content.phones.push_back(entryOf(card, property)); }},
+        {"EMAIL", [](CardContent &content, const Card &card,
+                     const CardProperty &property) { content.emails.push_back(entryOf(card, property)); }},
+        {"URL", [](CardContent &content, const Card &card,
+                   const CardProperty &property) { content.websites.push_back(websiteOf(card, property)); }},
+        {"NOTE",
+         [](CardContent &content, const Card &card, const CardProperty &property) {
+             CardEntry note = entryOf(card, property);
+             note.value = property.text(); // its line breaks and indents are the person's
+             content.notes.push_back(note);
+         }},
+        {"ADR", [](CardContent &content, const Card &card,
+                   const CardProperty &property) { content.addresses.push_back(addressOf(card, property)); }},
+        {"LABEL", [](CardContent &content, const Card &,
+                     const CardProperty &property) { content.addressLabels.push_back(property.text()); }},
+        {"BDAY",
+         [](CardContent &content, const Card &, const CardProperty &property) {
+             if (CardBirthday birthday = birthdayOf(property); !birthday.text.isEmpty())
+                 content.birthdays.push_back(birthday);
+         }},
+        {"CATEGORIES", [](CardContent &content, const Card &,
+                          const CardProperty &property) { takeList(content.categories, property); }},
+        {"PHOTO",
+         [](CardContent &content, const Card &, const CardProperty &property) {
+             if (auto photo = cardPhoto(property)) content.photos.push_back(*photo);
+         }},
+        {"UID",
+         [](CardContent &content, const Card &, const CardProperty &property) {
+             if (!content.uid) content.uid = property.text().trimmed();
+         }},
+        {"KIND", takeKind},
+        {"X-ADDRESSBOOKSERVER-KIND", takeKind},
+        {"MEMBER", takeMember},
+        {"X-ADDRESSBOOKSERVER-MEMBER", takeMember},
+    };
+    return table;
+}
+
+std::optional<QString> formattedNameOf(const Card &card)
+{
+    const std::vector<const CardProperty *> names = card.all("FN");
+    if (names.empty()) return {};
+    const auto best =
+        std::min_element(names.begin(), names.end(), [](const CardProperty *a, const CardProperty *b) {
+            return a->preference() < b->preference();
+        });
+    return (*best)->text().trimmed();
+}
+
+template<class Entry> std::vector<std::size_t> ordered(const std::vector<Entry> &entries)
+{
+    std::vector<std::size_t> order(entries.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
+        return entries[a].preference < entries[b].preference;
+    });
+    return order;
+}
+} // namespace
+
+CardContent contentOf(const Card &card)
+{
+    CardContent content;
+    content.formattedName = formattedNameOf(card);
+    for (const CardProperty &property : card.properties()) {
+        const auto taker = takers().find(property.name());
+        if (taker != takers().end())
+            taker->second(content, card, property);
+        else if (property.name() != "FN" && !isProgramsOwn(property.name()))
+            content.others.push_back({property.name(), entryOf(card, property)});
+    }
+    return content;
+}
+
+QString shownName(const CardContent &content)
+{
+    const CardName name = content.name.value_or(CardName());
+    QStringList spoken{name.prefix, name.given, name.middle, name.family, name.suffix};
+    spoken.removeAll(QString());
+    for (const QString &candidate :
+         {content.formattedName.value_or(QString()), spoken.join(u' '), content.nicknames.value(0),
+          content.organisation.value(0).trimmed(),
+          content.emails.empty() ? QString() : content.emails.front().value,
+          content.phones.empty() ? QString() : phoneNumber(content.phones.front().value)})
+        if (!candidate.trimmed().isEmpty()) return candidate.trimmed();
+    return {};
+}
+
+std::vector<std::size_t> byPreference(const std::vector<CardEntry> &entries) { return ordered(entries); }
+std::vector<std::size_t> byPreference(const std::vector<CardAddress> &addresses)
+{
+    return ordered(addresses);
+}
+
+QString phoneNumber(const QString &value)
+{
+    if (!value.startsWith("tel:"_L1, Qt::CaseInsensitive)) return value;
+    const QStringList pieces = value.sliced(4).split(u';');
+    QString number = QUrl::fromPercentEncoding(pieces.constFirst().toUtf8());
+    for (const QString &piece : pieces.sliced(1))
+        if (piece.startsWith("ext="_L1, Qt::CaseInsensitive))
+            number += u" x"_s + QUrl::fromPercentEncoding(piece.sliced(4).toUtf8());
+    return number;
+}

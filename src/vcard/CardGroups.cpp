@@ -1,0 +1,24 @@
+#include "vcard/CardGroups.h"
+
+#include "vcard/CardContent.h"
+
+using namespace Qt::StringLiterals;
+
+QString plainUid(const QString &uid)
+{
+    QString plain = uid.trimmed();
+    if (plain.startsWith("urn:uuid:"_L1, Qt::CaseInsensitive)) plain = plain.sliced(9);
+    return plain;
+}
+
+QHash<QString, QStringList> groupsByMember(const std::vector<CardContent> &cards)
+{
+    QHash<QString, QStringList> groups;
+    for (const CardContent &card : cards) {
+        const QString name = card.isGroup ? shownName(card) : QString();
+        if (name.isEmpty()) continue;
+        for (const QString &member : card.members)
+            groups[member] << name;
+    }
+    return groups;
+}

@@ -1,0 +1,127 @@
+// The names of columns, and those that mean one thing here and another there.
+#include "csv/CsvHeaders.h"
+#include "testlib/Teste.h"
+
+using namespace Qt::StringLiterals;
+using F = CsvField;
+using P = CsvPlace;
+
+namespace
+{
+std::vector<F> Campos(const QString &cabecalho)
+{
+    std::vector<F> campos;
+    for (const CsvColumn &coluna : CsvHeaders().columns(cabecalho.split(u';')))
+        campos.push_back(coluna.field);
+    return campos;
+}
+
+std::vector<CsvColumn> Colunas(const QString &cabecalho)
+{
+    return CsvHeaders().columns(cabecalho.split(u';'));
+}
+} // namespace
+
+class TestCsvHeaders : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void os_nomes_conhecem_se_nas_sete_linguas()
+    {
+        QVERIFY(CsvHeaders().knownNames() >= 685);
+        QCOMPARE(
+            Campos(u"Telemóvel;Celular;Mobile Phone;Teléfono móvil;Cellulare;Tél. mobile;Mobiltelefon"_s),
+            std::vector<F>(7, F::Mobile));
+        QCOMPARE(Campos(u"Morada;Fax comercial;E-mail;Apellidos;Cognome;Prénom;Nachname;Unbekannt"_s),
+                 (std::vector<F>{F::Address, F::Fax, F::Email, F::FamilyName, F::FamilyName, F::GivenName,
+                                 F::FamilyName, F::Unknown}));
+    }
+
+    void um_nome_vale_sem_maiusculas_acentos_nem_sinais()
+    {
+        QCOMPARE(CsvHeaders::folded(u"  Straße (geschäftlich) "_s), u"strasse geschaftlich"_s);
+        QCOMPARE(CsvHeaders::folded(u"E-mail 1 - Value"_s), u"e mail 1 value"_s);
+        QCOMPARE(Colunas(u"Straße geschäftlich"_s), (std::vector<CsvColumn>{{F::Street, P::Work}}));
+    }
+
+    void as_colunas_numeradas_tem_numero_e_rotulo()
+    {
+        QCOMPARE(
+            Colunas(u"Phone 1 - Label;Phone 1 - Value;E-mail 12 - Type;E-mail 12 - Value;Website 2 - Value;"
+                    "Address 1 - City;Address 1 - Formatted;Address 1 - Postal Code;Relation 1 - Value"_s),
+            (std::vector<CsvColumn>{{F::Phone, P::None, 1, true},
+                                    {F::Phone, P::None, 1, false},
+                                    {F::Email, P::None, 12, true},
+                                    {F::Email, P::None, 12, false},
+                                    {F::Website, P::None, 2, false},
+                                    {F::City, P::None, 1, false},
+                                    {F::Address, P::None, 1, false},
+                                    {F::PostCode, P::None, 1, false},
+                                    {}}));
+    }
+
+    void apelido_e_da_familia_ou_alcunha_conforme_as_outras_colunas()
+    {
+        QCOMPARE(Campos(u"Nome;Apelido;Telefone"_s), (std::vector<F>{F::GivenName, F::FamilyName, F::Phone}));
+        QCOMPARE(Campos(u"Nome;Apelido;Sobrenome"_s),
+                 (std::vector<F>{F::GivenName, F::Nickname, F::FamilyName}));
+    }
+
+    void nome_e_o_nome_inteiro_ou_o_proprio_conforme_as_outras_colunas()
+    {
+        QCOMPARE(Campos(u"Nome;Morada"_s), (std::vector<F>{F::FullName, F::Address}));
+        QCOMPARE(Campos(u"Nome;Cognome"_s), (std::vector<F>{F::GivenName, F::FamilyName}));
+        QCOMPARE(Campos(u"Nome;Nome visualizzato"_s), (std::vector<F>{F::GivenName, F::FullName}));
+    }
+
+    void titulo_antes_do_nome_e_tratamento_e_depois_profissao()
+    {
+        QCOMPARE(Campos(u"Title;First Name"_s), (std::vector<F>{F::NamePrefix, F::GivenName}));
+        QCOMPARE(Campos(u"First Name;Title"_s), (std::vector<F>{F::GivenName, F::Detail}));
+        QCOMPARE(Campos(u"Titre;Prénom;Titre"_s), (std::vector<F>{F::NamePrefix, F::GivenName, F::Detail}));
+    }
+
+    void o_aniversario_e_inteiro_ou_o_seu_dia_conforme_haja_mes_ou_ano()
+    {
+        QCOMPARE(Campos(u"Birth Day"_s), std::vector<F>{F::Birthday});
+        QCOMPARE(Campos(u"Geburtstag;Name"_s), (std::vector<F>{F::Birthday, F::FullName}));
+        QCOMPARE(Campos(u"Birth Year;Birth Month;Birth Day"_s),
+                 (std::vector<F>{F::BirthYear, F::BirthMonth, F::BirthDay}));
+        QCOMPARE(Campos(u"Jour;Mois"_s), (std::vector<F>{F::BirthDay, F::BirthMonth}));
+    }
+
+    void uma_parte_de_morada_sem_lugar_e_do_lugar_da_sua_vizinha()
+    {
+        QCOMPARE(Colunas(u"Adresse privée;Ville;Code postal;Adresse professionnelle;Ville;Code postal"_s),
+                 (std::vector<CsvColumn>{{F::Street, P::Home},
+                                         {F::City, P::Home},
+                                         {F::PostCode, P::Home},
+                                         {F::Street, P::Work},
+                                         {F::City, P::Work},
+                                         {F::PostCode, P::Work}}));
+        QCOMPARE(
+            Colunas(u"CEP;Cidade;CEP"_s),
+            (std::vector<CsvColumn>{{F::PostCode, P::Home}, {F::City, P::Home}, {F::PostCode, P::Work}}));
+        QCOMPARE(Colunas(u"Cidade;Adresse geschäftlich"_s),
+                 (std::vector<CsvColumn>{{F::City, P::Work}, {F::Street, P::Work}}));
+    }
+
+    void regiao_ou_pais_e_o_que_ainda_falta_nesse_lugar()
+    {
+        QCOMPARE(Colunas(u"Provincia o estado de trabajo;País o región del trabajo"_s),
+                 (std::vector<CsvColumn>{{F::Region, P::Work}, {F::Country, P::Work}}));
+        QCOMPARE(Colunas(u"Region geschäftlich;Bundesland geschäftlich"_s).front(),
+                 (CsvColumn{F::Country, P::Work}));
+        QCOMPARE(Colunas(u"Region geschäftlich"_s), (std::vector<CsvColumn>{{F::Region, P::Work}}));
+    }
+
+    void um_fax_e_um_fax_em_qualquer_lugar()
+    {
+        QCOMPARE(Campos(u"Other Fax;Weiteres Fax;Outro fax;Otro fax;Télécopie (autre)"_s),
+                 std::vector<F>(5, F::Fax));
+    }
+};
+
+MORVEX_TESTE(TestCsvHeaders)
+#include "test_CsvHeaders.moc"

@@ -1,0 +1,146 @@
+// Tables of other programs: their encodings, delimiters, quotes and first rows.
+#include "csv/CsvCells.h"
+#include "csv/CsvDetection.h"
+#include "csv/CsvReader.h"
+#include "testlib/TempoGasto.h"
+#include "testlib/Teste.h"
+
+#include <QStringEncoder>
+
+using namespace Qt::StringLiterals;
+using Linhas = std::vector<QStringList>;
+
+class TestCsvReader : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void a_codificacao_descobre_se_data()
+    {
+        QTest::addColumn<QByteArray>("ficheiro");
+        QTest::addColumn<QByteArray>("codificacao");
+        const QString texto = u"Nome;Número\r\nJosé;1\r\n"_s;
+        QStringEncoder menor(QStringEncoder::Utf16LE);
+        QStringEncoder maior(QStringEncoder::Utf16BE);
+        QTest::newRow("marca") << "\xEF\xBB\xBF" + texto.toUtf8() << QByteArray("utf-8-sig");
+        QTest::newRow("UTF-8") << texto.toUtf8() << QByteArray("utf-8");
+        QTest::newRow("UTF-16 LE com marca")
+            << QByteArray("\xFF\xFE" + QByteArray(menor(texto))) << QByteArray("utf-16");
+        QTest::newRow("UTF-16 LE sem marca") << QByteArray(menor(texto)) << QByteArray("utf-16");
+        QTest::newRow("UTF-16 BE com marca")
+            << QByteArray("\xFE\xFF" + QByteArray(maior(texto))) << QByteArray("utf-16");
+        QTest::newRow("UTF-16 BE sem marca") << QByteArray(maior(texto)) << QByteArray("utf-16");
+        QTest::newRow("1252") << texto.toLatin1() << QByteArray("cp1252");
+    }
+    void a_codificacao_descobre_se()
+    {
+        QFETCH(QByteArray, ficheiro);
+        QFETCH(QByteArray, codificacao);
+        const CsvTable tabela = readCsv(ficheiro);
+        QCOMPARE(tabela.encoding, codificacao);
+        QCOMPARE(tabela.rows, (Linhas{{u"Nome"_s, u"Número"_s}, {u"José"_s, u"1"_s}}));
+    }
+
+    void o_que_a_pessoa_escolheu_vale_mais_do_que_o_descoberto()
+    {
+        const CsvTable tabela = readCsv("\xA3ukasz;a,b\n", {"windows-1250", u',', true});
+        QCOMPARE(tabela.rows, (Linhas{{u"Łukasz;a"_s, u"b"_s}}));
+        QVERIFY(tabela.hasHeader);
+        QCOMPARE(tabela.encoding, QByteArray("windows-1250"));
+    }
+
+    void o_separador_e_aquele_em_que_mais_linhas_concordam_data()
+    {
+        QTest::addColumn<QString>("texto");
+        QTest::addColumn<QChar>("separador");
+        QTest::newRow("vírgula") << u"a,b\nc,d;e\n"_s << QChar(u',');
+        QTest::newRow("ponto e vírgula") << u"nome;nota\nAna;um, dois\nRui;um, dois, três\n"_s << QChar(u';');
+        QTest::newRow("tabulador") << u"a\tb, c\nd\te\n"_s << QChar(u'\t');
+        QTest::newRow("barra") << u"a|b\nc|d\n"_s << QChar(u'|');
+        QTest::newRow("entre aspas não conta") << u"\"a;b\",\"c;d\"\n\"e;f\",g\n"_s << QChar(u',');
+        QTest::newRow("uma só coluna") << u"a\nb\n"_s << QChar(u',');
+    }
+    void o_separador_e_aquele_em_que_mais_linhas_concordam()
+    {
+        QFETCH(QString, texto);
+        QFETCH(QChar, separador);
+        QCOMPARE(csvDelimiter(texto), separador);
+    }
+
+    void a_linha_do_separador_vale_e_nao_e_da_tabela()
+    {
+        for (const char *linha : {"sep=|\r\n", "\xEF\xBB\xBFSEP=|\n", "\"sep=|\"\r\n"}) {
+            const CsvTable tabela = readCsv(linha + QByteArray("a;b|c\r\n"));
+            QCOMPARE(tabela.delimiter, QChar(u'|'));
+            QCOMPARE(tabela.rows, (Linhas{{u"a;b"_s, u"c"_s}}));
+        }
+        QCOMPARE(readCsv("sep=erado,a\n").rows, (Linhas{{u"sep=erado"_s, u"a"_s}}));
+    }
+
+    void as_aspas_valem_so_no_inicio_da_celula_data()
+    {
+        QTest::addColumn<QString>("texto");
+        QTest::addColumn<QStringList>("celulas");
+        QTest::newRow("separador") << u"\"a,b\",c"_s << QStringList{u"a,b"_s, u"c"_s};
+        QTest::newRow("dobradas") << u"\"a \"\"b\"\"\",c"_s << QStringList{u"a \"b\""_s, u"c"_s};
+        QTest::newRow("no meio") << u"5\" disco,c"_s << QStringList{u"5\" disco"_s, u"c"_s};
+        QTest::newRow("mudança de linha") << u"\"a\r\nb\nc\",d\r\n"_s << QStringList{u"a\nb\nc"_s, u"d"_s};
+        QTest::newRow("depois de fechadas") << u"\"a\"b,c"_s << QStringList{u"ab"_s, u"c"_s};
+        QTest::newRow("nunca fechadas") << u"\"a,b\nc"_s << QStringList{u"a,b\nc"_s};
+        QTest::newRow("vazias") << u"\"\",,"_s << QStringList{QString(), QString(), QString()};
+        QTest::newRow("só uma vazia") << u"\"\"\n"_s << QStringList{QString()};
+    }
+    void as_aspas_valem_so_no_inicio_da_celula()
+    {
+        QFETCH(QString, texto);
+        QFETCH(QStringList, celulas);
+        QCOMPARE(csvCells(texto, u','), Linhas{celulas});
+    }
+
+    void as_linhas_vazias_nao_contam_e_as_outras_podem_ter_tamanhos_diferentes()
+    {
+        QCOMPARE(csvCells(u"a,b,c\r\n\r\nd\r\re,f\n\n\n,\n", u','),
+                 (Linhas{{u"a"_s, u"b"_s, u"c"_s}, {u"d"_s}, {u"e"_s, u"f"_s}, {QString(), QString()}}));
+        QVERIFY(csvCells(u"", u',').empty());
+    }
+
+    void a_primeira_linha_e_de_nomes_se_nao_tem_dados_data()
+    {
+        QTest::addColumn<QByteArray>("ficheiro");
+        QTest::addColumn<bool>("nomes");
+        QTest::newRow("nomes") << QByteArray("Nome,E-mail 1 - Value,Phone 2\nAna,x,1\n") << true;
+        QTest::newRow("correio") << QByteArray("Ana,ana@exemplo.pt\n") << false;
+        QTest::newRow("número") << QByteArray("Ana,912345678\n") << false;
+        QTest::newRow("número com espaços") << QByteArray("Ana,+351 912 345 678\n") << false;
+        QTest::newRow("data") << QByteArray("Ana,4/3/75\n") << false;
+        QTest::newRow("endereço") << QByteArray("Ana,http://exemplo.pt\n") << false;
+        QTest::newRow("vazio") << QByteArray() << false;
+    }
+    void a_primeira_linha_e_de_nomes_se_nao_tem_dados()
+    {
+        QFETCH(QByteArray, ficheiro);
+        QFETCH(bool, nomes);
+        QCOMPARE(readCsv(ficheiro).hasHeader, nomes);
+    }
+
+    void o_apostrofo_que_guarda_de_formulas_sai()
+    {
+        QCOMPARE(readCsv("'=1+1,'@x,\"'\tz\",''=y,'aqui,+351\n").rows,
+                 (Linhas{{u"=1+1"_s, u"@x"_s, u"\tz"_s, u"'=y"_s, u"'aqui"_s, u"+351"_s}}));
+    }
+
+    void uma_tabela_grande_leva_um_tempo_proporcional()
+    {
+        const auto tempo = [](int linhas) {
+            const QByteArray ficheiro = QByteArray("\"a \"\"b\"\"\",c;d,'e,\"f\ng\"\r\n").repeated(linhas);
+            return Tempo_Gasto([&] { readCsv(ficheiro); });
+        };
+        constexpr int poucas = 5000;
+        constexpr int vezes = 16;
+        QCOMPARE(readCsv(QByteArray("a,b\n").repeated(poucas)).rows.size(), std::size_t{poucas});
+        QVERIFY(tempo(poucas * vezes) < tempo(poucas) * vezes * 5);
+    }
+};
+
+MORVEX_TESTE(TestCsvReader)
+#include "test_CsvReader.moc"

@@ -1,0 +1,9 @@
+# Tests of vcard.
+foreach(teste IN ITEMS
+    test_CardReader
+    test_CardContent
+    test_CardWriter
+    test_CardPatch
+    test_cartoes_estragados)
+    morvex_teste(vcard/${teste} LIGA vcard)
+endforeach()
