@@ -12,6 +12,7 @@ foreach(teste IN ITEMS
     test_ProgramFolder
     test_SingleInstance
     test_SomGravado
+    test_ToolkitLanguage
     test_WindowsRegistry)
     morvex_teste(platform/${teste} LIGA platform)
 endforeach()
