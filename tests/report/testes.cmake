@@ -1,5 +1,6 @@
 # Tests of report.
 foreach(teste IN ITEMS
+    test_CompoundFile
     test_CrystalReport
     test_ReportData
     test_ReportDefinition
