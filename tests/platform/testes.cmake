@@ -3,6 +3,7 @@ foreach(teste IN ITEMS
     test_DesktopRegistry
     test_DesktopShell
     test_DesktopSound
+    test_DesktopTray
     test_Dialogs
     test_ErrorText
     test_IniFile
