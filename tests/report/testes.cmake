@@ -6,6 +6,7 @@ foreach(teste IN ITEMS
     test_ReportDefinition
     test_ReportPages
     test_ReportPrinting
+    test_ReportWords
     test_SelectionFormula)
     morvex_teste(report/${teste} LIGA report)
 endforeach()
