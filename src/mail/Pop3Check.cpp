@@ -7,7 +7,7 @@
 
 namespace
 {
-constexpr qint64 longestLine = 8192;
+constexpr qint64 longestLine = 8192; // bytes, with its end
 constexpr qint64 mostUnread = 65536; // a server that floods waits until this much has been read
 constexpr qsizetype mostUids = 100000;
 constexpr int mostCapabilities = 200;
@@ -138,7 +138,7 @@ void Pop3Check::readLines()
         if (!text.endsWith('\n')) return fail(MailError::Garbled);
         line(text.trimmed());
     }
-    if (step_ != Step::Done && !socket_.canReadLine() && socket_.bytesAvailable() > longestLine)
+    if (step_ != Step::Done && !socket_.canReadLine() && socket_.bytesAvailable() >= longestLine)
         fail(MailError::Garbled);
 }
 

@@ -1,4 +1,5 @@
 # Tests of interchange.
+morvex_teste(interchange/test_AvisosDaFusao LIGA interchange)
 morvex_teste(interchange/test_RegistoMorvex LIGA session)
 morvex_teste(interchange/test_RegistosEstragados LIGA session)
 morvex_teste(interchange/test_frmImportar LIGA session)

@@ -205,6 +205,41 @@ private Q_SLOTS:
         QCOMPARE(look(server).error, MailError::Garbled);
     }
 
+    void a_line_may_have_8192_bytes_with_its_end_which_may_come_later_data()
+    {
+        QTest::addColumn<int>("bytes");
+        QTest::addColumn<bool>("later");
+        QTest::addColumn<QByteArray>("heard");
+        QTest::newRow("as many as there may be") << 8191 << false << QByteArray("CAPA\r\n");
+        QTest::newRow("as many, and the end later") << 8191 << true << QByteArray("CAPA\r\n");
+        QTest::newRow("one more") << 8192 << false << QByteArray();
+        QTest::newRow("one more, and the end later") << 8192 << true << QByteArray();
+    }
+    void a_line_may_have_8192_bytes_with_its_end_which_may_come_later()
+    {
+        QFETCH(const int, bytes);
+        QFETCH(const bool, later);
+        QTcpServer server;
+        server.listen(QHostAddress::LocalHost);
+        QByteArray heard;
+        connect(&server, &QTcpServer::newConnection, &server, [&] {
+            QTcpSocket *visit = server.nextPendingConnection();
+            connect(visit, &QIODevice::readyRead, visit, [&heard, visit] { heard += visit->readAll(); });
+            const QByteArray line = QByteArray("+OK ").leftJustified(bytes, 'x');
+            visit->write(later ? line : line + '\n');
+            if (later) QTimer::singleShot(100, visit, [visit] { visit->write("\n"); });
+        });
+        look(MailServer{u"127.0.0.1"_s, server.serverPort(), false});
+        QTEST(heard, "heard");
+    }
+    void so_many_bytes_without_an_end_are_not_waited_for()
+    {
+        ServidorPop server({{"", QByteArray("+OK ").leftJustified(8192, 'x')}}, ServidorPop::Fim::Cala);
+        QCOMPARE(look(server).error, MailError::Garbled);
+        ServidorPop shorter({{"", QByteArray("+OK ").leftJustified(8191, 'x')}}, ServidorPop::Fim::Cala);
+        QCOMPARE(look(shorter).error, MailError::TimedOut);
+    }
+
     void an_endless_list_of_names_ends_at_a_hundred_thousand()
     {
         QByteArray names;

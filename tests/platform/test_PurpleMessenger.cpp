@@ -56,6 +56,17 @@ private:
     }
 };
 
+// What the client itself answers, past the messenger.
+QVariant ask(const QString &method, const QVariantList &arguments = {})
+{
+    QDBusMessage question = QDBusMessage::createMethodCall(u"im.pidgin.purple.PurpleService"_s,
+                                                           u"/im/pidgin/purple/PurpleObject"_s,
+                                                           u"im.pidgin.purple.PurpleInterface"_s, method);
+    question.setArguments(arguments);
+    return QDBusConnection::sessionBus().call(question, QDBus::Block, 2000).arguments().value(0);
+}
+QList<int> numbers(const QString &method) { return qdbus_cast<QList<int>>(ask(method)); }
+
 qint64 msOf(const std::function<void()> &work)
 {
     QElapsedTimer clock;
@@ -142,16 +153,19 @@ private Q_SLOTS:
 
     void a_conversation_opens()
     {
-        const QDBusMessage question = QDBusMessage::createMethodCall(
-            u"im.pidgin.purple.PurpleService"_s, u"/im/pidgin/purple/PurpleObject"_s,
-            u"im.pidgin.purple.PurpleInterface"_s, u"PurpleGetIms"_s);
-        const auto conversations = [&] {
-            const QDBusMessage answer = QDBusConnection::sessionBus().call(question, QDBus::Block, 2000);
-            return qdbus_cast<QList<int>>(answer.arguments().value(0)).size();
-        };
-        const auto before = conversations();
+        const auto before = numbers(u"PurpleGetIms"_s).size();
         PurpleMessenger().openConversation(bea);
-        QTRY_COMPARE(conversations(), before + 1);
+        QTRY_COMPARE(numbers(u"PurpleGetIms"_s).size(), before + 1);
+    }
+
+    void a_conversation_is_with_the_person_and_not_with_a_device()
+    {
+        const auto before = numbers(u"PurpleGetIms"_s);
+        PurpleMessenger().openConversation(u"rui@localhost/teste"_s);
+        QTRY_COMPARE(numbers(u"PurpleGetIms"_s).size(), before.size() + 1);
+        for (const int conversation : numbers(u"PurpleGetIms"_s))
+            if (!before.contains(conversation))
+                QCOMPARE(ask(u"PurpleConversationGetName"_s, {conversation}).toString(), u"rui@localhost"_s);
     }
 
     void a_client_that_hangs_costs_one_short_wait_and_is_left_alone()

@@ -4,6 +4,7 @@ foreach(teste IN ITEMS
     test_DesktopRegistry
     test_DesktopShell
     test_DesktopSound
+    test_DesktopTray
     test_Dialogs
     test_ErrorText
     test_FreeMemory
@@ -14,6 +15,7 @@ foreach(teste IN ITEMS
     test_ProgramFolder
     test_SingleInstance
     test_SomGravado
+    test_ToolkitLanguage
     test_WindowsRegistry)
     morvex_teste(platform/${teste} LIGA platform)
 endforeach()

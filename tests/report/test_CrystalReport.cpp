@@ -335,6 +335,19 @@ private Q_SLOTS:
         QVERIFY(janela.isVisible() && janela.isMaximized());
         QCOMPARE(janela.windowTitle(), u"Pré-Visualizar"_s);
     }
+    void os_comandos_estao_em_grupos_numa_barra_que_nao_sai_do_seu_lugar()
+    {
+        const auto *barra = Pre_Visualizar().findChild<QToolBar *>();
+        QVERIFY(!barra->isMovable());
+        QStringList grupos{{}};
+        for (const QAction *comando : barra->actions())
+            if (comando->isSeparator())
+                grupos << QString();
+            else if (!comando->objectName().isEmpty())
+                grupos.last() += comando->objectName() + u' ';
+        QCOMPARE(grupos, (QStringList{u"first previous next last "_s, u"zoomOut zoomIn fitWidth wholePage "_s,
+                                      u"print pdf refresh "_s, u"close "_s}));
+    }
     void conta_as_paginas_enquanto_se_olha()
     {
         const ReportPreview &janela = Pre_Visualizar();

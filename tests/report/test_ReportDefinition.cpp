@@ -135,6 +135,10 @@ private Q_SLOTS:
         caso("chaveta a mais", u"<detail><row><text>T.A}</text></row></detail>"_s, u"line 2"_s, u"brace"_s);
         caso("lugar desconhecido", u"<detail><row><text>{time}</text></row></detail>"_s, u"line 2"_s,
              u"{time}"_s);
+        caso("lugar sem tabela", u"<detail><row><text>{.A}</text></row></detail>"_s, u"line 2"_s,
+             u"{.A} is no place"_s);
+        caso("lugar sem coluna", u"<detail><row><text>{T.}</text></row></detail>"_s, u"line 2"_s,
+             u"{T.} is no place"_s);
         caso("formato desconhecido", u"<detail><row><text>{T.A:euro}</text></row></detail>"_s, u"line 2"_s,
              u"euro"_s);
         caso("texto solto", u"<detail>ola</detail>"_s, u"line 2"_s, u"text"_s);

@@ -564,6 +564,29 @@ private Q_SLOTS:
         QCOMPARE(Registos(livro, 0xA1).value(0).Palavra(5), 0); // lengthwise
     }
 
+    void as_cabecas_ficam_onde_estao_quando_os_registos_andam()
+    {
+        const ReportRows rows{u"x"_s, {u"A"_s}, {}, {{u"a"_s}}};
+        const QByteArray livro = Pasta().Bytes(ReportControl::Spreadsheet, rows);
+        QCOMPARE(Registos(livro, 0x23E).value(0).corpo.toHex(' '),
+                 Hex("be07 0000 0000 4000 0000 0000 0000 0000 0000").toHex(' '));
+        QCOMPARE(Registos(livro, 0x41).value(0).corpo.toHex(' '),
+                 Hex("0000 0100 0100 0000 02 00").toHex(' '));
+        QCOMPARE(Registos(livro, 0x1D).value(0).corpo.toHex(' '),
+                 Hex("02 0100 0000 0000 0100 0100 0100 00 00").toHex(' '));
+    }
+
+    void a_largura_de_uma_coluna_e_so_dela_e_nada_mais_muda_nela()
+    {
+        const ReportRows rows{u"x"_s, {u"A"_s, u"B"_s}, {}, {{u"a"_s, u"b"_s}}};
+        const auto colunas = Registos(Pasta().Bytes(ReportControl::Spreadsheet, rows), 0x7D);
+        QCOMPARE(colunas.size(), 2);
+        QCOMPARE(colunas[0].corpo.first(4).toHex(' '), Hex("0000 0000").toHex(' '));
+        QCOMPARE(colunas[1].corpo.first(4).toHex(' '), Hex("0100 0100").toHex(' '));
+        for (const Registo &coluna : colunas) // the format of its cells; nothing hidden; the end
+            QCOMPARE(coluna.corpo.mid(6).toHex(' '), Hex("0f00 0000 0000").toHex(' '));
+    }
+
     void impressas_as_cabecas_voltam_em_cada_pagina()
     {
         ReportRows rows{u"Lista"_s, {u"Nome"_s}, {}, {}};

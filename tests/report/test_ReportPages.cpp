@@ -600,6 +600,21 @@ private Q_SLOTS:
         QCOMPARE(file.readAll(), "velho");
     }
 
+    void enquanto_as_paginas_se_contam_diz_se_de_cem_em_cem_quantas_sao()
+    {
+        Juntar_Muitos(2050);
+        QStringList dito;
+        const auto pages = Relatorio(uma_linha);
+        QCOMPARE(writePdf(*pages, u"x"_s, folder_.filePath(u"r.pdf"_s),
+                          [&](int page, int found) {
+                              if (page == 0) dito << QString::number(found);
+                              return page == 0;
+                          }),
+                 PrintResult::Cancelled);
+        QCOMPARE(pages->found(), 205);
+        QCOMPARE(dito.join(u' '), u"100 200 205"_s); // the last as the first page is painted
+    }
+
     void um_pdf_que_nao_se_pode_gravar_e_recusado()
     {
         const auto pages = Relatorio(uma_linha);

@@ -1,10 +1,12 @@
 # Tests of report.
 foreach(teste IN ITEMS
+    test_CompoundFile
     test_CrystalReport
     test_ReportData
     test_ReportDefinition
     test_ReportPages
     test_ReportPrinting
+    test_ReportWords
     test_SelectionFormula)
     morvex_teste(report/${teste} LIGA report)
 endforeach()

@@ -51,6 +51,7 @@ constexpr auto legendas_escritas = std::to_array<Legenda>({
     {"Seguinte", 145},
     {"Ferramentas", 146},
     {"mnuMailNotification", 252},
+    {"mnuMessenger", 241},
     {"Aniversarios", 147},
     {"Memo", 148},
     {"NovaTarefa", 149},
