@@ -2,6 +2,7 @@
 morvex_teste(session/test_frmLogin LIGA session)
 morvex_teste(session/test_frmOpcoes LIGA session)
 morvex_teste(session/test_autorun LIGA session)
+morvex_teste(session/test_BaseDesaparecida LIGA session)
 morvex_teste(session/test_Chamar LIGA session)
 morvex_teste(session/test_frmDeleteUser LIGA session)
 morvex_teste(session/test_frmEditUser LIGA session)
