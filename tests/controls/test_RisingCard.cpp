@@ -71,6 +71,12 @@ private Q_SLOTS:
         QCOMPARE(QGuiApplication::primaryScreen()->geometry(), primary);
     }
 
+    void before_its_rise_nothing_moves_it()
+    {
+        const Card c;
+        QVERIFY(!c.card.TimerUp.Enabled() && !c.card.TimerDown.Enabled() && !c.card.TimerTimeout.Enabled());
+    }
+
     void it_begins_below_the_edge_of_the_primary_screen_data()
     {
         QTest::addColumn<QSize>("size");

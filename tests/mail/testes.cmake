@@ -1,5 +1,6 @@
 # Tests of mail.
 foreach(teste IN ITEMS
+    test_MailTexts
     test_Pop3Check
     test_PopMailNotification
     test_servidor_pop3)

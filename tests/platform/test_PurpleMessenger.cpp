@@ -127,6 +127,13 @@ private Q_SLOTS:
                  QIcon(u":/imagens/toolbar/messenger_%1.svg"_s.arg(picture)).pixmap(16).toImage());
     }
 
+    // Contacts are stored with these numbers.
+    void each_presence_has_its_number()
+    {
+        using enum MessengerAPI::Status;
+        QCOMPARE((QList<int>{Unknown, Offline, Online, Busy, Idle, Away}), (QList<int>{0, 1, 2, 10, 18, 34}));
+    }
+
     void the_place_of_a_device_is_no_part_of_the_address()
     {
         PurpleMessenger messenger;

@@ -371,6 +371,8 @@ private Q_SLOTS:
         Accionar(janela, "last");
         QCOMPARE(pagina->value(), ultima);
         QVERIFY(!Parte<QAction>(janela, "next")->isEnabled());
+        Accionar(janela, "previous");
+        QCOMPARE(pagina->value(), ultima - 1);
         pagina->setValue(3);
         QCOMPARE(janela.findChild<ReportView *>()->page(), 2);
         Accionar(janela, "first");

@@ -245,9 +245,16 @@ private Q_SLOTS:
     void as_imagens_dos_menus_so_estao_la_sem_lingua()
     {
         SemLingua m;
-        QVERIFY(!m.janela.Ficheiro->icon().isNull());
-        QVERIFY(!m.janela.Sair->icon().isNull());
-        QVERIFY(!m.janela.SystemTraySair->icon().isNull());
+        const auto mostra = [](const QAction *entrada, const QString &imagem) {
+            const QImage esperada = QIcon(imagem).pixmap(16).toImage();
+            return !esperada.isNull() && entrada->icon().pixmap(16).toImage() == esperada;
+        };
+        QVERIFY(mostra(m.janela.Ficheiro->menuAction(), u":/imagens/menu/ficheiro.svg"_s));
+        QVERIFY(mostra(m.janela.Contactos->menuAction(), u":/imagens/card/grupo.svg"_s));
+        QVERIFY(mostra(m.janela.Ferramentas->menuAction(), u":/imagens/toolbar/opcoes.svg"_s));
+        QVERIFY(mostra(m.janela.Ajuda->menuAction(), u":/imagens/toolbar/ajuda.svg"_s));
+        QVERIFY(mostra(m.janela.Sair, u":/imagens/menu/sair.svg"_s));
+        QVERIFY(mostra(m.janela.SystemTraySair, u":/imagens/menu/sair.svg"_s));
         Sistema s;
         Main janela(s.geral, s.plataforma);
         legendas::Atribuir(janela, s.geral);
