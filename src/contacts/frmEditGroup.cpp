@@ -4,8 +4,8 @@
 #include "contacts/Mover_Contactos.h"
 #include "contacts/Preencher_Grupos.h"
 #include "contacts/Preencher_Utilizadores.h"
-#include "data/Geral.h"
 #include "controls/Controls.h"
+#include "data/Geral.h"
 #include "platform/Failure.h"
 #include "platform/Platform.h"
 
@@ -95,7 +95,9 @@ void frmEditGroup::cmdOk_Click()
 bool frmEditGroup::Mover()
 {
     const QString origem = ComboGrupos->ChosenItemData();
-    if (!Mover_Contactos(geral_, platform_, origem, ComboGrupos2->ChosenItemData(), this)) return false;
+    const QString destino = ComboGrupos2->ChosenItemData();
+    if (!Pode_Mover(geral_, platform_, origem, destino, this)) return false;
+    Mover_Contactos(geral_, origem, destino);
     lista_.Refrescar();
     return true;
 }
