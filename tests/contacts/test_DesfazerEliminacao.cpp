@@ -149,7 +149,6 @@ private Q_SLOTS:
                            {u"Website"_s, u"x.example"_s},
                            {u"Morada"_s, u"Rua 1"_s},
                            {u"Obs"_s, u"notas"_s}});
-        const QStringList antes = a.Tudo();
         a.Eliminar(a.Contacto(u"Berta"_s, ComGrupos::Outros)); // Ana alone is shown
         a.janela.show();
         QVERIFY(QTest::qWaitForWindowActive(&a.janela));
@@ -327,9 +326,10 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("mudanca");
         QTest::addColumn<QString>("outro"); // the ID of the group into which the contact comes
-        QTest::newRow("grupo do mesmo nome")
-            << u"UPDATE TblGrupos SET NomeGrupo='aMIGOS' WHERE ID=5;DELETE FROM TblGrupos WHERE ID=1"_s
-            << u"5"_s;
+        QTest::newRow("grupo do mesmo nome") << u"UPDATE TblGrupos SET NomeGrupo='aMIGOS' WHERE ID=5;UPDATE "
+                                                u"TblGrupos SET NomeGrupo='AA' WHERE "
+                                                "ID=4;DELETE FROM TblGrupos WHERE ID=1"_s
+                                             << u"5"_s;
         QTest::newRow("o primeiro a vista") << u"DELETE FROM TblGrupos WHERE ID=1"_s << u"4"_s;
         QTest::newRow("passou a ser de outro")
             << u"UPDATE TblGrupos SET IdUtilizador=99 WHERE ID IN (1, 4)"_s << u"2"_s;
