@@ -1,4 +1,5 @@
 // The captions of every form but the main window, each by the number of its text, in three languages.
+#include "contacts/DesfazerEliminacao.h"
 #include "contacts/frmAddEdit.h"
 #include "contacts/frmDeleteGroup.h"
 #include "contacts/frmEditGroup.h"
@@ -60,6 +61,7 @@ struct ComFormulario {
     Sistema s;
     Main janela{s.geral, s.plataforma};
     ListaContactos &lista = *janela.findChild<ListaContactos *>();
+    DesfazerEliminacao &desfazer = *janela.findChild<DesfazerEliminacao *>();
     Intercambio &intercambio = *janela.findChild<Intercambio *>();
     RelatorioFalso relatorio;
     std::unique_ptr<QWidget> form;
@@ -147,7 +149,7 @@ const QList<Formulario> formularios{
      {u"title 122"_s, u"Label1 123"_s, u"OptionRenomear 124"_s, u"OptionMover 116"_s,
       u"OptionChangeUser 273"_s, u"cmdCriarUtilizador 130"_s, u"cmdCancelar 43"_s}},
     {"frmDeleteGroup",
-     [](ComFormulario &c) { return c.Novo<frmDeleteGroup>(c.s.geral, c.s.plataforma, c.lista); },
+     [](ComFormulario &c) { return c.Novo<frmDeleteGroup>(c.s.geral, c.s.plataforma, c.lista, c.desfazer); },
      {u"title 121"_s, u"Label1 115"_s, u"OptionMover 116"_s, u"OptionEliminar 117"_s, u"cmdCancelar 43"_s}},
     {"frmEmail",
      [](ComFormulario &c) { return c.Novo<frmEmail>(c.s.geral, c.s.plataforma, u"a@x"_s, u"b@x"_s); },
