@@ -1,6 +1,7 @@
 #include "contacts/AccoesContacto.h"
 
 #include "contacts/CartaoContacto.h"
+#include "contacts/DesfazerEliminacao.h"
 #include "contacts/frmEmail.h"
 #include "contacts/frmVerImagem.h"
 #include "contacts/LinhasLink.h"
@@ -24,12 +25,13 @@ constexpr qint16 texto_deseja_eliminar = 54;
 } // namespace
 
 AccoesContacto::AccoesContacto(Janela &janela, Geral &geral, Platform &platform, ListaContactos &lista,
-                               CartaoContacto &cartao)
+                               CartaoContacto &cartao, DesfazerEliminacao &desfazer)
     : QObject(&janela),
       geral_(geral),
       platform_(platform),
       lista_(lista),
       cartao_(cartao),
+      desfazer_(desfazer),
       janela_(janela),
       ListaNomes(*janela.ListaNomes),
       txtEmail1(*janela.txtEmail1),
@@ -55,7 +57,8 @@ void AccoesContacto::cmdEliminar_Click()
     const int linha = geral_.IndiceContacto; // question and deed are about one row
     if (!Tem_Direito(geral_.SessaoActual.Eliminar, geral_, platform_, &janela_) || !Confirma_Eliminar(linha))
         return;
-    geral_.de.Executar("cmdEliminarNome", {QString::number(ListaNomes.ItemData(linha))});
+    const QString ID = QString::number(ListaNomes.ItemData(linha));
+    desfazer_.Eliminar_Contacto(ID, [&] { geral_.de.Executar("cmdEliminarNome", {ID}); });
     lista_.Limpar_Dados();
     lista_.Carregar_Tabela();
 }

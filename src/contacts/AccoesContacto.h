@@ -6,6 +6,7 @@
 #include <QObject>
 
 class CartaoContacto;
+class DesfazerEliminacao;
 class Geral;
 class Janela;
 class ListaContactos;
@@ -18,7 +19,7 @@ class AccoesContacto final : public QObject
     Q_OBJECT
 public:
     AccoesContacto(Janela &janela, Geral &geral, Platform &platform, ListaContactos &lista,
-                   CartaoContacto &cartao);
+                   CartaoContacto &cartao, DesfazerEliminacao &desfazer);
 
 private:
     void cmdEliminar_Click();
@@ -34,6 +35,7 @@ private:
     Platform &platform_;
     ListaContactos &lista_;
     CartaoContacto &cartao_;
+    DesfazerEliminacao &desfazer_;
     Janela &janela_;
     ListBox &ListaNomes;
     QLineEdit &txtEmail1, &txtEmail2, &txtWebsite;

@@ -15,8 +15,14 @@
 
 using namespace Qt::StringLiterals;
 
-Grupos::Grupos(Janela &janela, Geral &geral, Platform &platform, ListaContactos &lista)
-    : QObject(&janela), janela_(janela), geral_(geral), platform_(platform), lista_(lista)
+Grupos::Grupos(Janela &janela, Geral &geral, Platform &platform, ListaContactos &lista,
+               DesfazerEliminacao &desfazer)
+    : QObject(&janela),
+      janela_(janela),
+      geral_(geral),
+      platform_(platform),
+      lista_(lista),
+      desfazer_(desfazer)
 {
     connect(janela.CriarGrupos, &QAction::triggered, this, &Grupos::CriarGrupos_Click);
     connect(janela.EditarGrupos, &QAction::triggered, this, &Grupos::EditarGrupos_Click);
@@ -49,7 +55,7 @@ void Grupos::EliminarGrupos_Click()
 {
     if (!Tem_Direito_A_Grupos()) return;
     const DisabledWindow desactivada(janela_);
-    frmDeleteGroup form(geral_, platform_, lista_, &janela_);
+    frmDeleteGroup form(geral_, platform_, lista_, desfazer_, &janela_);
     runModal(form);
 }
 

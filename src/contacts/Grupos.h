@@ -3,6 +3,7 @@
 
 #include <QObject>
 
+class DesfazerEliminacao;
 class Geral;
 class Janela;
 class ListaContactos;
@@ -13,7 +14,8 @@ class Grupos final : public QObject
 {
     Q_OBJECT
 public:
-    Grupos(Janela &janela, Geral &geral, Platform &platform, ListaContactos &lista);
+    Grupos(Janela &janela, Geral &geral, Platform &platform, ListaContactos &lista,
+           DesfazerEliminacao &desfazer);
 
     // The form of a new group, modally. Asks for no right.
     void Mostrar_frmNovoGrupo();
@@ -35,4 +37,5 @@ private:
     Geral &geral_;
     Platform &platform_;
     ListaContactos &lista_;
+    DesfazerEliminacao &desfazer_;
 };

@@ -53,12 +53,14 @@ void LugarNaLista::Mostrar_Novo(int IndiceNovoContacto)
     ListaNomes.setListIndex(IndiceNovoContacto);
 }
 
-void LugarNaLista::Mostrar_Editado(const QString &IDGrupo)
+void LugarNaLista::Mostrar_Editado(const QString &IDGrupo) { Mostrar(geral_.IDContacto, IDGrupo); }
+
+void LugarNaLista::Mostrar(int ID, const QString &IDGrupo)
 {
     const QString grupo_a_vista = ComboGrupos.ChosenItemData();
     if (grupo_a_vista != "0"_L1 && grupo_a_vista != IDGrupo) ComboGrupos.setListIndex(0);
     lista_.Carregar_Tabela();
-    const int linha = Linha_Com(ListaNomes2, geral_.IDContacto);
+    const int linha = Linha_Com(ListaNomes2, ID);
     ListaNomes2.setListIndex(linha);
     ListaNomes.setListIndex(linha);
 }

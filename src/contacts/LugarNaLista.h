@@ -25,6 +25,9 @@ public:
     // filter goes back to all groups first. A contact that isn't listed any more selects nothing.
     void Mostrar_Editado(const QString &IDGrupo);
 
+    // The same for the contact of that ID.
+    void Mostrar(int ID, const QString &IDGrupo);
+
 private:
     void Ler_Nomes();
 

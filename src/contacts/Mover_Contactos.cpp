@@ -5,13 +5,15 @@
 
 #include <QWidget>
 
-bool Mover_Contactos(Geral &geral, Platform &platform, const QString &origem, const QString &destino,
-                     QWidget *dono)
+bool Pode_Mover(Geral &geral, Platform &platform, const QString &origem, const QString &destino,
+                QWidget *dono)
 {
-    if (origem == destino) {
-        platform.boxes.show(geral.Ler_Idioma(120), box::stop, dono->windowTitle(), dono);
-        return false;
-    }
+    if (origem != destino) return true;
+    platform.boxes.show(geral.Ler_Idioma(120), box::stop, dono->windowTitle(), dono);
+    return false;
+}
+
+void Mover_Contactos(Geral &geral, const QString &origem, const QString &destino)
+{
     geral.de.Executar("cmdChangeGroup", {destino, origem});
-    return true;
 }

@@ -1,4 +1,4 @@
-// Emptying one group into another.
+// Emptying one group into another. Both are given by their IDs in digits.
 #pragma once
 
 class Geral;
@@ -6,7 +6,9 @@ class QString;
 class QWidget;
 struct Platform;
 
-// Puts every contact of the one group into the other; both are given by their IDs in digits. Where they are
-// the same, says so in front of the owner and does nothing: false.
-bool Mover_Contactos(Geral &geral, Platform &platform, const QString &origem, const QString &destino,
-                     QWidget *dono);
+// Whether they are two. Where they are the same, says so in front of the owner.
+bool Pode_Mover(Geral &geral, Platform &platform, const QString &origem, const QString &destino,
+                QWidget *dono);
+
+// Puts every contact of the one group into the other. Asks and says nothing.
+void Mover_Contactos(Geral &geral, const QString &origem, const QString &destino);

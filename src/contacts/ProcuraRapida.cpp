@@ -46,6 +46,7 @@ ProcuraRapida::ProcuraRapida(Janela &janela, Geral &geral, Platform &platform, L
       cmdEliminar(*janela.cmdEliminar)
 {
     connect(&txtProcura, &QLineEdit::textChanged, this, &ProcuraRapida::txtProcura_Change);
+    connect(&txtProcura, &QLineEdit::textEdited, this, [this] { escrito_ = true; });
     txtProcura.installEventFilter(this);
 }
 
@@ -73,6 +74,8 @@ bool ProcuraRapida::eventFilter(QObject *, QEvent *event)
     case QEvent::FocusOut:
         Q_EMIT KeyPreview(true);
         return false;
+    case QEvent::ShortcutOverride:
+        return Deixa_Desfazer(*static_cast<QKeyEvent *>(event));
     case QEvent::KeyPress:
         return txtProcura_KeyDown(*static_cast<QKeyEvent *>(event));
     default:
@@ -88,6 +91,16 @@ void ProcuraRapida::txtProcura_GotFocus(Qt::FocusReason razao)
     if (razao != Qt::MouseFocusReason) return txtProcura.selectAll();
     // Behind the press that brought the focus, for that takes the selection away again.
     QMetaObject::invokeMethod(&txtProcura, &QLineEdit::selectAll, Qt::QueuedConnection);
+}
+
+// The keys that undo belong to what was done last: to the text as long as it was typed after the deletion. An
+// event that the box does not take finds the menu entry.
+bool ProcuraRapida::Deixa_Desfazer(QKeyEvent &tecla) const
+{
+    if (escrito_ || !tecla.matches(QKeySequence::Undo) || !janela_.DesfazerEliminar->isEnabled())
+        return false;
+    tecla.ignore();
+    return true;
 }
 
 // A button that is disabled takes no click.

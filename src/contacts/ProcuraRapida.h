@@ -22,6 +22,9 @@ public:
 
     bool eventFilter(QObject *alvo, QEvent *event) override;
 
+    // Something was deleted: the keys that undo bring it back, until text is typed again.
+    void Tomar_Eliminacao() { escrito_ = false; }
+
 Q_SIGNALS:
     // Whether the window's own keys are to work: not while the box has the keyboard.
     void KeyPreview(bool ligada);
@@ -31,6 +34,7 @@ Q_SIGNALS:
 private:
     void txtProcura_Change();
     void txtProcura_GotFocus(Qt::FocusReason razao);
+    bool Deixa_Desfazer(QKeyEvent &tecla) const;
     bool txtProcura_KeyDown(const QKeyEvent &tecla); // true when the box itself has nothing left to do
 
     Geral &geral_;
@@ -40,4 +44,5 @@ private:
     QLineEdit &txtProcura;
     ListBox &ListaNomes;
     QAbstractButton &cmdEditar, &cmdEliminar;
+    bool escrito_ = false; // since the last deletion
 };

@@ -2,6 +2,7 @@
 
 #include "contacts/CamposDeData.h"
 #include "contacts/DataAniversario.h"
+#include "contacts/EntradaDeFotografia.h"
 #include "contacts/Fotografia.h"
 #include "contacts/Preencher_Grupos.h"
 #include "controls/Scale.h"
@@ -14,6 +15,9 @@
 #include "platform/Failure.h"
 #include "platform/Picture.h"
 #include "platform/Platform.h"
+#include "platform/Translations.h"
+
+#include <QStandardPaths>
 
 using namespace Qt::StringLiterals;
 
@@ -32,30 +36,46 @@ QRectF Lugar_Da_Foto(QSizeF natural)
 
 QString Filtro(const QString &todas_as_imagens)
 {
-    return todas_as_imagens + u"|*.bmp;*.dib;*.gif;*.jpg;*.wmf;*.emf;*ico;*.cur|Bitmaps "
+    return todas_as_imagens + u"|*.bmp;*.dib;*.gif;*.jpg;*.png;*.wmf;*.emf;*ico;*.cur|Bitmaps "
                               "(*.bmp;*.dib)|*.bmp;*.dib|GIF "
                               "(*.gif)|*.gif|JPEG "
-                              "(*.jpg)|*.jpg|Metafiles "
+                              "(*.jpg)|*.jpg|PNG "
+                              "(*.png)|*.png|Metafiles "
                               "(*.wmf;*.emf)|*.wmf;*.emf|Icons "
                               "(*.ico;*.cur)|*.ico;*.cur"_s;
+}
+
+// Where the dialog begins: where the last picture was, or where the desktop keeps pictures.
+QString Pasta_De_Partida(const Geral &geral)
+{
+    return geral.UltimaPastaFotos.isEmpty()
+               ? QStandardPaths::writableLocation(QStandardPaths::PicturesLocation)
+               : geral.UltimaPastaFotos;
 }
 
 QString Pasta_Do_Ficheiro(const QString &FileName) { return FileName.left(FileName.lastIndexOf(u'/') + 1); }
 } // namespace
 
 frmAddEdit::frmAddEdit(Janela &janela, Geral &geral, Platform &platform, ListaContactos &lista)
-    : QDialog(&janela), geral_(geral), platform_(platform), janela_(janela), lugar_(janela, geral, lista)
+    : QDialog(&janela),
+      geral_(geral),
+      platform_(platform),
+      janela_(janela),
+      lugar_(janela, geral, lista),
+      nova_(geral)
 {
     setupUi(this);
     scale::apply(*this);
     setFixedSize(size());
     datas_ = new CamposDeData(*this, {*txtDia, *txtMes, *txtAno, *Calendario}, platform_.clock);
+    entrada_ = new EntradaDeFotografia(*this, *Thumb);
     for (QWidget *campo : findChildren<QWidget *>(Qt::FindDirectChildrenOnly))
         campo->installEventFilter(this);
     for (QLineEdit *campo : findChildren<QLineEdit *>())
         keepWholeCharacters(*campo);
     connect(ComboGrupos, &ComboBox::Click, this, &frmAddEdit::ComboGrupos_Click);
     connect(cmd_foto, &QPushButton::clicked, this, &frmAddEdit::cmd_foto_Click);
+    connect(entrada_, &EntradaDeFotografia::Veio, this, &frmAddEdit::Fotografia_Veio);
     connect(cmdOk, &QPushButton::clicked, this, &frmAddEdit::cmdOk_Click);
     connect(cmdCancelar, &QPushButton::clicked, this, &frmAddEdit::cmdCancelar_Click);
     connect(this, &QDialog::finished, this, &frmAddEdit::Form_Unload);
@@ -100,6 +120,7 @@ void frmAddEdit::Atribuir_Legendas()
         legenda->setText(geral_.Ler_Idioma(texto));
     cmdCancelar->setText(geral_.Ler_Idioma(43));
     cmd_foto->setText(geral_.Ler_Idioma(44));
+    entrada_->Legendar(spokenLanguage(geral_.IdiomaActual));
     Thumb->setAccessibleName(lblFotografia->text());
     Calendario->setAccessibleName(lblAniversario->text());
 }
@@ -158,7 +179,11 @@ void frmAddEdit::Form_Activate()
 }
 
 // The alarm and the dot go on, and the mail cycle begins anew.
-void frmAddEdit::Form_Unload() { geral_.temporizadores.Gerir_Temporizadores(u"start"_s); }
+void frmAddEdit::Form_Unload()
+{
+    nova_.Arrumar(result() == Accepted ? txtFotografia->text() : QString());
+    geral_.temporizadores.Gerir_Temporizadores(u"start"_s);
+}
 
 bool frmAddEdit::eventFilter(QObject *alvo, QEvent *evento)
 {
@@ -172,16 +197,42 @@ void frmAddEdit::ComboGrupos_Click() { txtIDGrupo->setText(ComboGrupos->ChosenIt
 void frmAddEdit::cmd_foto_Click()
 {
     const auto FileName =
-        platform_.dialogs.openFile(Filtro(geral_.Ler_Idioma(1)), geral_.UltimaPastaFotos, this);
-    if (!FileName) return;
-    const QString pasta = Pasta_Do_Ficheiro(*FileName);
+        platform_.dialogs.openFile(Filtro(geral_.Ler_Idioma(1)), Pasta_De_Partida(geral_), this);
+    if (FileName) Tomar_Foto(*FileName);
+}
+
+// A box inside of a drop would hold up the program that the picture comes from, so it waits.
+void frmAddEdit::Fotografia_Veio(const QMimeData &dados)
+{
+    std::function<void()> depois;
+    try {
+        depois = [this, caminho = nova_.Caminho(dados)] {
+            nova_.Feita_Aqui(caminho) ? Por_Foto(caminho) : Tomar_Foto(caminho);
+        };
+    } catch (const FotografiaRecusada &recusa) {
+        depois = [this, texto = recusa.Texto(spokenLanguage(geral_.IdiomaActual))] {
+            platform_.boxes.show(texto, box::stop, windowTitle(), this);
+        };
+    }
+    QMetaObject::invokeMethod(this, depois, Qt::QueuedConnection);
+}
+
+// A file that a person has chosen. The next choice begins in its folder.
+void frmAddEdit::Tomar_Foto(const QString &FileName)
+{
+    const QString pasta = Pasta_Do_Ficheiro(FileName);
     if (!Cabe_No_Ini(pasta)) return Recusar_Valor_Longo(pasta, geral_, platform_, this);
     geral_.UltimaPastaFotos = pasta;
     geral_.ini.Escrever_Ini(u"fotografias"_s, u"lastpathpic"_s, geral_.UltimaPastaFotos);
-    txtFotografia->setText(*FileName);
+    Por_Foto(FileName);
+}
+
+void frmAddEdit::Por_Foto(const QString &FileName)
+{
+    txtFotografia->setText(FileName);
     onFailure(
         [&] {
-            Mostrar_Foto(*FileName);
+            Mostrar_Foto(FileName);
             if (geral_.ModoContacto != "Edit"_L1) return;
             cmdOk->setDefault(true);
             cmdOk->setFocus();

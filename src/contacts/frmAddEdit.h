@@ -3,6 +3,7 @@
 // comes between.
 #pragma once
 
+#include "contacts/FotografiaNova.h"
 #include "contacts/LugarNaLista.h"
 #include "controls/LongText.h"
 #include "ui_frmAddEdit.h"
@@ -12,6 +13,7 @@
 #include <QDialog>
 
 class CamposDeData;
+class EntradaDeFotografia;
 class Geral;
 class Janela;
 struct Platform;
@@ -41,6 +43,7 @@ private:
     void Form_Unload();
     void ComboGrupos_Click();
     void cmd_foto_Click();
+    void Fotografia_Veio(const QMimeData &dados);
     void cmdOk_Click();
     void cmdCancelar_Click();
 
@@ -49,6 +52,8 @@ private:
     void Escolher_Grupo(const QString &Grupo);
     void Mostrar_Foto(const QString &ficheiro);
     void Mostrar_Foto_Do_Contacto();
+    void Tomar_Foto(const QString &FileName);
+    void Por_Foto(const QString &FileName);
 
     void Recusar_Data();
     std::array<QString, 17> Valores() const;
@@ -62,6 +67,8 @@ private:
     LugarNaLista lugar_;
     LongText Morada_;
     LongText Obs_;
-    CamposDeData *datas_; // a child of the form
+    CamposDeData *datas_;          // a child of the form
+    EntradaDeFotografia *entrada_; // likewise
+    FotografiaNova nova_;
     bool activado_ = false;
 };

@@ -1,5 +1,6 @@
 #include "contacts/frmDeleteGroup.h"
 
+#include "contacts/DesfazerEliminacao.h"
 #include "contacts/ListaContactos.h"
 #include "contacts/Mover_Contactos.h"
 #include "contacts/Preencher_Grupos.h"
@@ -11,8 +12,14 @@
 
 using namespace Qt::StringLiterals;
 
-frmDeleteGroup::frmDeleteGroup(Geral &geral, Platform &platform, ListaContactos &lista, QWidget *dono)
-    : QDialog(dono), geral_(geral), platform_(platform), lista_(lista), pausa_(geral.temporizadores)
+frmDeleteGroup::frmDeleteGroup(Geral &geral, Platform &platform, ListaContactos &lista,
+                               DesfazerEliminacao &desfazer, QWidget *dono)
+    : QDialog(dono),
+      geral_(geral),
+      platform_(platform),
+      lista_(lista),
+      desfazer_(desfazer),
+      pausa_(geral.temporizadores)
 {
     setupUi(this);
     scale::apply(*this);
@@ -44,19 +51,23 @@ void frmDeleteGroup::Eliminar()
 {
     if (ComboGrupos->ListCount() == 1) return Dizer(118);
     const QString grupo = ComboGrupos->ChosenItemData();
-    if (!Tratar_Dos_Contactos(grupo)) return;
-    geral_.de.Executar("cmdDeleteGroup", {grupo});
+    const QString destino = OptionMover->isChecked() ? ComboGrupos2->ChosenItemData() : QString();
+    if (!Pode_Mover(geral_, platform_, grupo, destino, this)) return;
+    Eliminar_Com_Os_Contactos(grupo, destino);
     lista_.Refrescar();
     accept();
 }
 
-// Nobody is asked before the contacts go.
-bool frmDeleteGroup::Tratar_Dos_Contactos(const QString &grupo)
+// Nobody is asked before the contacts go, for without a destination they do.
+void frmDeleteGroup::Eliminar_Com_Os_Contactos(const QString &grupo, const QString &destino)
 {
-    if (OptionMover->isChecked())
-        return Mover_Contactos(geral_, platform_, grupo, ComboGrupos2->ChosenItemData(), this);
-    geral_.de.Executar("cmdEliminarNomeByGroup", {grupo});
-    return true;
+    desfazer_.Eliminar_Grupo(grupo, destino, [&] {
+        if (destino.isEmpty())
+            geral_.de.Executar("cmdEliminarNomeByGroup", {grupo});
+        else
+            Mover_Contactos(geral_, grupo, destino);
+        geral_.de.Executar("cmdDeleteGroup", {grupo});
+    });
 }
 
 void frmDeleteGroup::Dizer(qint16 texto)

@@ -7,6 +7,7 @@
 
 #include <QDialog>
 
+class DesfazerEliminacao;
 class Geral;
 class ListaContactos;
 struct Platform;
@@ -15,7 +16,8 @@ class frmDeleteGroup final : public QDialog, public Ui::frmDeleteGroup
 {
     Q_OBJECT
 public:
-    frmDeleteGroup(Geral &geral, Platform &platform, ListaContactos &lista, QWidget *dono = nullptr);
+    frmDeleteGroup(Geral &geral, Platform &platform, ListaContactos &lista, DesfazerEliminacao &desfazer,
+                   QWidget *dono = nullptr);
 
 private:
     void Form_Unload();
@@ -23,11 +25,12 @@ private:
     void cmdOk_Click();
 
     void Eliminar();
-    bool Tratar_Dos_Contactos(const QString &grupo);
+    void Eliminar_Com_Os_Contactos(const QString &grupo, const QString &destino);
     void Dizer(qint16 texto);
 
     Geral &geral_;
     Platform &platform_;
     ListaContactos &lista_;
+    DesfazerEliminacao &desfazer_;
     PausaDosTemporizadores pausa_;
 };

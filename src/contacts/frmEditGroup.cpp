@@ -97,7 +97,9 @@ void frmEditGroup::cmdOk_Click()
 bool frmEditGroup::Mover()
 {
     const QString origem = ComboGrupos->ChosenItemData();
-    if (!Mover_Contactos(geral_, platform_, origem, ComboGrupos2->ChosenItemData(), this)) return false;
+    const QString destino = ComboGrupos2->ChosenItemData();
+    if (!Pode_Mover(geral_, platform_, origem, destino, this)) return false;
+    Mover_Contactos(geral_, origem, destino);
     lista_.Refrescar();
     return true;
 }

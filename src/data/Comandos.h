@@ -1,5 +1,5 @@
 // The catalogue of the 70 named commands: the SQL that reaches morvex.mdb, but for the merge's one question for all
-// groups at once. One entry a command.
+// groups at once and for what puts deleted rows back as they were. One entry a command.
 #pragma once
 
 #include <array>

@@ -102,6 +102,29 @@ Recordset DE::Grupos_Depois_De(qint64 ID)
                            {ID});
 }
 
+LinhasInteiras DE::Ler_Inteiras(std::string_view tabela, std::string_view coluna, const Value &valor)
+{
+    LinhasInteiras linhas;
+    Recordset rs = Ligacao().query(linha_inteira::Sql_Ler(tabela, coluna),
+                                   {valor.convertedTo(esquema::Tipo(tabela, coluna))});
+    for (; !rs.Eof(); rs.MoveNext())
+        linhas.push_back(linha_inteira::Da_Linha(tabela, rs));
+    return linhas;
+}
+
+QString DE::Repor_Inteira(std::string_view tabela, const LinhaInteira &linha)
+{
+    Ligacao().execute(linha_inteira::Sql_Repor(tabela), linha_inteira::Valores(tabela, linha));
+    return Ligacao().query(QStringLiteral("SELECT last_insert_rowid() AS ID"), {}).Fields("ID").text();
+}
+
+void DE::Repor_No_Grupo(const Value &ID, const Value &grupo, const Value &de_onde_esta)
+{
+    using enum ColumnType;
+    Ligacao().execute(QStringLiteral("UPDATE TblLista SET Grupo = ? WHERE ID = ? AND Grupo = ?"),
+                      {grupo.convertedTo(Long), ID.convertedTo(Long), de_onde_esta.convertedTo(Long)});
+}
+
 bool DE::E_A_Base_Aberta(const QString &caminho) { return isSameFile(Ligacao().file(), caminho); }
 
 void DE::Fechar_Ligacao()

@@ -4,6 +4,7 @@
 
 #include "data/CaminhoDaBase.h"
 #include "data/Comandos.h"
+#include "data/LinhaInteira.h"
 #include "store/Connection.h"
 
 #include <array>
@@ -48,6 +49,17 @@ public:
     // The groups with a higher ID than that, by their ID. Asked for a name at a time, thousands of them would
     // each walk over all the others.
     Recordset Grupos_Depois_De(qint64 ID);
+
+    // What undoing a deletion asks beyond the commands: rows as they stand, the same rows put back with their
+    // IDs, and contacts put back into the group out of which they were moved.
+    LinhasInteiras Ler_Inteiras(std::string_view tabela, std::string_view coluna, const Value &valor);
+    // A row whose ID is Null receives the next one. Returns the ID of the row.
+    QString Repor_Inteira(std::string_view tabela, const LinhaInteira &linha);
+    void Repor_No_Grupo(const Value &ID, const Value &grupo, const Value &de_onde_esta);
+
+    // Runs that as one: all that its commands write is in the file when this returns, and nothing of it when
+    // this raises.
+    void Tudo_Ou_Nada(const std::function<void()> &trabalho) { Ligacao().allOrNothing(trabalho); }
 
     // The file of the open database, and whether a path leads to it, under whatever name.
     QString Ficheiro() { return Ligacao().file(); }

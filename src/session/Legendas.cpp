@@ -1,8 +1,9 @@
 #include "session/Legendas.h"
 
-#include "data/Geral.h"
 #include "controls/Controls.h"
+#include "data/Geral.h"
 #include "platform/Failure.h"
+#include "platform/Translations.h"
 
 #include <array>
 #include <QAbstractButton>
@@ -67,6 +68,12 @@ constexpr std::array textos = std::to_array<EntradaDeTexto>({
     {Botao, "ajuda", 266},
 });
 // clang-format on
+
+// Of what databases have no text for. The mnemonics are unique in the menu Contactos.
+constexpr Translations desfazer_eliminar{
+    u"Desfa&zer eliminação",      u"Desfa&zer exclusão",    u"&Undo Deletion",
+    u"Des&hacer eliminación",     u"Ann&ulla eliminazione", u"Ann&uler la suppression",
+    u"Löschen &rückgängig machen"};
 
 struct ImagemDeEntrada {
     const char *controlo;
@@ -156,6 +163,8 @@ void legendas::Atribuir(QMainWindow &janela, Geral &geral)
 {
     for (const EntradaDeTexto &entrada : textos)
         skipFailure([&] { Atribuir_Um(janela, entrada, geral.Ler_Idioma(entrada.texto)); });
+    control<QAction>(janela, u"DesfazerEliminar"_s)
+        .setText(translated(desfazer_eliminar, spokenLanguage(geral.IdiomaActual)));
     Dar_Dicas_Fixas(janela);
     for (const ImagemDeEntrada &imagem : imagens)
         Por_Imagem(janela, imagem);

@@ -2,6 +2,7 @@
 
 #include "contacts/AccoesContacto.h"
 #include "contacts/CartaoContacto.h"
+#include "contacts/DesfazerEliminacao.h"
 #include "contacts/EdicaoContacto.h"
 #include "contacts/Grupos.h"
 #include "contacts/ListaContactos.h"
@@ -80,12 +81,13 @@ Main::Main(Geral &geral, Platform &platform)
     correio_ = new CicloCorreio(*this, geral_, platform_);
 
     auto *utilizadores = new ::Utilizadores(*this, geral_, platform_); // not the menus of these names
-    auto *grupos = new ::Grupos(*this, geral_, platform_, *lista_);
+    auto *desfazer = new DesfazerEliminacao(*this, geral_, platform_, *lista_);
+    auto *grupos = new ::Grupos(*this, geral_, platform_, *lista_, *desfazer);
     auto *edicao = new EdicaoContacto(*this, geral_, platform_, *lista_);
 
     auto *pesquisa = new Pesquisa(*this, geral_, platform_);
     procuraRapida_ = new ProcuraRapida(*this, geral_, platform_, *lista_);
-    new AccoesContacto(*this, geral_, platform_, *lista_, *cartao_);
+    new AccoesContacto(*this, geral_, platform_, *lista_, *cartao_, *desfazer);
 
     new Impressao(*this, geral_, platform_, *CrystalReport1);
     auto *intercambio = new Intercambio(*this, geral_, platform_, *CrystalReport1);
@@ -101,6 +103,7 @@ Main::Main(Geral &geral, Platform &platform)
     });
     connect(pesquisa, &Pesquisa::Trazer_Main, tray_, &SystemTray::Trazer_Janela);
     connect(procuraRapida_, &ProcuraRapida::Minimizar_Tray, tray_, &SystemTray::Minimizar_Tray);
+    connect(desfazer, &DesfazerEliminacao::Eliminado, procuraRapida_, &ProcuraRapida::Tomar_Eliminacao);
     connect(edicao, &EdicaoContacto::Sem_Grupos, grupos, &::Grupos::Mostrar_frmNovoGrupo);
     connect(grupos, &::Grupos::CriarUtilizador, utilizadores, &::Utilizadores::Mostrar_frmNovoUser);
     connect(&geral_.temporizadores.timerPonto, &QTimer::timeout, this, &Main::timerPonto_Timer);

@@ -386,6 +386,21 @@ void Connection::runPortionOneByOne()
         runAlone(write);
 }
 
+void Connection::allOrNothing(const std::function<void()> &work)
+{
+    if (!database_) raise(QStringLiteral("The connection is closed"));
+    run({QStringLiteral("BEGIN IMMEDIATE"), {}});
+    const auto written = database_->written;
+    try {
+        work();
+        run({QStringLiteral("COMMIT"), {}});
+    } catch (...) {
+        database_->written = written;
+        if (database_->inTransaction()) run({QStringLiteral("ROLLBACK"), {}});
+        throw;
+    }
+}
+
 Connection::Mark Connection::mark()
 {
     if (!database_) raise(QStringLiteral("The connection is closed"));

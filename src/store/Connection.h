@@ -76,6 +76,10 @@ public:
     // up to the first that fails, which is raised. While a portion is open nobody else reads the file.
     void gathering(const std::function<void()> &work);
 
+    // Runs that, which must not close the connection, as one: all that it writes is in the file when this
+    // returns, and nothing of it when this raises. From its beginning nobody else writes to the file.
+    void allOrNothing(const std::function<void()> &work);
+
     // How many portions have been undone since the opening. What was read of such a one, the numbers of new
     // rows among it, may not be in the file, or stand for something else there.
     int undone() const;

@@ -481,9 +481,9 @@ private Q_SLOTS:
         });
         QCOMPARE(
             e.s.dialogos.perguntas,
-            QStringList(u"openFile Todas as imagens|*.bmp;*.dib;*.gif;*.jpg;*.wmf;*.emf;*ico;*.cur|Bitmaps "
-                        "(*.bmp;*.dib)|*.bmp;*.dib|GIF (*.gif)|*.gif|JPEG (*.jpg)|*.jpg|Metafiles "
-                        "(*.wmf;*.emf)|*.wmf;*.emf|Icons (*.ico;*.cur)|*.ico;*.cur @ /onde/estava/"_s));
+            QStringList(u"openFile Todas as imagens|*.bmp;*.dib;*.gif;*.jpg;*.png;*.wmf;*.emf;*ico;*.cur|Bitmaps "
+                        "(*.bmp;*.dib)|*.bmp;*.dib|GIF (*.gif)|*.gif|JPEG (*.jpg)|*.jpg|PNG (*.png)|*.png|"
+                        "Metafiles (*.wmf;*.emf)|*.wmf;*.emf|Icons (*.ico;*.cur)|*.ico;*.cur @ /onde/estava/"_s));
         const QString pasta = e.s.Pasta() + u'/';
         QCOMPARE(e.s.geral.UltimaPastaFotos, pasta);
         QCOMPARE(e.s.geral.ini.Ler_Ini(u"fotografias"_s, u"lastpathpic"_s), pasta);

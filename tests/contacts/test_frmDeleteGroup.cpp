@@ -33,7 +33,7 @@ private Q_SLOTS:
     void as_legendas_vem_dos_textos()
     {
         ComGrupos g;
-        const frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista);
+        const frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista, g.desfazer);
         QCOMPARE(form.windowTitle(), g.s.Texto(121));
         QCOMPARE(form.Label1->text(), g.s.Texto(115));
         QCOMPARE(form.OptionMover->text(), g.s.Texto(116));
@@ -49,7 +49,7 @@ private Q_SLOTS:
     void o_destino_so_se_escolhe_quando_se_move()
     {
         ComGrupos g;
-        frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista);
+        frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista, g.desfazer);
         form.OptionEliminar->click();
         QVERIFY(!form.ComboGrupos2->isEnabled());
         form.OptionMover->click();
@@ -61,7 +61,7 @@ private Q_SLOTS:
         ComGrupos g;
         const int abel = g.Contacto(u"Abel"_s, ComGrupos::Amigos);
         const int berta = g.Contacto(u"Berta"_s, ComGrupos::Outros);
-        frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista);
+        frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista, g.desfazer);
         Preencher(form, ComGrupos::Amigos);
         form.OptionMover->click();
         g.Confirmar(form);
@@ -76,7 +76,7 @@ private Q_SLOTS:
         ComGrupos g;
         const int abel = g.Contacto(u"Abel"_s, ComGrupos::Amigos);
         const int berta = g.Contacto(u"Berta"_s, ComGrupos::Outros);
-        frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista);
+        frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista, g.desfazer);
         Preencher(form, ComGrupos::Amigos);
         form.OptionEliminar->click();
         g.Confirmar(form);
@@ -99,7 +99,7 @@ private Q_SLOTS:
         ComGrupos g;
         g.Contacto(u"Abel"_s, ComGrupos::Amigos);
         Diario diario(g.s, {u"TblLista"_s, u"TblGrupos"_s});
-        frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista);
+        frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista, g.desfazer);
         Preencher(form, ComGrupos::Amigos);
         (move ? form.OptionMover : form.OptionEliminar)->click();
         g.Confirmar(form);
@@ -115,7 +115,7 @@ private Q_SLOTS:
         g.lista.Carregar_Grupos();
         ComGrupos::Escolher(*g.janela.ComboGrupos, ComGrupos::Amigos);
         QVERIFY(g.janela.cmdEditar->isEnabled()); // the only one is shown at once
-        frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista);
+        frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista, g.desfazer);
         Preencher(form, ComGrupos::Amigos);
         form.OptionEliminar->click();
         g.Confirmar(form);
@@ -131,7 +131,7 @@ private Q_SLOTS:
         ComGrupos g;
         g.Contacto(u"Abel"_s, ComGrupos::Familia);
         const ComGrupos::Intactos intactos(g);
-        frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista);
+        frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista, g.desfazer);
         Preencher(form, ComGrupos::Familia);
         form.OptionMover->click();
         g.Ouvir(form, 120, 121);
@@ -143,7 +143,7 @@ private Q_SLOTS:
         ComGrupos g;
         g.s.Escrever(u"UPDATE TblGrupos SET IdUtilizador=99 WHERE ID<>3"_s); // somebody else's
         const ComGrupos::Intactos intactos(g);
-        frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista);
+        frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista, g.desfazer);
         QCOMPARE(form.ComboGrupos->ListCount(), 1);
         Escolher_Opcao(form);
         g.Ouvir(form, 118, 121);
@@ -154,7 +154,7 @@ private Q_SLOTS:
     {
         ComGrupos g;
         const int abel = g.Contacto(u"Abel"_s, ComGrupos::Familia);
-        frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista);
+        frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista, g.desfazer);
         Preencher(form, ComGrupos::Colegas);
         Escolher_Opcao(form);
         g.Confirmar(form);
@@ -170,7 +170,7 @@ private Q_SLOTS:
         g.Contacto(u"Abel"_s, ComGrupos::Amigos);
         g.s.Escrever(
             u"CREATE TRIGGER Travao BEFORE DELETE ON TblGrupos BEGIN SELECT RAISE(ABORT, 'no'); END"_s);
-        frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista);
+        frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista, g.desfazer);
         Preencher(form, ComGrupos::Amigos);
         Escolher_Opcao(form);
         g.Ouvir(form, 119, 121);
@@ -181,12 +181,27 @@ private Q_SLOTS:
         QCOMPARE(g.Grupos().size(), 5);
     }
 
+    void um_grupo_que_nao_se_elimina_fica_com_os_contactos_data() { As_Duas_Opcoes(); }
+    void um_grupo_que_nao_se_elimina_fica_com_os_contactos()
+    {
+        ComGrupos g;
+        g.Contacto(u"Abel"_s, ComGrupos::Amigos);
+        g.s.Escrever(
+            u"CREATE TRIGGER Travao BEFORE DELETE ON TblGrupos BEGIN SELECT RAISE(ABORT, 'no'); END"_s);
+        const ComGrupos::Intactos intactos(g);
+        frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista, g.desfazer);
+        Preencher(form, ComGrupos::Amigos);
+        Escolher_Opcao(form);
+        g.Ouvir(form, 119, 121);
+        QVERIFY(!g.janela.DesfazerEliminar->isEnabled());
+    }
+
     void quem_nao_ve_grupo_nenhum_ouve_que_nao_se_eliminou()
     {
         ComGrupos g;
         g.s.Escrever(u"UPDATE TblGrupos SET IdUtilizador=99"_s);
         const ComGrupos::Intactos intactos(g);
-        frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista);
+        frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista, g.desfazer);
         g.Ouvir(form, 119, 121);
     }
 
@@ -194,7 +209,7 @@ private Q_SLOTS:
     {
         ComGrupos g;
         const ComGrupos::Intactos intactos(g);
-        frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista);
+        frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista, g.desfazer);
         form.show();
         form.cmdCancelar->click();
         QVERIFY(!form.isVisible());
@@ -203,7 +218,7 @@ private Q_SLOTS:
     void os_temporizadores_param_e_voltam_a_andar()
     {
         ComGrupos g;
-        frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista);
+        frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista, g.desfazer);
         g.Verificar_Temporizadores(form);
     }
 
@@ -217,7 +232,8 @@ private Q_SLOTS:
     {
         ComGrupos g;
         g.s.Escrever(u"DELETE FROM TblIdiomas WHERE ID = 43"_s);
-        VERIFICAR_FALHA(frmDeleteGroup(g.s.geral, g.s.plataforma, g.lista), Failure::NoCurrentRecord);
+        VERIFICAR_FALHA(frmDeleteGroup(g.s.geral, g.s.plataforma, g.lista, g.desfazer),
+                        Failure::NoCurrentRecord);
         QVERIFY(g.Temporizadores_Ligados());
     }
 };

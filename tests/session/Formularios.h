@@ -1,6 +1,7 @@
 // Every form of the program, as its opener makes it.
 #pragma once
 
+#include "contacts/DesfazerEliminacao.h"
 #include "contacts/frmAddEdit.h"
 #include "contacts/frmDeleteGroup.h"
 #include "contacts/frmEditGroup.h"
@@ -56,6 +57,7 @@ struct ComFormulario {
     Sistema s;
     Main janela{s.geral, s.plataforma};
     ListaContactos &lista = *janela.findChild<ListaContactos *>();
+    DesfazerEliminacao &desfazer = *janela.findChild<DesfazerEliminacao *>();
     Intercambio &intercambio = *janela.findChild<Intercambio *>();
     RelatorioFalso relatorio;
     std::unique_ptr<QWidget> form;
@@ -82,7 +84,7 @@ inline const QMap<QString, Abertura> aberturas{
     {QStringLiteral("frmEditGroup"),
      [](ComFormulario &c) { return c.Novo<frmEditGroup>(c.s.geral, c.s.plataforma, c.lista); }},
     {QStringLiteral("frmDeleteGroup"),
-     [](ComFormulario &c) { return c.Novo<frmDeleteGroup>(c.s.geral, c.s.plataforma, c.lista); }},
+     [](ComFormulario &c) { return c.Novo<frmDeleteGroup>(c.s.geral, c.s.plataforma, c.lista, c.desfazer); }},
     {QStringLiteral("frmEmail"),
      [](ComFormulario &c) {
          return c.Novo<frmEmail>(c.s.geral, c.s.plataforma, QStringLiteral("a@x"), QStringLiteral("b@x"));

@@ -206,6 +206,7 @@ private Q_SLOTS:
     {
         ComJanela c;
         QStringList conhecidos = livres;
+        conhecidos << u"DesfazerEliminar"_s; // needs the right of what it undoes; tested where that is
         for (const Caminho &caminho : Caminhos())
             conhecidos << QLatin1String(caminho.nome);
         for (const QAction *accao : c.janela.findChildren<QAction *>())

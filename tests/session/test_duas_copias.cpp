@@ -1,5 +1,6 @@
 // Two copies of the program on one database: while others add contacts, this one reloads its list and makes
 // and deletes groups and users. The others are real processes: this very program, started with other words.
+#include "contacts/DesfazerEliminacao.h"
 #include "contacts/frmDeleteGroup.h"
 #include "contacts/frmNovoGrupo.h"
 #include "session/frmDeleteUser.h"
@@ -71,7 +72,7 @@ class TestDuasCopias : public QObject
     // Its contacts go to the group that stays, so none is deleted.
     static void Eliminar_Grupo(Vida &vida, Sistema &s, ListaContactos &lista, const QString &nome)
     {
-        frmDeleteGroup form(vida.geral, s.plataforma, lista);
+        frmDeleteGroup form(vida.geral, s.plataforma, lista, *vida.janela.findChild<DesfazerEliminacao *>());
         form.ComboGrupos->ChooseText(nome);
         form.ComboGrupos2->ChooseText(u"Outros"_s);
         form.OptionMover->click();

@@ -294,6 +294,31 @@ private Q_SLOTS:
                  u"ok"_s);
     }
 
+    void o_que_e_tudo_ou_nada_fica_inteiro_ou_nao_fica()
+    {
+        Criar_Tabela();
+        const QString inserir = u"INSERT INTO T (Nome) VALUES (?)"_s;
+        const int antes = connection_.written(inserir);
+        VERIFICAR_FALHA(connection_.allOrNothing([&] {
+            connection_.execute(inserir, {u"Bia"_s});
+            connection_.execute(inserir, {u"Bia"_s, u"a mais"_s});
+        }),
+                        Failure::StoreError);
+        QCOMPARE(Nomes(u"WHERE Nome='Bia'"_s), QStringList());
+        QCOMPARE(connection_.written(inserir), antes);
+
+        connection_.allOrNothing([&] {
+            connection_.execute(inserir, {u"Bia"_s});
+            connection_.execute(inserir, {u"Rui"_s});
+        });
+        QCOMPARE(connection_.written(inserir), antes + 2);
+        Connection outra; // nothing is left locked
+        outra.setConnectionString(Fonte(path_));
+        outra.Open();
+        outra.execute(u"DELETE FROM T WHERE Nome='Rui'"_s, {});
+        QCOMPARE(Nomes(u"WHERE Nome IN ('Bia', 'Rui')"_s), QStringList(u"Bia"_s));
+    }
+
     void uma_tranca_espera_se_uma_vez_ate_que_uma_escrita_passe()
     {
         constexpr qint64 paciencia = 12000; // ms: one wait in vain takes 5,000

@@ -2,6 +2,7 @@
 // the test's own, and every group in the filter.
 #pragma once
 
+#include "contacts/DesfazerEliminacao.h"
 #include "contacts/ListaContactos.h"
 #include "session/Main.h"
 #include "testlib/Sistema.h"
@@ -41,4 +42,5 @@ struct ComJanela {
     Sistema s;
     Main janela{s.geral, s.plataforma};
     ListaContactos &lista = *janela.findChild<ListaContactos *>();
+    DesfazerEliminacao &desfazer = *janela.findChild<DesfazerEliminacao *>();
 };

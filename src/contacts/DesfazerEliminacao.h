@@ -1,0 +1,53 @@
+// Undoing deletions of contacts and groups, the last one first, until the program ends: the menu entry and
+// its keys. Whoever deletes does so through here, for what nobody saw before it went nobody can bring back.
+#pragma once
+
+#include "contacts/LugarNaLista.h"
+#include "contacts/Reposicao.h"
+#include "platform/Translations.h"
+
+#include <functional>
+#include <QObject>
+#include <vector>
+
+class Janela;
+class ListaContactos;
+struct Platform;
+
+class DesfazerEliminacao final : public QObject
+{
+    Q_OBJECT
+public:
+    DesfazerEliminacao(Janela &janela, Geral &geral, Platform &platform, ListaContactos &lista);
+
+    // Run a deletion as one, all of it or nothing, and remember what it took: the contact of that ID, or the
+    // group with its contacts. Where these are moved and not deleted the destination is their new group;
+    // otherwise it is empty. The deletion must ask nobody anything. Raise what it raises.
+    void Eliminar_Contacto(const QString &ID, const std::function<void()> &eliminar);
+    void Eliminar_Grupo(const QString &ID, const QString &destino, const std::function<void()> &eliminar);
+
+Q_SIGNALS:
+    // Something that can be brought back was deleted.
+    void Eliminado();
+
+private:
+    using Pilha = std::vector<Eliminacao>;
+
+    void DesfazerEliminar_Click();
+
+    void Guardar(const std::function<Eliminacao()> &retrato, const std::function<void()> &eliminar);
+    Pilha::iterator Ultima();
+    void Permitir();
+    bool Pode_Desfazer(const Eliminacao &eliminacao);
+    std::optional<Reposto> Trazer(const Eliminacao &eliminacao);
+    void Mostrar(const Reposto &reposto);
+    void Avisar(const Reposto &reposto);
+    int Dizer(const Translations &palavras, int flags, const QStringList &nomes = {});
+
+    Janela &janela_;
+    Geral &geral_;
+    Platform &platform_;
+    ListaContactos &lista_;
+    LugarNaLista lugar_;
+    Pilha pilha_;
+};

@@ -1,0 +1,127 @@
+#include "contacts/Reposicao.h"
+
+#include "data/Geral.h"
+#include "platform/TextOrder.h"
+
+#include <algorithm>
+
+namespace
+{
+constexpr std::string_view lista = "TblLista";
+constexpr std::string_view grupos = "TblGrupos";
+
+std::optional<LinhaInteira> Grupo_Com_Id(DE &de, const QString &ID)
+{
+    LinhasInteiras linhas = ID.isEmpty() ? LinhasInteiras() : de.Ler_Inteiras(grupos, "ID", ID);
+    return linhas.empty() ? std::nullopt : std::optional(std::move(linhas.front()));
+}
+
+// The group a contact lies in and its presence change by themselves; all else makes it the same contact.
+bool Iguais(LinhaInteira a, LinhaInteira b)
+{
+    for (LinhaInteira *linha : {&a, &b})
+        for (const std::string_view coluna : {"Grupo", "MSNMessenger"})
+            linha->erase(coluna);
+    return a == b;
+}
+
+QString Repor_Linha(DE &de, std::string_view tabela, LinhaInteira linha, Numero numero)
+{
+    const QString ID = linha_inteira::Texto(linha, "ID");
+    const LinhasInteiras aqui = de.Ler_Inteiras(tabela, "ID", ID);
+    if (!aqui.empty()) {
+        if (Iguais(aqui.front(), linha)) return ID;
+        if (numero == Numero::OMesmo) throw NumeroOcupado();
+        linha["ID"] = std::monostate();
+    }
+    return de.Repor_Inteira(tabela, linha);
+}
+
+// Of the groups that the user sees: the same one, one of its name, the first.
+LinhaInteira Grupo_A_Vista(Geral &geral, const LinhaInteira &antes)
+{
+    LinhasInteiras a_vista;
+    Recordset &rs = geral.de.Abrir("cmdListarGrupos", {geral.SessaoActual.IdUtilizador});
+    for (; !rs.Eof(); rs.MoveNext())
+        a_vista.push_back(linha_inteira::Da_Linha(grupos, rs));
+    rs.Close();
+    if (a_vista.empty()) throw SemGrupo();
+
+    const auto procurar = [&](const auto &serve) {
+        return std::find_if(a_vista.begin(), a_vista.end(), serve);
+    };
+    const QString nome = linha_inteira::Texto(antes, "NomeGrupo");
+    auto achado = procurar([&](const LinhaInteira &g) { return g.at("ID") == antes.at("ID"); });
+    if (achado == a_vista.end())
+        achado = procurar([&](const LinhaInteira &g) {
+            return compareText(linha_inteira::Texto(g, "NomeGrupo"), nome) == 0;
+        });
+    return achado == a_vista.end() ? a_vista.front() : *achado;
+}
+
+Reposto Repor_Contacto(Geral &geral, const Eliminacao &eliminacao, Numero numero)
+{
+    Reposto reposto;
+    LinhaInteira contacto = eliminacao.contactos.front();
+    if (eliminacao.grupo) { // a contact that lay in no group comes back as it was
+        const LinhaInteira grupo = Grupo_A_Vista(geral, *eliminacao.grupo);
+        if (grupo.at("ID") != eliminacao.grupo->at("ID")) {
+            reposto.noutro_grupo = true;
+            reposto.grupo_em_falta = linha_inteira::Texto(*eliminacao.grupo, "NomeGrupo");
+            reposto.outro_grupo = linha_inteira::Texto(grupo, "NomeGrupo");
+        }
+        contacto["Grupo"] = grupo.at("ID");
+    }
+    reposto.IDGrupo = linha_inteira::Texto(contacto, "Grupo");
+    reposto.ID = Repor_Linha(geral.de, lista, contacto, numero);
+    return reposto;
+}
+
+// Of the contacts that were moved those come back that are still where they were moved to.
+Reposto Repor_Grupo(DE &de, const Eliminacao &eliminacao, Numero numero)
+{
+    const QString grupo = Repor_Linha(de, grupos, *eliminacao.grupo, numero);
+    const StoreValue ID = Value(grupo).convertedTo(ColumnType::Long);
+    for (LinhaInteira contacto : eliminacao.contactos) {
+        contacto["Grupo"] = ID;
+        if (eliminacao.destino.isEmpty())
+            Repor_Linha(de, lista, contacto, numero);
+        else
+            de.Repor_No_Grupo(linha_inteira::Texto(contacto, "ID"), grupo, eliminacao.destino);
+    }
+    Reposto reposto;
+    reposto.IDGrupo = grupo;
+    return reposto;
+}
+} // namespace
+
+Eliminacao Retrato_Do_Contacto(Geral &geral, const QString &ID)
+{
+    Eliminacao eliminacao{.IdUtilizador = geral.SessaoActual.IdUtilizador,
+                          .grupo = {},
+                          .contactos = geral.de.Ler_Inteiras(lista, "ID", ID),
+                          .destino = {}};
+    if (!eliminacao.contactos.empty())
+        eliminacao.grupo =
+            Grupo_Com_Id(geral.de, linha_inteira::Texto(eliminacao.contactos.front(), "Grupo"));
+    return eliminacao;
+}
+
+Eliminacao Retrato_Do_Grupo(Geral &geral, const QString &ID, const QString &destino)
+{
+    return {.IdUtilizador = geral.SessaoActual.IdUtilizador,
+            .grupo = Grupo_Com_Id(geral.de, ID),
+            .contactos = geral.de.Ler_Inteiras(lista, "Grupo", ID),
+            .destino = destino,
+            .vai_o_grupo = true};
+}
+
+Reposto Repor(Geral &geral, const Eliminacao &eliminacao, Numero numero)
+{
+    Reposto reposto;
+    geral.de.Tudo_Ou_Nada([&] {
+        reposto = eliminacao.vai_o_grupo ? Repor_Grupo(geral.de, eliminacao, numero)
+                                         : Repor_Contacto(geral, eliminacao, numero);
+    });
+    return reposto;
+}

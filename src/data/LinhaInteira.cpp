@@ -1,0 +1,60 @@
+#include "data/LinhaInteira.h"
+
+#include "data/Esquema.h"
+#include "store/Recordset.h"
+
+#include <algorithm>
+#include <QStringList>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+QString texto(std::string_view nome) { return QString::fromUtf8(nome.data(), qsizetype(nome.size())); }
+
+std::span<const Coluna> Colunas(std::string_view tabela)
+{
+    const auto tabelas = esquema::Tabelas();
+    const auto achada =
+        std::find_if(tabelas.begin(), tabelas.end(), [&](const Tabela &t) { return t.nome == tabela; });
+    return achada == tabelas.end() ? std::span<const Coluna>() : achada->colunas;
+}
+} // namespace
+
+QString linha_inteira::Sql_Ler(std::string_view tabela, std::string_view coluna)
+{
+    return u"SELECT * FROM %1 WHERE %2 = ? ORDER BY ID"_s.arg(texto(tabela), texto(coluna));
+}
+
+QString linha_inteira::Sql_Repor(std::string_view tabela)
+{
+    QStringList nomes;
+    for (const Coluna &coluna : Colunas(tabela))
+        nomes << texto(coluna.nome);
+    const QString sinais = QStringList(nomes.size(), u"?"_s).join(u',');
+    return u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(texto(tabela), nomes.join(u','), sinais);
+}
+
+LinhaInteira linha_inteira::Da_Linha(std::string_view tabela, const Recordset &rs)
+{
+    LinhaInteira linha;
+    for (const Coluna &coluna : Colunas(tabela)) {
+        const Field campo = rs.Fields(coluna.nome.data()); // a literal, so it ends in a zero
+        const Value valor = campo.isNull() ? Value(nullptr) : Value(campo.text());
+        linha[coluna.nome] = valor.convertedTo(coluna.tipo);
+    }
+    return linha;
+}
+
+std::vector<StoreValue> linha_inteira::Valores(std::string_view tabela, const LinhaInteira &linha)
+{
+    std::vector<StoreValue> valores;
+    for (const Coluna &coluna : Colunas(tabela))
+        valores.push_back(linha.at(coluna.nome));
+    return valores;
+}
+
+QString linha_inteira::Texto(const LinhaInteira &linha, std::string_view coluna)
+{
+    return Field(linha.at(coluna)).textOrEmpty();
+}

@@ -1,0 +1,505 @@
+// Undoing deletions of contacts and of groups.
+#include "ComGrupos.h"
+#include "contacts/frmDeleteGroup.h"
+#include "controls/Controls.h"
+#include "session/Legendas.h"
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+struct Apagador : ComGrupos {
+    Apagador() { janela.setWindowTitle(u"Morvex 1.0"_s); }
+
+    void Esperar(int resposta)
+    {
+        s.caixas.Espera(u"*"_s, box::question | box::yesNo, u"Morvex 1.0"_s, resposta);
+    }
+    void Esperar_Sim() { Esperar(answer::yes); }
+
+    void Eliminar(int id)
+    {
+        lista.Carregar_Tabela();
+        ComJanela::Escolher(id);
+        Esperar_Sim();
+        janela.cmdEliminar->click();
+        QVERIFY(s.caixas.Todas_Vistas());
+        QVERIFY(janela.DesfazerEliminar->isEnabled());
+    }
+
+    // The group with its contacts, or after moving them to that other one.
+    void Eliminar_Grupo(int grupo, int destino = 0)
+    {
+        bool veio = false;
+        accoes::Quando_Abrir<frmDeleteGroup>([&](frmDeleteGroup &form) {
+            veio = true;
+            ComGrupos::Escolher(*form.ComboGrupos, grupo);
+            (destino == 0 ? form.OptionEliminar : form.OptionMover)->click();
+            if (destino != 0) ComGrupos::Escolher(*form.ComboGrupos2, destino);
+            form.cmdOk->click();
+        });
+        janela.EliminarGrupos->trigger();
+        QVERIFY(veio);
+        QVERIFY(!Grupos_Por_Id().contains(QString::number(grupo)));
+    }
+
+    void Desfazer()
+    {
+        QVERIFY(janela.DesfazerEliminar->isEnabled());
+        janela.DesfazerEliminar->trigger();
+        QVERIFY(s.caixas.Todas_Vistas());
+    }
+
+    // As the keys reach it: a failure ends in the error box.
+    void Desfazer_Com_Erro()
+    {
+        janela.show();
+        QVERIFY(QTest::qWaitForWindowActive(&janela));
+        s.caixas.Espera_Erro(Failure::StoreError);
+        QTest::keyClick(janela.ListaNomes, Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY(s.caixas.Todas_Vistas());
+        QVERIFY(janela.DesfazerEliminar->isEnabled());
+    }
+
+    QStringList Tudo() { return Grupos() + s.Linhas(u"SELECT * FROM TblLista ORDER BY ID"_s); }
+    QStringList Contactos() { return s.Linhas(u"SELECT ID, Nome, Grupo FROM TblLista ORDER BY ID"_s); }
+    QStringList Grupos_Por_Id() { return s.Linhas(u"SELECT ID FROM TblGrupos"_s); }
+
+    QString Escolhido() const
+    {
+        const int linha = janela.ListaNomes->ListIndex();
+        return linha < 0 ? QString() : janela.ListaNomes->List(linha);
+    }
+
+    bool Pode_Desfazer() const { return janela.DesfazerEliminar->isEnabled(); }
+};
+
+QChar Mnemonica(const QString &legenda)
+{
+    const qsizetype sinal = legenda.indexOf(u'&');
+    return sinal < 0 ? QChar() : legenda.at(sinal + 1).toLower();
+}
+} // namespace
+
+class TestDesfazerEliminacao : public QObject
+{
+    Q_OBJECT
+
+    using Gesto = std::function<void(Apagador &)>;
+
+    static Gesto Tecla_Delete(const QString &caixa)
+    {
+        return [caixa](Apagador &a) {
+            auto &com_foco = control<QWidget>(a.janela, caixa);
+            com_foco.setFocus();
+            QTest::keyClick(&com_foco, Qt::Key_Delete);
+        };
+    }
+
+private Q_SLOTS:
+    void ctrl_z_desfaz_a_eliminacao_por_qualquer_via_data()
+    {
+        QTest::addColumn<Gesto>("gesto");
+        QTest::newRow("botao") << Gesto([](Apagador &a) { a.janela.cmdEliminar->click(); });
+        QTest::newRow("menu") << Gesto([](Apagador &a) { a.janela.EliminarContacto->trigger(); });
+        QTest::newRow("barra") << Gesto([](Apagador &a) { a.janela.eliminar_contacto->trigger(); });
+        QTest::newRow("botao direito") << Gesto([](Apagador &a) { a.janela.RightClickEliminar->trigger(); });
+        QTest::newRow("tecla na lista") << Tecla_Delete(u"ListaNomes"_s);
+        QTest::newRow("tecla na procura") << Tecla_Delete(u"txtProcura"_s);
+    }
+    void ctrl_z_desfaz_a_eliminacao_por_qualquer_via()
+    {
+        QFETCH(Gesto, gesto);
+        Apagador a;
+        a.Contacto(u"Abel"_s, ComGrupos::Amigos);
+        const int berta =
+            a.s.Novo_Contacto({{u"Nome"_s, u"Berta"_s}, {u"Telefone1"_s, u"213"_s}, {u"Grupo"_s, 6}});
+        const QStringList antes = a.Tudo();
+        a.janela.show();
+        QVERIFY(QTest::qWaitForWindowActive(&a.janela));
+        a.lista.Carregar_Tabela();
+        a.janela.txtProcura->setFocus();
+        QTest::keyClicks(a.janela.txtProcura, u"Be"_s);
+        QCOMPARE(a.Escolhido(), u"Berta"_s);
+        a.Esperar_Sim();
+        gesto(a);
+        QVERIFY(a.Tudo() != antes);
+        a.lista.Limpar_Dados(); // nothing on view, as after any reload of many
+        QTest::keyClick(a.janela.focusWidget(), Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(a.Tudo(), antes);
+        QCOMPARE(a.Escolhido(), u"Berta"_s);
+        QCOMPARE(int{a.s.geral.IDContacto}, berta);
+        QCOMPARE(a.janela.txtTelefone1->text(), u"213"_s);
+        QVERIFY(!a.Pode_Desfazer());
+    }
+
+    void ctrl_z_vale_em_todo_o_cartao_data()
+    {
+        QTest::addColumn<QString>("controlo");
+        for (const char *controlo : {"txtEmail1", "txtWebsite", "txtMorada", "txtObs", "Thumb", "ComboGrupos",
+                                     "cmdNovo", "ListaNomes"})
+            QTest::newRow(controlo) << controlo;
+    }
+    void ctrl_z_vale_em_todo_o_cartao()
+    {
+        QFETCH(QString, controlo);
+        Apagador a;
+        a.s.Novo_Contacto({{u"Nome"_s, u"Ana"_s},
+                           {u"Email1"_s, u"a@x.example"_s},
+                           {u"Website"_s, u"x.example"_s},
+                           {u"Morada"_s, u"Rua 1"_s},
+                           {u"Obs"_s, u"notas"_s}});
+        a.Eliminar(a.Contacto(u"Berta"_s, ComGrupos::Outros)); // Ana alone is shown
+        a.janela.show();
+        QVERIFY(QTest::qWaitForWindowActive(&a.janela));
+        auto &com_foco = control<QWidget>(a.janela, controlo);
+        com_foco.setFocus();
+        QVERIFY(com_foco.hasFocus());
+        QTest::keyClick(&com_foco, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(a.Escolhido(), u"Berta"_s);
+    }
+
+    void texto_escrito_depois_da_eliminacao_desfaz_se_primeiro()
+    {
+        Apagador a;
+        a.Contacto(u"Abel"_s, ComGrupos::Outros);
+        a.Eliminar(a.Contacto(u"Berta"_s, ComGrupos::Outros));
+        a.janela.show();
+        QVERIFY(QTest::qWaitForWindowActive(&a.janela));
+        a.janela.txtProcura->setFocus();
+        QTest::keyClicks(a.janela.txtProcura, u"Ab"_s);
+        QTest::keyClick(a.janela.txtProcura, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(a.janela.txtProcura->text(), QString());
+        QCOMPARE(a.Contactos().size(), 1);
+        QVERIFY(a.Pode_Desfazer());
+    }
+
+    void o_contacto_volta_com_todas_as_colunas_nulas_ou_vazias()
+    {
+        Apagador a;
+        const int ana = a.s.Novo_Contacto({{u"Nome"_s, u"Ana «Ñandú» 😀"_s},
+                                           {u"Dia"_s, u"07"_s},
+                                           {u"Obs"_s, u"uma\r\nduas"_s},
+                                           {u"Fotografia"_s, u"praca_sample.jpg"_s}});
+        a.s.Escrever(u"UPDATE TblLista SET MSNMessenger='2', Telefone1=NULL, Website=NULL, Fax=''"_s);
+        const QStringList antes = a.Tudo();
+        QVERIFY(antes.constLast().contains(u"<Null>"_s));
+        a.Eliminar(ana);
+        a.Desfazer();
+        QCOMPARE(a.Tudo(), antes);
+    }
+
+    void o_numero_volta_e_nao_se_da_a_mais_ninguem()
+    {
+        Apagador a;
+        const int ana = a.Contacto(u"Ana"_s, ComGrupos::Outros);
+        a.Eliminar(ana);
+        const int berta = a.Contacto(u"Berta"_s, ComGrupos::Outros);
+        a.Desfazer();
+        const int carla = a.Contacto(u"Carla"_s, ComGrupos::Outros);
+        QCOMPARE(a.Contactos(), (QStringList{u"%1|Ana|6"_s.arg(ana), u"%1|Berta|6"_s.arg(berta),
+                                             u"%1|Carla|6"_s.arg(carla)}));
+        QCOMPARE(carla, berta + 1);
+    }
+
+    void as_eliminacoes_desfazem_se_da_ultima_para_a_primeira()
+    {
+        Apagador a;
+        const int ana = a.Contacto(u"Ana"_s, ComGrupos::Amigos);
+        const int berta = a.Contacto(u"Berta"_s, ComGrupos::Amigos);
+        const QStringList antes = a.Tudo();
+        a.Eliminar(ana);
+        a.Eliminar(berta);
+        a.Eliminar_Grupo(ComGrupos::Amigos);
+        a.Desfazer();
+        QCOMPARE(a.Contactos(), QStringList());
+        a.Desfazer();
+        QCOMPARE(a.Escolhido(), u"Berta"_s);
+        a.Desfazer();
+        QCOMPARE(a.Escolhido(), u"Ana"_s);
+        QCOMPARE(a.Tudo(), antes);
+        QVERIFY(!a.Pode_Desfazer());
+    }
+
+    void sem_eliminacao_nao_ha_nada_para_desfazer()
+    {
+        Apagador a;
+        QVERIFY(!a.Pode_Desfazer());
+        a.Mostrar({{u"Nome"_s, u"Ana"_s}});
+        a.Esperar(answer::no);
+        a.janela.cmdEliminar->click();
+        QVERIFY(!a.Pode_Desfazer());
+    }
+
+    void com_o_filtro_noutro_grupo_o_contacto_volta_a_vista()
+    {
+        Apagador a;
+        a.Contacto(u"Abel"_s, ComGrupos::Amigos);
+        a.Eliminar(a.Contacto(u"Berta"_s, ComGrupos::Outros));
+        ComGrupos::Escolher(*a.janela.ComboGrupos, ComGrupos::Amigos);
+        a.Desfazer();
+        QCOMPARE(a.janela.ComboGrupos->ListIndex(), 0);
+        QCOMPARE(a.Escolhido(), u"Berta"_s);
+    }
+
+    void um_grupo_eliminado_com_os_contactos_volta_com_eles()
+    {
+        Apagador a;
+        a.Contacto(u"Abel"_s, ComGrupos::Amigos);
+        a.Contacto(u"Berta"_s, ComGrupos::Outros);
+        a.Contacto(u"Carla"_s, ComGrupos::Amigos);
+        const QStringList antes = a.Tudo();
+        a.Eliminar_Grupo(ComGrupos::Amigos);
+        QCOMPARE(a.Contactos().size(), 1);
+        a.Desfazer();
+        QCOMPARE(a.Tudo(), antes);
+        QCOMPARE(a.janela.ComboGrupos->ChosenItemData(), u"1"_s);
+        QCOMPARE(a.Nomes(), (QStringList{u"Abel"_s, u"Carla"_s}));
+        QCOMPARE(a.Escolhido(), u"Abel"_s);
+    }
+
+    void os_contactos_movidos_voltam_ao_seu_grupo()
+    {
+        Apagador a;
+        a.Contacto(u"Abel"_s, ComGrupos::Amigos);
+        a.Contacto(u"Berta"_s, ComGrupos::Familia); // was there before
+        const QStringList antes = a.Tudo();
+        a.Eliminar_Grupo(ComGrupos::Amigos, ComGrupos::Familia);
+        a.Desfazer();
+        QCOMPARE(a.Tudo(), antes);
+    }
+
+    void um_contacto_que_entretanto_mudou_de_grupo_fica_onde_esta()
+    {
+        Apagador a;
+        const int abel = a.Contacto(u"Abel"_s, ComGrupos::Amigos);
+        a.Eliminar_Grupo(ComGrupos::Amigos, ComGrupos::Familia);
+        a.s.Escrever(u"UPDATE TblLista SET Grupo=6"_s);
+        a.Desfazer();
+        QCOMPARE(a.Grupo_Do_Contacto(abel), u"6"_s);
+        QVERIFY(a.Filtro().contains(u"Amigos"_s));
+    }
+
+    void sem_o_direito_nada_volta_e_continua_a_poder_se_data()
+    {
+        QTest::addColumn<bool>("grupo");
+        QTest::newRow("contacto") << false;
+        QTest::newRow("grupo") << true;
+    }
+    void sem_o_direito_nada_volta_e_continua_a_poder_se()
+    {
+        QFETCH(bool, grupo);
+        Apagador a;
+        const int ana = a.Contacto(u"Ana"_s, ComGrupos::Amigos);
+        if (grupo)
+            a.Eliminar_Grupo(ComGrupos::Amigos);
+        else
+            a.Eliminar(ana);
+        bool &direito = grupo ? a.s.geral.SessaoActual.Grupos : a.s.geral.SessaoActual.Eliminar;
+        direito = false;
+        a.s.caixas.Espera(a.s.Texto(102), box::stop, u"Morvex"_s);
+        a.Desfazer();
+        QCOMPARE(a.Contactos(), QStringList());
+        direito = true;
+        a.Desfazer();
+        QCOMPARE(a.Contactos().size(), 1);
+    }
+
+    void ninguem_desfaz_o_que_outro_utilizador_eliminou()
+    {
+        Apagador a;
+        a.Eliminar(a.Contacto(u"Ana"_s, ComGrupos::Outros));
+        const QString dono = a.s.geral.SessaoActual.IdUtilizador;
+        a.s.geral.SessaoActual.IdUtilizador = u"99"_s;
+        a.janela.DesfazerEliminar->trigger();
+        QCOMPARE(a.Contactos(), QStringList());
+        QVERIFY(!a.Pode_Desfazer());
+        a.Eliminar(a.Contacto(u"Berta"_s, ComGrupos::Outros)); // on top of the other's
+        a.s.geral.SessaoActual.IdUtilizador = dono;
+        a.Desfazer();
+        QCOMPARE(a.Escolhido(), u"Ana"_s);
+        Q_EMIT a.janela.Contactos->aboutToShow();
+        QVERIFY(!a.Pode_Desfazer());
+    }
+
+    void sem_o_seu_grupo_o_contacto_volta_para_outro_e_ouve_se_qual_data()
+    {
+        QTest::addColumn<QString>("mudanca");
+        QTest::addColumn<QString>("outro"); // the ID of the group into which the contact comes
+        QTest::newRow("grupo do mesmo nome") << u"UPDATE TblGrupos SET NomeGrupo='aMIGOS' WHERE ID=5;UPDATE "
+                                                u"TblGrupos SET NomeGrupo='AA' WHERE "
+                                                "ID=4;DELETE FROM TblGrupos WHERE ID=1"_s
+                                             << u"5"_s;
+        QTest::newRow("o primeiro a vista") << u"DELETE FROM TblGrupos WHERE ID=1"_s << u"4"_s;
+        QTest::newRow("passou a ser de outro")
+            << u"UPDATE TblGrupos SET IdUtilizador=99 WHERE ID IN (1, 4)"_s << u"2"_s;
+    }
+    void sem_o_seu_grupo_o_contacto_volta_para_outro_e_ouve_se_qual()
+    {
+        QFETCH(QString, mudanca);
+        QFETCH(QString, outro);
+        Apagador a;
+        const int ana = a.Contacto(u"Ana"_s, ComGrupos::Amigos);
+        a.Eliminar(ana);
+        for (const QString &instrucao : mudanca.split(u';'))
+            a.s.Escrever(instrucao);
+        const QString nome = a.s.Linhas(u"SELECT NomeGrupo FROM TblGrupos WHERE ID="_s + outro).constFirst();
+        a.s.caixas.Espera(
+            u"O grupo «Amigos» já não está disponível. O contacto voltou para o grupo «%1»."_s.arg(nome),
+            box::information, u"Morvex 1.0"_s);
+        a.Desfazer();
+        QCOMPARE(a.Contactos(), QStringList(u"%1|Ana|%2"_s.arg(ana).arg(outro)));
+        QCOMPARE(a.Escolhido(), u"Ana"_s);
+    }
+
+    void um_grupo_com_outro_nome_continua_a_ser_o_do_contacto()
+    {
+        Apagador a;
+        const int ana = a.Contacto(u"Ana"_s, ComGrupos::Amigos);
+        a.Eliminar(ana);
+        a.s.Escrever(u"UPDATE TblGrupos SET NomeGrupo='Conhecidos' WHERE ID=1"_s);
+        a.Desfazer();
+        QCOMPARE(a.Grupo_Do_Contacto(ana), u"1"_s);
+    }
+
+    void sem_grupo_nenhum_ouve_se_e_depois_ainda_se_desfaz()
+    {
+        Apagador a;
+        const int ana = a.Contacto(u"Ana"_s, ComGrupos::Amigos);
+        a.Eliminar(ana);
+        a.s.Escrever(u"UPDATE TblGrupos SET IdUtilizador=99"_s);
+        a.s.caixas.Espera_Qualquer(box::stop, u"Morvex 1.0"_s);
+        a.Desfazer();
+        QCOMPARE(a.Contactos(), QStringList());
+        a.s.Escrever(u"UPDATE TblGrupos SET IdUtilizador=0"_s);
+        a.Desfazer();
+        QCOMPARE(a.Grupo_Do_Contacto(ana), u"1"_s);
+    }
+
+    void com_o_numero_ocupado_pergunta_se_por_um_novo_data()
+    {
+        QTest::addColumn<bool>("grupo");
+        QTest::newRow("contacto") << false;
+        QTest::newRow("grupo") << true;
+    }
+    void com_o_numero_ocupado_pergunta_se_por_um_novo()
+    {
+        QFETCH(bool, grupo);
+        Apagador a;
+        const int ana = a.Contacto(u"Ana"_s, ComGrupos::Amigos);
+        if (grupo) {
+            a.Eliminar_Grupo(ComGrupos::Amigos);
+            a.s.Escrever(u"INSERT INTO TblGrupos (ID, NomeGrupo) VALUES (1, 'Intruso')"_s);
+        } else {
+            a.Eliminar(ana);
+            a.s.Escrever(u"INSERT INTO TblLista (ID, Nome, Grupo) VALUES (%1, 'Intruso', 6)"_s.arg(ana));
+        }
+        const QStringList antes = a.Tudo();
+        a.Esperar(answer::no);
+        a.Desfazer();
+        QCOMPARE(a.Tudo(), antes);
+        a.Esperar_Sim();
+        a.Desfazer();
+        const QStringList novo = a.s.Linhas(
+            u"SELECT TblLista.ID, Nome, NomeGrupo FROM TblLista JOIN TblGrupos ON Grupo=TblGrupos.ID WHERE Nome='Ana'"_s);
+        QCOMPARE(novo, QStringList(u"%1|Ana|Amigos"_s.arg(grupo ? ana : ana + 1)));
+        QVERIFY(a.Tudo().join(u';').contains(u"Intruso"_s));
+        QCOMPARE(a.Escolhido(), u"Ana"_s);
+    }
+
+    void o_que_outro_ja_trouxe_de_volta_fica_como_esta()
+    {
+        Apagador a;
+        const int ana = a.Contacto(u"Ana"_s, ComGrupos::Amigos);
+        a.s.Escrever(u"CREATE TABLE Copia AS SELECT * FROM TblLista"_s);
+        a.Eliminar(ana);
+        a.s.Escrever(u"INSERT INTO TblLista SELECT * FROM Copia"_s);
+        a.Desfazer();
+        QCOMPARE(a.Contactos(), QStringList(u"%1|Ana|1"_s.arg(ana)));
+        QCOMPARE(a.Escolhido(), u"Ana"_s);
+    }
+
+    void um_grupo_volta_inteiro_ou_nada_dele_volta()
+    {
+        Apagador a;
+        a.Contacto(u"Abel"_s, ComGrupos::Amigos);
+        a.Contacto(u"Berta"_s, ComGrupos::Amigos);
+        const QStringList antes = a.Tudo();
+        a.Eliminar_Grupo(ComGrupos::Amigos);
+        const QStringList sem = a.Tudo();
+        a.s.Escrever(u"CREATE TRIGGER Travao BEFORE INSERT ON TblLista WHEN new.Nome='Berta' "
+                     "BEGIN SELECT RAISE(ABORT, 'no'); END"_s);
+        a.Desfazer_Com_Erro();
+        QCOMPARE(a.Tudo(), sem);
+        a.s.Escrever(u"DROP TRIGGER Travao"_s);
+        a.Desfazer();
+        QCOMPARE(a.Tudo(), antes);
+    }
+
+    void numa_base_em_uso_ouve_se_e_depois_ainda_se_desfaz()
+    {
+        Apagador a;
+        const int ana = a.Contacto(u"Ana"_s, ComGrupos::Amigos);
+        a.Eliminar(ana);
+        a.s.Escrever(u"BEGIN EXCLUSIVE"_s);
+        a.Desfazer_Com_Erro();
+        a.s.Escrever(u"ROLLBACK"_s);
+        a.Desfazer();
+        QCOMPARE(a.Grupo_Do_Contacto(ana), u"1"_s);
+    }
+
+    void com_a_base_fora_do_lugar_ouve_se_e_depois_ainda_se_desfaz()
+    {
+        Apagador a;
+        const int ana = a.Contacto(u"Ana"_s, ComGrupos::Amigos);
+        a.Eliminar(ana);
+        QVERIFY(QFile::rename(a.s.Base(), a.s.Ficheiro(u"longe"_s)));
+        a.Desfazer_Com_Erro();
+        QVERIFY(QFile::rename(a.s.Ficheiro(u"longe"_s), a.s.Base()));
+        a.Desfazer();
+        QCOMPARE(a.Grupo_Do_Contacto(ana), u"1"_s);
+    }
+
+    void um_contacto_que_ja_nao_esta_la_nao_deixa_nada_para_desfazer()
+    {
+        Apagador a;
+        a.Mostrar({{u"Nome"_s, u"Ana"_s}});
+        a.s.Escrever(u"DELETE FROM TblLista"_s);
+        a.Esperar_Sim();
+        a.janela.cmdEliminar->click();
+        QVERIFY(!a.Pode_Desfazer());
+    }
+
+    void a_entrada_tem_nome_e_letra_propria_em_cada_lingua_data()
+    {
+        QTest::addColumn<QString>("lingua");
+        QTest::addColumn<QString>("legenda");
+        QTest::newRow("pt") << u"PortuguesPT"_s << u"Desfa&zer eliminação"_s;
+        QTest::newRow("br") << u"PortuguesBR"_s << u"Desfa&zer exclusão"_s;
+        QTest::newRow("en") << u"InglesUK"_s << u"&Undo Deletion"_s;
+        QTest::newRow("es") << u"EspanholES"_s << u"Des&hacer eliminación"_s;
+        QTest::newRow("it") << u"ItalianoIT"_s << u"Ann&ulla eliminazione"_s;
+        QTest::newRow("fr") << u"FrancesFR"_s << u"Ann&uler la suppression"_s;
+        QTest::newRow("de") << u"AlemaoDE"_s << u"Löschen &rückgängig machen"_s;
+    }
+    void a_entrada_tem_nome_e_letra_propria_em_cada_lingua()
+    {
+        QFETCH(QString, lingua);
+        QFETCH(QString, legenda);
+        Apagador a;
+        a.s.geral.IdiomaActual = lingua;
+        legendas::Atribuir(a.janela, a.s.geral);
+        QCOMPARE(a.janela.DesfazerEliminar->text(), legenda);
+        QCOMPARE(a.janela.Contactos->actions().constLast(), a.janela.DesfazerEliminar);
+        QSet<QChar> letras;
+        for (const QAction *entrada : a.janela.Contactos->actions()) {
+            if (entrada->isSeparator()) continue;
+            const QChar letra = Mnemonica(entrada->text());
+            QVERIFY2(!letra.isNull() && !letras.contains(letra), qPrintable(entrada->text()));
+            letras << letra;
+        }
+    }
+};
+
+MORVEX_TESTE(TestDesfazerEliminacao)
+#include "test_DesfazerEliminacao.moc"
