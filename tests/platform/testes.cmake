@@ -13,6 +13,7 @@ foreach(teste IN ITEMS
     test_ProgramFolder
     test_SingleInstance
     test_SomGravado
+    test_TrayHosts
     test_WindowsRegistry)
     morvex_teste(platform/${teste} LIGA platform)
 endforeach()

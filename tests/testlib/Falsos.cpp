@@ -30,7 +30,10 @@ void CaixasFalsas::Espera(const QString &texto, int flags, const QString &titulo
     esperadas_.append({texto, flags, titulo, resposta});
 }
 
-void CaixasFalsas::Espera_Qualquer(int flags, const QString &titulo) { Espera(qualquer_texto, flags, titulo); }
+void CaixasFalsas::Espera_Qualquer(int flags, const QString &titulo)
+{
+    Espera(qualquer_texto, flags, titulo);
+}
 
 void CaixasFalsas::Espera_Erro(int numero)
 {
@@ -45,7 +48,8 @@ int CaixasFalsas::show(const QString &text, int flags, const QString &title, QWi
         return answer::no;
     }
     const Caixa caixa = esperadas_.takeFirst();
-    if ((caixa.texto != qualquer_texto && caixa.texto != text) || caixa.flags != flags || caixa.titulo != title)
+    if ((caixa.texto != qualquer_texto && caixa.texto != text) || caixa.flags != flags ||
+        caixa.titulo != title)
         Falhar(u"expected "_s + Descrever(caixa.texto, caixa.flags, caixa.titulo) + u", came "_s +
                Descrever(text, flags, title));
     return caixa.resposta;
@@ -152,3 +156,15 @@ void TabuleiroFalso::add(Look look, const QString &tip, QMenu *icon_menu)
 }
 
 void TabuleiroFalso::remove(Look look) { historia << (look == Look::Picture1 ? u"-1"_s : u"-2"_s); }
+
+void TabuleiroFalso::Chega_Hospedeiro()
+{
+    hospedeiro_ = true;
+    Q_EMIT hostCame();
+}
+
+void TabuleiroFalso::Vai_Se_O_Hospedeiro()
+{
+    hospedeiro_ = false;
+    Q_EMIT hostGone();
+}
