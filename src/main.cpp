@@ -1,17 +1,19 @@
 // The process: makes the services of the desktop, the process-wide values and the main window, and lets it
 // run.
 #include "session/Main.h"
-#include "data/Geral.h"
 #include "controls/Application.h"
+#include "data/Geral.h"
+#include "mail/PopMailNotification.h"
 #include "platform/DesktopRegistry.h"
+#include "platform/DesktopSessionEnd.h"
 #include "platform/DesktopSound.h"
 #include "platform/DesktopTray.h"
-#include "mail/PopMailNotification.h"
 #include "platform/Platform.h"
 #include "platform/ProgramFolder.h"
 #include "platform/PurpleMessenger.h"
 #include "platform/SingleInstance.h"
 #include "platform/WindowsRegistry.h"
+#include "session/FimDaSessao.h"
 
 #include <QIcon>
 
@@ -50,6 +52,8 @@ int main(int argc, char **argv)
                              [&geral] { return geral.IdiomaActual; });
     Platform platform{clock, boxes, dialogs, shell, sound, registry, mail, messenger, process, tray};
 
+    DesktopSessionEnd sessionEnd;
+    const FimDaSessao fim(sessionEnd, geral, platform);
     Main janela(geral, platform);
     QObject::connect(&instance, &SingleInstance::startedAgain, &janela, &Main::Chamar);
     janela.Carregar();

@@ -1,6 +1,7 @@
 # Tests of platform.
 foreach(teste IN ITEMS
     test_DesktopRegistry
+    test_DesktopSessionEnd
     test_DesktopShell
     test_DesktopSound
     test_Dialogs
