@@ -1,19 +1,19 @@
 // The process: makes the services of the desktop, the process-wide values and the main window, and lets it
 // run.
+#include "session/FimDaSessao.h"
 #include "session/Main.h"
-#include "controls/Application.h"
 #include "data/Geral.h"
-#include "mail/PopMailNotification.h"
+#include "controls/Application.h"
 #include "platform/DesktopRegistry.h"
 #include "platform/DesktopSessionEnd.h"
 #include "platform/DesktopSound.h"
 #include "platform/DesktopTray.h"
+#include "mail/PopMailNotification.h"
 #include "platform/Platform.h"
 #include "platform/ProgramFolder.h"
 #include "platform/PurpleMessenger.h"
 #include "platform/SingleInstance.h"
 #include "platform/WindowsRegistry.h"
-#include "session/FimDaSessao.h"
 
 #include <QIcon>
 

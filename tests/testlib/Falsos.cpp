@@ -30,10 +30,7 @@ void CaixasFalsas::Espera(const QString &texto, int flags, const QString &titulo
     esperadas_.append({texto, flags, titulo, resposta});
 }
 
-void CaixasFalsas::Espera_Qualquer(int flags, const QString &titulo)
-{
-    Espera(qualquer_texto, flags, titulo);
-}
+void CaixasFalsas::Espera_Qualquer(int flags, const QString &titulo) { Espera(qualquer_texto, flags, titulo); }
 
 void CaixasFalsas::Espera_Erro(int numero)
 {
@@ -48,8 +45,7 @@ int CaixasFalsas::show(const QString &text, int flags, const QString &title, QWi
         return answer::no;
     }
     const Caixa caixa = esperadas_.takeFirst();
-    if ((caixa.texto != qualquer_texto && caixa.texto != text) || caixa.flags != flags ||
-        caixa.titulo != title)
+    if ((caixa.texto != qualquer_texto && caixa.texto != text) || caixa.flags != flags || caixa.titulo != title)
         Falhar(u"expected "_s + Descrever(caixa.texto, caixa.flags, caixa.titulo) + u", came "_s +
                Descrever(text, flags, title));
     return caixa.resposta;
