@@ -215,8 +215,10 @@ private Q_SLOTS:
     void o_editor_em_que_ninguem_escreveu_nao_deixa_rascunho()
     {
         Programa p;
-        p.Editar_Contacto([&](frmAddEdit &) { p.fim.Acabar(); });
-        QVERIFY(p.Rascunho().isEmpty());
+        p.Editar_Contacto([&](frmAddEdit &) {
+            p.fim.Acabar();
+            QVERIFY(p.Rascunho().isEmpty());
+        });
         QVERIFY(p.s.processo.Terminou());
     }
 
