@@ -1,5 +1,6 @@
 // The process: reads what it was told, makes the services of the desktop, the process-wide values and the
 // main window, and lets it run.
+#include "session/FimDaSessao.h"
 #include "session/Main.h"
 #include "controls/Application.h"
 #include "data/Geral.h"
@@ -9,6 +10,7 @@
 #include "platform/ColourScheme.h"
 #include "platform/CommandLine.h"
 #include "platform/DesktopRegistry.h"
+#include "platform/DesktopSessionEnd.h"
 #include "platform/DesktopSound.h"
 #include "platform/DesktopTray.h"
 #include "platform/Platform.h"
@@ -83,6 +85,8 @@ int run(const CommandLine &line, int argc, char **argv)
                              [&geral] { return geral.IdiomaActual; });
     Platform platform{clock, boxes, dialogs, shell, sound, registry, mail, messenger, process, tray};
 
+    DesktopSessionEnd sessionEnd;
+    const FimDaSessao fim(sessionEnd, geral, platform);
     Main janela(geral, platform);
     QObject::connect(&instance, &SingleInstance::startedAgain, &janela, &Main::Chamar);
     janela.Abrir_Depois(line.files());

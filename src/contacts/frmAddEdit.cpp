@@ -10,6 +10,7 @@
 #include "controls/WholeCharacters.h"
 #include "data/Geral.h"
 #include "data/Idiomas.h"
+#include "data/Rascunho.h"
 #include "data/ValorLongo.h"
 #include "janela/Janela.h"
 #include "platform/Failure.h"
@@ -79,6 +80,15 @@ frmAddEdit::frmAddEdit(Janela &janela, Geral &geral, Platform &platform, ListaCo
     connect(cmdOk, &QPushButton::clicked, this, &frmAddEdit::cmdOk_Click);
     connect(cmdCancelar, &QPushButton::clicked, this, &frmAddEdit::cmdCancelar_Click);
     connect(this, &QDialog::finished, this, &frmAddEdit::Form_Unload);
+
+    auto *rascunho = new Rascunho(*this, geral_, platform_, [this] { return Registo(); });
+    connect(rascunho, &Rascunho::Retomado, this, &frmAddEdit::Mostrar_Foto_Do_Contacto);
+}
+
+// Which contact a draft belongs to.
+QString frmAddEdit::Registo() const
+{
+    return geral_.ModoContacto == "Edit"_L1 ? u"contacto %1"_s.arg(geral_.IDContacto) : u"contacto novo"_s;
 }
 
 bool frmAddEdit::Carregar()

@@ -57,6 +57,7 @@ private:
 
     void Recusar_Data();
     std::array<QString, 17> Valores() const;
+    QString Registo() const;
     void Adicionar();
     void Actualizar();
     void Fechar_Depois_De(const std::function<void()> &mostrar);

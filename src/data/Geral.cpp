@@ -3,7 +3,13 @@
 #include "data/Idiomas.h"
 #include "platform/ProgramFolder.h"
 
-Geral::Geral(const QString &pasta) : Pasta(pasta), de(CaminhoBD, pasta), ini(pasta) {}
+Geral::Geral(const QString &pasta)
+    : Pasta(pasta),
+      de(CaminhoBD, pasta),
+      ini(pasta),
+      rascunhos(fileIn(pasta, QStringLiteral("rascunho.json")))
+{
+}
 
 QString Geral::Ler_Idioma(qint16 id)
 {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "data/DE.h"
+#include "data/Rascunhos.h"
 #include "data/ReadWriteINI.h"
 #include "data/Sessao.h"
 #include "data/Temporizadores.h"
@@ -67,6 +68,7 @@ public:
     DE de;
     ReadWriteINI ini;
     Temporizadores temporizadores;
+    Rascunhos rascunhos;
 
     // The text with that number in the active language, read from the database at each call. Empty while no
     // language is active; Failure where the row is missing or its cell is Null.

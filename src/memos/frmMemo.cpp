@@ -66,6 +66,7 @@ frmMemo::frmMemo(Geral &geral, Platform &platform)
     connect(cmdFonte, &QToolButton::clicked, this, &frmMemo::cmdFonte_Click);
     connect(cmdCor, &QToolButton::clicked, this, &frmMemo::cmdCor_Click);
     connect(cmdFechar, &QToolButton::clicked, this, &frmMemo::cmdFechar_Click);
+    connect(&geral_.rascunhos, &Rascunhos::Guardar_Ja, this, &frmMemo::Guardar_Se_Mudou);
 
     for (const auto &[botao, texto] :
          {std::pair{cmdGuardar, 186}, {cmdFonte, 187}, {cmdCor, 188}, {cmdFechar, 189}}) {
@@ -244,6 +245,12 @@ void frmMemo::cmdGuardar_Click()
         Gravar("cmdUpdateMemo", txtId->text());
     falhou.dismiss();
     Marcar(false);
+}
+
+// The button is in view for as long as there is something to save.
+void frmMemo::Guardar_Se_Mudou()
+{
+    if (isVisible() && !cmdGuardar->isHidden()) skipFailure([&] { cmdGuardar_Click(); });
 }
 
 // A save that fails at a move or a resize is told by no box, so the note itself tells it.

@@ -40,6 +40,7 @@ private:
     void LabelV_MouseMove(const QPoint &canto);
     void LabelHV_MouseMove(const QPoint &canto);
     void Largada();
+    void Guardar_Se_Mudou();
     void txtMemo_Change();
     void cmdGuardar_Click();
     void cmdFonte_Click();

@@ -2,12 +2,12 @@
 #pragma once
 
 #include "platform/Tray.h"
+#include "platform/TrayHosts.h"
 
+#include <memory>
 #include <QIcon>
 #include <QPointer>
 #include <QString>
-#include <QTimer>
-#include <memory>
 
 class QSystemTrayIcon;
 
@@ -20,15 +20,21 @@ public:
 
     void add(Look look, const QString &tip, QMenu *menu) override;
     void remove(Look look) override;
+    bool hasHost() const override { return hosted_; }
 
 private:
-    void showWhenHosted();
+    void hostsChanged();
+    bool hostOfItsKind() const;
+    void show();
 
     QIcon ordinary_;
     QIcon locked_;
     Look look_ = Look::Picture1;
     QString tip_;
     QPointer<QMenu> menu_;
-    QTimer waitForHost_;
+    bool wanted_ = false; // the icon is added
+    bool hosted_ = false;
+    bool onBus_ = false; // the kind of the icon, once there is one
+    TrayHosts hosts_;
     std::unique_ptr<QSystemTrayIcon> icon_;
 };

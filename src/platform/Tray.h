@@ -25,7 +25,14 @@ public:
     // Takes the icon away if it is shown with that look.
     virtual void remove(Look look) = 0;
 
+    // Whether somebody shows the icon: without a host a hidden window would be out of reach.
+    virtual bool hasHost() const = 0;
+
 Q_SIGNALS:
+    // A host has come up, and shows the icon; the last one has gone, and the icon with it.
+    void hostCame();
+    void hostGone();
+
     void leftButtonDown(Tray::Look look);
     void menuAboutToOpen(Tray::Look look);
 };

@@ -3,6 +3,7 @@
 #include "controls/Controls.h"
 #include "controls/Scale.h"
 #include "data/Geral.h"
+#include "data/Rascunho.h"
 #include "platform/Platform.h"
 #include "reminders/Momento.h"
 
@@ -18,6 +19,9 @@ frmAddEditTarefa::frmAddEditTarefa(Geral &geral, Platform &platform, QWidget &ja
     connect(cmdOk, &QPushButton::clicked, this, &frmAddEditTarefa::cmdOk_Click);
     connect(cmdCancelar, &QPushButton::clicked, this, &QDialog::reject);
     connect(this, &QDialog::finished, this, &frmAddEditTarefa::Form_Unload);
+    new Rascunho(*this, geral_, platform_, [this] {
+        return geral_.ModoTarefa == "Edit"_L1 ? u"tarefa "_s + txtIDTarefa->text() : u"tarefa nova"_s;
+    });
 
     // In the mode "Edit" the opener's own closing brings the timers back.
     if (geral_.ModoTarefa != "Add"_L1) pausa_.Largar();

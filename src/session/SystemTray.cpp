@@ -4,10 +4,12 @@
 #include "platform/Platform.h"
 #include "session/frmLogin.h"
 
+#include <QEvent>
 #include <QMenu>
 #include <QScopedValueRollback>
 #include <QScopeGuard>
 #include <QWidget>
+#include <QWindow>
 
 namespace
 {
@@ -38,6 +40,9 @@ SystemTray::SystemTray(QWidget &janela, QMenu &MenuSystemTray, Geral &geral, Pla
     connect(&platform_.tray, &Tray::menuAboutToOpen, this, [this] {
         if (janela_.isVisible()) janela_.activateWindow();
     });
+    connect(&platform_.tray, &Tray::hostCame, this, &SystemTray::Hospedeiro_Chegou);
+    connect(&platform_.tray, &Tray::hostGone, this, &SystemTray::Hospedeiro_Partiu);
+    janela_.installEventFilter(this);
 }
 
 void SystemTray::Adicionar_Icone(const QString &dica)
@@ -47,12 +52,69 @@ void SystemTray::Adicionar_Icone(const QString &dica)
 
 void SystemTray::Minimizar_Tray()
 {
-    janela_.hide();
-    TrayBloqueado_ = false;
-    if (!geral_.SessaoActual.PedirPassSystemTray) return;
-    TrayBloqueado_ = true;
+    TrayBloqueado_ = geral_.SessaoActual.PedirPassSystemTray;
+    Recolher();
+    if (!TrayBloqueado_) return;
     platform_.tray.remove(Tray::Look::Picture1);
     platform_.tray.add(Tray::Look::Picture2, janela_.windowTitle(), &MenuSystemTray_);
+}
+
+void SystemTray::Recolher()
+{
+    recolhida_ = true;
+    NaBarra_ = !platform_.tray.hasHost();
+    if (!NaBarra_) return janela_.hide();
+    if (TrayBloqueado_) Tapar();
+    janela_.showMinimized();
+    // A window that finds its size as it first shows loses the state on its way to the window manager.
+    janela_.windowHandle()->setWindowStates(Qt::WindowMinimized);
+}
+
+// Task lists show small pictures of windows, and a window that is brought back by one is seen before anything
+// can be asked: neither is to show what is locked.
+void SystemTray::Tapar()
+{
+    if (tapume_ == nullptr) {
+        tapume_ = new QWidget(&janela_);
+        tapume_->setAutoFillBackground(true);
+    }
+    tapume_->setGeometry(janela_.rect());
+    tapume_->raise();
+    tapume_->show();
+    tapume_->repaint();
+}
+
+// Who has brought the window back keeps it.
+void SystemTray::Hospedeiro_Chegou()
+{
+    if (NaBarra_ && janela_.isMinimized()) Recolher();
+}
+
+void SystemTray::Hospedeiro_Partiu()
+{
+    if (recolhida_ && !janela_.isVisible()) Recolher();
+}
+
+bool SystemTray::eventFilter(QObject *, QEvent *evento)
+{
+    if (evento->type() == QEvent::WindowStateChange && NaBarra_ && !janela_.isMinimized()) Trazida_Por_Fora();
+    if (evento->type() == QEvent::Resize && tapume_ != nullptr) tapume_->setGeometry(janela_.rect());
+    return false;
+}
+
+// The task list knows nothing of passwords. A locked window goes down again, and the login comes.
+void SystemTray::Trazida_Por_Fora()
+{
+    if (!TrayBloqueado_) {
+        NaBarra_ = recolhida_ = false;
+        return;
+    }
+    const auto pedir = [this] {
+        if (!NaBarra_) return;
+        Recolher();
+        Restaurar_Janela();
+    };
+    QMetaObject::invokeMethod(this, pedir, Qt::QueuedConnection);
 }
 
 void SystemTray::Botao_Esquerdo_No_Icone()
@@ -62,6 +124,8 @@ void SystemTray::Botao_Esquerdo_No_Icone()
 
 void SystemTray::Mostrar_Janela()
 {
+    NaBarra_ = recolhida_ = false;
+    if (tapume_ != nullptr) tapume_->hide();
     if (!janela_.isVisible() || janela_.isMinimized()) Mostrar(janela_);
     janela_.raise();
     janela_.activateWindow();
@@ -69,7 +133,8 @@ void SystemTray::Mostrar_Janela()
 
 void SystemTray::Restaurar_Janela()
 {
-    if (ocupado_ || janela_.isVisible()) return;
+    const bool a_vista = janela_.isVisible() && !NaBarra_;
+    if (ocupado_ || a_vista) return;
     if (geral_.SessaoActual.PedirPassSystemTray)
         Pedir_Senha();
     else

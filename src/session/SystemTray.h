@@ -1,5 +1,6 @@
 // Hiding the main window in the notification area and bringing it back, through the password where the user
-// asked for one.
+// asked for one. Where no host shows the icon the window is minimised instead of hidden, so that it stays
+// within reach, and hides as soon as one comes.
 #pragma once
 
 #include <functional>
@@ -23,7 +24,8 @@ public:
     // The ordinary icon, with that tip.
     void Adicionar_Icone(const QString &dica);
 
-    // Hides the window. With the user's password preference set, locks it too and shows the other icon.
+    // Hides the window, or minimises it for want of a host. With the user's password preference set, locks it
+    // too and shows the other icon.
     void Minimizar_Tray();
 
     // Brings a hidden window back, through frmLogin if the user's preference asks for the password. While
@@ -40,7 +42,14 @@ public:
 
     bool TrayBloqueado() const { return TrayBloqueado_; }
 
+    bool eventFilter(QObject *janela, QEvent *evento) override;
+
 private:
+    void Recolher();
+    void Hospedeiro_Chegou();
+    void Hospedeiro_Partiu();
+    void Trazida_Por_Fora();
+    void Tapar();
     void Botao_Esquerdo_No_Icone();
     void Mostrar_Janela();
     void Pedir_Senha();
@@ -51,6 +60,9 @@ private:
     Geral &geral_;
     Platform &platform_;
     std::function<bool()> responder_ = [] { return false; };
+    QWidget *tapume_ = nullptr; // lies over the content of a locked window that stands in the task list
     bool TrayBloqueado_ = false;
-    bool ocupado_ = false; // a message is at work: further ones are dropped
+    bool recolhida_ = false; // out of view, by this class
+    bool NaBarra_ = false;   // minimised, because no host would show the way back
+    bool ocupado_ = false;   // a message is at work: further ones are dropped
 };

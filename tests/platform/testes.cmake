@@ -2,6 +2,7 @@
 foreach(teste IN ITEMS
     test_CommandLine
     test_DesktopRegistry
+    test_DesktopSessionEnd
     test_DesktopShell
     test_DesktopSound
     test_DesktopTray
@@ -16,6 +17,7 @@ foreach(teste IN ITEMS
     test_SingleInstance
     test_SomGravado
     test_ToolkitLanguage
+    test_TrayHosts
     test_WindowsRegistry)
     morvex_teste(platform/${teste} LIGA platform)
 endforeach()

@@ -60,6 +60,32 @@ struct Aberta {
     SystemTray &tray = *janela.findChild<SystemTray *>();
 };
 
+bool Minimizada(const QWidget &janela) { return janela.isVisible() && janela.isMinimized(); }
+bool Aberta_No_Ecra(const QWidget &janela) { return janela.isVisible() && !janela.isMinimized(); }
+
+// The same on a desktop where nobody shows the icon.
+struct SemHospedeiro : Aberta {
+    explicit SemHospedeiro(bool pedir_senha) : Aberta(pedir_senha) { s.tabuleiro.Vai_Se_O_Hospedeiro(); }
+
+    // Brings the window back as a task list does, and answers the login form that comes.
+    void Trazer_Da_Barra(const std::function<void(frmLogin &)> &accao)
+    {
+        accoes::Quando_Abrir<frmLogin>(accao);
+        janela.showNormal();
+        QCoreApplication::processEvents();
+    }
+    // The colours of the window as it would be seen, apart from its frame: one alone where it is covered.
+    qsizetype Cores()
+    {
+        const QImage retrato = janela.grab().toImage();
+        QSet<QRgb> cores;
+        for (int y = 0; y < retrato.height(); y += 5)
+            for (int x = 0; x < retrato.width(); x += 5)
+                cores << retrato.pixel(x, y);
+        return cores.size();
+    }
+};
+
 void Dar_Senha(frmLogin &form, const QString &senha)
 {
     form.txtPass->setText(senha);
@@ -317,6 +343,168 @@ private Q_SLOTS:
         QCOMPARE(a.Entradas_Vivas(), 7);
         a.Reabrir_Com([](frmLogin &form) { Dar_Senha(form, u"segredo"_s); });
         QVERIFY(a.janela.isVisible()); // afterwards they count again
+    }
+
+    // Without a host
+
+    void sem_hospedeiro_o_que_esconderia_minimiza_data()
+    {
+        QTest::addColumn<QString>("caminho");
+        for (const char *caminho : {"Fechar", "Escape", "Escape na procura", "fechar a janela"})
+            QTest::newRow(caminho) << QString::fromLatin1(caminho);
+    }
+    void sem_hospedeiro_o_que_esconderia_minimiza()
+    {
+        QFETCH(QString, caminho);
+        SemHospedeiro a(false);
+        QVERIFY(QTest::qWaitForWindowActive(&a.janela));
+        if (caminho == u"Fechar") a.janela.Fechar->trigger();
+        if (caminho == u"Escape") {
+            a.janela.ListaNomes->setFocus();
+            QTest::keyClick(a.janela.ListaNomes, Qt::Key_Escape);
+        }
+        if (caminho == u"Escape na procura") QTest::keyClick(a.janela.txtProcura, Qt::Key_Escape);
+        if (caminho == u"fechar a janela") a.janela.close();
+        QVERIFY(Minimizada(a.janela));
+        QVERIFY(!a.tray.TrayBloqueado());
+        a.janela.showNormal();
+        QCoreApplication::processEvents();
+        QVERIFY(Aberta_No_Ecra(a.janela)); // and nothing was asked
+    }
+
+    void o_hospedeiro_que_chega_depois_esconde_a_minimizada_e_o_clique_tra_la()
+    {
+        SemHospedeiro a(false);
+        a.tray.Minimizar_Tray();
+        a.s.tabuleiro.Chega_Hospedeiro();
+        QVERIFY(!a.janela.isVisible());
+        a.s.tabuleiro.Clicar(Picture1);
+        QVERIFY(Aberta_No_Ecra(a.janela));
+    }
+
+    void a_que_ja_foi_trazida_nao_se_esconde_quando_o_hospedeiro_chega()
+    {
+        SemHospedeiro a(false);
+        a.tray.Minimizar_Tray();
+        a.janela.showNormal();
+        a.s.tabuleiro.Chega_Hospedeiro();
+        QVERIFY(Aberta_No_Ecra(a.janela));
+    }
+
+    void a_que_o_utilizador_minimizou_nao_se_esconde_quando_o_hospedeiro_chega()
+    {
+        SemHospedeiro a(false);
+        a.tray.Minimizar_Tray();
+        a.janela.showNormal();
+        a.janela.showMinimized();
+        a.s.tabuleiro.Chega_Hospedeiro();
+        QVERIFY(Minimizada(a.janela));
+    }
+
+    void o_hospedeiro_que_morre_devolve_a_janela_a_barra_e_o_que_volta_esconde_a()
+    {
+        Aberta a(false);
+        a.Esconder();
+        a.s.tabuleiro.Vai_Se_O_Hospedeiro();
+        QVERIFY(Minimizada(a.janela));
+        a.s.tabuleiro.Chega_Hospedeiro();
+        QVERIFY(!a.janela.isVisible());
+        a.s.tabuleiro.Vai_Se_O_Hospedeiro();
+        a.janela.showNormal();
+        QVERIFY(Aberta_No_Ecra(a.janela));
+    }
+
+    void o_hospedeiro_que_morre_deixa_a_vista_a_janela_que_la_esta()
+    {
+        Aberta a(false);
+        a.s.tabuleiro.Vai_Se_O_Hospedeiro();
+        QVERIFY(Aberta_No_Ecra(a.janela));
+    }
+
+    void o_hospedeiro_que_morre_nao_destranca()
+    {
+        Aberta a(true);
+        a.Esconder();
+        a.s.tabuleiro.Vai_Se_O_Hospedeiro();
+        QVERIFY(Minimizada(a.janela));
+        QVERIFY(a.tray.TrayBloqueado());
+        a.s.tabuleiro.Chega_Hospedeiro();
+        QVERIFY(!a.janela.isVisible());
+        QVERIFY(a.tray.TrayBloqueado());
+        a.Reabrir_Com([](frmLogin &form) { Dar_Senha(form, u"segredo"_s); });
+        QVERIFY(Aberta_No_Ecra(a.janela));
+    }
+
+    void a_minimizada_com_senha_tranca_e_nada_mostra()
+    {
+        SemHospedeiro a(true);
+        QVERIFY(a.Cores() > 1);
+        a.Historia();
+        a.tray.Minimizar_Tray();
+        QVERIFY(Minimizada(a.janela));
+        QVERIFY(a.tray.TrayBloqueado());
+        QCOMPARE(a.Historia(), (QStringList{u"-1"_s, u"+2 Morvex 1.0 Ana"_s})); // for the host that may come
+        QCOMPARE(a.Cores(), 1);
+    }
+
+    void a_trancada_na_barra_so_volta_com_a_senha()
+    {
+        SemHospedeiro a(true);
+        a.tray.Minimizar_Tray();
+        bool em_baixo = false;
+        a.Trazer_Da_Barra([&](frmLogin &form) {
+            em_baixo = Minimizada(a.janela);
+            Dar_Senha(form, u"segredo"_s);
+        });
+        QVERIFY(em_baixo);
+        QVERIFY(Aberta_No_Ecra(a.janela));
+        QVERIFY(!a.tray.TrayBloqueado());
+        QVERIFY(a.Cores() > 1);
+    }
+
+    void cancelar_deixa_a_trancada_na_barra_e_a_vez_seguinte_pergunta_de_novo()
+    {
+        SemHospedeiro a(true);
+        a.tray.Minimizar_Tray();
+        for (int vez = 0; vez < 2; ++vez) {
+            a.Trazer_Da_Barra([](frmLogin &form) { form.cmdCancelar->click(); });
+            QVERIFY(Minimizada(a.janela));
+            QVERIFY(a.tray.TrayBloqueado());
+        }
+        QVERIFY(!a.s.processo.Terminou());
+    }
+
+    void com_o_login_aberto_a_trancada_nao_sobe()
+    {
+        SemHospedeiro a(true);
+        a.tray.Minimizar_Tray();
+        bool em_baixo = false;
+        a.Trazer_Da_Barra([&](frmLogin &form) {
+            a.janela.showNormal();
+            QCoreApplication::processEvents();
+            em_baixo = Minimizada(a.janela) && form.isVisible();
+            form.cmdCancelar->click();
+        });
+        QVERIFY(em_baixo);
+    }
+
+    void comecar_outra_vez_com_a_trancada_na_barra_pede_a_senha()
+    {
+        SemHospedeiro a(true);
+        a.tray.Minimizar_Tray();
+        accoes::Quando_Abrir<frmLogin>([](frmLogin &form) { Dar_Senha(form, u"segredo"_s); });
+        a.janela.Chamar();
+        QVERIFY(Aberta_No_Ecra(a.janela));
+    }
+
+    void arrancar_minimizado_sem_hospedeiro_deixa_a_janela_na_barra()
+    {
+        Sistema s;
+        s.tabuleiro.Vai_Se_O_Hospedeiro();
+        s.geral.ini.Escrever_Ini(u"arranque"_s, u"minimizar"_s, u"sim"_s);
+        Main janela(s.geral, s.plataforma);
+        janela.Carregar();
+        QVERIFY(Minimizada(janela));
     }
 };
 

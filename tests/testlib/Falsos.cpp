@@ -152,3 +152,15 @@ void TabuleiroFalso::add(Look look, const QString &tip, QMenu *icon_menu)
 }
 
 void TabuleiroFalso::remove(Look look) { historia << (look == Look::Picture1 ? u"-1"_s : u"-2"_s); }
+
+void TabuleiroFalso::Chega_Hospedeiro()
+{
+    hospedeiro_ = true;
+    Q_EMIT hostCame();
+}
+
+void TabuleiroFalso::Vai_Se_O_Hospedeiro()
+{
+    hospedeiro_ = false;
+    Q_EMIT hostGone();
+}

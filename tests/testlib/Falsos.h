@@ -149,7 +149,15 @@ public:
     void add(Look look, const QString &tip, QMenu *menu) override;
     void remove(Look look) override;
 
+    bool hasHost() const override { return hospedeiro_; }
+
     void Clicar(Look look) { Q_EMIT leftButtonDown(look); }
+    // A host that shows the icon comes, or the last one goes. At the beginning there is one.
+    void Chega_Hospedeiro();
+    void Vai_Se_O_Hospedeiro();
     QStringList historia;
     QMenu *menu = nullptr;
+
+private:
+    bool hospedeiro_ = true;
 };

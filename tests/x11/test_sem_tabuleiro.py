@@ -1,0 +1,104 @@
+"""A desktop without a notification area, on which one comes up later, is killed and comes back. Usage:
+test_sem_tabuleiro.py <program>"""
+
+import subprocess
+import sys
+import unittest
+
+import ecra
+
+EXECUTAVEL = sys.argv.pop()
+TITULO = "Morvex [0-9]"
+LOGIN = "Morvex - Login"
+# Signs outside of the scrambled alphabet, so the database can be given the password as it is.
+SENHA = "+-*/"
+
+
+def minimizada(id_janela):
+    return "Iconic" in ecra.run("xprop", "-id", id_janela, "WM_STATE")
+
+
+class SemTabuleiro(unittest.TestCase):
+    def setUp(self):
+        self.programa = ecra.Programa(EXECUTAVEL)
+        self.addCleanup(self.programa.fechar)
+        self.programa.instalar("PortuguesPT")
+        self.tabuleiro = None
+        self.addCleanup(self.matar_tabuleiro)
+
+    def por_tabuleiro(self):
+        self.tabuleiro = subprocess.Popen(["trayer", "--edge", "bottom", "--align", "right", "--widthtype", "request",
+                                           "--height", "32", "--SetDockType", "true"], stderr=subprocess.DEVNULL)
+
+    def matar_tabuleiro(self):
+        if self.tabuleiro:
+            self.tabuleiro.kill()
+            self.tabuleiro.wait()
+            self.tabuleiro = None
+
+    def escapar(self, principal):
+        ecra.activar(principal)
+        ecra.tecla("Escape")
+        ecra.until(lambda: minimizada(principal), "the minimised window")
+
+    def retirada(self, principal):
+        """Neither on the screen nor in the task list."""
+        ecra.until(lambda: "Withdrawn" in ecra.run("xprop", "-id", principal, "WM_STATE")
+                   or "not found" in ecra.run("xprop", "-id", principal, "WM_STATE"), "the hidden window")
+
+    def test_o_tabuleiro_que_vem_morre_e_volta(self):
+        self.programa.comecar()
+        principal = ecra.janela(TITULO)
+        self.escapar(principal)
+        self.por_tabuleiro()
+        self.retirada(principal)
+        ecra.clicar(*ecra.icone_do_tabuleiro())
+        ecra.until(lambda: ecra.janelas(TITULO) and not minimizada(principal), "the window")
+
+        ecra.activar(principal)
+        ecra.tecla("Escape")
+        self.retirada(principal)
+        self.matar_tabuleiro()
+        ecra.until(lambda: minimizada(principal), "the window in the task list")
+        self.por_tabuleiro()
+        self.retirada(principal)
+        ecra.clicar(*ecra.icone_do_tabuleiro())
+        ecra.until(lambda: ecra.janelas(TITULO) and not minimizada(principal), "the window once more")
+
+    def test_a_trancada_na_lista_de_tarefas_so_volta_com_a_senha(self):
+        self.programa.sql("INSERT INTO TblUsers (Utilizador, Pass, SystemTray, Adicionar, Editar, Eliminar, Grupos, "
+                          "Utilizadores) VALUES ('Ana', ?, 1, 1, 1, 1, 1, 1)", SENHA)
+        self.programa.comecar()
+        ecra.activar(ecra.janela(LOGIN))
+        ecra.escrever("Ana")
+        ecra.tecla("Tab")
+        ecra.escrever(SENHA)
+        ecra.tecla("Return")
+        principal = ecra.janela(TITULO + ".*Ana")
+        self.escapar(principal)
+
+        ecra.run("xdotool", "windowactivate", principal)  # as a task list does
+        ecra.activar(ecra.janela(LOGIN))
+        ecra.until(lambda: minimizada(principal), "the window down again")
+        ecra.tecla("Escape")
+        ecra.sem_janela(LOGIN)
+        self.assertTrue(minimizada(principal))
+
+        ecra.run("xdotool", "windowactivate", principal)
+        ecra.activar(ecra.janela(LOGIN))
+        ecra.escrever(SENHA)
+        ecra.tecla("Return")
+        ecra.sem_janela(LOGIN)
+        ecra.until(lambda: not minimizada(principal), "the open window")
+
+    def test_arrancar_minimizado_deixa_a_janela_na_lista_de_tarefas(self):
+        self.programa.definir("arranque", "minimizar", "sim")
+        self.programa.comecar()
+        principal = ecra.until(lambda: ecra.run("xdotool", "search", "--name", "^" + TITULO).split(), "a window")[-1]
+        ecra.until(lambda: minimizada(principal), "the minimised window")
+        ecra.run("xdotool", "windowactivate", principal)
+        ecra.until(lambda: not minimizada(principal), "the window")
+
+
+if __name__ == "__main__":
+    unittest.main()
