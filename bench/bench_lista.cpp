@@ -4,21 +4,21 @@
 // unless told otherwise)
 #include "contacts/frmAddEdit.h"
 #include "contacts/frmProcurar.h"
+#include "controls/Application.h"
+#include "controls/ComboBox.h"
+#include "controls/ListBox.h"
 #include "data/Comandos.h"
 #include "data/Geral.h"
 #include "data/Sementes.h"
-#include "controls/Application.h"
-#include "controls/ComboBox.h"
+#include "mail/PopMailNotification.h"
 #include "platform/DesktopRegistry.h"
 #include "platform/DesktopSound.h"
 #include "platform/DesktopTray.h"
-#include "controls/ListBox.h"
-#include "mail/PopMailNotification.h"
 #include "platform/Platform.h"
 #include "platform/PurpleMessenger.h"
+#include "session/Main.h"
 #include "store/Connection.h"
 #include "store/TextRules.h"
-#include "session/Main.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -38,12 +38,28 @@ namespace
 constexpr int repeticoes = 5;
 const QString texto_procurado = u"nn"_s;
 
-double Agora_ms()
+double Agora_ms(clockid_t relogio = CLOCK_MONOTONIC)
 {
     timespec agora{};
-    clock_gettime(CLOCK_MONOTONIC, &agora);
+    clock_gettime(relogio, &agora);
     return static_cast<double>(agora.tv_sec) * 1e3 + static_cast<double>(agora.tv_nsec) / 1e6;
 }
+
+// Milliseconds on the wall and of the processor; a busy machine stretches the second less.
+struct Tempo {
+    double ms = 0;
+    double cpu = 0;
+};
+
+class Cronometro
+{
+public:
+    Tempo Lido() const { return {Agora_ms() - inicio_, Agora_ms(CLOCK_PROCESS_CPUTIME_ID) - cpu_}; }
+
+private:
+    double inicio_ = Agora_ms();
+    double cpu_ = Agora_ms(CLOCK_PROCESS_CPUTIME_ID);
+};
 
 double Memoria_MB()
 {
@@ -52,20 +68,28 @@ double Memoria_MB()
     return ficheiro.readAll().split(' ').value(1).toDouble() * 4096 / 1e6;
 }
 
-double Mediano(std::vector<double> &tempos)
+double Mediano(const std::vector<Tempo> &tempos, double Tempo::*parte)
 {
-    const auto meio = tempos.begin() + static_cast<std::ptrdiff_t>(tempos.size() / 2);
-    std::nth_element(tempos.begin(), meio, tempos.end());
+    std::vector<double> partes;
+    for (const Tempo &tempo : tempos)
+        partes.push_back(tempo.*parte);
+    const auto meio = partes.begin() + static_cast<std::ptrdiff_t>(partes.size() / 2);
+    std::nth_element(partes.begin(), meio, partes.end());
     return *meio;
 }
 
-double Mediana(const std::function<void()> &trabalho)
+Tempo Mediano(const std::vector<Tempo> &tempos)
 {
-    std::vector<double> tempos;
+    return {Mediano(tempos, &Tempo::ms), Mediano(tempos, &Tempo::cpu)};
+}
+
+Tempo Mediana(const std::function<void()> &trabalho)
+{
+    std::vector<Tempo> tempos;
     for (int i = 0; i < repeticoes; ++i) {
-        const double inicio = Agora_ms();
+        const Cronometro cronometro;
         trabalho();
-        tempos.push_back(Agora_ms() - inicio);
+        tempos.push_back(cronometro.Lido());
     }
     return Mediano(tempos);
 }
@@ -110,7 +134,7 @@ void Encher(const QString &pasta, int quantos)
 }
 
 // The rows of a command in the same order, into strings, with nothing in between.
-double Leitura_Nua(const QString &pasta, ComandoComLinhas comando, const std::string &parametro = {})
+Tempo Leitura_Nua(const QString &pasta, ComandoComLinhas comando, const std::string &parametro = {})
 {
     SQLite::Database base((pasta + u"/morvex.mdb"_s).toStdString());
     registerTextRules(base.getHandle());
@@ -124,7 +148,24 @@ double Leitura_Nua(const QString &pasta, ComandoComLinhas comando, const std::st
 }
 
 // Times from the start of this process are told by the parent, which noted when it began.
-double Desde_O_Inicio() { return Agora_ms() - qEnvironmentVariable("BENCH_INICIO").toDouble(); }
+Tempo Desde_O_Inicio()
+{
+    return {Agora_ms() - qEnvironmentVariable("BENCH_INICIO").toDouble(), Agora_ms(CLOCK_PROCESS_CPUTIME_ID)};
+}
+
+// What a measured process tells its parent, in this order: megabytes, in the place of a time, and times.
+namespace lugar
+{
+enum : std::size_t { memoria, inicio, recarga, cartao, filtro, tecla, texto, numero, adicao };
+}
+
+void Dizer(double megabytes, std::initializer_list<Tempo> tempos)
+{
+    std::printf("%.2f 0", megabytes);
+    for (const Tempo &tempo : tempos)
+        std::printf(" %.2f %.2f", tempo.ms, tempo.cpu);
+    std::fflush(stdout);
+}
 
 void Mostrar_E_Pintar(QWidget &janela)
 {
@@ -140,12 +181,12 @@ int Filho_Vazio(int argc, char **argv)
     QApplication application(argc, argv);
     QMainWindow janela;
     Mostrar_E_Pintar(janela);
-    std::printf("%.2f %.2f\n", Desde_O_Inicio(), Memoria_MB());
+    Dizer(Memoria_MB(), {Desde_O_Inicio()});
     return 0;
 }
 
 // A key in the quick search, to the painted card of a name near the end of the list.
-double Tecla(Main &janela)
+Tempo Tecla(Main &janela)
 {
     bool outra = false;
     return Mediana([&] {
@@ -156,7 +197,7 @@ double Tecla(Main &janela)
 }
 
 // A search to its first hit: in the notes, of which all match, and in the telephones, of which none does.
-std::pair<double, double> Procuras(Main &janela)
+std::pair<Tempo, Tempo> Procuras(Main &janela)
 {
     janela.procurar->trigger();
     const auto janelas = QApplication::topLevelWidgets();
@@ -171,21 +212,21 @@ std::pair<double, double> Procuras(Main &janela)
             procura.cmdProcurar->click();
         });
     };
-    const double texto = procurar(procura.opcaoObs, texto_procurado);
-    const double numero = procurar(procura.opcaoTelefone, u"999"_s);
+    const Tempo texto = procurar(procura.opcaoObs, texto_procurado);
+    const Tempo numero = procurar(procura.opcaoTelefone, u"999"_s);
     procura.close();
     return {texto, numero};
 }
 
 // From Ok in the editor to the painted card of the new contact. So that the list keeps its length, and the
 // new contact an ID that the card can show, the last one is taken away before each.
-double Adicao(Main &janela, const Geral &geral, const QString &pasta)
+Tempo Adicao(Main &janela, const Geral &geral, const QString &pasta)
 {
     Connection ligacao;
     ligacao.setConnectionString(u"Data Source='%1/morvex.mdb'"_s.arg(pasta));
     ligacao.Open();
     const qint64 quantos = janela.ListaNomes->ListCount();
-    std::vector<double> tempos;
+    std::vector<Tempo> tempos;
     for (int i = 0; i < repeticoes; ++i) {
         ligacao.execute(u"DELETE FROM TblLista WHERE ID>=?"_s, {quantos});
         ligacao.execute(u"UPDATE sqlite_sequence SET seq=? WHERE name='TblLista'"_s, {quantos - 1});
@@ -193,13 +234,13 @@ double Adicao(Main &janela, const Geral &geral, const QString &pasta)
         QTimer::singleShot(0, &janela, [&] {
             auto &form = *qobject_cast<frmAddEdit *>(QApplication::activeModalWidget());
             form.txtNome->setText(u"Mónica Nóbrega Nova"_s);
-            const double inicio = Agora_ms();
+            const Cronometro cronometro;
             form.cmdOk->click();
             janela.repaint();
-            tempos.push_back(Agora_ms() - inicio);
+            tempos.push_back(cronometro.Lido());
         });
         janela.cmdNovo->click();
-        if (geral.IDContacto != quantos || !janela.cmdEditar->isEnabled()) return 0; // another card, or none
+        if (geral.IDContacto != quantos || !janela.cmdEditar->isEnabled()) return {}; // another card, or none
     }
     return Mediano(tempos);
 }
@@ -222,29 +263,27 @@ int Filho_Main(int argc, char **argv, const QString &pasta)
     Main janela(geral, platform);
     janela.Carregar();
     Mostrar_E_Pintar(janela);
-    const double inicio = Desde_O_Inicio();
+    const Tempo inicio = Desde_O_Inicio();
     const double memoria = Memoria_MB();
 
-    const double recarga = Mediana([&] { janela.ComboGrupos->setListIndex(0); });
-    const double filtro = Mediana([&] { janela.ComboGrupos->setListIndex(3); });
+    const Tempo recarga = Mediana([&] { janela.ComboGrupos->setListIndex(0); });
+    const Tempo filtro = Mediana([&] { janela.ComboGrupos->setListIndex(3); });
     janela.ComboGrupos->setListIndex(0);
     int linha = 0;
-    const double cartao = Mediana([&] {
+    const Tempo cartao = Mediana([&] {
         linha = (linha + 997) % janela.ListaNomes->ListCount();
         janela.ListaNomes->setListIndex(linha);
         janela.repaint();
     });
-    const double tecla = Tecla(janela);
+    const Tempo tecla = Tecla(janela);
     const auto [texto, numero] = Procuras(janela);
-    const double adicao = Adicao(janela, geral, pasta);
-    std::printf("%.2f %.2f %.2f %.2f %.2f %.2f %.2f %.2f %.2f\n", inicio, memoria, recarga, cartao, filtro,
-                tecla, texto, numero, adicao);
-    std::fflush(stdout);
+    const Tempo adicao = Adicao(janela, geral, pasta);
+    Dizer(memoria, {inicio, recarga, cartao, filtro, tecla, texto, numero, adicao});
     process.end();
     return 0;
 }
 
-QList<double> Filho(const QStringList &argumentos)
+std::vector<Tempo> Filho(const QStringList &argumentos)
 {
     QProcess processo;
     QProcessEnvironment ambiente = QProcessEnvironment::systemEnvironment();
@@ -253,45 +292,62 @@ QList<double> Filho(const QStringList &argumentos)
     processo.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     processo.start(QCoreApplication::applicationFilePath(), argumentos);
     processo.waitForFinished(-1);
-    QList<double> numeros;
-    for (const QByteArray &parte : processo.readAllStandardOutput().trimmed().split(' '))
-        numeros << parte.toDouble();
+    const QByteArrayList partes = processo.readAllStandardOutput().trimmed().split(' ');
+    std::vector<Tempo> numeros;
+    for (qsizetype i = 0; i + 1 < partes.size(); i += 2)
+        numeros.push_back({partes[i].toDouble(), partes[i + 1].toDouble()});
     return numeros;
 }
 
-// The run whose first number is the median one.
-QList<double> Filho_Mediano(const QStringList &argumentos)
+// Whatever else the machine does only ever adds: of each number the lowest stands.
+void Juntar(std::vector<Tempo> &menores, const std::vector<Tempo> &numeros)
 {
-    QList<QList<double>> corridas;
-    for (int i = 0; i < repeticoes; ++i)
-        corridas << Filho(argumentos);
-    std::sort(corridas.begin(), corridas.end(), [](const auto &a, const auto &b) { return a[0] < b[0]; });
-    return corridas[repeticoes / 2];
+    if (menores.empty()) menores = numeros;
+    for (std::size_t i = 0; i < std::min(menores.size(), numeros.size()); ++i)
+        menores[i] = {std::min(menores[i].ms, numeros[i].ms), std::min(menores[i].cpu, numeros[i].cpu)};
 }
 
+void Linha(const char *nome, Tempo tempo, const char *chao, Tempo do_chao)
+{
+    std::printf("%16s %8.2f ms, %8.2f of CPU   %5.2f x the CPU of %s (%.2f ms, %.2f of CPU)\n", nome,
+                tempo.ms, tempo.cpu, tempo.cpu / do_chao.cpu, chao, do_chao.ms, do_chao.cpu);
+}
+
+void Linha(const char *nome, Tempo tempo)
+{
+    std::printf("%16s %8.2f ms, %8.2f of CPU\n", nome, tempo.ms, tempo.cpu);
+}
+
+// The empty window and the program take turns, so that a busy minute meets both.
 void Medir(int quantos)
 {
     const QTemporaryDir pasta;
     Encher(pasta.path(), quantos);
-    const double leitura = Leitura_Nua(pasta.path(), "cmdListarTodosContactos", "0");
-    const double texto =
+    const Tempo leitura = Leitura_Nua(pasta.path(), "cmdListarTodosContactos", "0");
+    const Tempo obs =
         Leitura_Nua(pasta.path(), "cmdProcurarObs", ('%' + texto_procurado + '%').toStdString());
-    const double numero = Leitura_Nua(pasta.path(), "cmdProcurarTelefone");
-    const QList<double> vazia = Filho_Mediano({u"--vazia"_s});
-    const QList<double> main = Filho_Mediano({u"--main"_s, pasta.path()});
-    if (main.size() < 9 || main[8] <= 0 || vazia.size() < 2) {
-        std::printf("%7d   the measured process failed\n", quantos);
+    const Tempo telefones = Leitura_Nua(pasta.path(), "cmdProcurarTelefone");
+    std::vector<Tempo> vazia;
+    std::vector<Tempo> main;
+    for (int i = 0; i < repeticoes; ++i) {
+        Juntar(vazia, Filho({u"--vazia"_s}));
+        Juntar(main, Filho({u"--main"_s, pasta.path()}));
+    }
+    if (main.size() <= lugar::adicao || main[lugar::adicao].ms <= 0 || vazia.size() <= lugar::inicio) {
+        std::printf("%d contacts: the measured process failed\n", quantos);
         return;
     }
-    std::printf(
-        "%7d   start %7.1f ms (%4.1f x empty %5.1f; less the reload %4.1f x)   reload %6.1f ms (%4.2f x bare "
-        "%5.1f)   card %5.2f ms   filter %6.1f ms   memory %5.1f MB (%4.2f x %5.1f)\n"
-        "          quick search %5.2f ms   text search %6.1f ms (%4.2f x bare %5.1f)   number search %6.1f "
-        "ms "
-        "(%4.2f x bare %5.1f), each with the list read anew   add %6.1f ms (%4.2f x reload)\n",
-        quantos, main[0], main[0] / vazia[0], vazia[0], (main[0] - main[2]) / vazia[0], main[2],
-        main[2] / leitura, leitura, main[3], main[4], main[1], main[1] / vazia[1], vazia[1], main[5], main[6],
-        main[6] / texto, texto, main[7], main[7] / numero, numero, main[8], main[8] / main[2]);
+    std::printf("%d contacts, memory %.1f MB (%.2f x %.1f)\n", quantos, main[lugar::memoria].ms,
+                main[lugar::memoria].ms / vazia[lugar::memoria].ms, vazia[lugar::memoria].ms);
+    Linha("start", main[lugar::inicio], "an empty window", vazia[lugar::inicio]);
+    Linha("reload", main[lugar::recarga], "a bare reading", leitura);
+    Linha("card", main[lugar::cartao]);
+    Linha("filter", main[lugar::filtro]);
+    Linha("quick search", main[lugar::tecla]);
+    // Each with the list read anew.
+    Linha("text search", main[lugar::texto], "a bare reading", obs);
+    Linha("number search", main[lugar::numero], "a bare reading", telefones);
+    Linha("add", main[lugar::adicao], "the reload", main[lugar::recarga]);
     std::fflush(stdout);
 }
 } // namespace

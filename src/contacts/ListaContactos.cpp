@@ -5,6 +5,7 @@
 #include "data/Geral.h"
 #include "janela/Janela.h"
 #include "platform/Failure.h"
+#include "store/Row.h"
 
 #include <QLabel>
 
@@ -14,12 +15,6 @@ namespace
 {
 constexpr qint16 texto_todos_os_grupos = 48;
 constexpr qint16 texto_contador = 49;
-
-void Acrescentar(ListBox &lista, const QString &nome, int id)
-{
-    lista.AddItem(nome);
-    lista.setItemData(lista.NewIndex(), id);
-}
 } // namespace
 
 ListaContactos::ListaContactos(Janela &janela, Geral &geral, CartaoContacto &cartao)
@@ -43,27 +38,33 @@ void ListaContactos::Carregar_Tabela()
     if (ListaNomes.ListCount() == 1) ListaNomes.setListIndex(0);
 }
 
-Recordset &ListaContactos::Abrir_Nomes()
+ListItems ListaContactos::Ler_Nomes()
 {
+    ListItems nomes;
+    int coluna_nome = -1;
+    int coluna_id = -1;
+    const auto acrescentar = [&](const Row &linha) {
+        if (coluna_id < 0) {
+            coluna_nome = linha.column("Nome");
+            coluna_id = linha.column("ID");
+        }
+        nomes.append(linha.utf8(coluna_nome), linha.field(coluna_id).number());
+    };
     geral_.GrupoActual = QString::number(ComboGrupos.ItemData(ComboGrupos.ListIndex()));
-    return geral_.GrupoActual.toInt() == 0
-               ? geral_.de.Abrir("cmdListarTodosContactos", {geral_.SessaoActual.IdUtilizador})
-               : geral_.de.Abrir("cmdListarNomes", {geral_.GrupoActual});
+    if (geral_.GrupoActual.toInt() == 0)
+        geral_.de.Percorrer("cmdListarTodosContactos", {geral_.SessaoActual.IdUtilizador}, acrescentar);
+    else
+        geral_.de.Percorrer("cmdListarNomes", {geral_.GrupoActual}, acrescentar);
+    return nomes;
 }
 
+// The twin holds the same rows, and shares them.
 void ListaContactos::Preencher_Listas()
 {
     marca_ = geral_.de.Marca();
-    Recordset &rs = Abrir_Nomes();
-    const ListBox::Filling enchendo(ListaNomes);
-    const ListBox::Filling enchendo2(ListaNomes2);
-    for (; !rs.Eof(); rs.MoveNext()) {
-        const QString nome = rs.Fields("Nome").textOrEmpty();
-        const int id = rs.Fields("ID").number();
-        Acrescentar(ListaNomes, nome, id);
-        Acrescentar(ListaNomes2, nome, id);
-    }
-    rs.Close();
+    const ListItems nomes = Ler_Nomes();
+    ListaNomes.setItems(nomes);
+    ListaNomes2.setItems(nomes);
 }
 
 bool ListaContactos::Em_Dia() const

@@ -3,6 +3,7 @@
 // the selection, and puts the selection back by hand.
 #pragma once
 
+#include "controls/ListItems.h"
 #include "store/Connection.h"
 
 #include <QObject>
@@ -13,7 +14,6 @@ class Geral;
 class Janela;
 class ListBox;
 class QLabel;
-class Recordset;
 
 class ListaContactos final : public QObject
 {
@@ -25,8 +25,8 @@ public:
     // two or more none. Raises Failure where a command fails or the picture for want of one is missing.
     void Carregar_Tabela();
 
-    // The names of the group in the filter, whose ID becomes GrupoActual. The caller closes the recordset.
-    Recordset &Abrir_Nomes();
+    // The names of the group in the filter with their ID. That of the group becomes GrupoActual.
+    ListItems Ler_Nomes();
 
     // Whether both lists hold the names as they are now: another copy of the program may have changed them.
     bool Em_Dia() const;

@@ -39,12 +39,8 @@ int LugarNaLista::Lugar_Do_Novo(const QString &Nome, const QString &IDGrupo)
 // Into the twin alone, as they are now: another copy of the program may have changed them.
 void LugarNaLista::Ler_Nomes()
 {
-    const ListBox::Filling enchendo(ListaNomes2);
     ListaNomes2.Clear();
-    Recordset &rs = lista_.Abrir_Nomes();
-    for (; !rs.Eof(); rs.MoveNext())
-        ListaNomes2.AddItem(rs.Fields("Nome").textOrEmpty());
-    rs.Close();
+    ListaNomes2.setItems(lista_.Ler_Nomes());
 }
 
 void LugarNaLista::Mostrar_Novo(int IndiceNovoContacto)

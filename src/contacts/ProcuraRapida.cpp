@@ -6,6 +6,7 @@
 #include "platform/Platform.h"
 
 #include <algorithm>
+#include <optional>
 #include <QAbstractButton>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -28,9 +29,32 @@ bool Igual_Em_Maiusculas(QStringView a, QStringView b)
 // which then begins no name.
 qsizetype Comprimento(const QString &texto) { return (texto + fim_do_texto).indexOf(fim_do_texto); }
 
-bool Comeca_Por(const QString &nome, QStringView texto, qsizetype comprimento)
+// One character of one or two bytes, which is what nearly all names are made of; none for a longer one.
+std::optional<QChar> Tirar_Caracter(std::string_view &nome)
 {
-    return Igual_Em_Maiusculas(QStringView(nome).left(comprimento), texto);
+    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(nome[i]); };
+    constexpr unsigned ascii = 0x80, segundo = 0x3F, primeiro = 0x1F;
+    if (byte(0) < ascii) {
+        const QChar caracter(byte(0));
+        nome.remove_prefix(1);
+        return caracter;
+    }
+    if (byte(0) < 0xC2 || byte(0) > 0xDF || nome.size() < 2 || (byte(1) & ~segundo) != ascii) return {};
+    const QChar caracter((byte(0) & primeiro) << 6 | (byte(1) & segundo));
+    nome.remove_prefix(2);
+    return caracter;
+}
+
+// Compared where the name lies: each key asks many thousands of names, most of which differ at once.
+bool Comeca_Por(std::string_view nome, QStringView texto, qsizetype comprimento)
+{
+    if (texto.size() > comprimento) return false;
+    for (; !texto.empty() && !nome.empty(); texto = texto.mid(1)) {
+        const auto caracter = Tirar_Caracter(nome);
+        if (!caracter) return Igual_Em_Maiusculas(QString::fromUtf8(nome).left(texto.size()), texto);
+        if (*caracter != texto.front() && caracter->toUpper() != texto.front().toUpper()) return false;
+    }
+    return texto.empty();
 }
 } // namespace
 
@@ -60,9 +84,9 @@ void ProcuraRapida::txtProcura_Change()
     const qsizetype comprimento = Comprimento(texto);
     const int fim = ListaNomes.ListCount() - 1;
     int linha = 0;
-    while (linha < fim && !Comeca_Por(ListaNomes.List(linha), texto, comprimento))
+    while (linha < fim && !Comeca_Por(ListaNomes.ListUtf8(linha), texto, comprimento))
         ++linha;
-    if (Comeca_Por(ListaNomes.List(linha), texto, comprimento)) ListaNomes.setListIndex(linha);
+    if (Comeca_Por(ListaNomes.ListUtf8(linha), texto, comprimento)) ListaNomes.setListIndex(linha);
 }
 
 bool ProcuraRapida::eventFilter(QObject *, QEvent *event)

@@ -1,7 +1,6 @@
 #include "controls/ListBox.h"
 
 #include "platform/Failure.h"
-#include "platform/TextOrder.h"
 
 #include <QAbstractListModel>
 #include <QContextMenuEvent>
@@ -9,54 +8,38 @@
 #include <QScopedValueRollback>
 #include <QTextDocument>
 #include <QToolTip>
-#include <vector>
 
 class ListBox::Rows final : public QAbstractListModel
 {
 public:
-    struct Row {
-        QString text;
-        int data = 0;
-    };
-
-    int rowCount(const QModelIndex &parent) const override { return parent.isValid() ? 0 : count(); }
+    int rowCount(const QModelIndex &parent) const override { return parent.isValid() ? 0 : items().count(); }
     QVariant data(const QModelIndex &index, int role) const override
     {
-        return role == Qt::DisplayRole ? QVariant(at(index.row()).text) : QVariant();
+        return role == Qt::DisplayRole ? QVariant(text(index.row())) : QVariant();
     }
 
-    int count() const { return static_cast<int>(rows_.size()); }
-    const Row &at(int index) const { return rows_[static_cast<std::size_t>(index)]; }
-    void setData(int index, int data) { rows_[static_cast<std::size_t>(index)].data = data; }
+    const ListItems &items() const { return items_; }
+    QString text(int index) const { return QString::fromUtf8(items_.text(index)); }
+    void setData(int index, int data) { items_.setData(index, data); }
 
-    // Rows mostly arrive in order already, so the last one is asked first.
-    int placeOf(const QString &text) const
-    {
-        if (rows_.empty() || compareText(text, rows_.back().text) >= 0) return count();
-        const auto place =
-            std::upper_bound(rows_.begin(), rows_.end(), text,
-                             [](const QString &a, const Row &b) { return compareText(a, b.text) < 0; });
-        return static_cast<int>(place - rows_.begin());
-    }
-
-    void insert(int index, const QString &text)
+    void insert(int index, std::string_view utf8)
     {
         if (!filling_) beginInsertRows({}, index, index);
-        rows_.insert(rows_.begin() + index, Row{text, 0});
+        items_.insert(index, utf8);
         if (!filling_) endInsertRows();
     }
 
     void remove(int index)
     {
         beginRemoveRows({}, index, index);
-        rows_.erase(rows_.begin() + index);
+        items_.remove(index);
         endRemoveRows();
     }
 
-    void clear()
+    void replace(ListItems items)
     {
         if (!filling_) beginResetModel();
-        rows_.clear();
+        items_ = std::move(items);
         if (!filling_) endResetModel();
     }
 
@@ -72,7 +55,7 @@ public:
     }
 
 private:
-    std::vector<Row> rows_;
+    ListItems items_;
     bool filling_ = false;
 };
 
@@ -92,8 +75,10 @@ ListBox::~ListBox() { setModel(nullptr); }
 
 void ListBox::AddItem(const QString &text)
 {
-    newIndex_ = sorted_ ? rows_->placeOf(text) : rows_->count();
-    rows_->insert(newIndex_, text);
+    const QByteArray utf8 = text.toUtf8();
+    const std::string_view letters(utf8.constData(), static_cast<std::size_t>(utf8.size()));
+    newIndex_ = sorted_ ? rows_->items().placeOf(letters) : ListCount();
+    rows_->insert(newIndex_, letters);
 }
 
 void ListBox::RemoveItem(int index)
@@ -105,22 +90,35 @@ void ListBox::RemoveItem(int index)
 
 void ListBox::Clear()
 {
-    rows_->clear();
+    rows_->replace({});
     newIndex_ = -1;
 }
 
-int ListBox::ListCount() const { return rows_->count(); }
+void ListBox::setItems(ListItems items)
+{
+    if (sorted_) items.sort();
+    rows_->replace(std::move(items));
+    newIndex_ = -1;
+}
+
+int ListBox::ListCount() const { return rows_->items().count(); }
 
 QString ListBox::List(int index) const
 {
     checkIndex(index);
-    return rows_->at(index).text;
+    return rows_->text(index);
+}
+
+std::string_view ListBox::ListUtf8(int index) const
+{
+    checkIndex(index);
+    return rows_->items().text(index);
 }
 
 int ListBox::ItemData(int index) const
 {
     checkIndex(index);
-    return rows_->at(index).data;
+    return rows_->items().data(index);
 }
 
 void ListBox::setItemData(int index, int number)
@@ -196,6 +194,6 @@ bool ListBox::viewportEvent(QEvent *event)
 
 void ListBox::checkIndex(int index) const
 {
-    if (index < 0 || index >= rows_->count())
+    if (index < 0 || index >= ListCount())
         throw Failure(Failure::InvalidPropertyValue, objectName(), QStringLiteral("No row %1").arg(index));
 }

@@ -3,6 +3,8 @@
 // the index stays the same: code relies on it.
 #pragma once
 
+#include "controls/ListItems.h"
+
 #include <memory>
 #include <QListView>
 
@@ -22,9 +24,12 @@ public:
     int NewIndex() const { return newIndex_; } // row of the last AddItem, -1 before the first
     void RemoveItem(int index);                // Failure for an index outside the list
     void Clear();
+    // All rows anew. A list that holds the same rows as another shares them.
+    void setItems(ListItems items);
 
     int ListCount() const;
     QString List(int index) const;
+    std::string_view ListUtf8(int index) const; // as it lies in the list, until that changes
     int ItemData(int index) const;
     void setItemData(int index, int number);
 

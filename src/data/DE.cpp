@@ -83,6 +83,14 @@ Recordset &DE::Abrir(ComandoComLinhas comando, std::initializer_list<Value> para
     return rs;
 }
 
+void DE::Percorrer(ComandoComLinhas comando, std::initializer_list<Value> parametros,
+                   const std::function<void(const Row &)> &linha)
+{
+    Rs(comando).Close();
+    const Instrucao &instrucao = Preparada(comando.Posicao());
+    Ligacao().rows(instrucao.sql, Converter(instrucao, parametros), linha);
+}
+
 void DE::Executar(ComandoSemLinhas comando, std::initializer_list<Value> parametros)
 {
     const Instrucao &instrucao = Preparada(comando.Posicao());

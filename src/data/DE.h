@@ -27,6 +27,11 @@ public:
     // parameter that does not fit its column and for whatever the store refuses.
     Recordset &Abrir(ComandoComLinhas comando, std::initializer_list<Value> parametros = {});
 
+    // The same without a recordset, for many rows of which little is wanted: hands on each where the store
+    // keeps it (store/Row). The work must not run that command again.
+    void Percorrer(ComandoComLinhas comando, std::initializer_list<Value> parametros,
+                   const std::function<void(const Row &)> &linha);
+
     // Runs a command that writes. What it did is in the file when it returns.
     void Executar(ComandoSemLinhas comando, std::initializer_list<Value> parametros = {});
 
@@ -72,6 +77,9 @@ public:
     // with the connection string that it has. Between the two no command runs.
     void Fechar_Ligacao();
     void Reabrir_Ligacao();
+
+    // Gives up what the store keeps of the file for a next reading.
+    void Largar_Memoria() { ligacao_.releaseMemory(); }
 
     // The recordset of a command, as its last call left it.
     Recordset &Rs(ComandoComLinhas comando) { return conjuntos_[comando.Posicao()]; }

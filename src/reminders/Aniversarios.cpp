@@ -70,12 +70,9 @@ frmAniversarios &Aniversarios::Formulario()
 // load stops the timers until it closes.
 void Aniversarios::Ler()
 {
-    Recordset &rs = geral_.de.Abrir("cmdListarAniversarios", {geral_.SessaoActual.IdUtilizador});
-    const bool tem_linhas = !rs.Eof();
-    const auto proximos = Proximos_Aniversarios(rs, platform_.clock.today(), geral_.DiasAniversarios);
-    rs.Close();
-    if (tem_linhas && (!proximos.empty() || formulario_ != nullptr))
-        Formulario().PreencherAniversarios(proximos);
+    const auto proximos = Proximos_Aniversarios(geral_, platform_.clock.today(), geral_.DiasAniversarios);
+    if (proximos && (!proximos->empty() || formulario_ != nullptr))
+        Formulario().PreencherAniversarios(*proximos);
 }
 
 bool Aniversarios::Ha_Aniversarios() const

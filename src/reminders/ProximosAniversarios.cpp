@@ -1,8 +1,8 @@
 #include "reminders/ProximosAniversarios.h"
 
-#include "store/Recordset.h"
+#include "data/Geral.h"
+#include "store/Row.h"
 
-#include <optional>
 #include <QHash>
 
 namespace
@@ -10,10 +10,7 @@ namespace
 struct DiaEMes {
     QString Dia;
     QString Mes;
-    bool operator==(const DiaEMes &) const = default;
 };
-
-size_t qHash(const DiaEMes &data, size_t seed) { return qHashMulti(seed, data.Dia, data.Mes); }
 
 struct Distancia {
     bool perto = false;
@@ -45,25 +42,76 @@ Distancia Distancia_De(const DiaEMes &data, QDate hoje, int dias)
     }
     return distancia;
 }
+
+// The number of one or two digits, as nearly all days and months are kept.
+std::optional<int> Numero_Curto(std::string_view texto)
+{
+    if (texto.empty() || texto.size() > 2) return {};
+    int numero = 0;
+    for (const char digito : texto) {
+        if (digito < '0' || digito > '9') return {};
+        numero = numero * 10 + (digito - '0');
+    }
+    return numero;
+}
+
+QString Texto(std::string_view utf8)
+{
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+// A large book holds each day of the year many times: its distance is reckoned once.
+class Calendario
+{
+public:
+    Calendario(QDate hoje, int dias) : hoje_(hoje), dias_(dias) {}
+
+    Distancia Ate(std::string_view Dia, std::string_view Mes)
+    {
+        const auto dia = Numero_Curto(Dia);
+        const auto mes = Numero_Curto(Mes);
+        const auto contar = [&] { return Distancia_De({Texto(Dia), Texto(Mes)}, hoje_, dias_); };
+        if (!dia || !mes) return contar();
+        auto &conhecida = conhecidas_[*dia * 100 + *mes];
+        if (!conhecida) conhecida = contar();
+        return *conhecida;
+    }
+
+private:
+    QDate hoje_;
+    int dias_;
+    QHash<int, std::optional<Distancia>> conhecidas_;
+};
+
+struct Colunas {
+    explicit Colunas(const Row &linha)
+        : ID(linha.column("ID")),
+          Nome(linha.column("Nome")),
+          Dia(linha.column("Dia")),
+          Mes(linha.column("Mes"))
+    {
+    }
+    int ID, Nome, Dia, Mes;
+};
 } // namespace
 
-// A large book holds each day of the year many times: its distance is reckoned once, and the rest of a row is
-// read only where it is listed.
-std::vector<Aniversariante> Proximos_Aniversarios(Recordset &rs, QDate hoje, int dias)
+// The rest of a row is read only where it is listed.
+std::optional<std::vector<Aniversariante>> Proximos_Aniversarios(Geral &geral, QDate hoje, int dias)
 {
     std::vector<Aniversariante> proximos;
-    QHash<DiaEMes, Distancia> conhecidas;
-    for (; !rs.Eof(); rs.MoveNext()) {
-        const DiaEMes data{.Dia = rs.Fields("Dia").textOrEmpty(), .Mes = rs.Fields("Mes").textOrEmpty()};
-        auto distancia = conhecidas.constFind(data);
-        if (distancia == conhecidas.constEnd())
-            distancia = conhecidas.insert(data, Distancia_De(data, hoje, dias));
-        if (!distancia->perto) continue;
-        proximos.push_back({.ID = rs.Fields("ID").text(),
-                            .Nome = rs.Fields("Nome").textOrEmpty(),
-                            .Dia = data.Dia,
-                            .Mes = data.Mes,
-                            .hoje = distancia->hoje});
-    }
-    return proximos;
+    std::optional<Colunas> colunas;
+    Calendario calendario(hoje, dias);
+    geral.de.Percorrer("cmdListarAniversarios", {geral.SessaoActual.IdUtilizador}, [&](const Row &linha) {
+        if (!colunas) colunas.emplace(linha);
+        const std::string_view Dia = linha.utf8(colunas->Dia);
+        const std::string_view Mes = linha.utf8(colunas->Mes);
+        const Distancia distancia = calendario.Ate(Dia, Mes);
+        if (!distancia.perto) return;
+        proximos.push_back({.ID = linha.field(colunas->ID).text(),
+                            .Nome = linha.field(colunas->Nome).textOrEmpty(),
+                            .Dia = Texto(Dia),
+                            .Mes = Texto(Mes),
+                            .hoje = distancia.hoje});
+    });
+    return colunas ? std::optional(std::move(proximos)) : std::nullopt;
 }

@@ -1,11 +1,12 @@
 // Which birthdays lie within the next days. Contacts keep a day and a month for this; the year plays no part.
 #pragma once
 
+#include <optional>
 #include <QDate>
 #include <QString>
 #include <vector>
 
-class Recordset;
+class Geral;
 
 struct Aniversariante {
     QString ID;
@@ -15,7 +16,7 @@ struct Aniversariante {
     bool hoje = false; // the birthday is today
 };
 
-// The rows of cmdListarAniversarios whose birthday comes in fewer than `dias` days, today included, in their
-// own order. Across New Year next year's birthday counts. What is no date at all is never listed; 29 February
-// counts as 1 March in a year without it.
-std::vector<Aniversariante> Proximos_Aniversarios(Recordset &rs, QDate hoje, int dias);
+// Those of the contacts that the user sees whose birthday comes in fewer than `dias` days, today included, by
+// name; nothing where there are no such contacts at all. Across New Year next year's birthday counts. What is
+// no date at all is never listed; 29 February counts as 1 March in a year without it.
+std::optional<std::vector<Aniversariante>> Proximos_Aniversarios(Geral &geral, QDate hoje, int dias);

@@ -168,6 +168,7 @@ void Main::Carregar()
 {
     Inicio().Executar();
     lugar_->Repor();
+    geral_.de.Largar_Memoria();
     returnFreeMemory(); // the start read names and birthdays; from here on the program mostly waits
     if (!geral_.Comeca_Minimizado()) show();
     fila_->Comecar();

@@ -2,6 +2,8 @@
 
 #include "platform/Failure.h"
 #include "store/FailureKind.h"
+#include "store/Row.h"
+#include "store/Statement.h"
 #include "store/TextRules.h"
 #include "store/UntouchedSource.h"
 
@@ -27,14 +29,14 @@ struct Connection::Database {
 
     QString path;
     SQLite::Database handle; // declared first: the statements go before it
-    QHash<QString, std::shared_ptr<SQLite::Statement>> statements;
+    QHash<QString, std::shared_ptr<Statement>> statements;
     bool gathering = false;
     bool waitsOnce = false;
     std::vector<Write> portion;  // what was run and is not yet in the file
     int undone = 0;              // portions
     QHash<QString, int> written; // how often each statement is in the file
 
-    SQLite::Statement &statement(const QString &sql);
+    Statement &statement(const QString &sql);
     // Runs that; a lock that it waited for in vain is not waited for again, where that was asked for.
     template<class Work> auto waiting(const Work &work)
     {
@@ -45,9 +47,9 @@ struct Connection::Database {
             throw;
         }
     }
-    bool step(SQLite::Statement &statement)
+    bool step(Statement &statement)
     {
-        return waiting([&] { return statement.executeStep(); });
+        return waiting([&] { return statement.step(); });
     }
     void waitAgain()
     {
@@ -85,81 +87,45 @@ QString translated(const QString &sql)
     return QString(sql).replace(starredDelete, QStringLiteral("DELETE FROM"));
 }
 
-struct Binder {
-    SQLite::Statement &statement;
-    int place;
-    void operator()(std::monostate) const { statement.bind(place); }
-    void operator()(qint64 number) const { statement.bind(place, static_cast<int64_t>(number)); }
-    void operator()(double number) const { statement.bind(place, number); }
-    void operator()(const QString &text) const { statement.bind(place, text.toStdString()); }
-};
-
-void bindAll(SQLite::Statement &statement, const std::vector<StoreValue> &values)
+void bindAll(Statement &statement, const std::vector<StoreValue> &values)
 {
-    if (statement.getBindParameterCount() != static_cast<int>(values.size()))
-        raise(QStringLiteral("%1 values for %2 parameters")
-                  .arg(values.size())
-                  .arg(statement.getBindParameterCount()));
+    if (statement.parameterCount() != static_cast<int>(values.size()))
+        raise(
+            QStringLiteral("%1 values for %2 parameters").arg(values.size()).arg(statement.parameterCount()));
     for (std::size_t i = 0; i < values.size(); ++i)
-        std::visit(Binder{statement, static_cast<int>(i) + 1}, values[i]);
+        statement.bind(static_cast<int>(i) + 1, values[i]);
 }
 
-// The kind is asked for once: each question to the store costs as much as reading a number.
-void addCell(Cells &cells, const SQLite::Column &column)
-{
-    const int kind = column.getType();
-    if (kind == SQLITE_NULL) return cells.addNull();
-    if (kind == SQLITE_INTEGER) return cells.add(qint64{column.getInt64()});
-    if (kind == SQLITE_FLOAT) return cells.add(column.getDouble());
-    const char *text = column.getText();
-    cells.add(std::string_view(text, static_cast<std::size_t>(column.getBytes())));
-}
-
-std::vector<QByteArray> columnNames(const SQLite::Statement &statement)
+std::vector<QByteArray> columnNames(const Statement &statement)
 {
     std::vector<QByteArray> names;
-    names.reserve(static_cast<std::size_t>(statement.getColumnCount()));
-    for (int i = 0; i < statement.getColumnCount(); ++i)
-        names.emplace_back(statement.getColumnName(i));
+    for (int i = 0; i < sqlite3_column_count(statement.handle()); ++i)
+        names.emplace_back(sqlite3_column_name(statement.handle(), i));
     return names;
 }
 
-// Appends the rows that a statement steps on. Each column is asked for once: it then reads every row.
-class RowReader
+void append(Cells &cells, const Statement &statement)
 {
-public:
-    explicit RowReader(SQLite::Statement &statement) : statement_(statement) {}
-    void append(Cells &cells)
-    {
-        for (int i = static_cast<int>(columns_.size()); i < statement_.getColumnCount(); ++i)
-            columns_.push_back(statement_.getColumn(i));
-        for (const SQLite::Column &column : columns_)
-            addCell(cells, column);
-    }
-
-private:
-    SQLite::Statement &statement_;
-    std::vector<SQLite::Column> columns_;
-};
+    const int columns = sqlite3_column_count(statement.handle());
+    const Row row(statement.handle());
+    for (int i = 0; i < columns; ++i)
+        row.addTo(cells, i);
+}
 
 // Frees the statement for its next use, whatever became of this one, so that no lock stays behind.
 class Running
 {
 public:
-    Running(SQLite::Statement &statement, const std::vector<StoreValue> &values) : statement_(statement)
+    Running(Statement &statement, const std::vector<StoreValue> &values) : statement_(statement)
     {
         bindAll(statement_, values);
     }
-    ~Running()
-    {
-        statement_.tryReset();
-        statement_.clearBindings();
-    }
+    ~Running() { statement_.release(); }
     Running(const Running &) = delete;
     Running &operator=(const Running &) = delete;
 
 private:
-    SQLite::Statement &statement_;
+    Statement &statement_;
 };
 
 template<class Work> auto raisingFailures(const QString &path, const QString &source, const Work &work)
@@ -187,10 +153,10 @@ void copyAll(SQLite::Database &target, SQLite::Database &source)
 }
 } // namespace
 
-SQLite::Statement &Connection::Database::statement(const QString &sql)
+Statement &Connection::Database::statement(const QString &sql)
 {
     auto &kept = statements[sql];
-    if (!kept) kept = std::make_shared<SQLite::Statement>(handle, translated(sql).toStdString());
+    if (!kept) kept = std::make_shared<Statement>(handle.getHandle(), translated(sql).toStdString());
     return *kept;
 }
 
@@ -275,9 +241,9 @@ void Connection::run(const Write &write)
 {
     raisingFailures(database_->path, write.sql, [&] {
         database_->waiting([&] {
-            SQLite::Statement &statement = database_->statement(write.sql);
+            Statement &statement = database_->statement(write.sql);
             const Running running(statement, write.values);
-            statement.exec();
+            statement.run();
         });
     });
 }
@@ -414,12 +380,11 @@ Recordset Connection::query(const QString &sql, const std::vector<StoreValue> &v
 {
     if (!database_) raise(QStringLiteral("The connection is closed"));
     return raisingFailures(database_->path, sql, [&] {
-        SQLite::Statement &statement = database_->statement(sql);
+        Statement &statement = database_->statement(sql);
         const Running running(statement, values);
         Cells cells;
-        RowReader reader(statement);
         while (database_->step(statement))
-            reader.append(cells);
+            append(cells, statement);
         return Recordset(columnNames(statement), std::move(cells));
     });
 }
@@ -429,13 +394,30 @@ void Connection::each(const QString &sql, const std::vector<StoreValue> &values,
 {
     if (!database_) raise(QStringLiteral("The connection is closed"));
     raisingFailures(database_->path, sql, [&] {
-        SQLite::Statement &statement = database_->statement(sql);
+        Statement &statement = database_->statement(sql);
         const Running running(statement, values);
-        RowReader reader(statement);
         while (database_->step(statement)) {
             Cells cells;
-            reader.append(cells);
+            append(cells, statement);
             row(Recordset(columnNames(statement), std::move(cells)));
         }
     });
+}
+
+void Connection::rows(const QString &sql, const std::vector<StoreValue> &values,
+                      const std::function<void(const Row &)> &row)
+{
+    if (!database_) raise(QStringLiteral("The connection is closed"));
+    raisingFailures(database_->path, sql, [&] {
+        Statement &statement = database_->statement(sql);
+        const Running running(statement, values);
+        const Row current(statement.handle());
+        while (database_->step(statement))
+            row(current);
+    });
+}
+
+void Connection::releaseMemory()
+{
+    if (database_) sqlite3_db_release_memory(database_->handle.getHandle());
 }

@@ -9,6 +9,8 @@
 #include <memory>
 #include <vector>
 
+class Row;
+
 class Connection
 {
 public:
@@ -48,6 +50,15 @@ public:
     // valid until the next one.
     void each(const QString &sql, const std::vector<StoreValue> &values,
               const std::function<void(const Recordset &)> &row);
+
+    // The same for many rows of which little is wanted: hands on each where the store keeps it. The work must
+    // not run that statement again.
+    void rows(const QString &sql, const std::vector<StoreValue> &values,
+              const std::function<void(const Row &)> &row);
+
+    // Gives up the pages of the file that are kept for a next reading: worth a call where much was read for
+    // once.
+    void releaseMemory();
 
     // Another one once anybody, here or in another program, has changed the file.
     struct Mark {

@@ -64,6 +64,12 @@ private Q_SLOTS:
         QTest::newRow("barra que o nome tem") << u"Q¦"_s << QString();
         QTest::newRow("barra sozinha") << u"¦"_s << QString();
         QTest::newRow("o s alemao fica uma letra") << u"STRASSE"_s << QString();
+        QTest::newRow("letras de dois bytes") << u"жА"_s << u"Жан"_s;
+        QTest::newRow("letra de tres bytes") << u"ấn đ"_s << u"Ấn Độ"_s;
+        QTest::newRow("outra letra de tres bytes") << u"ẩn"_s << QString();
+        QTest::newRow("sinal de quatro bytes") << u"漢😀"_s << u"漢😀"_s;
+        QTest::newRow("mais longo do que um nome de tres bytes") << u"漢😀x"_s << QString();
+        QTest::newRow("o i sem ponto tem a maiuscula do i") << u"zı"_s << u"Zita"_s;
         QTest::newRow("o s alemao bate consigo") << u"STRAß"_s << u"Straße"_s;
     }
     void que_nome_bate()
@@ -71,7 +77,8 @@ private Q_SLOTS:
         QFETCH(QString, texto);
         QFETCH(QString, nome);
         Programa p;
-        p.Carregar({u"Ana Maria"_s, u"Erica"_s, u"Érica"_s, u"Q¦Z"_s, u"Straße"_s, u"Zita"_s});
+        p.Carregar({u"Ana Maria"_s, u"Erica"_s, u"Érica"_s, u"Q¦Z"_s, u"Straße"_s, u"Zita"_s, u"Жан"_s,
+                    u"Ấn Độ"_s, u"漢😀"_s});
         p.janela.txtProcura->setText(texto);
         QCOMPARE(p.Escolhido(), nome);
     }

@@ -15,6 +15,14 @@ class TestListBox : public QObject
             list.setItemData(list.NewIndex(), static_cast<int>(text.size()));
         }
     }
+    // Each with its place, counted from 1.
+    static ListItems Juntas(const QStringList &texts)
+    {
+        ListItems items;
+        for (const QString &text : texts)
+            items.append(text.toStdString(), items.count() + 1);
+        return items;
+    }
     static QStringList Textos(const ListBox &list)
     {
         QStringList texts;
@@ -168,6 +176,46 @@ private Q_SLOTS:
         QCOMPARE(list.model()->rowCount(), 3);
         list.setListIndex(2);
         QCOMPARE(list.currentIndex().data().toString(), u"c"_s);
+    }
+
+    void linhas_trazidas_juntas_tomam_o_lugar_das_que_havia()
+    {
+        ListBox list;
+        Encher(list, {u"antiga"_s});
+        list.setListIndex(0);
+        QSignalSpy resets(list.model(), &QAbstractItemModel::modelReset);
+        list.setItems(Juntas({u"b"_s, u"Álvaro"_s}));
+        QCOMPARE(Textos(list), (QStringList{u"b:1"_s, u"Álvaro:2"_s}));
+        QCOMPARE(resets.size(), 1);
+        QCOMPARE(list.ListIndex(), -1);
+        QCOMPARE(list.NewIndex(), -1);
+    }
+
+    void uma_lista_ordenada_ordena_as_que_vem_juntas_e_deixa_as_iguais_como_vieram()
+    {
+        ListBox list;
+        list.setSorted(true);
+        list.setItems(Juntas({u"Zita"_s, u"ana"_s, u"Álvaro"_s, u"ANA"_s}));
+        QCOMPARE(Textos(list), (QStringList{u"Álvaro:3"_s, u"ana:2"_s, u"ANA:4"_s, u"Zita:1"_s}));
+    }
+
+    void o_que_muda_numa_lista_nao_muda_na_que_tem_as_mesmas_linhas()
+    {
+        ListBox list;
+        ListBox twin;
+        twin.setSorted(true);
+        const ListItems items = Juntas({u"Álvaro"_s, u"Zita"_s});
+        list.setItems(items);
+        twin.setItems(items);
+        QCOMPARE(static_cast<const void *>(twin.ListUtf8(1).data()),
+                 static_cast<const void *>(list.ListUtf8(1).data())); // the very same letters
+        twin.AddItem(u"Éva 漢 😀"_s);
+        twin.setItemData(0, 7);
+        list.RemoveItem(0);
+        QCOMPARE(Textos(list), QStringList{u"Zita:2"_s});
+        QCOMPARE(Textos(twin), (QStringList{u"Álvaro:7"_s, u"Éva 漢 😀:0"_s, u"Zita:2"_s}));
+        list.AddItem(u"漢"_s);
+        QCOMPARE(Textos(list), (QStringList{u"Zita:2"_s, u"漢:0"_s}));
     }
 };
 

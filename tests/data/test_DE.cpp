@@ -1,6 +1,7 @@
 // The one connection to the database: which file it opens and when, what happens without one, and with
 // company.
 #include "platform/Failure.h"
+#include "store/Row.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
@@ -230,6 +231,22 @@ private Q_SLOTS:
         QCOMPARE(s.Linhas(u"PRAGMA integrity_check"_s), QStringList{u"ok"_s});
         const qsizetype escritas = s.Linhas(u"SELECT ID FROM TblGrupos WHERE NomeGrupo='copia'"_s).size();
         QVERIFY(escritas == ditas || escritas == ditas + 1);
+    }
+
+    void percorrer_um_comando_fecha_o_conjunto_que_ficou_aberto_e_da_as_mesmas_linhas()
+    {
+        Sistema s;
+        Recordset &rs = s.geral.de.Abrir("cmdListarGrupos", {u"0"_s});
+        const QString primeiro = rs.Fields("NomeGrupo").text();
+        const int quantos = rs.RecordCount();
+        QStringList nomes;
+        s.geral.de.Percorrer("cmdListarGrupos", {u"0"_s}, [&](const Row &linha) {
+            nomes << linha.field(linha.column("NomeGrupo")).text();
+        });
+        QCOMPARE(rs.State(), Recordset::Closed);
+        QCOMPARE(nomes.size(), quantos);
+        QCOMPARE(nomes.value(0), primeiro);
+        VERIFICAR_FALHA(s.geral.de.Percorrer("cmdListarGrupos", {}, [](const Row &) {}), Failure::StoreError);
     }
 
     // However fast the disk is, the writer is in the middle: its journal is there, and the file has grown.

@@ -18,10 +18,8 @@ struct ComContactos {
 
     std::vector<Aniversariante> Proximos(QDate hoje, int dias)
     {
-        Recordset &rs = s.geral.de.Abrir("cmdListarAniversarios", {u"0"_s});
-        auto proximos = Proximos_Aniversarios(rs, hoje, dias);
-        rs.Close();
-        return proximos;
+        s.geral.SessaoActual.IdUtilizador = u"0"_s;
+        return Proximos_Aniversarios(s.geral, hoje, dias).value_or(std::vector<Aniversariante>());
     }
 
     // The names, with "*" behind those of today.

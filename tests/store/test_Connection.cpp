@@ -1,6 +1,7 @@
 // The connection to a database file: what it opens, what it refuses, what it does to a statement.
 #include "store/Connection.h"
 #include "store/NewDatabase.h"
+#include "store/Row.h"
 #include "testlib/DiscoCheio.h"
 #include "testlib/Teste.h"
 
@@ -428,6 +429,51 @@ private Q_SLOTS:
         copia.each(u"SELECT Nome FROM T ORDER BY Nome"_s, {},
                    [&](const Recordset &linha) { nomes << linha.Fields("Nome").text(); });
         QCOMPARE(nomes, (QStringList{u"Álvaro"_s, u"ANDRÉ"_s, u"Zita"_s}));
+    }
+
+    void as_linhas_que_passam_trazem_o_que_cada_celula_guarda()
+    {
+        Criar_Tabela();
+        QStringList linhas;
+        connection_.rows(u"SELECT ID, Nome, NULL AS Nada, 1.5 AS Meio, 'outro' AS nome FROM T WHERE ID<?"_s,
+                         {qint64{3}}, [&](const Row &linha) {
+                             const auto nome = linha.utf8(linha.column("NOME"));
+                             QVERIFY(linha.field(linha.column("Nada")).isNull());
+                             QVERIFY(linha.utf8(linha.column("Nada")).empty());
+                             QCOMPARE(linha.field(linha.column("Meio")).real(), 1.5);
+                             linhas << QString::number(linha.field(linha.column("id")).number()) + u'|' +
+                                           QString::fromUtf8(nome) + u'|' +
+                                           linha.field(linha.column("Nome")).text();
+                         });
+        QCOMPARE(linhas, (QStringList{u"1|Álvaro|Álvaro"_s, u"2|ANDRÉ|ANDRÉ"_s}));
+    }
+
+    void uma_falha_a_meio_das_linhas_nao_deixa_o_ficheiro_trancado()
+    {
+        Criar_Tabela();
+        int vistas = 0;
+        VERIFICAR_FALHA(connection_.rows(u"SELECT Nome FROM T"_s, {},
+                                         [&](const Row &linha) {
+                                             ++vistas;
+                                             linha.column("ID");
+                                         }),
+                        Failure::ItemNotFound);
+        QCOMPARE(vistas, 1);
+        Connection other;
+        other.setConnectionString(Fonte(path_));
+        other.Open();
+        other.execute(u"DELETE FROM T"_s, {}); // waits for a lock in vain, and fails
+        QCOMPARE(Nomes(u""_s), QStringList());
+    }
+
+    void quem_larga_a_memoria_le_o_mesmo_de_novo()
+    {
+        Connection().releaseMemory(); // without a file there is none
+        Criar_Tabela();
+        const QStringList antes = Nomes(u"ORDER BY ID"_s);
+        connection_.releaseMemory();
+        QCOMPARE(Nomes(u"ORDER BY ID"_s), antes);
+        QCOMPARE(antes.size(), 3);
     }
 
     void o_diario_e_desfeito_e_cada_escrita_vai_ao_disco()
