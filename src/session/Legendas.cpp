@@ -1,8 +1,9 @@
 #include "session/Legendas.h"
 
-#include "data/Geral.h"
 #include "controls/Controls.h"
+#include "data/Geral.h"
 #include "platform/Failure.h"
+#include "platform/Translations.h"
 
 #include <array>
 #include <QAbstractButton>
@@ -67,6 +68,10 @@ constexpr std::array textos = std::to_array<EntradaDeTexto>({
     {Botao, "ajuda", 266},
 });
 // clang-format on
+
+// Words in the code: a database keeps the texts that it was made with, and most are older than these.
+constexpr Translations imprimir_etiquetas{u"&Etiquetas", u"&Etiquetas",  u"L&abels",   u"&Etiquetas",
+                                          u"E&tichette", u"É&tiquettes", u"&Etiketten"};
 
 struct ImagemDeEntrada {
     const char *controlo;
@@ -156,6 +161,8 @@ void legendas::Atribuir(QMainWindow &janela, Geral &geral)
 {
     for (const EntradaDeTexto &entrada : textos)
         skipFailure([&] { Atribuir_Um(janela, entrada, geral.Ler_Idioma(entrada.texto)); });
+    control<QAction>(janela, u"ImprimirEtiquetas"_s)
+        .setText(translated(imprimir_etiquetas, geral.IdiomaActual));
     Dar_Dicas_Fixas(janela);
     for (const ImagemDeEntrada &imagem : imagens)
         Por_Imagem(janela, imagem);

@@ -111,6 +111,39 @@ private Q_SLOTS:
         QVERIFY(ditos.contains(u"21 mes12;Dezember;TRUE"_s));
     }
 
+    void varias_fichas_por_pagina_sao_outra_definicao_com_os_mesmos_rotulos()
+    {
+        ComDialogo c;
+        c.Abrir_Com_Previsao().cbVariasPorPagina->click();
+        c.form->cmdImprimir->click();
+        QCOMPARE(c.relatorio.Ditos(u"ReportFileName"_s), QStringList{u"fichas.rpt"_s});
+        QCOMPARE(c.relatorio.Ditos(u"ParameterFields"_s), c.Rotulos_Da_Ficha());
+    }
+
+    void so_as_fichas_cabem_varias_na_pagina()
+    {
+        ComDialogo c;
+        c.Abrir_Com_Previsao().cbVariasPorPagina->click();
+        c.form->opcoes->OptionLista->click();
+        QVERIFY(!c.form->cbVariasPorPagina->isEnabled());
+        c.form->cmdImprimir->click();
+        QCOMPARE(c.relatorio.Ditos(u"ReportFileName"_s), QStringList{u"lista.rpt"_s});
+    }
+
+    void a_lista_com_grupos_tem_o_nome_do_grupo_por_titulo()
+    {
+        ComDialogo c;
+        c.Grupo(u"Vizinhos"_s);
+        c.Abrir_Com_Previsao().opcoes->OptionContactos->click();
+        c.form->cmdImprimir->click();
+        c.form->opcoes->ComboGrupos->ChooseText(u"Vizinhos"_s);
+        c.form->cmdImprimir->click();
+        QCOMPARE(c.relatorio.Ditos(u"ReportFileName"_s),
+                 (QStringList{u"contactos.rpt"_s, u"contactos.rpt"_s}));
+        QCOMPARE(c.relatorio.Ditos(u"ParameterFields"_s),
+                 (QStringList{u"24 titulo;Todos os grupos;TRUE"_s, u"24 titulo;Vizinhos;TRUE"_s}));
+    }
+
     void um_grupo_escolhido_limita_os_registos()
     {
         ComDialogo c;
