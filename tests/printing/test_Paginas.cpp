@@ -74,6 +74,15 @@ struct ComPaginas : ComRelatorios {
     CrystalReport controlo{s.caixas, s.dialogos, s.relogio, [this] { return s.geral.IdiomaActual; }};
 };
 
+// As the box names lines that are lost.
+QString Ditas(const QStringList &linhas)
+{
+    constexpr qsizetype mais = 10;
+    QStringList ditas = linhas.first(std::min(mais, linhas.size()));
+    if (linhas.size() > mais) ditas << u"…"_s;
+    return ditas.join("\r\n"_L1);
+}
+
 bool Ha_Leitor() { return !QStandardPaths::findExecutable(u"pdftotext"_s).isEmpty(); }
 } // namespace
 
@@ -394,6 +403,32 @@ private Q_SLOTS:
         form.cbRemetente->setChecked(false);
         form.cmdImprimir->click();
         QCOMPARE(c.Previstas().page(0).lines().first(), u"Exma. Sra."_s);
+    }
+
+    void muitas_etiquetas_abrem_antes_de_se_saber_o_que_nelas_nao_cabe()
+    {
+        ComPaginas c;
+        c.s.geral.RemetenteBD.clear();
+        c.s.Escrever(u"UPDATE TblConfig SET Destinatario=''"_s);
+        c.s.Escrever(
+            u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 20000) INSERT INTO "
+            "TblLista (Nome, Morada, Grupo) SELECT 'Ana', 'Rua ' || i, 1 FROM n"_s);
+        QStringList linhas;
+        for (int i = 10; i < 30; ++i)
+            linhas << u"linha %1"_s.arg(i);
+        c.Contacto({{u"Nome"_s, u"Zita"_s}, {u"Morada"_s, linhas.join("\r\n"_L1)}});
+        frmEtiquetas form(c.s.geral, c.controlo, c.ListaNomes);
+        form.CheckBoxPrevisualizar->setChecked(true);
+        form.cmdImprimir->click();
+        QVERIFY(!c.Previstas().complete());
+        const QStringList cabem = c.Previstas().page(834 - 1).lines().filter(u"linha"_s);
+        QVERIFY(!cabem.isEmpty() && cabem.size() < linhas.size());
+        c.s.caixas.Espera(u"Estas linhas não cabem na folha, nem em letra mais pequena, e ficam por imprimir:"
+                          "\r\n\r\n"_s +
+                              Ditas(linhas.sliced(cabem.size())),
+                          box::exclamation, u"Imprimir"_s);
+        QTRY_VERIFY_WITH_TIMEOUT(c.s.caixas.Todas_Vistas(), 30'000);
+        QVERIFY(c.Previstas().complete());
     }
 
     void a_tarefa_diz_quando_o_que_e_quantas_vezes()

@@ -144,6 +144,33 @@ private Q_SLOTS:
                  (QStringList{u"24 titulo;Todos os grupos;TRUE"_s, u"24 titulo;Vizinhos;TRUE"_s}));
     }
 
+    void nenhuma_letra_serve_duas_vezes_data()
+    {
+        QTest::addColumn<QString>("idioma");
+        for (const char *idioma :
+             {"PortuguesPT", "PortuguesBR", "InglesUK", "EspanholES", "ItalianoIT", "FrancesFR", "AlemaoDE"})
+            QTest::newRow(idioma) << QString::fromLatin1(idioma);
+    }
+    // Nor in frmExportar, which offers the same options beside captions of its own.
+    void nenhuma_letra_serve_duas_vezes()
+    {
+        QFETCH(QString, idioma);
+        ComDialogo c(idioma);
+        const frmImprimir &form = c.Abrir();
+        const OpcoesRelatorio &o = *form.opcoes;
+        const QStringList opcoes{o.OptionTodos->text(), o.OptionSelecionado->text(), o.OptionLista->text(),
+                                 o.OptionContactos->text()};
+        const QStringList da_impressao{form.CheckBoxPrevisualizar->text(), form.cbVariasPorPagina->text(),
+                                       form.cmdImprimir->text(), form.cmdCancelar->text()};
+        const QStringList da_exportacao{c.s.Texto(257), c.s.Texto(135)};
+        for (const QStringList &legendas : {opcoes + da_impressao, opcoes + da_exportacao}) {
+            QStringList letras;
+            for (const QString &legenda : legendas)
+                letras << legenda.section(u'&', 1).first(1).toLower();
+            QCOMPARE(letras.removeDuplicates(), 0);
+        }
+    }
+
     void um_grupo_escolhido_limita_os_registos()
     {
         ComDialogo c;
