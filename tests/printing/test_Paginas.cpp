@@ -295,7 +295,7 @@ private Q_SLOTS:
         for (int i = 10; i < 22; ++i)
             c.Contacto({{u"Nome"_s, u"Nome %1"_s.arg(i)},
                         {u"Telefone1"_s, u"21"_s},
-                        {u"Obs"_s, u"nota %1\r\nfim %1"_s.arg(i)}});
+                        {u"Obs"_s, u"nota\r\n"_s.repeated(12) + u"fim"_s}});
         frmImprimir form(c.s.geral, c.controlo, c.ListaNomes);
         form.CheckBoxPrevisualizar->setChecked(true);
         form.cbVariasPorPagina->setChecked(true);
