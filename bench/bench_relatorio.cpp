@@ -1,8 +1,8 @@
-// Measures the list's report with many contacts: its preview, its PDF and its exported files, and the files
-// of the full sheets. Each part runs in a process of its own, so that the memory it says is its own peak, and
-// stands beside its floor in the same run: for the PDF the same texts painted by a bare painter, for the rest
-// the same texts read by a bare query and, for a file, as many bytes written. Usage: bench_relatorio [number
-// of contacts]
+// Measures the list's report with many contacts: its preview, its PDF and its exported files, the files of
+// the full sheets, and the previews of several sheets a page, of labels and of the list with groups. Each
+// part runs in a process of its own, so that the memory it says is its own peak, and stands beside its floor
+// in the same run: for the PDF the same texts painted by a bare painter, for the rest the same texts read by
+// a bare query and, for a file, as many bytes written. Usage: bench_relatorio [number of contacts]
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
 #include "platform/MessageBoxes.h"
@@ -142,9 +142,9 @@ public:
 
 // From the order to run until the first page is on the screen; the memory at the end of a look at every tenth
 // page.
-Medida Previsao(const QString &base)
+Medida Previsao(const QString &definicao, const QString &base)
 {
-    Controlo c(u"lista"_s, base, {});
+    Controlo c(definicao, base, {});
     c.relatorio.setWindowState(ReportControl::maximised);
     const Cronometro cronometro;
     c.relatorio.setAction(1);
@@ -230,6 +230,7 @@ Medida Leitura_Nua(const QString &definicao, const QString &base, qint64 bytes)
     std::vector<QStringList> registos;
     for (Recordset rs =
              ligacao.query(u"SELECT %1 FROM TblLista LEFT JOIN TblGrupos ON TblGrupos.ID = TblLista.Grupo "
+                           "LEFT JOIN TblConfig ON TblConfig.ID = 1 "
                            "ORDER BY TblLista.Nome, TblLista.ID"_s.arg(colunas.join(u", "_s)),
                            {});
          !rs.Eof(); rs.MoveNext())
@@ -241,7 +242,7 @@ Medida Leitura_Nua(const QString &definicao, const QString &base, qint64 bytes)
 Medida Parte(const QString &nome, const QString &base, qint64 bytes)
 {
     const QString definicao = nome.section(u' ', 1);
-    if (nome == u"preview"_s) return Previsao(base);
+    if (nome.startsWith(u"preview"_s)) return Previsao(definicao, base);
     if (nome == u"PDF"_s) return Pdf(base);
     if (nome == u"bare-painter"_s) return Pdf_Nu(base);
     if (nome.startsWith(u"XLS"_s)) return Exportacao(definicao, ReportControl::Spreadsheet, base);
@@ -265,7 +266,7 @@ Medida Correr(const QString &nome, const QString &base, qint64 bytes = 0)
 
 void Mostrar(const QString &nome, const Medida &medida, const Medida &chao)
 {
-    std::printf("%-12s %6.0f ms, %6.0f of CPU   floor %6.0f ms, %6.0f of CPU   %5.2f of its CPU   "
+    std::printf("%-22s %6.0f ms, %6.0f of CPU   floor %6.0f ms, %6.0f of CPU   %5.2f of its CPU   "
                 "peak %4.0f MB, floor %4.0f MB   file %5.1f MB\n",
                 qPrintable(nome), medida.ms, medida.cpu, chao.ms, chao.cpu,
                 medida.cpu / std::max(chao.cpu, 1.0), medida.MB, chao.MB,
@@ -288,7 +289,9 @@ int main(int argc, char **argv)
     const QTemporaryDir pasta;
     const QString base = Base_Cheia(pasta, quantos);
     std::printf("%d contacts\n", quantos);
-    Mostrar(u"preview"_s, Correr(u"preview"_s, base), Correr(u"read lista"_s, base));
+    for (const auto &definicao : {u"lista"_s, u"fichas"_s, u"etiquetas_3x8"_s, u"contactos"_s})
+        Mostrar(u"preview "_s + definicao, Correr(u"preview "_s + definicao, base),
+                Correr(u"read "_s + definicao, base));
     Mostrar(u"PDF"_s, Correr(u"PDF"_s, base), Correr(u"bare-painter"_s, base));
     for (const auto &definicao : {u"lista"_s, u"memo"_s})
         for (const auto &tipo : {u"XLS "_s, u"TXT "_s, u"DOC "_s}) {

@@ -5,6 +5,7 @@
 #include "janela/Janela.h"
 #include "platform/Platform.h"
 #include "printing/frmEnvelope.h"
+#include "printing/frmEtiquetas.h"
 #include "printing/frmImprimir.h"
 
 #include <QAction>
@@ -25,6 +26,7 @@ Impressao::Impressao(Janela &janela, Geral &geral, Platform &platform, ReportCon
             &Impressao::RightClickPrintContacto_Click);
     for (QAction *comando : {janela.ImprimirEnvelope, janela.imprimir_envelope, janela.RightClickEnvelope})
         connect(comando, &QAction::triggered, this, &Impressao::ImprimirEnvelope_Click);
+    connect(janela.ImprimirEtiquetas, &QAction::triggered, this, &Impressao::ImprimirEtiquetas_Click);
 }
 
 void Impressao::ImprimirLista_Click() { Mostrar_frmImprimir(false); }
@@ -50,4 +52,13 @@ void Impressao::ImprimirEnvelope_Click()
     }
     const DisabledWindow desactivada(janela_);
     frmEnvelope(geral_, CrystalReport1, &janela_).exec();
+}
+
+// A direct print finds the window free, as that of a list does.
+void Impressao::ImprimirEtiquetas_Click()
+{
+    const DisabledWindow desactivada(janela_);
+    frmEtiquetas form(geral_, CrystalReport1, ListaNomes, &janela_);
+    connect(&form, &QDialog::finished, &janela_, [this] { janela_.setEnabled(true); });
+    form.exec();
 }

@@ -20,6 +20,7 @@ private:
     void ImprimirLista_Click();
     void RightClickPrintContacto_Click();
     void ImprimirEnvelope_Click();
+    void ImprimirEtiquetas_Click();
 
     void Mostrar_frmImprimir(bool seleccionado); // whether for the chosen contact alone
 

@@ -1,18 +1,26 @@
 #include "printing/OpcoesRelatorio.h"
 
 #include "contacts/Preencher_Grupos.h"
+#include "controls/Controls.h"
+#include "controls/ListBox.h"
 #include "data/Geral.h"
 #include "data/Relatorio.h"
-#include "controls/Controls.h"
 #include "platform/Failure.h"
-#include "controls/ListBox.h"
+#include "platform/Translations.h"
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
 const auto todos_os_grupos = u"%"_s;
-}
+
+constexpr Translations lista_com_grupos{u"Lista com &grupos", u"Lista com &grupos",  u"List with &groups",
+                                        u"Lista con &grupos", u"Elenco con &gruppi", u"Liste avec &groupes",
+                                        u"Liste mit &Gruppen"};
+constexpr Translations nome_de_todos{u"Todos os grupos",  u"Todos os grupos", u"All groups",
+                                     u"Todos los grupos", u"Tutti i gruppi",  u"Tous les groupes",
+                                     u"Alle Gruppen"};
+} // namespace
 
 OpcoesRelatorio::OpcoesRelatorio(QWidget *dono) : QWidget(dono)
 {
@@ -45,6 +53,7 @@ void OpcoesRelatorio::Legendar()
     lblGrupo->setText(geral_->Ler_Idioma(42));
     FrameEstilo->setTitle(withoutMnemonic(geral_->Ler_Idioma(78)));
     OptionLista->setText(geral_->Ler_Idioma(79));
+    OptionContactos->setText(translated(lista_com_grupos, geral_->IdiomaActual));
 }
 
 // The row for all groups has no group of its name, nor has a group that was renamed away in the meantime:
@@ -78,7 +87,15 @@ void OpcoesRelatorio::OptionSelecionado_Click()
 
 QString OpcoesRelatorio::Definicao() const
 {
+    if (OptionContactos->isChecked()) return geral_->Ficheiro(u"contactos.rpt"_s);
     return geral_->Ficheiro(OptionMemo->isChecked() ? u"memo.rpt"_s : u"lista.rpt"_s);
+}
+
+QString OpcoesRelatorio::Titulo() const
+{
+    if (OptionSelecionado->isChecked()) return withoutMnemonic(OptionSelecionado->text());
+    if (txtGrupoID->text() == todos_os_grupos) return translated(nome_de_todos, geral_->IdiomaActual);
+    return ComboGrupos->currentText();
 }
 
 QString OpcoesRelatorio::Seleccao() const

@@ -1,5 +1,5 @@
 // What frmImprimir and frmExportar let be chosen alike: which contacts go into the report, and in which of
-// its two layouts.
+// its layouts.
 #pragma once
 
 #include "ui_OpcoesRelatorio.h"
@@ -21,6 +21,9 @@ public:
 
     // The file of the chosen layout.
     QString Definicao() const;
+
+    // What the contact list is called: by its group, or by what else was chosen.
+    QString Titulo() const;
 
     // Which records, as the report control takes it; empty for all. Looks neither at users nor at the groups
     // that they may see.

@@ -4,6 +4,7 @@
 #include "controls/Scale.h"
 #include "data/Geral.h"
 #include "data/Relatorio.h"
+#include "platform/Translations.h"
 #include "report/ReportControl.h"
 
 #include <array>
@@ -44,6 +45,12 @@ constexpr std::array parametros{
     Parametro{u"mes12", 25},
 };
 constexpr std::size_t parametros_da_lista = 6; // the telephone list takes the first ones alone
+constexpr int parametro_do_titulo = 24;        // behind all others, which the control keeps
+
+constexpr Translations varias_por_pagina{u"&Várias fichas por página", u"Várias &fichas por página",
+                                         u"Several s&heets a page",    u"Varias &fichas por página",
+                                         u"Più sche&de per pagina",    u"Plusieurs &fiches par page",
+                                         u"&Mehrere Kontakte je Seite"};
 } // namespace
 
 // The background timers are let run at the load too, unlike in any other form.
@@ -52,6 +59,7 @@ frmImprimir::frmImprimir(Geral &geral, ReportControl &relatorio, const ListBox &
 {
     setupUi(this);
     scale::apply(*this);
+    connect(opcoes->OptionMemo, &QRadioButton::toggled, cbVariasPorPagina, &QWidget::setEnabled);
     connect(cmdImprimir, &QPushButton::clicked, this, &frmImprimir::cmdImprimir_Click);
     connect(cmdCancelar, &QPushButton::clicked, this, &QDialog::reject);
     connect(this, &QDialog::finished, this, &frmImprimir::Form_Unload);
@@ -65,6 +73,7 @@ void frmImprimir::Legendar()
 {
     setWindowTitle(withoutMnemonic(geral_.Ler_Idioma(73)));
     CheckBoxPrevisualizar->setText(geral_.Ler_Idioma(77));
+    cbVariasPorPagina->setText(translated(varias_por_pagina, geral_.IdiomaActual));
     cmdImprimir->setText(geral_.Ler_Idioma(80));
     cmdCancelar->setText(geral_.Ler_Idioma(43));
 }
@@ -86,8 +95,17 @@ void frmImprimir::cmdImprimir_Click()
 
 void frmImprimir::Escolher_Definicao()
 {
-    CrystalReport1.setReportFileName(opcoes->Definicao());
-    const std::size_t quantos = opcoes->OptionMemo->isChecked() ? parametros.size() : parametros_da_lista;
+    const bool fichas = opcoes->OptionMemo->isChecked();
+    const bool varias = fichas && cbVariasPorPagina->isChecked();
+    CrystalReport1.setReportFileName(varias ? geral_.Ficheiro(u"fichas.rpt"_s) : opcoes->Definicao());
+    if (opcoes->OptionContactos->isChecked())
+        CrystalReport1.setParameterFields(parametro_do_titulo, u"titulo;%1;TRUE"_s.arg(opcoes->Titulo()));
+    else
+        Dar_Rotulos(fichas ? parametros.size() : parametros_da_lista);
+}
+
+void frmImprimir::Dar_Rotulos(std::size_t quantos)
+{
     for (std::size_t i = 0; i < quantos; ++i) {
         const auto &[nome, texto, palavras] = parametros[i];
         const QString valor = texto == 0 ? QString::fromUtf16(palavras) : geral_.Ler_Idioma(texto);

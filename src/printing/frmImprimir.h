@@ -23,6 +23,7 @@ private:
 
     void Legendar();
     void Escolher_Definicao();
+    void Dar_Rotulos(std::size_t quantos);
     void Escolher_Destino();
 
     Geral &geral_;

@@ -9,6 +9,7 @@
 #include "report/ReportPages.h"
 #include "report/ReportPreview.h"
 #include "report/ReportPrinting.h"
+#include "report/ReportView.h"
 #include "report/ReportWords.h"
 
 #include <QApplication>
@@ -147,13 +148,13 @@ void CrystalReport::showPreview()
     connect(preview_, &ReportPreview::pdfWanted, this, [this] { savePdf(*preview_->pages(), preview_); });
     connect(preview_, &ReportPreview::refreshWanted, this, [this] {
         preview_->setPages(pages());
-        sayLost(*preview_->pages(), preview_);
+        sayLostWhenFound();
     });
     if (windowState_ == maximised)
         preview_->showMaximized();
     else
         preview_->show();
-    sayLost(*shown, preview_);
+    sayLostWhenFound();
 }
 
 void CrystalReport::printAtOnce(ReportPages &pages, QWidget *owner)
@@ -205,11 +206,27 @@ void CrystalReport::exportToFile()
     exportReport(printFileType_, rows, *path);
 }
 
+// The pages of many records are found while the first ones are looked at.
+void CrystalReport::sayLostWhenFound()
+{
+    constexpr std::size_t few = 500;
+    const std::shared_ptr<ReportPages> shown = preview_->pages();
+    if (shown->complete() || shown->data().size() <= few) return sayLost(*shown, preview_);
+    auto *view = preview_->findChild<ReportView *>();
+    auto *waiting = new QObject(preview_);
+    connect(view, &ReportView::pagesFound, waiting, [this, waiting](int, bool all) {
+        if (!all) return;
+        waiting->deleteLater();
+        sayLost(*preview_->pages(), preview_);
+    });
+}
+
 // Whoever sends a letter must know which lines of the address are missing on it.
 void CrystalReport::sayLost(ReportPages &pages, QWidget *owner) const
 {
     constexpr qsizetype most = 10; // lines that are named
-    const QStringList lost = pages.lost();
+    QStringList lost = pages.lost();
+    lost.removeDuplicates();
     if (lost.isEmpty()) return;
     QStringList said{reportWord(ReportWord::DoesNotFit, language_()), {}};
     said << lost.first(std::min(most, lost.size()));

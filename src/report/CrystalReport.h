@@ -59,6 +59,7 @@ private:
     void print(ReportPages &pages, QWidget *owner);
     void savePdf(ReportPages &pages, QWidget *owner);
     void exportToFile();
+    void sayLostWhenFound();
     void sayLost(ReportPages &pages, QWidget *owner) const;
     void say(PrintResult result, QWidget *owner) const;
     void say(ReportWord word, ReportWord title, QWidget *owner) const;

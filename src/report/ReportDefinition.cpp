@@ -72,6 +72,9 @@ private:
     void texts();
     void lookup();
     void band(ReportBand &band, bool flows);
+    void detail();
+    void sideBySide(ReportBand &band);
+    void checkSideBySide() const;
     ReportRow row(bool flows);
     ReportElement readElement(bool flows);
     void readText(ReportElement &read, bool flows);
@@ -210,6 +213,7 @@ ReportDefinition Reader::report()
     checkXml();
     checkTexts();
     checkRoom();
+    checkSideBySide();
     return std::move(definition_);
 }
 
@@ -225,7 +229,7 @@ void Reader::element(QStringView name)
     if (name == "reportheader"_L1) return band(definition_.reportHeader, flows);
     if (name == "pageheader"_L1) return band(definition_.pageHeader, !flows);
     if (name == "continued"_L1) return band(definition_.continued, !flows);
-    if (name == "detail"_L1) return band(definition_.detail, flows);
+    if (name == "detail"_L1) return detail();
     if (name == "pagefooter"_L1) return band(definition_.pageFooter, !flows);
     if (name == "reportfooter"_L1) return band(definition_.reportFooter, flows);
     raise(u"<%1> doesn't belong here"_s.arg(name));
@@ -302,6 +306,40 @@ void Reader::band(ReportBand &band, bool flows)
         band.rows.push_back(row(flows));
     }
     if (!flows) band.height = std::max(band.height, band.rowsHeight());
+}
+
+void Reader::detail()
+{
+    constexpr bool flows = true;
+    definition_.detail.together = flag("together");
+    sideBySide(definition_.detail);
+    band(definition_.detail, flows);
+}
+
+void Reader::sideBySide(ReportBand &band)
+{
+    constexpr int most = 20;
+    const QString number = text("columns", u"1"_s);
+    bool valid = false;
+    band.columns = number.toInt(&valid);
+    if (!valid || band.columns < 1 || band.columns > most)
+        raise(u"\"columns\" is a number from 1 to %1, not %2"_s.arg(most).arg(number));
+    band.width = length("width");
+    band.first = text("first");
+    if (band.columns > 1 && band.width == 0) raise(u"Columns need the attribute \"width\""_s);
+    if (!band.first.isEmpty() && !definition_.parameters.contains(band.first))
+        raise(u"There is no parameter %1"_s.arg(band.first));
+}
+
+// A place among others is as large as they are.
+void Reader::checkSideBySide() const
+{
+    const ReportBand &detail = definition_.detail;
+    if (detail.columns == 1) return;
+    if (detail.height == 0) raise(u"Columns need the attribute \"height\""_s);
+    if (detail.newPage) raise(u"What stands in columns can't begin a page each"_s);
+    if (std::any_of(detail.rows.begin(), detail.rows.end(), [](const ReportRow &row) { return row.grows(); }))
+        raise(u"Nothing can grow in columns"_s);
 }
 
 ReportRow Reader::row(bool flows)

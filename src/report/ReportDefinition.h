@@ -45,8 +45,12 @@ struct ReportRow {
 };
 
 struct ReportBand {
-    double height = 0;    // at least
-    bool newPage = false; // each begins a page
+    double height = 0;     // at least
+    bool newPage = false;  // each begins a page
+    bool together = false; // goes to the next page whole, unless it is longer than a page
+    int columns = 1;       // as many stand side by side, each as wide as "width"
+    double width = 0;
+    QString first; // the parameter that says at which place of the first page the first one stands, from 1
     std::vector<ReportRow> rows;
 
     double rowsHeight() const;
@@ -78,6 +82,8 @@ struct ReportDefinition {
     std::vector<ReportField> fields;    // each that is shown, once, in the order of the file
     QHash<QString, QString> parameters; // with their defaults
     ReportTexts texts;
+    QString pageOfPages = QStringLiteral("%1 / %2");  // how the language says it
+    QString dayFormat = QStringLiteral("dd-MM-yyyy"); // as QDate takes it
 
     QPageSize pageSize{QPageSize::A4};
     bool landscape = false;

@@ -3,6 +3,7 @@
 #include "platform/Caption.h"
 #include "report/QuotedName.h"
 #include "report/ReportDefinition.h"
+#include "report/ReportWords.h"
 #include "store/Connection.h"
 
 using namespace Qt::StringLiterals;
@@ -35,6 +36,8 @@ QString textOf(Connection &connection, const ReportTexts &texts, const QString &
 
 void sayInLanguage(ReportDefinition &definition, const QString &database, const QString &language)
 {
+    definition.pageOfPages = reportWord(ReportWord::PageOfPages, language);
+    definition.dayFormat = reportWord(ReportWord::DayFormat, language);
     const ReportTexts &texts = definition.texts;
     if (texts.table.isEmpty()) return;
     Connection connection;

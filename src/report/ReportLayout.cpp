@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <QDir>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 constexpr std::size_t tooShortToTear = 3; // lines; so few go to the next page together
@@ -45,6 +47,10 @@ private:
     void begin();
     void putNotice();
     bool fillBand(const ReportBand &band);
+    bool fillCell(const ReportBand &band);
+    bool fillRecord(const ReportBand &band);
+    void leaveFree(const ReportBand &band);
+    bool fits(const ReportBand &band);
     bool fillRow(const ReportRow &row);
     bool dropRow(const ReportRow &row);
     bool fillGrowingRow(const ReportRow &row);
@@ -61,7 +67,7 @@ private:
     }
     QRectF areaOf(const ReportElement &element, double y) const
     {
-        return element.area.translated(definition_.margins.left(),
+        return element.area.translated(definition_.margins.left() + x_,
                                        definition_.margins.top() + definition_.pageHeader.height + y);
     }
 
@@ -70,8 +76,11 @@ private:
     const Numbers &numbers_;
     const std::size_t first_; // the band with which the page begins
     Place place_;
-    double top_ = 0; // of the body, below what stands over the rest of a record
-    double y_ = 0;   // how far the body is filled
+    double top_ = 0;   // of the body, below what stands over the rest of a record
+    double y_ = 0;     // how far the body is filled
+    double x_ = 0;     // of the column in hand
+    double below_ = 0; // where the row of columns in hand ends
+    int cell_ = 0;     // of the columns, row by row
     ReportPage page_;
 };
 
@@ -104,15 +113,53 @@ void ReportLayout::Sheet::putNotice()
     y_ += layout_.notice_.area.bottom();
 }
 
-// False when the band, or the rest of it, belongs on the next page. So for the rows below.
+// False when the band, or the rest of it, belongs on the next page. So for what fills its parts.
 bool ReportLayout::Sheet::fillBand(const ReportBand &band)
+{
+    if (band.columns > 1) return fillCell(band);
+    y_ = std::max(y_, below_);
+    return fillRecord(band);
+}
+
+// The next column begins where this one began; a full row goes down.
+bool ReportLayout::Sheet::fillCell(const ReportBand &band)
+{
+    if (first_ == 0 && place_.band == 1) leaveFree(band);
+    const double top = y_;
+    x_ = cell_ % band.columns * band.width;
+    const bool filled = fillRecord(band);
+    x_ = 0;
+    below_ = std::max(below_, y_);
+    y_ = ++cell_ % band.columns == 0 ? below_ : top;
+    return filled;
+}
+
+// The places before the first one, on a sheet that has been used in part. At least the last one is left to
+// fill.
+void ReportLayout::Sheet::leaveFree(const ReportBand &band)
+{
+    const auto given = layout_.parameters_.constFind(band.first);
+    if (given == layout_.parameters_.constEnd()) return;
+    const int rows = static_cast<int>((definition_.bodyHeight() - y_) / band.height);
+    cell_ = std::clamp(given->toInt() - 1, 0, std::max(rows * band.columns - 1, 0));
+    y_ += cell_ / band.columns * band.height;
+}
+
+// Whether the band may begin here.
+bool ReportLayout::Sheet::fits(const ReportBand &band)
+{
+    const double body = definition_.bodyHeight();
+    const double needed = layout_.fixedHeight(band, place_.band);
+    if (band.newPage && needed > 0) return false;
+    if (band.together) return y_ + layout_.wholeHeight(band, place_.band, numbers_) <= body;
+    return y_ + needed <= body || needed > body;
+}
+
+bool ReportLayout::Sheet::fillRecord(const ReportBand &band)
 {
     const double body = definition_.bodyHeight();
     const bool begins = place_.row == 0 && place_.line == 0;
-    if (begins && y_ > top_) {
-        const double needed = layout_.fixedHeight(band, place_.band);
-        if ((band.newPage && needed > 0) || (y_ + needed > body && needed <= body)) return false;
-    }
+    if (begins && y_ > top_ && !fits(band)) return false;
     const double top = y_;
     for (; place_.row < band.rows.size(); ++place_.row) {
         const ReportRow &row = band.rows[place_.row];
@@ -252,11 +299,12 @@ void ReportLayout::Sheet::putPicture(const ReportElement &element, const QString
 }
 
 ReportLayout::ReportLayout(const ReportDefinition &definition, const ReportData &data,
-                           const QHash<QString, QString> &parameters, QString today, QString nothing)
+                           const QHash<QString, QString> &parameters, const QDate &today, QString nothing)
     : definition_(definition),
       data_(data),
       parameters_(parameters),
-      today_(std::move(today)),
+      date_(today.toString(u"dd-MM-yyyy"_s)),
+      today_(today.toString(definition.dayFormat)),
       nothing_(std::move(nothing)),
       notice_(noticeOn(definition))
 {
@@ -292,7 +340,10 @@ QString ReportLayout::textOf(const ReportText &text, std::size_t band, const Num
          },
          .page = numbers.page,
          .pages = numbers.pages,
-         .date = today_});
+         .date = date_,
+         .pageOfPages =
+             definition_.pageOfPages.arg(numbers.page, numbers.pages.isEmpty() ? u"…"_s : numbers.pages),
+         .today = today_});
 }
 
 bool ReportLayout::closedUp(const ReportRow &row, std::size_t band) const
@@ -315,6 +366,27 @@ double ReportLayout::fixedHeight(const ReportBand &band, std::size_t number) con
     for (const ReportRow &row : band.rows)
         if (!closedUp(row, number)) height = std::max(height, row.from) + row.height;
     return std::max(height, band.height);
+}
+
+// The same with what grows; a rule at the end is dropped where it has no room, so it needs none.
+double ReportLayout::wholeHeight(const ReportBand &band, std::size_t number, const Numbers &numbers)
+{
+    double height = 0;
+    double needed = band.height;
+    for (const ReportRow &row : band.rows) {
+        if (closedUp(row, number)) continue;
+        height = std::max(height, row.from);
+        double own = row.height;
+        for (const ReportElement &element : row.elements) {
+            if (!element.grows) continue;
+            const auto lines = static_cast<double>(grownLines(element, number, numbers).size());
+            const double spare = std::max(0.0, row.height - element.area.bottom());
+            own = std::max(own, element.area.top() + lines * lines_.measure(element).spacing() + spare);
+        }
+        height += own;
+        if (!row.onlyDrawn()) needed = std::max(needed, height);
+    }
+    return needed;
 }
 
 // A text that grows breaks its lines alike on all of its pages, so it cannot show their number.

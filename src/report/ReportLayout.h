@@ -7,6 +7,7 @@
 #include "report/ReportPage.h"
 
 #include <optional>
+#include <QDate>
 
 class ReportLayout
 {
@@ -30,7 +31,7 @@ public:
     // Definition, records and parameters stay the caller's and must outlive it. Where there is no record, the
     // page says "nothing" in the place of the details.
     ReportLayout(const ReportDefinition &definition, const ReportData &data,
-                 const QHash<QString, QString> &parameters, QString today, QString nothing);
+                 const QHash<QString, QString> &parameters, const QDate &today, QString nothing);
 
     // A page takes at least one row or line, however little room there is, so the report always comes to its
     // end.
@@ -47,12 +48,14 @@ private:
     std::optional<std::size_t> recordOf(std::size_t band) const;
     bool closedUp(const ReportRow &row, std::size_t band) const;
     double fixedHeight(const ReportBand &band, std::size_t number) const;
+    double wholeHeight(const ReportBand &band, std::size_t number, const Numbers &numbers);
     const QStringList &grownLines(const ReportElement &element, std::size_t band, const Numbers &numbers);
 
     const ReportDefinition &definition_;
     const ReportData &data_;
     const QHash<QString, QString> &parameters_;
-    QString today_;
+    QString date_;
+    QString today_; // as the language writes it
     QString nothing_;
     const ReportElement notice_; // how that is said
     ReportLines lines_;

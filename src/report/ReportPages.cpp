@@ -9,7 +9,7 @@ ReportPages::ReportPages(ReportDefinition definition, ReportData data, QHash<QSt
     : definition_(std::move(definition)),
       data_(std::move(data)),
       parameters_(std::move(parameters)),
-      layout_(definition_, data_, parameters_, today.toString(u"dd-MM-yyyy"_s), std::move(nothing))
+      layout_(definition_, data_, parameters_, today, std::move(nothing))
 {
     layOutLast();
 }

@@ -78,6 +78,8 @@ ReportText::Part ReportText::partOf(const QString &place, const FieldNumber &fie
     if (place == "page"_L1) return Part(Part::Page);
     if (place == "pages"_L1) return Part(Part::Pages);
     if (place == "date"_L1) return Part(Part::Date);
+    if (place == "pageofpages"_L1) return Part(Part::PageOfPages);
+    if (place == "today"_L1) return Part(Part::Today);
     if (!place.startsWith(u'?')) return fieldPart(place, fieldNumber);
 
     const qsizetype inner = place.indexOf(u'{');
@@ -101,9 +103,12 @@ ReportText::Part ReportText::fieldPart(const QString &place, const FieldNumber &
     if (!formats.contains(format)) raise(u"Fields are shown as date, time or 00, not as %1"_s.arg(format));
 
     Part part(Part::Field);
-    part.field = fieldNumber({name.left(dot), name.mid(dot + 1)});
+    for (const QString &column : name.mid(dot + 1).split(u'|'))
+        part.others.push_back(fieldNumber({name.left(dot), column}));
+    part.field = part.others.front();
     part.format = formats[format];
-    fields_.push_back(part.field);
+    fields_.insert(fields_.end(), part.others.begin(), part.others.end());
+    part.others.erase(part.others.begin());
     return part;
 }
 
@@ -114,6 +119,14 @@ QString ReportText::in(const Values &values) const
     for (const Part &part : parts_)
         text += valueOf(part, values);
     return text;
+}
+
+QString ReportText::fieldOf(const Part &part, const Values &values)
+{
+    QString value = values.field(part.field);
+    for (const std::size_t other : part.others)
+        if (value.trimmed().isEmpty()) value = values.field(other);
+    return value;
 }
 
 QString ReportText::valueOf(const Part &part, const Values &values)
@@ -127,14 +140,18 @@ QString ReportText::valueOf(const Part &part, const Values &values)
         return values.pages;
     case Part::Date:
         return values.date;
+    case Part::PageOfPages:
+        return values.pageOfPages;
+    case Part::Today:
+        return values.today;
     case Part::Field:
         break;
     case Part::Parameter:
-        const QString inner = part.hasField ? values.field(part.field) : QString();
+        const QString inner = part.hasField ? fieldOf(part, values) : QString();
         const QString *value = values.parameter(part.text + formatted(part.format, inner));
         return value ? *value : inner;
     }
-    return formatted(part.format, values.field(part.field));
+    return formatted(part.format, fieldOf(part, values));
 }
 
 QString ReportText::formatted(Part::Format format, const QString &stored)

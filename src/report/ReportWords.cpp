@@ -79,6 +79,12 @@ constexpr std::array table{
            u"Ces lignes ne tiennent pas sur la feuille, même en plus petits caractères, et ne seront pas "
            u"imprimées\u00a0:",
            u"Diese Zeilen passen auch in kleinerer Schrift nicht auf das Blatt und werden nicht gedruckt:"}},
+    Words{PageOfPages,
+          {u"Página %1 de %2", u"Página %1 de %2", u"Page %1 of %2", u"Página %1 de %2", u"Pagina %1 di %2",
+           u"Page %1 sur %2", u"Seite %1 von %2"}},
+    Words{DayFormat,
+          {u"dd-MM-yyyy", u"dd/MM/yyyy", u"dd/MM/yyyy", u"dd/MM/yyyy", u"dd/MM/yyyy", u"dd/MM/yyyy",
+           u"dd.MM.yyyy"}},
 };
 } // namespace
 

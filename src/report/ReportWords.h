@@ -26,6 +26,8 @@ enum class ReportWord {
     NotWritten,
     Empty,
     DoesNotFit,
+    PageOfPages, // %1 the page, %2 how many there are
+    DayFormat,   // the order of a date, as QDate takes it
 };
 
 // The language by its name ("AlemaoDE"); an unknown one reads as English.

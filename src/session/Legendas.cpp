@@ -69,11 +69,20 @@ constexpr std::array textos = std::to_array<EntradaDeTexto>({
 });
 // clang-format on
 
-// Of what databases have no text for. The mnemonics are unique in the menu Contactos.
-constexpr Translations desfazer_eliminar{
-    u"Desfa&zer eliminação",      u"Desfa&zer exclusão",    u"&Undo Deletion",
-    u"Des&hacer eliminación",     u"Ann&ulla eliminazione", u"Ann&uler la suppression",
-    u"Löschen &rückgängig machen"};
+// What is said in the code: a database keeps the texts that it was made with, and most are older than these
+// entries. The mnemonics are unique in their menus.
+struct EntradaNossa {
+    const char *controlo;
+    Translations palavras;
+};
+
+constexpr std::array nossas = std::to_array<EntradaNossa>({
+    {"DesfazerEliminar",
+     {u"Desfa&zer eliminação", u"Desfa&zer exclusão", u"&Undo Deletion", u"Des&hacer eliminación",
+      u"Ann&ulla eliminazione", u"Ann&uler la suppression", u"Löschen &rückgängig machen"}},
+    {"ImprimirEtiquetas",
+     {u"&Etiquetas", u"&Etiquetas", u"L&abels", u"&Etiquetas", u"E&tichette", u"É&tiquettes", u"&Etiketten"}},
+});
 
 struct ImagemDeEntrada {
     const char *controlo;
@@ -163,8 +172,9 @@ void legendas::Atribuir(QMainWindow &janela, Geral &geral)
 {
     for (const EntradaDeTexto &entrada : textos)
         skipFailure([&] { Atribuir_Um(janela, entrada, geral.Ler_Idioma(entrada.texto)); });
-    control<QAction>(janela, u"DesfazerEliminar"_s)
-        .setText(translated(desfazer_eliminar, spokenLanguage(geral.IdiomaActual)));
+    for (const auto &[controlo, palavras] : nossas)
+        control<QAction>(janela, QLatin1StringView(controlo))
+            .setText(geral.IdiomaActual.isEmpty() ? QString() : translated(palavras, geral.IdiomaActual));
     Dar_Dicas_Fixas(janela);
     for (const ImagemDeEntrada &imagem : imagens)
         Por_Imagem(janela, imagem);

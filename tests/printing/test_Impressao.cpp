@@ -1,6 +1,7 @@
 // The main window's printing: which entry opens what, and the one report control that they all share.
 #include "ComRelatorios.h"
 #include "printing/frmEnvelope.h"
+#include "printing/frmEtiquetas.h"
 #include "printing/frmImprimir.h"
 #include "printing/Impressao.h"
 
@@ -128,6 +129,15 @@ private Q_SLOTS:
         QVERIFY(c.relatorio.Ditos(u"ParameterFields"_s).isEmpty());
         QVERIFY(c.relatorio.Ditos(u"SortFields"_s).isEmpty());
         QCOMPARE(c.relatorio.Ditos(u"Action"_s).size(), 1);
+    }
+
+    void as_etiquetas_abrem_se_no_fim_do_menu_e_sem_contacto_escolhido()
+    {
+        ComImpressao c;
+        QCOMPARE(c.janela.Imprimir->actions().last(), c.janela.ImprimirEtiquetas);
+        c.Abrir<frmEtiquetas>(u"ImprimirEtiquetas"_s, [](frmEtiquetas &form) { form.cmdImprimir->click(); });
+        QCOMPARE(c.relatorio.Ditos(u"Action"_s).size(), 1);
+        QVERIFY(c.janela.isEnabled());
     }
 };
 

@@ -2,6 +2,7 @@
 // read back from a PDF of each page.
 #include "ComRelatorios.h"
 #include "printing/frmEnvelope.h"
+#include "printing/frmEtiquetas.h"
 #include "printing/frmImprimir.h"
 #include "reminders/frmTarefas.h"
 #include "report/CrystalReport.h"
@@ -62,6 +63,9 @@ struct ComPaginas : ComRelatorios {
         form.cmdImprimir->click();
         return Paginas();
     }
+    // The pages of the preview that is open, as they can be asked.
+    ReportPages &Previstas() const { return *controlo.preview()->pages(); }
+
     qint16 Contacto(const QMap<QString, Value> &colunas)
     {
         return static_cast<qint16>(s.Novo_Contacto(colunas));
@@ -69,6 +73,15 @@ struct ComPaginas : ComRelatorios {
 
     CrystalReport controlo{s.caixas, s.dialogos, s.relogio, [this] { return s.geral.IdiomaActual; }};
 };
+
+// As the box names lines that are lost.
+QString Ditas(const QStringList &linhas)
+{
+    constexpr qsizetype mais = 10;
+    QStringList ditas = linhas.first(std::min(mais, linhas.size()));
+    if (linhas.size() > mais) ditas << u"…"_s;
+    return ditas.join("\r\n"_L1);
+}
 
 bool Ha_Leitor() { return !QStandardPaths::findExecutable(u"pdftotext"_s).isEmpty(); }
 } // namespace
@@ -274,6 +287,148 @@ private Q_SLOTS:
                           box::exclamation, u"Imprimir"_s);
         QCOMPARE(c.Imprimir_Envelope(ana)[0], QStringList({u"Zé"_s, u"Ana"_s}) + linhas.first(12));
         QVERIFY(c.s.caixas.Todas_Vistas());
+    }
+
+    void varias_fichas_por_pagina_nunca_se_partem()
+    {
+        ComPaginas c;
+        for (int i = 10; i < 22; ++i)
+            c.Contacto({{u"Nome"_s, u"Nome %1"_s.arg(i)},
+                        {u"Telefone1"_s, u"21"_s},
+                        {u"Obs"_s, u"nota\r\n"_s.repeated(12) + u"fim"_s}});
+        frmImprimir form(c.s.geral, c.controlo, c.ListaNomes);
+        form.CheckBoxPrevisualizar->setChecked(true);
+        form.cbVariasPorPagina->setChecked(true);
+        form.cmdImprimir->click();
+        const int paginas = c.Previstas().count();
+        QVERIFY(paginas > 1 && paginas <= 6);
+        int fichas = 0;
+        for (int i = 0; i < paginas; ++i) {
+            QStringList linhas = c.Previstas().page(i).lines();
+            QCOMPARE(linhas.sliced(linhas.size() - 2),
+                     (QStringList{u"01-02-2027"_s, u"Página %1 de %2"_s.arg(i + 1).arg(paginas)}));
+            QVERIFY(linhas.first().startsWith(u"Nome"_s));
+            QVERIFY(linhas[linhas.size() - 3].startsWith(u"fim"_s));
+            fichas += static_cast<int>(linhas.filter(u"Nome"_s).size());
+        }
+        QCOMPARE(fichas, 12);
+    }
+
+    void a_lista_com_grupos_tem_titulo_grupo_e_o_primeiro_telefone_que_ha()
+    {
+        ComPaginas c(u"AlemaoDE"_s);
+        const int grupo = c.s.Novo_Grupo(u"Nachbarn"_s);
+        c.Contacto({{u"Nome"_s, u"Ana"_s},
+                    {u"Telemovel1"_s, u"91"_s},
+                    {u"Email2"_s, u"a@b.pt"_s},
+                    {u"Grupo"_s, grupo}});
+        c.Contacto({{u"Nome"_s, u"Rui"_s}, {u"Telefone1"_s, u"21"_s}, {u"Telemovel1"_s, u"92"_s}});
+        frmImprimir form(c.s.geral, c.controlo, c.ListaNomes);
+        form.CheckBoxPrevisualizar->setChecked(true);
+        form.opcoes->OptionContactos->click();
+        form.cmdImprimir->click();
+        const QStringList todos = c.Paginas()[0];
+        QCOMPARE(todos[0], u"Alle Gruppen"_s);
+        QCOMPARE(todos[2], u"Ana Nachbarn 91 a@b.pt"_s);
+        QVERIFY(todos[3].endsWith(u" 21"_s));
+        QCOMPARE(todos.last(), u"01.02.2027 Seite 1 von 1"_s);
+        form.opcoes->ComboGrupos->ChooseText(u"Nachbarn"_s);
+        form.cmdImprimir->click();
+        const QStringList do_grupo = c.Paginas()[0];
+        QCOMPARE(do_grupo[0], u"Nachbarn"_s);
+        QCOMPARE(do_grupo.size(), 4);
+    }
+
+    void cada_etiqueta_tem_o_seu_lugar_na_folha_data()
+    {
+        QTest::addColumn<int>("colunas");
+        QTest::addColumn<int>("linhas");
+        QTest::addColumn<QPointF>("canto"); // of the first label, in mm
+        QTest::addColumn<QSizeF>("passo");  // from one to the next
+        QTest::newRow("70 x 37") << 3 << 8 << QPointF(0, 0.5) << QSizeF(70, 37);
+        QTest::newRow("63,5 x 38,1") << 3 << 7 << QPointF(7.25, 15.15) << QSizeF(66, 38.1);
+        QTest::newRow("99,1 x 38,1") << 2 << 7 << QPointF(4.65, 15.15) << QSizeF(101.6, 38.1);
+    }
+    void cada_etiqueta_tem_o_seu_lugar_na_folha()
+    {
+        QFETCH(int, colunas);
+        QFETCH(int, linhas);
+        QFETCH(QPointF, canto);
+        QFETCH(QSizeF, passo);
+        constexpr double mm = 1440 / 25.4;
+        constexpr double folga = 0.1; // mm
+        ComPaginas c;
+        c.s.Escrever(u"UPDATE TblConfig SET Destinatario=''"_s);
+        const int por_folha = colunas * linhas;
+        for (int i = 0; i < por_folha + 1; ++i)
+            c.Contacto({{u"Nome"_s, u"Nome %1"_s.arg(100 + i)}, {u"Morada"_s, u"Rua A\r\nLisboa"_s}});
+        c.s.geral.RemetenteBD.clear();
+        frmEtiquetas form(c.s.geral, c.controlo, c.ListaNomes);
+        form.ComboFormato->setListIndex(colunas == 2 ? 2 : linhas == 7 ? 1 : 0);
+        form.CheckBoxPrevisualizar->setChecked(true);
+        form.cmdImprimir->click();
+        QCOMPARE(c.Previstas().count(), 2);
+        int qual = 0;
+        for (const auto &texto : c.Previstas().page(0).texts()) {
+            if (!texto.line.startsWith(u"Nome"_s)) continue;
+            const QPointF meio = texto.area.center() / mm - canto;
+            QCOMPARE(static_cast<int>(meio.x() / passo.width()), qual % colunas);
+            QCOMPARE(static_cast<int>(meio.y() / passo.height()), qual / colunas);
+            const double dentro = texto.area.left() / mm - canto.x() - passo.width() * (qual % colunas);
+            QVERIFY(std::abs(dentro - 200 / mm) < folga);
+            ++qual;
+        }
+        QCOMPARE(qual, por_folha);
+        QCOMPARE(c.Previstas().page(1).lines(),
+                 (QStringList{u"Nome %1"_s.arg(100 + por_folha), u"Rua A"_s, u"Lisboa"_s}));
+    }
+
+    void a_etiqueta_tem_remetente_e_destinatario_e_sem_morada_nao_ha_etiqueta()
+    {
+        ComPaginas c;
+        c.s.geral.RemetenteBD = u"Zé\r\n\r\nPorto"_s;
+        c.s.Escrever(u"UPDATE TblConfig SET Destinatario='Exma. Sra.'"_s);
+        c.Contacto({{u"Nome"_s, u"Ana"_s}, {u"Morada"_s, u"Rua A\r\n\r\nLisboa"_s}});
+        c.Contacto({{u"Nome"_s, u"Rui"_s}});
+        c.Contacto({{u"Nome"_s, u"Eva"_s}, {u"Morada"_s, u""_s}});
+        frmEtiquetas form(c.s.geral, c.controlo, c.ListaNomes);
+        QCOMPARE(form.lblDeFora->text(), u"2 contactos sem morada ficam de fora."_s);
+        form.txtPrimeira->setValue(5);
+        form.CheckBoxPrevisualizar->setChecked(true);
+        form.cmdImprimir->click();
+        QCOMPARE(c.Previstas().page(0).lines(),
+                 (QStringList{u"Zé · Porto"_s, u"Exma. Sra."_s, u"Ana"_s, u"Rua A"_s, u"Lisboa"_s}));
+        const QPointF lugar = c.Previstas().page(0).texts().front().area.topLeft();
+        QVERIFY(lugar.x() > 3966 && lugar.x() < 7932 && lugar.y() > 2098 && lugar.y() < 4196);
+        form.cbRemetente->setChecked(false);
+        form.cmdImprimir->click();
+        QCOMPARE(c.Previstas().page(0).lines().first(), u"Exma. Sra."_s);
+    }
+
+    void muitas_etiquetas_abrem_antes_de_se_saber_o_que_nelas_nao_cabe()
+    {
+        ComPaginas c;
+        c.s.geral.RemetenteBD.clear();
+        c.s.Escrever(u"UPDATE TblConfig SET Destinatario=''"_s);
+        c.s.Escrever(
+            u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 20000) INSERT INTO "
+            "TblLista (Nome, Morada, Grupo) SELECT 'Ana', 'Rua ' || i, 1 FROM n"_s);
+        QStringList linhas;
+        for (int i = 10; i < 30; ++i)
+            linhas << u"linha %1"_s.arg(i);
+        c.Contacto({{u"Nome"_s, u"Zita"_s}, {u"Morada"_s, linhas.join("\r\n"_L1)}});
+        frmEtiquetas form(c.s.geral, c.controlo, c.ListaNomes);
+        form.CheckBoxPrevisualizar->setChecked(true);
+        form.cmdImprimir->click();
+        QVERIFY(!c.Previstas().complete());
+        const QStringList cabem = c.Previstas().page(834 - 1).lines().filter(u"linha"_s);
+        QVERIFY(!cabem.isEmpty() && cabem.size() < linhas.size());
+        c.s.caixas.Espera(u"Estas linhas não cabem na folha, nem em letra mais pequena, e ficam por imprimir:"
+                          "\r\n\r\n"_s +
+                              Ditas(linhas.sliced(cabem.size())),
+                          box::exclamation, u"Imprimir"_s);
+        QTRY_VERIFY_WITH_TIMEOUT(c.s.caixas.Todas_Vistas(), 30'000);
+        QVERIFY(c.Previstas().complete());
     }
 
     void a_tarefa_diz_quando_o_que_e_quantas_vezes()

@@ -111,6 +111,66 @@ private Q_SLOTS:
         QVERIFY(ditos.contains(u"21 mes12;Dezember;TRUE"_s));
     }
 
+    void varias_fichas_por_pagina_sao_outra_definicao_com_os_mesmos_rotulos()
+    {
+        ComDialogo c;
+        c.Abrir_Com_Previsao().cbVariasPorPagina->click();
+        c.form->cmdImprimir->click();
+        QCOMPARE(c.relatorio.Ditos(u"ReportFileName"_s), QStringList{u"fichas.rpt"_s});
+        QCOMPARE(c.relatorio.Ditos(u"ParameterFields"_s), c.Rotulos_Da_Ficha());
+    }
+
+    void so_as_fichas_cabem_varias_na_pagina()
+    {
+        ComDialogo c;
+        c.Abrir_Com_Previsao().cbVariasPorPagina->click();
+        c.form->opcoes->OptionLista->click();
+        QVERIFY(!c.form->cbVariasPorPagina->isEnabled());
+        c.form->cmdImprimir->click();
+        QCOMPARE(c.relatorio.Ditos(u"ReportFileName"_s), QStringList{u"lista.rpt"_s});
+    }
+
+    void a_lista_com_grupos_tem_o_nome_do_grupo_por_titulo()
+    {
+        ComDialogo c;
+        c.Grupo(u"Vizinhos"_s);
+        c.Abrir_Com_Previsao().opcoes->OptionContactos->click();
+        c.form->cmdImprimir->click();
+        c.form->opcoes->ComboGrupos->ChooseText(u"Vizinhos"_s);
+        c.form->cmdImprimir->click();
+        QCOMPARE(c.relatorio.Ditos(u"ReportFileName"_s),
+                 (QStringList{u"contactos.rpt"_s, u"contactos.rpt"_s}));
+        QCOMPARE(c.relatorio.Ditos(u"ParameterFields"_s),
+                 (QStringList{u"24 titulo;Todos os grupos;TRUE"_s, u"24 titulo;Vizinhos;TRUE"_s}));
+    }
+
+    void nenhuma_letra_serve_duas_vezes_data()
+    {
+        QTest::addColumn<QString>("idioma");
+        for (const char *idioma :
+             {"PortuguesPT", "PortuguesBR", "InglesUK", "EspanholES", "ItalianoIT", "FrancesFR", "AlemaoDE"})
+            QTest::newRow(idioma) << QString::fromLatin1(idioma);
+    }
+    // Nor in frmExportar, which offers the same options beside captions of its own.
+    void nenhuma_letra_serve_duas_vezes()
+    {
+        QFETCH(QString, idioma);
+        ComDialogo c(idioma);
+        const frmImprimir &form = c.Abrir();
+        const OpcoesRelatorio &o = *form.opcoes;
+        const QStringList opcoes{o.OptionTodos->text(), o.OptionSelecionado->text(), o.OptionLista->text(),
+                                 o.OptionContactos->text()};
+        const QStringList da_impressao{form.CheckBoxPrevisualizar->text(), form.cbVariasPorPagina->text(),
+                                       form.cmdImprimir->text(), form.cmdCancelar->text()};
+        const QStringList da_exportacao{c.s.Texto(257), c.s.Texto(135)};
+        for (const QStringList &legendas : {opcoes + da_impressao, opcoes + da_exportacao}) {
+            QStringList letras;
+            for (const QString &legenda : legendas)
+                letras << legenda.section(u'&', 1).first(1).toLower();
+            QCOMPARE(letras.removeDuplicates(), 0);
+        }
+    }
+
     void um_grupo_escolhido_limita_os_registos()
     {
         ComDialogo c;

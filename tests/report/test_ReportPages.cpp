@@ -1,5 +1,6 @@
 // Reports on their pages: what stands on which page, where lines break, what closes up. The text is read back
 // from PDF files that the pages were painted into.
+#include "report/ReportLanguage.h"
 #include "report/ReportPages.h"
 #include "report/ReportPrinting.h"
 #include "store/Connection.h"
@@ -104,6 +105,12 @@ class TestReportPages : public QObject
             linhas << u"linha %1"_s.arg(i);
         return linhas.join("\r\n"_L1);
     }
+    const QString cresce_junto_ =
+        u"<detail together='yes'><row height='400'><text width='5000' height='300'>{T.Nome}</text></row>"
+        "<row height='300'><text width='9800' height='300' grow='yes'>{T.Obs}</text></row></detail>"_s;
+    const QString em_colunas_ =
+        u"<detail columns='3' width='3000' height='4000' first='rotulo'><row height='4000'>"
+        "<text width='2000' height='300'>{T.Nome}</text></row></detail>"_s;
     // Room for three lines of ten points, or for six of five.
     const QString encolhe_ = u"<detail><row height='900'><text width='5000' height='740' least='5' "
                              "closelines='yes'>{T.Obs}</text></row></detail>"_s;
@@ -567,6 +574,97 @@ private Q_SLOTS:
         ReportPages pages(Relatorio(uma_linha)->definition(), Relatorio(uma_linha)->data(), {},
                           QDate(2027, 2, 1), u"Nada a imprimir."_s);
         QCOMPARE(pages.page(0).lines(), QStringList{u"Ana"_s});
+    }
+
+    void um_registo_que_fica_junto_passa_inteiro_para_a_pagina_seguinte()
+    {
+        Juntar(u"Ana"_s, Linhas(20));
+        Juntar(u"Rui"_s, Linhas(30));
+        const auto pages = Relatorio(cresce_junto_);
+        QCOMPARE(pages->count(), 2);
+        QCOMPARE(pages->page(0).lines(), QStringList{u"Ana"_s} + Linhas(20).split(u"\r\n"_s));
+        QCOMPARE(pages->page(1).lines(), QStringList{u"Rui"_s} + Linhas(30).split(u"\r\n"_s));
+    }
+
+    void um_registo_que_fica_junto_e_nao_cabe_em_pagina_nenhuma_comeca_uma_e_continua()
+    {
+        Juntar(u"Ana"_s, Linhas(3));
+        Juntar(u"Rui"_s, Linhas(60));
+        const auto pages = Relatorio(cresce_junto_);
+        QCOMPARE(pages->count(), 3);
+        QCOMPARE(pages->page(0).lines().size(), 4);
+        QCOMPARE(pages->page(1).lines().first(), u"Rui"_s);
+        QCOMPARE(pages->page(1).lines().sliced(1) + pages->page(2).lines(), Linhas(60).split(u"\r\n"_s));
+    }
+
+    void em_colunas_enche_se_cada_linha_antes_da_seguinte()
+    {
+        Juntar_Muitos(8);
+        const auto pages = Relatorio(em_colunas_);
+        QCOMPARE(pages->count(), 2); // three columns, two rows
+        const auto textos = pages->page(0).texts();
+        QCOMPARE(textos.size(), 6U);
+        for (std::size_t i = 0; i < textos.size(); ++i) {
+            const auto numero = static_cast<int>(i);
+            QCOMPARE(textos[i].line, u"Nome %1"_s.arg(numero + 1));
+            QCOMPARE(textos[i].area.topLeft(),
+                     QPointF(1000 + 3000 * (numero % 3), 3500 + 4000 * (numero / 3)));
+        }
+        QCOMPARE(pages->page(1).lines(), (QStringList{u"Nome 7"_s, u"Nome 8"_s}));
+        QCOMPARE(pages->page(1).texts().front().area.topLeft(), QPointF(1000, 3500));
+        QCOMPARE(pages->pageOf(6), 1);
+    }
+
+    void na_primeira_folha_os_lugares_ja_usados_ficam_livres_data()
+    {
+        QTest::addColumn<QPointF>("lugar");
+        QTest::addColumn<int>("na_primeira");
+        QTest::newRow("1") << QPointF(1000, 3500) << 6;
+        QTest::newRow("5") << QPointF(4000, 7500) << 2;
+        QTest::newRow("6") << QPointF(7000, 7500) << 1;
+        QTest::newRow("99") << QPointF(7000, 7500) << 1; // there are but six
+        QTest::newRow("0") << QPointF(1000, 3500) << 6;
+    }
+    void na_primeira_folha_os_lugares_ja_usados_ficam_livres()
+    {
+        QFETCH(QPointF, lugar);
+        QFETCH(int, na_primeira);
+        Juntar_Muitos(8);
+        const auto pages =
+            Relatorio(em_colunas_, {{u"rotulo"_s, QString::fromLatin1(QTest::currentDataTag())}});
+        QCOMPARE(pages->page(0).lines().size(), na_primeira);
+        QCOMPARE(pages->page(0).texts().front().area.topLeft(), lugar);
+        QCOMPARE(pages->page(1).texts().front().area.topLeft(), QPointF(1000, 3500));
+    }
+
+    void depois_das_colunas_o_fim_fica_abaixo_da_ultima_linha()
+    {
+        Juntar_Muitos(1);
+        const auto pages = Relatorio(em_colunas_ + u"<reportfooter><row height='300'><text width='5000' "
+                                                   "height='300'>fim</text></row></reportfooter>"_s);
+        QCOMPARE(pages->page(0).texts().back().area.topLeft(), QPointF(1000, 7500));
+    }
+
+    void de_varios_campos_aparece_o_primeiro_que_nao_esta_vazio()
+    {
+        Juntar(u"Ana"_s, u"nota"_s);
+        Juntar(u" "_s, u"nota"_s);
+        const auto pages = Relatorio(
+            u"<detail><row height='400'><text width='5000' height='300'>{T.Nome|Foto|Obs}</text></row></detail>"_s);
+        QCOMPARE(pages->page(0).lines(), (QStringList{u"Ana"_s, u"nota"_s}));
+    }
+
+    void a_pagina_e_o_dia_dizem_se_na_lingua()
+    {
+        Juntar_Muitos(20);
+        const auto como =
+            Relatorio(uma_linha + u"<reportfooter><row height='300'><text width='5000' "
+                                  "height='300'>{today}, {pageofpages}</text></row></reportfooter>"_s);
+        ReportDefinition definition = como->definition();
+        sayInLanguage(definition, Base(), u"AlemaoDE"_s);
+        ReportPages pages(definition, como->data(), {}, QDate(2027, 2, 1));
+        QCOMPARE(pages.count(), 3);
+        QCOMPARE(pages.page(2).lines(), QStringList{u"01.02.2027, Seite 3 von 3"_s});
     }
 
     void os_registos_saem_como_texto()

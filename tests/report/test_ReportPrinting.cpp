@@ -116,7 +116,7 @@ class TestReportPrinting : public QObject
         return {definition, ReportData(definition, base, {}, {}), {}, QDate(2027, 2, 1)};
     }
     // A shipped envelope for one contact.
-    ReportPages Envelope(const QString &nome)
+    ReportPages Envelope(const QString &nome, const QHash<QString, QString> &parametros = {})
     {
         const QString base = folder_.filePath(u"envelope.mdb"_s);
         if (!QFile::exists(base))
@@ -127,7 +127,8 @@ class TestReportPrinting : public QObject
                             u"INSERT INTO TblLista VALUES (7, 'Zita', 'Lisboa'), (8, 'Rui', 'Porto')"_s});
         const ReportDefinition definition =
             readReportDefinition(qEnvironmentVariable("MORVEX_ENVIADOS") + u'/' + nome + u".rpt"_s);
-        return {definition, ReportData(definition, base, u"{TblLista.ID} =7"_s, {}), {}, QDate(2027, 2, 1)};
+        return {definition, ReportData(definition, base, u"{TblLista.ID} =7"_s, {}), parametros,
+                QDate(2027, 2, 1)};
     }
     static bool Continuar(int, int) { return true; }
 
@@ -202,6 +203,25 @@ private Q_SLOTS:
         QVERIFY(pedido.open(QIODevice::ReadOnly));
         const QByteArray opcoes = pedido.readAll();
         QVERIFY2(opcoes.contains("title=Titulo") && opcoes.contains("media=A4"), opcoes.constData());
+    }
+    void a_quinta_etiqueta_sai_no_seu_lugar_da_folha()
+    {
+        if (!Impressora::Possivel()) QSKIP("a spooler of its own needs root and the spooler's packages");
+        QVERIFY(impressora_.Pronta());
+        constexpr double pontos_por_mm = 72 / 25.4;
+        DesktopReportPrinter printer;
+        ReportPages pages = Envelope(u"etiquetas_3x8"_s, {{u"primeira"_s, u"5"_s}});
+        QCOMPARE(printer.print(pages, u"Etiquetas"_s, Continuar), PrintResult::Done);
+        QCOMPARE(Texto_Do_Trabalho(), u"Zita Lisboa"_s);
+        const QString caixas =
+            Saida(u"pdftotext"_s, {u"-bbox"_s, impressora_.Ultimo_Trabalho(u"pdf"_s), u"-"_s});
+        const QRegularExpression palavra(u"xMin=\"([\\d.]+)\" yMin=\"([\\d.]+)\"[^>]*>Zita<"_s);
+        const auto achada = palavra.match(caixas);
+        QVERIFY2(achada.hasMatch(), qPrintable(caixas));
+        // Second column and second row, and the label's own edge: 3.5 mm and 8.8 mm.
+        const QPointF lugar(achada.captured(1).toDouble() / pontos_por_mm,
+                            achada.captured(2).toDouble() / pontos_por_mm);
+        QCOMPARE(Longe(lugar, {70 + 3.5, 0.5 + 37 + 8.8}), 0.0);
     }
     void o_texto_fica_no_seu_lugar_da_folha()
     {

@@ -87,6 +87,7 @@ std::vector<Caminho> Caminhos()
 // Commands of menus, toolbar and tray that need no right.
 const QStringList livres{u"ImprimirLista"_s,
                          u"ImprimirEnvelope"_s,
+                         u"ImprimirEtiquetas"_s,
                          u"Importar"_s,
                          u"Exportar"_s,
                          u"Fechar"_s,
