@@ -6,9 +6,11 @@
 #include "report/ReportView.h"
 #include "report/ReportWords.h"
 #include "store/NewDatabase.h"
+#include "testlib/Nomes.h"
 #include "testlib/Teste.h"
 
 #include <memory>
+#include <QAccessible>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
@@ -325,6 +327,24 @@ private Q_SLOTS:
         QTEST(rows.heads, "heads");
         controlo_->setParameterFields(0, u"b;do controlo:;TRUE"_s);
         QCOMPARE(Pre_Visualizar().pages()->rows().heads.first(), u"do controlo:"_s);
+    }
+
+    void os_controlos_da_previsualizacao_tem_nome_em_cada_lingua()
+    {
+        for (const char *idioma : {"PortuguesPT", "PortuguesBR", "InglesUK", "EspanholES", "ItalianoIT",
+                                   "FrancesFR", "AlemaoDE"}) {
+            idioma_ = QString::fromLatin1(idioma);
+            ReportPreview &janela = Pre_Visualizar();
+            const QList<nomes::Nome> todos = nomes::De(janela);
+            QVERIFY(todos.size() >= 12);
+            const QStringList faltas = nomes::Faltas(todos);
+            QVERIFY2(faltas.isEmpty(), qPrintable(faltas.join(u'\n')));
+            for (const nomes::Nome &um : todos)
+                QVERIFY2(um.nome.size() > 1, qPrintable(um.nome)); // and no sign of an operation
+            auto *folhas = janela.findChild<ReportView *>();
+            QCOMPARE(QAccessible::queryAccessibleInterface(folhas)->text(QAccessible::Name),
+                     reportWord(ReportWord::Page, idioma_));
+        }
     }
 
     void a_previsualizacao_tem_o_seu_titulo_e_abre_no_estado_dado()
