@@ -14,6 +14,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
+#include <QProgressBar>
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QStandardPaths>
@@ -35,10 +36,15 @@ public:
     PrintResult print(ReportPages &pages, const QString &title, const PageWatch &watch) override
     {
         historia << u"print %1 %2"_s.arg(title).arg(pages.data().size());
-        return watch(0, pages.found()) ? resultado : PrintResult::Cancelled;
+        const bool segue = watch(0, pages.found());
+        for (QWidget *widget : QApplication::allWidgets())
+            if (auto *barra = qobject_cast<QProgressBar *>(widget))
+                andamento = QAccessible::queryAccessibleInterface(barra)->text(QAccessible::Name);
+        return segue ? resultado : PrintResult::Cancelled;
     }
 
     QStringList historia;
+    QString andamento; // the name of the bar that stands meanwhile
     PrintResult escolha = PrintResult::Done;
     PrintResult resultado = PrintResult::Done;
 };
@@ -123,6 +129,12 @@ private Q_SLOTS:
         QVERIFY(impressora_->historia.isEmpty());
         controlo_->setAction(1);
         QCOMPARE(impressora_->historia, QStringList{u"print Lista 500"_s});
+    }
+    void a_barra_da_impressao_tem_o_nome_da_sua_janela()
+    {
+        idioma_ = u"AlemaoDE"_s;
+        Correr(ReportControl::Printer);
+        QCOMPARE(impressora_->andamento, reportWord(ReportWord::Print, idioma_));
     }
     void a_seleccao_vale_ate_a_proxima()
     {
