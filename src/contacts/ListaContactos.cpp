@@ -34,8 +34,13 @@ void ListaContactos::Carregar_Tabela()
     Limpar_Dados();
     Preencher_Listas();
     cartao_.Mostrar_Foto_Por_Omissao();
-    lblContador.setText(geral_.Ler_Idioma(texto_contador) + u' ' + QString::number(ListaNomes.ListCount()));
+    Mostrar_Contador();
     if (ListaNomes.ListCount() == 1) ListaNomes.setListIndex(0);
+}
+
+void ListaContactos::Mostrar_Contador()
+{
+    lblContador.setText(geral_.Ler_Idioma(texto_contador) + u' ' + QString::number(ListaNomes.ListCount()));
 }
 
 ListItems ListaContactos::Ler_Nomes()

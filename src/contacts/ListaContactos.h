@@ -25,6 +25,9 @@ public:
     // two or more none. Raises Failure where a command fails or the picture for want of one is missing.
     void Carregar_Tabela();
 
+    // How many names the list has, over the buttons.
+    void Mostrar_Contador();
+
     // The names of the group in the filter with their ID. That of the group becomes GrupoActual.
     ListItems Ler_Nomes();
 

@@ -2,6 +2,7 @@
 
 #include "contacts/ListaContactos.h"
 #include "data/Geral.h"
+#include "data/Traduzir.h"
 #include "janela/Janela.h"
 #include "platform/Platform.h"
 
@@ -9,13 +10,18 @@
 #include <optional>
 #include <QAbstractButton>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
 constexpr qint16 texto_lista_vazia = 2;
+constexpr qint16 texto_nenhum_contacto = 72;
+constexpr Translations nenhum{u"Sem resultados",   u"Sem resultados", u"No matches",   u"Sin resultados",
+                              u"Nessun risultato", u"Aucun résultat", u"Keine Treffer"};
 constexpr QChar fim_do_texto = u'¦';
 
 // Character by character, so that a name keeps its length: case does not count, accents do.
@@ -66,11 +72,14 @@ ProcuraRapida::ProcuraRapida(Janela &janela, Geral &geral, Platform &platform, L
       janela_(janela),
       txtProcura(*janela.txtProcura),
       ListaNomes(*janela.ListaNomes),
+      lblContador(*janela.lblContador),
       cmdEditar(*janela.cmdEditar),
       cmdEliminar(*janela.cmdEliminar)
 {
     connect(&txtProcura, &QLineEdit::textChanged, this, &ProcuraRapida::txtProcura_Change);
     connect(&txtProcura, &QLineEdit::textEdited, this, [this] { escrito_ = true; });
+    connect(&ListaNomes, &ListBox::Click, this, &ProcuraRapida::Calar);
+    connect(ListaNomes.model(), &QAbstractItemModel::modelReset, this, &ProcuraRapida::Calar);
     txtProcura.installEventFilter(this);
 }
 
@@ -86,7 +95,29 @@ void ProcuraRapida::txtProcura_Change()
     int linha = 0;
     while (linha < fim && !Comeca_Por(ListaNomes.ListUtf8(linha), texto, comprimento))
         ++linha;
-    if (Comeca_Por(ListaNomes.ListUtf8(linha), texto, comprimento)) ListaNomes.setListIndex(linha);
+    if (Comeca_Por(ListaNomes.ListUtf8(linha), texto, comprimento))
+        ListaNomes.setListIndex(linha);
+    else
+        Dizer_Que_Nao_Ha();
+}
+
+// The short words where the count stands, which has no room for more; the whole sentence to the mouse and to
+// a screen reader, which has the keyboard in the box.
+void ProcuraRapida::Dizer_Que_Nao_Ha()
+{
+    sem_resultados_ = true;
+    const QString frase = geral_.Ler_Idioma(texto_nenhum_contacto);
+    txtProcura.setToolTip(frase);
+    txtProcura.setAccessibleDescription(frase);
+    lblContador.setText(Traduzir(nenhum, geral_));
+}
+
+void ProcuraRapida::Calar()
+{
+    if (!std::exchange(sem_resultados_, false)) return;
+    txtProcura.setToolTip({});
+    txtProcura.setAccessibleDescription({});
+    lista_.Mostrar_Contador();
 }
 
 bool ProcuraRapida::eventFilter(QObject *, QEvent *event)

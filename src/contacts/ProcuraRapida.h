@@ -1,5 +1,6 @@
 // The quick search: as text is typed into txtProcura, the first name of the list that begins with it is
-// chosen and its card shown. While the box has the keyboard it answers the keys that are the window's
+// chosen and its card shown; without such a name the line over the buttons says so in the place of the count,
+// until a name is chosen. While the box has the keyboard it answers the keys that are the window's
 // otherwise.
 #pragma once
 
@@ -11,6 +12,7 @@ class ListaContactos;
 class ListBox;
 class QAbstractButton;
 class QKeyEvent;
+class QLabel;
 class QLineEdit;
 struct Platform;
 
@@ -35,6 +37,8 @@ private:
     void txtProcura_Change();
     void txtProcura_GotFocus(Qt::FocusReason razao);
     bool Deixa_Desfazer(QKeyEvent &tecla) const;
+    void Dizer_Que_Nao_Ha();
+    void Calar();
     bool txtProcura_KeyDown(const QKeyEvent &tecla); // true when the box itself has nothing left to do
 
     Geral &geral_;
@@ -43,6 +47,8 @@ private:
     Janela &janela_;
     QLineEdit &txtProcura;
     ListBox &ListaNomes;
+    QLabel &lblContador;
     QAbstractButton &cmdEditar, &cmdEliminar;
     bool escrito_ = false; // since the last deletion
+    bool sem_resultados_ = false; // and the window says so
 };

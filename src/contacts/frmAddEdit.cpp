@@ -11,6 +11,7 @@
 #include "data/Geral.h"
 #include "data/Idiomas.h"
 #include "data/Rascunho.h"
+#include "data/Traduzir.h"
 #include "data/ValorLongo.h"
 #include "janela/Janela.h"
 #include "platform/Failure.h"
@@ -24,6 +25,11 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+constexpr Translations mes_anterior{u"Mês anterior",    u"Mês anterior",    u"Previous month",
+                                    u"Mes anterior",    u"Mese precedente", u"Mois précédent",
+                                    u"Vorheriger Monat"};
+constexpr Translations mes_seguinte{u"Mês seguinte",    u"Próximo mês",  u"Next month",    u"Mes siguiente",
+                                    u"Mese successivo", u"Mois suivant", u"Nächster Monat"};
 constexpr QRectF lugar_da_foto(7305, 870, 1125, 1080);
 
 // A picture that is too large for its place shrinks in proportion; a smaller one stays as it is.
@@ -132,7 +138,21 @@ void frmAddEdit::Atribuir_Legendas()
     cmd_foto->setText(geral_.Ler_Idioma(44));
     entrada_->Legendar(spokenLanguage(geral_.IdiomaActual));
     Thumb->setAccessibleName(lblFotografia->text());
+    Dar_Nomes_Ao_Calendario();
+}
+
+// The toolkit draws the calendar's parts, and leaves those without letters unnamed.
+void frmAddEdit::Dar_Nomes_Ao_Calendario()
+{
     Calendario->setAccessibleName(lblAniversario->text());
+    const std::pair<const char16_t *, QString> partes[]{
+        {u"qt_calendar_calendarview", lblAniversario->text()},
+        {u"qt_calendar_prevmonth", Traduzir(mes_anterior, geral_)},
+        {u"qt_calendar_nextmonth", Traduzir(mes_seguinte, geral_)},
+        {u"qt_calendar_yearedit", lblAno->text()}};
+    for (const auto &[parte, nome] : partes)
+        if (auto *widget = Calendario->findChild<QWidget *>(QString::fromUtf16(parte)))
+            widget->setAccessibleName(nome);
 }
 
 void frmAddEdit::Preencher_Campos()

@@ -48,6 +48,7 @@ private:
     void cmdCancelar_Click();
 
     void Atribuir_Legendas();
+    void Dar_Nomes_Ao_Calendario();
     void Preencher_Campos();
     void Escolher_Grupo(const QString &Grupo);
     void Mostrar_Foto(const QString &ficheiro);

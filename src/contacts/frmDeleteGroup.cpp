@@ -6,6 +6,7 @@
 #include "contacts/Preencher_Grupos.h"
 #include "controls/Controls.h"
 #include "controls/Scale.h"
+#include "controls/SpokenName.h"
 #include "data/Geral.h"
 #include "platform/Failure.h"
 #include "platform/Platform.h"
@@ -33,7 +34,7 @@ frmDeleteGroup::frmDeleteGroup(Geral &geral, Platform &platform, ListaContactos 
     OptionMover->setText(geral_.Ler_Idioma(116));
     OptionEliminar->setText(geral_.Ler_Idioma(117));
     cmdCancelar->setText(geral_.Ler_Idioma(43));
-    ComboGrupos2->setAccessibleName(withoutMnemonic(OptionMover->text()));
+    setSpokenName(*ComboGrupos2, withoutMnemonic(OptionMover->text()));
     Oferecer_Grupos(geral_, *ComboGrupos);
     Oferecer_Grupos(geral_, *ComboGrupos2);
 }

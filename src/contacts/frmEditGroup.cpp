@@ -6,6 +6,7 @@
 #include "contacts/Preencher_Utilizadores.h"
 #include "controls/Controls.h"
 #include "controls/Scale.h"
+#include "controls/SpokenName.h"
 #include "data/Geral.h"
 #include "platform/Failure.h"
 #include "platform/Platform.h"
@@ -45,8 +46,8 @@ void frmEditGroup::Legendar()
     cmdCriarUtilizador->setText(withoutMnemonic(geral_.Ler_Idioma(130)));
     cmdCancelar->setText(geral_.Ler_Idioma(43));
     txtRenomearGrupo->setAccessibleName(withoutMnemonic(OptionRenomear->text()));
-    ComboGrupos2->setAccessibleName(withoutMnemonic(OptionMover->text()));
-    ComboUsers->setAccessibleName(withoutMnemonic(OptionChangeUser->text()));
+    setSpokenName(*ComboGrupos2, withoutMnemonic(OptionMover->text()));
+    setSpokenName(*ComboUsers, withoutMnemonic(OptionChangeUser->text()));
 }
 
 void frmEditGroup::Form_Unload() { pausa_.Retomar(); }

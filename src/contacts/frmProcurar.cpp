@@ -142,6 +142,7 @@ void frmProcurar::Reset_Pesquisa()
 {
     cmdProcurar->setText(geral_.Ler_Idioma(texto_procurar));
     ListaNomes->Clear();
+    ListaNomes->setEmptyText({});
     ListViewProcura.clear();
     PosicaoPesquisa = 1;
 }
@@ -190,6 +191,7 @@ void frmProcurar::Procurar_Texto(const OpcaoDeTexto &opcao)
     }
     rs.Close();
     if (ListaNomes->ListCount() == 0) {
+        ListaNomes->setEmptyText(geral_.Ler_Idioma(texto_nenhum_contacto));
         platform_.boxes.show(geral_.Ler_Idioma(texto_nenhum_contacto), box::information, windowTitle(), this);
         return;
     }
@@ -211,7 +213,7 @@ void frmProcurar::Ler_Numeros(const OpcaoDeNumero &opcao)
     rs.Close();
 }
 
-// Without a further hit nothing is said.
+// Without a further hit no box comes up: the list, which stays without rows, says so.
 void frmProcurar::Procurar_Numero()
 {
     const QString termo = So_Digitos(txtProcurar->text());
@@ -221,7 +223,12 @@ void frmProcurar::Procurar_Numero()
     };
     while (PosicaoPesquisa <= ListViewProcura.size() && !bate(ListViewProcura[PosicaoPesquisa - 1]))
         ++PosicaoPesquisa;
-    if (PosicaoPesquisa > ListViewProcura.size()) return;
+    if (PosicaoPesquisa > ListViewProcura.size()) {
+        const bool houve = std::any_of(ListViewProcura.begin(), ListViewProcura.end(), bate);
+        ListaNomes->setEmptyText(geral_.Ler_Idioma(houve ? texto_fim_dos_contactos : texto_nenhum_contacto));
+        return;
+    }
+    ListaNomes->setEmptyText({});
     Main_ListaNomes.setListIndex(ListViewProcura[PosicaoPesquisa - 1].linha);
     Q_EMIT Trazer_Main();
     ++PosicaoPesquisa;

@@ -1,5 +1,6 @@
 #include "controls/ListBox.h"
 
+#include "controls/EmptyText.h"
 #include "platform/Failure.h"
 
 #include <QAbstractListModel>
@@ -65,6 +66,7 @@ ListBox::Filling::~Filling() { list_.rows_->endFilling(); }
 ListBox::ListBox(QWidget *parent) : QListView(parent), rows_(std::make_unique<Rows>())
 {
     setModel(rows_.get());
+    emptyText_ = new EmptyText(*this);
     setUniformItemSizes(true);
     setEditTriggers(NoEditTriggers);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -146,6 +148,8 @@ void ListBox::setListIndex(int index)
     if (index != -1) Q_EMIT Click();
 }
 
+void ListBox::setEmptyText(const QString &text) { emptyText_->set(text); }
+
 void ListBox::selectionChanged(const QItemSelection &selected, const QItemSelection &deselected)
 {
     QListView::selectionChanged(selected, deselected);
@@ -179,6 +183,12 @@ void ListBox::contextMenuEvent(QContextMenuEvent *event)
 {
     if (event->reason() != QContextMenuEvent::Keyboard) return; // the mouse has its own way above
     Q_EMIT RightButtonUp(viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()));
+}
+
+void ListBox::paintEvent(QPaintEvent *event)
+{
+    QListView::paintEvent(event);
+    emptyText_->paint();
 }
 
 bool ListBox::viewportEvent(QEvent *event)

@@ -1,12 +1,14 @@
 // A list box whose rows carry a number of their own (ItemData), usually a key of the database.
-// A row that is too long for the list tells itself in a tip. Assigning ListIndex counts as a click, even when
-// the index stays the same: code relies on it.
+// A row that is too long for the list tells itself in a tip, and a list without rows says so. Assigning
+// ListIndex counts as a click, even when the index stays the same: code relies on it.
 #pragma once
 
 #include "controls/ListItems.h"
 
 #include <memory>
 #include <QListView>
+
+class EmptyText;
 
 class ListBox : public QListView
 {
@@ -37,6 +39,8 @@ public:
     // -1 takes the selection away without a click. Raises Failure for an index outside the list.
     void setListIndex(int index);
 
+    void setEmptyText(const QString &text); // shown while there are no rows
+
     // While one lives the view waits, so that many rows come in at the price of one.
     class Filling
     {
@@ -63,12 +67,14 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     bool viewportEvent(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
 
 private:
     class Rows;
     void checkIndex(int index) const;
 
     std::unique_ptr<Rows> rows_;
+    EmptyText *emptyText_;
     bool sorted_ = false;
     bool assigning_ = false;
     int newIndex_ = -1;

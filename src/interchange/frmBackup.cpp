@@ -34,6 +34,9 @@ frmBackup::frmBackup(Geral &geral, Platform &platform, QWidget *dono)
     Label1->setText(geral_.Ler_Idioma(253));
     cmdIniciar->setText(geral_.Ler_Idioma(229));
     cmdSair->setText(geral_.Ler_Idioma(136));
+    cmdProcurar->setToolTip(withoutMnemonic(geral_.Ler_Idioma(69)));
+    cmdProcurar->setAccessibleName(cmdProcurar->toolTip());
+    ProgressBar1->setAccessibleName(windowTitle());
     keepPlaceWhenHidden(*ProgressBar1);
     ProgressBar1->hide();
     txtCaminhoBackup->setText(geral_.ini.Ler_Ini(seccao, chave));

@@ -2,6 +2,7 @@
 
 #include "controls/Controls.h"
 #include "controls/Scale.h"
+#include "controls/SpokenName.h"
 #include "data/Geral.h"
 #include "data/Relatorio.h"
 #include "platform/Failure.h"
@@ -46,7 +47,7 @@ void frmExportar::Legendar()
     frameExportar->setTitle(withoutMnemonic(geral_.Ler_Idioma(257)));
     cmdExportar->setText(geral_.Ler_Idioma(257));
     cmdFechar->setText(geral_.Ler_Idioma(135));
-    ComboExportar->setAccessibleName(windowTitle());
+    setSpokenName(*ComboExportar, windowTitle());
 }
 
 void frmExportar::Oferecer_Formatos()

@@ -64,6 +64,7 @@ void frmImportarMDB::Escrever_Textos()
     Label5->setText(geral_.Ler_Idioma(234) + u": "_s + QString::number(totais_.Tarefas));
     cmdSeguinte->setText(geral_.Ler_Idioma(229));
     cmdCancelar->setText(geral_.Ler_Idioma(43));
+    ProgressBar1->setAccessibleName(windowTitle());
     concluida_ = geral_.Ler_Idioma(231);
     encerrar_ = geral_.Ler_Idioma(235);
 }

@@ -7,6 +7,7 @@
 #include "controls/Scale.h"
 #include "controls/Units.h"
 #include "data/Geral.h"
+#include "data/Traduzir.h"
 #include "platform/Failure.h"
 #include "reminders/ProximosAniversarios.h"
 
@@ -23,6 +24,14 @@ constexpr int altura_da_linha = 18;
 
 // In twips.
 constexpr QRectF caixa_da_foto{5250, 360, cartao::foto_width, cartao::foto_height};
+
+constexpr Translations sem_aniversarios{u"Não há aniversários nos próximos dias.",
+                                        u"Não há aniversários nos próximos dias.",
+                                        u"There are no birthdays in the coming days.",
+                                        u"No hay cumpleaños en los próximos días.",
+                                        u"Nei prossimi giorni non ci sono compleanni.",
+                                        u"Il n’y a aucun anniversaire dans les prochains jours.",
+                                        u"In den nächsten Tagen gibt es keine Geburtstage."};
 
 constexpr qint16 texto_antes_de_janeiro = 13;
 constexpr int meses = 12;
@@ -44,6 +53,7 @@ frmAniversarios::frmAniversarios(Geral &geral, QWidget &janela)
     Label1->setText(geral_.Ler_Idioma(175));
     setWindowTitle(Label1->text());
     ListViewAniversarios->setAccessibleName(Label1->text());
+    ListViewAniversarios->setEmptyText(Traduzir(sem_aniversarios, geral_));
     cmdFechar->setText(geral_.Ler_Idioma(135));
 }
 

@@ -4,6 +4,7 @@
 #include "controls/IconRoom.h"
 #include "controls/Scale.h"
 #include "data/Geral.h"
+#include "data/Traduzir.h"
 #include "platform/Platform.h"
 #include "reminders/frmAddEditTarefa.h"
 #include "reminders/Momento.h"
@@ -13,6 +14,14 @@ using namespace Qt::StringLiterals;
 namespace
 {
 enum Coluna { coluna_tarefa, coluna_data, coluna_hora, coluna_repeticao };
+
+constexpr Translations sem_tarefas{u"Não existem tarefas.",
+                                   u"Não há tarefas.",
+                                   u"There are no tasks.",
+                                   u"No hay tareas.",
+                                   u"Non ci sono attività.",
+                                   u"Il n’y a aucune tâche.",
+                                   u"Es sind keine Aufgaben vorhanden."};
 
 // In pixels; the date has the common width and the last column what is left.
 constexpr int largura_da_tarefa = 240;
@@ -66,6 +75,7 @@ frmListaTarefas::frmListaTarefas(Geral &geral, Platform &platform, QWidget &jane
     Label1->setText(withoutMnemonic(geral_.Ler_Idioma(150)));
     setWindowTitle(Label1->text());
     ListViewTarefas->setAccessibleName(Label1->text());
+    ListViewTarefas->setEmptyText(Traduzir(sem_tarefas, geral_));
     Ler_Tarefas(Sem_Linhas::Mantem_A_Lista);
 }
 

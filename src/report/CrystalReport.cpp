@@ -14,6 +14,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QProgressBar>
 #include <QProgressDialog>
 #include <QStandardPaths>
 
@@ -40,6 +41,7 @@ public:
           dialog_({}, reportWord(ReportWord::Cancel, language), 0, 0, owner)
     {
         dialog_.setWindowTitle(reportWord(title, language));
+        dialog_.findChild<QProgressBar *>()->setAccessibleName(dialog_.windowTitle());
         dialog_.setWindowModality(owner ? Qt::WindowModal : Qt::ApplicationModal);
         dialog_.setMinimumDuration(600);
         dialog_.setMinimumWidth(360); // its title and the text of the last page fit

@@ -24,6 +24,7 @@ QAction *newAction(QToolBar &bar, const char *name, const QString &text, const Q
     action->setObjectName(QLatin1StringView(name));
     action->setShortcuts(keys);
     const QString key = keys.isEmpty() ? QString() : keys.first().toString(QKeySequence::NativeText);
+    if (QWidget *button = bar.widgetForAction(action)) button->setAccessibleName(text); // it may show a sign
     action->setToolTip(key.isEmpty() ? text : u"%1 (%2)"_s.arg(text, key));
     return action;
 }
@@ -47,6 +48,7 @@ ReportPreview::ReportPreview(std::shared_ptr<ReportPages> pages, const Look &loo
     connect(view_, &ReportView::pageChanged, this, &ReportPreview::showPage);
     connect(view_, &ReportView::pagesFound, this, &ReportPreview::showCount);
     setPages(std::move(pages));
+    view_->setAccessibleName(reportWord(ReportWord::Page, look.language));
     view_->setFocus();
     resize(1000, 800);
 }

@@ -2,6 +2,7 @@
 
 #include "controls/Controls.h"
 #include "data/Geral.h"
+#include "data/Traduzir.h"
 #include "platform/Failure.h"
 #include "platform/Translations.h"
 
@@ -23,6 +24,8 @@ enum class Lugar {
     Menu,    // of a menu
     Comando, // of a menu entry
     Botao,   // tip of a toolbar button
+    Nome,    // for a screen reader
+    Vazia,   // of a list without rows
 };
 
 struct EntradaDeTexto {
@@ -66,6 +69,7 @@ constexpr std::array textos = std::to_array<EntradaDeTexto>({
     {Botao, "keyCheckMail", 252}, {Botao, "aniversarios", 147}, {Botao, "memo", 148},
     {Botao, "nova_tarefa", 149}, {Botao, "cima", 144}, {Botao, "baixo", 145}, {Botao, "opcoes", 151},
     {Botao, "ajuda", 266},
+    {Nome, "ListaNomes", 137}, {Vazia, "ListaNomes", 2},
 });
 // clang-format on
 
@@ -83,6 +87,8 @@ constexpr std::array nossas = std::to_array<EntradaNossa>({
     {"ImprimirEtiquetas",
      {u"&Etiquetas", u"&Etiquetas", u"L&abels", u"&Etiquetas", u"E&tichette", u"É&tiquettes", u"&Etiketten"}},
 });
+
+constexpr Translations idade{u"Idade", u"Idade", u"Age", u"Edad", u"Età", u"Âge", u"Alter"};
 
 struct ImagemDeEntrada {
     const char *controlo;
@@ -148,6 +154,10 @@ void Atribuir_Um(QMainWindow &janela, const EntradaDeTexto &entrada, const QStri
         return control<QAction>(janela, nome).setText(texto);
     case Botao:
         return Dar_Dica_Ao_Botao(janela, nome, withoutMnemonic(texto));
+    case Nome:
+        return control<QWidget>(janela, nome).setAccessibleName(withoutMnemonic(texto));
+    case Vazia:
+        return control<ListBox>(janela, nome).setEmptyText(texto);
     }
 }
 
@@ -173,9 +183,9 @@ void legendas::Atribuir(QMainWindow &janela, Geral &geral)
     for (const EntradaDeTexto &entrada : textos)
         skipFailure([&] { Atribuir_Um(janela, entrada, geral.Ler_Idioma(entrada.texto)); });
     for (const auto &[controlo, palavras] : nossas)
-        control<QAction>(janela, QLatin1StringView(controlo))
-            .setText(geral.IdiomaActual.isEmpty() ? QString() : translated(palavras, geral.IdiomaActual));
+        control<QAction>(janela, QLatin1StringView(controlo)).setText(Traduzir(palavras, geral));
     Dar_Dicas_Fixas(janela);
+    control<QWidget>(janela, u"txtIdade"_s).setAccessibleName(Traduzir(idade, geral));
     for (const ImagemDeEntrada &imagem : imagens)
         Por_Imagem(janela, imagem);
 }

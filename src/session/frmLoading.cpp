@@ -16,6 +16,7 @@ frmLoading::frmLoading(Geral &geral, QWidget *dono) : QWidget(dono, Qt::Dialog)
     scale::apply(*this);
     connect(&Timer1, &QTimer::timeout, this, &frmLoading::Timer1_Timer);
     Label1->setText(geral.Ler_Idioma(242));
+    ProgressBar1->setAccessibleName(Label1->text());
     if (dono != nullptr) dono->installEventFilter(this);
 }
 

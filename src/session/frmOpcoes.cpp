@@ -27,6 +27,13 @@ constexpr std::array<qint16, 8> textos_dos_separadores{128, 190, 191, 217, 192, 
 constexpr int fora_da_vista = -20000; // twips
 
 QString Com_Retornos(QString texto) { return texto.replace(u"\n"_s, u"\r\n"_s); }
+
+// Of two buttons with the same caption a screen reader tells each by its frame.
+void Distinguir(QAbstractButton &botao, const QGroupBox &quadro)
+{
+    const QString legenda = withoutMnemonic(botao.text());
+    botao.setAccessibleName(legenda.isEmpty() ? legenda : legenda + u", "_s + quadro.title());
+}
 } // namespace
 
 frmOpcoes::frmOpcoes(Geral &geral, Platform &platform, Janela &janela)
@@ -116,6 +123,8 @@ void frmOpcoes::Dar_Nomes_Acessiveis()
     txtDestinatario->setAccessibleName(frameDestinatario->title());
     lvEmails->setAccessibleName(FrameMailNotification->title());
     txtCaminhoSom->setAccessibleName(FrameSons->title());
+    Distinguir(*cmdProcurar, *FrameBD);
+    Distinguir(*cmdProcurarSom, *FrameSons);
 }
 
 // All panes get the size of the largest, so that the form stays as it is from tab to tab.

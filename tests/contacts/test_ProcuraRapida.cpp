@@ -1,7 +1,9 @@
 // The quick search: which name is chosen as text is typed, and the keys of its box.
 #include "contacts/Programa.h"
 #include "controls/Units.h"
+#include "data/Idiomas.h"
 
+#include <QAccessible>
 #include <QShortcut>
 
 using namespace Qt::StringLiterals;
@@ -90,6 +92,51 @@ private Q_SLOTS:
         p.janela.ListaNomes->setListIndex(1);
         p.janela.txtProcura->setText(u"x"_s);
         QCOMPARE(p.Escolhido(), u"Berta"_s);
+    }
+
+    void um_texto_sem_nome_e_dito_no_lugar_do_contador_ate_se_escolher_um_nome()
+    {
+        Programa p;
+        p.Carregar({u"Ana"_s, u"Berta"_s});
+        const QString contador = p.s.Texto(49) + u" 2"_s;
+        QAccessibleInterface &caixa = *QAccessible::queryAccessibleInterface(p.janela.txtProcura);
+        for (const bool pela_lista : {false, true}) {
+            QCOMPARE(p.janela.lblContador->text(), contador);
+            p.janela.txtProcura->setText(u"x"_s);
+            QCOMPARE(p.janela.lblContador->text(), u"Sem resultados"_s);
+            QCOMPARE(caixa.text(QAccessible::Description), p.s.Texto(72));
+            QCOMPARE(p.janela.txtProcura->toolTip(), p.s.Texto(72));
+            if (pela_lista)
+                p.janela.ListaNomes->setListIndex(1);
+            else
+                p.janela.txtProcura->setText(u"b"_s);
+            QCOMPARE(p.janela.lblContador->text(), contador);
+            QCOMPARE(p.janela.txtProcura->accessibleDescription(), QString());
+            QCOMPARE(p.janela.txtProcura->toolTip(), QString());
+        }
+    }
+
+    void uma_lista_lida_de_novo_ja_nao_diz_que_nao_ha_resultados()
+    {
+        Programa p;
+        p.Carregar({u"Ana"_s, u"Berta"_s});
+        p.janela.txtProcura->setText(u"x"_s);
+        p.lista.Carregar_Tabela();
+        QCOMPARE(p.janela.lblContador->text(), p.s.Texto(49) + u" 2"_s);
+        QCOMPARE(p.janela.txtProcura->accessibleDescription(), QString());
+    }
+
+    void as_palavras_sem_resultados_cabem_no_lugar_do_contador_em_cada_lingua()
+    {
+        for (const Idioma &idioma : idiomas::todos) {
+            Programa p;
+            p.s.geral.IdiomaActual = QString::fromLatin1(idioma.coluna);
+            p.Carregar({u"Ana"_s, u"Berta"_s});
+            p.janela.txtProcura->setText(u"x"_s);
+            QVERIFY(!p.janela.lblContador->text().isEmpty());
+            QVERIFY2(p.janela.lblContador->sizeHint().width() <= p.janela.lblContador->width(),
+                     idioma.coluna);
+        }
     }
 
     void a_barra_escrita_encurta_o_comprimento_e_nao_o_texto()

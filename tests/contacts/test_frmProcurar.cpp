@@ -327,6 +327,27 @@ private Q_SLOTS:
         QCOMPARE(p.vezes_trazida, 0);
     }
 
+    void sem_acerto_a_lista_vazia_di_lo_ate_recomecar()
+    {
+        Procura p;
+        p.Telefones({{u"Ana"_s, u"123"_s}});
+        const auto dito = [&] { return p.form.ListaNomes->accessibleDescription(); };
+        QCOMPARE(dito(), QString());
+        p.Procurar_Telefone(u"4"_s);
+        QCOMPARE(dito(), p.s.Texto(72));
+        p.form.txtProcurar->setText(u"12"_s);
+        QCOMPARE(dito(), QString());
+        p.Clicar();
+        QCOMPARE(p.Escolhido(), u"Ana"_s);
+        QCOMPARE(dito(), QString());
+        p.Clicar(); // behind the last hit
+        QCOMPARE(dito(), p.s.Texto(70));
+        p.s.caixas.Espera(p.s.Texto(72), 64, p.form.windowTitle());
+        p.Procurar(p.form.opcaoObs, u"nada disto"_s);
+        QCOMPARE(dito(), p.s.Texto(72));
+        QVERIFY(p.Encontrados().isEmpty());
+    }
+
     void um_contacto_com_dois_numeros_certos_conta_uma_vez()
     {
         Procura p;

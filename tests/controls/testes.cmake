@@ -3,6 +3,7 @@ foreach(teste IN ITEMS
     test_ComboBox
     test_Contrast
     test_ElidingLabel
+    test_EmptyText
     test_ListBox
     test_LongText
     test_ReachablePlace

@@ -68,6 +68,19 @@ private Q_SLOTS:
         QVERIFY(form.ListViewAniversarios->isColumnHidden(2));
     }
 
+    void sem_aniversarios_a_lista_di_lo()
+    {
+        ComLista c;
+        frmAniversarios &form = c.Abrir();
+        const QString frase = u"Não há aniversários nos próximos dias."_s;
+        QCOMPARE(form.ListViewAniversarios->accessibleDescription(), frase);
+        form.PreencherAniversarios({{u"4"_s, u"Ana"_s, u"7"_s, u"1"_s}});
+        QCOMPARE(form.ListViewAniversarios->accessibleDescription(), QString());
+        form.PreencherAniversarios({});
+        QCOMPARE(form.ListViewAniversarios->accessibleDescription(), frase);
+        QCOMPARE(form.ListViewAniversarios->topLevelItemCount(), 0);
+    }
+
     void cada_linha_diz_o_dia_de_e_o_mes()
     {
         ComLista c;

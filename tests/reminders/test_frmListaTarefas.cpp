@@ -1,5 +1,6 @@
 // The list of tasks: how it is filled, and what its buttons do.
 #include "controls/DisabledWindow.h"
+#include "data/Idiomas.h"
 #include "reminders/ComTarefas.h"
 #include "reminders/frmAddEditTarefa.h"
 #include "reminders/frmListaTarefas.h"
@@ -64,6 +65,21 @@ private Q_SLOTS:
         QCOMPARE(form.cmdFechar->text(), c.s.Texto(135));
         QCOMPARE(form.Label1->text(), u"Lista de tarefas"_s);
         QCOMPARE(form.windowTitle(), u"Lista de tarefas"_s);
+    }
+
+    void sem_tarefas_a_lista_di_lo_em_cada_lingua()
+    {
+        QSet<QString> frases;
+        for (const Idioma &idioma : idiomas::todos) {
+            ComLista c(QString::fromLatin1(idioma.coluna));
+            const frmListaTarefas &form = c.Abrir();
+            frases << form.ListViewTarefas->accessibleDescription();
+            QCOMPARE(form.ListViewTarefas->topLevelItemCount(), 0);
+        }
+        QVERIFY(!frases.contains(QString()));
+        QVERIFY(frases.contains(u"Não existem tarefas."_s));
+        QVERIFY(frases.contains(u"Es sind keine Aufgaben vorhanden."_s));
+        QCOMPARE(frases.size(), 7);
     }
 
     void as_linhas_vem_por_data_e_hora_e_so_as_da_sessao()

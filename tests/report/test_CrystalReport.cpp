@@ -6,12 +6,15 @@
 #include "report/ReportView.h"
 #include "report/ReportWords.h"
 #include "store/NewDatabase.h"
+#include "testlib/Nomes.h"
 #include "testlib/Teste.h"
 
 #include <memory>
+#include <QAccessible>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
+#include <QProgressBar>
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QStandardPaths>
@@ -33,10 +36,15 @@ public:
     PrintResult print(ReportPages &pages, const QString &title, const PageWatch &watch) override
     {
         historia << u"print %1 %2"_s.arg(title).arg(pages.data().size());
-        return watch(0, pages.found()) ? resultado : PrintResult::Cancelled;
+        const bool segue = watch(0, pages.found());
+        for (QWidget *widget : QApplication::allWidgets())
+            if (auto *barra = qobject_cast<QProgressBar *>(widget))
+                andamento = QAccessible::queryAccessibleInterface(barra)->text(QAccessible::Name);
+        return segue ? resultado : PrintResult::Cancelled;
     }
 
     QStringList historia;
+    QString andamento; // the name of the bar that stands meanwhile
     PrintResult escolha = PrintResult::Done;
     PrintResult resultado = PrintResult::Done;
 };
@@ -121,6 +129,12 @@ private Q_SLOTS:
         QVERIFY(impressora_->historia.isEmpty());
         controlo_->setAction(1);
         QCOMPARE(impressora_->historia, QStringList{u"print Lista 500"_s});
+    }
+    void a_barra_da_impressao_tem_o_nome_da_sua_janela()
+    {
+        idioma_ = u"AlemaoDE"_s;
+        Correr(ReportControl::Printer);
+        QCOMPARE(impressora_->andamento, reportWord(ReportWord::Print, idioma_));
     }
     void a_seleccao_vale_ate_a_proxima()
     {
@@ -325,6 +339,24 @@ private Q_SLOTS:
         QTEST(rows.heads, "heads");
         controlo_->setParameterFields(0, u"b;do controlo:;TRUE"_s);
         QCOMPARE(Pre_Visualizar().pages()->rows().heads.first(), u"do controlo:"_s);
+    }
+
+    void os_controlos_da_previsualizacao_tem_nome_em_cada_lingua()
+    {
+        for (const char *idioma : {"PortuguesPT", "PortuguesBR", "InglesUK", "EspanholES", "ItalianoIT",
+                                   "FrancesFR", "AlemaoDE"}) {
+            idioma_ = QString::fromLatin1(idioma);
+            ReportPreview &janela = Pre_Visualizar();
+            const QList<nomes::Nome> todos = nomes::De(janela);
+            QVERIFY(todos.size() >= 12);
+            const QStringList faltas = nomes::Faltas(todos);
+            QVERIFY2(faltas.isEmpty(), qPrintable(faltas.join(u'\n')));
+            for (const nomes::Nome &um : todos)
+                QVERIFY2(um.nome.size() > 1, qPrintable(um.nome)); // and no sign of an operation
+            auto *folhas = janela.findChild<ReportView *>();
+            QCOMPARE(QAccessible::queryAccessibleInterface(folhas)->text(QAccessible::Name),
+                     reportWord(ReportWord::Page, idioma_));
+        }
     }
 
     void a_previsualizacao_tem_o_seu_titulo_e_abre_no_estado_dado()

@@ -10,6 +10,7 @@
 #include "contacts/frmProcurar.h"
 #include "contacts/frmVerImagem.h"
 #include "contacts/ListaContactos.h"
+#include "data/frmSeleccionarIdioma.h"
 #include "interchange/frmBackup.h"
 #include "interchange/frmExportar.h"
 #include "interchange/frmImportar.h"
@@ -18,11 +19,13 @@
 #include "interchange/Intercambio.h"
 #include "memos/frmMemo.h"
 #include "online/frmAddEditEmail.h"
+#include "online/frmPopupEmail.h"
 #include "printing/frmEnvelope.h"
 #include "printing/frmImprimir.h"
 #include "reminders/frmAddEditTarefa.h"
 #include "reminders/frmAniversarios.h"
 #include "reminders/frmListaTarefas.h"
+#include "reminders/frmPopup.h"
 #include "reminders/frmTarefas.h"
 #include "session/frmDeleteUser.h"
 #include "session/frmEditUser.h"
@@ -30,6 +33,7 @@
 #include "session/frmLogin.h"
 #include "session/frmNovoUser.h"
 #include "session/frmOpcoes.h"
+#include "session/frmSobre.h"
 #include "session/Main.h"
 #include "testlib/RelatorioFalso.h"
 #include "testlib/Sistema.h"
@@ -151,4 +155,21 @@ inline const QMap<QString, Abertura> aberturas{
          c.intercambio.FileName = QFINDTESTDATA("fixtures/jet/vazia.mdb");
          return c.Novo<frmImportarMDB>(c.s.geral, c.s.plataforma, c.intercambio, c.janela);
      }},
+};
+
+// The main window with a contact, and what comes up over it.
+inline const QMap<QString, Abertura> outras{
+    {QStringLiteral("Main"),
+     [](ComFormulario &c) -> QWidget * {
+         c.s.Novo_Contacto({{QStringLiteral("Nome"), Value(QStringLiteral("Ágata"))}, {QStringLiteral("Email1"), Value(QStringLiteral("a@x.example"))}});
+         c.lista.Carregar_Tabela();
+         c.janela.ListaNomes->setListIndex(0);
+         return &c.janela;
+     }},
+    {QStringLiteral("frmSobre"), [](ComFormulario &c) { return c.Novo<frmSobre>(c.s.geral, nullptr); }},
+    {QStringLiteral("frmSeleccionarIdioma"),
+     [](ComFormulario &c) { return c.Novo<frmSeleccionarIdioma>(c.s.geral, c.s.plataforma); }},
+    {QStringLiteral("frmPopup"),
+     [](ComFormulario &c) { return c.Novo<frmPopup>(c.s.geral, c.s.plataforma, c.janela, c.relatorio); }},
+    {QStringLiteral("frmPopupEmail"), [](ComFormulario &c) { return c.Novo<frmPopupEmail>(c.janela, QStringLiteral("3 mensagens")); }},
 };

@@ -3,11 +3,7 @@
 #include "controls/Contrast.h"
 #include "controls/Palettes.h"
 #include "controls/Units.h"
-#include "data/frmSeleccionarIdioma.h"
-#include "online/frmPopupEmail.h"
-#include "reminders/frmPopup.h"
 #include "session/Formularios.h"
-#include "session/frmSobre.h"
 #include "testlib/Legibilidade.h"
 #include "testlib/Teste.h"
 
@@ -35,22 +31,6 @@ const QMap<QString, QPalette (*)()> paletas{
     {u"escura"_s, [] { return darkPalette(); }},
     {u"preto sobre branco"_s, [] { return De_Duas_Cores(Qt::white, Qt::black); }},
     {u"branco sobre preto"_s, [] { return De_Duas_Cores(Qt::black, Qt::white); }}};
-
-const QMap<QString, Abertura> outras{
-    {u"Main"_s,
-     [](ComFormulario &c) -> QWidget * {
-         c.s.Novo_Contacto({{u"Nome"_s, Value(u"Ágata"_s)}, {u"Email1"_s, Value(u"a@x.example"_s)}});
-         c.lista.Carregar_Tabela();
-         c.janela.ListaNomes->setListIndex(0);
-         return &c.janela;
-     }},
-    {u"frmSobre"_s, [](ComFormulario &c) { return c.Novo<frmSobre>(c.s.geral, nullptr); }},
-    {u"frmSeleccionarIdioma"_s,
-     [](ComFormulario &c) { return c.Novo<frmSeleccionarIdioma>(c.s.geral, c.s.plataforma); }},
-    {u"frmPopup"_s,
-     [](ComFormulario &c) { return c.Novo<frmPopup>(c.s.geral, c.s.plataforma, c.janela, c.relatorio); }},
-    {u"frmPopupEmail"_s, [](ComFormulario &c) { return c.Novo<frmPopupEmail>(c.janela, u"3 mensagens"_s); }},
-};
 
 QWidget &Abrir(ComFormulario &c, const QString &nome)
 {

@@ -1,6 +1,6 @@
 // The captions of the main window: every one of its texts, in every language.
-#include "data/Idiomas.h"
 #include "controls/Controls.h"
+#include "data/Idiomas.h"
 #include "session/Legendas.h"
 #include "session/Main.h"
 #include "testlib/Sistema.h"
@@ -196,6 +196,17 @@ private Q_SLOTS:
         QCOMPARE(janela.txtTelefone1->accessibleName(), s.Texto(28));
         QCOMPARE(janela.txtObs->accessibleName(), s.Texto(37));
         QCOMPARE(janela.txtFax->accessibleName(), u"Fax"_s);
+    }
+
+    void a_lista_sem_nomes_di_lo_e_tem_nome_para_o_leitor_de_ecra()
+    {
+        Sistema s(Sistema::Estado::Semeado, u"AlemaoDE"_s);
+        Main janela(s.geral, s.plataforma);
+        legendas::Atribuir(janela, s.geral);
+        QCOMPARE(janela.ListaNomes->ListCount(), 0);
+        QCOMPARE(janela.ListaNomes->accessibleDescription(), s.Texto(2));
+        QCOMPARE(janela.ListaNomes->accessibleName(), withoutMnemonic(s.Texto(137)));
+        QCOMPARE(janela.txtIdade->accessibleName(), u"Alter"_s);
     }
 
     void sem_lingua_activa_ficam_todas_em_branco()
