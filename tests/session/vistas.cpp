@@ -62,23 +62,22 @@ void Vistas::Encher()
     for (const char *nome : {"Abílio Sarmento", "Beatriz Loureiro", "Duarte Figueira", "Graça Penedo"})
         c.s.Novo_Contacto(
             {{u"Nome"_s, Value(QString::fromUtf8(nome))}, {u"Telefone1"_s, Value(u"21 555 01 01"_s)}});
-    const QMap<QString, Value> helena{
-        {u"Nome"_s, Value(u"Helena Vasques"_s)},
-        {u"Telefone1"_s, Value(u"21 555 01 90"_s)},
-        {u"Telefone2"_s, Value(u"21 555 01 91"_s)},
-        {u"Fax"_s, Value(u"21 555 01 92"_s)},
-        {u"Telemovel1"_s, Value(u"91 555 01 93"_s)},
-        {u"Telemovel2"_s, Value(u"91 555 01 94"_s)},
-        {u"Telemovel3"_s, Value(u"91 555 01 95"_s)},
-        {u"Email1"_s, Value(u"helena@boats.example"_s)},
-        {u"Email2"_s, Value(u"vasques@boats.example"_s)},
-        {u"Website"_s, Value(u"www.boats.example"_s)},
-        {u"Morada"_s, Value(u"Rua das Amoreiras, 14\r\n1250-024 Lisboa"_s)},
-        {u"Obs"_s, Value(u"Gosta de chá e de barcos.\r\nTelefonar depois das 10."_s)},
-        {u"Dia"_s, Value(u"3"_s)},
-        {u"Mes"_s, Value(u"2"_s)},
-        {u"Ano"_s, Value(u"1984"_s)},
-        {u"Fotografia"_s, Value(c.s.Ficheiro(u"faroleiro_sample.jpg"_s))}};
+    const QMap<QString, Value> helena{{u"Nome"_s, Value(u"Helen Fairbrook"_s)},
+                                      {u"Telefone1"_s, Value(u"21 555 01 90"_s)},
+                                      {u"Telefone2"_s, Value(u"21 555 01 91"_s)},
+                                      {u"Fax"_s, Value(u"21 555 01 92"_s)},
+                                      {u"Telemovel1"_s, Value(u"91 555 01 93"_s)},
+                                      {u"Telemovel2"_s, Value(u"91 555 01 94"_s)},
+                                      {u"Telemovel3"_s, Value(u"91 555 01 95"_s)},
+                                      {u"Email1"_s, Value(u"helen@boats.example"_s)},
+                                      {u"Email2"_s, Value(u"fairbrook@boats.example"_s)},
+                                      {u"Website"_s, Value(u"www.boats.example"_s)},
+                                      {u"Morada"_s, Value(u"14 Mulberry Lane\r\nWestbury"_s)},
+                                      {u"Obs"_s, Value(u"Likes tea and boats.\r\nCall after ten o'clock."_s)},
+                                      {u"Dia"_s, Value(u"3"_s)},
+                                      {u"Mes"_s, Value(u"2"_s)},
+                                      {u"Ano"_s, Value(u"1984"_s)},
+                                      {u"Fotografia"_s, Value(c.s.Ficheiro(u"faroleiro_sample.jpg"_s))}};
     c.s.Novo_Contacto(helena);
     for (const char *tarefa : {"Telefonar à Helena por causa do orçamento", "Comprar chá, pão e selos"})
         c.s.geral.de.Executar("cmdAdicionarTarefa",
@@ -91,7 +90,7 @@ void Vistas::Principal()
 {
     ListBox &nomes = *c.janela.ListaNomes;
     for (int i = 0; i < nomes.ListCount(); ++i)
-        if (nomes.List(i).startsWith("Helena"_L1)) nomes.setListIndex(i);
+        if (nomes.List(i).startsWith("Helen"_L1)) nomes.setListIndex(i);
     Tirar(c.janela, u"Main"_s);
     for (QMenu *menu : c.janela.menuBar()->findChildren<QMenu *>(Qt::FindDirectChildrenOnly)) {
         menu->popup(QPoint());
@@ -149,7 +148,7 @@ void Vistas::Lembretes()
     aviso.lblData->setText(u"03-02-2027"_s);
     aviso.lblHora->setText(u"10:30"_s);
     Tirar(aviso, u"frmPopup"_s);
-    frmPopupEmail correio(c.janela, u"helena@boats.example (%1)"_s.arg(c.s.Texto(261)));
+    frmPopupEmail correio(c.janela, u"helen@boats.example (%1)"_s.arg(c.s.Texto(261)));
     Tirar(correio, u"frmPopupEmail"_s);
     auto &cartao = static_cast<frmTarefas &>(*aberturas[u"frmTarefas"_s](c));
     cartao.Mostrar_Tarefa(u"Telefonar à Helena por causa do orçamento"_s);
