@@ -1,5 +1,6 @@
 #include "contacts/CamposDeData.h"
 
+#include "controls/Contrast.h"
 #include "controls/Units.h"
 #include "platform/Clock.h"
 
@@ -10,6 +11,7 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QMouseEvent>
+#include <QTextCharFormat>
 
 using namespace Qt::StringLiterals;
 
@@ -79,6 +81,7 @@ CamposDeData::CamposDeData(QDialog &form, const Controlos &controlos, const Cloc
     for (const Campo &campo : campos_)
         campo.caixa->installEventFilter(this);
     form_.installEventFilter(this);
+    Pintar_Fim_De_Semana();
     connect(&Calendario, &QCalendarWidget::clicked, this, &CamposDeData::Calendario_DateClick);
     connect(&Calendario, &QCalendarWidget::activated, this, &CamposDeData::Calendario_DateClick);
 }
@@ -101,7 +104,17 @@ bool CamposDeData::eventFilter(QObject *alvo, QEvent *evento)
         std::find_if(campos_.begin(), campos_.end(), [&](const Campo &c) { return c.caixa == alvo; });
     if (campo != campos_.end() && Clique(*evento)) Data_Click(*campo);
     if (campo != campos_.end() && Tecla(*evento)) Data_KeyDown(*campo);
+    if (alvo == &form_ && evento->type() == QEvent::PaletteChange) Pintar_Fim_De_Semana();
     return alvo == &form_ && Escape(*evento) && Fechar_Calendario();
+}
+
+// The toolkit's red was made for white.
+void CamposDeData::Pintar_Fim_De_Semana()
+{
+    QTextCharFormat formato;
+    formato.setForeground(readableOn(Qt::red, form_.palette().color(QPalette::AlternateBase)));
+    for (const Qt::DayOfWeek dia : {Qt::Saturday, Qt::Sunday})
+        Calendario.setWeekdayTextFormat(dia, formato);
 }
 
 // Escape closes what stands in front: the calendar first, and then the form.

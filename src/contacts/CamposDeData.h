@@ -47,6 +47,7 @@ private:
     void Calendario_DateClick(QDate dia);
     void Mostrar_Calendario(bool visivel);
     bool Fechar_Calendario();
+    void Pintar_Fim_De_Semana();
 
     QDialog &form_;
     const Clock &clock_;

@@ -1,10 +1,12 @@
 #include "controls/Style.h"
 
+#include "controls/Contrast.h"
 #include "controls/Scale.h"
 
 #include <QIcon>
 #include <QPainter>
 #include <QStyleOption>
+#include <QWidget>
 
 using namespace Qt::StringLiterals;
 
@@ -32,6 +34,48 @@ QString pictureOf(QStyle::StandardPixmap picture)
     default:
         return {};
     }
+}
+
+// A stroke of one pixel falls between those of a screen at one and a half times the density, where what the
+// frame holds may cover it. What is filled is cut at whole ones.
+void fillFrame(QPainter &painter, const QRect &place, const QColor &colour)
+{
+    constexpr int line = 1;
+    const QRect right(place.right(), place.top(), line, place.height());
+    const QRect lower(place.left(), place.bottom(), place.width(), line);
+    painter.fillRect(QRect(place.topLeft(), QSize(line, place.height())), colour);
+    painter.fillRect(QRect(place.topLeft(), QSize(place.width(), line)), colour);
+    painter.fillRect(right, colour);
+    painter.fillRect(lower, colour);
+}
+
+QColor frameColour(const QPalette &palette)
+{
+    constexpr int darker = 140; // percent
+    constexpr int lighter = 108;
+    return palette.color(QPalette::Window).darker(darker).lighter(lighter);
+}
+
+bool isMark(QStyle::PrimitiveElement element)
+{
+    return element == QStyle::PE_IndicatorCheckBox || element == QStyle::PE_IndicatorRadioButton;
+}
+
+// The plain style's outline is darker than the window, which on a dark one cannot be seen.
+void drawOutline(QPainter &painter, bool round, const QStyleOption &option)
+{
+    const QPalette &palette = option.palette;
+    const QColor ground = palette.color(QPalette::Window);
+    if (lettersOn(ground) == QColor(Qt::black)) return;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(option.state.testFlag(QStyle::State_Enabled)
+                       ? readableOn(palette.color(QPalette::Light), ground)
+                       : palette.color(QPalette::Disabled, QPalette::WindowText));
+    painter.setBrush(Qt::NoBrush);
+    const QRectF place = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
+    round ? painter.drawEllipse(place) : painter.drawRect(place);
+    painter.restore();
 }
 
 void drawFrame(QPainter &painter, const QRect &place, const QColor &colour)
@@ -63,6 +107,7 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWi
     case PM_ExclusiveIndicatorHeight:
     case PM_SmallIconSize:
     case PM_ButtonIconSize:
+    case PM_MenuButtonIndicator:
     case PM_TabBarIconSize:
     case PM_ToolBarIconSize:
     case PM_MessageBoxIconSize:
@@ -79,6 +124,16 @@ int Style::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *
 {
     if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
     return QProxyStyle::styleHint(hint, option, widget, returned);
+}
+
+void Style::drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                          const QWidget *widget) const
+{
+    const bool ofList = widget != nullptr && widget->inherits("QComboBoxPrivateContainer");
+    if (element == PE_Frame && !ofList)
+        return fillFrame(*painter, option->rect, frameColour(option->palette));
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    if (isMark(element)) drawOutline(*painter, element == PE_IndicatorRadioButton, *option);
 }
 
 // The plain style marks the tab's letters so faintly that it can hardly be told which has the keyboard.

@@ -4,6 +4,7 @@
 #include "platform/Failure.h"
 #include "platform/Translations.h"
 
+#include <algorithm>
 #include <QApplication>
 #include <QGridLayout>
 #include <QLabel>
@@ -15,6 +16,8 @@ namespace
 {
 constexpr int iconMask = 0xf0;
 constexpr int buttonMask = 0x0f;
+constexpr int shareOfScreen = 60; // percent of its height, for a text
+constexpr int widestShare = 80;   // percent of its width
 
 QMessageBox::Icon iconOf(int flags)
 {
@@ -50,19 +53,30 @@ void showInSmall(QLabel *label)
     label->setTextFormat(Qt::PlainText);
 }
 
+// A length that was drawn for letters of eleven pixels.
+int withLetters(const QWidget &box, int pixels) { return pixels * box.fontInfo().pixelSize() / 11; }
+
+// The toolkit breaks the lines at a width of its own, which has room for few words in large letters.
+void widenWithLetters(const QMessageBox &box, QLabel &label)
+{
+    constexpr int lineOfText = 420; // pixels
+    const int ofText = label.fontMetrics().size(Qt::TextExpandTabs, label.text()).width();
+    label.setMinimumWidth(std::min({ofText, withLetters(box, lineOfText),
+                                    box.screen()->availableGeometry().width() * widestShare / 100}));
+}
+
 // The report of a merge can have a line for each of thousands of rows. A text too tall for the screen
 // scrolls, so that the buttons stay in reach.
 void keepButtonsOnScreen(QMessageBox &box)
 {
-    constexpr int textWidth = 480;    // pixels
-    constexpr int shareOfScreen = 60; // percent
+    const int textWidth = withLetters(box, 480);
     auto *label = box.findChild<QLabel *>(QStringLiteral("qt_msgbox_label"));
     auto *grid = qobject_cast<QGridLayout *>(box.layout());
     const int place = label != nullptr && grid != nullptr ? grid->indexOf(label) : -1;
     if (place < 0) return;
     const int room = box.screen()->availableGeometry().height() * shareOfScreen / 100;
     label->setWordWrap(true);
-    if (label->heightForWidth(textWidth) <= room) return;
+    if (label->heightForWidth(textWidth) <= room) return widenWithLetters(box, *label);
 
     int row = 0;
     int column = 0;

@@ -44,7 +44,8 @@ public:
         dialog_.findChild<QProgressBar *>()->setAccessibleName(dialog_.windowTitle());
         dialog_.setWindowModality(owner ? Qt::WindowModal : Qt::ApplicationModal);
         dialog_.setMinimumDuration(600);
-        dialog_.setMinimumWidth(360); // its title and the text of the last page fit
+        // Its title and the text of the last page fit, as drawn for letters of eleven pixels.
+        dialog_.setMinimumWidth(360 * dialog_.fontInfo().pixelSize() / 11);
     }
 
     bool operator()(int page, int pages)

@@ -4,12 +4,15 @@
 #include "controls/Palettes.h"
 #include "testlib/Teste.h"
 
+#include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QDirIterator>
 #include <QIcon>
+#include <QListView>
 #include <QMessageBox>
 #include <QPainter>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QStyle>
 #include <QTabBar>
 
@@ -53,6 +56,60 @@ class TestStyle : public QObject
 
 private Q_SLOTS:
     void cleanup() { setDark(false); }
+
+    void a_moldura_de_uma_lista_ve_se_dos_quatro_lados_em_qualquer_densidade_data()
+    {
+        QTest::addColumn<double>("densidade");
+        for (const double densidade : {1.0, 1.25, 1.5, 1.75, 2.0})
+            QTest::addRow("%g", densidade) << densidade;
+    }
+    void a_moldura_de_uma_lista_ve_se_dos_quatro_lados_em_qualquer_densidade()
+    {
+        QFETCH(double, densidade);
+        QWidget janela;
+        QListView lista(&janela);
+        lista.setGeometry(8, 50, 321, 132);
+        janela.resize(400, 200);
+        QImage imagem((QSizeF(janela.size()) * densidade).toSize(), QImage::Format_RGB32);
+        imagem.setDevicePixelRatio(densidade);
+        janela.render(&imagem);
+        const QRectF lugar(QPointF(lista.pos()) * densidade, QSizeF(lista.size()) * densidade);
+        // Neither window nor list, within two pixels of the edge, half way along it.
+        const auto ve_se = [&](QPointF meio, QPoint para_dentro) {
+            for (int i = -2; i <= 2; ++i) {
+                const QColor cor = imagem.pixelColor(meio.toPoint() + i * para_dentro);
+                if (cor != lista.palette().color(QPalette::Base) &&
+                    cor != janela.palette().color(QPalette::Window))
+                    return true;
+            }
+            return false;
+        };
+        QVERIFY(ve_se({lugar.center().x(), lugar.top()}, {0, 1}));
+        QVERIFY(ve_se({lugar.center().x(), lugar.bottom()}, {0, 1}));
+        QVERIFY(ve_se({lugar.left(), lugar.center().y()}, {1, 0}));
+        QVERIFY(ve_se({lugar.right(), lugar.center().y()}, {1, 0}));
+    }
+
+    void uma_marca_vazia_ve_se_numa_janela_escura_data()
+    {
+        QTest::addColumn<bool>("redonda");
+        QTest::newRow("one of many") << true;
+        QTest::newRow("yes or no") << false;
+    }
+    void uma_marca_vazia_ve_se_numa_janela_escura()
+    {
+        QFETCH(bool, redonda);
+        setDark(true);
+        const std::unique_ptr<QAbstractButton> marca(
+            redonda ? static_cast<QAbstractButton *>(new QRadioButton) : new QCheckBox);
+        marca->resize(30, 20);
+        const QImage imagem = marca->grab().toImage();
+        double melhor = 1;
+        for (int x = 0; x < imagem.width(); ++x)
+            melhor = std::max(melhor, contrast(imagem.pixelColor(x, imagem.height() / 2),
+                                               marca->palette().color(QPalette::Window)));
+        QVERIFY2(melhor >= visible, qPrintable(QString::number(melhor)));
+    }
 
     void as_caixas_tem_figuras_da_mesma_familia_data()
     {

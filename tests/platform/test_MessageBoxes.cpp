@@ -1,6 +1,7 @@
 // The message boxes of the desktop: icons, answers, and what a long text does to them.
 #include "platform/MessageBoxes.h"
 
+#include "controls/Scale.h"
 #include "platform/Failure.h"
 #include "testlib/Accoes.h"
 #include "testlib/Teste.h"
@@ -90,6 +91,26 @@ private Q_SLOTS:
             box.button(QMessageBox::Ok)->click();
         });
         boxes_.show(Lines(lines), box::exclamation, {}, nullptr);
+    }
+
+    void a_long_text_has_as_many_lines_in_large_letters_as_in_standard_ones()
+    {
+        const QString text = u"Grupo criado: Fornecedores. "_s.repeated(12);
+        QList<int> lines;
+        for (const int letters : {scale::standardLetters, 13, 15}) {
+            scale::setLetters(letters);
+            Quando_Abrir<QMessageBox>([&](QMessageBox &box) {
+                QCoreApplication::processEvents();
+                const auto *label = box.findChild<QLabel *>(u"qt_msgbox_label"_s);
+                lines << label->height() / label->fontMetrics().lineSpacing();
+                QVERIFY(box.width() < box.screen()->availableSize().width());
+                box.button(QMessageBox::Ok)->click();
+            });
+            boxes_.show(text, box::information, {}, nullptr);
+        }
+        scale::setLetters(scale::standardLetters);
+        QVERIFY(lines[0] > 2);
+        QVERIFY2(lines[1] <= lines[0] && lines[2] <= lines[0], qPrintable(QDebug::toString(lines)));
     }
 
     void an_error_is_cut_to_what_a_person_can_read()

@@ -7,7 +7,9 @@
 #include "testlib/Legibilidade.h"
 #include "testlib/Teste.h"
 
+#include <QCalendarWidget>
 #include <QMenu>
+#include <QTextCharFormat>
 #include <QToolTip>
 
 using namespace Qt::StringLiterals;
@@ -110,6 +112,24 @@ private Q_SLOTS:
         QTest::mouseMove(c.janela.centralwidget, QPoint(1, 1));
         QVERIFY(!linha.font().underline());
         QVERIFY2(lida() >= readableContrast, qPrintable(QString::number(lida())));
+    }
+
+    void o_calendario_le_se_tambem_ao_fim_de_semana_data()
+    {
+        os_menus_leem_se_com_a_entrada_marcada_e_sem_ela_data();
+    }
+    void o_calendario_le_se_tambem_ao_fim_de_semana()
+    {
+        QFETCH(QString, paleta);
+        ComFormulario c(u"PortuguesPT"_s);
+        const auto &form = static_cast<frmAddEdit &>(Abrir(c, u"frmAddEdit"_s));
+        qApp->setPalette(paletas[paleta]());
+        QCoreApplication::processEvents();
+        for (const Qt::DayOfWeek dia : {Qt::Saturday, Qt::Sunday}) {
+            const QColor letras = form.Calendario->weekdayTextFormat(dia).foreground().color();
+            for (const auto fundo : {QPalette::Base, QPalette::AlternateBase})
+                QVERIFY(contrast(letras, form.Calendario->palette().color(fundo)) >= readableContrast);
+        }
     }
 
     void as_notas_leem_se_na_cor_que_a_pessoa_escolheu_data()

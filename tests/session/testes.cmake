@@ -32,3 +32,9 @@ morvex_teste(session/test_FicheirosPedidos LIGA session)
 morvex_teste(session/test_linha_de_comandos LIGA session)
 target_compile_definitions(test_linha_de_comandos PRIVATE MORVEX_VERSION="${PROJECT_VERSION}")
 add_dependencies(test_linha_de_comandos morvex)
+
+# No test: pictures of every form, which scripts/vistas asks for.
+add_executable(vistas EXCLUDE_FROM_ALL session/vistas.cpp)
+target_link_libraries(vistas PRIVATE session morvex_testlib Qt6::Test morvex_opcoes)
+target_precompile_headers(vistas REUSE_FROM morvex_testlib)
+set_target_properties(vistas PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)

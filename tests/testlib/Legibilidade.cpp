@@ -30,7 +30,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr int densidade = 3; // so that a stroke of a small letter fills a pixel
+constexpr int densidade = 2; // so that a stroke of a small letter fills a pixel
 
 struct Zona {
     QRect lugar; // on the control
@@ -48,14 +48,27 @@ QImage Retrato(QWidget &controlo, const QRect &lugar)
     return imagem;
 }
 
+// How often each colour is there. Most pixels are like the one before, which is much faster than to look it
+// up.
+QHash<QRgb, qsizetype> Cores(const QImage &imagem)
+{
+    QHash<QRgb, qsizetype> vezes;
+    for (int y = 0; y < imagem.height(); ++y) {
+        const auto *pixel = reinterpret_cast<const QRgb *>(imagem.constScanLine(y));
+        const QRgb *const fim = pixel + imagem.width();
+        while (pixel != fim) {
+            const QRgb *const outra = std::find_if(pixel, fim, [cor = *pixel](QRgb c) { return c != cor; });
+            vezes[*pixel] += outra - pixel;
+            pixel = outra;
+        }
+    }
+    return vezes;
+}
+
 // The most frequent colour is the ground; the letters are what stands out most from it.
 double Contraste_Visto(QWidget &controlo, const QRect &lugar)
 {
-    const QImage imagem = Retrato(controlo, lugar);
-    QHash<QRgb, int> vezes;
-    for (int y = 0; y < imagem.height(); ++y)
-        for (int x = 0; x < imagem.width(); ++x)
-            ++vezes[imagem.pixel(x, y)];
+    const QHash<QRgb, qsizetype> vezes = Cores(Retrato(controlo, lugar));
     QRgb fundo = 0;
     for (auto it = vezes.cbegin(); it != vezes.cend(); ++it)
         if (it.value() > vezes.value(fundo)) fundo = it.key();
