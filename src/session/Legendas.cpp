@@ -1,6 +1,7 @@
 #include "session/Legendas.h"
 
 #include "controls/Controls.h"
+#include "controls/ListBox.h"
 #include "data/Geral.h"
 #include "data/Traduzir.h"
 #include "platform/Failure.h"
