@@ -2,6 +2,7 @@
 foreach(teste IN ITEMS
     test_ContactoDoCartao
     test_CartaoDoContacto
+    test_ContactosDaTabela
     test_RegraDosDuplicados)
     morvex_teste(interchange/${teste} LIGA interchange)
 endforeach()
