@@ -159,6 +159,15 @@ private Q_SLOTS:
                                            u"E-mail: c@d"_s}));
     }
 
+    void um_email_comprido_demais_ou_de_outro_correio_vai_para_obs()
+    {
+        const QByteArray comprido = QByteArray(53, 'a') + "@abcd.pt"; // 61
+        const ContactoLido lido = Lido("EMAIL:" + comprido + "\r\nEMAIL;TYPE=X400:g=a\r\nEMAIL:a@b\r\n");
+        QCOMPARE(lido.colunas[C::Email1], u"a@b"_s);
+        QVERIFY(lido.colunas[C::Email2].isEmpty());
+        QCOMPARE(lido.linhas.size(), 2);
+    }
+
     void a_morada_tem_uma_linha_por_parte()
     {
         QCOMPARE(Valor("ADR:Caixa;2.º;Rua A\\, 1\\nLote 2;Porto;Norte;4000;PT\r\n", C::Morada),
