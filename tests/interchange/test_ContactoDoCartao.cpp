@@ -162,7 +162,8 @@ private Q_SLOTS:
     void um_email_comprido_demais_ou_de_outro_correio_vai_para_obs()
     {
         const QByteArray comprido = QByteArray(53, 'a') + "@abcd.pt"; // 61
-        const ContactoLido lido = Lido("EMAIL:" + comprido + "\r\nEMAIL;TYPE=X400:g=a\r\nEMAIL:a@b\r\n");
+        const ContactoLido lido =
+            Lido("FN:Ana\r\nEMAIL:" + comprido + "\r\nEMAIL;TYPE=X400:g=a\r\nEMAIL:a@b\r\n");
         QCOMPARE(lido.colunas[C::Email1], u"a@b"_s);
         QVERIFY(lido.colunas[C::Email2].isEmpty());
         QCOMPARE(lido.linhas.size(), 2);
