@@ -42,7 +42,8 @@ private:
             }
             cell += text_[at_];
         }
-        return cell.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+        // However the file breaks its lines, and a lone CR between two of them.
+        return cell.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
     }
 
     QString cell()

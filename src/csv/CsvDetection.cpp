@@ -30,6 +30,13 @@ QString withoutMark(const QString &text)
     return text.startsWith(QChar::ByteOrderMark) ? text.sliced(1) : text;
 }
 
+// Half a character, which nobody could write again, becomes a question mark.
+QString fromUtf16(const QByteArray &file, QStringDecoder::Encoding order)
+{
+    const QString text = QStringDecoder(order)(file);
+    return withoutMark(QString::fromUtf8(text.toUtf8()));
+}
+
 // How many rows have the commonest number of cells above one, and that number.
 std::pair<std::size_t, qsizetype> agreement(const QString &text, QChar delimiter)
 {
@@ -48,9 +55,9 @@ CsvText csvText(const QByteArray &file)
 {
     if (file.startsWith(mark)) return {QString::fromUtf8(file.sliced(3)), "utf-8-sig"};
     if (file.startsWith("\xFF\xFE") || hasZeros(file, 1))
-        return {withoutMark(QStringDecoder(QStringDecoder::Utf16LE)(file)), "utf-16"};
+        return {fromUtf16(file, QStringDecoder::Utf16LE), "utf-16"};
     if (file.startsWith("\xFE\xFF") || hasZeros(file, 0))
-        return {withoutMark(QStringDecoder(QStringDecoder::Utf16BE)(file)), "utf-16"};
+        return {fromUtf16(file, QStringDecoder::Utf16BE), "utf-16"};
     if (QUtf8StringView(file).isValidUtf8()) return {QString::fromUtf8(file), "utf-8"};
     return {csvText(file, "windows-1252").text, "cp1252"};
 }
@@ -77,7 +84,7 @@ QChar csvDelimiter(const QString &text)
 
 QChar takeSeparatorLine(QString &text)
 {
-    static const QRegularExpression line(u"\\A\"?sep=(.)\"?[ \\t]*(\\r\\n|\\r|\\n|\\z)"_s,
+    static const QRegularExpression line(u"\\A\"?sep=([^\"\r\n])\"?[ \\t]*(\\r\\n|\\r|\\n|\\z)"_s,
                                          QRegularExpression::CaseInsensitiveOption);
     const QRegularExpressionMatch found = line.match(text);
     if (!found.hasMatch()) return {};

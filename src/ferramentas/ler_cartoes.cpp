@@ -2,6 +2,7 @@
 // file that somebody sends in, and to compare the readers with others. Usage: ler_cartoes json FILE…    cards
 //        ler_cartoes csv FILE…     tables
 #include "csv/CsvReader.h"
+#include "interchange/ContactoDoCartao.h"
 #include "vcard/CardContent.h"
 #include "vcard/CardReader.h"
 
@@ -51,18 +52,14 @@ QJsonArray Fotografias(const std::vector<CardPhoto> &fotografias)
     return json;
 }
 
-// The first birthday that is a date, in the form in which the book holds one.
-QJsonObject Colunas(const CardContent &conteudo)
+// All columns of the contact that the card becomes. Labels are in English.
+QJsonObject Colunas(const Card &cartao)
 {
-    QJsonObject colunas{{u"Dia"_s, QString()}, {u"Mes"_s, QString()}, {u"Ano"_s, QString()}};
-    for (const CardBirthday &aniversario : conteudo.birthdays) {
-        if (!aniversario.date) continue;
-        const CardDate &data = *aniversario.date;
-        return {{u"Dia"_s, QString::number(data.day)},
-                {u"Mes"_s, QString::number(data.month)},
-                {u"Ano"_s, data.year == 0 ? QString() : QString::number(data.year)}};
-    }
-    return colunas;
+    const ColunasDoContacto colunas = ContactoDoCartao(u"InglesUK"_s).Ler(cartao).colunas;
+    QJsonObject json;
+    for (std::size_t i = 0; i < ColunasDoContacto::quantas; ++i)
+        json[QString::fromUtf16(ColunasDoContacto::nomes[i])] = colunas.valores[i];
+    return json;
 }
 
 QJsonObject Cartao(const Card &cartao)
@@ -75,7 +72,7 @@ QJsonObject Cartao(const Card &cartao)
                      {u"adr"_s, Moradas(conteudo.addresses)},
                      {u"categories"_s, QJsonArray::fromStringList(conteudo.categories)},
                      {u"photo"_s, Fotografias(conteudo.photos)},
-                     {u"columns"_s, Colunas(conteudo)}};
+                     {u"columns"_s, Colunas(cartao)}};
     if (conteudo.formattedName) json[u"fn"_s] = *conteudo.formattedName;
     if (conteudo.uid) json[u"uid"_s] = *conteudo.uid;
     if (const auto &nome = conteudo.name)

@@ -74,6 +74,7 @@ private Q_SLOTS:
             QCOMPARE(tabela.delimiter, QChar(u'|'));
             QCOMPARE(tabela.rows, (Linhas{{u"a;b"_s, u"c"_s}}));
         }
+        QCOMPARE(readCsv("\"sep=\"\r\n").rows, Linhas{QStringList{u"sep="_s}});
         QCOMPARE(readCsv("sep=erado,a\n").rows, (Linhas{{u"sep=erado"_s, u"a"_s}}));
     }
 
@@ -85,6 +86,8 @@ private Q_SLOTS:
         QTest::newRow("dobradas") << u"\"a \"\"b\"\"\",c"_s << QStringList{u"a \"b\""_s, u"c"_s};
         QTest::newRow("no meio") << u"5\" disco,c"_s << QStringList{u"5\" disco"_s, u"c"_s};
         QTest::newRow("mudança de linha") << u"\"a\r\nb\nc\",d\r\n"_s << QStringList{u"a\nb\nc"_s, u"d"_s};
+        QTest::newRow("mudanças de linha de outros sistemas")
+            << u"\"a\rb\r\r\nc\",d"_s << QStringList{u"a\nb\n\nc"_s, u"d"_s};
         QTest::newRow("depois de fechadas") << u"\"a\"b,c"_s << QStringList{u"ab"_s, u"c"_s};
         QTest::newRow("nunca fechadas") << u"\"a,b\nc"_s << QStringList{u"a,b\nc"_s};
         QTest::newRow("vazias") << u"\"\",,"_s << QStringList{QString(), QString(), QString()};

@@ -1,4 +1,11 @@
 # Tests of interchange.
+foreach(teste IN ITEMS
+    test_ContactoDoCartao
+    test_CartaoDoContacto
+    test_ContactosDaTabela
+    test_RegraDosDuplicados)
+    morvex_teste(interchange/${teste} LIGA interchange)
+endforeach()
 morvex_teste(interchange/test_AvisosDaFusao LIGA interchange)
 morvex_teste(interchange/test_RegistoMorvex LIGA session)
 morvex_teste(interchange/test_RegistosEstragados LIGA session)

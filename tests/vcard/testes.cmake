@@ -4,6 +4,7 @@ foreach(teste IN ITEMS
     test_CardContent
     test_CardWriter
     test_CardPatch
+    test_CardVersion3
     test_cartoes_estragados)
     morvex_teste(vcard/${teste} LIGA vcard)
 endforeach()

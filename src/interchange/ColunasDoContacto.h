@@ -1,0 +1,50 @@
+// The columns of a contact as the table of contacts has them, and as cmdAdicionarNome takes them.
+#pragma once
+
+#include <array>
+#include <QString>
+
+enum class Coluna : std::size_t {
+    Nome,
+    Telefone1,
+    Telefone2,
+    Fax,
+    Telemovel1,
+    Telemovel2,
+    Telemovel3,
+    Dia,
+    Mes,
+    Ano,
+    Email1,
+    Email2,
+    Website,
+    Morada,
+    Obs,
+    Fotografia,
+    IDGrupo,
+};
+
+struct ColunasDoContacto {
+    static constexpr std::size_t quantas = 17;
+    static constexpr std::array<const char16_t *, quantas> nomes{
+        u"Nome",       u"Telefone1", u"Telefone2", u"Fax",        u"Telemovel1", u"Telemovel2",
+        u"Telemovel3", u"Dia",       u"Mes",       u"Ano",        u"Email1",     u"Email2",
+        u"Website",    u"Morada",    u"Obs",       u"Fotografia", u"IDGrupo"};
+    static constexpr std::array telefones{Coluna::Telefone1, Coluna::Telefone2};
+    static constexpr std::array telemoveis{Coluna::Telemovel1, Coluna::Telemovel2, Coluna::Telemovel3};
+    static constexpr std::array faxes{Coluna::Fax};
+    static constexpr std::array emails{Coluna::Email1, Coluna::Email2};
+    static constexpr std::array numeros{Coluna::Telefone1,  Coluna::Telefone2,  Coluna::Fax,
+                                        Coluna::Telemovel1, Coluna::Telemovel2, Coluna::Telemovel3};
+
+    // What the boxes of a contact's form take, in characters.
+    static constexpr qsizetype maior_nome = 55;
+    static constexpr qsizetype maior_numero = 25;
+    static constexpr qsizetype maior_email = 60;
+
+    std::array<QString, quantas> valores;
+
+    QString &operator[](Coluna coluna) { return valores[static_cast<std::size_t>(coluna)]; }
+    const QString &operator[](Coluna coluna) const { return valores[static_cast<std::size_t>(coluna)]; }
+    bool operator==(const ColunasDoContacto &) const = default;
+};
