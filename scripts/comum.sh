@@ -15,7 +15,7 @@ pacotes_para_ecra_virtual=(xvfb openbox dbus xdotool imagemagick)
 # What takes the manual's pictures: the screen, a clock that stands where it is told, a smaller palette.
 pacotes_para_retratos=("${pacotes_para_ecra_virtual[@]}" x11-utils python3 faketime pngquant)
 pacotes_para_testar=(
-    "${pacotes_para_ecra_virtual[@]}" trayer x11-utils python3 desktop-file-utils appstream openssl poppler-utils python3-xlrd xz-utils
+    "${pacotes_para_ecra_virtual[@]}" trayer python3-xlib x11-utils python3 desktop-file-utils appstream openssl poppler-utils python3-xlrd xz-utils
     cups-daemon cups-client cups-filters libreoffice-calc-nogui libreoffice-writer-nogui
     fonts-droid-fallback # the one font among these that has Chinese
     # Servers of tests/servidores: mail, presence, and a client of the latter in a terminal of its own.

@@ -1,6 +1,7 @@
 """A desktop without a notification area, on which one comes up later, is killed and comes back. Usage:
 test_sem_tabuleiro.py <program>"""
 
+import pathlib
 import subprocess
 import sys
 import unittest
@@ -8,6 +9,7 @@ import unittest
 import ecra
 
 EXECUTAVEL = sys.argv.pop()
+MENTIROSO = pathlib.Path(__file__).parent.parent / "servidores" / "tabuleiro_mentiroso"
 TITULO = "Morvex [0-9]"
 LOGIN = "Morvex - Login"
 # Signs outside of the scrambled alphabet, so the database can be given the password as it is.
@@ -64,6 +66,26 @@ class SemTabuleiro(unittest.TestCase):
         self.retirada(principal)
         ecra.clicar(*ecra.icone_do_tabuleiro())
         ecra.until(lambda: ecra.janelas(TITULO) and not minimizada(principal), "the window once more")
+
+    def mentir_no_tamanho(self, largura, altura):
+        self.programa.comecar()
+        principal = ecra.janela(TITULO)
+        mentiroso = subprocess.Popen([MENTIROSO, str(largura), str(altura)], stdout=subprocess.PIPE, text=True)
+        self.addCleanup(mentiroso.stdout.close)
+        self.addCleanup(mentiroso.wait)
+        self.addCleanup(mentiroso.kill)
+        self.assertEqual([mentiroso.stdout.readline() for _ in range(2)], ["area\n", "icone\n"])
+        ecra.activar(principal)
+        ecra.tecla("Escape")
+        self.retirada(principal)  # there is an area, whatever it says of its size
+        mentiroso.kill()
+        ecra.until(lambda: minimizada(principal), "the window in the task list")
+
+    def test_um_tabuleiro_sem_tamanho_nada_estraga(self):
+        self.mentir_no_tamanho(1, 1)
+
+    def test_um_tabuleiro_enorme_nada_estraga(self):
+        self.mentir_no_tamanho(6000, 5000)
 
     def test_a_trancada_na_lista_de_tarefas_so_volta_com_a_senha(self):
         self.programa.sql("INSERT INTO TblUsers (Utilizador, Pass, SystemTray, Adicionar, Editar, Eliminar, Grupos, "
