@@ -27,7 +27,7 @@ bool Iguais(LinhaInteira a, LinhaInteira b)
 
 QString Repor_Linha(DE &de, std::string_view tabela, LinhaInteira linha, Numero numero)
 {
-    const QString ID = linha_inteira::Texto(linha, "ID");
+    QString ID = linha_inteira::Texto(linha, "ID");
     const LinhasInteiras aqui = de.Ler_Inteiras(tabela, "ID", ID);
     if (!aqui.empty()) {
         if (Iguais(aqui.front(), linha)) return ID;

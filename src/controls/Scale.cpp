@@ -116,7 +116,7 @@ int scale::lettersFor(const QFont &desktop, double dotsPerInch)
     const double pixels =
         desktop.pixelSize() > 0 ? desktop.pixelSize() : desktop.pointSizeF() * dotsPerInch / pointsAnInch;
     const long letters = std::lround(standardLetters * pixels / standardDesktop);
-    return static_cast<int>(std::clamp<long>(letters, standardLetters, standardLetters * largestFactor));
+    return static_cast<int>(std::clamp<long>(letters, standardLetters, long{standardLetters} * largestFactor));
 }
 
 void scale::setLetters(int pixels)

@@ -75,7 +75,7 @@ void MapasGuardados::Guardar(const QStringList &nomes, const MapaDaTabela &mapa)
 
 MapaDaTabela MapasGuardados::Ler(const QStringList &nomes, const CsvHeaders &conhecidos)
 {
-    const MapaDaTabela proposto = MapaDaTabela::Proposto(nomes, conhecidos);
+    MapaDaTabela proposto = MapaDaTabela::Proposto(nomes, conhecidos);
     const QString valor = ini_.Ler_Ini(seccao, Chave(nomes));
     if (valor.size() != 1 + 2 * nomes.size()) return proposto;
     MapaDaTabela mapa = proposto;

@@ -164,7 +164,7 @@ void TableReader::readColumns(const Bytes &definition)
     const qsizetype first = columnsAt + qsizetype{indexLength} * indexes;
     qsizetype nameAt = first + qsizetype{columnLength} * count;
     for (int i = 0; i < count; ++i) {
-        const Bytes column = definition.part(first + columnLength * i, columnLength);
+        const Bytes column = definition.part(first + qsizetype{columnLength} * i, columnLength);
         const quint16 nameLength = definition.u16(nameAt);
         const quint8 flags = column.u8(15);
         columns_.push_back({column.u8(0), column.u16(5), column.u16(7), (flags & fixedFlag) != 0,

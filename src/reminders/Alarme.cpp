@@ -48,7 +48,7 @@ bool Alarme::Silenciada(const Recordset &rs) const
 
 void Alarme::Adiar(const QString &ID, const QString &Data, const QString &Hora, int minutos)
 {
-    adiadas_[{ID, Data, Hora}] = platform_.clock.now().addSecs(60 * minutos);
+    adiadas_[{ID, Data, Hora}] = platform_.clock.now().addSecs(qint64{60} * minutos);
 }
 
 Alarme::Alarme(QWidget &janela, Geral &geral, Platform &platform, ReportControl &relatorio)

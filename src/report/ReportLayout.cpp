@@ -142,7 +142,8 @@ void ReportLayout::Sheet::leaveFree(const ReportBand &band)
     if (given == layout_.parameters_.constEnd()) return;
     const int rows = static_cast<int>((definition_.bodyHeight() - y_) / band.height);
     cell_ = std::clamp(given->toInt() - 1, 0, std::max(rows * band.columns - 1, 0));
-    y_ += cell_ / band.columns * band.height;
+    const int rowsLeft = cell_ / band.columns;
+    y_ += rowsLeft * band.height;
 }
 
 // Whether the band may begin here.

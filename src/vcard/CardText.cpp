@@ -35,7 +35,7 @@ QString decoded(QByteArrayView bytes, const QByteArray &charset, bool *sound)
 // A name that says less than what programs write under it.
 QByteArray wideCharset(const QByteArray &named)
 {
-    const QByteArray name = named.trimmed().toLower();
+    QByteArray name = named.trimmed().toLower();
     if (name == "utf-8" || name == "utf8" || name.isEmpty()) return {};
     if (name == "iso-8859-1" || name == "latin1" || name == "us-ascii" || name == "ascii" || name == "ansi")
         return usualCardCharset;
@@ -89,7 +89,7 @@ QByteArray plainCardBytes(const QByteArray &file)
 QByteArray charsetOfCardBytes(const QByteArray &bytes, const QByteArray &named, const QByteArray &fallback)
 {
     const bool valid = isUtf8(bytes);
-    const QByteArray wanted = wideCharset(named);
+    QByteArray wanted = wideCharset(named);
     if (!wanted.isEmpty()) {
         bool sound = false;
         decoded(bytes, wanted, &sound);
