@@ -70,6 +70,8 @@ constexpr std::array textos = std::to_array<EntradaDeTexto>({
     {Botao, "keyCheckMail", 252}, {Botao, "aniversarios", 147}, {Botao, "memo", 148},
     {Botao, "nova_tarefa", 149}, {Botao, "cima", 144}, {Botao, "baixo", 145}, {Botao, "opcoes", 151},
     {Botao, "ajuda", 266},
+    {Comando, "ImportarContactos", 274}, {Comando, "ExportarContactos", 275}, {Comando, "Duplicados", 276},
+    {Comando, "RightClickCopiarCartao", 277}, {Comando, "RightClickQR", 278},
     {Nome, "ListaNomes", 137}, {Vazia, "ListaNomes", 2},
 });
 // clang-format on

@@ -490,7 +490,8 @@ private Q_SLOTS:
         a.s.geral.IdiomaActual = lingua;
         legendas::Atribuir(a.janela, a.s.geral);
         QCOMPARE(a.janela.DesfazerEliminar->text(), legenda);
-        QCOMPARE(a.janela.Contactos->actions().constLast(), a.janela.DesfazerEliminar);
+        const QList<QAction *> entradas = a.janela.Contactos->actions();
+        QCOMPARE(entradas.indexOf(a.janela.DesfazerEliminar), entradas.indexOf(a.janela.ImportarContactos) - 2);
         QSet<QChar> letras;
         for (const QAction *entrada : a.janela.Contactos->actions()) {
             if (entrada->isSeparator()) continue;

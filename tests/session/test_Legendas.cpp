@@ -77,6 +77,11 @@ constexpr auto legendas_escritas = std::to_array<Legenda>({
     {"SystemTrayMemo", 148},
     {"SystemTraySobre", 156},
     {"SystemTraySair", 136},
+    {"ImportarContactos", 274},
+    {"ExportarContactos", 275},
+    {"Duplicados", 276},
+    {"RightClickCopiarCartao", 277},
+    {"RightClickQR", 278},
 });
 
 // Pictures and toolbar buttons: the tip.
