@@ -2,6 +2,8 @@
 foreach(teste IN ITEMS
     test_ContactoDoCartao
     test_CartaoDoContacto
+    test_CodigoQR
+    test_ConteudoDoQR
     test_ContactosDaTabela
     test_RegraDosDuplicados)
     morvex_teste(interchange/${teste} LIGA interchange)
