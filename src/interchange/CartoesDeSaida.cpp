@@ -38,15 +38,13 @@ QByteArray Sem_Fotografias(const QByteArray &cartao)
 }
 } // namespace
 
-CartoesDeSaida::CartoesDeSaida(Geral &geral, const QStringList &grupos, CardVersion versao,
-                               bool com_fotografias)
+CartoesDeSaida::CartoesDeSaida(Geral &geral, const QStringList &grupos, Opcoes opcoes)
     : geral_(geral),
       guardados_(geral.de),
       fotografias_(geral.de),
-      cartao_(geral.IdiomaActual, versao, grupos),
-      versao_(versao),
-      com_fotografias_(com_fotografias),
-      lembra_(skipFailure([&geral] { geral.de.Experimentar_Escrita(); }))
+      cartao_(geral.IdiomaActual, opcoes.versao, grupos),
+      opcoes_(opcoes),
+      lembra_(opcoes.com_uid && skipFailure([&geral] { geral.de.Experimentar_Escrita(); }))
 {
 }
 
@@ -62,7 +60,7 @@ QString CartoesDeSaida::UID(int ID, const std::optional<CartaoGuardado> &guardad
 // As it lies there, be it a picture or not.
 QByteArray CartoesDeSaida::Fotografia(const QString &coluna)
 {
-    if (!com_fotografias_ || coluna.isEmpty()) return {};
+    if (!opcoes_.com_fotografias || coluna.isEmpty()) return {};
     return E_Da_Base(coluna) ? fotografias_.Ler(coluna) : Ler_Ficheiro(Caminho_Da_Fotografia(geral_, coluna));
 }
 
@@ -70,7 +68,7 @@ QByteArray CartoesDeSaida::Cartao(const ContactoParaCartao &contacto, const QByt
 {
     if (guardado.isEmpty()) return cartao_.Novo(contacto);
     const QByteArray remendado = cartao_.Remendado(contacto, guardado);
-    return inVersion(Lido(com_fotografias_ ? remendado : Sem_Fotografias(remendado)), versao_);
+    return inVersion(Lido(opcoes_.com_fotografias ? remendado : Sem_Fotografias(remendado)), opcoes_.versao);
 }
 
 QByteArray CartoesDeSaida::Escrever(const ContactoDoLivro &livro)
@@ -81,7 +79,7 @@ QByteArray CartoesDeSaida::Escrever(const ContactoDoLivro &livro)
     contacto.UID = UID(livro.ID, guardado);
     contacto.Fotografia = Fotografia(coluna);
     const QByteArray cartao = Cartao(contacto, guardado ? guardado->cartao : QByteArray());
-    if (com_fotografias_ && !coluna.isEmpty() && Lido(cartao).first("PHOTO") == nullptr)
+    if (opcoes_.com_fotografias && !coluna.isEmpty() && Lido(cartao).first("PHOTO") == nullptr)
         ++fotografias_de_fora_;
     return cartao;
 }

@@ -12,8 +12,14 @@ struct ContactoDoLivro;
 class CartoesDeSaida
 {
 public:
+    struct Opcoes {
+        CardVersion versao = CardVersion::V30;
+        bool com_fotografias = true;
+        bool com_uid = true; // a card without it is seen, and not kept
+    };
+
     // The groups are the names of those that the user sees.
-    CartoesDeSaida(Geral &geral, const QStringList &grupos, CardVersion versao, bool com_fotografias);
+    CartoesDeSaida(Geral &geral, const QStringList &grupos, Opcoes opcoes);
 
     // A contact that had no UID yet gets one, and the book remembers it. A book that takes no writing can't:
     // the card goes without, for another one every time would make it somebody else each time.
@@ -33,8 +39,7 @@ private:
     CartoesGuardados guardados_;
     FotografiasDaBase fotografias_;
     CartaoDoContacto cartao_;
-    CardVersion versao_;
-    bool com_fotografias_;
-    bool lembra_; // the book takes a new UID
+    Opcoes opcoes_;
+    bool lembra_; // a new UID: the book takes it
     int fotografias_de_fora_ = 0;
 };

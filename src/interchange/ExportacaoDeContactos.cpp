@@ -31,8 +31,8 @@ ExportacaoDeContactos::ExportacaoDeContactos(Geral &geral, PedidoDeSaida pedido)
     if (E_Cartao(pedido_.formato)) {
         const CardVersion versao =
             pedido_.formato == FormatoDeSaida::Cartao4 ? CardVersion::V40 : CardVersion::V30;
-        cartoes_ =
-            std::make_unique<CartoesDeSaida>(geral_, visiveis_.Grupos(), versao, pedido_.com_fotografias);
+        cartoes_ = std::make_unique<CartoesDeSaida>(geral_, visiveis_.Grupos(),
+                                                    CartoesDeSaida::Opcoes{versao, pedido_.com_fotografias});
         return;
     }
     const CsvDialect dialecto =
