@@ -296,11 +296,11 @@ private Q_SLOTS:
         ComExportar c;
         c.Abrir();
         QVERIFY(QTest::qWaitForWindowActive(c.form.get()));
-        QTest::keyClick(c.form->cmdExportar, Qt::Key_U, Qt::AltModifier);
-        QVERIFY(c.form->cbUmPorContacto->isChecked());
+        QTest::keyClick(c.form.get(), Qt::Key_U, Qt::AltModifier);
+        QTRY_VERIFY(c.form->cbUmPorContacto->isChecked());
         c.s.dialogos.textos << c.saida.path();
         c.Espera_Resultado(3, c.saida.path());
-        QTest::keyClick(c.form->cmdExportar, Qt::Key_E, Qt::AltModifier);
+        QTest::keyClick(c.form.get(), Qt::Key_E, Qt::AltModifier);
         QTRY_VERIFY(c.s.caixas.Todas_Vistas());
         QCOMPARE(c.Na_Pasta().size(), qsizetype{3});
     }
