@@ -15,6 +15,7 @@
 #include "data/Geral.h"
 #include "interchange/FicheirosPedidos.h"
 #include "interchange/Intercambio.h"
+#include "interchange/SaidaDeContactos.h"
 #include "memos/Memos.h"
 #include "online/CicloCorreio.h"
 #include "online/Presenca.h"
@@ -91,6 +92,7 @@ Main::Main(Geral &geral, Platform &platform)
 
     new Impressao(*this, geral_, platform_, *CrystalReport1);
     auto *intercambio = new Intercambio(*this, geral_, platform_, *CrystalReport1);
+    new SaidaDeContactos(*this, geral_, platform_);
     auto *ficheiros = new FicheirosPedidos(*this, *intercambio, geral_, platform_);
     fila_ = new FilaDeFicheiros(*this, *tray_,
                                 [ficheiros](const QString &caminho) { ficheiros->Abrir(caminho); });
