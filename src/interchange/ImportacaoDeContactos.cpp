@@ -80,8 +80,8 @@ int ImportacaoDeContactos::Percentagem() const
 {
     constexpr std::size_t parte_da_agenda = 10;
     if (!agenda_lida_) return 0;
-    const std::size_t todos = std::max<std::size_t>(fonte_->Quantos(), 1);
-    return static_cast<int>(parte_da_agenda + (100 - parte_da_agenda) * lidos_ / todos);
+    const std::size_t todos = fonte_->Quantos();
+    return todos == 0 ? 100 : static_cast<int>(parte_da_agenda + (100 - parte_da_agenda) * lidos_ / todos);
 }
 
 void ImportacaoDeContactos::Ler_Da_Agenda()
