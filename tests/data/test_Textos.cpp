@@ -90,10 +90,12 @@ private Q_SLOTS:
                                       {161, 208},
                                       {217, 221},
                                       {223, 255},
-                                      {257, 278}})
+                                      {257, 278},
+                                      {340, 353},
+                                      {355, 389}})
             for (int numero = de; numero <= ate; ++numero)
                 numeros << numero;
-        QCOMPARE(numeros.size(), 248);
+        QCOMPARE(numeros.size(), 297);
         numeros << QList{49, 56, 72, 87, 256};
         std::sort(numeros.begin(), numeros.end());
         QCOMPARE(usos_.keys(), numeros);
