@@ -19,6 +19,7 @@ public:
 
     // Places that column() told. The text stands until the next question about its cell; Null is empty.
     std::string_view utf8(int column) const;
+    std::string_view bytes(int column) const;
     Field field(int column) const;
     void addTo(Cells &cells, int column) const;
 
