@@ -23,13 +23,12 @@ LeituraDaTabela::LeituraDaTabela(QByteArray ficheiro, ReadWriteINI &ini, Contact
 
 void LeituraDaTabela::Ler(const CsvChoice &escolha)
 {
-    const QStringList nomes_antes = Nomes();
     const std::optional<DateOrder> ordem = mapa_.ordem;
     const bool e_a_primeira = mapa_.colunas.empty();
     escolha_ = escolha;
     tabela_ = readCsv(ficheiro_, escolha_);
     ordens_.clear();
-    Propor(nomes_antes);
+    Propor();
     if (!e_a_primeira) mapa_.ordem = ordem;
     Contar_Estragados();
 }
@@ -45,20 +44,17 @@ QStringList LeituraDaTabela::Nomes() const
     return nomes;
 }
 
-void LeituraDaTabela::Propor(const QStringList &nomes_antes)
+void LeituraDaTabela::Propor()
 {
     const QStringList nomes = Nomes();
     // Columns without names are nobody's: what was said of others of their number tells nothing of these.
     mapa_ = Primeira() == 1 ? MapasGuardados(ini_).Ler(nomes, conhecidos_)
                             : MapaDaTabela::Proposto(nomes, conhecidos_);
     proposto_ = mapa_;
-    const auto ditas = std::exchange(ditas_, {});
-    for (const auto &[coluna, campo] : ditas) {
-        const QString nome = nomes_antes.value(static_cast<qsizetype>(coluna));
-        const qsizetype onde = nomes.size() == nomes_antes.size() ? static_cast<qsizetype>(coluna)
-                               : nome.isEmpty()                   ? -1
-                                                                  : nomes.indexOf(nome);
-        if (onde >= 0) Por_Coluna(static_cast<std::size_t>(onde), campo);
+    for (const Dita &dita : ditas_) {
+        qsizetype onde = dita.nome.isEmpty() ? -1 : nomes.indexOf(dita.nome);
+        if (onde < 0 && dita.de_quantas == mapa_.colunas.size()) onde = static_cast<qsizetype>(dita.coluna);
+        if (onde >= 0) mapa_.colunas[static_cast<std::size_t>(onde)] = dita.campo;
     }
 }
 
@@ -67,8 +63,13 @@ void LeituraDaTabela::Por_Coluna(std::size_t coluna, const CsvColumn &campo)
 {
     const CsvColumn &proposta = proposto_.colunas.at(coluna);
     const bool e_a_proposta = campo.field == proposta.field && campo.place == proposta.place;
-    mapa_.colunas.at(coluna) = e_a_proposta ? proposta : campo;
-    ditas_[coluna] = campo;
+    const Dita dita{coluna, mapa_.colunas.size(), Nomes().value(static_cast<qsizetype>(coluna)),
+                    e_a_proposta ? proposta : campo};
+    std::erase_if(ditas_, [&](const Dita &outra) {
+        return outra.coluna == coluna && outra.de_quantas == dita.de_quantas;
+    });
+    ditas_.push_back(dita);
+    mapa_.colunas[coluna] = dita.campo;
 }
 
 QString LeituraDaTabela::Nome(std::size_t coluna) const

@@ -20,8 +20,8 @@ public:
     // Reads the file at once. The labels are written in that language.
     LeituraDaTabela(QByteArray ficheiro, ReadWriteINI &ini, ContactosDaTabela::Opcoes opcoes);
 
-    // Reads it again, as a person wants it. A column keeps what the person has said of it: by its place while
-    // there are as many, else by its name.
+    // Reads it again, as a person wants it. A column keeps what the person has said of it: by its name,
+    // else by its place among as many.
     void Ler(const CsvChoice &escolha);
     void Por_Coluna(std::size_t coluna, const CsvColumn &campo);
     void Por_Ordem(std::optional<DateOrder> ordem) { mapa_.ordem = ordem; }
@@ -43,9 +43,15 @@ public:
 
     // Remembers the map for the next table of these names.
     void Guardar() const;
-    TabelaEscolhida Tirar() { return {std::move(tabela_), std::move(mapa_), opcoes_}; }
+    TabelaEscolhida Escolhida() const { return {tabela_, mapa_, opcoes_}; }
 
 private:
+    struct Dita { // by the person, of a column
+        std::size_t coluna;
+        std::size_t de_quantas;
+        QString nome;
+        CsvColumn campo;
+    };
     struct Estragados {
         std::size_t quantos = 0;
         QString primeiro;
@@ -53,7 +59,7 @@ private:
 
     std::size_t Primeira() const { return tabela_.hasHeader && !tabela_.rows.empty() ? 1 : 0; }
     QStringList Nomes() const;
-    void Propor(const QStringList &nomes_antes);
+    void Propor();
     void Contar_Estragados();
     DateOrder Ordem_Das_Datas(std::size_t coluna) const;
 
@@ -65,7 +71,7 @@ private:
     CsvTable tabela_;
     MapaDaTabela proposto_;
     MapaDaTabela mapa_;
-    std::map<std::size_t, CsvColumn> ditas_; // by the person
-    std::vector<Estragados> estragados_;     // one a column
+    std::vector<Dita> ditas_;            // the last one counts
+    std::vector<Estragados> estragados_; // one a column
     mutable std::map<std::size_t, DateOrder> ordens_;
 };

@@ -95,7 +95,8 @@ QStringList linhas_do_contacto::Valores(Linha linha, const ColunasDoContacto &co
     }
     QStringList valores;
     for (const Coluna coluna : Colunas(linha))
-        valores << colunas[coluna].trimmed().replace(u"\r\n"_s, u"\n"_s);
+        for (const QString &valor : colunas[coluna].split(u'\n'))
+            valores << valor.trimmed();
     valores.removeAll(QString());
     return valores;
 }

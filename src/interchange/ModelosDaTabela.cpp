@@ -148,6 +148,8 @@ QWidget *EscolhaDoCampo::createEditor(QWidget *dono, const QStyleOptionViewItem 
         Q_EMIT eu->commitData(caixa);
         Q_EMIT eu->closeEditor(caixa);
     });
+    // Its list at once: with the arrows alone the first one would be the choice.
+    QMetaObject::invokeMethod(caixa, &QComboBox::showPopup, Qt::QueuedConnection);
     return caixa;
 }
 

@@ -64,6 +64,13 @@ frmCampos::frmCampos(Geral &geral, Platform &platform, QByteArray ficheiro, QWid
     tblLinhas->setFocus();
 }
 
+// A window that goes hides its tables first, and they would ask for rows that are no more.
+frmCampos::~frmCampos()
+{
+    tblCampos->setModel(nullptr);
+    tblLinhas->setModel(nullptr);
+}
+
 // The row of choices stays above its columns, however the rows below it are scrolled and their columns are
 // drawn.
 void frmCampos::Ligar_Tabelas()
@@ -88,10 +95,8 @@ void frmCampos::Ligar_Tabelas()
     connect(tblLinhas->verticalScrollBar(), &QScrollBar::rangeChanged, canto, [this](int menor, int maior) {
         canto->setFixedWidth(maior > menor ? tblLinhas->verticalScrollBar()->sizeHint().width() : 0);
     });
-    connect(tblCampos, &QAbstractItemView::clicked, tblCampos, [this](const QModelIndex &indice) {
-        tblCampos->edit(indice);
-        if (auto *caixa = qobject_cast<QComboBox *>(tblCampos->indexWidget(indice))) caixa->showPopup();
-    });
+    connect(tblCampos, &QAbstractItemView::clicked, tblCampos,
+            [this](const QModelIndex &indice) { tblCampos->edit(indice); });
     connect(campos_, &QAbstractItemModel::dataChanged, this, [this] {
         tblLinhas->viewport()->update();
         Mostrar_Contacto();
@@ -182,20 +187,21 @@ void frmCampos::Mostrar_Contacto()
     if (!actual.isValid()) return;
     ContactoLido lido = leitura_.Contacto(static_cast<std::size_t>(actual.row())).lido;
     lido.colunas[Coluna::IDGrupo] = lido.Grupo; // by its name: it may not be there yet
-    for (const Linha linha : linhas_do_contacto::todas)
+    for (const Linha linha : linhas_do_contacto::todas) {
+        QString rotulo = linhas_do_contacto::Rotulo(linha, geral_);
         for (const QString &valor : linhas_do_contacto::Valores(linha, lido.colunas, geral_)) {
-            auto *item =
-                new QTreeWidgetItem(lvContacto, {linhas_do_contacto::Rotulo(linha, geral_), A_Vista(valor)});
-            item->setTextAlignment(0, Qt::AlignTop);
+            auto *item = new QTreeWidgetItem(lvContacto, {std::exchange(rotulo, {}), A_Vista(valor)});
             item->setToolTip(1, item->text(1));
         }
+    }
 }
 
 void frmCampos::Mostrar_Avisos()
 {
     QStringList avisos;
-    if (leitura_.Quantos() == 0) avisos << geral_.Ler_Idioma(357);
-    if (const QStringList nomes = leitura_.Nomes_Ambiguos(); !nomes.isEmpty())
+    if (leitura_.Quantos() == 0)
+        avisos << geral_.Ler_Idioma(357);
+    else if (const QStringList nomes = leitura_.Nomes_Ambiguos(); !nomes.isEmpty())
         avisos << geral_.Ler_Idioma(355) + u' ' + nomes.join(u", "_s);
     if (const auto [quantos, primeiro] = leitura_.Numeros_Estragados(); quantos > 0)
         avisos << u"%1 %2 (%3)"_s.arg(geral_.Ler_Idioma(356)).arg(quantos).arg(primeiro);
@@ -249,12 +255,11 @@ void frmCampos::chkNomes_Click()
 void frmCampos::cmdOk_Click()
 {
     leitura_.Guardar();
-    foi_ok_ = true;
     accept();
 }
 
-std::optional<TabelaEscolhida> frmCampos::Tirar_Escolhida()
+std::optional<TabelaEscolhida> frmCampos::Escolhida() const
 {
-    if (!std::exchange(foi_ok_, false)) return std::nullopt;
-    return leitura_.Tirar();
+    if (result() != Accepted) return std::nullopt;
+    return leitura_.Escolhida();
 }

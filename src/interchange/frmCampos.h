@@ -19,10 +19,10 @@ class frmCampos final : public QDialog, public Ui::frmCampos
 public:
     // The bytes of the whole file, which is read before the form comes up.
     frmCampos(Geral &geral, Platform &platform, QByteArray ficheiro, QWidget *dono = nullptr);
+    ~frmCampos() override;
 
-    // What Ok has settled, and remembered for the next table of that kind; nothing after a cancel. To be
-    // taken once.
-    std::optional<TabelaEscolhida> Tirar_Escolhida();
+    // What Ok has settled, and remembered for the next table of that kind; nothing after a cancel.
+    std::optional<TabelaEscolhida> Escolhida() const;
 
 private:
     void cmdOk_Click();
@@ -42,8 +42,7 @@ private:
     void Mostrar_Avisos();
 
     Geral &geral_;
-    LeituraDaTabela leitura_;
+    LeituraDaTabela leitura_; // which the two models show
     ModeloDosCampos *campos_;
     ModeloDasLinhas *linhas_;
-    bool foi_ok_ = false;
 };
