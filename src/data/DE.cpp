@@ -2,6 +2,7 @@
 
 #include "data/Esquema.h"
 #include "data/IndiceDosNomes.h"
+#include "data/PassosDoEsquema.h"
 #include "platform/Failure.h"
 #include "store/CleanCopy.h"
 
@@ -174,7 +175,33 @@ void DE::Fechar_Ligacao()
     ligacao_.Close();
 }
 
-void DE::Reabrir_Ligacao() { ligacao_.Open(); }
+void DE::Reabrir_Ligacao() { Abrir_Ligacao(); }
+
+// What an older file lacks it may go on lacking: one that takes no writing can still be read.
+void DE::Abrir_Ligacao()
+{
+    em_dia_ = false;
+    ligacao_.Open();
+    try {
+        esquema::Por_Em_Dia(ligacao_);
+    } catch (const Failure &falha) {
+        if (falha.kind() != Failure::Kind::DatabaseNewer) return;
+        ligacao_.Close();
+        throw;
+    }
+}
+
+bool DE::Em_Dia()
+{
+    if (!em_dia_) em_dia_ = esquema::Em_Dia(Ligacao());
+    return em_dia_;
+}
+
+void DE::Experimentar_Escrita()
+{
+    Ligacao().tryWriting();
+    esquema::Por_Em_Dia(ligacao_);
+}
 
 // A failure leaves the connection closed, so the next command tries again and fails in the same way.
 Connection &DE::Ligacao()
@@ -183,7 +210,7 @@ Connection &DE::Ligacao()
     ligacao_.setConnectionString(
         QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source= '") + base_.Fixar() +
         QStringLiteral("'") + QStringLiteral(";Jet OLEDB:Encrypt Database=True;Persist Security Info=False"));
-    ligacao_.Open();
+    Abrir_Ligacao();
     skipFailure([this] { Cuidar_Do_Indice(ligacao_); }); // a file that takes no writing can still be read
     return ligacao_;
 }

@@ -40,8 +40,12 @@ public:
     // the file when this returns or raises.
     void Juntar(const std::function<void()> &trabalho);
 
-    // Tries whether the database takes a write, and takes it back. Raises Failure where it takes none.
-    void Experimentar_Escrita() { Ligacao().tryWriting(); }
+    // Tries whether the database takes a write, and takes it back. Raises Failure where it takes none. An
+    // older one that could not be brought up to date when it was opened is now.
+    void Experimentar_Escrita();
+
+    // Whether the database has all tables. An older one that takes no writing lacks those that came later.
+    bool Em_Dia();
 
     // Runs that with a lock of somebody else's waited for once, not at each command.
     void Esperar_Uma_Vez(const std::function<void()> &trabalho) { Ligacao().waitingOnce(trabalho); }
@@ -98,8 +102,10 @@ public:
 
 private:
     Connection &Ligacao();
+    void Abrir_Ligacao();
 
     CaminhoDaBase base_;
     Connection ligacao_;
+    bool em_dia_ = false; // as far as is known
     std::array<Recordset, comandos::catalogo.size()> conjuntos_;
 };

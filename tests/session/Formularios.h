@@ -12,6 +12,7 @@
 #include "contacts/ListaContactos.h"
 #include "data/frmSeleccionarIdioma.h"
 #include "interchange/frmBackup.h"
+#include "interchange/frmCampos.h"
 #include "interchange/frmExportar.h"
 #include "interchange/frmImportar.h"
 #include "interchange/frmImportar2.h"
@@ -149,6 +150,14 @@ inline const QMap<QString, Abertura> aberturas{
          auto *form = c.Novo<frmImportar2>(c.s.geral, c.s.plataforma, c.intercambio, c.janela);
          static_cast<frmImportar2 *>(form)->Form_Load();
          return form;
+     }},
+    {QStringLiteral("frmCampos"),
+     [](ComFormulario &c) {
+         return c.Novo<frmCampos>(
+             c.s.geral, c.s.plataforma,
+             QByteArray("Nome;Telemóvel;E-mail;Aniversário;Signo\r\n"
+                        "Ana Silva;912345678;ana@exemplo.example;4/3/1975;Peixes\r\n"
+                        "Rui Costa;3,51912E+11;rui@exemplo.example;28/11/1980;Sagitário\r\n"));
      }},
     {QStringLiteral("frmImportarMDB"),
      [](ComFormulario &c) {
