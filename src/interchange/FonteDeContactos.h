@@ -9,6 +9,7 @@
 #include <memory>
 #include <optional>
 #include <QHash>
+#include <QSet>
 #include <vector>
 
 // What of a file could not come as it is, with its line.
@@ -63,6 +64,7 @@ private:
     QByteArray codificacao_;
     std::vector<Card> cartoes_;
     ContactoDoCartao regras_;
+    QSet<qsizetype> vazios_;                           // lines of cards of which the file's faults tell that
     QHash<QString, QStringList> grupos_do_ficheiro_; // by the UID of their members
 };
 

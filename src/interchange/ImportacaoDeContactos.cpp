@@ -4,6 +4,7 @@
 #include "data/DE.h"
 #include "store/Row.h"
 
+#include <algorithm>
 #include <QElapsedTimer>
 
 using namespace Qt::StringLiterals;
@@ -70,9 +71,16 @@ bool ImportacaoDeContactos::Avancar()
         else if (lidos_ < fonte_->Quantos())
             Julgar(lidos_++);
         else
-            return false;
+            return Acabar();
     } while (relogio.elapsed() < fatia);
     return true;
+}
+
+bool ImportacaoDeContactos::Acabar()
+{
+    std::stable_sort(faltas_.begin(), faltas_.end(),
+                     [](const FaltaDaFonte &a, const FaltaDaFonte &b) { return a.linha < b.linha; });
+    return false;
 }
 
 // How many the book has is not known before it is read; it is the quicker part.

@@ -43,6 +43,7 @@ public:
 
     std::vector<ContactoAImportar> &Contactos() { return contactos_; }
     const std::vector<ContactoAImportar> &Contactos() const { return contactos_; }
+    // In the order of the lines, once everything is read.
     const std::vector<FaltaDaFonte> &Faltas() const { return faltas_; }
 
     // Who is at a place: one of the book, with an ID, or another contact of the file.
@@ -61,6 +62,7 @@ public:
 private:
     void Ler_Da_Agenda();
     void Julgar(std::size_t qual);
+    bool Acabar();
 
     DE &de_;
     QString IdUtilizador_;

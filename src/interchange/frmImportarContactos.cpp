@@ -170,7 +170,7 @@ void frmImportarContactos::Comecar(const FicheiroDeContactos &ficheiro, const QS
     if (ficheiro.E_Tabela()) {
         frmCampos campos(geral_, platform_, ficheiro.Bytes(), isVisible() ? this : parentWidget());
         campos.exec();
-        tabela = campos.Tirar_Escolhida();
+        tabela = campos.Escolhida();
         if (!tabela) return;
     }
     tabela_ = std::move(tabela);

@@ -16,6 +16,7 @@
 #include "interchange/frmExportar.h"
 #include "interchange/frmImportar.h"
 #include "interchange/frmImportar2.h"
+#include "interchange/frmImportarContactos.h"
 #include "interchange/frmImportarMDB.h"
 #include "interchange/Intercambio.h"
 #include "memos/frmMemo.h"
@@ -67,6 +68,17 @@ struct ComFormulario {
     RelatorioFalso relatorio;
     std::unique_ptr<QWidget> form;
 };
+
+// Somebody new, somebody who completes a contact of the book and somebody who may be that one.
+inline QByteArray Cartoes_De_Exemplo(Sistema &s)
+{
+    s.Novo_Contacto({{QStringLiteral("Nome"), QStringLiteral("Ana Silva")},
+                     {QStringLiteral("Email1"), QStringLiteral("ana@exemplo.pt")},
+                     {QStringLiteral("Grupo"), 1}});
+    return "BEGIN:VCARD\nFN:Ana Silva\nEMAIL:ana@exemplo.pt\nTEL;TYPE=CELL:+351 912 345 678\nURL:ana.pt\n"
+           "END:VCARD\nBEGIN:VCARD\nFN:Rui Costa\nTEL;TYPE=HOME:212 345 678\nEND:VCARD\n"
+           "BEGIN:VCARD\nFN:A. Silva\nEMAIL:ana@exemplo.pt\nEND:VCARD\n";
+}
 
 using Abertura = QWidget *(*)(ComFormulario &);
 
@@ -158,6 +170,16 @@ inline const QMap<QString, Abertura> aberturas{
              QByteArray("Nome;Telemóvel;E-mail;Aniversário;Signo\r\n"
                         "Ana Silva;912345678;ana@exemplo.example;4/3/1975;Peixes\r\n"
                         "Rui Costa;3,51912E+11;rui@exemplo.example;28/11/1980;Sagitário\r\n"));
+     }},
+    {QStringLiteral("frmImportarContactos"),
+     [](ComFormulario &c) {
+         auto *form = c.Novo<frmImportarContactos>(c.s.geral, c.s.plataforma);
+         static_cast<frmImportarContactos *>(form)->Abrir_Cartoes(Cartoes_De_Exemplo(c.s));
+         form->show();
+         auto &barra = *static_cast<frmImportarContactos *>(form)->ProgressBar1;
+         while (barra.isVisible())
+             QCoreApplication::processEvents();
+         return form;
      }},
     {QStringLiteral("frmImportarMDB"),
      [](ComFormulario &c) {
