@@ -139,15 +139,17 @@ void DE::Repor_No_Grupo(const Value &ID, const Value &grupo, const Value &de_ond
 void DE::Percorrer_A_Vista(const Value &IdUtilizador, qint64 depois_de, int quantos,
                            const std::function<void(const Row &)> &linha)
 {
-    Ligacao().rows(QStringLiteral("SELECT * FROM TblLista WHERE ID > ? AND Grupo IN (SELECT ID FROM TblGrupos "
-                                  "WHERE IdUtilizador = 0 OR IdUtilizador = ?) ORDER BY ID LIMIT ?"),
-                   {depois_de, IdUtilizador.convertedTo(ColumnType::Long), qint64{quantos}}, linha);
+    Ligacao().rows(
+        QStringLiteral("SELECT * FROM TblLista WHERE ID > ? AND Grupo IN (SELECT ID FROM TblGrupos "
+                       "WHERE IdUtilizador = 0 OR IdUtilizador = ?) ORDER BY ID LIMIT ?"),
+        {depois_de, IdUtilizador.convertedTo(ColumnType::Long), qint64{quantos}}, linha);
 }
 
 qint64 DE::Ultimo_ID(std::string_view tabela)
 {
-    const QString sql = QStringLiteral("SELECT max(ifnull((SELECT seq FROM sqlite_sequence WHERE name = ?), 0), "
-                                       "ifnull((SELECT max(ID) FROM %1), 0)) AS ID");
+    const QString sql =
+        QStringLiteral("SELECT max(ifnull((SELECT seq FROM sqlite_sequence WHERE name = ?), 0), "
+                       "ifnull((SELECT max(ID) FROM %1), 0)) AS ID");
     return Ligacao().query(sql.arg(texto(tabela)), {texto(tabela)}).Fields("ID").number();
 }
 
@@ -161,8 +163,9 @@ void DE::Largar_Fotografias(const QSet<QString> &nomes)
 {
     const QJsonArray lista = QJsonArray::fromStringList(QStringList(nomes.begin(), nomes.end()));
     Ligacao().execute(
-        QStringLiteral("DELETE FROM TblFotografias WHERE Nome IN (SELECT value FROM json_each(?)) AND Nome NOT "
-                       "IN (SELECT Fotografia FROM TblLista WHERE Fotografia IS NOT NULL)"),
+        QStringLiteral(
+            "DELETE FROM TblFotografias WHERE Nome IN (SELECT value FROM json_each(?)) AND Nome NOT "
+            "IN (SELECT Fotografia FROM TblLista WHERE Fotografia IS NOT NULL)"),
         {QString::fromUtf8(QJsonDocument(lista).toJson())});
 }
 

@@ -109,7 +109,8 @@ void EscritaDaImportacao::Tudo(const Progresso &progresso)
         passo();
     }
     if (de_.Ultimo_ID(lista) != ultimo_)
-        throw Failure(Failure::StoreError, QString::fromLatin1(lista), u"The numbers of the rows have jumped"_s);
+        throw Failure(Failure::StoreError, QString::fromLatin1(lista),
+                      u"The numbers of the rows have jumped"_s);
 }
 
 // Nobody else writes by now: the book is asked once more how those are that are completed.
@@ -162,8 +163,8 @@ EscritaDaImportacao::Destino EscritaDaImportacao::Existente_Com(const QString &I
 void EscritaDaImportacao::Acrescentar(std::size_t qual, const Destino &destino)
 {
     const ContactoDaFonte &fonte = importacao_.Contactos()[qual].fonte;
-    ColunasDoContacto &colunas = destino.onde == Destino::Novos ? novos_[destino.qual].colunas
-                                                                : existentes_[destino.qual].colunas;
+    ColunasDoContacto &colunas =
+        destino.onde == Destino::Novos ? novos_[destino.qual].colunas : existentes_[destino.qual].colunas;
     colunas = RegraDosDuplicados::Juntos(importacao_.Idioma(), fonte.lido.colunas, colunas).completado;
     if (destino.onde == Destino::Existentes && !fonte.cartao.isEmpty())
         existentes_[destino.qual].contacto = qual;

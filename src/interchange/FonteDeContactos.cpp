@@ -136,8 +136,7 @@ QByteArray Fotografia_Do_Cartao(const QByteArray &cartao, const QString &nome)
     const CardFile ficheiro = CardReader().read(cartao);
     if (ficheiro.cards.empty()) return {};
     for (const CardPhoto &fotografia : contentOf(ficheiro.cards.front()).photos) {
-        const QByteArray soma =
-            QCryptographicHash::hash(fotografia.bytes, QCryptographicHash::Sha1).toHex();
+        const QByteArray soma = QCryptographicHash::hash(fotografia.bytes, QCryptographicHash::Sha1).toHex();
         if (nome.startsWith(u"bd:"_s + QString::fromLatin1(soma) + u'.')) return fotografia.bytes;
     }
     return {};

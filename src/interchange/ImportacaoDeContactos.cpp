@@ -11,16 +11,15 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr qint64 fatia = 8;   // ms of work at a time
+constexpr qint64 fatia = 8;    // ms of work at a time
 constexpr int da_agenda = 200; // rows read at a time
 
 ColunasDoContacto Colunas_Da_Linha(const Row &linha)
 {
     // The column of the group has another name in the table, and is not compared.
-    static constexpr std::array nomes{"Nome",       "Telefone1",  "Telefone2",  "Fax",    "Telemovel1",
-                                      "Telemovel2", "Telemovel3", "Dia",        "Mes",    "Ano",
-                                      "Email1",     "Email2",     "Website",    "Morada", "Obs",
-                                      "Fotografia", "Grupo"};
+    static constexpr std::array nomes{
+        "Nome", "Telefone1", "Telefone2", "Fax",     "Telemovel1", "Telemovel2", "Telemovel3", "Dia",  "Mes",
+        "Ano",  "Email1",    "Email2",    "Website", "Morada",     "Obs",        "Fotografia", "Grupo"};
     static_assert(nomes.size() == ColunasDoContacto::quantas);
     ColunasDoContacto colunas;
     for (std::size_t i = 0; i < nomes.size(); ++i) {

@@ -72,9 +72,9 @@ private:
     std::vector<ContactoAImportar> contactos_;
     std::vector<FaltaDaFonte> faltas_;
     RegraDosDuplicados regra_;
-    QHash<QString, QString> uids_;         // of the kept cards, by the ID of their contact
-    std::vector<qint64> da_agenda_;        // the IDs of those at the first places
-    std::vector<std::size_t> do_ficheiro_; // those at the places behind
+    QHash<QString, QString> uids_;                        // of the kept cards, by the ID of their contact
+    std::vector<qint64> da_agenda_;                       // the IDs of those at the first places
+    std::vector<std::size_t> do_ficheiro_;                // those at the places behind
     QHash<std::size_t, ColunasDoContacto> por_completar_; // those at places that the rule has completed
     bool agenda_lida_ = false;
     bool uids_lidos_ = false;

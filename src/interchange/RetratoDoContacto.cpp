@@ -17,7 +17,9 @@ constexpr int maior_fotografia = 96; // pixels
 } // namespace
 
 RetratoDoContacto::RetratoDoContacto(Geral &geral, QTextEdit &campo)
-    : campo_(campo), cursor_(campo.document()), dois_pontos_(geral.IdiomaActual == "FrancesFR"_L1 ? u"\u00a0: "_s : u": "_s)
+    : campo_(campo),
+      cursor_(campo.document()),
+      dois_pontos_(geral.IdiomaActual == "FrancesFR"_L1 ? u"\u00a0: "_s : u": "_s)
 {
     constexpr std::array<std::pair<Coluna, qint16>, 13> textos{{{Coluna::Nome, 27},
                                                                 {Coluna::Telefone1, 28},

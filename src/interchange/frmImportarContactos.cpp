@@ -23,10 +23,11 @@ namespace
 {
 constexpr qint64 pausa_maior = 12;      // ms without a look at what the person does
 constexpr std::size_t mais_outros = 20; // of those with whom a contact may be joined
-constexpr std::array codificacoes{"UTF-8",        "UTF-16LE",     "UTF-16BE",     "windows-1252", "windows-1250",
-                                  "windows-1251", "windows-1253", "windows-1254", "windows-1255", "windows-1256",
-                                  "windows-1257", "ISO-8859-15",  "KOI8-R",       "Shift_JIS",    "EUC-JP",
-                                  "EUC-KR",       "GB18030",      "Big5",         "macintosh"};
+constexpr std::array codificacoes{"UTF-8",        "UTF-16LE",     "UTF-16BE",     "windows-1252",
+                                  "windows-1250", "windows-1251", "windows-1253", "windows-1254",
+                                  "windows-1255", "windows-1256", "windows-1257", "ISO-8859-15",
+                                  "KOI8-R",       "Shift_JIS",    "EUC-JP",       "EUC-KR",
+                                  "GB18030",      "Big5",         "macintosh"};
 } // namespace
 
 frmImportarContactos::frmImportarContactos(Geral &geral, Platform &platform, QWidget *dono)
@@ -71,7 +72,9 @@ void frmImportarContactos::Ligar()
 
 void frmImportarContactos::Escrever_Textos()
 {
-    const auto legenda = [this](auto *controlo, qint16 texto) { controlo->setText(geral_.Ler_Idioma(texto)); };
+    const auto legenda = [this](auto *controlo, qint16 texto) {
+        controlo->setText(geral_.Ler_Idioma(texto));
+    };
     setWindowTitle(geral_.Ler_Idioma(285));
     legenda(Label1, 286);
     legenda(cmdProcurar, 69);
@@ -101,10 +104,10 @@ void frmImportarContactos::Preencher_Listas()
     contactos_->Juntar_Aos_Existentes(chkJuntar->isChecked());
     QHeaderView &cabecalho = *Lista->header();
     cabecalho.setStretchLastSection(true);
-    cabecalho.resizeSection(ContactosAImportar::Nome, scale::scaled(150));
-    cabecalho.resizeSection(ContactosAImportar::Numero, scale::scaled(95));
-    cabecalho.resizeSection(ContactosAImportar::Email, scale::scaled(110));
-    cabecalho.resizeSection(ContactosAImportar::Estado, scale::scaled(80));
+    cabecalho.resizeSection(ContactosAImportar::Nome, scale::scaled(122));
+    cabecalho.resizeSection(ContactosAImportar::Numero, scale::scaled(98));
+    cabecalho.resizeSection(ContactosAImportar::Email, scale::scaled(98));
+    cabecalho.resizeSection(ContactosAImportar::Estado, scale::scaled(88));
 }
 
 void frmImportarContactos::Form_Unload()
@@ -205,7 +208,9 @@ void frmImportarContactos::Abrir_Fonte()
         importacao_->Abrir_Tabela(*tabela_, grupos);
     else
         importacao_->Abrir_Cartoes(
-            bytes_, codificacao > 0 ? QByteArray(codificacoes.at(static_cast<std::size_t>(codificacao - 1))) : QByteArray(),
+            bytes_,
+            codificacao > 0 ? QByteArray(codificacoes.at(static_cast<std::size_t>(codificacao - 1)))
+                            : QByteArray(),
             grupos);
     aberta_ = true;
 }
@@ -251,7 +256,8 @@ void frmImportarContactos::Repor_Escolhas()
     if (decididos_.size() == contactos.size())
         for (std::size_t i = 0; i < contactos.size(); ++i) {
             const bool serve = decididos_[i].veredicto == contactos[i].veredicto;
-            if (!serve || (!contactos[i].quem.empty() && decididos_[i].com >= contactos[i].quem.size())) continue;
+            if (!serve || (!contactos[i].quem.empty() && decididos_[i].com >= contactos[i].quem.size()))
+                continue;
             contactos[i].escolha = decididos_[i].escolha;
             contactos[i].com = decididos_[i].com;
         }
@@ -267,14 +273,16 @@ void frmImportarContactos::ComboCodificacao_Click()
 
 void frmImportarContactos::chkCriar_Click()
 {
-    const bool pode = !chkCriar->isChecked() || Tem_Direito(geral_.SessaoActual.Grupos, geral_, platform_, this);
+    const bool pode =
+        !chkCriar->isChecked() || Tem_Direito(geral_.SessaoActual.Grupos, geral_, platform_, this);
     if (!pode) return chkCriar->setChecked(false);
     ComboCodificacao_Click();
 }
 
 void frmImportarContactos::chkJuntar_Click()
 {
-    const bool pode = !chkJuntar->isChecked() || Tem_Direito(geral_.SessaoActual.Editar, geral_, platform_, this);
+    const bool pode =
+        !chkJuntar->isChecked() || Tem_Direito(geral_.SessaoActual.Editar, geral_, platform_, this);
     if (!pode) return chkJuntar->setChecked(false);
     contactos_->Juntar_Aos_Existentes(chkJuntar->isChecked());
 }
@@ -334,7 +342,8 @@ void frmImportarContactos::Mostrar_Contacto()
     retrato_->Contacto(fica.completado, fica.preenchidas);
     if (contacto.escolha == Escolha::Novo) {
         const QString &grupo = contacto.fonte.lido.Grupo;
-        retrato_->Texto(geral_.Ler_Idioma(42) + u' ' + (grupo.isEmpty() ? ComboGrupos->currentText() : grupo));
+        retrato_->Texto(geral_.Ler_Idioma(42) + u' ' +
+                        (grupo.isEmpty() ? ComboGrupos->currentText() : grupo));
     }
     if (contacto.escolha != Escolha::Juntar) Mostrar_Outros(contacto);
     retrato_->Acabar();

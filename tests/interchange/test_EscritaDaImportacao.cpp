@@ -31,8 +31,8 @@ QByteArray Pessoas(int quantas)
     QByteArray livro;
     for (int i = 0; i < quantas; ++i)
         livro += Cartao("UID:u" + QByteArray::number(i) + "\r\nFN:Pessoa " + QByteArray::number(i) +
-                        "\r\nTEL:21" + QByteArray::number(1000000 + i) + "\r\nPHOTO;ENCODING=b:" +
-                        (i == 0 ? pontos.toBase64() : QByteArray()));
+                        "\r\nTEL:21" + QByteArray::number(1000000 + i) +
+                        "\r\nPHOTO;ENCODING=b:" + (i == 0 ? pontos.toBase64() : QByteArray()));
     return livro;
 }
 
@@ -122,8 +122,8 @@ private Q_SLOTS:
     void um_novo_traz_a_linha_o_cartao_e_a_fotografia()
     {
         ComImportacao c;
-        const QByteArray cartao =
-            Cartao("UID:abc\r\nFN:Rui Costa\r\nTEL;TYPE=CELL:966666666\r\nPHOTO;ENCODING=b:" + pontos.toBase64());
+        const QByteArray cartao = Cartao(
+            "UID:abc\r\nFN:Rui Costa\r\nTEL;TYPE=CELL:966666666\r\nPHOTO;ENCODING=b:" + pontos.toBase64());
         c.Importar(cartao);
         const QString ID = QString::number(c.s.Ultimo_Id(u"TblLista"_s));
         QCOMPARE(c.Coluna_De(ID, u"Nome"_s), u"Rui Costa"_s);
@@ -144,7 +144,8 @@ private Q_SLOTS:
         const QByteArray foto = "\r\nPHOTO;ENCODING=b:" + pontos.toBase64();
         c.Importar(Cartao("FN:Rui" + foto) + Cartao("FN:Eva" + foto));
         QCOMPARE(c.s.Linhas(u"SELECT * FROM TblFotografias"_s).size(), 1);
-        QCOMPARE(c.s.Linhas(u"SELECT DISTINCT Fotografia FROM TblLista WHERE Fotografia LIKE 'bd:%'"_s).size(), 1);
+        QCOMPARE(
+            c.s.Linhas(u"SELECT DISTINCT Fotografia FROM TblLista WHERE Fotografia LIKE 'bd:%'"_s).size(), 1);
     }
 
     void completar_so_enche_o_que_esta_vazio()
@@ -263,9 +264,11 @@ private Q_SLOTS:
         // Of somebody else, and not in view: its contacts would vanish there.
         const int de_outro = c.s.Novo_Grupo(u"Xadrez"_s, eva + 100);
         c.s.Entrar(u"Eva"_s);
-        c.Importar(Cartao("FN:Rui\r\nCATEGORIES:Xadrez") + Cartao("FN:Rita\r\nCATEGORIES:xadrez"), {{}, {}, true});
+        c.Importar(Cartao("FN:Rui\r\nCATEGORIES:Xadrez") + Cartao("FN:Rita\r\nCATEGORIES:xadrez"),
+                   {{}, {}, true});
         const QStringList grupos = c.s.Linhas(
-            u"SELECT ID, IdUtilizador FROM TblGrupos WHERE NomeGrupo = 'Xadrez' AND ID <> %1"_s.arg(de_outro));
+            u"SELECT ID, IdUtilizador FROM TblGrupos WHERE NomeGrupo = 'Xadrez' AND ID <> %1"_s.arg(
+                de_outro));
         QCOMPARE(grupos.size(), 1);
         QCOMPARE(grupos[0].section(u'|', 1), QString::number(eva));
         QCOMPARE(c.s.Linhas(u"SELECT DISTINCT Grupo FROM TblLista WHERE Nome LIKE 'R%'"_s),
@@ -319,10 +322,11 @@ private Q_SLOTS:
         ComImportacao c;
         CartoesGuardados(c.s.geral.de).Guardar({c.ana, u"ana"_s, "o de antes"});
         const QStringList antes = Estado(c.s);
-        c.Importar(Cartao("UID:ana\r\nFN:Ana Silva\r\nURL:ana.pt\r\nTEL;TYPE=HOME:213333333\r\nPHOTO;ENCODING=b:" +
-                          pontos.toBase64()) +
-                       Pessoas(4) + Cartao("FN:Rui\r\nCATEGORIES:Xadrez"),
-                   {{}, {}, true});
+        c.Importar(
+            Cartao("UID:ana\r\nFN:Ana Silva\r\nURL:ana.pt\r\nTEL;TYPE=HOME:213333333\r\nPHOTO;ENCODING=b:" +
+                   pontos.toBase64()) +
+                Pessoas(4) + Cartao("FN:Rui\r\nCATEGORIES:Xadrez"),
+            {{}, {}, true});
         QVERIFY(Estado(c.s) != antes);
         QCOMPARE(CartoesGuardados(c.s.geral.de).Ler(c.ana)->cartao.left(5), "BEGIN");
         c.escrita->Anular();

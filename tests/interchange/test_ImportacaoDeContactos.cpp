@@ -127,8 +127,8 @@ private Q_SLOTS:
     {
         ComAgenda c;
         const QByteArray rui = Cartao("FN:Rui Costa\r\nTEL;TYPE=CELL:966666666");
-        const auto &contactos = c.Ler(rui + rui + Cartao("FN:Rui Costa\r\nTEL;TYPE=CELL:966666666\r\nURL:rui.pt"))
-                                    .Contactos();
+        const auto &contactos =
+            c.Ler(rui + rui + Cartao("FN:Rui Costa\r\nTEL;TYPE=CELL:966666666\r\nURL:rui.pt")).Contactos();
         QCOMPARE(contactos.size(), 3u);
         QCOMPARE(contactos[0].veredicto, V::Novo);
         QCOMPARE(contactos[1].veredicto, V::Igual);
@@ -281,7 +281,8 @@ private Q_SLOTS:
         ComAgenda c;
         QByteArray livro;
         for (int i = 0; i < 3000; ++i)
-            livro += Cartao("FN:Pessoa " + QByteArray::number(i) + "\r\nTEL:21" + QByteArray::number(1000000 + i));
+            livro +=
+                Cartao("FN:Pessoa " + QByteArray::number(i) + "\r\nTEL:21" + QByteArray::number(1000000 + i));
         c.importacao.emplace(c.s.geral.de, u"0"_s, u"PortuguesPT"_s);
         c.importacao->Abrir_Cartoes(livro, {}, {});
         int fatias = 0;

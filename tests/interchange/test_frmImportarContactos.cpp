@@ -236,8 +236,8 @@ private Q_SLOTS:
         QTest::keyClick(f.form.Lista, Qt::Key_Space); // the one who is there already, all the same
         QVERIFY(f.Marcado(2));
         f.form.cmdImportar->click();
-        QCOMPARE(p.Contactos(), (QStringList{u"Ana Silva|ana.pt"_s, u"Rui Costa|"_s, u"Ana Silva|"_s,
-                                             u"Outra Gente|"_s}));
+        QCOMPARE(p.Contactos(),
+                 (QStringList{u"Ana Silva|ana.pt"_s, u"Rui Costa|"_s, u"Ana Silva|"_s, u"Outra Gente|"_s}));
     }
 
     void sem_juntar_os_existentes_ficam_como_estao()
@@ -495,7 +495,8 @@ private Q_SLOTS:
         Programa p;
         QMimeData dados;
         dados.setUrls({QUrl::fromLocalFile(p.Ficheiro(u"um.vcf"_s, Cartao("FN:Um"))),
-                       QUrl(u"http://exemplo.pt/dois.vcf"_s), QUrl::fromLocalFile(p.Ficheiro(u"tres.txt"_s, "x")),
+                       QUrl(u"http://exemplo.pt/dois.vcf"_s),
+                       QUrl::fromLocalFile(p.Ficheiro(u"tres.txt"_s, "x")),
                        QUrl::fromLocalFile(p.Ficheiro(u"quatro.VCF"_s, Cartao("FN:Quatro")))});
         QStringList vistos;
         const std::function<void(frmImportarContactos &)> ver = [&](frmImportarContactos &form) {
@@ -543,9 +544,10 @@ private Q_SLOTS:
         p.s.Entrar(u"Eva"_s);
         auto &intercambio = *p.janela.findChild<Intercambio *>();
         const QString caminho = p.Ficheiro(u"gente.vcf"_s, de_tudo);
-        for (const std::function<void()> &ir : std::initializer_list<std::function<void()>>{
-                 [&] { p.janela.ImportarContactos->trigger(); }, [&] { intercambio.ImportarContactos(caminho); },
-                 [&] { intercambio.ImportarCartoes(de_tudo); }}) {
+        for (const std::function<void()> &ir :
+             std::initializer_list<std::function<void()>>{[&] { p.janela.ImportarContactos->trigger(); },
+                                                          [&] { intercambio.ImportarContactos(caminho); },
+                                                          [&] { intercambio.ImportarCartoes(de_tudo); }}) {
             p.s.caixas.Espera(p.s.Texto(102), box::stop, u"Morvex"_s);
             ir();
             QVERIFY(p.s.caixas.Todas_Vistas());
@@ -564,9 +566,10 @@ private Q_SLOTS:
             vistos << f.form.focusWidget()->objectName();
             QTest::keyClick(f.form.focusWidget(), Qt::Key_Tab);
         }
-        QCOMPARE(vistos, (QStringList{u"txtCaminho"_s, u"cmdProcurar"_s, u"Lista"_s, u"txtContacto"_s,
-                                      u"ComboEscolha"_s, u"ComboGrupos"_s, u"chkCriar"_s, u"ComboCodificacao"_s,
-                                      u"chkJuntar"_s, u"cmdImportar"_s, u"cmdCancelar"_s}));
+        QCOMPARE(vistos,
+                 (QStringList{u"txtCaminho"_s, u"cmdProcurar"_s, u"Lista"_s, u"txtContacto"_s,
+                              u"ComboEscolha"_s, u"ComboGrupos"_s, u"chkCriar"_s, u"ComboCodificacao"_s,
+                              u"chkJuntar"_s, u"cmdImportar"_s, u"cmdCancelar"_s}));
     }
 };
 
