@@ -10,6 +10,7 @@ void CartoesGuardados::Guardar(const CartaoGuardado &cartao)
 
 std::optional<CartaoGuardado> CartoesGuardados::Ler(const QString &IDContacto)
 {
+    if (!de_.Em_Dia()) return std::nullopt;
     Recordset &rs = de_.Abrir("cmdLerCartao", {IDContacto});
     std::optional<CartaoGuardado> cartao;
     if (!rs.Eof())
@@ -21,6 +22,7 @@ std::optional<CartaoGuardado> CartoesGuardados::Ler(const QString &IDContacto)
 void CartoesGuardados::Percorrer(
     const std::function<void(const QString &IDContacto, const QString &UID)> &linha)
 {
+    if (!de_.Em_Dia()) return;
     de_.Percorrer("cmdListarCartoes", {}, [&](const Row &row) {
         linha(row.field(row.column("IDContacto")).text(), row.field(row.column("UID")).textOrEmpty());
     });
@@ -28,5 +30,6 @@ void CartoesGuardados::Percorrer(
 
 void CartoesGuardados::Eliminar(const QString &IDContacto)
 {
+    if (!de_.Em_Dia()) return;
     de_.Executar("cmdEliminarCartao", {IDContacto});
 }

@@ -19,7 +19,8 @@ class CartoesGuardados
 public:
     explicit CartoesGuardados(DE &de) : de_(de) {}
 
-    // In the place of the contact's earlier one. Raises Failure where the database takes none.
+    // In the place of the contact's earlier one. Raises Failure where the database takes none. An older one
+    // that takes no writing has no cards at all.
     void Guardar(const CartaoGuardado &cartao);
 
     std::optional<CartaoGuardado> Ler(const QString &IDContacto);

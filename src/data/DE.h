@@ -10,6 +10,7 @@
 #include <array>
 #include <functional>
 #include <initializer_list>
+#include <QSet>
 #include <QString>
 
 class DE
@@ -39,8 +40,12 @@ public:
     // the file when this returns or raises.
     void Juntar(const std::function<void()> &trabalho);
 
-    // Tries whether the database takes a write, and takes it back. Raises Failure where it takes none.
-    void Experimentar_Escrita() { Ligacao().tryWriting(); }
+    // Tries whether the database takes a write, and takes it back. Raises Failure where it takes none. An
+    // older one that could not be brought up to date when it was opened is now.
+    void Experimentar_Escrita();
+
+    // Whether the database has all tables. An older one that takes no writing lacks those that came later.
+    bool Em_Dia();
 
     // Runs that with a lock of somebody else's waited for once, not at each command.
     void Esperar_Uma_Vez(const std::function<void()> &trabalho) { Ligacao().waitingOnce(trabalho); }
@@ -61,6 +66,17 @@ public:
     // A row whose ID is Null receives the next one. Returns the ID of the row.
     QString Repor_Inteira(std::string_view tabela, const LinhaInteira &linha);
     void Repor_No_Grupo(const Value &ID, const Value &grupo, const Value &de_onde_esta);
+
+    // What an import asks beyond the commands. Hands on the rows of the contacts that the user sees, by their
+    // ID: those with a higher one than that, at most so many.
+    void Percorrer_A_Vista(const Value &IdUtilizador, qint64 depois_de, int quantos,
+                           const std::function<void(const Row &)> &linha);
+    // The highest number that the table's counter has ever given; 0 for none.
+    qint64 Ultimo_ID(std::string_view tabela);
+    // The numbers behind that one are given once more. The table holds none of them.
+    void Recuar_ID(std::string_view tabela, qint64 ultimo);
+    // Takes those pictures away that no contact shows.
+    void Largar_Fotografias(const QSet<QString> &nomes);
 
     // Runs that as one: all that its commands write is in the file when this returns, and nothing of it when
     // this raises.
@@ -86,8 +102,10 @@ public:
 
 private:
     Connection &Ligacao();
+    void Abrir_Ligacao();
 
     CaminhoDaBase base_;
     Connection ligacao_;
+    bool em_dia_ = false; // as far as is known
     std::array<Recordset, comandos::catalogo.size()> conjuntos_;
 };

@@ -72,12 +72,12 @@ constexpr std::array colunas_TblCartoes{
 };
 
 constexpr std::array tabelas{
-    Tabela{"TblLista", colunas_TblLista},     Tabela{"TblGrupos", colunas_TblGrupos},
-    Tabela{"TblUsers", colunas_TblUsers},     Tabela{"TblMemos", colunas_TblMemos},
-    Tabela{"TblTarefas", colunas_TblTarefas}, Tabela{"TblRepeticao", colunas_TblRepeticao},
-    Tabela{"TblConfig", colunas_TblConfig},   Tabela{"TblIdiomas", colunas_TblIdiomas},
-    Tabela{"TblEmails", colunas_TblEmails},   Tabela{"TblFotografias", colunas_TblFotografias},
-    Tabela{"TblCartoes", colunas_TblCartoes},
+    Tabela{"TblLista", colunas_TblLista},        Tabela{"TblGrupos", colunas_TblGrupos},
+    Tabela{"TblUsers", colunas_TblUsers},        Tabela{"TblMemos", colunas_TblMemos},
+    Tabela{"TblTarefas", colunas_TblTarefas},    Tabela{"TblRepeticao", colunas_TblRepeticao},
+    Tabela{"TblConfig", colunas_TblConfig},      Tabela{"TblIdiomas", colunas_TblIdiomas},
+    Tabela{"TblEmails", colunas_TblEmails},      Tabela{"TblFotografias", colunas_TblFotografias, 1},
+    Tabela{"TblCartoes", colunas_TblCartoes, 1},
 };
 
 QString texto(std::string_view nome)

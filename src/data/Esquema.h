@@ -18,6 +18,7 @@ struct Coluna {
 struct Tabela {
     std::string_view nome;
     std::span<const Coluna> colunas;
+    int desde = 0; // the step that brought it (PassosDoEsquema); 0: it was there from the start
 };
 
 namespace esquema

@@ -1,6 +1,7 @@
 #include "data/Geral.h"
 
 #include "data/Idiomas.h"
+#include "data/Textos.h"
 #include "platform/ProgramFolder.h"
 
 Geral::Geral(const QString &pasta)
@@ -16,7 +17,9 @@ QString Geral::Ler_Idioma(qint16 id)
     const Idioma *idioma = idiomas::Procurar(IdiomaActual);
     if (idioma == nullptr) return {};
     Recordset &rs = de.Abrir("cmdLerIdioma", {QString::number(id)});
-    QString texto = rs.Fields(idioma->coluna).text();
+    const auto acrescentado =
+        rs.Eof() ? Texto_Acrescentado(id, QLatin1StringView(idioma->coluna)) : std::nullopt;
+    QString texto = acrescentado ? *acrescentado : rs.Fields(idioma->coluna).text();
     rs.Close();
     return texto;
 }

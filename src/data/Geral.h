@@ -71,7 +71,8 @@ public:
     Rascunhos rascunhos;
 
     // The text with that number in the active language, read from the database at each call. Empty while no
-    // language is active; Failure where the row is missing or its cell is Null.
+    // language is active; Failure where the row is missing or its cell is Null. One that an older database
+    // lacks comes from the program itself.
     QString Ler_Idioma(qint16 id);
 
     // Whether the start ends with the window hidden in the tray.

@@ -13,6 +13,7 @@
 #include "controls/Scale.h"
 #include "controls/Units.h"
 #include "data/Geral.h"
+#include "interchange/EntradaDeContactos.h"
 #include "interchange/FicheirosPedidos.h"
 #include "interchange/Intercambio.h"
 #include "interchange/SaidaDeContactos.h"
@@ -93,9 +94,13 @@ Main::Main(Geral &geral, Platform &platform)
     new Impressao(*this, geral_, platform_, *CrystalReport1);
     auto *intercambio = new Intercambio(*this, geral_, platform_, *CrystalReport1);
     new SaidaDeContactos(*this, geral_, platform_);
-    auto *ficheiros = new FicheirosPedidos(*this, *intercambio, geral_, platform_);
+    auto *ficheiros = new FicheirosPedidos(*this, *intercambio);
     fila_ = new FilaDeFicheiros(*this, *tray_,
                                 [ficheiros](const QString &caminho) { ficheiros->Abrir(caminho); });
+    auto *entrada = new EntradaDeContactos(*this);
+    connect(entrada, &EntradaDeContactos::Ficheiros, fila_, &FilaDeFicheiros::Juntar);
+    connect(entrada, &EntradaDeContactos::Cartoes, intercambio, &Intercambio::ImportarCartoes,
+            Qt::QueuedConnection);
     new VerificarVersao(*this, geral_, platform_, servidor.toString());
     new TeclaDeAjuda(*this, geral_, platform_);
 

@@ -71,9 +71,8 @@ void Encher(Sistema &s)
          u"INSERT INTO TblEmails VALUES (1, 'm@a.pt', 'pop.a.pt', 'm', 'pm', 7), (2, 'r@a.pt', 'pop.b.pt', 'r', 'pr', 8)"_s,
          u"INSERT INTO TblIdiomas VALUES (9999, 'pt', 'br', 'uk', 'es', 'it', 'fr', 'de')"_s,
          u"INSERT INTO TblFotografias VALUES ('bd:a.jpg', x'616263')"_s,
-         u"INSERT INTO TblCartoes VALUES (5, 'u5', 'c', 'h', 'e', x'666463', 'r'), (1, 'u1', NULL, NULL, "
-         u"NULL, "
-         "x'78', NULL)"_s,
+         u"INSERT INTO TblCartoes (IDContacto, UID, cartao) VALUES (1, 'u1', x'78')"_s,
+         u"INSERT INTO TblCartoes VALUES (5, 'u5', 'c', 'h', 'e', x'666463', 'r')"_s,
          u"UPDATE TblConfig SET Idioma='InglesUK', Versao='5.1', Remetente='re', Destinatario='de'"_s})
         s.Escrever(sql);
     s.Escrever(u"COMMIT"_s);

@@ -4,6 +4,7 @@ foreach(teste IN ITEMS
     test_DE
     test_Esquema
     test_Fotografias
+    test_PassosDoEsquema
     test_CartoesGuardados
     test_ReadWriteINI
     test_Ler_Idioma

@@ -6,12 +6,17 @@ foreach(teste IN ITEMS
     test_ConteudoDoQR
     test_ContactosDaTabela
     test_ExportacaoDeContactos
+    test_LeituraDaTabela
     test_RegraDosDuplicados)
     morvex_teste(interchange/${teste} LIGA interchange)
 endforeach()
 morvex_teste(interchange/test_AvisosDaFusao LIGA interchange)
 morvex_teste(interchange/test_RegistoMorvex LIGA session)
 morvex_teste(interchange/test_RegistosEstragados LIGA session)
+morvex_teste(interchange/test_ImportacaoDeContactos LIGA interchange)
+morvex_teste(interchange/test_EscritaDaImportacao LIGA interchange)
+morvex_teste(interchange/test_frmImportarContactos LIGA session)
+morvex_teste(interchange/test_frmCampos LIGA session)
 morvex_teste(interchange/test_frmImportar LIGA session)
 morvex_teste(interchange/test_frmImportarMDB LIGA session)
 morvex_teste(interchange/test_frmBackup LIGA session)
