@@ -134,7 +134,7 @@ void CartaoContacto::Preencher_Aniversario(Recordset &rs)
 void CartaoContacto::Mostrar_Foto(const QString &Fotografia)
 {
     if (Fotografia.isEmpty()) return Mostrar_Foto_Por_Omissao();
-    image1_ = Picture(Caminho_Da_Fotografia(geral_, Fotografia));
+    image1_ = Imagem_Da_Fotografia(geral_, Fotografia);
     por_omissao_ = false;
     Colocar_Foto();
 }

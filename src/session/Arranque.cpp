@@ -114,7 +114,7 @@ void Arranque::Ler_Configuracao()
 void Arranque::Ler_TblConfig()
 {
     base_desaparecida::Procurar(geral_, platform_);
-    Recordset &rs = geral_.de.Abrir("cmdVerConfig");
+    Recordset &rs = Abrir_TblConfig();
     Copiar(rs, "Idioma", geral_.IdiomaActual);
     Copiar(rs, "Versao", geral_.VersaoBD);
     Copiar(rs, "Remetente", geral_.RemetenteBD);
@@ -123,6 +123,20 @@ void Arranque::Ler_TblConfig()
     // The toolkit's own words ("Yes", "Cancel") follow the program's language.
     if (const Idioma *idioma = idiomas::Procurar(geral_.IdiomaActual))
         useToolkitLanguage(QString::fromUtf16(idioma->codigo), geral_.IdiomaActual == u"PortuguesPT"_s);
+}
+
+// Nothing of a newer program's database can be used, not even its words: without these the login would be a
+// riddle.
+Recordset &Arranque::Abrir_TblConfig()
+{
+    try {
+        return geral_.de.Abrir("cmdVerConfig");
+    } catch (const Failure &falha) {
+        if (falha.kind() != Failure::Kind::DatabaseNewer) throw;
+        platform_.boxes.showError(falha);
+        platform_.process.end();
+        throw;
+    }
 }
 
 void Arranque::Iniciar_Sessao()

@@ -12,6 +12,7 @@
 #include "controls/DisabledWindow.h"
 #include "controls/Scale.h"
 #include "controls/Units.h"
+#include "data/Fotografias.h"
 #include "data/Geral.h"
 #include "interchange/EntradaDeContactos.h"
 #include "interchange/FicheirosPedidos.h"
@@ -59,8 +60,11 @@ QColor Cor_Do_Ponto(const QPalette &janela, bool aceso)
 
 std::unique_ptr<CrystalReport> Novo_Relatorio(Geral &geral, Platform &platform, QWidget &janela)
 {
-    return std::make_unique<CrystalReport>(
+    auto relatorio = std::make_unique<CrystalReport>(
         platform.boxes, platform.dialogs, platform.clock, [&geral] { return geral.IdiomaActual; }, &janela);
+    relatorio->setHeldPictures(
+        [&geral](const QString &Fotografia) { return FotografiasDaBase(geral.de).Ler(Fotografia); });
+    return relatorio;
 }
 } // namespace
 
