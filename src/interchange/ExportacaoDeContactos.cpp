@@ -48,7 +48,7 @@ void ExportacaoDeContactos::Avancar(int milissegundos)
     geral_.de.Juntar([&] {
         while (!Acabou()) {
             Escrever(pedido_.contactos[feitos_++]);
-            if (relogio.hasExpired(milissegundos)) return;
+            if (relogio.elapsed() >= milissegundos) return;
         }
     });
 }
