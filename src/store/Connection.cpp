@@ -98,8 +98,10 @@ void bindAll(Statement &statement, const std::vector<StoreValue> &values)
 
 std::vector<QByteArray> columnNames(const Statement &statement)
 {
+    const int columns = sqlite3_column_count(statement.handle());
     std::vector<QByteArray> names;
-    for (int i = 0; i < sqlite3_column_count(statement.handle()); ++i)
+    names.reserve(static_cast<std::size_t>(columns));
+    for (int i = 0; i < columns; ++i)
         names.emplace_back(sqlite3_column_name(statement.handle(), i));
     return names;
 }
