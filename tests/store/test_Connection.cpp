@@ -109,6 +109,7 @@ private Q_SLOTS:
 
     void uma_ligacao_fechada_recusa_instrucoes()
     {
+        QCOMPARE(connection_.undone(), 0);
         VERIFICAR_FALHA(connection_.execute(u"DELETE FROM T"_s, {}), Failure::StoreError);
         VERIFICAR_FALHA(connection_.query(u"SELECT 1"_s, {}), Failure::StoreError);
     }
