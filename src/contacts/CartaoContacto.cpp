@@ -165,6 +165,7 @@ void CartaoContacto::Colocar_Foto()
 
 void CartaoContacto::Tomar_Folga(const Folga &folga)
 {
+    if (folga == folga_) return; // so that a window that comes into view does not unpack its picture again
     folga_ = folga;
     for (const Linha &linha : linhas_)
         if (linha.lugar != 0) Colocar(linha);

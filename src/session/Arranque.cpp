@@ -83,8 +83,9 @@ void Arranque::Escolher_Idioma()
 void Arranque::Ler_Configuracao()
 {
     Geral &g = geral_;
+    ReadWriteINI::Leitura ini(g.ini);
     const auto ler = [&](const char16_t *seccao, const char16_t *chave) {
-        return g.ini.Ler_Ini(QString::fromUtf16(seccao), QString::fromUtf16(chave));
+        return ini.Ler_Ini(QString::fromUtf16(seccao), QString::fromUtf16(chave));
     };
     const auto ler_inteiro = [&](const char16_t *seccao, const char16_t *chave, qint16 &destino) {
         const QString texto = ler(seccao, chave);
@@ -160,8 +161,9 @@ bool Arranque::Ha_Utilizadores()
 // A household without users has sections as well, those of the user 0.
 void Arranque::Ler_Configuracao_Do_Utilizador()
 {
+    ReadWriteINI::Leitura ini(geral_.ini);
     const auto ler = [&](const QString &seccao, const QString &chave) {
-        return geral_.ini.Ler_Ini(geral_.Seccao_Do_Utilizador(seccao), chave);
+        return ini.Ler_Ini(geral_.Seccao_Do_Utilizador(seccao), chave);
     };
     skipFailure([&] { geral_.EmailNotifyActivo = Inteiro(ler(u"emailnotify"_s, u"activo"_s)); });
     skipFailure([&] { geral_.EmailNotifyMinutos = Inteiro(ler(u"emailnotify"_s, u"minutos"_s)); });

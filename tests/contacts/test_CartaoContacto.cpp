@@ -550,6 +550,22 @@ private Q_SLOTS:
         QVERIFY(Mostra_A_Foto_Por_Omissao(c));
     }
 
+    void so_outra_folga_desempacota_outra_vez_a_fotografia()
+    {
+        ComJanela c;
+        c.Mostrar(Preenchido(u""_s));
+        auto &cartao = *c.janela.findChild<CartaoContacto *>();
+        const auto desenho = [&c] { return c.janela.Thumb->pixmap().cacheKey(); };
+        cartao.Tomar_Folga({10, 20, 30, 40});
+        const qint64 primeiro = desenho();
+        const QRect lugar = c.janela.Thumb->geometry();
+        cartao.Tomar_Folga({10, 20, 30, 40});
+        QCOMPARE(desenho(), primeiro);
+        cartao.Tomar_Folga({10, 20, 30, 50});
+        QVERIFY(desenho() != primeiro);
+        QCOMPARE(c.janela.Thumb->geometry(), lugar); // only the notes grow downwards
+    }
+
     void um_nome_de_ficheiro_le_se_da_pasta_do_programa()
     {
         ComJanela c;
