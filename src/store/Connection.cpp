@@ -36,6 +36,7 @@ struct Connection::Database {
     bool gathering = false;
     bool waitsOnce = false;
     std::vector<Write> portion;  // what was run and is not yet in the file
+    qsizetype weight = 0;        // of its pictures
     int undone = 0;              // portions
     QHash<QString, int> written; // how often each statement is in the file
 
@@ -64,6 +65,7 @@ struct Connection::Database {
 namespace
 {
 constexpr std::size_t longestPortion = 8000; // writes that reach the file together
+constexpr qsizetype heaviestPortion = qsizetype{16} << 20; // bytes that are no texts: pictures
 constexpr char sourceName[] = "Connection";
 
 [[noreturn]] void raise(const QString &description, const QString &source = QLatin1String(sourceName),
@@ -115,6 +117,14 @@ void append(Cells &cells, const Statement &statement)
     const Row row(statement.handle());
     for (int i = 0; i < columns; ++i)
         row.addTo(cells, i);
+}
+
+qsizetype weightOf(const std::vector<StoreValue> &values)
+{
+    qsizetype weight = 0;
+    for (const StoreValue &value : values)
+        if (const auto *bytes = std::get_if<QByteArray>(&value)) weight += bytes->size();
+    return weight;
 }
 
 // Frees the statement for its next use, whatever became of this one, so that no lock stays behind.
@@ -332,12 +342,14 @@ void Connection::gather(Write write)
         database_->portion.push_back(std::move(write));
         return runPortionOneByOne();
     }
+    database_->weight += weightOf(write.values);
     database_->portion.push_back(std::move(write));
-    if (database_->portion.size() >= longestPortion) writePortion();
+    if (database_->portion.size() >= longestPortion || database_->weight >= heaviestPortion) writePortion();
 }
 
 void Connection::writePortion()
 {
+    database_->weight = 0;
     if (!database_->inTransaction()) return;
     try {
         run({QStringLiteral("COMMIT"), {}});

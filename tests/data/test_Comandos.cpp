@@ -215,6 +215,10 @@ const std::vector<Escrita> &Escritas()
                 {u"1|u1"_s + nulos.repeated(3) + u"|x"_s + nulos, u"5|novo|c|h|e|def|r"_s}, u"5", u"novo",
                 QByteArray("def")),
         Escreve("cmdEliminarCartao", u"SELECT IDContacto FROM TblCartoes"_s, {u"1"_s}, u"5"),
+        Escreve("cmdEliminarCartoesByGroup", u"SELECT IDContacto FROM TblCartoes"_s, {}, u"1"),
+        Escreve("cmdGuardarCartaoDoNovo", u"SELECT IDContacto, UID, cartao FROM TblCartoes"_s,
+                {u"0|novo|def"_s, u"1|u1|x"_s, u"5|u5|fdc"_s}, u"novo", // nothing was added before it
+                QByteArray("def")),
     };
     return escritas;
 }
@@ -255,7 +259,7 @@ private Q_SLOTS:
         for (const EntradaDoCatalogo &entrada : comandos::catalogo)
             catalogo.insert(entrada.nome);
         QVERIFY(ensaiados == catalogo);
-        QCOMPARE(std::set(catalogo.begin(), catalogo.end()).size(), 76U);
+        QCOMPARE(std::set(catalogo.begin(), catalogo.end()).size(), 78U);
     }
 
     void le_data() { Linhas_De_Ensaio(Leituras()); }

@@ -410,6 +410,24 @@ private Q_SLOTS:
         QCOMPARE(Nomes(u"WHERE Nome LIKE 'nnn%'"_s).size(), escritas);
     }
 
+    // Until it is written it stands in memory.
+    void uma_porcao_com_muitos_bytes_escreve_se_antes_de_ter_muitas_linhas()
+    {
+        Criar_Tabela();
+        connection_.execute(u"CREATE TABLE B (Bytes BLOB)"_s, {});
+        Connection outra;
+        outra.setConnectionString(Fonte(path_));
+        outra.Open();
+        const auto quantas = u"SELECT count(*) AS n FROM B"_s;
+        connection_.gathering([&] {
+            for (int i = 0; i < 16; ++i)
+                connection_.execute(u"INSERT INTO B VALUES (?)"_s, {QByteArray(1 << 20, 'b')});
+            QCOMPARE(outra.query(quantas, {}).Fields("n").number(), 16);
+            connection_.execute(u"INSERT INTO B VALUES (?)"_s, {QByteArray("pouco")});
+        });
+        QCOMPARE(outra.query(quantas, {}).Fields("n").number(), 17);
+    }
+
     void uma_copia_em_memoria_nao_prende_o_ficheiro()
     {
         Criar_Tabela();
