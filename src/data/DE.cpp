@@ -94,6 +94,26 @@ void DE::Percorrer(ComandoComLinhas comando, std::initializer_list<Value> parame
     Ligacao().rows(instrucao.sql, Converter(instrucao, parametros), linha);
 }
 
+bool DE::Percorrer_As_Que(ComandoComLinhas comando, const Value &parametro, QLatin1StringView colunas,
+                          const Wanted &querida, const std::function<void(const Row &)> &linha)
+{
+    Rs(comando).Close();
+    const Instrucao &instrucao = Preparada(comando.Posicao());
+    const auto valores = Converter(instrucao, {parametro});
+    const qsizetype ordem = instrucao.sql.lastIndexOf(QLatin1StringView(" ORDER BY "));
+    bool ha = false;
+    Ligacao().rowsWanted(instrucao.sql.left(ordem) + QLatin1StringView(" AND wanted(") + colunas + u')' +
+                             instrucao.sql.mid(ordem),
+                         valores, querida, [&](const Row &uma) {
+                             ha = true;
+                             linha(uma);
+                         });
+    if (!ha)
+        Ligacao().rows(instrucao.sql.left(ordem) + QLatin1StringView(" LIMIT 1"), valores,
+                       [&ha](const Row &) { ha = true; });
+    return ha;
+}
+
 void DE::Executar(ComandoSemLinhas comando, std::initializer_list<Value> parametros)
 {
     const Instrucao &instrucao = Preparada(comando.Posicao());
@@ -111,6 +131,11 @@ Recordset DE::Grupos_Depois_De(qint64 ID)
 {
     return Ligacao().query(QStringLiteral("SELECT ID, NomeGrupo FROM TblGrupos WHERE ID > ? ORDER BY ID"),
                            {ID});
+}
+
+void DE::Percorrer_Textos(const std::function<void(const Row &)> &linha)
+{
+    Ligacao().rows(QStringLiteral("SELECT * FROM TblIdiomas"), {}, linha);
 }
 
 LinhasInteiras DE::Ler_Inteiras(std::string_view tabela, std::string_view coluna, const Value &valor)

@@ -47,6 +47,7 @@ constexpr std::array paginas = std::to_array<PaginaDe>({
     {u"frmCampos", u"importar-e-exportar"}, {u"frmDuplicados", u"importar-e-exportar"},
     {u"frmImportarContactos", u"importar-e-exportar"},
     {u"frmImportarMDB", u"importar-e-exportar"}, {u"frmExportar", u"importar-e-exportar"},
+    {u"frmExportarContactos", u"importar-e-exportar"}, {u"frmQR", u"importar-e-exportar"},
     {u"frmBackup", u"copia-de-seguranca"},
 });
 // clang-format on

@@ -14,10 +14,12 @@
 #include "interchange/frmBackup.h"
 #include "interchange/frmCampos.h"
 #include "interchange/frmExportar.h"
+#include "interchange/frmExportarContactos.h"
 #include "interchange/frmImportar.h"
 #include "interchange/frmImportar2.h"
 #include "interchange/frmImportarContactos.h"
 #include "interchange/frmImportarMDB.h"
+#include "interchange/frmQR.h"
 #include "interchange/Intercambio.h"
 #include "memos/frmMemo.h"
 #include "online/frmAddEditEmail.h"
@@ -151,6 +153,15 @@ inline const QMap<QString, Abertura> aberturas{
      [](ComFormulario &c) { return c.Novo<frmEnvelope>(c.s.geral, c.relatorio); }},
     {QStringLiteral("frmExportar"),
      [](ComFormulario &c) { return c.Novo<frmExportar>(c.s.geral, c.relatorio, *c.janela.ListaNomes); }},
+    {QStringLiteral("frmExportarContactos"),
+     [](ComFormulario &c) {
+         c.janela.ComboGrupos->ChooseText(c.janela.ComboGrupos->List(1));
+         return c.Novo<frmExportarContactos>(c.janela, c.s.geral, c.s.plataforma);
+     }},
+    {QStringLiteral("frmQR"),
+     [](ComFormulario &c) {
+         return c.Novo<frmQR>(c.s.geral, QByteArray(250, 'x'), QStringLiteral("Ágata Pereira"));
+     }},
     {QStringLiteral("frmBackup"),
      [](ComFormulario &c) { return c.Novo<frmBackup>(c.s.geral, c.s.plataforma); }},
     {QStringLiteral("frmImportar"),
