@@ -53,6 +53,7 @@ void ImportacaoDeContactos::Abrir_Cartoes(const QByteArray &bytes, const QByteAr
                                           GruposDaImportacao grupos)
 {
     fonte_ = std::make_unique<FonteDeCartoes>(bytes, codificacao, idioma_, std::move(grupos), faltas_);
+    contactos_.reserve(fonte_->Quantos());
 }
 
 void ImportacaoDeContactos::Abrir_Tabela(TabelaEscolhida tabela, GruposDaImportacao grupos)

@@ -5,7 +5,6 @@
 #include "interchange/ColunasDoContacto.h"
 
 #include <QHash>
-#include <QSet>
 #include <QStringList>
 #include <vector>
 
@@ -50,13 +49,13 @@ private:
     using Dicionario = QHash<QString, Lugares>;
     struct Chaves {
         QString nome;
-        QSet<QString> numeros;
-        QSet<QString> emails;
+        QStringList numeros; // each once
+        QStringList emails;
     };
 
     static Chaves Chaves_De(const ColunasDoContacto &colunas);
-    static void Apontar(Dicionario &dicionario, const QSet<QString> &chaves, std::size_t lugar);
-    static Lugares Com_Alguma(const Dicionario &dicionario, const QSet<QString> &chaves);
+    static void Apontar(Dicionario &dicionario, const QStringList &chaves, std::size_t lugar);
+    static Lugares Com_Alguma(const Dicionario &dicionario, const QStringList &chaves);
     bool Um_Nome_Contem_O_Outro(const QString &nome, std::size_t outro) const;
     bool Mesmo_Telemovel(const ColunasDoContacto &colunas, std::size_t outro) const;
     Lugares Certos(const ColunasDoContacto &colunas, const Chaves &chaves, const Lugares &por_numero,

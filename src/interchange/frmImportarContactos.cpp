@@ -215,7 +215,7 @@ void frmImportarContactos::Abrir_Fonte()
     aberta_ = true;
 }
 
-// A failure leaves the form without a file.
+// A failure leaves the form without a file. The file is taken apart in one go: the bar is painted before.
 void frmImportarContactos::Passo()
 {
     auto falhou = qScopeGuard([this] {
@@ -224,9 +224,10 @@ void frmImportarContactos::Passo()
         skipFailure([this] { Passar_A(Estado::Vazio); });
     });
     bool ha_mais = true;
-    if (!aberta_)
+    if (!aberta_) {
+        repaint();
         Abrir_Fonte();
-    else
+    } else
         ha_mais = importacao_->Avancar();
     falhou.dismiss();
     ProgressBar1->setValue(importacao_->Percentagem());
