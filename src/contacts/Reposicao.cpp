@@ -1,6 +1,8 @@
 #include "contacts/Reposicao.h"
 
+#include "data/CartoesGuardados.h"
 #include "data/Geral.h"
+#include "platform/Failure.h"
 #include "platform/TextOrder.h"
 
 #include <algorithm>
@@ -59,6 +61,29 @@ LinhaInteira Grupo_A_Vista(Geral &geral, const LinhaInteira &antes)
     return achado == a_vista.end() ? a_vista.front() : *achado;
 }
 
+LinhaInteira Contacto_Com_Id(DE &de, const QString &ID)
+{
+    LinhasInteiras linhas = de.Ler_Inteiras(lista, "ID", ID);
+    if (linhas.empty())
+        throw Failure(Failure::StoreError, ID, QStringLiteral("No contact has the ID %1").arg(ID));
+    return std::move(linhas.front());
+}
+
+// As it was before it took in the other, unless somebody has changed it since. Returns whether it is.
+bool Separar(DE &de, const Juncao &juncao)
+{
+    const QString ID = linha_inteira::Texto(juncao.antes, "ID");
+    const LinhasInteiras agora = de.Ler_Inteiras(lista, "ID", ID);
+    if (agora.empty() || !Iguais(agora.front(), juncao.depois)) return false;
+    LinhaInteira antes = juncao.antes;
+    antes["MSNMessenger"] = agora.front().at("MSNMessenger");
+    if (agora.front().at("Grupo") != juncao.depois.at("Grupo")) antes["Grupo"] = agora.front().at("Grupo");
+    de.Executar("cmdEliminarNome", {ID});
+    de.Repor_Inteira(lista, antes);
+    if (juncao.veio_o_cartao) CartoesGuardados(de).Eliminar(ID);
+    return true;
+}
+
 Reposto Repor_Contacto(Geral &geral, const Eliminacao &eliminacao, Numero numero)
 {
     Reposto reposto;
@@ -74,6 +99,7 @@ Reposto Repor_Contacto(Geral &geral, const Eliminacao &eliminacao, Numero numero
     }
     reposto.IDGrupo = linha_inteira::Texto(contacto, "Grupo");
     reposto.ID = Repor_Linha(geral.de, lista, contacto, numero);
+    reposto.ficou_junto = eliminacao.juncao && !Separar(geral.de, *eliminacao.juncao);
     return reposto;
 }
 
@@ -100,7 +126,9 @@ Eliminacao Retrato_Do_Contacto(Geral &geral, const QString &ID)
     Eliminacao eliminacao{.IdUtilizador = geral.SessaoActual.IdUtilizador,
                           .grupo = {},
                           .contactos = geral.de.Ler_Inteiras(lista, "ID", ID),
-                          .destino = {}};
+                          .destino = {},
+                          .vai_o_grupo = false,
+                          .juncao = {}};
     if (!eliminacao.contactos.empty())
         eliminacao.grupo =
             Grupo_Com_Id(geral.de, linha_inteira::Texto(eliminacao.contactos.front(), "Grupo"));
@@ -113,7 +141,20 @@ Eliminacao Retrato_Do_Grupo(Geral &geral, const QString &ID, const QString &dest
             .grupo = Grupo_Com_Id(geral.de, ID),
             .contactos = geral.de.Ler_Inteiras(lista, "Grupo", ID),
             .destino = destino,
-            .vai_o_grupo = true};
+            .vai_o_grupo = true,
+            .juncao = {}};
+}
+
+Juncao Antes_De_Juntar(DE &de, const QString &ID)
+{
+    return {Contacto_Com_Id(de, ID), {}, !CartoesGuardados(de).Ler(ID).has_value()};
+}
+
+void Depois_De_Juntar(DE &de, Juncao &juncao)
+{
+    const QString ID = linha_inteira::Texto(juncao.antes, "ID");
+    juncao.depois = Contacto_Com_Id(de, ID);
+    juncao.veio_o_cartao = juncao.veio_o_cartao && CartoesGuardados(de).Ler(ID).has_value();
 }
 
 Reposto Repor(Geral &geral, const Eliminacao &eliminacao, Numero numero)

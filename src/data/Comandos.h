@@ -1,4 +1,4 @@
-// The catalogue of the 76 named commands: the SQL that reaches morvex.mdb, but for the merge's one question
+// The catalogue of the 78 named commands: the SQL that reaches morvex.mdb, but for the merge's one question
 // for all groups at once and for what puts deleted rows back as they were. One entry a command.
 #pragma once
 
@@ -270,10 +270,16 @@ inline constexpr std::array catalogo = std::to_array<EntradaDoCatalogo>({
     {"cmdEliminarCartao", SemLinhas, "TblCartoes",
      "IDContacto",
      "DELETE * FROM TblCartoes WHERE IDContacto=?"},
+    {"cmdGuardarDiferentes", SemLinhas, "TblDiferentes",
+     "IDContacto IDOutro",
+     "INSERT INTO TblDiferentes (IDContacto, IDOutro) VALUES (?, ?)"},
+    {"cmdListarDiferentes", ComLinhas, "TblDiferentes",
+     "",
+     "SELECT IDContacto, IDOutro FROM TblDiferentes"},
 });
 // clang-format on
 
-static_assert(catalogo.size() == 76);
+static_assert(catalogo.size() == 78);
 
 // Never defined: reaching it in a constant expression is the compiler's error for a misspelt command.
 void Nao_ha_tal_comando();

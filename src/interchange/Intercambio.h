@@ -6,6 +6,7 @@
 #include <QObject>
 
 class DE2;
+class DesfazerEliminacao;
 class Geral;
 class Janela;
 class ReportControl;
@@ -15,7 +16,8 @@ class Intercambio final : public QObject
 {
     Q_OBJECT
 public:
-    Intercambio(Janela &janela, Geral &geral, Platform &platform, ReportControl &CrystalReport1);
+    Intercambio(Janela &janela, Geral &geral, Platform &platform, ReportControl &CrystalReport1,
+                DesfazerEliminacao &desfazer);
     ~Intercambio() override;
 
     // The older database: made at the first use, from the file chosen last, and the same ever after. Raises
@@ -34,11 +36,13 @@ private:
     void Importar_Click();
     void Mostrar_frmImportar(const QString &caminho);
     void Exportar_Click();
+    void Duplicados_Click();
     void mnuBackup_Click();
 
     Janela &janela_;
     Geral &geral_;
     Platform &platform_;
     ReportControl &CrystalReport1;
+    DesfazerEliminacao &desfazer_;
     std::unique_ptr<DE2> de2_;
 };

@@ -90,7 +90,7 @@ Main::Main(Geral &geral, Platform &platform)
     new AccoesContacto(*this, geral_, platform_, *lista_, *cartao_, *desfazer);
 
     new Impressao(*this, geral_, platform_, *CrystalReport1);
-    auto *intercambio = new Intercambio(*this, geral_, platform_, *CrystalReport1);
+    auto *intercambio = new Intercambio(*this, geral_, platform_, *CrystalReport1, *desfazer);
     auto *ficheiros = new FicheirosPedidos(*this, *intercambio, geral_, platform_);
     fila_ = new FilaDeFicheiros(*this, *tray_,
                                 [ficheiros](const QString &caminho) { ficheiros->Abrir(caminho); });

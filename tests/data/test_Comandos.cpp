@@ -73,6 +73,7 @@ void Encher(Sistema &s)
          u"INSERT INTO TblFotografias VALUES ('bd:a.jpg', x'616263')"_s,
          u"INSERT INTO TblCartoes (IDContacto, UID, cartao) VALUES (1, 'u1', x'78')"_s,
          u"INSERT INTO TblCartoes VALUES (5, 'u5', 'c', 'h', 'e', x'666463', 'r')"_s,
+         u"INSERT INTO TblDiferentes VALUES (2, 4)"_s,
          u"UPDATE TblConfig SET Idioma='InglesUK', Versao='5.1', Remetente='re', Destinatario='de'"_s})
         s.Escrever(sql);
     s.Escrever(u"COMMIT"_s);
@@ -139,6 +140,7 @@ const std::vector<Leitura> &Leituras()
         Le("cmdTotalMemos", {u"2"_s}),
         Le("cmdLerFotografia", {u"abc"_s}, u"bd:a.jpg"),
         Le("cmdLerCartao", {u"u5|fdc"_s}, u"5"),
+        Le("cmdListarDiferentes", {u"2|4"_s}),
         Le("cmdListarCartoes", {u"1|u1"_s, u"5|u5"_s}),
     };
     return leituras;
@@ -215,6 +217,8 @@ const std::vector<Escrita> &Escritas()
                 {u"1|u1"_s + nulos.repeated(3) + u"|x"_s + nulos, u"5|novo|c|h|e|def|r"_s}, u"5", u"novo",
                 QByteArray("def")),
         Escreve("cmdEliminarCartao", u"SELECT IDContacto FROM TblCartoes"_s, {u"1"_s}, u"5"),
+        Escreve("cmdGuardarDiferentes", u"SELECT * FROM TblDiferentes ORDER BY IDContacto"_s,
+                {u"2|4"_s, u"3|5"_s}, u"3", u"5"),
     };
     return escritas;
 }
@@ -255,7 +259,7 @@ private Q_SLOTS:
         for (const EntradaDoCatalogo &entrada : comandos::catalogo)
             catalogo.insert(entrada.nome);
         QVERIFY(ensaiados == catalogo);
-        QCOMPARE(std::set(catalogo.begin(), catalogo.end()).size(), 76U);
+        QCOMPARE(std::set(catalogo.begin(), catalogo.end()).size(), 78U);
     }
 
     void le_data() { Linhas_De_Ensaio(Leituras()); }

@@ -3,6 +3,7 @@ foreach(teste IN ITEMS
     test_ContactoDoCartao
     test_CartaoDoContacto
     test_ContactosDaTabela
+    test_JuncaoDeContactos
     test_LeituraDaTabela
     test_RegraDosDuplicados)
     morvex_teste(interchange/${teste} LIGA interchange)
@@ -11,6 +12,7 @@ morvex_teste(interchange/test_AvisosDaFusao LIGA interchange)
 morvex_teste(interchange/test_RegistoMorvex LIGA session)
 morvex_teste(interchange/test_RegistosEstragados LIGA session)
 morvex_teste(interchange/test_frmCampos LIGA session)
+morvex_teste(interchange/test_frmDuplicados LIGA session)
 morvex_teste(interchange/test_frmImportar LIGA session)
 morvex_teste(interchange/test_frmImportarMDB LIGA session)
 morvex_teste(interchange/test_frmBackup LIGA session)

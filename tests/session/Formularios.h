@@ -13,6 +13,7 @@
 #include "data/frmSeleccionarIdioma.h"
 #include "interchange/frmBackup.h"
 #include "interchange/frmCampos.h"
+#include "interchange/frmDuplicados.h"
 #include "interchange/frmExportar.h"
 #include "interchange/frmImportar.h"
 #include "interchange/frmImportar2.h"
@@ -158,6 +159,17 @@ inline const QMap<QString, Abertura> aberturas{
              QByteArray("Nome;Telemóvel;E-mail;Aniversário;Signo\r\n"
                         "Ana Silva;912345678;ana@exemplo.example;4/3/1975;Peixes\r\n"
                         "Rui Costa;3,51912E+11;rui@exemplo.example;28/11/1980;Sagitário\r\n"));
+     }},
+    {QStringLiteral("frmDuplicados"),
+     [](ComFormulario &c) {
+         const QString grupo = QString::number(c.s.Ultimo_Id(QStringLiteral("TblGrupos")));
+         for (const char *telemovel : {"912 345 678", "91 234 56 78"})
+             c.s.Novo_Contacto({{QStringLiteral("Nome"), Value(QStringLiteral("Ana Silva"))},
+                                {QStringLiteral("Telemovel1"), Value(QLatin1StringView(telemovel))},
+                                {QStringLiteral("Email1"), Value(QLatin1StringView(telemovel).first(3) + QStringLiteral("@x.example"))},
+                                {QStringLiteral("Morada"), Value(QStringLiteral("Rua Nova\r\nLisboa"))},
+                                {QStringLiteral("Grupo"), Value(grupo)}});
+         return c.Novo<frmDuplicados>(c.s.geral, c.s.plataforma, c.desfazer, &c.janela);
      }},
     {QStringLiteral("frmImportarMDB"),
      [](ComFormulario &c) {
