@@ -286,7 +286,7 @@ private Q_SLOTS:
         const auto form = m.Abrir();
         m.s.geral.SessaoActual.Editar = editar;
         m.s.geral.SessaoActual.Eliminar = eliminar;
-        m.s.caixas.Espera_Qualquer(48, form->windowTitle());
+        m.s.caixas.Espera(m.s.Texto(102), 16, u"Morvex"_s);
         form->cmdJuntar->click();
         QCOMPARE(m.s.Linhas(u"SELECT count(*) FROM TblLista"_s), QStringList{u"2"_s});
     }
