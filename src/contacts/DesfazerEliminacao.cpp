@@ -20,6 +20,14 @@ constexpr Translations noutro_grupo{
     u"Il gruppo «%1» non è più disponibile. Il contatto è tornato nel gruppo «%2».",
     u"Le groupe « %1 » n’est plus disponible. Le contact est revenu dans le groupe « %2 ».",
     u"Die Gruppe „%1“ ist nicht mehr verfügbar. Der Kontakt ist jetzt in der Gruppe „%2“."};
+constexpr Translations ficou_junto{
+    u"O contacto com que tinha sido juntado foi mudado depois, e fica como está.",
+    u"O contato com que tinha sido juntado foi mudado depois, e fica como está.",
+    u"The contact that it had been merged with was changed since, and stays as it is.",
+    u"El contacto con el que se había juntado ha cambiado después, y queda como está.",
+    u"Il contatto con cui era stato unito è cambiato in seguito, e resta com’è.",
+    u"Le contact avec lequel il avait été fusionné a changé depuis et reste tel quel.",
+    u"Der Kontakt, mit dem er zusammengeführt worden war, wurde seither geändert und bleibt, wie er ist."};
 constexpr Translations sem_grupo{
     u"Não há nenhum grupo para o qual o contacto possa voltar. Crie um grupo e tente outra vez.",
     u"Não há nenhum grupo para o qual o contato possa voltar. Crie um grupo e tente de novo.",
@@ -74,6 +82,26 @@ void DesfazerEliminacao::Guardar(const std::function<Eliminacao()> &retrato,
     });
     const bool nada = eliminacao.vai_o_grupo ? !eliminacao.grupo : eliminacao.contactos.empty();
     if (nada) return; // somebody else was first
+    Apontar(std::move(eliminacao));
+}
+
+// Two contacts are not made one unless they can be made two again.
+void DesfazerEliminacao::Juntar_Contactos(const QString &IDQueFica, const QString &IDQueVai,
+                                          const std::function<void()> &juntar)
+{
+    Eliminacao eliminacao;
+    geral_.de.Tudo_Ou_Nada([&] {
+        eliminacao = Retrato_Do_Contacto(geral_, IDQueVai);
+        Juncao juncao = Antes_De_Juntar(geral_.de, IDQueFica);
+        juntar();
+        Depois_De_Juntar(geral_.de, juncao);
+        eliminacao.juncao = std::move(juncao);
+    });
+    Apontar(std::move(eliminacao));
+}
+
+void DesfazerEliminacao::Apontar(Eliminacao eliminacao)
+{
     pilha_.push_back(std::move(eliminacao));
     Permitir();
     Q_EMIT Eliminado();
@@ -141,6 +169,7 @@ void DesfazerEliminacao::Avisar(const Reposto &reposto)
 {
     if (reposto.noutro_grupo)
         Dizer(noutro_grupo, box::information, {reposto.grupo_em_falta, reposto.outro_grupo});
+    if (reposto.ficou_junto) Dizer(ficou_junto, box::information);
 }
 
 int DesfazerEliminacao::Dizer(const Translations &palavras, int flags, const QStringList &nomes)

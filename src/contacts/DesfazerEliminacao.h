@@ -25,6 +25,10 @@ public:
     // otherwise it is empty. The deletion must ask nobody anything. Raise what it raises.
     void Eliminar_Contacto(const QString &ID, const std::function<void()> &eliminar);
     void Eliminar_Grupo(const QString &ID, const QString &destino, const std::function<void()> &eliminar);
+    // The same for a contact that becomes part of another one: what is written into that one is undone with
+    // the deletion.
+    void Juntar_Contactos(const QString &IDQueFica, const QString &IDQueVai,
+                          const std::function<void()> &juntar);
 
 Q_SIGNALS:
     // Something that can be brought back was deleted.
@@ -36,6 +40,7 @@ private:
     void DesfazerEliminar_Click();
 
     void Guardar(const std::function<Eliminacao()> &retrato, const std::function<void()> &eliminar);
+    void Apontar(Eliminacao eliminacao);
     Pilha::iterator Ultima();
     void Permitir();
     bool Pode_Desfazer(const Eliminacao &eliminacao);

@@ -1,6 +1,8 @@
 #include "contacts/Reposicao.h"
 
+#include "data/CartoesGuardados.h"
 #include "data/Geral.h"
+#include "platform/Failure.h"
 #include "platform/TextOrder.h"
 
 #include <algorithm>
@@ -84,6 +86,29 @@ LinhaInteira Grupo_A_Vista(Geral &geral, const LinhaInteira &antes)
     return achado == a_vista.end() ? a_vista.front() : *achado;
 }
 
+LinhaInteira Contacto_Com_Id(DE &de, const QString &ID)
+{
+    LinhasInteiras linhas = de.Ler_Inteiras(lista, "ID", ID);
+    if (linhas.empty())
+        throw Failure(Failure::StoreError, ID, QStringLiteral("No contact has the ID %1").arg(ID));
+    return std::move(linhas.front());
+}
+
+// As it was before it took in the other, unless somebody has changed it since. Returns whether it is.
+bool Separar(DE &de, const Juncao &juncao)
+{
+    const QString ID = linha_inteira::Texto(juncao.antes, "ID");
+    const LinhasInteiras agora = de.Ler_Inteiras(lista, "ID", ID);
+    if (agora.empty() || !Iguais(agora.front(), juncao.depois)) return false;
+    LinhaInteira antes = juncao.antes;
+    antes["MSNMessenger"] = agora.front().at("MSNMessenger");
+    if (agora.front().at("Grupo") != juncao.depois.at("Grupo")) antes["Grupo"] = agora.front().at("Grupo");
+    de.Executar("cmdEliminarNome", {ID});
+    de.Repor_Inteira(lista, antes);
+    if (juncao.veio_o_cartao) CartoesGuardados(de).Eliminar(ID);
+    return true;
+}
+
 Reposto Repor_Contacto(Geral &geral, const Eliminacao &eliminacao, Numero numero)
 {
     Reposto reposto;
@@ -99,6 +124,7 @@ Reposto Repor_Contacto(Geral &geral, const Eliminacao &eliminacao, Numero numero
     }
     reposto.IDGrupo = linha_inteira::Texto(contacto, "Grupo");
     reposto.ID = Repor_Com_Cartao(geral.de, eliminacao, contacto, numero);
+    reposto.ficou_junto = eliminacao.juncao && !Separar(geral.de, *eliminacao.juncao);
     return reposto;
 }
 
@@ -126,7 +152,9 @@ Eliminacao Retrato_Do_Contacto(Geral &geral, const QString &ID)
                           .grupo = {},
                           .contactos = geral.de.Ler_Inteiras(lista, "ID", ID),
                           .cartoes = {},
-                          .destino = {}};
+                          .destino = {},
+                          .vai_o_grupo = false,
+                          .juncao = {}};
     eliminacao.cartoes = Cartoes_De(geral.de, eliminacao.contactos);
     if (!eliminacao.contactos.empty())
         eliminacao.grupo =
@@ -141,9 +169,22 @@ Eliminacao Retrato_Do_Grupo(Geral &geral, const QString &ID, const QString &dest
                           .contactos = geral.de.Ler_Inteiras(lista, "Grupo", ID),
                           .cartoes = {},
                           .destino = destino,
-                          .vai_o_grupo = true};
+                          .vai_o_grupo = true,
+                          .juncao = {}};
     if (destino.isEmpty()) eliminacao.cartoes = Cartoes_De(geral.de, eliminacao.contactos);
     return eliminacao;
+}
+
+Juncao Antes_De_Juntar(DE &de, const QString &ID)
+{
+    return {Contacto_Com_Id(de, ID), {}, !CartoesGuardados(de).Ler(ID).has_value()};
+}
+
+void Depois_De_Juntar(DE &de, Juncao &juncao)
+{
+    const QString ID = linha_inteira::Texto(juncao.antes, "ID");
+    juncao.depois = Contacto_Com_Id(de, ID);
+    juncao.veio_o_cartao = juncao.veio_o_cartao && CartoesGuardados(de).Ler(ID).has_value();
 }
 
 Reposto Repor(Geral &geral, const Eliminacao &eliminacao, Numero numero)

@@ -11,6 +11,13 @@
 class DE;
 class Geral;
 
+// A contact that took in the one that went: its row before and after.
+struct Juncao {
+    LinhaInteira antes;
+    LinhaInteira depois;
+    bool veio_o_cartao = false; // the kept card is the other's
+};
+
 // What a deletion takes away, read before it does.
 struct Eliminacao {
     QString IdUtilizador;              // whose deletion it is
@@ -19,11 +26,16 @@ struct Eliminacao {
     std::map<QString, LinhaInteira> cartoes; // kept of those that go, by their IDs; pictures go nowhere
     QString destino; // the group into which the contacts are moved; empty: they go too
     bool vai_o_grupo = false;
+    std::optional<Juncao> juncao;
 };
 
 // The contact of that ID; the group of that ID with its contacts. IDs in digits.
 Eliminacao Retrato_Do_Contacto(Geral &geral, const QString &ID);
 Eliminacao Retrato_Do_Grupo(Geral &geral, const QString &ID, const QString &destino);
+
+// The contact of that ID before another one is put into it, and after. Raises Failure where it is not there.
+Juncao Antes_De_Juntar(DE &de, const QString &ID);
+void Depois_De_Juntar(DE &de, Juncao &juncao);
 
 // Where what was put back is now.
 struct Reposto {
@@ -32,6 +44,7 @@ struct Reposto {
     bool noutro_grupo = false; // the contact's own is not in view any more: the names of both
     QString grupo_em_falta;
     QString outro_grupo;
+    bool ficou_junto = false; // the contact that took it in was changed since, and stays as it is
 };
 
 // The ID belongs to another row now.

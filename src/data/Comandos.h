@@ -1,4 +1,4 @@
-// The catalogue of the 78 named commands: the SQL that reaches morvex.mdb, but for the merge's one question
+// The catalogue of the 80 named commands: the SQL that reaches morvex.mdb, but for the merge's one question
 // for all groups at once and for what puts deleted rows back as they were. One entry a command.
 #pragma once
 
@@ -277,10 +277,16 @@ inline constexpr std::array catalogo = std::to_array<EntradaDoCatalogo>({
      "UID cartao",
      "INSERT INTO TblCartoes (IDContacto, UID, cartao) VALUES (last_insert_rowid(), ?, ?) ON CONFLICT (IDContacto) "
      "DO UPDATE SET UID = excluded.UID, cartao = excluded.cartao"},
+    {"cmdGuardarDiferentes", SemLinhas, "TblDiferentes",
+     "IDContacto IDOutro",
+     "INSERT INTO TblDiferentes (IDContacto, IDOutro) VALUES (?, ?)"},
+    {"cmdListarDiferentes", ComLinhas, "TblDiferentes",
+     "",
+     "SELECT IDContacto, IDOutro FROM TblDiferentes"},
 });
 // clang-format on
 
-static_assert(catalogo.size() == 78);
+static_assert(catalogo.size() == 80);
 
 // Never defined: reaching it in a constant expression is the compiler's error for a misspelt command.
 void Nao_ha_tal_comando();

@@ -70,6 +70,10 @@ constexpr std::array colunas_TblCartoes{
     Coluna{"cartao", Bytes},
     Coluna{"resumo", Text},
 };
+constexpr std::array colunas_TblDiferentes{
+    Coluna{"IDContacto", Long},
+    Coluna{"IDOutro", Long},
+};
 
 constexpr std::array tabelas{
     Tabela{"TblLista", colunas_TblLista},        Tabela{"TblGrupos", colunas_TblGrupos},
@@ -77,7 +81,7 @@ constexpr std::array tabelas{
     Tabela{"TblTarefas", colunas_TblTarefas},    Tabela{"TblRepeticao", colunas_TblRepeticao},
     Tabela{"TblConfig", colunas_TblConfig},      Tabela{"TblIdiomas", colunas_TblIdiomas},
     Tabela{"TblEmails", colunas_TblEmails},      Tabela{"TblFotografias", colunas_TblFotografias, 1},
-    Tabela{"TblCartoes", colunas_TblCartoes, 1},
+    Tabela{"TblCartoes", colunas_TblCartoes, 1}, Tabela{"TblDiferentes", colunas_TblDiferentes, 2},
 };
 
 QString texto(std::string_view nome)

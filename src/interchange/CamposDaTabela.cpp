@@ -17,7 +17,7 @@ bool Tem_Lugar(CsvField campo) { return campo == CsvField::Address || isAddressP
 
 QString Do_Cartao(Rotulo rotulo, const Geral &geral)
 {
-    return rotulos_do_cartao::Em(rotulo, geral.IdiomaActual);
+    return geral.IdiomaActual.isEmpty() ? QString() : rotulos_do_cartao::Em(rotulo, geral.IdiomaActual);
 }
 
 QString Palavra_Do_Nome(CsvField campo, Geral &geral)

@@ -5,22 +5,32 @@
 #include "data/Geral.h"
 #include "interchange/DE2.h"
 #include "interchange/frmBackup.h"
+#include "interchange/frmDuplicados.h"
 #include "interchange/frmExportar.h"
 #include "interchange/frmImportar.h"
 #include "interchange/frmImportarContactos.h"
 #include "janela/Janela.h"
 
 #include <QAction>
+#include <QGuiApplication>
 #include <QMainWindow>
+#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 
-Intercambio::Intercambio(Janela &janela, Geral &geral, Platform &platform, ReportControl &relatorio)
-    : QObject(&janela), janela_(janela), geral_(geral), platform_(platform), CrystalReport1(relatorio)
+Intercambio::Intercambio(Janela &janela, Geral &geral, Platform &platform, ReportControl &relatorio,
+                         DesfazerEliminacao &desfazer)
+    : QObject(&janela),
+      janela_(janela),
+      geral_(geral),
+      platform_(platform),
+      CrystalReport1(relatorio),
+      desfazer_(desfazer)
 {
     connect(janela.Importar, &QAction::triggered, this, &Intercambio::Importar_Click);
     connect(janela.Exportar, &QAction::triggered, this, &Intercambio::Exportar_Click);
     connect(janela.ImportarContactos, &QAction::triggered, this, [this] { ImportarContactos({}); });
+    connect(janela.Duplicados, &QAction::triggered, this, &Intercambio::Duplicados_Click);
     connect(janela.mnuBackup, &QAction::triggered, this, &Intercambio::mnuBackup_Click);
 }
 
@@ -70,6 +80,20 @@ void Intercambio::Mostrar_frmImportarContactos(const std::function<void(frmImpor
 void Intercambio::Exportar_Click()
 {
     frmExportar(geral_, CrystalReport1, *janela_.ListaNomes, &janela_).exec();
+}
+
+// A large book takes a moment to be compared.
+void Intercambio::Duplicados_Click()
+{
+    if (!Tem_Direito(geral_.SessaoActual.Editar, geral_, platform_, &janela_)) return;
+    const DisabledWindow desactivada(janela_);
+    const auto form = [this] {
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+        const auto depois = qScopeGuard([] { QGuiApplication::restoreOverrideCursor(); });
+        return std::make_unique<frmDuplicados>(geral_, platform_, desfazer_, &janela_);
+    }();
+    form->exec();
+    if (form->Juntou()) Q_EMIT ContactosMudados();
 }
 
 void Intercambio::mnuBackup_Click() { frmBackup(geral_, platform_, &janela_).exec(); }

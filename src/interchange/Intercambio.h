@@ -8,6 +8,7 @@
 
 class DE2;
 class frmImportarContactos;
+class DesfazerEliminacao;
 class Geral;
 class Janela;
 class ReportControl;
@@ -17,7 +18,8 @@ class Intercambio final : public QObject
 {
     Q_OBJECT
 public:
-    Intercambio(Janela &janela, Geral &geral, Platform &platform, ReportControl &CrystalReport1);
+    Intercambio(Janela &janela, Geral &geral, Platform &platform, ReportControl &CrystalReport1,
+                DesfazerEliminacao &desfazer);
     ~Intercambio() override;
 
     // The older database: made at the first use, from the file chosen last, and the same ever after. Raises
@@ -42,11 +44,13 @@ private:
     void Mostrar_frmImportar(const QString &caminho);
     void Exportar_Click();
     void Mostrar_frmImportarContactos(const std::function<void(frmImportarContactos &)> &abrir);
+    void Duplicados_Click();
     void mnuBackup_Click();
 
     Janela &janela_;
     Geral &geral_;
     Platform &platform_;
     ReportControl &CrystalReport1;
+    DesfazerEliminacao &desfazer_;
     std::unique_ptr<DE2> de2_;
 };

@@ -29,7 +29,10 @@ QString Aniversario(const ColunasDoContacto &colunas, Geral &geral)
 QString linhas_do_contacto::Rotulo(Linha linha, Geral &geral)
 {
     using R = ::Rotulo;
-    const auto palavra = [&](R rotulo) { return rotulos_do_cartao::Em(rotulo, geral.IdiomaActual); };
+    const auto palavra = [&](R rotulo) { // blank while no language is active, as the texts of the table are
+        const QString &idioma = geral.IdiomaActual;
+        return idioma.isEmpty() ? QString() : rotulos_do_cartao::Em(rotulo, idioma);
+    };
     switch (linha) {
     case Linha::Nome:
         return geral.Ler_Idioma(texto_nome);

@@ -1,5 +1,6 @@
 #include "interchange/ModelosDaTabela.h"
 
+#include "controls/Contrast.h"
 #include "interchange/CamposDaTabela.h"
 #include "interchange/LeituraDaTabela.h"
 
@@ -12,6 +13,19 @@ using namespace Qt::StringLiterals;
 namespace
 {
 std::size_t Coluna_De(const QModelIndex &indice) { return static_cast<std::size_t>(indice.column()); }
+
+// Of what goes to Obs: paler than the rest, and still to be read.
+QBrush Cinzento()
+{
+    const QPalette paleta = QApplication::palette();
+    const QColor fundo = paleta.color(QPalette::Base);
+    const QColor letras = paleta.color(QPalette::Text);
+    const auto entre = [](int a, int b) { return (3 * a + 2 * b) / 5; };
+    const QColor pelo_meio(entre(letras.red(), fundo.red()), entre(letras.green(), fundo.green()),
+                           entre(letras.blue(), fundo.blue()));
+    constexpr int luz = 160; // per cent: the shine that the style gives a button at its top
+    return readableOn(readableOn(pelo_meio, fundo), paleta.color(QPalette::Button).lighter(luz));
+}
 
 int Quantas_Colunas(const LeituraDaTabela &leitura, const QModelIndex &pai)
 {
@@ -61,7 +75,7 @@ QVariant ModeloDosCampos::data(const QModelIndex &indice, int papel) const
         return campos_da_tabela::Escolha_De(campo);
     case Qt::ForegroundRole:
         if (!campos_da_tabela::Vai_Para_Obs(campo)) return {};
-        return QApplication::palette().brush(QPalette::PlaceholderText);
+        return Cinzento();
     default:
         return {};
     }
@@ -108,7 +122,7 @@ QVariant ModeloDasLinhas::data(const QModelIndex &indice, int papel) const
         return Celula_A_Vista(leitura_.Celula(static_cast<std::size_t>(indice.row()), Coluna_De(indice)));
     if (papel == Qt::ForegroundRole &&
         campos_da_tabela::Vai_Para_Obs(leitura_.Mapa().colunas.at(Coluna_De(indice))))
-        return QApplication::palette().brush(QPalette::PlaceholderText);
+        return Cinzento();
     return {};
 }
 

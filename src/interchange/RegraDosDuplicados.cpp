@@ -14,32 +14,6 @@ namespace
 {
 constexpr std::size_t mais_da_mesma_chave = 3; // a switchboard, info@: it proves nothing of more contacts
 
-// The words of a name in the order of the alphabet, so that "Silva, Ana" is "Ana Silva".
-QString Chave_Do_Nome(const QString &nome)
-{
-    static const QSet<QString> particulas{u"de"_s,  u"da"_s,  u"do"_s,  u"dos"_s, u"das"_s, u"e"_s,
-                                          u"di"_s,  u"del"_s, u"von"_s, u"van"_s, u"dr"_s,  u"dra"_s,
-                                          u"eng"_s, u"sr"_s,  u"sra"_s, u"mr"_s,  u"mrs"_s};
-    QStringList palavras = Nome_Dobrado(nome).split(u' ', Qt::SkipEmptyParts);
-    palavras.removeIf([](const QString &palavra) { return particulas.contains(palavra); });
-    palavras.sort();
-    return palavras.join(u' ');
-}
-
-// A short number is nobody's: 112, an extension.
-QString Chave_Do_Numero(const QString &numero)
-{
-    constexpr qsizetype menor = 7;
-    constexpr qsizetype maior = 9; // without the country
-    QString algarismos;
-    for (const QChar sinal : numero)
-        if (sinal.isDigit()) algarismos += sinal;
-    if (algarismos.startsWith("00"_L1)) algarismos.remove(0, 2);
-    return algarismos.size() < menor ? QString() : algarismos.right(maior);
-}
-
-QString Chave_Do_Email(const QString &email) { return email.trimmed().toLower(); }
-
 QStringList Sem(QStringList chaves, const QStringList &outras)
 {
     chaves.removeIf([&](const QString &chave) { return outras.contains(chave); });
@@ -97,23 +71,10 @@ bool Tem_Colunas_Novas(const ColunasDoContacto &novas, const ColunasDoContacto &
 
 RegraDosDuplicados::RegraDosDuplicados(QString idioma) : idioma_(std::move(idioma)) {}
 
-RegraDosDuplicados::Chaves RegraDosDuplicados::Chaves_De(const ColunasDoContacto &colunas)
-{
-    Chaves chaves{Chave_Do_Nome(colunas[Coluna::Nome]), {}, {}};
-    const auto por = [](QStringList &lista, const QString &chave) {
-        if (!chave.isEmpty() && !lista.contains(chave)) lista << chave;
-    };
-    for (const Coluna coluna : ColunasDoContacto::numeros)
-        if (!colunas[coluna].isEmpty()) por(chaves.numeros, Chave_Do_Numero(colunas[coluna]));
-    for (const Coluna coluna : ColunasDoContacto::emails)
-        if (!colunas[coluna].isEmpty()) por(chaves.emails, Chave_Do_Email(colunas[coluna]));
-    return chaves;
-}
-
 void RegraDosDuplicados::Juntar(const ColunasDoContacto &colunas, const QString &uid)
 {
     const std::size_t lugar = todos_.size();
-    const Chaves chaves = Chaves_De(colunas);
+    const Chaves chaves = Chaves::De(colunas);
     todos_.push_back(colunas);
     chaves_.push_back(chaves);
     if (!chaves.nome.isEmpty()) nomes_[chaves.nome].push_back(lugar);
@@ -131,7 +92,7 @@ void RegraDosDuplicados::Apontar(Dicionario &dicionario, const QStringList &chav
 // A completion takes nothing away and leaves the name, so there are only more keys than before.
 void RegraDosDuplicados::Completar(std::size_t lugar, const ColunasDoContacto &completado)
 {
-    const Chaves novas = Chaves_De(completado);
+    const Chaves novas = Chaves::De(completado);
     Apontar(numeros_, Sem(novas.numeros, chaves_[lugar].numeros), lugar);
     Apontar(emails_, Sem(novas.emails, chaves_[lugar].emails), lugar);
     todos_[lugar] = completado;
@@ -162,9 +123,9 @@ bool RegraDosDuplicados::Um_Nome_Contem_O_Outro(const QString &nome, std::size_t
 bool RegraDosDuplicados::Mesmo_Telemovel(const ColunasDoContacto &colunas, std::size_t outro) const
 {
     for (const Coluna um : ColunasDoContacto::telemoveis) {
-        const QString chave = Chave_Do_Numero(colunas[um]);
+        const QString chave = ChavesDoContacto::Do_Numero(colunas[um]);
         for (const Coluna dele : ColunasDoContacto::telemoveis)
-            if (!chave.isEmpty() && chave == Chave_Do_Numero(todos_[outro][dele])) return true;
+            if (!chave.isEmpty() && chave == ChavesDoContacto::Do_Numero(todos_[outro][dele])) return true;
     }
     return false;
 }
@@ -206,14 +167,14 @@ void RegraDosDuplicados::Completar(Decisao &decisao, const ColunasDoContacto &co
     ColunasDoContacto &inteiras = decisao.completado;
     QStringList linhas;
     const auto encher = [&](EspecieDeNumero especie) {
-        Encher(inteiras, linhas, colunas, Colunas_Da_Especie(especie), Chave_Do_Numero,
+        Encher(inteiras, linhas, colunas, Colunas_Da_Especie(especie), ChavesDoContacto::Do_Numero,
                chaves_[outro].numeros, rotulos_do_cartao::Em(Rotulo_Da_Especie(especie), idioma_));
     };
     encher(EspecieDeNumero::Telefone);
     encher(EspecieDeNumero::Fax);
     encher(EspecieDeNumero::Telemovel);
-    Encher(inteiras, linhas, colunas, ColunasDoContacto::emails, Chave_Do_Email, chaves_[outro].emails,
-           rotulos_do_cartao::Em(Rotulo::Email, idioma_));
+    Encher(inteiras, linhas, colunas, ColunasDoContacto::emails, ChavesDoContacto::Do_Email,
+           chaves_[outro].emails, rotulos_do_cartao::Em(Rotulo::Email, idioma_));
     for (const Coluna coluna : {Coluna::Website, Coluna::Morada, Coluna::Fotografia})
         if (inteiras[coluna].isEmpty()) inteiras[coluna] = colunas[coluna];
     if (inteiras[Coluna::Dia].isEmpty())
@@ -232,7 +193,7 @@ void RegraDosDuplicados::Completar(Decisao &decisao, const ColunasDoContacto &co
 Decisao RegraDosDuplicados::O_Mesmo(const ColunasDoContacto &colunas, std::size_t outro) const
 {
     Decisao decisao{Veredicto::Igual, {outro}, todos_[outro], {}};
-    const Chaves chaves = Chaves_De(colunas);
+    const Chaves chaves = Chaves::De(colunas);
     const bool tem_chaves_novas = !Sem(chaves.numeros, chaves_[outro].numeros).isEmpty() ||
                                   !Sem(chaves.emails, chaves_[outro].emails).isEmpty();
     if (!tem_chaves_novas && !Tem_Colunas_Novas(colunas, todos_[outro])) return decisao;
@@ -256,7 +217,7 @@ Decisao RegraDosDuplicados::Juntos(const QString &idioma, const ColunasDoContact
 
 Decisao RegraDosDuplicados::Decidir(const ColunasDoContacto &colunas, const QString &uid) const
 {
-    const Chaves chaves = Chaves_De(colunas);
+    const Chaves chaves = Chaves::De(colunas);
     const Lugares mesmo_nome = chaves.nome.isEmpty() ? Lugares() : nomes_.value(chaves.nome);
     const Lugares por_numero = Com_Alguma(numeros_, chaves.numeros);
     const Lugares por_email = Com_Alguma(emails_, chaves.emails);

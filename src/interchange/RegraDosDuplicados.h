@@ -2,7 +2,7 @@
 // of names, numbers and mails, never pair by pair.
 #pragma once
 
-#include "interchange/ColunasDoContacto.h"
+#include "interchange/ChavesDoContacto.h"
 
 #include <QHash>
 #include <QStringList>
@@ -47,13 +47,8 @@ public:
 private:
     using Lugares = std::vector<std::size_t>;
     using Dicionario = QHash<QString, Lugares>;
-    struct Chaves {
-        QString nome;
-        QStringList numeros; // each once
-        QStringList emails;
-    };
+    using Chaves = ChavesDoContacto;
 
-    static Chaves Chaves_De(const ColunasDoContacto &colunas);
     static void Apontar(Dicionario &dicionario, const QStringList &chaves, std::size_t lugar);
     static Lugares Com_Alguma(const Dicionario &dicionario, const QStringList &chaves);
     bool Um_Nome_Contem_O_Outro(const QString &nome, std::size_t outro) const;

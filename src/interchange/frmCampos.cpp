@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr int largura_da_coluna = 120; // in pixels, as below
+constexpr int largura_da_coluna = 140; // in pixels, as below
 constexpr int altura_do_campo = 24;
 constexpr int altura_da_linha = 18;
 constexpr int largura_do_rotulo = 90;

@@ -96,7 +96,7 @@ Main::Main(Geral &geral, Platform &platform)
     new AccoesContacto(*this, geral_, platform_, *lista_, *cartao_, *desfazer);
 
     new Impressao(*this, geral_, platform_, *CrystalReport1);
-    auto *intercambio = new Intercambio(*this, geral_, platform_, *CrystalReport1);
+    auto *intercambio = new Intercambio(*this, geral_, platform_, *CrystalReport1, *desfazer);
     new SaidaDeContactos(*this, geral_, platform_);
     auto *ficheiros = new FicheirosPedidos(*this, *intercambio);
     fila_ = new FilaDeFicheiros(*this, *tray_,

@@ -73,6 +73,7 @@ void Encher(Sistema &s)
          u"INSERT INTO TblFotografias VALUES ('bd:a.jpg', x'616263')"_s,
          u"INSERT INTO TblCartoes (IDContacto, UID, cartao) VALUES (1, 'u1', x'78')"_s,
          u"INSERT INTO TblCartoes VALUES (5, 'u5', 'c', 'h', 'e', x'666463', 'r')"_s,
+         u"INSERT INTO TblDiferentes VALUES (2, 4)"_s,
          u"UPDATE TblConfig SET Idioma='InglesUK', Versao='5.1', Remetente='re', Destinatario='de'"_s})
         s.Escrever(sql);
     s.Escrever(u"COMMIT"_s);
@@ -139,6 +140,7 @@ const std::vector<Leitura> &Leituras()
         Le("cmdTotalMemos", {u"2"_s}),
         Le("cmdLerFotografia", {u"abc"_s}, u"bd:a.jpg"),
         Le("cmdLerCartao", {u"u5|fdc"_s}, u"5"),
+        Le("cmdListarDiferentes", {u"2|4"_s}),
         Le("cmdListarCartoes", {u"1|u1"_s, u"5|u5"_s}),
     };
     return leituras;
@@ -219,6 +221,8 @@ const std::vector<Escrita> &Escritas()
         Escreve("cmdGuardarCartaoDoNovo", u"SELECT IDContacto, UID, cartao FROM TblCartoes"_s,
                 {u"0|novo|def"_s, u"1|u1|x"_s, u"5|u5|fdc"_s}, u"novo", // nothing was added before it
                 QByteArray("def")),
+        Escreve("cmdGuardarDiferentes", u"SELECT * FROM TblDiferentes ORDER BY IDContacto"_s,
+                {u"2|4"_s, u"3|5"_s}, u"3", u"5"),
     };
     return escritas;
 }

@@ -36,6 +36,7 @@ private Q_SLOTS:
         QTest::newRow("TblEmails") << u"ID:c Email:t ServerName:t Username:t PalavraPasse:t IdUtilizador:n"_s;
         QTest::newRow("TblFotografias") << u"Nome:t Imagem:b"_s;
         QTest::newRow("TblCartoes") << u"IDContacto:n UID:t conta:t href:t etag:t cartao:b resumo:t"_s;
+        QTest::newRow("TblDiferentes") << u"IDContacto:n IDOutro:n"_s;
     }
     void as_tabelas_e_as_suas_colunas()
     {
@@ -54,7 +55,7 @@ private Q_SLOTS:
         QCOMPARE(achadas, partes);
     }
 
-    void sao_onze() { QCOMPARE(esquema::Tabelas().size(), 11U); }
+    void sao_doze() { QCOMPARE(esquema::Tabelas().size(), 12U); }
 
     void as_chaves_que_a_base_nao_da_sao_duas()
     {
@@ -92,7 +93,7 @@ private Q_SLOTS:
                  QStringList{u"1||1||"_s});
         for (const QString &tabela :
              {u"TblLista"_s, u"TblGrupos"_s, u"TblUsers"_s, u"TblMemos"_s, u"TblTarefas"_s, u"TblRepeticao"_s,
-              u"TblEmails"_s, u"TblFotografias"_s, u"TblCartoes"_s})
+              u"TblEmails"_s, u"TblFotografias"_s, u"TblCartoes"_s, u"TblDiferentes"_s})
             QCOMPARE(s.Linhas(u"SELECT count(*) FROM "_s + tabela), QStringList{u"0"_s});
     }
 

@@ -1,6 +1,7 @@
 // The form in which a person says what the columns of a foreign table hold.
 #include "interchange/frmCampos.h"
 
+#include "controls/Contrast.h"
 #include "interchange/CamposDaTabela.h"
 #include "testlib/Sistema.h"
 #include "testlib/TempoGasto.h"
@@ -61,8 +62,14 @@ private Q_SLOTS:
         QCOMPARE(form->tblCampos->model()->headerData(0, Qt::Horizontal).toString(), u"Quem"_s);
         QCOMPARE(Palavra(*form, 1), u"Telemóvel"_s);
         QCOMPARE(Palavra(*form, 2), m.s.Texto(352));
-        const auto cinzento = form->palette().brush(QPalette::PlaceholderText);
-        QCOMPARE(form->tblCampos->model()->index(0, 2).data(Qt::ForegroundRole).value<QBrush>(), cinzento);
+        const QColor letras = form->palette().color(QPalette::Text);
+        const QColor fundo = form->palette().color(QPalette::Base);
+        for (const QTableView *tabela_vista : {form->tblCampos, form->tblLinhas}) {
+            const auto cor =
+                tabela_vista->model()->index(0, 2).data(Qt::ForegroundRole).value<QBrush>().color();
+            QVERIFY(contrast(cor, fundo) < contrast(letras, fundo));
+            QVERIFY(contrast(cor, fundo) >= readableContrast);
+        }
         QVERIFY(!form->tblCampos->model()->index(0, 1).data(Qt::ForegroundRole).isValid());
     }
 

@@ -6,6 +6,7 @@ foreach(teste IN ITEMS
     test_ConteudoDoQR
     test_ContactosDaTabela
     test_ExportacaoDeContactos
+    test_JuncaoDeContactos
     test_LeituraDaTabela
     test_RegraDosDuplicados)
     morvex_teste(interchange/${teste} LIGA interchange)
@@ -17,6 +18,7 @@ morvex_teste(interchange/test_ImportacaoDeContactos LIGA interchange)
 morvex_teste(interchange/test_EscritaDaImportacao LIGA interchange)
 morvex_teste(interchange/test_frmImportarContactos LIGA session)
 morvex_teste(interchange/test_frmCampos LIGA session)
+morvex_teste(interchange/test_frmDuplicados LIGA session)
 morvex_teste(interchange/test_frmImportar LIGA session)
 morvex_teste(interchange/test_frmImportarMDB LIGA session)
 morvex_teste(interchange/test_frmBackup LIGA session)

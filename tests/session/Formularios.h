@@ -13,6 +13,7 @@
 #include "data/frmSeleccionarIdioma.h"
 #include "interchange/frmBackup.h"
 #include "interchange/frmCampos.h"
+#include "interchange/frmDuplicados.h"
 #include "interchange/frmExportar.h"
 #include "interchange/frmExportarContactos.h"
 #include "interchange/frmImportar.h"
@@ -191,6 +192,17 @@ inline const QMap<QString, Abertura> aberturas{
          while (barra.isVisible())
              QCoreApplication::processEvents();
          return form;
+     }},
+    {QStringLiteral("frmDuplicados"),
+     [](ComFormulario &c) {
+         const QString grupo = QString::number(c.s.Ultimo_Id(QStringLiteral("TblGrupos")));
+         for (const char *telemovel : {"912 345 678", "91 234 56 78"})
+             c.s.Novo_Contacto({{QStringLiteral("Nome"), Value(QStringLiteral("Ana Silva"))},
+                                {QStringLiteral("Telemovel1"), Value(QLatin1StringView(telemovel))},
+                                {QStringLiteral("Email1"), Value(QLatin1StringView(telemovel).first(3) + QStringLiteral("@x.example"))},
+                                {QStringLiteral("Morada"), Value(QStringLiteral("Rua Nova\r\nLisboa"))},
+                                {QStringLiteral("Grupo"), Value(grupo)}});
+         return c.Novo<frmDuplicados>(c.s.geral, c.s.plataforma, c.desfazer, &c.janela);
      }},
     {QStringLiteral("frmImportarMDB"),
      [](ComFormulario &c) {
