@@ -63,7 +63,7 @@ QString Em_Milimetros(const Formato &formato, const QLocale &locale)
 } // namespace
 
 frmEtiquetas::frmEtiquetas(Geral &geral, ReportControl &relatorio, const ListBox &ListaNomes, QWidget *dono)
-    : QDialog(dono), geral_(geral), CrystalReport1(relatorio)
+    : QDialog(dono), geral_(geral), CrystalReport1(relatorio), pausa_(geral.temporizadores)
 {
     setupUi(this);
     scale::apply(*this);
@@ -72,7 +72,6 @@ frmEtiquetas::frmEtiquetas(Geral &geral, ReportControl &relatorio, const ListBox
     connect(cmdCancelar, &QPushButton::clicked, this, &QDialog::reject);
     connect(this, &QDialog::finished, this, &frmEtiquetas::Form_Unload);
 
-    geral_.temporizadores.Gerir_Temporizadores(u"stop"_s);
     Legendar();
     opcoes->FrameEstilo->hide();
     opcoes->Carregar(geral_, ListaNomes);
@@ -103,7 +102,7 @@ void frmEtiquetas::Oferecer_Formatos()
     ComboFormato->setListIndex(0);
 }
 
-void frmEtiquetas::Form_Unload() { geral_.temporizadores.Gerir_Temporizadores(u"start"_s); }
+void frmEtiquetas::Form_Unload() { pausa_.Retomar(); }
 
 void frmEtiquetas::ComboFormato_Click()
 {
