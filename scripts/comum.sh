@@ -13,7 +13,7 @@ pacotes_para_construir=(
 # A screen in memory with a window manager, for a machine without a display.
 pacotes_para_ecra_virtual=(xvfb openbox dbus xdotool x11-utils imagemagick)
 # What takes the manual's pictures: the screen, a clock that stands where it is told, a smaller palette.
-pacotes_para_retratos=("${pacotes_para_ecra_virtual[@]}" python3 python3-xlib faketime pngquant)
+pacotes_para_retratos=("${pacotes_para_ecra_virtual[@]}" python3 faketime pngquant)
 pacotes_para_testar=(
     "${pacotes_para_ecra_virtual[@]}" trayer python3-xlib python3-dbus python3-gi python3 desktop-file-utils appstream openssl poppler-utils python3-xlrd xz-utils
     cups-daemon cups-client cups-filters libreoffice-calc-nogui libreoffice-writer-nogui
