@@ -73,7 +73,7 @@ void Provar(const QString &caminho)
 QString Ficheiro_Provado(const QUrl &url)
 {
     if (!url.isLocalFile()) throw FotografiaRecusada(na_rede, url.toDisplayString());
-    const QString caminho = url.toLocalFile();
+    QString caminho = url.toLocalFile();
     const QFileInfo ficheiro(caminho);
     if (!ficheiro.isFile() || !ficheiro.isReadable()) throw FotografiaRecusada(nao_ha_ficheiro, caminho);
     if (ficheiro.size() > maior_ficheiro) throw FotografiaRecusada(grande_demais, caminho);

@@ -17,6 +17,9 @@ public:
     // One for each name, in their order.
     std::vector<CsvColumn> columns(const QStringList &names) const;
 
+    // A name that means different things in different programs.
+    bool isAmbiguous(const QString &name) const { return meaningOf(name).isDoubtful; }
+
     std::size_t knownNames() const { return static_cast<std::size_t>(names_.size()); }
 
     // A name as the table has it: lower case, without accents, all signs but letters and digits one blank.

@@ -1,5 +1,5 @@
-// The catalogue of the 71 named commands: the SQL that reaches morvex.mdb, but for the merge's one question for all
-// groups at once and for what puts deleted rows back as they were. One entry a command.
+// The catalogue of the 77 named commands: the SQL that reaches morvex.mdb, but for the merge's one question
+// for all groups at once and for what puts deleted rows back as they were. One entry a command.
 #pragma once
 
 #include <array>
@@ -254,10 +254,29 @@ inline constexpr std::array catalogo = std::to_array<EntradaDoCatalogo>({
     {"cmdTotalMemos", ComLinhas, "TblMemos",
      "",
      "SELECT COUNT(ID) AS TotalMemos FROM TblMemos"},
+    {"cmdGuardarFotografia", SemLinhas, "TblFotografias",
+     "Nome Imagem",
+     "INSERT INTO TblFotografias (Nome, Imagem) VALUES (?, ?) ON CONFLICT (Nome) DO NOTHING"},
+    {"cmdLerFotografia", ComLinhas, "TblFotografias",
+     "Nome",
+     "SELECT Imagem FROM TblFotografias WHERE Nome=?"},
+    {"cmdGuardarCartao", SemLinhas, "TblCartoes",
+     "IDContacto UID cartao",
+     "INSERT INTO TblCartoes (IDContacto, UID, cartao) VALUES (?, ?, ?) ON CONFLICT (IDContacto) DO UPDATE SET "
+     "UID = excluded.UID, cartao = excluded.cartao"},
+    {"cmdLerCartao", ComLinhas, "TblCartoes",
+     "IDContacto",
+     "SELECT UID, cartao FROM TblCartoes WHERE IDContacto=?"},
+    {"cmdListarCartoes", ComLinhas, "TblCartoes",
+     "",
+     "SELECT IDContacto, UID FROM TblCartoes ORDER BY IDContacto"},
+    {"cmdEliminarCartao", SemLinhas, "TblCartoes",
+     "IDContacto",
+     "DELETE * FROM TblCartoes WHERE IDContacto=?"},
 });
 // clang-format on
 
-static_assert(catalogo.size() == 71);
+static_assert(catalogo.size() == 77);
 
 // Never defined: reaching it in a constant expression is the compiler's error for a misspelt command.
 void Nao_ha_tal_comando();

@@ -2,10 +2,13 @@
 
 #include "data/Esquema.h"
 #include "data/IndiceDosNomes.h"
+#include "data/PassosDoEsquema.h"
 #include "platform/Failure.h"
 #include "store/CleanCopy.h"
 
 #include <algorithm>
+#include <QJsonArray>
+#include <QJsonDocument>
 
 namespace
 {
@@ -91,6 +94,26 @@ void DE::Percorrer(ComandoComLinhas comando, std::initializer_list<Value> parame
     Ligacao().rows(instrucao.sql, Converter(instrucao, parametros), linha);
 }
 
+bool DE::Percorrer_As_Que(ComandoComLinhas comando, const Value &parametro, QLatin1StringView colunas,
+                          const Wanted &querida, const std::function<void(const Row &)> &linha)
+{
+    Rs(comando).Close();
+    const Instrucao &instrucao = Preparada(comando.Posicao());
+    const auto valores = Converter(instrucao, {parametro});
+    const qsizetype ordem = instrucao.sql.lastIndexOf(QLatin1StringView(" ORDER BY "));
+    bool ha = false;
+    Ligacao().rowsWanted(instrucao.sql.left(ordem) + QLatin1StringView(" AND wanted(") + colunas + u')' +
+                             instrucao.sql.mid(ordem),
+                         valores, querida, [&](const Row &uma) {
+                             ha = true;
+                             linha(uma);
+                         });
+    if (!ha)
+        Ligacao().rows(instrucao.sql.left(ordem) + QLatin1StringView(" LIMIT 1"), valores,
+                       [&ha](const Row &) { ha = true; });
+    return ha;
+}
+
 void DE::Executar(ComandoSemLinhas comando, std::initializer_list<Value> parametros)
 {
     const Instrucao &instrucao = Preparada(comando.Posicao());
@@ -108,6 +131,11 @@ Recordset DE::Grupos_Depois_De(qint64 ID)
 {
     return Ligacao().query(QStringLiteral("SELECT ID, NomeGrupo FROM TblGrupos WHERE ID > ? ORDER BY ID"),
                            {ID});
+}
+
+void DE::Percorrer_Textos(const std::function<void(const Row &)> &linha)
+{
+    Ligacao().rows(QStringLiteral("SELECT * FROM TblIdiomas"), {}, linha);
 }
 
 LinhasInteiras DE::Ler_Inteiras(std::string_view tabela, std::string_view coluna, const Value &valor)
@@ -133,6 +161,39 @@ void DE::Repor_No_Grupo(const Value &ID, const Value &grupo, const Value &de_ond
                       {grupo.convertedTo(Long), ID.convertedTo(Long), de_onde_esta.convertedTo(Long)});
 }
 
+void DE::Percorrer_A_Vista(const Value &IdUtilizador, qint64 depois_de, int quantos,
+                           const std::function<void(const Row &)> &linha)
+{
+    Ligacao().rows(
+        QStringLiteral("SELECT * FROM TblLista WHERE ID > ? AND Grupo IN (SELECT ID FROM TblGrupos "
+                       "WHERE IdUtilizador = 0 OR IdUtilizador = ?) ORDER BY ID LIMIT ?"),
+        {depois_de, IdUtilizador.convertedTo(ColumnType::Long), qint64{quantos}}, linha);
+}
+
+qint64 DE::Ultimo_ID(std::string_view tabela)
+{
+    const QString sql =
+        QStringLiteral("SELECT max(ifnull((SELECT seq FROM sqlite_sequence WHERE name = ?), 0), "
+                       "ifnull((SELECT max(ID) FROM %1), 0)) AS ID");
+    return Ligacao().query(sql.arg(texto(tabela)), {texto(tabela)}).Fields("ID").number();
+}
+
+void DE::Recuar_ID(std::string_view tabela, qint64 ultimo)
+{
+    Ligacao().execute(QStringLiteral("UPDATE sqlite_sequence SET seq = ? WHERE name = ?"),
+                      {ultimo, texto(tabela)});
+}
+
+void DE::Largar_Fotografias(const QSet<QString> &nomes)
+{
+    const QJsonArray lista = QJsonArray::fromStringList(QStringList(nomes.begin(), nomes.end()));
+    Ligacao().execute(
+        QStringLiteral(
+            "DELETE FROM TblFotografias WHERE Nome IN (SELECT value FROM json_each(?)) AND Nome NOT "
+            "IN (SELECT Fotografia FROM TblLista WHERE Fotografia IS NOT NULL)"),
+        {QString::fromUtf8(QJsonDocument(lista).toJson())});
+}
+
 bool DE::E_A_Base_Aberta(const QString &caminho) { return isSameFile(Ligacao().file(), caminho); }
 
 void DE::Fechar_Ligacao()
@@ -142,7 +203,33 @@ void DE::Fechar_Ligacao()
     ligacao_.Close();
 }
 
-void DE::Reabrir_Ligacao() { ligacao_.Open(); }
+void DE::Reabrir_Ligacao() { Abrir_Ligacao(); }
+
+// What an older file lacks it may go on lacking: one that takes no writing can still be read.
+void DE::Abrir_Ligacao()
+{
+    em_dia_ = false;
+    ligacao_.Open();
+    try {
+        esquema::Por_Em_Dia(ligacao_);
+    } catch (const Failure &falha) {
+        if (falha.kind() != Failure::Kind::DatabaseNewer) return;
+        ligacao_.Close();
+        throw;
+    }
+}
+
+bool DE::Em_Dia()
+{
+    if (!em_dia_) em_dia_ = esquema::Em_Dia(Ligacao());
+    return em_dia_;
+}
+
+void DE::Experimentar_Escrita()
+{
+    Ligacao().tryWriting();
+    esquema::Por_Em_Dia(ligacao_);
+}
 
 // A failure leaves the connection closed, so the next command tries again and fails in the same way.
 Connection &DE::Ligacao()
@@ -151,7 +238,7 @@ Connection &DE::Ligacao()
     ligacao_.setConnectionString(
         QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source= '") + base_.Fixar() +
         QStringLiteral("'") + QStringLiteral(";Jet OLEDB:Encrypt Database=True;Persist Security Info=False"));
-    ligacao_.Open();
+    Abrir_Ligacao();
     skipFailure([this] { Cuidar_Do_Indice(ligacao_); }); // a file that takes no writing can still be read
     return ligacao_;
 }

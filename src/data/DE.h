@@ -10,6 +10,7 @@
 #include <array>
 #include <functional>
 #include <initializer_list>
+#include <QSet>
 #include <QString>
 
 class DE
@@ -32,6 +33,11 @@ public:
     void Percorrer(ComandoComLinhas comando, std::initializer_list<Value> parametros,
                    const std::function<void(const Row &)> &linha);
 
+    // The same for the few of them whose two columns are wanted, which is asked before they are sorted. Tells
+    // whether the command has rows at all.
+    bool Percorrer_As_Que(ComandoComLinhas comando, const Value &parametro, QLatin1StringView colunas,
+                          const Wanted &querida, const std::function<void(const Row &)> &linha);
+
     // Runs a command that writes. What it did is in the file when it returns.
     void Executar(ComandoSemLinhas comando, std::initializer_list<Value> parametros = {});
 
@@ -39,8 +45,12 @@ public:
     // the file when this returns or raises.
     void Juntar(const std::function<void()> &trabalho);
 
-    // Tries whether the database takes a write, and takes it back. Raises Failure where it takes none.
-    void Experimentar_Escrita() { Ligacao().tryWriting(); }
+    // Tries whether the database takes a write, and takes it back. Raises Failure where it takes none. An
+    // older one that could not be brought up to date when it was opened is now.
+    void Experimentar_Escrita();
+
+    // Whether the database has all tables. An older one that takes no writing lacks those that came later.
+    bool Em_Dia();
 
     // Runs that with a lock of somebody else's waited for once, not at each command.
     void Esperar_Uma_Vez(const std::function<void()> &trabalho) { Ligacao().waitingOnce(trabalho); }
@@ -55,12 +65,26 @@ public:
     // each walk over all the others.
     Recordset Grupos_Depois_De(qint64 ID);
 
+    // The rows of all texts: their number and the seven languages.
+    void Percorrer_Textos(const std::function<void(const Row &)> &linha);
+
     // What undoing a deletion asks beyond the commands: rows as they stand, the same rows put back with their
     // IDs, and contacts put back into the group out of which they were moved.
     LinhasInteiras Ler_Inteiras(std::string_view tabela, std::string_view coluna, const Value &valor);
     // A row whose ID is Null receives the next one. Returns the ID of the row.
     QString Repor_Inteira(std::string_view tabela, const LinhaInteira &linha);
     void Repor_No_Grupo(const Value &ID, const Value &grupo, const Value &de_onde_esta);
+
+    // What an import asks beyond the commands. Hands on the rows of the contacts that the user sees, by their
+    // ID: those with a higher one than that, at most so many.
+    void Percorrer_A_Vista(const Value &IdUtilizador, qint64 depois_de, int quantos,
+                           const std::function<void(const Row &)> &linha);
+    // The highest number that the table's counter has ever given; 0 for none.
+    qint64 Ultimo_ID(std::string_view tabela);
+    // The numbers behind that one are given once more. The table holds none of them.
+    void Recuar_ID(std::string_view tabela, qint64 ultimo);
+    // Takes those pictures away that no contact shows.
+    void Largar_Fotografias(const QSet<QString> &nomes);
 
     // Runs that as one: all that its commands write is in the file when this returns, and nothing of it when
     // this raises.
@@ -86,8 +110,10 @@ public:
 
 private:
     Connection &Ligacao();
+    void Abrir_Ligacao();
 
     CaminhoDaBase base_;
     Connection ligacao_;
+    bool em_dia_ = false; // as far as is known
     std::array<Recordset, comandos::catalogo.size()> conjuntos_;
 };

@@ -57,13 +57,27 @@ constexpr std::array colunas_TblEmails{
     Coluna{"ID", Long, true},    Coluna{"Email", Text},        Coluna{"ServerName", Text},
     Coluna{"Username", Text},    Coluna{"PalavraPasse", Text}, Coluna{"IdUtilizador", Long},
 };
+constexpr std::array colunas_TblFotografias{
+    Coluna{"Nome", Text, false, {}, true},
+    Coluna{"Imagem", Bytes},
+};
+constexpr std::array colunas_TblCartoes{
+    Coluna{"IDContacto", Long, false, {}, true},
+    Coluna{"UID", Text},
+    Coluna{"conta", Text},
+    Coluna{"href", Text},
+    Coluna{"etag", Text},
+    Coluna{"cartao", Bytes},
+    Coluna{"resumo", Text},
+};
 
 constexpr std::array tabelas{
-    Tabela{"TblLista", colunas_TblLista},     Tabela{"TblGrupos", colunas_TblGrupos},
-    Tabela{"TblUsers", colunas_TblUsers},     Tabela{"TblMemos", colunas_TblMemos},
-    Tabela{"TblTarefas", colunas_TblTarefas}, Tabela{"TblRepeticao", colunas_TblRepeticao},
-    Tabela{"TblConfig", colunas_TblConfig},   Tabela{"TblIdiomas", colunas_TblIdiomas},
-    Tabela{"TblEmails", colunas_TblEmails},
+    Tabela{"TblLista", colunas_TblLista},        Tabela{"TblGrupos", colunas_TblGrupos},
+    Tabela{"TblUsers", colunas_TblUsers},        Tabela{"TblMemos", colunas_TblMemos},
+    Tabela{"TblTarefas", colunas_TblTarefas},    Tabela{"TblRepeticao", colunas_TblRepeticao},
+    Tabela{"TblConfig", colunas_TblConfig},      Tabela{"TblIdiomas", colunas_TblIdiomas},
+    Tabela{"TblEmails", colunas_TblEmails},      Tabela{"TblFotografias", colunas_TblFotografias, 1},
+    Tabela{"TblCartoes", colunas_TblCartoes, 1},
 };
 
 QString texto(std::string_view nome)
@@ -82,6 +96,7 @@ QString Tipo_Armazenado(const Coluna &coluna)
     // same, at a multiple of the cost, and the alarm asks each second.
     case Date:
     case Time: return QStringLiteral("TEXT");
+    case Bytes: return QStringLiteral("BLOB");
     default: return QStringLiteral("TEXT COLLATE MORVEX");
     }
 }
@@ -89,6 +104,7 @@ QString Tipo_Armazenado(const Coluna &coluna)
 QString Sql_Coluna(const Coluna &coluna)
 {
     QString sql = texto(coluna.nome) + u' ' + Tipo_Armazenado(coluna);
+    if (coluna.chave) sql += QStringLiteral(" PRIMARY KEY");
     if (!coluna.por_omissao.empty()) sql += QStringLiteral(" DEFAULT ") + texto(coluna.por_omissao);
     return sql;
 }

@@ -1,5 +1,5 @@
-// The nine tables of morvex.mdb: their columns and types. The database has no keys between tables, no stored
-// queries and no triggers; every rule that ties one table to another lies with the commands' callers.
+// The eleven tables of morvex.mdb: their columns and types. The database has no keys between tables, no
+// stored queries and no triggers; every rule that ties one table to another lies with the commands' callers.
 #pragma once
 
 #include "store/Values.h"
@@ -12,11 +12,13 @@ struct Coluna {
     ColumnType tipo;
     bool contador = false;                // a key that the store assigns, from 1, and never reuses
     std::string_view por_omissao = {};    // the value of a row that doesn't name the column; Null where empty
+    bool chave = false;                   // one row a value, which whoever adds the row gives
 };
 
 struct Tabela {
     std::string_view nome;
     std::span<const Coluna> colunas;
+    int desde = 0; // the step that brought it (PassosDoEsquema); 0: it was there from the start
 };
 
 namespace esquema

@@ -1,7 +1,7 @@
 #include "ferramentas/Manual.h"
 
 #include "data/Idiomas.h"
-#include "ferramentas/Textos.h"
+#include "data/Textos.h"
 #include "platform/Failure.h"
 #include "platform/Translations.h"
 

@@ -2,7 +2,8 @@
 // is there already is replaced; a failure leaves it as it was.
 // Usage: criar_bd <TblIdiomas.tsv> <version> <morvex.mdb>
 #include "data/Esquema.h"
-#include "ferramentas/Textos.h"
+#include "data/PassosDoEsquema.h"
+#include "data/Textos.h"
 #include "platform/Failure.h"
 #include "store/Connection.h"
 #include "store/NewDatabase.h"
@@ -20,25 +21,8 @@ QStringList Criar_Tabelas()
 {
     QStringList sql;
     for (const Tabela &tabela : esquema::Tabelas()) sql << esquema::Sql_Criar(tabela);
+    sql << u"PRAGMA user_version=%1"_s.arg(esquema::versao);
     return sql;
-}
-
-// The first row names the columns of TblIdiomas; the column Uso is the translators' own and isn't shipped.
-void Inserir_Textos(Connection &ligacao, QList<QStringList> linhas)
-{
-    const auto uso = linhas.constFirst().indexOf(u"Uso"_s);
-    for (QStringList &linha : linhas) linha.removeAt(uso);
-    const QStringList colunas = linhas.takeFirst();
-    const QString sql = u"INSERT INTO TblIdiomas (%1) VALUES (%2)"_s.arg(
-        colunas.join(u", "_s), QStringList(colunas.size(), u"?"_s).join(u", "_s));
-    for (const QStringList &linha : linhas) {
-        if (linha.size() != colunas.size())
-            throw Failure(Failure::StoreError, linha.join(u'\t'), u"A row with %1 cells"_s.arg(linha.size()));
-        std::vector<StoreValue> valores;
-        for (qsizetype i = 0; i < linha.size(); ++i)
-            valores.push_back(Value(linha[i]).convertedTo(esquema::Tipo("TblIdiomas", colunas[i].toStdString())));
-        ligacao.execute(sql, valores);
-    }
 }
 
 void Criar(const QString &textos, const QString &versao, const QString &destino)
@@ -50,7 +34,7 @@ void Criar(const QString &textos, const QString &versao, const QString &destino)
     ligacao.execute(u"BEGIN"_s, {});
     ligacao.execute(u"INSERT INTO TblConfig (ID, Idioma, Versao, Remetente, Destinatario) VALUES (1, '', ?, '', '')"_s,
                     {versao});
-    Inserir_Textos(ligacao, Ler_Textos(textos));
+    Inserir_Textos(ligacao, Ler_Textos(textos), [](int) { return true; });
     ligacao.execute(u"COMMIT"_s, {});
 }
 

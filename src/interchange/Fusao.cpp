@@ -228,6 +228,7 @@ bool Fusao::Criar_Utilizador(const Valores &v, const QString &nome_das_definicoe
                                 valor("Utilizadores")});
         },
         237, valor("NomeUtilizador"));
+    if (!tomado) return false;
     QString ID;
     skipFailure([&] {
         ID = geral_.de.Abrir("cmdVerIDUtilizador", {nome_das_definicoes}).Fields("ID").textOrEmpty();
@@ -235,5 +236,5 @@ bool Fusao::Criar_Utilizador(const Valores &v, const QString &nome_das_definicoe
     geral_.ini.Escrever_Ini(u"emailnotify"_s + ID, u"activo"_s, u"1"_s);
     geral_.ini.Escrever_Ini(u"emailnotify"_s + ID, u"minutos"_s, u"60"_s);
     geral_.ini.Escrever_Ini(u"messenger"_s + ID, u"activo"_s, u"0"_s);
-    return tomado;
+    return true;
 }

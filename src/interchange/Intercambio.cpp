@@ -1,11 +1,13 @@
 #include "interchange/Intercambio.h"
 
 #include "controls/DisabledWindow.h"
+#include "data/Direitos.h"
 #include "data/Geral.h"
 #include "interchange/DE2.h"
 #include "interchange/frmBackup.h"
 #include "interchange/frmExportar.h"
 #include "interchange/frmImportar.h"
+#include "interchange/frmImportarContactos.h"
 #include "janela/Janela.h"
 
 #include <QAction>
@@ -18,6 +20,7 @@ Intercambio::Intercambio(Janela &janela, Geral &geral, Platform &platform, Repor
 {
     connect(janela.Importar, &QAction::triggered, this, &Intercambio::Importar_Click);
     connect(janela.Exportar, &QAction::triggered, this, &Intercambio::Exportar_Click);
+    connect(janela.ImportarContactos, &QAction::triggered, this, [this] { ImportarContactos({}); });
     connect(janela.mnuBackup, &QAction::triggered, this, &Intercambio::mnuBackup_Click);
 }
 
@@ -43,6 +46,26 @@ void Intercambio::Mostrar_frmImportar(const QString &caminho)
 void Intercambio::Importar_Click() { Mostrar_frmImportar({}); }
 
 void Intercambio::Importar(const QString &caminho) { Mostrar_frmImportar(caminho); }
+
+void Intercambio::ImportarContactos(const QString &caminho)
+{
+    Mostrar_frmImportarContactos([&](frmImportarContactos &form) { form.Abrir(caminho); });
+}
+
+void Intercambio::ImportarCartoes(const QByteArray &bytes)
+{
+    Mostrar_frmImportarContactos([&](frmImportarContactos &form) { form.Abrir_Cartoes(bytes); });
+}
+
+void Intercambio::Mostrar_frmImportarContactos(const std::function<void(frmImportarContactos &)> &abrir)
+{
+    if (!Tem_Direito(geral_.SessaoActual.Adicionar, geral_, platform_, &janela_)) return;
+    const DisabledWindow desactivada(janela_);
+    frmImportarContactos form(geral_, platform_, &janela_);
+    connect(&form, &frmImportarContactos::ContactosMudados, this, &Intercambio::ContactosMudados);
+    abrir(form);
+    form.exec();
+}
 
 void Intercambio::Exportar_Click()
 {

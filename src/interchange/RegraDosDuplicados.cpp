@@ -109,11 +109,25 @@ void RegraDosDuplicados::Juntar(const ColunasDoContacto &colunas, const QString 
     todos_.push_back(colunas);
     chaves_.push_back(chaves);
     if (!chaves.nome.isEmpty()) nomes_[chaves.nome].push_back(lugar);
-    for (const QString &numero : chaves.numeros)
-        numeros_[numero].push_back(lugar);
-    for (const QString &email : chaves.emails)
-        emails_[email].push_back(lugar);
+    Apontar(numeros_, chaves.numeros, lugar);
+    Apontar(emails_, chaves.emails, lugar);
     if (!uid.isEmpty()) uids_.insert(uid, lugar);
+}
+
+void RegraDosDuplicados::Apontar(Dicionario &dicionario, const QSet<QString> &chaves, std::size_t lugar)
+{
+    for (const QString &chave : chaves)
+        dicionario[chave].push_back(lugar);
+}
+
+// A completion takes nothing away and leaves the name, so there are only more keys than before.
+void RegraDosDuplicados::Completar(std::size_t lugar, const ColunasDoContacto &completado)
+{
+    const Chaves novas = Chaves_De(completado);
+    Apontar(numeros_, novas.numeros - chaves_[lugar].numeros, lugar);
+    Apontar(emails_, novas.emails - chaves_[lugar].emails, lugar);
+    todos_[lugar] = completado;
+    chaves_[lugar] = novas;
 }
 
 RegraDosDuplicados::Lugares RegraDosDuplicados::Com_Alguma(const Dicionario &dicionario,
@@ -222,6 +236,14 @@ Decisao RegraDosDuplicados::O_Mesmo(const ColunasDoContacto &colunas, std::size_
     // All of it had been put into Obs before.
     if (decisao.preenchidas.empty()) decisao.veredicto = Veredicto::Igual;
     return decisao;
+}
+
+Decisao RegraDosDuplicados::Juntos(const QString &idioma, const ColunasDoContacto &colunas,
+                                   const ColunasDoContacto &outro)
+{
+    RegraDosDuplicados regra(idioma);
+    regra.Juntar(outro);
+    return regra.O_Mesmo(colunas, 0);
 }
 
 Decisao RegraDosDuplicados::Decidir(const ColunasDoContacto &colunas, const QString &uid) const

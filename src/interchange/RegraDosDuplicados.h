@@ -36,6 +36,15 @@ public:
 
     Decisao Decidir(const ColunasDoContacto &colunas, const QString &uid = {}) const;
 
+    // What a person decides: who comes in is that one. Igual or Completa.
+    static Decisao Juntos(const QString &idioma, const ColunasDoContacto &colunas,
+                          const ColunasDoContacto &outro);
+
+    // The one at that place has been completed to these columns.
+    void Completar(std::size_t lugar, const ColunasDoContacto &completado);
+
+    const ColunasDoContacto &Quem(std::size_t lugar) const { return todos_.at(lugar); }
+
 private:
     using Lugares = std::vector<std::size_t>;
     using Dicionario = QHash<QString, Lugares>;
@@ -46,6 +55,7 @@ private:
     };
 
     static Chaves Chaves_De(const ColunasDoContacto &colunas);
+    static void Apontar(Dicionario &dicionario, const QSet<QString> &chaves, std::size_t lugar);
     static Lugares Com_Alguma(const Dicionario &dicionario, const QSet<QString> &chaves);
     bool Um_Nome_Contem_O_Outro(const QString &nome, std::size_t outro) const;
     bool Mesmo_Telemovel(const ColunasDoContacto &colunas, std::size_t outro) const;

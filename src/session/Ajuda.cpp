@@ -44,7 +44,10 @@ constexpr std::array paginas = std::to_array<PaginaDe>({
     {u"frmImprimir", u"impressao"}, {u"frmEnvelope", u"impressao"}, {u"frmEtiquetas", u"impressao"},
     {u"ReportPreview", u"impressao"},
     {u"frmImportar", u"importar-e-exportar"}, {u"frmImportar2", u"importar-e-exportar"},
+    {u"frmCampos", u"importar-e-exportar"}, {u"frmDuplicados", u"importar-e-exportar"},
+    {u"frmImportarContactos", u"importar-e-exportar"},
     {u"frmImportarMDB", u"importar-e-exportar"}, {u"frmExportar", u"importar-e-exportar"},
+    {u"frmExportarContactos", u"importar-e-exportar"}, {u"frmQR", u"importar-e-exportar"},
     {u"frmBackup", u"copia-de-seguranca"},
 });
 // clang-format on

@@ -17,6 +17,7 @@ public:
     void add(qint64 number);
     void add(double number);
     void add(std::string_view utf8);
+    void addBytes(std::string_view bytes);
     void add(const StoreValue &value);
 
     std::size_t size() const { return cells_.size(); }
@@ -27,16 +28,17 @@ public:
     StoreValue at(std::size_t place) const;
 
 private:
-    enum class Kind : uint8_t { Null, Integer, Real, Text };
+    enum class Kind : uint8_t { Null, Integer, Real, Text, Bytes };
     struct Cell {
         Kind kind = Kind::Null;
-        uint32_t length = 0; // of a text; the store holds none beyond 1 GB
+        uint32_t length = 0; // of a text or of bytes; the store holds none beyond 1 GB
         union {
             qint64 integer = 0;
             double real;
-            std::size_t start; // of a text among the letters
+            std::size_t start; // of a text or of bytes among the letters
         };
     };
+    void add(Kind kind, std::string_view letters);
 
     std::vector<Cell> cells_;
     std::string letters_;

@@ -10,6 +10,7 @@
 #include <QFileInfo>
 #include <QHash>
 #include <QRegularExpression>
+#include <QScopedValueRollback>
 #include <sqlite3.h>
 #include <SQLiteCpp/Backup.h>
 #include <SQLiteCpp/SQLiteCpp.h>
@@ -18,18 +19,20 @@
 namespace
 {
 constexpr int patience = 5000; // ms for which another program's lock is waited for
-}
+} // namespace
 
 struct Connection::Database {
     // One thread works with a connection: the store need not guard each of its calls.
     Database(const QString &file, int flags)
         : path(file), handle(file.toStdString(), flags | SQLite::OPEN_NOMUTEX)
     {
+        registerWanted(handle.getHandle(), wanted);
     }
 
     QString path;
     SQLite::Database handle; // declared first: the statements go before it
     QHash<QString, std::shared_ptr<Statement>> statements;
+    Wanted wanted; // what the statement that runs asks; empty: it asks nothing
     bool gathering = false;
     bool waitsOnce = false;
     std::vector<Write> portion;  // what was run and is not yet in the file
@@ -98,8 +101,10 @@ void bindAll(Statement &statement, const std::vector<StoreValue> &values)
 
 std::vector<QByteArray> columnNames(const Statement &statement)
 {
+    const int columns = sqlite3_column_count(statement.handle());
     std::vector<QByteArray> names;
-    for (int i = 0; i < sqlite3_column_count(statement.handle()); ++i)
+    names.reserve(static_cast<std::size_t>(columns));
+    for (int i = 0; i < columns; ++i)
         names.emplace_back(sqlite3_column_name(statement.handle(), i));
     return names;
 }
@@ -415,6 +420,14 @@ void Connection::rows(const QString &sql, const std::vector<StoreValue> &values,
         while (database_->step(statement))
             row(current);
     });
+}
+
+void Connection::rowsWanted(const QString &sql, const std::vector<StoreValue> &values, const Wanted &wanted,
+                            const std::function<void(const Row &)> &row)
+{
+    if (!database_) raise(QStringLiteral("The connection is closed"));
+    const QScopedValueRollback asked(database_->wanted, wanted);
+    rows(sql, values, row);
 }
 
 void Connection::releaseMemory()

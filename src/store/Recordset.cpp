@@ -24,10 +24,17 @@ QString Field::text() const
     if (const auto *number = std::get_if<qint64>(&value_)) return QString::number(*number);
     if (const auto *number = std::get_if<double>(&value_))
         return QString::number(*number, 'g', QLocale::FloatingPointShortest);
+    if (const auto *bytes = std::get_if<QByteArray>(&value_)) return QString::fromUtf8(*bytes);
     return std::get<QString>(value_);
 }
 
 QString Field::textOrEmpty() const { return isNull() ? QString() : text(); }
+
+QByteArray Field::bytes() const
+{
+    const auto *bytes = std::get_if<QByteArray>(&value_);
+    return bytes != nullptr ? *bytes : textOrEmpty().toUtf8();
+}
 
 int Field::number() const
 {

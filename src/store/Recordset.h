@@ -17,6 +17,7 @@ public:
     bool isNull() const { return std::holds_alternative<std::monostate>(value_); }
     QString text() const;        // a number as its decimal digits
     QString textOrEmpty() const; // Null reads as the empty string
+    QByteArray bytes() const;    // those of a text are its UTF-8, Null is none
     int number() const;
     double real() const;
     bool yes() const;

@@ -19,6 +19,13 @@ std::string_view Row::utf8(int column) const
     return {text, static_cast<std::size_t>(sqlite3_column_bytes(statement_, column))};
 }
 
+std::string_view Row::bytes(int column) const
+{
+    const auto *bytes = static_cast<const char *>(sqlite3_column_blob(statement_, column));
+    if (bytes == nullptr) return {};
+    return {bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement_, column))};
+}
+
 Field Row::field(int column) const
 {
     switch (sqlite3_column_type(statement_, column)) {
@@ -28,11 +35,15 @@ Field Row::field(int column) const
         return Field(qint64{sqlite3_column_int64(statement_, column)});
     case SQLITE_FLOAT:
         return Field(sqlite3_column_double(statement_, column));
+    case SQLITE_BLOB:
+        return Field(QByteArray(bytes(column).data(), sqlite3_column_bytes(statement_, column)));
     default:
         const std::string_view text = utf8(column);
         return Field(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
     }
 }
+
+qint64 Row::number(int column) const { return sqlite3_column_int64(statement_, column); }
 
 // The kind is asked for once: each question to the store costs as much as reading a number.
 void Row::addTo(Cells &cells, int column) const
@@ -44,6 +55,8 @@ void Row::addTo(Cells &cells, int column) const
         return cells.add(qint64{sqlite3_column_int64(statement_, column)});
     case SQLITE_FLOAT:
         return cells.add(sqlite3_column_double(statement_, column));
+    case SQLITE_BLOB:
+        return cells.addBytes(bytes(column));
     default:
         return cells.add(utf8(column));
     }

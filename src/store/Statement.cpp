@@ -22,6 +22,9 @@ void Statement::bind(int place, const StoreValue &value)
         const QByteArray utf8 = text->toUtf8();
         check(sqlite3_bind_text(handle_, place, utf8.constData(), static_cast<int>(utf8.size()),
                                 SQLITE_TRANSIENT)); // NOLINT: the library's own cast
+    } else if (const auto *bytes = std::get_if<QByteArray>(&value)) {
+        check(sqlite3_bind_blob(handle_, place, bytes->constData(), static_cast<int>(bytes->size()),
+                                SQLITE_TRANSIENT)); // NOLINT: the library's own cast
     } else {
         check(sqlite3_bind_null(handle_, place));
     }

@@ -120,6 +120,8 @@ QString Value::text() const
 StoreValue Value::convertedTo(ColumnType type) const
 {
     if (std::holds_alternative<std::monostate>(value_)) return value_;
+    if (std::holds_alternative<QByteArray>(value_) != (type == ColumnType::Bytes))
+        raiseMismatch(QStringLiteral("value"), "kind that the column holds");
     switch (type) {
     case ColumnType::Text:
     case ColumnType::Pattern:
@@ -134,6 +136,8 @@ StoreValue Value::convertedTo(ColumnType type) const
         return toDate(text());
     case ColumnType::Time:
         return toTime(text());
+    case ColumnType::Bytes:
+        return value_;
     }
     Q_UNREACHABLE();
 }

@@ -2,6 +2,7 @@
 // converted to the type of the column that it meets, and what cannot be converted is an error of the command.
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <variant>
 
@@ -13,10 +14,11 @@ enum class ColumnType {
     Date,
     Time,
     Pattern, // a LIKE pattern over a column of any type: stays the text that it is
+    Bytes,   // as they are
 };
 
-// Null, or an integer, a float or a text, as the store holds it.
-using StoreValue = std::variant<std::monostate, qint64, double, QString>;
+// Null, or an integer, a float, a text or bytes, as the store holds it.
+using StoreValue = std::variant<std::monostate, qint64, double, QString, QByteArray>;
 
 // A value as a caller has it. Null stays Null in a column of any type, and "" stays "" in a text.
 class Value
@@ -28,12 +30,14 @@ public:
     Value(int number) : value_(qint64{number}) {}
     Value(bool flag) : value_(qint64{flag ? -1 : 0}) {}
     Value(double number) : value_(number) {}
+    Value(const QByteArray &bytes) : value_(bytes) {}
 
     // Raises Failure (type mismatch) for what the column cannot hold:
     // Long: optional blanks and sign, then digits that fit 32 bits. Single: "." or "," is the decimal sign.
     // YesNo: 0 is no and any other number yes; True/False, Verdadeiro/Falso, Sim/Não, Yes/No in any case.
     // Date: dd-mm-yyyy (also with / or .) or yyyy-mm-dd, a time behind it is dropped. Time: hh:mm or
-    // hh:mm:ss. The empty string is an error of all of these.
+    // hh:mm:ss. The empty string is an error of all of these. Bytes: nothing but bytes, and no other column
+    // takes any.
     StoreValue convertedTo(ColumnType type) const;
 
 private:

@@ -3,6 +3,7 @@
 #include "contacts/frmDeleteGroup.h"
 #include "controls/Controls.h"
 #include "session/Legendas.h"
+#include "testlib/SeteLinguas.h"
 
 using namespace Qt::StringLiterals;
 
@@ -472,15 +473,9 @@ private Q_SLOTS:
 
     void a_entrada_tem_nome_e_letra_propria_em_cada_lingua_data()
     {
-        QTest::addColumn<QString>("lingua");
-        QTest::addColumn<QString>("legenda");
-        QTest::newRow("pt") << u"PortuguesPT"_s << u"Desfa&zer eliminação"_s;
-        QTest::newRow("br") << u"PortuguesBR"_s << u"Desfa&zer exclusão"_s;
-        QTest::newRow("en") << u"InglesUK"_s << u"&Undo Deletion"_s;
-        QTest::newRow("es") << u"EspanholES"_s << u"Des&hacer eliminación"_s;
-        QTest::newRow("it") << u"ItalianoIT"_s << u"Ann&ulla eliminazione"_s;
-        QTest::newRow("fr") << u"FrancesFR"_s << u"Ann&uler la suppression"_s;
-        QTest::newRow("de") << u"AlemaoDE"_s << u"Löschen &rückgängig machen"_s;
+        Nas_Sete_Linguas({u"Desfa&zer eliminação"_s, u"Desfa&zer exclusão"_s, u"&Undo Deletion"_s,
+                          u"Des&hacer eliminación"_s, u"Ann&ulla eliminazione"_s,
+                          u"Ann&uler la suppression"_s, u"Löschen &rückgängig machen"_s});
     }
     void a_entrada_tem_nome_e_letra_propria_em_cada_lingua()
     {
@@ -491,7 +486,8 @@ private Q_SLOTS:
         legendas::Atribuir(a.janela, a.s.geral);
         QCOMPARE(a.janela.DesfazerEliminar->text(), legenda);
         const QList<QAction *> entradas = a.janela.Contactos->actions();
-        QCOMPARE(entradas.indexOf(a.janela.DesfazerEliminar), entradas.indexOf(a.janela.ImportarContactos) - 2);
+        QCOMPARE(entradas.indexOf(a.janela.DesfazerEliminar),
+                 entradas.indexOf(a.janela.ImportarContactos) - 2);
         QSet<QChar> letras;
         for (const QAction *entrada : a.janela.Contactos->actions()) {
             if (entrada->isSeparator()) continue;

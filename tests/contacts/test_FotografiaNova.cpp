@@ -1,6 +1,7 @@
 // Pictures that come to the editor of contacts from outside: dropped on the photograph, or pasted.
 #include "contacts/Editor.h"
 #include "contacts/FotografiaNova.h"
+#include "testlib/SeteLinguas.h"
 #include "testlib/Teste.h"
 
 #include <QClipboard>
@@ -364,15 +365,9 @@ private Q_SLOTS:
 
     void a_entrada_tem_nome_em_cada_lingua_data()
     {
-        QTest::addColumn<QString>("lingua");
-        QTest::addColumn<QString>("legenda");
-        QTest::newRow("pt") << u"PortuguesPT"_s << u"Co&lar fotografia"_s;
-        QTest::newRow("br") << u"PortuguesBR"_s << u"Co&lar foto"_s;
-        QTest::newRow("en") << u"InglesUK"_s << u"&Paste Photograph"_s;
-        QTest::newRow("es") << u"EspanholES"_s << u"&Pegar fotografía"_s;
-        QTest::newRow("it") << u"ItalianoIT"_s << u"I&ncolla fotografia"_s;
-        QTest::newRow("fr") << u"FrancesFR"_s << u"Co&ller la photo"_s;
-        QTest::newRow("de") << u"AlemaoDE"_s << u"Foto &einfügen"_s;
+        Nas_Sete_Linguas({u"Co&lar fotografia"_s, u"Co&lar foto"_s, u"&Paste Photograph"_s,
+                          u"&Pegar fotografía"_s, u"I&ncolla fotografia"_s, u"Co&ller la photo"_s,
+                          u"Foto &einfügen"_s});
     }
     void a_entrada_tem_nome_em_cada_lingua()
     {

@@ -70,6 +70,9 @@ void Encher(Sistema &s)
          "(2, 'b', '2027-01-31', '23:00:00', 7, 99), (3, 'c', '2027-02-01', '08:00:00', 8, 2)"_s,
          u"INSERT INTO TblEmails VALUES (1, 'm@a.pt', 'pop.a.pt', 'm', 'pm', 7), (2, 'r@a.pt', 'pop.b.pt', 'r', 'pr', 8)"_s,
          u"INSERT INTO TblIdiomas VALUES (9999, 'pt', 'br', 'uk', 'es', 'it', 'fr', 'de')"_s,
+         u"INSERT INTO TblFotografias VALUES ('bd:a.jpg', x'616263')"_s,
+         u"INSERT INTO TblCartoes (IDContacto, UID, cartao) VALUES (1, 'u1', x'78')"_s,
+         u"INSERT INTO TblCartoes VALUES (5, 'u5', 'c', 'h', 'e', x'666463', 'r')"_s,
          u"UPDATE TblConfig SET Idioma='InglesUK', Versao='5.1', Remetente='re', Destinatario='de'"_s})
         s.Escrever(sql);
     s.Escrever(u"COMMIT"_s);
@@ -135,6 +138,9 @@ const std::vector<Leitura> &Leituras()
         Le("cmdSelectUtilizadorGrupo", {u"Maria"_s}, u"Amigos"),
         Le("cmdTotalEmails", {u"2"_s}),
         Le("cmdTotalMemos", {u"2"_s}),
+        Le("cmdLerFotografia", {u"abc"_s}, u"bd:a.jpg"),
+        Le("cmdLerCartao", {u"u5|fdc"_s}, u"5"),
+        Le("cmdListarCartoes", {u"1|u1"_s, u"5|u5"_s}),
     };
     return leituras;
 }
@@ -204,6 +210,12 @@ const std::vector<Escrita> &Escritas()
         Escreve("cmdUpdateEmails", donos_emails, {u"1|9"_s, u"2|9"_s}, u"9"),
         Escreve("cmdUpdateGrupos", donos_grupos, {u"1|9"_s, u"2|9"_s, u"3|9"_s}, u"9"),
         Escreve("cmdDeleteEmailsPorUtilizador", donos_emails, {u"1|7"_s}, u"8"),
+        Escreve("cmdGuardarFotografia", u"SELECT * FROM TblFotografias ORDER BY Nome"_s,
+                {u"bd:a.jpg|abc"_s, u"bd:b.jpg|def"_s}, u"bd:b.jpg", QByteArray("def")),
+        Escreve("cmdGuardarCartao", u"SELECT * FROM TblCartoes ORDER BY IDContacto"_s,
+                {u"1|u1"_s + nulos.repeated(3) + u"|x"_s + nulos, u"5|novo|c|h|e|def|r"_s}, u"5", u"novo",
+                QByteArray("def")),
+        Escreve("cmdEliminarCartao", u"SELECT IDContacto FROM TblCartoes"_s, {u"1"_s}, u"5"),
     };
     return escritas;
 }
@@ -244,7 +256,7 @@ private Q_SLOTS:
         for (const EntradaDoCatalogo &entrada : comandos::catalogo)
             catalogo.insert(entrada.nome);
         QVERIFY(ensaiados == catalogo);
-        QCOMPARE(std::set(catalogo.begin(), catalogo.end()).size(), 71U);
+        QCOMPARE(std::set(catalogo.begin(), catalogo.end()).size(), 77U);
     }
 
     void le_data() { Linhas_De_Ensaio(Leituras()); }

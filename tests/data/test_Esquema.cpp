@@ -1,4 +1,4 @@
-// The nine tables: their columns, types and counters, and the database that is shipped.
+// The eleven tables: their columns, types and counters, and the database that is shipped.
 #include "data/Esquema.h"
 #include "platform/Failure.h"
 #include "testlib/Sistema.h"
@@ -11,7 +11,8 @@ class TestEsquema : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    // Table, columns with their types: c counter, t text, n number, s single, y yes/no, d date, h time.
+    // Table, columns with their types: c counter, t text, n number, s single, y yes/no, d date, h time, b
+    // bytes.
     void as_tabelas_e_as_suas_colunas_data()
     {
         QTest::addColumn<QString>("colunas");
@@ -33,6 +34,8 @@ private Q_SLOTS:
             << u"ID:n PortuguesPT:t PortuguesBR:t InglesUK:t EspanholES:t ItalianoIT:t FrancesFR:t "
                "AlemaoDE:t"_s;
         QTest::newRow("TblEmails") << u"ID:c Email:t ServerName:t Username:t PalavraPasse:t IdUtilizador:n"_s;
+        QTest::newRow("TblFotografias") << u"Nome:t Imagem:b"_s;
+        QTest::newRow("TblCartoes") << u"IDContacto:n UID:t conta:t href:t etag:t cartao:b resumo:t"_s;
     }
     void as_tabelas_e_as_suas_colunas()
     {
@@ -45,13 +48,23 @@ private Q_SLOTS:
         QVERIFY(tabela != tabelas.end());
         QStringList achadas;
         for (const Coluna &coluna : tabela->colunas) {
-            const char letra = coluna.contador ? 'c' : "tnsydh"[static_cast<int>(coluna.tipo)];
+            const char letra = coluna.contador ? 'c' : "tnsydh~b"[static_cast<int>(coluna.tipo)];
             achadas << QString::fromUtf8(coluna.nome.data()) + u':' + QLatin1Char(letra);
         }
         QCOMPARE(achadas, partes);
     }
 
-    void sao_nove() { QCOMPARE(esquema::Tabelas().size(), 9U); }
+    void sao_onze() { QCOMPARE(esquema::Tabelas().size(), 11U); }
+
+    void as_chaves_que_a_base_nao_da_sao_duas()
+    {
+        QStringList chaves;
+        for (const Tabela &tabela : esquema::Tabelas())
+            for (const Coluna &coluna : tabela.colunas)
+                if (coluna.chave)
+                    chaves << QString::fromUtf8(tabela.nome) + u'.' + QString::fromUtf8(coluna.nome);
+        QCOMPARE(chaves, (QStringList{u"TblFotografias.Nome"_s, u"TblCartoes.IDContacto"_s}));
+    }
 
     void uma_coluna_que_nao_ha_e_um_erro()
     {
@@ -77,8 +90,9 @@ private Q_SLOTS:
         Sistema s(Sistema::Estado::Vazio);
         QCOMPARE(s.Linhas(u"SELECT ID, Idioma, Versao<>'', Remetente, Destinatario FROM TblConfig"_s),
                  QStringList{u"1||1||"_s});
-        for (const QString &tabela : {u"TblLista"_s, u"TblGrupos"_s, u"TblUsers"_s, u"TblMemos"_s,
-                                      u"TblTarefas"_s, u"TblRepeticao"_s, u"TblEmails"_s})
+        for (const QString &tabela :
+             {u"TblLista"_s, u"TblGrupos"_s, u"TblUsers"_s, u"TblMemos"_s, u"TblTarefas"_s, u"TblRepeticao"_s,
+              u"TblEmails"_s, u"TblFotografias"_s, u"TblCartoes"_s})
             QCOMPARE(s.Linhas(u"SELECT count(*) FROM "_s + tabela), QStringList{u"0"_s});
     }
 

@@ -3,6 +3,9 @@ foreach(teste IN ITEMS
     test_Comandos
     test_DE
     test_Esquema
+    test_Fotografias
+    test_PassosDoEsquema
+    test_CartoesGuardados
     test_ReadWriteINI
     test_Ler_Idioma
     test_Textos

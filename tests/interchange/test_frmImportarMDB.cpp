@@ -741,6 +741,27 @@ private Q_SLOTS:
         QVERIFY2(!dito.contains(p.s.Texto(237)), qPrintable(dito)); // nobody was made
     }
 
+    // They would stand in a section of nobody's, or in the one that is everybody's.
+    void um_utilizador_que_a_base_recusa_nao_deixa_definicoes()
+    {
+        BasePropria antiga;
+        antiga.Encher(3, 10);
+        Programa p;
+        p.s.Escrever(u"CREATE TRIGGER Recusa BEFORE INSERT ON TblUsers BEGIN SELECT RAISE(ABORT, 'no'); END"_s);
+        const auto definicoes = [&] {
+            QFile ficheiro(p.s.Ficheiro(u"config.ini"_s));
+            return ficheiro.open(QIODevice::ReadOnly) ? ficheiro.readAll() : QByteArray();
+        };
+        const QByteArray antes = definicoes();
+        DE2 de2(antiga.Caminho());
+        Fusao fusao(p.s.geral, de2, {3, 3, 1});
+        fusao.Correr();
+        QVERIFY(!fusao.Completa());
+        QVERIFY(p.s.Linhas(u"SELECT * FROM TblUsers"_s).isEmpty());
+        QVERIFY(!antes.isEmpty());
+        QCOMPARE(definicoes(), antes);
+    }
+
     // Single rows that their columns refuse are skipped without a word, as ever.
     void linhas_que_as_suas_colunas_recusam_nao_mudam_o_fecho()
     {

@@ -413,6 +413,27 @@ private Q_SLOTS:
         Accionar(janela, "first");
         QCOMPARE(pagina->value(), 1);
     }
+    // From the bottom up: as much ground below the last sheet as between two of them.
+    void as_folhas_estao_umas_debaixo_das_outras_e_a_ultima_nao_toca_no_fundo()
+    {
+        const ReportPreview &janela = Pre_Visualizar();
+        QTRY_VERIFY(janela.pages()->complete());
+        auto *vista = janela.findChild<ReportView *>();
+        vista->zoomBy(0.4);
+        vista->verticalScrollBar()->setValue(vista->verticalScrollBar()->maximum());
+        const QImage visto = vista->viewport()->grab().toImage();
+        const QRgb fundo = visto.pixel(1, visto.height() - 1);
+        QList<int> faixas{0};
+        for (int y = visto.height() - 1; y >= 0; --y) {
+            if (visto.pixel(visto.width() / 2, y) == fundo)
+                ++faixas.last();
+            else if (faixas.last() != 0 || faixas.size() == 1)
+                faixas << 0;
+        }
+        QVERIFY(faixas.size() > 2); // so two sheets at least are in view
+        QVERIFY(faixas[0] > 10);
+        QCOMPARE(faixas[1], faixas[0]);
+    }
     void o_zoom_fica_na_mesma_pagina()
     {
         const ReportPreview &janela = Pre_Visualizar();
@@ -543,6 +564,18 @@ private Q_SLOTS:
         texto->setText(u"nome 499"_s);
         QTest::keyClick(texto, Qt::Key_Return);
         QTRY_COMPARE(janela.findChild<ReportView *>()->page(), janela.pages()->pageOf(498));
+    }
+    void procurar_outra_vez_vai_ao_registo_seguinte_e_depois_do_ultimo_ao_primeiro()
+    {
+        controlo_->setSortFields(0, u"+{T.ID}"_s);
+        controlo_->setWindowShowSearchBtn(true);
+        const ReportPreview &janela = Pre_Visualizar();
+        auto *texto = Parte<QLineEdit>(janela, "search");
+        texto->setText(u"00"_s);
+        for (const std::size_t registo : {99U, 199U, 299U, 399U, 499U, 99U}) {
+            QTest::keyClick(texto, Qt::Key_Return);
+            QTRY_COMPARE(janela.findChild<ReportView *>()->page(), janela.pages()->pageOf(registo));
+        }
     }
     void fala_a_lingua_escolhida()
     {

@@ -94,6 +94,16 @@ private Q_SLOTS:
         VERIFICAR_FALHA(rs.Fields("t").date(), Failure::TypeMismatch);
         VERIFICAR_FALHA(rs.Fields("d").time(), Failure::TypeMismatch);
     }
+
+    void bytes_ficam_bytes_e_leem_se_tambem_como_texto()
+    {
+        const QByteArray bytes("a\0\xff", 3);
+        const Recordset rs({"b", "t", "n"}, {StoreValue(bytes), StoreValue(u"é"_s), StoreValue()});
+        QCOMPARE(rs.Fields("b").bytes(), bytes);
+        QCOMPARE(rs.Fields("b").text(), QString::fromUtf8(bytes));
+        QCOMPARE(rs.Fields("t").bytes(), QByteArray("é"));
+        QCOMPARE(rs.Fields("n").bytes(), QByteArray());
+    }
 };
 
 MORVEX_TESTE(TestRecordset)

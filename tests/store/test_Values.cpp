@@ -164,6 +164,17 @@ private Q_SLOTS:
             QVERIFY(failure.description().contains(u"amanhã"_s));
         }
     }
+
+    void bytes_so_servem_a_uma_coluna_de_bytes_e_ela_so_a_eles()
+    {
+        const QByteArray bytes("a\0b", 3);
+        QCOMPARE(std::get<QByteArray>(Converter(bytes, Bytes)), bytes);
+        QVERIFY(std::holds_alternative<std::monostate>(Converter(nullptr, Bytes)));
+        for (const ColumnType type : {Text, Long, Single, YesNo, Date, Time, Pattern})
+            VERIFICAR_FALHA(Converter(bytes, type), Failure::TypeMismatch);
+        VERIFICAR_FALHA(Converter(u"texto"_s, Bytes), Failure::TypeMismatch);
+        VERIFICAR_FALHA(Converter(7, Bytes), Failure::TypeMismatch);
+    }
 };
 
 MORVEX_TESTE(TestValues)
