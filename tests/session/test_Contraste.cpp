@@ -283,10 +283,14 @@ private Q_SLOTS:
         const QImage folha = previsao.findChild<ReportView *>()->viewport()->grab().toImage();
         const QPoint meio(folha.width() / 2, folha.height() / 2);
         double melhor = 1;
+        int brancos = 0;
         for (int y = meio.y() - 50; y < meio.y() + 50; ++y)
-            for (int x = meio.x() - 200; x < meio.x() + 200; ++x)
+            for (int x = meio.x() - 200; x < meio.x() + 200; ++x) {
                 melhor = std::max(melhor, contrast(folha.pixelColor(x, y), Qt::white));
+                brancos += folha.pixelColor(x, y) == QColor(Qt::white);
+            }
         QVERIFY2(melhor >= readableContrast, qPrintable(QString::number(melhor)));
+        QVERIFY2(brancos > 100 * 400 / 2, qPrintable(QString::number(brancos)));
         delete controlo.preview();
     }
 
