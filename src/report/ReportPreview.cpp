@@ -148,8 +148,7 @@ const std::shared_ptr<ReportPages> &ReportPreview::pages() const { return view_-
 void ReportPreview::resizeEvent(QResizeEvent *event)
 {
     const bool room = looking_->sizeHint().width() + outputs_->sizeHint().width() <= event->size().width();
-    if (room == toolBarBreak(outputs_))
-        room ? removeToolBarBreak(outputs_) : insertToolBarBreak(outputs_);
+    if (room == toolBarBreak(outputs_)) room ? removeToolBarBreak(outputs_) : insertToolBarBreak(outputs_);
     QMainWindow::resizeEvent(event);
 }
 

@@ -81,7 +81,7 @@ private Q_SLOTS:
     void cada_frase_tem_a_sua_lingua()
     {
         QMap<QString, QSet<QString>> ditas; // each sentence as every language says it
-        const QStringList linguas{u"PortuguesPT"_s, u"InglesUK"_s, u"EspanholES"_s,
+        const QStringList linguas{u"PortuguesPT"_s, u"InglesUK"_s,  u"EspanholES"_s,
                                   u"ItalianoIT"_s,  u"FrancesFR"_s, u"AlemaoDE"_s};
         for (const QString &lingua : linguas) {
             const QStringList ajuda = Linha({u"--help"_s}, lingua).text().split(u'\n');

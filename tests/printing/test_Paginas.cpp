@@ -395,7 +395,7 @@ private Q_SLOTS:
     {
         QFETCH(int, formato);
         constexpr double mm = 1440 / 25.4;
-        constexpr double margem = 15.15; // mm above the labels
+        constexpr double margem = 15.15;    // mm above the labels
         constexpr double da_impressora = 5; // which most cannot print
         ComPaginas c;
         c.Contacto({{u"Nome"_s, u"Ana"_s}, {u"Morada"_s, u"Rua A"_s}});

@@ -160,7 +160,8 @@ private Q_SLOTS:
         const QHeaderView &titulos = *lista.header();
         QCOMPARE(titulos.model()->headerData(3, Qt::Horizontal).toString(), c.s.geral.Ler_Idioma(181));
         QVERIFY(titulos.sectionSize(3) >= titulos.sectionSizeHint(3));
-        QVERIFY2(titulos.length() <= lista.viewport()->width(), qPrintable(QString::number(titulos.length())));
+        QVERIFY2(titulos.length() <= lista.viewport()->width(),
+                 qPrintable(QString::number(titulos.length())));
         QVERIFY(titulos.sectionSize(0) >= scale::scaled(120));
     }
 
