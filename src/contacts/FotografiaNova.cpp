@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <QImage>
 #include <QMimeData>
+#include <QRegularExpression>
 #include <QUrl>
 #include <utility>
 
@@ -86,6 +87,13 @@ QString Pasta_Das_Fotografias(Geral &geral)
     return QFileInfo(geral.de.Ficheiro()).absoluteDir().filePath(u"fotografias"_s);
 }
 
+// The names that are given here, and no other.
+bool E_Nome_Dado(const QString &nome)
+{
+    static const QRegularExpression dados(u"^fotografia[1-9][0-9]*\\.png$"_s);
+    return dados.match(nome).hasMatch();
+}
+
 // A new file, which nobody else can have made at the same time.
 bool Abrir_Livre(QFile &ficheiro, const QDir &pasta)
 {
@@ -139,4 +147,14 @@ void FotografiaNova::Arrumar(const QString &ficou)
 {
     for (const QString &ficheiro : std::exchange(guardadas_, {}))
         if (ficheiro != ficou) QFile::remove(ficheiro);
+}
+
+void FotografiaNova::Abandonar(const QString &caminho)
+{
+    const QFileInfo ficheiro(caminho);
+    if (!E_Nome_Dado(ficheiro.fileName()) || ficheiro.path() != Pasta_Das_Fotografias(geral_)) return;
+    Recordset &rs = geral_.de.Abrir("cmdProcurarFotografia", {caminho});
+    const bool de_ninguem = rs.Eof();
+    rs.Close();
+    if (de_ninguem) QFile::remove(caminho);
 }

@@ -166,6 +166,7 @@ void frmAddEdit::Preencher_Campos()
           Coluna("Website", txtWebsite), Coluna("Email1", txtEmail1), Coluna("Email2", txtEmail2),
           Coluna("Dia", txtDia), Coluna("Mes", txtMes), Coluna("Ano", txtAno)})
         caixa->setText(rs.Fields(coluna).textOrEmpty());
+    fotografia_antes_ = txtFotografia->text();
     Morada_.load(*txtMorada, rs.Fields("Morada").textOrEmpty());
     Obs_.load(*txtObs, rs.Fields("Obs").textOrEmpty());
     Escolher_Grupo(rs.Fields("Grupo").text());
@@ -319,6 +320,7 @@ void frmAddEdit::Actualizar()
             geral_.de.Executar("cmdUpdateNome", {valores..., ID});
         },
         Valores());
+    skipFailure([&] { nova_.Abandonar(fotografia_antes_); });
     Fechar_Depois_De([&] { lugar_.Mostrar_Editado(txtIDGrupo->text()); });
 }
 

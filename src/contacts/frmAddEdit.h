@@ -73,5 +73,6 @@ private:
     CamposDeData *datas_;          // a child of the form
     EntradaDeFotografia *entrada_; // likewise
     FotografiaNova nova_;
+    QString fotografia_antes_; // as the row had it
     bool activado_ = false;
 };

@@ -1,4 +1,4 @@
-// The catalogue of the 80 named commands: the SQL that reaches morvex.mdb, but for the merge's one question
+// The catalogue of the 81 named commands: the SQL that reaches morvex.mdb, but for the merge's one question
 // for all groups at once and for what puts deleted rows back as they were. One entry a command.
 #pragma once
 
@@ -65,6 +65,9 @@ inline constexpr std::array catalogo = std::to_array<EntradaDoCatalogo>({
     {"cmdProcurarTelefone", ComLinhas, "TblLista",
      "",
      "SELECT ID, Telefone1, Telefone2 FROM TblLista ORDER BY Nome, ID"},
+    {"cmdProcurarFotografia", ComLinhas, "TblLista",
+     "Fotografia",
+     "SELECT ID FROM TblLista WHERE (Fotografia = ?) ORDER BY ID"},
     {"cmdProcurarFax", ComLinhas, "TblLista",
      "",
      "SELECT ID, Fax FROM TblLista ORDER BY Nome, ID"},
@@ -286,7 +289,7 @@ inline constexpr std::array catalogo = std::to_array<EntradaDoCatalogo>({
 });
 // clang-format on
 
-static_assert(catalogo.size() == 80);
+static_assert(catalogo.size() == 81);
 
 // Never defined: reaching it in a constant expression is the compiler's error for a misspelt command.
 void Nao_ha_tal_comando();

@@ -5,7 +5,7 @@
 #include "data/Geral.h"
 #include "data/Relatorio.h"
 #include "data/Sementes.h"
-#include "platform/Translations.h"
+#include "data/Traduzir.h"
 #include "report/ReportControl.h"
 
 #include <array>
@@ -85,11 +85,10 @@ frmEtiquetas::frmEtiquetas(Geral &geral, ReportControl &relatorio, const ListBox
 
 void frmEtiquetas::Legendar()
 {
-    const QString &idioma = geral_.IdiomaActual;
-    setWindowTitle(translated(titulo, idioma));
-    lblFormato->setText(translated(folha, idioma));
-    lblPrimeira->setText(translated(primeira, idioma));
-    cbRemetente->setText(translated(com_remetente, idioma));
+    setWindowTitle(Traduzir(titulo, geral_));
+    lblFormato->setText(Traduzir(folha, geral_));
+    lblPrimeira->setText(Traduzir(primeira, geral_));
+    cbRemetente->setText(Traduzir(com_remetente, geral_));
     CheckBoxPrevisualizar->setText(geral_.Ler_Idioma(77));
     cmdImprimir->setText(geral_.Ler_Idioma(80));
     cmdCancelar->setText(geral_.Ler_Idioma(43));
@@ -113,9 +112,8 @@ void frmEtiquetas::ComboFormato_Click()
 void frmEtiquetas::Mostrar_Os_Que_Ficam_De_Fora()
 {
     const qsizetype quantos = Sem_Morada();
-    const QString aviso = quantos == 1 ? translated(um_de_fora, geral_.IdiomaActual)
-                                       : translated(varios_de_fora, geral_.IdiomaActual).arg(quantos);
-    lblDeFora->setText(quantos == 0 ? QString() : aviso);
+    const QString aviso = Traduzir(quantos == 1 ? um_de_fora : varios_de_fora, geral_);
+    lblDeFora->setText(quantos == 0 ? QString() : QString(aviso).replace(u"%1"_s, QString::number(quantos)));
 }
 
 qsizetype frmEtiquetas::Sem_Morada()

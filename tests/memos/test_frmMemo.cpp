@@ -136,6 +136,9 @@ private Q_SLOTS:
         scale::setLetters(scale::standardLetters);
         u.Reabrir();
         QCOMPARE(u.nota->geometry(), QRect(60, 70, 200, 100));
+        scale::setLetters(2 * scale::standardLetters);
+        u.Reabrir();
+        QCOMPARE(u.nota->geometry(), QRect(60, 70, 400, 200));
     }
 
     void a_nota_nao_tem_moldura_nem_dono_nem_lugar_na_barra()

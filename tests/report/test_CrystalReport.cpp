@@ -19,6 +19,7 @@
 #include <QSpinBox>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+#include <QToolBar>
 
 using namespace Qt::StringLiterals;
 
@@ -367,16 +368,18 @@ private Q_SLOTS:
         QVERIFY(janela.isVisible() && janela.isMaximized());
         QCOMPARE(janela.windowTitle(), u"Pré-Visualizar"_s);
     }
-    void os_comandos_estao_em_grupos_numa_barra_que_nao_sai_do_seu_lugar()
+    void os_comandos_estao_em_grupos_em_barras_que_nao_saem_do_seu_lugar()
     {
-        const auto *barra = Pre_Visualizar().findChild<QToolBar *>();
-        QVERIFY(!barra->isMovable());
-        QStringList grupos{{}};
-        for (const QAction *comando : barra->actions())
-            if (comando->isSeparator())
-                grupos << QString();
-            else if (!comando->objectName().isEmpty())
-                grupos.last() += comando->objectName() + u' ';
+        QStringList grupos;
+        for (const QToolBar *barra : Pre_Visualizar().findChildren<QToolBar *>()) {
+            QVERIFY(!barra->isMovable());
+            grupos << QString();
+            for (const QAction *comando : barra->actions())
+                if (comando->isSeparator())
+                    grupos << QString();
+                else if (!comando->objectName().isEmpty())
+                    grupos.last() += comando->objectName() + u' ';
+        }
         QCOMPARE(grupos, (QStringList{u"first previous next last "_s, u"zoomOut zoomIn fitWidth wholePage "_s,
                                       u"print pdf refresh "_s, u"close "_s}));
     }
@@ -463,6 +466,28 @@ private Q_SLOTS:
         QVERIFY(vista->zoom() > antes);
         rodar(-120);
         QCOMPARE(vista->zoom(), antes);
+    }
+    void onde_as_palavras_nao_cabem_numa_barra_sao_duas_e_nenhum_botao_se_esconde()
+    {
+        const QFont antes = QApplication::font();
+        const auto repor = qScopeGuard([&] { QApplication::setFont(antes); });
+        QFont grande = antes;
+        grande.setPixelSize(22);
+        QApplication::setFont(grande);
+        ReportPreview &janela = Pre_Visualizar();
+        janela.showNormal();
+        const QList<QToolBar *> barras = janela.findChildren<QToolBar *>();
+        QCOMPARE(barras.size(), 2);
+        const int palavras = barras[0]->sizeHint().width() + barras[1]->sizeHint().width();
+        for (const bool cabem : {false, true, false}) {
+            janela.resize(cabem ? palavras + 40 : palavras - 40, 600);
+            QCoreApplication::processEvents();
+            QCOMPARE(barras[0]->y() == barras[1]->y(), cabem);
+            for (const QToolBar *barra : barras)
+                for (QAction *accao : barra->actions())
+                    if (QWidget *botao = barra->widgetForAction(accao); botao && accao->isVisible())
+                        QVERIFY2(botao->isVisible(), qPrintable(accao->text()));
+        }
     }
     void esc_fecha()
     {

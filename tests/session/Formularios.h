@@ -26,6 +26,7 @@
 #include "online/frmAddEditEmail.h"
 #include "online/frmPopupEmail.h"
 #include "printing/frmEnvelope.h"
+#include "printing/frmEtiquetas.h"
 #include "printing/frmImprimir.h"
 #include "reminders/frmAddEditTarefa.h"
 #include "reminders/frmAniversarios.h"
@@ -152,6 +153,8 @@ inline const QMap<QString, Abertura> aberturas{
      [](ComFormulario &c) { return c.Novo<frmImprimir>(c.s.geral, c.relatorio, *c.janela.ListaNomes); }},
     {QStringLiteral("frmEnvelope"),
      [](ComFormulario &c) { return c.Novo<frmEnvelope>(c.s.geral, c.relatorio); }},
+    {QStringLiteral("frmEtiquetas"),
+     [](ComFormulario &c) { return c.Novo<frmEtiquetas>(c.s.geral, c.relatorio, *c.janela.ListaNomes); }},
     {QStringLiteral("frmExportar"),
      [](ComFormulario &c) { return c.Novo<frmExportar>(c.s.geral, c.relatorio, *c.janela.ListaNomes); }},
     {QStringLiteral("frmExportarContactos"),

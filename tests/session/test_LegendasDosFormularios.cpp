@@ -113,6 +113,7 @@ const QList<Formulario> formularios{
     {"frmEnvelope",
      {u"title 159"_s, u"lblNome 161"_s, u"lblLeft 162"_s, u"lblCenter 163"_s, u"lblRight 164"_s,
       u"cmdImprimir 80"_s, u"cmdCancelar 43"_s}},
+    {"frmEtiquetas", {u"CheckBoxPrevisualizar 77"_s, u"cmdImprimir 80"_s, u"cmdCancelar 43"_s}},
     {"frmExportar", intervalo + QStringList{u"title 257"_s, u"frameExportar 257"_s, u"cmdExportar 257"_s,
                                             u"cmdFechar 135"_s}},
     {"frmBackup", {u"title 254"_s, u"Label1 253"_s, u"cmdIniciar 229"_s, u"cmdSair 136"_s}},
