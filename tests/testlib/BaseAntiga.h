@@ -8,6 +8,7 @@ inline void Envelhecer(Sistema &s)
 {
     for (const QString &sql :
          {QStringLiteral("DROP TABLE TblFotografias"), QStringLiteral("DROP TABLE TblCartoes"),
+          QStringLiteral("DROP TABLE TblDiferentes"),
           QStringLiteral("DELETE FROM TblIdiomas WHERE ID >= 274"), QStringLiteral("PRAGMA user_version=0"),
           QStringLiteral("VACUUM")})
         s.Escrever(sql);
