@@ -1,9 +1,9 @@
 // Measures the export of a book of 10,000 contacts in every format, beside its floor in the same run: the
 // same contacts read by the bare command and the same bytes written. Usage: bench_exportacao [folder for the
 // files]
+#include "cards/ContactosAoAcaso.h"
+#include "cards/ExportacaoDeContactos.h"
 #include "controls/Application.h"
-#include "interchange/ContactosAoAcaso.h"
-#include "interchange/ExportacaoDeContactos.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 

@@ -2,9 +2,9 @@
 // written, beside its floor in the same run: the same rows inserted by the bare store in one transaction.
 // Half of the cards are new and half complete somebody of the book, unless told otherwise; then all are new.
 // Usage: bench_importacao [novos]
+#include "cards/EscritaDaImportacao.h"
+#include "cards/frmImportarContactos.h"
 #include "controls/Application.h"
-#include "interchange/EscritaDaImportacao.h"
-#include "interchange/frmImportarContactos.h"
 #include "session/Main.h"
 #include "store/TextRules.h"
 #include "testlib/Pausas.h"

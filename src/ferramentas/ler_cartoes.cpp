@@ -1,8 +1,8 @@
 // Prints what the readers of foreign contact files make of them, a JSON object a file and line: to look at a
 // file that somebody sends in, and to compare the readers with others. Usage: ler_cartoes json FILE…    cards
 //        ler_cartoes csv FILE…     tables
+#include "cards/ContactoDoCartao.h"
 #include "csv/CsvReader.h"
-#include "interchange/ContactoDoCartao.h"
 #include "vcard/CardContent.h"
 #include "vcard/CardReader.h"
 

@@ -1,5 +1,6 @@
 #include "interchange/FicheirosPedidos.h"
 
+#include "cards/EntradaDeContactos.h"
 #include "interchange/Intercambio.h"
 
 #include <QFileInfo>
@@ -11,8 +12,8 @@ constexpr std::array<FicheirosPedidos::Resposta, 4> FicheirosPedidos::Respostas{
     {u"csv", &FicheirosPedidos::ImportarContactos},
 }};
 
-FicheirosPedidos::FicheirosPedidos(QObject &dono, Intercambio &intercambio)
-    : QObject(&dono), intercambio_(intercambio)
+FicheirosPedidos::FicheirosPedidos(QObject &dono, Intercambio &intercambio, EntradaDeContactos &entrada)
+    : QObject(&dono), intercambio_(intercambio), entrada_(entrada)
 {
 }
 
@@ -33,4 +34,4 @@ void FicheirosPedidos::Abrir(const QString &caminho)
 
 void FicheirosPedidos::Importar(const QString &caminho) { intercambio_.Importar(caminho); }
 
-void FicheirosPedidos::ImportarContactos(const QString &caminho) { intercambio_.ImportarContactos(caminho); }
+void FicheirosPedidos::ImportarContactos(const QString &caminho) { entrada_.ImportarContactos(caminho); }

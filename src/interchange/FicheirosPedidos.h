@@ -6,13 +6,14 @@
 #include <QObject>
 #include <QStringList>
 
+class EntradaDeContactos;
 class Intercambio;
 
 class FicheirosPedidos final : public QObject
 {
     Q_OBJECT
 public:
-    FicheirosPedidos(QObject &dono, Intercambio &intercambio);
+    FicheirosPedidos(QObject &dono, Intercambio &intercambio, EntradaDeContactos &entrada);
 
     // The endings of the files that have an answer, in small letters and without their dot.
     static QStringList Terminacoes();
@@ -31,4 +32,5 @@ private:
     void ImportarContactos(const QString &caminho);
 
     Intercambio &intercambio_;
+    EntradaDeContactos &entrada_;
 };

@@ -1,5 +1,8 @@
 #include "session/Main.h"
 
+#include "cards/ContactosLargados.h"
+#include "cards/EntradaDeContactos.h"
+#include "cards/SaidaDeContactos.h"
 #include "contacts/AccoesContacto.h"
 #include "contacts/CartaoContacto.h"
 #include "contacts/DesfazerEliminacao.h"
@@ -14,10 +17,8 @@
 #include "controls/Units.h"
 #include "data/Fotografias.h"
 #include "data/Geral.h"
-#include "interchange/EntradaDeContactos.h"
 #include "interchange/FicheirosPedidos.h"
 #include "interchange/Intercambio.h"
-#include "interchange/SaidaDeContactos.h"
 #include "memos/Memos.h"
 #include "online/CicloCorreio.h"
 #include "online/Presenca.h"
@@ -96,22 +97,25 @@ Main::Main(Geral &geral, Platform &platform)
     new AccoesContacto(*this, geral_, platform_, *lista_, *cartao_, *desfazer);
 
     new Impressao(*this, geral_, platform_, *CrystalReport1);
-    auto *intercambio = new Intercambio(*this, geral_, platform_, *CrystalReport1, *desfazer);
+    auto *intercambio = new Intercambio(*this, geral_, platform_, *CrystalReport1);
+    auto *entrada = new EntradaDeContactos(*this, geral_, platform_, *desfazer);
     new SaidaDeContactos(*this, geral_, platform_);
-    auto *ficheiros = new FicheirosPedidos(*this, *intercambio);
+    auto *ficheiros = new FicheirosPedidos(*this, *intercambio, *entrada);
     fila_ = new FilaDeFicheiros(*this, *tray_,
                                 [ficheiros](const QString &caminho) { ficheiros->Abrir(caminho); });
-    auto *entrada = new EntradaDeContactos(*this);
-    connect(entrada, &EntradaDeContactos::Ficheiros, fila_, &FilaDeFicheiros::Juntar);
-    connect(entrada, &EntradaDeContactos::Cartoes, intercambio, &Intercambio::ImportarCartoes,
+    auto *largados = new ContactosLargados(*this);
+    connect(largados, &ContactosLargados::Ficheiros, fila_, &FilaDeFicheiros::Juntar);
+    connect(largados, &ContactosLargados::Cartoes, entrada, &EntradaDeContactos::ImportarCartoes,
             Qt::QueuedConnection);
     new VerificarVersao(*this, geral_, platform_, servidor.toString());
     new TeclaDeAjuda(*this, geral_, platform_);
 
-    connect(intercambio, &Intercambio::ContactosMudados, lista_, [this] {
+    const auto ler_de_novo = [this] {
         lista_->Limpar_Dados();
         lista_->Carregar_Tabela();
-    });
+    };
+    connect(intercambio, &Intercambio::ContactosMudados, lista_, ler_de_novo);
+    connect(entrada, &EntradaDeContactos::ContactosMudados, lista_, ler_de_novo);
     connect(pesquisa, &Pesquisa::Trazer_Main, tray_, &SystemTray::Trazer_Janela);
     connect(procuraRapida_, &ProcuraRapida::Minimizar_Tray, tray_, &SystemTray::Minimizar_Tray);
     connect(desfazer, &DesfazerEliminacao::Eliminado, procuraRapida_, &ProcuraRapida::Tomar_Eliminacao);

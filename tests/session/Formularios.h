@@ -1,6 +1,11 @@
 // Every form of the program, as its opener makes it.
 #pragma once
 
+#include "cards/frmCampos.h"
+#include "cards/frmDuplicados.h"
+#include "cards/frmExportarContactos.h"
+#include "cards/frmImportarContactos.h"
+#include "cards/frmQR.h"
 #include "contacts/DesfazerEliminacao.h"
 #include "contacts/frmAddEdit.h"
 #include "contacts/frmDeleteGroup.h"
@@ -12,15 +17,10 @@
 #include "contacts/ListaContactos.h"
 #include "data/frmSeleccionarIdioma.h"
 #include "interchange/frmBackup.h"
-#include "interchange/frmCampos.h"
-#include "interchange/frmDuplicados.h"
 #include "interchange/frmExportar.h"
-#include "interchange/frmExportarContactos.h"
 #include "interchange/frmImportar.h"
 #include "interchange/frmImportar2.h"
-#include "interchange/frmImportarContactos.h"
 #include "interchange/frmImportarMDB.h"
-#include "interchange/frmQR.h"
 #include "interchange/Intercambio.h"
 #include "memos/frmMemo.h"
 #include "online/frmAddEditEmail.h"
@@ -124,7 +124,10 @@ inline const QMap<QString, Abertura> aberturas{
          return form;
      }},
     {QStringLiteral("frmVerImagem"),
-     [](ComFormulario &c) { return c.Novo<frmVerImagem>(c.s.geral, Picture(c.s.geral.Ficheiro(QStringLiteral("semfoto_big.jpg")))); }},
+     [](ComFormulario &c) {
+         return c.Novo<frmVerImagem>(c.s.geral,
+                                     Picture(c.s.geral.Ficheiro(QStringLiteral("semfoto_big.jpg"))));
+     }},
     {QStringLiteral("frmAddEditTarefa, nova"),
      [](ComFormulario &c) {
          Por_Modo(c.s.geral.ModoTarefa, "Add");
@@ -202,7 +205,8 @@ inline const QMap<QString, Abertura> aberturas{
          for (const char *telemovel : {"912 345 678", "91 234 56 78"})
              c.s.Novo_Contacto({{QStringLiteral("Nome"), Value(QStringLiteral("Ana Silva"))},
                                 {QStringLiteral("Telemovel1"), Value(QLatin1StringView(telemovel))},
-                                {QStringLiteral("Email1"), Value(QLatin1StringView(telemovel).first(3) + QStringLiteral("@x.example"))},
+                                {QStringLiteral("Email1"),
+                                 Value(QLatin1StringView(telemovel).first(3) + QStringLiteral("@x.example"))},
                                 {QStringLiteral("Morada"), Value(QStringLiteral("Rua Nova\r\nLisboa"))},
                                 {QStringLiteral("Grupo"), Value(grupo)}});
          return c.Novo<frmDuplicados>(c.s.geral, c.s.plataforma, c.desfazer, &c.janela);
@@ -218,7 +222,8 @@ inline const QMap<QString, Abertura> aberturas{
 inline const QMap<QString, Abertura> outras{
     {QStringLiteral("Main"),
      [](ComFormulario &c) -> QWidget * {
-         c.s.Novo_Contacto({{QStringLiteral("Nome"), Value(QStringLiteral("Ágata"))}, {QStringLiteral("Email1"), Value(QStringLiteral("a@x.example"))}});
+         c.s.Novo_Contacto({{QStringLiteral("Nome"), Value(QStringLiteral("Ágata"))},
+                            {QStringLiteral("Email1"), Value(QStringLiteral("a@x.example"))}});
          c.lista.Carregar_Tabela();
          c.janela.ListaNomes->setListIndex(0);
          return &c.janela;
@@ -228,5 +233,6 @@ inline const QMap<QString, Abertura> outras{
      [](ComFormulario &c) { return c.Novo<frmSeleccionarIdioma>(c.s.geral, c.s.plataforma); }},
     {QStringLiteral("frmPopup"),
      [](ComFormulario &c) { return c.Novo<frmPopup>(c.s.geral, c.s.plataforma, c.janela, c.relatorio); }},
-    {QStringLiteral("frmPopupEmail"), [](ComFormulario &c) { return c.Novo<frmPopupEmail>(c.janela, QStringLiteral("3 mensagens")); }},
+    {QStringLiteral("frmPopupEmail"),
+     [](ComFormulario &c) { return c.Novo<frmPopupEmail>(c.janela, QStringLiteral("3 mensagens")); }},
 };

@@ -1,9 +1,9 @@
 // Files that the program is started with: what each kind opens, and what they wait for.
+#include "cards/frmCampos.h"
+#include "cards/frmImportarContactos.h"
 #include "interchange/FicheirosPedidos.h"
-#include "interchange/frmCampos.h"
 #include "interchange/frmImportar.h"
 #include "interchange/frmImportar2.h"
-#include "interchange/frmImportarContactos.h"
 #include "interchange/Intercambio.h"
 #include "session/frmLogin.h"
 #include "session/frmSobre.h"

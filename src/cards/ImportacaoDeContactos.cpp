@@ -1,0 +1,149 @@
+#include "cards/ImportacaoDeContactos.h"
+
+#include "data/CartoesGuardados.h"
+#include "data/DE.h"
+#include "store/Row.h"
+
+#include <algorithm>
+#include <QElapsedTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr qint64 fatia = 8;    // ms of work at a time
+constexpr int da_agenda = 200; // rows read at a time
+
+ColunasDoContacto Colunas_Da_Linha(const Row &linha)
+{
+    // The column of the group has another name in the table, and is not compared.
+    static constexpr std::array nomes{
+        "Nome", "Telefone1", "Telefone2", "Fax",     "Telemovel1", "Telemovel2", "Telemovel3", "Dia",  "Mes",
+        "Ano",  "Email1",    "Email2",    "Website", "Morada",     "Obs",        "Fotografia", "Grupo"};
+    static_assert(nomes.size() == ColunasDoContacto::quantas);
+    ColunasDoContacto colunas;
+    for (std::size_t i = 0; i < nomes.size(); ++i) {
+        const std::string_view valor = linha.utf8(linha.column(nomes[i]));
+        colunas.valores[i] = QString::fromUtf8(valor.data(), static_cast<qsizetype>(valor.size()));
+    }
+    return colunas;
+}
+} // namespace
+
+Escolha ContactoAImportar::Por_Omissao(Veredicto veredicto)
+{
+    switch (veredicto) {
+    case Veredicto::Igual:
+        return Escolha::Saltar;
+    case Veredicto::Completa:
+        return Escolha::Juntar;
+    case Veredicto::Talvez:
+    case Veredicto::Novo:
+        break;
+    }
+    return Escolha::Novo;
+}
+
+ImportacaoDeContactos::ImportacaoDeContactos(DE &de, QString IdUtilizador, QString idioma)
+    : de_(de), IdUtilizador_(std::move(IdUtilizador)), idioma_(std::move(idioma)), regra_(idioma_)
+{
+}
+
+void ImportacaoDeContactos::Abrir_Cartoes(const QByteArray &bytes, const QByteArray &codificacao,
+                                          GruposDaImportacao grupos)
+{
+    fonte_ = std::make_unique<FonteDeCartoes>(bytes, codificacao, idioma_, std::move(grupos), faltas_);
+    contactos_.reserve(fonte_->Quantos());
+}
+
+void ImportacaoDeContactos::Abrir_Tabela(TabelaEscolhida tabela, GruposDaImportacao grupos)
+{
+    fonte_ = std::make_unique<FonteDeTabela>(std::move(tabela), std::move(grupos));
+}
+
+bool ImportacaoDeContactos::Avancar()
+{
+    QElapsedTimer relogio;
+    relogio.start();
+    do {
+        if (!agenda_lida_)
+            Ler_Da_Agenda();
+        else if (lidos_ < fonte_->Quantos())
+            Julgar(lidos_++);
+        else
+            return Acabar();
+    } while (relogio.elapsed() < fatia);
+    return true;
+}
+
+bool ImportacaoDeContactos::Acabar()
+{
+    std::stable_sort(faltas_.begin(), faltas_.end(),
+                     [](const FaltaDaFonte &a, const FaltaDaFonte &b) { return a.linha < b.linha; });
+    return false;
+}
+
+// How many the book has is not known before it is read; it is the quicker part.
+int ImportacaoDeContactos::Percentagem() const
+{
+    constexpr std::size_t parte_da_agenda = 10;
+    if (!agenda_lida_) return 0;
+    const std::size_t todos = fonte_->Quantos();
+    return todos == 0 ? 100 : static_cast<int>(parte_da_agenda + (100 - parte_da_agenda) * lidos_ / todos);
+}
+
+void ImportacaoDeContactos::Ler_Da_Agenda()
+{
+    if (!uids_lidos_) {
+        CartoesGuardados(de_).Percorrer(
+            [this](const QString &IDContacto, const QString &UID) { uids_.insert(IDContacto, UID); });
+        uids_lidos_ = true;
+        return;
+    }
+    const std::size_t antes = da_agenda_.size();
+    de_.Percorrer_A_Vista(IdUtilizador_, antes == 0 ? 0 : da_agenda_.back(), da_agenda,
+                          [this](const Row &linha) {
+                              const QString ID = linha.field(linha.column("ID")).text();
+                              da_agenda_.push_back(ID.toLongLong());
+                              regra_.Juntar(Colunas_Da_Linha(linha), uids_.value(ID));
+                          });
+    agenda_lida_ = da_agenda_.size() == antes;
+}
+
+// Who comes as somebody of his own is there for those behind, and so is what completes somebody.
+void ImportacaoDeContactos::Julgar(std::size_t qual)
+{
+    std::optional<ContactoDaFonte> lido = fonte_->Ler(qual, faltas_);
+    if (!lido) return;
+    Decisao decisao = regra_.Decidir(lido->lido.colunas, lido->UID);
+    ContactoAImportar contacto{std::move(*lido), decisao.veredicto, std::move(decisao.quem)};
+    contacto.escolha = ContactoAImportar::Por_Omissao(contacto.veredicto);
+    if (contacto.escolha == Escolha::Novo) {
+        regra_.Juntar(contacto.fonte.lido.colunas, contacto.fonte.UID);
+        do_ficheiro_.push_back(contactos_.size());
+    }
+    if (contacto.escolha == Escolha::Juntar) {
+        const std::size_t lugar = contacto.quem.front();
+        if (!por_completar_.contains(lugar)) por_completar_.insert(lugar, regra_.Quem(lugar));
+        regra_.Completar(lugar, decisao.completado);
+    }
+    contactos_.push_back(std::move(contacto));
+}
+
+ImportacaoDeContactos::Alguem ImportacaoDeContactos::Quem(std::size_t lugar) const
+{
+    if (lugar < da_agenda_.size()) return {QString::number(da_agenda_[lugar]), 0};
+    return {{}, do_ficheiro_.at(lugar - da_agenda_.size())};
+}
+
+ColunasDoContacto ImportacaoDeContactos::Colunas_De(std::size_t lugar) const
+{
+    return por_completar_.value(lugar, regra_.Quem(lugar));
+}
+
+Decisao ImportacaoDeContactos::Como_Fica(const ContactoAImportar &contacto) const
+{
+    const ColunasDoContacto &colunas = contacto.fonte.lido.colunas;
+    if (contacto.escolha != Escolha::Juntar) return {contacto.veredicto, {}, colunas, {}};
+    return RegraDosDuplicados::Juntos(idioma_, colunas, Colunas_De(contacto.quem.at(contacto.com)));
+}

@@ -1,0 +1,69 @@
+// What a contact that comes in is to those that are there already. It is compared through three dictionaries
+// of names, numbers and mails, never pair by pair.
+#pragma once
+
+#include "cards/ChavesDoContacto.h"
+
+#include <QHash>
+#include <QStringList>
+#include <vector>
+
+enum class Veredicto {
+    Igual,    // the same person with nothing new: is not added
+    Completa, // the same person for sure, with something new
+    Talvez,   // a person has to decide; added if nobody does
+    Novo,
+};
+
+struct Decisao {
+    Veredicto veredicto = Veredicto::Novo;
+    std::vector<std::size_t> quem; // their places in the order of Juntar, ascending
+    // For Igual and Completa: the other's columns with what comes in. A value that is there stays.
+    ColunasDoContacto completado;
+    std::vector<Coluna> preenchidas; // the columns in which completado differs from the other
+};
+
+class RegraDosDuplicados
+{
+public:
+    // The word before what finds no free column goes into Obs in that language.
+    explicit RegraDosDuplicados(QString idioma);
+
+    // One more that is there, with its UID where one is known. Those of an import are added as they pass, and
+    // so the same person twice in one file is found as well.
+    void Juntar(const ColunasDoContacto &colunas, const QString &uid = {});
+
+    Decisao Decidir(const ColunasDoContacto &colunas, const QString &uid = {}) const;
+
+    // What a person decides: who comes in is that one. Igual or Completa.
+    static Decisao Juntos(const QString &idioma, const ColunasDoContacto &colunas,
+                          const ColunasDoContacto &outro);
+
+    // The one at that place has been completed to these columns.
+    void Completar(std::size_t lugar, const ColunasDoContacto &completado);
+
+    const ColunasDoContacto &Quem(std::size_t lugar) const { return todos_.at(lugar); }
+
+private:
+    using Lugares = std::vector<std::size_t>;
+    using Dicionario = QHash<QString, Lugares>;
+    using Chaves = ChavesDoContacto;
+
+    static void Apontar(Dicionario &dicionario, const QStringList &chaves, std::size_t lugar);
+    static Lugares Com_Alguma(const Dicionario &dicionario, const QStringList &chaves);
+    bool Um_Nome_Contem_O_Outro(const QString &nome, std::size_t outro) const;
+    bool Mesmo_Telemovel(const ColunasDoContacto &colunas, std::size_t outro) const;
+    Lugares Certos(const ColunasDoContacto &colunas, const Chaves &chaves, const Lugares &por_numero,
+                   const Lugares &por_email) const;
+    bool Ja_Esta_La(const ColunasDoContacto &colunas, std::size_t outro) const;
+    Decisao O_Mesmo(const ColunasDoContacto &colunas, std::size_t outro) const;
+    void Completar(Decisao &decisao, const ColunasDoContacto &colunas) const;
+
+    QString idioma_;
+    std::vector<ColunasDoContacto> todos_;
+    std::vector<Chaves> chaves_;
+    Dicionario nomes_;
+    Dicionario numeros_;
+    Dicionario emails_;
+    QHash<QString, std::size_t> uids_;
+};

@@ -1,0 +1,205 @@
+// The rows of a foreign table on their way into the columns of a contact.
+#include "cards/ContactosDaTabela.h"
+#include "data/ReadWriteINI.h"
+#include "testlib/Teste.h"
+
+using namespace Qt::StringLiterals;
+using C = Coluna;
+using F = CsvField;
+
+namespace
+{
+constexpr int este_ano = 2026;
+
+ContactoDaLinha Linha(const QByteArray &ficheiro, std::size_t qual = 0, const GruposDaImportacao &grupos = {},
+                      DateOrder usual = DateOrder::DayFirst)
+{
+    const CsvTable tabela = readCsv(ficheiro);
+    const QStringList nomes = tabela.hasHeader ? tabela.rows.front() : QStringList();
+    return ContactosDaTabela(tabela, MapaDaTabela::Proposto(nomes, CsvHeaders()),
+                             {u"InglesUK"_s, usual, este_ano, grupos})
+        .Ler(qual);
+}
+
+ColunasDoContacto Colunas(const QByteArray &ficheiro) { return Linha(ficheiro).lido.colunas; }
+} // namespace
+
+class TestContactosDaTabela : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void uma_linha_enche_as_mesmas_colunas_que_um_cartao()
+    {
+        const ContactoDaLinha linha = Linha(
+            "Nome;Apelido;Telefone;Telemóvel;Fax;E-mail;Rua;Cidade;Código postal;Aniversário;Notas;Grupo\n"
+            "Ana;Sá;211;911;213;a@b;Rua A;Porto;4000;4/3/1975;uma nota;Familia\n",
+            0, {{u"Família"_s}, {}, false});
+        const ColunasDoContacto &c = linha.lido.colunas;
+        QCOMPARE(c[C::Nome], u"Ana Sá"_s);
+        QCOMPARE(c[C::Telefone1], u"211"_s);
+        QCOMPARE(c[C::Telemovel1], u"911"_s);
+        QCOMPARE(c[C::Fax], u"213"_s);
+        QCOMPARE(c[C::Email1], u"a@b"_s);
+        QCOMPARE(c[C::Morada], u"Rua A\r\n4000 Porto"_s);
+        QCOMPARE((QStringList{c[C::Dia], c[C::Mes], c[C::Ano]}), (QStringList{u"4"_s, u"3"_s, u"1975"_s}));
+        QCOMPARE(c[C::Obs], u"uma nota"_s);
+        QCOMPARE(linha.lido.Grupo, u"Família"_s);
+    }
+
+    void uma_coluna_desconhecida_vai_para_obs_com_o_seu_nome()
+    {
+        QCOMPARE(Linha("Nome;Signo;Company\nAna;Touro;Firma\n").lido.linhas,
+                 (QStringList{u"Signo: Touro"_s, u"Company: Firma"_s}));
+        QCOMPARE(Linha("Nome;Telefone\nAna;1;sobra\n").lido.linhas, QStringList{u"3: sobra"_s});
+    }
+
+    void sem_linha_de_nomes_cada_celula_vai_para_obs_com_o_seu_numero()
+    {
+        QCOMPARE(Linha("Ana,912345678\n").lido.linhas, (QStringList{u"1: Ana"_s, u"2: 912345678"_s}));
+    }
+
+    void o_rotulo_e_o_de_cada_linha()
+    {
+        const QByteArray ficheiro =
+            "First Name,Phone 1 - Label,Phone 1 - Value,Phone 2 - Label,Phone 2 - Value\n"
+            "Ana,Mobile,1,Work Fax,2\nRui,Work,3,Praia,4\n";
+        const ColunasDoContacto ana = Linha(ficheiro).lido.colunas;
+        QCOMPARE(ana[C::Telemovel1], u"1"_s);
+        QCOMPARE(ana[C::Fax], u"2"_s);
+        const ColunasDoContacto rui = Linha(ficheiro, 1).lido.colunas;
+        QCOMPARE(rui[C::Telefone1], u"3"_s);
+        QCOMPARE(rui[C::Telefone2], u"4"_s);
+        QVERIFY(rui[C::Telemovel1].isEmpty());
+    }
+
+    void um_telefone_so_e_telemovel_onde_os_telemoveis_nao_tem_coluna()
+    {
+        QCOMPARE(Colunas("Nome;Telefone\nAna;912345678\n")[C::Telemovel1], u"912345678"_s);
+        const ColunasDoContacto c = Colunas("Nome;Telefone;Telemóvel\nAna;912345678;\n");
+        QCOMPARE(c[C::Telefone1], u"912345678"_s);
+        QVERIFY(c[C::Telemovel1].isEmpty());
+    }
+
+    void varios_valores_numa_celula_separam_se()
+    {
+        const ColunasDoContacto c =
+            Colunas("First Name,E-mail 1 - Value,Phone 1 - Value\nAna,a@b ::: c@d,211 ::: 212\n");
+        QCOMPARE(c[C::Email1], u"a@b"_s);
+        QCOMPARE(c[C::Email2], u"c@d"_s);
+        QCOMPARE(c[C::Telefone2], u"212"_s);
+    }
+
+    void um_numero_em_notacao_cientifica_recusa_se_e_avisa_se()
+    {
+        const ContactoDaLinha linha = Linha("Nome;Telefone\nAna;3,51912E+11\n");
+        QCOMPARE(linha.estragados, QStringList{u"3,51912E+11"_s});
+        QVERIFY(linha.lido.colunas[C::Telefone1].isEmpty());
+        QVERIFY(linha.lido.colunas[C::Obs].isEmpty());
+    }
+
+    void as_datas_leem_se_na_ordem_da_sua_coluna_ou_na_escolhida()
+    {
+        const QByteArray ficheiro = "Nome;Aniversário\nAna;4/3/75\nRui;12/31/75\n";
+        QCOMPARE(Linha(ficheiro).lido.colunas[C::Mes], u"4"_s);
+        const CsvTable tabela = readCsv(ficheiro);
+        MapaDaTabela mapa = MapaDaTabela::Proposto(tabela.rows.front(), CsvHeaders());
+        mapa.ordem = DateOrder::DayFirst;
+        const ContactosDaTabela contactos(tabela, mapa, {u"InglesUK"_s, DateOrder::MonthFirst, este_ano, {}});
+        QCOMPARE(contactos.Ler(0).lido.colunas[C::Mes], u"3"_s);
+        QCOMPARE(contactos.Ler(1).lido.linhas, QStringList{u"Birthday: 12/31/75"_s});
+    }
+
+    void uma_data_em_partes_junta_se_e_uma_de_zeros_nao_e_nenhuma()
+    {
+        const QByteArray nomes = "First Name,Birth Year,Birth Month,Birth Day\n";
+        const ColunasDoContacto c = Colunas(nomes + "Ana,1975,03,04\n");
+        QCOMPARE((QStringList{c[C::Dia], c[C::Mes], c[C::Ano]}), (QStringList{u"4"_s, u"3"_s, u"1975"_s}));
+        QCOMPARE(Colunas(nomes + "Ana,,03,04\n")[C::Ano], QString());
+        QCOMPARE(Colunas(nomes + "Ana,,03,04\n")[C::Dia], u"4"_s);
+        QVERIFY(Linha("Nome;Aniversário\nAna;0/0/00\n").lido.linhas.isEmpty());
+    }
+
+    void duas_moradas_nao_se_misturam()
+    {
+        const ContactoDaLinha linha = Linha("First Name,Home Street,Home City,Business Street,Business City\n"
+                                            "Ana,Rua A,Porto,Rua B,Lisboa\n");
+        QCOMPARE(linha.lido.colunas[C::Morada], u"Rua A\r\nPorto"_s);
+        QCOMPARE(linha.lido.linhas, QStringList{u"Address (work): Rua B, Lisboa"_s});
+    }
+
+    void nenhuma_celula_se_perde()
+    {
+        const QStringList nomes{u"Title"_s,
+                                u"First Name"_s,
+                                u"Last Name"_s,
+                                u"Nickname"_s,
+                                u"Company"_s,
+                                u"Home Phone"_s,
+                                u"Home Phone 2"_s,
+                                u"Business Phone"_s,
+                                u"Mobile Phone"_s,
+                                u"Home Fax"_s,
+                                u"Business Fax"_s,
+                                u"E-mail Address"_s,
+                                u"E-mail 2 Address"_s,
+                                u"E-mail 3 Address"_s,
+                                u"Web Page"_s,
+                                u"Personal Web Page"_s,
+                                u"Home Street"_s,
+                                u"Business Street"_s,
+                                u"Notes"_s,
+                                u"Categories"_s,
+                                u"Photo"_s,
+                                u"Sem nome"_s};
+        QStringList valores;
+        for (int i = 0; i < nomes.size(); ++i)
+            valores << u"valor%1"_s.arg(i + 100);
+        const auto &todos = Colunas((nomes.join(u',') + u'\n' + valores.join(u',') + u'\n').toUtf8()).valores;
+        const QString tudo = QStringList(todos.begin(), todos.end()).join(u'\n');
+        for (const QString &valor : valores)
+            QVERIFY2(tudo.contains(valor), qPrintable(valor));
+    }
+
+    void o_mapa_guarda_se_pelo_conjunto_dos_nomes()
+    {
+        QTemporaryDir pasta;
+        ReadWriteINI ini(pasta.path());
+        MapasGuardados guardados(ini);
+        const CsvHeaders conhecidos;
+        const QStringList nomes{u"Nome"_s, u"Phone 1 - Value"_s, u"Coisa"_s};
+        MapaDaTabela mapa = MapaDaTabela::Proposto(nomes, conhecidos);
+        QCOMPARE(guardados.Ler(nomes, conhecidos), mapa);
+        mapa.colunas[2].field = F::Street;
+        mapa.colunas[2].place = CsvPlace::Work;
+        mapa.ordem = DateOrder::MonthFirst;
+        guardados.Guardar(nomes, mapa);
+        QCOMPARE(MapasGuardados(ini).Ler(nomes, conhecidos), mapa);
+        const MapaDaTabela outra_ordem =
+            guardados.Ler({u"Coisa"_s, u"Nome"_s, u"Phone 1 - Value"_s}, conhecidos);
+        QCOMPARE(outra_ordem.colunas, (std::vector{mapa.colunas[2], mapa.colunas[0], mapa.colunas[1]}));
+        QCOMPARE(guardados.Ler({u"Nome"_s, u"Coisa"_s}, conhecidos).colunas[1].field, F::Unknown);
+    }
+
+    void um_mapa_estragado_no_ficheiro_nao_vale()
+    {
+        QTemporaryDir pasta;
+        ReadWriteINI ini(pasta.path());
+        const CsvHeaders conhecidos;
+        const QStringList nomes{u"Nome"_s};
+        MapasGuardados(ini).Guardar(nomes, {{CsvColumn{F::Email, {}, 0, false}}, {}});
+        QCOMPARE(MapasGuardados(ini).Ler(nomes, conhecidos).colunas.front().field, F::Email);
+        QFile ficheiro(pasta.filePath(u"config.ini"_s));
+        QVERIFY(ficheiro.open(QIODevice::ReadWrite));
+        const QByteArray antes = ficheiro.readAll();
+        for (const char *valor : {"?z0", "?b9", "?b-", "?b", "?b0b0", ""}) {
+            QVERIFY(ficheiro.seek(0) && ficheiro.resize(0));
+            ficheiro.write(QByteArray(antes).replace("?b0", valor));
+            ficheiro.flush();
+            QCOMPARE(MapasGuardados(ini).Ler(nomes, conhecidos).colunas.front().field, F::FullName);
+        }
+    }
+};
+
+MORVEX_TESTE(TestContactosDaTabela)
+#include "test_ContactosDaTabela.moc"

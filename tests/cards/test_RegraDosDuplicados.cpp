@@ -1,0 +1,330 @@
+// Who is who: contacts that come in, against those that are there. MORVEX_DUPLICADOS sets how many variations
+// are tried; what each of them has to give is known from the way in which it is made.
+#include "cards/RegraDosDuplicados.h"
+#include "testlib/TempoGasto.h"
+#include "testlib/Teste.h"
+
+#include <random>
+
+using namespace Qt::StringLiterals;
+using C = Coluna;
+using V = Veredicto;
+
+namespace
+{
+ColunasDoContacto Contacto(std::initializer_list<std::pair<C, QString>> valores)
+{
+    ColunasDoContacto contacto;
+    for (const auto &[coluna, valor] : valores)
+        contacto[coluna] = valor;
+    return contacto;
+}
+
+ColunasDoContacto Com(ColunasDoContacto contacto, std::initializer_list<std::pair<C, QString>> valores)
+{
+    for (const auto &[coluna, valor] : valores)
+        contacto[coluna] = valor;
+    return contacto;
+}
+
+RegraDosDuplicados Livro(const std::vector<ColunasDoContacto> &contactos)
+{
+    RegraDosDuplicados regra(u"InglesUK"_s);
+    for (const ColunasDoContacto &contacto : contactos)
+        regra.Juntar(contacto);
+    return regra;
+}
+
+const ColunasDoContacto &Ana()
+{
+    static const ColunasDoContacto ana = Contacto({{C::Nome, u"Ana Maria Conceição Silva"_s},
+                                                   {C::Telemovel1, u"+351 912 345 678"_s},
+                                                   {C::Telefone1, u"212 345 678"_s},
+                                                   {C::Email1, u"ana@exemplo.pt"_s}});
+    return ana;
+}
+
+V Para_A_Ana(const ColunasDoContacto &quem) { return Livro({Ana()}).Decidir(quem).veredicto; }
+
+// People no two of whom share a name, a number or a mail.
+class Gerador
+{
+public:
+    ColunasDoContacto Pessoa(int i)
+    {
+        const QStringList proprios{u"José"_s, u"Ângela"_s, u"Günther"_s, u"Conceição"_s, u"Zoë"_s, u"Rui"_s};
+        return Contacto(
+            {{C::Nome, u"%1 Meio%2 Família%3"_s.arg(proprios[Ao_Acaso(6)], Letras(i), Letras(i + 7))},
+             {C::Telemovel1, u"+351 91%1"_s.arg(i, 7, 10, QChar(u'0'))},
+             {C::Telefone1, u"+351 21%1"_s.arg(i, 7, 10, QChar(u'0'))},
+             {C::Email1, u"p%1@example.org"_s.arg(i)},
+             {C::Morada, u"Rua %1"_s.arg(i)}});
+    }
+    int Ao_Acaso(int limite) { return static_cast<int>(acaso_() % static_cast<std::uint32_t>(limite)); }
+
+private:
+    static QString Letras(int numero)
+    {
+        QString letras;
+        for (; numero > 0; numero /= 20)
+            letras += QChar(u'b' + numero % 20);
+        return letras;
+    }
+    std::mt19937 acaso_{19750304};
+};
+
+struct Variacao {
+    const char *nome;
+    ColunasDoContacto contacto;
+    V esperado;
+};
+
+QString Primeiro_E_Ultimo(const QString &nome)
+{
+    return nome.section(u' ', 0, 0) + u' ' + nome.section(u' ', -1);
+}
+
+Variacao Variar(const ColunasDoContacto &b, int qual, int i)
+{
+    const QString outro_numero = u"+351 96%1"_s.arg(i, 7, 10, QChar(u'0'));
+    QString algarismos = b[C::Telemovel1].sliced(5);
+    const QString invertido = b[C::Nome].section(u' ', -1) + u", "_s + b[C::Nome].section(u' ', 0, -2);
+    QString simples = b[C::Nome].normalized(QString::NormalizationForm_KD).toUpper();
+    simples.removeIf([](QChar sinal) { return sinal.isMark(); });
+    switch (qual) {
+    case 0:
+        return {"igual", b, V::Igual};
+    case 1:
+        return {"sem indicativo", Com(b, {{C::Telemovel1, algarismos}}), V::Igual};
+    case 2:
+        return {"00351", Com(b, {{C::Telemovel1, u"00351."_s + algarismos}}), V::Igual};
+    case 3:
+        return {"sem acentos", Com(b, {{C::Nome, simples}}), V::Igual};
+    case 4:
+        return {"apelido primeiro", Com(b, {{C::Nome, invertido}}), V::Igual};
+    case 5:
+        return {"sem nome do meio", Com(b, {{C::Nome, Primeiro_E_Ultimo(b[C::Nome])}}), V::Igual};
+    case 6:
+        return {"mail novo", Com(b, {{C::Email2, u"n%1@example.net"_s.arg(i)}}), V::Completa};
+    case 7:
+        return {"cônjuge",
+                Contacto({{C::Nome, u"Hermengarda "_s + b[C::Nome].section(u' ', -1)},
+                          {C::Telefone1, b[C::Telefone1]}}),
+                V::Talvez};
+    case 8:
+        return {"homónimo", Contacto({{C::Nome, b[C::Nome]}, {C::Telemovel1, outro_numero}}), V::Talvez};
+    case 9:
+        return {"só nome", Contacto({{C::Nome, b[C::Nome]}}), V::Igual};
+    case 10:
+        return {"meio omitido, número de casa",
+                Contacto({{C::Nome, Primeiro_E_Ultimo(b[C::Nome])}, {C::Telefone1, b[C::Telefone1]}}),
+                V::Talvez};
+    default:
+        return {"outra pessoa",
+                Contacto({{C::Nome, u"Outra Pessoa%1"_s.arg(i)}, {C::Telemovel1, outro_numero}}), V::Novo};
+    }
+}
+constexpr int variacoes = 12;
+
+int Quantas()
+{
+    constexpr int na_suite = 2000;
+    const int pedidas = qEnvironmentVariableIntValue("MORVEX_DUPLICADOS");
+    return pedidas > 0 ? pedidas : na_suite;
+}
+} // namespace
+
+class TestRegraDosDuplicados : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void o_mesmo_nome_com_um_numero_ou_um_mail_e_a_mesma_pessoa()
+    {
+        for (const auto &[coluna, valor] :
+             {std::pair(C::Telemovel2, u"912345678"_s), std::pair(C::Fax, u"00351 21 234 56 78"_s),
+              std::pair(C::Email2, u" ANA@exemplo.pt "_s)}) {
+            const auto quem = Contacto({{C::Nome, u"SILVA, Ana Maria da Conceicao"_s}, {coluna, valor}});
+            QCOMPARE(Para_A_Ana(quem), V::Igual);
+        }
+    }
+
+    void so_o_nome_so_o_numero_ou_so_o_mail_deixam_se_a_pessoa()
+    {
+        QCOMPARE(Para_A_Ana(Contacto({{C::Nome, Ana()[C::Nome]}, {C::Telefone1, u"999999999"_s}})),
+                 V::Talvez);
+        QCOMPARE(Para_A_Ana(Contacto({{C::Nome, u"Rui"_s}, {C::Telefone1, u"212345678"_s}})), V::Talvez);
+        QCOMPARE(Para_A_Ana(Contacto({{C::Nome, u"Rui"_s}, {C::Email1, u"ana@exemplo.pt"_s}})), V::Talvez);
+        QCOMPARE(Para_A_Ana(Contacto({{C::Nome, u"Rui"_s}, {C::Email1, u"rui@exemplo.pt"_s}})), V::Novo);
+    }
+
+    void quem_so_tem_nome_e_igual_so_se_tudo_o_que_diz_ja_esta_la()
+    {
+        const ColunasDoContacto nome = Contacto({{C::Nome, Ana()[C::Nome]}});
+        const auto ana = Com(Ana(), {{C::Morada, u"Rua Á"_s}, {C::Fotografia, u"ana.jpg"_s}});
+        const auto julgado = [&](C coluna, const QString &valor) {
+            return Livro({ana}).Decidir(Com(nome, {{coluna, valor}})).veredicto;
+        };
+        QCOMPARE(Livro({ana}).Decidir(nome).veredicto, V::Igual);
+        QCOMPARE(julgado(C::Morada, u"RUA A"_s), V::Igual);
+        QCOMPARE(julgado(C::Fotografia, u"outra.jpg"_s), V::Igual);
+        for (const C coluna : {C::Telefone1, C::Telefone2, C::Fax, C::Telemovel1, C::Telemovel2,
+                               C::Telemovel3, C::Website, C::Morada, C::Obs, C::Dia, C::Mes, C::Ano})
+            QCOMPARE(julgado(coluna, u"12"_s), V::Talvez);
+        QCOMPARE(Livro({Ana()}).Decidir(Com(nome, {{C::Fotografia, u"ana.jpg"_s}})).veredicto, V::Talvez);
+    }
+
+    void um_numero_com_menos_de_sete_algarismos_nao_prova_nada()
+    {
+        const auto curto = [](const QString &numero) {
+            const auto um = Contacto({{C::Nome, u"Rui"_s}, {C::Telefone1, numero}});
+            return Livro({Com(um, {{C::Nome, u"Ana"_s}})}).Decidir(um).veredicto;
+        };
+        QCOMPARE(curto(u"123456"_s), V::Novo);
+        QCOMPARE(curto(u"1234567"_s), V::Talvez);
+    }
+
+    void uma_chave_em_mais_de_tres_contactos_nao_prova_nada()
+    {
+        std::vector<ColunasDoContacto> livro;
+        const auto da_firma = [](const QString &nome) {
+            return Contacto(
+                {{C::Nome, nome}, {C::Telefone1, u"213000000"_s}, {C::Email1, u"info@firma.pt"_s}});
+        };
+        for (const auto &nome : {u"Um"_s, u"Dois"_s, u"Três"_s})
+            livro.push_back(da_firma(nome));
+        QCOMPARE(Livro(livro).Decidir(da_firma(u"Novo"_s)).veredicto, V::Talvez);
+        QCOMPARE(Livro(livro).Decidir(da_firma(u"Um"_s)).veredicto, V::Igual);
+        livro.push_back(da_firma(u"Quatro"_s));
+        QCOMPARE(Livro(livro).Decidir(da_firma(u"Novo"_s)).veredicto, V::Novo);
+        QCOMPARE(Livro(livro).Decidir(da_firma(u"Um"_s)).veredicto, V::Talvez);
+    }
+
+    void um_nome_contido_no_outro_precisa_de_um_telemovel_ou_de_um_mail()
+    {
+        const QString parte = u"Ana Silva"_s;
+        QCOMPARE(Para_A_Ana(Contacto({{C::Nome, parte}, {C::Telemovel1, u"912345678"_s}})), V::Igual);
+        QCOMPARE(Para_A_Ana(Contacto({{C::Nome, parte}, {C::Email1, u"ana@exemplo.pt"_s}})), V::Igual);
+        QCOMPARE(Para_A_Ana(Contacto({{C::Nome, parte}, {C::Telefone1, u"212345678"_s}})), V::Talvez);
+        QCOMPARE(Para_A_Ana(Contacto({{C::Nome, u"Ana"_s}, {C::Telemovel1, u"912345678"_s}})), V::Talvez);
+        QCOMPARE(Para_A_Ana(Contacto({{C::Nome, u"Ana Costa"_s}, {C::Telemovel1, u"912345678"_s}})),
+                 V::Talvez);
+    }
+
+    void aniversarios_diferentes_deixam_se_a_pessoa()
+    {
+        const auto com_data = [](const QString &dia) {
+            return Com(Ana(), {{C::Dia, dia}, {C::Mes, u"3"_s}});
+        };
+        QCOMPARE(Livro({com_data(u"4"_s)}).Decidir(com_data(u"4"_s)).veredicto, V::Igual);
+        QCOMPARE(Livro({com_data(u"4"_s)}).Decidir(com_data(u"5"_s)).veredicto, V::Talvez);
+    }
+
+    void varios_candidatos_deixam_se_a_pessoa()
+    {
+        const Decisao decisao = Livro({Ana(), Ana()}).Decidir(Ana());
+        QCOMPARE(decisao.veredicto, V::Talvez);
+        QCOMPARE(decisao.quem, (std::vector<std::size_t>{0, 1}));
+    }
+
+    void o_mesmo_uid_e_a_mesma_pessoa_com_outro_nome()
+    {
+        RegraDosDuplicados regra(u"InglesUK"_s);
+        regra.Juntar(Ana(), u"u-1"_s);
+        const auto casada = Contacto({{C::Nome, u"Ana Costa"_s}});
+        QCOMPARE(regra.Decidir(casada, u"u-1"_s).veredicto, V::Igual);
+        QCOMPARE(regra.Decidir(casada, u"u-2"_s).veredicto, V::Novo);
+    }
+
+    void completar_enche_so_o_que_esta_vazio_e_nao_substitui_nada()
+    {
+        const auto quem = Com(Ana(), {{C::Telemovel1, u"912345678"_s},
+                                      {C::Telemovel2, u"961111111"_s},
+                                      {C::Telefone1, u"219999999"_s},
+                                      {C::Morada, u"Rua B"_s},
+                                      {C::Dia, u"4"_s},
+                                      {C::Mes, u"3"_s},
+                                      {C::Obs, u"nota nova"_s}});
+        const Decisao decisao =
+            Livro({Com(Ana(), {{C::Website, u"w"_s}, {C::Obs, u"nota"_s}})}).Decidir(quem);
+        QCOMPARE(decisao.veredicto, V::Completa);
+        QCOMPARE(decisao.quem, std::vector<std::size_t>{0});
+        QCOMPARE(decisao.completado, Com(Ana(), {{C::Telefone2, u"219999999"_s},
+                                                 {C::Telemovel2, u"961111111"_s},
+                                                 {C::Morada, u"Rua B"_s},
+                                                 {C::Dia, u"4"_s},
+                                                 {C::Mes, u"3"_s},
+                                                 {C::Website, u"w"_s},
+                                                 {C::Obs, u"nota\r\nnota nova"_s}}));
+        QCOMPARE(decisao.preenchidas,
+                 (std::vector<C>{C::Telefone2, C::Telemovel2, C::Dia, C::Mes, C::Morada, C::Obs}));
+    }
+
+    void um_numero_sem_lugar_livre_vai_para_obs_e_uma_so_vez()
+    {
+        const auto cheia = Com(Ana(), {{C::Telefone2, u"213333333"_s}});
+        const auto quem = Com(Ana(), {{C::Telefone2, u"214444444"_s}});
+        const Decisao decisao = Livro({cheia}).Decidir(quem);
+        QCOMPARE(decisao.preenchidas, std::vector<C>{C::Obs});
+        QVERIFY(decisao.completado[C::Obs].endsWith(u"\r\nPhone: 214444444"_s));
+        QCOMPARE(Livro({decisao.completado}).Decidir(quem).veredicto, V::Igual);
+    }
+
+    void o_que_foi_completado_e_igual_a_segunda_vez()
+    {
+        const auto quem = Com(Ana(), {{C::Obs, u"n\r\n--- Further details of the contact ---\r\nA: b"_s}});
+        const Decisao decisao = Livro({Com(Ana(), {{C::Obs, u"m"_s}})}).Decidir(quem);
+        QCOMPARE(decisao.veredicto, V::Completa);
+        QCOMPARE(Livro({decisao.completado}).Decidir(quem).veredicto, V::Igual);
+    }
+
+    void quem_vem_duas_vezes_no_mesmo_ficheiro_reconhece_se()
+    {
+        RegraDosDuplicados regra(u"InglesUK"_s);
+        QCOMPARE(regra.Decidir(Ana()).veredicto, V::Novo);
+        regra.Juntar(Ana());
+        QCOMPARE(regra.Decidir(Ana()).veredicto, V::Igual);
+    }
+
+    void nenhuma_variacao_se_junta_a_quem_nao_e()
+    {
+        Gerador gerador;
+        RegraDosDuplicados regra(u"InglesUK"_s);
+        std::vector<ColunasDoContacto> livro;
+        constexpr int pessoas = 2000;
+        for (int i = 1; i <= pessoas; ++i) {
+            livro.push_back(gerador.Pessoa(i));
+            regra.Juntar(livro.back());
+        }
+        for (int n = 0; n < Quantas(); ++n) {
+            const auto i = static_cast<std::size_t>(gerador.Ao_Acaso(pessoas));
+            const Variacao variacao = Variar(livro[i], n % variacoes, n);
+            const Decisao decisao = regra.Decidir(variacao.contacto);
+            QVERIFY2(decisao.veredicto == variacao.esperado, variacao.nome);
+            if (variacao.esperado != V::Novo) QCOMPARE(decisao.quem, std::vector<std::size_t>{i});
+        }
+    }
+
+    void dez_mil_contactos_comparam_se_em_menos_de_meio_segundo()
+    {
+        Gerador gerador;
+        std::vector<ColunasDoContacto> livro;
+        constexpr int pessoas = 10000;
+        for (int i = 1; i <= pessoas; ++i)
+            livro.push_back(gerador.Pessoa(i));
+        const RegraDosDuplicados regra = Livro(livro);
+        std::size_t iguais = 0;
+        const double gasto = Tempo_Gasto([&] {
+            iguais = 0;
+            for (const ColunasDoContacto &contacto : livro)
+                if (regra.Decidir(contacto).veredicto == V::Igual) ++iguais;
+        });
+        qInfo("10,000 compared with 10,000 in %.0f ms", gasto / 1000);
+        QCOMPARE(iguais, livro.size());
+        constexpr double meio_segundo = 5e5;
+        QVERIFY(gasto < meio_segundo);
+    }
+};
+
+MORVEX_TESTE(TestRegraDosDuplicados)
+#include "test_RegraDosDuplicados.moc"

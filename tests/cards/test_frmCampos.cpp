@@ -1,0 +1,275 @@
+// The form in which a person says what the columns of a foreign table hold.
+#include "cards/frmCampos.h"
+
+#include "cards/CamposDaTabela.h"
+#include "controls/Contrast.h"
+#include "testlib/Sistema.h"
+#include "testlib/TempoGasto.h"
+#include "testlib/Teste.h"
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QScrollBar>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+const QByteArray tabela =
+    "Quem;Telemóvel;Signo\r\nAna Silva;912345678;Peixes\r\nRui Costa;961234567;Touro\r\n";
+
+struct Mesa {
+    std::unique_ptr<frmCampos> Abrir(const QByteArray &ficheiro = tabela)
+    {
+        auto form = std::make_unique<frmCampos>(s.geral, s.plataforma, ficheiro);
+        form->show();
+        return form;
+    }
+    Sistema s;
+};
+
+QString Palavra(const frmCampos &form, int coluna)
+{
+    return form.tblCampos->model()->index(0, coluna).data().toString();
+}
+
+// The lines of the card, "label: value".
+QStringList Cartao(const frmCampos &form)
+{
+    QStringList linhas;
+    for (int i = 0; i < form.lvContacto->topLevelItemCount(); ++i)
+        linhas << form.lvContacto->topLevelItem(i)->text(0) + u": "_s +
+                      form.lvContacto->topLevelItem(i)->text(1);
+    return linhas;
+}
+
+QComboBox *Caixa_Da_Coluna(frmCampos &form) { return form.tblCampos->viewport()->findChild<QComboBox *>(); }
+
+int Qual(CsvField campo) { return campos_da_tabela::Escolha_De({campo, CsvPlace::None, 0, false}); }
+} // namespace
+
+class TestFrmCampos : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void mostra_as_primeiras_linhas_com_o_campo_de_cada_coluna()
+    {
+        Mesa m;
+        const auto form = m.Abrir();
+        QCOMPARE(form->tblLinhas->model()->rowCount(), 2);
+        QCOMPARE(form->tblLinhas->model()->index(1, 0).data().toString(), u"Rui Costa"_s);
+        QCOMPARE(form->tblCampos->model()->headerData(0, Qt::Horizontal).toString(), u"Quem"_s);
+        QCOMPARE(Palavra(*form, 1), u"Telemóvel"_s);
+        QCOMPARE(Palavra(*form, 2), m.s.Texto(352));
+        const QColor letras = form->palette().color(QPalette::Text);
+        const QColor fundo = form->palette().color(QPalette::Base);
+        for (const QTableView *tabela_vista : {form->tblCampos, form->tblLinhas}) {
+            const auto cor =
+                tabela_vista->model()->index(0, 2).data(Qt::ForegroundRole).value<QBrush>().color();
+            QVERIFY(contrast(cor, fundo) < contrast(letras, fundo));
+            QVERIFY(contrast(cor, fundo) >= readableContrast);
+        }
+        QVERIFY(!form->tblCampos->model()->index(0, 1).data(Qt::ForegroundRole).isValid());
+    }
+
+    void mais_de_vinte_linhas_mostram_vinte_e_todas_sao_lidas()
+    {
+        Mesa m;
+        const auto form = m.Abrir("Nome;Fax\n" + QByteArray("Ana;212345678\n").repeated(1000));
+        QCOMPARE(form->tblLinhas->model()->rowCount(), 20);
+        form->cmdOk->click();
+        QCOMPARE(form->Escolhida()->tabela.rows.size(), std::size_t{1001});
+    }
+
+    void o_cartao_e_o_da_linha_escolhida_e_segue_cada_mudanca()
+    {
+        Mesa m;
+        const auto form = m.Abrir();
+        QVERIFY(Cartao(*form).contains(u"Telemóvel: 912345678"_s));
+        form->tblLinhas->setCurrentIndex(form->tblLinhas->model()->index(1, 0));
+        QVERIFY(Cartao(*form).contains(u"Telemóvel: 961234567"_s));
+        QVERIFY(!Cartao(*form).contains(u"Nome: Rui Costa"_s));
+        form->tblCampos->model()->setData(form->tblCampos->model()->index(0, 0), Qual(CsvField::FullName));
+        QVERIFY(Cartao(*form).contains(u"Nome: Rui Costa"_s));
+    }
+
+    void um_campo_escolhe_se_so_com_o_teclado()
+    {
+        Mesa m;
+        const auto form = m.Abrir();
+        form->tblCampos->setFocus();
+        QTest::keyClick(form->tblCampos, Qt::Key_Right);
+        QTest::keyClick(form->tblCampos, Qt::Key_Right);
+        QTest::keyClick(form->tblCampos, Qt::Key_F2);
+        QComboBox *caixa = Caixa_Da_Coluna(*form);
+        QVERIFY(caixa != nullptr);
+        QCOMPARE(caixa->accessibleName(), u"Signo"_s);
+        QTRY_VERIFY(caixa->view()->isVisible());
+        while (caixa->view()->currentIndex().row() < Qual(CsvField::Nickname))
+            QTest::keyClick(caixa->view(), Qt::Key_Down);
+        QCOMPARE(Palavra(*form, 2), m.s.Texto(352));
+        QTest::keyClick(caixa->view(), Qt::Key_Return);
+        QTRY_COMPARE(Palavra(*form, 2), u"Alcunha"_s);
+    }
+
+    void sem_escolher_na_lista_nada_muda()
+    {
+        Mesa m;
+        const auto form = m.Abrir("Name;Phone 2 - Type;Phone 2 - Value\nAna;Home;212345678\n");
+        const QString antes = Palavra(*form, 1);
+        form->tblCampos->edit(form->tblCampos->model()->index(0, 1));
+        QComboBox *caixa = Caixa_Da_Coluna(*form);
+        QTRY_VERIFY(caixa->view()->isVisible());
+        QTest::keyClick(caixa->view(), Qt::Key_Escape);
+        QTest::keyClick(caixa, Qt::Key_Tab);
+        QCOMPARE(Palavra(*form, 1), antes);
+    }
+
+    void a_tecla_enter_e_ok_tambem_sobre_as_colunas()
+    {
+        Mesa m;
+        const auto form = m.Abrir();
+        form->tblCampos->setFocus();
+        QTest::keyClick(form->tblCampos, Qt::Key_Return);
+        QCOMPARE(form->result(), static_cast<int>(QDialog::Accepted));
+    }
+
+    void a_tecla_tab_passa_por_todos_os_controlos()
+    {
+        Mesa m;
+        const auto form = m.Abrir();
+        QApplication::setActiveWindow(form.get());
+        form->ComboCodificacao->setFocus();
+        const QList<QWidget *> todos{form->ComboSeparador, form->ComboDatas, form->chkNomes,
+                                     form->tblCampos,      form->tblLinhas,  form->lvContacto,
+                                     form->cmdOk,          form->cmdCancelar};
+        for (const QWidget *seguinte : todos) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            QCOMPARE(QApplication::focusWidget(), seguinte);
+        }
+    }
+
+    void ok_entrega_a_tabela_e_lembra_se_dos_campos()
+    {
+        Mesa m;
+        {
+            const auto form = m.Abrir();
+            form->tblCampos->model()->setData(form->tblCampos->model()->index(0, 0),
+                                              Qual(CsvField::FullName));
+            form->cmdOk->click();
+            QCOMPARE(form->result(), static_cast<int>(QDialog::Accepted));
+            const auto escolhida = form->Escolhida();
+            QVERIFY(escolhida.has_value());
+            const ContactosDaTabela contactos(escolhida->tabela, escolhida->mapa, escolhida->opcoes);
+            QCOMPARE(contactos.Quantos(), std::size_t{2});
+            QCOMPARE(contactos.Ler(0).lido.colunas[Coluna::Nome], u"Ana Silva"_s);
+            QCOMPARE(escolhida->opcoes.idioma, u"PortuguesPT"_s);
+            QCOMPARE(escolhida->opcoes.este_ano, 2027);
+        }
+        const auto segunda = m.Abrir();
+        QCOMPARE(Palavra(*segunda, 0), u"Nome completo"_s);
+    }
+
+    void cancelar_nao_entrega_nem_guarda_nada()
+    {
+        Mesa m;
+        {
+            const auto form = m.Abrir();
+            form->tblCampos->model()->setData(form->tblCampos->model()->index(0, 0),
+                                              Qual(CsvField::FullName));
+            form->cmdCancelar->click();
+            QVERIFY(!form->Escolhida().has_value());
+        }
+        QCOMPARE(Palavra(*m.Abrir(), 0), m.s.Texto(352));
+    }
+
+    void outra_codificacao_outro_separador_e_outra_ordem_leem_de_novo()
+    {
+        Mesa m;
+        const auto form = m.Abrir("Nome;Aniversário\nJos\xC3\xA9,x;3/4/1975\nAna,y;4/4/1975\n");
+        QCOMPARE(form->ComboCodificacao->currentText(), m.s.Texto(345) + u": UTF-8"_s);
+        QCOMPARE(form->ComboSeparador->currentText(), m.s.Texto(345) + u": "_s + m.s.Texto(347));
+        QVERIFY(Cartao(*form).contains(u"Aniversário: 3 Abril 1975"_s));
+        form->ComboDatas->setListIndex(2);
+        QVERIFY(Cartao(*form).contains(u"Aniversário: 4 Março 1975"_s));
+        form->ComboCodificacao->setListIndex(3); // windows-1252
+        QCOMPARE(Cartao(*form).constFirst(), u"Nome: JosÃ©,x"_s);
+        QCOMPARE(form->ComboDatas->ListIndex(), 2);
+        form->ComboSeparador->setListIndex(1); // the comma
+        QCOMPARE(form->tblCampos->model()->columnCount(), 2);
+        QCOMPARE(form->tblCampos->model()->headerData(0, Qt::Horizontal).toString(), u"Nome;AniversÃ¡rio"_s);
+        form->ComboCodificacao->setListIndex(0);
+        QCOMPARE(form->tblCampos->model()->headerData(0, Qt::Horizontal).toString(), u"Nome;Aniversário"_s);
+    }
+
+    void sem_a_linha_dos_nomes_e_ela_mesma_um_contacto()
+    {
+        Mesa m;
+        const auto form = m.Abrir();
+        QVERIFY(form->chkNomes->isChecked());
+        form->chkNomes->click();
+        QCOMPARE(form->tblLinhas->model()->rowCount(), 3);
+        QCOMPARE(form->tblCampos->model()->headerData(1, Qt::Horizontal).toString(), u"2"_s);
+    }
+
+    void diz_os_nomes_ambiguos_e_os_numeros_estragados()
+    {
+        Mesa m;
+        const auto form = m.Abrir("Apelido;Telefone\nSilva;3,51912E+11\nCosta;3,51213E+11\n");
+        QVERIFY(form->LabelAvisos->text().contains(m.s.Texto(355) + u" Apelido"_s));
+        QVERIFY(form->LabelAvisos->text().contains(m.s.Texto(356) + u" 2 (3,51912E+11)"_s));
+        QVERIFY(!m.Abrir()->LabelAvisos->isVisible());
+    }
+
+    void um_ficheiro_sem_linhas_so_se_pode_cancelar()
+    {
+        Mesa m;
+        for (const QByteArray &vazio : {QByteArray(), QByteArray("Nome;Telefone\n")}) {
+            const auto form = m.Abrir(vazio);
+            QVERIFY(!form->cmdOk->isEnabled());
+            QCOMPARE(form->LabelAvisos->text(), m.s.Texto(357));
+            form->ComboSeparador->setListIndex(1);
+            form->chkNomes->click();
+        }
+    }
+
+    void o_que_uma_celula_tem_de_enorme_ou_invisivel_nao_se_mostra()
+    {
+        Mesa m;
+        const auto form = m.Abrir(QByteArray("Nome;Notas\nA\0\1na;", 18) + QByteArray(1 << 20, 'x') + "\n");
+        QCOMPARE(form->tblLinhas->model()->index(0, 0).data().toString(), u"A na"_s);
+        QVERIFY(form->tblLinhas->model()->index(0, 1).data().toString().size() < 300);
+        for (const QString &linha : Cartao(*form))
+            QVERIFY(linha.size() < 3000);
+    }
+
+    void mil_colunas_abrem_tao_depressa_como_se_leem()
+    {
+        const QByteArray ficheiro = "a" + QByteArray(";b").repeated(999) + "\n" +
+                                    ("1" + QByteArray(";2").repeated(999) + "\n").repeated(20);
+        Mesa m;
+        const double leitura = Tempo_Gasto([&] { QCOMPARE(readCsv(ficheiro).rows.size(), std::size_t{21}); });
+        const double abertura =
+            Tempo_Gasto([&] { QCOMPARE(m.Abrir(ficheiro)->tblCampos->model()->columnCount(), 1000); });
+        qInfo("%.1f ms to read, %.1f ms to open", leitura / 1000, abertura / 1000);
+        constexpr double meio_segundo = 5e5;
+        QVERIFY2(abertura < meio_segundo, qPrintable(QString::number(abertura)));
+    }
+
+    void a_linha_dos_campos_segue_as_colunas()
+    {
+        Mesa m;
+        const auto form =
+            m.Abrir("a" + QByteArray(";b").repeated(30) + "\n1" + QByteArray(";2").repeated(30) + "\n");
+        form->tblLinhas->horizontalScrollBar()->setValue(500);
+        QCOMPARE(form->tblCampos->horizontalScrollBar()->value(), 500);
+        form->tblCampos->horizontalScrollBar()->setValue(100);
+        QCOMPARE(form->tblLinhas->horizontalScrollBar()->value(), 100);
+        form->tblCampos->setColumnWidth(1, 77);
+        QCOMPARE(form->tblLinhas->columnWidth(1), 77);
+    }
+};
+
+MORVEX_TESTE(TestFrmCampos)
+#include "test_frmCampos.moc"

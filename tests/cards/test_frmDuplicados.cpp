@@ -1,0 +1,356 @@
+// The form that goes through the duplicates of the book, and the undoing of what it does.
+#include "cards/frmDuplicados.h"
+
+#include "controls/ComboBox.h"
+#include "data/CartoesGuardados.h"
+#include "testlib/Accoes.h"
+#include "testlib/ComJanela.h"
+#include "testlib/TempoGasto.h"
+#include "testlib/Teste.h"
+
+using namespace Qt::StringLiterals;
+using accoes::Quando_Abrir;
+
+namespace
+{
+const auto contactos = u"SELECT Nome, Telemovel1, Telemovel2, Obs FROM TblLista ORDER BY ID"_s;
+
+struct Mesa : ComJanela {
+    Mesa()
+    {
+        s.Novo_Utilizador(u"Eva"_s, u"x"_s);
+        s.Entrar(u"Eva"_s);
+    }
+
+    int Contacto(const QString &nome, const QString &telemovel, const QString &obs = {}, int em = 0)
+    {
+        return s.Novo_Contacto({{u"Nome"_s, Value(nome)},
+                                {u"Telemovel1"_s, Value(telemovel)},
+                                {u"Obs"_s, Value(obs)},
+                                {u"Grupo"_s, Value(em > 0 ? em : grupo)}});
+    }
+    std::unique_ptr<frmDuplicados> Abrir()
+    {
+        auto form = std::make_unique<frmDuplicados>(s.geral, s.plataforma, desfazer);
+        form->show();
+        return form;
+    }
+    void Desfazer() { janela.DesfazerEliminar->trigger(); }
+
+    int grupo = s.Novo_Grupo(u"Amigos"_s);
+};
+
+// Two that are one, with a remark each.
+struct UmPar : Mesa {
+    int um = Contacto(u"Ana Silva"_s, u"912345678"_s, u"uma"_s);
+    int outro = Contacto(u"ANA SILVA"_s, u"+351 912345678"_s, u"outra"_s);
+};
+
+QTreeWidgetItem *Linha_De(const frmDuplicados &form, const QString &rotulo)
+{
+    return form.lvPar->findItems(rotulo, Qt::MatchExactly).value(0);
+}
+
+ComboBox *Escolha_De(const frmDuplicados &form, const QString &rotulo)
+{
+    QTreeWidgetItem *linha = Linha_De(form, rotulo);
+    return linha == nullptr ? nullptr : qobject_cast<ComboBox *>(form.lvPar->itemWidget(linha, 3));
+}
+} // namespace
+
+class TestFrmDuplicados : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void mostra_os_dois_lado_a_lado_e_a_escolha_onde_diferem()
+    {
+        UmPar m;
+        const auto form = m.Abrir();
+        QCOMPARE(form->Label1->text(), u"Par 1 de 1"_s);
+        QCOMPARE(form->Label2->text(), m.s.Texto(386));
+        QCOMPARE(Linha_De(*form, u"Nome"_s)->text(1), u"Ana Silva"_s);
+        QCOMPARE(Linha_De(*form, u"Nome"_s)->text(2), u"ANA SILVA"_s);
+        QCOMPARE(Escolha_De(*form, u"Observações"_s)->currentText(), m.s.Texto(379));
+        QVERIFY(Escolha_De(*form, u"Telemóvel"_s) == nullptr); // one number in two spellings
+        QCOMPARE(Linha_De(*form, u"Grupo"_s)->text(2), u"Amigos"_s);
+        QVERIFY(Linha_De(*form, u"Fax"_s) == nullptr);
+    }
+
+    void juntar_deixa_um_contacto_com_tudo_o_que_os_dois_diziam()
+    {
+        UmPar m;
+        const auto form = m.Abrir();
+        form->cmdJuntar->click();
+        QVERIFY(form->Juntou());
+        QCOMPARE(m.s.Linhas(contactos),
+                 QStringList{u"Ana Silva|912345678||uma\r\noutra\r\n--- Outros dados do contacto ---\r\n"
+                             "Nome completo: ANA SILVA"_s});
+        QCOMPARE(m.s.Linhas(u"SELECT ID FROM TblLista"_s), QStringList{QString::number(m.um)});
+        QVERIFY(!form->cmdJuntar->isEnabled());
+        QVERIFY(form->lvPar->topLevelItemCount() == 0);
+    }
+
+    void as_escolhas_valem()
+    {
+        UmPar m;
+        const auto form = m.Abrir();
+        Escolha_De(*form, u"Observações"_s)->setCurrentIndex(1);
+        Escolha_De(*form, u"Nome"_s)->setCurrentIndex(2);
+        form->cmdJuntar->click();
+        QCOMPARE(m.s.Linhas(contactos), QStringList{u"ANA SILVA|912345678||uma"_s});
+    }
+
+    void desfazer_traz_os_dois_como_eram()
+    {
+        UmPar m;
+        const QStringList antes = m.s.Linhas(u"SELECT * FROM TblLista ORDER BY ID"_s);
+        m.Abrir()->cmdJuntar->click();
+        QVERIFY(m.s.Linhas(u"SELECT * FROM TblLista ORDER BY ID"_s) != antes);
+        m.Desfazer();
+        QCOMPARE(m.s.Linhas(u"SELECT * FROM TblLista ORDER BY ID"_s), antes);
+        QCOMPARE(m.Abrir()->Label1->text(), u"Par 1 de 1"_s); // nothing was decided
+    }
+
+    void desfazer_deixa_como_esta_o_que_alguem_mudou_depois()
+    {
+        UmPar m;
+        m.Abrir()->cmdJuntar->click();
+        m.s.Escrever(u"UPDATE TblLista SET Nome='Ana Costa'"_s);
+        m.s.caixas.Espera_Qualquer(64, m.janela.windowTitle());
+        m.Desfazer();
+        QCOMPARE(m.s.Linhas(u"SELECT Nome FROM TblLista ORDER BY ID"_s),
+                 (QStringList{u"Ana Costa"_s, u"ANA SILVA"_s}));
+        QVERIFY(m.s.caixas.vistas.constFirst().contains(u"fica como está"_s));
+    }
+
+    void desfazer_deixa_o_contacto_no_grupo_para_onde_foi_depois()
+    {
+        UmPar m;
+        m.Abrir()->cmdJuntar->click();
+        const int novo = m.s.Novo_Grupo(u"Outros amigos"_s);
+        m.s.Escrever(u"UPDATE TblLista SET Grupo=%1"_s.arg(novo));
+        m.Desfazer();
+        QCOMPARE(m.s.Linhas(u"SELECT Nome, Obs, Grupo FROM TblLista ORDER BY ID"_s),
+                 (QStringList{u"Ana Silva|uma|%1"_s.arg(novo), u"ANA SILVA|outra|%1"_s.arg(m.grupo)}));
+    }
+
+    void o_cartao_guardado_vai_com_o_contacto_e_volta_com_ele()
+    {
+        UmPar m;
+        CartoesGuardados cartoes(m.s.geral.de);
+        cartoes.Guardar({QString::number(m.outro), u"uid-2"_s, "cartao 2"});
+        m.Abrir()->cmdJuntar->click();
+        QCOMPARE(cartoes.Ler(QString::number(m.um))->cartao, QByteArray("cartao 2"));
+        m.Desfazer();
+        QVERIFY(!cartoes.Ler(QString::number(m.um)).has_value());
+        QCOMPARE(cartoes.Ler(QString::number(m.outro))->cartao, QByteArray("cartao 2"));
+    }
+
+    void o_cartao_de_quem_fica_nao_da_lugar_ao_outro()
+    {
+        UmPar m;
+        CartoesGuardados cartoes(m.s.geral.de);
+        cartoes.Guardar({QString::number(m.um), u"uid-1"_s, "cartao 1"});
+        cartoes.Guardar({QString::number(m.outro), u"uid-2"_s, "cartao 2"});
+        m.Abrir()->cmdJuntar->click();
+        QCOMPARE(cartoes.Ler(QString::number(m.um))->cartao, QByteArray("cartao 1"));
+        m.Desfazer();
+        QCOMPARE(cartoes.Ler(QString::number(m.um))->cartao, QByteArray("cartao 1"));
+        QCOMPARE(cartoes.Ler(QString::number(m.outro))->cartao, QByteArray("cartao 2"));
+    }
+
+    void diferentes_nao_voltam_a_ser_perguntados_nem_a_outro_utilizador()
+    {
+        UmPar m;
+        m.Abrir()->cmdDiferentes->click();
+        QCOMPARE(m.s.Linhas(u"SELECT count(*) FROM TblLista"_s), QStringList{u"2"_s});
+        QVERIFY(m.Abrir()->lvPar->topLevelItemCount() == 0);
+        m.s.Novo_Utilizador(u"Rui"_s, u"x"_s);
+        m.s.Entrar(u"Rui"_s);
+        QVERIFY(m.Abrir()->lvPar->topLevelItemCount() == 0);
+    }
+
+    void saltar_passa_ao_par_seguinte_e_pergunta_outra_vez_da_proxima()
+    {
+        UmPar m;
+        m.Contacto(u"Rui"_s, u"961111111"_s);
+        m.Contacto(u"Rui"_s, u"961111111"_s);
+        {
+            const auto form = m.Abrir();
+            form->cmdSaltar->click();
+            QCOMPARE(form->Label1->text(), u"Par 2 de 2"_s);
+            QCOMPARE(Linha_De(*form, u"Nome"_s)->text(1), u"Rui"_s);
+            form->cmdSaltar->click();
+            QVERIFY(!form->cmdSaltar->isEnabled());
+        }
+        QCOMPARE(m.Abrir()->Label1->text(), u"Par 1 de 2"_s);
+    }
+
+    void quem_foi_juntado_ja_nao_e_de_nenhum_par()
+    {
+        Mesa m;
+        for (int i = 0; i < 3; ++i)
+            m.Contacto(u"Ana"_s, u"912345678"_s, u"nota %1"_s.arg(i));
+        const auto form = m.Abrir();
+        form->cmdJuntar->click();
+        form->cmdJuntar->click();
+        QVERIFY(!form->cmdJuntar->isEnabled()); // the pair of the second and third is no more
+        QCOMPARE(m.s.Linhas(contactos), QStringList{u"Ana|912345678||nota 0\r\nnota 1\r\nnota 2"_s});
+        m.Desfazer();
+        m.Desfazer();
+        QCOMPARE(m.s.Linhas(u"SELECT Obs FROM TblLista ORDER BY ID"_s),
+                 (QStringList{u"nota 0"_s, u"nota 1"_s, u"nota 2"_s}));
+    }
+
+    void um_livro_sem_duplicados_di_lo()
+    {
+        Mesa m;
+        m.Contacto(u"Ana"_s, u"912345678"_s);
+        m.Contacto(u"Rui"_s, u"961234567"_s);
+        const auto form = m.Abrir();
+        QCOMPARE(form->lvPar->accessibleDescription(), m.s.Texto(378));
+        for (const QPushButton *botao : {form->cmdJuntar, form->cmdDiferentes, form->cmdSaltar})
+            QVERIFY(!botao->isEnabled());
+    }
+
+    void contactos_de_grupos_que_o_utilizador_nao_ve_nao_se_comparam()
+    {
+        Mesa m;
+        const int alheio = m.s.Novo_Grupo(u"Da Rita"_s, m.s.Novo_Utilizador(u"Rita"_s, u"x"_s));
+        m.Contacto(u"Ana"_s, u"912345678"_s);
+        m.Contacto(u"Ana"_s, u"912345678"_s, {}, alheio);
+        QVERIFY(m.Abrir()->lvPar->topLevelItemCount() == 0);
+    }
+
+    void um_contacto_que_foi_para_um_grupo_alheio_ja_nao_se_mostra()
+    {
+        UmPar m;
+        m.Contacto(u"Rui"_s, u"961111111"_s);
+        const int rui = m.Contacto(u"Rui"_s, u"961111111"_s);
+        const auto form = m.Abrir();
+        const int alheio = m.s.Novo_Grupo(u"Da Rita"_s, m.s.Novo_Utilizador(u"Rita"_s, u"x"_s));
+        m.s.Escrever(u"UPDATE TblLista SET Grupo=%1 WHERE ID=%2"_s.arg(alheio).arg(rui));
+        form->cmdSaltar->click();
+        QVERIFY(form->lvPar->topLevelItemCount() == 0);
+    }
+
+    void o_que_outra_copia_do_programa_mudou_nao_se_junta_sem_ser_visto()
+    {
+        UmPar m;
+        const auto form = m.Abrir();
+        m.s.Escrever(u"UPDATE TblLista SET Obs='nova' WHERE ID=%1"_s.arg(m.outro));
+        m.s.caixas.Espera(m.s.Texto(384), 48, form->windowTitle());
+        form->cmdJuntar->click();
+        QCOMPARE(m.s.Linhas(u"SELECT count(*) FROM TblLista"_s), QStringList{u"2"_s});
+        QCOMPARE(Linha_De(*form, u"Observações"_s)->text(2), u"nova"_s);
+        form->cmdJuntar->click();
+        QCOMPARE(m.s.Linhas(u"SELECT count(*) FROM TblLista"_s), QStringList{u"1"_s});
+    }
+
+    void a_presenca_que_muda_por_si_nao_impede_de_juntar()
+    {
+        UmPar m;
+        const auto form = m.Abrir();
+        m.s.Escrever(u"UPDATE TblLista SET MSNMessenger='2'"_s);
+        form->cmdJuntar->click();
+        QCOMPARE(m.s.Linhas(u"SELECT count(*) FROM TblLista"_s), QStringList{u"1"_s});
+    }
+
+    void uma_falha_a_meio_deixa_os_dois()
+    {
+        UmPar m;
+        const QStringList antes = m.s.Linhas(u"SELECT * FROM TblLista ORDER BY ID"_s);
+        const auto form = m.Abrir();
+        m.s.Escrever(u"CREATE TRIGGER nao BEFORE DELETE ON TblLista BEGIN SELECT RAISE(ABORT, 'no'); END"_s);
+        m.s.caixas.Espera_Erro(Failure::StoreError);
+        QTest::mouseClick(form->cmdJuntar, Qt::LeftButton);
+        QCOMPARE(m.s.Linhas(u"SELECT * FROM TblLista ORDER BY ID"_s), antes);
+        QVERIFY(!m.janela.DesfazerEliminar->isEnabled());
+    }
+
+    void juntar_precisa_dos_direitos_de_editar_e_de_eliminar_data()
+    {
+        QTest::addColumn<bool>("editar");
+        QTest::addColumn<bool>("eliminar");
+        QTest::newRow("neither") << false << false;
+        QTest::newRow("edit alone") << true << false;
+        QTest::newRow("delete alone") << false << true;
+    }
+    void juntar_precisa_dos_direitos_de_editar_e_de_eliminar()
+    {
+        QFETCH(bool, editar);
+        QFETCH(bool, eliminar);
+        UmPar m;
+        const auto form = m.Abrir();
+        m.s.geral.SessaoActual.Editar = editar;
+        m.s.geral.SessaoActual.Eliminar = eliminar;
+        m.s.caixas.Espera(m.s.Texto(102), 16, u"Morvex"_s);
+        form->cmdJuntar->click();
+        QCOMPARE(m.s.Linhas(u"SELECT count(*) FROM TblLista"_s), QStringList{u"2"_s});
+    }
+
+    void a_entrada_do_menu_abre_o_e_le_a_lista_de_novo()
+    {
+        UmPar m;
+        m.lista.Carregar_Tabela();
+        QCOMPARE(m.janela.ListaNomes->ListCount(), 2);
+        Quando_Abrir<frmDuplicados>([](frmDuplicados &form) {
+            form.cmdJuntar->click();
+            form.cmdFechar->click();
+        });
+        m.janela.Duplicados->trigger();
+        QCOMPARE(m.janela.ListaNomes->ListCount(), 1);
+        QVERIFY(m.janela.isEnabled());
+    }
+
+    void a_tecla_tab_passa_pelas_escolhas_antes_dos_botoes()
+    {
+        UmPar m;
+        const auto form = m.Abrir();
+        QApplication::setActiveWindow(form.get());
+        form->lvPar->setFocus();
+        const QList<QWidget *> todos{Escolha_De(*form, u"Nome"_s),
+                                     Escolha_De(*form, u"Observações"_s),
+                                     form->cmdJuntar,
+                                     form->cmdDiferentes,
+                                     form->cmdSaltar,
+                                     form->cmdFechar};
+        for (const QWidget *seguinte : todos) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            QCOMPARE(QApplication::focusWidget(), seguinte);
+        }
+    }
+
+    void observacoes_enormes_mostram_se_cortadas_e_juntam_se_inteiras()
+    {
+        Mesa m;
+        const QString enorme(200'000, u'x');
+        m.Contacto(u"Ana"_s, u"912345678"_s, enorme);
+        m.Contacto(u"Ana"_s, u"912345678"_s, u"fim"_s);
+        const auto form = m.Abrir();
+        QVERIFY(Linha_De(*form, u"Observações"_s)->text(1).size() < 400);
+        form->cmdJuntar->click();
+        QCOMPARE(m.s.Linhas(u"SELECT Obs FROM TblLista"_s).constFirst(), enorme + u"\r\nfim"_s);
+    }
+
+    void um_livro_de_trinta_e_dois_mil_abre_em_cerca_de_um_segundo()
+    {
+        Mesa m;
+        m.s.Escrever(
+            u"WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i+1 FROM n WHERE i<31999) "
+            "INSERT INTO TblLista (Nome, Telefone1, Telefone2, Fax, Telemovel1, Telemovel2, Telemovel3, "
+            "Email1, Email2, Morada, Obs, Grupo) SELECT 'Pessoa ' || (i/2), '', '', '', "
+            "'91' || (1000000 + i/2), '', '', 'p' || i || '@x.example', '', 'Rua', 'nota', %1 FROM n"_s.arg(
+                m.grupo));
+        const double chao = Tempo_Gasto([&] { QCOMPARE(m.s.Linhas(contactos).size(), 32'000); }, 1);
+        const double abertura =
+            Tempo_Gasto([&] { QCOMPARE(m.Abrir()->Label1->text(), u"Par 1 de 16000"_s); }, 1);
+        qInfo("%.0f ms to read four columns, %.0f ms to open", chao / 1000, abertura / 1000);
+        constexpr double quatro_segundos = 4e6;
+        QVERIFY2(abertura < quatro_segundos, qPrintable(QString::number(abertura)));
+    }
+};
+
+MORVEX_TESTE(TestFrmDuplicados)
+#include "test_frmDuplicados.moc"

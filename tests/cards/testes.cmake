@@ -1,0 +1,23 @@
+# Tests of cards.
+foreach(teste IN ITEMS
+    test_CartaoDoContacto
+    test_CodigoQR
+    test_ConteudoDoQR
+    test_ContactoDoCartao
+    test_ContactosDaTabela
+    test_EscritaDaImportacao
+    test_ExportacaoDeContactos
+    test_ImportacaoDeContactos
+    test_JuncaoDeContactos
+    test_LeituraDaTabela
+    test_RegraDosDuplicados)
+    morvex_teste(cards/${teste} LIGA cards)
+endforeach()
+foreach(teste IN ITEMS
+    test_frmCampos
+    test_frmDuplicados
+    test_frmExportarContactos
+    test_frmImportarContactos
+    test_SaidaDeContactos)
+    morvex_teste(cards/${teste} LIGA session)
+endforeach()
