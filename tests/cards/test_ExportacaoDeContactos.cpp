@@ -215,6 +215,35 @@ private Q_SLOTS:
         }
     }
 
+    void uma_linha_para_outros_programas_diz_os_rotulos_e_a_data_como_eles()
+    {
+        ComLivro c;
+        c.s.Novo_Contacto({{u"Nome"_s, u"Ana Maria Sá"_s},
+                           {u"Telefone2"_s, u"211"_s},
+                           {u"Dia"_s, u"4"_s},
+                           {u"Mes"_s, u"3"_s},
+                           {u"Grupo"_s, 1}});
+        c.s.Novo_Contacto({{u"Nome"_s, u"Rui"_s},
+                           {u"Fax"_s, u"213"_s},
+                           {u"Dia"_s, u"14"_s},
+                           {u"Mes"_s, u"12"_s},
+                           {u"Ano"_s, u"1975"_s},
+                           {u"Grupo"_s, 1}});
+        const std::vector<QStringList> linhas = readCsv(c.Exportado(F::TabelaOutros)).rows;
+        const auto celula = [&](std::size_t linha, const QString &nome) {
+            return linhas[linha].value(linhas[0].indexOf(nome));
+        };
+        QCOMPARE(celula(1, u"First Name"_s), u"Ana Maria"_s);
+        QCOMPARE(celula(1, u"Last Name"_s), u"Sá"_s);
+        QCOMPARE(celula(1, u"Phone 1 - Label"_s), QString()); // no number, no label
+        QCOMPARE(celula(1, u"Phone 2 - Label"_s), u"Work"_s);
+        QCOMPARE(celula(1, u"Birthday"_s), u"--03-04"_s);
+        QCOMPARE(celula(2, u"First Name"_s), u"Rui"_s);
+        QCOMPARE(celula(2, u"Last Name"_s), QString());
+        QCOMPARE(celula(2, u"Phone 3 - Label"_s), u"Home Fax"_s);
+        QCOMPARE(celula(2, u"Birthday"_s), u"1975-12-14"_s);
+    }
+
     void um_cartao_guardado_sai_com_o_que_nao_tem_coluna_na_versao_pedida()
     {
         ComLivro c;

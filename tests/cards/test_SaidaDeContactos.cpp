@@ -95,6 +95,7 @@ private Q_SLOTS:
         bool veio = false;
         accoes::Quando_Abrir<frmQR>([&](frmQR &form) {
             veio = true;
+            const auto fechar = qScopeGuard([&] { form.close(); }); // also where something below is wrong
             QCOMPARE(form.lblNome->text(), u"Ana Sá"_s);
             QCOMPARE(form.windowTitle(), c.s.Texto(278).remove(u'&'));
             QCOMPARE(form.lblDica->text(), c.s.Texto(414));
@@ -108,6 +109,7 @@ private Q_SLOTS:
             QVERIFY(pontos >= 4);
             QCOMPARE(imagem.convertToFormat(QImage::Format_RGB32), codigo.Imagem(pontos));
             QTest::keyClick(&form, Qt::Key_Escape);
+            QVERIFY(!form.isVisible());
         });
         c.janela.RightClickQR->trigger();
         QVERIFY(veio && c.janela.isEnabled());
