@@ -376,6 +376,8 @@ private Q_SLOTS:
             QCOMPARE(static_cast<int>(meio.y() / passo.height()), qual / colunas);
             const double dentro = texto.area.left() / mm - canto.x() - passo.width() * (qual % colunas);
             QVERIFY(std::abs(dentro - 200 / mm) < folga);
+            const double abaixo = texto.area.top() / mm - canto.y() - passo.height() * (qual / colunas);
+            QVERIFY2(std::abs(abaixo - 500 / mm) < folga, qPrintable(QString::number(abaixo)));
             ++qual;
         }
         QCOMPARE(qual, por_folha);
