@@ -89,6 +89,7 @@ Tempos Leitura_Nua(const QString &base,
     SQLite::Database ligacao(base.toStdString());
     registerTextRules(ligacao.getHandle());
     std::vector<std::pair<SQLite::Statement, QStringList>> consultas;
+    consultas.reserve(perguntas.size());
     for (const auto &[comando, parametros] : perguntas)
         consultas.emplace_back(SQLite::Statement(ligacao, std::string(comando.Entrada().sql)), parametros);
     return Medir(repeticoes, [&] {

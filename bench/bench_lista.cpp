@@ -71,6 +71,7 @@ double Memoria_MB()
 double Mediano(const std::vector<Tempo> &tempos, double Tempo::*parte)
 {
     std::vector<double> partes;
+    partes.reserve(tempos.size());
     for (const Tempo &tempo : tempos)
         partes.push_back(tempo.*parte);
     const auto meio = partes.begin() + static_cast<std::ptrdiff_t>(partes.size() / 2);

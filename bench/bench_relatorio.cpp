@@ -71,7 +71,7 @@ QString Definicao(const QString &nome) { return QStringLiteral(MORVEX_ENVIADOS "
 
 QString Base_Cheia(const QTemporaryDir &pasta, int quantos)
 {
-    const QString base = pasta.filePath(u"morvex.mdb"_s);
+    QString base = pasta.filePath(u"morvex.mdb"_s);
     QFile::copy(QStringLiteral(MORVEX_ENVIADOS "/morvex.mdb"), base);
     Connection ligacao;
     ligacao.setConnectionString(u"Data Source='%1'"_s.arg(base));

@@ -7,19 +7,21 @@ pacotes_para_construir=(
     build-essential cmake ninja-build ccache
     qt6-base-dev qt6-base-dev-tools qt6-svg-dev libqt6svg6 qt6-qpa-plugins qt6-translations-l10n
     libsqlitecpp-dev libsqlite3-dev libicu-dev libxcb1-dev libcups2-dev libfreexl-dev
+    libqrencode-dev # draws the contact's code
     libcmark-dev # makes the pages of the manual
     fonts-dejavu-core
 )
 # A screen in memory with a window manager, for a machine without a display.
-pacotes_para_ecra_virtual=(xvfb openbox dbus xdotool imagemagick)
+pacotes_para_ecra_virtual=(xvfb openbox dbus xdotool x11-utils imagemagick)
 # What takes the manual's pictures: the screen, a clock that stands where it is told, a smaller palette.
-pacotes_para_retratos=("${pacotes_para_ecra_virtual[@]}" x11-utils python3 faketime pngquant)
+pacotes_para_retratos=("${pacotes_para_ecra_virtual[@]}" python3 faketime pngquant)
 pacotes_para_testar=(
-    "${pacotes_para_ecra_virtual[@]}" trayer python3-xlib x11-utils python3 desktop-file-utils appstream openssl poppler-utils python3-xlrd xz-utils
+    "${pacotes_para_ecra_virtual[@]}" trayer python3-xlib python3-dbus python3-gi python3 desktop-file-utils appstream openssl poppler-utils python3-xlrd xz-utils
     cups-daemon cups-client cups-filters libreoffice-calc-nogui libreoffice-writer-nogui
     fonts-droid-fallback # the one font among these that has Chinese
     # Servers of tests/servidores: mail, presence, and a client of the latter in a terminal of its own.
     dovecot-pop3d prosody finch tmux
+    zbar-tools # reads the contact's code from its picture
     faketime # a clock that a test moves under the running program
     # A sound server, whose own output is recorded, and the desktop's starter of entries.
     pulseaudio pulseaudio-utils libglib2.0-bin
@@ -37,7 +39,14 @@ instalar_pacotes() {
     [ ${#em_falta[@]} -eq 0 ] && return 0
     echo "Installing ${#em_falta[@]} Debian packages: ${em_falta[*]}"
     local como_root=()
-    [ "$(id -u)" -eq 0 ] || como_root=(sudo)
+    if [ "$(id -u)" -ne 0 ]; then
+        if ! command -v sudo >/dev/null; then
+            echo "There is no sudo here. Run this as root, and then the script once more:" >&2
+            echo "    apt-get install --no-install-recommends ${em_falta[*]}" >&2
+            return 1
+        fi
+        como_root=(sudo)
+    fi
     "${como_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get update -qq
     "${como_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \
         "${em_falta[@]}" >/dev/null

@@ -8,6 +8,7 @@
 #include "contacts/ListaContactos.h"
 #include "contacts/WebsiteEmail.h"
 #include "controls/DisabledWindow.h"
+#include "data/CartoesGuardados.h"
 #include "data/Direitos.h"
 #include "data/Geral.h"
 #include "janela/Janela.h"
@@ -58,7 +59,10 @@ void AccoesContacto::cmdEliminar_Click()
     if (!Tem_Direito(geral_.SessaoActual.Eliminar, geral_, platform_, &janela_) || !Confirma_Eliminar(linha))
         return;
     const QString ID = QString::number(ListaNomes.ItemData(linha));
-    desfazer_.Eliminar_Contacto(ID, [&] { geral_.de.Executar("cmdEliminarNome", {ID}); });
+    desfazer_.Eliminar_Contacto(ID, [&] {
+        CartoesGuardados(geral_.de).Eliminar(ID);
+        geral_.de.Executar("cmdEliminarNome", {ID});
+    });
     lista_.Limpar_Dados();
     lista_.Carregar_Tabela();
 }

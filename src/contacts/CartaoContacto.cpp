@@ -134,7 +134,7 @@ void CartaoContacto::Preencher_Aniversario(Recordset &rs)
 void CartaoContacto::Mostrar_Foto(const QString &Fotografia)
 {
     if (Fotografia.isEmpty()) return Mostrar_Foto_Por_Omissao();
-    image1_ = Picture(Caminho_Da_Fotografia(geral_, Fotografia));
+    image1_ = Imagem_Da_Fotografia(geral_, Fotografia);
     por_omissao_ = false;
     Colocar_Foto();
 }
@@ -165,6 +165,7 @@ void CartaoContacto::Colocar_Foto()
 
 void CartaoContacto::Tomar_Folga(const Folga &folga)
 {
+    if (folga == folga_) return; // so that a window that comes into view does not unpack its picture again
     folga_ = folga;
     for (const Linha &linha : linhas_)
         if (linha.lugar != 0) Colocar(linha);

@@ -45,6 +45,7 @@ public:
         int direita = 0;
         int cima = 0;
         int baixo = 0;
+        bool operator==(const Folga &) const = default;
     };
     // The card takes that room, and lays out anew what it shows.
     void Tomar_Folga(const Folga &folga);

@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <QImage>
 #include <QMimeData>
+#include <QRegularExpression>
 #include <QUrl>
 #include <utility>
 
@@ -72,7 +73,7 @@ void Provar(const QString &caminho)
 QString Ficheiro_Provado(const QUrl &url)
 {
     if (!url.isLocalFile()) throw FotografiaRecusada(na_rede, url.toDisplayString());
-    const QString caminho = url.toLocalFile();
+    QString caminho = url.toLocalFile();
     const QFileInfo ficheiro(caminho);
     if (!ficheiro.isFile() || !ficheiro.isReadable()) throw FotografiaRecusada(nao_ha_ficheiro, caminho);
     if (ficheiro.size() > maior_ficheiro) throw FotografiaRecusada(grande_demais, caminho);
@@ -84,6 +85,13 @@ QString Ficheiro_Provado(const QUrl &url)
 QString Pasta_Das_Fotografias(Geral &geral)
 {
     return QFileInfo(geral.de.Ficheiro()).absoluteDir().filePath(u"fotografias"_s);
+}
+
+// The names that are given here, and no other.
+bool E_Nome_Dado(const QString &nome)
+{
+    static const QRegularExpression dados(u"^fotografia[1-9][0-9]*\\.png$"_s);
+    return dados.match(nome).hasMatch();
 }
 
 // A new file, which nobody else can have made at the same time.
@@ -139,4 +147,14 @@ void FotografiaNova::Arrumar(const QString &ficou)
 {
     for (const QString &ficheiro : std::exchange(guardadas_, {}))
         if (ficheiro != ficou) QFile::remove(ficheiro);
+}
+
+void FotografiaNova::Abandonar(const QString &caminho)
+{
+    const QFileInfo ficheiro(caminho);
+    if (!E_Nome_Dado(ficheiro.fileName()) || ficheiro.path() != Pasta_Das_Fotografias(geral_)) return;
+    Recordset &rs = geral_.de.Abrir("cmdProcurarFotografia", {caminho});
+    const bool de_ninguem = rs.Eof();
+    rs.Close();
+    if (de_ninguem) QFile::remove(caminho);
 }

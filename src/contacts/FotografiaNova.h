@@ -46,6 +46,10 @@ public:
     // The editor closes: of the files made here only the one that the contact keeps stays.
     void Arrumar(const QString &ficou);
 
+    // A contact keeps another picture than that from now on: if it was made here, and no contact keeps it any
+    // more, its file goes. Of a picture that somebody chose the file is somebody's own.
+    void Abandonar(const QString &caminho);
+
 private:
     QString Guardar(const QImage &imagem);
 

@@ -53,7 +53,7 @@ ListItems ListaContactos::Ler_Nomes()
             coluna_nome = linha.column("Nome");
             coluna_id = linha.column("ID");
         }
-        nomes.append(linha.utf8(coluna_nome), linha.field(coluna_id).number());
+        nomes.append(linha.utf8(coluna_nome), static_cast<int>(linha.number(coluna_id)));
     };
     geral_.GrupoActual = QString::number(ComboGrupos.ItemData(ComboGrupos.ListIndex()));
     if (geral_.GrupoActual.toInt() == 0)

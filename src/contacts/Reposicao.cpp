@@ -11,6 +11,7 @@ namespace
 {
 constexpr std::string_view lista = "TblLista";
 constexpr std::string_view grupos = "TblGrupos";
+constexpr std::string_view cartoes = "TblCartoes";
 
 std::optional<LinhaInteira> Grupo_Com_Id(DE &de, const QString &ID)
 {
@@ -37,6 +38,30 @@ QString Repor_Linha(DE &de, std::string_view tabela, LinhaInteira linha, Numero 
         linha["ID"] = std::monostate();
     }
     return de.Repor_Inteira(tabela, linha);
+}
+
+std::map<QString, LinhaInteira> Cartoes_De(DE &de, const LinhasInteiras &contactos)
+{
+    std::map<QString, LinhaInteira> todos;
+    if (!de.Em_Dia()) return todos;
+    for (const LinhaInteira &contacto : contactos) {
+        const QString ID = linha_inteira::Texto(contacto, "ID");
+        for (LinhaInteira &cartao : de.Ler_Inteiras(cartoes, "IDContacto", ID))
+            todos[ID] = std::move(cartao);
+    }
+    return todos;
+}
+
+// With its card, which goes to the ID under which the contact comes back. Returns that ID.
+QString Repor_Com_Cartao(DE &de, const Eliminacao &eliminacao, const LinhaInteira &contacto, Numero numero)
+{
+    QString ID = Repor_Linha(de, lista, contacto, numero);
+    const auto achado = eliminacao.cartoes.find(linha_inteira::Texto(contacto, "ID"));
+    if (achado == eliminacao.cartoes.end() || !de.Ler_Inteiras(cartoes, "IDContacto", ID).empty()) return ID;
+    LinhaInteira cartao = achado->second;
+    cartao["IDContacto"] = Value(ID).convertedTo(ColumnType::Long);
+    de.Repor_Inteira(cartoes, cartao);
+    return ID;
 }
 
 // Of the groups that the user sees: the same one, one of its name, the first.
@@ -98,7 +123,7 @@ Reposto Repor_Contacto(Geral &geral, const Eliminacao &eliminacao, Numero numero
         contacto["Grupo"] = grupo.at("ID");
     }
     reposto.IDGrupo = linha_inteira::Texto(contacto, "Grupo");
-    reposto.ID = Repor_Linha(geral.de, lista, contacto, numero);
+    reposto.ID = Repor_Com_Cartao(geral.de, eliminacao, contacto, numero);
     reposto.ficou_junto = eliminacao.juncao && !Separar(geral.de, *eliminacao.juncao);
     return reposto;
 }
@@ -111,7 +136,7 @@ Reposto Repor_Grupo(DE &de, const Eliminacao &eliminacao, Numero numero)
     for (LinhaInteira contacto : eliminacao.contactos) {
         contacto["Grupo"] = ID;
         if (eliminacao.destino.isEmpty())
-            Repor_Linha(de, lista, contacto, numero);
+            Repor_Com_Cartao(de, eliminacao, contacto, numero);
         else
             de.Repor_No_Grupo(linha_inteira::Texto(contacto, "ID"), grupo, eliminacao.destino);
     }
@@ -126,9 +151,11 @@ Eliminacao Retrato_Do_Contacto(Geral &geral, const QString &ID)
     Eliminacao eliminacao{.IdUtilizador = geral.SessaoActual.IdUtilizador,
                           .grupo = {},
                           .contactos = geral.de.Ler_Inteiras(lista, "ID", ID),
+                          .cartoes = {},
                           .destino = {},
                           .vai_o_grupo = false,
                           .juncao = {}};
+    eliminacao.cartoes = Cartoes_De(geral.de, eliminacao.contactos);
     if (!eliminacao.contactos.empty())
         eliminacao.grupo =
             Grupo_Com_Id(geral.de, linha_inteira::Texto(eliminacao.contactos.front(), "Grupo"));
@@ -137,12 +164,15 @@ Eliminacao Retrato_Do_Contacto(Geral &geral, const QString &ID)
 
 Eliminacao Retrato_Do_Grupo(Geral &geral, const QString &ID, const QString &destino)
 {
-    return {.IdUtilizador = geral.SessaoActual.IdUtilizador,
-            .grupo = Grupo_Com_Id(geral.de, ID),
-            .contactos = geral.de.Ler_Inteiras(lista, "Grupo", ID),
-            .destino = destino,
-            .vai_o_grupo = true,
-            .juncao = {}};
+    Eliminacao eliminacao{.IdUtilizador = geral.SessaoActual.IdUtilizador,
+                          .grupo = Grupo_Com_Id(geral.de, ID),
+                          .contactos = geral.de.Ler_Inteiras(lista, "Grupo", ID),
+                          .cartoes = {},
+                          .destino = destino,
+                          .vai_o_grupo = true,
+                          .juncao = {}};
+    if (destino.isEmpty()) eliminacao.cartoes = Cartoes_De(geral.de, eliminacao.contactos);
+    return eliminacao;
 }
 
 Juncao Antes_De_Juntar(DE &de, const QString &ID)

@@ -4,6 +4,7 @@
 #include "data/LinhaInteira.h"
 
 #include <exception>
+#include <map>
 #include <optional>
 #include <QString>
 
@@ -22,6 +23,7 @@ struct Eliminacao {
     QString IdUtilizador;              // whose deletion it is
     std::optional<LinhaInteira> grupo; // the group that goes; of a contact alone, the one in which it lies
     LinhasInteiras contactos;
+    std::map<QString, LinhaInteira> cartoes; // kept of those that go, by their IDs; pictures go nowhere
     QString destino; // the group into which the contacts are moved; empty: they go too
     bool vai_o_grupo = false;
     std::optional<Juncao> juncao;

@@ -120,7 +120,7 @@ void frmAddEdit::Form_Load()
     const Idioma *idioma = idiomas::Procurar(geral_.IdiomaActual);
     datas_->Carregar(idioma != nullptr ? QLocale(QString::fromUtf16(idioma->codigo)) : locale());
     Oferecer_Grupos(geral_, *ComboGrupos); // a user who sees no group at all learns so from cmdOk
-    skipFailure([&] { Mostrar_Foto(geral_.Ficheiro(u"semfoto_small.jpg"_s)); });
+    skipFailure([&] { Mostrar_Foto(Picture(geral_.Ficheiro(u"semfoto_small.jpg"_s))); });
     if (geral_.ModoContacto == "Edit"_L1) Preencher_Campos();
 }
 
@@ -166,6 +166,7 @@ void frmAddEdit::Preencher_Campos()
           Coluna("Website", txtWebsite), Coluna("Email1", txtEmail1), Coluna("Email2", txtEmail2),
           Coluna("Dia", txtDia), Coluna("Mes", txtMes), Coluna("Ano", txtAno)})
         caixa->setText(rs.Fields(coluna).textOrEmpty());
+    fotografia_antes_ = txtFotografia->text();
     Morada_.load(*txtMorada, rs.Fields("Morada").textOrEmpty());
     Obs_.load(*txtObs, rs.Fields("Obs").textOrEmpty());
     Escolher_Grupo(rs.Fields("Grupo").text());
@@ -181,17 +182,16 @@ void frmAddEdit::Escolher_Grupo(const QString &Grupo)
     rs.Close();
 }
 
-void frmAddEdit::Mostrar_Foto(const QString &ficheiro)
+void frmAddEdit::Mostrar_Foto(const Picture &imagem)
 {
-    const Picture imagem(ficheiro);
     Mostrar_Fotografia(*Thumb, imagem, Lugar_Da_Foto(QSizeF(imagem.naturalSize()) * twipsPerPixel));
 }
 
 void frmAddEdit::Mostrar_Foto_Do_Contacto()
 {
     if (txtFotografia->text().isEmpty()) return;
-    onFailure([&] { Mostrar_Foto(Caminho_No_Editor(geral_, txtFotografia->text())); },
-              [&](const Failure &) { Mostrar_Foto(geral_.Ficheiro(u"fotoerro_small.jpg"_s)); });
+    onFailure([&] { Mostrar_Foto(Imagem_No_Editor(geral_, txtFotografia->text())); },
+              [&](const Failure &) { Mostrar_Foto(Picture(geral_.Ficheiro(u"fotoerro_small.jpg"_s))); });
 }
 
 bool frmAddEdit::event(QEvent *evento)
@@ -262,12 +262,12 @@ void frmAddEdit::Por_Foto(const QString &FileName)
     txtFotografia->setText(FileName);
     onFailure(
         [&] {
-            Mostrar_Foto(FileName);
+            Mostrar_Foto(Picture(FileName));
             if (geral_.ModoContacto != "Edit"_L1) return;
             cmdOk->setDefault(true);
             cmdOk->setFocus();
         },
-        [&](const Failure &) { Mostrar_Foto(geral_.Ficheiro(u"semfoto_small.jpg"_s)); });
+        [&](const Failure &) { Mostrar_Foto(Picture(geral_.Ficheiro(u"semfoto_small.jpg"_s))); });
 }
 
 void frmAddEdit::cmdOk_Click()
@@ -320,6 +320,7 @@ void frmAddEdit::Actualizar()
             geral_.de.Executar("cmdUpdateNome", {valores..., ID});
         },
         Valores());
+    skipFailure([&] { nova_.Abandonar(fotografia_antes_); });
     Fechar_Depois_De([&] { lugar_.Mostrar_Editado(txtIDGrupo->text()); });
 }
 

@@ -15,6 +15,7 @@
 class CamposDeData;
 class EntradaDeFotografia;
 class Geral;
+class Picture;
 class Janela;
 struct Platform;
 
@@ -51,7 +52,7 @@ private:
     void Dar_Nomes_Ao_Calendario();
     void Preencher_Campos();
     void Escolher_Grupo(const QString &Grupo);
-    void Mostrar_Foto(const QString &ficheiro);
+    void Mostrar_Foto(const Picture &imagem);
     void Mostrar_Foto_Do_Contacto();
     void Tomar_Foto(const QString &FileName);
     void Por_Foto(const QString &FileName);
@@ -72,5 +73,6 @@ private:
     CamposDeData *datas_;          // a child of the form
     EntradaDeFotografia *entrada_; // likewise
     FotografiaNova nova_;
+    QString fotografia_antes_; // as the row had it
     bool activado_ = false;
 };

@@ -7,6 +7,7 @@
 #include "controls/Controls.h"
 #include "controls/Scale.h"
 #include "controls/SpokenName.h"
+#include "data/CartoesGuardados.h"
 #include "data/Geral.h"
 #include "platform/Failure.h"
 #include "platform/Platform.h"
@@ -63,10 +64,12 @@ void frmDeleteGroup::Eliminar()
 void frmDeleteGroup::Eliminar_Com_Os_Contactos(const QString &grupo, const QString &destino)
 {
     desfazer_.Eliminar_Grupo(grupo, destino, [&] {
-        if (destino.isEmpty())
+        if (destino.isEmpty()) {
+            CartoesGuardados(geral_.de).Eliminar_Do_Grupo(grupo);
             geral_.de.Executar("cmdEliminarNomeByGroup", {grupo});
-        else
+        } else {
             Mover_Contactos(geral_, grupo, destino);
+        }
         geral_.de.Executar("cmdDeleteGroup", {grupo});
     });
 }

@@ -16,13 +16,6 @@ double luminance(const QColor &colour)
     return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
            0.0722 * linear(colour.blueF());
 }
-
-QColor mixed(const QColor &from, const QColor &to, double share)
-{
-    const auto channel = [share](int a, int b) { return static_cast<int>(std::lround(a + (b - a) * share)); };
-    return {channel(from.red(), to.red()), channel(from.green(), to.green()),
-            channel(from.blue(), to.blue())};
-}
 } // namespace
 
 double contrast(const QColor &one, const QColor &other)
@@ -30,6 +23,13 @@ double contrast(const QColor &one, const QColor &other)
     constexpr double glare = 0.05; // of the room's light on the screen
     const auto [darker, lighter] = std::minmax({luminance(one), luminance(other)});
     return (lighter + glare) / (darker + glare);
+}
+
+QColor mixed(const QColor &from, const QColor &to, double share)
+{
+    const auto channel = [share](int a, int b) { return static_cast<int>(std::lround(a + (b - a) * share)); };
+    return {channel(from.red(), to.red()), channel(from.green(), to.green()),
+            channel(from.blue(), to.blue())};
 }
 
 QColor lettersOn(const QColor &ground)

@@ -11,6 +11,9 @@ constexpr double readableContrast = 4.5; // below this small letters are hard to
 // From 1 (alike) to 21 (black and white). Transparency is not taken into account.
 double contrast(const QColor &one, const QColor &other);
 
+// The first colour with that share of the other, from 0 to 1.
+QColor mixed(const QColor &from, const QColor &to, double share);
+
 // Black or white, whichever stands out more: at least 4.58 on any ground.
 QColor lettersOn(const QColor &ground);
 

@@ -22,6 +22,14 @@ void ListItems::insert(int index, std::string_view utf8, int data)
     table.rows.insert(table.rows.begin() + index, row);
 }
 
+// Thousands of times in a row, when a large book is read.
+void ListItems::append(std::string_view utf8, int data)
+{
+    Table &table = *table_;
+    table.rows.push_back({table.letters.size(), static_cast<uint32_t>(utf8.size()), data});
+    table.letters += utf8;
+}
+
 void ListItems::remove(int index) { table_->rows.erase(table_->rows.begin() + index); }
 
 // Rows mostly arrive in order already: then nothing changes, and who shares them goes on sharing.

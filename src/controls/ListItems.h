@@ -19,7 +19,7 @@ public:
 
     void setData(int index, int data);
     void insert(int index, std::string_view utf8, int data = 0);
-    void append(std::string_view utf8, int data) { insert(count(), utf8, data); }
+    void append(std::string_view utf8, int data);
     void remove(int index);
 
     // In the order of names, equal ones in the order that they have.

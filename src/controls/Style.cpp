@@ -49,11 +49,36 @@ void fillFrame(QPainter &painter, const QRect &place, const QColor &colour)
     painter.fillRect(lower, colour);
 }
 
+bool onDark(const QPalette &palette)
+{
+    return lettersOn(palette.color(QPalette::Window)) == QColor(Qt::white);
+}
+
+// Darker than a light window, and lighter than a dark one, on which there is little that is darker.
 QColor frameColour(const QPalette &palette)
 {
     constexpr int darker = 140; // percent
     constexpr int lighter = 108;
-    return palette.color(QPalette::Window).darker(darker).lighter(lighter);
+    constexpr double shareOfLetters = 0.2;
+    const QColor window = palette.color(QPalette::Window);
+    return onDark(palette) ? mixed(window, palette.color(QPalette::WindowText), shareOfLetters)
+                           : window.darker(darker).lighter(lighter);
+}
+
+// The plain style's frames are darker than the window, which on a dark one can hardly be seen. That of the
+// keyboard has a colour of its own.
+void drawFieldFrame(QPainter &painter, const QStyleOption &option)
+{
+    if (!onDark(option.palette) || option.state.testFlag(QStyle::State_HasFocus)) return;
+    constexpr double halfLine = 0.5;
+    constexpr double corner = 2;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(frameColour(option.palette));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(option.rect).adjusted(halfLine, halfLine, -halfLine, -halfLine), corner,
+                            corner);
+    painter.restore();
 }
 
 bool isMark(QStyle::PrimitiveElement element)
@@ -66,7 +91,7 @@ void drawOutline(QPainter &painter, bool round, const QStyleOption &option)
 {
     const QPalette &palette = option.palette;
     const QColor ground = palette.color(QPalette::Window);
-    if (lettersOn(ground) == QColor(Qt::black)) return;
+    if (!onDark(palette)) return;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(option.state.testFlag(QStyle::State_Enabled)
@@ -134,6 +159,14 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption *option, 
         return fillFrame(*painter, option->rect, frameColour(option->palette));
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     if (isMark(element)) drawOutline(*painter, element == PE_IndicatorRadioButton, *option);
+    if (element == PE_FrameLineEdit) drawFieldFrame(*painter, *option);
+}
+
+void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option, QPainter *painter,
+                               const QWidget *widget) const
+{
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+    if (control == CC_ComboBox || control == CC_SpinBox) drawFieldFrame(*painter, *option);
 }
 
 // The plain style marks the tab's letters so faintly that it can hardly be told which has the keyboard.

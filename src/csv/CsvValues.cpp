@@ -70,6 +70,9 @@ std::optional<CsvDate> csvDate(const QString &cell, DateOrder order, int thisYea
         const CsvDate date{found.captured(3).toInt(), found.captured(2).toInt(), found.captured(1).toInt()};
         return date.year == 0 ? std::nullopt : checked(date);
     }
+    static const QRegularExpression withoutYear(u"^--(\\d{2})-?(\\d{2})$"_s);
+    const QRegularExpressionMatch yearless = withoutYear.match(cell.trimmed());
+    if (yearless.hasMatch()) return checked({yearless.captured(2).toInt(), yearless.captured(1).toInt(), 0});
     const auto numbers = numbersOf(cell);
     if (!numbers) return {};
     const int year = wholeYear(*numbers, thisYear);

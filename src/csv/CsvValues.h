@@ -23,6 +23,6 @@ struct CsvDate {
 // there, or where they contradict each other.
 DateOrder dateOrder(const QStringList &column, DateOrder usual);
 
-// "1975-03-04", "4/3/1975", "4.3.75", "4-3". A year of two digits is not after thisYear. Nothing for what is
+// "1975-03-04", "--03-04", "4/3/1975", "4.3.75", "4-3". A year of two digits is not after thisYear. Nothing for what is
 // no date, such as the "0/0/00" of an empty one.
 std::optional<CsvDate> csvDate(const QString &cell, DateOrder order, int thisYear);

@@ -12,3 +12,7 @@ enum class CsvDialect {
 
 // Every cell is quoted, lines end in CR LF, and nothing in a cell becomes a formula.
 QByteArray writtenCsv(const std::vector<QStringList> &rows, CsvDialect dialect);
+
+// The same for a table that is written row by row: what stands before the first one, and a row.
+QByteArray csvBeginning(CsvDialect dialect);
+QByteArray writtenCsvRow(const QStringList &row, CsvDialect dialect);

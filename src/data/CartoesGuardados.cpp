@@ -8,6 +8,11 @@ void CartoesGuardados::Guardar(const CartaoGuardado &cartao)
     de_.Executar("cmdGuardarCartao", {cartao.IDContacto, cartao.UID, cartao.cartao});
 }
 
+void CartoesGuardados::Guardar_Do_Novo(const QString &UID, const QByteArray &cartao)
+{
+    de_.Executar("cmdGuardarCartaoDoNovo", {UID, cartao});
+}
+
 std::optional<CartaoGuardado> CartoesGuardados::Ler(const QString &IDContacto)
 {
     if (!de_.Em_Dia()) return std::nullopt;
@@ -32,4 +37,10 @@ void CartoesGuardados::Eliminar(const QString &IDContacto)
 {
     if (!de_.Em_Dia()) return;
     de_.Executar("cmdEliminarCartao", {IDContacto});
+}
+
+void CartoesGuardados::Eliminar_Do_Grupo(const QString &IDGrupo)
+{
+    if (!de_.Em_Dia()) return;
+    de_.Executar("cmdEliminarCartoesByGroup", {IDGrupo});
 }

@@ -22,6 +22,9 @@ public:
     // In the place of the contact's earlier one. Raises Failure where the database takes none. An older one
     // that takes no writing has no cards at all.
     void Guardar(const CartaoGuardado &cartao);
+    // The same for the contact that the command before this one added. Its number is the store's affair:
+    // while writes are gathered it may yet become another.
+    void Guardar_Do_Novo(const QString &UID, const QByteArray &cartao);
 
     std::optional<CartaoGuardado> Ler(const QString &IDContacto);
 
@@ -29,6 +32,7 @@ public:
     void Percorrer(const std::function<void(const QString &IDContacto, const QString &UID)> &linha);
 
     void Eliminar(const QString &IDContacto);
+    void Eliminar_Do_Grupo(const QString &IDGrupo);
 
 private:
     DE &de_;

@@ -1,4 +1,4 @@
-// The catalogue of the 78 named commands: the SQL that reaches morvex.mdb, but for the merge's one question
+// The catalogue of the 81 named commands: the SQL that reaches morvex.mdb, but for the merge's one question
 // for all groups at once and for what puts deleted rows back as they were. One entry a command.
 #pragma once
 
@@ -65,6 +65,9 @@ inline constexpr std::array catalogo = std::to_array<EntradaDoCatalogo>({
     {"cmdProcurarTelefone", ComLinhas, "TblLista",
      "",
      "SELECT ID, Telefone1, Telefone2 FROM TblLista ORDER BY Nome, ID"},
+    {"cmdProcurarFotografia", ComLinhas, "TblLista",
+     "Fotografia",
+     "SELECT ID FROM TblLista WHERE (Fotografia = ?) ORDER BY ID"},
     {"cmdProcurarFax", ComLinhas, "TblLista",
      "",
      "SELECT ID, Fax FROM TblLista ORDER BY Nome, ID"},
@@ -270,6 +273,13 @@ inline constexpr std::array catalogo = std::to_array<EntradaDoCatalogo>({
     {"cmdEliminarCartao", SemLinhas, "TblCartoes",
      "IDContacto",
      "DELETE * FROM TblCartoes WHERE IDContacto=?"},
+    {"cmdEliminarCartoesByGroup", SemLinhas, "TblLista",
+     "Grupo",
+     "DELETE * FROM TblCartoes WHERE IDContacto IN (SELECT ID FROM TblLista WHERE Grupo=?)"},
+    {"cmdGuardarCartaoDoNovo", SemLinhas, "TblCartoes",
+     "UID cartao",
+     "INSERT INTO TblCartoes (IDContacto, UID, cartao) VALUES (last_insert_rowid(), ?, ?) ON CONFLICT (IDContacto) "
+     "DO UPDATE SET UID = excluded.UID, cartao = excluded.cartao"},
     {"cmdGuardarDiferentes", SemLinhas, "TblDiferentes",
      "IDContacto IDOutro",
      "INSERT INTO TblDiferentes (IDContacto, IDOutro) VALUES (?, ?)"},
@@ -279,7 +289,7 @@ inline constexpr std::array catalogo = std::to_array<EntradaDoCatalogo>({
 });
 // clang-format on
 
-static_assert(catalogo.size() == 78);
+static_assert(catalogo.size() == 81);
 
 // Never defined: reaching it in a constant expression is the compiler's error for a misspelt command.
 void Nao_ha_tal_comando();

@@ -94,6 +94,26 @@ void DE::Percorrer(ComandoComLinhas comando, std::initializer_list<Value> parame
     Ligacao().rows(instrucao.sql, Converter(instrucao, parametros), linha);
 }
 
+bool DE::Percorrer_As_Que(ComandoComLinhas comando, const Value &parametro, QLatin1StringView colunas,
+                          const Wanted &querida, const std::function<void(const Row &)> &linha)
+{
+    Rs(comando).Close();
+    const Instrucao &instrucao = Preparada(comando.Posicao());
+    const auto valores = Converter(instrucao, {parametro});
+    const qsizetype ordem = instrucao.sql.lastIndexOf(QLatin1StringView(" ORDER BY "));
+    bool ha = false;
+    Ligacao().rowsWanted(instrucao.sql.left(ordem) + QLatin1StringView(" AND wanted(") + colunas + u')' +
+                             instrucao.sql.mid(ordem),
+                         valores, querida, [&](const Row &uma) {
+                             ha = true;
+                             linha(uma);
+                         });
+    if (!ha)
+        Ligacao().rows(instrucao.sql.left(ordem) + QLatin1StringView(" LIMIT 1"), valores,
+                       [&ha](const Row &) { ha = true; });
+    return ha;
+}
+
 void DE::Executar(ComandoSemLinhas comando, std::initializer_list<Value> parametros)
 {
     const Instrucao &instrucao = Preparada(comando.Posicao());
@@ -111,6 +131,11 @@ Recordset DE::Grupos_Depois_De(qint64 ID)
 {
     return Ligacao().query(QStringLiteral("SELECT ID, NomeGrupo FROM TblGrupos WHERE ID > ? ORDER BY ID"),
                            {ID});
+}
+
+void DE::Percorrer_Textos(const std::function<void(const Row &)> &linha)
+{
+    Ligacao().rows(QStringLiteral("SELECT * FROM TblIdiomas"), {}, linha);
 }
 
 LinhasInteiras DE::Ler_Inteiras(std::string_view tabela, std::string_view coluna, const Value &valor)
@@ -139,15 +164,17 @@ void DE::Repor_No_Grupo(const Value &ID, const Value &grupo, const Value &de_ond
 void DE::Percorrer_A_Vista(const Value &IdUtilizador, qint64 depois_de, int quantos,
                            const std::function<void(const Row &)> &linha)
 {
-    Ligacao().rows(QStringLiteral("SELECT * FROM TblLista WHERE ID > ? AND Grupo IN (SELECT ID FROM TblGrupos "
-                                  "WHERE IdUtilizador = 0 OR IdUtilizador = ?) ORDER BY ID LIMIT ?"),
-                   {depois_de, IdUtilizador.convertedTo(ColumnType::Long), qint64{quantos}}, linha);
+    Ligacao().rows(
+        QStringLiteral("SELECT * FROM TblLista WHERE ID > ? AND Grupo IN (SELECT ID FROM TblGrupos "
+                       "WHERE IdUtilizador = 0 OR IdUtilizador = ?) ORDER BY ID LIMIT ?"),
+        {depois_de, IdUtilizador.convertedTo(ColumnType::Long), qint64{quantos}}, linha);
 }
 
 qint64 DE::Ultimo_ID(std::string_view tabela)
 {
-    const QString sql = QStringLiteral("SELECT max(ifnull((SELECT seq FROM sqlite_sequence WHERE name = ?), 0), "
-                                       "ifnull((SELECT max(ID) FROM %1), 0)) AS ID");
+    const QString sql =
+        QStringLiteral("SELECT max(ifnull((SELECT seq FROM sqlite_sequence WHERE name = ?), 0), "
+                       "ifnull((SELECT max(ID) FROM %1), 0)) AS ID");
     return Ligacao().query(sql.arg(texto(tabela)), {texto(tabela)}).Fields("ID").number();
 }
 
@@ -161,8 +188,9 @@ void DE::Largar_Fotografias(const QSet<QString> &nomes)
 {
     const QJsonArray lista = QJsonArray::fromStringList(QStringList(nomes.begin(), nomes.end()));
     Ligacao().execute(
-        QStringLiteral("DELETE FROM TblFotografias WHERE Nome IN (SELECT value FROM json_each(?)) AND Nome NOT "
-                       "IN (SELECT Fotografia FROM TblLista WHERE Fotografia IS NOT NULL)"),
+        QStringLiteral(
+            "DELETE FROM TblFotografias WHERE Nome IN (SELECT value FROM json_each(?)) AND Nome NOT "
+            "IN (SELECT Fotografia FROM TblLista WHERE Fotografia IS NOT NULL)"),
         {QString::fromUtf8(QJsonDocument(lista).toJson())});
 }
 

@@ -33,6 +33,11 @@ public:
     void Percorrer(ComandoComLinhas comando, std::initializer_list<Value> parametros,
                    const std::function<void(const Row &)> &linha);
 
+    // The same for the few of them whose two columns are wanted, which is asked before they are sorted. Tells
+    // whether the command has rows at all.
+    bool Percorrer_As_Que(ComandoComLinhas comando, const Value &parametro, QLatin1StringView colunas,
+                          const Wanted &querida, const std::function<void(const Row &)> &linha);
+
     // Runs a command that writes. What it did is in the file when it returns.
     void Executar(ComandoSemLinhas comando, std::initializer_list<Value> parametros = {});
 
@@ -59,6 +64,9 @@ public:
     // The groups with a higher ID than that, by their ID. Asked for a name at a time, thousands of them would
     // each walk over all the others.
     Recordset Grupos_Depois_De(qint64 ID);
+
+    // The rows of all texts: their number and the seven languages.
+    void Percorrer_Textos(const std::function<void(const Row &)> &linha);
 
     // What undoing a deletion asks beyond the commands: rows as they stand, the same rows put back with their
     // IDs, and contacts put back into the group out of which they were moved.

@@ -11,7 +11,7 @@ void FotografiasDaBase::Guardar(const QString &Fotografia, const QByteArray &byt
 
 QByteArray FotografiasDaBase::Ler(const QString &Fotografia)
 {
-    if (!de_.Em_Dia()) return {};
+    if (!E_Da_Base(Fotografia) || !de_.Em_Dia()) return {};
     Recordset &rs = de_.Abrir("cmdLerFotografia", {Fotografia});
     const QByteArray bytes = rs.Eof() ? QByteArray() : rs.Fields("Imagem").bytes();
     rs.Close();

@@ -18,7 +18,8 @@ public:
     // Failure where the database takes no picture.
     void Guardar(const QString &Fotografia, const QByteArray &bytes);
 
-    // Empty where the database has no picture of that name, or is an older one that has none at all.
+    // Empty for the path of a file, and where the database has no picture of that name, or is an older one
+    // that has none at all.
     QByteArray Ler(const QString &Fotografia);
 
 private:

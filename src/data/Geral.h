@@ -8,6 +8,7 @@
 #include "data/Sessao.h"
 #include "data/Temporizadores.h"
 
+#include <QHash>
 #include <QString>
 
 class Geral
@@ -74,6 +75,10 @@ public:
     // language is active; Failure where the row is missing or its cell is Null. One that an older database
     // lacks comes from the program itself.
     QString Ler_Idioma(qint16 id);
+
+    // All of them at once, by their number, for who needs many: no index leads to a text, and each call of
+    // the other walks over the table. A text that is not among them may still have something to say there.
+    QHash<qint64, QString> Ler_Todo_O_Idioma();
 
     // Whether the start ends with the window hidden in the tray.
     bool Comeca_Minimizado() const

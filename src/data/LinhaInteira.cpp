@@ -23,7 +23,7 @@ std::span<const Coluna> Colunas(std::string_view tabela)
 
 QString linha_inteira::Sql_Ler(std::string_view tabela, std::string_view coluna)
 {
-    return u"SELECT * FROM %1 WHERE %2 = ? ORDER BY ID"_s.arg(texto(tabela), texto(coluna));
+    return u"SELECT * FROM %1 WHERE %2 = ? ORDER BY rowid"_s.arg(texto(tabela), texto(coluna));
 }
 
 QString linha_inteira::Sql_Repor(std::string_view tabela)
@@ -40,7 +40,9 @@ LinhaInteira linha_inteira::Da_Linha(std::string_view tabela, const Recordset &r
     LinhaInteira linha;
     for (const Coluna &coluna : Colunas(tabela)) {
         const Field campo = rs.Fields(coluna.nome.data()); // a literal, so it ends in a zero
-        const Value valor = campo.isNull() ? Value(nullptr) : Value(campo.text());
+        const Value valor = campo.isNull()                     ? Value(nullptr)
+                            : coluna.tipo == ColumnType::Bytes ? Value(campo.bytes())
+                                                               : Value(campo.text());
         linha[coluna.nome] = valor.convertedTo(coluna.tipo);
     }
     return linha;

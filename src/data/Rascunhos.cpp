@@ -45,7 +45,7 @@ bool Rascunhos::Guardar()
 
 QJsonObject Rascunhos::Guardado(const QJsonObject &identidade) const
 {
-    for (const QJsonValue &entrada : Ler())
+    for (const auto &entrada : Ler())
         if (entrada[chave_do_editor] == identidade) return entrada[chave_dos_campos].toObject();
     return {};
 }

@@ -2,7 +2,7 @@
 
 #include "interchange/NomeDobrado.h"
 
-#include <QStringList>
+#include <QSet>
 
 using namespace Qt::StringLiterals;
 
@@ -33,11 +33,12 @@ QString ChavesDoContacto::Do_Email(const QString &email) { return email.trimmed(
 ChavesDoContacto ChavesDoContacto::De(const ColunasDoContacto &colunas)
 {
     ChavesDoContacto chaves{Do_Nome(colunas[Coluna::Nome]), {}, {}};
+    const auto por = [](QStringList &lista, const QString &chave) {
+        if (!chave.isEmpty() && !lista.contains(chave)) lista << chave;
+    };
     for (const Coluna coluna : ColunasDoContacto::numeros)
-        chaves.numeros.insert(Do_Numero(colunas[coluna]));
+        if (!colunas[coluna].isEmpty()) por(chaves.numeros, Do_Numero(colunas[coluna]));
     for (const Coluna coluna : ColunasDoContacto::emails)
-        chaves.emails.insert(Do_Email(colunas[coluna]));
-    chaves.numeros.remove(QString());
-    chaves.emails.remove(QString());
+        if (!colunas[coluna].isEmpty()) por(chaves.emails, Do_Email(colunas[coluna]));
     return chaves;
 }

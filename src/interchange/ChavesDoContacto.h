@@ -4,12 +4,12 @@
 
 #include "interchange/ColunasDoContacto.h"
 
-#include <QSet>
+#include <QStringList>
 
 struct ChavesDoContacto {
     QString nome;
-    QSet<QString> numeros;
-    QSet<QString> emails;
+    QStringList numeros; // each once
+    QStringList emails;
 
     static ChavesDoContacto De(const ColunasDoContacto &colunas);
 

@@ -105,7 +105,9 @@ ContactosDaTabela::ContactosDaTabela(CsvTable tabela, MapaDaTabela mapa, Opcoes 
     : tabela_(std::move(tabela)),
       mapa_(std::move(mapa)),
       opcoes_(std::move(opcoes)),
-      primeira_(tabela_.hasHeader && !tabela_.rows.empty() ? 1 : 0)
+      primeira_(tabela_.hasHeader && !tabela_.rows.empty() ? 1 : 0),
+      tem_telemoveis_(std::any_of(mapa_.colunas.begin(), mapa_.colunas.end(),
+                                  [](const CsvColumn &coluna) { return coluna.field == CsvField::Mobile; }))
 {
     Ordens_Das_Datas();
 }
@@ -162,6 +164,8 @@ CardEntry ContactosDaTabela::Entrada(const QStringList &linha, std::size_t colun
     if (Diz(rotulo, Rotulo::Pager)) entrada.types << u"pager"_s;
     if (Diz(rotulo, Rotulo::Casa)) entrada.types << u"home"_s;
     if (Diz(rotulo, Rotulo::Trabalho)) entrada.types << u"work"_s;
+    // Where mobiles have a column of their own a telephone is none, whatever its digits say.
+    if (campo == CsvField::Phone && rotulo.isEmpty() && tem_telemoveis_) entrada.types << u"voice"_s;
     if (entrada.types.isEmpty()) entrada.label = rotulo;
     return entrada;
 }

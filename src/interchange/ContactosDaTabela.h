@@ -47,6 +47,7 @@ private:
     MapaDaTabela mapa_;
     Opcoes opcoes_;
     std::size_t primeira_; // row that is no name
+    bool tem_telemoveis_;  // a column for them
     std::vector<DateOrder> ordens_;
     CsvHeaders conhecidos_;
 };

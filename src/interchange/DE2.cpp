@@ -20,6 +20,8 @@ constexpr std::array<const char16_t *, DE2::Comandos> sql{
 };
 
 constexpr std::array tabelas_lidas{"TblLista", "TblGrupos", "TblUsers", "TblMemos", "TblTarefas"};
+constexpr auto fotografias = "TblFotografias"_L1;
+constexpr auto cartoes = "TblCartoes"_L1;
 
 constexpr qint64 pagina = 4096; // bytes, in both kinds
 constexpr qint64 paginas_de_sempre = 256;
@@ -130,7 +132,14 @@ void DE2::Abrir_Proprio(const QString &caminho)
     const QString veredicto = cn_.query(u"PRAGMA quick_check(1)"_s, {}).Fields("quick_check").text();
     if (veredicto != "ok"_L1)
         throw Failure(Failure::StoreError, caminho, u"The database is damaged: %1"_s.arg(veredicto));
-    if (Tem_Vistas()) cn_.Close();
+    if (Tem_Vistas()) return cn_.Close();
+    tem_fotografias_ = Tem_Tabela(fotografias);
+    tem_cartoes_ = Tem_Tabela(cartoes);
+}
+
+bool DE2::Tem_Tabela(const QString &nome)
+{
+    return cn_.query(u"SELECT name FROM sqlite_master WHERE name=?"_s, {nome}).RecordCount() > 0;
 }
 
 // What a view or a foreign kind of table gives may be anything, and as much of it as it likes.
@@ -139,6 +148,7 @@ bool DE2::Tem_Vistas()
     QStringList nomes;
     for (const char *nome : tabelas_lidas)
         nomes << u'\'' + QLatin1StringView(nome) + u'\'';
+    nomes << u'\'' + fotografias + u'\'' << u'\'' + cartoes + u'\'';
     return cn_.query(u"SELECT name FROM sqlite_master WHERE name COLLATE NOCASE IN (%1) AND "
                      "(type<>'table' OR rootpage=0)"_s.arg(nomes.join(u',')),
                      {})
@@ -177,6 +187,22 @@ void DE2::Percorrer(Comando comando, const std::function<void(const Recordset &)
 {
     conjuntos_[comando].Close();
     cn_.each(QString::fromUtf16(sql[comando]), {}, linha);
+}
+
+QByteArray DE2::Fotografia(const QString &nome)
+{
+    if (!tem_fotografias_) return {};
+    const Recordset rs = cn_.query(u"SELECT Imagem FROM TblFotografias WHERE Nome=?"_s, {nome});
+    return rs.Eof() ? QByteArray() : rs.Fields("Imagem").bytes();
+}
+
+CartaoGuardado DE2::Cartao(const QString &ID)
+{
+    if (!tem_cartoes_) return {};
+    const Recordset rs = cn_.query(u"SELECT UID, cartao FROM TblCartoes WHERE IDContacto=?"_s,
+                                   {Value(ID).convertedTo(ColumnType::Long)});
+    if (rs.Eof()) return {};
+    return {ID, rs.Fields("UID").textOrEmpty(), rs.Fields("cartao").bytes()};
 }
 
 void DE2::Fechar_cn() { cn_.Close(); }

@@ -1,9 +1,11 @@
 // An older database, opened for reading: this program's own kind, or the kind that the releases before it
 // wrote. Its kind is told by its first bytes, whatever it is called. What the merge reads of it is taken into
 // memory when it is opened, and the file let go: no lock on it is held or waited for later on, and nothing is
-// left beside it. Eight commands read it; nothing writes.
+// left beside it. Eight commands read it, and two questions what only this program's own kind has; nothing
+// writes.
 #pragma once
 
+#include "data/CartoesGuardados.h"
 #include "store/Connection.h"
 
 #include <array>
@@ -44,6 +46,11 @@ public:
     // The same for all rows of a table, one after the other: so they need not stand in memory together.
     void Percorrer(Comando comando, const std::function<void(const Recordset &)> &linha);
 
+    // The picture that a contact's column names, and the card kept of the contact of that old ID; empty where
+    // the database has none, or is of a kind or an age that has none at all.
+    QByteArray Fotografia(const QString &nome);
+    CartaoGuardado Cartao(const QString &ID);
+
     // The connection closed, every command fails.
     void Fechar_cn();
 
@@ -51,8 +58,11 @@ private:
     Recordset &Correr(Comando comando, const std::vector<StoreValue> &valores);
     void Abrir_Proprio(const QString &caminho);
     bool Tem_Vistas();
+    bool Tem_Tabela(const QString &nome);
     void Carregar_Antigo(const QString &caminho);
 
     Connection cn_;
+    bool tem_fotografias_ = false;
+    bool tem_cartoes_ = false;
     std::array<Recordset, Comandos> conjuntos_;
 };

@@ -6,6 +6,7 @@
 #include "interchange/NomeDobrado.h"
 #include "interchange/NumeroDoCartao.h"
 #include "platform/Failure.h"
+#include "store/Row.h"
 
 #include <limits>
 
@@ -19,37 +20,42 @@ constexpr std::string_view lista = "TblLista";
 constexpr std::string_view tabela_dos_grupos = "TblGrupos";
 
 // The columns of the table in the order of ColunasDoContacto.
-constexpr std::array<std::string_view, ColunasDoContacto::quantas> na_tabela{
+constexpr std::array<const char *, ColunasDoContacto::quantas> na_tabela{
     "Nome", "Telefone1", "Telefone2", "Fax",     "Telemovel1", "Telemovel2", "Telemovel3", "Dia",  "Mes",
     "Ano",  "Email1",    "Email2",    "Website", "Morada",     "Obs",        "Fotografia", "Grupo"};
 
 struct Cancelada : std::exception {
 };
-
-ColunasDoContacto Colunas_De(const LinhaInteira &linha)
-{
-    ColunasDoContacto colunas;
-    for (std::size_t i = 0; i < na_tabela.size(); ++i)
-        colunas.valores[i] = linha_inteira::Texto(linha, na_tabela[i]);
-    return colunas;
-}
-
-// A Null that was there and gets no value stays one.
-void Escrever_Linha(DE &de, const QString &ID, const LinhaInteira &antes, const ColunasDoContacto &colunas)
-{
-    const auto v = [&](std::size_t i) -> Value {
-        const QString &valor = colunas.valores[i];
-        const bool nulo = std::holds_alternative<std::monostate>(antes.at(na_tabela[i]));
-        return nulo && valor.isEmpty() ? Value(nullptr) : Value(valor);
-    };
-    de.Executar("cmdUpdateNome", {v(0), v(1), v(2), v(3), v(4), v(5), v(6), v(7), v(8), v(9), v(10), v(11),
-                                  v(12), v(13), v(14), v(15), v(16), ID});
-}
 } // namespace
 
 EscritaDaImportacao::EscritaDaImportacao(DE &de, const ImportacaoDeContactos &importacao, Pedido pedido)
     : de_(de), importacao_(importacao), pedido_(std::move(pedido))
 {
+}
+
+std::optional<EscritaDaImportacao::LinhaDaAgenda> EscritaDaImportacao::Ler_Da_Agenda(const QString &ID) const
+{
+    std::optional<LinhaDaAgenda> lida;
+    de_.Percorrer("cmdEditarNome", {ID}, [&](const Row &linha) {
+        lida.emplace();
+        for (std::size_t i = 0; i < na_tabela.size(); ++i) {
+            const Field celula = linha.field(linha.column(na_tabela[i]));
+            lida->nulas[i] = celula.isNull();
+            lida->colunas.valores[i] = celula.textOrEmpty();
+        }
+    });
+    return lida;
+}
+
+// A Null that was there and gets no value stays one.
+void EscritaDaImportacao::Escrever_Linha(const QString &ID, const LinhaDaAgenda &linha)
+{
+    const auto v = [&](std::size_t i) -> Value {
+        const QString &valor = linha.colunas.valores[i];
+        return linha.nulas[i] && valor.isEmpty() ? Value(nullptr) : Value(valor);
+    };
+    de_.Executar("cmdUpdateNome", {v(0), v(1), v(2), v(3), v(4), v(5), v(6), v(7), v(8), v(9), v(10), v(11),
+                                   v(12), v(13), v(14), v(15), v(16), ID});
 }
 
 EscritaDaImportacao::Contagem EscritaDaImportacao::Prevista() const
@@ -91,15 +97,14 @@ void EscritaDaImportacao::Esquecer()
 
 void EscritaDaImportacao::Tudo(const Progresso &progresso)
 {
-    if (!progresso(0)) throw Cancelada();
-    Planear();
-    Verificar();
-    Preparar_Grupos();
-    const std::size_t todos = novos_.size() + existentes_.size();
+    const std::size_t todos = 2 * importacao_.Contactos().size(); // to be planned and to be written
     std::size_t feitos = 0;
     const auto passo = [&] {
-        if (!progresso(static_cast<int>(100 * ++feitos / todos))) throw Cancelada();
+        if (!progresso(static_cast<int>(100 * feitos++ / todos))) throw Cancelada();
     };
+    Planear(passo);
+    Verificar();
+    Preparar_Grupos();
     for (const Novo &novo : novos_) {
         Inserir(novo);
         passo();
@@ -109,16 +114,18 @@ void EscritaDaImportacao::Tudo(const Progresso &progresso)
         passo();
     }
     if (de_.Ultimo_ID(lista) != ultimo_)
-        throw Failure(Failure::StoreError, QString::fromLatin1(lista), u"The numbers of the rows have jumped"_s);
+        throw Failure(Failure::StoreError, QString::fromLatin1(lista),
+                      u"The numbers of the rows have jumped"_s);
 }
 
 // Nobody else writes by now: the book is asked once more how those are that are completed.
-void EscritaDaImportacao::Planear()
+void EscritaDaImportacao::Planear(const std::function<void()> &passo)
 {
     const std::vector<ContactoAImportar> &contactos = importacao_.Contactos();
     std::vector<Destino> destinos(contactos.size());
     for (std::size_t i = 0; i < contactos.size(); ++i) {
         const ContactoAImportar &contacto = contactos[i];
+        passo();
         if (contacto.escolha == Escolha::Saltar) {
             ++contagem_.saltados;
             continue;
@@ -150,20 +157,18 @@ EscritaDaImportacao::Destino EscritaDaImportacao::Existente_Com(const QString &I
 {
     const auto achado = existente_por_ID_.constFind(ID);
     if (achado != existente_por_ID_.constEnd()) return {Destino::Existentes, *achado};
-    LinhasInteiras linhas = de_.Ler_Inteiras(lista, "ID", ID);
-    if (linhas.empty()) return {};
+    const std::optional<LinhaDaAgenda> linha = Ler_Da_Agenda(ID);
+    if (!linha) return {};
     existente_por_ID_.insert(ID, existentes_.size());
-    Existente existente{ID, std::move(linhas.front()), {}, {}, {}, {}};
-    existente.colunas = Colunas_De(existente.antes);
-    existentes_.push_back(std::move(existente));
+    existentes_.push_back({ID, *linha, linha->colunas, {}, {}, {}});
     return {Destino::Existentes, existentes_.size() - 1};
 }
 
 void EscritaDaImportacao::Acrescentar(std::size_t qual, const Destino &destino)
 {
     const ContactoDaFonte &fonte = importacao_.Contactos()[qual].fonte;
-    ColunasDoContacto &colunas = destino.onde == Destino::Novos ? novos_[destino.qual].colunas
-                                                                : existentes_[destino.qual].colunas;
+    ColunasDoContacto &colunas =
+        destino.onde == Destino::Novos ? novos_[destino.qual].colunas : existentes_[destino.qual].colunas;
     colunas = RegraDosDuplicados::Juntos(importacao_.Idioma(), fonte.lido.colunas, colunas).completado;
     if (destino.onde == Destino::Existentes && !fonte.cartao.isEmpty())
         existentes_[destino.qual].contacto = qual;
@@ -218,8 +223,8 @@ void EscritaDaImportacao::Inserir(const Novo &novo)
 // The card that a contact came with stays, unless the same card comes anew.
 void EscritaDaImportacao::Actualizar(Existente &existente)
 {
-    Escrever_Linha(de_, existente.ID, existente.antes, existente.colunas);
-    if (existente.colunas[Coluna::Fotografia] != linha_inteira::Texto(existente.antes, "Fotografia"))
+    Escrever_Linha(existente.ID, {existente.colunas, existente.antes.nulas});
+    if (existente.colunas[Coluna::Fotografia] != existente.antes.colunas[Coluna::Fotografia])
         Guardar_Fotografia(existente.colunas[Coluna::Fotografia]);
     if (!existente.contacto) return;
     const ContactoDaFonte &fonte = importacao_.Contactos()[*existente.contacto].fonte;
@@ -268,17 +273,14 @@ void EscritaDaImportacao::Anular()
 
 void EscritaDaImportacao::Repor(const Existente &existente)
 {
-    const LinhasInteiras agora = de_.Ler_Inteiras(lista, "ID", existente.ID);
-    if (agora.empty()) return;
-    const ColunasDoContacto antes = Colunas_De(existente.antes);
-    ColunasDoContacto repostas = Colunas_De(agora.front());
-    LinhaInteira nulos = agora.front();
+    std::optional<LinhaDaAgenda> linha = Ler_Da_Agenda(existente.ID);
+    if (!linha) return;
     for (std::size_t i = 0; i < na_tabela.size(); ++i) {
-        if (repostas.valores[i] != existente.colunas.valores[i]) continue;
-        repostas.valores[i] = antes.valores[i];
-        nulos[na_tabela[i]] = existente.antes.at(na_tabela[i]);
+        if (linha->colunas.valores[i] != existente.colunas.valores[i]) continue;
+        linha->colunas.valores[i] = existente.antes.colunas.valores[i];
+        linha->nulas[i] = existente.antes.nulas[i];
     }
-    Escrever_Linha(de_, existente.ID, nulos, repostas);
+    Escrever_Linha(existente.ID, *linha);
     if (!existente.contacto) return;
     if (existente.tinha_cartao)
         CartoesGuardados(de_).Guardar({existente.ID, existente.uid_antes, existente.cartao_antes});

@@ -2,9 +2,9 @@
 // and nobody else's lock leaves half of it. Takes it back again, as long as it lives.
 #pragma once
 
-#include "data/LinhaInteira.h"
 #include "interchange/ImportacaoDeContactos.h"
 
+#include <bitset>
 #include <exception>
 #include <functional>
 #include <optional>
@@ -57,9 +57,13 @@ private:
         std::size_t contacto;
         ColunasDoContacto colunas;
     };
+    struct LinhaDaAgenda {
+        ColunasDoContacto colunas;
+        std::bitset<ColunasDoContacto::quantas> nulas; // empty, and Null in the table
+    };
     struct Existente { // in the book
         QString ID;
-        LinhaInteira antes;
+        LinhaDaAgenda antes;
         ColunasDoContacto colunas;
         std::optional<std::size_t> contacto; // whose card is kept with it
         QByteArray cartao_antes;             // the kept one
@@ -72,7 +76,9 @@ private:
     };
 
     void Tudo(const Progresso &progresso);
-    void Planear();
+    void Planear(const std::function<void()> &passo);
+    std::optional<LinhaDaAgenda> Ler_Da_Agenda(const QString &ID) const;
+    void Escrever_Linha(const QString &ID, const LinhaDaAgenda &linha);
     Destino Destino_De(const ContactoAImportar &contacto, const std::vector<Destino> &destinos);
     Destino Existente_Com(const QString &ID);
     void Acrescentar(std::size_t qual, const Destino &destino);

@@ -6,21 +6,18 @@
 #include <QObject>
 #include <QStringList>
 
-class Geral;
 class Intercambio;
-class QMainWindow;
-struct Platform;
 
 class FicheirosPedidos final : public QObject
 {
     Q_OBJECT
 public:
-    FicheirosPedidos(QMainWindow &janela, Intercambio &intercambio, Geral &geral, Platform &platform);
+    FicheirosPedidos(QObject &dono, Intercambio &intercambio);
 
     // The endings of the files that have an answer, in small letters and without their dot.
     static QStringList Terminacoes();
 
-    // Returns when the form or the box was closed. The path is absolute; an unknown ending gets no answer.
+    // Returns when the form was closed. The path is absolute; an unknown ending gets no answer.
     void Abrir(const QString &caminho);
 
 private:
@@ -31,10 +28,7 @@ private:
     static const std::array<Resposta, 4> Respostas;
 
     void Importar(const QString &caminho);
-    void Recusar(const QString &caminho);
+    void ImportarContactos(const QString &caminho);
 
-    QMainWindow &janela_;
     Intercambio &intercambio_;
-    Geral &geral_;
-    Platform &platform_;
 };

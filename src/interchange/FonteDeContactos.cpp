@@ -58,15 +58,14 @@ void Sem_Zeros(ContactoLido &lido)
     lido.Grupo.remove(QChar(u'\0'));
 }
 
+// False for one that holds nobody.
 bool Acabar(ContactoDaFonte &contacto, std::vector<FaltaDaFonte> &faltas)
 {
     ContactoLido &lido = contacto.lido;
     Sem_Zeros(lido);
     for (qsizetype i = 0; i < lido.problemas.size(); ++i)
         faltas.push_back({contacto.linha, Que::Fotografia, {}});
-    if (Dar_Nome(lido)) return true;
-    faltas.push_back({contacto.linha, Que::Vazio, {}});
-    return false;
+    return Dar_Nome(lido);
 }
 } // namespace
 
@@ -76,8 +75,10 @@ FonteDeCartoes::FonteDeCartoes(const QByteArray &bytes, const QByteArray &codifi
 {
     CardFile ficheiro = CardReader(codificacao).read(bytes);
     cartoes_ = std::move(ficheiro.cards);
-    for (const CardFault &falta : ficheiro.faults)
+    for (const CardFault &falta : ficheiro.faults) {
+        if (falta.kind == CardFault::Kind::NothingInIt) vazios_.insert(falta.line);
         faltas.push_back({falta.line, Falta_Do_Leitor(falta.kind), {}});
+    }
     std::vector<CardContent> que_podem_ser_grupos;
     for (const Card &cartao : cartoes_)
         if (Diz_A_Especie(cartao)) que_podem_ser_grupos.push_back(contentOf(cartao));
@@ -93,7 +94,10 @@ std::optional<ContactoDaFonte> FonteDeCartoes::Ler(std::size_t qual, std::vector
     ContactoDaFonte contacto{{}, uid == nullptr ? QString() : uid->text().trimmed(), {}, cartao.line()};
     contacto.lido = regras_.Ler(cartao, grupos_do_ficheiro_.value(plainUid(contacto.UID)));
     contacto.lido.Fotografia.clear();
-    if (!Acabar(contacto, faltas)) return {};
+    if (!Acabar(contacto, faltas)) {
+        if (!vazios_.contains(contacto.linha)) faltas.push_back({contacto.linha, Que::Vazio, {}});
+        return {};
+    }
     contacto.cartao = Guardavel(cartao.source());
     return contacto;
 }
@@ -122,7 +126,9 @@ std::optional<ContactoDaFonte> FonteDeTabela::Ler(std::size_t qual, std::vector<
     ContactoDaFonte contacto{std::move(linha.lido), {}, {}, primeira_ + static_cast<qsizetype>(qual)};
     for (const QString &numero : linha.estragados)
         faltas.push_back({contacto.linha, Que::NumeroEstragado, numero});
-    return Acabar(contacto, faltas) ? std::optional(std::move(contacto)) : std::nullopt;
+    if (Acabar(contacto, faltas)) return contacto;
+    faltas.push_back({contacto.linha, Que::Vazio, {}});
+    return {};
 }
 
 QByteArray Fotografia_Do_Cartao(const QByteArray &cartao, const QString &nome)
@@ -130,8 +136,7 @@ QByteArray Fotografia_Do_Cartao(const QByteArray &cartao, const QString &nome)
     const CardFile ficheiro = CardReader().read(cartao);
     if (ficheiro.cards.empty()) return {};
     for (const CardPhoto &fotografia : contentOf(ficheiro.cards.front()).photos) {
-        const QByteArray soma =
-            QCryptographicHash::hash(fotografia.bytes, QCryptographicHash::Sha1).toHex();
+        const QByteArray soma = QCryptographicHash::hash(fotografia.bytes, QCryptographicHash::Sha1).toHex();
         if (nome.startsWith(u"bd:"_s + QString::fromLatin1(soma) + u'.')) return fotografia.bytes;
     }
     return {};

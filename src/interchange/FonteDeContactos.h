@@ -9,6 +9,7 @@
 #include <memory>
 #include <optional>
 #include <QHash>
+#include <QSet>
 #include <vector>
 
 // What of a file could not come as it is, with its line.
@@ -41,8 +42,8 @@ class FonteDeContactos
 public:
     virtual ~FonteDeContactos() = default;
     virtual std::size_t Quantos() const = 0;
-    // From 0, each once. Nothing where a card stands for no person, or a row or card holds none; what is wrong
-    // goes to the faults.
+    // From 0, each once. Nothing where a card stands for no person, or a row or card holds none; what is
+    // wrong goes to the faults.
     virtual std::optional<ContactoDaFonte> Ler(std::size_t qual, std::vector<FaltaDaFonte> &faltas) = 0;
 };
 
@@ -63,6 +64,7 @@ private:
     QByteArray codificacao_;
     std::vector<Card> cartoes_;
     ContactoDoCartao regras_;
+    QSet<qsizetype> vazios_;                         // lines of cards of which the file's faults tell that
     QHash<QString, QStringList> grupos_do_ficheiro_; // by the UID of their members
 };
 

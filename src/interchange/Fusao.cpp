@@ -1,5 +1,6 @@
 #include "interchange/Fusao.h"
 
+#include "data/Fotografias.h"
 #include "data/Geral.h"
 #include "interchange/DE2.h"
 #include "platform/Failure.h"
@@ -95,13 +96,37 @@ void Fusao::Adicionar_Contacto(Valores &v)
                         v["Morada"], v["Obs"], v["Fotografia"], v["Grupo"]});
 }
 
+// Before the group: a portion that the picture undoes may take a group with it that was found.
+void Fusao::Trazer_Fotografia(const QString &Fotografia)
+{
+    if (!E_Da_Base(Fotografia)) return;
+    skipFailure([&] {
+        const QByteArray imagem = de2_.Fotografia(Fotografia);
+        if (!imagem.isEmpty()) FotografiasDaBase(geral_.de).Guardar(Fotografia, imagem);
+    });
+}
+
+// The card goes to the contact added last, so nothing may be added between the two.
+void Fusao::Trazer_Contacto(const QString &antigo, Valores &v)
+{
+    Adicionar_Contacto(v);
+    skipFailure([&] {
+        const CartaoGuardado cartao = de2_.Cartao(antigo);
+        if (!cartao.IDContacto.isEmpty())
+            CartoesGuardados(geral_.de).Guardar_Do_Novo(cartao.UID, cartao.cartao);
+    });
+}
+
 void Fusao::Passar_Contactos(Contagem &contagem)
 {
     Valores v;
     de2_.Percorrer(DE2::Morvex5_SELECT_TblLista, [&](const Recordset &rs) {
         ++contagem.Lidos;
         Ler(rs, colunas_do_contacto, v);
-        if (Trazer_Grupo(v)) Guardar(contagem, [&] { Adicionar_Contacto(v); });
+        QString antigo;
+        skipFailure([&] { antigo = rs.Fields("ID").textOrEmpty(); });
+        Trazer_Fotografia(v["Fotografia"]);
+        if (Trazer_Grupo(v)) Guardar(contagem, [&] { Trazer_Contacto(antigo, v); });
         Contar(contagem, totais_.Contactos);
     });
 }
@@ -228,6 +253,7 @@ bool Fusao::Criar_Utilizador(const Valores &v, const QString &nome_das_definicoe
                                 valor("Utilizadores")});
         },
         237, valor("NomeUtilizador"));
+    if (!tomado) return false;
     QString ID;
     skipFailure([&] {
         ID = geral_.de.Abrir("cmdVerIDUtilizador", {nome_das_definicoes}).Fields("ID").textOrEmpty();
@@ -235,5 +261,5 @@ bool Fusao::Criar_Utilizador(const Valores &v, const QString &nome_das_definicoe
     geral_.ini.Escrever_Ini(u"emailnotify"_s + ID, u"activo"_s, u"1"_s);
     geral_.ini.Escrever_Ini(u"emailnotify"_s + ID, u"minutos"_s, u"60"_s);
     geral_.ini.Escrever_Ini(u"messenger"_s + ID, u"activo"_s, u"0"_s);
-    return tomado;
+    return true;
 }

@@ -66,6 +66,8 @@ private:
                 const std::function<void(Contagem &)> &passagem);
     void Passar_Contactos(Contagem &contagem);
     void Adicionar_Contacto(Valores &v);
+    void Trazer_Fotografia(const QString &Fotografia);
+    void Trazer_Contacto(const QString &antigo, Valores &v);
     void Passar_Tarefas(Contagem &contagem);
     void Passar_Memos(Contagem &contagem);
 

@@ -4,22 +4,22 @@
 #include "data/DE.h"
 #include "store/Row.h"
 
+#include <algorithm>
 #include <QElapsedTimer>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr qint64 fatia = 8;   // ms of work at a time
+constexpr qint64 fatia = 8;    // ms of work at a time
 constexpr int da_agenda = 200; // rows read at a time
 
 ColunasDoContacto Colunas_Da_Linha(const Row &linha)
 {
     // The column of the group has another name in the table, and is not compared.
-    static constexpr std::array nomes{"Nome",       "Telefone1",  "Telefone2",  "Fax",    "Telemovel1",
-                                      "Telemovel2", "Telemovel3", "Dia",        "Mes",    "Ano",
-                                      "Email1",     "Email2",     "Website",    "Morada", "Obs",
-                                      "Fotografia", "Grupo"};
+    static constexpr std::array nomes{
+        "Nome", "Telefone1", "Telefone2", "Fax",     "Telemovel1", "Telemovel2", "Telemovel3", "Dia",  "Mes",
+        "Ano",  "Email1",    "Email2",    "Website", "Morada",     "Obs",        "Fotografia", "Grupo"};
     static_assert(nomes.size() == ColunasDoContacto::quantas);
     ColunasDoContacto colunas;
     for (std::size_t i = 0; i < nomes.size(); ++i) {
@@ -53,6 +53,7 @@ void ImportacaoDeContactos::Abrir_Cartoes(const QByteArray &bytes, const QByteAr
                                           GruposDaImportacao grupos)
 {
     fonte_ = std::make_unique<FonteDeCartoes>(bytes, codificacao, idioma_, std::move(grupos), faltas_);
+    contactos_.reserve(fonte_->Quantos());
 }
 
 void ImportacaoDeContactos::Abrir_Tabela(TabelaEscolhida tabela, GruposDaImportacao grupos)
@@ -70,9 +71,16 @@ bool ImportacaoDeContactos::Avancar()
         else if (lidos_ < fonte_->Quantos())
             Julgar(lidos_++);
         else
-            return false;
+            return Acabar();
     } while (relogio.elapsed() < fatia);
     return true;
+}
+
+bool ImportacaoDeContactos::Acabar()
+{
+    std::stable_sort(faltas_.begin(), faltas_.end(),
+                     [](const FaltaDaFonte &a, const FaltaDaFonte &b) { return a.linha < b.linha; });
+    return false;
 }
 
 // How many the book has is not known before it is read; it is the quicker part.
@@ -80,8 +88,8 @@ int ImportacaoDeContactos::Percentagem() const
 {
     constexpr std::size_t parte_da_agenda = 10;
     if (!agenda_lida_) return 0;
-    const std::size_t todos = std::max<std::size_t>(fonte_->Quantos(), 1);
-    return static_cast<int>(parte_da_agenda + (100 - parte_da_agenda) * lidos_ / todos);
+    const std::size_t todos = fonte_->Quantos();
+    return todos == 0 ? 100 : static_cast<int>(parte_da_agenda + (100 - parte_da_agenda) * lidos_ / todos);
 }
 
 void ImportacaoDeContactos::Ler_Da_Agenda()

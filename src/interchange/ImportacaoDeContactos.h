@@ -43,6 +43,7 @@ public:
 
     std::vector<ContactoAImportar> &Contactos() { return contactos_; }
     const std::vector<ContactoAImportar> &Contactos() const { return contactos_; }
+    // In the order of the lines, once everything is read.
     const std::vector<FaltaDaFonte> &Faltas() const { return faltas_; }
 
     // Who is at a place: one of the book, with an ID, or another contact of the file.
@@ -61,6 +62,7 @@ public:
 private:
     void Ler_Da_Agenda();
     void Julgar(std::size_t qual);
+    bool Acabar();
 
     DE &de_;
     QString IdUtilizador_;
@@ -70,9 +72,9 @@ private:
     std::vector<ContactoAImportar> contactos_;
     std::vector<FaltaDaFonte> faltas_;
     RegraDosDuplicados regra_;
-    QHash<QString, QString> uids_;         // of the kept cards, by the ID of their contact
-    std::vector<qint64> da_agenda_;        // the IDs of those at the first places
-    std::vector<std::size_t> do_ficheiro_; // those at the places behind
+    QHash<QString, QString> uids_;                        // of the kept cards, by the ID of their contact
+    std::vector<qint64> da_agenda_;                       // the IDs of those at the first places
+    std::vector<std::size_t> do_ficheiro_;                // those at the places behind
     QHash<std::size_t, ColunasDoContacto> por_completar_; // those at places that the rule has completed
     bool agenda_lida_ = false;
     bool uids_lidos_ = false;

@@ -8,6 +8,7 @@
 #include "interchange/frmDuplicados.h"
 #include "interchange/frmExportar.h"
 #include "interchange/frmImportar.h"
+#include "interchange/frmImportarContactos.h"
 #include "janela/Janela.h"
 
 #include <QAction>
@@ -28,6 +29,7 @@ Intercambio::Intercambio(Janela &janela, Geral &geral, Platform &platform, Repor
 {
     connect(janela.Importar, &QAction::triggered, this, &Intercambio::Importar_Click);
     connect(janela.Exportar, &QAction::triggered, this, &Intercambio::Exportar_Click);
+    connect(janela.ImportarContactos, &QAction::triggered, this, [this] { ImportarContactos({}); });
     connect(janela.Duplicados, &QAction::triggered, this, &Intercambio::Duplicados_Click);
     connect(janela.mnuBackup, &QAction::triggered, this, &Intercambio::mnuBackup_Click);
 }
@@ -54,6 +56,26 @@ void Intercambio::Mostrar_frmImportar(const QString &caminho)
 void Intercambio::Importar_Click() { Mostrar_frmImportar({}); }
 
 void Intercambio::Importar(const QString &caminho) { Mostrar_frmImportar(caminho); }
+
+void Intercambio::ImportarContactos(const QString &caminho)
+{
+    Mostrar_frmImportarContactos([&](frmImportarContactos &form) { form.Abrir(caminho); });
+}
+
+void Intercambio::ImportarCartoes(const QByteArray &bytes)
+{
+    Mostrar_frmImportarContactos([&](frmImportarContactos &form) { form.Abrir_Cartoes(bytes); });
+}
+
+void Intercambio::Mostrar_frmImportarContactos(const std::function<void(frmImportarContactos &)> &abrir)
+{
+    if (!Tem_Direito(geral_.SessaoActual.Adicionar, geral_, platform_, &janela_)) return;
+    const DisabledWindow desactivada(janela_);
+    frmImportarContactos form(geral_, platform_, &janela_);
+    connect(&form, &frmImportarContactos::ContactosMudados, this, &Intercambio::ContactosMudados);
+    abrir(form);
+    form.exec();
+}
 
 void Intercambio::Exportar_Click()
 {

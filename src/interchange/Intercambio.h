@@ -2,10 +2,12 @@
 // process: the file last chosen and the older database, which is opened once.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <QObject>
 
 class DE2;
+class frmImportarContactos;
 class DesfazerEliminacao;
 class Geral;
 class Janela;
@@ -27,6 +29,11 @@ public:
     // The form of the menu entry Importar, as a person finds it who has chosen that file.
     void Importar(const QString &caminho);
 
+    // Contacts of cards or of a table, in the form that shows them before anything is written. Without the
+    // right to add contacts there is the refusal. The first takes a path, which may be empty.
+    void ImportarContactos(const QString &caminho);
+    void ImportarCartoes(const QByteArray &bytes);
+
     QString FileName; // what the file dialog last gave
 
 Q_SIGNALS:
@@ -36,6 +43,7 @@ private:
     void Importar_Click();
     void Mostrar_frmImportar(const QString &caminho);
     void Exportar_Click();
+    void Mostrar_frmImportarContactos(const std::function<void(frmImportarContactos &)> &abrir);
     void Duplicados_Click();
     void mnuBackup_Click();
 

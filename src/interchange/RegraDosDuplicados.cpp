@@ -6,12 +6,19 @@
 #include "interchange/RotulosDoCartao.h"
 
 #include <algorithm>
+#include <QSet>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
 constexpr std::size_t mais_da_mesma_chave = 3; // a switchboard, info@: it proves nothing of more contacts
+
+QStringList Sem(QStringList chaves, const QStringList &outras)
+{
+    chaves.removeIf([&](const QString &chave) { return outras.contains(chave); });
+    return chaves;
+}
 
 QSet<QString> Palavras(const QString &nome)
 {
@@ -27,15 +34,15 @@ bool Outro_Aniversario(const ColunasDoContacto &um, const ColunasDoContacto &out
 
 // Numbers of a kind fill the free columns of that kind; what finds none becomes a line.
 void Encher(ColunasDoContacto &inteiras, QStringList &linhas, const ColunasDoContacto &novas,
-            std::span<const Coluna> colunas, QString (*chave)(const QString &), const QSet<QString> &ja_la,
+            std::span<const Coluna> colunas, QString (*chave)(const QString &), const QStringList &ja_la,
             const QString &rotulo)
 {
-    QSet<QString> vistas = ja_la;
+    QStringList vistas = ja_la;
     for (const Coluna coluna : colunas) {
         const QString &valor = novas[coluna];
         const QString esta = chave(valor).isEmpty() ? valor.trimmed() : chave(valor);
         if (esta.isEmpty() || vistas.contains(esta)) continue;
-        vistas.insert(esta);
+        vistas << esta;
         const auto livre = std::find_if(colunas.begin(), colunas.end(),
                                         [&](Coluna outra) { return inteiras[outra].isEmpty(); });
         if (livre != colunas.end())
@@ -76,7 +83,7 @@ void RegraDosDuplicados::Juntar(const ColunasDoContacto &colunas, const QString 
     if (!uid.isEmpty()) uids_.insert(uid, lugar);
 }
 
-void RegraDosDuplicados::Apontar(Dicionario &dicionario, const QSet<QString> &chaves, std::size_t lugar)
+void RegraDosDuplicados::Apontar(Dicionario &dicionario, const QStringList &chaves, std::size_t lugar)
 {
     for (const QString &chave : chaves)
         dicionario[chave].push_back(lugar);
@@ -86,14 +93,14 @@ void RegraDosDuplicados::Apontar(Dicionario &dicionario, const QSet<QString> &ch
 void RegraDosDuplicados::Completar(std::size_t lugar, const ColunasDoContacto &completado)
 {
     const Chaves novas = Chaves::De(completado);
-    Apontar(numeros_, novas.numeros - chaves_[lugar].numeros, lugar);
-    Apontar(emails_, novas.emails - chaves_[lugar].emails, lugar);
+    Apontar(numeros_, Sem(novas.numeros, chaves_[lugar].numeros), lugar);
+    Apontar(emails_, Sem(novas.emails, chaves_[lugar].emails), lugar);
     todos_[lugar] = completado;
     chaves_[lugar] = novas;
 }
 
 RegraDosDuplicados::Lugares RegraDosDuplicados::Com_Alguma(const Dicionario &dicionario,
-                                                           const QSet<QString> &chaves)
+                                                           const QStringList &chaves)
 {
     Lugares lugares;
     for (const QString &chave : chaves) {
@@ -187,8 +194,8 @@ Decisao RegraDosDuplicados::O_Mesmo(const ColunasDoContacto &colunas, std::size_
 {
     Decisao decisao{Veredicto::Igual, {outro}, todos_[outro], {}};
     const Chaves chaves = Chaves::De(colunas);
-    const bool tem_chaves_novas =
-        !chaves_[outro].numeros.contains(chaves.numeros) || !chaves_[outro].emails.contains(chaves.emails);
+    const bool tem_chaves_novas = !Sem(chaves.numeros, chaves_[outro].numeros).isEmpty() ||
+                                  !Sem(chaves.emails, chaves_[outro].emails).isEmpty();
     if (!tem_chaves_novas && !Tem_Colunas_Novas(colunas, todos_[outro])) return decisao;
     decisao.veredicto = Veredicto::Completa;
     Completar(decisao, colunas);

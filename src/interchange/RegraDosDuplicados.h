@@ -5,7 +5,6 @@
 #include "interchange/ChavesDoContacto.h"
 
 #include <QHash>
-#include <QSet>
 #include <QStringList>
 #include <vector>
 
@@ -50,8 +49,8 @@ private:
     using Dicionario = QHash<QString, Lugares>;
     using Chaves = ChavesDoContacto;
 
-    static void Apontar(Dicionario &dicionario, const QSet<QString> &chaves, std::size_t lugar);
-    static Lugares Com_Alguma(const Dicionario &dicionario, const QSet<QString> &chaves);
+    static void Apontar(Dicionario &dicionario, const QStringList &chaves, std::size_t lugar);
+    static Lugares Com_Alguma(const Dicionario &dicionario, const QStringList &chaves);
     bool Um_Nome_Contem_O_Outro(const QString &nome, std::size_t outro) const;
     bool Mesmo_Telemovel(const ColunasDoContacto &colunas, std::size_t outro) const;
     Lugares Certos(const ColunasDoContacto &colunas, const Chaves &chaves, const Lugares &por_numero,

@@ -1,5 +1,11 @@
 #include "janela/Janela.h"
 
-Janela::Janela() { setupUi(this); }
+#include "controls/DrawnIcon.h"
+
+Janela::Janela()
+{
+    setupUi(this);
+    giveDrawnIcons(*this);
+}
 
 Janela::~Janela() = default;

@@ -18,10 +18,8 @@ public:
 Q_SIGNALS:
     void darkTold(bool dark);
 
-private Q_SLOTS:
-    void settingChanged(const QString &space, const QString &key, const QDBusVariant &value);
-
 private:
+    Q_SLOT void settingChanged(const QString &space, const QString &key, const QDBusVariant &value);
     void answered(QDBusPendingCallWatcher *call);
     void tell(const QDBusVariant &value);
 };

@@ -104,12 +104,18 @@ IniFile::IniFile(QString path) : path_(std::move(path)) {}
 
 bool IniFile::exists() const { return QFile::exists(path_); }
 
+QString IniFile::Reading::value(const QString &section, const QString &key) const
+{
+    const auto range = findSection(lines_, section);
+    const auto line = range ? findKey(lines_, *range, key) : std::nullopt;
+    return line ? withoutQuotes(entryIn(lines_[*line])->value).left(longestValue).toString() : QString();
+}
+
+IniFile::Reading IniFile::reading() const { return Reading(linesOf(path_).value_or(QStringList())); }
+
 QString IniFile::read(const QString &section, const QString &key) const
 {
-    const QStringList lines = linesOf(path_).value_or(QStringList());
-    const auto range = findSection(lines, section);
-    const auto line = range ? findKey(lines, *range, key) : std::nullopt;
-    return line ? withoutQuotes(entryIn(lines[*line])->value).left(longestValue).toString() : QString();
+    return reading().value(section, key);
 }
 
 bool IniFile::write(const QString &section, const QString &key, const QString &value)

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 class IniFile
 {
@@ -18,6 +19,19 @@ public:
 
     // The key's value, empty where the file, the section or the key isn't there.
     QString read(const QString &section, const QString &key) const;
+
+    // What the file held when it was read, for who asks for many keys of one moment.
+    class Reading
+    {
+    public:
+        QString value(const QString &section, const QString &key) const;
+
+    private:
+        friend class IniFile;
+        explicit Reading(QStringList lines) : lines_(std::move(lines)) {}
+        QStringList lines_;
+    };
+    Reading reading() const;
 
     // Writes one key; an empty value keeps the key. Line breaks within a value become blanks, since a value
     // is one line. The old file is replaced in one step or not at all; false when it could not be.

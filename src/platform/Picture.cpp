@@ -3,8 +3,10 @@
 #include "platform/Failure.h"
 #include "platform/ProgramFolder.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QImageReader>
+#include <utility>
 
 namespace
 {
@@ -36,24 +38,53 @@ QString pictureFile(const QString &folder, const QString &stored)
     return complete ? stored : fileIn(folder, QString(stored).replace(u'\\', QDir::separator()));
 }
 
-Picture::Picture(const QString &path) : path_(path)
+// Where the points are read from.
+class Picture::Source
 {
-    QImageReader reader(path);
-    prepare(reader);
-    if (isDrawing(reader)) raiseInvalid(path);
-    naturalSize_ = reader.size();
-    if (reader.transformation() & QImageIOHandler::TransformationRotate90) naturalSize_.transpose();
-    if (naturalSize_.isEmpty()) raiseInvalid(path);
+public:
+    explicit Source(const Picture &picture)
+    {
+        if (picture.bytes_.isEmpty()) {
+            reader_.setFileName(picture.path_);
+        } else {
+            buffer_.setData(picture.bytes_);
+            buffer_.open(QIODevice::ReadOnly);
+            reader_.setDevice(&buffer_);
+        }
+        prepare(reader_);
+    }
+    QImageReader *operator->() { return &reader_; }
+    const QImageReader &reader() const { return reader_; }
+    bool turned() const { return reader_.transformation() & QImageIOHandler::TransformationRotate90; }
+
+private:
+    QBuffer buffer_; // outlives the reader
+    QImageReader reader_;
+};
+
+Picture::Picture(const QString &path) : path_(path) { measure(); }
+
+Picture::Picture(QByteArray bytes, const QString &name) : path_(name), bytes_(std::move(bytes))
+{
+    if (bytes_.isEmpty()) raiseInvalid(path_);
+    measure();
+}
+
+void Picture::measure()
+{
+    Source source(*this);
+    if (isDrawing(source.reader())) raiseInvalid(path_);
+    naturalSize_ = source->size();
+    if (source.turned()) naturalSize_.transpose();
+    if (naturalSize_.isEmpty()) raiseInvalid(path_);
 }
 
 QImage Picture::image(QSize size) const
 {
-    QImageReader reader(path_);
-    prepare(reader);
-    const bool turned = reader.transformation() & QImageIOHandler::TransformationRotate90;
+    Source source(*this);
     if (size.width() < naturalSize_.width() && size.height() < naturalSize_.height())
-        reader.setScaledSize(turned ? size.transposed() : size);
-    QImage image = reader.read();
+        source->setScaledSize(source.turned() ? size.transposed() : size);
+    QImage image = source->read();
     if (image.isNull()) raiseInvalid(path_);
     return image.size() == size ? image : image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }

@@ -1,6 +1,7 @@
-// A picture file: its natural size, and its points at whatever size they are shown.
+// A picture, of a file or of bytes: its natural size, and its points at whatever size they are shown.
 #pragma once
 
+#include <QByteArray>
 #include <QImage>
 #include <QSize>
 #include <QString>
@@ -16,8 +17,10 @@ public:
 
     // Opens the file and reads its size. Raises Failure for a file that is missing, no picture, or a drawing.
     explicit Picture(const QString &path);
+    // The same of bytes that are no file; the name is what a failure says.
+    Picture(QByteArray bytes, const QString &name);
 
-    const QString &path() const { return path_; }
+    const QString &path() const { return path_; }      // or the name
     QSize naturalSize() const { return naturalSize_; } // pixels; in twips it is 15 times that
 
     // The picture at that size in pixels, its proportions given up. A large photograph is never unpacked
@@ -25,6 +28,10 @@ public:
     QImage image(QSize size) const;
 
 private:
+    class Source;
+    void measure();
+
     QString path_;
+    QByteArray bytes_; // none: the file's
     QSize naturalSize_;
 };

@@ -1,7 +1,6 @@
 #include "platform/ReplaceFile.h"
 
 #include <cerrno>
-#include <QSaveFile>
 #include <unistd.h>
 
 namespace
@@ -10,10 +9,21 @@ namespace
 bool onTheDisk(const QSaveFile &file) { return ::fsync(file.handle()) == 0 || errno == EINVAL; }
 } // namespace
 
-// commit() alone is not enough: it puts a file in place that a full disk cut short.
+FileReplacement::FileReplacement(const QString &path) : file_(path), isGood_(file_.open(QIODevice::WriteOnly))
+{
+}
+
+bool FileReplacement::append(const QByteArray &portion)
+{
+    isGood_ = isGood_ && file_.write(portion) == portion.size();
+    return isGood_;
+}
+
+// That of the toolkit alone is not enough: it puts a file in place that a full disk cut short.
+bool FileReplacement::commit() { return isGood_ && file_.flush() && onTheDisk(file_) && file_.commit(); }
+
 bool replaceFile(const QString &path, const QByteArray &bytes)
 {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) return false;
-    return file.write(bytes) == bytes.size() && file.flush() && onTheDisk(file) && file.commit();
+    FileReplacement file(path);
+    return file.append(bytes) && file.commit();
 }

@@ -26,10 +26,8 @@ public:
 Q_SIGNALS:
     void changed();
 
-private Q_SLOTS:
-    void askBus();
-
 private:
+    Q_SLOT void askBus();
     bool nativeEventFilter(const QByteArray &type, void *message, qintptr *result) override;
     void watchSelection();
     void lookAtSelection();

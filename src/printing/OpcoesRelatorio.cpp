@@ -5,6 +5,7 @@
 #include "controls/ListBox.h"
 #include "data/Geral.h"
 #include "data/Relatorio.h"
+#include "data/Traduzir.h"
 #include "platform/Failure.h"
 #include "platform/Translations.h"
 
@@ -53,7 +54,7 @@ void OpcoesRelatorio::Legendar()
     lblGrupo->setText(geral_->Ler_Idioma(42));
     FrameEstilo->setTitle(withoutMnemonic(geral_->Ler_Idioma(78)));
     OptionLista->setText(geral_->Ler_Idioma(79));
-    OptionContactos->setText(translated(lista_com_grupos, geral_->IdiomaActual));
+    OptionContactos->setText(Traduzir(lista_com_grupos, *geral_));
 }
 
 // The row for all groups has no group of its name, nor has a group that was renamed away in the meantime:

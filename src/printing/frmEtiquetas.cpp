@@ -5,7 +5,7 @@
 #include "data/Geral.h"
 #include "data/Relatorio.h"
 #include "data/Sementes.h"
-#include "platform/Translations.h"
+#include "data/Traduzir.h"
 #include "report/ReportControl.h"
 
 #include <array>
@@ -63,7 +63,7 @@ QString Em_Milimetros(const Formato &formato, const QLocale &locale)
 } // namespace
 
 frmEtiquetas::frmEtiquetas(Geral &geral, ReportControl &relatorio, const ListBox &ListaNomes, QWidget *dono)
-    : QDialog(dono), geral_(geral), CrystalReport1(relatorio)
+    : QDialog(dono), geral_(geral), CrystalReport1(relatorio), pausa_(geral.temporizadores)
 {
     setupUi(this);
     scale::apply(*this);
@@ -72,7 +72,6 @@ frmEtiquetas::frmEtiquetas(Geral &geral, ReportControl &relatorio, const ListBox
     connect(cmdCancelar, &QPushButton::clicked, this, &QDialog::reject);
     connect(this, &QDialog::finished, this, &frmEtiquetas::Form_Unload);
 
-    geral_.temporizadores.Gerir_Temporizadores(u"stop"_s);
     Legendar();
     opcoes->FrameEstilo->hide();
     opcoes->Carregar(geral_, ListaNomes);
@@ -86,11 +85,10 @@ frmEtiquetas::frmEtiquetas(Geral &geral, ReportControl &relatorio, const ListBox
 
 void frmEtiquetas::Legendar()
 {
-    const QString &idioma = geral_.IdiomaActual;
-    setWindowTitle(translated(titulo, idioma));
-    lblFormato->setText(translated(folha, idioma));
-    lblPrimeira->setText(translated(primeira, idioma));
-    cbRemetente->setText(translated(com_remetente, idioma));
+    setWindowTitle(Traduzir(titulo, geral_));
+    lblFormato->setText(Traduzir(folha, geral_));
+    lblPrimeira->setText(Traduzir(primeira, geral_));
+    cbRemetente->setText(Traduzir(com_remetente, geral_));
     CheckBoxPrevisualizar->setText(geral_.Ler_Idioma(77));
     cmdImprimir->setText(geral_.Ler_Idioma(80));
     cmdCancelar->setText(geral_.Ler_Idioma(43));
@@ -103,7 +101,7 @@ void frmEtiquetas::Oferecer_Formatos()
     ComboFormato->setListIndex(0);
 }
 
-void frmEtiquetas::Form_Unload() { geral_.temporizadores.Gerir_Temporizadores(u"start"_s); }
+void frmEtiquetas::Form_Unload() { pausa_.Retomar(); }
 
 void frmEtiquetas::ComboFormato_Click()
 {
@@ -114,9 +112,8 @@ void frmEtiquetas::ComboFormato_Click()
 void frmEtiquetas::Mostrar_Os_Que_Ficam_De_Fora()
 {
     const qsizetype quantos = Sem_Morada();
-    const QString aviso = quantos == 1 ? translated(um_de_fora, geral_.IdiomaActual)
-                                       : translated(varios_de_fora, geral_.IdiomaActual).arg(quantos);
-    lblDeFora->setText(quantos == 0 ? QString() : aviso);
+    const QString aviso = Traduzir(quantos == 1 ? um_de_fora : varios_de_fora, geral_);
+    lblDeFora->setText(quantos == 0 ? QString() : QString(aviso).replace(u"%1"_s, QString::number(quantos)));
 }
 
 qsizetype frmEtiquetas::Sem_Morada()

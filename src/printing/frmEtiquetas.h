@@ -3,6 +3,7 @@
 // are.
 #pragma once
 
+#include "data/Temporizadores.h"
 #include "ui_frmEtiquetas.h"
 
 #include <QDialog>
@@ -31,4 +32,5 @@ private:
 
     Geral &geral_;
     ReportControl &CrystalReport1;
+    PausaDosTemporizadores pausa_;
 };

@@ -4,7 +4,7 @@
 #include "controls/Scale.h"
 #include "data/Geral.h"
 #include "data/Relatorio.h"
-#include "platform/Translations.h"
+#include "data/Traduzir.h"
 #include "report/ReportControl.h"
 
 #include <array>
@@ -73,7 +73,7 @@ void frmImprimir::Legendar()
 {
     setWindowTitle(withoutMnemonic(geral_.Ler_Idioma(73)));
     CheckBoxPrevisualizar->setText(geral_.Ler_Idioma(77));
-    cbVariasPorPagina->setText(translated(varias_por_pagina, geral_.IdiomaActual));
+    cbVariasPorPagina->setText(Traduzir(varias_por_pagina, geral_));
     cmdImprimir->setText(geral_.Ler_Idioma(80));
     cmdCancelar->setText(geral_.Ler_Idioma(43));
 }

@@ -5,6 +5,8 @@
 
 #include <QHash>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 struct DiaEMes {
@@ -95,23 +97,23 @@ struct Colunas {
 };
 } // namespace
 
-// The rest of a row is read only where it is listed.
 std::optional<std::vector<Aniversariante>> Proximos_Aniversarios(Geral &geral, QDate hoje, int dias)
 {
     std::vector<Aniversariante> proximos;
     std::optional<Colunas> colunas;
     Calendario calendario(hoje, dias);
-    geral.de.Percorrer("cmdListarAniversarios", {geral.SessaoActual.IdUtilizador}, [&](const Row &linha) {
-        if (!colunas) colunas.emplace(linha);
-        const std::string_view Dia = linha.utf8(colunas->Dia);
-        const std::string_view Mes = linha.utf8(colunas->Mes);
-        const Distancia distancia = calendario.Ate(Dia, Mes);
-        if (!distancia.perto) return;
-        proximos.push_back({.ID = linha.field(colunas->ID).text(),
-                            .Nome = linha.field(colunas->Nome).textOrEmpty(),
-                            .Dia = Texto(Dia),
-                            .Mes = Texto(Mes),
-                            .hoje = distancia.hoje});
-    });
-    return colunas ? std::optional(std::move(proximos)) : std::nullopt;
+    const bool ha_contactos = geral.de.Percorrer_As_Que(
+        "cmdListarAniversarios", geral.SessaoActual.IdUtilizador, "TblLista.Dia, TblLista.Mes"_L1,
+        [&](std::string_view Dia, std::string_view Mes) { return calendario.Ate(Dia, Mes).perto; },
+        [&](const Row &linha) {
+            if (!colunas) colunas.emplace(linha);
+            const std::string_view Dia = linha.utf8(colunas->Dia);
+            const std::string_view Mes = linha.utf8(colunas->Mes);
+            proximos.push_back({.ID = linha.field(colunas->ID).text(),
+                                .Nome = linha.field(colunas->Nome).textOrEmpty(),
+                                .Dia = Texto(Dia),
+                                .Mes = Texto(Mes),
+                                .hoje = calendario.Ate(Dia, Mes).hoje});
+        });
+    return ha_contactos ? std::optional(std::move(proximos)) : std::nullopt;
 }

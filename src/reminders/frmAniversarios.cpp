@@ -102,7 +102,7 @@ void frmAniversarios::Mostrar_Fotografia_Do_Contacto(const QString &ID)
         const QString Fotografia = rs.Fields("Fotografia").textOrEmpty();
         rs.Close();
         if (Fotografia.isEmpty()) return Mostrar_Na_Caixa(u"semfoto_big.jpg"_s);
-        image1_ = Picture(Caminho_Da_Fotografia(geral_, Fotografia));
+        image1_ = Imagem_Da_Fotografia(geral_, Fotografia);
         const QSizeF natural = QSizeF(image1_.naturalSize()) * twipsPerPixel;
         QRectF lugar({}, cartao::Redimensionar_Foto(natural));
         lugar.moveCenter(caixa_da_foto.center());

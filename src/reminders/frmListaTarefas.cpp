@@ -9,6 +9,9 @@
 #include "reminders/frmAddEditTarefa.h"
 #include "reminders/Momento.h"
 
+#include <algorithm>
+#include <QHeaderView>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -77,6 +80,26 @@ frmListaTarefas::frmListaTarefas(Geral &geral, Platform &platform, QWidget &jane
     ListViewTarefas->setAccessibleName(Label1->text());
     ListViewTarefas->setEmptyText(Traduzir(sem_tarefas, geral_));
     Ler_Tarefas(Sem_Linhas::Mantem_A_Lista);
+}
+
+// What long words in large letters need for their heading the column of the descriptions gives, which end in
+// dots; half of it stays, and then the list scrolls.
+void frmListaTarefas::Dar_Lugar_Ao_Ultimo_Titulo()
+{
+    const QHeaderView &titulos = *ListViewTarefas->header();
+    const int barra = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    int resto = ListViewTarefas->width() - 2 * ListViewTarefas->frameWidth() - barra;
+    for (const Coluna coluna : {coluna_tarefa, coluna_data, coluna_hora})
+        resto -= titulos.sectionSize(coluna);
+    const int falta = titulos.sectionSizeHint(coluna_repeticao) - resto;
+    const int tarefa = titulos.sectionSize(coluna_tarefa);
+    if (falta > 0) ListViewTarefas->setColumnWidth(coluna_tarefa, std::max(tarefa - falta, tarefa / 2));
+}
+
+void frmListaTarefas::showEvent(QShowEvent *evento)
+{
+    QDialog::showEvent(evento);
+    Dar_Lugar_Ao_Ultimo_Titulo();
 }
 
 void frmListaTarefas::Ler_Tarefas(Sem_Linhas sem_linhas)

@@ -21,6 +21,9 @@ Q_SIGNALS:
     // A task was changed: an alert card that is open somewhere shows it no longer as it is.
     void TarefaEditada();
 
+protected:
+    void showEvent(QShowEvent *evento) override;
+
 private:
     void Form_Unload();
     void cmdCriar_Click();
@@ -30,6 +33,7 @@ private:
     enum class Sem_Linhas { Mantem_A_Lista, Esvazia_A_Lista };
     void Ler_Tarefas(Sem_Linhas sem_linhas);
     void Preencher_Lista(Recordset &rs);
+    void Dar_Lugar_Ao_Ultimo_Titulo();
     QTreeWidgetItem *Seleccionada() const; // null without a selection
 
     Geral &geral_;

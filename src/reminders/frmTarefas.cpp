@@ -4,8 +4,8 @@
 #include "controls/Scale.h"
 #include "data/Geral.h"
 #include "data/Relatorio.h"
+#include "data/Traduzir.h"
 #include "platform/Platform.h"
-#include "platform/Translations.h"
 #include "reminders/frmAddEditTarefa.h"
 #include "reminders/Momento.h"
 #include "reminders/Repeticao.h"
@@ -55,7 +55,7 @@ void frmTarefas::Oferecer_Adiamentos()
                     Q_EMIT Adiada(quantos);
                     reject();
                 });
-    cmdAdiar->setText(translated(adiar, geral_.IdiomaActual));
+    cmdAdiar->setText(Traduzir(adiar, geral_));
     cmdAdiar->setMenu(menu);
 }
 

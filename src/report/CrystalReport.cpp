@@ -136,7 +136,7 @@ std::shared_ptr<ReportPages> CrystalReport::pages() const
     ReportData data(definition, database, selectionFormula_, sort);
     sayInLanguage(definition, database, language_());
     return std::make_shared<ReportPages>(std::move(definition), std::move(data), std::move(parameters),
-                                         clock_.today(), reportWord(ReportWord::Empty, language_()));
+                                         clock_.today(), reportWord(ReportWord::Empty, language_()), held_);
 }
 
 void CrystalReport::showPreview()

@@ -29,6 +29,9 @@ public:
     CrystalReport(MessageBoxes &boxes, Dialogs &dialogs, const Clock &clock,
                   std::function<QString()> language, QWidget *owner = nullptr,
                   std::unique_ptr<ReportPrinter> printer = nullptr);
+
+    // Where pictures come from that are no files: bytes by the name that a record has, or none.
+    void setHeldPictures(std::function<QByteArray(const QString &)> held) { held_ = std::move(held); }
     ~CrystalReport() override;
 
     void setReportFileName(const QString &path) override { reportFileName_ = path; }
@@ -71,6 +74,7 @@ private:
     std::function<QString()> language_;
     QWidget *owner_;
     std::unique_ptr<ReportPrinter> printer_;
+    std::function<QByteArray(const QString &)> held_;
     QPointer<ReportPreview> preview_;
 
     QString reportFileName_;

@@ -293,21 +293,25 @@ void ReportLayout::Sheet::putPicture(const ReportElement &element, const QString
 {
     const QDir folder = QFileInfo(definition_.path).dir();
     const auto path = [&](const QString &name) { return name.isEmpty() ? name : folder.filePath(name); };
-    putItem(ReportPage::Picture{.file = file.isEmpty() ? file : pictureFile(folder.path(), file),
+    ReportPage::Picture picture{.file = file.isEmpty() ? file : pictureFile(folder.path(), file),
                                 .fallback = path(element.fallback),
-                                .area = areaOf(element, y)},
-            element);
+                                .area = areaOf(element, y),
+                                .held = {}};
+    if (layout_.held_) picture.held = [held = layout_.held_, file] { return held(file); };
+    putItem(std::move(picture), element);
 }
 
 ReportLayout::ReportLayout(const ReportDefinition &definition, const ReportData &data,
-                           const QHash<QString, QString> &parameters, const QDate &today, QString nothing)
+                           const QHash<QString, QString> &parameters, const QDate &today, QString nothing,
+                           HeldPictures held)
     : definition_(definition),
       data_(data),
       parameters_(parameters),
       date_(today.toString(u"dd-MM-yyyy"_s)),
       today_(today.toString(definition.dayFormat)),
       nothing_(std::move(nothing)),
-      notice_(noticeOn(definition))
+      notice_(noticeOn(definition)),
+      held_(std::move(held))
 {
 }
 

@@ -6,6 +6,7 @@
 #include "report/ReportLines.h"
 #include "report/ReportPage.h"
 
+#include <functional>
 #include <optional>
 #include <QDate>
 
@@ -28,10 +29,14 @@ public:
         Place next; // behind the last band at the report's end
     };
 
+    // The bytes of a picture that is no file, by the name that a record has for it; none for all others.
+    using HeldPictures = std::function<QByteArray(const QString &)>;
+
     // Definition, records and parameters stay the caller's and must outlive it. Where there is no record, the
     // page says "nothing" in the place of the details.
     ReportLayout(const ReportDefinition &definition, const ReportData &data,
-                 const QHash<QString, QString> &parameters, const QDate &today, QString nothing);
+                 const QHash<QString, QString> &parameters, const QDate &today, QString nothing,
+                 HeldPictures held = {});
 
     // A page takes at least one row or line, however little room there is, so the report always comes to its
     // end.
@@ -58,6 +63,7 @@ private:
     QString today_; // as the language writes it
     QString nothing_;
     const ReportElement notice_; // how that is said
+    const HeldPictures held_;
     ReportLines lines_;
     // The lines of the growing texts of one record, since a long one is asked for on each of its pages.
     std::size_t grownBand_ = 0;

@@ -49,20 +49,15 @@ QStringList broken(const QString &paragraph, const QFont &font, double width)
 }
 } // namespace
 
-FontMeasure::FontMeasure(const QFont &font) : metrics_(font), spacing_(metrics_.lineSpacing())
-{
-    advances_.fill(unknown);
-}
+FontMeasure::FontMeasure(const QFont &font) : metrics_(font), spacing_(metrics_.lineSpacing()) {}
 
 double FontMeasure::advance(const QString &text)
 {
     double sum = 0;
     for (const QChar sign : text) {
         const bool joins = sign.unicode() >= 0x300 && sign.isMark();
-        if (joins || sign.unicode() >= advances_.size()) return metrics_.horizontalAdvance(text);
-        double &width = advances_[sign.unicode()];
-        if (width == unknown) width = metrics_.horizontalAdvance(sign);
-        sum += width;
+        if (joins || !LetterWidths::holds(sign.unicode())) return metrics_.horizontalAdvance(text);
+        sum += letters_.of(sign.unicode(), [&] { return metrics_.horizontalAdvance(sign); });
     }
     return sum;
 }

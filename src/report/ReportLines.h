@@ -1,9 +1,9 @@
 // How wide letters are and where lines break, in twips, for the texts of a report.
 #pragma once
 
+#include "report/LetterWidths.h"
 #include "report/ReportDefinition.h"
 
-#include <array>
 #include <map>
 #include <QFontMetricsF>
 #include <QStringList>
@@ -21,11 +21,9 @@ public:
     QString elided(const QString &line, double width) const;
 
 private:
-    // Of the letters that stand alone and never join: Latin, Greek, Cyrillic. Measured when first met.
-    static constexpr double unknown = -1;
     QFontMetricsF metrics_;
     double spacing_;
-    std::array<double, 0x530> advances_;
+    LetterWidths letters_;
 };
 
 // The lines of a report's texts. What is measured of an element's font is kept for the next of its texts.

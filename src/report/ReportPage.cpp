@@ -9,14 +9,20 @@ namespace
 {
 QColor colourOf(unsigned colour) { return QColor::fromRgb(colour); }
 
-// The file's picture no larger than the area at a printer's usual density; null where there is none.
-QImage pictureFor(const QString &file, const QSizeF &area)
+Picture open(const QString &file, const std::function<QByteArray()> &held)
+{
+    QByteArray bytes = held ? held() : QByteArray();
+    return bytes.isEmpty() ? Picture(file) : Picture(std::move(bytes), file);
+}
+
+// The picture no larger than the area at a printer's usual density; null where there is none.
+QImage pictureFor(const QString &file, const std::function<QByteArray()> &held, const QSizeF &area)
 {
     constexpr double twipsPerDot = 1440.0 / 300;
     QImage image;
     if (file.isEmpty()) return image;
     skipFailure([&] {
-        const Picture picture(file);
+        const Picture picture = open(file, held);
         const QSize dots = (area / twipsPerDot).toSize();
         const QSize natural = picture.naturalSize();
         const bool fits = natural.width() <= dots.width() && natural.height() <= dots.height();
@@ -51,8 +57,8 @@ public:
     // A file that is no picture gives way to the fallback.
     void operator()(const ReportPage::Picture &picture)
     {
-        QImage image = pictureFor(picture.file, picture.area.size());
-        if (image.isNull()) image = pictureFor(picture.fallback, picture.area.size());
+        QImage image = pictureFor(picture.file, picture.held, picture.area.size());
+        if (image.isNull()) image = pictureFor(picture.fallback, {}, picture.area.size());
         if (image.isNull()) return;
         QRectF place({}, sizeOf(image, picture.area.size()));
         place.moveTopRight(picture.area.topRight());

@@ -2,6 +2,8 @@
 // Knows nothing of definition and records: whoever holds a page can ask it, or draw it, without the report.
 #pragma once
 
+#include <functional>
+#include <QByteArray>
 #include <QFont>
 #include <QLineF>
 #include <QRectF>
@@ -29,6 +31,7 @@ public:
         QString file;
         QString fallback; // empty: nothing
         QRectF area;
+        std::function<QByteArray()> held; // bytes that take the place of the file, where there are some
     };
     struct Stroke {
         QLineF line;

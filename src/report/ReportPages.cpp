@@ -5,11 +5,11 @@
 using namespace Qt::StringLiterals;
 
 ReportPages::ReportPages(ReportDefinition definition, ReportData data, QHash<QString, QString> parameters,
-                         const QDate &today, QString nothing)
+                         const QDate &today, QString nothing, ReportLayout::HeldPictures held)
     : definition_(std::move(definition)),
       data_(std::move(data)),
       parameters_(std::move(parameters)),
-      layout_(definition_, data_, parameters_, today, std::move(nothing))
+      layout_(definition_, data_, parameters_, today, std::move(nothing), std::move(held))
 {
     layOutLast();
 }

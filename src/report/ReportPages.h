@@ -16,7 +16,7 @@ public:
 
     // Where there is no record, the page says what "nothing" says.
     ReportPages(ReportDefinition definition, ReportData data, QHash<QString, QString> parameters,
-                const QDate &today, QString nothing = {});
+                const QDate &today, QString nothing = {}, ReportLayout::HeldPictures held = {});
     ReportPages(const ReportPages &) = delete;
     ReportPages &operator=(const ReportPages &) = delete;
 

@@ -31,19 +31,22 @@ QAction *newAction(QToolBar &bar, const char *name, const QString &text, const Q
 } // namespace
 
 ReportPreview::ReportPreview(std::shared_ptr<ReportPages> pages, const Look &look, QWidget *owner)
-    : QMainWindow(owner, Qt::Window), view_(new ReportView(this))
+    : QMainWindow(owner, Qt::Window),
+      view_(new ReportView(this)),
+      looking_(new QToolBar(this)),
+      outputs_(new QToolBar(this))
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setCentralWidget(view_);
-    auto *bar = new QToolBar(this);
-    bar->setMovable(false);
-    bar->setContextMenuPolicy(Qt::PreventContextMenu);
-    addToolBar(bar);
-    addPageMoves(*bar, look.language);
-    bar->addSeparator();
-    addZooms(*bar, look.language);
-    bar->addSeparator();
-    addOutputs(*bar, look);
+    addPageMoves(*looking_, look.language);
+    looking_->addSeparator();
+    addZooms(*looking_, look.language);
+    addOutputs(*outputs_, look);
+    for (QToolBar *bar : {looking_, outputs_}) {
+        bar->setMovable(false);
+        bar->setContextMenuPolicy(Qt::PreventContextMenu);
+        addToolBar(bar);
+    }
 
     connect(view_, &ReportView::pageChanged, this, &ReportPreview::showPage);
     connect(view_, &ReportView::pagesFound, this, &ReportPreview::showCount);
@@ -139,6 +142,15 @@ void ReportPreview::setPages(std::shared_ptr<ReportPages> pages)
 }
 
 const std::shared_ptr<ReportPages> &ReportPreview::pages() const { return view_->pages(); }
+
+// In a row where both have room, and else one below the other: long words in large letters hid the last
+// buttons.
+void ReportPreview::resizeEvent(QResizeEvent *event)
+{
+    const bool room = looking_->sizeHint().width() + outputs_->sizeHint().width() <= event->size().width();
+    if (room == toolBarBreak(outputs_)) room ? removeToolBarBreak(outputs_) : insertToolBarBreak(outputs_);
+    QMainWindow::resizeEvent(event);
+}
 
 void ReportPreview::keyPressEvent(QKeyEvent *event)
 {

@@ -35,6 +35,7 @@ Q_SIGNALS:
     void refreshWanted();
 
 protected:
+    void resizeEvent(QResizeEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
@@ -46,6 +47,8 @@ private:
     void search();
 
     ReportView *view_;
+    QToolBar *looking_; // which page, and how large
+    QToolBar *outputs_;
     QSpinBox *pageBox_ = nullptr;
     QLabel *count_ = nullptr;
     QLineEdit *searched_ = nullptr;

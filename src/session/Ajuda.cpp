@@ -45,7 +45,9 @@ constexpr std::array paginas = std::to_array<PaginaDe>({
     {u"ReportPreview", u"impressao"},
     {u"frmImportar", u"importar-e-exportar"}, {u"frmImportar2", u"importar-e-exportar"},
     {u"frmCampos", u"importar-e-exportar"}, {u"frmDuplicados", u"importar-e-exportar"},
+    {u"frmImportarContactos", u"importar-e-exportar"},
     {u"frmImportarMDB", u"importar-e-exportar"}, {u"frmExportar", u"importar-e-exportar"},
+    {u"frmExportarContactos", u"importar-e-exportar"}, {u"frmQR", u"importar-e-exportar"},
     {u"frmBackup", u"copia-de-seguranca"},
 });
 // clang-format on

@@ -83,8 +83,9 @@ void Arranque::Escolher_Idioma()
 void Arranque::Ler_Configuracao()
 {
     Geral &g = geral_;
+    ReadWriteINI::Leitura ini(g.ini);
     const auto ler = [&](const char16_t *seccao, const char16_t *chave) {
-        return g.ini.Ler_Ini(QString::fromUtf16(seccao), QString::fromUtf16(chave));
+        return ini.Ler_Ini(QString::fromUtf16(seccao), QString::fromUtf16(chave));
     };
     const auto ler_inteiro = [&](const char16_t *seccao, const char16_t *chave, qint16 &destino) {
         const QString texto = ler(seccao, chave);
@@ -114,7 +115,7 @@ void Arranque::Ler_Configuracao()
 void Arranque::Ler_TblConfig()
 {
     base_desaparecida::Procurar(geral_, platform_);
-    Recordset &rs = geral_.de.Abrir("cmdVerConfig");
+    Recordset &rs = Abrir_TblConfig();
     Copiar(rs, "Idioma", geral_.IdiomaActual);
     Copiar(rs, "Versao", geral_.VersaoBD);
     Copiar(rs, "Remetente", geral_.RemetenteBD);
@@ -123,6 +124,20 @@ void Arranque::Ler_TblConfig()
     // The toolkit's own words ("Yes", "Cancel") follow the program's language.
     if (const Idioma *idioma = idiomas::Procurar(geral_.IdiomaActual))
         useToolkitLanguage(QString::fromUtf16(idioma->codigo), geral_.IdiomaActual == u"PortuguesPT"_s);
+}
+
+// Nothing of a newer program's database can be used, not even its words: without these the login would be a
+// riddle.
+Recordset &Arranque::Abrir_TblConfig()
+{
+    try {
+        return geral_.de.Abrir("cmdVerConfig");
+    } catch (const Failure &falha) {
+        if (falha.kind() != Failure::Kind::DatabaseNewer) throw;
+        platform_.boxes.showError(falha);
+        platform_.process.end();
+        throw;
+    }
 }
 
 void Arranque::Iniciar_Sessao()
@@ -146,8 +161,9 @@ bool Arranque::Ha_Utilizadores()
 // A household without users has sections as well, those of the user 0.
 void Arranque::Ler_Configuracao_Do_Utilizador()
 {
+    ReadWriteINI::Leitura ini(geral_.ini);
     const auto ler = [&](const QString &seccao, const QString &chave) {
-        return geral_.ini.Ler_Ini(geral_.Seccao_Do_Utilizador(seccao), chave);
+        return ini.Ler_Ini(geral_.Seccao_Do_Utilizador(seccao), chave);
     };
     skipFailure([&] { geral_.EmailNotifyActivo = Inteiro(ler(u"emailnotify"_s, u"activo"_s)); });
     skipFailure([&] { geral_.EmailNotifyMinutos = Inteiro(ler(u"emailnotify"_s, u"minutos"_s)); });

@@ -11,6 +11,7 @@ class Lembretes;
 class ListaContactos;
 class Memos;
 class Presenca;
+class Recordset;
 class SystemTray;
 struct Platform;
 
@@ -44,6 +45,7 @@ private:
     void Escolher_Idioma();
     void Ler_Configuracao();
     void Ler_TblConfig();
+    Recordset &Abrir_TblConfig();
     void Iniciar_Sessao();
     void Ler_Configuracao_Do_Utilizador();
     void Dar_Todos_Os_Direitos();

@@ -183,8 +183,13 @@ void Dar_Dicas_Fixas(QMainWindow &janela)
 
 void legendas::Atribuir(QMainWindow &janela, Geral &geral)
 {
+    QHash<qint64, QString> lidos;
+    skipFailure([&] { lidos = geral.Ler_Todo_O_Idioma(); });
     for (const EntradaDeTexto &entrada : textos)
-        skipFailure([&] { Atribuir_Um(janela, entrada, geral.Ler_Idioma(entrada.texto)); });
+        skipFailure([&] {
+            const auto lido = lidos.constFind(entrada.texto);
+            Atribuir_Um(janela, entrada, lido == lidos.cend() ? geral.Ler_Idioma(entrada.texto) : *lido);
+        });
     for (const auto &[controlo, palavras] : nossas)
         control<QAction>(janela, QLatin1StringView(controlo)).setText(Traduzir(palavras, geral));
     Dar_Dicas_Fixas(janela);

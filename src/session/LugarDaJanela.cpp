@@ -16,6 +16,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 constexpr int ate_ao_fim_de_um_arrasto = 400; // milliseconds
+const auto sim = u"sim"_s;
 constexpr int titulo_do_costume = 28; // pixels; before it is first shown a window does not know its own
 } // namespace
 
@@ -34,6 +35,7 @@ void LugarDaJanela::Repor()
     const QSize menor = janela_.layout()->totalMinimumSize();
     const QSize ecra = janela_.screen()->availableGeometry().size();
     janela_.resize((menor + tamanho->Folga()).boundedTo(ecra).expandedTo(menor));
+    if (maximizada_) janela_.setWindowState(janela_.windowState() | Qt::WindowMaximized);
     janela_.installEventFilter(this);
 }
 
@@ -45,10 +47,12 @@ void LugarDaJanela::Ler()
     const int left = ini_.Ler_Ini(u"janela"_s, u"left"_s).toInt(&ha_left);
     const int top = ini_.Ler_Ini(u"janela"_s, u"top"_s).toInt(&ha_top);
     if (ha_left && ha_top) lugar_ = QPoint(left / twipsPerPixel, top / twipsPerPixel);
+    maximizada_ = ini_.Ler_Ini(u"janela"_s, u"maximizada"_s) == sim;
 }
 
 bool LugarDaJanela::eventFilter(QObject *, QEvent *event)
 {
+    if (event->type() == QEvent::WindowStateChange) Guardar_Estado();
     if (event->spontaneous() && event->type() != QEvent::Move) return false;
     if (event->type() == QEvent::Show) Ir_Para_O_Lugar();
     if (event->type() == QEvent::Hide) Guardar();
@@ -79,4 +83,13 @@ void LugarDaJanela::Guardar()
     posta_.reset();
     ini_.Escrever_Ini(u"janela"_s, u"left"_s, QString::number(canto.x() * twipsPerPixel));
     ini_.Escrever_Ini(u"janela"_s, u"top"_s, QString::number(canto.y() * twipsPerPixel));
+}
+
+// A minimised window is still one that was maximised or was not.
+void LugarDaJanela::Guardar_Estado()
+{
+    const bool maximizada = janela_.windowState().testFlag(Qt::WindowMaximized);
+    if (!janela_.isVisible() || maximizada == maximizada_) return;
+    maximizada_ = maximizada;
+    ini_.Escrever_Ini(u"janela"_s, u"maximizada"_s, maximizada ? sim : u"nao"_s);
 }

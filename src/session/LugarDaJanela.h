@@ -1,6 +1,7 @@
 // Where the main window stands: the same place when it comes back from the tray and after a restart, as long
 // as a screen is there to show it; otherwise the nearest one. A place that a missing screen forced upon it is
-// not kept, so it goes back when the screen does.
+// not kept, so it goes back when the screen does. A maximised window comes back maximised, over the place and
+// the size that it had before.
 #pragma once
 
 #include <optional>
@@ -29,10 +30,12 @@ private:
     void Ler();
     void Ir_Para_O_Lugar();
     void Guardar();
+    void Guardar_Estado();
 
     QMainWindow &janela_;
     ReadWriteINI &ini_;
     std::optional<QPoint> lugar_; // of its inside, in pixels of the desktop
     std::optional<QPoint> posta_; // where it was put for want of that
+    bool maximizada_ = false;     // as config.ini has it
     QTimer depois_;               // of a drag only the end is written
 };

@@ -12,9 +12,12 @@
 #include "controls/DisabledWindow.h"
 #include "controls/Scale.h"
 #include "controls/Units.h"
+#include "data/Fotografias.h"
 #include "data/Geral.h"
+#include "interchange/EntradaDeContactos.h"
 #include "interchange/FicheirosPedidos.h"
 #include "interchange/Intercambio.h"
+#include "interchange/SaidaDeContactos.h"
 #include "memos/Memos.h"
 #include "online/CicloCorreio.h"
 #include "online/Presenca.h"
@@ -57,8 +60,11 @@ QColor Cor_Do_Ponto(const QPalette &janela, bool aceso)
 
 std::unique_ptr<CrystalReport> Novo_Relatorio(Geral &geral, Platform &platform, QWidget &janela)
 {
-    return std::make_unique<CrystalReport>(
+    auto relatorio = std::make_unique<CrystalReport>(
         platform.boxes, platform.dialogs, platform.clock, [&geral] { return geral.IdiomaActual; }, &janela);
+    relatorio->setHeldPictures(
+        [&geral](const QString &Fotografia) { return FotografiasDaBase(geral.de).Ler(Fotografia); });
+    return relatorio;
 }
 } // namespace
 
@@ -91,9 +97,14 @@ Main::Main(Geral &geral, Platform &platform)
 
     new Impressao(*this, geral_, platform_, *CrystalReport1);
     auto *intercambio = new Intercambio(*this, geral_, platform_, *CrystalReport1, *desfazer);
-    auto *ficheiros = new FicheirosPedidos(*this, *intercambio, geral_, platform_);
+    new SaidaDeContactos(*this, geral_, platform_);
+    auto *ficheiros = new FicheirosPedidos(*this, *intercambio);
     fila_ = new FilaDeFicheiros(*this, *tray_,
                                 [ficheiros](const QString &caminho) { ficheiros->Abrir(caminho); });
+    auto *entrada = new EntradaDeContactos(*this);
+    connect(entrada, &EntradaDeContactos::Ficheiros, fila_, &FilaDeFicheiros::Juntar);
+    connect(entrada, &EntradaDeContactos::Cartoes, intercambio, &Intercambio::ImportarCartoes,
+            Qt::QueuedConnection);
     new VerificarVersao(*this, geral_, platform_, servidor.toString());
     new TeclaDeAjuda(*this, geral_, platform_);
 

@@ -10,6 +10,7 @@
 #include <QFileInfo>
 #include <QHash>
 #include <QRegularExpression>
+#include <QScopedValueRollback>
 #include <sqlite3.h>
 #include <SQLiteCpp/Backup.h>
 #include <SQLiteCpp/SQLiteCpp.h>
@@ -18,21 +19,24 @@
 namespace
 {
 constexpr int patience = 5000; // ms for which another program's lock is waited for
-}
+} // namespace
 
 struct Connection::Database {
     // One thread works with a connection: the store need not guard each of its calls.
     Database(const QString &file, int flags)
         : path(file), handle(file.toStdString(), flags | SQLite::OPEN_NOMUTEX)
     {
+        registerWanted(handle.getHandle(), wanted);
     }
 
     QString path;
     SQLite::Database handle; // declared first: the statements go before it
     QHash<QString, std::shared_ptr<Statement>> statements;
+    Wanted wanted; // what the statement that runs asks; empty: it asks nothing
     bool gathering = false;
     bool waitsOnce = false;
     std::vector<Write> portion;  // what was run and is not yet in the file
+    qsizetype weight = 0;        // of its pictures
     int undone = 0;              // portions
     QHash<QString, int> written; // how often each statement is in the file
 
@@ -61,6 +65,7 @@ struct Connection::Database {
 namespace
 {
 constexpr std::size_t longestPortion = 8000; // writes that reach the file together
+constexpr qsizetype heaviestPortion = qsizetype{16} << 20; // bytes that are no texts: pictures
 constexpr char sourceName[] = "Connection";
 
 [[noreturn]] void raise(const QString &description, const QString &source = QLatin1String(sourceName),
@@ -98,8 +103,10 @@ void bindAll(Statement &statement, const std::vector<StoreValue> &values)
 
 std::vector<QByteArray> columnNames(const Statement &statement)
 {
+    const int columns = sqlite3_column_count(statement.handle());
     std::vector<QByteArray> names;
-    for (int i = 0; i < sqlite3_column_count(statement.handle()); ++i)
+    names.reserve(static_cast<std::size_t>(columns));
+    for (int i = 0; i < columns; ++i)
         names.emplace_back(sqlite3_column_name(statement.handle(), i));
     return names;
 }
@@ -110,6 +117,14 @@ void append(Cells &cells, const Statement &statement)
     const Row row(statement.handle());
     for (int i = 0; i < columns; ++i)
         row.addTo(cells, i);
+}
+
+qsizetype weightOf(const std::vector<StoreValue> &values)
+{
+    qsizetype weight = 0;
+    for (const StoreValue &value : values)
+        if (const auto *bytes = std::get_if<QByteArray>(&value)) weight += bytes->size();
+    return weight;
 }
 
 // Frees the statement for its next use, whatever became of this one, so that no lock stays behind.
@@ -327,12 +342,14 @@ void Connection::gather(Write write)
         database_->portion.push_back(std::move(write));
         return runPortionOneByOne();
     }
+    database_->weight += weightOf(write.values);
     database_->portion.push_back(std::move(write));
-    if (database_->portion.size() >= longestPortion) writePortion();
+    if (database_->portion.size() >= longestPortion || database_->weight >= heaviestPortion) writePortion();
 }
 
 void Connection::writePortion()
 {
+    database_->weight = 0;
     if (!database_->inTransaction()) return;
     try {
         run({QStringLiteral("COMMIT"), {}});
@@ -415,6 +432,14 @@ void Connection::rows(const QString &sql, const std::vector<StoreValue> &values,
         while (database_->step(statement))
             row(current);
     });
+}
+
+void Connection::rowsWanted(const QString &sql, const std::vector<StoreValue> &values, const Wanted &wanted,
+                            const std::function<void(const Row &)> &row)
+{
+    if (!database_) raise(QStringLiteral("The connection is closed"));
+    const QScopedValueRollback asked(database_->wanted, wanted);
+    rows(sql, values, row);
 }
 
 void Connection::releaseMemory()

@@ -4,6 +4,7 @@
 
 #include "store/Recordset.h"
 #include "store/Values.h"
+#include "store/Wanted.h"
 
 #include <functional>
 #include <memory>
@@ -55,6 +56,10 @@ public:
     // not run that statement again.
     void rows(const QString &sql, const std::vector<StoreValue> &values,
               const std::function<void(const Row &)> &row);
+
+    // The same for a statement that asks by itself which rows are wanted (store/Wanted).
+    void rowsWanted(const QString &sql, const std::vector<StoreValue> &values, const Wanted &wanted,
+                    const std::function<void(const Row &)> &row);
 
     // Gives up the pages of the file that are kept for a next reading: worth a call where much was read for
     // once.

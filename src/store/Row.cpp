@@ -43,6 +43,8 @@ Field Row::field(int column) const
     }
 }
 
+qint64 Row::number(int column) const { return sqlite3_column_int64(statement_, column); }
+
 // The kind is asked for once: each question to the store costs as much as reading a number.
 void Row::addTo(Cells &cells, int column) const
 {

@@ -21,6 +21,7 @@ public:
     std::string_view utf8(int column) const;
     std::string_view bytes(int column) const;
     Field field(int column) const;
+    qint64 number(int column) const; // of a cell that holds one, as a key does
     void addTo(Cells &cells, int column) const;
 
 private:

@@ -9,7 +9,7 @@ class CardLines
 {
 public:
     // A longer property is passed over, its bytes are not kept.
-    static constexpr qsizetype longestProperty = 16 * 1024 * 1024;
+    static constexpr qsizetype longestProperty = qsizetype{16} * 1024 * 1024;
 
     struct Line {
         QByteArrayView bytes; // unfolded; good until the next line is asked for

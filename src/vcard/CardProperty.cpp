@@ -70,7 +70,7 @@ bool isKnownCardProperty(QByteArrayView name)
 
 CardHead::CardHead(QByteArrayView line)
 {
-    constexpr qsizetype longest = 64 * 1024; // no head is that long, and one that is would fill the memory
+    constexpr qsizetype longest = qsizetype{64} * 1024; // no head is that long, and one that is would fill the memory
     const qsizetype colon = outsideQuotes(line.first(std::min(line.size(), longest)), ':', 0);
     if (colon < 0) return;
     const QByteArrayView head = line.first(colon);

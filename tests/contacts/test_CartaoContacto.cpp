@@ -3,6 +3,7 @@
 #include "controls/Controls.h"
 #include "controls/Units.h"
 #include "testlib/ComJanela.h"
+#include "testlib/FotografiaNaBase.h"
 #include "testlib/Teste.h"
 
 using namespace Qt::StringLiterals;
@@ -549,6 +550,22 @@ private Q_SLOTS:
         QVERIFY(Mostra_A_Foto_Por_Omissao(c));
     }
 
+    void so_outra_folga_desempacota_outra_vez_a_fotografia()
+    {
+        ComJanela c;
+        c.Mostrar(Preenchido(u""_s));
+        auto &cartao = *c.janela.findChild<CartaoContacto *>();
+        const auto desenho = [&c] { return c.janela.Thumb->pixmap().cacheKey(); };
+        cartao.Tomar_Folga({10, 20, 30, 40});
+        const qint64 primeiro = desenho();
+        const QRect lugar = c.janela.Thumb->geometry();
+        cartao.Tomar_Folga({10, 20, 30, 40});
+        QCOMPARE(desenho(), primeiro);
+        cartao.Tomar_Folga({10, 20, 30, 50});
+        QVERIFY(desenho() != primeiro);
+        QCOMPARE(c.janela.Thumb->geometry(), lugar); // only the notes grow downwards
+    }
+
     void um_nome_de_ficheiro_le_se_da_pasta_do_programa()
     {
         ComJanela c;
@@ -558,6 +575,37 @@ private Q_SLOTS:
         // 900 by 600 twips in the middle of the box of 2415 by 2325 at 5280, 390
         QCOMPARE(c.janela.Thumb->geometry(), pixelRect(6037.5, 1252.5, 900, 600));
         QVERIFY(Editar_E_Eliminar(c.janela));
+    }
+
+    void uma_fotografia_da_base_mostra_se_como_a_de_um_ficheiro()
+    {
+        ComJanela c;
+        const QString nome = Por_Na_Base(c.s, {60, 40});
+        c.Mostrar({{u"Nome"_s, u"A"_s}, {u"Fotografia"_s, nome}});
+        QCOMPARE(Cor_Da_Foto(c.janela), qRgb(200, 0, 0));
+        QCOMPARE(c.janela.Thumb->geometry(), pixelRect(6037.5, 1252.5, 900, 600)); // as that of a file
+        QVERIFY(Editar_E_Eliminar(c.janela));
+        // the large view shows this very picture
+        const Picture imagem = c.janela.findChild<CartaoContacto *>()->Image1();
+        QCOMPARE(imagem.naturalSize(), QSize(60, 40));
+        QCOMPARE(imagem.image({6, 4}).pixel(3, 2), qRgb(200, 0, 0));
+    }
+
+    void uma_que_a_base_nao_tem_ou_estragada_da_a_foto_por_omissao_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::newRow("nao ha") << QByteArray();
+        QTest::newRow("nao e imagem") << QByteArray("nada de imagem");
+        QTest::newRow("cortada") << Bytes_De_Imagem({60, 40}).first(40);
+    }
+    void uma_que_a_base_nao_tem_ou_estragada_da_a_foto_por_omissao()
+    {
+        QFETCH(QByteArray, bytes);
+        ComJanela c;
+        if (!bytes.isEmpty()) FotografiasDaBase(c.s.geral.de).Guardar(u"bd:x.png"_s, bytes);
+        c.Mostrar({{u"Nome"_s, u"A"_s}, {u"Fotografia"_s, u"bd:x.png"_s}, {u"Fax"_s, u"1"_s}});
+        QVERIFY(Mostra_A_Foto_Por_Omissao(c));
+        QCOMPARE(Disposicao(c.janela), u"Fax:1 Grupo:2"_s);
     }
 
     void um_caminho_com_barras_invertidas_le_se_abaixo_da_pasta_do_programa_data()

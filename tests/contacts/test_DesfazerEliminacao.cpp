@@ -2,7 +2,10 @@
 #include "ComGrupos.h"
 #include "contacts/frmDeleteGroup.h"
 #include "controls/Controls.h"
+#include "data/CartoesGuardados.h"
 #include "session/Legendas.h"
+#include "testlib/FotografiaNaBase.h"
+#include "testlib/SeteLinguas.h"
 
 using namespace Qt::StringLiterals;
 
@@ -63,6 +66,11 @@ struct Apagador : ComGrupos {
 
     QStringList Tudo() { return Grupos() + s.Linhas(u"SELECT * FROM TblLista ORDER BY ID"_s); }
     QStringList Contactos() { return s.Linhas(u"SELECT ID, Nome, Grupo FROM TblLista ORDER BY ID"_s); }
+    QStringList Cartoes()
+    {
+        return s.Linhas(u"SELECT IDContacto, UID, conta, href, etag, hex(cartao), resumo FROM TblCartoes "
+                        "ORDER BY IDContacto"_s);
+    }
     QStringList Grupos_Por_Id() { return s.Linhas(u"SELECT ID FROM TblGrupos"_s); }
 
     QString Escolhido() const
@@ -256,6 +264,60 @@ private Q_SLOTS:
         QCOMPARE(a.janela.ComboGrupos->ChosenItemData(), u"1"_s);
         QCOMPARE(a.Nomes(), (QStringList{u"Abel"_s, u"Carla"_s}));
         QCOMPARE(a.Escolhido(), u"Abel"_s);
+    }
+
+    void com_o_contacto_vai_se_o_seu_cartao_e_desfeito_volta_com_tudo_e_com_a_fotografia()
+    {
+        Apagador a;
+        const QString nome = Por_Na_Base(a.s, {20, 20});
+        const int id = a.s.Novo_Contacto({{u"Nome"_s, u"Ana"_s}, {u"Fotografia"_s, nome}});
+        const int outro = a.s.Novo_Contacto({{u"Nome"_s, u"Rui"_s}});
+        CartoesGuardados cartoes(a.s.geral.de);
+        cartoes.Guardar({QString::number(id), u"u"_s, QByteArray("BEGIN\0\xff", 7)});
+        cartoes.Guardar({QString::number(outro), u"v"_s, "x"});
+        a.s.Escrever(u"UPDATE TblCartoes SET conta='c', href='h', etag='e' WHERE UID='u'"_s);
+        const QStringList antes = a.Cartoes();
+        a.Eliminar(id);
+        QCOMPARE(a.s.Linhas(u"SELECT IDContacto FROM TblCartoes"_s), QStringList{QString::number(outro)});
+        a.Desfazer();
+        QCOMPARE(a.Cartoes(), antes);
+        QCOMPARE(a.janela.Thumb->pixmap().toImage().pixel(10, 10), qRgb(200, 0, 0));
+    }
+
+    void com_um_grupo_vao_se_os_cartoes_dos_seus_contactos_e_voltam()
+    {
+        Apagador a;
+        CartoesGuardados cartoes(a.s.geral.de);
+        int quantos = 0;
+        for (const auto &[nome, grupo] : {std::pair(u"Abel"_s, ComGrupos::Amigos),
+                                          {u"Carla"_s, ComGrupos::Amigos},
+                                          {u"Rui"_s, ComGrupos::Familia}})
+            cartoes.Guardar({QString::number(a.Contacto(nome, grupo)), nome, QByteArray::number(++quantos)});
+        const QStringList antes = a.Cartoes();
+        a.Eliminar_Grupo(ComGrupos::Amigos);
+        QCOMPARE(a.s.Linhas(u"SELECT UID FROM TblCartoes"_s), QStringList{u"Rui"_s});
+        a.Desfazer();
+        QCOMPARE(a.Cartoes(), antes);
+        a.Eliminar_Grupo(ComGrupos::Amigos, ComGrupos::Familia); // moved, they keep them
+        QCOMPARE(a.Cartoes(), antes);
+        a.Desfazer();
+        QCOMPARE(a.Cartoes(), antes);
+    }
+
+    void com_um_numero_novo_o_cartao_segue_o_contacto()
+    {
+        Apagador a;
+        const int id = a.s.Novo_Contacto({{u"Nome"_s, u"Ana"_s}});
+        CartoesGuardados cartoes(a.s.geral.de);
+        cartoes.Guardar({QString::number(id), u"da Ana"_s, "x"});
+        a.Eliminar(id);
+        a.s.Escrever(u"INSERT INTO TblLista (ID, Nome, Grupo) VALUES (%1, 'Intruso', 6)"_s.arg(id));
+        cartoes.Guardar({QString::number(id), u"do intruso"_s, "y"});
+        a.Esperar_Sim();
+        a.Desfazer();
+        const QString novo = QString::number(a.s.Ultimo_Id(u"TblLista"_s));
+        QCOMPARE(a.s.Linhas(u"SELECT IDContacto, UID FROM TblCartoes ORDER BY IDContacto"_s),
+                 (QStringList{QString::number(id) + u"|do intruso"_s, novo + u"|da Ana"_s}));
     }
 
     void os_contactos_movidos_voltam_ao_seu_grupo()
@@ -472,15 +534,9 @@ private Q_SLOTS:
 
     void a_entrada_tem_nome_e_letra_propria_em_cada_lingua_data()
     {
-        QTest::addColumn<QString>("lingua");
-        QTest::addColumn<QString>("legenda");
-        QTest::newRow("pt") << u"PortuguesPT"_s << u"Desfa&zer eliminação"_s;
-        QTest::newRow("br") << u"PortuguesBR"_s << u"Desfa&zer exclusão"_s;
-        QTest::newRow("en") << u"InglesUK"_s << u"&Undo Deletion"_s;
-        QTest::newRow("es") << u"EspanholES"_s << u"Des&hacer eliminación"_s;
-        QTest::newRow("it") << u"ItalianoIT"_s << u"Ann&ulla eliminazione"_s;
-        QTest::newRow("fr") << u"FrancesFR"_s << u"Ann&uler la suppression"_s;
-        QTest::newRow("de") << u"AlemaoDE"_s << u"Löschen &rückgängig machen"_s;
+        Nas_Sete_Linguas({u"Desfa&zer eliminação"_s, u"Desfa&zer exclusão"_s, u"&Undo Deletion"_s,
+                          u"Des&hacer eliminación"_s, u"Ann&ulla eliminazione"_s,
+                          u"Ann&uler la suppression"_s, u"Löschen &rückgängig machen"_s});
     }
     void a_entrada_tem_nome_e_letra_propria_em_cada_lingua()
     {
@@ -491,7 +547,8 @@ private Q_SLOTS:
         legendas::Atribuir(a.janela, a.s.geral);
         QCOMPARE(a.janela.DesfazerEliminar->text(), legenda);
         const QList<QAction *> entradas = a.janela.Contactos->actions();
-        QCOMPARE(entradas.indexOf(a.janela.DesfazerEliminar), entradas.indexOf(a.janela.ImportarContactos) - 2);
+        QCOMPARE(entradas.indexOf(a.janela.DesfazerEliminar),
+                 entradas.indexOf(a.janela.ImportarContactos) - 2);
         QSet<QChar> letras;
         for (const QAction *entrada : a.janela.Contactos->actions()) {
             if (entrada->isSeparator()) continue;

@@ -1,6 +1,7 @@
 // Pictures that come to the editor of contacts from outside: dropped on the photograph, or pasted.
 #include "contacts/Editor.h"
 #include "contacts/FotografiaNova.h"
+#include "testlib/SeteLinguas.h"
 #include "testlib/Teste.h"
 
 #include <QClipboard>
@@ -253,6 +254,52 @@ private Q_SLOTS:
         QCOMPARE(e.Guardadas(), QStringList(u"fotografia2.png"_s));
     }
 
+    void a_que_da_lugar_a_outra_vai_se_quando_nenhum_contacto_a_guarda_data()
+    {
+        QTest::addColumn<QString>("ficheiro"); // that the contact kept, in the folder of the pictures
+        QTest::addColumn<bool>("de_outro");    // another contact keeps it too
+        QTest::addColumn<bool>("confirma");
+        QTest::addColumn<bool>("fica");
+        QTest::newRow("pasted") << u"fotografia1.png"_s << false << true << false;
+        QTest::newRow("another contact's too") << u"fotografia1.png"_s << true << true << true;
+        QTest::newRow("cancelled") << u"fotografia1.png"_s << false << false << true;
+        QTest::newRow("a name that somebody gave") << u"fotografia1 (2).png"_s << false << true << true;
+        QTest::newRow("another folder") << u"../fotografia1.png"_s << false << true << true;
+    }
+    void a_que_da_lugar_a_outra_vai_se_quando_nenhum_contacto_a_guarda()
+    {
+        QFETCH(QString, ficheiro);
+        QFETCH(bool, de_outro);
+        QFETCH(bool, confirma);
+        QFETCH(bool, fica);
+        Pasta e;
+        QVERIFY(QDir().mkpath(e.Fotografias()));
+        const QString antiga = Pintar(QDir::cleanPath(e.Fotografias() + u'/' + ficheiro));
+        const QString nova = Pintar(e.s.Ficheiro(u"nova.png"_s), Qt::blue);
+        if (de_outro) e.s.Novo_Contacto({{u"Nome"_s, u"Zita"_s}, {u"Fotografia"_s, antiga}});
+        e.Mostrar({{u"Nome"_s, u"Ana"_s}, {u"Fotografia"_s, antiga}});
+        e.Editar([&](frmAddEdit &form) {
+            Largar(*form.Thumb, Ficheiros({nova}));
+            QTRY_COMPARE(form.txtFotografia->text(), nova);
+            (confirma ? form.cmdOk : form.cmdCancelar)->click();
+        });
+        QCOMPARE(QFile::exists(antiga), fica);
+        QVERIFY(QFile::exists(nova));
+    }
+
+    void a_que_o_contacto_continua_a_guardar_fica()
+    {
+        Pasta e;
+        QVERIFY(QDir().mkpath(e.Fotografias()));
+        const QString foto = Pintar(e.Fotografias() + u"/fotografia1.png"_s);
+        e.Mostrar({{u"Nome"_s, u"Ana"_s}, {u"Fotografia"_s, foto}});
+        e.Editar([&](frmAddEdit &form) {
+            form.txtNome->setText(u"Ana Maria"_s);
+            form.cmdOk->click();
+        });
+        QVERIFY(QFile::exists(foto));
+    }
+
     void cancelar_nao_deixa_ficheiro_nenhum()
     {
         Pasta e;
@@ -318,15 +365,9 @@ private Q_SLOTS:
 
     void a_entrada_tem_nome_em_cada_lingua_data()
     {
-        QTest::addColumn<QString>("lingua");
-        QTest::addColumn<QString>("legenda");
-        QTest::newRow("pt") << u"PortuguesPT"_s << u"Co&lar fotografia"_s;
-        QTest::newRow("br") << u"PortuguesBR"_s << u"Co&lar foto"_s;
-        QTest::newRow("en") << u"InglesUK"_s << u"&Paste Photograph"_s;
-        QTest::newRow("es") << u"EspanholES"_s << u"&Pegar fotografía"_s;
-        QTest::newRow("it") << u"ItalianoIT"_s << u"I&ncolla fotografia"_s;
-        QTest::newRow("fr") << u"FrancesFR"_s << u"Co&ller la photo"_s;
-        QTest::newRow("de") << u"AlemaoDE"_s << u"Foto &einfügen"_s;
+        Nas_Sete_Linguas({u"Co&lar fotografia"_s, u"Co&lar foto"_s, u"&Paste Photograph"_s,
+                          u"&Pegar fotografía"_s, u"I&ncolla fotografia"_s, u"Co&ller la photo"_s,
+                          u"Foto &einfügen"_s});
     }
     void a_entrada_tem_nome_em_cada_lingua()
     {

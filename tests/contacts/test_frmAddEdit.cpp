@@ -1,8 +1,9 @@
 // The editor of contacts: its form, its checks, what it writes, and where it leaves the selection of the
 // list.
 #include "contacts/Editor.h"
-#include "platform/Picture.h"
 #include "controls/Units.h"
+#include "platform/Picture.h"
+#include "testlib/FotografiaNaBase.h"
 #include "testlib/Teste.h"
 
 namespace
@@ -574,6 +575,39 @@ private Q_SLOTS:
             form.cmdOk->click();
         });
         QCOMPARE(e.Coluna(u"Fotografia"_s), caminho);
+    }
+
+    void uma_foto_da_base_ve_se_no_editor_e_fica_ate_se_escolher_outra()
+    {
+        Editor e;
+        const QString nome = Por_Na_Base(e.s, {20, 20}, qRgb(255, 0, 0));
+        e.Mostrar({{u"Nome"_s, u"Ana"_s}, {u"Fotografia"_s, nome}});
+        e.Editar([&](frmAddEdit &form) {
+            QCOMPARE(form.Thumb->pixmap().toImage().pixelColor(10, 10), QColor(Qt::red));
+            form.txtNome->setText(u"Ana Maria"_s);
+            form.cmdOk->click();
+        });
+        QCOMPARE(e.Coluna(u"Nome"_s), u"Ana Maria"_s);
+        QCOMPARE(e.Coluna(u"Fotografia"_s), nome);
+        const QString outra = Pintar(e.s.Ficheiro(u"outra.png"_s), {20, 20}, Qt::blue);
+        e.s.dialogos.textos = {outra};
+        e.Editar([&](frmAddEdit &form) {
+            form.cmd_foto->click();
+            QCOMPARE(form.Thumb->pixmap().toImage().pixelColor(10, 10), QColor(Qt::blue));
+            form.cmdOk->click();
+        });
+        QCOMPARE(e.Coluna(u"Fotografia"_s), outra);
+    }
+
+    void uma_foto_que_a_base_nao_tem_mostra_a_do_erro_e_o_nome_fica()
+    {
+        Editor e;
+        e.Mostrar({{u"Nome"_s, u"Ana"_s}, {u"Fotografia"_s, u"bd:nenhuma.png"_s}});
+        e.Editar([&](frmAddEdit &form) {
+            QCOMPARE(Foto_A_Vista(e.s, form), u"fotoerro_small.jpg"_s);
+            form.cmdOk->click();
+        });
+        QCOMPARE(e.Coluna(u"Fotografia"_s), u"bd:nenhuma.png"_s);
     }
 
     void fotos_que_nao_se_deixam_ler_data()

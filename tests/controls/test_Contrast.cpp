@@ -62,6 +62,11 @@ private Q_SLOTS:
         const QColor clareada = readableOn(QColor(0x1f6f9f), QColor(0x1f2224));
         QVERIFY(clareada != QColor(0x1f6f9f));
         QVERIFY(clareada.blue() > clareada.red()); // still a blue
+        // No further towards white than it must, and each of its three shares by as much.
+        QVERIFY(contrast(clareada, QColor(0x1f2224)) < readableContrast + 0.5);
+        const double caminho = (clareada.red() - 0x1f) / double(0xff - 0x1f);
+        QCOMPARE(clareada.green(), qRound(0x6f + caminho * (0xff - 0x6f)));
+        QCOMPARE(clareada.blue(), qRound(0x9f + caminho * (0xff - 0x9f)));
     }
 
     void o_campo_com_o_teclado_traz_as_letras_do_seu_fundo_data()

@@ -5,12 +5,16 @@
 #include "testlib/Teste.h"
 
 #include <QCheckBox>
+#include <QComboBox>
+#include <QDateEdit>
 #include <QDialogButtonBox>
 #include <QDirIterator>
 #include <QIcon>
+#include <QLineEdit>
 #include <QListView>
 #include <QMessageBox>
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStyle>
@@ -88,6 +92,53 @@ private Q_SLOTS:
         QVERIFY(ve_se({lugar.center().x(), lugar.bottom()}, {0, 1}));
         QVERIFY(ve_se({lugar.left(), lugar.center().y()}, {1, 0}));
         QVERIFY(ve_se({lugar.right(), lugar.center().y()}, {1, 0}));
+    }
+
+    void um_campo_tem_moldura_que_se_ve_em_qualquer_janela_data()
+    {
+        QTest::addColumn<QPalette>("paleta");
+        QTest::addColumn<QWidget *(*)()>("novo");
+        QPalette preta = darkPalette();
+        for (const auto papel : {QPalette::Window, QPalette::Base, QPalette::Button})
+            preta.setColor(papel, Qt::black);
+        const QMap<QString, QPalette> paletas{{u"light"_s, lightPalette(qApp->style()->standardPalette())},
+                                              {u"dark"_s, darkPalette()},
+                                              {u"black"_s, preta}};
+        const QMap<QString, QWidget *(*)()> campos{
+            {u"line"_s, [] { return static_cast<QWidget *>(new QLineEdit); }},
+            {u"text"_s, [] { return static_cast<QWidget *>(new QPlainTextEdit); }},
+            {u"list"_s, [] { return static_cast<QWidget *>(new QListView); }},
+            {u"choice"_s, [] { return static_cast<QWidget *>(new QComboBox); }},
+            {u"date"_s, [] { return static_cast<QWidget *>(new QDateEdit); }}};
+        for (auto paleta = paletas.begin(); paleta != paletas.end(); ++paleta)
+            for (auto campo = campos.begin(); campo != campos.end(); ++campo)
+                QTest::addRow("%s, %s", qPrintable(campo.key()), qPrintable(paleta.key()))
+                    << paleta.value() << campo.value();
+    }
+    void um_campo_tem_moldura_que_se_ve_em_qualquer_janela()
+    {
+        QFETCH(QPalette, paleta);
+        using Novo = QWidget *(*)();
+        QFETCH(Novo, novo);
+        constexpr double bastante = 1.5;
+        QWidget janela;
+        janela.setPalette(paleta);
+        janela.resize(200, 80);
+        QWidget *campo = novo();
+        campo->setParent(&janela);
+        campo->setGeometry(20, 20, 120, 24);
+        const QImage imagem = janela.grab().toImage();
+        const auto visto = [&](QPoint meio, QPoint para_dentro) {
+            double melhor = 1;
+            for (int i = 0; i <= 1; ++i)
+                melhor = std::max(melhor, contrast(imagem.pixelColor(meio + i * para_dentro),
+                                                   paleta.color(QPalette::Window)));
+            return melhor;
+        };
+        const QRect lugar = campo->geometry();
+        QVERIFY(visto({lugar.left(), lugar.center().y()}, {1, 0}) >= bastante);
+        QVERIFY(visto({lugar.center().x(), lugar.top()}, {0, 1}) >= bastante);
+        QVERIFY(visto({lugar.center().x(), lugar.bottom()}, {0, -1}) >= bastante);
     }
 
     void uma_marca_vazia_ve_se_numa_janela_escura_data()

@@ -2,6 +2,7 @@
 foreach(teste IN ITEMS
     test_ComboBox
     test_Contrast
+    test_DrawnIcon
     test_ElidingLabel
     test_EmptyText
     test_ListBox

@@ -55,6 +55,7 @@ private Q_SLOTS:
         const auto dia = DateOrder::DayFirst;
         const auto mes = DateOrder::MonthFirst;
         QTest::newRow("ISO") << u"1975-03-04"_s << mes << 4 << 3 << 1975;
+        QTest::newRow("ISO sem ano") << u" --03-04"_s << dia << 4 << 3 << 0;
         QTest::newRow("ISO com hora") << u"1975-03-04T00:00"_s << dia << 4 << 3 << 1975;
         QTest::newRow("dia primeiro") << u"4/3/1975"_s << dia << 4 << 3 << 1975;
         QTest::newRow("mês primeiro") << u"4/3/1975"_s << mes << 3 << 4 << 1975;

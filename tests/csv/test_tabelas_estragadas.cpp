@@ -1,14 +1,13 @@
 // Damaged tables: whatever is done to one, it is read in a moment, and what was read survives being written.
-// MORVEX_ESTRAGOS sets how many are tried.
 #include "csv/CsvHeaders.h"
 #include "csv/CsvReader.h"
 #include "csv/CsvValues.h"
 #include "csv/CsvWriter.h"
+#include "testlib/Estragador.h"
 #include "testlib/TempoGasto.h"
 #include "testlib/Teste.h"
 
 #include <QStringEncoder>
-#include <random>
 
 using namespace Qt::StringLiterals;
 
@@ -25,56 +24,12 @@ QList<QByteArray> Originais()
             "sep=|\r\n" + QString(texto).replace(u';', u'|').toUtf8()};
 }
 
-class Estragador
+QList<QByteArray> Pedacos()
 {
-public:
-    QByteArray operator()(QByteArray bytes)
-    {
-        for (int i = Ao_Acaso(6); i >= 0; --i)
-            Estragar(bytes);
-        return bytes;
-    }
-
-private:
-    int Ao_Acaso(qsizetype limite)
-    {
-        return limite <= 0 ? 0 : static_cast<int>(acaso_() % static_cast<std::uint32_t>(limite));
-    }
-
-    void Estragar(QByteArray &bytes)
-    {
-        static const QList<QByteArray> pedacos{
-            "\r\n", "\n",     "\r",          "\"",       "\"\"",
+    return {"\r\n", "\n",     "\r",          "\"",       "\"\"",
             "'",    ";",      ",",           "\t",       "\xC3",
             "|",    "=",      "sep=",        "\xFF\xFE", QByteArray(1, '\0'),
             "9E+9", "31/2/1", "\xEF\xBB\xBF"};
-        const int onde = Ao_Acaso(bytes.size() + 1);
-        switch (Ao_Acaso(6)) {
-        case 0: // one byte
-            if (onde < bytes.size()) bytes[onde] = static_cast<char>(Ao_Acaso(256));
-            break;
-        case 1: // a piece goes
-            bytes.remove(onde, Ao_Acaso(40));
-            break;
-        case 2: // a piece comes twice
-            bytes.insert(onde, bytes.mid(Ao_Acaso(bytes.size() + 1), Ao_Acaso(200)));
-            break;
-        case 3: // the end is missing
-            if (Ao_Acaso(4) == 0) bytes.truncate(onde);
-            break;
-        default:
-            bytes.insert(onde, pedacos.at(Ao_Acaso(pedacos.size())));
-        }
-    }
-
-    std::mt19937 acaso_{20240229};
-};
-
-int Quantos()
-{
-    constexpr int na_suite = 2000;
-    const int pedidos = qEnvironmentVariableIntValue("MORVEX_ESTRAGOS");
-    return pedidos > 0 ? pedidos : na_suite;
 }
 } // namespace
 
@@ -85,12 +40,12 @@ class TestTabelasEstragadas : public QObject
 private Q_SLOTS:
     void nenhum_estrago_para_o_leitor_nem_perde_uma_celula_ao_escrever()
     {
-        Estragador estragador;
+        Estragador estragador(Pedacos());
         const CsvHeaders cabecalhos;
         const QList<QByteArray> originais = Originais();
         double mais_lento = 0; // microseconds
         std::size_t linhas = 0;
-        for (int i = 0; i < Quantos(); ++i) {
+        for (int i = 0; i < Estragador::Quantos(); ++i) {
             const QByteArray ficheiro = estragador(originais.at(i % originais.size()));
             CsvTable lida;
             mais_lento = std::max(mais_lento, Tempo_Gasto([&] { lida = readCsv(ficheiro); }, 1));
@@ -106,8 +61,8 @@ private Q_SLOTS:
                 readCsv(writtenCsv(lida.rows, CsvDialect::Excel), {{}, u';', lida.hasHeader});
             QCOMPARE(relida.rows, lida.rows);
         }
-        qInfo("%d files, %zu rows, the slowest %.1f ms", Quantos(), linhas, mais_lento / 1000);
-        QVERIFY(linhas > static_cast<std::size_t>(Quantos()));
+        qInfo("%d files, %zu rows, the slowest %.1f ms", Estragador::Quantos(), linhas, mais_lento / 1000);
+        QVERIFY(linhas > static_cast<std::size_t>(Estragador::Quantos()));
         constexpr double um_segundo = 1e6;
         QVERIFY(mais_lento < um_segundo);
     }

@@ -59,7 +59,7 @@ void Encher(Sistema &s)
         {u"INSERT INTO TblGrupos VALUES (1, 'Outros', 0), (2, 'Amigos', 7), (3, 'Família', 8)"_s,
          u"INSERT INTO TblUsers VALUES (7, 'Maria', 'x', 1, 1, 0, 0, 0, 1), (8, 'Rui', NULL, 0, 0, 0, 0, 0, 0)"_s,
          u"INSERT INTO TblLista (ID, Nome, Grupo) VALUES (2, 'ana', 2), (3, 'Álvaro', 3), (4, 'Ana', 99)"_s,
-         u"INSERT INTO TblLista (ID, Nome, Dia, Mes, Grupo) VALUES (5, 'Bento', '5', '', 1)"_s,
+         u"INSERT INTO TblLista (ID, Nome, Dia, Mes, Fotografia, Grupo) VALUES (5, 'Bento', '5', '', 'b.png', 1)"_s,
          u"INSERT INTO TblLista VALUES (1, 'Zita', 't1', 't2', 'fx', 'm1', 'm2', 'm3', '', '', '', 'z@a.pt', "
          u"'zita@b.pt', "
          "'www.zita.pt', 'Rua Nova', 'nota', '', 1, '18')"_s,
@@ -107,6 +107,7 @@ const std::vector<Leitura> &Leituras()
         Le("cmdProcurarTelefone", {u"3"_s + nulos.repeated(2), u"2"_s + nulos.repeated(2),
                                    u"4"_s + nulos.repeated(2), u"5"_s + nulos.repeated(2), u"1|t1|t2"_s}),
         Le("cmdProcurarFax", {u"3"_s + nulos, u"2"_s + nulos, u"4"_s + nulos, u"5"_s + nulos, u"1|fx"_s}),
+        Le("cmdProcurarFotografia", {u"5"_s}, u"b.png"),
         Le("cmdProcurarTelemovel", {u"3"_s + nulos.repeated(3), u"2"_s + nulos.repeated(3),
                                     u"4"_s + nulos.repeated(3), u"5"_s + nulos.repeated(3), u"1|m1|m2|m3"_s}),
         Le("cmdProcurarEmail", {zita}, u"%nobody%", u"%ZITA@%"),
@@ -217,6 +218,10 @@ const std::vector<Escrita> &Escritas()
                 {u"1|u1"_s + nulos.repeated(3) + u"|x"_s + nulos, u"5|novo|c|h|e|def|r"_s}, u"5", u"novo",
                 QByteArray("def")),
         Escreve("cmdEliminarCartao", u"SELECT IDContacto FROM TblCartoes"_s, {u"1"_s}, u"5"),
+        Escreve("cmdEliminarCartoesByGroup", u"SELECT IDContacto FROM TblCartoes"_s, {}, u"1"),
+        Escreve("cmdGuardarCartaoDoNovo", u"SELECT IDContacto, UID, cartao FROM TblCartoes"_s,
+                {u"0|novo|def"_s, u"1|u1|x"_s, u"5|u5|fdc"_s}, u"novo", // nothing was added before it
+                QByteArray("def")),
         Escreve("cmdGuardarDiferentes", u"SELECT * FROM TblDiferentes ORDER BY IDContacto"_s,
                 {u"2|4"_s, u"3|5"_s}, u"3", u"5"),
     };
@@ -259,7 +264,7 @@ private Q_SLOTS:
         for (const EntradaDoCatalogo &entrada : comandos::catalogo)
             catalogo.insert(entrada.nome);
         QVERIFY(ensaiados == catalogo);
-        QCOMPARE(std::set(catalogo.begin(), catalogo.end()).size(), 78U);
+        QCOMPARE(std::set(catalogo.begin(), catalogo.end()).size(), 81U);
     }
 
     void le_data() { Linhas_De_Ensaio(Leituras()); }

@@ -249,6 +249,29 @@ private Q_SLOTS:
         VERIFICAR_FALHA(s.geral.de.Percorrer("cmdListarGrupos", {}, [](const Row &) {}), Failure::StoreError);
     }
 
+    void percorrer_as_que_se_querem_diz_se_ha_alguma()
+    {
+        Sistema s;
+        s.Escrever(u"DELETE FROM TblLista"_s);
+        s.Novo_Contacto({{u"Nome"_s, u"Zita"_s}, {u"Dia"_s, u"7"_s}, {u"Mes"_s, u"5"_s}});
+        s.Novo_Contacto({{u"Nome"_s, u"Ana"_s}, {u"Dia"_s, u"7"_s}, {u"Mes"_s, u"6"_s}});
+        s.Novo_Contacto({{u"Nome"_s, u"Rui"_s}, {u"Dia"_s, u"7"_s}, {u"Mes"_s, u"5"_s}});
+        const Recordset &rs = s.geral.de.Abrir("cmdListarAniversarios", {u"0"_s});
+        const auto nomes = [&](std::string_view mes) {
+            QStringList lidos;
+            const bool ha = s.geral.de.Percorrer_As_Que(
+                "cmdListarAniversarios", u"0"_s, "TblLista.Dia, TblLista.Mes"_L1,
+                [&](std::string_view Dia, std::string_view Mes) { return Dia == "7" && Mes == mes; },
+                [&](const Row &linha) { lidos << linha.field(linha.column("Nome")).text(); });
+            return ha ? lidos.join(u' ') : u"nenhuma"_s;
+        };
+        QCOMPARE(nomes("5"), u"Rui Zita"_s);
+        QCOMPARE(rs.State(), Recordset::Closed);
+        QCOMPARE(nomes("12"), u""_s);
+        s.Escrever(u"UPDATE TblLista SET Grupo=9999"_s); // of no group, so of none that anybody sees
+        QCOMPARE(nomes("5"), u"nenhuma"_s);
+    }
+
     // However fast the disk is, the writer is in the middle: its journal is there, and the file has grown.
     void uma_escrita_cortada_a_meio_nao_deixa_nada()
     {

@@ -84,6 +84,25 @@ private Q_SLOTS:
         QCOMPARE(s.geral.Ler_Idioma(43), u"mudado"_s);
     }
 
+    void todos_de_uma_vez_sao_os_mesmos_que_um_a_um()
+    {
+        Sistema s;
+        s.Escrever(u"UPDATE TblIdiomas SET InglesUK=NULL WHERE ID=43"_s);
+        s.Escrever(
+            u"INSERT INTO TblIdiomas (ID, InglesUK) VALUES (43, 'a later row'), (44, 'a later row')"_s);
+        s.geral.IdiomaActual = u"InglesUK"_s;
+        const auto todos = s.geral.Ler_Todo_O_Idioma();
+        const QStringList numeros = s.Linhas(u"SELECT DISTINCT ID FROM TblIdiomas"_s);
+        QVERIFY(numeros.size() > 200);
+        for (const QString &numero : numeros)
+            if (numero != u"43"_s)
+                QCOMPARE(todos.value(numero.toInt()), s.geral.Ler_Idioma(numero.toShort()));
+        QVERIFY(!todos.contains(43)); // the first of two rows counts, and it has nothing to say
+        QCOMPARE(todos.size(), numeros.size() - 1);
+        s.geral.IdiomaActual = u"none"_s;
+        QVERIFY(s.geral.Ler_Todo_O_Idioma().isEmpty());
+    }
+
     void sem_base_a_falha_vai_para_quem_chamou()
     {
         Sistema s(Sistema::Estado::Sem_Base);

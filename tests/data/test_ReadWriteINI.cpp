@@ -32,6 +32,22 @@ private Q_SLOTS:
         QCOMPARE(Bytes(), "[memos]\r\nfontname=\r\n");
     }
 
+    void uma_leitura_de_muitas_chaves_e_de_um_so_momento()
+    {
+        ReadWriteINI ini = Ini();
+        ReadWriteINI::Leitura nova(ini);
+        QCOMPARE(nova.Ler_Ini(u"memos"_s, u"fontname"_s), u""_s);
+        QCOMPARE(nova.Ler_Ini(u"memos"_s, u"fontsize"_s), u""_s);
+        QCOMPARE(Bytes(), "[memos]\r\nfontname=\r\n"); // as a single key does where there is no file
+        ini.Escrever_Ini(u"memos"_s, u"fontname"_s, u"Tahoma"_s);
+        ini.Escrever_Ini(u"memos"_s, u"fontsize"_s, u"8"_s);
+        ReadWriteINI::Leitura leitura(ini);
+        QCOMPARE(leitura.Ler_Ini(u"memos"_s, u"fontname"_s), u"Tahoma"_s);
+        ini.Escrever_Ini(u"memos"_s, u"fontsize"_s, u"9"_s);
+        QCOMPARE(leitura.Ler_Ini(u"memos"_s, u"fontsize"_s), u"8"_s);
+        QCOMPARE(nova.Ler_Ini(u"memos"_s, u"fontname"_s), u""_s);
+    }
+
     void o_que_se_escreve_le_se_e_nao_muda_os_argumentos()
     {
         const QString seccao = u"basedados"_s;

@@ -91,11 +91,12 @@ private Q_SLOTS:
                                       {217, 221},
                                       {223, 255},
                                       {257, 278},
+                                      {285, 335},
                                       {340, 353},
-                                      {355, 389}})
+                                      {355, 414}})
             for (int numero = de; numero <= ate; ++numero)
                 numeros << numero;
-        QCOMPARE(numeros.size(), 297);
+        QCOMPARE(numeros.size(), 373);
         numeros << QList{49, 56, 72, 87, 256};
         std::sort(numeros.begin(), numeros.end());
         QCOMPARE(usos_.keys(), numeros);

@@ -73,6 +73,14 @@ private Q_SLOTS:
         QVERIFY(rui[C::Telemovel1].isEmpty());
     }
 
+    void um_telefone_so_e_telemovel_onde_os_telemoveis_nao_tem_coluna()
+    {
+        QCOMPARE(Colunas("Nome;Telefone\nAna;912345678\n")[C::Telemovel1], u"912345678"_s);
+        const ColunasDoContacto c = Colunas("Nome;Telefone;Telemóvel\nAna;912345678;\n");
+        QCOMPARE(c[C::Telefone1], u"912345678"_s);
+        QVERIFY(c[C::Telemovel1].isEmpty());
+    }
+
     void varios_valores_numa_celula_separam_se()
     {
         const ColunasDoContacto c =

@@ -158,6 +158,22 @@ private Q_SLOTS:
         QCOMPARE(Para_A_Ana(Contacto({{C::Nome, u"Rui"_s}, {C::Email1, u"rui@exemplo.pt"_s}})), V::Novo);
     }
 
+    void quem_so_tem_nome_e_igual_so_se_tudo_o_que_diz_ja_esta_la()
+    {
+        const ColunasDoContacto nome = Contacto({{C::Nome, Ana()[C::Nome]}});
+        const auto ana = Com(Ana(), {{C::Morada, u"Rua Á"_s}, {C::Fotografia, u"ana.jpg"_s}});
+        const auto julgado = [&](C coluna, const QString &valor) {
+            return Livro({ana}).Decidir(Com(nome, {{coluna, valor}})).veredicto;
+        };
+        QCOMPARE(Livro({ana}).Decidir(nome).veredicto, V::Igual);
+        QCOMPARE(julgado(C::Morada, u"RUA A"_s), V::Igual);
+        QCOMPARE(julgado(C::Fotografia, u"outra.jpg"_s), V::Igual);
+        for (const C coluna : {C::Telefone1, C::Telefone2, C::Fax, C::Telemovel1, C::Telemovel2, C::Telemovel3,
+                               C::Website, C::Morada, C::Obs, C::Dia, C::Mes, C::Ano})
+            QCOMPARE(julgado(coluna, u"12"_s), V::Talvez);
+        QCOMPARE(Livro({Ana()}).Decidir(Com(nome, {{C::Fotografia, u"ana.jpg"_s}})).veredicto, V::Talvez);
+    }
+
     void um_numero_com_menos_de_sete_algarismos_nao_prova_nada()
     {
         const auto curto = [](const QString &numero) {

@@ -2,11 +2,13 @@
 // need a second process, which is this program with an argument.
 #include "interchange/frmBackup.h"
 
+#include "data/CartoesGuardados.h"
 #include "data/frmSeleccionarIdioma.h"
 #include "session/frmOpcoes.h"
 #include "session/Main.h"
 #include "testlib/Accoes.h"
 #include "testlib/DiscoPequeno.h"
+#include "testlib/FotografiaNaBase.h"
 #include "testlib/MorteNoDisco.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
@@ -175,6 +177,8 @@ private Q_SLOTS:
     {
         Copia c;
         c.s.Novo_Contacto({{u"Nome"_s, Value(u"Ângela"_s)}});
+        const QString nome = Por_Na_Base(c.s, {20, 20});
+        CartoesGuardados(c.s.geral.de).Guardar({u"1"_s, u"u"_s, "BEGIN"});
         c.form.txtCaminhoBackup->setText(c.Pasta_Com_Barra());
         c.form.cmdIniciar->setEnabled(true);
         c.Espera_Sucesso();
@@ -186,6 +190,11 @@ private Q_SLOTS:
         QCOMPARE(copia.query(u"SELECT Nome FROM TblLista WHERE Nome='Ângela'"_s, {}).RecordCount(), 1);
         QCOMPARE(copia.query(u"SELECT * FROM TblIdiomas"_s, {}).RecordCount(),
                  c.s.Linhas(u"SELECT ID FROM TblIdiomas"_s).size());
+        Geral outra(c.s.Pasta()); // the program over the copy
+        outra.CaminhoBD = c.Alvo();
+        QCOMPARE(FotografiasDaBase(outra.de).Ler(nome), Bytes_De_Imagem({20, 20}));
+        QCOMPARE(CartoesGuardados(outra.de).Ler(u"1"_s)->cartao, QByteArray("BEGIN"));
+        QVERIFY(outra.de.Em_Dia());
         QVERIFY(!QFile::exists(c.Trabalho()));
         QVERIFY(c.Ligada());
         QCOMPARE(c.Guardado(), c.Pasta_Com_Barra());

@@ -2,6 +2,7 @@
 #include "interchange/frmImportarMDB.h"
 
 #include "controls/IconLabel.h"
+#include "data/CartoesGuardados.h"
 #include "data/Codificar_Pass.h"
 #include "interchange/DE2.h"
 #include "interchange/frmImportar.h"
@@ -9,9 +10,11 @@
 #include "jet/JetFile.h"
 #include "session/Main.h"
 #include "testlib/Accoes.h"
+#include "testlib/BaseAntiga.h"
 #include "testlib/CopiaEstragada.h"
 #include "testlib/Desempacotado.h"
 #include "testlib/DiscoCheio.h"
+#include "testlib/FotografiaNaBase.h"
 #include "testlib/MemoriaPedida.h"
 #include "testlib/SemPrivilegios.h"
 #include "testlib/Sistema.h"
@@ -499,6 +502,42 @@ private Q_SLOTS:
         QCOMPARE(p.s.Linhas(u"SELECT NomeGrupo FROM TblGrupos WHERE ID=1"_s), QStringList{u"Amigos"_s});
     }
 
+    void fotografias_e_cartoes_vem_com_os_seus_contactos()
+    {
+        BasePropria antiga;
+        const QString nome = Por_Na_Base(antiga.base, {20, 20});
+        const QString outra = Por_Na_Base(antiga.base, {30, 30});
+        CartoesGuardados cartoes(antiga.base.geral.de);
+        for (const auto &[pessoa, Fotografia] :
+             {std::pair(u"Ana"_s, nome), {u"Rui"_s, QString()}, {u"Eva"_s, nome}}) {
+            const int id = antiga.base.Novo_Contacto(
+                {{u"Nome"_s, pessoa}, {u"Fotografia"_s, Fotografia}, {u"Grupo"_s, 1}});
+            if (pessoa != "Rui"_L1)
+                cartoes.Guardar({QString::number(id), pessoa, QByteArray("BEGIN\0", 6) + pessoa.toUtf8()});
+        }
+        Programa p;
+        p.s.Novo_Contacto({{u"Nome"_s, u"cá"_s}}); // so that no number is the old one
+        p.Fundir(antiga.Caminho(), {});
+        QCOMPARE(p.s.Linhas(u"SELECT Nome, UID, hex(cartao) FROM TblLista LEFT JOIN TblCartoes ON "
+                            "IDContacto=ID WHERE Nome<>'cá' ORDER BY Nome"_s),
+                 (QStringList{u"Ana|Ana|424547494E00416E61"_s, u"Eva|Eva|424547494E00457661"_s,
+                              u"Rui|<Null>|"_s}));
+        QCOMPARE(FotografiasDaBase(p.s.geral.de).Ler(nome), Bytes_De_Imagem({20, 20}));
+        QCOMPARE(FotografiasDaBase(p.s.geral.de).Ler(outra), QByteArray()); // nobody's
+    }
+
+    void uma_base_de_antes_das_fotografias_e_dos_cartoes_funde_se()
+    {
+        BasePropria antiga;
+        antiga.base.Novo_Contacto({{u"Nome"_s, u"Ana"_s}, {u"Fotografia"_s, u"bd:a.png"_s}, {u"Grupo"_s, 1}});
+        antiga.base.geral.de.Fechar_Ligacao();
+        Envelhecer(antiga.base);
+        Programa p;
+        p.Fundir(antiga.Caminho(), {});
+        QCOMPARE(p.s.Linhas(u"SELECT Nome, Fotografia FROM TblLista"_s), QStringList{u"Ana|bd:a.png"_s});
+        QCOMPARE(antiga.base.Linhas(u"PRAGMA user_version"_s), QStringList{u"0"_s}); // it is only read
+    }
+
     void a_barra_recua_no_comeco_de_cada_passagem()
     {
         BasePropria antiga;
@@ -687,7 +726,10 @@ private Q_SLOTS:
             antiga.base.Novo_Grupo(nome, 0);
         antiga.base.Escrever(u"UPDATE TblLista SET Nome=CASE WHEN ID%1<100 THEN 'Amigos' WHEN ID%1<500 THEN "
                              "'Novo' ELSE 'Outro' END"_s.arg(u"-(SELECT min(ID) FROM TblLista)"_s));
-        antiga.base.Escrever(u"UPDATE TblLista SET Grupo=(SELECT ID FROM TblGrupos WHERE NomeGrupo=Nome)"_s);
+        antiga.base.Escrever(
+            u"UPDATE TblLista SET Telefone1=ID, Grupo=(SELECT ID FROM TblGrupos WHERE NomeGrupo=Nome)"_s);
+        antiga.base.Escrever(
+            u"INSERT INTO TblCartoes (IDContacto, UID, cartao) SELECT ID, ID, x'00' FROM TblLista"_s);
         Programa p;
         auto cheio = std::make_unique<DiscoCheio>(Tamanho(p.s) + 200000);
         DE2 de2(antiga.Caminho());
@@ -704,6 +746,11 @@ private Q_SLOTS:
         QCOMPARE(contar(u"Nome='Outro'"_s), 400);
         QCOMPARE(
             contar(u"NOT EXISTS (SELECT * FROM TblGrupos WHERE TblGrupos.ID=Grupo AND NomeGrupo=Nome)"_s), 0);
+        // Each card is its contact's, and none has gone astray.
+        const auto trocados = u"SELECT count(*) FROM TblCartoes LEFT JOIN TblLista ON ID=IDContacto WHERE "
+                              "Telefone1 IS NOT UID"_s;
+        QCOMPARE(p.s.Linhas(trocados), QStringList{u"0"_s});
+        QVERIFY(contar(u"ID IN (SELECT IDContacto FROM TblCartoes)"_s) > 400);
     }
 
     void uma_tranca_que_vem_a_meio_espera_se_uma_vez_e_diz_se_no_fim()
@@ -739,6 +786,27 @@ private Q_SLOTS:
         QCOMPARE(dito.count(u": 20 / 20"_s), 1);
         QCOMPARE(dito.count(u": 0 / 20"_s), 2);
         QVERIFY2(!dito.contains(p.s.Texto(237)), qPrintable(dito)); // nobody was made
+    }
+
+    // They would stand in a section of nobody's, or in the one that is everybody's.
+    void um_utilizador_que_a_base_recusa_nao_deixa_definicoes()
+    {
+        BasePropria antiga;
+        antiga.Encher(3, 10);
+        Programa p;
+        p.s.Escrever(u"CREATE TRIGGER Recusa BEFORE INSERT ON TblUsers BEGIN SELECT RAISE(ABORT, 'no'); END"_s);
+        const auto definicoes = [&] {
+            QFile ficheiro(p.s.Ficheiro(u"config.ini"_s));
+            return ficheiro.open(QIODevice::ReadOnly) ? ficheiro.readAll() : QByteArray();
+        };
+        const QByteArray antes = definicoes();
+        DE2 de2(antiga.Caminho());
+        Fusao fusao(p.s.geral, de2, {3, 3, 1});
+        fusao.Correr();
+        QVERIFY(!fusao.Completa());
+        QVERIFY(p.s.Linhas(u"SELECT * FROM TblUsers"_s).isEmpty());
+        QVERIFY(!antes.isEmpty());
+        QCOMPARE(definicoes(), antes);
     }
 
     // Single rows that their columns refuse are skipped without a word, as ever.
@@ -851,7 +919,8 @@ private Q_SLOTS:
     void uma_base_cujas_tabelas_sao_vistas_recusa_se_data()
     {
         QTest::addColumn<QString>("tabela");
-        for (const char *tabela : {"TblLista", "TblGrupos", "TblUsers", "TblMemos", "TblTarefas"})
+        for (const char *tabela :
+             {"TblLista", "TblGrupos", "TblUsers", "TblMemos", "TblTarefas", "TblFotografias", "TblCartoes"})
             QTest::newRow(tabela) << QString::fromLatin1(tabela);
     }
     void uma_base_cujas_tabelas_sao_vistas_recusa_se()

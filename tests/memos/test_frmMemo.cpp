@@ -94,6 +94,17 @@ class TestFrmMemo : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void o_ponto_agarrado_fica_debaixo_do_ponteiro()
+    {
+        DragLabel titulo;
+        titulo.resize(100, 20);
+        const QSignalSpy pedidos(&titulo, &DragLabel::Dragged);
+        const QPoint ecra = titulo.mapToGlobal(QPoint(90, 5));
+        Enviar(titulo, QEvent::MouseButtonPress, ecra, Qt::LeftButton, Qt::LeftButton);
+        Enviar(titulo, QEvent::MouseMove, ecra + QPoint(7, 3), Qt::NoButton, Qt::LeftButton);
+        QCOMPARE(pedidos.value(0).value(0).toPoint(), titulo.mapToGlobal(QPoint(7, 3)));
+    }
+
     void cleanup() { scale::setLetters(scale::standardLetters); }
 
     void em_letras_duplas_a_nota_fica_onde_estava_e_duas_vezes_maior()
@@ -125,6 +136,9 @@ private Q_SLOTS:
         scale::setLetters(scale::standardLetters);
         u.Reabrir();
         QCOMPARE(u.nota->geometry(), QRect(60, 70, 200, 100));
+        scale::setLetters(2 * scale::standardLetters);
+        u.Reabrir();
+        QCOMPARE(u.nota->geometry(), QRect(60, 70, 400, 200));
     }
 
     void a_nota_nao_tem_moldura_nem_dono_nem_lugar_na_barra()

@@ -37,6 +37,19 @@ struct Programa {
     CicloCorreio &Ciclo() { return *main.findChild<CicloCorreio *>(); }
     Temporizadores &T() { return s.geral.temporizadores; }
 
+    // The first account is in hand, and its answer awaited.
+    void Comecar_A_Olhar()
+    {
+        Ciclo().IniciarMail();
+        Ciclo().VerificarConta();
+    }
+    // So many messages in the account in hand, and a look at it.
+    void Achar(qint16 mensagens)
+    {
+        s.correio.mensagens = mensagens;
+        Disparar(T().TimerMailNotification3);
+    }
+
     frmPopupEmail *Popup()
     {
         for (QWidget *janela : QApplication::topLevelWidgets())
@@ -174,8 +187,7 @@ private Q_SLOTS:
         QFETCH(int, mensagens);
         QFETCH(int, texto);
         Programa p(1);
-        p.Ciclo().IniciarMail();
-        p.Ciclo().VerificarConta();
+        p.Comecar_A_Olhar();
         p.s.correio.mensagens = static_cast<qint16>(mensagens);
         Disparar(p.T().TimerMailNotification3);
         QCOMPARE(p.Cartao(), QString::number(mensagens) + u' ' + p.s.Texto(texto) + u" (A@x.example)"_s);
@@ -187,8 +199,7 @@ private Q_SLOTS:
     void uma_conta_falhada_nao_para_o_percurso()
     {
         Programa p(2);
-        p.Ciclo().IniciarMail();
-        p.Ciclo().VerificarConta();
+        p.Comecar_A_Olhar();
         p.s.correio.historia.clear();
         p.s.correio.falhou = true;
         p.s.correio.texto_erro = u"servidor desconhecido"_s;
@@ -204,8 +215,7 @@ private Q_SLOTS:
         Programa p(1);
         QSignalSpy opcoes(&p.Ciclo(), &CicloCorreio::Abrir_Opcoes);
         p.Ciclo().disconnect(&p.main);
-        p.Ciclo().IniciarMail();
-        p.Ciclo().VerificarConta();
+        p.Comecar_A_Olhar();
         p.s.correio.falhou = true;
         Disparar(p.T().TimerMailNotification3);
         QTest::mouseClick(p.Popup(), Qt::LeftButton);
@@ -216,8 +226,7 @@ private Q_SLOTS:
     void abrir_as_opcoes_esquece_a_falha_e_recolhe_o_cartao()
     {
         Programa p(1);
-        p.Ciclo().IniciarMail();
-        p.Ciclo().VerificarConta();
+        p.Comecar_A_Olhar();
         p.s.correio.falhou = true;
         Disparar(p.T().TimerMailNotification3);
         QCOMPARE(p.s.geral.ErroMail, qint16{1});
@@ -235,8 +244,7 @@ private Q_SLOTS:
     void a_conta_que_se_verifica_e_a_que_esta_na_mao()
     {
         Programa p(2);
-        p.Ciclo().IniciarMail();
-        p.Ciclo().VerificarConta();
+        p.Comecar_A_Olhar();
         QCOMPARE(QString::number(p.s.geral.IDContaEmail), p.main.lstEmails->List(0));
     }
 
@@ -244,10 +252,8 @@ private Q_SLOTS:
     {
         Programa p(1);
         QSignalSpy opcoes(&p.Ciclo(), &CicloCorreio::Abrir_Opcoes);
-        p.Ciclo().IniciarMail();
-        p.Ciclo().VerificarConta();
-        p.s.correio.mensagens = 1;
-        Disparar(p.T().TimerMailNotification3);
+        p.Comecar_A_Olhar();
+        p.Achar(1);
         QTest::mouseClick(p.Popup(), Qt::LeftButton);
         QCOMPARE(p.s.shell.correios, 1);
         QCOMPARE(opcoes.size(), 0);
@@ -372,8 +378,7 @@ private Q_SLOTS:
     void uma_conta_eliminada_a_meio_do_percurso_nao_o_para()
     {
         Programa p(3);
-        p.Ciclo().IniciarMail();
-        p.Ciclo().VerificarConta();
+        p.Comecar_A_Olhar();
         p.s.Escrever(u"DELETE FROM TblEmails WHERE Email='B@x.example'"_s);
         p.s.correio.historia.clear();
         Disparar(p.T().TimerMailNotification3);
@@ -397,10 +402,8 @@ private Q_SLOTS:
     void um_segundo_aviso_faz_subir_outra_vez_o_cartao_que_desce()
     {
         Programa p(2);
-        p.Ciclo().IniciarMail();
-        p.Ciclo().VerificarConta();
-        p.s.correio.mensagens = 1;
-        Disparar(p.T().TimerMailNotification3);
+        p.Comecar_A_Olhar();
+        p.Achar(1);
         const QPointer<frmPopupEmail> popup = p.Popup();
         Ate_Ao_Fim(popup->TimerUp);
         const int em_cima = popup->Top();
@@ -409,8 +412,7 @@ private Q_SLOTS:
             Disparar(popup->TimerDown);
         QCOMPARE(popup->Top(), em_cima + 500);
 
-        p.s.correio.mensagens = 2;
-        Disparar(p.T().TimerMailNotification3);
+        p.Achar(2);
         QCOMPARE(p.Popup(), popup.data());
         QCOMPARE(p.Cartao(), u"2 "_s + p.s.Texto(259) + u" (B@x.example)"_s);
         QVERIFY(!popup->TimerDown.Enabled());
@@ -425,16 +427,13 @@ private Q_SLOTS:
     void um_aviso_no_momento_em_que_o_cartao_ia_descer_deixa_o_onde_esta()
     {
         Programa p(2);
-        p.Ciclo().IniciarMail();
-        p.Ciclo().VerificarConta();
-        p.s.correio.mensagens = 1;
-        Disparar(p.T().TimerMailNotification3);
+        p.Comecar_A_Olhar();
+        p.Achar(1);
         const QPointer<frmPopupEmail> popup = p.Popup();
         Ate_Ao_Fim(popup->TimerUp);
         const int em_cima = popup->Top();
         Disparar(popup->TimerTimeout);
-        p.s.correio.mensagens = 2;
-        Disparar(p.T().TimerMailNotification3);
+        p.Achar(2);
         QVERIFY(!popup->TimerDown.Enabled());
         QVERIFY(!popup->TimerUp.Enabled());
         QCOMPARE(popup->Top(), em_cima);
@@ -443,16 +442,13 @@ private Q_SLOTS:
     void um_aviso_depois_do_fim_da_descida_traz_um_cartao_novo()
     {
         Programa p(2);
-        p.Ciclo().IniciarMail();
-        p.Ciclo().VerificarConta();
-        p.s.correio.mensagens = 1;
-        Disparar(p.T().TimerMailNotification3);
+        p.Comecar_A_Olhar();
+        p.Achar(1);
         frmPopupEmail *const primeiro = p.Popup();
         Ate_Ao_Fim(primeiro->TimerUp);
         Disparar(primeiro->TimerTimeout);
         Ate_Ao_Fim(primeiro->TimerDown); // closed, and not yet deleted
-        p.s.correio.mensagens = 2;
-        Disparar(p.T().TimerMailNotification3);
+        p.Achar(2);
         QVERIFY(p.Popup() != nullptr && p.Popup() != primeiro);
         QCOMPARE(p.Cartao(), u"2 "_s + p.s.Texto(259) + u" (B@x.example)"_s);
     }
@@ -460,10 +456,8 @@ private Q_SLOTS:
     void os_cinco_segundos_contam_se_com_exactidao()
     {
         Programa p(1);
-        p.Ciclo().IniciarMail();
-        p.Ciclo().VerificarConta();
-        p.s.correio.mensagens = 1;
-        Disparar(p.T().TimerMailNotification3);
+        p.Comecar_A_Olhar();
+        p.Achar(1);
         QCOMPARE(p.Popup()->TimerTimeout.timerType(), Qt::PreciseTimer);
         QCOMPARE(p.T().TimerMailNotification3.timerType(), Qt::PreciseTimer);
     }
@@ -516,18 +510,15 @@ private Q_SLOTS:
     {
         Programa p(1);
         p.s.geral.SomEmail = u"/musica/sino.wav"_s;
-        p.Ciclo().IniciarMail();
-        p.Ciclo().VerificarConta();
-        p.s.correio.mensagens = 1;
-        Disparar(p.T().TimerMailNotification3);
+        p.Comecar_A_Olhar();
+        p.Achar(1);
         QCOMPARE(p.s.som.tocados, QStringList{u"/musica/sino.wav"_s});
     }
 
     void parar_e_comecar_deixa_os_cinco_segundos_a_espera_da_contagem()
     {
         Programa p(1);
-        p.Ciclo().IniciarMail();
-        p.Ciclo().VerificarConta();
+        p.Comecar_A_Olhar();
         p.T().Gerir_Temporizadores(u"stop"_s);
         p.T().Gerir_Temporizadores(u"start"_s);
         QVERIFY(p.T().TimerMailNotification.Enabled());

@@ -77,6 +77,29 @@ private Q_SLOTS:
         QCOMPARE(ditos.size(), 2 * 7);
     }
 
+    // Those of Brazil may well be those of Portugal.
+    void cada_frase_tem_a_sua_lingua()
+    {
+        QMap<QString, QSet<QString>> ditas; // each sentence as every language says it
+        const QStringList linguas{u"PortuguesPT"_s, u"InglesUK"_s,  u"EspanholES"_s,
+                                  u"ItalianoIT"_s,  u"FrancesFR"_s, u"AlemaoDE"_s};
+        for (const QString &lingua : linguas) {
+            const QStringList ajuda = Linha({u"--help"_s}, lingua).text().split(u'\n');
+            ditas[u"what the program is"_s] << ajuda.value(1);
+            for (const QString &palavra : {u"--help"_s, u"--version"_s, u"--minimized"_s, u".mdb"_s})
+                ditas[palavra] << ajuda.filter(palavra).value(0);
+            for (const QString &recusada : {u"--nada"_s, u"a.doc"_s, u"/falta.mdb"_s}) {
+                const QStringList linhas = Linha({recusada}, lingua).text().split(u'\n');
+                ditas[recusada] << linhas.value(0);
+                ditas[recusada + u", help"_s] << linhas.value(1);
+            }
+        }
+        for (auto dita = ditas.cbegin(); dita != ditas.cend(); ++dita) {
+            const QStringList todas = dita.value().values();
+            QVERIFY2(todas.size() == linguas.size(), qPrintable(dita.key() + u": "_s + todas.join(u" | "_s)));
+        }
+    }
+
     void uma_opcao_desconhecida_e_recusada_com_o_seu_nome_data()
     {
         QTest::addColumn<QStringList>("palavras");

@@ -148,6 +148,35 @@ private Q_SLOTS:
         QCOMPARE(picture.naturalSize(), QSize(400, 400));
         VERIFICAR_FALHA(picture.image({40, 40}), Failure::InvalidPicture);
     }
+
+    void de_bytes_e_a_mesma_imagem_que_do_ficheiro_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::newRow("png") << Guardar(u"foto.png"_s, "PNG");
+        QTest::newRow("jpg deitada") << Deitada();
+    }
+    void de_bytes_e_a_mesma_imagem_que_do_ficheiro()
+    {
+        QFETCH(QString, path);
+        const Picture file(path);
+        const Picture bytes(Ler(path), u"bd:x"_s);
+        QCOMPARE(bytes.path(), u"bd:x"_s);
+        QCOMPARE(bytes.naturalSize(), file.naturalSize());
+        QCOMPARE(bytes.image({30, 20}), file.image({30, 20}));
+        const Picture copy = bytes; // NOLINT: shows that a copy has the bytes
+        QCOMPARE(copy.image({30, 20}), file.image({30, 20}));
+    }
+
+    // Neither may be taken for a path: the name can be one.
+    void bytes_que_nao_sao_imagem_sao_um_erro()
+    {
+        const QString path = Guardar(u"foto.png"_s, "PNG");
+        VERIFICAR_FALHA(Picture(QByteArray(), path), Failure::InvalidPicture);
+        VERIFICAR_FALHA(Picture(QByteArray("nada"), path), Failure::InvalidPicture);
+        VERIFICAR_FALHA(
+            Picture(QByteArray("<svg xmlns='http://www.w3.org/2000/svg' width='4' height='4'/>"), path),
+            Failure::InvalidPicture);
+    }
 };
 
 MORVEX_TESTE(TestPicture)

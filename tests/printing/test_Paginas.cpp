@@ -379,8 +379,37 @@ private Q_SLOTS:
             ++qual;
         }
         QCOMPARE(qual, por_folha);
+        const QStringList margem =
+            linhas == 7 ? QStringList{u"01-02-2027"_s, u"Página 2 de 2"_s} : QStringList();
         QCOMPARE(c.Previstas().page(1).lines(),
-                 (QStringList{u"Nome %1"_s.arg(100 + por_folha), u"Rua A"_s, u"Lisboa"_s}));
+                 margem + (QStringList{u"Nome %1"_s.arg(100 + por_folha), u"Rua A"_s, u"Lisboa"_s}));
+    }
+
+    void o_que_esta_na_margem_da_folha_nao_toca_em_nenhuma_etiqueta_data()
+    {
+        QTest::addColumn<int>("formato");
+        QTest::newRow("63,5 x 38,1") << 1;
+        QTest::newRow("99,1 x 38,1") << 2;
+    }
+    void o_que_esta_na_margem_da_folha_nao_toca_em_nenhuma_etiqueta()
+    {
+        QFETCH(int, formato);
+        constexpr double mm = 1440 / 25.4;
+        constexpr double margem = 15.15;    // mm above the labels
+        constexpr double da_impressora = 5; // which most cannot print
+        ComPaginas c;
+        c.Contacto({{u"Nome"_s, u"Ana"_s}, {u"Morada"_s, u"Rua A"_s}});
+        frmEtiquetas form(c.s.geral, c.controlo, c.ListaNomes);
+        form.ComboFormato->setListIndex(formato);
+        form.CheckBoxPrevisualizar->setChecked(true);
+        form.cmdImprimir->click();
+        const auto textos = c.Previstas().page(0).texts();
+        QVERIFY(textos[0].line.contains(u"2027"_s) && textos[1].line.startsWith(u"Página 1"_s));
+        for (const auto &texto : {textos[0], textos[1]}) {
+            QVERIFY(texto.area.bottom() / mm < margem);
+            QVERIFY(texto.area.top() / mm > da_impressora);
+            QVERIFY(texto.area.left() / mm > da_impressora && texto.area.right() / mm < 210 - da_impressora);
+        }
     }
 
     void a_etiqueta_tem_remetente_e_destinatario_e_sem_morada_nao_ha_etiqueta()

@@ -40,6 +40,23 @@ private Q_SLOTS:
         QVERIFY(!c.form->isVisible());
     }
 
+    void para_os_temporizadores_enquanto_esta_aberto()
+    {
+        ComEtiquetas c;
+        c.Abrir();
+        QVERIFY(c.Temporizadores_Parados());
+        c.form->cmdCancelar->click();
+        QVERIFY(c.Temporizadores_Ligados());
+    }
+
+    void um_dialogo_que_nao_se_consegue_carregar_deixa_os_temporizadores_a_andar()
+    {
+        ComEtiquetas c;
+        c.s.Escrever(u"DROP TABLE TblGrupos"_s);
+        QVERIFY_THROWS_EXCEPTION(Failure, c.Abrir());
+        QVERIFY(c.Temporizadores_Ligados());
+    }
+
     void a_previsao_deixa_o_dialogo_aberto()
     {
         ComEtiquetas c;

@@ -4,6 +4,7 @@
 #include "reminders/ComTarefas.h"
 #include "reminders/frmAniversarios.h"
 #include "reminders/ProximosAniversarios.h"
+#include "testlib/FotografiaNaBase.h"
 
 using namespace Qt::StringLiterals;
 
@@ -190,6 +191,14 @@ private Q_SLOTS:
         QCOMPARE(c.Com_Fotografia(u"fotos\\ana.png"_s).Image1().path(), c.s.Ficheiro(u"fotos/ana.png"_s));
     }
 
+    void uma_fotografia_da_base_mostra_se()
+    {
+        ComLista c;
+        const frmAniversarios &form = c.Com_Fotografia(Por_Na_Base(c.s, {20, 20}));
+        QCOMPARE(form.Image1().naturalSize(), QSize(20, 20));
+        QCOMPARE(form.Thumb->pixmap().toImage().pixel(10, 10), qRgb(200, 0, 0));
+    }
+
     void sem_fotografia_fica_a_de_sempre_em_toda_a_caixa()
     {
         ComLista c;
@@ -204,6 +213,7 @@ private Q_SLOTS:
         QTest::newRow("não existe") << u"nao_ha.jpg"_s;
         QTest::newRow("não é imagem") << u"leiame.txt"_s;
         QTest::newRow("outro sistema") << u"C:\\fotos\\ana.jpg"_s;
+        QTest::newRow("a base não tem") << u"bd:nenhuma.png"_s;
         QTest::newRow("rede") << u"\\\\servidor\\ana.jpg"_s;
     }
     void uma_fotografia_que_nao_abre_da_a_do_erro()

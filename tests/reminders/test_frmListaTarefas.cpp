@@ -1,9 +1,12 @@
 // The list of tasks: how it is filled, and what its buttons do.
 #include "controls/DisabledWindow.h"
+#include "controls/Scale.h"
 #include "data/Idiomas.h"
 #include "reminders/ComTarefas.h"
 #include "reminders/frmAddEditTarefa.h"
 #include "reminders/frmListaTarefas.h"
+
+#include <QHeaderView>
 
 using namespace Qt::StringLiterals;
 
@@ -128,6 +131,48 @@ private Q_SLOTS:
         QVERIFY(c.Com_Icone(0) && !c.Com_Icone(1));
         QCOMPARE(a_direita_do_icone(0), a_direita_do_icone(1));
         QVERIFY(a_direita_do_icone(0).convertToFormat(QImage::Format_Indexed8).colorCount() > 1); // letters
+    }
+
+    void o_ultimo_titulo_le_se_inteiro_data()
+    {
+        QTest::addColumn<QString>("idioma");
+        QTest::addColumn<int>("letras");
+        QTest::addColumn<int>("tarefas");
+        for (const char *idioma : {"PortuguesPT", "FrancesFR", "AlemaoDE"})
+            for (const int letras : {11, 17})
+                for (const int tarefas : {1, 40}) // which fit, and which want a scroll bar
+                    QTest::addRow("%s, %d, %d", idioma, letras, tarefas)
+                        << QString::fromLatin1(idioma) << letras << tarefas;
+    }
+    void o_ultimo_titulo_le_se_inteiro()
+    {
+        QFETCH(QString, idioma);
+        QFETCH(int, letras);
+        QFETCH(int, tarefas);
+        const auto repor = qScopeGuard([] { scale::setLetters(scale::standardLetters); });
+        scale::setLetters(letras);
+        ComLista c;
+        c.s.geral.IdiomaActual = idioma;
+        for (int i = 0; i < tarefas; ++i)
+            c.Nova(u"Regar"_s, u"01-02-2027"_s, u"23:59"_s);
+        const QTreeWidget &lista = *c.Abrir().ListViewTarefas;
+        QCoreApplication::processEvents();
+        const QHeaderView &titulos = *lista.header();
+        QCOMPARE(titulos.model()->headerData(3, Qt::Horizontal).toString(), c.s.geral.Ler_Idioma(181));
+        QVERIFY(titulos.sectionSize(3) >= titulos.sectionSizeHint(3));
+        QVERIFY2(titulos.length() <= lista.viewport()->width(),
+                 qPrintable(QString::number(titulos.length())));
+        QVERIFY(titulos.sectionSize(0) >= scale::scaled(120));
+    }
+
+    void onde_o_ecra_e_pequeno_a_descricao_fica_com_metade_do_seu_lugar()
+    {
+        const auto repor = qScopeGuard([] { scale::setLetters(scale::standardLetters); });
+        scale::setLetters(2 * scale::standardLetters);
+        ComLista c;
+        c.s.geral.IdiomaActual = u"AlemaoDE"_s;
+        c.Nova(u"Regar"_s, u"01-02-2027"_s, u"23:59"_s);
+        QCOMPARE(c.Abrir().ListViewTarefas->header()->sectionSize(0), 240); // of 480
     }
 
     void uma_coluna_nula_da_uma_celula_vazia()

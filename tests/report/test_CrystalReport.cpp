@@ -19,6 +19,7 @@
 #include <QSpinBox>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+#include <QToolBar>
 
 using namespace Qt::StringLiterals;
 
@@ -367,16 +368,18 @@ private Q_SLOTS:
         QVERIFY(janela.isVisible() && janela.isMaximized());
         QCOMPARE(janela.windowTitle(), u"Pré-Visualizar"_s);
     }
-    void os_comandos_estao_em_grupos_numa_barra_que_nao_sai_do_seu_lugar()
+    void os_comandos_estao_em_grupos_em_barras_que_nao_saem_do_seu_lugar()
     {
-        const auto *barra = Pre_Visualizar().findChild<QToolBar *>();
-        QVERIFY(!barra->isMovable());
-        QStringList grupos{{}};
-        for (const QAction *comando : barra->actions())
-            if (comando->isSeparator())
-                grupos << QString();
-            else if (!comando->objectName().isEmpty())
-                grupos.last() += comando->objectName() + u' ';
+        QStringList grupos;
+        for (const QToolBar *barra : Pre_Visualizar().findChildren<QToolBar *>()) {
+            QVERIFY(!barra->isMovable());
+            grupos << QString();
+            for (const QAction *comando : barra->actions())
+                if (comando->isSeparator())
+                    grupos << QString();
+                else if (!comando->objectName().isEmpty())
+                    grupos.last() += comando->objectName() + u' ';
+        }
         QCOMPARE(grupos, (QStringList{u"first previous next last "_s, u"zoomOut zoomIn fitWidth wholePage "_s,
                                       u"print pdf refresh "_s, u"close "_s}));
     }
@@ -410,6 +413,27 @@ private Q_SLOTS:
         Accionar(janela, "first");
         QCOMPARE(pagina->value(), 1);
     }
+    // From the bottom up: as much ground below the last sheet as between two of them.
+    void as_folhas_estao_umas_debaixo_das_outras_e_a_ultima_nao_toca_no_fundo()
+    {
+        const ReportPreview &janela = Pre_Visualizar();
+        QTRY_VERIFY(janela.pages()->complete());
+        auto *vista = janela.findChild<ReportView *>();
+        vista->zoomBy(0.4);
+        vista->verticalScrollBar()->setValue(vista->verticalScrollBar()->maximum());
+        const QImage visto = vista->viewport()->grab().toImage();
+        const QRgb fundo = visto.pixel(1, visto.height() - 1);
+        QList<int> faixas{0};
+        for (int y = visto.height() - 1; y >= 0; --y) {
+            if (visto.pixel(visto.width() / 2, y) == fundo)
+                ++faixas.last();
+            else if (faixas.last() != 0 || faixas.size() == 1)
+                faixas << 0;
+        }
+        QVERIFY(faixas.size() > 2); // so two sheets at least are in view
+        QVERIFY(faixas[0] > 10);
+        QCOMPARE(faixas[1], faixas[0]);
+    }
     void o_zoom_fica_na_mesma_pagina()
     {
         const ReportPreview &janela = Pre_Visualizar();
@@ -442,6 +466,28 @@ private Q_SLOTS:
         QVERIFY(vista->zoom() > antes);
         rodar(-120);
         QCOMPARE(vista->zoom(), antes);
+    }
+    void onde_as_palavras_nao_cabem_numa_barra_sao_duas_e_nenhum_botao_se_esconde()
+    {
+        const QFont antes = QApplication::font();
+        const auto repor = qScopeGuard([&] { QApplication::setFont(antes); });
+        QFont grande = antes;
+        grande.setPixelSize(22);
+        QApplication::setFont(grande);
+        ReportPreview &janela = Pre_Visualizar();
+        janela.showNormal();
+        const QList<QToolBar *> barras = janela.findChildren<QToolBar *>();
+        QCOMPARE(barras.size(), 2);
+        const int palavras = barras[0]->sizeHint().width() + barras[1]->sizeHint().width();
+        for (const bool cabem : {false, true, false}) {
+            janela.resize(cabem ? palavras + 40 : palavras - 40, 600);
+            QCoreApplication::processEvents();
+            QCOMPARE(barras[0]->y() == barras[1]->y(), cabem);
+            for (const QToolBar *barra : barras)
+                for (QAction *accao : barra->actions())
+                    if (QWidget *botao = barra->widgetForAction(accao); botao && accao->isVisible())
+                        QVERIFY2(botao->isVisible(), qPrintable(accao->text()));
+        }
     }
     void esc_fecha()
     {
@@ -518,6 +564,18 @@ private Q_SLOTS:
         texto->setText(u"nome 499"_s);
         QTest::keyClick(texto, Qt::Key_Return);
         QTRY_COMPARE(janela.findChild<ReportView *>()->page(), janela.pages()->pageOf(498));
+    }
+    void procurar_outra_vez_vai_ao_registo_seguinte_e_depois_do_ultimo_ao_primeiro()
+    {
+        controlo_->setSortFields(0, u"+{T.ID}"_s);
+        controlo_->setWindowShowSearchBtn(true);
+        const ReportPreview &janela = Pre_Visualizar();
+        auto *texto = Parte<QLineEdit>(janela, "search");
+        texto->setText(u"00"_s);
+        for (const std::size_t registo : {99U, 199U, 299U, 399U, 499U, 99U}) {
+            QTest::keyClick(texto, Qt::Key_Return);
+            QTRY_COMPARE(janela.findChild<ReportView *>()->page(), janela.pages()->pageOf(registo));
+        }
     }
     void fala_a_lingua_escolhida()
     {

@@ -38,7 +38,8 @@ class TestReportPages : public QObject
     }
     // A page of 10,000 twips between page header and footer of 500 each, with this inside.
     std::unique_ptr<ReportPages> Relatorio(const QString &faixas,
-                                           const QHash<QString, QString> &parametros = {})
+                                           const QHash<QString, QString> &parametros = {},
+                                           const ReportLayout::HeldPictures &guardadas = {})
     {
         const QString path = folder_.filePath(u"r.rpt"_s);
         QFile file(path);
@@ -53,7 +54,7 @@ class TestReportPages : public QObject
         ReportDefinition definition = readReportDefinition(path);
         ReportData data(definition, Base(), {}, {});
         return std::make_unique<ReportPages>(std::move(definition), std::move(data), parametros,
-                                             QDate(2027, 2, 1));
+                                             QDate(2027, 2, 1), QString(), guardadas);
     }
     // The pages of a report as a PDF reader sees them; nothing where there is no such reader.
     QStringList Texto_Das_Paginas(ReportPages &pages)
@@ -362,6 +363,34 @@ private Q_SLOTS:
         QCOMPARE(Pintar(*pages, 2, ReportPages::OnPaper), Folha_Branca(primeira));
         const auto outra = Relatorio(faixa.arg(u"fallback='foto.png'"_s));
         QCOMPARE(Pintar(*outra, 1, ReportPages::OnPaper), primeira);
+    }
+
+    void uma_fotografia_guardada_pinta_se_dos_seus_bytes_e_le_se_so_ao_pintar()
+    {
+        Guardar_Foto(400, 200);
+        QFile ficheiro(folder_.filePath(u"foto.png"_s));
+        QVERIFY(ficheiro.open(QIODevice::ReadOnly));
+        const QByteArray bytes = ficheiro.readAll();
+        QStringList pedidas;
+        const auto guardadas = [&](const QString &nome) {
+            pedidas << nome;
+            return nome == "bd:1"_L1   ? bytes
+                   : nome == "bd:2"_L1 ? QByteArray("nada de imagem")
+                                       : QByteArray();
+        };
+        for (const QString &foto : {u"bd:1"_s, u"bd:2"_s, u"bd:3"_s, u"foto.png"_s})
+            Juntar(u"Ana"_s, {}, foto);
+        const auto pages = Relatorio(
+            u"<detail newpage='yes'><row height='3000'><picture width='2000' height='2000'>{T.Foto}</picture></row></detail>"_s,
+            {}, guardadas);
+        QCOMPARE(pages->count(), 4);
+        QCOMPARE(pedidas, QStringList());
+        const QImage primeira = Pintar(*pages, 0, ReportPages::OnPaper);
+        QCOMPARE(pedidas, QStringList{u"bd:1"_s});
+        QCOMPARE(primeira.pixelColor(100, 190), QColor(Qt::red));
+        QCOMPARE(Pintar(*pages, 1, ReportPages::OnPaper), Folha_Branca(primeira));
+        QCOMPARE(Pintar(*pages, 2, ReportPages::OnPaper), Folha_Branca(primeira));
+        QCOMPARE(Pintar(*pages, 3, ReportPages::OnPaper), primeira);
     }
 
     void uma_fotografia_com_barras_invertidas_esta_abaixo_da_pasta_da_definicao()

@@ -15,14 +15,18 @@
 #include "interchange/frmCampos.h"
 #include "interchange/frmDuplicados.h"
 #include "interchange/frmExportar.h"
+#include "interchange/frmExportarContactos.h"
 #include "interchange/frmImportar.h"
 #include "interchange/frmImportar2.h"
+#include "interchange/frmImportarContactos.h"
 #include "interchange/frmImportarMDB.h"
+#include "interchange/frmQR.h"
 #include "interchange/Intercambio.h"
 #include "memos/frmMemo.h"
 #include "online/frmAddEditEmail.h"
 #include "online/frmPopupEmail.h"
 #include "printing/frmEnvelope.h"
+#include "printing/frmEtiquetas.h"
 #include "printing/frmImprimir.h"
 #include "reminders/frmAddEditTarefa.h"
 #include "reminders/frmAniversarios.h"
@@ -68,6 +72,17 @@ struct ComFormulario {
     RelatorioFalso relatorio;
     std::unique_ptr<QWidget> form;
 };
+
+// Somebody new, somebody who completes a contact of the book and somebody who may be that one.
+inline QByteArray Cartoes_De_Exemplo(Sistema &s)
+{
+    s.Novo_Contacto({{QStringLiteral("Nome"), QStringLiteral("Ana Silva")},
+                     {QStringLiteral("Email1"), QStringLiteral("ana@exemplo.pt")},
+                     {QStringLiteral("Grupo"), 1}});
+    return "BEGIN:VCARD\nFN:Ana Silva\nEMAIL:ana@exemplo.pt\nTEL;TYPE=CELL:+351 912 345 678\nURL:ana.pt\n"
+           "END:VCARD\nBEGIN:VCARD\nFN:Rui Costa\nTEL;TYPE=HOME:212 345 678\nEND:VCARD\n"
+           "BEGIN:VCARD\nFN:A. Silva\nEMAIL:ana@exemplo.pt\nEND:VCARD\n";
+}
 
 using Abertura = QWidget *(*)(ComFormulario &);
 
@@ -138,8 +153,19 @@ inline const QMap<QString, Abertura> aberturas{
      [](ComFormulario &c) { return c.Novo<frmImprimir>(c.s.geral, c.relatorio, *c.janela.ListaNomes); }},
     {QStringLiteral("frmEnvelope"),
      [](ComFormulario &c) { return c.Novo<frmEnvelope>(c.s.geral, c.relatorio); }},
+    {QStringLiteral("frmEtiquetas"),
+     [](ComFormulario &c) { return c.Novo<frmEtiquetas>(c.s.geral, c.relatorio, *c.janela.ListaNomes); }},
     {QStringLiteral("frmExportar"),
      [](ComFormulario &c) { return c.Novo<frmExportar>(c.s.geral, c.relatorio, *c.janela.ListaNomes); }},
+    {QStringLiteral("frmExportarContactos"),
+     [](ComFormulario &c) {
+         c.janela.ComboGrupos->ChooseText(c.janela.ComboGrupos->List(1));
+         return c.Novo<frmExportarContactos>(c.janela, c.s.geral, c.s.plataforma);
+     }},
+    {QStringLiteral("frmQR"),
+     [](ComFormulario &c) {
+         return c.Novo<frmQR>(c.s.geral, QByteArray(250, 'x'), QStringLiteral("Ágata Pereira"));
+     }},
     {QStringLiteral("frmBackup"),
      [](ComFormulario &c) { return c.Novo<frmBackup>(c.s.geral, c.s.plataforma); }},
     {QStringLiteral("frmImportar"),
@@ -159,6 +185,16 @@ inline const QMap<QString, Abertura> aberturas{
              QByteArray("Nome;Telemóvel;E-mail;Aniversário;Signo\r\n"
                         "Ana Silva;912345678;ana@exemplo.example;4/3/1975;Peixes\r\n"
                         "Rui Costa;3,51912E+11;rui@exemplo.example;28/11/1980;Sagitário\r\n"));
+     }},
+    {QStringLiteral("frmImportarContactos"),
+     [](ComFormulario &c) {
+         auto *form = c.Novo<frmImportarContactos>(c.s.geral, c.s.plataforma);
+         static_cast<frmImportarContactos *>(form)->Abrir_Cartoes(Cartoes_De_Exemplo(c.s));
+         form->show();
+         auto &barra = *static_cast<frmImportarContactos *>(form)->ProgressBar1;
+         while (barra.isVisible())
+             QCoreApplication::processEvents();
+         return form;
      }},
     {QStringLiteral("frmDuplicados"),
      [](ComFormulario &c) {

@@ -6,6 +6,7 @@
 #include "session/frmOpcoes.h"
 #include "session/Main.h"
 #include "testlib/Accoes.h"
+#include "testlib/BaseAntiga.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
@@ -500,6 +501,31 @@ private Q_SLOTS:
         p.janela.Carregar();
         QVERIFY(terminou);
         QVERIFY(p.s.caixas.Todas_Vistas());
+    }
+
+    void a_base_de_um_programa_mais_recente_e_recusada_logo_no_arranque()
+    {
+        PorArrancar p;
+        p.s.geral.de.Fechar_Ligacao();
+        p.s.Escrever(u"PRAGMA user_version=32000"_s);
+        const QStringList antes = p.s.Linhas(u"SELECT * FROM TblConfig"_s);
+        p.s.caixas.Espera_Erro(Failure::StoreError);
+        VERIFICAR_FALHA(p.Passo("Ler_TblConfig"), Failure::StoreError);
+        QVERIFY(p.s.caixas.Todas_Vistas());
+        QVERIFY(p.s.processo.Terminou());
+        QCOMPARE(p.s.Linhas(u"SELECT * FROM TblConfig"_s), antes);
+    }
+
+    void uma_base_antiga_arranca_e_a_janela_tem_as_legendas_novas()
+    {
+        PorArrancar p;
+        p.s.geral.de.Fechar_Ligacao();
+        Envelhecer(p.s);
+        p.janela.Carregar();
+        QVERIFY(p.janela.isVisible() && !p.s.processo.Terminou());
+        QVERIFY(p.janela.ListaNomes->ListCount() > 0);
+        QCOMPARE(p.janela.ImportarContactos->text(), p.s.Texto(274));
+        QVERIFY(p.s.geral.de.Em_Dia());
     }
 
     // Title, list, icon

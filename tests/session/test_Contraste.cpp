@@ -3,12 +3,20 @@
 #include "controls/Contrast.h"
 #include "controls/Palettes.h"
 #include "controls/Units.h"
+#include "platform/MessageBoxes.h"
+#include "report/CrystalReport.h"
+#include "report/ReportPages.h"
+#include "report/ReportPreview.h"
+#include "report/ReportView.h"
 #include "session/Formularios.h"
+#include "testlib/Accoes.h"
 #include "testlib/Legibilidade.h"
 #include "testlib/Teste.h"
 
+#include <QAbstractItemView>
 #include <QCalendarWidget>
 #include <QMenu>
+#include <QMessageBox>
 #include <QTextCharFormat>
 #include <QToolTip>
 
@@ -176,6 +184,114 @@ private Q_SLOTS:
         }
         QVERIFY2(faltas.isEmpty(), qPrintable(faltas.join(u'\n')));
         QVERIFY(medidos > 100);
+    }
+
+    void as_caixas_leem_se_data()
+    {
+        QTest::addColumn<QString>("paleta");
+        QTest::addColumn<int>("figura");
+        for (const QString &paleta : paletas.keys())
+            for (const int figura : {box::stop, box::question, box::exclamation, box::information})
+                QTest::addRow("%s, %d", qPrintable(paleta), figura) << paleta << figura;
+    }
+    void as_caixas_leem_se()
+    {
+        QFETCH(QString, paleta);
+        QFETCH(int, figura);
+        qApp->setPalette(paletas[paleta]());
+        bool vista = false;
+        accoes::Quando_Abrir<QMessageBox>([&](QMessageBox &caixa) {
+            vista = true;
+            const QStringList faltas = legibilidade::Ilegiveis(caixa);
+            QVERIFY2(faltas.isEmpty(), qPrintable(faltas.join(u'\n')));
+            int medidos = 0;
+            for (QWidget *parte : caixa.findChildren<QWidget *>())
+                legibilidade::Ilegiveis_De(*parte, &medidos);
+            QCOMPARE(medidos, 3); // the text and two buttons
+            caixa.reject();
+        });
+        DesktopMessageBoxes().show(u"Eliminar o contacto?"_s, figura | box::yesNo, u"Morvex"_s, nullptr);
+        QVERIFY(vista);
+    }
+
+    void a_caixa_dos_erros_le_se_com_os_pormenores_data() { as_dicas_leem_se_data(); }
+    void a_caixa_dos_erros_le_se_com_os_pormenores()
+    {
+        QFETCH(QString, paleta);
+        qApp->setPalette(paletas[paleta]());
+        bool vista = false;
+        accoes::Quando_Abrir<QMessageBox>([&](QMessageBox &caixa) {
+            vista = true;
+            const QStringList faltas = legibilidade::Ilegiveis(caixa);
+            QVERIFY2(faltas.isEmpty(), qPrintable(faltas.join(u'\n')));
+            caixa.reject();
+        });
+        DesktopMessageBoxes().showError(Failure(Failure::FileNotFound, u"report"_s, u"no such file"_s));
+        QVERIFY(vista);
+    }
+
+    void a_lista_aberta_de_uma_caixa_de_escolha_le_se_com_qualquer_linha_marcada_data()
+    {
+        as_dicas_leem_se_data();
+    }
+    void a_lista_aberta_de_uma_caixa_de_escolha_le_se_com_qualquer_linha_marcada()
+    {
+        QFETCH(QString, paleta);
+        qApp->setPalette(paletas[paleta]());
+        ComFormulario c(u"PortuguesPT"_s);
+        c.s.Novo_Grupo(u"Vizinhos"_s);
+        const auto &form = static_cast<frmAddEdit &>(Abrir(c, u"frmAddEdit"_s));
+        form.ComboGrupos->showPopup();
+        QAbstractItemView &lista = *form.ComboGrupos->view();
+        QVERIFY(lista.isVisible() && lista.model()->rowCount() > 1);
+        int medidos = 0;
+        QStringList faltas;
+        for (int linha = 0; linha < std::min(3, lista.model()->rowCount()); ++linha) {
+            lista.setCurrentIndex(lista.model()->index(linha, 0));
+            faltas += legibilidade::Ilegiveis_De(lista, &medidos);
+        }
+        form.ComboGrupos->hidePopup();
+        QVERIFY2(faltas.isEmpty(), qPrintable(faltas.join(u'\n')));
+        QVERIFY2(medidos >= 3 * (2 + 2), qPrintable(QString::number(medidos)));
+    }
+
+    void a_previsao_le_se_e_o_papel_e_sempre_branco_data() { as_dicas_leem_se_data(); }
+    void a_previsao_le_se_e_o_papel_e_sempre_branco()
+    {
+        QFETCH(QString, paleta);
+        qApp->setPalette(paletas[paleta]());
+        ComFormulario c(u"PortuguesPT"_s);
+        for (int i = 0; i < 200; ++i) // of several pages, so that the moves between them can be used
+            c.s.Novo_Contacto({{u"Nome"_s, Value(u"Rui %1"_s.arg(i))}, {u"Telefone1"_s, Value(u"21 555"_s)}});
+        QVERIFY(QFile::copy(qEnvironmentVariable("MORVEX_ENVIADOS") + u"/lista.rpt"_s,
+                            c.s.Ficheiro(u"lista.rpt"_s)));
+        CrystalReport controlo{c.s.caixas, c.s.dialogos, c.s.relogio, [] { return u"PortuguesPT"_s; }};
+        frmImprimir form(c.s.geral, controlo, *c.janela.ListaNomes);
+        form.opcoes->OptionLista->click();
+        form.CheckBoxPrevisualizar->setChecked(true);
+        form.cmdImprimir->click();
+        ReportPreview &previsao = *controlo.preview();
+        previsao.resize(1300, 800);
+        QTRY_VERIFY(previsao.pages()->complete());
+        const QStringList faltas = legibilidade::Ilegiveis(previsao);
+        QVERIFY2(faltas.isEmpty(), qPrintable(faltas.join(u'\n')));
+        int medidos = 0;
+        for (QWidget *parte : previsao.findChildren<QWidget *>())
+            if (parte->isVisible()) legibilidade::Ilegiveis_De(*parte, &medidos);
+        QVERIFY2(medidos >= 10, qPrintable(QString::number(medidos)));
+
+        const QImage folha = previsao.findChild<ReportView *>()->viewport()->grab().toImage();
+        const QPoint meio(folha.width() / 2, folha.height() / 2);
+        double melhor = 1;
+        int brancos = 0;
+        for (int y = meio.y() - 50; y < meio.y() + 50; ++y)
+            for (int x = meio.x() - 200; x < meio.x() + 200; ++x) {
+                melhor = std::max(melhor, contrast(folha.pixelColor(x, y), Qt::white));
+                brancos += folha.pixelColor(x, y) == QColor(Qt::white);
+            }
+        QVERIFY2(melhor >= readableContrast, qPrintable(QString::number(melhor)));
+        QVERIFY2(brancos > 100 * 400 / 2, qPrintable(QString::number(brancos)));
+        delete controlo.preview();
     }
 
     void as_dicas_leem_se_data() { os_menus_leem_se_com_a_entrada_marcada_e_sem_ela_data(); }

@@ -149,6 +149,31 @@ private Q_SLOTS:
         QCOMPARE(depois.centralwidget->size(), QSize(700, 480));
     }
 
+    void maximizada_volta_maximizada_e_o_ecra_inteiro_nao_e_medida_de_ninguem()
+    {
+        ComJanela c;
+        ReadWriteINI &ini = c.s.geral.ini;
+        (new LugarDaJanela(c.janela, ini))->Repor();
+        c.janela.show();
+        QVERIFY(!c.janela.isMaximized());
+        c.janela.showMaximized();
+        QTRY_COMPARE(ini.Ler_Ini(u"janela"_s, u"maximizada"_s), u"sim"_s);
+        QTest::qWait(600);
+        QCOMPARE(ini.Ler_Ini(u"janela"_s, u"largura"_s), QString());
+
+        Main depois(c.s.geral, c.s.plataforma);
+        (new LugarDaJanela(depois, ini))->Repor();
+        depois.show();
+        QVERIFY(depois.isMaximized());
+        depois.hide();
+        depois.show();
+        QVERIFY(depois.isMaximized());
+        depois.showMinimized();
+        QCOMPARE(ini.Ler_Ini(u"janela"_s, u"maximizada"_s), u"sim"_s);
+        depois.showNormal();
+        QTRY_COMPARE(ini.Ler_Ini(u"janela"_s, u"maximizada"_s), u"nao"_s);
+    }
+
     void sem_nada_mudado_nada_se_guarda()
     {
         ComJanela c;

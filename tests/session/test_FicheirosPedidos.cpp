@@ -1,7 +1,9 @@
 // Files that the program is started with: what each kind opens, and what they wait for.
 #include "interchange/FicheirosPedidos.h"
+#include "interchange/frmCampos.h"
 #include "interchange/frmImportar.h"
 #include "interchange/frmImportar2.h"
+#include "interchange/frmImportarContactos.h"
 #include "interchange/Intercambio.h"
 #include "session/frmLogin.h"
 #include "session/frmSobre.h"
@@ -32,6 +34,14 @@ struct Programa {
         janela.Abrir_Depois(ficheiros);
     }
     void Com_Utilizador() { s.Novo_Utilizador(u"Ana"_s, u"x"_s, u"11111"_s, true); }
+
+    QString Cartao() const
+    {
+        QFile ficheiro(s.Ficheiro(u"Ana.vcf"_s));
+        if (!ficheiro.open(QIODevice::WriteOnly)) QTest::qFail("no card was written", __FILE__, __LINE__);
+        ficheiro.write("BEGIN:VCARD\nFN:Ana Nova\nEND:VCARD\n");
+        return ficheiro.fileName();
+    }
 
     // Notes the path of each import form that comes, and closes it.
     void Anotar(int quantos)
@@ -119,27 +129,44 @@ private Q_SLOTS:
         QCOMPARE(p.s.Linhas(u"SELECT * FROM TblLista"_s).size(), antes.size() + 50);
     }
 
-    void cartoes_e_tabelas_dizem_que_esta_versao_os_nao_le_data()
+    void um_cartao_abre_a_importacao_de_contactos_e_nada_se_escreve_sem_ela()
     {
-        QTest::addColumn<QString>("idioma");
-        QTest::addColumn<QString>("caminho");
-        QTest::addColumn<QString>("dito");
-        QTest::newRow("pt") << u"PortuguesPT"_s << u"/casa/Ana.vcf"_s
-                            << u"Esta versão não lê ficheiros deste tipo:"_s;
-        QTest::newRow("fr") << u"FrancesFR"_s << u"/casa/Ana.CSV"_s
-                            << u"Cette version ne lit pas les fichiers de ce type\u00a0:"_s;
+        Programa p;
+        p.janela.Carregar();
+        const QString caminho = p.Cartao();
+        const QStringList antes = p.s.Linhas(u"SELECT * FROM TblLista"_s);
+        bool veio = false;
+        Quando_Abrir<frmImportarContactos>([&](frmImportarContactos &form) {
+            veio = true;
+            QCOMPARE(form.txtCaminho->text(), caminho);
+            QTRY_COMPARE(form.Lista->model()->rowCount(), 1);
+            form.cmdCancelar->click();
+        });
+        p.janela.findChild<FicheirosPedidos *>()->Abrir(caminho);
+        QVERIFY(veio);
+        QCOMPARE(p.s.Linhas(u"SELECT * FROM TblLista"_s), antes);
     }
-    void cartoes_e_tabelas_dizem_que_esta_versao_os_nao_le()
+
+    void uma_tabela_abre_os_campos_antes_da_importacao()
     {
-        QFETCH(QString, idioma);
-        QFETCH(QString, caminho);
-        QFETCH(QString, dito);
-        Sistema s(Sistema::Estado::Semeado, idioma);
-        Main janela(s.geral, s.plataforma);
-        janela.Carregar();
-        s.caixas.Espera(dito + u"\r\n"_s + caminho, box::exclamation, janela.windowTitle());
-        janela.findChild<FicheirosPedidos *>()->Abrir(caminho);
-        QVERIFY(s.caixas.Todas_Vistas());
+        Programa p;
+        p.janela.Carregar();
+        const QString caminho = p.s.Ficheiro(u"Ana.CSV"_s);
+        QFile ficheiro(caminho);
+        QVERIFY(ficheiro.open(QIODevice::WriteOnly));
+        ficheiro.write("Name,E-mail\nAna,ana@exemplo.pt\n");
+        ficheiro.close();
+        int linhas = 0;
+        Quando_Abrir<frmCampos>([&](frmCampos &campos) {
+            Quando_Abrir<frmImportarContactos>([&](frmImportarContactos &form) {
+                QTRY_COMPARE(form.Lista->model()->rowCount(), 1);
+                linhas = form.Lista->model()->rowCount();
+                form.cmdCancelar->click();
+            });
+            campos.cmdOk->click();
+        });
+        p.janela.findChild<FicheirosPedidos *>()->Abrir(caminho);
+        QCOMPARE(linhas, 1);
     }
 
     void so_estas_terminacoes_tem_resposta()
@@ -271,6 +298,37 @@ private Q_SLOTS:
         QTRY_COMPARE(p.caminhos, QStringList{u"/a.mdb"_s});
         QVERIFY(pediu);
         QVERIFY(p.janela.isVisible());
+    }
+
+    void um_cartao_espera_pelo_formulario_aberto_e_trancada_pela_senha()
+    {
+        Programa p;
+        p.Com_Utilizador();
+        Quando_Abrir<frmLogin>(Entrar);
+        p.janela.Carregar();
+        const QString caminho = p.Cartao();
+        QStringList passos;
+        const auto importacao = [&](frmImportarContactos &form) {
+            passos << u"form"_s;
+            form.cmdCancelar->click();
+        };
+        Quando_Abrir<frmSobre>([&](frmSobre &sobre) {
+            p.janela.Chamar({caminho});
+            QTest::qWait(espera);
+            QVERIFY(passos.isEmpty());
+            Quando_Abrir<frmImportarContactos>(importacao);
+            sobre.accept();
+        });
+        p.janela.Sobre->trigger();
+        QTRY_COMPARE(passos, QStringList{u"form"_s});
+        p.janela.close();
+        Quando_Abrir<frmLogin>([&](const frmLogin &login) {
+            passos << u"senha"_s;
+            Quando_Abrir<frmImportarContactos>(importacao);
+            Entrar(login);
+        });
+        p.janela.Chamar({caminho});
+        QTRY_COMPARE(passos, (QStringList{u"form"_s, u"senha"_s, u"form"_s}));
     }
 
     void sem_a_senha_nada_se_abre_nem_depois()

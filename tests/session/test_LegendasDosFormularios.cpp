@@ -113,6 +113,7 @@ const QList<Formulario> formularios{
     {"frmEnvelope",
      {u"title 159"_s, u"lblNome 161"_s, u"lblLeft 162"_s, u"lblCenter 163"_s, u"lblRight 164"_s,
       u"cmdImprimir 80"_s, u"cmdCancelar 43"_s}},
+    {"frmEtiquetas", {u"CheckBoxPrevisualizar 77"_s, u"cmdImprimir 80"_s, u"cmdCancelar 43"_s}},
     {"frmExportar", intervalo + QStringList{u"title 257"_s, u"frameExportar 257"_s, u"cmdExportar 257"_s,
                                             u"cmdFechar 135"_s}},
     {"frmBackup", {u"title 254"_s, u"Label1 253"_s, u"cmdIniciar 229"_s, u"cmdSair 136"_s}},
@@ -120,6 +121,10 @@ const QList<Formulario> formularios{
     {"frmImportar",
      {u"Label1 83"_s, u"Label2 84"_s, u"cmdProcurar 69"_s, u"cmdSeguinte 71"_s, u"cmdCancelar 43"_s}},
     {"frmImportar2", {u"Label1 83"_s, u"Label2 85"_s, u"cmdSeguinte 71"_s, u"cmdCancelar 43"_s}},
+    {"frmImportarContactos",
+     {u"title 285"_s, u"Label1 286"_s, u"cmdProcurar 69"_s, u"lblGrupos 289"_s, u"chkCriar 290"_s,
+      u"chkJuntar 291"_s, u"lblCodificacao 292"_s, u"lblEscolha 293"_s, u"cmdImportar 287"_s,
+      u"cmdAnular 288"_s, u"cmdCancelar 43"_s}},
     {"frmImportarMDB", {u"title 82"_s, u"Label1 83"_s, u"cmdSeguinte 229"_s, u"cmdCancelar 43"_s}},
 };
 

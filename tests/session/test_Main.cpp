@@ -2,10 +2,17 @@
 #include "controls/Controls.h"
 #include "controls/Units.h"
 #include "data/frmSeleccionarIdioma.h"
+#include "printing/frmImprimir.h"
+#include "report/ReportPages.h"
+#include "report/ReportPreview.h"
 #include "session/frmLogin.h"
 #include "session/Main.h"
+#include "testlib/Accoes.h"
 #include "testlib/ComJanela.h"
+#include "testlib/FotografiaNaBase.h"
 #include "testlib/Teste.h"
+
+#include <QPainter>
 
 using namespace Qt::StringLiterals;
 
@@ -307,6 +314,37 @@ private Q_SLOTS:
         janela.Fechar->trigger();
         QVERIFY(!janela.isVisible());
         QVERIFY(!s.processo.Terminou());
+    }
+
+    void a_ficha_que_se_imprime_traz_a_fotografia_que_a_base_guarda()
+    {
+        ComJanela c;
+        QVERIFY(QFile::copy(qEnvironmentVariable("MORVEX_ENVIADOS") + u"/memo.rpt"_s,
+                            c.s.Ficheiro(u"memo.rpt"_s)));
+        c.s.Escrever(u"DELETE FROM TblLista"_s);
+        c.Mostrar({{u"Nome"_s, u"Ana"_s}, {u"Fotografia"_s, Por_Na_Base(c.s, {400, 400})}});
+        QImage folha(595, 842, QImage::Format_RGB32);
+        accoes::Quando_Abrir<frmImprimir>([&](frmImprimir &form) {
+            form.opcoes->OptionMemo->click();
+            form.CheckBoxPrevisualizar->setChecked(true);
+            form.cmdImprimir->click();
+            for (QWidget *janela : QApplication::topLevelWidgets())
+                if (auto *previsao = qobject_cast<ReportPreview *>(janela)) {
+                    folha.fill(Qt::white);
+                    QPainter pintor(&folha);
+                    pintor.scale(595 / previsao->pages()->paper().width(),
+                                 842 / previsao->pages()->paper().height());
+                    previsao->pages()->paint(pintor, 0, ReportPages::OnPaper);
+                    previsao->close();
+                }
+            form.close();
+        });
+        c.janela.ImprimirLista->trigger();
+        int vermelhos = 0;
+        for (int y = 0; y < folha.height(); ++y)
+            for (int x = 0; x < folha.width(); ++x)
+                vermelhos += folha.pixel(x, y) == qRgb(200, 0, 0) ? 1 : 0;
+        QVERIFY2(vermelhos > 10'000, qPrintable(QString::number(vermelhos))); // 2268 by 2268 twips
     }
 };
 

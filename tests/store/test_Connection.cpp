@@ -14,6 +14,8 @@ class TestConnection : public QObject
 {
     Q_OBJECT
 
+    static constexpr qint64 paciencia = 12000; // ms: one wait in vain takes 5,000
+
     QTemporaryDir folder_;
     QString path_;
     Connection connection_;
@@ -33,6 +35,13 @@ class TestConnection : public QObject
         for (; !rs.Eof(); rs.MoveNext())
             names << rs.Fields("Nome").text();
         return names;
+    }
+    // Another connection to the same file, which begins with that statement.
+    void Abrir_Outra(Connection &outra, const QString &sql = {}) const
+    {
+        outra.setConnectionString(Fonte(path_));
+        outra.Open();
+        if (!sql.isEmpty()) outra.execute(sql, {});
     }
     void Criar_Tabela()
     {
@@ -100,6 +109,7 @@ private Q_SLOTS:
 
     void uma_ligacao_fechada_recusa_instrucoes()
     {
+        QCOMPARE(connection_.undone(), 0);
         VERIFICAR_FALHA(connection_.execute(u"DELETE FROM T"_s, {}), Failure::StoreError);
         VERIFICAR_FALHA(connection_.query(u"SELECT 1"_s, {}), Failure::StoreError);
     }
@@ -136,8 +146,7 @@ private Q_SLOTS:
     {
         Criar_Tabela();
         Connection outra;
-        outra.setConnectionString(Fonte(path_));
-        outra.Open();
+        Abrir_Outra(outra);
         const Connection::Mark antes = connection_.mark();
         QVERIFY(!(antes == Connection::Mark()));
         QCOMPARE(Nomes({}).size(), 3);
@@ -182,9 +191,7 @@ private Q_SLOTS:
         Criar_Tabela();
         Recordset rs = connection_.query(u"SELECT Nome FROM T ORDER BY ID"_s, {});
         Connection other;
-        other.setConnectionString(Fonte(path_));
-        other.Open();
-        other.execute(u"DELETE * FROM T"_s, {});
+        Abrir_Outra(other, u"DELETE * FROM T"_s);
         connection_.Close();
         QCOMPARE(rs.RecordCount(), 3);
         QCOMPARE(rs.Fields("Nome").text(), u"Álvaro"_s);
@@ -210,8 +217,7 @@ private Q_SLOTS:
         constexpr int muitas = 4500; // more than one portion
         Criar_Tabela();
         Connection outra;
-        outra.setConnectionString(Fonte(path_));
-        outra.Open();
+        Abrir_Outra(outra);
         connection_.gathering([&] {
             for (int i = 0; i < muitas; ++i)
                 connection_.execute(u"INSERT INTO T (Nome) VALUES (?)"_s, {QString::number(i)});
@@ -314,20 +320,15 @@ private Q_SLOTS:
         });
         QCOMPARE(connection_.written(inserir), antes + 2);
         Connection outra; // nothing is left locked
-        outra.setConnectionString(Fonte(path_));
-        outra.Open();
-        outra.execute(u"DELETE FROM T WHERE Nome='Rui'"_s, {});
+        Abrir_Outra(outra, u"DELETE FROM T WHERE Nome='Rui'"_s);
         QCOMPARE(Nomes(u"WHERE Nome IN ('Bia', 'Rui')"_s), QStringList(u"Bia"_s));
     }
 
     void uma_tranca_espera_se_uma_vez_ate_que_uma_escrita_passe()
     {
-        constexpr qint64 paciencia = 12000; // ms: one wait in vain takes 5,000
         Criar_Tabela();
         Connection outra;
-        outra.setConnectionString(Fonte(path_));
-        outra.Open();
-        outra.execute(u"BEGIN EXCLUSIVE"_s, {});
+        Abrir_Outra(outra, u"BEGIN EXCLUSIVE"_s);
         QElapsedTimer relogio;
         relogio.start();
         connection_.waitingOnce([&] {
@@ -346,13 +347,10 @@ private Q_SLOTS:
     // A reader lets a portion begin, but not reach the file: that is known before the first of its writes.
     void um_leitor_espera_se_uma_vez_por_muito_que_a_porcao_cresca()
     {
-        constexpr qint64 paciencia = 12000; // ms: one wait in vain takes 5,000
         constexpr int mais_do_que_a_memoria = 1500;
         Criar_Tabela();
         Connection leitor;
-        leitor.setConnectionString(Fonte(path_));
-        leitor.Open();
-        leitor.execute(u"BEGIN"_s, {});
+        Abrir_Outra(leitor, u"BEGIN"_s);
         QCOMPARE(leitor.query(u"SELECT * FROM T"_s, {}).RecordCount(), 3);
         QElapsedTimer relogio;
         relogio.start();
@@ -374,12 +372,9 @@ private Q_SLOTS:
 
     void so_uma_escrita_que_chegou_ao_ficheiro_devolve_a_paciencia()
     {
-        constexpr qint64 paciencia = 12000; // ms: one wait in vain takes 5,000
         Criar_Tabela();
         Connection leitor;
-        leitor.setConnectionString(Fonte(path_));
-        leitor.Open();
-        leitor.execute(u"BEGIN"_s, {});
+        Abrir_Outra(leitor, u"BEGIN"_s);
         QCOMPARE(leitor.query(u"SELECT * FROM T"_s, {}).RecordCount(), 3);
         QElapsedTimer relogio;
         relogio.start();
@@ -415,6 +410,24 @@ private Q_SLOTS:
         QCOMPARE(Nomes(u"WHERE Nome LIKE 'nnn%'"_s).size(), escritas);
     }
 
+    // Until it is written it stands in memory.
+    void uma_porcao_com_muitos_bytes_escreve_se_antes_de_ter_muitas_linhas()
+    {
+        Criar_Tabela();
+        connection_.execute(u"CREATE TABLE B (Bytes BLOB)"_s, {});
+        Connection outra;
+        outra.setConnectionString(Fonte(path_));
+        outra.Open();
+        const auto quantas = u"SELECT count(*) AS n FROM B"_s;
+        connection_.gathering([&] {
+            for (int i = 0; i < 16; ++i)
+                connection_.execute(u"INSERT INTO B VALUES (?)"_s, {QByteArray(1 << 20, 'b')});
+            QCOMPARE(outra.query(quantas, {}).Fields("n").number(), 16);
+            connection_.execute(u"INSERT INTO B VALUES (?)"_s, {QByteArray("pouco")});
+        });
+        QCOMPARE(outra.query(quantas, {}).Fields("n").number(), 17);
+    }
+
     void uma_copia_em_memoria_nao_prende_o_ficheiro()
     {
         Criar_Tabela();
@@ -448,6 +461,26 @@ private Q_SLOTS:
         QCOMPARE(linhas, (QStringList{u"1|Álvaro|Álvaro"_s, u"2|ANDRÉ|ANDRÉ"_s}));
     }
 
+    void so_as_linhas_queridas_passam_pela_ordem_pedida()
+    {
+        Criar_Tabela();
+        const QString sql = u"SELECT Nome FROM T WHERE wanted(Nome, NULL) ORDER BY Nome DESC"_s;
+        QStringList perguntas;
+        QStringList passadas;
+        connection_.rowsWanted(
+            sql, {},
+            [&](std::string_view nome, std::string_view nulo) {
+                perguntas << QString::fromUtf8(nome) + QString::number(nulo.size());
+                return nome != "ANDRÉ";
+            },
+            [&](const Row &linha) { passadas << linha.field(0).text(); });
+        QCOMPARE(passadas, (QStringList{u"Zita"_s, u"Álvaro"_s}));
+        perguntas.sort();
+        QCOMPARE(perguntas, (QStringList{u"ANDRÉ0"_s, u"Zita0"_s, u"Álvaro0"_s}));
+        VERIFICAR_FALHA(connection_.rows(sql, {}, [](const Row &) {}),
+                        Failure::StoreError); // nobody says it now
+    }
+
     void uma_falha_a_meio_das_linhas_nao_deixa_o_ficheiro_trancado()
     {
         Criar_Tabela();
@@ -460,9 +493,7 @@ private Q_SLOTS:
                         Failure::ItemNotFound);
         QCOMPARE(vistas, 1);
         Connection other;
-        other.setConnectionString(Fonte(path_));
-        other.Open();
-        other.execute(u"DELETE FROM T"_s, {}); // waits for a lock in vain, and fails
+        Abrir_Outra(other, u"DELETE FROM T"_s); // waits for a lock in vain, and fails
         QCOMPARE(Nomes(u""_s), QStringList());
     }
 

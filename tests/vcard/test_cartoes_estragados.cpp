@@ -1,13 +1,12 @@
 // Damaged card files: whatever is done to one, it is read in a moment, and what was read survives being
-// written. MORVEX_ESTRAGOS sets how many are tried.
+// written.
+#include "testlib/Estragador.h"
 #include "testlib/TempoGasto.h"
 #include "testlib/Teste.h"
 #include "vcard/CardNormalForm.h"
 #include "vcard/CardPatch.h"
 #include "vcard/CardWriter.h"
 #include "vcard/Cartoes.h"
-
-#include <random>
 
 using namespace Qt::StringLiterals;
 
@@ -44,74 +43,31 @@ QList<QByteArray> Originais()
     };
 }
 
-class Estragador
+QList<QByteArray> Pedacos()
 {
-public:
-    QByteArray operator()(QByteArray bytes)
-    {
-        for (int i = Ao_Acaso(6); i >= 0; --i)
-            Estragar(bytes);
-        return bytes;
-    }
-
-private:
-    int Ao_Acaso(qsizetype limite)
-    {
-        return limite <= 0 ? 0 : static_cast<int>(acaso_() % static_cast<std::uint32_t>(limite));
-    }
-
-    void Estragar(QByteArray &bytes)
-    {
-        static const QList<QByteArray> pedacos{"\r\n",
-                                               "\n",
-                                               "\r",
-                                               "=\r\n",
-                                               "\r\n ",
-                                               ":",
-                                               ";",
-                                               "\"",
-                                               "\\",
-                                               ",",
-                                               "\xC3",
-                                               QByteArray(1, '\0'),
-                                               "=",
-                                               "=3",
-                                               "BEGIN:VCARD\n",
-                                               "END:VCARD\n",
-                                               "AGENT:\n",
-                                               "item1.",
-                                               "--",
-                                               "data:",
-                                               ";ENCODING=b",
-                                               ";CHARSET=utf-16",
-                                               ";QUOTED-PRINTABLE"};
-        const int onde = Ao_Acaso(bytes.size() + 1);
-        switch (Ao_Acaso(6)) {
-        case 0: // one byte
-            if (onde < bytes.size()) bytes[onde] = static_cast<char>(Ao_Acaso(256));
-            break;
-        case 1: // a piece goes
-            bytes.remove(onde, Ao_Acaso(40));
-            break;
-        case 2: // a piece comes twice
-            bytes.insert(onde, bytes.mid(Ao_Acaso(bytes.size() + 1), Ao_Acaso(200)));
-            break;
-        case 3: // the end is missing
-            if (Ao_Acaso(4) == 0) bytes.truncate(onde);
-            break;
-        default:
-            bytes.insert(onde, pedacos.at(Ao_Acaso(pedacos.size())));
-        }
-    }
-
-    std::mt19937 acaso_{20240229};
-};
-
-int Quantos()
-{
-    constexpr int na_suite = 2000;
-    const int pedidos = qEnvironmentVariableIntValue("MORVEX_ESTRAGOS");
-    return pedidos > 0 ? pedidos : na_suite;
+    return {"\r\n",
+            "\n",
+            "\r",
+            "=\r\n",
+            "\r\n ",
+            ":",
+            ";",
+            "\"",
+            "\\",
+            ",",
+            "\xC3",
+            QByteArray(1, '\0'),
+            "=",
+            "=3",
+            "BEGIN:VCARD\n",
+            "END:VCARD\n",
+            "AGENT:\n",
+            "item1.",
+            "--",
+            "data:",
+            ";ENCODING=b",
+            ";CHARSET=utf-16",
+            ";QUOTED-PRINTABLE"};
 }
 } // namespace
 
@@ -122,10 +78,10 @@ class TestCartoesEstragados : public QObject
 private Q_SLOTS:
     void nenhum_estrago_para_o_leitor_nem_perde_um_cartao_ao_escrever()
     {
-        Estragador estragador;
+        Estragador estragador(Pedacos());
         double mais_lento = 0; // microseconds
         qsizetype cartoes = 0;
-        for (int i = 0; i < Quantos(); ++i) {
+        for (int i = 0; i < Estragador::Quantos(); ++i) {
             const QList<QByteArray> originais = Originais();
             const QByteArray ficheiro =
                 estragador(originais.at(i % originais.size()) + originais.at((i / 3) % 3));
@@ -146,9 +102,9 @@ private Q_SLOTS:
                 QVERIFY(!patchedCard(cartao, {cartao.first("TEL")}, "TEL:1\r\n").isEmpty());
             }
         }
-        qInfo("%d files, %lld cards, the slowest %.1f ms", Quantos(), static_cast<long long>(cartoes),
-              mais_lento / 1000);
-        QVERIFY(cartoes > Quantos());
+        qInfo("%d files, %lld cards, the slowest %.1f ms", Estragador::Quantos(),
+              static_cast<long long>(cartoes), mais_lento / 1000);
+        QVERIFY(cartoes > Estragador::Quantos());
         constexpr double um_segundo = 1e6;
         QVERIFY(mais_lento < um_segundo);
     }

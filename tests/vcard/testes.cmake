@@ -3,6 +3,7 @@ foreach(teste IN ITEMS
     test_CardReader
     test_CardContent
     test_CardWriter
+    test_CardInVersion
     test_CardPatch
     test_CardVersion3
     test_cartoes_estragados)

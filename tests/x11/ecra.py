@@ -185,6 +185,28 @@ def activar(id_janela):
     until(lambda: run("xdotool", "getactivewindow") == id_janela, "the focus")
 
 
+def maximizar(id_janela, ligar=True):
+    """By a double click on its title, which also takes it back."""
+    activar(id_janela)
+    run("xdotool", "mousemove", "--window", id_janela, "--", "200", "-8")
+    run("xdotool", "click", "--repeat", "2", "--delay", "60", "1")
+    until(lambda: maximizada(id_janela) == ligar, "the window maximised or not")
+
+
+def maximizada(id_janela):
+    return "_NET_WM_STATE_MAXIMIZED_VERT" in run("xprop", "-id", id_janela, "_NET_WM_STATE")
+
+
+def minimizada(id_janela):
+    return "Iconic" in run("xprop", "-id", id_janela, "WM_STATE")
+
+
+def retirada(id_janela):
+    """Neither on the screen nor in the task list."""
+    estado = run("xprop", "-id", id_janela, "WM_STATE")
+    return "Withdrawn" in estado or "not found" in estado
+
+
 def tecla(*teclas):
     run("xdotool", "key", "--delay", "40", *teclas)
 

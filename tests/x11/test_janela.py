@@ -69,6 +69,23 @@ class AJanela(unittest.TestCase):
         self.outra_vez()
         self.assertEqual(ecra.geometria(self.janela)[2:], (largura + 100, altura + 60))
 
+    def test_maximizada_volta_maximizada_sobre_o_lugar_e_o_tamanho_que_tinha(self):
+        onde = self.mover()
+        ecra.maximizar(self.janela)
+        time.sleep(1)
+        self.assertGreater(ecra.geometria(self.janela)[2], onde[2])
+        self.outra_vez()
+        self.assertTrue(ecra.maximizada(self.janela))
+        self.esconder()
+        self.chamar()
+        self.assertTrue(ecra.maximizada(self.janela))
+        ecra.maximizar(self.janela, ligar=False)
+        time.sleep(1)
+        self.assertEqual(ecra.geometria(self.janela), onde)
+        self.outra_vez()
+        self.assertFalse(ecra.maximizada(self.janela))
+        self.assertEqual(ecra.geometria(self.janela), onde)
+
     def test_nao_fica_menor_do_que_foi_desenhada(self):
         antes = ecra.geometria(self.janela)[2:]
         ecra.run("xdotool", "windowsize", self.janela, "300", "200")

@@ -52,6 +52,29 @@ class LinhaDeComandos(unittest.TestCase):
         self.assertEqual(self.programa.sql("SELECT count(*) FROM TblLista"), [(50,)])
         self.assertTrue(self.programa.vive())
 
+    def test_um_cartao_importa_se_so_com_o_teclado(self):
+        self.programa.comecar()
+        self.em_frente(TITULO)
+        cartoes = self.programa.pasta / "gente.vcf"
+        cartoes.write_text("".join(f"BEGIN:VCARD\r\nFN:{nome}\r\nEND:VCARD\r\n" for nome in ("Ana", "Rui", "Eva")))
+        self.assertEqual(self.programa.comecar_outra_vez(str(cartoes)), 0)
+        importar = self.programa.legenda(285, IDIOMA)
+        self.em_frente(importar)
+        time.sleep(1)  # the list has the keyboard once the file is read
+        ecra.tecla("Down")
+        ecra.tecla("space")  # Rui does not come
+        self.assertEqual(self.programa.sql("SELECT count(*) FROM TblLista"), [(0,)])
+        ecra.tecla("alt+" + self.programa.letra(287, IDIOMA))
+        ecra.until(lambda: self.programa.sql("SELECT Nome FROM TblLista ORDER BY ID") == [("Ana",), ("Eva",)],
+                   "the two who are ticked")
+        ecra.tecla("alt+" + self.programa.letra(288, IDIOMA))
+        ecra.until(lambda: self.programa.sql("SELECT count(*) FROM TblLista") == [(0,)], "the import taken back")
+        ecra.tecla("alt+" + self.programa.letra(287, IDIOMA))
+        ecra.until(lambda: self.programa.sql("SELECT count(*) FROM TblLista") == [(2,)], "the import once more")
+        ecra.tecla("alt+" + self.programa.letra(135, IDIOMA))
+        ecra.sem_janela(importar)
+        self.assertTrue(self.programa.vive())
+
     def test_o_gestor_de_ficheiros_ouve_a_recusa_numa_caixa(self):
         carta = self.programa.pasta / "carta.doc"
         carta.touch()

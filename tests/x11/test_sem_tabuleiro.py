@@ -16,10 +16,6 @@ LOGIN = "Morvex - Login"
 SENHA = "+-*/"
 
 
-def minimizada(id_janela):
-    return "Iconic" in ecra.run("xprop", "-id", id_janela, "WM_STATE")
-
-
 class SemTabuleiro(unittest.TestCase):
     def setUp(self):
         self.programa = ecra.Programa(EXECUTAVEL)
@@ -41,12 +37,10 @@ class SemTabuleiro(unittest.TestCase):
     def escapar(self, principal):
         ecra.activar(principal)
         ecra.tecla("Escape")
-        ecra.until(lambda: minimizada(principal), "the minimised window")
+        ecra.until(lambda: ecra.minimizada(principal), "the minimised window")
 
     def retirada(self, principal):
-        """Neither on the screen nor in the task list."""
-        ecra.until(lambda: "Withdrawn" in ecra.run("xprop", "-id", principal, "WM_STATE")
-                   or "not found" in ecra.run("xprop", "-id", principal, "WM_STATE"), "the hidden window")
+        ecra.until(lambda: ecra.retirada(principal), "the hidden window")
 
     def test_o_tabuleiro_que_vem_morre_e_volta(self):
         self.programa.comecar()
@@ -55,17 +49,17 @@ class SemTabuleiro(unittest.TestCase):
         self.por_tabuleiro()
         self.retirada(principal)
         ecra.clicar(*ecra.icone_do_tabuleiro())
-        ecra.until(lambda: ecra.janelas(TITULO) and not minimizada(principal), "the window")
+        ecra.until(lambda: ecra.janelas(TITULO) and not ecra.minimizada(principal), "the window")
 
         ecra.activar(principal)
         ecra.tecla("Escape")
         self.retirada(principal)
         self.matar_tabuleiro()
-        ecra.until(lambda: minimizada(principal), "the window in the task list")
+        ecra.until(lambda: ecra.minimizada(principal), "the window in the task list")
         self.por_tabuleiro()
         self.retirada(principal)
         ecra.clicar(*ecra.icone_do_tabuleiro())
-        ecra.until(lambda: ecra.janelas(TITULO) and not minimizada(principal), "the window once more")
+        ecra.until(lambda: ecra.janelas(TITULO) and not ecra.minimizada(principal), "the window once more")
 
     def mentir_no_tamanho(self, largura, altura):
         self.programa.comecar()
@@ -79,7 +73,7 @@ class SemTabuleiro(unittest.TestCase):
         ecra.tecla("Escape")
         self.retirada(principal)  # there is an area, whatever it says of its size
         mentiroso.kill()
-        ecra.until(lambda: minimizada(principal), "the window in the task list")
+        ecra.until(lambda: ecra.minimizada(principal), "the window in the task list")
 
     def test_um_tabuleiro_sem_tamanho_nada_estraga(self):
         self.mentir_no_tamanho(1, 1)
@@ -101,25 +95,25 @@ class SemTabuleiro(unittest.TestCase):
 
         ecra.run("xdotool", "windowactivate", principal)  # as a task list does
         ecra.activar(ecra.janela(LOGIN))
-        ecra.until(lambda: minimizada(principal), "the window down again")
+        ecra.until(lambda: ecra.minimizada(principal), "the window down again")
         ecra.tecla("Escape")
         ecra.sem_janela(LOGIN)
-        self.assertTrue(minimizada(principal))
+        self.assertTrue(ecra.minimizada(principal))
 
         ecra.run("xdotool", "windowactivate", principal)
         ecra.activar(ecra.janela(LOGIN))
         ecra.escrever(SENHA)
         ecra.tecla("Return")
         ecra.sem_janela(LOGIN)
-        ecra.until(lambda: not minimizada(principal), "the open window")
+        ecra.until(lambda: not ecra.minimizada(principal), "the open window")
 
     def test_arrancar_minimizado_deixa_a_janela_na_lista_de_tarefas(self):
         self.programa.definir("arranque", "minimizar", "sim")
         self.programa.comecar()
         principal = ecra.until(lambda: ecra.run("xdotool", "search", "--name", "^" + TITULO).split(), "a window")[-1]
-        ecra.until(lambda: minimizada(principal), "the minimised window")
+        ecra.until(lambda: ecra.minimizada(principal), "the minimised window")
         ecra.run("xdotool", "windowactivate", principal)
-        ecra.until(lambda: not minimizada(principal), "the window")
+        ecra.until(lambda: not ecra.minimizada(principal), "the window")
 
 
 if __name__ == "__main__":

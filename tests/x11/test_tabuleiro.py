@@ -16,10 +16,6 @@ ABRIR_MORVEX = 157
 SENHA, SENHA_DA_OUTRA, SENHA_DO_RUI = "+-*/", "+*+*", "*/*/"
 
 
-def minimizada(id_janela):
-    return "Iconic" in ecra.run("xprop", "-id", id_janela, "WM_STATE")
-
-
 class Tabuleiro(unittest.TestCase):
     def setUp(self):
         self.programa = ecra.Programa(EXECUTAVEL)
@@ -76,9 +72,9 @@ class Tabuleiro(unittest.TestCase):
         principal = ecra.janela(TITULO)
         icone = ecra.icone_do_tabuleiro()
         ecra.run("xdotool", "windowminimize", principal)
-        ecra.until(lambda: minimizada(principal), "the minimised window")
+        ecra.until(lambda: ecra.minimizada(principal), "the minimised window")
         ecra.clicar(*icone)
-        ecra.until(lambda: not minimizada(principal), "the window in its normal state")
+        ecra.until(lambda: not ecra.minimizada(principal), "the window in its normal state")
 
         outra = ecra.Programa(EXECUTAVEL)  # a window of somebody else's, in front
         self.addCleanup(outra.fechar)

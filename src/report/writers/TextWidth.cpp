@@ -1,6 +1,7 @@
 #include "report/writers/TextWidth.h"
 
 #include <algorithm>
+#include <array>
 
 namespace
 {
@@ -56,16 +57,19 @@ struct TextMeasure::Letter {
     double width;
 };
 
-TextMeasure::TextMeasure() { near_.fill(unknown); }
-
-TextMeasure::TextMeasure(const QFont &font) : font_(font) { near_.fill(unknown); }
+TextMeasure::TextMeasure(const QFont &font) : font_(font) {}
 
 double TextMeasure::letterWidth(char32_t letter) const
 {
-    double &width = letter < near_.size() ? near_[letter] : far_.try_emplace(letter, unknown).first->second;
-    if (width != unknown) return width;
-    if (!standsAlone(letter)) return width = 0;
-    return width = font_ ? font_->horizontalAdvance(QString::fromUcs4(&letter, 1)) : placesOf(letter);
+    if (LetterWidths::holds(letter)) return near_.of(letter, [&] { return measured(letter); });
+    const auto known = far_.find(letter);
+    return known != far_.end() ? known->second : far_.emplace(letter, measured(letter)).first->second;
+}
+
+double TextMeasure::measured(char32_t letter) const
+{
+    if (!standsAlone(letter)) return 0;
+    return font_ ? font_->horizontalAdvance(QString::fromUcs4(&letter, 1)) : placesOf(letter);
 }
 
 double TextMeasure::width(QStringView text) const

@@ -1,7 +1,8 @@
 // How much room a text takes, and where it breaks when it has less.
 #pragma once
 
-#include <array>
+#include "report/LetterWidths.h"
+
 #include <optional>
 #include <QFontMetricsF>
 #include <QString>
@@ -14,7 +15,7 @@
 class TextMeasure
 {
 public:
-    TextMeasure();
+    TextMeasure() = default;
     explicit TextMeasure(const QFont &font);
 
     // Of the widest line.
@@ -32,10 +33,10 @@ private:
     double letterWidth(char32_t letter) const;
     qsizetype breakOf(QStringView line, double width) const;
 
-    static constexpr double unknown = -1;
+    double measured(char32_t letter) const;
+
     std::optional<QFontMetricsF> font_;
-    // Measured when first met: those of Latin, Greek and Cyrillic, and all others.
-    mutable std::array<double, 0x530> near_;
+    mutable LetterWidths near_;
     mutable std::unordered_map<char32_t, double> far_;
 };
 

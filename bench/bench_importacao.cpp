@@ -1,0 +1,173 @@
+// Measures the import of 10,000 foreign cards, read, mapped, compared with a book of 10,000 contacts and
+// written, beside its floor in the same run: the same rows inserted by the bare store in one transaction.
+// Half of the cards are new and half complete somebody of the book, unless told otherwise; then all are new.
+// Usage: bench_importacao [novos]
+#include "controls/Application.h"
+#include "interchange/EscritaDaImportacao.h"
+#include "interchange/frmImportarContactos.h"
+#include "session/Main.h"
+#include "store/TextRules.h"
+#include "testlib/Pausas.h"
+#include "testlib/Sistema.h"
+#include "testlib/Teste.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <ctime>
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <sys/resource.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr int cartoes = 10'000;
+constexpr int repeticoes = 5;
+
+double Mediana(std::vector<double> tempos)
+{
+    std::sort(tempos.begin(), tempos.end());
+    return tempos[tempos.size() / 2];
+}
+
+// Of the processor, in ms, whatever else the machine is doing.
+double Tempo(const std::function<void()> &trabalho)
+{
+    const std::clock_t antes = std::clock();
+    trabalho();
+    return 1e3 * static_cast<double>(std::clock() - antes) / CLOCKS_PER_SEC;
+}
+
+double Memoria_Maior_MB()
+{
+    rusage uso{};
+    getrusage(RUSAGE_SELF, &uso);
+    return static_cast<double>(uso.ru_maxrss) / 1e3;
+}
+
+// Those from that number on.
+QByteArray Livro(int primeiro)
+{
+    QByteArray livro;
+    for (int i = primeiro; i < primeiro + cartoes; ++i) {
+        const QByteArray n = QByteArray::number(i);
+        livro += "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:cartao-" + n + "\r\nN:Gonçalves;Conceição " + n +
+                 ";;;\r\nFN:Conceição " + n + " Gonçalves\r\nTEL;TYPE=CELL,VOICE:+351 91" +
+                 n.rightJustified(7, '0') + "\r\nEMAIL;TYPE=INTERNET:c" + n +
+                 "@exemplo.pt\r\nADR;TYPE=HOME:;;Rua da Sé\\, " + n + ";Porto;;4000-001;Portugal\r\n" +
+                 "END:VCARD\r\n";
+    }
+    return livro;
+}
+
+void Encher(Sistema &s)
+{
+    s.Escrever(u"DELETE FROM TblLista"_s);
+    const QString vazio = u""_s;
+    s.geral.de.Juntar([&] {
+        for (int i = 0; i < cartoes; ++i)
+            s.geral.de.Executar("cmdAdicionarNome",
+                                {u"Conceição %1 Gonçalves"_s.arg(i), vazio, vazio, vazio,
+                                 u"+351 91%1"_s.arg(i, 7, 10, QChar(u'0')), vazio, vazio, vazio, vazio, vazio,
+                                 u"c%1@exemplo.pt"_s.arg(i), vazio, vazio, vazio, vazio, vazio, 1});
+    });
+}
+
+// The floor: the same rows, in an empty book.
+double Insercao_Nua(Sistema &cheia, int linhas)
+{
+    SQLite::Database origem(cheia.Base().toStdString());
+    registerTextRules(origem.getHandle());
+    SQLite::Statement consulta(origem,
+                               "SELECT * FROM TblLista ORDER BY ID DESC LIMIT " + std::to_string(linhas));
+    const int largura = consulta.getColumnCount() - 1;
+    std::vector<std::string> celulas;
+    while (consulta.executeStep())
+        for (int i = 1; i <= largura; ++i)
+            celulas.push_back(consulta.getColumn(i).getString());
+    Sistema vazia(Sistema::Estado::Vazio);
+    SQLite::Database destino(vazia.Base().toStdString(), SQLite::OPEN_READWRITE);
+    registerTextRules(destino.getHandle());
+    destino.exec("PRAGMA synchronous=FULL");
+    std::string lugares = "INSERT INTO TblLista VALUES (NULL";
+    for (int i = 0; i < largura; ++i)
+        lugares += ",?";
+    return Tempo([&] {
+        SQLite::Transaction transaccao(destino);
+        SQLite::Statement inserir(destino, lugares + ")");
+        for (auto celula = celulas.begin(); celula != celulas.end();) {
+            for (int i = 1; i <= largura; ++i)
+                inserir.bindNoCopy(i, *celula++);
+            inserir.exec();
+            inserir.reset();
+        }
+        transaccao.commit();
+    });
+}
+
+struct Tempos {
+    std::vector<double> leitura, comparacao, escrita, tudo, nua;
+};
+
+void Uma_Vez(Tempos &tempos, const QByteArray &livro)
+{
+    Sistema s;
+    Encher(s);
+    ImportacaoDeContactos importacao(s.geral.de, u"0"_s, u"PortuguesPT"_s);
+    tempos.leitura.push_back(Tempo([&] { importacao.Abrir_Cartoes(livro, {}, {}); }));
+    tempos.comparacao.push_back(Tempo([&] {
+        while (importacao.Avancar()) {
+        }
+    }));
+    EscritaDaImportacao escrita(s.geral.de, importacao, {u"0"_s, u"1"_s, false});
+    tempos.escrita.push_back(Tempo([&] { escrita.Escrever([](int) { return true; }); }));
+    tempos.tudo.push_back(tempos.leitura.back() + tempos.comparacao.back() + tempos.escrita.back());
+    if (escrita.Feita().adicionados + escrita.Feita().completados != cartoes) qFatal("lost contacts");
+    tempos.nua.push_back(Insercao_Nua(s, cartoes));
+}
+
+// The longest time in which the form takes no event while it reads, and while it writes.
+void Medir_Pausas(const QByteArray &livro)
+{
+    Sistema s;
+    Encher(s);
+    const QString caminho = s.Ficheiro(u"livro.vcf"_s);
+    QFile ficheiro(caminho);
+    if (!ficheiro.open(QIODevice::WriteOnly) || ficheiro.write(livro) != livro.size()) qFatal("cannot write");
+    ficheiro.close();
+    frmImportarContactos form(s.geral, s.plataforma);
+    form.show();
+    QCoreApplication::processEvents();
+    const auto medir = [&](const char *nome, const std::function<void()> &comecar) {
+        Pausas pausas;
+        comecar();
+        while (form.ProgressBar1->isVisible())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        std::printf("longest pause while it %s %lld ms\n", nome, static_cast<long long>(pausas.maior));
+    };
+    medir("reads ", [&] { form.Abrir(caminho); });
+    medir("writes", [&] { form.cmdImportar->click(); });
+}
+} // namespace
+
+int main(int argc, char **argv)
+{
+    qputenv("MORVEX_ENVIADOS", MORVEX_ENVIADOS);
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    teste::CaixasDaAplicacao caixas;
+    Application application(argc, argv, caixas);
+
+    const QByteArray livro = Livro(argc > 1 ? cartoes : cartoes / 2);
+    const double antes = Memoria_Maior_MB();
+    Tempos tempos;
+    for (int i = 0; i < repeticoes; ++i)
+        Uma_Vez(tempos, livro);
+    const double tudo = Mediana(tempos.tudo);
+    const double nua = Mediana(tempos.nua);
+    std::printf("%.1f MB of cards\nread         %7.1f ms\nmap, compare %7.1f ms\nwrite        %7.1f ms\n"
+                "all          %7.1f ms\nbare insert  %7.1f ms   import takes %.2f of it\n"
+                "memory       %7.1f MB at the most, %.1f before\n",
+                static_cast<double>(livro.size()) / 1e6, Mediana(tempos.leitura), Mediana(tempos.comparacao),
+                Mediana(tempos.escrita), tudo, nua, tudo / nua, Memoria_Maior_MB(), antes);
+    Medir_Pausas(livro);
+}

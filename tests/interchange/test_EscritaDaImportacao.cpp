@@ -1,0 +1,494 @@
+// The writing of an import: all of it or nothing, and back again.
+#include "interchange/EscritaDaImportacao.h"
+
+#include "data/CartoesGuardados.h"
+#include "data/Fotografias.h"
+#include "platform/Failure.h"
+#include "testlib/DiscoPequeno.h"
+#include "testlib/MorteNoDisco.h"
+#include "testlib/Sistema.h"
+#include "testlib/Teste.h"
+
+#include <QElapsedTimer>
+#include <QProcess>
+
+using namespace Qt::StringLiterals;
+using E = Escolha;
+
+namespace
+{
+// A picture of two by two points.
+const QByteArray pontos = QByteArray::fromBase64(
+    "iVBORw0KGgoAAAANSUhEUgAAAAIAAAACCAAAAABX3VL4AAAADklEQVR4nGMQUGAwcAAAAXYAoewwivQAAAAASUVORK5CYII=");
+
+QByteArray Cartao(const QByteArray &linhas)
+{
+    return "BEGIN:VCARD\r\nVERSION:3.0\r\n" + linhas + "\r\nEND:VCARD\r\n";
+}
+
+QByteArray Pessoas(int quantas)
+{
+    QByteArray livro;
+    for (int i = 0; i < quantas; ++i)
+        livro += Cartao("UID:u" + QByteArray::number(i) + "\r\nFN:Pessoa " + QByteArray::number(i) +
+                        "\r\nTEL:21" + QByteArray::number(1000000 + i) +
+                        "\r\nPHOTO;ENCODING=b:" + (i == 0 ? pontos.toBase64() : QByteArray()));
+    return livro;
+}
+
+// Everything that an import can touch.
+const QStringList tabelas{u"TblLista"_s, u"TblGrupos"_s, u"TblCartoes"_s, u"TblFotografias"_s};
+
+QStringList Estado(Sistema &s)
+{
+    QStringList tudo;
+    for (const QString &tabela : tabelas)
+        tudo << tabela << s.Linhas(u"SELECT * FROM %1 ORDER BY 1"_s.arg(tabela));
+    return tudo << s.Linhas(u"SELECT name, seq FROM sqlite_sequence WHERE name = 'TblLista'"_s);
+}
+
+bool Sempre(int) { return true; }
+
+struct ComImportacao {
+    ComImportacao()
+    {
+        s.Escrever(u"DELETE FROM TblLista"_s);
+        ana = QString::number(s.Novo_Contacto({{u"Nome"_s, u"Ana Silva"_s},
+                                               {u"Telemovel1"_s, u"912 345 678"_s},
+                                               {u"Email1"_s, u"ana@exemplo.pt"_s},
+                                               {u"Telefone1"_s, Value(nullptr)},
+                                               {u"Grupo"_s, 2}}));
+    }
+
+    ImportacaoDeContactos &Ler(const QByteArray &bytes, const GruposDaImportacao &grupos = {})
+    {
+        importacao.emplace(s.geral.de, s.geral.SessaoActual.IdUtilizador, u"PortuguesPT"_s);
+        importacao->Abrir_Cartoes(bytes, {}, grupos);
+        while (importacao->Avancar()) {
+        }
+        return *importacao;
+    }
+
+    EscritaDaImportacao &Escrita(bool criar_grupos = false)
+    {
+        escrita.emplace(s.geral.de, *importacao,
+                        EscritaDaImportacao::Pedido{s.geral.SessaoActual.IdUtilizador, u"1"_s, criar_grupos});
+        return *escrita;
+    }
+
+    void Importar(const QByteArray &bytes, const GruposDaImportacao &grupos = {})
+    {
+        Ler(bytes, grupos);
+        if (!Escrita(grupos.criar).Escrever(Sempre)) qFatal("cancelled");
+    }
+
+    QString Coluna_De(const QString &ID, const QString &coluna)
+    {
+        return s.Linhas(u"SELECT %1 FROM TblLista WHERE ID = %2"_s.arg(coluna, ID)).value(0);
+    }
+
+    Sistema s;
+    QString ana;
+    std::optional<ImportacaoDeContactos> importacao;
+    std::optional<EscritaDaImportacao> escrita;
+};
+
+// This program once more, with the changes to files counted from the first write on; one of them kills it.
+void Filho_Que_Morre(const QString &base, const QString &ficheiro, int mudanca)
+{
+    QString caminho = base;
+    DE de(caminho, QFileInfo(base).path());
+    QFile cartoes(ficheiro);
+    if (!cartoes.open(QIODevice::ReadOnly)) qFatal("no cards");
+    ImportacaoDeContactos importacao(de, u"0"_s, u"PortuguesPT"_s);
+    importacao.Abrir_Cartoes(cartoes.readAll(), {}, {});
+    while (importacao.Avancar()) {
+    }
+    EscritaDaImportacao escrita(de, importacao, {u"0"_s, u"1"_s, false});
+    morte_no_disco::Armar(mudanca);
+    escrita.Escrever(Sempre);
+    morte_no_disco::armada = false;
+    std::fputs(morte_no_disco::mudancas.c_str(), stdout);
+}
+} // namespace
+
+class TestEscritaDaImportacao : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    // What is written
+
+    void um_novo_traz_a_linha_o_cartao_e_a_fotografia()
+    {
+        ComImportacao c;
+        const QByteArray cartao = Cartao(
+            "UID:abc\r\nFN:Rui Costa\r\nTEL;TYPE=CELL:966666666\r\nPHOTO;ENCODING=b:" + pontos.toBase64());
+        c.Importar(cartao);
+        const QString ID = QString::number(c.s.Ultimo_Id(u"TblLista"_s));
+        QCOMPARE(c.Coluna_De(ID, u"Nome"_s), u"Rui Costa"_s);
+        QCOMPARE(c.Coluna_De(ID, u"Grupo"_s), u"1"_s);
+        const QString fotografia = c.Coluna_De(ID, u"Fotografia"_s);
+        QVERIFY(E_Da_Base(fotografia));
+        QCOMPARE(FotografiasDaBase(c.s.geral.de).Ler(fotografia), pontos);
+        const auto guardado = CartoesGuardados(c.s.geral.de).Ler(ID);
+        QVERIFY(guardado);
+        QCOMPARE(guardado->UID, u"abc"_s);
+        QCOMPARE(guardado->cartao, cartao);
+        QCOMPARE(c.escrita->Feita().adicionados, 1);
+    }
+
+    void a_mesma_fotografia_guarda_se_uma_vez()
+    {
+        ComImportacao c;
+        const QByteArray foto = "\r\nPHOTO;ENCODING=b:" + pontos.toBase64();
+        c.Importar(Cartao("FN:Rui" + foto) + Cartao("FN:Eva" + foto));
+        QCOMPARE(c.s.Linhas(u"SELECT * FROM TblFotografias"_s).size(), 1);
+        QCOMPARE(
+            c.s.Linhas(u"SELECT DISTINCT Fotografia FROM TblLista WHERE Fotografia LIKE 'bd:%'"_s).size(), 1);
+    }
+
+    void completar_so_enche_o_que_esta_vazio()
+    {
+        ComImportacao c;
+        c.Importar(Cartao("FN:ANA SILVA\r\nEMAIL:ana@exemplo.pt\r\nTEL;TYPE=CELL:933333333\r\nURL:ana.pt"));
+        QCOMPARE(c.s.Linhas(u"SELECT * FROM TblLista"_s).size(), 1);
+        QCOMPARE(c.Coluna_De(c.ana, u"Nome"_s), u"Ana Silva"_s);
+        QCOMPARE(c.Coluna_De(c.ana, u"Telemovel1"_s), u"912 345 678"_s);
+        QCOMPARE(c.Coluna_De(c.ana, u"Telemovel2"_s), u"933333333"_s);
+        QCOMPARE(c.Coluna_De(c.ana, u"Website"_s), u"ana.pt"_s);
+        QCOMPARE(c.Coluna_De(c.ana, u"Telefone1"_s), u"<Null>"_s);
+        QCOMPARE(c.Coluna_De(c.ana, u"Grupo"_s), u"2"_s);
+        QCOMPARE(c.escrita->Feita().completados, 1);
+        QVERIFY(CartoesGuardados(c.s.geral.de).Ler(c.ana));
+    }
+
+    // Somebody else has written since the file was read.
+    void o_que_entretanto_se_escreveu_tambem_fica()
+    {
+        ComImportacao c;
+        c.Ler(Cartao("FN:Ana Silva\r\nEMAIL:ana@exemplo.pt\r\nURL:do-cartao.pt"));
+        c.s.Escrever(u"UPDATE TblLista SET Website = 'da-outra-copia.pt'"_s);
+        QVERIFY(c.Escrita().Escrever(Sempre));
+        QCOMPARE(c.Coluna_De(c.ana, u"Website"_s), u"da-outra-copia.pt"_s);
+    }
+
+    void quem_entretanto_desapareceu_vem_como_novo()
+    {
+        ComImportacao c;
+        c.Ler(Cartao("FN:Ana Silva\r\nEMAIL:ana@exemplo.pt\r\nURL:ana.pt"));
+        c.s.Escrever(u"DELETE FROM TblLista"_s);
+        QVERIFY(c.Escrita().Escrever(Sempre));
+        QCOMPARE(c.s.Linhas(u"SELECT Nome, Website FROM TblLista"_s), QStringList{u"Ana Silva|ana.pt"_s});
+        QCOMPARE(c.escrita->Feita().adicionados, 1);
+    }
+
+    void duas_copias_no_ficheiro_dao_um_contacto_inteiro()
+    {
+        ComImportacao c;
+        c.Importar(Cartao("FN:Rui Costa\r\nTEL;TYPE=CELL:966666666") +
+                   Cartao("FN:Rui Costa\r\nTEL;TYPE=CELL:966666666\r\nURL:rui.pt"));
+        QCOMPARE(c.s.Linhas(u"SELECT Nome, Telemovel1, Website FROM TblLista WHERE Nome LIKE 'Rui%'"_s),
+                 QStringList{u"Rui Costa|966666666|rui.pt"_s});
+        QCOMPARE(c.escrita->Feita().adicionados, 1);
+        QCOMPARE(c.escrita->Feita().completados, 1);
+    }
+
+    void sem_a_primeira_copia_a_segunda_vem_sozinha()
+    {
+        ComImportacao c;
+        c.Ler(Cartao("FN:Rui Costa\r\nTEL;TYPE=CELL:966666666\r\nNOTE:primeira") +
+              Cartao("FN:Rui Costa\r\nTEL;TYPE=CELL:966666666\r\nURL:rui.pt"));
+        c.importacao->Contactos()[0].escolha = E::Saltar;
+        QVERIFY(c.Escrita().Escrever(Sempre));
+        QCOMPARE(c.s.Linhas(u"SELECT Nome, Obs, Website FROM TblLista WHERE Nome LIKE 'Rui%'"_s),
+                 QStringList{u"Rui Costa||rui.pt"_s});
+    }
+
+    // The second copy follows the first to whom that one was joined by hand.
+    void quem_se_juntou_a_alguem_leva_as_suas_copias_consigo()
+    {
+        ComImportacao c;
+        c.Ler(Cartao("FN:Nita\r\nEMAIL:ana@exemplo.pt") +
+              Cartao("FN:Nita\r\nEMAIL:ana@exemplo.pt\r\nURL:nita.pt"));
+        auto &contactos = c.importacao->Contactos();
+        QCOMPARE(contactos[0].veredicto, Veredicto::Talvez);
+        contactos[0].escolha = E::Juntar;
+        QVERIFY(c.importacao->Quem(contactos[1].quem.front()).ID.isEmpty() || contactos[1].quem.size() > 1);
+        contactos[1].escolha = E::Juntar;
+        contactos[1].com = contactos[1].quem.size() - 1; // the one of the file
+        QVERIFY(c.Escrita().Escrever(Sempre));
+        QCOMPARE(c.s.Linhas(u"SELECT Nome, Website FROM TblLista"_s), QStringList{u"Ana Silva|nita.pt"_s});
+    }
+
+    void saltar_nao_escreve_ninguem()
+    {
+        ComImportacao c;
+        c.Ler(Cartao("FN:Rui") + Cartao("FN:Ana Silva\r\nEMAIL:ana@exemplo.pt\r\nURL:ana.pt"));
+        for (ContactoAImportar &contacto : c.importacao->Contactos())
+            contacto.escolha = E::Saltar;
+        const QStringList antes = Estado(c.s);
+        QVERIFY(c.Escrita().Escrever(Sempre));
+        QCOMPARE(Estado(c.s), antes);
+        QCOMPARE(c.escrita->Feita().saltados, 2);
+    }
+
+    void o_cartao_de_antes_fica_se_nao_vier_o_mesmo()
+    {
+        ComImportacao c;
+        CartoesGuardados guardados(c.s.geral.de);
+        guardados.Guardar({c.ana, u"antigo"_s, "o de antes"});
+        c.Importar(Cartao("UID:outro\r\nFN:Ana Silva\r\nEMAIL:ana@exemplo.pt\r\nURL:ana.pt"));
+        QCOMPARE(guardados.Ler(c.ana)->cartao, "o de antes");
+        const QByteArray novo = Cartao("UID:antigo\r\nFN:Ana Silva\r\nTEL:213333333");
+        c.Importar(novo);
+        QCOMPARE(guardados.Ler(c.ana)->cartao, novo);
+    }
+
+    // Groups
+
+    void a_categoria_escolhe_o_grupo_e_quem_nao_diz_nenhum_vai_para_o_escolhido()
+    {
+        ComImportacao c;
+        const QString nome = c.s.Linhas(u"SELECT NomeGrupo FROM TblGrupos WHERE ID = 2"_s).value(0);
+        c.Importar(Cartao("FN:Rui\r\nCATEGORIES:" + nome.toUtf8()) + Cartao("FN:Eva"), {{nome}, {}, false});
+        QCOMPARE(c.s.Linhas(u"SELECT Nome, Grupo FROM TblLista WHERE Nome IN ('Rui','Eva') ORDER BY ID"_s),
+                 (QStringList{u"Rui|2"_s, u"Eva|1"_s}));
+        QVERIFY(c.escrita->GruposCriados().isEmpty());
+    }
+
+    void um_grupo_em_falta_cria_se_uma_vez_e_e_de_quem_importa()
+    {
+        ComImportacao c;
+        const int eva = c.s.Novo_Utilizador(u"Eva"_s, u"x"_s);
+        // Of somebody else, and not in view: its contacts would vanish there.
+        const int de_outro = c.s.Novo_Grupo(u"Xadrez"_s, eva + 100);
+        c.s.Entrar(u"Eva"_s);
+        c.Importar(Cartao("FN:Rui\r\nCATEGORIES:Xadrez") + Cartao("FN:Rita\r\nCATEGORIES:xadrez"),
+                   {{}, {}, true});
+        const QStringList grupos = c.s.Linhas(
+            u"SELECT ID, IdUtilizador FROM TblGrupos WHERE NomeGrupo = 'Xadrez' AND ID <> %1"_s.arg(
+                de_outro));
+        QCOMPARE(grupos.size(), 1);
+        QCOMPARE(grupos[0].section(u'|', 1), QString::number(eva));
+        QCOMPARE(c.s.Linhas(u"SELECT DISTINCT Grupo FROM TblLista WHERE Nome LIKE 'R%'"_s),
+                 QStringList{grupos[0].section(u'|', 0, 0)});
+        QCOMPARE(c.escrita->GruposCriados(), QStringList{u"Xadrez"_s});
+    }
+
+    void sem_o_grupo_escolhido_nada_se_escreve()
+    {
+        ComImportacao c;
+        c.Ler(Pessoas(3));
+        c.s.Escrever(u"DELETE FROM TblGrupos WHERE ID = 1"_s);
+        const QStringList antes = Estado(c.s);
+        QVERIFY_THROWS_EXCEPTION(GrupoDesaparecido, c.Escrita().Escrever(Sempre));
+        QCOMPARE(Estado(c.s), antes);
+    }
+
+    // Numbers
+
+    void uma_agenda_que_passaria_do_ultimo_numero_recusa_se_inteira()
+    {
+        ComImportacao c;
+        c.s.Escrever(u"UPDATE sqlite_sequence SET seq = 32765 WHERE name = 'TblLista'"_s);
+        c.Ler(Pessoas(3));
+        const QStringList antes = Estado(c.s);
+        qint64 cabem = -1;
+        try {
+            c.Escrita().Escrever(Sempre);
+        } catch (const NaoCabem &falta) {
+            cabem = falta.cabem;
+        }
+        QCOMPARE(cabem, 2);
+        QCOMPARE(Estado(c.s), antes);
+        c.importacao->Contactos()[1].escolha = E::Saltar;
+        QVERIFY(c.Escrita().Escrever(Sempre));
+        QCOMPARE(c.s.Ultimo_Id(u"TblLista"_s), 32767);
+    }
+
+    void completar_nao_gasta_numeros()
+    {
+        ComImportacao c;
+        c.s.Escrever(u"UPDATE sqlite_sequence SET seq = 32767 WHERE name = 'TblLista'"_s);
+        c.Importar(Cartao("FN:Ana Silva\r\nEMAIL:ana@exemplo.pt\r\nURL:ana.pt"));
+        QCOMPARE(c.Coluna_De(c.ana, u"Website"_s), u"ana.pt"_s);
+    }
+
+    // Back again
+
+    void anular_deixa_tudo_como_estava()
+    {
+        ComImportacao c;
+        CartoesGuardados(c.s.geral.de).Guardar({c.ana, u"ana"_s, "o de antes"});
+        const QStringList antes = Estado(c.s);
+        c.Importar(
+            Cartao("UID:ana\r\nFN:Ana Silva\r\nURL:ana.pt\r\nTEL;TYPE=HOME:213333333\r\nPHOTO;ENCODING=b:" +
+                   pontos.toBase64()) +
+                Pessoas(4) + Cartao("FN:Rui\r\nCATEGORIES:Xadrez"),
+            {{}, {}, true});
+        QVERIFY(Estado(c.s) != antes);
+        QCOMPARE(CartoesGuardados(c.s.geral.de).Ler(c.ana)->cartao.left(5), "BEGIN");
+        c.escrita->Anular();
+        QCOMPARE(Estado(c.s), antes);
+    }
+
+    void anular_nao_gasta_numeros()
+    {
+        ComImportacao c;
+        const int ultimo = c.s.Ultimo_Id(u"TblLista"_s);
+        for (int i = 0; i < 3; ++i) {
+            c.Importar(Pessoas(10));
+            c.escrita->Anular();
+        }
+        c.Importar(Pessoas(1));
+        QCOMPARE(c.s.Ultimo_Id(u"TblLista"_s), ultimo + 1);
+    }
+
+    void anular_deixa_o_que_entretanto_se_mudou()
+    {
+        ComImportacao c;
+        c.Importar(Cartao("FN:Ana Silva\r\nEMAIL:ana@exemplo.pt\r\nURL:ana.pt\r\nTEL;TYPE=HOME:213333333") +
+                       Cartao("FN:Rui\r\nCATEGORIES:Xadrez"),
+                   {{}, {}, true});
+        const QString xadrez = c.s.Linhas(u"SELECT ID FROM TblGrupos WHERE NomeGrupo = 'Xadrez'"_s).value(0);
+        c.s.Escrever(u"UPDATE TblLista SET Website = 'mudado.pt' WHERE ID = "_s + c.ana);
+        const int novo = c.s.Novo_Contacto({{u"Nome"_s, u"Da outra cópia"_s}, {u"Grupo"_s, xadrez}});
+        c.escrita->Anular();
+        QCOMPARE(c.Coluna_De(c.ana, u"Website"_s), u"mudado.pt"_s);
+        QCOMPARE(c.Coluna_De(c.ana, u"Telefone1"_s), u"<Null>"_s);
+        QCOMPARE(c.Coluna_De(QString::number(novo), u"Grupo"_s), xadrez);
+        QCOMPARE(c.s.Linhas(u"SELECT ID FROM TblGrupos WHERE NomeGrupo = 'Xadrez'"_s).size(), 1);
+        QVERIFY(c.s.Ultimo_Id(u"TblLista"_s) == novo); // its number is given no second time
+        QVERIFY(c.s.Novo_Contacto({{u"Nome"_s, u"Mais um"_s}, {u"Grupo"_s, 1}}) > novo);
+    }
+
+    // Broken off
+
+    void cancelar_a_meio_tira_tudo()
+    {
+        ComImportacao c;
+        c.Ler(Pessoas(50));
+        const QStringList antes = Estado(c.s);
+        int maior = 0;
+        QVERIFY(!c.Escrita().Escrever([&](int percentagem) {
+            maior = percentagem;
+            return percentagem < 50;
+        }));
+        QCOMPARE(maior, 50);
+        QCOMPARE(Estado(c.s), antes);
+        QVERIFY(c.escrita->Escrever(Sempre)); // and once more from the beginning
+        QCOMPARE(c.escrita->Feita().adicionados, 50);
+        QCOMPARE(c.s.Linhas(u"SELECT * FROM TblLista"_s).size(), 51);
+    }
+
+    void um_disco_cheio_a_meio_nao_deixa_metade()
+    {
+        DiscoPequeno disco(700);
+        if (!disco.Montado()) QSKIP("no disk of its own can be mounted here");
+        Sistema s;
+        s.Escrever(u"DELETE FROM TblLista"_s);
+        const QString base = disco.Ficheiro(u"morvex.mdb"_s);
+        QVERIFY(QFile::copy(s.Base(), base));
+        QFile::setPermissions(base, QFile::ReadOwner | QFile::WriteOwner);
+        QString caminho = base;
+        DE de(caminho, disco.Pasta());
+        ImportacaoDeContactos importacao(de, u"0"_s, u"PortuguesPT"_s);
+        importacao.Abrir_Cartoes(Pessoas(4000), {}, {});
+        while (importacao.Avancar()) {
+        }
+        EscritaDaImportacao escrita(de, importacao, {u"0"_s, u"1"_s, false});
+        Failure::Kind especie = Failure::Kind::Other;
+        try {
+            escrita.Escrever(Sempre);
+        } catch (const Failure &falha) {
+            especie = falha.kind();
+        }
+        QVERIFY(especie == Failure::Kind::DiskFull);
+        Recordset linhas = de.Abrir("cmdProcurarNome", {u"%"_s});
+        QCOMPARE(linhas.RecordCount(), 0);
+    }
+
+    void por_outra_copia_que_escreve_espera_se_uma_vez_e_nada_se_escreve()
+    {
+        ComImportacao c;
+        c.Ler(Pessoas(20));
+        const QStringList antes = Estado(c.s);
+        Connection outra;
+        outra.setConnectionString(u"Data Source='%1'"_s.arg(c.s.Base()));
+        outra.Open();
+        outra.execute(u"BEGIN IMMEDIATE"_s, {});
+        QElapsedTimer relogio;
+        relogio.start();
+        Failure::Kind especie = Failure::Kind::Other;
+        try {
+            c.Escrita().Escrever(Sempre);
+        } catch (const Failure &falha) {
+            especie = falha.kind();
+        }
+        QVERIFY(especie == Failure::Kind::DatabaseLocked);
+        QVERIFY(relogio.elapsed() < 9000);
+        outra.execute(u"ROLLBACK"_s, {});
+        QCOMPARE(Estado(c.s), antes);
+        QVERIFY(c.Escrita().Escrever(Sempre));
+    }
+
+    void uma_morte_em_qualquer_momento_deixa_tudo_ou_nada()
+    {
+        ComImportacao c;
+        const QString ficheiro = c.s.Ficheiro(u"pessoas.vcf"_s);
+        QFile cartoes(ficheiro);
+        QVERIFY(cartoes.open(QIODevice::WriteOnly));
+        cartoes.write(Pessoas(30));
+        cartoes.close();
+        const QByteArray antes = [&] {
+            QFile base(c.s.Base());
+            return base.open(QIODevice::ReadOnly) ? base.readAll() : QByteArray();
+        }();
+        const auto filho = [&](int mudanca) {
+            QProcess processo;
+            processo.start(QCoreApplication::applicationFilePath(),
+                           {u"--morre"_s, c.s.Base(), ficheiro, QString::number(mudanca)});
+            processo.waitForFinished(-1);
+            return std::pair(processo.exitStatus(), processo.readAllStandardOutput());
+        };
+        int nadas = 0;
+        int tudos = 0;
+        for (int mudanca = 1;; ++mudanca) {
+            QFile base(c.s.Base());
+            QFile::remove(c.s.Base() + u"-journal"_s);
+            QVERIFY(base.open(QIODevice::WriteOnly) && base.write(antes) == antes.size());
+            base.close();
+            const auto [fim, mudancas] = filho(mudanca);
+            Connection ligacao;
+            ligacao.setConnectionString(u"Data Source='%1'"_s.arg(c.s.Base()));
+            ligacao.Open();
+            const auto contar = [&](const QString &tabela) {
+                return ligacao.query(u"SELECT count(*) AS n FROM "_s + tabela, {}).Fields("n").number();
+            };
+            const int contactos = contar(u"TblLista"_s);
+            QVERIFY2(contactos == 1 || contactos == 31, qPrintable(QString::number(mudanca)));
+            QCOMPARE(contar(u"TblCartoes"_s), contactos - 1);
+            QCOMPARE(contar(u"TblFotografias"_s), contactos == 1 ? 0 : 1);
+            ++(contactos == 1 ? nadas : tudos);
+            if (fim == QProcess::NormalExit) break;
+        }
+        QVERIFY(nadas > 3);
+        QVERIFY(tudos > 0);
+    }
+};
+
+int main(int argc, char **argv)
+{
+    DiscoPequeno::Preparar();
+    teste::CaixasDaAplicacao caixas;
+    Application application(argc, argv, caixas);
+    const QStringList argumentos = QCoreApplication::arguments();
+    if (argumentos.value(1) == "--morre"_L1) {
+        Filho_Que_Morre(argumentos[2], argumentos[3], argumentos[4].toInt());
+        return 0;
+    }
+    TestEscritaDaImportacao testes;
+    return QTest::qExec(&testes, argc, argv);
+}
+#include "test_EscritaDaImportacao.moc"

@@ -1,0 +1,577 @@
+// The import of foreign contacts, from the choice of the file to the report, as a person meets it.
+#include "interchange/frmImportarContactos.h"
+
+#include "interchange/ContactosAImportar.h"
+#include "interchange/frmCampos.h"
+#include "interchange/Intercambio.h"
+#include "platform/Failure.h"
+#include "session/frmLogin.h"
+#include "session/SystemTray.h"
+#include "testlib/Accoes.h"
+#include "testlib/ComJanela.h"
+#include "testlib/DiscoCheio.h"
+#include "testlib/Teste.h"
+
+#include <QClipboard>
+#include <QMimeData>
+#include <QScrollBar>
+#include <QShortcut>
+
+using namespace Qt::StringLiterals;
+using accoes::Quando_Abrir;
+using E = Escolha;
+
+namespace
+{
+QByteArray Cartao(const QByteArray &linhas)
+{
+    return "BEGIN:VCARD\r\nVERSION:3.0\r\n" + linhas + "\r\nEND:VCARD\r\n";
+}
+
+// Somebody of each kind: new, completes Ana, is Ana, may be Ana, and a fault.
+const QByteArray de_tudo = Cartao("FN:Rui Costa\r\nTEL;TYPE=CELL:966666666\r\nCATEGORIES:Xadrez") +
+                           Cartao("FN:Ana Silva\r\nEMAIL:ana@exemplo.pt\r\nURL:ana.pt") +
+                           Cartao("FN:Ana Silva\r\nEMAIL:ana@exemplo.pt") +
+                           Cartao("FN:Outra Gente\r\nEMAIL:ana@exemplo.pt") + "lixo\r\n";
+
+struct Programa : ComJanela {
+    Programa()
+    {
+        ana = s.Novo_Contacto(
+            {{u"Nome"_s, u"Ana Silva"_s}, {u"Email1"_s, u"ana@exemplo.pt"_s}, {u"Grupo"_s, 1}});
+        janela.Carregar();
+    }
+
+    QString Ficheiro(const QString &nome, const QByteArray &bytes)
+    {
+        QFile ficheiro(s.Ficheiro(nome));
+        if (!ficheiro.open(QIODevice::WriteOnly) || ficheiro.write(bytes) != bytes.size())
+            QTest::qFail("the file was not written", __FILE__, __LINE__);
+        return ficheiro.fileName();
+    }
+
+    QStringList Contactos() { return s.Linhas(u"SELECT Nome, Website FROM TblLista ORDER BY ID"_s); }
+
+    int ana = 0;
+};
+
+// A form that stands there with that file, read.
+struct Formulario {
+    explicit Formulario(Programa &p, const QByteArray &bytes = de_tudo, const QString &nome = u"gente.vcf"_s)
+        : form(p.s.geral, p.s.plataforma, &p.janela)
+    {
+        form.show();
+        form.Abrir(p.Ficheiro(nome, bytes));
+        Esperar();
+    }
+
+    void Esperar()
+    {
+        for (int i = 0; i < 2000 && form.ProgressBar1->isVisible(); ++i)
+            QTest::qWait(5);
+    }
+    QString Celula(int linha, int coluna)
+    {
+        return form.Lista->model()->index(linha, coluna).data().toString();
+    }
+    bool Marcado(int linha)
+    {
+        return form.Lista->model()->index(linha, 0).data(Qt::CheckStateRole).toInt() == Qt::Checked;
+    }
+    void Ir_Para(int linha) { form.Lista->setCurrentIndex(form.Lista->model()->index(linha, 0)); }
+    void Escolher(int qual)
+    {
+        form.ComboEscolha->setCurrentIndex(qual);
+        Q_EMIT form.ComboEscolha->activated(qual);
+    }
+    int Linhas() { return form.Lista->model()->rowCount(); }
+
+    frmImportarContactos form;
+};
+
+// The toolkit hands a drop only to what took the drag before. True where both were taken, as a copy.
+bool Largar(QWidget &janela, const QMimeData &dados)
+{
+    QDragEnterEvent entrada({10, 10}, Qt::CopyAction | Qt::MoveAction, &dados, Qt::LeftButton, {});
+    entrada.ignore();
+    QCoreApplication::sendEvent(&janela, &entrada);
+    QDropEvent largada({10, 10}, Qt::CopyAction | Qt::MoveAction, &dados, Qt::LeftButton, {});
+    largada.ignore();
+    QCoreApplication::sendEvent(&janela, &largada);
+    return entrada.isAccepted() && largada.isAccepted() && largada.dropAction() == Qt::CopyAction;
+}
+
+// Whether the word stands there in bold.
+bool Carregado(QTextEdit &campo, const QString &palavra)
+{
+    const QTextCursor achada = campo.document()->find(palavra);
+    return !achada.isNull() && achada.charFormat().fontWeight() == QFont::Bold;
+}
+} // namespace
+
+class TestFrmImportarContactos : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    // What is shown
+
+    void a_lista_diz_o_que_cada_um_e()
+    {
+        Programa p;
+        Formulario f(p);
+        QCOMPARE(f.Linhas(), 4);
+        QStringList estados;
+        for (int i = 0; i < 4; ++i)
+            estados << f.Celula(i, ContactosAImportar::Estado);
+        QCOMPARE(estados, (QStringList{u"novo"_s, u"completa"_s, u"igual"_s, u"a decidir"_s}));
+        QCOMPARE(f.Celula(0, ContactosAImportar::Numero), u"966666666"_s);
+        QCOMPARE(f.Celula(0, ContactosAImportar::IgualA), QString());
+        QCOMPARE(f.Celula(3, ContactosAImportar::IgualA), u"Ana Silva"_s);
+        QVERIFY(f.Marcado(0) && f.Marcado(1) && !f.Marcado(2) && f.Marcado(3));
+        QCOMPARE(f.form.lblContagem->text(), u"Contactos: 4    Novos: 1    Completam: 1    Iguais: 1    "
+                                             "A decidir: 1    Com problemas: 1"_s);
+    }
+
+    void o_que_muda_esta_carregado()
+    {
+        Programa p;
+        Formulario f(p);
+        f.Ir_Para(1);
+        QVERIFY(Carregado(*f.form.txtContacto, u"ana.pt"_s));
+        QVERIFY(!Carregado(*f.form.txtContacto, u"ana@exemplo.pt"_s));
+        f.Ir_Para(3); // beside the one who is there
+        QVERIFY(f.form.txtContacto->toPlainText().contains(u"Outra Gente"_s));
+        QVERIFY(f.form.txtContacto->toPlainText().contains(u"Já na agenda:"_s));
+        QVERIFY(f.form.txtContacto->toPlainText().contains(u"Ana Silva"_s));
+    }
+
+    // A card is foreign text: what looks like a page is shown as it is written.
+    void um_nome_com_sinais_de_uma_pagina_fica_texto()
+    {
+        Programa p;
+        Formulario f(p, Cartao("FN:<img src=\"file:///etc/passwd\"><b>x</b>"));
+        QVERIFY(f.form.txtContacto->toPlainText().contains(u"<b>x</b>"_s));
+    }
+
+    void nada_se_escreve_antes_de_importar()
+    {
+        Programa p;
+        const QStringList antes = p.s.Linhas(u"SELECT * FROM TblLista"_s);
+        Formulario f(p);
+        f.form.chkCriar->click();
+        f.Esperar();
+        f.Ir_Para(3);
+        f.Escolher(1);
+        f.form.cmdCancelar->click();
+        QVERIFY(!f.form.isVisible());
+        QCOMPARE(p.s.Linhas(u"SELECT * FROM TblLista"_s), antes);
+        QCOMPARE(p.s.Linhas(u"SELECT * FROM TblGrupos WHERE NomeGrupo = 'Xadrez'"_s).size(), 0);
+    }
+
+    // What is done
+
+    void importar_da_o_relatorio_e_a_lista_le_se_de_novo()
+    {
+        Programa p;
+        Formulario f(p);
+        QSignalSpy mudados(&f.form, &frmImportarContactos::ContactosMudados);
+        f.form.cmdImportar->click();
+        QCOMPARE(p.Contactos(), (QStringList{u"Ana Silva|ana.pt"_s, u"Rui Costa|"_s, u"Outra Gente|"_s}));
+        QCOMPARE(mudados.size(), 1);
+        QCOMPARE(f.form.lblContagem->text(), u"Adicionados: 2    Completados: 1    Saltados: 1"_s);
+        const QString relatorio = f.form.txtContacto->toPlainText();
+        QVERIFY(relatorio.contains(u"Com problemas: 1"_s));
+        QVERIFY(relatorio.contains(u"Linha 23 – está fora de qualquer cartão"_s));
+        QVERIFY(f.form.isVisible());
+        QVERIFY(!f.form.cmdImportar->isVisible() && f.form.cmdAnular->isVisible());
+        QCOMPARE(f.form.cmdCancelar->text(), p.s.Texto(135));
+    }
+
+    void anular_importacao_serve_ate_o_formulario_fechar()
+    {
+        Programa p;
+        const QStringList antes = p.s.Linhas(u"SELECT * FROM TblLista"_s);
+        Formulario f(p);
+        f.form.chkCriar->click();
+        f.Esperar();
+        f.form.cmdImportar->click();
+        QVERIFY(p.s.Linhas(u"SELECT * FROM TblLista"_s) != antes);
+        QCOMPARE(p.s.Linhas(u"SELECT * FROM TblGrupos WHERE NomeGrupo = 'Xadrez'"_s).size(), 1);
+        f.form.cmdAnular->click();
+        QCOMPARE(p.s.Linhas(u"SELECT * FROM TblLista"_s), antes);
+        QCOMPARE(p.s.Linhas(u"SELECT * FROM TblGrupos WHERE NomeGrupo = 'Xadrez'"_s).size(), 0);
+        QCOMPARE(f.form.lblContagem->text(), p.s.Texto(332));
+        f.form.cmdImportar->click(); // and once more
+        QCOMPARE(p.Contactos().size(), 3);
+    }
+
+    void a_escolha_de_cada_um_vale()
+    {
+        Programa p;
+        Formulario f(p);
+        f.Ir_Para(0);
+        f.Escolher(1); // skip
+        QVERIFY(!f.Marcado(0));
+        f.Ir_Para(1);
+        f.Escolher(0); // as new
+        f.Ir_Para(3);
+        f.Escolher(1); // into Ana
+        QCOMPARE(f.form.ComboEscolha->currentText(), u"Juntar a: Ana Silva"_s);
+        f.form.cmdImportar->click();
+        QCOMPARE(p.Contactos(), (QStringList{u"Ana Silva|"_s, u"Ana Silva|ana.pt"_s}));
+    }
+
+    void espaco_liga_e_desliga_a_linha()
+    {
+        Programa p;
+        Formulario f(p);
+        f.form.Lista->setFocus();
+        f.form.Lista->setCurrentIndex(f.form.Lista->model()->index(1, 3));
+        QTest::keyClick(f.form.Lista, Qt::Key_Space);
+        QVERIFY(!f.Marcado(1));
+        QTest::keyClick(f.form.Lista, Qt::Key_Space);
+        QVERIFY(f.Marcado(1));
+        QTest::keyClick(f.form.Lista, Qt::Key_Down);
+        QTest::keyClick(f.form.Lista, Qt::Key_Space); // the one who is there already, all the same
+        QVERIFY(f.Marcado(2));
+        f.form.cmdImportar->click();
+        QCOMPARE(p.Contactos(),
+                 (QStringList{u"Ana Silva|ana.pt"_s, u"Rui Costa|"_s, u"Ana Silva|"_s, u"Outra Gente|"_s}));
+    }
+
+    void sem_juntar_os_existentes_ficam_como_estao()
+    {
+        Programa p;
+        Formulario f(p);
+        f.form.chkJuntar->click();
+        QVERIFY(!f.Marcado(1));
+        f.form.cmdImportar->click();
+        QCOMPARE(p.Contactos(), (QStringList{u"Ana Silva|"_s, u"Rui Costa|"_s, u"Outra Gente|"_s}));
+    }
+
+    void o_grupo_e_o_que_esta_a_vista_na_lista()
+    {
+        Programa p;
+        p.s.geral.GrupoActual = u"3"_s;
+        Formulario f(p, Cartao("FN:Rui"));
+        QCOMPARE(f.form.ComboGrupos->ChosenItemData(), u"3"_s);
+        f.form.cmdImportar->click();
+        QCOMPARE(p.s.Linhas(u"SELECT Grupo FROM TblLista WHERE Nome = 'Rui'"_s), QStringList{u"3"_s});
+    }
+
+    void outra_codificacao_le_o_ficheiro_de_novo_e_guarda_o_decidido()
+    {
+        Programa p;
+        Formulario f(p, Cartao("FN:\x8Ei\x9Eka\r\nTEL:213333333") + Cartao("FN:Rui"));
+        QCOMPARE(f.Celula(0, 0), u"Ži\u017eka"_s); // windows-1252 has these two as well
+        f.Ir_Para(1);
+        f.Escolher(1);
+        f.form.ComboCodificacao->setCurrentText(u"windows-1251"_s);
+        Q_EMIT f.form.ComboCodificacao->activated(f.form.ComboCodificacao->currentIndex());
+        f.Esperar();
+        QCOMPARE(f.Celula(0, 0), u"ЋiћkA"_s.replace(u'A', u'a'));
+        QVERIFY(f.Marcado(0) && !f.Marcado(1));
+    }
+
+    // Rights
+
+    void criar_grupos_e_juntar_pedem_os_seus_direitos()
+    {
+        Programa p;
+        p.s.Novo_Utilizador(u"Eva"_s, u"x"_s, u"10000"_s); // may add, and nothing else
+        p.s.Entrar(u"Eva"_s);
+        Formulario f(p);
+        QVERIFY(!f.form.chkJuntar->isChecked());
+        QVERIFY(!f.Marcado(1));
+        const QString recusa = p.s.Texto(102);
+        p.s.caixas.Espera(recusa, box::stop, u"Morvex"_s);
+        f.form.chkCriar->click();
+        QVERIFY(!f.form.chkCriar->isChecked());
+        p.s.caixas.Espera(recusa, box::stop, u"Morvex"_s);
+        f.form.chkJuntar->click();
+        QVERIFY(!f.form.chkJuntar->isChecked());
+        f.Ir_Para(3);
+        p.s.caixas.Espera(recusa, box::stop, u"Morvex"_s);
+        f.Escolher(1);
+        QCOMPARE(f.form.ComboEscolha->currentIndex(), 0);
+        QVERIFY(p.s.caixas.Todas_Vistas());
+        f.form.cmdImportar->click();
+        QCOMPARE(p.Contactos(), (QStringList{u"Ana Silva|"_s, u"Rui Costa|"_s, u"Outra Gente|"_s}));
+    }
+
+    // Files that are none
+
+    void um_ficheiro_que_se_nao_le_diz_se()
+    {
+        Programa p;
+        frmImportarContactos form(p.s.geral, p.s.plataforma, &p.janela);
+        form.show();
+        const QString caminho = p.s.Ficheiro(u"nao-ha.vcf"_s);
+        p.s.caixas.Espera(p.s.Texto(87) + u"\r\n"_s + caminho, box::stop, p.s.Texto(285));
+        form.Abrir(caminho);
+        p.s.caixas.Espera(p.s.Texto(87) + u"\r\n"_s + p.s.Pasta(), box::stop, p.s.Texto(285));
+        form.Abrir(p.s.Pasta());
+        QVERIFY(!form.cmdImportar->isEnabled());
+    }
+
+    // A hole in a file takes no room on the disk.
+    void um_gigabyte_numa_linha_recusa_se_com_o_limite()
+    {
+        Programa p;
+        const QString caminho = p.Ficheiro(u"enorme.vcf"_s, "BEGIN:VCARD\r\nFN:");
+        QVERIFY(QFile::resize(caminho, qint64{1} << 30));
+        frmImportarContactos form(p.s.geral, p.s.plataforma, &p.janela);
+        form.show();
+        p.s.caixas.Espera(p.s.Texto(326) + u" 192"_s, box::stop, p.s.Texto(285));
+        form.Abrir(caminho);
+        QVERIFY(!form.cmdImportar->isEnabled());
+    }
+
+    void um_ficheiro_que_cresce_le_se_ate_onde_ia()
+    {
+        Programa p;
+        const QString caminho = p.Ficheiro(u"cresce.vcf"_s, Cartao("FN:Rui"));
+        frmImportarContactos form(p.s.geral, p.s.plataforma, &p.janela);
+        form.show();
+        form.Abrir(caminho);
+        QFile ficheiro(caminho);
+        QVERIFY(ficheiro.open(QIODevice::Append));
+        ficheiro.write(Cartao("FN:Eva"));
+        ficheiro.close();
+        QTRY_VERIFY(!form.ProgressBar1->isVisible());
+        QCOMPARE(form.Lista->model()->rowCount(), 1);
+        form.cmdImportar->click();
+        QVERIFY(p.Contactos().contains(u"Rui|"_s) && !p.Contactos().contains(u"Eva|"_s));
+    }
+
+    void um_ficheiro_sem_contactos_diz_o_na_lista()
+    {
+        Programa p;
+        Formulario f(p, "nada\r\n");
+        QCOMPARE(f.Linhas(), 0);
+        QVERIFY(!f.form.cmdImportar->isEnabled());
+        QCOMPARE(f.form.Lista->accessibleDescription(), p.s.Texto(331));
+    }
+
+    // Broken off
+
+    void fechar_a_meio_da_leitura_acaba_com_ela()
+    {
+        Programa p;
+        QByteArray muitos;
+        for (int i = 0; i < 3000; ++i)
+            muitos += Cartao("FN:Pessoa " + QByteArray::number(i));
+        frmImportarContactos form(p.s.geral, p.s.plataforma, &p.janela);
+        form.show();
+        form.Abrir(p.Ficheiro(u"muitos.vcf"_s, muitos));
+        QCoreApplication::processEvents();
+        QVERIFY(form.ProgressBar1->isVisible());
+        QTest::keyClick(&form, Qt::Key_Escape);
+        QVERIFY(!form.isVisible());
+        QTest::qWait(50);
+        QCOMPARE(p.Contactos().size(), 1);
+    }
+
+    void cancelar_a_meio_da_escrita_deixa_a_agenda_como_estava()
+    {
+        Programa p;
+        QByteArray muitos;
+        for (int i = 0; i < 4000; ++i)
+            muitos += Cartao("FN:Pessoa " + QByteArray::number(i) + "\r\nNOTE:" + QByteArray(300, 'x'));
+        Formulario f(p, muitos);
+        QTimer::singleShot(0, &f.form, [&] { f.form.cmdCancelar->click(); });
+        f.form.cmdImportar->click();
+        QVERIFY(f.form.isVisible());
+        QCOMPARE(f.form.lblContagem->text(), p.s.Texto(333));
+        QCOMPARE(p.Contactos().size(), 1);
+        QVERIFY(f.form.cmdImportar->isEnabled());
+    }
+
+    void um_disco_cheio_deixa_o_formulario_como_estava()
+    {
+        Programa p;
+        QByteArray muitos;
+        for (int i = 0; i < 500; ++i)
+            muitos += Cartao("FN:Pessoa " + QByteArray::number(i) + "\r\nNOTE:" + QByteArray(3000, 'x'));
+        Formulario f(p, muitos);
+        {
+            const DiscoCheio cheio(static_cast<rlim_t>(QFileInfo(p.s.Base()).size()));
+            p.s.caixas.Espera_Erro(Failure::StoreError);
+            QTest::mouseClick(f.form.cmdImportar, Qt::LeftButton);
+        }
+        QVERIFY(p.s.caixas.Todas_Vistas());
+        QCOMPARE(p.Contactos().size(), 1);
+        QVERIFY(f.form.cmdImportar->isVisible() && f.form.cmdImportar->isEnabled());
+        f.form.cmdImportar->click();
+        QCOMPARE(p.Contactos().size(), 501);
+    }
+
+    void uma_agenda_cheia_diz_quantos_ainda_cabem()
+    {
+        Programa p;
+        p.s.Escrever(u"UPDATE sqlite_sequence SET seq = 32766 WHERE name = 'TblLista'"_s);
+        Formulario f(p);
+        p.s.caixas.Espera(p.s.Texto(327) + u" 1"_s, box::stop, p.s.Texto(285));
+        f.form.cmdImportar->click();
+        QVERIFY(p.s.caixas.Todas_Vistas());
+        QCOMPARE(p.Contactos(), QStringList{u"Ana Silva|"_s});
+        QVERIFY(f.form.cmdImportar->isEnabled());
+    }
+
+    void os_temporizadores_param_enquanto_o_formulario_esta_aberto()
+    {
+        Programa p;
+        QVERIFY(p.s.geral.temporizadores.timerTarefas.Enabled());
+        {
+            Formulario f(p);
+            QVERIFY(!p.s.geral.temporizadores.timerTarefas.Enabled());
+            f.form.cmdCancelar->click();
+            QVERIFY(p.s.geral.temporizadores.timerTarefas.Enabled());
+        }
+    }
+
+    // Ways in
+
+    void o_menu_abre_o_formulario_e_procurar_pede_o_ficheiro()
+    {
+        Programa p;
+        const QString caminho = p.Ficheiro(u"gente.vcf"_s, de_tudo);
+        p.s.dialogos.textos << std::nullopt << caminho;
+        Quando_Abrir<frmImportarContactos>([&](frmImportarContactos &form) {
+            QVERIFY(!p.janela.isEnabled());
+            form.cmdProcurar->click();
+            QVERIFY(form.txtCaminho->text().isEmpty()); // a cancel is nothing
+            form.cmdProcurar->click();
+            QCOMPARE(form.txtCaminho->text(), caminho);
+            QTRY_VERIFY(!form.ProgressBar1->isVisible());
+            form.cmdImportar->click();
+            form.cmdCancelar->click();
+        });
+        p.janela.ImportarContactos->trigger();
+        QVERIFY(p.janela.isEnabled());
+        QCOMPARE(p.Contactos().size(), 3);
+        QCOMPARE(p.janela.ListaNomes->ListCount(), 3);
+        QVERIFY(p.s.dialogos.perguntas.first().contains(u"*.vcf"_s));
+    }
+
+    void uma_tabela_passa_primeiro_pelos_campos()
+    {
+        Programa p;
+        const QString caminho = p.Ficheiro(u"gente.csv"_s, "Name,E-mail\r\nRui,rui@x.pt\r\n");
+        frmImportarContactos form(p.s.geral, p.s.plataforma, &p.janela);
+        form.show();
+        Quando_Abrir<frmCampos>([](frmCampos &campos) { campos.reject(); });
+        form.Abrir(caminho);
+        QVERIFY(form.txtCaminho->text().isEmpty());
+        Quando_Abrir<frmCampos>([](frmCampos &campos) { campos.cmdOk->click(); });
+        form.Abrir(caminho);
+        QTRY_COMPARE(form.Lista->model()->rowCount(), 1);
+        QVERIFY(!form.ComboCodificacao->isEnabled()); // it was settled there
+        form.cmdImportar->click();
+        QVERIFY(p.Contactos().contains(u"Rui|"_s));
+    }
+
+    void um_cartao_largado_na_janela_abre_o_formulario()
+    {
+        Programa p;
+        QMimeData dados;
+        dados.setData(u"text/x-vcard"_s, Cartao("FN:Rui"));
+        bool veio = false;
+        Quando_Abrir<frmImportarContactos>([&](frmImportarContactos &form) {
+            veio = true;
+            QCOMPARE(form.txtCaminho->text(), p.s.Texto(335));
+            QTRY_COMPARE(form.Lista->model()->rowCount(), 1);
+            form.cmdCancelar->click();
+        });
+        QVERIFY(Largar(p.janela, dados));
+        QVERIFY(!veio); // the other program must not wait for it
+        QTRY_VERIFY(veio);
+        QCOMPARE(p.Contactos().size(), 1);
+    }
+
+    void ficheiros_largados_abrem_um_depois_do_outro()
+    {
+        Programa p;
+        QMimeData dados;
+        dados.setUrls({QUrl::fromLocalFile(p.Ficheiro(u"um.vcf"_s, Cartao("FN:Um"))),
+                       QUrl(u"http://exemplo.pt/dois.vcf"_s),
+                       QUrl::fromLocalFile(p.Ficheiro(u"tres.txt"_s, "x")),
+                       QUrl::fromLocalFile(p.Ficheiro(u"quatro.VCF"_s, Cartao("FN:Quatro")))});
+        QStringList vistos;
+        const std::function<void(frmImportarContactos &)> ver = [&](frmImportarContactos &form) {
+            vistos << QFileInfo(form.txtCaminho->text()).fileName();
+            if (vistos.size() < 2) Quando_Abrir<frmImportarContactos>(ver);
+            form.cmdCancelar->click();
+        };
+        Quando_Abrir<frmImportarContactos>(ver);
+        QVERIFY(Largar(p.janela, dados));
+        QTRY_COMPARE_WITH_TIMEOUT(vistos, (QStringList{u"um.vcf"_s, u"quatro.VCF"_s}), 5000);
+    }
+
+    void o_que_nao_sao_contactos_nao_se_larga()
+    {
+        Programa p;
+        QMimeData dados;
+        dados.setText(u"uma frase"_s);
+        QVERIFY(!Largar(p.janela, dados));
+    }
+
+    void um_cartao_cola_se_e_num_campo_cola_se_o_texto()
+    {
+        Programa p;
+        p.janela.show();
+        auto *dados = new QMimeData;
+        dados->setText(QString::fromUtf8(Cartao("FN:Colado")));
+        QGuiApplication::clipboard()->setMimeData(dados);
+        p.janela.txtProcura->setFocus();
+        QTest::keyClick(p.janela.txtProcura, Qt::Key_V, Qt::ControlModifier);
+        QVERIFY(p.janela.txtProcura->text().startsWith(u"BEGIN"_s));
+        bool veio = false;
+        Quando_Abrir<frmImportarContactos>([&](frmImportarContactos &form) {
+            veio = true;
+            QTRY_COMPARE(form.Lista->model()->rowCount(), 1);
+            form.cmdCancelar->click();
+        });
+        Q_EMIT p.janela.findChild<QShortcut *>(u"ColarContactos"_s)->activated();
+        QTRY_VERIFY(veio);
+    }
+
+    void sem_o_direito_de_adicionar_ha_a_recusa_por_todos_os_caminhos()
+    {
+        Programa p;
+        p.s.Novo_Utilizador(u"Eva"_s, u"x"_s, u"01111"_s);
+        p.s.Entrar(u"Eva"_s);
+        auto &intercambio = *p.janela.findChild<Intercambio *>();
+        const QString caminho = p.Ficheiro(u"gente.vcf"_s, de_tudo);
+        for (const std::function<void()> &ir :
+             std::initializer_list<std::function<void()>>{[&] { p.janela.ImportarContactos->trigger(); },
+                                                          [&] { intercambio.ImportarContactos(caminho); },
+                                                          [&] { intercambio.ImportarCartoes(de_tudo); }}) {
+            p.s.caixas.Espera(p.s.Texto(102), box::stop, u"Morvex"_s);
+            ir();
+            QVERIFY(p.s.caixas.Todas_Vistas());
+        }
+        QCOMPARE(p.Contactos().size(), 1);
+    }
+
+    void por_tabulador_chega_se_a_tudo_pela_ordem_do_ecra()
+    {
+        Programa p;
+        Formulario f(p);
+        f.form.activateWindow();
+        f.form.txtCaminho->setFocus();
+        QStringList vistos;
+        for (int i = 0; i < 11; ++i) {
+            vistos << f.form.focusWidget()->objectName();
+            QTest::keyClick(f.form.focusWidget(), Qt::Key_Tab);
+        }
+        QCOMPARE(vistos,
+                 (QStringList{u"txtCaminho"_s, u"cmdProcurar"_s, u"Lista"_s, u"txtContacto"_s,
+                              u"ComboEscolha"_s, u"ComboGrupos"_s, u"chkCriar"_s, u"ComboCodificacao"_s,
+                              u"chkJuntar"_s, u"cmdImportar"_s, u"cmdCancelar"_s}));
+    }
+};
+
+MORVEX_TESTE(TestFrmImportarContactos)
+#include "test_frmImportarContactos.moc"
