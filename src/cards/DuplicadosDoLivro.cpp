@@ -155,6 +155,7 @@ void DuplicadosDoLivro::Escrever(const Aberto &par, const ColunasDoContacto &col
             cartao->IDContacto = par.ID;
             cartoes.Guardar(*cartao);
         }
+    cartoes.Eliminar(par.outroID);
     de.Executar("cmdEliminarNome", {par.outroID});
 }
 

@@ -142,6 +142,7 @@ private Q_SLOTS:
         cartoes.Guardar({QString::number(m.outro), u"uid-2"_s, "cartao 2"});
         m.Abrir()->cmdJuntar->click();
         QCOMPARE(cartoes.Ler(QString::number(m.um))->cartao, QByteArray("cartao 2"));
+        QVERIFY(!cartoes.Ler(QString::number(m.outro)).has_value());
         m.Desfazer();
         QVERIFY(!cartoes.Ler(QString::number(m.um)).has_value());
         QCOMPARE(cartoes.Ler(QString::number(m.outro))->cartao, QByteArray("cartao 2"));
