@@ -1,18 +1,17 @@
 #include "report/ReportDefinition.h"
 
 #include "platform/Failure.h"
+#include "report/DefinitionXml.h"
 
 #include <algorithm>
 #include <array>
 #include <numeric>
 #include <QFile>
-#include <QXmlStreamReader>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr double longest = 100'000; // twips; no sheet of paper is longer
 constexpr double standardSize = 10; // points
 
 struct Paper {
@@ -41,30 +40,17 @@ QFont fontOf(const QString &family, double points, bool bold, bool italic)
 }
 
 // Reads the file once from its beginning to its end. Whatever it doesn't know is an error where it stands.
-class Reader
+class Reader : private DefinitionXml
 {
 public:
-    Reader(const QByteArray &bytes, const QString &path) : xml_(bytes) { definition_.path = path; }
+    Reader(const QByteArray &bytes, const QString &path) : DefinitionXml(bytes, path)
+    {
+        definition_.path = path;
+    }
 
     ReportDefinition report();
 
 private:
-    [[noreturn]] void raise(const QString &what) const;
-    void checkXml() const;
-
-    // The attributes of the element in hand. Each is taken once; what is left over is an error.
-    void begin();
-    void end() const;
-    QString text(const char *name, const QString &otherwise = {});
-    QString needed(const char *name);
-    double length(const char *name, double otherwise = 0);
-    bool flag(const char *name);
-    int textNumber();
-    unsigned colour(const char *name, unsigned otherwise);
-
-    bool child();
-    void empty();
-
     void element(QStringView name);
     void paper();
     void font();
@@ -85,132 +71,21 @@ private:
     void checkTexts() const;
     void checkRoom() const;
 
-    QXmlStreamReader xml_;
-    QXmlStreamAttributes attributes_;
     QHash<QString, Style> styles_;
     ReportDefinition definition_;
 };
 
-void Reader::raise(const QString &what) const
-{
-    throw Failure(Failure::InvalidPropertyValue, u"ReportDefinition"_s,
-                  u"%1, line %2, column %3: %4"_s.arg(definition_.path, QString::number(xml_.lineNumber()),
-                                                      QString::number(xml_.columnNumber()), what));
-}
-
-void Reader::checkXml() const
-{
-    if (xml_.hasError()) raise(xml_.errorString());
-}
-
-void Reader::begin() { attributes_ = xml_.attributes(); }
-
-void Reader::end() const
-{
-    if (!attributes_.isEmpty())
-        raise(u"<%1> takes no attribute \"%2\""_s.arg(xml_.name(), attributes_.first().name()));
-}
-
-QString Reader::text(const char *name, const QString &otherwise)
-{
-    const auto found = std::find_if(attributes_.begin(), attributes_.end(), [&](const auto &attribute) {
-        return attribute.name() == QLatin1StringView(name);
-    });
-    if (found == attributes_.end()) return otherwise;
-    QString value = found->value().toString();
-    attributes_.erase(found);
-    return value;
-}
-
-QString Reader::needed(const char *name)
-{
-    QString value = text(name);
-    if (value.isEmpty())
-        raise(u"<%1> needs the attribute \"%2\""_s.arg(xml_.name(), QLatin1StringView(name)));
-    return value;
-}
-
-double Reader::length(const char *name, double otherwise)
-{
-    const QString value = text(name);
-    if (value.isEmpty()) return otherwise;
-    bool valid = false;
-    const double number = value.toDouble(&valid);
-    if (!valid || !(number >= 0 && number <= longest))
-        raise(u"\"%1\" is no length: %2"_s.arg(QLatin1StringView(name), value));
-    return number;
-}
-
-bool Reader::flag(const char *name)
-{
-    const QString value = text(name, u"no"_s);
-    if (value != "yes"_L1 && value != "no"_L1)
-        raise(u"\"%1\" is yes or no, not %2"_s.arg(QLatin1StringView(name), value));
-    return value == "yes"_L1;
-}
-
-// Of the program's own texts; 0 where none is named.
-int Reader::textNumber()
-{
-    const QString value = text("text", u"0"_s);
-    bool valid = false;
-    const int number = value.toInt(&valid);
-    if (!valid || number < 0) raise(u"\"text\" is the number of a text, not %1"_s.arg(value));
-    return number;
-}
-
-unsigned Reader::colour(const char *name, unsigned otherwise)
-{
-    const QString value = text(name);
-    if (value.isEmpty()) return otherwise;
-    bool valid = false;
-    const unsigned number = QStringView(value).mid(1).toUInt(&valid, 16);
-    if (!valid || value.size() != 7 || value[0] != u'#')
-        raise(u"A colour is written #rrggbb, not %1"_s.arg(value));
-    return number;
-}
-
-// Goes on to the next element within the one in hand; false at its end. Text between elements may only be
-// blank.
-bool Reader::child()
-{
-    while (!xml_.atEnd()) {
-        switch (xml_.readNext()) {
-        case QXmlStreamReader::StartElement:
-            return true;
-        case QXmlStreamReader::EndElement:
-            return false;
-        case QXmlStreamReader::Characters:
-            if (!xml_.isWhitespace()) raise(u"There is text where an element was expected"_s);
-            break;
-        default:
-            break;
-        }
-    }
-    checkXml();
-    return false;
-}
-
-void Reader::empty()
-{
-    end();
-    if (child()) raise(u"<%1> doesn't belong here"_s.arg(xml_.name()));
-}
-
 ReportDefinition Reader::report()
 {
-    if (!child() || xml_.name() != "report"_L1)
-        raise(u"The file is no report: it doesn't begin with <report>"_s);
+    if (!child() || name() != "report"_L1) raise(u"The file is no report: it doesn't begin with <report>"_s);
     begin();
     definition_.title = text("title");
     definition_.texts.title = textNumber();
     definition_.table = needed("table");
     end();
     while (child())
-        element(xml_.name());
-    while (!xml_.atEnd())
-        xml_.readNext();
-    checkXml();
+        element(name());
+    rest();
     checkTexts();
     checkRoom();
     checkSideBySide();
@@ -302,7 +177,7 @@ void Reader::band(ReportBand &band, bool flows)
     band.newPage = flag("newpage");
     end();
     while (child()) {
-        if (xml_.name() != "row"_L1) raise(u"A band holds rows, not <%1>"_s.arg(xml_.name()));
+        if (name() != "row"_L1) raise(u"A band holds rows, not <%1>"_s.arg(name()));
         band.rows.push_back(row(flows));
     }
     if (!flows) band.height = std::max(band.height, band.rowsHeight());
@@ -360,7 +235,7 @@ ReportElement Reader::readElement(bool flows)
     constexpr double hairline = 10;
     begin();
     ReportElement read;
-    const QStringView name = xml_.name();
+    const QStringView element = name();
     const Style basis = style(text("font"));
     read.font = basis.font;
     read.area = {length("left"), length("top"), length("width"), length("height")};
@@ -370,18 +245,18 @@ ReportElement Reader::readElement(bool flows)
     if (on != "all"_L1 && on != "screen"_L1) raise(u"\"on\" is all or screen, not %1"_s.arg(on));
     read.screenOnly = on == "screen"_L1;
 
-    if (name == "text"_L1) {
+    if (element == "text"_L1) {
         readText(read, flows);
-    } else if (name == "picture"_L1) {
+    } else if (element == "picture"_L1) {
         read.kind = ReportElement::Picture;
         read.fallback = text("fallback");
         end();
-        read.text = places(xml_.readElementText());
-    } else if (name == "line"_L1 || name == "box"_L1) {
-        read.kind = name == "line"_L1 ? ReportElement::Line : ReportElement::Box;
+        read.text = places(content());
+    } else if (element == "line"_L1 || element == "box"_L1) {
+        read.kind = element == "line"_L1 ? ReportElement::Line : ReportElement::Box;
         empty();
     } else {
-        raise(u"A row holds text, line, box and picture, not <%1>"_s.arg(name));
+        raise(u"A row holds text, line, box and picture, not <%1>"_s.arg(element));
     }
     return read;
 }
@@ -401,7 +276,7 @@ void Reader::readText(ReportElement &read, bool flows)
     read.dropsLines = flag("closelines");
     read.head = places(text("head"));
     end();
-    read.text = places(xml_.readElementText());
+    read.text = places(content());
 }
 
 Style Reader::style(const QString &name) const
