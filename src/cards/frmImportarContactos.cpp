@@ -103,11 +103,12 @@ void frmImportarContactos::Preencher_Listas()
     chkJuntar->setChecked(geral_.SessaoActual.Editar);
     contactos_->Juntar_Aos_Existentes(chkJuntar->isChecked());
     QHeaderView &cabecalho = *Lista->header();
+    cabecalho.resizeSection(ContactosAImportar::IgualA, scale::scaled(60)); // at least: it takes the rest
     cabecalho.setStretchLastSection(true);
     cabecalho.resizeSection(ContactosAImportar::Nome, scale::scaled(122));
     cabecalho.resizeSection(ContactosAImportar::Numero, scale::scaled(98));
     cabecalho.resizeSection(ContactosAImportar::Email, scale::scaled(98));
-    cabecalho.resizeSection(ContactosAImportar::Estado, scale::scaled(88));
+    cabecalho.resizeSection(ContactosAImportar::Estado, scale::scaled(98));
 }
 
 void frmImportarContactos::Form_Unload()
