@@ -101,7 +101,8 @@ QString Tipo_Armazenado(const Coluna &coluna)
     case Date:
     case Time: return QStringLiteral("TEXT");
     case Bytes: return QStringLiteral("BLOB");
-    default: return QStringLiteral("TEXT COLLATE MORVEX");
+    // A key is no word, and tools that don't know the words' order must be able to check its index.
+    default: return coluna.chave ? QStringLiteral("TEXT") : QStringLiteral("TEXT COLLATE MORVEX");
     }
 }
 

@@ -97,15 +97,15 @@ private Q_SLOTS:
             QCOMPARE(s.Linhas(u"SELECT count(*) FROM "_s + tabela), QStringList{u"0"_s});
     }
 
-    void datas_e_horas_comparam_se_sem_a_colacao_das_palavras()
+    void so_as_palavras_se_comparam_com_a_sua_colacao()
     {
         for (const Tabela &tabela : esquema::Tabelas()) {
             QString sql = esquema::Sql_Criar(tabela);
             sql = sql.sliced(sql.indexOf(u'(') + 1).chopped(QStringLiteral(") STRICT").size());
             const QStringList colunas = sql.split(u", "_s);
             for (std::size_t i = 0; i < tabela.colunas.size(); ++i) {
-                const ColumnType tipo = tabela.colunas[i].tipo;
-                const bool palavras = tipo == ColumnType::Text;
+                const Coluna &coluna = tabela.colunas[i];
+                const bool palavras = coluna.tipo == ColumnType::Text && !coluna.chave;
                 QCOMPARE(colunas.at(static_cast<qsizetype>(i)).contains(u"COLLATE"_s), palavras);
             }
         }
