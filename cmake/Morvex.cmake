@@ -21,8 +21,8 @@ if(MORVEX_PACKED_DEBUG_INFORMATION AND NOT MORVEX_SANITIZE)
     target_link_options(morvex_opcoes INTERFACE LINKER:--compress-debug-sections=zstd)
 endif()
 
-# The headers of the toolkit, compiled once for all libraries: a set of its own for each would fill the disk.
-file(WRITE ${PROJECT_BINARY_DIR}/cabecalhos.cpp.novo "// Carries the compiled headers that all libraries share.\n")
+# The headers of the toolkit, compiled once for all libraries and tests: a set of its own for each would fill the disk.
+file(WRITE ${PROJECT_BINARY_DIR}/cabecalhos.cpp.novo "// Carries the compiled headers that all libraries and tests share.\n")
 configure_file(${PROJECT_BINARY_DIR}/cabecalhos.cpp.novo ${PROJECT_BINARY_DIR}/cabecalhos.cpp COPYONLY)
 add_library(morvex_cabecalhos OBJECT ${PROJECT_BINARY_DIR}/cabecalhos.cpp)
 set_target_properties(morvex_cabecalhos PROPERTIES AUTOMOC OFF AUTOUIC OFF AUTORCC OFF)
@@ -54,7 +54,7 @@ function(morvex_teste caminho)
     get_filename_component(nome ${caminho} NAME)
     add_executable(${nome} ${caminho}.cpp ${ARG_FICHEIROS})
     target_link_libraries(${nome} PRIVATE ${ARG_LIGA} morvex_testlib Qt6::Test morvex_opcoes)
-    target_precompile_headers(${nome} REUSE_FROM morvex_testlib)
+    target_precompile_headers(${nome} REUSE_FROM morvex_cabecalhos)
     set_target_properties(${nome} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
     add_test(NAME ${caminho} COMMAND ${nome})
     # All tests of a folder can be built by one name.
