@@ -70,7 +70,8 @@ bool isKnownCardProperty(QByteArrayView name)
 
 CardHead::CardHead(QByteArrayView line)
 {
-    constexpr qsizetype longest = qsizetype{64} * 1024; // no head is that long, and one that is would fill the memory
+    constexpr qsizetype longest =
+        qsizetype{64} * 1024; // no head is that long, and one that is would fill the memory
     const qsizetype colon = outsideQuotes(line.first(std::min(line.size(), longest)), ':', 0);
     if (colon < 0) return;
     const QByteArrayView head = line.first(colon);
@@ -168,14 +169,14 @@ QStringList CardProperty::types() const
     return types;
 }
 
-int CardProperty::preference() const
+int CardProperty::preference(const QStringList &types) const
 {
     constexpr int least = 100;
     const QByteArray said = head_.value("PREF");
     bool isNumber = false;
     const int number = said.toInt(&isNumber);
     if (isNumber) return std::clamp(number, 1, least);
-    return !said.isNull() || types().contains(u"pref"_s) ? 1 : least + 1;
+    return !said.isNull() || types.contains(u"pref"_s) ? 1 : least + 1;
 }
 
 QByteArray CardProperty::decodedBytes() const
