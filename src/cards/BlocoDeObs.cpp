@@ -15,6 +15,7 @@ QString Com_CR_LF(const QString &texto)
 
 BlocoDeObs BlocoDeObs::Separar(const QString &obs)
 {
+    if (obs.isEmpty()) return {};
     const QString texto = Com_CR_LF(obs);
     const QStringList todas = texto.split(u"\r\n"_s);
     const auto marca = std::find_if(todas.begin(), todas.end(), rotulos_do_cartao::E_Marca);

@@ -31,9 +31,14 @@ public:
 
     // One more that is there, with its UID where one is known. Those of an import are added as they pass, and
     // so the same person twice in one file is found as well.
-    void Juntar(const ColunasDoContacto &colunas, const QString &uid = {});
+    void Juntar(ColunasDoContacto colunas, const QString &uid = {});
 
     Decisao Decidir(const ColunasDoContacto &colunas, const QString &uid = {}) const;
+
+    // The same for who has the keys of these columns already.
+    void Juntar(ColunasDoContacto colunas, ChavesDoContacto as_suas, const QString &uid);
+    Decisao Decidir(const ColunasDoContacto &colunas, const ChavesDoContacto &chaves,
+                    const QString &uid) const;
 
     // What a person decides: who comes in is that one. Igual or Completa.
     static Decisao Juntos(const QString &idioma, const ColunasDoContacto &colunas,
@@ -56,7 +61,7 @@ private:
     Lugares Certos(const ColunasDoContacto &colunas, const Chaves &chaves, const Lugares &por_numero,
                    const Lugares &por_email) const;
     bool Ja_Esta_La(const ColunasDoContacto &colunas, std::size_t outro) const;
-    Decisao O_Mesmo(const ColunasDoContacto &colunas, std::size_t outro) const;
+    Decisao O_Mesmo(const ColunasDoContacto &colunas, const Chaves &chaves, std::size_t outro) const;
     void Completar(Decisao &decisao, const ColunasDoContacto &colunas) const;
 
     QString idioma_;
