@@ -64,6 +64,7 @@ void ImportacaoDeContactos::Abrir_Cartoes(const QByteArray &bytes, const QByteAr
 {
     fonte_ = std::make_unique<FonteDeCartoes>(bytes, codificacao, idioma_, std::move(grupos), faltas_);
     contactos_.reserve(fonte_->Quantos());
+    regra_.Contar_Com(2 * fonte_->Quantos()); // with as many in the book
 }
 
 void ImportacaoDeContactos::Abrir_Tabela(TabelaEscolhida tabela, GruposDaImportacao grupos)

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr std::size_t mais_da_mesma_chave = 3; // a switchboard, info@: it proves nothing of more contacts
+constexpr qsizetype mais_da_mesma_chave = 3; // a switchboard, info@: it proves nothing of more contacts
 
 QStringList Sem(QStringList chaves, const QStringList &outras)
 {
@@ -72,6 +72,15 @@ bool Tem_Colunas_Novas(const ColunasDoContacto &novas, const ColunasDoContacto &
 } // namespace
 
 RegraDosDuplicados::RegraDosDuplicados(QString idioma) : idioma_(std::move(idioma)) {}
+
+void RegraDosDuplicados::Contar_Com(std::size_t quantos)
+{
+    todos_.reserve(quantos);
+    chaves_.reserve(quantos);
+    for (Dicionario *dicionario : {&nomes_, &numeros_, &emails_})
+        dicionario->reserve(static_cast<qsizetype>(quantos));
+    uids_.reserve(static_cast<qsizetype>(quantos));
+}
 
 void RegraDosDuplicados::Juntar(ColunasDoContacto colunas, const QString &uid)
 {
@@ -231,7 +240,9 @@ Decisao RegraDosDuplicados::Decidir(const ColunasDoContacto &colunas, const QStr
 Decisao RegraDosDuplicados::Decidir(const ColunasDoContacto &colunas, const ChavesDoContacto &chaves,
                                     const QString &uid) const
 {
-    const Lugares mesmo_nome = chaves.nome.isEmpty() ? Lugares() : nomes_.value(chaves.nome);
+    const auto do_nome = chaves.nome.isEmpty() ? nomes_.constEnd() : nomes_.constFind(chaves.nome);
+    const Lugares mesmo_nome =
+        do_nome == nomes_.constEnd() ? Lugares() : Lugares(do_nome->begin(), do_nome->end());
     const Lugares por_numero = Com_Alguma(numeros_, chaves.numeros);
     const Lugares por_email = Com_Alguma(emails_, chaves.emails);
     const auto do_uid = uid.isEmpty() ? uids_.constEnd() : uids_.constFind(uid);

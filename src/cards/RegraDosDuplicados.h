@@ -6,6 +6,7 @@
 
 #include <QHash>
 #include <QStringList>
+#include <QVarLengthArray>
 #include <vector>
 
 enum class Veredicto {
@@ -29,6 +30,9 @@ public:
     // The word before what finds no free column goes into Obs in that language.
     explicit RegraDosDuplicados(QString idioma);
 
+    // Makes room for so many, which spares it the growing.
+    void Contar_Com(std::size_t quantos);
+
     // One more that is there, with its UID where one is known. Those of an import are added as they pass, and
     // so the same person twice in one file is found as well.
     void Juntar(ColunasDoContacto colunas, const QString &uid = {});
@@ -51,7 +55,7 @@ public:
 
 private:
     using Lugares = std::vector<std::size_t>;
-    using Dicionario = QHash<QString, Lugares>;
+    using Dicionario = QHash<QString, QVarLengthArray<std::size_t, 1>>; // nearly all keys are one person's
     using Chaves = ChavesDoContacto;
 
     static void Apontar(Dicionario &dicionario, const QStringList &chaves, std::size_t lugar);
