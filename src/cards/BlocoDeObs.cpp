@@ -8,6 +8,7 @@ using namespace Qt::StringLiterals;
 
 QString Com_CR_LF(const QString &texto)
 {
+    if (!texto.contains(u'\n') && !texto.contains(u'\r')) return texto;
     QString simples = texto;
     simples.replace("\r\n"_L1, "\n"_L1).replace(u'\r', u'\n');
     return simples.replace("\n"_L1, "\r\n"_L1);

@@ -192,7 +192,7 @@ QString CardProperty::text() const
     const QByteArray bytes = isQuoted ? decodedQuotedPrintable(value_) : value_;
     QString text = cardText(bytes, charsetOfCardBytes(bytes, head_.value("CHARSET"), fallback_));
     if (isQuoted) text.replace("\r\n"_L1, "\n"_L1);
-    return unescapedCardText(text);
+    return text.contains(u'\\') ? unescapedCardText(text) : text;
 }
 
 // Disguised separators are text: the value is divided first and decoded then. Elsewhere the encoding comes
@@ -209,7 +209,7 @@ QStringList CardProperty::divided(char separator) const
     else
         pieces = piecesOf(cardText(whole, charset), QLatin1Char(separator));
     for (QString &piece : pieces)
-        piece = unescapedCardText(piece);
+        if (piece.contains(u'\\')) piece = unescapedCardText(piece);
     return pieces;
 }
 
