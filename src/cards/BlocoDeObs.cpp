@@ -8,6 +8,7 @@ using namespace Qt::StringLiterals;
 
 QString Com_CR_LF(const QString &texto)
 {
+    if (!texto.contains(u'\n') && !texto.contains(u'\r')) return texto;
     QString simples = texto;
     simples.replace("\r\n"_L1, "\n"_L1).replace(u'\r', u'\n');
     return simples.replace("\n"_L1, "\r\n"_L1);
@@ -15,6 +16,7 @@ QString Com_CR_LF(const QString &texto)
 
 BlocoDeObs BlocoDeObs::Separar(const QString &obs)
 {
+    if (obs.isEmpty()) return {};
     const QString texto = Com_CR_LF(obs);
     const QStringList todas = texto.split(u"\r\n"_s);
     const auto marca = std::find_if(todas.begin(), todas.end(), rotulos_do_cartao::E_Marca);

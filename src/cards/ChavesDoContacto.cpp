@@ -2,19 +2,39 @@
 
 #include "cards/NomeDobrado.h"
 
-#include <QSet>
+#include <algorithm>
+#include <array>
+#include <QStringTokenizer>
+#include <QVarLengthArray>
 
 using namespace Qt::StringLiterals;
 
+namespace
+{
+bool E_Particula(QStringView palavra)
+{
+    static constexpr std::array particulas{"de"_L1,  "da"_L1,  "do"_L1,  "dos"_L1, "das"_L1, "e"_L1,
+                                           "di"_L1,  "del"_L1, "von"_L1, "van"_L1, "dr"_L1,  "dra"_L1,
+                                           "eng"_L1, "sr"_L1,  "sra"_L1, "mr"_L1,  "mrs"_L1};
+    return palavra.size() <= 3 &&
+           std::find(particulas.begin(), particulas.end(), palavra) != particulas.end();
+}
+} // namespace
+
 QString ChavesDoContacto::Do_Nome(const QString &nome)
 {
-    static const QSet<QString> particulas{u"de"_s,  u"da"_s,  u"do"_s,  u"dos"_s, u"das"_s, u"e"_s,
-                                          u"di"_s,  u"del"_s, u"von"_s, u"van"_s, u"dr"_s,  u"dra"_s,
-                                          u"eng"_s, u"sr"_s,  u"sra"_s, u"mr"_s,  u"mrs"_s};
-    QStringList palavras = Nome_Dobrado(nome).split(u' ', Qt::SkipEmptyParts);
-    palavras.removeIf([](const QString &palavra) { return particulas.contains(palavra); });
-    palavras.sort();
-    return palavras.join(u' ');
+    const QString dobrado = Nome_Dobrado(nome);
+    QVarLengthArray<QStringView, 8> palavras;
+    for (const QStringView palavra : qTokenize(dobrado, u' ', Qt::SkipEmptyParts))
+        if (!E_Particula(palavra)) palavras.append(palavra);
+    std::sort(palavras.begin(), palavras.end());
+    QString chave;
+    chave.reserve(dobrado.size());
+    for (const QStringView palavra : palavras) {
+        if (!chave.isEmpty()) chave += u' ';
+        chave += palavra;
+    }
+    return chave;
 }
 
 QString ChavesDoContacto::Do_Numero(const QString &numero)
@@ -22,6 +42,7 @@ QString ChavesDoContacto::Do_Numero(const QString &numero)
     constexpr qsizetype menor = 7;
     constexpr qsizetype maior = 9; // without the country
     QString algarismos;
+    algarismos.reserve(numero.size());
     for (const QChar sinal : numero)
         if (sinal.isDigit()) algarismos += sinal;
     if (algarismos.startsWith("00"_L1)) algarismos.remove(0, 2);

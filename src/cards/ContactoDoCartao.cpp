@@ -58,6 +58,7 @@ private:
     void Linha(Rotulo rotulo, const QString &valor, const QStringList &tipos = {},
                const QString &proprio = {})
     {
+        if (valor.isEmpty()) return;
         Linha(proprio.isEmpty() ? rotulos_do_cartao::Em(rotulo, idioma_) : proprio, valor, tipos);
     }
 
@@ -83,8 +84,9 @@ private:
         const CardName partes = conteudo_.name.value_or(CardName());
         QStringList faladas{partes.prefix, partes.given, partes.middle, partes.family, partes.suffix};
         faladas.removeAll(QString());
+        const QString dobrado = Nome_Dobrado(nome);
         const bool falta = std::any_of(faladas.begin(), faladas.end(), [&](const QString &parte) {
-            return !Nome_Dobrado(nome).contains(Nome_Dobrado(parte));
+            return !dobrado.contains(Nome_Dobrado(parte));
         });
         if (falta) Linha(Rotulo::NomeCompleto, faladas.join(u' '));
         Linha(Rotulo::Alcunha, conteudo_.nicknames.join(u", "_s));

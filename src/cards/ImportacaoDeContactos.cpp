@@ -14,16 +14,26 @@ namespace
 constexpr qint64 fatia = 8;    // ms of work at a time
 constexpr int da_agenda = 200; // rows read at a time
 
-ColunasDoContacto Colunas_Da_Linha(const Row &linha)
+using LugaresNaLinha = std::array<int, ColunasDoContacto::quantas>;
+
+LugaresNaLinha Lugares_Na_Linha(const Row &linha)
 {
     // The column of the group has another name in the table, and is not compared.
     static constexpr std::array nomes{
         "Nome", "Telefone1", "Telefone2", "Fax",     "Telemovel1", "Telemovel2", "Telemovel3", "Dia",  "Mes",
         "Ano",  "Email1",    "Email2",    "Website", "Morada",     "Obs",        "Fotografia", "Grupo"};
     static_assert(nomes.size() == ColunasDoContacto::quantas);
+    LugaresNaLinha lugares{};
+    std::transform(nomes.begin(), nomes.end(), lugares.begin(),
+                   [&](const char *nome) { return linha.column(nome); });
+    return lugares;
+}
+
+ColunasDoContacto Colunas_Da_Linha(const Row &linha, const LugaresNaLinha &lugares)
+{
     ColunasDoContacto colunas;
-    for (std::size_t i = 0; i < nomes.size(); ++i) {
-        const std::string_view valor = linha.utf8(linha.column(nomes[i]));
+    for (std::size_t i = 0; i < lugares.size(); ++i) {
+        const std::string_view valor = linha.utf8(lugares[i]);
         colunas.valores[i] = QString::fromUtf8(valor.data(), static_cast<qsizetype>(valor.size()));
     }
     return colunas;
@@ -54,6 +64,7 @@ void ImportacaoDeContactos::Abrir_Cartoes(const QByteArray &bytes, const QByteAr
 {
     fonte_ = std::make_unique<FonteDeCartoes>(bytes, codificacao, idioma_, std::move(grupos), faltas_);
     contactos_.reserve(fonte_->Quantos());
+    regra_.Contar_Com(2 * fonte_->Quantos()); // with as many in the book
 }
 
 void ImportacaoDeContactos::Abrir_Tabela(TabelaEscolhida tabela, GruposDaImportacao grupos)
@@ -101,11 +112,18 @@ void ImportacaoDeContactos::Ler_Da_Agenda()
         return;
     }
     const std::size_t antes = da_agenda_.size();
+    LugaresNaLinha lugares{};
+    int do_ID = 0;
     de_.Percorrer_A_Vista(IdUtilizador_, antes == 0 ? 0 : da_agenda_.back(), da_agenda,
-                          [this](const Row &linha) {
-                              const QString ID = linha.field(linha.column("ID")).text();
-                              da_agenda_.push_back(ID.toLongLong());
-                              regra_.Juntar(Colunas_Da_Linha(linha), uids_.value(ID));
+                          [&](const Row &linha) {
+                              if (da_agenda_.size() == antes) {
+                                  lugares = Lugares_Na_Linha(linha);
+                                  do_ID = linha.column("ID");
+                              }
+                              const qint64 ID = linha.number(do_ID);
+                              da_agenda_.push_back(ID);
+                              regra_.Juntar(Colunas_Da_Linha(linha, lugares),
+                                            uids_.isEmpty() ? QString() : uids_.value(QString::number(ID)));
                           });
     agenda_lida_ = da_agenda_.size() == antes;
 }
@@ -115,11 +133,12 @@ void ImportacaoDeContactos::Julgar(std::size_t qual)
 {
     std::optional<ContactoDaFonte> lido = fonte_->Ler(qual, faltas_);
     if (!lido) return;
-    Decisao decisao = regra_.Decidir(lido->lido.colunas, lido->UID);
+    ChavesDoContacto chaves = ChavesDoContacto::De(lido->lido.colunas);
+    Decisao decisao = regra_.Decidir(lido->lido.colunas, chaves, lido->UID);
     ContactoAImportar contacto{std::move(*lido), decisao.veredicto, std::move(decisao.quem)};
     contacto.escolha = ContactoAImportar::Por_Omissao(contacto.veredicto);
     if (contacto.escolha == Escolha::Novo) {
-        regra_.Juntar(contacto.fonte.lido.colunas, contacto.fonte.UID);
+        regra_.Juntar(contacto.fonte.lido.colunas, std::move(chaves), contacto.fonte.UID);
         do_ficheiro_.push_back(contactos_.size());
     }
     if (contacto.escolha == Escolha::Juntar) {

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr std::size_t mais_da_mesma_chave = 3; // a switchboard, info@: it proves nothing of more contacts
+constexpr qsizetype mais_da_mesma_chave = 3; // a switchboard, info@: it proves nothing of more contacts
 
 QStringList Sem(QStringList chaves, const QStringList &outras)
 {
@@ -35,12 +35,14 @@ bool Outro_Aniversario(const ColunasDoContacto &um, const ColunasDoContacto &out
 // Numbers of a kind fill the free columns of that kind; what finds none becomes a line.
 void Encher(ColunasDoContacto &inteiras, QStringList &linhas, const ColunasDoContacto &novas,
             std::span<const Coluna> colunas, QString (*chave)(const QString &), const QStringList &ja_la,
-            const QString &rotulo)
+            Rotulo rotulo, const QString &idioma)
 {
     QStringList vistas = ja_la;
     for (const Coluna coluna : colunas) {
         const QString &valor = novas[coluna];
-        const QString esta = chave(valor).isEmpty() ? valor.trimmed() : chave(valor);
+        if (valor.isEmpty()) continue;
+        QString esta = chave(valor);
+        if (esta.isEmpty()) esta = valor.trimmed();
         if (esta.isEmpty() || vistas.contains(esta)) continue;
         vistas << esta;
         const auto livre = std::find_if(colunas.begin(), colunas.end(),
@@ -48,7 +50,7 @@ void Encher(ColunasDoContacto &inteiras, QStringList &linhas, const ColunasDoCon
         if (livre != colunas.end())
             inteiras[*livre] = valor;
         else
-            linhas << rotulo + u": "_s + valor;
+            linhas << rotulos_do_cartao::Em(rotulo, idioma) + u": "_s + valor;
     }
 }
 
@@ -71,12 +73,27 @@ bool Tem_Colunas_Novas(const ColunasDoContacto &novas, const ColunasDoContacto &
 
 RegraDosDuplicados::RegraDosDuplicados(QString idioma) : idioma_(std::move(idioma)) {}
 
-void RegraDosDuplicados::Juntar(const ColunasDoContacto &colunas, const QString &uid)
+void RegraDosDuplicados::Contar_Com(std::size_t quantos)
+{
+    todos_.reserve(quantos);
+    chaves_.reserve(quantos);
+    for (Dicionario *dicionario : {&nomes_, &numeros_, &emails_})
+        dicionario->reserve(static_cast<qsizetype>(quantos));
+    uids_.reserve(static_cast<qsizetype>(quantos));
+}
+
+void RegraDosDuplicados::Juntar(ColunasDoContacto colunas, const QString &uid)
+{
+    Chaves chaves = Chaves::De(colunas);
+    Juntar(std::move(colunas), std::move(chaves), uid);
+}
+
+void RegraDosDuplicados::Juntar(ColunasDoContacto colunas, ChavesDoContacto as_suas, const QString &uid)
 {
     const std::size_t lugar = todos_.size();
-    const Chaves chaves = Chaves::De(colunas);
-    todos_.push_back(colunas);
-    chaves_.push_back(chaves);
+    todos_.push_back(std::move(colunas));
+    chaves_.push_back(std::move(as_suas));
+    const Chaves &chaves = chaves_.back();
     if (!chaves.nome.isEmpty()) nomes_[chaves.nome].push_back(lugar);
     Apontar(numeros_, chaves.numeros, lugar);
     Apontar(emails_, chaves.emails, lugar);
@@ -92,11 +109,11 @@ void RegraDosDuplicados::Apontar(Dicionario &dicionario, const QStringList &chav
 // A completion takes nothing away and leaves the name, so there are only more keys than before.
 void RegraDosDuplicados::Completar(std::size_t lugar, const ColunasDoContacto &completado)
 {
-    const Chaves novas = Chaves::De(completado);
+    Chaves novas = Chaves::De(completado);
     Apontar(numeros_, Sem(novas.numeros, chaves_[lugar].numeros), lugar);
     Apontar(emails_, Sem(novas.emails, chaves_[lugar].emails), lugar);
     todos_[lugar] = completado;
-    chaves_[lugar] = novas;
+    chaves_[lugar] = std::move(novas);
 }
 
 RegraDosDuplicados::Lugares RegraDosDuplicados::Com_Alguma(const Dicionario &dicionario,
@@ -168,13 +185,13 @@ void RegraDosDuplicados::Completar(Decisao &decisao, const ColunasDoContacto &co
     QStringList linhas;
     const auto encher = [&](EspecieDeNumero especie) {
         Encher(inteiras, linhas, colunas, Colunas_Da_Especie(especie), ChavesDoContacto::Do_Numero,
-               chaves_[outro].numeros, rotulos_do_cartao::Em(Rotulo_Da_Especie(especie), idioma_));
+               chaves_[outro].numeros, Rotulo_Da_Especie(especie), idioma_);
     };
     encher(EspecieDeNumero::Telefone);
     encher(EspecieDeNumero::Fax);
     encher(EspecieDeNumero::Telemovel);
     Encher(inteiras, linhas, colunas, ColunasDoContacto::emails, ChavesDoContacto::Do_Email,
-           chaves_[outro].emails, rotulos_do_cartao::Em(Rotulo::Email, idioma_));
+           chaves_[outro].emails, Rotulo::Email, idioma_);
     for (const Coluna coluna : {Coluna::Website, Coluna::Morada, Coluna::Fotografia})
         if (inteiras[coluna].isEmpty()) inteiras[coluna] = colunas[coluna];
     if (inteiras[Coluna::Dia].isEmpty())
@@ -190,10 +207,10 @@ void RegraDosDuplicados::Completar(Decisao &decisao, const ColunasDoContacto &co
         inteiras[Coluna::Obs] = bloco.Texto(idioma_);
 }
 
-Decisao RegraDosDuplicados::O_Mesmo(const ColunasDoContacto &colunas, std::size_t outro) const
+Decisao RegraDosDuplicados::O_Mesmo(const ColunasDoContacto &colunas, const Chaves &chaves,
+                                    std::size_t outro) const
 {
     Decisao decisao{Veredicto::Igual, {outro}, todos_[outro], {}};
-    const Chaves chaves = Chaves::De(colunas);
     const bool tem_chaves_novas = !Sem(chaves.numeros, chaves_[outro].numeros).isEmpty() ||
                                   !Sem(chaves.emails, chaves_[outro].emails).isEmpty();
     if (!tem_chaves_novas && !Tem_Colunas_Novas(colunas, todos_[outro])) return decisao;
@@ -212,13 +229,20 @@ Decisao RegraDosDuplicados::Juntos(const QString &idioma, const ColunasDoContact
 {
     RegraDosDuplicados regra(idioma);
     regra.Juntar(outro);
-    return regra.O_Mesmo(colunas, 0);
+    return regra.O_Mesmo(colunas, Chaves::De(colunas), 0);
 }
 
 Decisao RegraDosDuplicados::Decidir(const ColunasDoContacto &colunas, const QString &uid) const
 {
-    const Chaves chaves = Chaves::De(colunas);
-    const Lugares mesmo_nome = chaves.nome.isEmpty() ? Lugares() : nomes_.value(chaves.nome);
+    return Decidir(colunas, Chaves::De(colunas), uid);
+}
+
+Decisao RegraDosDuplicados::Decidir(const ColunasDoContacto &colunas, const ChavesDoContacto &chaves,
+                                    const QString &uid) const
+{
+    const auto do_nome = chaves.nome.isEmpty() ? nomes_.constEnd() : nomes_.constFind(chaves.nome);
+    const Lugares mesmo_nome =
+        do_nome == nomes_.constEnd() ? Lugares() : Lugares(do_nome->begin(), do_nome->end());
     const Lugares por_numero = Com_Alguma(numeros_, chaves.numeros);
     const Lugares por_email = Com_Alguma(emails_, chaves.emails);
     const auto do_uid = uid.isEmpty() ? uids_.constEnd() : uids_.constFind(uid);
@@ -228,7 +252,7 @@ Decisao RegraDosDuplicados::Decidir(const ColunasDoContacto &colunas, const QStr
     if (certos.empty() && so_tem_nome && mesmo_nome.size() == 1 && Ja_Esta_La(colunas, mesmo_nome.front()))
         return {Veredicto::Igual, mesmo_nome, todos_[mesmo_nome.front()], {}};
     if (certos.size() == 1 && !Outro_Aniversario(colunas, todos_[certos.front()]))
-        return O_Mesmo(colunas, certos.front());
+        return O_Mesmo(colunas, chaves, certos.front());
     if (certos.size() == 1) return {Veredicto::Talvez, certos, {}, {}};
     Lugares talvez = certos;
     for (const Lugares &mais : {mesmo_nome, por_numero, por_email})

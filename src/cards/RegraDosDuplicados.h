@@ -6,6 +6,7 @@
 
 #include <QHash>
 #include <QStringList>
+#include <QVarLengthArray>
 #include <vector>
 
 enum class Veredicto {
@@ -29,11 +30,19 @@ public:
     // The word before what finds no free column goes into Obs in that language.
     explicit RegraDosDuplicados(QString idioma);
 
+    // Makes room for so many, which spares it the growing.
+    void Contar_Com(std::size_t quantos);
+
     // One more that is there, with its UID where one is known. Those of an import are added as they pass, and
     // so the same person twice in one file is found as well.
-    void Juntar(const ColunasDoContacto &colunas, const QString &uid = {});
+    void Juntar(ColunasDoContacto colunas, const QString &uid = {});
 
     Decisao Decidir(const ColunasDoContacto &colunas, const QString &uid = {}) const;
+
+    // The same for who has the keys of these columns already.
+    void Juntar(ColunasDoContacto colunas, ChavesDoContacto as_suas, const QString &uid);
+    Decisao Decidir(const ColunasDoContacto &colunas, const ChavesDoContacto &chaves,
+                    const QString &uid) const;
 
     // What a person decides: who comes in is that one. Igual or Completa.
     static Decisao Juntos(const QString &idioma, const ColunasDoContacto &colunas,
@@ -46,7 +55,7 @@ public:
 
 private:
     using Lugares = std::vector<std::size_t>;
-    using Dicionario = QHash<QString, Lugares>;
+    using Dicionario = QHash<QString, QVarLengthArray<std::size_t, 1>>; // nearly all keys are one person's
     using Chaves = ChavesDoContacto;
 
     static void Apontar(Dicionario &dicionario, const QStringList &chaves, std::size_t lugar);
@@ -56,7 +65,7 @@ private:
     Lugares Certos(const ColunasDoContacto &colunas, const Chaves &chaves, const Lugares &por_numero,
                    const Lugares &por_email) const;
     bool Ja_Esta_La(const ColunasDoContacto &colunas, std::size_t outro) const;
-    Decisao O_Mesmo(const ColunasDoContacto &colunas, std::size_t outro) const;
+    Decisao O_Mesmo(const ColunasDoContacto &colunas, const Chaves &chaves, std::size_t outro) const;
     void Completar(Decisao &decisao, const ColunasDoContacto &colunas) const;
 
     QString idioma_;

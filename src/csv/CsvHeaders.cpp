@@ -141,6 +141,48 @@ template<class Row> CsvField missingOf(const Row &row, std::size_t at)
     const bool isTaken = has(row, at, column.field, column.place);
     return isTaken && !has(row, at, other, column.place) ? other : column.field;
 }
+// Letters and figures in lower case without their marks, and blanks for all else.
+QString decomposed(const QString &text)
+{
+    QString lower = text.toLower();
+    lower.replace(u'ß', u"ss"_s); // which has no other form to be decomposed to
+    QString plain;
+    for (const QChar sign : lower.normalized(QString::NormalizationForm_KD)) {
+        if (sign.isMark()) continue;
+        plain += sign.isLetterOrNumber() ? sign : QChar(u' ');
+    }
+    return plain;
+}
+
+// Below this no sign is a mark of the one before it, so each is folded for itself, and once for all texts:
+// the letters of western and central Europe.
+constexpr char16_t foldedAlone = 0x180;
+
+const std::array<QString, foldedAlone> &foldedSigns()
+{
+    static const std::array<QString, foldedAlone> signs = [] {
+        std::array<QString, foldedAlone> table;
+        for (char16_t sign = 0; sign < foldedAlone; ++sign)
+            table[sign] = decomposed(QString(QChar(sign)));
+        return table;
+    }();
+    return signs;
+}
+
+QString foldedSignBySign(const QString &text)
+{
+    const std::array<QString, foldedAlone> &signs = foldedSigns();
+    QString plain;
+    plain.reserve(text.size());
+    bool isApart = false; // from the word before
+    for (const QChar sign : text)
+        for (const QChar each : signs[sign.unicode()]) {
+            if (each != u' ' && isApart && !plain.isEmpty()) plain += u' ';
+            isApart = each == u' ';
+            if (!isApart) plain += each;
+        }
+    return plain;
+}
 } // namespace
 
 CsvHeaders::CsvHeaders()
@@ -162,14 +204,9 @@ CsvHeaders::CsvHeaders()
 
 QString CsvHeaders::folded(const QString &name)
 {
-    QString text = name.toLower();
-    text.replace(u'ß', u"ss"_s); // which has no other form to be decomposed to
-    QString plain;
-    for (const QChar sign : text.normalized(QString::NormalizationForm_KD)) {
-        if (sign.isMark()) continue;
-        plain += sign.isLetterOrNumber() ? sign : QChar(u' ');
-    }
-    return plain.simplified();
+    const bool isPlain =
+        std::all_of(name.begin(), name.end(), [](QChar sign) { return sign.unicode() < foldedAlone; });
+    return isPlain ? foldedSignBySign(name) : decomposed(name).simplified();
 }
 
 CsvHeaders::Meaning CsvHeaders::meaningOf(const QString &name) const

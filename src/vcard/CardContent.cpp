@@ -15,7 +15,8 @@ namespace
 {
 CardEntry entryOf(const Card &card, const CardProperty &property)
 {
-    return {property.text().trimmed(), property.types(), property.preference(), card.label(property)};
+    const QStringList types = property.types();
+    return {property.text().trimmed(), types, property.preference(types), card.label(property)};
 }
 
 // A part that is missing is empty.
@@ -30,8 +31,11 @@ CardName nameOf(const CardProperty &property)
 CardAddress addressOf(const Card &card, const CardProperty &property)
 {
     const QStringList parts = property.parts();
-    return {part(parts, 0), part(parts, 1), part(parts, 2),   part(parts, 3),        part(parts, 4),
-            part(parts, 5), part(parts, 6), property.types(), property.preference(), card.label(property)};
+    const QStringList types = property.types();
+    return {part(parts, 0),      part(parts, 1), part(parts, 2),
+            part(parts, 3),      part(parts, 4), part(parts, 5),
+            part(parts, 6),      types,          property.preference(types),
+            card.label(property)};
 }
 
 CardBirthday birthdayOf(const CardProperty &property)

@@ -70,7 +70,8 @@ bool isKnownCardProperty(QByteArrayView name)
 
 CardHead::CardHead(QByteArrayView line)
 {
-    constexpr qsizetype longest = qsizetype{64} * 1024; // no head is that long, and one that is would fill the memory
+    constexpr qsizetype longest =
+        qsizetype{64} * 1024; // no head is that long, and one that is would fill the memory
     const qsizetype colon = outsideQuotes(line.first(std::min(line.size(), longest)), ':', 0);
     if (colon < 0) return;
     const QByteArrayView head = line.first(colon);
@@ -168,14 +169,14 @@ QStringList CardProperty::types() const
     return types;
 }
 
-int CardProperty::preference() const
+int CardProperty::preference(const QStringList &types) const
 {
     constexpr int least = 100;
     const QByteArray said = head_.value("PREF");
     bool isNumber = false;
     const int number = said.toInt(&isNumber);
     if (isNumber) return std::clamp(number, 1, least);
-    return !said.isNull() || types().contains(u"pref"_s) ? 1 : least + 1;
+    return !said.isNull() || types.contains(u"pref"_s) ? 1 : least + 1;
 }
 
 QByteArray CardProperty::decodedBytes() const
@@ -191,7 +192,7 @@ QString CardProperty::text() const
     const QByteArray bytes = isQuoted ? decodedQuotedPrintable(value_) : value_;
     QString text = cardText(bytes, charsetOfCardBytes(bytes, head_.value("CHARSET"), fallback_));
     if (isQuoted) text.replace("\r\n"_L1, "\n"_L1);
-    return unescapedCardText(text);
+    return text.contains(u'\\') ? unescapedCardText(text) : text;
 }
 
 // Disguised separators are text: the value is divided first and decoded then. Elsewhere the encoding comes
@@ -208,7 +209,7 @@ QStringList CardProperty::divided(char separator) const
     else
         pieces = piecesOf(cardText(whole, charset), QLatin1Char(separator));
     for (QString &piece : pieces)
-        piece = unescapedCardText(piece);
+        if (piece.contains(u'\\')) piece = unescapedCardText(piece);
     return pieces;
 }
 

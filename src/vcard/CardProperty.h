@@ -69,7 +69,8 @@ public:
     // The types in lower case, sorted, each once.
     QStringList types() const;
     // 1 is liked best, 100 least, 101 stands for none said.
-    int preference() const;
+    int preference() const { return preference(types()); }
+    int preference(const QStringList &types) const; // for who has asked for the types already
 
     QString text() const;            // the whole value, its escapes resolved
     QStringList parts() const;       // divided at ";"

@@ -35,6 +35,7 @@ QString decoded(QByteArrayView bytes, const QByteArray &charset, bool *sound)
 // A name that says less than what programs write under it.
 QByteArray wideCharset(const QByteArray &named)
 {
+    if (named.isEmpty()) return {};
     QByteArray name = named.trimmed().toLower();
     if (name == "utf-8" || name == "utf8" || name.isEmpty()) return {};
     if (name == "iso-8859-1" || name == "latin1" || name == "us-ascii" || name == "ascii" || name == "ansi")
