@@ -95,15 +95,16 @@ void frmImportarContactos::Preencher_Listas()
     ComboCodificacao->AddItem(geral_.Ler_Idioma(310));
     for (const char *codificacao : codificacoes::nomes)
         ComboCodificacao->AddItem(codificacoes::Palavra(codificacao, geral_.IdiomaActual));
+    ComboCodificacao->setCurrentIndex(0);
     chkJuntar->setChecked(geral_.SessaoActual.Editar);
     contactos_->Juntar_Aos_Existentes(chkJuntar->isChecked());
     QHeaderView &cabecalho = *Lista->header();
     cabecalho.resizeSection(ContactosAImportar::IgualA, scale::scaled(60)); // at least: it takes the rest
     cabecalho.setStretchLastSection(true);
-    cabecalho.resizeSection(ContactosAImportar::Nome, scale::scaled(122));
-    cabecalho.resizeSection(ContactosAImportar::Numero, scale::scaled(98));
-    cabecalho.resizeSection(ContactosAImportar::Email, scale::scaled(98));
-    cabecalho.resizeSection(ContactosAImportar::Estado, scale::scaled(98));
+    cabecalho.resizeSection(ContactosAImportar::Nome, scale::scaled(124));
+    cabecalho.resizeSection(ContactosAImportar::Numero, scale::scaled(110));
+    cabecalho.resizeSection(ContactosAImportar::Email, scale::scaled(130));
+    cabecalho.resizeSection(ContactosAImportar::Estado, scale::scaled(92));
 }
 
 void frmImportarContactos::Form_Unload()
