@@ -260,6 +260,14 @@ private Q_SLOTS:
         QCOMPARE(p.s.Linhas(u"SELECT Grupo FROM TblLista WHERE Nome = 'Rui'"_s), QStringList{u"3"_s});
     }
 
+    void sem_ficheiro_a_codificacao_e_a_automatica()
+    {
+        Programa p;
+        const frmImportarContactos form(p.s.geral, p.s.plataforma);
+        QCOMPARE(form.ComboCodificacao->currentText(), p.s.Texto(310));
+        QVERIFY(!form.ComboCodificacao->isEnabled());
+    }
+
     void outra_codificacao_le_o_ficheiro_de_novo_e_guarda_o_decidido()
     {
         Programa p;
