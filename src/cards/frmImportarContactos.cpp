@@ -97,7 +97,6 @@ void frmImportarContactos::Preencher_Listas()
         ComboCodificacao->AddItem(codificacoes::Palavra(codificacao, geral_.IdiomaActual));
     ComboCodificacao->setCurrentIndex(0);
     chkJuntar->setChecked(geral_.SessaoActual.Editar);
-    contactos_->Juntar_Aos_Existentes(chkJuntar->isChecked());
     QHeaderView &cabecalho = *Lista->header();
     cabecalho.resizeSection(ContactosAImportar::IgualA, scale::scaled(60)); // at least: it takes the rest
     cabecalho.setStretchLastSection(true);
