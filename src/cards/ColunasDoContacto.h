@@ -1,4 +1,4 @@
-// The columns of a contact as the table of contacts has them, and as cmdAdicionarNome takes them.
+// The columns of a contact in the order in which cmdAdicionarNome takes them.
 #pragma once
 
 #include <array>
@@ -30,6 +30,10 @@ struct ColunasDoContacto {
         u"Nome",       u"Telefone1", u"Telefone2", u"Fax",        u"Telemovel1", u"Telemovel2",
         u"Telemovel3", u"Dia",       u"Mes",       u"Ano",        u"Email1",     u"Email2",
         u"Website",    u"Morada",    u"Obs",       u"Fotografia", u"IDGrupo"};
+    // As the table of contacts itself names them.
+    static constexpr std::array<const char *, quantas> na_tabela{
+        "Nome", "Telefone1", "Telefone2", "Fax",     "Telemovel1", "Telemovel2", "Telemovel3", "Dia",  "Mes",
+        "Ano",  "Email1",    "Email2",    "Website", "Morada",     "Obs",        "Fotografia", "Grupo"};
     static constexpr std::array telefones{Coluna::Telefone1, Coluna::Telefone2};
     static constexpr std::array telemoveis{Coluna::Telemovel1, Coluna::Telemovel2, Coluna::Telemovel3};
     static constexpr std::array faxes{Coluna::Fax};

@@ -13,9 +13,7 @@ ColunasDoContacto Colunas_Da_Linha(const Recordset &rs)
     ColunasDoContacto colunas;
     for (std::size_t i = 0; i < ColunasDoContacto::quantas; ++i)
         if (i != static_cast<std::size_t>(Coluna::IDGrupo))
-            colunas.valores[i] =
-                rs.Fields(QString::fromUtf16(ColunasDoContacto::nomes[i]).toLatin1().constData())
-                    .textOrEmpty();
+            colunas.valores[i] = rs.Fields(ColunasDoContacto::na_tabela[i]).textOrEmpty();
     return colunas;
 }
 } // namespace

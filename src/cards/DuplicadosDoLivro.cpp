@@ -18,21 +18,11 @@ constexpr std::string_view lista = "TblLista";
 struct JaNaoEAssim : std::exception {
 };
 
-const char *Coluna_Da_Tabela(std::size_t qual)
-{
-    // That of the group has another name in the table.
-    static constexpr std::array nomes{
-        "Nome", "Telefone1", "Telefone2", "Fax",     "Telemovel1", "Telemovel2", "Telemovel3", "Dia",  "Mes",
-        "Ano",  "Email1",    "Email2",    "Website", "Morada",     "Obs",        "Fotografia", "Grupo"};
-    static_assert(nomes.size() == ColunasDoContacto::quantas);
-    return nomes[qual];
-}
-
 ColunasDoContacto Colunas_Da(const LinhaInteira &linha)
 {
     ColunasDoContacto colunas;
     for (std::size_t i = 0; i < ColunasDoContacto::quantas; ++i)
-        colunas.valores[i] = linha_inteira::Texto(linha, Coluna_Da_Tabela(i));
+        colunas.valores[i] = linha_inteira::Texto(linha, ColunasDoContacto::na_tabela[i]);
     return colunas;
 }
 
@@ -43,8 +33,8 @@ ColunasDoContacto Comparadas(const Row &linha)
     ColunasDoContacto colunas;
     for (const Coluna coluna :
          {Nome, Telefone1, Telefone2, Fax, Telemovel1, Telemovel2, Telemovel3, Email1, Email2}) {
-        const std::string_view valor =
-            linha.utf8(linha.column(Coluna_Da_Tabela(static_cast<std::size_t>(coluna))));
+        const char *nome = ColunasDoContacto::na_tabela[static_cast<std::size_t>(coluna)];
+        const std::string_view valor = linha.utf8(linha.column(nome));
         colunas[coluna] = QString::fromUtf8(valor.data(), static_cast<qsizetype>(valor.size()));
     }
     return colunas;

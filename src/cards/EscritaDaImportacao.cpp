@@ -19,11 +19,6 @@ constexpr qsizetype maior_grupo = 50;                           // characters of
 constexpr std::string_view lista = "TblLista";
 constexpr std::string_view tabela_dos_grupos = "TblGrupos";
 
-// The columns of the table in the order of ColunasDoContacto.
-constexpr std::array<const char *, ColunasDoContacto::quantas> na_tabela{
-    "Nome", "Telefone1", "Telefone2", "Fax",     "Telemovel1", "Telemovel2", "Telemovel3", "Dia",  "Mes",
-    "Ano",  "Email1",    "Email2",    "Website", "Morada",     "Obs",        "Fotografia", "Grupo"};
-
 struct Cancelada : std::exception {
 };
 } // namespace
@@ -38,8 +33,8 @@ std::optional<EscritaDaImportacao::LinhaDaAgenda> EscritaDaImportacao::Ler_Da_Ag
     std::optional<LinhaDaAgenda> lida;
     de_.Percorrer("cmdEditarNome", {ID}, [&](const Row &linha) {
         lida.emplace();
-        for (std::size_t i = 0; i < na_tabela.size(); ++i) {
-            const Field celula = linha.field(linha.column(na_tabela[i]));
+        for (std::size_t i = 0; i < ColunasDoContacto::quantas; ++i) {
+            const Field celula = linha.field(linha.column(ColunasDoContacto::na_tabela[i]));
             lida->nulas[i] = celula.isNull();
             lida->colunas.valores[i] = celula.textOrEmpty();
         }
@@ -275,7 +270,7 @@ void EscritaDaImportacao::Repor(const Existente &existente)
 {
     std::optional<LinhaDaAgenda> linha = Ler_Da_Agenda(existente.ID);
     if (!linha) return;
-    for (std::size_t i = 0; i < na_tabela.size(); ++i) {
+    for (std::size_t i = 0; i < ColunasDoContacto::quantas; ++i) {
         if (linha->colunas.valores[i] != existente.colunas.valores[i]) continue;
         linha->colunas.valores[i] = existente.antes.colunas.valores[i];
         linha->nulas[i] = existente.antes.nulas[i];

@@ -1,6 +1,6 @@
 #include "cards/frmCampos.h"
 
-#include "cards/CodificacoesDaTabela.h"
+#include "cards/Codificacoes.h"
 #include "cards/LinhasDoContacto.h"
 #include "cards/ModelosDaTabela.h"
 #include "controls/Scale.h"
@@ -128,12 +128,12 @@ void frmCampos::Preencher_Codificacoes()
     QString automatico = geral_.Ler_Idioma(345);
     const QString &idioma = geral_.IdiomaActual;
     if (escolhida.isEmpty())
-        automatico += u": "_s + codificacoes_da_tabela::Palavra(leitura_.Tabela().encoding, idioma);
+        automatico += u": "_s + codificacoes::Palavra(leitura_.Tabela().encoding, idioma);
     ComboCodificacao->Clear();
     ComboCodificacao->AddItem(automatico);
     ComboCodificacao->setCurrentIndex(0);
-    for (const char *nome : codificacoes_da_tabela::nomes) {
-        ComboCodificacao->AddItem(codificacoes_da_tabela::Palavra(nome, idioma));
+    for (const char *nome : codificacoes::nomes) {
+        ComboCodificacao->AddItem(codificacoes::Palavra(nome, idioma));
         if (escolhida == nome) ComboCodificacao->setCurrentIndex(ComboCodificacao->NewIndex());
     }
 }
@@ -221,9 +221,7 @@ void frmCampos::Reler(const CsvChoice &escolha)
 void frmCampos::ComboCodificacao_Click()
 {
     CsvChoice escolha = leitura_.Escolha();
-    const int qual = ComboCodificacao->ListIndex();
-    escolha.encoding.clear();
-    if (qual >= 1) escolha.encoding = codificacoes_da_tabela::nomes[static_cast<std::size_t>(qual) - 1];
+    escolha.encoding = codificacoes::Do_Lugar(ComboCodificacao->ListIndex());
     Reler(escolha);
 }
 

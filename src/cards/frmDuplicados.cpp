@@ -9,6 +9,8 @@
 #include "platform/Caption.h"
 #include "platform/Platform.h"
 
+#include <QHeaderView>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -16,7 +18,7 @@ namespace
 enum Coluna_Da_Lista { coluna_campo, coluna_primeiro, coluna_segundo, coluna_fica };
 
 constexpr int largura_do_campo = 90; // in pixels, as below
-constexpr int largura_do_contacto = 250;
+constexpr int largura_da_escolha = 150;
 constexpr int altura_da_linha = 22; // room for a choice, on rows without one too
 
 // A remark can be as long as its author liked; all of it is in the tip.
@@ -49,8 +51,11 @@ frmDuplicados::frmDuplicados(Geral &geral, Platform &platform, DesfazerEliminaca
     setupUi(this);
     scale::apply(*this);
     lvPar->setColumnWidth(coluna_campo, scale::scaled(largura_do_campo));
-    lvPar->setColumnWidth(coluna_primeiro, scale::scaled(largura_do_contacto));
-    lvPar->setColumnWidth(coluna_segundo, scale::scaled(largura_do_contacto));
+    lvPar->setColumnWidth(coluna_fica, scale::scaled(largura_da_escolha));
+    QHeaderView &colunas = *lvPar->header();
+    colunas.setStretchLastSection(false); // the two contacts share what room there is
+    for (const int contacto : {coluna_primeiro, coluna_segundo})
+        colunas.setSectionResizeMode(contacto, QHeaderView::Stretch);
     connect(cmdJuntar, &QAbstractButton::clicked, this, &frmDuplicados::cmdJuntar_Click);
     connect(cmdDiferentes, &QAbstractButton::clicked, this, &frmDuplicados::cmdDiferentes_Click);
     connect(cmdSaltar, &QAbstractButton::clicked, this, &frmDuplicados::cmdSaltar_Click);

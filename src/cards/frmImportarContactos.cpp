@@ -1,13 +1,14 @@
 #include "cards/frmImportarContactos.h"
 
+#include "cards/Codificacoes.h"
 #include "cards/ContactosAImportar.h"
 #include "cards/frmCampos.h"
+#include "cards/RelatorioDaImportacao.h"
 #include "cards/RetratoDoContacto.h"
 #include "contacts/Preencher_Grupos.h"
 #include "controls/Controls.h"
 #include "controls/Scale.h"
 #include "data/Direitos.h"
-#include "data/Fotografias.h"
 #include "data/Geral.h"
 #include "platform/Failure.h"
 #include "platform/Platform.h"
@@ -21,13 +22,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr qint64 pausa_maior = 12;      // ms without a look at what the person does
-constexpr std::size_t mais_outros = 20; // of those with whom a contact may be joined
-constexpr std::array codificacoes{"UTF-8",        "UTF-16LE",     "UTF-16BE",     "windows-1252",
-                                  "windows-1250", "windows-1251", "windows-1253", "windows-1254",
-                                  "windows-1255", "windows-1256", "windows-1257", "ISO-8859-15",
-                                  "KOI8-R",       "Shift_JIS",    "EUC-JP",       "EUC-KR",
-                                  "GB18030",      "Big5",         "macintosh"};
+constexpr qint64 pausa_maior = 12; // ms without a look at what the person does
 } // namespace
 
 frmImportarContactos::frmImportarContactos(Geral &geral, Platform &platform, QWidget *dono)
@@ -98,17 +93,17 @@ void frmImportarContactos::Preencher_Listas()
     for (int i = 0; i < ComboGrupos->ListCount(); ++i)
         if (QString::number(ComboGrupos->ItemData(i)) == geral_.GrupoActual) ComboGrupos->setCurrentIndex(i);
     ComboCodificacao->AddItem(geral_.Ler_Idioma(310));
-    for (const char *codificacao : codificacoes)
-        ComboCodificacao->AddItem(QLatin1StringView(codificacao));
+    for (const char *codificacao : codificacoes::nomes)
+        ComboCodificacao->AddItem(codificacoes::Palavra(codificacao, geral_.IdiomaActual));
+    ComboCodificacao->setCurrentIndex(0);
     chkJuntar->setChecked(geral_.SessaoActual.Editar);
-    contactos_->Juntar_Aos_Existentes(chkJuntar->isChecked());
     QHeaderView &cabecalho = *Lista->header();
     cabecalho.resizeSection(ContactosAImportar::IgualA, scale::scaled(60)); // at least: it takes the rest
     cabecalho.setStretchLastSection(true);
-    cabecalho.resizeSection(ContactosAImportar::Nome, scale::scaled(122));
-    cabecalho.resizeSection(ContactosAImportar::Numero, scale::scaled(98));
-    cabecalho.resizeSection(ContactosAImportar::Email, scale::scaled(98));
-    cabecalho.resizeSection(ContactosAImportar::Estado, scale::scaled(98));
+    cabecalho.resizeSection(ContactosAImportar::Nome, scale::scaled(124));
+    cabecalho.resizeSection(ContactosAImportar::Numero, scale::scaled(110));
+    cabecalho.resizeSection(ContactosAImportar::Email, scale::scaled(130));
+    cabecalho.resizeSection(ContactosAImportar::Estado, scale::scaled(92));
 }
 
 void frmImportarContactos::Form_Unload()
@@ -181,7 +176,7 @@ void frmImportarContactos::Comecar(const FicheiroDeContactos &ficheiro, const QS
     bytes_ = tabela_ ? QByteArray() : ficheiro.Bytes();
     txtCaminho->setText(nome);
     ComboCodificacao->setCurrentIndex(0);
-    decididos_.clear();
+    escolhas_.Esquecer();
     Recomecar();
 }
 
@@ -204,15 +199,10 @@ void frmImportarContactos::Abrir_Fonte()
     for (int i = 0; i < ComboGrupos->ListCount(); ++i)
         grupos.visiveis << ComboGrupos->List(i);
     grupos.criar = chkCriar->isChecked();
-    const int codificacao = ComboCodificacao->currentIndex();
     if (tabela_)
         importacao_->Abrir_Tabela(*tabela_, grupos);
     else
-        importacao_->Abrir_Cartoes(
-            bytes_,
-            codificacao > 0 ? QByteArray(codificacoes.at(static_cast<std::size_t>(codificacao - 1)))
-                            : QByteArray(),
-            grupos);
+        importacao_->Abrir_Cartoes(bytes_, codificacoes::Do_Lugar(ComboCodificacao->currentIndex()), grupos);
     aberta_ = true;
 }
 
@@ -242,34 +232,18 @@ void frmImportarContactos::Lido()
 {
     contactos_->Mostrar(&*importacao_);
     contactos_->Juntar_Aos_Existentes(chkJuntar->isChecked());
-    Repor_Escolhas();
+    escolhas_.Repor(importacao_->Contactos());
     Passar_A(Estado::Lido);
     if (contactos_->rowCount() > 0) {
         Lista->setCurrentIndex(contactos_->index(0, 0));
         Lista->setFocus();
     }
-    Mostrar_Contagem();
-}
-
-// What a person had decided before the same file was read in another way, where it still fits.
-void frmImportarContactos::Repor_Escolhas()
-{
-    auto &contactos = importacao_->Contactos();
-    if (decididos_.size() == contactos.size())
-        for (std::size_t i = 0; i < contactos.size(); ++i) {
-            const bool serve = decididos_[i].veredicto == contactos[i].veredicto;
-            if (!serve || (!contactos[i].quem.empty() && decididos_[i].com >= contactos[i].quem.size()))
-                continue;
-            contactos[i].escolha = decididos_[i].escolha;
-            contactos[i].com = decididos_[i].com;
-        }
-    decididos_.clear();
+    lblContagem->setText(RelatorioDaImportacao(geral_).Lidos(*importacao_));
 }
 
 void frmImportarContactos::ComboCodificacao_Click()
 {
-    for (const ContactoAImportar &contacto : importacao_->Contactos())
-        decididos_.push_back({contacto.veredicto, contacto.escolha, contacto.com});
+    escolhas_.Guardar(importacao_->Contactos());
     Recomecar();
 }
 
@@ -317,53 +291,17 @@ bool frmImportarContactos::eventFilter(QObject *alvo, QEvent *evento)
     return true;
 }
 
-void frmImportarContactos::Mostrar_Contagem()
-{
-    std::array<int, 4> quantos{};
-    for (const ContactoAImportar &contacto : importacao_->Contactos())
-        ++quantos.at(static_cast<std::size_t>(contacto.veredicto));
-    const auto parte = [this](qint16 texto, qsizetype numero) {
-        return geral_.Ler_Idioma(texto) + u' ' + QString::number(numero);
-    };
-    const auto de = [&](Veredicto veredicto) { return quantos.at(static_cast<std::size_t>(veredicto)); };
-    lblContagem->setText(QStringList{parte(49, contactos_->rowCount()), parte(294, de(Veredicto::Novo)),
-                                     parte(295, de(Veredicto::Completa)), parte(296, de(Veredicto::Igual)),
-                                     parte(297, de(Veredicto::Talvez)),
-                                     parte(298, static_cast<qsizetype>(importacao_->Faltas().size()))}
-                             .join(u"    "_s));
-}
-
 void frmImportarContactos::Mostrar_Contacto()
 {
     if (Linha() < 0) return;
     const ContactoAImportar &contacto = importacao_->Contactos().at(static_cast<std::size_t>(Linha()));
-    const Decisao fica = importacao_->Como_Fica(contacto);
-    const QString &fotografia = contacto.fonte.lido.colunas[Coluna::Fotografia];
-    retrato_->Limpar();
-    if (!fotografia.isEmpty()) retrato_->Fotografia(Fotografia_Do_Cartao(contacto.fonte.cartao, fotografia));
-    retrato_->Contacto(fica.completado, fica.preenchidas);
-    if (contacto.escolha == Escolha::Novo) {
-        const QString &grupo = contacto.fonte.lido.Grupo;
-        retrato_->Texto(geral_.Ler_Idioma(42) + u' ' +
-                        (grupo.isEmpty() ? ComboGrupos->currentText() : grupo));
-    }
-    if (contacto.escolha != Escolha::Juntar) Mostrar_Outros(contacto);
-    retrato_->Acabar();
+    RelatorioDaImportacao(geral_).Escrever(*retrato_, *importacao_, contacto, ComboGrupos->currentText());
     Mostrar_Escolhas(contacto);
-}
-
-void frmImportarContactos::Mostrar_Outros(const ContactoAImportar &contacto)
-{
-    for (std::size_t i = 0; i < std::min(contacto.quem.size(), mais_outros); ++i) {
-        const bool da_agenda = !importacao_->Quem(contacto.quem[i]).ID.isEmpty();
-        retrato_->Titulo(geral_.Ler_Idioma(da_agenda ? 313 : 314));
-        retrato_->Contacto(importacao_->Colunas_De(contacto.quem[i]));
-    }
 }
 
 void frmImportarContactos::Mostrar_Escolhas(const ContactoAImportar &contacto)
 {
-    const std::size_t outros = std::min(contacto.quem.size(), mais_outros);
+    const std::size_t outros = std::min(contacto.quem.size(), RelatorioDaImportacao::mais_outros);
     ComboEscolha->Clear();
     ComboEscolha->AddItem(geral_.Ler_Idioma(307));
     for (std::size_t i = 0; i < outros; ++i)
@@ -405,7 +343,7 @@ void frmImportarContactos::cmdImportar_Click()
         if (estado_ != Estado::A_Escrever) return;
         skipFailure([this] {
             Passar_A(Estado::Lido);
-            Mostrar_Contagem();
+            lblContagem->setText(RelatorioDaImportacao(geral_).Lidos(*importacao_));
         });
     });
     if (!Escrever()) return;
@@ -441,35 +379,12 @@ bool frmImportarContactos::Progresso(int percentagem)
     return !cancelada_;
 }
 
-QString frmImportarContactos::Falta(const FaltaDaFonte &falta)
-{
-    constexpr qint16 primeira = 319; // in the order of FaltaDaFonte::Que
-    const auto qual = static_cast<qint16>(primeira + static_cast<qint16>(falta.que));
-    return geral_.Ler_Idioma(318) + u' ' + QString::number(falta.linha) + u" \u2013 "_s +
-           (geral_.Ler_Idioma(qual) + u' ' + falta.valor).trimmed();
-}
-
 void frmImportarContactos::Mostrar_Relatorio()
 {
-    constexpr std::size_t mais_faltas = 1000; // that somebody could read
+    const RelatorioDaImportacao relatorio(geral_);
     Passar_A(Estado::Relatorio);
-    const EscritaDaImportacao::Contagem &feita = escrita_->Feita();
-    const auto parte = [this](qint16 texto, int numero) {
-        return geral_.Ler_Idioma(texto) + u' ' + QString::number(numero);
-    };
-    const QStringList partes{parte(315, feita.adicionados), parte(316, feita.completados),
-                             parte(317, feita.saltados)};
-    lblContagem->setText(partes.join(u"    "_s));
-    const std::vector<FaltaDaFonte> &faltas = importacao_->Faltas();
-    retrato_->Limpar();
-    for (const QString &linha : QStringList{geral_.Ler_Idioma(231)} + partes)
-        retrato_->Texto(linha);
-    for (const QString &grupo : escrita_->GruposCriados())
-        retrato_->Linha(geral_.Ler_Idioma(236), grupo);
-    retrato_->Texto(parte(298, static_cast<int>(faltas.size())));
-    for (std::size_t i = 0; i < std::min(faltas.size(), mais_faltas); ++i)
-        retrato_->Texto(Falta(faltas[i]));
-    retrato_->Acabar();
+    lblContagem->setText(relatorio.Feitos(escrita_->Feita()));
+    relatorio.Escrever(*retrato_, *importacao_, *escrita_);
     ComboEscolha->Clear();
     cmdCancelar->setFocus();
 }

@@ -2,6 +2,7 @@
 // there, the card as it will be, and what became of them. Nothing is written before cmdImportar.
 #pragma once
 
+#include "cards/EscolhasGuardadas.h"
 #include "cards/EscritaDaImportacao.h"
 #include "cards/FicheiroDeContactos.h"
 #include "data/Temporizadores.h"
@@ -59,13 +60,9 @@ private:
     void Passo();
     void Abrir_Fonte();
     void Lido();
-    void Repor_Escolhas();
-    void Mostrar_Contagem();
     void Mostrar_Contacto();
-    void Mostrar_Outros(const ContactoAImportar &contacto);
     void Mostrar_Escolhas(const ContactoAImportar &contacto);
     void Mostrar_Relatorio();
-    QString Falta(const FaltaDaFonte &falta);
     int Linha() const; // -1 without one
     bool Pode_Importar();
     bool Escrever();
@@ -86,10 +83,5 @@ private:
     QElapsedTimer desde_; // the last look at what the person does
     bool aberta_ = false; // the source of the reading
     bool cancelada_ = false;
-    struct Decidido {
-        Veredicto veredicto;
-        Escolha escolha;
-        std::size_t com;
-    };
-    std::vector<Decidido> decididos_; // before a file was read anew
+    EscolhasGuardadas escolhas_; // before a file is read anew
 };

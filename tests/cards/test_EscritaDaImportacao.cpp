@@ -36,6 +36,16 @@ QByteArray Pessoas(int quantas)
     return livro;
 }
 
+// A picture each that takes a megabyte to keep and no time to open: what follows its end is nothing to it.
+QByteArray Com_Fotografias_Grandes(int quantas)
+{
+    QByteArray livro;
+    for (int i = 0; i < quantas; ++i)
+        livro += Cartao("FN:Pessoa " + QByteArray::number(i) + "\r\nPHOTO;ENCODING=b:" +
+                        (pontos + QByteArray(1 << 20, static_cast<char>(i))).toBase64());
+    return livro;
+}
+
 // Everything that an import can touch.
 const QStringList tabelas{u"TblLista"_s, u"TblGrupos"_s, u"TblCartoes"_s, u"TblFotografias"_s};
 
@@ -110,6 +120,48 @@ void Filho_Que_Morre(const QString &base, const QString &ficheiro, int mudanca)
     morte_no_disco::armada = false;
     std::fputs(morte_no_disco::mudancas.c_str(), stdout);
 }
+
+// Imports in a process of its own, which may die of it; each time into the same book.
+struct MorteAImportar {
+    explicit MorteAImportar(const QByteArray &cartoes)
+    {
+        QFile escrito(ficheiro);
+        if (!escrito.open(QIODevice::WriteOnly) || escrito.write(cartoes) != cartoes.size())
+            qFatal("no cards");
+        QFile base(c.s.Base());
+        if (base.open(QIODevice::ReadOnly)) antes = base.readAll();
+    }
+
+    // Whether it died at that change to a file, and all the changes of one that did not; 0 kills none.
+    std::pair<bool, QByteArray> Importar(int mudanca)
+    {
+        QFile base(c.s.Base());
+        QFile::remove(c.s.Base() + u"-journal"_s);
+        if (!base.open(QIODevice::WriteOnly) || base.write(antes) != antes.size()) qFatal("no book");
+        base.close();
+        QProcess processo;
+        processo.start(QCoreApplication::applicationFilePath(),
+                       {u"--morre"_s, c.s.Base(), ficheiro, QString::number(mudanca)});
+        processo.waitForFinished(-1);
+        return {processo.exitStatus() == QProcess::CrashExit, processo.readAllStandardOutput()};
+    }
+
+    // Contacts, cards and pictures, as whoever opens it next finds them.
+    std::tuple<int, int, int> Na_Base() const
+    {
+        Connection ligacao;
+        ligacao.setConnectionString(u"Data Source='%1'"_s.arg(c.s.Base()));
+        ligacao.Open();
+        const auto contar = [&](const QString &tabela) {
+            return ligacao.query(u"SELECT count(*) AS n FROM "_s + tabela, {}).Fields("n").number();
+        };
+        return {contar(u"TblLista"_s), contar(u"TblCartoes"_s), contar(u"TblFotografias"_s)};
+    }
+
+    ComImportacao c;
+    QString ficheiro = c.s.Ficheiro(u"pessoas.vcf"_s);
+    QByteArray antes;
+};
 } // namespace
 
 class TestEscritaDaImportacao : public QObject
@@ -435,46 +487,36 @@ private Q_SLOTS:
 
     void uma_morte_em_qualquer_momento_deixa_tudo_ou_nada()
     {
-        ComImportacao c;
-        const QString ficheiro = c.s.Ficheiro(u"pessoas.vcf"_s);
-        QFile cartoes(ficheiro);
-        QVERIFY(cartoes.open(QIODevice::WriteOnly));
-        cartoes.write(Pessoas(30));
-        cartoes.close();
-        const QByteArray antes = [&] {
-            QFile base(c.s.Base());
-            return base.open(QIODevice::ReadOnly) ? base.readAll() : QByteArray();
-        }();
-        const auto filho = [&](int mudanca) {
-            QProcess processo;
-            processo.start(QCoreApplication::applicationFilePath(),
-                           {u"--morre"_s, c.s.Base(), ficheiro, QString::number(mudanca)});
-            processo.waitForFinished(-1);
-            return std::pair(processo.exitStatus(), processo.readAllStandardOutput());
-        };
+        MorteAImportar m(Pessoas(30));
         int nadas = 0;
         int tudos = 0;
         for (int mudanca = 1;; ++mudanca) {
-            QFile base(c.s.Base());
-            QFile::remove(c.s.Base() + u"-journal"_s);
-            QVERIFY(base.open(QIODevice::WriteOnly) && base.write(antes) == antes.size());
-            base.close();
-            const auto [fim, mudancas] = filho(mudanca);
-            Connection ligacao;
-            ligacao.setConnectionString(u"Data Source='%1'"_s.arg(c.s.Base()));
-            ligacao.Open();
-            const auto contar = [&](const QString &tabela) {
-                return ligacao.query(u"SELECT count(*) AS n FROM "_s + tabela, {}).Fields("n").number();
-            };
-            const int contactos = contar(u"TblLista"_s);
+            const auto [morreu, mudancas] = m.Importar(mudanca);
+            const auto [contactos, cartoes, fotografias] = m.Na_Base();
             QVERIFY2(contactos == 1 || contactos == 31, qPrintable(QString::number(mudanca)));
-            QCOMPARE(contar(u"TblCartoes"_s), contactos - 1);
-            QCOMPARE(contar(u"TblFotografias"_s), contactos == 1 ? 0 : 1);
+            QCOMPARE(cartoes, contactos - 1);
+            QCOMPARE(fotografias, contactos == 1 ? 0 : 1);
             ++(contactos == 1 ? nadas : tudos);
-            if (fim == QProcess::NormalExit) break;
+            if (!morreu) break;
         }
         QVERIFY(nadas > 3);
         QVERIFY(tudos > 0);
+    }
+
+    // More than the store gathers before it writes it, and more than it keeps in memory.
+    void uma_morte_a_meio_de_muitas_fotografias_tambem()
+    {
+        constexpr int quantas = 30;
+        constexpr int mortes = 10;
+        MorteAImportar m(Com_Fotografias_Grandes(quantas));
+        const auto [inteira_morreu, mudancas] = m.Importar(0);
+        QVERIFY(!inteira_morreu);
+        QCOMPARE(m.Na_Base(), std::tuple(1 + quantas, quantas, quantas));
+        for (int i = 1; i <= mortes; ++i) {
+            const auto mudanca = static_cast<int>(mudancas.size()) * i / (mortes + 1);
+            QVERIFY(m.Importar(mudanca).first);
+            QCOMPARE(m.Na_Base(), std::tuple(1, 0, 0));
+        }
     }
 };
 

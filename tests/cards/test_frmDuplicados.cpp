@@ -8,6 +8,8 @@
 #include "testlib/TempoGasto.h"
 #include "testlib/Teste.h"
 
+#include <QHeaderView>
+
 using namespace Qt::StringLiterals;
 using accoes::Quando_Abrir;
 
@@ -75,6 +77,17 @@ private Q_SLOTS:
         QVERIFY(Escolha_De(*form, u"Telemóvel"_s) == nullptr); // one number in two spellings
         QCOMPARE(Linha_De(*form, u"Grupo"_s)->text(2), u"Amigos"_s);
         QVERIFY(Linha_De(*form, u"Fax"_s) == nullptr);
+    }
+
+    void as_escolhas_ficam_a_vista_numa_janela_estreita()
+    {
+        UmPar m;
+        const auto form = m.Abrir();
+        form->resize(600, 400);
+        QCoreApplication::processEvents();
+        QCOMPARE(form->width(), 600);
+        QCOMPARE(form->lvPar->header()->length(), form->lvPar->viewport()->width());
+        QVERIFY(form->lvPar->viewport()->rect().contains(Escolha_De(*form, u"Observações"_s)->geometry()));
     }
 
     void juntar_deixa_um_contacto_com_tudo_o_que_os_dois_diziam()

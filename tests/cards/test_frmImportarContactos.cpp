@@ -260,6 +260,14 @@ private Q_SLOTS:
         QCOMPARE(p.s.Linhas(u"SELECT Grupo FROM TblLista WHERE Nome = 'Rui'"_s), QStringList{u"3"_s});
     }
 
+    void sem_ficheiro_a_codificacao_e_a_automatica()
+    {
+        Programa p;
+        const frmImportarContactos form(p.s.geral, p.s.plataforma);
+        QCOMPARE(form.ComboCodificacao->currentText(), p.s.Texto(310));
+        QVERIFY(!form.ComboCodificacao->isEnabled());
+    }
+
     void outra_codificacao_le_o_ficheiro_de_novo_e_guarda_o_decidido()
     {
         Programa p;
@@ -267,7 +275,7 @@ private Q_SLOTS:
         QCOMPARE(f.Celula(0, 0), u"Ži\u017eka"_s); // windows-1252 has these two as well
         f.Ir_Para(1);
         f.Escolher(1);
-        f.form.ComboCodificacao->setCurrentText(u"windows-1251"_s);
+        f.form.ComboCodificacao->setCurrentText(u"Cirílico (windows-1251)"_s);
         Q_EMIT f.form.ComboCodificacao->activated(f.form.ComboCodificacao->currentIndex());
         f.Esperar();
         QCOMPARE(f.Celula(0, 0), u"ЋiћkA"_s.replace(u'A', u'a'));

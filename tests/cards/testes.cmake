@@ -1,6 +1,7 @@
 # Tests of cards.
 foreach(teste IN ITEMS
     test_CartaoDoContacto
+    test_Codificacoes
     test_CodigoQR
     test_ConteudoDoQR
     test_ContactoDoCartao

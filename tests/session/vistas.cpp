@@ -52,6 +52,9 @@ struct Vistas {
     void Opcoes();
     void Procura();
     void Lembretes();
+    void Importar_Cartoes();
+    void Exportar_Cartoes();
+    void Duplicados();
     void Caixas();
     void Previsao();
     void Restantes();
@@ -164,6 +167,44 @@ void Vistas::Lembretes()
     c.form.reset();
 }
 
+void Vistas::Importar_Cartoes()
+{
+    Tirar(*c.Novo<frmImportarContactos>(c.s.geral, c.s.plataforma), u"frmImportarContactos-vazio"_s);
+    auto &form = static_cast<frmImportarContactos &>(*aberturas[u"frmImportarContactos"_s](c));
+    for (int i = 0; i < form.Lista->model()->rowCount(); ++i) {
+        form.Lista->setCurrentIndex(form.Lista->model()->index(i, 0));
+        Tirar(form, u"frmImportarContactos-%1"_s.arg(i));
+    }
+    form.cmdImportar->click();
+    Tirar(form, u"frmImportarContactos-relatorio"_s);
+    form.cmdAnular->click();
+    c.form.reset();
+}
+
+void Vistas::Exportar_Cartoes()
+{
+    auto &form = static_cast<frmExportarContactos &>(*aberturas[u"frmExportarContactos"_s](c));
+    form.OptionTodos->click();
+    Tirar(form, u"frmExportarContactos"_s);
+    c.s.dialogos.textos = {c.s.Ficheiro(u"saida.vcf"_s)};
+    form.cmdExportar->click();
+    Guardar(form, u"frmExportarContactos-trabalha"_s);
+    form.cmdCancelar->click();
+    Tirar(form, u"frmExportarContactos-cancelada"_s);
+    c.form.reset();
+}
+
+void Vistas::Duplicados()
+{
+    Tirar(*c.Novo<frmDuplicados>(c.s.geral, c.s.plataforma, c.desfazer, &c.janela), u"frmDuplicados-vazio"_s);
+    auto &form = static_cast<frmDuplicados &>(*aberturas[u"frmDuplicados"_s](c));
+    Tirar(form, u"frmDuplicados"_s);
+    while (form.cmdSaltar->isEnabled())
+        form.cmdSaltar->click();
+    Tirar(form, u"frmDuplicados-fim"_s);
+    c.form.reset();
+}
+
 void Vistas::Caixas()
 {
     DesktopMessageBoxes caixas;
@@ -237,6 +278,9 @@ int main(int argc, char **argv)
     vistas.Opcoes();
     vistas.Procura();
     vistas.Lembretes();
+    vistas.Duplicados();
+    vistas.Importar_Cartoes();
+    vistas.Exportar_Cartoes();
     vistas.Caixas();
     vistas.Previsao();
     vistas.Restantes();
