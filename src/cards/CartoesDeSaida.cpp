@@ -52,7 +52,7 @@ QString CartoesDeSaida::UID(int ID, const std::optional<CartaoGuardado> &guardad
 {
     if (guardado && !guardado->UID.isEmpty()) return guardado->UID;
     if (!lembra_) return {};
-    const QString novo = QUuid::createUuid().toString(QUuid::WithoutBraces);
+    QString novo = QUuid::createUuid().toString(QUuid::WithoutBraces);
     guardados_.Guardar({QString::number(ID), novo, guardado ? guardado->cartao : QByteArray()});
     return novo;
 }
@@ -78,7 +78,7 @@ QByteArray CartoesDeSaida::Escrever(const ContactoDoLivro &livro)
     ContactoParaCartao contacto = livro.contacto;
     contacto.UID = UID(livro.ID, guardado);
     contacto.Fotografia = Fotografia(coluna);
-    const QByteArray cartao = Cartao(contacto, guardado ? guardado->cartao : QByteArray());
+    QByteArray cartao = Cartao(contacto, guardado ? guardado->cartao : QByteArray());
     if (opcoes_.com_fotografias && !coluna.isEmpty() && Lido(cartao).first("PHOTO") == nullptr)
         ++fotografias_de_fora_;
     return cartao;

@@ -58,7 +58,7 @@ void NumFicheiro::Concluir()
     if (!ficheiro_.commit()) throw Nao_Se_Escreve(caminho_);
 }
 
-NumaPasta::NumaPasta(QString pasta, QString terminacao)
+NumaPasta::NumaPasta(QString pasta, const QString &terminacao)
     : pasta_(std::move(pasta)), terminacao_(u'.' + terminacao)
 {
     const QStringList la = QDir(pasta_).entryList(QDir::AllEntries | QDir::Hidden | QDir::System);

@@ -40,7 +40,7 @@ private:
 class NumaPasta final : public DestinoDeSaida
 {
 public:
-    NumaPasta(QString pasta, QString terminacao); // "vcf"
+    NumaPasta(QString pasta, const QString &terminacao); // "vcf"
     ~NumaPasta() override;
 
     void Juntar(const QString &nome, const QByteArray &bytes) override;

@@ -198,7 +198,7 @@ QString EscritaDaImportacao::Grupo_De(const QString &nome)
     if (!pedido_.criar_grupos) return pedido_.IDGrupo;
     const QString cortado = Cortado(nome.simplified(), maior_grupo);
     de_.Executar("cmdInserirGrupo", {cortado, pedido_.IdUtilizador});
-    const QString ID = QString::number(de_.Ultimo_ID(tabela_dos_grupos));
+    QString ID = QString::number(de_.Ultimo_ID(tabela_dos_grupos));
     grupos_.insert(dobrado, ID);
     grupos_criados_ << ID;
     nomes_dos_grupos_ << cortado;

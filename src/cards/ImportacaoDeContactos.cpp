@@ -18,13 +18,8 @@ using LugaresNaLinha = std::array<int, ColunasDoContacto::quantas>;
 
 LugaresNaLinha Lugares_Na_Linha(const Row &linha)
 {
-    // The column of the group has another name in the table, and is not compared.
-    static constexpr std::array nomes{
-        "Nome", "Telefone1", "Telefone2", "Fax",     "Telemovel1", "Telemovel2", "Telemovel3", "Dia",  "Mes",
-        "Ano",  "Email1",    "Email2",    "Website", "Morada",     "Obs",        "Fotografia", "Grupo"};
-    static_assert(nomes.size() == ColunasDoContacto::quantas);
     LugaresNaLinha lugares{};
-    std::transform(nomes.begin(), nomes.end(), lugares.begin(),
+    std::transform(ColunasDoContacto::na_tabela.begin(), ColunasDoContacto::na_tabela.end(), lugares.begin(),
                    [&](const char *nome) { return linha.column(nome); });
     return lugares;
 }

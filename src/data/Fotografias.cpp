@@ -13,7 +13,7 @@ QByteArray FotografiasDaBase::Ler(const QString &Fotografia)
 {
     if (!E_Da_Base(Fotografia) || !de_.Em_Dia()) return {};
     Recordset &rs = de_.Abrir("cmdLerFotografia", {Fotografia});
-    const QByteArray bytes = rs.Eof() ? QByteArray() : rs.Fields("Imagem").bytes();
+    QByteArray bytes = rs.Eof() ? QByteArray() : rs.Fields("Imagem").bytes();
     rs.Close();
     return bytes;
 }

@@ -62,9 +62,9 @@ private:
     QImageReader reader_;
 };
 
-Picture::Picture(const QString &path) : path_(path) { measure(); }
+Picture::Picture(QString path) : path_(std::move(path)) { measure(); }
 
-Picture::Picture(QByteArray bytes, const QString &name) : path_(name), bytes_(std::move(bytes))
+Picture::Picture(QByteArray bytes, QString name) : path_(std::move(name)), bytes_(std::move(bytes))
 {
     if (bytes_.isEmpty()) raiseInvalid(path_);
     measure();

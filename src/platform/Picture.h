@@ -16,9 +16,9 @@ public:
     Picture() = default;
 
     // Opens the file and reads its size. Raises Failure for a file that is missing, no picture, or a drawing.
-    explicit Picture(const QString &path);
+    explicit Picture(QString path);
     // The same of bytes that are no file; the name is what a failure says.
-    Picture(QByteArray bytes, const QString &name);
+    Picture(QByteArray bytes, QString name);
 
     const QString &path() const { return path_; }      // or the name
     QSize naturalSize() const { return naturalSize_; } // pixels; in twips it is 15 times that
