@@ -4,6 +4,8 @@
 #include "ComGrupos.h"
 #include "session/frmNovoUser.h"
 
+#include <QtTest>
+
 namespace criacao_de_utilizador
 {
 // Without the right to users the button answers with the refusal; the form stays.

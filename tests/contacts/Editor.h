@@ -5,6 +5,8 @@
 #include "testlib/Accoes.h"
 #include "testlib/ComJanela.h"
 
+#include <QtTest>
+
 using namespace Qt::StringLiterals;
 
 struct Editor : ComJanela {

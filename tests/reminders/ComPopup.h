@@ -5,6 +5,8 @@
 #include "reminders/frmPopup.h"
 #include "reminders/frmTarefas.h"
 
+#include <QtTest>
+
 // To the end of the rise, without waiting for its timer.
 inline void Subir(frmPopup &popup)
 {

@@ -45,6 +45,7 @@
 #include "testlib/Sistema.h"
 
 #include <QMap>
+#include <QtTest>
 
 // An installation in that language with a user, a main window, and a form over it.
 struct ComFormulario {

@@ -7,6 +7,8 @@
 #include "session/Main.h"
 #include "testlib/Sistema.h"
 
+#include <QtTest>
+
 struct ComJanela {
     ComJanela()
     {
