@@ -151,5 +151,5 @@ void DuplicadosDoLivro::Escrever(const Aberto &par, const ColunasDoContacto &col
 
 void DuplicadosDoLivro::Guardar_Diferentes(const Aberto &par)
 {
-    geral_.de.Executar("cmdGuardarDiferentes", {par.ID, par.outroID});
+    geral_.de.Tudo_Ou_Nada([&] { geral_.de.Executar("cmdGuardarDiferentes", {par.ID, par.outroID}); });
 }

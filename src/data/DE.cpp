@@ -219,6 +219,12 @@ void DE::Abrir_Ligacao()
     }
 }
 
+void DE::Tudo_Ou_Nada(const std::function<void()> &trabalho)
+{
+    if (!Em_Dia()) skipFailure([this] { esquema::Por_Em_Dia(ligacao_); });
+    ligacao_.allOrNothing(trabalho);
+}
+
 bool DE::Em_Dia()
 {
     if (!em_dia_) em_dia_ = esquema::Em_Dia(Ligacao());

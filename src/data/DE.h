@@ -87,8 +87,9 @@ public:
     void Largar_Fotografias(const QSet<QString> &nomes);
 
     // Runs that as one: all that its commands write is in the file when this returns, and nothing of it when
-    // this raises.
-    void Tudo_Ou_Nada(const std::function<void()> &trabalho) { Ligacao().allOrNothing(trabalho); }
+    // this raises. An older database that could not be brought up to date when it was opened is tried again
+    // before; where it still can't be, that runs without the newer tables.
+    void Tudo_Ou_Nada(const std::function<void()> &trabalho);
 
     // The file of the open database, and whether a path leads to it, under whatever name.
     QString Ficheiro() { return Ligacao().file(); }

@@ -306,6 +306,21 @@ private Q_SLOTS:
         QVERIFY(a.s.geral.de.Em_Dia());
     }
 
+    // As an import, a deletion or a join do, once there is room.
+    void o_que_se_escreve_como_um_so_da_primeiro_o_passo_que_falhou()
+    {
+        Antiga a;
+        DE &de = a.s.geral.de;
+        {
+            const DiscoCheio cheio(static_cast<rlim_t>(QFileInfo(a.s.Base()).size()));
+            QCOMPARE(a.Abrir(), u"PortuguesPT"_s);
+            QVERIFY(!de.Em_Dia());
+        }
+        de.Tudo_Ou_Nada([&] { CartoesGuardados(de).Guardar({u"1"_s, u"u"_s, "c"}); });
+        a.Ficou_Em_Dia();
+        QCOMPARE(CartoesGuardados(de).Ler(u"1"_s)->cartao, QByteArray("c"));
+    }
+
     void morto_em_qualquer_ponto_a_base_e_a_antiga_ou_a_nova()
     {
         Antiga modelo;
