@@ -1,6 +1,7 @@
 // The labels dialog: what it says to the report control, and whom it leaves out.
 #include "ComRelatorios.h"
 #include "printing/frmEtiquetas.h"
+#include "testlib/SeteLinguas.h"
 
 using namespace Qt::StringLiterals;
 
@@ -111,13 +112,7 @@ private Q_SLOTS:
         QCOMPARE(c.relatorio.Ditos(u"ParameterFields"_s).first(), u"22 remetente;;TRUE"_s);
     }
 
-    void nenhuma_letra_serve_duas_vezes_data()
-    {
-        QTest::addColumn<QString>("idioma");
-        for (const char *idioma :
-             {"PortuguesPT", "PortuguesBR", "InglesUK", "EspanholES", "ItalianoIT", "FrancesFR", "AlemaoDE"})
-            QTest::newRow(idioma) << QString::fromLatin1(idioma);
-    }
+    void nenhuma_letra_serve_duas_vezes_data() { Em_Cada_Lingua(); }
     void nenhuma_letra_serve_duas_vezes()
     {
         QFETCH(QString, idioma);

@@ -2,6 +2,7 @@
 // run.
 #include "ComRelatorios.h"
 #include "printing/frmImprimir.h"
+#include "testlib/SeteLinguas.h"
 
 using namespace Qt::StringLiterals;
 
@@ -144,13 +145,7 @@ private Q_SLOTS:
                  (QStringList{u"24 titulo;Todos os grupos;TRUE"_s, u"24 titulo;Vizinhos;TRUE"_s}));
     }
 
-    void nenhuma_letra_serve_duas_vezes_data()
-    {
-        QTest::addColumn<QString>("idioma");
-        for (const char *idioma :
-             {"PortuguesPT", "PortuguesBR", "InglesUK", "EspanholES", "ItalianoIT", "FrancesFR", "AlemaoDE"})
-            QTest::newRow(idioma) << QString::fromLatin1(idioma);
-    }
+    void nenhuma_letra_serve_duas_vezes_data() { Em_Cada_Lingua(); }
     // Nor in frmExportar, which offers the same options beside captions of its own.
     void nenhuma_letra_serve_duas_vezes()
     {

@@ -1,4 +1,4 @@
-// The rows of a test of one caption: the columns "lingua" and "legenda", in the order of the languages.
+// The rows of tests that run in each language, in the order of the languages.
 #pragma once
 
 #include "data/Idiomas.h"
@@ -7,6 +7,15 @@
 #include <QString>
 #include <QTest>
 
+// The column "idioma" alone.
+inline void Em_Cada_Lingua()
+{
+    QTest::addColumn<QString>("idioma");
+    for (const Idioma &idioma : idiomas::todos)
+        QTest::newRow(idioma.coluna) << QString::fromLatin1(idioma.coluna);
+}
+
+// The columns "lingua" and "legenda": a test of one caption.
 inline void Nas_Sete_Linguas(const std::array<QString, idiomas::todos.size()> &legendas)
 {
     QTest::addColumn<QString>("lingua");
