@@ -34,7 +34,19 @@ public:
         DatabaseForbidden, // it is there and cannot be opened
         DatabaseDamaged,   // or none at all
         DatabaseNewer,     // written in a way that this program does not know yet
+        DatabaseOlder, // on a server, which only its administrator brings up to date
         DiskFull,
+        AddressBroken,       // of a server: not to be understood
+        AddressWithPassword, // of a server: it holds a secret, which belongs into the file of passwords
+        ServerLost,          // it no longer answers, or not at all
+        ServerUnknown,       // nobody knows its name
+        ServerRefused,       // it is there, and takes nobody at the moment
+        ServerUntrusted,     // it can't prove who it is, or doesn't encipher
+        ServerForbidden,     // it doesn't let this user in
+        ServerPassword,      // the password is wrong
+        ServerNoPassword,    // it asks for one, and none is kept for it
+        ServerPasswordFile,  // the file of passwords may be read by others, so it was not looked at
+        ServerNoDatabase,    // it has no database of that name
     };
 
     Failure(int number, QString source, QString description, Kind kind = Kind::Other);
