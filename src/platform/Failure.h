@@ -34,19 +34,19 @@ public:
         DatabaseForbidden, // it is there and cannot be opened
         DatabaseDamaged,   // or none at all
         DatabaseNewer,     // written in a way that this program does not know yet
-        DatabaseOlder, // on a server, which only its administrator brings up to date
+        DatabaseOlder,     // a server's, which only its administrator brings up to date
         DiskFull,
-        AddressBroken,       // of a server: not to be understood
-        AddressWithPassword, // of a server: it holds a secret, which belongs into the file of passwords
-        ServerLost,          // it no longer answers, or not at all
-        ServerUnknown,       // nobody knows its name
-        ServerRefused,       // it is there, and takes nobody at the moment
-        ServerUntrusted,     // it can't prove who it is, or doesn't encipher
-        ServerForbidden,     // it doesn't let this user in
-        ServerPassword,      // the password is wrong
-        ServerNoPassword,    // it asks for one, and none is kept for it
-        ServerPasswordFile,  // the file of passwords may be read by others, so it was not looked at
-        ServerNoDatabase,    // it has no database of that name
+        AddressBroken,      // a server's, which can't be understood
+        PasswordInAddress,  // where anybody could read it
+        ServerUnknown,      // no such host
+        ServerRefused,      // nobody listens there
+        ServerCertificate,  // it is not proved that it is that server
+        ServerForbidden,    // it does not let this user in, or not from here
+        ServerPassword,     // wrong
+        ServerNoPassword,   // it asks for one, and none is kept for it
+        ServerPasswordFile, // the same, for others may read the file of passwords, and so it is not looked at
+        ServerNoDatabase,   // the server is there, and has none of that name
+        ServerLost,         // the connection went, or nobody answered in time; it comes back by itself
     };
 
     Failure(int number, QString source, QString description, Kind kind = Kind::Other);

@@ -75,7 +75,7 @@ private Q_SLOTS:
     void a_password_is_refused_wherever_it_stands()
     {
         QFETCH(QString, text);
-        QCOMPARE(Recusa(text), Failure::Kind::AddressWithPassword);
+        QCOMPARE(Recusa(text), Failure::Kind::PasswordInAddress);
         QVERIFY(!Queixa(text).contains("Segr3do"_L1));
         QVERIFY(!PostgresAddress::shown(text).contains("Segr3do"_L1));
         QVERIFY(PostgresAddress::shown(text).contains("ana@server/morvex"_L1));

@@ -104,7 +104,7 @@ PostgresAddress::PostgresAddress(const QString &text) : text_(text.trimmed().toU
         named_.insert(option.keyword, true);
         secret = secret || isSecret(option);
     });
-    if (secret) raise(u"The address holds a password"_s, shown(text), AddressWithPassword);
+    if (secret) raise(u"The address holds a password"_s, shown(text), PasswordInAddress);
 
     QString reason;
     const Options all = expanded(text_, reason);

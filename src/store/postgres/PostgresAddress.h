@@ -26,7 +26,7 @@ public:
     static QString shown(const QString &text);
 
     // Raises Failure for one that can't be understood (AddressBroken) or that holds a password
-    // (AddressWithPassword). Asks neither the server nor for its name.
+    // (PasswordInAddress). Asks neither the server nor for its name.
     explicit PostgresAddress(const QString &text);
 
     // The names that have to be looked up before the library is asked, which would block on them.

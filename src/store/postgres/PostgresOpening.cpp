@@ -123,7 +123,7 @@ void PostgresOpening::fail() const
     if (PQconnectionNeedsPassword(connection_.get()) != 0)
         raise(text, isOpenToOthers(address_.passwordFile()) ? ServerPasswordFile : ServerNoPassword);
     if (const QByteArray state = stateIn(message); !state.isEmpty()) raise(text, kindOfState(state.constData()));
-    if (stage_ == CONNECTION_SSL_STARTUP) raise(text, ServerUntrusted);
+    if (stage_ == CONNECTION_SSL_STARTUP) raise(text, ServerCertificate);
     if (stage_ == CONNECTION_NEEDED || stage_ == CONNECTION_BAD) raise(text, AddressBroken);
     raise(text, ServerRefused);
 }
