@@ -1,7 +1,7 @@
 // The connection to a database file: what it opens, what it refuses, what it does to a statement.
 #include "store/Connection.h"
-#include "store/sqlite/NewDatabase.h"
 #include "store/Row.h"
+#include "store/sqlite/NewDatabase.h"
 #include "testlib/DiscoCheio.h"
 #include "testlib/Teste.h"
 
@@ -479,8 +479,7 @@ private Q_SLOTS:
         QCOMPARE(perguntas, (QStringList{u"ANDRÉ0"_s, u"Zita0"_s, u"Álvaro0"_s}));
         passadas.clear();
         connection_.rowsWanted(
-            sql, {}, u"Nome, Nome"_s,
-            [](std::string_view nome, std::string_view) { return nome == "Zita"; },
+            sql, {}, u"Nome, Nome"_s, [](std::string_view nome, std::string_view) { return nome == "Zita"; },
             [&](const Row &linha) { passadas << linha.field(0).text(); });
         QCOMPARE(passadas, QStringList(u"Zita"_s));
         VERIFICAR_FALHA(connection_.rows(sql + u" AND wanted(Nome, NULL)"_s, {}, [](const Row &) {}),
