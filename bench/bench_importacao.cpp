@@ -7,7 +7,7 @@
 #include "cards/frmImportarContactos.h"
 #include "controls/Application.h"
 #include "session/Main.h"
-#include "store/TextRules.h"
+#include "store/sqlite/TextRules.h"
 #include "testlib/Pausas.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"

@@ -10,7 +10,7 @@
 #include "interchange/RegistoMorvex.h"
 #include "controls/Application.h"
 #include "controls/ListBox.h"
-#include "store/TextRules.h"
+#include "store/sqlite/TextRules.h"
 #include "session/Main.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"

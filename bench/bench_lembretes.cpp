@@ -4,7 +4,7 @@
 // bench_lembretes [tasks [due]]
 #include "data/Comandos.h"
 #include "controls/Application.h"
-#include "store/TextRules.h"
+#include "store/sqlite/TextRules.h"
 #include "reminders/frmListaTarefas.h"
 #include "session/Main.h"
 #include "testlib/Disparar.h"

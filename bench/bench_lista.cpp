@@ -18,7 +18,7 @@
 #include "platform/PurpleMessenger.h"
 #include "session/Main.h"
 #include "store/Connection.h"
-#include "store/TextRules.h"
+#include "store/sqlite/TextRules.h"
 
 #include <algorithm>
 #include <cstdio>

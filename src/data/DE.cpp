@@ -7,8 +7,7 @@
 #include "store/CleanCopy.h"
 
 #include <algorithm>
-#include <QJsonArray>
-#include <QJsonDocument>
+#include <utility>
 
 namespace
 {
@@ -73,6 +72,12 @@ std::vector<StoreValue> Converter(const Instrucao &instrucao, std::initializer_l
         valores.push_back((parametros.begin() + i)->convertedTo(tipos[i]));
     return valores;
 }
+
+QString Cadeia_Do_Ficheiro(const QString &caminho)
+{
+    return QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source= '") + caminho +
+           QStringLiteral("'") + QStringLiteral(";Jet OLEDB:Encrypt Database=True;Persist Security Info=False");
+}
 } // namespace
 
 DE::DE(QString &CaminhoBD, QString pasta) : base_(CaminhoBD, std::move(pasta)) {}
@@ -100,17 +105,15 @@ bool DE::Percorrer_As_Que(ComandoComLinhas comando, const Value &parametro, QLat
     Rs(comando).Close();
     const Instrucao &instrucao = Preparada(comando.Posicao());
     const auto valores = Converter(instrucao, {parametro});
-    const qsizetype ordem = instrucao.sql.lastIndexOf(QLatin1StringView(" ORDER BY "));
     bool ha = false;
-    Ligacao().rowsWanted(instrucao.sql.left(ordem) + QLatin1StringView(" AND wanted(") + colunas + u')' +
-                             instrucao.sql.mid(ordem),
-                         valores, querida, [&](const Row &uma) {
-                             ha = true;
-                             linha(uma);
-                         });
+    Ligacao().rowsWanted(instrucao.sql, valores, colunas, querida, [&](const Row &uma) {
+        ha = true;
+        linha(uma);
+    });
     if (!ha)
-        Ligacao().rows(instrucao.sql.left(ordem) + QLatin1StringView(" LIMIT 1"), valores,
-                       [&ha](const Row &) { ha = true; });
+        Ligacao().rows(instrucao.sql.left(instrucao.sql.lastIndexOf(QLatin1StringView(" ORDER BY "))) +
+                           QLatin1StringView(" LIMIT 1"),
+                       valores, [&ha](const Row &) { ha = true; });
     return ha;
 }
 
@@ -151,7 +154,7 @@ LinhasInteiras DE::Ler_Inteiras(std::string_view tabela, std::string_view coluna
 QString DE::Repor_Inteira(std::string_view tabela, const LinhaInteira &linha)
 {
     Ligacao().execute(linha_inteira::Sql_Repor(tabela), linha_inteira::Valores(tabela, linha));
-    return Ligacao().query(QStringLiteral("SELECT last_insert_rowid() AS ID"), {}).Fields("ID").text();
+    return QString::number(Ligacao().lastId());
 }
 
 void DE::Repor_No_Grupo(const Value &ID, const Value &grupo, const Value &de_onde_esta)
@@ -170,31 +173,35 @@ void DE::Percorrer_A_Vista(const Value &IdUtilizador, qint64 depois_de, int quan
         {depois_de, IdUtilizador.convertedTo(ColumnType::Long), qint64{quantos}}, linha);
 }
 
-qint64 DE::Ultimo_ID(std::string_view tabela)
-{
-    const QString sql =
-        QStringLiteral("SELECT max(ifnull((SELECT seq FROM sqlite_sequence WHERE name = ?), 0), "
-                       "ifnull((SELECT max(ID) FROM %1), 0)) AS ID");
-    return Ligacao().query(sql.arg(texto(tabela)), {texto(tabela)}).Fields("ID").number();
-}
+qint64 DE::Ultimo_ID(std::string_view tabela) { return Ligacao().highestId(texto(tabela)); }
 
 void DE::Recuar_ID(std::string_view tabela, qint64 ultimo)
 {
-    Ligacao().execute(QStringLiteral("UPDATE sqlite_sequence SET seq = ? WHERE name = ?"),
-                      {ultimo, texto(tabela)});
+    Ligacao().giveAgainBehind(texto(tabela), ultimo);
 }
 
 void DE::Largar_Fotografias(const QSet<QString> &nomes)
 {
-    const QJsonArray lista = QJsonArray::fromStringList(QStringList(nomes.begin(), nomes.end()));
-    Ligacao().execute(
-        QStringLiteral(
-            "DELETE FROM TblFotografias WHERE Nome IN (SELECT value FROM json_each(?)) AND Nome NOT "
-            "IN (SELECT Fotografia FROM TblLista WHERE Fotografia IS NOT NULL)"),
-        {QString::fromUtf8(QJsonDocument(lista).toJson())});
+    constexpr std::size_t de_cada_vez = 500; // a statement of a store takes no endless list
+    std::vector<StoreValue> valores;
+    const auto largar = [&] {
+        QStringList lugares(static_cast<qsizetype>(valores.size()), QStringLiteral("?"));
+        Ligacao().execute(QStringLiteral("DELETE FROM TblFotografias WHERE Nome IN (%1) AND Nome NOT IN "
+                                         "(SELECT Fotografia FROM TblLista WHERE Fotografia IS NOT NULL)")
+                              .arg(lugares.join(u',')),
+                          std::exchange(valores, {}));
+    };
+    for (const QString &nome : nomes) {
+        valores.emplace_back(nome);
+        if (valores.size() == de_cada_vez) largar();
+    }
+    if (!valores.empty()) largar();
 }
 
-bool DE::E_A_Base_Aberta(const QString &caminho) { return isSameFile(Ligacao().file(), caminho); }
+bool DE::E_A_Base_Aberta(const QString &caminho)
+{
+    return !Ligacao().isServer() && isSameFile(ligacao_.file(), caminho);
+}
 
 void DE::Fechar_Ligacao()
 {
@@ -213,7 +220,7 @@ void DE::Abrir_Ligacao()
     try {
         esquema::Por_Em_Dia(ligacao_);
     } catch (const Failure &falha) {
-        if (falha.kind() != Failure::Kind::DatabaseNewer) return;
+        if (falha.kind() != Failure::Kind::DatabaseNewer && !ligacao_.isServer()) return;
         ligacao_.Close();
         throw;
     }
@@ -241,9 +248,8 @@ void DE::Experimentar_Escrita()
 Connection &DE::Ligacao()
 {
     if (ligacao_.isOpen()) return ligacao_;
-    ligacao_.setConnectionString(
-        QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source= '") + base_.Fixar() +
-        QStringLiteral("'") + QStringLiteral(";Jet OLEDB:Encrypt Database=True;Persist Security Info=False"));
+    const QString onde = base_.Fixar();
+    ligacao_.setConnectionString(Connection::isAddress(onde) ? onde : Cadeia_Do_Ficheiro(onde));
     Abrir_Ligacao();
     skipFailure([this] { Cuidar_Do_Indice(ligacao_); }); // a file that takes no writing can still be read
     return ligacao_;

@@ -103,6 +103,12 @@ public:
     void Fechar_Ligacao();
     void Reabrir_Ligacao();
 
+    // Whether the data lie on a server that several desks share.
+    bool Num_Servidor() { return Connection::isAddress(base_.Caminho()); }
+
+    // Who hears what other desks change, and that the server is away or back. On a file nobody is told.
+    void Ouvir(Store::Listener ouvinte) { ligacao_.setListener(std::move(ouvinte)); }
+
     // Gives up what the store keeps of the file for a next reading.
     void Largar_Memoria() { ligacao_.releaseMemory(); }
 

@@ -30,6 +30,7 @@ QStringList Indices(Connection &ligacao)
 
 void Cuidar_Do_Indice(Connection &ligacao)
 {
+    if (ligacao.isServer()) return; // its administrator's tool has made one
     const QString actual = prefixo + textOrderVersion();
     QStringList indices = Indices(ligacao);
     const bool existe = indices.removeOne(actual);

@@ -23,7 +23,8 @@ std::span<const Coluna> Colunas(std::string_view tabela)
 
 QString linha_inteira::Sql_Ler(std::string_view tabela, std::string_view coluna)
 {
-    return u"SELECT * FROM %1 WHERE %2 = ? ORDER BY rowid"_s.arg(texto(tabela), texto(coluna));
+    return u"SELECT * FROM %1 WHERE %2 = ? ORDER BY %3"_s.arg(texto(tabela), texto(coluna),
+                                                              texto(Colunas(tabela).front().nome));
 }
 
 QString linha_inteira::Sql_Repor(std::string_view tabela)

@@ -11,16 +11,9 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-int Versao_De(Connection &ligacao)
-{
-    return ligacao.query(u"PRAGMA user_version"_s, {}).Fields("user_version").number();
-}
-
 bool Tem_Tabela(Connection &ligacao, const Tabela &tabela)
 {
-    const QString nome = QString::fromUtf8(tabela.nome.data(), qsizetype(tabela.nome.size()));
-    return ligacao.query(u"SELECT name FROM sqlite_master WHERE type='table' AND name=?"_s, {nome})
-               .RecordCount() > 0;
+    return !ligacao.columns(QString::fromUtf8(tabela.nome.data(), qsizetype(tabela.nome.size()))).isEmpty();
 }
 
 // Another program's may be chosen by mistake. It counts its own versions, and nothing is added to it.
@@ -53,7 +46,7 @@ void Trazer_Textos(Connection &ligacao)
 
 bool Falta_Algum(Connection &ligacao)
 {
-    const int dados = Versao_De(ligacao);
+    const int dados = ligacao.schemaNumber();
     if (dados > esquema::versao)
         throw Failure(
             Failure::StoreError, ligacao.file(),
@@ -66,17 +59,28 @@ bool Falta_Algum(Connection &ligacao)
 void Dar_Os_Que_Faltam(Connection &ligacao)
 {
     if (!Falta_Algum(ligacao)) return;
-    for (int passo = Versao_De(ligacao) + 1; passo <= esquema::versao; ++passo)
+    for (int passo = ligacao.schemaNumber() + 1; passo <= esquema::versao; ++passo)
         Criar_Tabelas(ligacao, passo);
     Trazer_Textos(ligacao);
     ligacao.execute(u"PRAGMA user_version=%1"_s.arg(esquema::versao), {});
 }
+
+// A desk may not change the tables that all desks share.
+void Exigir_Em_Dia(Connection &ligacao)
+{
+    if (Falta_Algum(ligacao))
+        throw Failure(Failure::StoreError, ligacao.file(),
+                      u"The database has had %1 steps, and this program needs %2"_s.arg(ligacao.schemaNumber())
+                          .arg(esquema::versao),
+                      Failure::Kind::DatabaseOlder);
+}
 } // namespace
 
-bool esquema::Em_Dia(Connection &ligacao) { return Versao_De(ligacao) == versao; }
+bool esquema::Em_Dia(Connection &ligacao) { return ligacao.schemaNumber() == versao; }
 
 void esquema::Por_Em_Dia(Connection &ligacao)
 {
+    if (ligacao.isServer()) return Exigir_Em_Dia(ligacao);
     if (Em_Dia(ligacao) || !Deste_Programa(ligacao) || !Falta_Algum(ligacao)) return;
     ligacao.allOrNothing([&] { Dar_Os_Que_Faltam(ligacao); });
 }

@@ -6,7 +6,7 @@
 #include "data/Textos.h"
 #include "platform/Failure.h"
 #include "store/Connection.h"
-#include "store/NewDatabase.h"
+#include "store/sqlite/NewDatabase.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -29,7 +29,7 @@ void Criar(const QString &textos, const QString &versao, const QString &destino)
 {
     createDatabase(destino, Criar_Tabelas());
     Connection ligacao;
-    ligacao.setConnectionString(u"Data Source='%1'"_s.arg(destino));
+    ligacao.setDataSource(destino);
     ligacao.Open();
     ligacao.execute(u"BEGIN"_s, {});
     ligacao.execute(u"INSERT INTO TblConfig (ID, Idioma, Versao, Remetente, Destinatario) VALUES (1, '', ?, '', '')"_s,

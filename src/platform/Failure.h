@@ -34,7 +34,15 @@ public:
         DatabaseForbidden, // it is there and cannot be opened
         DatabaseDamaged,   // or none at all
         DatabaseNewer,     // written in a way that this program does not know yet
+        DatabaseOlder,     // a server's, which only its administrator brings up to date
         DiskFull,
+        PasswordInAddress, // where anybody could read it
+        ServerUnknown,     // no such host
+        ServerRefused,     // nobody listens there
+        ServerCertificate, // it is not proved that it is that server
+        ServerPassword,    // wrong, or none
+        ServerNoDatabase,  // the server is there, and has none of that name
+        ServerLost,        // the connection went, or nobody answered in time; it comes back by itself
     };
 
     Failure(int number, QString source, QString description, Kind kind = Kind::Other);

@@ -1,7 +1,6 @@
 #include "report/ReportData.h"
 
 #include "platform/Failure.h"
-#include "report/QuotedName.h"
 #include "report/SelectionFormula.h"
 #include "store/Connection.h"
 
@@ -21,10 +20,12 @@ class Fields
 {
 public:
     Fields(const ReportDefinition &definition, Connection &connection)
-        : definition_(definition), connection_(connection)
+        : definition_(definition), connection_(connection), dialect_(connection.dialect())
     {
         if (!has(definition.table, {})) raise(u"The database has no table %1"_s.arg(definition.table));
     }
+
+    const Dialect &dialect() const { return dialect_; }
 
     // Empty when there is no such field. A row that a look-up doesn't find has Null fields.
     QString sql(const QString &table, const QString &column)
@@ -41,7 +42,7 @@ private:
 
     QString own(const QString &column) const
     {
-        return quotedName(definition_.table) + u'.' + quotedName(column);
+        return dialect_.name(definition_.table) + u'.' + dialect_.name(column);
     }
 
     QString lookedUp(const ReportLookup &lookup, const QString &column)
@@ -51,8 +52,10 @@ private:
             (!lookup.field.isEmpty() && !has(definition_.table, lookup.field)))
             raise(u"The look-up of %1 names a field that isn't there: %2"_s.arg(lookup.table, missing));
         const QString other = lookup.field.isEmpty() ? quotedText(lookup.value) : own(lookup.field);
-        return u"(SELECT %1 FROM %2 AS found WHERE found.%3 = %4 LIMIT 1) COLLATE MORVEX"_s.arg(
-            u"found."_s + quotedName(column), quotedName(lookup.table), quotedName(lookup.key), other);
+        return u"(SELECT %1 FROM %2 AS found WHERE found.%3 = %4 LIMIT 1)"_s.arg(
+                   u"found."_s + dialect_.name(column), dialect_.name(lookup.table),
+                   dialect_.name(lookup.key), other) +
+               dialect_.byOurOrder;
     }
 
     // Whether the table has the column; without a column, whether there is the table.
@@ -60,9 +63,8 @@ private:
     {
         const QString key = table.toLower();
         if (!columns_.contains(key)) {
-            Recordset rs = connection_.query(u"SELECT name FROM pragma_table_info(?)"_s, {table});
-            for (; !rs.Eof(); rs.MoveNext())
-                columns_[key].insert(rs.Fields("name").text().toLower());
+            for (const QString &name : connection_.columns(table))
+                columns_[key].insert(name.toLower());
         }
         const QSet<QString> &known = columns_[key];
         return column.isEmpty() ? !known.isEmpty() : known.contains(column.toLower());
@@ -70,6 +72,7 @@ private:
 
     const ReportDefinition &definition_;
     Connection &connection_;
+    const Dialect &dialect_;
     QHash<QString, QSet<QString>> columns_;
 };
 
@@ -79,7 +82,7 @@ QString shownFields(const ReportDefinition &definition, Fields &fields)
     for (const ReportField &field : definition.fields) {
         const QString sql = fields.sql(field.table, field.column);
         if (sql.isEmpty()) raise(u"The database has no field %1.%2"_s.arg(field.table, field.column));
-        list << u"COALESCE(%1, '')"_s.arg(sql);
+        list << fields.dialect().asText(sql);
     }
     return list.isEmpty() ? u"''"_s : list.join(u", "_s);
 }
@@ -94,7 +97,7 @@ QString order(const QStringList &sort, Fields &fields)
         if (sql.isEmpty()) raise(u"There is no such field to sort by: %1"_s.arg(field));
         list << sql + (field.startsWith(u'-') ? u" DESC"_s : u""_s);
     }
-    list << u"rowid"_s;
+    list << fields.dialect().rowOrder;
     return list.join(u", "_s);
 }
 } // namespace
@@ -104,11 +107,11 @@ ReportData::ReportData(const ReportDefinition &definition, const QString &databa
     : width_(std::max<std::size_t>(definition.fields.size(), 1))
 {
     Connection connection;
-    connection.setConnectionString(u"Data Source='%1'"_s.arg(database));
+    connection.setDataSource(database);
     connection.OpenReadOnly();
     Fields fields(definition, connection);
 
-    QString sql = u"SELECT "_s + shownFields(definition, fields) + u" FROM "_s + quotedName(definition.table);
+    QString sql = u"SELECT "_s + shownFields(definition, fields) + u" FROM "_s + fields.dialect().name(definition.table);
     const SelectionCondition condition = compileSelection(
         selection, [&](const QString &table, const QString &column) { return fields.sql(table, column); });
     if (!condition.sql.isEmpty()) sql += u" WHERE "_s + condition.sql;

@@ -1,7 +1,6 @@
 #include "report/ReportLanguage.h"
 
 #include "platform/Caption.h"
-#include "report/QuotedName.h"
 #include "report/ReportDefinition.h"
 #include "report/ReportWords.h"
 #include "store/Connection.h"
@@ -12,9 +11,7 @@ namespace
 {
 bool hasColumn(Connection &connection, const QString &table, const QString &column)
 {
-    Recordset rs = connection.query(u"SELECT 1 FROM pragma_table_info(?) WHERE lower(name) = lower(?)"_s,
-                                    {table, column});
-    return !rs.Eof();
+    return connection.columns(table).contains(column, Qt::CaseInsensitive);
 }
 
 QString headOf(const QString &caption)
@@ -27,8 +24,9 @@ QString headOf(const QString &caption)
 // Empty for a text that is missing.
 QString textOf(Connection &connection, const ReportTexts &texts, const QString &language, int number)
 {
+    const auto quoted = connection.dialect().name;
     const QString sql = u"SELECT %1 AS said FROM %2 WHERE %3 = ?"_s.arg(
-        quotedName(language), quotedName(texts.table), quotedName(texts.key));
+        quoted(language), quoted(texts.table), quoted(texts.key));
     Recordset rs = connection.query(sql, {number});
     return rs.Eof() ? QString() : headOf(rs.Fields("said").textOrEmpty());
 }
@@ -41,7 +39,7 @@ void sayInLanguage(ReportDefinition &definition, const QString &database, const 
     const ReportTexts &texts = definition.texts;
     if (texts.table.isEmpty()) return;
     Connection connection;
-    connection.setConnectionString(u"Data Source='%1'"_s.arg(database));
+    connection.setDataSource(database);
     connection.OpenReadOnly();
     if (!hasColumn(connection, texts.table, language) || !hasColumn(connection, texts.table, texts.key))
         return;

@@ -13,7 +13,7 @@ namespace
 {
 void openExisting(Connection &connection, const QString &path)
 {
-    connection.setConnectionString(u"Data Source='%1'"_s.arg(path));
+    connection.setDataSource(path);
     connection.Open();
 }
 } // namespace

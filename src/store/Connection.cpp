@@ -1,180 +1,135 @@
 #include "store/Connection.h"
 
-#include "store/OpenDatabase.h"
-#include "store/Row.h"
-#include "store/TextRules.h"
-#include "store/UntouchedSource.h"
+#include "store/Raising.h"
+#include "store/sqlite/SqliteStore.h"
 
-#include <QFileInfo>
 #include <QRegularExpression>
-#include <QScopedValueRollback>
-#include <SQLiteCpp/Backup.h>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
 QString dataSource(const QString &connectionString)
 {
-    static const QRegularExpression shape(
-        QStringLiteral("(?:^|;)\\s*Data Source\\s*=\\s*'([^']*)'\\s*(?:;[^']*)?$"),
-        QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression shape(u"(?:^|;)\\s*Data Source\\s*=\\s*'([^']*)'\\s*(?:;[^']*)?$"_s,
+                                          QRegularExpression::CaseInsensitiveOption);
     const auto match = shape.match(connectionString);
-    if (!match.hasMatch())
-        raising::failure(QStringLiteral("The connection string is broken: %1").arg(connectionString));
+    if (!match.hasMatch()) raising::failure(u"The connection string is broken: %1"_s.arg(connectionString));
     return match.captured(1);
-}
-
-std::vector<QByteArray> columnNames(const Statement &statement)
-{
-    const int columns = sqlite3_column_count(statement.handle());
-    std::vector<QByteArray> names;
-    names.reserve(static_cast<std::size_t>(columns));
-    for (int i = 0; i < columns; ++i)
-        names.emplace_back(sqlite3_column_name(statement.handle(), i));
-    return names;
-}
-
-void append(Cells &cells, const Statement &statement)
-{
-    const int columns = sqlite3_column_count(statement.handle());
-    const Row row(statement.handle());
-    for (int i = 0; i < columns; ++i)
-        row.addTo(cells, i);
-}
-
-void copyAll(SQLite::Database &target, SQLite::Database &source)
-{
-    const int result = SQLite::Backup(target, source).executeStep();
-    if (result != SQLITE_DONE) throw SQLite::Exception(source.getHandle(), result);
 }
 } // namespace
 
 Connection::Connection() = default;
-QString Connection::storeVersion() { return QString::fromLatin1(sqlite3_libversion()); }
-
 Connection::~Connection() = default;
 
-void Connection::Open() { open(SQLite::OPEN_READWRITE); }
+QString Connection::storeVersion() { return SqliteStore::libraryVersion(); }
 
-void Connection::OpenReadOnly() { open(SQLite::OPEN_READONLY); }
+bool Connection::isAddress(const QString &text)
+{
+    return text.startsWith("postgresql://"_L1, Qt::CaseInsensitive) ||
+           text.startsWith("postgres://"_L1, Qt::CaseInsensitive);
+}
+
+void Connection::setDataSource(const QString &addressOrPath)
+{
+    setConnectionString(isAddress(addressOrPath) ? addressOrPath
+                                                 : u"Data Source='%1'"_s.arg(addressOrPath));
+}
 
 QString Connection::file() const { return dataSource(connectionString_); }
 
-QString Connection::existingFile() const
+void Connection::opened(std::unique_ptr<Store> store)
 {
-    QString path = file();
-    const QFileInfo info(path);
-    if (!info.exists())
-        raising::failure(QStringLiteral("The database was not found: %1").arg(path), {},
-                         Failure::Kind::DatabaseMissing);
-    if (info.size() == 0)
-        raising::failure(QStringLiteral("The file is no database: %1").arg(path), {},
-                         Failure::Kind::DatabaseDamaged);
-    return path;
-}
-
-void Connection::open(int flags)
-{
-    const QString path = existingFile();
-    database_ = raising::around(path, path, [&] {
-        auto opened = std::make_unique<Database>(path, flags);
-        opened->handle.setBusyTimeout(Database::patience);
-        registerTextRules(opened->handle.getHandle());
-        opened->handle.exec("PRAGMA synchronous=FULL");
-        opened->handle.execAndGet(
-            "SELECT count(*) FROM sqlite_master"); // a file that is no database fails here
-        return opened;
-    });
+    store_ = std::move(store);
+    store_->listen(listener_);
     ++openings_;
 }
 
-void Connection::OpenInMemory()
+void Connection::Open() { opened(SqliteStore::open(file())); }
+
+void Connection::OpenReadOnly() { opened(SqliteStore::openReadOnly(file())); }
+
+void Connection::OpenInMemory() { opened(SqliteStore::inMemory()); }
+
+void Connection::OpenCopyInMemory() { opened(SqliteStore::copyInMemory(file())); }
+
+void Connection::Close() { store_.reset(); }
+
+Store &Connection::store()
 {
-    database_ = raising::around({}, {}, [] {
-        auto opened = std::make_unique<Database>(QStringLiteral(":memory:"),
-                                                 SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-        registerTextRules(opened->handle.getHandle());
-        return opened;
-    });
+    if (!store_) raising::failure(u"The connection is closed"_s);
+    return *store_;
 }
 
-void Connection::OpenCopyInMemory()
+void Connection::setListener(Store::Listener listener)
 {
-    const QString path = existingFile();
-    OpenInMemory();
-    try {
-        const UntouchedSource source(path);
-        raising::around(path, path, [&] {
-            Database file(source.path(), source.flags());
-            file.handle.setBusyTimeout(Database::patience);
-            copyAll(database_->handle, file.handle);
-        });
-    } catch (const Failure &) {
-        Close();
-        throw;
-    }
+    listener_ = std::move(listener);
+    if (store_) store_->listen(listener_);
 }
 
-void Connection::Close() { database_.reset(); }
-
-Connection::Mark Connection::mark()
+void Connection::execute(const QString &sql, std::vector<StoreValue> values)
 {
-    if (!database_) raising::closed();
-    return raising::around(database_->path, {}, [&] {
-        return Mark{openings_, database_->handle.execAndGet("PRAGMA data_version").getInt(),
-                    sqlite3_total_changes(database_->handle.getHandle())};
-    });
+    store().execute(sql, std::move(values));
 }
 
 Recordset Connection::query(const QString &sql, const std::vector<StoreValue> &values)
 {
-    if (!database_) raising::closed();
-    return raising::around(database_->path, sql, [&] {
-        Statement &statement = database_->statement(sql);
-        const Running running(statement, values);
-        Cells cells;
-        while (database_->step(statement))
-            append(cells, statement);
-        return Recordset(columnNames(statement), std::move(cells));
-    });
+    return store().query(sql, values);
 }
 
 void Connection::each(const QString &sql, const std::vector<StoreValue> &values,
                       const std::function<void(const Recordset &)> &row)
 {
-    if (!database_) raising::closed();
-    raising::around(database_->path, sql, [&] {
-        Statement &statement = database_->statement(sql);
-        const Running running(statement, values);
-        while (database_->step(statement)) {
-            Cells cells;
-            append(cells, statement);
-            row(Recordset(columnNames(statement), std::move(cells)));
-        }
+    store().rows(sql, values, [&row](const Row &current) {
+        Cells cells;
+        current.addTo(cells);
+        row(Recordset(current.columnNames(), std::move(cells)));
     });
 }
 
-void Connection::rows(const QString &sql, const std::vector<StoreValue> &values,
-                      const std::function<void(const Row &)> &row)
+void Connection::rows(const QString &sql, const std::vector<StoreValue> &values, const Store::EachRow &row)
 {
-    if (!database_) raising::closed();
-    raising::around(database_->path, sql, [&] {
-        Statement &statement = database_->statement(sql);
-        const Running running(statement, values);
-        const Row current(statement.handle());
-        while (database_->step(statement))
-            row(current);
-    });
+    store().rows(sql, values, row);
 }
 
-void Connection::rowsWanted(const QString &sql, const std::vector<StoreValue> &values, const Wanted &wanted,
-                            const std::function<void(const Row &)> &row)
+void Connection::rowsWanted(const QString &sql, const std::vector<StoreValue> &values, const QString &columns,
+                            const Wanted &wanted, const Store::EachRow &row)
 {
-    if (!database_) raising::closed();
-    const QScopedValueRollback asked(database_->wanted, wanted);
-    rows(sql, values, row);
+    store().rowsWanted(sql, values, columns, wanted, row);
 }
 
 void Connection::releaseMemory()
 {
-    if (database_) sqlite3_db_release_memory(database_->handle.getHandle());
+    if (store_) store_->releaseMemory();
 }
+
+Connection::Mark Connection::mark()
+{
+    Mark mark = store().mark();
+    mark.opening = openings_;
+    return mark;
+}
+
+void Connection::tryWriting() { store().tryWriting(); }
+
+void Connection::waitingOnce(const std::function<void()> &work) { store().waitingOnce(work); }
+
+int Connection::written(const QString &sql) const { return store_ ? store_->written(sql) : 0; }
+
+void Connection::gathering(const std::function<void()> &work) { store().gathering(work); }
+
+void Connection::allOrNothing(const std::function<void()> &work) { store().allOrNothing(work); }
+
+int Connection::undone() const { return store_ ? store_->undone() : 0; }
+
+qint64 Connection::lastId() { return store().lastId(); }
+
+qint64 Connection::highestId(const QString &table) { return store().highestId(table); }
+
+void Connection::giveAgainBehind(const QString &table, qint64 last) { store().giveAgainBehind(table, last); }
+
+QStringList Connection::columns(const QString &table) { return store().columns(table); }
+
+int Connection::schemaNumber() { return store().schemaNumber(); }
+
+const Dialect &Connection::dialect() { return store().dialect(); }

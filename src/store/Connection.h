@@ -1,16 +1,11 @@
-// One connection to a database file. The only place that knows which store lies underneath.
-// Every write is durable when its call returns; another copy of the program on the same file waits its turn.
+// One connection to the data: to a database file, or to a server that several desks share. The only place that
+// knows which store lies underneath.
+// Every write is durable when its call returns; others on the same data wait their turn.
 #pragma once
 
-#include "store/Recordset.h"
-#include "store/Values.h"
-#include "store/Wanted.h"
+#include "store/Store.h"
 
-#include <functional>
 #include <memory>
-#include <vector>
-
-class Row;
 
 class Connection
 {
@@ -21,10 +16,15 @@ public:
     // Of the store's library, as it runs.
     static QString storeVersion();
 
-    // What to open, as "name=value;" pairs of which "Data Source", between single quotes, names the file. A
-    // path with a single quote in it breaks the string: it is not escaped.
+    // Whether that is the address of a server and not a path.
+    static bool isAddress(const QString &text);
+
+    // What to open: the address of a server as it is, or "name=value;" pairs of which "Data Source", between
+    // single quotes, names the file. A path with a single quote in it breaks the string: it is not escaped.
     void setConnectionString(const QString &text) { connectionString_ = text; }
     const QString &connectionString() const { return connectionString_; }
+    // The same from the address or the path alone.
+    void setDataSource(const QString &addressOrPath);
 
     // Raises Failure for a string that is broken and for a file that is missing, empty, locked or no
     // database. Never creates the file.
@@ -37,10 +37,17 @@ public:
     // once: nobody waits for it, and neither it nor the folder around it has changed.
     void OpenCopyInMemory();
     void Close();
-    bool isOpen() const { return database_ != nullptr; }
+    bool isOpen() const { return store_ != nullptr; }
 
-    // The path that the connection string names. Raises Failure for a string that is broken.
+    // Whether the connection string names a server.
+    bool isServer() const { return isAddress(connectionString_); }
+    // The path that the connection string names, or the server's address as a person may read it. Raises
+    // Failure for a string that is broken.
     QString file() const;
+
+    // Who hears what other desks change, and that the server is away or back. Outlives each opening. On a
+    // file nobody is told.
+    void setListener(Store::Listener listener);
 
     // The connection's own statement for a text, prepared at the first use and kept. Values go to the ?, in
     // their order. Raises Failure with the store's reason.
@@ -54,29 +61,22 @@ public:
 
     // The same for many rows of which little is wanted: hands on each where the store keeps it. The work must
     // not run that statement again.
-    void rows(const QString &sql, const std::vector<StoreValue> &values,
-              const std::function<void(const Row &)> &row);
+    void rows(const QString &sql, const std::vector<StoreValue> &values, const Store::EachRow &row);
 
-    // The same for a statement that asks by itself which rows are wanted (store/Wanted).
-    void rowsWanted(const QString &sql, const std::vector<StoreValue> &values, const Wanted &wanted,
-                    const std::function<void(const Row &)> &row);
+    // The same for those rows alone of which the two columns, "a, b", are wanted: asked where the store can,
+    // before it sorts. The statement has a WHERE, and an ORDER BY at its end or none.
+    void rowsWanted(const QString &sql, const std::vector<StoreValue> &values, const QString &columns,
+                    const Wanted &wanted, const Store::EachRow &row);
 
-    // Gives up the pages of the file that are kept for a next reading: worth a call where much was read for
-    // once.
+    // Gives up what is kept of the file for a next reading: worth a call where much was read for once.
     void releaseMemory();
 
-    // Another one once anybody, here or in another program, has changed the file.
-    struct Mark {
-        int opening = 0;   // which of this connection's openings it belongs to
-        int elsewhere = 0; // moves on with the writes of others
-        int here = 0;      // the rows written since the opening
-        bool operator==(const Mark &) const = default;
-    };
-    // Raises Failure where the file can't be asked. That of a new connection is never a mark of an open one.
+    using Mark = StoreMark;
+    // Raises Failure where the data can't be asked. That of a new connection is never a mark of an open one.
     Mark mark();
 
     // Writes as much as a few pages take, which makes the file grow, and takes all of it back. Raises Failure
-    // with the store's reason where the file takes no writing: it is locked, read-only, or on a full disk.
+    // with the store's reason where nothing can be written: locked, read-only, a full disk, a server away.
     void tryWriting();
 
     // Runs that, which must not close the connection, with a lock waited for once: after one wait in vain
@@ -86,36 +86,41 @@ public:
     // How often that statement has been written since the opening: what is counted is in the file.
     int written(const QString &sql) const;
 
-    // Runs that, which must not close the connection, with its writes gathered: they reach the file in
+    // Runs that, which must not close the connection, with its writes gathered: they reach the data in
     // portions, at a fraction of the cost, and all have when this returns or raises. A statement that fails
     // harms no other. Where a portion can't be written as a whole, its statements run once more one by one,
     // up to the first that fails, which is raised. While a portion is open nobody else reads the file.
     void gathering(const std::function<void()> &work);
 
-    // Runs that, which must not close the connection, as one: all that it writes is in the file when this
-    // returns, and nothing of it when this raises. From its beginning nobody else writes to the file.
+    // Runs that, which must not close the connection, as one: all that it writes is there when this returns,
+    // and nothing of it when this raises. From its beginning nobody else writes, so that what the work reads
+    // stands until its own writes.
     void allOrNothing(const std::function<void()> &work);
 
     // How many portions have been undone since the opening. What was read of such a one, the numbers of new
-    // rows among it, may not be in the file, or stand for something else there.
+    // rows among it, may not be there, or stand for something else.
     int undone() const;
 
-private:
-    struct Database;
-    struct Write {
-        QString sql;
-        std::vector<StoreValue> values;
-    };
-    void open(int flags);
-    QString existingFile() const;
-    void run(const Write &write);
-    void runAlone(const Write &write);
-    void gather(Write write);
-    void endGathering();
-    void writePortion();
-    void runPortionOneByOne();
+    // The number of the row that this connection added last.
+    qint64 lastId();
+    // The highest number that a table's counter has ever given; 0 for none.
+    qint64 highestId(const QString &table);
+    // The numbers behind that one are given once more. The table holds none of them.
+    void giveAgainBehind(const QString &table, qint64 last);
 
-    std::unique_ptr<Database> database_;
+    // The names of a table's columns, in their order; none where there is no such table.
+    QStringList columns(const QString &table);
+    // How many steps of the schema the data have had.
+    int schemaNumber();
+
+    const Dialect &dialect();
+
+private:
+    Store &store();
+    void opened(std::unique_ptr<Store> store);
+
+    std::unique_ptr<Store> store_;
+    Store::Listener listener_;
     int openings_ = 0;
     QString connectionString_;
 };

@@ -2,62 +2,25 @@
 
 #include "platform/Failure.h"
 
-#include <sqlite3.h>
-
 int Row::column(const char *name) const
 {
-    for (int i = 0; i < sqlite3_column_count(statement_); ++i)
-        if (qstricmp(sqlite3_column_name(statement_, i), name) == 0) return i;
+    for (int i = 0; i < columns(); ++i)
+        if (qstricmp(this->name(i), name) == 0) return i;
     throw Failure(Failure::ItemNotFound, QStringLiteral("Row"),
                   QStringLiteral("No column named %1").arg(QLatin1String(name)));
 }
 
-std::string_view Row::utf8(int column) const
+void Row::addTo(Cells &cells) const
 {
-    const auto *text = reinterpret_cast<const char *>(sqlite3_column_text(statement_, column));
-    if (text == nullptr) return {};
-    return {text, static_cast<std::size_t>(sqlite3_column_bytes(statement_, column))};
+    for (int i = 0; i < columns(); ++i)
+        addTo(cells, i);
 }
 
-std::string_view Row::bytes(int column) const
+std::vector<QByteArray> Row::columnNames() const
 {
-    const auto *bytes = static_cast<const char *>(sqlite3_column_blob(statement_, column));
-    if (bytes == nullptr) return {};
-    return {bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement_, column))};
-}
-
-Field Row::field(int column) const
-{
-    switch (sqlite3_column_type(statement_, column)) {
-    case SQLITE_NULL:
-        return Field({});
-    case SQLITE_INTEGER:
-        return Field(qint64{sqlite3_column_int64(statement_, column)});
-    case SQLITE_FLOAT:
-        return Field(sqlite3_column_double(statement_, column));
-    case SQLITE_BLOB:
-        return Field(QByteArray(bytes(column).data(), sqlite3_column_bytes(statement_, column)));
-    default:
-        const std::string_view text = utf8(column);
-        return Field(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
-    }
-}
-
-qint64 Row::number(int column) const { return sqlite3_column_int64(statement_, column); }
-
-// The kind is asked for once: each question to the store costs as much as reading a number.
-void Row::addTo(Cells &cells, int column) const
-{
-    switch (sqlite3_column_type(statement_, column)) {
-    case SQLITE_NULL:
-        return cells.addNull();
-    case SQLITE_INTEGER:
-        return cells.add(qint64{sqlite3_column_int64(statement_, column)});
-    case SQLITE_FLOAT:
-        return cells.add(sqlite3_column_double(statement_, column));
-    case SQLITE_BLOB:
-        return cells.addBytes(bytes(column));
-    default:
-        return cells.add(utf8(column));
-    }
+    std::vector<QByteArray> names;
+    names.reserve(static_cast<std::size_t>(columns()));
+    for (int i = 0; i < columns(); ++i)
+        names.emplace_back(name(i));
+    return names;
 }

@@ -6,24 +6,28 @@
 
 #include <string_view>
 
-struct sqlite3_stmt;
-
 class Row
 {
 public:
-    explicit Row(sqlite3_stmt *statement) : statement_(statement) {}
+    Row() = default;
+    virtual ~Row() = default;
+    Row(const Row &) = delete;
+    Row &operator=(const Row &) = delete;
+
+    virtual int columns() const = 0;
+    virtual const char *name(int column) const = 0;
 
     // The place of that column, in any case of letters; of two equal names the first. Failure where there is
     // none.
     int column(const char *name) const;
 
     // Places that column() told. The text stands until the next question about its cell; Null is empty.
-    std::string_view utf8(int column) const;
-    std::string_view bytes(int column) const;
-    Field field(int column) const;
-    qint64 number(int column) const; // of a cell that holds one, as a key does
-    void addTo(Cells &cells, int column) const;
-
-private:
-    sqlite3_stmt *statement_;
+    virtual std::string_view utf8(int column) const = 0;
+    virtual std::string_view bytes(int column) const = 0;
+    virtual Field field(int column) const = 0;
+    virtual qint64 number(int column) const = 0; // of a cell that holds one, as a key does
+    virtual void addTo(Cells &cells, int column) const = 0;
+    // The whole row, behind what stands there.
+    void addTo(Cells &cells) const;
+    std::vector<QByteArray> columnNames() const;
 };

@@ -1,6 +1,6 @@
 // The connection to a database file: what it opens, what it refuses, what it does to a statement.
 #include "store/Connection.h"
-#include "store/NewDatabase.h"
+#include "store/sqlite/NewDatabase.h"
 #include "store/Row.h"
 #include "testlib/DiscoCheio.h"
 #include "testlib/Teste.h"

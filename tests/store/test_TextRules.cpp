@@ -1,5 +1,5 @@
 // How the store compares texts: the order of names, equality, and LIKE.
-#include "store/TextRules.h"
+#include "store/sqlite/TextRules.h"
 #include "testlib/Teste.h"
 
 #include <QLocale>

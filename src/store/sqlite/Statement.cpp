@@ -1,4 +1,4 @@
-#include "store/Statement.h"
+#include "store/sqlite/Statement.h"
 
 #include <sqlite3.h>
 #include <SQLiteCpp/Exception.h>

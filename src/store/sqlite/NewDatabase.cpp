@@ -1,7 +1,7 @@
-#include "store/NewDatabase.h"
+#include "store/sqlite/NewDatabase.h"
 
 #include "platform/Failure.h"
-#include "store/TextRules.h"
+#include "store/sqlite/TextRules.h"
 
 #include <QFileInfo>
 #include <SQLiteCpp/SQLiteCpp.h>

@@ -1,4 +1,4 @@
-#include "store/TextRules.h"
+#include "store/sqlite/TextRules.h"
 
 #include <QString>
 #include <sqlite3.h>

@@ -1,4 +1,4 @@
-#include "store/UntouchedSource.h"
+#include "store/sqlite/UntouchedSource.h"
 
 #include "platform/Failure.h"
 

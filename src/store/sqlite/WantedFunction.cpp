@@ -1,4 +1,4 @@
-#include "store/Wanted.h"
+#include "store/sqlite/WantedFunction.h"
 
 #include <sqlite3.h>
 

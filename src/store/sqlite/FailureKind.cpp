@@ -1,4 +1,4 @@
-#include "store/FailureKind.h"
+#include "store/sqlite/FailureKind.h"
 
 #include <QFile>
 #include <QtEndian>

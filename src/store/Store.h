@@ -1,0 +1,98 @@
+// A place for the data, as a Connection uses one: a file, or a server that several desks share. Whoever stands
+// above Connection never learns which.
+// All calls come from the interface thread; none waits longer than the store's patience.
+#pragma once
+
+#include "store/Dialect.h"
+#include "store/Recordset.h"
+#include "store/Row.h"
+#include "store/Values.h"
+
+#include <functional>
+#include <QList>
+#include <QString>
+#include <string_view>
+#include <vector>
+
+// Asked for two texts of a row, of which Null is empty. Must not raise: the store lies between whoever asks
+// and who answers.
+using Wanted = std::function<bool(std::string_view, std::string_view)>;
+
+// Another one once anybody, here or elsewhere, has changed the data.
+struct StoreMark {
+    int opening = 0;      // which of a connection's openings it belongs to
+    qint64 elsewhere = 0; // moves on with the writes of others
+    qint64 here = 0;      // the rows written since the opening
+    bool operator==(const StoreMark &) const = default;
+};
+
+// What another desk has changed.
+struct StoreChange {
+    enum class What { Added, Changed, Removed };
+    QString table; // in lower case
+    What what = What::Changed;
+    QList<int> ids; // of the rows
+    bool all = false; // more rows than are named, or no one knows which
+    bool operator==(const StoreChange &) const = default;
+};
+
+enum class Reach {
+    There,
+    Lost, // every command fails at once (Failure::Kind::ServerLost) until the store is there again by itself
+};
+
+class Store
+{
+public:
+    using Values = std::vector<StoreValue>;
+    using Work = std::function<void()>;
+    using EachRow = std::function<void(const Row &)>;
+
+    // Whoever wants to hear of others; called between the events of the interface, never inside a command.
+    struct Listener {
+        std::function<void(const StoreChange &)> changed;
+        std::function<void(Reach)> reached;
+    };
+
+    Store() = default;
+    virtual ~Store() = default;
+    Store(const Store &) = delete;
+    Store &operator=(const Store &) = delete;
+
+    // Where the data are, as a person may read it: without a password.
+    virtual QString place() const = 0;
+
+    // Values go to the ?, in their order. These raise Failure with the store's reason.
+    virtual Recordset query(const QString &sql, const Values &values) = 0;
+    virtual void rows(const QString &sql, const Values &values, const EachRow &row) = 0;
+    // Only the rows whose two columns, "a, b", are wanted. The statement has a WHERE, and an ORDER BY at its end
+    // or none.
+    virtual void rowsWanted(const QString &sql, const Values &values, const QString &columns,
+                            const Wanted &wanted, const EachRow &row) = 0;
+    virtual void execute(const QString &sql, Values values) = 0;
+
+    // The opening of a mark is the connection's to fill.
+    virtual StoreMark mark() = 0;
+    virtual int written(const QString &sql) const = 0;
+    virtual int undone() const = 0;
+    virtual void tryWriting() = 0;
+    virtual void waitingOnce(const Work &work) = 0;
+    virtual void gathering(const Work &work) = 0;
+    virtual void allOrNothing(const Work &work) = 0;
+
+    // The number of the row that this connection added last.
+    virtual qint64 lastId() = 0;
+    // The highest number that a table's counter has ever given; 0 for none.
+    virtual qint64 highestId(const QString &table) = 0;
+    // The numbers behind that one are given once more. The table holds none of them.
+    virtual void giveAgainBehind(const QString &table, qint64 last) = 0;
+
+    // The names of a table's columns, in their order; none where there is no such table.
+    virtual QStringList columns(const QString &table) = 0;
+    // How many steps of the schema the data have had.
+    virtual int schemaNumber() = 0;
+
+    virtual const Dialect &dialect() const = 0;
+    virtual void releaseMemory() {}
+    virtual void listen(Listener) {}
+};

@@ -1,0 +1,194 @@
+#include "store/sqlite/SqliteStore.h"
+
+#include "store/sqlite/Running.h"
+#include "store/sqlite/SqliteRow.h"
+#include "store/sqlite/StoreErrors.h"
+#include "store/sqlite/TextRules.h"
+#include "store/sqlite/UntouchedSource.h"
+#include "store/sqlite/WantedFunction.h"
+
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QScopedValueRollback>
+#include <SQLiteCpp/Backup.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+void copyAll(SQLite::Database &target, SQLite::Database &source)
+{
+    const int result = SQLite::Backup(target, source).executeStep();
+    if (result != SQLITE_DONE) throw SQLite::Exception(source.getHandle(), result);
+}
+
+// The dialect of the commands lets DELETE name the columns to delete; a row goes as a whole.
+QString translated(const QString &sql)
+{
+    static const QRegularExpression starredDelete(u"^\\s*DELETE\\s+\\*\\s+FROM\\b"_s,
+                                                  QRegularExpression::CaseInsensitiveOption);
+    return QString(sql).replace(starredDelete, u"DELETE FROM"_s);
+}
+
+void requireFile(const QString &path)
+{
+    const QFileInfo info(path);
+    if (!info.exists())
+        raising::failure(u"The database was not found: %1"_s.arg(path), {}, Failure::Kind::DatabaseMissing);
+    if (info.size() == 0)
+        raising::failure(u"The file is no database: %1"_s.arg(path), {}, Failure::Kind::DatabaseDamaged);
+}
+
+QString quoted(const QString &name) { return u'"' + QString(name).replace(u'"', u"\"\""_s) + u'"'; }
+
+QString textOf(const QString &expression) { return u"COALESCE(%1, '')"_s.arg(expression); }
+} // namespace
+
+// One thread works with a connection: the store need not guard each of its calls.
+SqliteStore::SqliteStore(const QString &path, int flags)
+    : path_(path), handle_(path.toStdString(), flags | SQLite::OPEN_NOMUTEX)
+{
+    registerWanted(handle_.getHandle(), wanted_);
+    registerTextRules(handle_.getHandle());
+}
+
+std::unique_ptr<SqliteStore> SqliteStore::openExisting(const QString &path, int flags)
+{
+    requireFile(path);
+    return raising::around(path, path, [&] {
+        std::unique_ptr<SqliteStore> opened(new SqliteStore(path, flags));
+        opened->handle_.setBusyTimeout(patience);
+        opened->handle_.exec("PRAGMA synchronous=FULL");
+        opened->handle_.execAndGet(
+            "SELECT count(*) FROM sqlite_master"); // a file that is no database fails here
+        return opened;
+    });
+}
+
+std::unique_ptr<SqliteStore> SqliteStore::open(const QString &path)
+{
+    return openExisting(path, SQLite::OPEN_READWRITE);
+}
+
+std::unique_ptr<SqliteStore> SqliteStore::openReadOnly(const QString &path)
+{
+    return openExisting(path, SQLite::OPEN_READONLY);
+}
+
+std::unique_ptr<SqliteStore> SqliteStore::inMemory()
+{
+    return raising::around({}, {}, [] {
+        return std::unique_ptr<SqliteStore>(
+            new SqliteStore(u":memory:"_s, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE));
+    });
+}
+
+std::unique_ptr<SqliteStore> SqliteStore::copyInMemory(const QString &path)
+{
+    requireFile(path);
+    auto copy = inMemory();
+    copy->copyFrom(path);
+    return copy;
+}
+
+void SqliteStore::copyFrom(const QString &path)
+{
+    const UntouchedSource source(path);
+    raising::around(path, path, [&] {
+        SqliteStore file(source.path(), source.flags());
+        file.handle_.setBusyTimeout(patience);
+        copyAll(handle_, file.handle_);
+    });
+}
+
+QString SqliteStore::libraryVersion() { return QString::fromLatin1(sqlite3_libversion()); }
+
+Statement &SqliteStore::statement(const QString &sql)
+{
+    auto &kept = statements_[sql];
+    if (!kept) kept = std::make_shared<Statement>(handle_.getHandle(), translated(sql).toStdString());
+    return *kept;
+}
+
+bool SqliteStore::step(Statement &statement)
+{
+    return waiting([&] { return statement.step(); });
+}
+
+StoreMark SqliteStore::mark()
+{
+    return raising::around(path_, {}, [&] {
+        return StoreMark{.elsewhere = handle_.execAndGet("PRAGMA data_version").getInt(),
+                         .here = sqlite3_total_changes(handle_.getHandle())};
+    });
+}
+
+Recordset SqliteStore::query(const QString &sql, const Values &values)
+{
+    return raising::around(path_, sql, [&] {
+        Statement &prepared = statement(sql);
+        const Running running(prepared, values);
+        const SqliteRow current(prepared.handle());
+        Cells cells;
+        while (step(prepared))
+            current.addTo(cells);
+        return Recordset(current.columnNames(), std::move(cells));
+    });
+}
+
+void SqliteStore::rows(const QString &sql, const Values &values, const EachRow &row)
+{
+    raising::around(path_, sql, [&] {
+        Statement &prepared = statement(sql);
+        const Running running(prepared, values);
+        const SqliteRow current(prepared.handle());
+        while (step(prepared))
+            row(current);
+    });
+}
+
+void SqliteStore::rowsWanted(const QString &sql, const Values &values, const QString &columns,
+                             const Wanted &wanted, const EachRow &row)
+{
+    const QScopedValueRollback asked(wanted_, wanted);
+    qsizetype order = sql.lastIndexOf(" ORDER BY "_L1);
+    if (order < 0) order = sql.size();
+    rows(sql.left(order) + u" AND wanted(%1)"_s.arg(columns) + sql.mid(order), values, row);
+}
+
+qint64 SqliteStore::lastId() { return handle_.getLastInsertRowid(); }
+
+qint64 SqliteStore::highestId(const QString &table)
+{
+    const Recordset rs = query(u"SELECT max(ifnull((SELECT seq FROM sqlite_sequence WHERE name = ?), 0), "
+                               "ifnull((SELECT max(ID) FROM %1), 0)) AS ID"_s.arg(quoted(table)),
+                               {table});
+    return rs.Fields("ID").number();
+}
+
+void SqliteStore::giveAgainBehind(const QString &table, qint64 last)
+{
+    execute(u"UPDATE sqlite_sequence SET seq = ? WHERE name = ?"_s, {last, table});
+}
+
+QStringList SqliteStore::columns(const QString &table)
+{
+    QStringList names;
+    Recordset rs = query(u"SELECT name FROM pragma_table_info(?)"_s, {table});
+    for (; !rs.Eof(); rs.MoveNext())
+        names << rs.Fields("name").text();
+    return names;
+}
+
+int SqliteStore::schemaNumber()
+{
+    return query(u"PRAGMA user_version"_s, {}).Fields("user_version").number();
+}
+
+const Dialect &SqliteStore::dialect() const
+{
+    static const Dialect own{quoted, textOf, u" COLLATE MORVEX"_s, u"rowid"_s};
+    return own;
+}
+
+void SqliteStore::releaseMemory() { sqlite3_db_release_memory(handle_.getHandle()); }
