@@ -2,6 +2,7 @@
 foreach(teste IN ITEMS
     test_Connection
     test_FailureKind
+    test_PostgresAddress
     test_PostgresDialect
     test_Recordset
     test_TextRules
