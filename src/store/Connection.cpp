@@ -1,6 +1,7 @@
 #include "store/Connection.h"
 
 #include "store/Raising.h"
+#include "store/postgres/PostgresStore.h"
 #include "store/sqlite/SqliteStore.h"
 
 #include <QRegularExpression>
@@ -26,8 +27,7 @@ QString Connection::storeVersion() { return SqliteStore::libraryVersion(); }
 
 bool Connection::isAddress(const QString &text)
 {
-    return text.startsWith("postgresql://"_L1, Qt::CaseInsensitive) ||
-           text.startsWith("postgres://"_L1, Qt::CaseInsensitive);
+    return PostgresAddress::isOne(text);
 }
 
 void Connection::setDataSource(const QString &addressOrPath)
@@ -36,7 +36,10 @@ void Connection::setDataSource(const QString &addressOrPath)
                                                  : u"Data Source='%1'"_s.arg(addressOrPath));
 }
 
-QString Connection::file() const { return dataSource(connectionString_); }
+QString Connection::file() const
+{
+    return isServer() ? PostgresAddress::shown(connectionString_) : dataSource(connectionString_);
+}
 
 void Connection::opened(std::unique_ptr<Store> store)
 {
@@ -45,9 +48,21 @@ void Connection::opened(std::unique_ptr<Store> store)
     ++openings_;
 }
 
-void Connection::Open() { opened(SqliteStore::open(file())); }
+void Connection::Open()
+{
+    if (isServer())
+        opened(PostgresStore::open(connectionString_));
+    else
+        opened(SqliteStore::open(file()));
+}
 
-void Connection::OpenReadOnly() { opened(SqliteStore::openReadOnly(file())); }
+void Connection::OpenReadOnly()
+{
+    if (isServer())
+        opened(PostgresStore::openReadOnly(connectionString_));
+    else
+        opened(SqliteStore::openReadOnly(file()));
+}
 
 void Connection::OpenInMemory() { opened(SqliteStore::inMemory()); }
 
@@ -121,6 +136,8 @@ void Connection::gathering(const std::function<void()> &work) { store().gatherin
 void Connection::allOrNothing(const std::function<void()> &work) { store().allOrNothing(work); }
 
 int Connection::undone() const { return store_ ? store_->undone() : 0; }
+
+Fate Connection::lostWrite() const { return store_ ? store_->lostWrite() : Fate::None; }
 
 qint64 Connection::lastId() { return store().lastId(); }
 

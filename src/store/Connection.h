@@ -101,6 +101,11 @@ public:
     // rows among it, may not be there, or stand for something else.
     int undone() const;
 
+    // What became of the last write whose answer was lost: one alone, a portion, or all of allOrNothing. It stands
+    // firm once the listener hears that the server is there again. A write that failed because the server was away
+    // already changes nothing here: it was not sent.
+    Fate lostWrite() const;
+
     // The number of the row that this connection added last.
     qint64 lastId();
     // The highest number that a table's counter has ever given; 0 for none.

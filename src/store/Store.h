@@ -41,6 +41,14 @@ enum class Reach {
     Lost, // every command fails at once (Failure::Kind::ServerLost) until the store is there again by itself
 };
 
+// What became of the last write whose answer was lost (Failure::Kind::ServerLost).
+enum class Fate {
+    None,       // no answer was lost since the last write
+    Unknown,    // until the store is there again
+    Arrived,    // it was done
+    NotArrived, // nothing of it was done, nor will be
+};
+
 class Store
 {
 public:
@@ -75,6 +83,7 @@ public:
     virtual StoreMark mark() = 0;
     virtual int written(const QString &sql) const = 0;
     virtual int undone() const = 0;
+    virtual Fate lostWrite() const { return Fate::None; }
     virtual void tryWriting() = 0;
     virtual void waitingOnce(const Work &work) = 0;
     virtual void gathering(const Work &work) = 0;

@@ -14,6 +14,7 @@ struct Known {
 };
 
 constexpr std::array known{
+    Known{"08P01", Failure::Kind::Other},            // a command that it does not understand
     Known{"08", Failure::Kind::ServerLost},          // the connection
     Known{"57P01", Failure::Kind::ServerLost},       // ended by the administrator
     Known{"57P02", Failure::Kind::ServerLost},       // ended by a crash
