@@ -75,8 +75,8 @@ std::vector<StoreValue> Converter(const Instrucao &instrucao, std::initializer_l
 
 QString Cadeia_Do_Ficheiro(const QString &caminho)
 {
-    return QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source= '") + caminho +
-           QStringLiteral("'") + QStringLiteral(";Jet OLEDB:Encrypt Database=True;Persist Security Info=False");
+    return QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source= '") + caminho + QStringLiteral("'") +
+           QStringLiteral(";Jet OLEDB:Encrypt Database=True;Persist Security Info=False");
 }
 } // namespace
 

@@ -32,8 +32,7 @@ bool Connection::isAddress(const QString &text)
 
 void Connection::setDataSource(const QString &addressOrPath)
 {
-    setConnectionString(isAddress(addressOrPath) ? addressOrPath
-                                                 : u"Data Source='%1'"_s.arg(addressOrPath));
+    setConnectionString(isAddress(addressOrPath) ? addressOrPath : u"Data Source='%1'"_s.arg(addressOrPath));
 }
 
 QString Connection::file() const

@@ -1,6 +1,6 @@
-// One connection to the data: to a database file, or to a server that several desks share. The only place that
-// knows which store lies underneath.
-// Every write is durable when its call returns; others on the same data wait their turn.
+// One connection to the data: to a database file, or to a server that several desks share. The only place
+// that knows which store lies underneath. Every write is durable when its call returns; others on the same
+// data wait their turn.
 #pragma once
 
 #include "store/Store.h"

@@ -1,6 +1,6 @@
-// A place for the data, as a Connection uses one: a file, or a server that several desks share. Whoever stands
-// above Connection never learns which.
-// All calls come from the interface thread; none waits longer than the store's patience.
+// A place for the data, as a Connection uses one: a file, or a server that several desks share. Whoever
+// stands above Connection never learns which. All calls come from the interface thread; none waits longer
+// than the store's patience.
 #pragma once
 
 #include "store/Dialect.h"
@@ -31,7 +31,7 @@ struct StoreChange {
     enum class What { Added, Changed, Removed };
     QString table; // in lower case
     What what = What::Changed;
-    QList<int> ids; // of the rows
+    QList<int> ids;   // of the rows
     bool all = false; // more rows than are named, or no one knows which
     bool operator==(const StoreChange &) const = default;
 };
@@ -73,8 +73,8 @@ public:
     // Values go to the ?, in their order. These raise Failure with the store's reason.
     virtual Recordset query(const QString &sql, const Values &values) = 0;
     virtual void rows(const QString &sql, const Values &values, const EachRow &row) = 0;
-    // Only the rows whose two columns, "a, b", are wanted. The statement has a WHERE, and an ORDER BY at its end
-    // or none.
+    // Only the rows whose two columns, "a, b", are wanted. The statement has a WHERE, and an ORDER BY at its
+    // end or none.
     virtual void rowsWanted(const QString &sql, const Values &values, const QString &columns,
                             const Wanted &wanted, const EachRow &row) = 0;
     virtual void execute(const QString &sql, Values values) = 0;
