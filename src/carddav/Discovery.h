@@ -1,5 +1,5 @@
-// Finds the address books of a person from whatever address is known: that of the server, of the person's home
-// there, or of a book.
+// Finds the address books of a person from whatever address is known: that of the server, of the person's
+// home there, or of a book.
 #pragma once
 
 #include "carddav/RemoteAccount.h"
@@ -27,11 +27,15 @@ public:
     Discovery(const Discovery &) = delete;
     Discovery &operator=(const Discovery &) = delete;
 
-    // The answer comes once, later, unless the search is deleted before; it may delete it. The books are at least
-    // one; without any there is an error (NoBook), and with Elsewhere the person may search again from that address.
+    // The answer comes once, later, unless the search is deleted before; it may delete it. The books are at
+    // least one; without any there is an error (NoBook), and with Elsewhere the person may search again from
+    // that address.
     void start(Answer answer);
 
 private:
     class Search;
+    QString address_;
+    RemoteAccount account_;
+    RemoteLimits limits_;
     std::unique_ptr<Search> search_;
 };

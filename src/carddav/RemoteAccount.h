@@ -18,10 +18,11 @@ struct RemoteLimits {
     qint64 listing = qint64{256} << 20;          // bytes of any other answer
 };
 
-// The address as a person writes it: "dav.example.org", "https://example.org/dav/ana/", "localhost:5232". Without
-// a scheme it is encrypted, but on this very machine. A name or password within it is dropped. Nothing for what is
-// no such address.
+// The address as a person writes it: "dav.example.org", "https://example.org/dav/ana/", "localhost:5232".
+// Without a scheme it is encrypted, but on this very machine. A name or password within it is dropped.
+// Nothing for what is no such address.
 std::optional<QUrl> remoteAddress(const QString &text);
 
-// True where name, password and contacts could be read on the way: neither encrypted nor on this very machine.
+// True where name, password and contacts could be read on the way: neither encrypted nor on this very
+// machine.
 bool isExposed(const QUrl &address);

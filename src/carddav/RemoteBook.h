@@ -1,11 +1,11 @@
-// One address book somewhere else, as whoever compares it with contacts of one's own needs it. Every call comes
-// back at once; its answer is told later, from the event loop, exactly once, and never once cancel() was called or
-// the book deleted. An answer may delete the book. The calls that carry single cards may be made in any number:
-// only a few run at a time, in the order in which they were made.
+// One address book somewhere else, as whoever compares it with contacts of one's own needs it. Every call
+// comes back at once; its answer is told later, from the event loop, exactly once, and never once cancel()
+// was called or the book deleted. An answer may delete the book. The calls that carry single cards may be
+// made in any number: only a few run at a time, in the order in which they were made.
 //
-// A card there has a name (its "href": an absolute path, always spelled in one way, to be compared byte by byte)
-// and a mark of its state (its "etag"), which is another one after every change. A mark is empty where the
-// server gives none.
+// A card there has a name (its "href": an absolute path, always spelled in one way, to be compared byte by
+// byte) and a mark of its state (its "etag"), which is another one after every change. A mark is empty where
+// the server gives none.
 #pragma once
 
 #include "carddav/RemoteError.h"
@@ -22,8 +22,8 @@ struct RemoteMember {
 
 // What has happened in the book since the state that a token stands for.
 struct RemoteChanges {
-    // True: `changed` is the whole book, and what it does not name is not there (any more). So it is with an empty
-    // token, with a token that the server has forgotten, and with a server that knows no tokens.
+    // True: `changed` is the whole book, and what it does not name is not there (any more). So it is with an
+    // empty token, with a token that the server has forgotten, and with a server that knows no tokens.
     bool whole = false;
     QList<RemoteMember> changed; // new or changed, each once
     QStringList removed;         // each once; empty with `whole`
@@ -54,8 +54,9 @@ public:
     using ChangesAnswer = std::function<void(const RemoteError &, const RemoteChanges &)>;
     virtual void changesSince(const QByteArray &token, ChangesAnswer answer) = 0;
 
-    // The cards come in portions, each of those asked for once, those that could not be had with their error. The
-    // end comes after the last portion; with an error where the whole undertaking failed and cards are missing.
+    // The cards come in portions, each of those asked for once, those that could not be had with their error.
+    // The end comes after the last portion; with an error where the whole undertaking failed and cards are
+    // missing.
     using CardsPortion = std::function<void(const QList<RemoteCard> &)>;
     using EndAnswer = std::function<void(const RemoteError &)>;
     virtual void fetch(const QStringList &hrefs, CardsPortion portion, EndAnswer end) = 0;
@@ -66,8 +67,8 @@ public:
     using WrittenAnswer = std::function<void(const RemoteError &, const RemoteWritten &)>;
     // Changed: there is a card of that name already.
     virtual void create(const QString &href, const QByteArray &card, WrittenAnswer answer) = 0;
-    // Changed: the card is not in that state any more, or gone. With an empty mark it is replaced as long as it
-    // is there.
+    // Changed: the card is not in that state any more, or gone. With an empty mark it is replaced as long as
+    // it is there.
     virtual void replace(const QString &href, const QByteArray &etag, const QByteArray &card,
                          WrittenAnswer answer) = 0;
     // Changed: the card is not in that state any more. One that is gone already counts as removed.

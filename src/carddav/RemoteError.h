@@ -20,6 +20,7 @@ struct RemoteError {
         NotFound,    // there is nothing at that address
         NoBook,      // somebody answers there, but has no address book to show
         Changed,     // the card there is not the one that was expected: nothing was written
+        NotAccepted, // the server does not take this card as it is
         NoRoom,      // the server takes no more, or not a card of that size
         TooBig,      // the answer is larger than anything sensible
         Malformed,   // what came is no answer of an address book
@@ -31,4 +32,8 @@ struct RemoteError {
     QString detail; // for whoever looks for the cause; in no language in particular, never with the password
 
     explicit operator bool() const { return kind != Kind::None; }
+
+    // True where the next request would meet the same: it is about the way there or the password, and not
+    // about what was asked for.
+    bool concernsAll() const;
 };
