@@ -234,7 +234,8 @@ void DavExchange::complete()
 
 void DavExchange::fail(RemoteError::Kind kind, const QString &detail)
 {
-    answer_.error = {kind, reply_ ? status() : 0, detail};
+    answer_.status = reply_ ? status() : 0;
+    answer_.error = {kind, answer_.status, detail};
     finish();
 }
 
