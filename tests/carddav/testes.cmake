@@ -1,6 +1,7 @@
 # Tests of carddav.
 foreach(teste IN ITEMS
     test_AddressBook
+    test_DavExchange
     test_Discovery
     test_Href
     test_Multistatus)

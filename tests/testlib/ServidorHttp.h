@@ -75,6 +75,7 @@ protected:
     {
         auto *visita = new QSslSocket(this);
         visita->setSocketDescriptor(descritor);
+        visita->setSocketOption(QAbstractSocket::LowDelayOption, 1);
         auto *lido = new QByteArray;
         connect(visita, &QObject::destroyed, [lido] { delete lido; });
         connect(visita, &QIODevice::readyRead, visita, [this, visita, lido] { Ouvir(*visita, *lido); });
