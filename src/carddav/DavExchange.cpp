@@ -27,6 +27,10 @@ bool isOffline()
     return true;
 }
 
+// The toolkit writes name and password in Latin-1, which lacks most of the world's letters, and servers read
+// UTF-8: each byte of it goes as a letter of its own.
+QString asToolkitSpells(const QString &text) { return QString::fromLatin1(text.toUtf8()); }
+
 QNetworkRequest networkRequest(const DavRequest &request, const QUrl &url)
 {
     QNetworkRequest result(url);
@@ -108,8 +112,8 @@ void DavExchange::authenticate(QAuthenticator &authenticator)
 {
     if (++asked_ > 1 || !isSameServer(server_, answer_.url)) return;
     if (account_.user.isEmpty() && account_.password.isEmpty()) return;
-    authenticator.setUser(account_.user);
-    authenticator.setPassword(account_.password);
+    authenticator.setUser(asToolkitSpells(account_.user));
+    authenticator.setPassword(asToolkitSpells(account_.password));
 }
 
 void DavExchange::headersCame()

@@ -160,13 +160,20 @@ private Q_SLOTS:
     {
         QTest::addColumn<Resposta>("answer");
         QTest::addColumn<QString>("kind");
-        QTest::newRow("cut off") << Resposta::Xml(LivroDav::Multistatus(
-                                        LivroDav::Uma("/dav/ana/contactos/a.vcf",
-                                                      "<d:getetag>1</d:getetag>") +
-                                        LivroDav::Sem("/dav/ana/contactos/", "507 Insufficient Storage")))
-                                 << u"Server"_s;
+        QTest::newRow("cut off")
+            << Resposta::Xml(LivroDav::Multistatus(
+                   LivroDav::Uma("/dav/ana/contactos/", "<d:resourcetype><d:collection/></d:resourcetype>") +
+                   LivroDav::Uma("/dav/ana/contactos/a.vcf", "<d:getetag>1</d:getetag>") +
+                   LivroDav::Sem("/dav/ana/contactos/", "507 Insufficient Storage")))
+            << u"Server"_s;
         QTest::newRow("without the book itself")
             << Resposta::Xml(LivroDav::Multistatus({})) << u"Malformed"_s;
+        QTest::newRow("with cards, without the book itself")
+            << Resposta::Xml(LivroDav::Multistatus(
+                   LivroDav::Uma("/dav/ana/contactos/a.vcf", "<d:getetag>1</d:getetag>")))
+            << u"Malformed"_s;
+        QTest::newRow("that says it is not there")
+            << Resposta::Xml(LivroDav::Multistatus(LivroDav::Sem("http://x/b/"))) << u"NotFound"_s;
         QTest::newRow("page") << Resposta{200, "<html/>", {"Content-Type: text/html"}} << u"Malformed"_s;
         QTest::newRow("broken") << Resposta::Xml("<d:multistatus xmlns:d=\"DAV:\">") << u"Malformed"_s;
         QTest::newRow("book is gone") << Resposta{404} << u"NotFound"_s;

@@ -4,6 +4,8 @@ foreach(teste IN ITEMS
     test_DavExchange
     test_Discovery
     test_Href
-    test_Multistatus)
-    morvex_teste(carddav/${teste} LIGA carddav)
+    test_Multistatus
+    test_servidores_carddav)
+    morvex_teste(carddav/${teste} LIGA carddav vcard)
 endforeach()
+morvex_servidores(test_servidores_carddav)

@@ -90,6 +90,10 @@ private:
     void Ouvir(QSslSocket &visita, QByteArray &lido)
     {
         lido += visita.readAll();
+        if (lido.startsWith('\x16')) { // somebody begins to encrypt
+            visita.write("HTTP/1.1 400 X\r\n\r\n");
+            return visita.disconnectFromHost();
+        }
         while (true) {
             const qsizetype fim = lido.indexOf("\r\n\r\n");
             if (fim < 0) return;
