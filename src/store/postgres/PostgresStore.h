@@ -34,6 +34,7 @@ public:
     void giveAgainBehind(const QString &table, qint64 last) override;
     QStringList columns(const QString &table) override;
     int schemaNumber() override;
+    void copyTo(const FileCopy &copy) override;
     const Dialect &dialect() const override;
     void listen(Listener listener) override { session_.listen(std::move(listener)); }
     Fate lostWrite() const override { return fate_; }
