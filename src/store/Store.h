@@ -120,5 +120,5 @@ public:
 
     virtual const Dialect &dialect() const = 0;
     virtual void releaseMemory() {}
-    virtual void listen(Listener) {}
+    virtual void listen(const Listener &) {}
 };

@@ -36,7 +36,7 @@ public:
     int schemaNumber() override;
     void copyTo(const FileCopy &copy) override;
     const Dialect &dialect() const override;
-    void listen(Listener listener) override { session_.listen(std::move(listener)); }
+    void listen(const Listener &listener) override { session_.listen(listener); }
     Fate lostWrite() const override { return fate_; }
 
 private:
