@@ -36,8 +36,10 @@ public:
     OrdemAoServidor Ler(QStringList linha)
     {
         while (!linha.isEmpty() && ordem_.recusa.isEmpty())
-            if (const QString palavra = linha.takeFirst(); !palavra.startsWith(u'-')) soltas_ << palavra;
-            else if (Opcao(palavra, linha)) return ordem_;
+            if (const QString palavra = linha.takeFirst(); !palavra.startsWith(u'-'))
+                soltas_ << palavra;
+            else if (Opcao(palavra, linha))
+                return ordem_;
         if (ordem_.recusa.isEmpty()) Entender();
         if (!ordem_.recusa.isEmpty()) ordem_.que = Que::Recusa;
         return ordem_;
@@ -57,10 +59,14 @@ private:
             ordem_.que = opcao.contains(u'v') ? Que::Versao : Que::Ajuda;
             return true;
         }
-        if (opcao == "--vazia"_L1) ordem_.vazia = true;
-        else if (opcao == "--idioma"_L1) ordem_.idioma = Valor(opcao, resto);
-        else if (opcao == "--posto"_L1) ordem_.posto = Valor(opcao, resto);
-        else Recusar(opcao_desconhecida, opcao);
+        if (opcao == "--vazia"_L1)
+            ordem_.vazia = true;
+        else if (opcao == "--idioma"_L1)
+            ordem_.idioma = Valor(opcao, resto);
+        else if (opcao == "--posto"_L1)
+            ordem_.posto = Valor(opcao, resto);
+        else
+            Recusar(opcao_desconhecida, opcao);
         opcoes_ << opcao;
         return false;
     }

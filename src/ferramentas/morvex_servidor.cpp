@@ -1,5 +1,6 @@
-// Sets up, on a server, the database that several desks share: made, brought up to date, filled from a file, brought
-// back into one, and looked over. It works with the rights of the database's owner, which no desk has.
+// Sets up, on a server, the database that several desks share: made, brought up to date, filled from a file,
+// brought back into one, and looked over. It works with the rights of the database's owner, which no desk
+// has.
 #include "data/Sementes.h"
 #include "ferramentas/LinhaDoServidor.h"
 #include "platform/ErrorText.h"
@@ -24,7 +25,10 @@ namespace
 enum Fim { Feito = 0, Falhou = 1, Nao_Se_Entende = 2, Sem_Servidor = 3, Com_Defeitos = 4 };
 using Que = OrdemAoServidor::Que;
 
-void Escrever(std::FILE *onde, const QString &texto) { std::fputs((texto + u'\n').toLocal8Bit().constData(), onde); }
+void Escrever(std::FILE *onde, const QString &texto)
+{
+    std::fputs((texto + u'\n').toLocal8Bit().constData(), onde);
+}
 
 void Escrever_Contagens(const QList<mudanca::Contagem> &contagens, Lingua lingua)
 {
@@ -48,7 +52,8 @@ QString Perguntar_Idioma(Lingua lingua)
         std::fputs(Dizer(que_lingua, lingua).toLocal8Bit().constData(), stdout);
         std::fflush(stdout);
         const QString resposta = entrada.readLine().trimmed().toLower();
-        if (entrada.atEnd() || QStringList{u"pt"_s, u"br"_s, u"en"_s, u"fr"_s}.contains(resposta)) return resposta;
+        if (entrada.atEnd() || QStringList{u"pt"_s, u"br"_s, u"en"_s, u"fr"_s}.contains(resposta))
+            return resposta;
     }
 }
 
@@ -102,15 +107,24 @@ const Frase &Palavras_De(exame::Defeito defeito)
 {
     using enum exame::Defeito;
     switch (defeito) {
-    case Numero: return defeito_numero;
-    case Tabela: return defeito_tabela;
-    case Gatilho: return defeito_gatilho;
-    case Contador: return defeito_contador;
-    case Ordem: return defeito_ordem;
-    case Letras: return defeito_letras;
-    case Direitos: return defeito_direitos;
-    case Textos: return defeito_textos;
-    default: return defeito_codigo;
+    case Numero:
+        return defeito_numero;
+    case Tabela:
+        return defeito_tabela;
+    case Gatilho:
+        return defeito_gatilho;
+    case Contador:
+        return defeito_contador;
+    case Ordem:
+        return defeito_ordem;
+    case Letras:
+        return defeito_letras;
+    case Direitos:
+        return defeito_direitos;
+    case Textos:
+        return defeito_textos;
+    default:
+        return defeito_codigo;
     }
 }
 
@@ -127,13 +141,22 @@ int Verificar(const OrdemAoServidor &ordem, Lingua lingua)
 int Cumprir(const OrdemAoServidor &ordem, Lingua lingua)
 {
     switch (ordem.que) {
-    case Que::Criar: return Criar(ordem, lingua);
-    case Que::Atualizar: return Atualizar(ordem, lingua);
-    case Que::Mudar: return Mudar(ordem, lingua);
-    case Que::Trazer: return Trazer(ordem, lingua);
-    case Que::Verificar: return Verificar(ordem, lingua);
-    case Que::Ajuda: Escrever(stdout, Dizer(ajuda, lingua).trimmed()); return Feito;
-    case Que::Versao: Escrever(stdout, QStringLiteral("morvex-servidor " MORVEX_VERSION)); return Feito;
+    case Que::Criar:
+        return Criar(ordem, lingua);
+    case Que::Atualizar:
+        return Atualizar(ordem, lingua);
+    case Que::Mudar:
+        return Mudar(ordem, lingua);
+    case Que::Trazer:
+        return Trazer(ordem, lingua);
+    case Que::Verificar:
+        return Verificar(ordem, lingua);
+    case Que::Ajuda:
+        Escrever(stdout, Dizer(ajuda, lingua).trimmed());
+        return Feito;
+    case Que::Versao:
+        Escrever(stdout, QStringLiteral("morvex-servidor " MORVEX_VERSION));
+        return Feito;
     default:
         Escrever(stderr, ordem.recusa + u'\n' + Dizer(ver_ajuda, lingua));
         return Nao_Se_Entende;
@@ -144,9 +167,9 @@ int Cumprir(const OrdemAoServidor &ordem, Lingua lingua)
 bool Ficou_A_Porta(Failure::Kind especie)
 {
     using enum Failure::Kind;
-    for (const Failure::Kind uma : {AddressBroken, PasswordInAddress, ServerUnknown, ServerRefused, ServerCertificate,
-                                    ServerForbidden, ServerPassword, ServerNoPassword, ServerPasswordFile,
-                                    ServerNoDatabase, ServerLost})
+    for (const Failure::Kind uma :
+         {AddressBroken, PasswordInAddress, ServerUnknown, ServerRefused, ServerCertificate, ServerForbidden,
+          ServerPassword, ServerNoPassword, ServerPasswordFile, ServerNoDatabase, ServerLost})
         if (uma == especie) return true;
     return false;
 }

@@ -117,7 +117,7 @@ private:
                   "AND collversion IS DISTINCT FROM pg_collation_actual_version(oid)"_s);
         if (!outra.isEmpty()) Achar(Defeito::Ordem, u"morvex"_s);
         static const QStringList nomes{u"ana"_s,   u"ANA"_s, u"Ânia"_s, u"André"_s,
-                                       u"andre"_s, u"Zé"_s,  u"m²"_s,   u"m2"_s};
+                                       u"andre"_s, u"Zé"_s,  u"m²"_s,   u"2"_s};
         for (qsizetype i = 1; i < nomes.size(); ++i) {
             const int aqui = compareText(nomes[i - 1], nomes[i]);
             const int la =

@@ -34,8 +34,9 @@ public:
     void giveAgainBehind(const QString &table, qint64 last) override;
     QStringList columns(const QString &table) override;
     int schemaNumber() override;
+    void copyTo(const FileCopy &copy) override;
     const Dialect &dialect() const override;
-    void listen(Listener listener) override { session_.listen(std::move(listener)); }
+    void listen(const Listener &listener) override { session_.listen(listener); }
     Fate lostWrite() const override { return fate_; }
 
 private:
@@ -61,6 +62,7 @@ private:
     static std::chrono::milliseconds lockPatience(const PostgresPatience &patience);
 
     void sendAlone(const Write &write);
+    void beginWrite();
     PostgresAnswers sendKeyed(const QString &key, const Commands &commands, const Deadline &deadline);
     bool settle(const QString &key, const Deadline &deadline);
     void settleDoubt();
