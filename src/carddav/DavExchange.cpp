@@ -48,13 +48,13 @@ QNetworkRequest networkRequest(const DavRequest &request, const QUrl &url)
 }
 } // namespace
 
-DavExchange::DavExchange(QNetworkAccessManager &manager, DavRequest request, const RemoteAccount &account,
-                         const QUrl &server, const RemoteLimits &limits, QObject *parent)
+DavExchange::DavExchange(QNetworkAccessManager &manager, DavRequest request, RemoteAccount account,
+                         QUrl server, const RemoteLimits &limits, QObject *parent)
     : QObject(parent),
       manager_(manager),
       request_(std::move(request)),
-      account_(account),
-      server_(server),
+      account_(std::move(account)),
+      server_(std::move(server)),
       limits_(limits),
       multistatus_(limits.card)
 {
