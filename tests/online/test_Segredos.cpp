@@ -1,6 +1,6 @@
 // The password of a mail account: it goes to the server, and stands nowhere else.
 #include "online/CicloCorreio.h"
-#include "online/Codificar_Email.h"
+#include "data/Codificar_Email.h"
 #include "online/frmPopupEmail.h"
 #include "mail/PopMailNotification.h"
 #include "session/Main.h"
