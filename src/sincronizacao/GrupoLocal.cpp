@@ -5,8 +5,11 @@
 #include "data/Fotografias.h"
 #include "data/Geral.h"
 #include "store/Row.h"
+#include "vcard/CardPatch.h"
+#include "vcard/CardReader.h"
 
 #include <limits>
+#include <QUuid>
 
 namespace
 {
@@ -42,13 +45,11 @@ std::map<int, ColunasDoContacto> GrupoLocal::Todos() const
     return todos;
 }
 
-std::map<QString, int> GrupoLocal::Por_UID() const
+void GrupoLocal::Percorrer_UIDs(const std::function<void(const QString &UID, int ID)> &um) const
 {
-    std::map<QString, int> todos;
     CartoesGuardados(geral_.de).Percorrer([&](const QString &ID, const QString &UID) {
-        if (!UID.isEmpty()) todos.emplace(UID, ID.toInt());
+        if (!UID.isEmpty()) um(UID, ID.toInt());
     });
-    return todos;
 }
 
 std::optional<GrupoLocal::Linha> GrupoLocal::Ler(int ID) const
@@ -121,6 +122,16 @@ QString GrupoLocal::UID(int ID) const
 {
     const auto guardado = CartoesGuardados(geral_.de).Ler(QString::number(ID));
     return guardado ? guardado->UID : QString();
+}
+
+void GrupoLocal::Dar_Outro_UID(int ID)
+{
+    QByteArray cartao = Cartao(ID);
+    const CardFile ficheiro = CardReader().read(cartao);
+    // Without one in the card it is written with the next patch.
+    if (!ficheiro.cards.empty())
+        cartao = patchedCard(ficheiro.cards.front(), ficheiro.cards.front().all("UID"), {});
+    Guardar_Cartao(ID, QUuid::createUuid().toString(QUuid::WithoutBraces), cartao);
 }
 
 void GrupoLocal::Guardar_Cartao(int ID, const QString &UID, const QByteArray &cartao)

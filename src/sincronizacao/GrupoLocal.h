@@ -6,6 +6,7 @@
 
 #include <bitset>
 #include <exception>
+#include <functional>
 #include <map>
 #include <optional>
 #include <QByteArray>
@@ -33,7 +34,8 @@ public:
 
     // By their IDs.
     std::map<int, ColunasDoContacto> Todos() const;
-    std::map<QString, int> Por_UID() const; // of those that have one; of any group
+    // Of contacts that have one, in any group.
+    void Percorrer_UIDs(const std::function<void(const QString &UID, int ID)> &um) const;
 
     // Whatever its group. Nothing for one that is not there.
     std::optional<Linha> Ler(int ID) const;
@@ -48,6 +50,8 @@ public:
     // The original card that goes with the contact.
     QByteArray Cartao(int ID) const;
     QString UID(int ID) const;
+    // Another contact has the same: this one gets one of its own, in its card as well.
+    void Dar_Outro_UID(int ID);
     void Guardar_Cartao(int ID, const QString &UID, const QByteArray &cartao);
 
 private:
