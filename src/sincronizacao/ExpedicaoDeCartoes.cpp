@@ -14,22 +14,6 @@ namespace
 constexpr int no_caminho_no_maximo = 12;
 constexpr int tentativas_no_maximo = 3;
 constexpr int recusas_no_maximo = 5; // one after the other: this server takes nothing
-
-// Nothing that comes behind it would fare better.
-bool Acaba_Com_Tudo(RemoteError::Kind especie)
-{
-    switch (especie) {
-    case RemoteError::Kind::Forbidden:
-    case RemoteError::Kind::NotFound:
-    case RemoteError::Kind::Changed:
-    case RemoteError::Kind::TooBig:
-    case RemoteError::Kind::Malformed:
-    case RemoteError::Kind::Server:
-        return false;
-    default:
-        return true;
-    }
-}
 } // namespace
 
 ExpedicaoDeCartoes::ExpedicaoDeCartoes(CorridaEmCurso &corrida, RemoteBook &livro,
@@ -199,11 +183,10 @@ void ExpedicaoDeCartoes::Eliminado(const Envio &envio)
 
 void ExpedicaoDeCartoes::Recusado(const Volta &volta)
 {
-    if (Acaba_Com_Tudo(volta.erro.kind) || ++recusas_seguidas_ >= recusas_no_maximo) {
-        if (!erro_) erro_ = volta.erro;
-    }
+    const bool acabou = volta.erro.concernsAll() || ++recusas_seguidas_ >= recusas_no_maximo;
+    if (acabou && !erro_) erro_ = volta.erro;
     Feito();
-    if (Acaba_Com_Tudo(volta.erro.kind)) return;
+    if (volta.erro.concernsAll()) return;
     ++c_.resultado.recusados;
     c_.Apontar({Ocorrencia::Recusado, volta.envio.ID, volta.envio.colunas[Coluna::Nome], {}, {}, {}, {}});
 }

@@ -233,11 +233,12 @@ void Sincronizacao::Reter(const QString &href, Par::Estado estado)
 {
     const Par *par = c_->pares.De_Href(href);
     if (par == nullptr) return;
+    ++c_->resultado.retidos;
+    if (par->estado == estado) return; // and was told
     Par retido = *par;
     retido.estado = estado;
     c_->pares.Guardar(retido);
     c_->Apontar({Ocorrencia::SemDireito, retido.IDContacto, retido.acordo[Coluna::Nome], {}, {}, {}, {}});
-    ++c_->resultado.retidos;
 }
 
 // Somebody may have changed it since it was looked at: then it stays, and goes to the server.

@@ -1,0 +1,9 @@
+# Tests of sincronizacao.
+foreach(teste IN ITEMS
+    test_DecisaoDaSincronizacao
+    test_JuncaoDeTres
+    test_MesSimulado
+    test_MortesDaSincronizacao
+    test_Sincronizacao)
+    morvex_teste(sincronizacao/${teste} LIGA sincronizacao)
+endforeach()
