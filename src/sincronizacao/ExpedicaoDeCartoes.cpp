@@ -93,6 +93,8 @@ bool ExpedicaoDeCartoes::Cartao_Do_Contacto(Envio &envio, const ColunasDoContact
 {
     const Par *par = c_.pares.De_Contacto(envio.ID);
     ContactoDoLivro contacto{envio.ID, {colunas, {}, {}, {}}};
+    if (const auto guardado = Pessoa_Do_Cartao(c_.grupo.Cartao(envio.ID), c_.idioma))
+        contacto.contacto.colunas = Alinhado(colunas, guardado->lido.colunas);
     envio.colunas = colunas;
     if (envio.que == Que::Alterado) {
         if (par == nullptr || par->estado != Par::Acordado || Dizem_O_Mesmo(colunas, par->acordo)) return false;

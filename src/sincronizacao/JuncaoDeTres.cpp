@@ -16,13 +16,46 @@ constexpr std::array nascimento{Coluna::Dia, Coluna::Mes, Coluna::Ano};
 // A birthday is one thing in three columns.
 std::vector<std::vector<Coluna>> Partes()
 {
-    std::vector<std::vector<Coluna>> partes{{nascimento.begin(), nascimento.end()}};
-    for (const Coluna coluna :
-         {Coluna::Nome, Coluna::Telefone1, Coluna::Telefone2, Coluna::Fax, Coluna::Telemovel1,
-          Coluna::Telemovel2, Coluna::Telemovel3, Coluna::Email1, Coluna::Email2, Coluna::Website,
-          Coluna::Morada, Coluna::Fotografia})
-        partes.push_back({coluna});
-    return partes;
+    return {{nascimento.begin(), nascimento.end()},
+            {Coluna::Nome},
+            {Coluna::Website},
+            {Coluna::Morada},
+            {Coluna::Fotografia}};
+}
+
+// Those of a kind, of which a contact may have several.
+struct Especie {
+    std::span<const Coluna> colunas;
+    QString (*chave)(const QString &);
+};
+const std::array especies{
+    Especie{ColunasDoContacto::telefones, ChavesDoContacto::Do_Numero},
+    Especie{ColunasDoContacto::telemoveis, ChavesDoContacto::Do_Numero},
+    Especie{ColunasDoContacto::faxes, ChavesDoContacto::Do_Numero},
+    Especie{ColunasDoContacto::emails, ChavesDoContacto::Do_Email},
+};
+
+QStringList Valores(const ColunasDoContacto &colunas, const Especie &especie)
+{
+    QStringList valores;
+    for (const Coluna coluna : especie.colunas)
+        if (!colunas[coluna].isEmpty()) valores << colunas[coluna];
+    return valores;
+}
+
+// Two spellings of one number are the same.
+bool Contem(const QStringList &valores, const QString &valor, const Especie &especie)
+{
+    const QString chave = especie.chave(valor);
+    return std::any_of(valores.begin(), valores.end(), [&](const QString &outro) {
+        return outro == valor || (!chave.isEmpty() && especie.chave(outro) == chave);
+    });
+}
+
+QStringList Sem(QStringList valores, const QStringList &outros, const Especie &especie)
+{
+    valores.removeIf([&](const QString &valor) { return Contem(outros, valor, especie); });
+    return valores;
 }
 
 bool Iguais(const ColunasDoContacto &um, const ColunasDoContacto &outro, std::span<const Coluna> parte)
@@ -50,23 +83,6 @@ QString Numa_Linha(const ColunasDoContacto &colunas, std::span<const Coluna> par
     return valores.join(parte.size() > 1 ? u"/"_s : u", "_s);
 }
 
-// The number or address stands in the contact, be it in another column.
-bool Esta_La(const ColunasDoContacto &colunas, Coluna coluna, const QString &valor)
-{
-    const auto mesmo = [&](std::span<const Coluna> quais, QString (*chave)(const QString &)) {
-        return std::any_of(quais.begin(), quais.end(), [&](Coluna qual) {
-            const QString &outro = colunas[qual];
-            return outro == valor || (!chave(valor).isEmpty() && chave(outro) == chave(valor));
-        });
-    };
-    const auto &numeros = ColunasDoContacto::numeros;
-    if (std::find(numeros.begin(), numeros.end(), coluna) != numeros.end())
-        return mesmo(numeros, ChavesDoContacto::Do_Numero);
-    if (coluna == Coluna::Email1 || coluna == Coluna::Email2)
-        return mesmo(ColunasDoContacto::emails, ChavesDoContacto::Do_Email);
-    return false;
-}
-
 class JuncaoDeTres
 {
 public:
@@ -81,9 +97,8 @@ public:
         static const std::vector<std::vector<Coluna>> partes = Partes();
         for (const std::vector<Coluna> &parte : partes)
             Parte(parte);
-        std::erase_if(juntos_.conflitos, [this](const ConflitoDeColuna &conflito) {
-            return Esta_La(juntos_.colunas, conflito.coluna, conflito.aqui);
-        });
+        for (const Especie &especie : especies)
+            Numeros(especie);
         QStringList linhas;
         for (const ConflitoDeColuna &conflito : juntos_.conflitos)
             linhas << Rotulo_Da_Coluna(conflito.coluna, idioma_) + u": "_s + conflito.aqui;
@@ -105,6 +120,49 @@ private:
         if (mudou_aqui && !iguais && !Vazia(v_.aqui, parte))
             juntos_.conflitos.push_back(
                 {parte.front(), Numa_Linha(v_.aqui, parte), Numa_Linha(v_.la, parte)});
+    }
+
+    void Numeros(const Especie &especie)
+    {
+        const std::span<const Coluna> colunas = especie.colunas;
+        if (Iguais(v_.la, v_.la_antes, colunas)) return Copiar(juntos_.acordo, v_.aqui_antes, colunas);
+        Copiar(juntos_.acordo, v_.la, colunas);
+        if (Iguais(v_.aqui, v_.la, colunas)) return;
+        const QStringList aqui = Valores(v_.aqui, especie);
+        const QStringList aqui_antes = Valores(v_.aqui_antes, especie);
+        const QStringList la = Valores(v_.la, especie);
+        const QStringList la_antes = Valores(v_.la_antes, especie);
+        QStringList ficam = Sem(la, Sem(aqui_antes, aqui, especie), especie); // less what was taken out here
+        for (const QString &nova : la) // what is new there stays, and what is spelled anew
+            if (!la_antes.contains(nova) && !ficam.contains(nova)) ficam << nova;
+        QStringList nossos = Sem(aqui, la + Sem(la_antes, la, especie), especie);
+        // A value that both have replaced.
+        const auto trocados = Sem(Sem(aqui_antes, aqui, especie), la, especie).size();
+        const QStringList novos_la = Sem(la, la_antes, especie);
+        const QStringList novos_aqui = Sem(nossos, aqui_antes, especie);
+        for (qsizetype i = 0; i < std::min({trocados, novos_la.size(), novos_aqui.size()}); ++i)
+            Conflito(colunas, ficam, novos_la.at(i), nossos.takeAt(nossos.indexOf(novos_aqui.at(i))));
+        Por_Numeros(colunas, ficam, nossos);
+    }
+
+    void Conflito(std::span<const Coluna> colunas, const QStringList &ficam, const QString &la,
+                  const QString &aqui)
+    {
+        const auto lugar = std::max<qsizetype>(ficam.indexOf(la), 0);
+        juntos_.conflitos.push_back({colunas[static_cast<std::size_t>(lugar)], aqui, la});
+    }
+
+    // Those for which there is no room become lines.
+    void Por_Numeros(std::span<const Coluna> colunas, QStringList ficam, const QStringList &nossos)
+    {
+        for (const QString &nosso : nossos) {
+            if (ficam.size() < static_cast<qsizetype>(colunas.size()))
+                ficam << nosso;
+            else
+                Conflito(colunas, ficam, ficam.constLast(), nosso);
+        }
+        for (std::size_t i = 0; i < colunas.size(); ++i)
+            juntos_.colunas[colunas[i]] = ficam.value(static_cast<qsizetype>(i));
     }
 
     void Obs(const QStringList &linhas)
@@ -163,6 +221,19 @@ private:
 JuntosDosTres Juntar_Os_Tres(const TresVersoes &versoes, const QString &idioma)
 {
     return JuncaoDeTres(versoes, idioma).Fazer();
+}
+
+ColunasDoContacto Alinhado(const ColunasDoContacto &colunas, const ColunasDoContacto &outro)
+{
+    ColunasDoContacto alinhado = colunas;
+    for (const Especie &especie : especies) {
+        QStringList valores = Valores(colunas, especie);
+        for (const Coluna coluna : especie.colunas)
+            alinhado[coluna] = valores.removeOne(outro[coluna]) ? outro[coluna] : QString();
+        for (const Coluna coluna : especie.colunas)
+            if (alinhado[coluna].isEmpty() && !valores.isEmpty()) alinhado[coluna] = valores.takeFirst();
+    }
+    return alinhado;
 }
 
 bool Dizem_O_Mesmo(const ColunasDoContacto &um, const ColunasDoContacto &outro)

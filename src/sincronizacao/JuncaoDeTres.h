@@ -1,5 +1,6 @@
 // A contact that was changed here and there, made one again column by column: what changed on one side alone
-// comes in; where both changed the same column, the server's value stays there and ours becomes a line of Obs.
+// comes in; where both changed the same thing, the server's value stays there and ours becomes a line of Obs.
+// A card knows no first or second number: those of a kind are told apart by what they are, not by their column.
 #pragma once
 
 #include "cards/ColunasDoContacto.h"
@@ -30,6 +31,10 @@ struct JuntosDosTres {
 
 // The labels are written in that language.
 JuntosDosTres Juntar_Os_Tres(const TresVersoes &versoes, const QString &idioma);
+
+// The same contact with the numbers and addresses of each kind in the columns in which the other one has them,
+// so that only what is new is new.
+ColunasDoContacto Alinhado(const ColunasDoContacto &colunas, const ColunasDoContacto &outro);
 
 // Without the group, which is no part of a card.
 bool Dizem_O_Mesmo(const ColunasDoContacto &um, const ColunasDoContacto &outro);

@@ -94,6 +94,66 @@ private Q_SLOTS:
         QVERIFY(juntos.conflitos.empty());
     }
 
+    // A card has its numbers in an order of its own.
+    void o_numero_que_la_se_trocou_e_o_que_ca_sai_esteja_em_que_coluna_estiver()
+    {
+        const auto numeros = [](const QString &um, const QString &dois) {
+            return Com({{Coluna::Telemovel1, um}, {Coluna::Telemovel2, dois}});
+        };
+        const auto juntos = Juntar_Os_Tres({numeros(u"911"_s, u"922"_s), numeros(u"911"_s, u"922"_s),
+                                            numeros(u"944"_s, u"911"_s), numeros(u"922"_s, u"911"_s)},
+                                           idioma);
+        QCOMPARE(juntos.colunas, numeros(u"944"_s, u"911"_s));
+        QVERIFY(Dizem_O_Mesmo(juntos.colunas, juntos.acordo));
+        const auto vazio_a_frente = Juntar_Os_Tres({numeros(u""_s, u"922"_s), numeros(u""_s, u"922"_s),
+                                                    numeros(u"944"_s, u""_s), numeros(u"922"_s, u""_s)},
+                                                   idioma);
+        QCOMPARE(vazio_a_frente.colunas, numeros(u"944"_s, u""_s));
+    }
+
+    void o_que_um_trocou_e_o_outro_tirou_fica_trocado()
+    {
+        const auto antes = Com({{Coluna::Telemovel1, u"911"_s}, {Coluna::Telemovel2, u"922"_s}});
+        const auto juntos = Juntar(antes, Com({{Coluna::Telemovel1, u"911"_s}, {Coluna::Telemovel2, u"933"_s}}),
+                                   Com({{Coluna::Telemovel1, u"911"_s}}));
+        QCOMPARE(juntos.colunas[Coluna::Telemovel2], u"933"_s);
+        QCOMPARE(juntos.acordo[Coluna::Telemovel2], QString());
+        QVERIFY(juntos.conflitos.empty());
+    }
+
+    void um_numero_tirado_num_lado_nao_volta_do_outro()
+    {
+        const auto antes = Com({{Coluna::Telemovel1, u"911"_s}, {Coluna::Telemovel2, u"922"_s}});
+        const auto juntos = Juntar(antes, Com({{Coluna::Telemovel1, u"922"_s}}),
+                                   Com({{Coluna::Telemovel1, u"911"_s}, {Coluna::Telemovel2, u"922"_s},
+                                        {Coluna::Telemovel3, u"933"_s}}));
+        QCOMPARE(juntos.colunas[Coluna::Telemovel1] + u' ' + juntos.colunas[Coluna::Telemovel2], u"922 933"_s);
+    }
+
+    void o_mesmo_numero_escrito_de_outro_modo_vem()
+    {
+        const auto antes = Com({{Coluna::Telemovel1, u"912345678"_s}});
+        const auto juntos = Juntar(antes, antes, Com({{Coluna::Telemovel1, u"+351 912 345 678"_s}}));
+        QCOMPARE(juntos.colunas[Coluna::Telemovel1], u"+351 912 345 678"_s);
+    }
+
+    void o_numero_para_que_nao_ha_lugar_vai_para_obs_e_di_se()
+    {
+        const auto antes = Com({});
+        const auto juntos = Juntar(antes, Com({{Coluna::Fax, u"1"_s}}), Com({{Coluna::Fax, u"2"_s}}));
+        QCOMPARE(juntos.colunas[Coluna::Fax], u"2"_s);
+        QVERIFY(juntos.colunas[Coluna::Obs].endsWith(u"Fax: 1"_s));
+        QCOMPARE(juntos.conflitos.size(), 1U);
+    }
+
+    void alinhar_deixa_cada_numero_onde_o_outro_o_tem()
+    {
+        const auto nosso = Com({{Coluna::Telemovel1, u"911"_s}, {Coluna::Telemovel2, u"933"_s}});
+        const auto outro = Com({{Coluna::Telemovel1, u"922"_s}, {Coluna::Telemovel2, u"911"_s}});
+        QCOMPARE(Alinhado(nosso, outro),
+                 Com({{Coluna::Telemovel1, u"933"_s}, {Coluna::Telemovel2, u"911"_s}}));
+    }
+
     void as_notas_de_ambos_ficam()
     {
         const auto juntos = Juntar(Com({{Coluna::Obs, u"nota"_s}}), Com({{Coluna::Obs, u"nossa\r\nsegunda"_s}}),
@@ -126,8 +186,8 @@ private Q_SLOTS:
         const auto juntos = Juntar_Os_Tres({aqui, {}, la, {}}, idioma);
         QCOMPARE(juntos.colunas[Coluna::Fax], u"1"_s);
         QCOMPARE(juntos.colunas[Coluna::Website], u"w"_s);
-        QCOMPARE(juntos.colunas[Coluna::Email1], u"b@x"_s);
-        QCOMPARE(juntos.colunas[Coluna::Obs], u"deles"_s + marca + u"nossa\r\nE-mail: a@x"_s);
+        QCOMPARE(juntos.colunas[Coluna::Email1] + u' ' + juntos.colunas[Coluna::Email2], u"b@x a@x"_s);
+        QCOMPARE(juntos.colunas[Coluna::Obs], u"deles"_s + marca + u"nossa"_s);
     }
 
     void o_grupo_e_sempre_o_de_ca()

@@ -26,7 +26,7 @@ private Q_SLOTS:
         gente.Povoar(30);
         int conflitos = 0;
         for (int dia = 0; dia < 30; ++dia) {
-            for (int i = 0; i < 12; ++i)
+            for (int i = 0; i < 10; ++i)
                 gente.Alguma_Coisa();
             if (dia % 7 == 3) m.servidor.epoca += 'x'; // the server forgets its tokens
             conflitos += m.Correr().conflitos;

@@ -37,9 +37,9 @@ private Q_SLOTS:
         gente.Povoar(500);
         int no_meio = 0;
         for (int morte = 0; morte < 100; ++morte) {
-            const int voltas = static_cast<int>(acaso.bounded(60));
+            const int voltas = static_cast<int>(acaso.bounded(25));
             if (Viver(m, voltas) == voltas) ++no_meio;
-            for (int i = 0; morte > 30 && i < 4; ++i)
+            for (int i = 0; i < 8; ++i)
                 gente.Alguma_Coisa();
         }
         QVERIFY2(no_meio > 50, qPrintable(QString::number(no_meio)));
