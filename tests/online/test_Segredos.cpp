@@ -74,7 +74,7 @@ struct Programa {
     PopMailNotification correio{s.Ficheiro(u"correio.json"_s), [this] { return s.geral.IdiomaActual; },
                                 depressa};
     Platform plataforma{s.relogio, s.caixas, s.dialogos,   s.shell,    s.som,
-                        s.registo, correio,  s.mensageiro, s.processo, s.tabuleiro};
+                        s.registo, correio,  s.mensageiro, s.processo, s.tabuleiro, s.segredos};
     Main main{s.geral, plataforma};
 };
 
