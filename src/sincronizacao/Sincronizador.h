@@ -67,7 +67,7 @@ private:
     Platform &platform_;
     ServidoresDeLivros servidores_;
     std::unique_ptr<Sincronizacao> corrida_;
-    QTimer relogio_;
+    QTimer relogio_{this};
     QPointer<frmPopupSincronizacao> popup_;
     bool por_si_ = false;    // the run that goes on began by itself
     bool falha_dita_ = false;

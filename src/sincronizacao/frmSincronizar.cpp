@@ -170,14 +170,13 @@ void frmSincronizar::Endereco_Mudou()
 
 void frmSincronizar::cmdEncontrar_Click()
 {
-    Dizer(geral_.Ler_Idioma(525));
+    Dizer(QString());
     procura_ = sincronizador_.Servidores().procurar(
         txtEndereco->text().trimmed(), {txtUtilizador->text().trimmed(), txtPalavraPasse->text()},
         [this](const RemoteError &erro, const QList<FoundBook> &livros) {
             // The search is let go only once its answer is over.
             QMetaObject::invokeMethod(this, [this, erro, livros] { Encontrados(erro, livros); }, Qt::QueuedConnection);
         });
-    Dizer(QString());
     Permitir();
 }
 

@@ -7,3 +7,4 @@ foreach(teste IN ITEMS
     test_Sincronizacao)
     morvex_teste(sincronizacao/${teste} LIGA sincronizacao)
 endforeach()
+morvex_teste(sincronizacao/test_frmSincronizar LIGA session)
