@@ -11,7 +11,7 @@ namespace
 {
 constexpr qsizetype longestName = 100;
 
-QUrl asFolder(QUrl address)
+QUrl asFolder(const QUrl &address)
 {
     const QString path = normalHref(address, address.path(QUrl::FullyEncoded));
     return addressAt(address, path.endsWith(u'/') ? path : path + u'/');

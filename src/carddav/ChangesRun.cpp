@@ -3,6 +3,24 @@
 #include "carddav/DavBodies.h"
 #include "carddav/Href.h"
 
+#include <algorithm>
+
+namespace
+{
+// A list has the book itself at least. Without it, it would make all that it lacks look deleted; and some
+// servers answer with a list even to the question for what is not there.
+RemoteError errorOfList(const DavAnswer &answer)
+{
+    const bool isList = answer.isMultistatus() && !answer.responses.isEmpty();
+    const auto isBook = [](const DavResponse &one) { return one.isCollection || one.isBook; };
+    const auto isGone = [](const DavResponse &one) { return one.status == 404 || one.status == 410; };
+    if (isList && std::any_of(answer.responses.cbegin(), answer.responses.cend(), isBook)) return {};
+    if (isList && std::all_of(answer.responses.cbegin(), answer.responses.cend(), isGone))
+        return {RemoteError::Kind::NotFound, answer.status, {}};
+    return {RemoteError::Kind::Malformed, answer.status, QStringLiteral("no list of cards")};
+}
+} // namespace
+
 ChangesRun::ChangesRun(DavConnection &connection, RemoteBook::ChangesAnswer answer)
     : connection_(connection), answer_(std::move(answer))
 {
@@ -24,9 +42,11 @@ void ChangesRun::askSince(const QByteArray &token)
 
 void ChangesRun::answered(const DavAnswer &answer)
 {
-    if (answer.error.concernsAll() || answer.error.kind == RemoteError::Kind::TooBig ||
-        (answer.status == 207 && answer.error))
-        return answer_(answer.error, {});
+    const bool isOfTheWay = answer.error.concernsAll() || answer.error.kind == RemoteError::Kind::TooBig;
+    const bool isLost = answer.status / 100 == 3; // among redirects
+    const bool isBroken =
+        answer.status == 207 && answer.error; // what answers so would not do better otherwise
+    if (isOfTheWay || isLost || isBroken) return answer_(answer.error, {});
     if (!answer.isMultistatus()) return refused();
     if (!take(answer)) return finish(answer.syncToken);
     // A server that holds something back says from where to go on. One that does not get on is asked
@@ -59,9 +79,8 @@ void ChangesRun::askForList()
 void ChangesRun::listed(const DavAnswer &answer)
 {
     if (answer.error) return answer_(answer.error, {});
-    // A list has the book itself at least. Without it, or not whole, it would make the rest look deleted.
-    if (!answer.isMultistatus() || answer.responses.isEmpty())
-        return answer_({RemoteError::Kind::Malformed, answer.status, QStringLiteral("no list of cards")}, {});
+    const RemoteError error = errorOfList(answer);
+    if (error) return answer_(error, {});
     if (take(answer))
         return answer_({RemoteError::Kind::Server, 507, QStringLiteral("the list of cards is cut off")}, {});
     finish({});

@@ -27,6 +27,10 @@ bool isOffline()
     return true;
 }
 
+// The toolkit writes name and password in Latin-1, which lacks most of the world's letters, and servers read
+// UTF-8: each byte of it goes as a letter of its own.
+QString asToolkitSpells(const QString &text) { return QString::fromLatin1(text.toUtf8()); }
+
 QNetworkRequest networkRequest(const DavRequest &request, const QUrl &url)
 {
     QNetworkRequest result(url);
@@ -44,13 +48,13 @@ QNetworkRequest networkRequest(const DavRequest &request, const QUrl &url)
 }
 } // namespace
 
-DavExchange::DavExchange(QNetworkAccessManager &manager, DavRequest request, const RemoteAccount &account,
-                         const QUrl &server, const RemoteLimits &limits, QObject *parent)
+DavExchange::DavExchange(QNetworkAccessManager &manager, DavRequest request, RemoteAccount account,
+                         QUrl server, const RemoteLimits &limits, QObject *parent)
     : QObject(parent),
       manager_(manager),
       request_(std::move(request)),
-      account_(account),
-      server_(server),
+      account_(std::move(account)),
+      server_(std::move(server)),
       limits_(limits),
       multistatus_(limits.card)
 {
@@ -108,8 +112,8 @@ void DavExchange::authenticate(QAuthenticator &authenticator)
 {
     if (++asked_ > 1 || !isSameServer(server_, answer_.url)) return;
     if (account_.user.isEmpty() && account_.password.isEmpty()) return;
-    authenticator.setUser(account_.user);
-    authenticator.setPassword(account_.password);
+    authenticator.setUser(asToolkitSpells(account_.user));
+    authenticator.setPassword(asToolkitSpells(account_.password));
 }
 
 void DavExchange::headersCame()
@@ -234,7 +238,8 @@ void DavExchange::complete()
 
 void DavExchange::fail(RemoteError::Kind kind, const QString &detail)
 {
-    answer_.error = {kind, reply_ ? status() : 0, detail};
+    answer_.status = reply_ ? status() : 0;
+    answer_.error = {kind, answer_.status, detail};
     finish();
 }
 

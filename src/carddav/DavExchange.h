@@ -11,8 +11,8 @@ class DavExchange final : public QObject
 {
     Q_OBJECT
 public:
-    DavExchange(QNetworkAccessManager &manager, DavRequest request, const RemoteAccount &account,
-                const QUrl &server, const RemoteLimits &limits, QObject *parent);
+    DavExchange(QNetworkAccessManager &manager, DavRequest request, RemoteAccount account, QUrl server,
+                const RemoteLimits &limits, QObject *parent);
     ~DavExchange() override; // gives it up
 
     void start();

@@ -2,8 +2,8 @@
 
 #include "carddav/BookSearch.h"
 
-Discovery::Discovery(QString address, const RemoteAccount &account, const RemoteLimits &limits)
-    : address_(std::move(address)), account_(account), limits_(limits)
+Discovery::Discovery(QString address, RemoteAccount account, const RemoteLimits &limits)
+    : address_(std::move(address)), account_(std::move(account)), limits_(limits)
 {
 }
 

@@ -22,7 +22,7 @@ class Discovery
 public:
     using Answer = std::function<void(const RemoteError &, const QList<FoundBook> &)>;
 
-    Discovery(QString address, const RemoteAccount &account, const RemoteLimits &limits = {});
+    Discovery(QString address, RemoteAccount account, const RemoteLimits &limits = {});
     ~Discovery(); // gives it up, at any moment
     Discovery(const Discovery &) = delete;
     Discovery &operator=(const Discovery &) = delete;

@@ -10,7 +10,7 @@ struct RemoteError {
         NoNetwork,   // this machine is connected to nothing
         NoSuchHost,  // nobody has that name
         Refused,     // the machine is there and nobody answers at that port
-        Interrupted, // it hung up in the middle
+        Interrupted, // it hung up in the middle, or does not speak HTTP at all
         TimedOut,    // nothing moved for too long, or all of it took too long
         Certificate, // it cannot be trusted, or the encryption could not be begun
         Unencrypted, // it wants to lead from an encrypted connection to one that is not

@@ -9,7 +9,7 @@ WriteRun::WriteRun(DavConnection &connection, QString href, RemoteBook::WrittenA
 {
 }
 
-void WriteRun::send(DavRequest request, Step then)
+void WriteRun::send(const DavRequest &request, Step then)
 {
     connection_.send(request, this, [self = shared_from_this(), then](const DavAnswer &answer) {
         (self.get()->*then)(answer);
@@ -20,21 +20,21 @@ void WriteRun::create(const QByteArray &card)
 {
     DavRequest request = dav::put(addressAt(connection_.address(), href_), card);
     request.headers << std::pair<QByteArray, QByteArray>("If-None-Match", "*");
-    send(std::move(request), &WriteRun::written);
+    send(request, &WriteRun::written);
 }
 
 void WriteRun::replace(const QByteArray &etag, const QByteArray &card)
 {
     DavRequest request = dav::put(addressAt(connection_.address(), href_), card);
     request.headers << std::pair<QByteArray, QByteArray>("If-Match", etag.isEmpty() ? QByteArray("*") : etag);
-    send(std::move(request), &WriteRun::replaced);
+    send(request, &WriteRun::replaced);
 }
 
 void WriteRun::remove(const QByteArray &etag)
 {
     DavRequest request = dav::remove(addressAt(connection_.address(), href_));
     if (!etag.isEmpty()) request.headers << std::pair<QByteArray, QByteArray>("If-Match", etag);
-    send(std::move(request), &WriteRun::removed);
+    send(request, &WriteRun::removed);
 }
 
 // What does not exist cannot be in the state that was expected either.

@@ -17,7 +17,7 @@ public:
 
 private:
     using Step = void (WriteRun::*)(const DavAnswer &);
-    void send(DavRequest request, Step then);
+    void send(const DavRequest &request, Step then);
     void written(const DavAnswer &answer);
     void replaced(const DavAnswer &answer);
     void fetched(const DavAnswer &answer);
