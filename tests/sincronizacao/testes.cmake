@@ -8,3 +8,5 @@ foreach(teste IN ITEMS
     morvex_teste(sincronizacao/${teste} LIGA sincronizacao)
 endforeach()
 morvex_teste(sincronizacao/test_frmSincronizar LIGA session)
+morvex_teste(sincronizacao/test_servidor_de_livros LIGA sincronizacao)
+morvex_servidores(test_servidor_de_livros)
