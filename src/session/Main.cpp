@@ -39,6 +39,7 @@
 #include "session/SystemTray.h"
 #include "session/TeclaDeAjuda.h"
 #include "session/Utilizadores.h"
+#include "sincronizacao/Sincronizador.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>
@@ -100,6 +101,7 @@ Main::Main(Geral &geral, Platform &platform)
     auto *intercambio = new Intercambio(*this, geral_, platform_, *CrystalReport1);
     auto *entrada = new EntradaDeContactos(*this, geral_, platform_, *desfazer);
     new SaidaDeContactos(*this, geral_, platform_);
+    sincronizador_ = new Sincronizador(*this, geral_, platform_);
     auto *ficheiros = new FicheirosPedidos(*this, *intercambio, *entrada);
     fila_ = new FilaDeFicheiros(*this, *tray_,
                                 [ficheiros](const QString &caminho) { ficheiros->Abrir(caminho); });
@@ -116,6 +118,10 @@ Main::Main(Geral &geral, Platform &platform)
     };
     connect(intercambio, &Intercambio::ContactosMudados, lista_, ler_de_novo);
     connect(entrada, &EntradaDeContactos::ContactosMudados, lista_, ler_de_novo);
+    connect(sincronizador_, &Sincronizador::ContactosMudados, lista_, ler_de_novo);
+    connect(sincronizador_, &Sincronizador::Abrir_Sincronizar, this, [this] {
+        if (tray_->Destrancar()) sincronizador_->Abrir();
+    });
     connect(pesquisa, &Pesquisa::Trazer_Main, tray_, &SystemTray::Trazer_Janela);
     connect(procuraRapida_, &ProcuraRapida::Minimizar_Tray, tray_, &SystemTray::Minimizar_Tray);
     connect(desfazer, &DesfazerEliminacao::Eliminado, procuraRapida_, &ProcuraRapida::Tomar_Eliminacao);
@@ -187,11 +193,12 @@ void Main::Carregar()
     returnFreeMemory(); // the start read names and birthdays; from here on the program mostly waits
     if (!geral_.Comeca_Minimizado()) show();
     fila_->Comecar();
+    sincronizador_->Iniciar();
 }
 
 void Main::Abrir_Depois(const QStringList &ficheiros) { fila_->Juntar(ficheiros); }
 
-bool Main::Responder_A_Aviso() { return lembretes_->Responder() || correio_->Responder(); }
+bool Main::Responder_A_Aviso() { return lembretes_->Responder() || correio_->Responder() || sincronizador_->Responder(); }
 
 void Main::Chamar(const QStringList &ficheiros)
 {

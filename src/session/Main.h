@@ -18,6 +18,7 @@ class ListaContactos;
 class Memos;
 class Presenca;
 class ProcuraRapida;
+class Sincronizador;
 class SystemTray;
 struct Platform;
 
@@ -70,5 +71,6 @@ private:
     CicloCorreio *correio_;
     ProcuraRapida *procuraRapida_;
     FilaDeFicheiros *fila_;
+    Sincronizador *sincronizador_;
     QString EstadoPonto; // "1", lit, or "2": the phase of the blinking dot
 };

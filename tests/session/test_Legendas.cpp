@@ -80,6 +80,7 @@ constexpr auto legendas_escritas = std::to_array<Legenda>({
     {"ImportarContactos", 274},
     {"ExportarContactos", 275},
     {"Duplicados", 276},
+    {"Sincronizar", 500},
     {"RightClickCopiarCartao", 277},
     {"RightClickQR", 278},
 });

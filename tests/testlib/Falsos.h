@@ -141,6 +141,26 @@ public:
     int fins = 0;
 };
 
+// Secrets by their keys; there is no store unless the test says so.
+class SegredosFalsos final : public SecretStore
+{
+public:
+    bool isThere() override { return ha; }
+    std::optional<QString> read(const QString &key) override
+    {
+        return ha && guardados.contains(key) ? std::optional(guardados.value(key)) : std::nullopt;
+    }
+    bool write(const QString &key, const QString &, const QString &secret) override
+    {
+        if (ha) guardados[key] = secret;
+        return ha;
+    }
+    void remove(const QString &key) override { guardados.remove(key); }
+
+    bool ha = false;
+    QMap<QString, QString> guardados;
+};
+
 // Keeps a record of what was done to the icon: "+1 tip", "-2" and so on, by the number of the picture.
 class TabuleiroFalso final : public Tray
 {
