@@ -226,6 +226,21 @@ void DE::Abrir_Ligacao()
     }
 }
 
+void DE::Servir_De(const Connection::ServerOpener &abridor)
+{
+    abridor_ = abridor;
+    ligacao_.setServerOpener(abridor);
+}
+
+void DE::Experimentar_Endereco(const QString &endereco)
+{
+    Connection outra;
+    outra.setServerOpener(abridor_);
+    outra.setConnectionString(endereco);
+    outra.Open();
+    esquema::Por_Em_Dia(outra);
+}
+
 void DE::Tudo_Ou_Nada(const std::function<void()> &trabalho)
 {
     if (!Em_Dia()) skipFailure([this] { esquema::Por_Em_Dia(ligacao_); });

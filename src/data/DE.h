@@ -109,6 +109,13 @@ public:
     // Who hears what other desks change, and that the server is away or back. On a file nobody is told.
     void Ouvir(Store::Listener ouvinte) { ligacao_.setListener(std::move(ouvinte)); }
 
+    // Who opens a server, in the place of the real one.
+    void Servir_De(const Connection::ServerOpener &abridor);
+
+    // Tries whether that server answers and has a database of this program, at least as far as its steps go.
+    // Raises Failure where not. The connection stays what it is.
+    void Experimentar_Endereco(const QString &endereco);
+
     // Gives up what the store keeps of the file for a next reading.
     void Largar_Memoria() { ligacao_.releaseMemory(); }
 
@@ -121,6 +128,7 @@ private:
 
     CaminhoDaBase base_;
     Connection ligacao_;
+    Connection::ServerOpener abridor_; // none: the real one
     bool em_dia_ = false; // as far as is known
     std::array<Recordset, comandos::catalogo.size()> conjuntos_;
 };

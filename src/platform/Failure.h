@@ -36,13 +36,17 @@ public:
         DatabaseNewer,     // written in a way that this program does not know yet
         DatabaseOlder,     // a server's, which only its administrator brings up to date
         DiskFull,
-        PasswordInAddress, // where anybody could read it
-        ServerUnknown,     // no such host
-        ServerRefused,     // nobody listens there
-        ServerCertificate, // it is not proved that it is that server
-        ServerPassword,    // wrong, or none
-        ServerNoDatabase,  // the server is there, and has none of that name
-        ServerLost,        // the connection went, or nobody answered in time; it comes back by itself
+        AddressBroken,      // a server's, which can't be understood
+        PasswordInAddress,  // where anybody could read it
+        ServerUnknown,      // no such host
+        ServerRefused,      // nobody listens there
+        ServerCertificate,  // it is not proved that it is that server
+        ServerForbidden,    // it does not let this user in, or not from here
+        ServerPassword,     // wrong
+        ServerNoPassword,   // it asks for one, and none is kept for it
+        ServerPasswordFile, // the same, for others may read the file of passwords, and so it is not looked at
+        ServerNoDatabase,   // the server is there, and has none of that name
+        ServerLost,         // the connection went, or nobody answered in time; it comes back by itself
     };
 
     Failure(int number, QString source, QString description, Kind kind = Kind::Other);

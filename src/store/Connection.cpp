@@ -36,7 +36,11 @@ void Connection::setDataSource(const QString &addressOrPath)
                                                  : u"Data Source='%1'"_s.arg(addressOrPath));
 }
 
-QString Connection::file() const { return dataSource(connectionString_); }
+QString Connection::file() const
+{
+    if (isServer() && store_) return store_->place();
+    return dataSource(connectionString_);
+}
 
 void Connection::opened(std::unique_ptr<Store> store)
 {
@@ -45,7 +49,11 @@ void Connection::opened(std::unique_ptr<Store> store)
     ++openings_;
 }
 
-void Connection::Open() { opened(SqliteStore::open(file())); }
+void Connection::Open()
+{
+    if (isServer() && openServer_) return opened(openServer_(connectionString_));
+    opened(SqliteStore::open(file()));
+}
 
 void Connection::OpenReadOnly() { opened(SqliteStore::openReadOnly(file())); }
 

@@ -13,6 +13,7 @@ target_compile_definitions(test_Ajuda PRIVATE MORVEX_WEB_HOST="${MORVEX_WEB_HOST
 morvex_teste(session/test_PaginasDoManual LIGA session)
 target_compile_definitions(test_PaginasDoManual PRIVATE MORVEX_FORMULARIOS="${PROJECT_SOURCE_DIR}/src")
 morvex_teste(session/test_Arranque LIGA session)
+morvex_teste(session/test_PedidosAoServidor LIGA session)
 morvex_teste(session/test_frmLoading LIGA session)
 morvex_teste(session/test_frmSobre LIGA session)
 morvex_teste(session/test_Legendas LIGA session)
