@@ -19,6 +19,7 @@
 #include "platform/Platform.h"
 #include "platform/Translations.h"
 
+#include <QAccessible>
 #include <QStandardPaths>
 
 using namespace Qt::StringLiterals;
@@ -180,6 +181,14 @@ void frmAddEdit::Escolher_Grupo(const QString &Grupo)
     Recordset &rs = geral_.de.Abrir("cmdVerGrupo", {Grupo});
     ComboGrupos->ChooseText(rs.Fields("NomeGrupo").textOrEmpty());
     rs.Close();
+}
+
+void frmAddEdit::Avisar(const QString &aviso)
+{
+    lblAviso->setText(aviso);
+    lblAviso->show();
+    QAccessibleEvent dito(lblAviso, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&dito);
 }
 
 void frmAddEdit::Mostrar_Foto(const Picture &imagem)

@@ -30,6 +30,9 @@ public:
     // Failure where the contact can't be read, with the timers running again.
     bool Carregar();
 
+    // A line in the form, also for a screen reader. What has been typed stays as it is.
+    void Avisar(const QString &aviso);
+
 Q_SIGNALS:
     // There is no group that a contact could belong to.
     void Sem_Grupos();

@@ -141,6 +141,13 @@ void DE::Percorrer_Textos(const std::function<void(const Row &)> &linha)
     Ligacao().rows(QStringLiteral("SELECT * FROM TblIdiomas"), {}, linha);
 }
 
+void DE::Percorrer_Presencas(const std::function<void(const Row &)> &linha)
+{
+    Ligacao().rows(QStringLiteral("SELECT Email1, Email2, MSNMessenger FROM TblLista WHERE Email1 <> '' OR "
+                                  "Email2 <> '' ORDER BY ID"),
+                   {}, linha);
+}
+
 LinhasInteiras DE::Ler_Inteiras(std::string_view tabela, std::string_view coluna, const Value &valor)
 {
     LinhasInteiras linhas;

@@ -68,6 +68,9 @@ public:
     // The rows of all texts: their number and the seven languages.
     void Percorrer_Textos(const std::function<void(const Row &)> &linha);
 
+    // The rows of contacts with an address: Email1, Email2 and MSNMessenger.
+    void Percorrer_Presencas(const std::function<void(const Row &)> &linha);
+
     // What undoing a deletion asks beyond the commands: rows as they stand, the same rows put back with their
     // IDs, and contacts put back into the group out of which they were moved.
     LinhasInteiras Ler_Inteiras(std::string_view tabela, std::string_view coluna, const Value &valor);

@@ -19,6 +19,11 @@ constexpr int buttonMask = 0x0f;
 constexpr int shareOfScreen = 60; // percent of its height, for a text
 constexpr int widestShare = 80;   // percent of its width
 
+constexpr Translations retryWords{u"&Tentar de novo", u"&Tentar de novo", u"&Try again", u"&Reintentar",
+                                  u"&Riprova",        u"&Réessayer",      u"&Erneut versuchen"};
+constexpr Translations leaveWords{u"&Sair", u"&Sair",    u"&Leave",  u"&Salir",
+                                  u"&Esci", u"&Quitter", u"&Beenden"};
+
 QMessageBox::Icon iconOf(int flags)
 {
     switch (flags & iconMask) {
@@ -102,11 +107,23 @@ DesktopMessageBoxes::DesktopMessageBoxes() : language_([] { return QString(); })
 
 void DesktopMessageBoxes::setLanguage(std::function<QString()> language) { language_ = std::move(language); }
 
+int DesktopMessageBoxes::askToRetry(QMessageBox &box) const
+{
+    const QString language = spokenLanguage(language_());
+    auto *retry = box.addButton(translated(retryWords, language), QMessageBox::AcceptRole);
+    auto *leave = box.addButton(translated(leaveWords, language), QMessageBox::RejectRole);
+    box.setDefaultButton(retry);
+    box.setEscapeButton(leave);
+    box.exec();
+    return box.clickedButton() == retry ? answer::retry : answer::leave;
+}
+
 int DesktopMessageBoxes::show(const QString &text, int flags, const QString &title, QWidget *owner)
 {
     QMessageBox box(owner);
     dress(box, text, flags, title);
     keepButtonsOnScreen(box);
+    if ((flags & buttonMask) == box::retryLeave) return askToRetry(box);
     if ((flags & buttonMask) != box::yesNo) {
         box.exec();
         return answer::ok;

@@ -40,6 +40,12 @@ public:
 
     void Executar();
 
+    // Another desk has taken the session's user away: says so, and lets somebody in anew.
+    void Entrar_De_Novo();
+
+    // Another desk has changed the configuration that all share.
+    void Seguir_Configuracao();
+
 private:
     void Escrever_Data();
     void Escolher_Idioma();
