@@ -1,82 +1,15 @@
-// What other desks change, as it reaches this desk's window: everything follows, and nobody's selection, focus or
-// typed text is taken.
-#include "session/AvisosDosPostos.h"
+// What other desks change, as it reaches this desk's window: everything follows, and nobody's selection,
+// focus or typed text is taken.
 #include "contacts/frmAddEdit.h"
-#include "memos/frmMemo.h"
-#include "memos/Memos.h"
-#include "reminders/frmListaTarefas.h"
-#include "reminders/frmPopup.h"
-#include "session/Arranque.h"
-#include "session/frmLogin.h"
+#include "session/AvisosDosPostos.h"
+#include "session/Posto.h"
 #include "testlib/Accoes.h"
-#include "testlib/ComJanela.h"
-#include "testlib/Disparar.h"
-#include "testlib/ServidorFalso.h"
 #include "testlib/Teste.h"
 
-#include <QPlainTextEdit>
 #include <QScrollBar>
 
 using namespace Qt::StringLiterals;
 using What = StoreChange::What;
-
-namespace
-{
-struct Posto {
-    Posto()
-    {
-        s.Escrever(u"DELETE FROM TblLista"_s);
-        for (int i = 10; i < 60; ++i)
-            ids << s.Novo_Contacto({{u"Nome"_s, u"Nome %1"_s.arg(i)}, {u"Obs"_s, u"linha\n"_s.repeated(60)}});
-        servidor.Servir(s.geral);
-        janela.Inicio().Executar();
-        avisos.Comecar();
-        janela.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&janela));
-        servidor.Esquecer();
-    }
-    ~Posto()
-    {
-        for (QWidget *nota : QApplication::topLevelWidgets())
-            if (qobject_cast<frmMemo *>(nota) != nullptr) nota->hide();
-    }
-
-    // The 0.3 seconds go by.
-    void Recolher()
-    {
-        if (avisos.TimerRecolha.Enabled()) Disparar(avisos.TimerRecolha);
-    }
-    // What another desk has done reaches this one.
-    void Muda(const QString &sql, const QString &tabela, What que, const QList<int> &mudados)
-    {
-        s.Escrever(sql);
-        servidor.Mudou(tabela, que, mudados);
-        Recolher();
-    }
-    int Linha(int id) const
-    {
-        for (int i = 0; i < lista.ListCount(); ++i)
-            if (lista.ItemData(i) == id) return i;
-        return -1;
-    }
-    QString Obs() const { return janela.txtObs->toPlainText(); }
-
-    Sistema s;
-    ServidorFalso servidor{s.Base()};
-    QList<int> ids;
-    Main janela{s.geral, s.plataforma};
-    AvisosDosPostos &avisos = *janela.findChild<AvisosDosPostos *>();
-    ListBox &lista = *janela.ListaNomes;
-};
-
-template<class Formulario> QList<Formulario *> Abertos()
-{
-    QList<Formulario *> abertos;
-    for (QWidget *janela : QApplication::topLevelWidgets())
-        if (auto *um = qobject_cast<Formulario *>(janela); um != nullptr && um->isVisible()) abertos << um;
-    return abertos;
-}
-} // namespace
 
 class TestAvisosDosPostos : public QObject
 {
@@ -177,7 +110,8 @@ private Q_SLOTS:
         Posto p;
         QDialog formulario(&p.janela);
         accoes::Quando_Abrir<QDialog>([&](QDialog &aberto) {
-            p.Muda(u"INSERT INTO TblLista (Nome, Grupo) VALUES ('Aaa', 6)"_s, u"tbllista"_s, What::Added, {99});
+            p.Muda(u"INSERT INTO TblLista (Nome, Grupo) VALUES ('Aaa', 6)"_s, u"tbllista"_s, What::Added,
+                   {99});
             QCOMPARE(p.lista.ListCount(), 50);
             QVERIFY(p.avisos.TimerRecolha.Enabled()); // it asks again
             aberto.reject();
@@ -219,7 +153,8 @@ private Q_SLOTS:
     void o_grupo_escolhido_que_desaparece_da_lugar_a_todos()
     {
         Posto p;
-        p.janela.ComboGrupos->ChooseText(p.s.Linhas(u"SELECT NomeGrupo FROM TblGrupos WHERE ID=6"_s).value(0));
+        p.janela.ComboGrupos->ChooseText(
+            p.s.Linhas(u"SELECT NomeGrupo FROM TblGrupos WHERE ID=6"_s).value(0));
         QCOMPARE(p.lista.ListCount(), 50);
         p.s.Escrever(u"UPDATE TblLista SET Grupo=5"_s);
         p.Muda(u"DELETE FROM TblGrupos WHERE ID=6"_s, u"tblgrupos"_s, What::Removed, {6});
@@ -234,11 +169,11 @@ private Q_SLOTS:
         p.lista.setListIndex(p.Linha(p.ids[5]));
         accoes::Quando_Abrir<frmAddEdit>([&](frmAddEdit &editor) {
             editor.txtNome->setText(u"a meio"_s);
-            p.Muda(u"UPDATE TblLista SET Website='x' WHERE ID=%1"_s.arg(p.ids[6]), u"tbllista"_s, What::Changed,
-                   {p.ids[6]});
+            p.Muda(u"UPDATE TblLista SET Website='x' WHERE ID=%1"_s.arg(p.ids[6]), u"tbllista"_s,
+                   What::Changed, {p.ids[6]});
             QVERIFY(!editor.lblAviso->isVisible()); // another contact
-            p.Muda(u"UPDATE TblLista SET Website='x' WHERE ID=%1"_s.arg(p.ids[5]), u"tbllista"_s, What::Changed,
-                   {p.ids[5]});
+            p.Muda(u"UPDATE TblLista SET Website='x' WHERE ID=%1"_s.arg(p.ids[5]), u"tbllista"_s,
+                   What::Changed, {p.ids[5]});
             QCOMPARE(editor.lblAviso->text(), p.s.Texto(451));
             QVERIFY(editor.lblAviso->isVisible());
             p.Muda(u"DELETE FROM TblLista WHERE ID=%1"_s.arg(p.ids[5]), u"tbllista"_s, What::Removed,

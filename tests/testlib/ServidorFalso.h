@@ -1,5 +1,5 @@
-// A server that several desks share, without a network: a database file behind the same door. It counts what is
-// asked of it, can be away, and tells what another desk is said to have changed.
+// A server that several desks share, without a network: a database file behind the same door. It counts what
+// is asked of it, can be away, and tells what another desk is said to have changed.
 #pragma once
 
 #include "data/Esquema.h"
@@ -78,7 +78,9 @@ private:
 class ServidorFalso::Posto final : public Store
 {
 public:
-    explicit Posto(ServidorFalso &servidor) : s_(servidor), ficheiro_(SqliteStore::open(servidor.ficheiro_)) {}
+    explicit Posto(ServidorFalso &servidor) : s_(servidor), ficheiro_(SqliteStore::open(servidor.ficheiro_))
+    {
+    }
 
     QString place() const override { return Endereco(); }
     Recordset query(const QString &sql, const Values &values) override
