@@ -7,6 +7,7 @@ pacotes_para_construir=(
     build-essential cmake ninja-build ccache
     qt6-base-dev qt6-base-dev-tools qt6-svg-dev libqt6svg6 qt6-qpa-plugins qt6-translations-l10n
     libsqlitecpp-dev libsqlite3-dev libicu-dev libxcb1-dev libcups2-dev libfreexl-dev
+    libpq-dev # speaks with a database server
     libqrencode-dev # draws the contact's code
     libcmark-dev # makes the pages of the manual
     fonts-dejavu-core
@@ -21,6 +22,7 @@ pacotes_para_testar=(
     fonts-droid-fallback # the one font among these that has Chinese
     # Servers of tests/servidores: mail, presence, and a client of the latter in a terminal of its own.
     dovecot-pop3d prosody finch tmux
+    postgresql # the database server
     zbar-tools # reads the contact's code from its picture
     faketime # a clock that a test moves under the running program
     # A sound server, whose own output is recorded, and the desktop's starter of entries.

@@ -39,9 +39,20 @@ struct Instrucao {
     std::vector<ColumnType> tipos; // of its parameters
 };
 
+// The rows come in one order wherever the data lie: what a file leaves as it was written, a server leaves as it
+// last happened to be changed.
+QString Com_Desempate(const EntradaDoCatalogo &entrada)
+{
+    QString sql = texto(entrada.sql);
+    if (entrada.desempate.empty()) return sql;
+    if (sql.endsWith(u';')) sql.chop(1);
+    const bool ordenada = sql.contains(QLatin1StringView(" ORDER BY "));
+    return sql + (ordenada ? QStringLiteral(", ") : QStringLiteral(" ORDER BY ")) + texto(entrada.desempate);
+}
+
 Instrucao Preparar(const EntradaDoCatalogo &entrada)
 {
-    Instrucao instrucao{texto(entrada.nome), texto(entrada.sql), {}};
+    Instrucao instrucao{texto(entrada.nome), Com_Desempate(entrada), {}};
     for (const std::string_view coluna : Colunas(entrada.parametros))
         instrucao.tipos.push_back(Tipo_Do_Parametro(entrada.tabela, coluna));
     return instrucao;
@@ -75,8 +86,8 @@ std::vector<StoreValue> Converter(const Instrucao &instrucao, std::initializer_l
 
 QString Cadeia_Do_Ficheiro(const QString &caminho)
 {
-    return QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source= '") + caminho +
-           QStringLiteral("'") + QStringLiteral(";Jet OLEDB:Encrypt Database=True;Persist Security Info=False");
+    return QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source= '") + caminho + QStringLiteral("'") +
+           QStringLiteral(";Jet OLEDB:Encrypt Database=True;Persist Security Info=False");
 }
 } // namespace
 
@@ -193,8 +204,8 @@ void DE::Largar_Fotografias(const QSet<QString> &nomes)
     std::vector<StoreValue> valores;
     const auto largar = [&] {
         QStringList lugares(static_cast<qsizetype>(valores.size()), QStringLiteral("?"));
-        Ligacao().execute(QStringLiteral("DELETE FROM TblFotografias WHERE Nome IN (%1) AND Nome NOT IN "
-                                         "(SELECT Fotografia FROM TblLista WHERE Fotografia IS NOT NULL)")
+        Ligacao().execute(QStringLiteral("DELETE FROM TblFotografias WHERE Nome IN (%1) AND Nome COLLATE BINARY "
+                                         "NOT IN (SELECT Fotografia FROM TblLista WHERE Fotografia IS NOT NULL)")
                               .arg(lugares.join(u',')),
                           std::exchange(valores, {}));
     };

@@ -1,7 +1,7 @@
 #include "data/IndiceDosNomes.h"
 
-#include "store/Connection.h"
 #include "platform/TextOrder.h"
+#include "store/Connection.h"
 
 using namespace Qt::StringLiterals;
 

@@ -69,10 +69,11 @@ void Dar_Os_Que_Faltam(Connection &ligacao)
 void Exigir_Em_Dia(Connection &ligacao)
 {
     if (Falta_Algum(ligacao))
-        throw Failure(Failure::StoreError, ligacao.file(),
-                      u"The database has had %1 steps, and this program needs %2"_s.arg(ligacao.schemaNumber())
-                          .arg(esquema::versao),
-                      Failure::Kind::DatabaseOlder);
+        throw Failure(
+            Failure::StoreError, ligacao.file(),
+            u"The database has had %1 steps, and this program needs %2"_s.arg(ligacao.schemaNumber())
+                .arg(esquema::versao),
+            Failure::Kind::DatabaseOlder);
 }
 } // namespace
 

@@ -13,7 +13,7 @@ inline constexpr int versao = 2;
 bool Em_Dia(Connection &ligacao);
 
 // Takes the steps that are missing, all or none; another program's database gets none. Raises Failure where
-// the file takes no writing, and for one of a newer program (Failure::Kind::DatabaseNewer). A server's take none
-// from here: an older one raises Failure too (Failure::Kind::DatabaseOlder).
+// the file takes no writing, and for one of a newer program (Failure::Kind::DatabaseNewer). A server's take
+// none from here: an older one raises Failure too (Failure::Kind::DatabaseOlder).
 void Por_Em_Dia(Connection &ligacao);
 } // namespace esquema

@@ -1,12 +1,8 @@
 // Makes the database that is shipped: the empty tables, the one row of TblConfig and all interface texts. One that
 // is there already is replaced; a failure leaves it as it was.
 // Usage: criar_bd <TblIdiomas.tsv> <version> <morvex.mdb>
-#include "data/Esquema.h"
-#include "data/PassosDoEsquema.h"
+#include "data/BaseNova.h"
 #include "data/Textos.h"
-#include "platform/Failure.h"
-#include "store/Connection.h"
-#include "store/sqlite/NewDatabase.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -17,34 +13,13 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-QStringList Criar_Tabelas()
-{
-    QStringList sql;
-    for (const Tabela &tabela : esquema::Tabelas()) sql << esquema::Sql_Criar(tabela);
-    sql << u"PRAGMA user_version=%1"_s.arg(esquema::versao);
-    return sql;
-}
-
-void Criar(const QString &textos, const QString &versao, const QString &destino)
-{
-    createDatabase(destino, Criar_Tabelas());
-    Connection ligacao;
-    ligacao.setDataSource(destino);
-    ligacao.Open();
-    ligacao.execute(u"BEGIN"_s, {});
-    ligacao.execute(u"INSERT INTO TblConfig (ID, Idioma, Versao, Remetente, Destinatario) VALUES (1, '', ?, '', '')"_s,
-                    {versao});
-    Inserir_Textos(ligacao, Ler_Textos(textos), [](int) { return true; });
-    ligacao.execute(u"COMMIT"_s, {});
-}
-
 // Whoever reads the file meanwhile, as tests do during a build, finds the old one or the new one, both whole.
 void Substituir(const QString &textos, const QString &versao, const QString &destino)
 {
     const QString nova = destino + u".nova"_s;
     QFile::remove(nova);
     try {
-        Criar(textos, versao, nova);
+        base_nova::Criar(nova, versao, Ler_Textos(textos));
         std::filesystem::rename(nova.toStdString(), destino.toStdString());
     } catch (...) {
         QFile::remove(nova);

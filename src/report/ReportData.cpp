@@ -111,7 +111,8 @@ ReportData::ReportData(const ReportDefinition &definition, const QString &databa
     connection.OpenReadOnly();
     Fields fields(definition, connection);
 
-    QString sql = u"SELECT "_s + shownFields(definition, fields) + u" FROM "_s + fields.dialect().name(definition.table);
+    QString sql = u"SELECT "_s + shownFields(definition, fields) + u" FROM "_s +
+                  fields.dialect().name(definition.table);
     const SelectionCondition condition = compileSelection(
         selection, [&](const QString &table, const QString &column) { return fields.sql(table, column); });
     if (!condition.sql.isEmpty()) sql += u" WHERE "_s + condition.sql;

@@ -25,8 +25,8 @@ QString headOf(const QString &caption)
 QString textOf(Connection &connection, const ReportTexts &texts, const QString &language, int number)
 {
     const auto quoted = connection.dialect().name;
-    const QString sql = u"SELECT %1 AS said FROM %2 WHERE %3 = ?"_s.arg(
-        quoted(language), quoted(texts.table), quoted(texts.key));
+    const QString sql = u"SELECT %1 AS said FROM %2 WHERE %3 = ?"_s.arg(quoted(language), quoted(texts.table),
+                                                                        quoted(texts.key));
     Recordset rs = connection.query(sql, {number});
     return rs.Eof() ? QString() : headOf(rs.Fields("said").textOrEmpty());
 }

@@ -1,6 +1,7 @@
 #include "store/Connection.h"
 
 #include "store/Raising.h"
+#include "store/postgres/PostgresStore.h"
 #include "store/sqlite/SqliteStore.h"
 
 #include <QRegularExpression>
@@ -26,20 +27,17 @@ QString Connection::storeVersion() { return SqliteStore::libraryVersion(); }
 
 bool Connection::isAddress(const QString &text)
 {
-    return text.startsWith("postgresql://"_L1, Qt::CaseInsensitive) ||
-           text.startsWith("postgres://"_L1, Qt::CaseInsensitive);
+    return PostgresAddress::isOne(text);
 }
 
 void Connection::setDataSource(const QString &addressOrPath)
 {
-    setConnectionString(isAddress(addressOrPath) ? addressOrPath
-                                                 : u"Data Source='%1'"_s.arg(addressOrPath));
+    setConnectionString(isAddress(addressOrPath) ? addressOrPath : u"Data Source='%1'"_s.arg(addressOrPath));
 }
 
 QString Connection::file() const
 {
-    if (isServer() && store_) return store_->place();
-    return dataSource(connectionString_);
+    return isServer() ? PostgresAddress::shown(connectionString_) : dataSource(connectionString_);
 }
 
 void Connection::opened(std::unique_ptr<Store> store)
@@ -51,11 +49,17 @@ void Connection::opened(std::unique_ptr<Store> store)
 
 void Connection::Open()
 {
-    if (isServer() && openServer_) return opened(openServer_(connectionString_));
-    opened(SqliteStore::open(file()));
+    if (!isServer()) return opened(SqliteStore::open(file()));
+    opened(openServer_ ? openServer_(connectionString_) : PostgresStore::open(connectionString_));
 }
 
-void Connection::OpenReadOnly() { opened(SqliteStore::openReadOnly(file())); }
+void Connection::OpenReadOnly()
+{
+    if (isServer())
+        opened(PostgresStore::openReadOnly(connectionString_));
+    else
+        opened(SqliteStore::openReadOnly(file()));
+}
 
 void Connection::OpenInMemory() { opened(SqliteStore::inMemory()); }
 
@@ -129,6 +133,8 @@ void Connection::gathering(const std::function<void()> &work) { store().gatherin
 void Connection::allOrNothing(const std::function<void()> &work) { store().allOrNothing(work); }
 
 int Connection::undone() const { return store_ ? store_->undone() : 0; }
+
+Fate Connection::lostWrite() const { return store_ ? store_->lostWrite() : Fate::None; }
 
 qint64 Connection::lastId() { return store().lastId(); }
 

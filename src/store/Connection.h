@@ -1,6 +1,6 @@
-// One connection to the data: to a database file, or to a server that several desks share. The only place that
-// knows which store lies underneath.
-// Every write is durable when its call returns; others on the same data wait their turn.
+// One connection to the data: to a database file, or to a server that several desks share. The only place
+// that knows which store lies underneath. Every write is durable when its call returns; others on the same
+// data wait their turn.
 #pragma once
 
 #include "store/Store.h"
@@ -104,6 +104,11 @@ public:
     // How many portions have been undone since the opening. What was read of such a one, the numbers of new
     // rows among it, may not be there, or stand for something else.
     int undone() const;
+
+    // What became of the last write whose answer was lost: one alone, a portion, or all of allOrNothing. It stands
+    // firm once the listener hears that the server is there again. A write that failed because the server was away
+    // already changes nothing here: it was not sent.
+    Fate lostWrite() const;
 
     // The number of the row that this connection added last.
     qint64 lastId();

@@ -6,6 +6,6 @@
 struct Dialect {
     QString (*name)(const QString &tableOrColumn); // as an identifier
     QString (*asText)(const QString &expression);  // as a text, and Null as the empty one
-    QString byOurOrder;                            // behind a text expression: without case, in the order of names
-    QString rowOrder;                              // what rows of one table came in
+    QString byOurOrder; // behind a text expression: without case, in the order of names
+    QString rowOrder;   // what rows of one table came in
 };

@@ -1,6 +1,6 @@
-// A place for the data, as a Connection uses one: a file, or a server that several desks share. Whoever stands
-// above Connection never learns which.
-// All calls come from the interface thread; none waits longer than the store's patience.
+// A place for the data, as a Connection uses one: a file, or a server that several desks share. Whoever
+// stands above Connection never learns which. All calls come from the interface thread; none waits longer
+// than the store's patience.
 #pragma once
 
 #include "store/Dialect.h"
@@ -31,7 +31,7 @@ struct StoreChange {
     enum class What { Added, Changed, Removed };
     QString table; // in lower case
     What what = What::Changed;
-    QList<int> ids; // of the rows
+    QList<int> ids;   // of the rows
     bool all = false; // more rows than are named, or no one knows which
     bool operator==(const StoreChange &) const = default;
 };
@@ -39,6 +39,14 @@ struct StoreChange {
 enum class Reach {
     There,
     Lost, // every command fails at once (Failure::Kind::ServerLost) until the store is there again by itself
+};
+
+// What became of the last write whose answer was lost (Failure::Kind::ServerLost).
+enum class Fate {
+    None,       // no answer was lost since the last write
+    Unknown,    // until the store is there again
+    Arrived,    // it was done
+    NotArrived, // nothing of it was done, nor will be
 };
 
 class Store
@@ -65,8 +73,8 @@ public:
     // Values go to the ?, in their order. These raise Failure with the store's reason.
     virtual Recordset query(const QString &sql, const Values &values) = 0;
     virtual void rows(const QString &sql, const Values &values, const EachRow &row) = 0;
-    // Only the rows whose two columns, "a, b", are wanted. The statement has a WHERE, and an ORDER BY at its end
-    // or none.
+    // Only the rows whose two columns, "a, b", are wanted. The statement has a WHERE, and an ORDER BY at its
+    // end or none.
     virtual void rowsWanted(const QString &sql, const Values &values, const QString &columns,
                             const Wanted &wanted, const EachRow &row) = 0;
     virtual void execute(const QString &sql, Values values) = 0;
@@ -75,6 +83,7 @@ public:
     virtual StoreMark mark() = 0;
     virtual int written(const QString &sql) const = 0;
     virtual int undone() const = 0;
+    virtual Fate lostWrite() const { return Fate::None; }
     virtual void tryWriting() = 0;
     virtual void waitingOnce(const Work &work) = 0;
     virtual void gathering(const Work &work) = 0;

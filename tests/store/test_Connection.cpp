@@ -1,7 +1,7 @@
 // The connection to a database file: what it opens, what it refuses, what it does to a statement.
 #include "store/Connection.h"
-#include "store/sqlite/NewDatabase.h"
 #include "store/Row.h"
+#include "store/sqlite/NewDatabase.h"
 #include "testlib/DiscoCheio.h"
 #include "testlib/Teste.h"
 
@@ -464,11 +464,11 @@ private Q_SLOTS:
     void so_as_linhas_queridas_passam_pela_ordem_pedida()
     {
         Criar_Tabela();
-        const QString sql = u"SELECT Nome FROM T WHERE wanted(Nome, NULL) ORDER BY Nome DESC"_s;
+        const QString sql = u"SELECT Nome FROM T WHERE ID > 0"_s;
         QStringList perguntas;
         QStringList passadas;
         connection_.rowsWanted(
-            sql, {},
+            sql + u" ORDER BY Nome DESC"_s, {}, u"Nome, NULL"_s,
             [&](std::string_view nome, std::string_view nulo) {
                 perguntas << QString::fromUtf8(nome) + QString::number(nulo.size());
                 return nome != "ANDRÉ";
@@ -477,8 +477,73 @@ private Q_SLOTS:
         QCOMPARE(passadas, (QStringList{u"Zita"_s, u"Álvaro"_s}));
         perguntas.sort();
         QCOMPARE(perguntas, (QStringList{u"ANDRÉ0"_s, u"Zita0"_s, u"Álvaro0"_s}));
-        VERIFICAR_FALHA(connection_.rows(sql, {}, [](const Row &) {}),
+        passadas.clear();
+        connection_.rowsWanted(
+            sql, {}, u"Nome, Nome"_s, [](std::string_view nome, std::string_view) { return nome == "Zita"; },
+            [&](const Row &linha) { passadas << linha.field(0).text(); });
+        QCOMPARE(passadas, QStringList(u"Zita"_s));
+        VERIFICAR_FALHA(connection_.rows(sql + u" AND wanted(Nome, NULL)"_s, {}, [](const Row &) {}),
                         Failure::StoreError); // nobody says it now
+    }
+
+    void o_numero_da_linha_acrescentada_e_o_do_contador()
+    {
+        Criar_Tabela();
+        connection_.execute(u"CREATE TABLE C (ID INTEGER PRIMARY KEY AUTOINCREMENT, N TEXT)"_s, {});
+        QCOMPARE(connection_.highestId(u"C"_s), 0);
+        connection_.execute(u"INSERT INTO C (N) VALUES ('a')"_s, {});
+        connection_.execute(u"INSERT INTO C (ID, N) VALUES (41, 'b')"_s, {});
+        QCOMPARE(connection_.lastId(), 41);
+        connection_.execute(u"DELETE FROM C WHERE ID = 41"_s, {});
+        QCOMPARE(connection_.highestId(u"C"_s), 41); // given once is given
+        connection_.giveAgainBehind(u"C"_s, 1);
+        connection_.execute(u"INSERT INTO C (N) VALUES ('c')"_s, {});
+        QCOMPARE(connection_.lastId(), 2);
+        QCOMPARE(connection_.highestId(u"C"_s), 2);
+    }
+
+    void as_colunas_vem_pela_ordem_da_tabela_e_de_nenhuma_nao_vem()
+    {
+        Criar_Tabela();
+        QCOMPARE(connection_.columns(u"t"_s), (QStringList{u"ID"_s, u"Nome"_s}));
+        QCOMPARE(connection_.columns(u"Nada"_s), QStringList());
+    }
+
+    void os_passos_do_esquema_contam_se_no_ficheiro()
+    {
+        Criar_Tabela();
+        QCOMPARE(connection_.schemaNumber(), 0);
+        connection_.execute(u"PRAGMA user_version=7"_s, {});
+        QCOMPARE(connection_.schemaNumber(), 7);
+    }
+
+    void os_nomes_e_os_textos_escrevem_se_como_o_ficheiro_os_le()
+    {
+        Criar_Tabela();
+        connection_.execute(uR"(CREATE TABLE "a""b" (N INTEGER, T TEXT))"_s, {});
+        connection_.execute(uR"(INSERT INTO "a""b" VALUES (NULL, 'b'), (2, 'A'))"_s, {});
+        const Dialect &dialecto = connection_.dialect();
+        QStringList linhas;
+        connection_.rows(u"SELECT %1 AS n FROM %2 ORDER BY T%3, %4"_s.arg(
+                             dialecto.asText(dialecto.name(u"N"_s)), dialecto.name(u"a\"b"_s),
+                             dialecto.byOurOrder, dialecto.rowOrder),
+                         {}, [&](const Row &linha) { linhas << linha.field(0).text(); });
+        QCOMPARE(linhas, (QStringList{u"2"_s, QString()}));
+    }
+
+    void a_morada_de_um_servidor_nao_e_um_caminho()
+    {
+        QVERIFY(Connection::isAddress(u"postgresql://morvex@servidor/morvex"_s));
+        QVERIFY(Connection::isAddress(u"Postgres://servidor"_s));
+        QVERIFY(!Connection::isAddress(u"/tmp/postgresql://x"_s));
+        QVERIFY(!Connection::isAddress(u"postgresql:/x"_s));
+        Connection outra;
+        outra.setDataSource(u"/a/b.mdb"_s);
+        QVERIFY(!outra.isServer());
+        QCOMPARE(outra.file(), u"/a/b.mdb"_s);
+        outra.setDataSource(u"postgresql://morvex@servidor/morvex"_s);
+        QVERIFY(outra.isServer());
+        QCOMPARE(outra.connectionString(), u"postgresql://morvex@servidor/morvex"_s);
     }
 
     void uma_falha_a_meio_das_linhas_nao_deixa_o_ficheiro_trancado()

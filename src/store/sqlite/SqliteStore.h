@@ -2,9 +2,9 @@
 // on the same file waits its turn.
 #pragma once
 
-#include "store/Store.h"
 #include "store/sqlite/FailureKind.h"
 #include "store/sqlite/Statement.h"
+#include "store/Store.h"
 
 #include <memory>
 #include <QHash>

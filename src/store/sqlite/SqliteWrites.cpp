@@ -68,8 +68,7 @@ void SqliteStore::tryWriting()
         if (inTransaction()) run({QStringLiteral("ROLLBACK"), {}});
     };
     try {
-        raising::around(path_, path_,
-                        [&] { waiting([&] { writePages(handle_); }); });
+        raising::around(path_, path_, [&] { waiting([&] { writePages(handle_); }); });
     } catch (const Failure &) {
         takeBack();
         throw;

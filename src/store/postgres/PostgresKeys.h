@@ -1,0 +1,23 @@
+// The keys of writes: each is kept by the transaction that it stands for, and tells later whether that one arrived.
+#pragma once
+
+#include <QString>
+#include <QUuid>
+
+namespace postgres
+{
+inline QString newKey() { return QUuid::createUuid().toString(QUuid::WithoutBraces); }
+
+inline const QString keepKey = QStringLiteral("INSERT INTO gravacoes (chave) VALUES ($1::uuid)");
+
+// Waits for a transaction with that key that still runs, and keeps one that has not begun from ever writing. Touches
+// a row where the key was free.
+inline const QString takeKey = QStringLiteral("INSERT INTO gravacoes (chave) VALUES ($1::uuid) ON CONFLICT DO NOTHING");
+
+inline const QString savePoint = QStringLiteral("SAVEPOINT morvex");
+inline const QString release = QStringLiteral("RELEASE SAVEPOINT morvex");
+inline const QString backToSavePoint = QStringLiteral("ROLLBACK TO SAVEPOINT morvex");
+
+// Keys of yesterday: nobody asks for them any more.
+inline const QString forgetOldKeys = QStringLiteral("DELETE FROM gravacoes WHERE quando < now() - interval '1 day'");
+} // namespace postgres

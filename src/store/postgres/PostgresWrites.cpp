@@ -1,0 +1,201 @@
+// Writing: one statement at a time, gathered in portions, or all as one. Each of these carries a key, which the same
+// transaction writes: where the answer is lost, the key tells whether the write arrived.
+#include "store/postgres/PostgresKeys.h"
+#include "store/postgres/PostgresStore.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace
+{
+constexpr std::size_t longestPortion = 300;               // writes in one transaction
+constexpr qsizetype heaviestPortion = qsizetype{4} << 20; // bytes
+
+
+qsizetype weightOf(const std::vector<StoreValue> &values)
+{
+    qsizetype weight = 0;
+    for (const StoreValue &value : values) {
+        if (const auto *bytes = std::get_if<QByteArray>(&value)) weight += bytes->size();
+        if (const auto *text = std::get_if<QString>(&value)) weight += text->size();
+    }
+    return weight;
+}
+
+bool isLock(const Failure &failure) { return failure.kind() == Failure::Kind::DatabaseLocked; }
+} // namespace
+
+void PostgresStore::execute(const QString &sql, Values values)
+{
+    Write write{sql, said(sql, std::move(values))};
+    if (gathering_) {
+        weight_ += weightOf(write.command.values);
+        portion_.push_back(std::move(write));
+        if (portion_.size() >= longestPortion || weight_ >= heaviestPortion) flush();
+    } else if (transaction_) {
+        count(write, within(write.command, session_.patience().command).get());
+    } else {
+        sendAlone(write);
+    }
+}
+
+void PostgresStore::count(const Write &write, const PGresult *answer)
+{
+    ++written_[write.sql];
+    // The library forgot the const. Without an answer nobody knows how many, but that it was done.
+    rowsWritten_ += answer == nullptr ? 1 : QByteArray(PQcmdTuples(const_cast<PGresult *>(answer))).toInt();
+}
+
+void PostgresStore::refuse(const PGresult *refusal, const QString &source)
+{
+    try {
+        raiseRefusal(refusal, source);
+    } catch (const Failure &failure) {
+        if (waitsOnce_ && isLock(failure)) wait(false);
+        throw;
+    }
+}
+
+// The first answer is the key's. There is none at all where they were lost and the key says that all was done.
+void PostgresStore::sendAlone(const Write &write)
+{
+    const PostgresAnswers answers =
+        sendKeyed(postgres::newKey(), {write.command}, Deadline(session_.patience().command));
+    if (answers.refused) refuse(answers.refusal.get(), write.sql);
+    count(write, answers.results.empty() ? nullptr : answers.results.back().get());
+    if (waitsOnce_) wait(true);
+}
+
+// Raises Failure where nothing was done, and where nobody knows.
+PostgresAnswers PostgresStore::sendKeyed(const QString &key, const Commands &commands, const Deadline &deadline)
+{
+    if (session_.lost()) raiseLost({});
+    settleDoubt();
+    fate_ = Fate::None;
+    Commands keyed{{postgres::keepKey, {key}}};
+    keyed.insert(keyed.end(), commands.begin(), commands.end());
+    try {
+        return session_.attempt(keyed, deadline);
+    } catch (const Failure &) {
+        if (!settle(key, deadline)) throw;
+        return {};
+    }
+}
+
+// Whether it arrived, as far as that can be found out at once.
+bool PostgresStore::settle(const QString &key, const Deadline &deadline)
+{
+    doubt_ = key;
+    fate_ = Fate::Unknown;
+    if (!session_.reopen(deadline)) return false;
+    skipFailure([this] { settleDoubt(); });
+    return fate_ == Fate::Arrived;
+}
+
+void PostgresStore::settleDoubt()
+{
+    if (doubt_.isEmpty()) return;
+    const PostgresCommand command{postgres::takeKey, {doubt_}};
+    PostgresAnswers answers;
+    try {
+        answers = session_.attempt({&command, 1}, Deadline(session_.patience().command));
+    } catch (const Failure &) {
+        session_.lose();
+        throw;
+    }
+    if (answers.refused) return; // whoever holds the key still works on it
+    const bool wasFree = qstrcmp(PQcmdTuples(answers.results.front().get()), "1") == 0;
+    fate_ = wasFree ? Fate::NotArrived : Fate::Arrived;
+    doubt_.clear();
+}
+
+void PostgresStore::gathering(const Work &work)
+{
+    const PostgresSession::Hold hold(session_);
+    gathering_ = true;
+    std::exception_ptr raised;
+    try {
+        work();
+    } catch (...) {
+        raised = std::current_exception();
+    }
+    endGathering(raised);
+}
+
+// What stands behind one that is refused is written all the same; the first that failed is told.
+void PostgresStore::endGathering(std::exception_ptr raised)
+{
+    gathering_ = false;
+    while (!portion_.empty()) {
+        try {
+            flush();
+        } catch (const Failure &) {
+            if (!raised) raised = std::current_exception();
+        }
+    }
+    if (raised) std::rethrow_exception(raised);
+}
+
+void PostgresStore::flush()
+{
+    if (portion_.empty()) return;
+    weight_ = 0;
+    sendPortion(std::exchange(portion_, {}));
+}
+
+// Nothing remains of a portion of which one is refused. What stands before that one is written then; what stands
+// behind it waits for the next portion.
+void PostgresStore::sendPortion(std::vector<Write> writes)
+{
+    std::size_t good = writes.size();
+    PostgresResult refusal;
+    for (;;) {
+        PostgresAnswers answers = tryPortion({writes.data(), good});
+        if (!answers.refused) break;
+        if (*answers.refused == 0 || *answers.refused > good) return sendOneByOne(std::move(writes));
+        good = *answers.refused - 1; // behind the key, or the mark to go back to
+        refusal = std::move(answers.refusal);
+    }
+    if (!refusal) return;
+    const QString source = writes[good].sql;
+    portion_.assign(std::make_move_iterator(writes.begin() + static_cast<std::ptrdiff_t>(good) + 1),
+                    std::make_move_iterator(writes.end()));
+    refuse(refusal.get(), source);
+}
+
+// One that did not arrive is sent once more: its key is taken, so that the first can't come after all.
+PostgresAnswers PostgresStore::tryPortion(std::span<const Write> writes)
+{
+    const Deadline deadline(session_.patience().list);
+    if (transaction_) return tryPortionWithin(writes, deadline);
+    Commands commands;
+    for (const Write &write : writes)
+        commands.push_back(write.command);
+    PostgresAnswers answers;
+    try {
+        answers = sendKeyed(postgres::newKey(), commands, deadline);
+    } catch (const Failure &) {
+        if (session_.lost() || fate_ != Fate::NotArrived) throw;
+        answers = sendKeyed(postgres::newKey(), commands, deadline);
+    }
+    if (answers.refused) return answers;
+    for (std::size_t i = 0; i < writes.size(); ++i)
+        count(writes[i], answers.results.empty() ? nullptr : answers.results[i + 1].get());
+    if (waitsOnce_) wait(true);
+    return answers;
+}
+
+// Where the portion as a whole was refused, and none of it.
+void PostgresStore::sendOneByOne(std::vector<Write> writes)
+{
+    for (std::size_t i = 0; i < writes.size(); ++i) {
+        try {
+            sendAlone(writes[i]);
+        } catch (const Failure &failure) {
+            if (failure.kind() != Failure::Kind::ServerLost)
+                portion_.assign(std::make_move_iterator(writes.begin() + static_cast<std::ptrdiff_t>(i) + 1),
+                                std::make_move_iterator(writes.end()));
+            throw;
+        }
+    }
+}

@@ -1,0 +1,162 @@
+// The data on a server: what is read and written there is what a file would read and write.
+#include "store/Connection.h"
+#include "store/postgres/PostgresStore.h"
+#include "store/BaseDeEnsaio.h"
+#include "testlib/Teste.h"
+
+using namespace Qt::StringLiterals;
+
+class TestPostgresStore : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<BaseDeEnsaio> base_;
+    std::unique_ptr<PostgresStore> store_;
+
+    static inline const QString inserir_ = u"INSERT INTO T (Nome, Idade) VALUES (?, ?)"_s;
+    void Inserir(const QString &name, qint64 age = 0) { store_->execute(inserir_, {name, age}); }
+    QStringList Nomes(const QString &rest = u"ORDER BY Nome, ID"_s, const Store::Values &values = {})
+    {
+        Recordset rs = store_->query(u"SELECT ID, Nome FROM T "_s + rest, values);
+        QStringList names;
+        for (; !rs.Eof(); rs.MoveNext())
+            names << rs.Fields("Nome").textOrEmpty();
+        return names;
+    }
+    template<class Work> static Failure::Kind Falha(const Work &work)
+    {
+        try {
+            work();
+        } catch (const Failure &failure) {
+            return failure.kind();
+        }
+        return Failure::Kind::DatabaseDamaged; // none of what is expected here
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        if (const QString missing = BaseDeEnsaio::Falta(); !missing.isEmpty()) QSKIP(qPrintable(missing));
+        base_ = std::make_unique<BaseDeEnsaio>();
+    }
+    void init()
+    {
+        base_->Correr(u"TRUNCATE t RESTART IDENTITY; TRUNCATE gravacoes"_s);
+        store_ = PostgresStore::open(base_->Morada());
+    }
+    void cleanup() { store_.reset(); }
+    void cleanupTestCase() { base_.reset(); }
+
+    void every_kind_of_value_comes_back_as_it_went()
+    {
+        const QByteArray picture = QByteArray::fromHex("0001ff5c2700");
+        const QString text = u"Zoë \\ 'quoted' \"twice\" % ẞ 𐐀 \t"_s;
+        store_->execute(u"INSERT INTO T (Nome, Idade, Peso, Imagem) VALUES (?, ?, ?, ?)"_s,
+                        {text, qint64{-2147483648}, 8.25, picture});
+        store_->execute(u"INSERT INTO T (Nome, Idade, Peso, Imagem) VALUES (?, ?, ?, ?)"_s,
+                        {QString(u""_s), std::monostate(), 0.1, QByteArray("")});
+        Recordset rs = store_->query(u"SELECT * FROM T ORDER BY ID"_s, {});
+        QCOMPARE(rs.RecordCount(), 2);
+        QCOMPARE(rs.Fields("Nome").text(), text);
+        QCOMPARE(rs.Fields("IDADE").number(), -2147483647 - 1);
+        QCOMPARE(rs.Fields("Peso").text(), u"8.25"_s);
+        QCOMPARE(rs.Fields("Imagem").bytes(), picture);
+        rs.MoveNext();
+        QVERIFY(!rs.Fields("Nome").isNull());
+        QCOMPARE(rs.Fields("Nome").text(), QString());
+        QVERIFY(rs.Fields("Idade").isNull());
+        QCOMPARE(rs.Fields("Peso").text(), u"0.1"_s);
+        QVERIFY(!rs.Fields("Imagem").isNull());
+    }
+    void a_zero_character_is_taken_out_and_what_stands_behind_it_stays()
+    {
+        Inserir(QString(u"Ana"_s) + QChar::Null + u"bela"_s);
+        QCOMPARE(Nomes(), QStringList{u"Anabela"_s});
+    }
+    void order_and_comparison_are_those_of_the_file()
+    {
+        for (const QString &name : {u"Zita"_s, u"ANDRÉ"_s, u"andre"_s, u"Álvaro"_s, u"alvaro"_s})
+            Inserir(name);
+        store_->execute(u"INSERT INTO T (Idade) VALUES (?)"_s, {qint64{1}});
+        QCOMPARE(Nomes(), (QStringList{QString(), u"alvaro"_s, u"Álvaro"_s, u"andre"_s, u"ANDRÉ"_s, u"Zita"_s}));
+        QCOMPARE(Nomes(u"WHERE Nome = ?"_s, {u"andré"_s}), QStringList{u"ANDRÉ"_s});
+        QCOMPARE(Nomes(u"WHERE Nome LIKE ?"_s, {u"%VAR%"_s}).size(), 2);
+        QCOMPARE(Nomes(u"WHERE Idade LIKE ?"_s, {u"%"_s}).size(), 6);
+    }
+    void a_count_is_a_number_and_a_star_behind_delete_is_dropped()
+    {
+        Inserir(u"Ana"_s);
+        QCOMPARE(store_->query(u"SELECT COUNT(ID) AS Total FROM T"_s, {}).Fields("Total").number(), 1);
+        store_->execute(u"DELETE * FROM T WHERE (Nome = ?)"_s, {u"ana"_s});
+        QCOMPARE(Nomes(), QStringList());
+    }
+    void rows_are_handed_on_and_the_unwanted_ones_kept_back()
+    {
+        for (int age = 1; age <= 5; ++age)
+            Inserir(u"N%1"_s.arg(age), age);
+        QStringList seen;
+        store_->rows(u"SELECT Nome, Idade FROM T WHERE Idade > ? ORDER BY ID"_s, {qint64{3}}, [&](const Row &row) {
+            seen << QString::fromUtf8(row.utf8(row.column("nome"))) + QString::number(row.number(row.column("Idade")));
+        });
+        QCOMPARE(seen, (QStringList{u"N44"_s, u"N55"_s}));
+        seen.clear();
+        store_->rowsWanted(
+            u"SELECT * FROM T WHERE Idade > ? ORDER BY ID"_s, {qint64{1}}, u"Nome, Idade"_s,
+            [](std::string_view name, std::string_view age) { return name == "N3" || age == "5"; },
+            [&](const Row &row) { seen << row.field(row.column("Nome")).text(); });
+        QCOMPARE(seen, (QStringList{u"N3"_s, u"N5"_s}));
+    }
+    void a_refused_statement_says_why_and_harms_nothing()
+    {
+        Inserir(u"Ana"_s);
+        VERIFICAR_FALHA(store_->query(u"SELECT * FROM Nenhuma"_s, {}), Failure::StoreError);
+        VERIFICAR_FALHA(store_->execute(u"INSERT INTO T (ID) VALUES (?)"_s, {qint64{1}}), Failure::StoreError);
+        VERIFICAR_FALHA(store_->query(u"SELECT ID FROM T WHERE ID = ?"_s, {}), Failure::StoreError);
+        QCOMPARE(Nomes(), QStringList{u"Ana"_s});
+        QCOMPARE(base_->Numero(u"SELECT count(*) FROM gravacoes"_s), 1); // that of the refused one went with it
+    }
+    void numbers_of_rows_and_the_schema_are_asked_in_the_servers_words()
+    {
+        QCOMPARE(store_->highestId(u"T"_s), 0);
+        Inserir(u"Ana"_s);
+        Inserir(u"Rui"_s);
+        QCOMPARE(store_->lastId(), 2);
+        QCOMPARE(store_->highestId(u"T"_s), 2);
+        store_->execute(u"DELETE FROM T WHERE ID = ?"_s, {qint64{2}});
+        store_->giveAgainBehind(u"T"_s, 1);
+        Inserir(u"Eva"_s);
+        QCOMPARE(store_->lastId(), 2);
+        QCOMPARE(store_->columns(u"T"_s),
+                 (QStringList{u"id"_s, u"nome"_s, u"idade"_s, u"peso"_s, u"imagem"_s}));
+        QCOMPARE(store_->columns(u"Nenhuma"_s), QStringList());
+        QCOMPARE(store_->schemaNumber(), 2);
+    }
+    void columns_that_were_added_meanwhile_do_not_stop_what_was_prepared()
+    {
+        Inserir(u"Ana"_s);
+        QCOMPARE(store_->query(u"SELECT * FROM T"_s, {}).Row().size(), 5);
+        base_->Correr(u"ALTER TABLE t ADD COLUMN versao integer NOT NULL DEFAULT 7"_s);
+        QCOMPARE(store_->query(u"SELECT * FROM T"_s, {}).Fields("Versao").number(), 7);
+        base_->Correr(u"ALTER TABLE t DROP COLUMN versao"_s);
+        QCOMPARE(store_->query(u"SELECT * FROM T"_s, {}).Row().size(), 5);
+    }
+    void a_connection_reaches_it_by_its_address()
+    {
+        Connection connection;
+        connection.setDataSource(base_->Morada());
+        QVERIFY(connection.isServer());
+        connection.Open();
+        connection.execute(inserir_, {u"Ana"_s, qint64{3}});
+        QCOMPARE(connection.query(u"SELECT Nome FROM T"_s, {}).Fields("Nome").text(), u"Ana"_s);
+        QCOMPARE(connection.file(), base_->Morada());
+        Connection looking;
+        looking.setDataSource(base_->Morada());
+        looking.OpenReadOnly();
+        QCOMPARE(Falha([&] { looking.execute(inserir_, {u"Rui"_s, qint64{3}}); }),
+                 Failure::Kind::DatabaseReadOnly);
+        QCOMPARE(looking.query(u"SELECT COUNT(*) AS n FROM T"_s, {}).Fields("n").number(), 1);
+    }
+};
+
+MORVEX_TESTE(TestPostgresStore)
+#include "test_PostgresStore.moc"

@@ -1,0 +1,276 @@
+// Writing to a server: alone, gathered in portions, and all or nothing.
+#include "store/BaseDeEnsaio.h"
+#include "store/Intermediario.h"
+#include "store/postgres/PostgresStore.h"
+#include "testlib/Teste.h"
+
+using namespace Qt::StringLiterals;
+using std::chrono::milliseconds;
+
+class TestPostgresWrites : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<BaseDeEnsaio> base_;
+    std::unique_ptr<PostgresStore> store_;
+
+    static inline const QString insert_ = u"INSERT INTO T (Nome, Idade) VALUES (?, ?)"_s;
+    void Inserir(const QString &name, const StoreValue &age = qint64{0}) { store_->execute(insert_, {name, age}); }
+    QString Nomes() const
+    {
+        return base_->Valor(u"SELECT string_agg(nome, ',' ORDER BY id) FROM t"_s);
+    }
+    int Quantos() const { return base_->Numero(u"SELECT count(*) FROM t"_s); }
+    template<class Work> static Failure::Kind Falha(const Work &work)
+    {
+        try {
+            work();
+        } catch (const Failure &failure) {
+            return failure.kind();
+        }
+        return Failure::Kind::DatabaseDamaged; // none of what is expected here
+    }
+    // Long enough for a loaded machine, short for a person who waits for the test.
+    static PostgresPatience Curta() { return {milliseconds(2000), milliseconds(1200), milliseconds(4000), {milliseconds(100)}}; }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        if (const QString missing = BaseDeEnsaio::Falta(); !missing.isEmpty()) QSKIP(qPrintable(missing));
+        base_ = std::make_unique<BaseDeEnsaio>();
+    }
+    void init()
+    {
+        base_->Correr(u"TRUNCATE t RESTART IDENTITY; TRUNCATE gravacoes"_s);
+        store_ = PostgresStore::open(base_->Morada(), Curta());
+    }
+    void cleanup() { store_.reset(); }
+    void cleanupTestCase() { base_.reset(); }
+
+    void one_write_is_there_when_it_returns_and_takes_one_trip()
+    {
+        Intermediario network(base_->Porta());
+        store_ = PostgresStore::open(base_->Morada(network.Porta()), Curta());
+        const int before = network.viagens;
+        Inserir(u"Ana"_s);
+        QCOMPARE(network.viagens - before, 1); // listening, preparing and its key among it
+        QCOMPARE(Nomes(), u"Ana"_s);
+        QCOMPARE(store_->written(insert_), 1);
+        QCOMPARE(base_->Numero(u"SELECT count(*) FROM gravacoes"_s), 1);
+        Inserir(u"Rui"_s);
+        store_->query(u"SELECT * FROM T"_s, {});
+        QCOMPARE(network.viagens - before, 3);
+    }
+    void gathered_writes_take_a_trip_for_hundreds()
+    {
+        Intermediario network(base_->Porta());
+        store_ = PostgresStore::open(base_->Morada(network.Porta()), Curta());
+        const int before = network.viagens;
+        store_->gathering([&] {
+            for (int i = 0; i < 900; ++i)
+                Inserir(u"N%1"_s.arg(i));
+        });
+        QCOMPARE(Quantos(), 900);
+        QVERIFY2(network.viagens - before < 40, QByteArray::number(network.viagens - before));
+        QCOMPARE(store_->written(insert_), 900);
+        QCOMPARE(store_->mark().here, 900);
+    }
+    void what_was_gathered_is_there_before_it_is_asked_for()
+    {
+        store_->gathering([&] {
+            Inserir(u"Ana"_s);
+            QCOMPARE(Quantos(), 0);
+            QCOMPARE(store_->query(u"SELECT ID FROM T WHERE Nome = ?"_s, {u"ana"_s}).RecordCount(), 1);
+            QCOMPARE(Quantos(), 1);
+            Inserir(u"Rui"_s);
+            QCOMPARE(store_->lastId(), 2);
+        });
+        QCOMPARE(Nomes(), u"Ana,Rui"_s);
+    }
+    void of_a_portion_the_failing_one_is_told_and_all_others_are_written_data()
+    {
+        QTest::addColumn<int>("failing");
+        QTest::newRow("the first") << 0;
+        QTest::newRow("in the middle") << 7;
+        QTest::newRow("the last") << 19;
+    }
+    void of_a_portion_the_failing_one_is_told_and_all_others_are_written()
+    {
+        QFETCH(int, failing);
+        QString source;
+        try {
+            store_->gathering([&] {
+                for (int i = 0; i < 20; ++i)
+                    if (i == failing)
+                        store_->execute(u"INSERT INTO T (Nome, Idade) VALUES ('mau', ?)"_s, {u"no number"_s});
+                    else
+                        Inserir(u"N%1"_s.arg(i));
+            });
+        } catch (const Failure &failure) {
+            source = failure.source();
+        }
+        QVERIFY(source.contains("'mau'"_L1));
+        QCOMPARE(Quantos(), 19);
+        QCOMPARE(base_->Numero(u"SELECT count(*) FROM t WHERE nome = 'mau'"_s), 0);
+        QCOMPARE(store_->written(insert_), 19);
+    }
+    void of_several_failing_ones_the_first_is_told()
+    {
+        QString source;
+        try {
+            store_->gathering([&] {
+                for (const char *name : {"a", "x", "b", "y", "z", "c"})
+                    store_->execute(u"INSERT INTO T (Nome, Idade) VALUES ('%1', ?)"_s.arg(QLatin1String(name)),
+                                    {*name < 'x' ? StoreValue(qint64{1}) : StoreValue(u"none"_s)});
+            });
+        } catch (const Failure &failure) {
+            source = failure.source();
+        }
+        QVERIFY2(source.contains("'x'"_L1), qPrintable(source));
+        QCOMPARE(Nomes(), u"a,b,c"_s);
+    }
+    void who_skips_a_failing_one_goes_on_within_the_gathering()
+    {
+        store_->gathering([&] {
+            Inserir(u"Ana"_s);
+            Inserir(u"Rui"_s, u"none"_s);
+            QVERIFY(!skipFailure([&] { store_->query(u"SELECT * FROM T"_s, {}); }));
+            Inserir(u"Eva"_s);
+        });
+        QCOMPARE(Nomes(), u"Ana,Eva"_s);
+    }
+    void work_that_raises_leaves_what_it_wrote()
+    {
+        QCOMPARE(Falha([&] {
+                     store_->gathering([&] {
+                         Inserir(u"Ana"_s);
+                         throw Failure(1, {}, {}, Failure::Kind::DatabaseOlder);
+                     });
+                 }),
+                 Failure::Kind::DatabaseOlder);
+        QCOMPARE(Nomes(), u"Ana"_s);
+    }
+    void large_pictures_do_not_pile_up()
+    {
+        const QByteArray picture(1 << 20, 'x');
+        store_->gathering([&] {
+            for (int i = 0; i < 9; ++i)
+                store_->execute(u"INSERT INTO T (Imagem) VALUES (?)"_s, {picture});
+            QVERIFY(Quantos() >= 8); // they went in twos and fours, not all at the end
+        });
+        QCOMPARE(base_->Numero(u"SELECT sum(length(imagem)) FROM t"_s), 9 << 20);
+    }
+
+    void all_is_there_or_nothing()
+    {
+        store_->allOrNothing([&] {
+            Inserir(u"Ana"_s);
+            Inserir(u"Rui"_s);
+            QCOMPARE(store_->query(u"SELECT * FROM T"_s, {}).RecordCount(), 2);
+            QCOMPARE(Quantos(), 0);
+        });
+        QCOMPARE(Nomes(), u"Ana,Rui"_s);
+        QCOMPARE(Falha([&] {
+                     store_->allOrNothing([&] {
+                         Inserir(u"Eva"_s);
+                         throw Failure(1, {}, {}, Failure::Kind::DatabaseOlder);
+                     });
+                 }),
+                 Failure::Kind::DatabaseOlder);
+        QCOMPARE(Nomes(), u"Ana,Rui"_s);
+        QCOMPARE(store_->written(insert_), 2);
+        Inserir(u"Eva"_s); // it is not within anything any more
+        QCOMPARE(Nomes(), u"Ana,Rui,Eva"_s);
+    }
+    void a_failing_statement_within_all_harms_no_other()
+    {
+        store_->allOrNothing([&] {
+            Inserir(u"Ana"_s);
+            QVERIFY(!skipFailure([&] { Inserir(u"Rui"_s, u"none"_s); }));
+            QVERIFY(!skipFailure([&] { store_->query(u"SELECT * FROM Nenhuma"_s, {}); }));
+            Inserir(u"Eva"_s);
+        });
+        QCOMPARE(Nomes(), u"Ana,Eva"_s);
+    }
+    void gathering_within_all_is_part_of_it()
+    {
+        const auto twenty = [&] {
+            store_->gathering([&] {
+                for (int i = 0; i < 20; ++i)
+                    Inserir(u"N"_s, i == 5 ? StoreValue(u"none"_s) : StoreValue(qint64{i}));
+            });
+        };
+        QVERIFY(!skipFailure([&] {
+            store_->allOrNothing([&] { twenty(); });
+        }));
+        QCOMPARE(Quantos(), 0);
+        store_->allOrNothing([&] { skipFailure(twenty); });
+        QCOMPARE(Quantos(), 19);
+    }
+    void from_the_beginning_of_all_nobody_else_writes_and_everybody_reads()
+    {
+        Inserir(u"Ana"_s);
+        const auto other = PostgresStore::open(base_->Morada(), Curta());
+        store_->allOrNothing([&] {
+            QCOMPARE(Falha([&] { other->execute(insert_, {u"Rui"_s, qint64{1}}); }), Failure::Kind::DatabaseLocked);
+            QCOMPARE(other->query(u"SELECT * FROM T"_s, {}).RecordCount(), 1);
+        });
+        other->execute(insert_, {u"Rui"_s, qint64{1}});
+        QCOMPARE(Nomes(), u"Ana,Rui"_s);
+    }
+    void a_lock_is_waited_for_once_where_that_is_asked_for()
+    {
+        Inserir(u"Ana"_s);
+        const auto other = PostgresStore::open(base_->Morada(), Curta());
+        QElapsedTimer clock;
+        const auto again = [&] {
+            clock.start();
+            const auto kind = Falha([&] { other->execute(u"UPDATE T SET Idade = 1"_s, {}); });
+            return std::pair(kind, clock.elapsed());
+        };
+        const milliseconds wait = Curta().command * 3 / 4;
+        store_->allOrNothing([&] {
+            other->waitingOnce([&] {
+                const auto [first, firstTook] = again();
+                const auto [second, secondTook] = again();
+                QCOMPARE(first, Failure::Kind::DatabaseLocked);
+                QCOMPARE(second, Failure::Kind::DatabaseLocked);
+                QVERIFY2(firstTook >= wait.count() - 50, QByteArray::number(firstTook));
+                QVERIFY2(secondTook < wait.count() / 2, QByteArray::number(secondTook));
+            });
+            QVERIFY(again().second >= wait.count() - 50); // behind it as before it
+        });
+    }
+    void whether_anything_can_be_written_is_tried_without_a_trace()
+    {
+        store_->tryWriting();
+        QCOMPARE(base_->Numero(u"SELECT count(*) FROM gravacoes"_s), 0);
+        QCOMPARE(Quantos(), 0);
+        const auto reader = PostgresStore::openReadOnly(base_->Morada(), Curta());
+        QCOMPARE(Falha([&] { reader->tryWriting(); }), Failure::Kind::DatabaseReadOnly);
+        QCOMPARE(reader->query(u"SELECT * FROM T"_s, {}).RecordCount(), 0); // no transaction is left open
+        base_->Correr(u"DROP ROLE IF EXISTS m_leitor; CREATE ROLE m_leitor LOGIN PASSWORD 'leitor'; "
+                      "GRANT SELECT ON t TO m_leitor"_s);
+        qputenv("PGPASSWORD", "leitor");
+        const auto role = PostgresStore::open(base_->Morada(0, u"m_leitor"_s), Curta());
+        qunsetenv("PGPASSWORD");
+        QCOMPARE(Falha([&] { role->tryWriting(); }), Failure::Kind::DatabaseReadOnly);
+        QCOMPARE(Falha([&] { role->execute(insert_, {u"Ana"_s, qint64{1}}); }), Failure::Kind::DatabaseReadOnly);
+        base_->Correr(u"REVOKE ALL ON t FROM m_leitor; DROP ROLE m_leitor"_s);
+    }
+    void a_mark_moves_with_own_rows_and_asks_nobody()
+    {
+        Intermediario network(base_->Porta());
+        store_ = PostgresStore::open(base_->Morada(network.Porta()), Curta());
+        Inserir(u"Ana"_s);
+        const int before = network.viagens;
+        const StoreMark first = store_->mark();
+        QVERIFY(store_->mark() == first);
+        Inserir(u"Rui"_s);
+        QVERIFY(store_->mark() != first);
+        QCOMPARE(network.viagens - before, 1);
+    }
+};
+
+MORVEX_TESTE(TestPostgresWrites)
+#include "test_PostgresWrites.moc"
