@@ -106,8 +106,7 @@ public:
     int undone() const;
 
     // What became of the last write whose answer was lost: one alone, a portion, or all of allOrNothing. It stands
-    // firm once the listener hears that the server is there again. A write that failed because the server was away
-    // already changes nothing here: it was not sent.
+    // firm once the listener hears that the server is there again; until then nothing else is sent.
     Fate lostWrite() const;
 
     // The number of the row that this connection added last.

@@ -43,7 +43,7 @@ enum class Reach {
 
 // What became of the last write whose answer was lost (Failure::Kind::ServerLost).
 enum class Fate {
-    None,       // no answer was lost since the last write
+    None,       // no answer was lost, or the last write was not even sent
     Unknown,    // until the store is there again
     Arrived,    // it was done
     NotArrived, // nothing of it was done, nor will be

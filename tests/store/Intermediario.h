@@ -54,6 +54,7 @@ public:
     Intermediario &operator=(const Intermediario &) = delete;
 
     std::uint16_t Porta() const { return porta_; }
+    void Mudar_De_Servidor(std::uint16_t servidor) { servidor_ = servidor; }
 
     std::atomic<Modo> modo = Passa;
     std::atomic<int> atraso{0};   // microseconds on each way
@@ -201,7 +202,7 @@ private:
         }
     }
 
-    std::uint16_t servidor_;
+    std::atomic<std::uint16_t> servidor_;
     std::uint16_t porta_ = 0;
     int porta_de_escuta_ = -1;
     std::list<Par> pares_;

@@ -140,6 +140,15 @@ private Q_SLOTS:
         base_->Correr(u"ALTER TABLE t DROP COLUMN versao"_s);
         QCOMPARE(store_->query(u"SELECT * FROM T"_s, {}).Row().size(), 5);
     }
+    void keys_of_yesterday_go_at_the_opening_and_those_of_today_stay()
+    {
+        base_->Correr(u"INSERT INTO gravacoes VALUES (gen_random_uuid(), now() - interval '25 hours'), "
+                      "(gen_random_uuid(), now() - interval '23 hours')"_s);
+        PostgresStore::openReadOnly(base_->Morada())->schemaNumber();
+        QCOMPARE(base_->Numero(u"SELECT count(*) FROM gravacoes"_s), 2);
+        PostgresStore::open(base_->Morada())->schemaNumber();
+        QCOMPARE(base_->Numero(u"SELECT count(*) FROM gravacoes"_s), 1);
+    }
     void a_connection_reaches_it_by_its_address()
     {
         Connection connection;

@@ -5,6 +5,9 @@ foreach(teste IN ITEMS
     test_PostgresAddress
     test_PostgresDialect
     test_PostgresFaults
+    test_PostgresLedger
+    test_PostgresNotices
+    test_PostgresOpening
     test_PostgresStore
     test_PostgresWrites
     test_Recordset
@@ -12,4 +15,7 @@ foreach(teste IN ITEMS
     test_Values)
     morvex_teste(store/${teste} LIGA store)
 endforeach()
-morvex_com_postgres(store/test_PostgresFaults store/test_PostgresStore store/test_PostgresWrites)
+morvex_servidores(test_PostgresLedger)
+morvex_servidores(test_PostgresOpening)
+morvex_com_postgres(store/test_PostgresFaults store/test_PostgresLedger store/test_PostgresNotices store/test_PostgresOpening
+    store/test_PostgresStore store/test_PostgresWrites)

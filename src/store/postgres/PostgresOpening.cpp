@@ -27,7 +27,8 @@ bool isOpenToOthers(const QString &passwordFile)
 // Of a connection that was told to name the code; empty where the server itself said nothing.
 QByteArray stateIn(const QString &message)
 {
-    static const QRegularExpression shape(u":\\s+([0-9A-Z]{5}):\\s"_s);
+    // Every code has a digit, which the word for its gravity has not.
+    static const QRegularExpression shape(u":\\s+(?=[A-Z]*[0-9])([0-9A-Z]{5}):\\s"_s);
     return shape.match(message).captured(1).toLatin1();
 }
 

@@ -2,6 +2,7 @@
 #include "store/postgres/PostgresStore.h"
 
 #include "store/postgres/PostgresDialect.h"
+#include "store/postgres/PostgresKeys.h"
 #include "store/postgres/PostgresRow.h"
 #include "store/Raising.h"
 
@@ -53,7 +54,9 @@ std::unique_ptr<PostgresStore> PostgresStore::make(const QString &address, QStri
 
 std::unique_ptr<PostgresStore> PostgresStore::open(const QString &address, const PostgresPatience &patience)
 {
-    return make(address, {}, patience);
+    auto store = make(address, {}, patience);
+    store->session_.ahead(postgres::forgetOldKeys);
+    return store;
 }
 
 std::unique_ptr<PostgresStore> PostgresStore::openReadOnly(const QString &address, const PostgresPatience &patience)

@@ -61,6 +61,7 @@ private:
     static std::chrono::milliseconds lockPatience(const PostgresPatience &patience);
 
     void sendAlone(const Write &write);
+    void beginWrite();
     PostgresAnswers sendKeyed(const QString &key, const Commands &commands, const Deadline &deadline);
     bool settle(const QString &key, const Deadline &deadline);
     void settleDoubt();

@@ -66,12 +66,17 @@ void PostgresStore::sendAlone(const Write &write)
     if (waitsOnce_) wait(true);
 }
 
+// While an earlier write is in doubt nothing is sent, and the doubt stays that one's.
+void PostgresStore::beginWrite()
+{
+    if (doubt_.isEmpty()) fate_ = Fate::None;
+    if (session_.lost()) raiseLost({});
+}
+
 // Raises Failure where nothing was done, and where nobody knows.
 PostgresAnswers PostgresStore::sendKeyed(const QString &key, const Commands &commands, const Deadline &deadline)
 {
-    if (session_.lost()) raiseLost({});
-    settleDoubt();
-    fate_ = Fate::None;
+    beginWrite();
     Commands keyed{{postgres::keepKey, {key}}};
     keyed.insert(keyed.end(), commands.begin(), commands.end());
     try {
@@ -92,21 +97,20 @@ bool PostgresStore::settle(const QString &key, const Deadline &deadline)
     return fate_ == Fate::Arrived;
 }
 
+// A server on which that write still runs counts as lost: it is asked again on the next way back.
 void PostgresStore::settleDoubt()
 {
     if (doubt_.isEmpty()) return;
     const PostgresCommand command{postgres::takeKey, {doubt_}};
-    PostgresAnswers answers;
     try {
-        answers = session_.attempt({&command, 1}, Deadline(session_.patience().command));
+        const PostgresResult result = session_.attemptOne(command, Deadline(session_.patience().command));
+        const bool wasFree = qstrcmp(PQcmdTuples(result.get()), "1") == 0;
+        fate_ = wasFree ? Fate::NotArrived : Fate::Arrived;
+        doubt_.clear();
     } catch (const Failure &) {
         session_.lose();
-        throw;
+        raiseLost({});
     }
-    if (answers.refused) return; // whoever holds the key still works on it
-    const bool wasFree = qstrcmp(PQcmdTuples(answers.results.front().get()), "1") == 0;
-    fate_ = wasFree ? Fate::NotArrived : Fate::Arrived;
-    doubt_.clear();
 }
 
 void PostgresStore::gathering(const Work &work)
@@ -150,7 +154,7 @@ void PostgresStore::sendPortion(std::vector<Write> writes)
     std::size_t good = writes.size();
     PostgresResult refusal;
     for (;;) {
-        PostgresAnswers answers = tryPortion({writes.data(), good});
+        PostgresAnswers answers = good > 0 ? tryPortion({writes.data(), good}) : PostgresAnswers();
         if (!answers.refused) break;
         if (*answers.refused == 0 || *answers.refused > good) return sendOneByOne(std::move(writes));
         good = *answers.refused - 1; // behind the key, or the mark to go back to

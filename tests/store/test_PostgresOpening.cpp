@@ -1,0 +1,216 @@
+// The way to a server: what is told of one that can't be reached, isn't trusted, or doesn't let anybody in; and one
+// that goes and comes again.
+#include "store/BaseDeEnsaio.h"
+#include "store/Intermediario.h"
+#include "store/postgres/PostgresStore.h"
+#include "testlib/Servidor.h"
+#include "testlib/Teste.h"
+
+#include <QTcpServer>
+#include <QTemporaryDir>
+
+using namespace Qt::StringLiterals;
+using std::chrono::milliseconds;
+
+class TestPostgresOpening : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<Servidor> server_; // its own: what is told to it would disturb others
+    QUrl address_;
+    std::unique_ptr<BaseDeEnsaio> base_;
+    QTemporaryDir folder_;
+
+    static PostgresPatience Curta()
+    {
+        return {milliseconds(1500), milliseconds(1500), milliseconds(3000), {milliseconds(50), milliseconds(200)}};
+    }
+    QString Ficheiro(const QString &name) const { return folder_.filePath(name); }
+    void Arrancar()
+    {
+        QVERIFY(server_->Correr("start"));
+        address_ = QUrl(server_->Perguntar("address"));
+        qputenv("PGPASSFILE", (server_->Pasta() + u"/senhas"_s).toUtf8());
+    }
+    void Dizer(const QString &sql) const { BaseDeEnsaio::Correr_Em(address_, sql); }
+    void Regras(const QString &lines) const
+    {
+        const QString file = BaseDeEnsaio::Correr_Em(address_, u"SHOW hba_file"_s);
+        Dizer(u"COPY (SELECT regexp_split_to_table('%1', '\n')) TO '%2'"_s.arg(lines, file));
+        Dizer(u"SELECT pg_reload_conf()"_s);
+        QTest::qWait(200); // each new connection has it once the server has read it
+    }
+    // A certificate of that name, signed by the test's own authority or by nobody else.
+    void Certificado(const QString &file, const QString &name, const QString &authority = {}) const
+    {
+        QStringList words{u"req"_s, u"-x509"_s,  u"-newkey"_s, u"rsa:2048"_s, u"-nodes"_s, u"-days"_s,
+                          u"2"_s,   u"-subj"_s,  u"/CN="_s + name,
+                          u"-keyout"_s, Ficheiro(file + u".key"_s), u"-out"_s, Ficheiro(file + u".crt"_s)};
+        if (!authority.isEmpty())
+            words << u"-addext"_s << u"subjectAltName=DNS:"_s + name << u"-addext"_s << u"basicConstraints=CA:FALSE"_s
+                  << u"-CA"_s << Ficheiro(authority + u".crt"_s) << u"-CAkey"_s << Ficheiro(authority + u".key"_s);
+        QProcess process;
+        process.start(u"openssl"_s, words);
+        QVERIFY(process.waitForFinished());
+        QVERIFY2(process.exitCode() == 0, process.readAllStandardError());
+    }
+    // What the server reads must belong to its own user.
+    void Cifrar(const QString &certificate) const
+    {
+        const QString data = BaseDeEnsaio::Correr_Em(address_, u"SHOW data_directory"_s);
+        for (const QString &end : {u".crt"_s, u".key"_s}) {
+            QFile file(Ficheiro(certificate + end));
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            const QString target = data + u"/ensaio"_s + end;
+            QFile::remove(target);
+            QFile copy(target);
+            QVERIFY(copy.open(QIODevice::WriteOnly));
+            copy.write(file.readAll());
+            copy.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
+            const QFileInfo owner(data + u"/PG_VERSION"_s);
+            QCOMPARE(::chown(target.toUtf8().constData(), owner.ownerId(), owner.groupId()), 0);
+        }
+        Dizer(u"ALTER SYSTEM SET ssl_cert_file = 'ensaio.crt'"_s);
+        Dizer(u"ALTER SYSTEM SET ssl_key_file = 'ensaio.key'"_s);
+        Dizer(u"ALTER SYSTEM SET ssl = on"_s);
+        Dizer(u"SELECT pg_reload_conf()"_s);
+        QTest::qWait(300);
+    }
+    QString Com(const QString &options, const QString &host = u"127.0.0.1"_s, const QString &base = {}) const
+    {
+        return u"postgresql://morvex_ensaio@%1:%2/%3?%4"_s.arg(host)
+            .arg(address_.port())
+            .arg(base.isEmpty() ? base_->Nome() : base, options);
+    }
+    static constexpr auto aberta_ = Failure::Kind::DatabaseOlder; // which no opening tells
+    static Failure::Kind Abrir(const QString &address)
+    {
+        try {
+            PostgresStore::open(address, Curta())->schemaNumber();
+        } catch (const Failure &failure) {
+            return failure.kind();
+        }
+        return aberta_;
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        if (BaseDeEnsaio::Do_Servidor().isEmpty()) QSKIP("the tests' database server does not run");
+        server_ = std::make_unique<Servidor>("postgres");
+        Arrancar();
+        base_ = std::make_unique<BaseDeEnsaio>(address_);
+        Certificado(u"authority"_s, u"authority"_s);
+        Certificado(u"stranger"_s, u"stranger"_s);
+        Certificado(u"server"_s, u"localhost"_s, u"authority"_s);
+    }
+    void cleanupTestCase()
+    {
+        base_.reset();
+        server_.reset();
+    }
+
+    void nobody_listens()
+    {
+        QTcpServer free;
+        free.listen(QHostAddress::LocalHost);
+        const quint16 port = free.serverPort();
+        free.close();
+        QCOMPARE(Abrir(u"postgresql://127.0.0.1:%1/morvex"_s.arg(port)), Failure::Kind::ServerRefused);
+    }
+    void nobody_knows_the_name()
+    {
+        QCOMPARE(Abrir(u"postgresql://nenhures..aqui/morvex"_s), Failure::Kind::ServerUnknown);
+    }
+    void a_name_is_looked_up()
+    {
+        QCOMPARE(Abrir(Com({}, u"localhost"_s)), aberta_);
+    }
+    void a_server_that_says_nothing_is_waited_for_no_longer_than_the_patience()
+    {
+        Intermediario network(base_->Porta());
+        network.modo = Intermediario::Cala;
+        QElapsedTimer clock;
+        clock.start();
+        QCOMPARE(Abrir(base_->Morada(network.Porta())), Failure::Kind::ServerLost);
+        QVERIFY2(clock.elapsed() < 2 * Curta().opening.count(), QByteArray::number(clock.elapsed()));
+    }
+    void what_listens_and_is_no_such_server()
+    {
+        QTcpServer other;
+        other.listen(QHostAddress::LocalHost);
+        connect(&other, &QTcpServer::newConnection, &other, [&] { other.nextPendingConnection()->close(); });
+        QCOMPARE(Abrir(u"postgresql://127.0.0.1:%1/morvex"_s.arg(other.serverPort())), Failure::Kind::ServerLost);
+    }
+    void there_is_no_such_base()
+    {
+        QCOMPARE(Abrir(Com({}, u"127.0.0.1"_s, u"nenhuma"_s)), Failure::Kind::ServerNoDatabase);
+    }
+
+    void the_password_is_missing_wrong_or_in_a_file_that_others_read()
+    {
+        QFile file(Ficheiro(u"passwords"_s));
+        const QString address = Com(u"passfile="_s + file.fileName());
+        QCOMPARE(Abrir(address), Failure::Kind::ServerNoPassword);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("*:*:*:morvex_ensaio:errada\n");
+        file.close();
+        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
+        QCOMPARE(Abrir(address), Failure::Kind::ServerPassword);
+        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup);
+        QCOMPARE(Abrir(address), Failure::Kind::ServerPasswordFile);
+    }
+    void the_server_does_not_let_this_user_in()
+    {
+        Regras(u"host postgres all all scram-sha-256"_s);
+        QCOMPARE(Abrir(Com({})), Failure::Kind::ServerForbidden);
+        Regras(u"host all all all scram-sha-256"_s);
+        QCOMPARE(Abrir(Com({})), aberta_);
+    }
+
+    void a_server_without_encryption_is_not_trusted_where_it_is_asked_for()
+    {
+        QCOMPARE(Abrir(Com(u"sslmode=verify-full&sslrootcert="_s + Ficheiro(u"authority.crt"_s))),
+                 Failure::Kind::ServerCertificate);
+    }
+    void a_certificate_is_asked_for_its_name_and_its_authority()
+    {
+        Cifrar(u"server"_s);
+        const QString full = u"sslmode=verify-full&sslrootcert="_s;
+        const QString right = full + Ficheiro(u"authority.crt"_s);
+        QCOMPARE(Abrir(Com(right, u"localhost"_s)), aberta_);
+        QCOMPARE(Abrir(Com(right)), Failure::Kind::ServerCertificate);              // by its number: another name
+        QCOMPARE(Abrir(Com(right + u"&hostaddr=127.0.0.1"_s, u"outro"_s)), Failure::Kind::ServerCertificate);
+        QCOMPARE(Abrir(Com(full + Ficheiro(u"stranger.crt"_s), u"localhost"_s)), Failure::Kind::ServerCertificate);
+        QCOMPARE(Abrir(Com(full + Ficheiro(u"none.crt"_s), u"localhost"_s)), Failure::Kind::ServerCertificate);
+    }
+    void a_server_that_takes_nothing_in_the_clear()
+    {
+        Cifrar(u"server"_s);
+        Regras(u"local all all trust\nhostssl all all all scram-sha-256\nhostnossl all all all reject"_s);
+        QCOMPARE(Abrir(Com(u"sslmode=disable"_s)), Failure::Kind::ServerForbidden);
+        QCOMPARE(Abrir(Com(u"sslmode=verify-full&sslrootcert="_s + Ficheiro(u"authority.crt"_s), u"localhost"_s)),
+                 aberta_);
+        Regras(u"local all all trust\nhost all all all scram-sha-256"_s);
+    }
+
+    void a_server_that_is_stopped_and_started_again_is_found_again()
+    {
+        Intermediario network(base_->Porta());
+        QList<Reach> reached;
+        const auto store = PostgresStore::open(base_->Morada(network.Porta()), Curta());
+        store->listen({{}, [&](Reach reach) { reached << reach; }});
+        store->execute(u"INSERT INTO T (Nome) VALUES (?)"_s, {u"Ana"_s});
+        Dizer(u"CHECKPOINT"_s); // this server is told not to care for a power cut
+        QVERIFY(server_->Correr("stop"));
+        QTRY_COMPARE(reached, QList{Reach::Lost});
+        VERIFICAR_FALHA(store->query(u"SELECT * FROM T"_s, {}), Failure::StoreError);
+        Arrancar();
+        network.Mudar_De_Servidor(static_cast<quint16>(address_.port()));
+        QTRY_COMPARE_WITH_TIMEOUT(reached, (QList{Reach::Lost, Reach::There}), 10000);
+        QCOMPARE(store->query(u"SELECT Nome FROM T"_s, {}).Fields("Nome").text(), u"Ana"_s);
+    }
+};
+
+MORVEX_TESTE(TestPostgresOpening)
+#include "test_PostgresOpening.moc"
