@@ -61,6 +61,11 @@ void EdicaoContacto::Contactos_Mudados(const QSet<int> &ids) { Avisar(ids, texto
 
 void EdicaoContacto::Contactos_Eliminados(const QSet<int> &ids) { Avisar(ids, texto_eliminado_noutro_posto); }
 
+void EdicaoContacto::Servidor_De_Volta()
+{
+    if (aberto_) aberto_->Servidor_De_Volta();
+}
+
 void EdicaoContacto::Avisar(const QSet<int> &ids, qint16 texto)
 {
     if (aberto_ && geral_.ModoContacto == "Edit"_L1 && ids.contains(geral_.IDContacto))

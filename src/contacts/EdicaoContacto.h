@@ -22,6 +22,8 @@ public:
     // is.
     void Contactos_Mudados(const QSet<int> &ids);
     void Contactos_Eliminados(const QSet<int> &ids);
+    // The server is back, and nothing has been written since.
+    void Servidor_De_Volta();
 
 Q_SIGNALS:
     // There is no group that a contact could belong to: the form that makes one is wanted, modally.

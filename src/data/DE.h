@@ -84,6 +84,8 @@ public:
                            const std::function<void(const Row &)> &linha);
     // The highest number that the table's counter has ever given; 0 for none.
     qint64 Ultimo_ID(std::string_view tabela);
+    // The number of the row that this connection added last.
+    qint64 Acrescentado() { return Ligacao().lastId(); }
     // The numbers behind that one are given once more. The table holds none of them.
     void Recuar_ID(std::string_view tabela, qint64 ultimo);
     // Takes those pictures away that no contact shows.
@@ -108,6 +110,9 @@ public:
 
     // Whether the data lie on a server that several desks share.
     bool Num_Servidor() { return Connection::isAddress(base_.Caminho()); }
+
+    // What became of the last write whose answer was lost.
+    Fate Escrita_Perdida() const { return ligacao_.lostWrite(); }
 
     // Who hears what other desks change, and that the server is away or back. On a file nobody is told.
     void Ouvir(Store::Listener ouvinte) { ligacao_.setListener(std::move(ouvinte)); }

@@ -124,9 +124,24 @@ void Arranque::Ler_TblConfig()
     Copiar(rs, "Remetente", geral_.RemetenteBD);
     Copiar(rs, "Destinatario", geral_.DestinatarioBD);
     rs.Close();
+    if (geral_.IdiomaActual.isEmpty()) Semear_O_Servidor();
     // The toolkit's own words ("Yes", "Cancel") follow the program's language.
     if (const Idioma *idioma = idiomas::Procurar(geral_.IdiomaActual))
         useToolkitLanguage(QString::fromUtf16(idioma->codigo), geral_.IdiomaActual == u"PortuguesPT"_s);
+}
+
+// One that its administrator made without any rows gets those to begin with from the first desk.
+void Arranque::Semear_O_Servidor()
+{
+    if (!geral_.de.Num_Servidor()) return;
+    Recordset &rs = geral_.de.Abrir("cmdListarRepeticao");
+    const bool vazio = rs.Eof();
+    rs.Close();
+    if (!vazio) return;
+    frmSeleccionarIdioma(geral_, platform_).exec();
+    Recordset &config = geral_.de.Abrir("cmdVerConfig");
+    Copiar(config, "Idioma", geral_.IdiomaActual);
+    config.Close();
 }
 
 // Nothing of a newer program's database can be used, not even its words: without these the login would be a

@@ -52,6 +52,7 @@ private:
     void Ler_Configuracao();
     void Ler_TblConfig();
     Recordset &Abrir_TblConfig();
+    void Semear_O_Servidor();
     void Iniciar_Sessao();
     void Ler_Configuracao_Do_Utilizador();
     void Dar_Todos_Os_Direitos();

@@ -121,6 +121,42 @@ private Q_SLOTS:
         QCOMPARE(p.janela.ListaNomes->List(0), u"Ana Maria"_s);
     }
 
+    // The answer alone was lost: pressing OK once more must not make a second contact.
+    void um_contacto_novo_que_ja_tinha_chegado_nao_fica_em_dobro()
+    {
+        Posto p;
+        p.s.caixas.Espera_Erro(Failure::StoreError);
+        accoes::Quando_Abrir<frmAddEdit>([&](frmAddEdit &editor) {
+            editor.txtNome->setText(u"Eva"_s);
+            p.servidor.Perder_A_Proxima_Resposta();
+            QTest::mouseClick(editor.cmdOk, Qt::LeftButton);
+            QVERIFY(editor.isVisible());
+            p.servidor.Voltar();
+            editor.txtWebsite->setText(u"eva.pt"_s); // meanwhile
+            QTest::mouseClick(editor.cmdOk, Qt::LeftButton);
+            QVERIFY(!editor.isVisible());
+        });
+        p.janela.cmdNovo->click();
+        QCOMPARE(p.s.Linhas(u"SELECT Nome, Website FROM TblLista WHERE Nome='Eva'"_s),
+                 QStringList{u"Eva|eva.pt"_s});
+        QCOMPARE(p.janela.txtWebsite->text(), u"eva.pt"_s);
+    }
+
+    void um_contacto_novo_que_nao_chegou_escreve_se()
+    {
+        Posto p;
+        p.s.caixas.Espera_Erro(Failure::StoreError);
+        accoes::Quando_Abrir<frmAddEdit>([&](frmAddEdit &editor) {
+            editor.txtNome->setText(u"Eva"_s);
+            p.servidor.Perder();
+            QTest::mouseClick(editor.cmdOk, Qt::LeftButton);
+            p.servidor.Voltar();
+            QTest::mouseClick(editor.cmdOk, Qt::LeftButton);
+        });
+        p.janela.cmdNovo->click();
+        QCOMPARE(p.s.Linhas(u"SELECT Nome FROM TblLista WHERE Nome='Eva'"_s), QStringList{u"Eva"_s});
+    }
+
     void um_editor_que_nao_se_le_nao_abre()
     {
         Posto p;

@@ -1,4 +1,5 @@
 // A start and a way out while the server is away, or does not let this desk in.
+#include "data/frmSeleccionarIdioma.h"
 #include "platform/ErrorText.h"
 #include "session/Arranque.h"
 #include "session/frmLogin.h"
@@ -107,6 +108,31 @@ private Q_SLOTS:
         p.s.caixas.Espera_Erro(Failure::StoreError);
         QVERIFY(!p.Passo("Ler_TblConfig"));
         QCOMPARE(p.s.processo.fins, 1);
+    }
+
+    void uma_base_sem_linhas_recebe_as_do_primeiro_posto()
+    {
+        Sistema s(Sistema::Estado::Vazio);
+        ServidorFalso servidor(s.Base());
+        servidor.Servir(s.geral);
+        Main janela(s.geral, s.plataforma);
+        accoes::Quando_Abrir<frmSeleccionarIdioma>(
+            [](frmSeleccionarIdioma &bandeiras) { bandeiras.cmdUK->click(); });
+        for (const Arranque::Passo &passo : janela.Inicio().Passos())
+            if (QByteArray(passo.nome) == "Escolher_Idioma" || QByteArray(passo.nome) == "Ler_TblConfig")
+                passo.executar();
+        QCOMPARE(s.geral.IdiomaActual, u"InglesUK"_s);
+        QCOMPARE(s.Linhas(u"SELECT count(*) FROM TblRepeticao"_s), QStringList{u"5"_s});
+    }
+
+    void uma_base_semeada_nao_pergunta_por_nada()
+    {
+        Posto p;
+        p.s.geral.IdiomaActual.clear();
+        QVERIFY(p.Passo("Escolher_Idioma"));
+        QVERIFY(p.Passo("Ler_TblConfig"));
+        QVERIFY(p.Passo("Confirmar_Opcoes")); // none of these opens a form, which would never end
+        QCOMPARE(p.s.geral.IdiomaActual, u"PortuguesPT"_s);
     }
 
     void um_endereco_corrigido_no_config_ini_serve_na_tentativa_seguinte()

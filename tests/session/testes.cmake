@@ -15,6 +15,7 @@ target_compile_definitions(test_PaginasDoManual PRIVATE MORVEX_FORMULARIOS="${PR
 morvex_teste(session/test_Arranque LIGA session)
 morvex_teste(session/test_PedidosAoServidor LIGA session)
 morvex_teste(session/test_ServidorAusente LIGA session)
+morvex_teste(session/test_EnderecoNasOpcoes LIGA session)
 morvex_teste(session/test_OQueOsPostosPartilham LIGA session)
 morvex_teste(session/test_SemServidor LIGA session)
 morvex_teste(session/test_AvisosDosPostos LIGA session)

@@ -17,13 +17,19 @@ public:
 
     explicit ServidorFalso(QString ficheiro) : ficheiro_(std::move(ficheiro)) {}
 
+    // Who opens it.
+    Connection::ServerOpener Abridor()
+    {
+        return [this](const QString &endereco) { return Abrir(endereco); };
+    }
+
     // From now on the book of that installation lies here, and its config.ini says so.
     void Servir(Geral &geral)
     {
         geral.de.Fechar_Ligacao();
         geral.CaminhoBD = Endereco();
         geral.ini.Escrever_Ini(QStringLiteral("basedados"), QStringLiteral("caminhobd"), Endereco());
-        geral.de.Servir_De([this](const QString &endereco) { return Abrir(endereco); });
+        geral.de.Servir_De(Abridor());
     }
 
     // What reached it since the last Esquecer(): each is a trip.
@@ -43,6 +49,8 @@ public:
         perdido_ = false;
         if (ouvinte_.reached) ouvinte_.reached(Reach::There);
     }
+    // The next write is done, and its answer lost along with the server.
+    void Perder_A_Proxima_Resposta() { perde_resposta_ = true; }
     // What another desk has done.
     void Mudou(const QString &tabela, StoreChange::What que, const QList<int> &ids)
     {
@@ -70,6 +78,8 @@ private:
 
     QString ficheiro_;
     bool perdido_ = false;
+    bool perde_resposta_ = false;
+    Fate destino_ = Fate::None;
     bool junta_ = false; // what is gathered is one trip
     Store::Listener ouvinte_;
 };
@@ -103,10 +113,15 @@ public:
     {
         s_.Pedido(sql);
         ficheiro_->execute(sql, std::move(values));
+        s_.destino_ = s_.perde_resposta_ ? Fate::Arrived : Fate::None;
+        if (!std::exchange(s_.perde_resposta_, false)) return;
+        s_.Perder();
+        s_.Pedido(sql);
     }
     // Nothing is asked for it: what others write is told.
     StoreMark mark() override { return {0, 0, ficheiro_->mark().here}; }
     int written(const QString &sql) const override { return ficheiro_->written(sql); }
+    Fate lostWrite() const override { return s_.destino_; }
     int undone() const override { return ficheiro_->undone(); }
     void tryWriting() override
     {
