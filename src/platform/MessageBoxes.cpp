@@ -96,6 +96,16 @@ void keepButtonsOnScreen(QMessageBox &box)
     scroll->setWidget(label);
     grid->addWidget(scroll, row, column, rows, columns);
 }
+
+int askToRetry(QMessageBox &box, const QString &language)
+{
+    auto *retry = box.addButton(translated(retryWords, language), QMessageBox::AcceptRole);
+    auto *leave = box.addButton(translated(leaveWords, language), QMessageBox::RejectRole);
+    box.setDefaultButton(retry);
+    box.setEscapeButton(leave);
+    box.exec();
+    return box.clickedButton() == retry ? answer::retry : answer::leave;
+}
 } // namespace
 
 int MessageBoxes::show(const QString &text, int flags, QWidget *owner)
@@ -107,23 +117,12 @@ DesktopMessageBoxes::DesktopMessageBoxes() : language_([] { return QString(); })
 
 void DesktopMessageBoxes::setLanguage(std::function<QString()> language) { language_ = std::move(language); }
 
-int DesktopMessageBoxes::askToRetry(QMessageBox &box) const
-{
-    const QString language = spokenLanguage(language_());
-    auto *retry = box.addButton(translated(retryWords, language), QMessageBox::AcceptRole);
-    auto *leave = box.addButton(translated(leaveWords, language), QMessageBox::RejectRole);
-    box.setDefaultButton(retry);
-    box.setEscapeButton(leave);
-    box.exec();
-    return box.clickedButton() == retry ? answer::retry : answer::leave;
-}
-
 int DesktopMessageBoxes::show(const QString &text, int flags, const QString &title, QWidget *owner)
 {
     QMessageBox box(owner);
     dress(box, text, flags, title);
     keepButtonsOnScreen(box);
-    if ((flags & buttonMask) == box::retryLeave) return askToRetry(box);
+    if ((flags & buttonMask) == box::retryLeave) return askToRetry(box, spokenLanguage(language_()));
     if ((flags & buttonMask) != box::yesNo) {
         box.exec();
         return answer::ok;

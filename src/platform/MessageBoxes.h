@@ -4,7 +4,6 @@
 #include <functional>
 
 class Failure;
-class QMessageBox;
 class QString;
 class QWidget;
 
@@ -59,7 +58,5 @@ public:
     void showError(const Failure &failure) override;
 
 private:
-    int askToRetry(QMessageBox &box) const;
-
     std::function<QString()> language_;
 };
