@@ -42,9 +42,16 @@ void Presenca::Mostrar_Guardado(const QString &MSNMessenger)
     else if (!txtEmail2.text().isEmpty())
         EmailMessenger = u"2"_s;
     EstadoMessenger = MSNMessenger;
-    for (const QLineEdit *morada : {&txtEmail1, &txtEmail2})
-        if (!morada->text().isEmpty()) no_servidor_[morada->text().toCaseFolded()] = {MSNMessenger};
+    Anotar(MSNMessenger);
     Mostrar_Estado();
+}
+
+// Other rows may carry the same address, with another presence that is known already.
+void Presenca::Anotar(const QString &MSNMessenger)
+{
+    if (!geral_.de.Num_Servidor()) return;
+    for (const QLineEdit *morada : {&txtEmail1, &txtEmail2})
+        if (!morada->text().isEmpty()) no_servidor_[morada->text().toCaseFolded()] << MSNMessenger;
 }
 
 // The first address wins as soon as the messenger knows it; the second is only looked at when the first says

@@ -40,6 +40,7 @@ private:
     bool Por_Escrever(const QString &morada, const QString &estado) const;
     void Escrever(const QString &morada, const QString &estado);
     void Ler_O_Que_La_Esta();
+    void Anotar(const QString &MSNMessenger);
     void Conversar();
 
     Geral &geral_;
