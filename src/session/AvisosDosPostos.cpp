@@ -47,6 +47,7 @@ void AvisosDosPostos::Recolher()
 
 void AvisosDosPostos::Mudou(const StoreChange &mudanca)
 {
+    if (mudanca.table.isEmpty()) return Tudo_Mudou();
     tabelas_ << mudanca.table;
     if (mudanca.table == tabela_dos_contactos) {
         const QSet<int> ids(mudanca.ids.begin(), mudanca.ids.end());
@@ -62,9 +63,15 @@ void AvisosDosPostos::Alcance(Reach alcance)
 {
     if (alcance == Reach::Lost) return Q_EMIT Perdido();
     Q_EMIT DeVolta();
+    Tudo_Mudou();
+}
+
+// What was told meanwhile is lost.
+void AvisosDosPostos::Tudo_Mudou()
+{
     tabelas_ += {tabela_dos_contactos, u"tblgrupos"_s, u"tbltarefas"_s,
                  u"tblmemos"_s,        u"tblusers"_s,  u"tblconfig"_s};
-    talvez_outros_ = true; // what was told meanwhile is lost
+    talvez_outros_ = true;
     Recolher();
 }
 

@@ -46,6 +46,7 @@ Q_SIGNALS:
 private:
     void Mudou(const StoreChange &mudanca);
     void Alcance(Reach alcance);
+    void Tudo_Mudou();
     void TimerRecolha_Timer();
     void Dizer_Ja();
     void Dizer_Quando_Livre();

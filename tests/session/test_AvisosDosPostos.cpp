@@ -213,6 +213,17 @@ private Q_SLOTS:
         QCOMPARE(p.servidor.Comandos(), 0);
     }
 
+    void o_que_ninguem_nomeia_le_se_tudo()
+    {
+        Posto p;
+        p.s.Escrever(u"INSERT INTO TblLista (Nome, Grupo) VALUES ('Aaa', 6)"_s);
+        p.s.Escrever(u"INSERT INTO TblGrupos (NomeGrupo, IdUtilizador) VALUES ('AAA', 0)"_s);
+        p.servidor.Mudou(QString());
+        p.Recolher();
+        QCOMPARE(p.lista.List(0), u"Aaa"_s);
+        QCOMPARE(p.janela.ComboGrupos->List(1), u"AAA"_s);
+    }
+
     void num_ficheiro_ninguem_ouve_nada()
     {
         Sistema s;
