@@ -63,6 +63,25 @@ private Q_SLOTS:
         QCOMPARE(boxes_.show(u"?"_s, box::question | box::yesNo, {}, nullptr), answer::no);
     }
 
+    void a_box_that_is_closed_without_an_answer_takes_the_way_out()
+    {
+        constexpr int flags = box::stop | box::retryLeave;
+        const auto press = [](const QString &caption) {
+            Quando_Abrir<QMessageBox>([caption](QMessageBox &box) {
+                for (QAbstractButton *button : box.buttons())
+                    if (button->text() == caption) return button->click();
+                QTest::qFail("no such button", __FILE__, __LINE__);
+                box.close();
+            });
+        };
+        press(u"&Try again"_s);
+        QCOMPARE(boxes_.show(u"?"_s, flags, {}, nullptr), answer::retry);
+        press(u"&Leave"_s);
+        QCOMPARE(boxes_.show(u"?"_s, flags, {}, nullptr), answer::leave);
+        Quando_Abrir<QMessageBox>([](QMessageBox &box) { box.close(); });
+        QCOMPARE(boxes_.show(u"?"_s, flags, {}, nullptr), answer::leave);
+    }
+
     void a_text_taller_than_the_screen_scrolls_and_the_button_stays_in_reach_data()
     {
         QTest::addColumn<int>("lines");

@@ -3,6 +3,7 @@
 
 #include "platform/Platform.h"
 
+#include <functional>
 #include <QList>
 #include <QMap>
 #include <QStringList>
@@ -31,8 +32,10 @@ public:
 
     void Espera(const QString &texto, int flags, const QString &titulo, int resposta = answer::ok);
     // A box of which only flags and title are known beforehand.
-    void Espera_Qualquer(int flags, const QString &titulo);
+    void Espera_Qualquer(int flags, const QString &titulo, int resposta = answer::ok);
     void Espera_Erro(int numero);
+    // Runs while each box stands, before it is answered.
+    void Ao_Mostrar(std::function<void()> entretanto) { entretanto_ = std::move(entretanto); }
     bool Todas_Vistas() const { return esperadas_.isEmpty(); }
     QStringList vistas; // the texts of the boxes that came, in their order
 
@@ -47,6 +50,7 @@ private:
         int resposta;
     };
     QList<Caixa> esperadas_;
+    std::function<void()> entretanto_;
 };
 
 // Dialogs answer what was put ready, in its order; nothing is a cancel. One that nobody expected fails the
