@@ -35,6 +35,15 @@ void BlocoDeObs::Juntar(const QStringList &novas)
         if (!linhas.contains(linha)) linhas << linha;
 }
 
+bool BlocoDeObs::Acrescentar(const BlocoDeObs &outro)
+{
+    const qsizetype antes = linhas.size();
+    const bool tem_nota = !nota.contains(outro.nota);
+    if (tem_nota) nota = nota.isEmpty() ? outro.nota : nota + u"\r\n"_s + outro.nota;
+    Juntar(outro.linhas);
+    return tem_nota || linhas.size() > antes;
+}
+
 QString BlocoDeObs::Texto(const QString &idioma) const
 {
     if (linhas.isEmpty()) return nota;

@@ -15,6 +15,10 @@ struct BlocoDeObs {
     // Leaves out what is there already.
     void Juntar(const QStringList &novas);
 
+    // What another one says besides: its note goes behind, unless it stands in this one, and its lines are
+    // joined. Tells whether anything came.
+    bool Acrescentar(const BlocoDeObs &outro);
+
     // A block without lines is none, and has no mark.
     QString Texto(const QString &idioma) const;
 };

@@ -94,7 +94,7 @@ public:
           conteudo_(contentOf(cartao)),
           contacto_(contacto),
           idioma_(std::move(idioma)),
-          antes_(ContactoDoCartao(idioma_, {grupos, {}, false}).Ler(cartao)),
+          antes_(ContactoDoCartao(idioma_, {grupos, {}, false}).Ler(cartao, conteudo_, {})),
           escritor_(cartao.version(), firstFreeGroup(cartao))
     {
     }
@@ -127,10 +127,9 @@ private:
     // Where the column's value came from, it goes; its place in the content's list, if it had one.
     std::optional<std::size_t> Tirar_Origem(const QByteArray &nome, Coluna coluna)
     {
-        const auto origem = antes_.origem.find(coluna);
-        if (origem == antes_.origem.end()) return {};
-        fora_.push_back(cartao_.all(nome)[origem->second]);
-        return origem->second;
+        const std::optional<std::size_t> origem = antes_.origem.De(coluna);
+        if (origem) fora_.push_back(cartao_.all(nome)[*origem]);
+        return origem;
     }
 
     void UID()
@@ -185,7 +184,7 @@ private:
             morada.label = antiga.label;
         }
         for (const CardProperty *etiqueta : cartao_.all("LABEL")) // that of the address which goes
-            if (antes_.origem.count(Coluna::Morada) == 0 || etiqueta->types() == morada.types)
+            if (!antes_.origem.De(Coluna::Morada) || etiqueta->types() == morada.types)
                 fora_.push_back(etiqueta);
         if (!Valor(Coluna::Morada).isEmpty()) escritor_.address(morada);
     }
@@ -220,7 +219,7 @@ private:
     {
         BlocoDeObs bloco = BlocoDeObs::Separar(obs);
         for (const QString &idioma : rotulos_do_cartao::Idiomas())
-            for (const QString &linha : ContactoDoCartao(idioma).Ler(cartao_).linhas)
+            for (const QString &linha : ContactoDoCartao(idioma).Ler(cartao_, conteudo_, {}).linhas)
                 bloco.linhas.removeAll(linha);
         // A category is no line while it is a group of the book.
         for (const QString &linha : antes_.linhas)

@@ -41,19 +41,26 @@ QString ChavesDoContacto::Do_Numero(const QString &numero)
 {
     constexpr qsizetype menor = 7;
     constexpr qsizetype maior = 9; // without the country
-    QString algarismos;
-    algarismos.reserve(numero.size());
+    QVarLengthArray<QChar, 64> algarismos;
     for (const QChar sinal : numero)
-        if (sinal.isDigit()) algarismos += sinal;
-    if (algarismos.startsWith("00"_L1)) algarismos.remove(0, 2);
-    return algarismos.size() < menor ? QString() : algarismos.right(maior);
+        if (sinal.isDigit()) algarismos.append(sinal);
+    QStringView chave(algarismos.data(), algarismos.size());
+    if (chave.startsWith("00"_L1)) chave = chave.sliced(2);
+    return chave.size() < menor ? QString() : chave.last(std::min(chave.size(), maior)).toString();
 }
 
 QString ChavesDoContacto::Do_Email(const QString &email) { return email.trimmed().toLower(); }
 
 ChavesDoContacto ChavesDoContacto::De(const ColunasDoContacto &colunas)
 {
-    ChavesDoContacto chaves{Do_Nome(colunas[Coluna::Nome]), {}, {}};
+    ChavesDoContacto chaves = Sem_Nome(colunas);
+    chaves.nome = Do_Nome(colunas[Coluna::Nome]);
+    return chaves;
+}
+
+ChavesDoContacto ChavesDoContacto::Sem_Nome(const ColunasDoContacto &colunas)
+{
+    ChavesDoContacto chaves;
     const auto por = [](QStringList &lista, const QString &chave) {
         if (!chave.isEmpty() && !lista.contains(chave)) lista << chave;
     };

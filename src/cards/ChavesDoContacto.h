@@ -12,6 +12,7 @@ struct ChavesDoContacto {
     QStringList emails;
 
     static ChavesDoContacto De(const ColunasDoContacto &colunas);
+    static ChavesDoContacto Sem_Nome(const ColunasDoContacto &colunas); // the folding is the dear part
 
     // "Silva, Ana" is "Ana da Silva".
     static QString Do_Nome(const QString &nome);

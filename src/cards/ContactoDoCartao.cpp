@@ -16,12 +16,25 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+// Whether the name lacks one of its parts. Folding is not needed for what stands there letter by letter.
+bool Falta_No_Nome(const QString &nome, const CardName &partes)
+{
+    std::optional<QString> dobrado;
+    const auto falta = [&](const QString &parte) {
+        if (nome.contains(parte)) return false;
+        if (!dobrado) dobrado = Nome_Dobrado(nome);
+        return !dobrado->contains(Nome_Dobrado(parte));
+    };
+    return falta(partes.prefix) || falta(partes.given) || falta(partes.middle) || falta(partes.family) ||
+           falta(partes.suffix);
+}
+
 // One card on its way.
 class Leitura
 {
 public:
-    Leitura(const Card &cartao, QString idioma)
-        : cartao_(cartao), conteudo_(contentOf(cartao)), idioma_(std::move(idioma))
+    Leitura(const Card &cartao, const CardContent &conteudo, QString idioma)
+        : cartao_(cartao), conteudo_(conteudo), idioma_(std::move(idioma))
     {
     }
 
@@ -68,7 +81,7 @@ private:
         for (const Coluna coluna : colunas) {
             if (!lido_.colunas[coluna].isEmpty()) continue;
             lido_.colunas[coluna] = valor;
-            lido_.origem[coluna] = origem;
+            lido_.origem.Por(coluna, origem);
             return true;
         }
         return false;
@@ -79,16 +92,11 @@ private:
         const QString nome = shownName(conteudo_).simplified();
         lido_.colunas[Coluna::Nome] = Cortado(nome, ColunasDoContacto::maior_nome);
         if (lido_.colunas[Coluna::Nome] != nome) Linha(Rotulo::NomeCompleto, nome);
-        for (const CardProperty *outro : cartao_.all("FN"))
-            if (outro->text().simplified() != nome) Linha(Rotulo::NomeCompleto, outro->text());
-        const CardName partes = conteudo_.name.value_or(CardName());
-        QStringList faladas{partes.prefix, partes.given, partes.middle, partes.family, partes.suffix};
-        faladas.removeAll(QString());
-        const QString dobrado = Nome_Dobrado(nome);
-        const bool falta = std::any_of(faladas.begin(), faladas.end(), [&](const QString &parte) {
-            return !dobrado.contains(Nome_Dobrado(parte));
-        });
-        if (falta) Linha(Rotulo::NomeCompleto, faladas.join(u' '));
+        if (const auto formatados = cartao_.all("FN"); formatados.size() > 1)
+            for (const CardProperty *outro : formatados)
+                if (outro->text().simplified() != nome) Linha(Rotulo::NomeCompleto, outro->text());
+        if (conteudo_.name && Falta_No_Nome(nome, *conteudo_.name))
+            Linha(Rotulo::NomeCompleto, spokenName(*conteudo_.name));
         Linha(Rotulo::Alcunha, conteudo_.nicknames.join(u", "_s));
     }
 
@@ -127,33 +135,41 @@ private:
         }
     }
 
-    static QStringList Linhas_Da_Morada(const CardAddress &morada)
+    // Its lines with that between them.
+    static QString Texto_Da_Morada(const CardAddress &morada, QLatin1StringView entre)
     {
-        QStringList linhas{morada.street, morada.extended,
-                           morada.box,    (morada.code.trimmed() + u' ' + morada.city.trimmed()).trimmed(),
-                           morada.region, morada.country};
-        for (QString &linha : linhas)
-            linha = Com_CR_LF(linha.trimmed());
-        linhas.removeAll(QString());
-        return linhas;
+        QString texto;
+        const auto por = [&](const QString &linha) {
+            const QString aparada = linha.trimmed();
+            if (aparada.isEmpty()) return;
+            if (!texto.isEmpty()) texto += entre;
+            texto += Com_CR_LF(aparada);
+        };
+        for (const QString *linha : {&morada.street, &morada.extended, &morada.box})
+            por(*linha);
+        por(morada.code.trimmed() + u' ' + morada.city.trimmed());
+        por(morada.region);
+        por(morada.country);
+        return texto;
     }
 
     void Moradas()
     {
         std::vector<std::size_t> ordem = byPreference(conteudo_.addresses);
-        std::stable_sort(ordem.begin(), ordem.end(), [this](std::size_t a, std::size_t b) {
-            const auto peso = [this](std::size_t i) {
-                const CardAddress &morada = conteudo_.addresses[i];
-                return std::pair(morada.preference, !morada.types.contains(u"home"_s));
-            };
-            return peso(a) < peso(b);
-        });
+        if (ordem.size() > 1)
+            std::stable_sort(ordem.begin(), ordem.end(), [this](std::size_t a, std::size_t b) {
+                const auto peso = [this](std::size_t i) {
+                    const CardAddress &morada = conteudo_.addresses[i];
+                    return std::pair(morada.preference, !morada.types.contains(u"home"_s));
+                };
+                return peso(a) < peso(b);
+            });
         static constexpr std::array uma{Coluna::Morada};
         for (const std::size_t i : ordem) {
             const CardAddress &morada = conteudo_.addresses[i];
-            const QStringList linhas = Linhas_Da_Morada(morada);
-            if (!linhas.isEmpty() && !Por(uma, linhas.join(u"\r\n"_s), i))
-                Linha(Rotulo::Morada, linhas.join(u", "_s), morada.types, morada.label);
+            const QString texto = Texto_Da_Morada(morada, "\r\n"_L1);
+            if (!texto.isEmpty() && !Por(uma, texto, i))
+                Linha(Rotulo::Morada, Texto_Da_Morada(morada, ", "_L1), morada.types, morada.label);
         }
         QString &inteira = lido_.colunas[Coluna::Morada];
         for (const QString &etiqueta : conteudo_.addressLabels) {
@@ -227,8 +243,9 @@ private:
     void Categorias(const GruposDaImportacao &grupos, const QStringList &grupos_do_ficheiro)
     {
         QStringList categorias = conteudo_.categories + grupos_do_ficheiro;
-        categorias.removeDuplicates();
+        if (categorias.size() > 1) categorias.removeDuplicates();
         lido_.Grupo = Grupo_Das_Categorias(categorias, grupos);
+        if (categorias.isEmpty()) return;
         categorias.removeIf([this](const QString &categoria) {
             return Nome_Dobrado(categoria) == Nome_Dobrado(lido_.Grupo);
         });
@@ -259,13 +276,14 @@ private:
         QStringList notas;
         for (const CardEntry &nota : conteudo_.notes)
             if (!nota.value.trimmed().isEmpty()) notas << nota.value;
+        if (notas.isEmpty() && lido_.linhas.isEmpty()) return;
         BlocoDeObs bloco = BlocoDeObs::Separar(notas.join(u"\r\n"_s));
         bloco.Juntar(lido_.linhas);
         lido_.colunas[Coluna::Obs] = bloco.Texto(idioma_);
     }
 
     const Card &cartao_;
-    CardContent conteudo_;
+    const CardContent &conteudo_;
     QString idioma_;
     ContactoLido lido_;
 };
@@ -278,5 +296,11 @@ ContactoDoCartao::ContactoDoCartao(QString idioma, GruposDaImportacao grupos)
 
 ContactoLido ContactoDoCartao::Ler(const Card &cartao, const QStringList &grupos_do_ficheiro) const
 {
-    return Leitura(cartao, idioma_).Ler(grupos_, grupos_do_ficheiro);
+    return Ler(cartao, contentOf(cartao), grupos_do_ficheiro);
+}
+
+ContactoLido ContactoDoCartao::Ler(const Card &cartao, const CardContent &conteudo,
+                                   const QStringList &grupos_do_ficheiro) const
+{
+    return Leitura(cartao, conteudo, idioma_).Ler(grupos_, grupos_do_ficheiro);
 }

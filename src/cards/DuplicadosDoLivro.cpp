@@ -1,8 +1,10 @@
 #include "cards/DuplicadosDoLivro.h"
 
+#include "cards/LinhaDaAgenda.h"
 #include "contacts/DesfazerEliminacao.h"
 #include "data/CartoesGuardados.h"
 #include "data/Geral.h"
+#include "data/LinhaComId.h"
 #include "platform/Failure.h"
 #include "store/Row.h"
 
@@ -38,12 +40,6 @@ ColunasDoContacto Comparadas(const Row &linha)
         colunas[coluna] = QString::fromUtf8(valor.data(), static_cast<qsizetype>(valor.size()));
     }
     return colunas;
-}
-
-std::optional<LinhaInteira> Contacto_Com_Id(DE &de, const QString &ID)
-{
-    LinhasInteiras linhas = de.Ler_Inteiras(lista, "ID", ID);
-    return linhas.empty() ? std::nullopt : std::optional(std::move(linhas.front()));
 }
 
 // Presence changes by itself.
@@ -111,8 +107,8 @@ std::optional<DuplicadosDoLivro::Aberto> DuplicadosDoLivro::Abrir()
 {
     for (; actual_ < pares_.size(); ++actual_) {
         const Par &par = pares_[actual_];
-        const auto linha = Contacto_Com_Id(geral_.de, par.ID);
-        const auto outra = Contacto_Com_Id(geral_.de, par.outroID);
+        const auto linha = Linha_Com_Id(geral_.de, lista, par.ID);
+        const auto outra = Linha_Com_Id(geral_.de, lista, par.outroID);
         if (linha && outra && A_Vista(*linha) && A_Vista(*outra))
             return Aberto{par.ID,     par.outroID, *linha, *outra, Colunas_Da(*linha), Colunas_Da(*outra),
                           par.indicio};
@@ -133,12 +129,10 @@ bool DuplicadosDoLivro::Juntar(const Aberto &par, const ColunasDoContacto &colun
 void DuplicadosDoLivro::Escrever(const Aberto &par, const ColunasDoContacto &colunas)
 {
     DE &de = geral_.de;
-    if (!Igual(Contacto_Com_Id(de, par.ID), par.linha) ||
-        !Igual(Contacto_Com_Id(de, par.outroID), par.outra_linha))
+    if (!Igual(Linha_Com_Id(de, lista, par.ID), par.linha) ||
+        !Igual(Linha_Com_Id(de, lista, par.outroID), par.outra_linha))
         throw JaNaoEAssim();
-    const auto v = [&](std::size_t i) { return Value(colunas.valores[i]); };
-    de.Executar("cmdUpdateNome", {v(0), v(1), v(2), v(3), v(4), v(5), v(6), v(7), v(8), v(9), v(10), v(11),
-                                  v(12), v(13), v(14), v(15), v(16), par.ID});
+    linha_da_agenda::Escrever(de, par.ID, {colunas, {}});
     CartoesGuardados cartoes(de);
     if (!cartoes.Ler(par.ID))
         if (auto cartao = cartoes.Ler(par.outroID)) {

@@ -28,29 +28,14 @@ EscritaDaImportacao::EscritaDaImportacao(DE &de, const ImportacaoDeContactos &im
 {
 }
 
-std::optional<EscritaDaImportacao::LinhaDaAgenda> EscritaDaImportacao::Ler_Da_Agenda(const QString &ID) const
+std::optional<LinhaDaAgenda> EscritaDaImportacao::Ler_Da_Agenda(const QString &ID)
 {
     std::optional<LinhaDaAgenda> lida;
     de_.Percorrer("cmdEditarNome", {ID}, [&](const Row &linha) {
-        lida.emplace();
-        for (std::size_t i = 0; i < ColunasDoContacto::quantas; ++i) {
-            const Field celula = linha.field(linha.column(ColunasDoContacto::na_tabela[i]));
-            lida->nulas[i] = celula.isNull();
-            lida->colunas.valores[i] = celula.textOrEmpty();
-        }
+        if (!lugares_) lugares_.emplace(linha);
+        lida = lugares_->Linha(linha);
     });
     return lida;
-}
-
-// A Null that was there and gets no value stays one.
-void EscritaDaImportacao::Escrever_Linha(const QString &ID, const LinhaDaAgenda &linha)
-{
-    const auto v = [&](std::size_t i) -> Value {
-        const QString &valor = linha.colunas.valores[i];
-        return linha.nulas[i] && valor.isEmpty() ? Value(nullptr) : Value(valor);
-    };
-    de_.Executar("cmdUpdateNome", {v(0), v(1), v(2), v(3), v(4), v(5), v(6), v(7), v(8), v(9), v(10), v(11),
-                                   v(12), v(13), v(14), v(15), v(16), ID});
 }
 
 EscritaDaImportacao::Contagem EscritaDaImportacao::Prevista() const
@@ -88,15 +73,22 @@ void EscritaDaImportacao::Esquecer()
     grupos_criados_.clear();
     nomes_dos_grupos_.clear();
     fotografias_novas_.clear();
+    lugares_.reset();
+    com_cartao_.clear();
 }
 
 void EscritaDaImportacao::Tudo(const Progresso &progresso)
 {
     const std::size_t todos = 2 * importacao_.Contactos().size(); // to be planned and to be written
     std::size_t feitos = 0;
-    const auto passo = [&] {
-        if (!progresso(static_cast<int>(100 * feitos++ / todos))) throw Cancelada();
+    const auto olhar = [&] {
+        if (!progresso(static_cast<int>(100 * feitos / todos))) throw Cancelada();
     };
+    const auto passo = [&] {
+        olhar();
+        ++feitos;
+    };
+    Tomar_Existentes(olhar);
     Planear(passo);
     Verificar();
     Preparar_Grupos();
@@ -104,6 +96,9 @@ void EscritaDaImportacao::Tudo(const Progresso &progresso)
         Inserir(novo);
         passo();
     }
+    if (!existentes_.empty()) // asked for one by one they cost as much as writing them
+        CartoesGuardados(de_).Percorrer(
+            [this](const QString &IDContacto, const QString &) { com_cartao_.insert(IDContacto); });
     for (Existente &existente : existentes_) {
         Actualizar(existente);
         passo();
@@ -130,7 +125,7 @@ void EscritaDaImportacao::Planear(const std::function<void()> &passo)
         destinos[i] = Destino_De(contacto, destinos);
         if (destinos[i].onde == Destino::Nenhum) {
             destinos[i] = {Destino::Novos, novos_.size()};
-            novos_.push_back({i, contacto.fonte.lido.colunas});
+            novos_.push_back({i, nullptr});
             ++contagem_.adicionados;
         } else {
             Acrescentar(i, destinos[i]);
@@ -152,21 +147,66 @@ EscritaDaImportacao::Destino EscritaDaImportacao::Existente_Com(const QString &I
 {
     const auto achado = existente_por_ID_.constFind(ID);
     if (achado != existente_por_ID_.constEnd()) return {Destino::Existentes, *achado};
-    const std::optional<LinhaDaAgenda> linha = Ler_Da_Agenda(ID);
+    std::optional<LinhaDaAgenda> linha = Ler_Da_Agenda(ID);
     if (!linha) return {};
+    return Tomar(ID, std::move(*linha));
+}
+
+EscritaDaImportacao::Destino EscritaDaImportacao::Tomar(const QString &ID, LinhaDaAgenda linha)
+{
     existente_por_ID_.insert(ID, existentes_.size());
-    existentes_.push_back({ID, *linha, linha->colunas, {}, {}, {}});
+    existentes_.push_back({ID, linha, linha.colunas, {}, {}, {}, false});
     return {Destino::Existentes, existentes_.size() - 1};
+}
+
+// Many rows are read in one walk over the book, which costs a fraction of asking for each. Those that the
+// user does not see any more are left to be asked for.
+void EscritaDaImportacao::Tomar_Existentes(const std::function<void()> &olhar)
+{
+    constexpr qsizetype muitos = 100;
+    constexpr int de_uma_vez = 1000;
+    const Contagem prevista = Prevista();
+    novos_.reserve(static_cast<std::size_t>(prevista.adicionados));
+    existentes_.reserve(static_cast<std::size_t>(prevista.completados));
+    QSet<qint64> IDs;
+    for (const ContactoAImportar &contacto : importacao_.Contactos())
+        if (contacto.escolha == Escolha::Juntar)
+            IDs.insert(importacao_.Quem(contacto.quem.at(contacto.com)).ID.toLongLong());
+    if (IDs.size() < muitos) return;
+    std::optional<LugaresDaAgenda> lugares;
+    qint64 ultimo = 0;
+    int lidas = de_uma_vez;
+    while (lidas == de_uma_vez) {
+        olhar();
+        lidas = 0;
+        de_.Percorrer_A_Vista(pedido_.IdUtilizador, ultimo, de_uma_vez, [&](const Row &linha) {
+            if (!lugares) lugares.emplace(linha);
+            ++lidas;
+            ultimo = lugares->ID(linha);
+            if (IDs.contains(ultimo)) Tomar(QString::number(ultimo), lugares->Linha(linha));
+        });
+    }
 }
 
 void EscritaDaImportacao::Acrescentar(std::size_t qual, const Destino &destino)
 {
     const ContactoDaFonte &fonte = importacao_.Contactos()[qual].fonte;
-    ColunasDoContacto &colunas =
-        destino.onde == Destino::Novos ? novos_[destino.qual].colunas : existentes_[destino.qual].colunas;
-    colunas = RegraDosDuplicados::Juntos(importacao_.Idioma(), fonte.lido.colunas, colunas).completado;
-    if (destino.onde == Destino::Existentes && !fonte.cartao.isEmpty())
-        existentes_[destino.qual].contacto = qual;
+    const auto completar = [&](const ColunasDoContacto &outro) {
+        return RegraDosDuplicados::Juntos(importacao_.Idioma(), fonte.lido.colunas, outro).completado;
+    };
+    if (destino.onde == Destino::Novos) {
+        Novo &novo = novos_[destino.qual];
+        novo.completado = std::make_unique<ColunasDoContacto>(completar(Colunas_De(novo)));
+        return;
+    }
+    Existente &existente = existentes_[destino.qual];
+    existente.colunas = completar(existente.colunas);
+    if (!fonte.cartao.isEmpty()) existente.contacto = qual;
+}
+
+const ColunasDoContacto &EscritaDaImportacao::Colunas_De(const Novo &novo) const
+{
+    return novo.completado ? *novo.completado : importacao_.Contactos()[novo.contacto].fonte.lido.colunas;
 }
 
 void EscritaDaImportacao::Verificar()
@@ -208,7 +248,8 @@ QString EscritaDaImportacao::Grupo_De(const QString &nome)
 void EscritaDaImportacao::Inserir(const Novo &novo)
 {
     const ContactoDaFonte &fonte = importacao_.Contactos()[novo.contacto].fonte;
-    const auto v = [&](std::size_t i) -> const QString & { return novo.colunas.valores[i]; };
+    const ColunasDoContacto &colunas = Colunas_De(novo);
+    const auto v = [&](std::size_t i) -> const QString & { return colunas.valores[i]; };
     de_.Executar("cmdAdicionarNome", {v(0), v(1), v(2), v(3), v(4), v(5), v(6), v(7), v(8), v(9), v(10),
                                       v(11), v(12), v(13), v(14), v(15), Grupo_De(fonte.lido.Grupo)});
     Guardar_Cartao(QString::number(++ultimo_), fonte);
@@ -218,12 +259,13 @@ void EscritaDaImportacao::Inserir(const Novo &novo)
 // The card that a contact came with stays, unless the same card comes anew.
 void EscritaDaImportacao::Actualizar(Existente &existente)
 {
-    Escrever_Linha(existente.ID, {existente.colunas, existente.antes.nulas});
+    linha_da_agenda::Escrever(de_, existente.ID, {existente.colunas, existente.antes.nulas});
     if (existente.colunas[Coluna::Fotografia] != existente.antes.colunas[Coluna::Fotografia])
         Guardar_Fotografia(existente.colunas[Coluna::Fotografia]);
     if (!existente.contacto) return;
     const ContactoDaFonte &fonte = importacao_.Contactos()[*existente.contacto].fonte;
-    const std::optional<CartaoGuardado> antes = CartoesGuardados(de_).Ler(existente.ID);
+    std::optional<CartaoGuardado> antes;
+    if (com_cartao_.contains(existente.ID)) antes = CartoesGuardados(de_).Ler(existente.ID);
     existente.tinha_cartao = antes.has_value();
     if (antes) {
         existente.cartao_antes = antes->cartao;
@@ -275,7 +317,7 @@ void EscritaDaImportacao::Repor(const Existente &existente)
         linha->colunas.valores[i] = existente.antes.colunas.valores[i];
         linha->nulas[i] = existente.antes.nulas[i];
     }
-    Escrever_Linha(existente.ID, *linha);
+    linha_da_agenda::Escrever(de_, existente.ID, *linha);
     if (!existente.contacto) return;
     if (existente.tinha_cartao)
         CartoesGuardados(de_).Guardar({existente.ID, existente.uid_antes, existente.cartao_antes});

@@ -3,10 +3,11 @@
 #pragma once
 
 #include "cards/ImportacaoDeContactos.h"
+#include "cards/LinhaDaAgenda.h"
 
-#include <bitset>
 #include <exception>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <QSet>
 
@@ -55,11 +56,7 @@ public:
 private:
     struct Novo { // to be added
         std::size_t contacto;
-        ColunasDoContacto colunas;
-    };
-    struct LinhaDaAgenda {
-        ColunasDoContacto colunas;
-        std::bitset<ColunasDoContacto::quantas> nulas; // empty, and Null in the table
+        std::unique_ptr<ColunasDoContacto> completado; // by another one of the file; null: as it came
     };
     struct Existente { // in the book
         QString ID;
@@ -77,10 +74,12 @@ private:
 
     void Tudo(const Progresso &progresso);
     void Planear(const std::function<void()> &passo);
-    std::optional<LinhaDaAgenda> Ler_Da_Agenda(const QString &ID) const;
-    void Escrever_Linha(const QString &ID, const LinhaDaAgenda &linha);
+    std::optional<LinhaDaAgenda> Ler_Da_Agenda(const QString &ID);
     Destino Destino_De(const ContactoAImportar &contacto, const std::vector<Destino> &destinos);
     Destino Existente_Com(const QString &ID);
+    Destino Tomar(const QString &ID, LinhaDaAgenda linha);
+    void Tomar_Existentes(const std::function<void()> &olhar);
+    const ColunasDoContacto &Colunas_De(const Novo &novo) const;
     void Acrescentar(std::size_t qual, const Destino &destino);
     void Verificar();
     void Preparar_Grupos();
@@ -104,6 +103,8 @@ private:
     QStringList grupos_criados_;              // IDs
     QStringList nomes_dos_grupos_;
     QSet<QString> fotografias_novas_;
+    QSet<QString> com_cartao_;               // the contacts that have a kept one
+    std::optional<LugaresDaAgenda> lugares_; // in the rows of the contacts that are completed
     qint64 ultimo_antes_ = 0;
     qint64 ultimo_ = 0;
     qint64 ultimo_grupo_antes_ = 0;

@@ -8,6 +8,7 @@
 #include <QCryptographicHash>
 #include <QStringDecoder>
 #include <QUtf8StringView>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -32,10 +33,7 @@ Que Falta_Do_Leitor(CardFault::Kind especie)
     return Que::Vazio;
 }
 
-bool Diz_A_Especie(const Card &cartao)
-{
-    return cartao.first("KIND") != nullptr || cartao.first("X-ADDRESSBOOKSERVER-KIND") != nullptr;
-}
+constexpr qsizetype bytes_de_uma_vez = qsizetype{32} * 1024; // of a file of cards
 
 // A contact needs a name: who has none is called by the first that is known.
 bool Dar_Nome(ContactoLido &lido)
@@ -54,7 +52,7 @@ bool Dar_Nome(ContactoLido &lido)
 void Sem_Zeros(ContactoLido &lido)
 {
     for (QString &valor : lido.colunas.valores)
-        valor.remove(QChar(u'\0'));
+        if (!valor.isEmpty()) valor.remove(QChar(u'\0'));
     lido.Grupo.remove(QChar(u'\0'));
 }
 
@@ -70,36 +68,80 @@ bool Acabar(ContactoDaFonte &contacto, std::vector<FaltaDaFonte> &faltas)
 } // namespace
 
 FonteDeCartoes::FonteDeCartoes(const QByteArray &bytes, const QByteArray &codificacao, const QString &idioma,
-                               GruposDaImportacao grupos, std::vector<FaltaDaFonte> &faltas)
-    : codificacao_(codificacao), regras_(idioma, std::move(grupos))
+                               GruposDaImportacao grupos)
+    : codificacao_(codificacao),
+      leitura_(std::in_place, bytes, codificacao),
+      regras_(idioma, std::move(grupos))
 {
-    CardFile ficheiro = CardReader(codificacao).read(bytes);
-    cartoes_ = std::move(ficheiro.cards);
-    for (const CardFault &falta : ficheiro.faults) {
-        if (falta.kind == CardFault::Kind::NothingInIt) vazios_.insert(falta.line);
-        faltas.push_back({falta.line, Falta_Do_Leitor(falta.kind), {}});
-    }
-    std::vector<CardContent> que_podem_ser_grupos;
-    for (const Card &cartao : cartoes_)
-        if (Diz_A_Especie(cartao)) que_podem_ser_grupos.push_back(contentOf(cartao));
-    grupos_do_ficheiro_ = groupsByMember(que_podem_ser_grupos);
 }
 
-// The card is not needed any more afterwards: of a large book only what the form shows stays in memory.
+// A card is mapped as soon as it is read, while its pieces are at hand; of a large book only what the form
+// shows stays in memory.
+bool FonteDeCartoes::Preparar(std::vector<FaltaDaFonte> &faltas)
+{
+    if (!por_tomar_.empty()) { // one at a time: its picture may take a while
+        Tomar(por_tomar_.back());
+        por_tomar_.pop_back();
+        return true;
+    }
+    if (!leitura_) {
+        grupos_do_ficheiro_ = groupsByMember(std::exchange(grupos_, {}));
+        return false;
+    }
+    if (leitura_->advance(bytes_de_uma_vez)) {
+        por_tomar_ = leitura_->takeWhole();
+    } else {
+        CardFile resto = leitura_->take();
+        por_tomar_ = std::move(resto.cards);
+        for (const CardFault &falta : resto.faults) {
+            if (falta.kind == CardFault::Kind::NothingInIt) vazios_.insert(falta.line);
+            faltas.push_back({falta.line, Falta_Do_Leitor(falta.kind), {}});
+        }
+        leitura_.reset();
+    }
+    std::reverse(por_tomar_.begin(), por_tomar_.end());
+    return true;
+}
+
+void FonteDeCartoes::Tomar(const Card &cartao)
+{
+    Lido &lido = lidos_.emplace_back();
+    CardContent conteudo = contentOf(cartao);
+    lido.e_grupo = conteudo.isGroup;
+    if (conteudo.isGroup) {
+        grupos_.push_back(std::move(conteudo));
+        return;
+    }
+    lido.contacto = {regras_.Ler(cartao, conteudo, {}), conteudo.uid.value_or(QString()), cartao.source(),
+                     cartao.line()};
+    lido.contacto.lido.Fotografia.clear();
+}
+
+// Which groups the file has is known only when all of it is read, and few of its people are in one: their
+// cards are read once more.
+void FonteDeCartoes::Juntar_Os_Grupos(ContactoDaFonte &contacto) const
+{
+    if (grupos_do_ficheiro_.isEmpty()) return;
+    const QStringList grupos = grupos_do_ficheiro_.value(plainUid(contacto.UID));
+    if (grupos.isEmpty()) return;
+    const CardFile ficheiro = CardReader(codificacao_).read(contacto.cartao);
+    if (ficheiro.cards.empty()) return;
+    contacto.lido = regras_.Ler(ficheiro.cards.front(), grupos);
+    contacto.lido.Fotografia.clear();
+}
+
 std::optional<ContactoDaFonte> FonteDeCartoes::Ler(std::size_t qual, std::vector<FaltaDaFonte> &faltas)
 {
-    const Card cartao = std::move(cartoes_.at(qual));
-    if (Diz_A_Especie(cartao) && contentOf(cartao).isGroup) return {};
-    const CardProperty *uid = cartao.first("UID");
-    ContactoDaFonte contacto{{}, uid == nullptr ? QString() : uid->text().trimmed(), {}, cartao.line()};
-    contacto.lido = regras_.Ler(cartao, grupos_do_ficheiro_.value(plainUid(contacto.UID)));
-    contacto.lido.Fotografia.clear();
+    Lido lido = std::move(lidos_.at(qual));
+    ContactoDaFonte &contacto = lido.contacto;
+    if (lido.e_grupo) return {};
+    Juntar_Os_Grupos(contacto);
     if (!Acabar(contacto, faltas)) {
         if (!vazios_.contains(contacto.linha)) faltas.push_back({contacto.linha, Que::Vazio, {}});
         return {};
     }
-    contacto.cartao = Guardavel(cartao.source());
-    return contacto;
+    contacto.cartao = Guardavel(contacto.cartao);
+    return std::move(contacto);
 }
 
 // What a person knows of the encoding a later reading of the card would have to guess.

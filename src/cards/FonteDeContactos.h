@@ -4,8 +4,10 @@
 
 #include "cards/ContactoDoCartao.h"
 #include "cards/TabelaEscolhida.h"
+#include "vcard/CardContent.h"
 #include "vcard/CardReader.h"
 
+#include <deque>
 #include <memory>
 #include <optional>
 #include <QHash>
@@ -41,6 +43,10 @@ class FonteDeContactos
 {
 public:
     virtual ~FonteDeContactos() = default;
+    // Some more of what has to be read of the file before anything else of it can be asked: a short while's
+    // work. False once there is no more of it. What is wrong with the file as a whole goes to the faults.
+    virtual bool Preparar(std::vector<FaltaDaFonte> & /*faltas*/) { return false; }
+    virtual int Preparado() const { return 100; } // percent
     virtual std::size_t Quantos() const = 0;
     // From 0, each once. Nothing where a card stands for no person, or a row or card holds none; what is
     // wrong goes to the faults.
@@ -50,21 +56,32 @@ public:
 class FonteDeCartoes final : public FonteDeContactos
 {
 public:
-    // The encoding is that of what does not say its own; empty for none chosen. The faults of the file as a
-    // whole are in it at once.
+    // The encoding is that of what does not say its own; empty for none chosen.
     FonteDeCartoes(const QByteArray &bytes, const QByteArray &codificacao, const QString &idioma,
-                   GruposDaImportacao grupos, std::vector<FaltaDaFonte> &faltas);
+                   GruposDaImportacao grupos);
 
-    std::size_t Quantos() const override { return cartoes_.size(); }
+    bool Preparar(std::vector<FaltaDaFonte> &faltas) override;
+    int Preparado() const override { return leitura_ ? leitura_->percent() : 100; }
+    std::size_t Quantos() const override { return lidos_.size(); }
     std::optional<ContactoDaFonte> Ler(std::size_t qual, std::vector<FaltaDaFonte> &faltas) override;
 
 private:
+    struct Lido {
+        ContactoDaFonte contacto;
+        bool e_grupo = false; // no person
+    };
+
+    void Tomar(const Card &cartao);
+    void Juntar_Os_Grupos(ContactoDaFonte &contacto) const;
     QByteArray Guardavel(const QByteArray &cartao) const;
 
     QByteArray codificacao_;
-    std::vector<Card> cartoes_;
+    std::optional<CardReading> leitura_; // nothing once all is read
+    std::vector<Card> por_tomar_;        // the last first
     ContactoDoCartao regras_;
+    std::deque<Lido> lidos_;
     QSet<qsizetype> vazios_;                         // lines of cards of which the file's faults tell that
+    std::vector<CardContent> grupos_;                // of the file
     QHash<QString, QStringList> grupos_do_ficheiro_; // by the UID of their members
 };
 

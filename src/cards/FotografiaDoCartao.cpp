@@ -13,6 +13,7 @@ struct Descodificada {
     QByteArray formato; // "jpeg", "png"…
 };
 
+// A drawing is none: it is a program of sorts, which nothing here shows.
 Descodificada Descodificar(const QByteArray &bytes)
 {
     QBuffer ficheiro;
@@ -22,6 +23,7 @@ Descodificada Descodificar(const QByteArray &bytes)
     leitor.setDecideFormatFromContent(true);
     leitor.setAutoTransform(true);
     const QByteArray formato = leitor.format();
+    if (formato.startsWith("svg")) return {};
     return {leitor.read(), formato};
 }
 } // namespace

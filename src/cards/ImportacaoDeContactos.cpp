@@ -1,5 +1,6 @@
 #include "cards/ImportacaoDeContactos.h"
 
+#include "cards/LinhaDaAgenda.h"
 #include "data/CartoesGuardados.h"
 #include "data/DE.h"
 #include "store/Row.h"
@@ -13,26 +14,6 @@ namespace
 {
 constexpr qint64 fatia = 8;    // ms of work at a time
 constexpr int da_agenda = 200; // rows read at a time
-
-using LugaresNaLinha = std::array<int, ColunasDoContacto::quantas>;
-
-LugaresNaLinha Lugares_Na_Linha(const Row &linha)
-{
-    LugaresNaLinha lugares{};
-    std::transform(ColunasDoContacto::na_tabela.begin(), ColunasDoContacto::na_tabela.end(), lugares.begin(),
-                   [&](const char *nome) { return linha.column(nome); });
-    return lugares;
-}
-
-ColunasDoContacto Colunas_Da_Linha(const Row &linha, const LugaresNaLinha &lugares)
-{
-    ColunasDoContacto colunas;
-    for (std::size_t i = 0; i < lugares.size(); ++i) {
-        const std::string_view valor = linha.utf8(lugares[i]);
-        colunas.valores[i] = QString::fromUtf8(valor.data(), static_cast<qsizetype>(valor.size()));
-    }
-    return colunas;
-}
 } // namespace
 
 Escolha ContactoAImportar::Por_Omissao(Veredicto veredicto)
@@ -57,9 +38,7 @@ ImportacaoDeContactos::ImportacaoDeContactos(DE &de, QString IdUtilizador, QStri
 void ImportacaoDeContactos::Abrir_Cartoes(const QByteArray &bytes, const QByteArray &codificacao,
                                           GruposDaImportacao grupos)
 {
-    fonte_ = std::make_unique<FonteDeCartoes>(bytes, codificacao, idioma_, std::move(grupos), faltas_);
-    contactos_.reserve(fonte_->Quantos());
-    regra_.Contar_Com(2 * fonte_->Quantos()); // with as many in the book
+    fonte_ = std::make_unique<FonteDeCartoes>(bytes, codificacao, idioma_, std::move(grupos));
 }
 
 void ImportacaoDeContactos::Abrir_Tabela(TabelaEscolhida tabela, GruposDaImportacao grupos)
@@ -72,7 +51,9 @@ bool ImportacaoDeContactos::Avancar()
     QElapsedTimer relogio;
     relogio.start();
     do {
-        if (!agenda_lida_)
+        if (!fonte_preparada_)
+            Preparar();
+        else if (!agenda_lida_)
             Ler_Da_Agenda();
         else if (lidos_ < fonte_->Quantos())
             Julgar(lidos_++);
@@ -80,6 +61,19 @@ bool ImportacaoDeContactos::Avancar()
             return Acabar();
     } while (relogio.elapsed() < fatia);
     return true;
+}
+
+void ImportacaoDeContactos::Preparar()
+{
+    constexpr int parte_de_cartoes = 50;
+    if (fonte_->Preparar(faltas_)) {
+        parte_da_fonte_ = parte_de_cartoes;
+        return;
+    }
+    fonte_preparada_ = true;
+    contactos_.reserve(fonte_->Quantos());
+    constexpr std::size_t livro_cheio = 32'767; // contacts
+    regra_.Contar_Com(2 * std::min(fonte_->Quantos(), livro_cheio)); // with as many in the book
 }
 
 bool ImportacaoDeContactos::Acabar()
@@ -92,10 +86,13 @@ bool ImportacaoDeContactos::Acabar()
 // How many the book has is not known before it is read; it is the quicker part.
 int ImportacaoDeContactos::Percentagem() const
 {
-    constexpr std::size_t parte_da_agenda = 10;
-    if (!agenda_lida_) return 0;
+    constexpr int parte_da_agenda = 10;
+    if (!fonte_preparada_) return parte_da_fonte_ * fonte_->Preparado() / 100;
+    if (!agenda_lida_) return parte_da_fonte_;
+    const int antes = parte_da_fonte_ + parte_da_agenda;
     const std::size_t todos = fonte_->Quantos();
-    return todos == 0 ? 100 : static_cast<int>(parte_da_agenda + (100 - parte_da_agenda) * lidos_ / todos);
+    return todos == 0 ? 100
+                      : antes + static_cast<int>(static_cast<std::size_t>(100 - antes) * lidos_ / todos);
 }
 
 void ImportacaoDeContactos::Ler_Da_Agenda()
@@ -107,17 +104,13 @@ void ImportacaoDeContactos::Ler_Da_Agenda()
         return;
     }
     const std::size_t antes = da_agenda_.size();
-    LugaresNaLinha lugares{};
-    int do_ID = 0;
+    std::optional<LugaresDaAgenda> lugares;
     de_.Percorrer_A_Vista(IdUtilizador_, antes == 0 ? 0 : da_agenda_.back(), da_agenda,
                           [&](const Row &linha) {
-                              if (da_agenda_.size() == antes) {
-                                  lugares = Lugares_Na_Linha(linha);
-                                  do_ID = linha.column("ID");
-                              }
-                              const qint64 ID = linha.number(do_ID);
+                              if (!lugares) lugares.emplace(linha);
+                              const qint64 ID = lugares->ID(linha);
                               da_agenda_.push_back(ID);
-                              regra_.Juntar(Colunas_Da_Linha(linha, lugares),
+                              regra_.Juntar(lugares->Colunas(linha),
                                             uids_.isEmpty() ? QString() : uids_.value(QString::number(ID)));
                           });
     agenda_lida_ = da_agenda_.size() == antes;
@@ -138,7 +131,7 @@ void ImportacaoDeContactos::Julgar(std::size_t qual)
     }
     if (contacto.escolha == Escolha::Juntar) {
         const std::size_t lugar = contacto.quem.front();
-        if (!por_completar_.contains(lugar)) por_completar_.insert(lugar, regra_.Quem(lugar));
+        por_completar_.try_emplace(lugar, regra_.Quem(lugar));
         regra_.Completar(lugar, decisao.completado);
     }
     contactos_.push_back(std::move(contacto));
@@ -152,7 +145,8 @@ ImportacaoDeContactos::Alguem ImportacaoDeContactos::Quem(std::size_t lugar) con
 
 ColunasDoContacto ImportacaoDeContactos::Colunas_De(std::size_t lugar) const
 {
-    return por_completar_.value(lugar, regra_.Quem(lugar));
+    const auto por_completar = por_completar_.find(lugar);
+    return por_completar == por_completar_.end() ? regra_.Quem(lugar) : por_completar->second;
 }
 
 Decisao ImportacaoDeContactos::Como_Fica(const ContactoAImportar &contacto) const

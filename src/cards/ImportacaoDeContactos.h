@@ -6,6 +6,7 @@
 #include "cards/RegraDosDuplicados.h"
 
 #include <QHash>
+#include <unordered_map>
 
 class DE;
 
@@ -60,6 +61,7 @@ public:
     Decisao Como_Fica(const ContactoAImportar &contacto) const;
 
 private:
+    void Preparar();
     void Ler_Da_Agenda();
     void Julgar(std::size_t qual);
     bool Acabar();
@@ -72,10 +74,13 @@ private:
     std::vector<ContactoAImportar> contactos_;
     std::vector<FaltaDaFonte> faltas_;
     RegraDosDuplicados regra_;
-    QHash<QString, QString> uids_;                        // of the kept cards, by the ID of their contact
-    std::vector<qint64> da_agenda_;                       // the IDs of those at the first places
-    std::vector<std::size_t> do_ficheiro_;                // those at the places behind
-    QHash<std::size_t, ColunasDoContacto> por_completar_; // those at places that the rule has completed
+    QHash<QString, QString> uids_;         // of the kept cards, by the ID of their contact
+    std::vector<qint64> da_agenda_;        // the IDs of those at the first places
+    std::vector<std::size_t> do_ficheiro_; // those at the places behind
+    // Those at places that the rule has completed, as they were.
+    std::unordered_map<std::size_t, ColunasDoContacto> por_completar_;
+    bool fonte_preparada_ = false;
+    int parte_da_fonte_ = 0; // percent of the work; a table has nothing to be prepared
     bool agenda_lida_ = false;
     bool uids_lidos_ = false;
 };

@@ -2,6 +2,7 @@
 
 #include "cards/BlocoDeObs.h"
 #include "cards/ChavesDoContacto.h"
+#include "cards/ColunasLivres.h"
 #include "cards/RotulosDoCartao.h"
 
 #include <algorithm>
@@ -16,13 +17,15 @@ bool Tem_Varias(Linha linha)
            linha == Linha::Email;
 }
 
+ChaveDoValor Chave_Da(Linha linha)
+{
+    return linha == Linha::Email ? ChavesDoContacto::Do_Email : ChavesDoContacto::Do_Numero;
+}
+
 // Two spellings of one number or mail are the same.
 QString Chave(Linha linha, const QString &valor)
 {
-    if (!Tem_Varias(linha)) return valor.trimmed();
-    const QString chave =
-        linha == Linha::Email ? ChavesDoContacto::Do_Email(valor) : ChavesDoContacto::Do_Numero(valor);
-    return chave.isEmpty() ? valor.trimmed() : chave;
+    return Tem_Varias(linha) ? Chave_Ou_Valor(Chave_Da(linha), valor) : valor.trimmed();
 }
 
 QStringList Chaves(Linha linha, const ColunasDoContacto &colunas)
@@ -74,24 +77,6 @@ void Copiar(ColunasDoContacto &para, const ColunasDoContacto &de, Linha linha)
         para[coluna] = de[coluna];
 }
 
-// Into the free columns of its kind; what finds none is returned.
-QStringList Encher(ColunasDoContacto &para, const ColunasDoContacto &de, Linha linha)
-{
-    QStringList sem_lugar;
-    const std::vector<Coluna> colunas = linhas_do_contacto::Colunas(linha);
-    for (const Coluna coluna : colunas) {
-        const QString &valor = de[coluna];
-        if (valor.trimmed().isEmpty() || Chaves(linha, para).contains(Chave(linha, valor))) continue;
-        const auto livre = std::find_if(colunas.begin(), colunas.end(),
-                                        [&](Coluna c) { return para[c].trimmed().isEmpty(); });
-        if (livre != colunas.end())
-            para[*livre] = valor;
-        else
-            sem_lugar << valor.trimmed();
-    }
-    return sem_lugar;
-}
-
 // A date in one line, an address too.
 QString Numa_Linha(const ColunasDoContacto &colunas, Linha linha)
 {
@@ -114,7 +99,9 @@ bool Completa_O_Ano(ColunasDoContacto &para, const ColunasDoContacto &de)
 
 QStringList Juntar_Linha(ColunasDoContacto &para, const ColunasDoContacto &de, Linha linha)
 {
-    if (Tem_Varias(linha)) return Encher(para, de, linha);
+    if (Tem_Varias(linha)) // a number of another kind may well be there too
+        return Encher_Livres(para, de, linhas_do_contacto::Colunas(linha), Chave_Da(linha),
+                             Chaves(linha, para));
     if (Vazia(linha, de) || linha == Linha::Grupo) return {};
     if (Vazia(linha, para)) {
         Copiar(para, de, linha);
@@ -123,16 +110,6 @@ QStringList Juntar_Linha(ColunasDoContacto &para, const ColunasDoContacto &de, L
     if (Chaves(linha, para) == Chaves(linha, de)) return {};
     if (linha == Linha::Aniversario && Completa_O_Ano(para, de)) return {};
     return {Numa_Linha(de, linha)};
-}
-
-QString Obs_De_Ambos(const QString &primeira, const QString &segunda, const QString &idioma)
-{
-    BlocoDeObs bloco = BlocoDeObs::Separar(primeira);
-    const BlocoDeObs outro = BlocoDeObs::Separar(segunda);
-    if (!bloco.nota.contains(outro.nota))
-        bloco.nota = bloco.nota.isEmpty() ? outro.nota : bloco.nota + u"\r\n"_s + outro.nota;
-    bloco.Juntar(outro.linhas);
-    return bloco.linhas.isEmpty() ? bloco.nota : bloco.Texto(idioma);
 }
 } // namespace
 
@@ -156,11 +133,10 @@ ColunasDoContacto JuncaoDeContactos::Juntos(const Escolhas &escolhas) const
         for (const QString &valor : Juntar_Linha(juntos, segundo_, linha))
             sem_lugar << rotulos_do_cartao::Em(Rotulo_Da_Linha(linha), idioma_) + u": "_s + valor;
     }
-    if (escolha(Linha::Obs) == Fica::Ambos)
-        juntos[Coluna::Obs] = Obs_De_Ambos(primeiro_[Coluna::Obs], segundo_[Coluna::Obs], idioma_);
-    if (sem_lugar.isEmpty()) return juntos;
+    BlocoDeObs novo;
+    if (escolha(Linha::Obs) == Fica::Ambos) novo = BlocoDeObs::Separar(segundo_[Coluna::Obs]);
+    novo.Juntar(sem_lugar);
     BlocoDeObs bloco = BlocoDeObs::Separar(juntos[Coluna::Obs]);
-    bloco.Juntar(sem_lugar);
-    juntos[Coluna::Obs] = bloco.Texto(idioma_);
+    if (bloco.Acrescentar(novo)) juntos[Coluna::Obs] = bloco.Texto(idioma_);
     return juntos;
 }

@@ -12,14 +12,13 @@ EspecieDeNumero Especie_Do_Numero(const CardEntry &entrada, const QString &numer
         return std::any_of(tipos.begin(), tipos.end(),
                            [&](QLatin1StringView tipo) { return entrada.types.contains(tipo); });
     };
-    QStringList ditos = entrada.types;
-    ditos.removeAll(u"pref"_s);
+    const auto ditos = entrada.types.size() - entrada.types.count(u"pref"_s);
     if (tem({"fax"_L1}) || entrada.label.contains("fax"_L1, Qt::CaseInsensitive)) return EspecieDeNumero::Fax;
-    if (tem({"cell"_L1, "mobile"_L1, "iphone"_L1}) || ditos == QStringList{u"msg"_s})
+    if (tem({"cell"_L1, "mobile"_L1, "iphone"_L1}) || (ditos == 1 && tem({"msg"_L1})))
         return EspecieDeNumero::Telemovel;
     if (tem({"pager"_L1})) return EspecieDeNumero::Pager;
     if (tem({"car"_L1, "video"_L1, "textphone"_L1, "isdn"_L1})) return EspecieDeNumero::OutroTelefone;
-    const bool sem_tipo = ditos.isEmpty() && entrada.label.isEmpty();
+    const bool sem_tipo = ditos == 0 && entrada.label.isEmpty();
     return sem_tipo && E_Telemovel_Portugues(numero) ? EspecieDeNumero::Telemovel : EspecieDeNumero::Telefone;
 }
 

@@ -1,9 +1,7 @@
 #include "cards/RegraDosDuplicados.h"
 
-#include "cards/BlocoDeObs.h"
+#include "cards/Completacao.h"
 #include "cards/NomeDobrado.h"
-#include "cards/NumeroDoCartao.h"
-#include "cards/RotulosDoCartao.h"
 
 #include <algorithm>
 #include <QSet>
@@ -12,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr qsizetype mais_da_mesma_chave = 3; // a switchboard, info@: it proves nothing of more contacts
+constexpr std::size_t mais_da_mesma_chave = 3; // a switchboard, info@: it proves nothing of more contacts
 
 QStringList Sem(QStringList chaves, const QStringList &outras)
 {
@@ -32,42 +30,11 @@ bool Outro_Aniversario(const ColunasDoContacto &um, const ColunasDoContacto &out
            (um[Coluna::Dia] != outro[Coluna::Dia] || um[Coluna::Mes] != outro[Coluna::Mes]);
 }
 
-// Numbers of a kind fill the free columns of that kind; what finds none becomes a line.
-void Encher(ColunasDoContacto &inteiras, QStringList &linhas, const ColunasDoContacto &novas,
-            std::span<const Coluna> colunas, QString (*chave)(const QString &), const QStringList &ja_la,
-            Rotulo rotulo, const QString &idioma)
+void Cada_Um_Uma_Vez(std::vector<std::size_t> &lugares)
 {
-    QStringList vistas = ja_la;
-    for (const Coluna coluna : colunas) {
-        const QString &valor = novas[coluna];
-        if (valor.isEmpty()) continue;
-        QString esta = chave(valor);
-        if (esta.isEmpty()) esta = valor.trimmed();
-        if (esta.isEmpty() || vistas.contains(esta)) continue;
-        vistas << esta;
-        const auto livre = std::find_if(colunas.begin(), colunas.end(),
-                                        [&](Coluna outra) { return inteiras[outra].isEmpty(); });
-        if (livre != colunas.end())
-            inteiras[*livre] = valor;
-        else
-            linhas << rotulos_do_cartao::Em(rotulo, idioma) + u": "_s + valor;
-    }
-}
-
-bool Tem_Obs_Novas(const ColunasDoContacto &novas, const ColunasDoContacto &outro)
-{
-    const BlocoDeObs dele = BlocoDeObs::Separar(outro[Coluna::Obs]);
-    const BlocoDeObs novo = BlocoDeObs::Separar(novas[Coluna::Obs]);
-    return !dele.nota.contains(novo.nota) ||
-           std::any_of(novo.linhas.begin(), novo.linhas.end(),
-                       [&](const QString &linha) { return !dele.linhas.contains(linha); });
-}
-
-bool Tem_Colunas_Novas(const ColunasDoContacto &novas, const ColunasDoContacto &outro)
-{
-    for (const Coluna coluna : {Coluna::Website, Coluna::Morada, Coluna::Dia, Coluna::Fotografia})
-        if (!novas[coluna].isEmpty() && outro[coluna].isEmpty()) return true;
-    return Tem_Obs_Novas(novas, outro);
+    if (lugares.size() < 2) return;
+    std::sort(lugares.begin(), lugares.end());
+    lugares.erase(std::unique(lugares.begin(), lugares.end()), lugares.end());
 }
 } // namespace
 
@@ -77,8 +44,8 @@ void RegraDosDuplicados::Contar_Com(std::size_t quantos)
 {
     todos_.reserve(quantos);
     chaves_.reserve(quantos);
-    for (Dicionario *dicionario : {&nomes_, &numeros_, &emails_})
-        dicionario->reserve(static_cast<qsizetype>(quantos));
+    for (DicionarioDeChaves *dicionario : {&nomes_, &numeros_, &emails_})
+        dicionario->Contar_Com(quantos);
     uids_.reserve(static_cast<qsizetype>(quantos));
 }
 
@@ -94,16 +61,16 @@ void RegraDosDuplicados::Juntar(ColunasDoContacto colunas, ChavesDoContacto as_s
     todos_.push_back(std::move(colunas));
     chaves_.push_back(std::move(as_suas));
     const Chaves &chaves = chaves_.back();
-    if (!chaves.nome.isEmpty()) nomes_[chaves.nome].push_back(lugar);
+    if (!chaves.nome.isEmpty()) nomes_.Apontar(chaves.nome, lugar);
     Apontar(numeros_, chaves.numeros, lugar);
     Apontar(emails_, chaves.emails, lugar);
     if (!uid.isEmpty()) uids_.insert(uid, lugar);
 }
 
-void RegraDosDuplicados::Apontar(Dicionario &dicionario, const QStringList &chaves, std::size_t lugar)
+void RegraDosDuplicados::Apontar(DicionarioDeChaves &dicionario, const QStringList &chaves, std::size_t lugar)
 {
     for (const QString &chave : chaves)
-        dicionario[chave].push_back(lugar);
+        dicionario.Apontar(chave, lugar);
 }
 
 // A completion takes nothing away and leaves the name, so there are only more keys than before.
@@ -116,17 +83,15 @@ void RegraDosDuplicados::Completar(std::size_t lugar, const ColunasDoContacto &c
     chaves_[lugar] = std::move(novas);
 }
 
-RegraDosDuplicados::Lugares RegraDosDuplicados::Com_Alguma(const Dicionario &dicionario,
+RegraDosDuplicados::Lugares RegraDosDuplicados::Com_Alguma(const DicionarioDeChaves &dicionario,
                                                            const QStringList &chaves)
 {
     Lugares lugares;
     for (const QString &chave : chaves) {
-        const auto achada = dicionario.constFind(chave);
-        if (achada == dicionario.constEnd() || achada->size() > mais_da_mesma_chave) continue;
-        lugares.insert(lugares.end(), achada->begin(), achada->end());
+        const Lugares achados = dicionario.Quem(chave, mais_da_mesma_chave);
+        lugares.insert(lugares.end(), achados.begin(), achados.end());
     }
-    std::sort(lugares.begin(), lugares.end());
-    lugares.erase(std::unique(lugares.begin(), lugares.end()), lugares.end());
+    Cada_Um_Uma_Vez(lugares);
     return lugares;
 }
 
@@ -178,58 +143,21 @@ bool RegraDosDuplicados::Ja_Esta_La(const ColunasDoContacto &colunas, std::size_
     return colunas[Coluna::Fotografia].isEmpty() || !dele[Coluna::Fotografia].isEmpty();
 }
 
-void RegraDosDuplicados::Completar(Decisao &decisao, const ColunasDoContacto &colunas) const
-{
-    const std::size_t outro = decisao.quem.front();
-    ColunasDoContacto &inteiras = decisao.completado;
-    QStringList linhas;
-    const auto encher = [&](EspecieDeNumero especie) {
-        Encher(inteiras, linhas, colunas, Colunas_Da_Especie(especie), ChavesDoContacto::Do_Numero,
-               chaves_[outro].numeros, Rotulo_Da_Especie(especie), idioma_);
-    };
-    encher(EspecieDeNumero::Telefone);
-    encher(EspecieDeNumero::Fax);
-    encher(EspecieDeNumero::Telemovel);
-    Encher(inteiras, linhas, colunas, ColunasDoContacto::emails, ChavesDoContacto::Do_Email,
-           chaves_[outro].emails, Rotulo::Email, idioma_);
-    for (const Coluna coluna : {Coluna::Website, Coluna::Morada, Coluna::Fotografia})
-        if (inteiras[coluna].isEmpty()) inteiras[coluna] = colunas[coluna];
-    if (inteiras[Coluna::Dia].isEmpty())
-        for (const Coluna coluna : {Coluna::Dia, Coluna::Mes, Coluna::Ano})
-            inteiras[coluna] = colunas[coluna];
-    const BlocoDeObs novo = BlocoDeObs::Separar(colunas[Coluna::Obs]);
-    BlocoDeObs bloco = BlocoDeObs::Separar(inteiras[Coluna::Obs]);
-    if (!bloco.nota.contains(novo.nota))
-        bloco.nota = bloco.nota.isEmpty() ? novo.nota : bloco.nota + u"\r\n"_s + novo.nota;
-    const QStringList antes = bloco.linhas;
-    bloco.Juntar(novo.linhas + linhas);
-    if (bloco.nota != BlocoDeObs::Separar(inteiras[Coluna::Obs]).nota || bloco.linhas != antes)
-        inteiras[Coluna::Obs] = bloco.Texto(idioma_);
-}
-
 Decisao RegraDosDuplicados::O_Mesmo(const ColunasDoContacto &colunas, const Chaves &chaves,
                                     std::size_t outro) const
 {
-    Decisao decisao{Veredicto::Igual, {outro}, todos_[outro], {}};
-    const bool tem_chaves_novas = !Sem(chaves.numeros, chaves_[outro].numeros).isEmpty() ||
-                                  !Sem(chaves.emails, chaves_[outro].emails).isEmpty();
-    if (!tem_chaves_novas && !Tem_Colunas_Novas(colunas, todos_[outro])) return decisao;
-    decisao.veredicto = Veredicto::Completa;
-    Completar(decisao, colunas);
-    for (std::size_t i = 0; i < ColunasDoContacto::quantas; ++i)
-        if (decisao.completado.valores[i] != todos_[outro].valores[i])
-            decisao.preenchidas.push_back(static_cast<Coluna>(i));
-    // All of it had been put into Obs before.
-    if (decisao.preenchidas.empty()) decisao.veredicto = Veredicto::Igual;
-    return decisao;
+    Completacao feita = Completado(todos_[outro], chaves_[outro], colunas, chaves, idioma_);
+    const Veredicto veredicto = feita.preenchidas.empty() ? Veredicto::Igual : Veredicto::Completa;
+    return {veredicto, {outro}, std::move(feita.colunas), std::move(feita.preenchidas)};
 }
 
 Decisao RegraDosDuplicados::Juntos(const QString &idioma, const ColunasDoContacto &colunas,
                                    const ColunasDoContacto &outro)
 {
-    RegraDosDuplicados regra(idioma);
-    regra.Juntar(outro);
-    return regra.O_Mesmo(colunas, Chaves::De(colunas), 0);
+    Completacao feita =
+        Completado(outro, Chaves::Sem_Nome(outro), colunas, Chaves::Sem_Nome(colunas), idioma);
+    const Veredicto veredicto = feita.preenchidas.empty() ? Veredicto::Igual : Veredicto::Completa;
+    return {veredicto, {0}, std::move(feita.colunas), std::move(feita.preenchidas)};
 }
 
 Decisao RegraDosDuplicados::Decidir(const ColunasDoContacto &colunas, const QString &uid) const
@@ -240,9 +168,7 @@ Decisao RegraDosDuplicados::Decidir(const ColunasDoContacto &colunas, const QStr
 Decisao RegraDosDuplicados::Decidir(const ColunasDoContacto &colunas, const ChavesDoContacto &chaves,
                                     const QString &uid) const
 {
-    const auto do_nome = chaves.nome.isEmpty() ? nomes_.constEnd() : nomes_.constFind(chaves.nome);
-    const Lugares mesmo_nome =
-        do_nome == nomes_.constEnd() ? Lugares() : Lugares(do_nome->begin(), do_nome->end());
+    const Lugares mesmo_nome = chaves.nome.isEmpty() ? Lugares() : nomes_.Quem(chaves.nome);
     const Lugares por_numero = Com_Alguma(numeros_, chaves.numeros);
     const Lugares por_email = Com_Alguma(emails_, chaves.emails);
     const auto do_uid = uid.isEmpty() ? uids_.constEnd() : uids_.constFind(uid);
@@ -255,9 +181,9 @@ Decisao RegraDosDuplicados::Decidir(const ColunasDoContacto &colunas, const Chav
         return O_Mesmo(colunas, chaves, certos.front());
     if (certos.size() == 1) return {Veredicto::Talvez, certos, {}, {}};
     Lugares talvez = certos;
-    for (const Lugares &mais : {mesmo_nome, por_numero, por_email})
-        talvez.insert(talvez.end(), mais.begin(), mais.end());
-    std::sort(talvez.begin(), talvez.end());
-    talvez.erase(std::unique(talvez.begin(), talvez.end()), talvez.end());
-    return {talvez.empty() ? Veredicto::Novo : Veredicto::Talvez, talvez, {}, {}};
+    for (const Lugares *mais : {&mesmo_nome, &por_numero, &por_email})
+        talvez.insert(talvez.end(), mais->begin(), mais->end());
+    Cada_Um_Uma_Vez(talvez);
+    const Veredicto veredicto = talvez.empty() ? Veredicto::Novo : Veredicto::Talvez;
+    return {veredicto, std::move(talvez), {}, {}};
 }

@@ -2,10 +2,10 @@
 
 #include "data/Geral.h"
 #include "platform/Caption.h"
+#include "platform/Failure.h"
+#include "platform/Picture.h"
 
 #include <algorithm>
-#include <QBuffer>
-#include <QImageReader>
 #include <QTextDocument>
 #include <QTextEdit>
 
@@ -78,19 +78,14 @@ void RetratoDoContacto::Linha(const QString &rotulo, const QString &valor, bool 
 
 void RetratoDoContacto::Fotografia(const QByteArray &bytes)
 {
-    QBuffer ficheiro;
-    ficheiro.setData(bytes);
-    ficheiro.open(QIODevice::ReadOnly);
-    QImageReader leitor(&ficheiro);
-    leitor.setDecideFormatFromContent(true);
-    leitor.setAutoTransform(true);
-    const QSize tamanho = leitor.size();
-    if (tamanho.width() > maior_fotografia || tamanho.height() > maior_fotografia)
-        leitor.setScaledSize(tamanho.scaled(maior_fotografia, maior_fotografia, Qt::KeepAspectRatio));
-    const QImage imagem = leitor.read();
-    if (imagem.isNull()) return;
-    cursor_.insertImage(imagem);
-    cursor_.insertBlock();
+    skipFailure([&] { // what is no picture is not shown
+        const Picture fotografia(bytes, QString());
+        QSize tamanho = fotografia.naturalSize();
+        if (tamanho.width() > maior_fotografia || tamanho.height() > maior_fotografia)
+            tamanho.scale(maior_fotografia, maior_fotografia, Qt::KeepAspectRatio);
+        cursor_.insertImage(fotografia.image(tamanho.expandedTo({1, 1})));
+        cursor_.insertBlock();
+    });
 }
 
 void RetratoDoContacto::Texto(const QString &texto)

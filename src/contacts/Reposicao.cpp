@@ -2,6 +2,7 @@
 
 #include "data/CartoesGuardados.h"
 #include "data/Geral.h"
+#include "data/LinhaComId.h"
 #include "platform/Failure.h"
 #include "platform/TextOrder.h"
 
@@ -15,8 +16,7 @@ constexpr std::string_view cartoes = "TblCartoes";
 
 std::optional<LinhaInteira> Grupo_Com_Id(DE &de, const QString &ID)
 {
-    LinhasInteiras linhas = ID.isEmpty() ? LinhasInteiras() : de.Ler_Inteiras(grupos, "ID", ID);
-    return linhas.empty() ? std::nullopt : std::optional(std::move(linhas.front()));
+    return ID.isEmpty() ? std::nullopt : Linha_Com_Id(de, grupos, ID);
 }
 
 // The group a contact lies in and its presence change by themselves; all else makes it the same contact.
@@ -31,9 +31,8 @@ bool Iguais(LinhaInteira a, LinhaInteira b)
 QString Repor_Linha(DE &de, std::string_view tabela, LinhaInteira linha, Numero numero)
 {
     QString ID = linha_inteira::Texto(linha, "ID");
-    const LinhasInteiras aqui = de.Ler_Inteiras(tabela, "ID", ID);
-    if (!aqui.empty()) {
-        if (Iguais(aqui.front(), linha)) return ID;
+    if (const std::optional<LinhaInteira> aqui = Linha_Com_Id(de, tabela, ID)) {
+        if (Iguais(*aqui, linha)) return ID;
         if (numero == Numero::OMesmo) throw NumeroOcupado();
         linha["ID"] = std::monostate();
     }
@@ -88,10 +87,9 @@ LinhaInteira Grupo_A_Vista(Geral &geral, const LinhaInteira &antes)
 
 LinhaInteira Contacto_Com_Id(DE &de, const QString &ID)
 {
-    LinhasInteiras linhas = de.Ler_Inteiras(lista, "ID", ID);
-    if (linhas.empty())
-        throw Failure(Failure::StoreError, ID, QStringLiteral("No contact has the ID %1").arg(ID));
-    return std::move(linhas.front());
+    std::optional<LinhaInteira> linha = Linha_Com_Id(de, lista, ID);
+    if (!linha) throw Failure(Failure::StoreError, ID, QStringLiteral("No contact has the ID %1").arg(ID));
+    return std::move(*linha);
 }
 
 // As it was before it took in the other, unless somebody has changed it since. Returns whether it is.

@@ -66,6 +66,7 @@ void ScrolledForm::fit()
 void ScrolledForm::wrap()
 {
     QWidget *const focus = form_.focusWidget();
+    const QSize before = form_.size();
     area_ = new QScrollArea(&form_);
     area_->setFrameShape(QFrame::NoFrame);
     area_->setWidgetResizable(true);
@@ -76,7 +77,7 @@ void ScrolledForm::wrap()
         wrapChildren();
     area_->show(); // the form shows its children before it is told that it is shown itself
     release(form_);
-    shrinkToRoom();
+    shrinkToRoom(before);
     if (focus != nullptr) focus->setFocus();
 }
 
@@ -112,19 +113,24 @@ void ScrolledForm::followFixedHeight()
     if (fixed == 0 || qobject_cast<QMainWindow *>(&form_) != nullptr) return;
     area_->widget()->setFixedHeight(fixed);
     release(form_);
-    shrinkToRoom();
+    shrinkToRoom({});
     moveOntoScreen();
 }
 
-void ScrolledForm::shrinkToRoom()
+// What outgrows the screen in one direction keeps its size in the other: at its least it would scroll both
+// ways, for a text that is broken into lines is taller in a narrow place than its least size says.
+void ScrolledForm::shrinkToRoom(QSize least)
 {
     const QWidget &content = *area_->widget();
     const QSize above(0, form_.layout()->totalMinimumSize().height() - area_->minimumSizeHint().height());
     QSize wanted = content.minimumSizeHint().expandedTo(content.minimumSize()) + above;
     const QSize most = room();
     const int bar = area_->verticalScrollBar()->sizeHint().width();
-    if (wanted.height() > most.height()) wanted.rwidth() += bar;
-    if (wanted.width() > most.width()) wanted.rheight() += bar;
+    const bool isHigh = wanted.height() > most.height();
+    const bool isWide = wanted.width() > most.width();
+    wanted = wanted.expandedTo(least);
+    if (isHigh) wanted.rwidth() += bar;
+    if (isWide) wanted.rheight() += bar;
     form_.resize(wanted.boundedTo(most));
 }
 

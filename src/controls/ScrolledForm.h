@@ -5,6 +5,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QSize>
 
 class QScrollArea;
 class QWidget;
@@ -28,7 +29,7 @@ private:
     void wrapCentre();
     void wrapChildren();
     void followFixedHeight();
-    void shrinkToRoom();
+    void shrinkToRoom(QSize least);
     void moveOntoScreen();
 
     QWidget &form_;

@@ -4,6 +4,7 @@
 #include <array>
 #include <QFile>
 #include <QRegularExpression>
+#include <QVarLengthArray>
 
 using namespace Qt::StringLiterals;
 
@@ -171,17 +172,19 @@ const std::array<QString, foldedAlone> &foldedSigns()
 
 QString foldedSignBySign(const QString &text)
 {
+    constexpr qsizetype most = 3; // that one sign becomes
     const std::array<QString, foldedAlone> &signs = foldedSigns();
-    QString plain;
-    plain.reserve(text.size());
+    QVarLengthArray<QChar, 256> plain(most * text.size());
+    QChar *const begin = plain.data();
+    QChar *end = begin;
     bool isApart = false; // from the word before
     for (const QChar sign : text)
         for (const QChar each : signs[sign.unicode()]) {
-            if (each != u' ' && isApart && !plain.isEmpty()) plain += u' ';
+            if (each != u' ' && isApart && end != begin) *end++ = u' ';
             isApart = each == u' ';
-            if (!isApart) plain += each;
+            if (!isApart) *end++ = each;
         }
-    return plain;
+    return QString(begin, end - begin);
 }
 } // namespace
 

@@ -2,6 +2,7 @@
 
 #include "platform/Failure.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -20,12 +21,25 @@ namespace
                   QStringLiteral("\"%1\" is no %2").arg(text, QLatin1String(type)));
 }
 
+bool isAsciiBlank(QChar sign) { return sign == u' ' || (sign >= u'\t' && sign <= u'\r'); }
+
+// Written by hand: the IDs of a large import are texts, and a pattern costs as much as writing the row.
+bool isWholeNumber(QStringView text)
+{
+    while (!text.isEmpty() && isAsciiBlank(text.front()))
+        text = text.sliced(1);
+    while (!text.isEmpty() && isAsciiBlank(text.back()))
+        text.chop(1);
+    if (text.startsWith(u'+') || text.startsWith(u'-')) text = text.sliced(1);
+    return !text.isEmpty() &&
+           std::all_of(text.begin(), text.end(), [](QChar sign) { return sign >= u'0' && sign <= u'9'; });
+}
+
 qint64 toLong(const QString &text)
 {
-    static const QRegularExpression shape(QStringLiteral("^\\s*[+-]?[0-9]+\\s*$"));
     bool fits = false;
-    const int number = text.trimmed().toInt(&fits);
-    if (!shape.match(text).hasMatch() || !fits) raiseMismatch(text, "whole number of 32 bits");
+    const int number = QStringView(text).trimmed().toInt(&fits);
+    if (!fits || !isWholeNumber(text)) raiseMismatch(text, "whole number of 32 bits");
     return number;
 }
 

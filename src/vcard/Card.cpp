@@ -6,7 +6,12 @@ using namespace Qt::StringLiterals;
 
 Card::Card(QByteArray file, CardProperty::Place begin) : file_(std::move(file)), begin_(begin) {}
 
-void Card::add(CardProperty property) { properties_.push_back(std::move(property)); }
+void Card::add(CardProperty property)
+{
+    constexpr std::size_t usual = 7; // most cards have no more: room for them at once
+    if (properties_.empty()) properties_.reserve(usual);
+    properties_.push_back(std::move(property));
+}
 
 bool Card::joinRow(QByteArrayView row, qsizetype end)
 {

@@ -4,8 +4,7 @@
 #include "vcard/CardGroups.h"
 
 #include <algorithm>
-#include <functional>
-#include <map>
+#include <iterator>
 #include <numeric>
 #include <QUrl>
 
@@ -68,12 +67,9 @@ bool isProgramsOwn(const QByteArray &name)
     return name == "VERSION" || name == "X-ABLABEL" || name == "BEGIN" || name == "END";
 }
 
-using Take = std::function<void(CardContent &, const Card &, const CardProperty &)>;
-
 void takeKind(CardContent &content, const Card &, const CardProperty &property)
 {
-    content.isGroup =
-        content.isGroup || property.text().trimmed().compare("group"_L1, Qt::CaseInsensitive) == 0;
+    content.isGroup = content.isGroup || isGroupKind(property);
 }
 
 void takeMember(CardContent &content, const Card &, const CardProperty &property)
@@ -81,73 +77,77 @@ void takeMember(CardContent &content, const Card &, const CardProperty &property
     content.members << plainUid(property.text());
 }
 
-const std::map<QByteArray, Take> &takers()
-{
-    static const std::map<QByteArray, Take> table{
-        {"N",
-         [](CardContent &content, const Card &, const CardProperty &property) {
-             if (!content.name) content.name = nameOf(property);
-         }},
-        {"NICKNAME", [](CardContent &content, const Card &,
-                        const CardProperty &property) { takeList(content.nicknames, property); }},
-        {"ORG",
-         [](CardContent &content, const Card &, const CardProperty &property) {
-             if (content.organisation.isEmpty()) content.organisation = property.parts();
-         }},
-        {"TEL", [](CardContent &content, const Card &card,
-                   const CardProperty &property) { content.phones.push_back(entryOf(card, property)); }},
-        {"EMAIL", [](CardContent &content, const Card &card,
-                     const CardProperty &property) { content.emails.push_back(entryOf(card, property)); }},
-        {"URL", [](CardContent &content, const Card &card,
-                   const CardProperty &property) { content.websites.push_back(websiteOf(card, property)); }},
-        {"NOTE",
-         [](CardContent &content, const Card &card, const CardProperty &property) {
-             CardEntry note = entryOf(card, property);
-             note.value = property.text(); // its line breaks and indents are the person's
-             content.notes.push_back(note);
-         }},
-        {"ADR", [](CardContent &content, const Card &card,
-                   const CardProperty &property) { content.addresses.push_back(addressOf(card, property)); }},
-        {"LABEL", [](CardContent &content, const Card &,
-                     const CardProperty &property) { content.addressLabels.push_back(property.text()); }},
-        {"BDAY",
-         [](CardContent &content, const Card &, const CardProperty &property) {
-             if (CardBirthday birthday = birthdayOf(property); !birthday.text.isEmpty())
-                 content.birthdays.push_back(birthday);
-         }},
-        {"CATEGORIES", [](CardContent &content, const Card &,
-                          const CardProperty &property) { takeList(content.categories, property); }},
-        {"PHOTO",
-         [](CardContent &content, const Card &, const CardProperty &property) {
-             if (auto photo = cardPhoto(property)) content.photos.push_back(*photo);
-         }},
-        {"UID",
-         [](CardContent &content, const Card &, const CardProperty &property) {
-             if (!content.uid) content.uid = property.text().trimmed();
-         }},
-        {"KIND", takeKind},
-        {"X-ADDRESSBOOKSERVER-KIND", takeKind},
-        {"MEMBER", takeMember},
-        {"X-ADDRESSBOOKSERVER-MEMBER", takeMember},
-    };
-    return table;
-}
+struct Taker {
+    QByteArrayView name;
+    void (*take)(CardContent &, const Card &, const CardProperty &);
+};
 
+// Those that most cards have stand first.
+constexpr Taker takers[]{
+    {"TEL", [](CardContent &content, const Card &card,
+               const CardProperty &property) { content.phones.push_back(entryOf(card, property)); }},
+    {"EMAIL", [](CardContent &content, const Card &card,
+                 const CardProperty &property) { content.emails.push_back(entryOf(card, property)); }},
+    {"N",
+     [](CardContent &content, const Card &, const CardProperty &property) {
+         if (!content.name) content.name = nameOf(property);
+     }},
+    {"ADR", [](CardContent &content, const Card &card,
+               const CardProperty &property) { content.addresses.push_back(addressOf(card, property)); }},
+    {"UID",
+     [](CardContent &content, const Card &, const CardProperty &property) {
+         if (!content.uid) content.uid = property.text().trimmed();
+     }},
+    {"ORG",
+     [](CardContent &content, const Card &, const CardProperty &property) {
+         if (content.organisation.isEmpty()) content.organisation = property.parts();
+     }},
+    {"URL", [](CardContent &content, const Card &card,
+               const CardProperty &property) { content.websites.push_back(websiteOf(card, property)); }},
+    {"NOTE",
+     [](CardContent &content, const Card &card, const CardProperty &property) {
+         CardEntry note = entryOf(card, property);
+         note.value = property.text(); // its line breaks and indents are the person's
+         content.notes.push_back(std::move(note));
+     }},
+    {"BDAY",
+     [](CardContent &content, const Card &, const CardProperty &property) {
+         if (CardBirthday birthday = birthdayOf(property); !birthday.text.isEmpty())
+             content.birthdays.push_back(std::move(birthday));
+     }},
+    {"PHOTO",
+     [](CardContent &content, const Card &, const CardProperty &property) {
+         if (auto photo = cardPhoto(property)) content.photos.push_back(std::move(*photo));
+     }},
+    {"CATEGORIES", [](CardContent &content, const Card &,
+                      const CardProperty &property) { takeList(content.categories, property); }},
+    {"NICKNAME", [](CardContent &content, const Card &,
+                    const CardProperty &property) { takeList(content.nicknames, property); }},
+    {"LABEL", [](CardContent &content, const Card &,
+                 const CardProperty &property) { content.addressLabels.push_back(property.text()); }},
+    {"KIND", takeKind},
+    {"X-ADDRESSBOOKSERVER-KIND", takeKind},
+    {"MEMBER", takeMember},
+    {"X-ADDRESSBOOKSERVER-MEMBER", takeMember},
+};
+
+// Of several the one that is liked best, then the first.
 std::optional<QString> formattedNameOf(const Card &card)
 {
-    const std::vector<const CardProperty *> names = card.all("FN");
-    if (names.empty()) return {};
-    const auto best =
-        std::min_element(names.begin(), names.end(), [](const CardProperty *a, const CardProperty *b) {
-            return a->preference() < b->preference();
-        });
-    return (*best)->text().trimmed();
+    const CardProperty *best = nullptr;
+    for (const CardProperty &property : card.properties()) {
+        if (property.name() != "FN") continue;
+        if (best == nullptr || property.preference() < best->preference()) best = &property;
+    }
+    if (best == nullptr) return {};
+    return best->text().trimmed();
 }
 
 template<class Entry> std::vector<std::size_t> ordered(const std::vector<Entry> &entries)
 {
     std::vector<std::size_t> order(entries.size());
     std::iota(order.begin(), order.end(), std::size_t{0});
+    if (order.size() < 2) return order;
     std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
         return entries[a].preference < entries[b].preference;
     });
@@ -160,27 +160,34 @@ CardContent contentOf(const Card &card)
     CardContent content;
     content.formattedName = formattedNameOf(card);
     for (const CardProperty &property : card.properties()) {
-        const auto taker = takers().find(property.name());
-        if (taker != takers().end())
-            taker->second(content, card, property);
-        else if (property.name() != "FN" && !isProgramsOwn(property.name()))
-            content.others.push_back({property.name(), entryOf(card, property)});
+        const QByteArray &name = property.name();
+        if (name == "FN" || isProgramsOwn(name)) continue;
+        const auto *taker = std::find_if(std::begin(takers), std::end(takers),
+                                         [&](const Taker &each) { return each.name == name; });
+        if (taker != std::end(takers))
+            taker->take(content, card, property);
+        else
+            content.others.push_back({name, entryOf(card, property)});
     }
     return content;
 }
 
+QString spokenName(const CardName &name)
+{
+    QStringList parts{name.prefix, name.given, name.middle, name.family, name.suffix};
+    parts.removeAll(QString());
+    return parts.join(u' ');
+}
+
 QString shownName(const CardContent &content)
 {
-    const CardName name = content.name.value_or(CardName());
-    QStringList spoken{name.prefix, name.given, name.middle, name.family, name.suffix};
-    spoken.removeAll(QString());
-    for (const QString &candidate :
-         {content.formattedName.value_or(QString()), spoken.join(u' '), content.nicknames.value(0),
-          content.organisation.value(0).trimmed(),
-          content.emails.empty() ? QString() : content.emails.front().value,
-          content.phones.empty() ? QString() : phoneNumber(content.phones.front().value)})
-        if (!candidate.trimmed().isEmpty()) return candidate.trimmed();
-    return {};
+    QString name = content.formattedName.value_or(QString()).trimmed();
+    if (name.isEmpty() && content.name) name = spokenName(*content.name).trimmed();
+    if (name.isEmpty()) name = content.nicknames.value(0).trimmed();
+    if (name.isEmpty()) name = content.organisation.value(0).trimmed();
+    if (name.isEmpty() && !content.emails.empty()) name = content.emails.front().value.trimmed();
+    if (name.isEmpty() && !content.phones.empty()) name = phoneNumber(content.phones.front().value).trimmed();
+    return name;
 }
 
 std::vector<std::size_t> byPreference(const std::vector<CardEntry> &entries) { return ordered(entries); }

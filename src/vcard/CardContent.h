@@ -86,6 +86,9 @@ struct CardContent {
 
 CardContent contentOf(const Card &card);
 
+// The parts of a name in the order in which they are said; those that are empty leave no gap.
+QString spokenName(const CardName &name);
+
 // The name to be shown: the formatted one, else that of its parts as it is spoken, else the first that is
 // there of nickname, firm, mail and number. Empty if there is none.
 QString shownName(const CardContent &content);

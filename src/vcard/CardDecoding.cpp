@@ -106,6 +106,7 @@ std::vector<QByteArrayView> piecesOf(QByteArrayView value, char separator)
 QStringList piecesOf(const QString &value, QChar separator)
 {
     QStringList pieces;
+    pieces.reserve(value.count(separator) + 1);
     eachPiece(value, separator, QChar(u'\\'),
               [&](qsizetype begin, qsizetype length) { pieces << value.sliced(begin, length); });
     return pieces;

@@ -1,8 +1,22 @@
 #include "vcard/CardGroups.h"
 
+#include "vcard/Card.h"
 #include "vcard/CardContent.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
+
+bool isGroupKind(const CardProperty &property)
+{
+    return (property.name() == "KIND" || property.name() == "X-ADDRESSBOOKSERVER-KIND") &&
+           property.text().trimmed().compare("group"_L1, Qt::CaseInsensitive) == 0;
+}
+
+bool isGroupCard(const Card &card)
+{
+    return std::any_of(card.properties().begin(), card.properties().end(), isGroupKind);
+}
 
 QString plainUid(const QString &uid)
 {

@@ -6,7 +6,15 @@
 #include <QStringList>
 #include <vector>
 
+class Card;
+class CardProperty;
 struct CardContent;
+
+// A property by which a card says that it stands for a group.
+bool isGroupKind(const CardProperty &property);
+
+// Whether the card says that it stands for a group; the same as in its content, for little.
+bool isGroupCard(const Card &card);
 
 // A UID without the ways in which a reference to it is decorated ("urn:uuid:…").
 QString plainUid(const QString &uid);

@@ -66,6 +66,7 @@ void CardLines::append(Line &line, QByteArrayView bytes)
 {
     if (!isJoined_) joined_ = line.bytes.toByteArray();
     isJoined_ = true;
+    line.joined = true;
     if (joined_.size() + bytes.size() > longestProperty)
         line.tooLong = true;
     else
@@ -128,7 +129,7 @@ bool CardLines::next(Line &line)
     do {
         if (at_ >= file_.size()) return false;
         row = rowAt(at_);
-        line = {row.bytes, number_, at_, at_, row.bytes.size() > longestProperty};
+        line = {row.bytes, number_, at_, at_, row.bytes.size() > longestProperty, false};
         take(line, row);
     } while (row.bytes.trimmed().isEmpty());
     isJoined_ = false;

@@ -17,6 +17,7 @@ public:
         qsizetype begin = 0;  // its bytes in the file, line ends included
         qsizetype end = 0;
         bool tooLong = false; // bytes hold no more than its beginning
+        bool joined = false;  // of several rows: bytes are not the file's own
     };
 
     // The bytes must live as long as this.

@@ -22,17 +22,40 @@ qsizetype outsideQuotes(QByteArrayView line, char sign, qsizetype from)
     return quoted ? line.indexOf(sign, from) : -1;
 }
 
-constexpr std::array<const char *, 40> knownNames{
-    "BEGIN",  "END",    "VERSION",    "FN",    "N",           "NICKNAME",    "PHOTO", "BDAY",
-    "ADR",    "LABEL",  "TEL",        "EMAIL", "MAILER",      "TZ",          "GEO",   "TITLE",
-    "ROLE",   "LOGO",   "AGENT",      "ORG",   "NOTE",        "REV",         "SOUND", "URL",
-    "UID",    "KEY",    "CATEGORIES", "CLASS", "PRODID",      "SORT-STRING", "IMPP",  "KIND",
-    "MEMBER", "SOURCE", "GENDER",     "LANG",  "ANNIVERSARY", "RELATED",     "FBURL", "CALURI"};
+// Shared by all properties of their names: nearly every one has one of these.
+const std::array<QByteArray, 40> &knownNames()
+{
+    static const std::array<QByteArray, 40> names{
+        "BEGIN",  "END",    "VERSION",    "FN",    "N",           "NICKNAME",    "PHOTO", "BDAY",
+        "ADR",    "LABEL",  "TEL",        "EMAIL", "MAILER",      "TZ",          "GEO",   "TITLE",
+        "ROLE",   "LOGO",   "AGENT",      "ORG",   "NOTE",        "REV",         "SOUND", "URL",
+        "UID",    "KEY",    "CATEGORIES", "CLASS", "PRODID",      "SORT-STRING", "IMPP",  "KIND",
+        "MEMBER", "SOURCE", "GENDER",     "LANG",  "ANNIVERSARY", "RELATED",     "FBURL", "CALURI"};
+    return names;
+}
+
+// Null for an unknown one.
+const QByteArray *knownName(QByteArrayView name)
+{
+    const auto &names = knownNames();
+    const auto found = std::find_if(names.begin(), names.end(), [&](const QByteArray &known) {
+        return known.size() == name.size() && name.compare(known, Qt::CaseInsensitive) == 0;
+    });
+    return found == names.end() ? nullptr : &*found;
+}
 
 bool isNameSign(char sign)
 {
     return (sign >= 'A' && sign <= 'Z') || (sign >= 'a' && sign <= 'z') || (sign >= '0' && sign <= '9') ||
            sign == '-' || sign == '_';
+}
+
+QByteArray nameOfParameter(QByteArrayView name)
+{
+    static const std::array<QByteArray, 5> usual{"TYPE", "ENCODING", "CHARSET", "VALUE", "PREF"};
+    for (const QByteArray &each : usual)
+        if (each == name) return each;
+    return name.toByteArray().toUpper();
 }
 
 // What the bare words of older cards stand for: TEL;CELL, NOTE;QUOTED-PRINTABLE, PHOTO;URL.
@@ -45,30 +68,39 @@ QByteArray nameOfBareWord(const QByteArray &upper)
     return "TYPE";
 }
 
-QByteArrayList parameterValues(QByteArrayView text)
+QByteArray bytesOf(QByteArrayView view, CardBytes bytes)
 {
-    text = text.trimmed();
-    if (text.size() >= 2 && text.startsWith('"') && text.endsWith('"') && text.count('"') == 2)
-        return {text.sliced(1, text.size() - 2).toByteArray()};
-    QByteArrayList values;
-    for (qsizetype at = 0; at <= text.size();) {
-        qsizetype comma = outsideQuotes(text, ',', at);
-        if (comma < 0) comma = text.size();
-        QByteArray value = text.sliced(at, comma - at).toByteArray();
-        values << value.replace('"', "").trimmed();
-        at = comma + 1;
+    return bytes == CardBytes::Lasting ? QByteArray::fromRawData(view.data(), view.size())
+                                       : view.toByteArray();
+}
+
+// In lower case; the usual ones share one text.
+QString lowerType(QByteArrayView type)
+{
+    static const std::array usual{u"cell"_s, u"home"_s, u"work"_s,     u"voice"_s, u"pref"_s,
+                                  u"fax"_s,  u"main"_s, u"internet"_s, u"mobile"_s};
+    for (const QString &each : usual)
+        if (each.size() == type.size() && QLatin1StringView(type).compare(each, Qt::CaseInsensitive) == 0)
+            return each;
+    return QString::fromUtf8(type).toLower();
+}
+
+// A value in quotation marks may hold several.
+void takeTypes(QStringList &types, QByteArrayView value)
+{
+    for (;;) {
+        const qsizetype comma = value.indexOf(',');
+        const QByteArrayView type = (comma < 0 ? value : value.first(comma)).trimmed();
+        if (!type.isEmpty()) types << lowerType(type);
+        if (comma < 0) return;
+        value = value.sliced(comma + 1);
     }
-    return values;
 }
 } // namespace
 
-bool isKnownCardProperty(QByteArrayView name)
-{
-    return std::any_of(knownNames.begin(), knownNames.end(),
-                       [&](const char *known) { return name.compare(known, Qt::CaseInsensitive) == 0; });
-}
+bool isKnownCardProperty(QByteArrayView name) { return knownName(name) != nullptr; }
 
-CardHead::CardHead(QByteArrayView line)
+CardHead::CardHead(QByteArrayView line, CardBytes bytes) : bytes_(bytes)
 {
     constexpr qsizetype longest =
         qsizetype{64} * 1024; // no head is that long, and one that is would fill the memory
@@ -84,7 +116,7 @@ CardHead::CardHead(QByteArrayView line)
         isFirst = false;
         at = end + 1;
     }
-    if (!name_.isEmpty()) length_ = colon;
+    if (!name_.isEmpty()) length_ = static_cast<qint32>(colon);
 }
 
 void CardHead::readName(QByteArrayView text)
@@ -98,7 +130,27 @@ void CardHead::readName(QByteArrayView text)
     }
     if (!std::all_of(name.begin(), name.end(), isNameSign)) return;
     if (dot > 0) group_ = text.first(dot).trimmed().toByteArray();
-    name_ = name.toByteArray().toUpper();
+    const QByteArray *known = knownName(name);
+    name_ = known != nullptr ? *known : name.toByteArray().toUpper();
+}
+
+// Quotation marks are no part of a value, and between them a comma divides nothing.
+QByteArrayList CardHead::valuesIn(QByteArrayView text) const
+{
+    text = text.trimmed();
+    if (!text.contains('"') && !text.contains(',')) return {bytesOf(text, bytes_)};
+    if (text.size() >= 2 && text.startsWith('"') && text.endsWith('"') && text.count('"') == 2)
+        return {bytesOf(text.sliced(1, text.size() - 2), bytes_)};
+    QByteArrayList values;
+    for (qsizetype at = 0; at <= text.size();) {
+        qsizetype comma = outsideQuotes(text, ',', at);
+        if (comma < 0) comma = text.size();
+        const QByteArrayView value = text.sliced(at, comma - at).trimmed();
+        values << (value.contains('"') ? value.toByteArray().replace('"', "").trimmed()
+                                       : bytesOf(value, bytes_));
+        at = comma + 1;
+    }
+    return values;
 }
 
 void CardHead::readParameter(QByteArrayView text)
@@ -106,11 +158,11 @@ void CardHead::readParameter(QByteArrayView text)
     if (text.isEmpty()) return;
     const qsizetype equals = text.indexOf('=');
     if (equals > 0) {
-        const QByteArray name = text.first(equals).trimmed().toByteArray().toUpper();
-        parameters_.push_back({name, parameterValues(text.sliced(equals + 1))});
+        parameters_.push_back(
+            {nameOfParameter(text.first(equals).trimmed()), valuesIn(text.sliced(equals + 1))});
         return;
     }
-    const QByteArrayList values = parameterValues(text);
+    const QByteArrayList values = valuesIn(text);
     const QByteArray name = nameOfBareWord(values.constFirst().toUpper());
     parameters_.push_back({name, values});
 }
@@ -130,29 +182,31 @@ QByteArray CardHead::value(QByteArrayView parameter) const
     return {};
 }
 
-bool CardHead::isQuotedPrintable() const
+bool CardHead::isEncoded(std::initializer_list<const char *> names) const
 {
-    const QByteArrayList encodings = values("ENCODING");
-    return std::any_of(encodings.begin(), encodings.end(), [](const QByteArray &encoding) {
-        return encoding.compare("QUOTED-PRINTABLE", Qt::CaseInsensitive) == 0 ||
-               encoding.compare("Q", Qt::CaseInsensitive) == 0;
+    const auto isNamed = [&](const QByteArray &encoding) {
+        return std::any_of(names.begin(), names.end(), [&](const char *name) {
+            return encoding.compare(name, Qt::CaseInsensitive) == 0;
+        });
+    };
+    return std::any_of(parameters_.begin(), parameters_.end(), [&](const CardParameter &parameter) {
+        return parameter.name == "ENCODING" &&
+               std::any_of(parameter.values.begin(), parameter.values.end(), isNamed);
     });
 }
 
+bool CardHead::isQuotedPrintable() const { return isEncoded({"QUOTED-PRINTABLE", "Q"}); }
+
 bool CardHead::isBase64() const
 {
-    const auto isNamed = [](const QByteArray &encoding) {
-        return encoding.compare("BASE64", Qt::CaseInsensitive) == 0 ||
-               encoding.compare("B", Qt::CaseInsensitive) == 0;
-    };
-    const QByteArrayList encodings = values("ENCODING");
-    return std::any_of(encodings.begin(), encodings.end(), isNamed) ||
-           (encodings.isEmpty() && value("VALUE").compare("BINARY", Qt::CaseInsensitive) == 0);
+    return isEncoded({"BASE64", "B"}) ||
+           (values("ENCODING").isEmpty() && value("VALUE").compare("BINARY", Qt::CaseInsensitive) == 0);
 }
 
-CardProperty::CardProperty(CardHead head, QByteArrayView line, Place place, QByteArray fallbackCharset)
+CardProperty::CardProperty(CardHead head, QByteArrayView line, Place place,
+                           std::shared_ptr<const QByteArray> fallbackCharset, CardBytes bytes)
     : head_(std::move(head)),
-      value_(line.sliced(head_.length() + 1).toByteArray()),
+      value_(bytesOf(line.sliced(head_.length() + 1), bytes)),
       place_(place),
       fallback_(std::move(fallbackCharset))
 {
@@ -161,11 +215,14 @@ CardProperty::CardProperty(CardHead head, QByteArrayView line, Place place, QByt
 QStringList CardProperty::types() const
 {
     QStringList types;
-    for (const QByteArray &value : head_.values("TYPE"))
-        for (const QByteArray &type : value.split(','))
-            if (!type.trimmed().isEmpty()) types << QString::fromUtf8(type.trimmed()).toLower();
-    types.sort();
-    types.removeDuplicates();
+    for (const CardParameter &parameter : head_.parameters()) {
+        if (parameter.name != "TYPE") continue;
+        for (const QByteArray &value : parameter.values)
+            takeTypes(types, value);
+    }
+    if (types.size() < 2) return types;
+    std::sort(types.begin(), types.end());
+    types.erase(std::unique(types.begin(), types.end()), types.end());
     return types;
 }
 
@@ -183,14 +240,14 @@ QByteArray CardProperty::decodedBytes() const
 {
     if (head_.isQuotedPrintable()) return decodedQuotedPrintable(value_);
     if (head_.isBase64()) return decodedBase64(value_);
-    return value_;
+    return QByteArrayView(value_).toByteArray(); // they may outlive the card
 }
 
 QString CardProperty::text() const
 {
     const bool isQuoted = head_.isQuotedPrintable();
     const QByteArray bytes = isQuoted ? decodedQuotedPrintable(value_) : value_;
-    QString text = cardText(bytes, charsetOfCardBytes(bytes, head_.value("CHARSET"), fallback_));
+    QString text = cardText(bytes, charsetOfCardBytes(bytes, head_.value("CHARSET"), *fallback_));
     if (isQuoted) text.replace("\r\n"_L1, "\n"_L1);
     return text.contains(u'\\') ? unescapedCardText(text) : text;
 }
@@ -201,7 +258,7 @@ QStringList CardProperty::divided(char separator) const
 {
     const bool isQuoted = head_.isQuotedPrintable();
     const QByteArray whole = isQuoted ? decodedQuotedPrintable(value_) : value_;
-    const QByteArray charset = charsetOfCardBytes(whole, head_.value("CHARSET"), fallback_);
+    const QByteArray charset = charsetOfCardBytes(whole, head_.value("CHARSET"), *fallback_);
     QStringList pieces;
     if (isQuoted)
         for (const QByteArrayView piece : piecesOf(QByteArrayView(value_), separator))

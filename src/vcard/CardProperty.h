@@ -2,6 +2,8 @@
 // the parts of a structure, as a list or as bytes.
 #pragma once
 
+#include <initializer_list>
+#include <memory>
 #include <optional>
 #include <QByteArray>
 #include <QByteArrayView>
@@ -17,11 +19,14 @@ struct CardParameter {
 // A name of the format's own, in any case of letters. Others may be private ones, or words of a text.
 bool isKnownCardProperty(QByteArrayView name);
 
+// Whether bytes that are handed over are there for as long as what is made of them, and need not be copied.
+enum class CardBytes { Passing, Lasting };
+
 // What stands before the colon of a logical line.
 class CardHead
 {
 public:
-    explicit CardHead(QByteArrayView line);
+    explicit CardHead(QByteArrayView line, CardBytes bytes = CardBytes::Passing);
 
     bool isWhole() const { return length_ >= 0; } // there is a colon, and before it a name
     qsizetype length() const { return length_; }  // without the colon
@@ -41,8 +46,11 @@ public:
 private:
     void readName(QByteArrayView text);
     void readParameter(QByteArrayView text);
+    QByteArrayList valuesIn(QByteArrayView text) const;
+    bool isEncoded(std::initializer_list<const char *> names) const;
 
-    qsizetype length_ = -1;
+    CardBytes bytes_;
+    qint32 length_ = -1;
     QByteArray group_;
     QByteArray name_;
     std::vector<CardParameter> parameters_;
@@ -59,11 +67,13 @@ public:
     };
 
     // The line behind the head, in an encoding of that name where the property itself names none.
-    CardProperty(CardHead head, QByteArrayView line, Place place, QByteArray fallbackCharset);
+    CardProperty(CardHead head, QByteArrayView line, Place place,
+                 std::shared_ptr<const QByteArray> fallbackCharset, CardBytes bytes = CardBytes::Passing);
 
     const QByteArray &name() const { return head_.name(); }
     const CardHead &head() const { return head_; }
-    const QByteArray &rawValue() const { return value_; } // unfolded, still encoded
+    // Unfolded, still encoded; it may be the file's own bytes, which stand no longer than the card.
+    const QByteArray &rawValue() const { return value_; }
     const Place &place() const { return place_; }
 
     // The types in lower case, sorted, each once.
@@ -87,5 +97,5 @@ private:
     CardHead head_;
     QByteArray value_;
     Place place_;
-    QByteArray fallback_;
+    std::shared_ptr<const QByteArray> fallback_;
 };

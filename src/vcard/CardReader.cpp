@@ -10,6 +10,12 @@ namespace
 {
 bool isCard(QByteArrayView value) { return value.trimmed().compare("VCARD", Qt::CaseInsensitive) == 0; }
 
+// Each card keeps the file in which its lines stand.
+CardBytes bytesOf(const CardLines::Line &line)
+{
+    return line.joined ? CardBytes::Passing : CardBytes::Lasting;
+}
+
 bool saysNothing(const Card &card)
 {
     return std::none_of(card.properties().begin(), card.properties().end(), [](const CardProperty &property) {
@@ -22,9 +28,13 @@ bool saysNothing(const Card &card)
 class Assembly
 {
 public:
-    Assembly(QByteArray file, QByteArray fallback) : file_(std::move(file)), fallback_(std::move(fallback)) {}
+    Assembly(QByteArray file, QByteArray fallback)
+        : file_(std::move(file)), fallback_(std::make_shared<const QByteArray>(std::move(fallback)))
+    {
+    }
 
     void take(const CardLines::Line &line);
+    std::vector<Card> takeWhole();
     CardFile finish();
 
 private:
@@ -44,8 +54,8 @@ private:
     void note(qsizetype line, CardFault::Kind kind) { faults_.push_back({line, kind}); }
 
     QByteArray file_;
-    QByteArray fallback_;
-    std::vector<Open> open_; // the innermost last
+    std::shared_ptr<const QByteArray> fallback_; // shared by all properties
+    std::vector<Open> open_;                     // the innermost last
     std::vector<std::pair<std::size_t, Card>> done_;
     std::vector<CardFault> faults_;
     std::size_t beginnings_ = 0;
@@ -90,7 +100,8 @@ void Assembly::add(const CardLines::Line &line, CardHead head)
         card.isFull = true;
         return;
     }
-    card.card.add(CardProperty(std::move(head), line.bytes, {line.begin, line.end, line.number}, fallback_));
+    card.card.add(CardProperty(std::move(head), line.bytes, {line.begin, line.end, line.number}, fallback_,
+                               bytesOf(line)));
     card.takesRows = true;
 }
 
@@ -106,7 +117,7 @@ void Assembly::addRow(const CardLines::Line &line)
 
 void Assembly::take(const CardLines::Line &line)
 {
-    CardHead head(line.bytes);
+    CardHead head(line.bytes, bytesOf(line));
     const QByteArrayView value = head.isWhole() ? line.bytes.sliced(head.length() + 1) : QByteArrayView();
     if (head.isWhole() && head.name() == "BEGIN" && isCard(value)) {
         const bool isAgent = !open_.empty() && !open_.back().card.properties().empty() &&
@@ -128,6 +139,19 @@ void Assembly::take(const CardLines::Line &line)
     }
 }
 
+std::vector<Card> Assembly::takeWhole()
+{
+    std::vector<Card> cards;
+    if (!open_.empty()) return cards;
+    const auto before = [](const auto &a, const auto &b) { return a.first < b.first; };
+    if (!std::is_sorted(done_.begin(), done_.end(), before)) std::sort(done_.begin(), done_.end(), before);
+    cards.reserve(done_.size());
+    for (auto &[rank, card] : done_)
+        cards.push_back(std::move(card));
+    done_.clear();
+    return cards;
+}
+
 CardFile Assembly::finish()
 {
     for (Open &open : open_) {
@@ -135,30 +159,63 @@ CardFile Assembly::finish()
         deliver(std::move(open));
     }
     open_.clear();
-    std::sort(done_.begin(), done_.end(), [](const auto &a, const auto &b) { return a.first < b.first; });
     std::stable_sort(faults_.begin(), faults_.end(),
                      [](const CardFault &a, const CardFault &b) { return a.line < b.line; });
-    CardFile result;
-    result.faults = std::move(faults_);
-    result.cards.reserve(done_.size());
-    for (auto &[rank, card] : done_)
-        result.cards.push_back(std::move(card));
-    return result;
+    return {takeWhole(), std::move(faults_)};
 }
 } // namespace
 
-CardReader::CardReader(QByteArray fallbackCharset)
-    : fallback_(fallbackCharset.isEmpty() ? QByteArray(usualCardCharset) : std::move(fallbackCharset))
-{
-}
+CardReader::CardReader(QByteArray fallbackCharset) : fallback_(std::move(fallbackCharset)) {}
 
 CardFile CardReader::read(const QByteArray &file) const
 {
-    const QByteArray plain = plainCardBytes(file);
-    Assembly assembly(plain, fallback_);
-    CardLines lines(plain);
-    CardLines::Line line;
-    while (lines.next(line))
-        assembly.take(line);
-    return assembly.finish();
+    CardReading reading(file, fallback_);
+    while (reading.advance(file.size())) {
+    }
+    return reading.take();
 }
+
+struct CardReading::State {
+    State(const QByteArray &file, QByteArray fallback)
+        : plain(plainCardBytes(file)),
+          lines(plain),
+          assembly(plain, fallback.isEmpty() ? QByteArray(usualCardCharset) : std::move(fallback))
+    {
+    }
+
+    QByteArray plain; // the lines and the cards are views of it
+    CardLines lines;
+    Assembly assembly;
+    qsizetype passed = 0;
+};
+
+CardReading::CardReading(const QByteArray &file, QByteArray fallbackCharset)
+    : state_(std::make_unique<State>(file, std::move(fallbackCharset)))
+{
+}
+
+CardReading::~CardReading() = default;
+
+bool CardReading::advance(qsizetype bytes)
+{
+    const qsizetype wanted = state_->passed + bytes;
+    CardLines::Line line;
+    do {
+        if (!state_->lines.next(line)) {
+            state_->passed = state_->plain.size();
+            return false;
+        }
+        state_->assembly.take(line);
+        state_->passed = line.end;
+    } while (state_->passed < wanted);
+    return true;
+}
+
+int CardReading::percent() const
+{
+    return state_->plain.isEmpty() ? 100 : static_cast<int>(100 * state_->passed / state_->plain.size());
+}
+
+std::vector<Card> CardReading::takeWhole() { return state_->assembly.takeWhole(); }
+
+CardFile CardReading::take() { return state_->assembly.finish(); }

@@ -4,6 +4,8 @@
 
 #include "vcard/Card.h"
 
+#include <memory>
+
 // What was wrong at a line of a file.
 struct CardFault {
     enum class Kind {
@@ -36,4 +38,30 @@ public:
 
 private:
     QByteArray fallback_;
+};
+
+// The same in portions, for who has something else to do between them.
+class CardReading
+{
+public:
+    explicit CardReading(const QByteArray &file, QByteArray fallbackCharset = {});
+    ~CardReading();
+
+    // Reads on until so many bytes of the file have passed; a property is never divided. False once all of
+    // the file is read.
+    bool advance(qsizetype bytes);
+
+    int percent() const; // of the file's bytes that have passed
+
+    // The cards that are whole by now and were not given out before, in their order. While one is open, which
+    // others may yet prove to stand inside of, there are none.
+    std::vector<Card> takeWhole();
+
+    // What is left once all of the file is read: the cards that were not given out, and all faults. Only
+    // once.
+    CardFile take();
+
+private:
+    struct State;
+    std::unique_ptr<State> state_;
 };

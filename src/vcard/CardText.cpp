@@ -36,7 +36,8 @@ QString decoded(QByteArrayView bytes, const QByteArray &charset, bool *sound)
 QByteArray wideCharset(const QByteArray &named)
 {
     if (named.isEmpty()) return {};
-    QByteArray name = named.trimmed().toLower();
+    // With an end of its own, which a piece of the file has not: the decoder's maker wants one.
+    QByteArray name = QByteArrayView(named).trimmed().toByteArray().toLower();
     if (name == "utf-8" || name == "utf8" || name.isEmpty()) return {};
     if (name == "iso-8859-1" || name == "latin1" || name == "us-ascii" || name == "ascii" || name == "ansi")
         return usualCardCharset;

@@ -36,6 +36,17 @@ private Q_SLOTS:
         }
     }
 
+    void a_palavra_e_a_da_lingua()
+    {
+        QStringList palavras;
+        for (const Idioma &lingua : idiomas::todos)
+            palavras << codificacoes::Palavra("windows-1257", QString::fromLatin1(lingua.coluna));
+        const QString nome = u" (windows-1257)"_s;
+        QCOMPARE(palavras, (QStringList{u"Báltico"_s + nome, u"Báltico"_s + nome, u"Baltic"_s + nome,
+                                        u"Báltico"_s + nome, u"Baltico"_s + nome, u"Balte"_s + nome,
+                                        u"Baltisch"_s + nome}));
+    }
+
     void o_que_se_descobriu_tambem_tem_palavra()
     {
         QCOMPARE(codificacoes::Palavra("utf-8-sig", u"InglesUK"_s), u"UTF-8"_s);

@@ -244,6 +244,17 @@ private Q_SLOTS:
         QCOMPARE(lido.problemas, QStringList{u"Photograph"_s});
     }
 
+    void um_desenho_nao_e_uma_fotografia_e_diz_se()
+    {
+        const QByteArray desenho =
+            "<?xml version=\"1.0\"?><svg xmlns=\"http://www.w3.org/2000/svg\" width=\"9\" "
+            "height=\"9\"><rect width=\"9\" height=\"9\"/></svg>";
+        QVERIFY(!QImage::fromData(desenho).isNull()); // it could be drawn
+        const ContactoLido lido = Lido("PHOTO;ENCODING=b:" + desenho.toBase64() + "\r\n");
+        QVERIFY(lido.colunas[C::Fotografia].isEmpty());
+        QCOMPARE(lido.problemas, QStringList{u"Photograph"_s});
+    }
+
     void o_endereco_de_uma_fotografia_fica_escrito_e_nao_se_segue()
     {
         QTemporaryDir pasta;

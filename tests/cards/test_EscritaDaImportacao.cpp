@@ -225,6 +225,43 @@ private Q_SLOTS:
         QCOMPARE(c.Coluna_De(c.ana, u"Website"_s), u"da-outra-copia.pt"_s);
     }
 
+    // Many are read in one walk over the book, and the same holds for each of them.
+    void o_mesmo_vale_para_cada_um_de_muitos()
+    {
+        ComImportacao c;
+        constexpr int muitos = 1500;
+        QByteArray livro;
+        for (int i = 0; i < muitos; ++i) {
+            const QByteArray n = QByteArray::number(i);
+            livro += Cartao("UID:u" + n + "\r\nFN:Pessoa " + n + "\r\nTEL;TYPE=CELL:91" +
+                            QByteArray::number(1000000 + i) + "\r\nURL:" + n + ".pt");
+        }
+        c.s.Escrever(
+            u"WITH RECURSIVE n (i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM n WHERE i < %1) INSERT INTO "
+            "TblLista (Nome, Telemovel1, Grupo) SELECT 'Pessoa ' || i, '91' || (1000000 + i), 1 FROM n"_s.arg(
+                muitos - 1));
+        c.Ler(livro);
+        c.s.Escrever(u"DELETE FROM TblLista WHERE Nome = 'Pessoa 3'"_s);
+        c.s.Escrever(u"UPDATE TblLista SET Website = 'outra.pt' WHERE Nome = 'Pessoa 4'"_s);
+        c.s.Escrever(u"INSERT INTO TblGrupos (ID, NomeGrupo, IdUtilizador) VALUES (99, 'Alheio', 77)"_s);
+        c.s.Escrever(u"UPDATE TblLista SET Grupo = 99 WHERE Nome = 'Pessoa 5'"_s);
+        const QStringList antes = Estado(c.s);
+        QVERIFY(c.Escrita().Escrever(Sempre));
+        QCOMPARE(c.escrita->Feita().adicionados, 1);
+        QCOMPARE(c.escrita->Feita().completados, muitos - 1);
+        const auto de = [&](const QString &nome) {
+            return c.s.Linhas(
+                u"SELECT Website, Grupo, ifnull(Fax, 'Null') FROM TblLista WHERE Nome = '%1'"_s.arg(nome));
+        };
+        QCOMPARE(de(u"Pessoa 2"_s), QStringList{u"2.pt|1|Null"_s});
+        QCOMPARE(de(u"Pessoa 3"_s), QStringList{u"3.pt|1|"_s});
+        QCOMPARE(de(u"Pessoa 4"_s), QStringList{u"outra.pt|1|Null"_s});
+        QCOMPARE(de(u"Pessoa 5"_s), QStringList{u"5.pt|99|Null"_s});
+        QCOMPARE(de(u"Pessoa 1499"_s), QStringList{u"1499.pt|1|Null"_s});
+        c.escrita->Anular();
+        QCOMPARE(Estado(c.s), antes);
+    }
+
     void quem_entretanto_desapareceu_vem_como_novo()
     {
         ComImportacao c;

@@ -239,6 +239,23 @@ private Q_SLOTS:
         QCOMPARE(c.importacao->Contactos()[0].fonte.lido.Grupo, u"Familia"_s);
     }
 
+    // Who is in one may stand before it, and is read as he would be without it.
+    void quem_esta_num_grupo_do_ficheiro_le_se_na_codificacao_escolhida()
+    {
+        ComAgenda c;
+        c.codificacao = "windows-1250";
+        c.Ler(Cartao("FN:\x8Ei\x9Eka\r\nUID:u1\r\nNOTE:nota") +
+                  Cartao("KIND:group\r\nFN:Colegas\r\nMEMBER:urn:uuid:u1") + Cartao("FN:Rui\r\nUID:u2"),
+              {{u"Colegas"_s}, {}, false});
+        QCOMPARE(c.importacao->Contactos().size(), 2u);
+        const ContactoDaFonte &fonte = c.importacao->Contactos()[0].fonte;
+        QCOMPARE(fonte.lido.Grupo, u"Colegas"_s);
+        QCOMPARE(fonte.lido.colunas[C::Nome], u"Žižka"_s);
+        QCOMPARE(fonte.lido.colunas[C::Obs], u"nota"_s);
+        QVERIFY(fonte.cartao.contains(u"Žižka"_s.toUtf8()));
+        QVERIFY(c.importacao->Contactos()[1].fonte.lido.Grupo.isEmpty());
+    }
+
     // Encoding
 
     void a_codificacao_escolhida_vale_para_o_cartao_guardado()
@@ -296,6 +313,53 @@ private Q_SLOTS:
         QVERIFY(fatias > 3);
         QCOMPARE(c.importacao->Percentagem(), 100);
         QCOMPARE(c.importacao->Contactos().size(), std::size_t{cartoes});
+    }
+
+    void de_um_ficheiro_de_cartoes_toma_se_um_de_cada_vez()
+    {
+        QByteArray livro;
+        constexpr std::size_t cartoes = 10'000;
+        for (std::size_t i = 0; i < cartoes; ++i)
+            livro += Cartao("FN:Pessoa " + QByteArray::number(i) + (i % 3 == 0 ? "\r\nKIND:individual" : ""));
+        std::vector<FaltaDaFonte> faltas;
+        FonteDeCartoes fonte(livro, {}, u"PortuguesPT"_s, {});
+        QCOMPARE(fonte.Quantos(), 0u);
+        std::size_t antes = 0;
+        std::size_t sem_nenhum = 0; // turns that only read on
+        while (fonte.Preparar(faltas)) {
+            QVERIFY(fonte.Quantos() - antes <= 1);
+            if (fonte.Quantos() == antes) ++sem_nenhum;
+            antes = fonte.Quantos();
+        }
+        QCOMPARE(fonte.Quantos(), cartoes);
+        constexpr std::size_t mais_de_uma_vez = 1000; // of these short ones read in a turn
+        QVERIFY(sem_nenhum >= cartoes / mais_de_uma_vez);
+        QCOMPARE(fonte.Ler(cartoes - 1, faltas)->lido.colunas[C::Nome], u"Pessoa 9999"_s);
+    }
+
+    // Cards that stand in one another are known only at the end of the file.
+    void cartoes_sem_fim_tambem_se_tomam_um_de_cada_vez()
+    {
+        std::vector<FaltaDaFonte> faltas;
+        FonteDeCartoes fonte(QByteArray("BEGIN:VCARD\r\nFN:Rui\r\n").repeated(50), {}, u"PortuguesPT"_s, {});
+        for (std::size_t antes = 0; fonte.Preparar(faltas); antes = fonte.Quantos())
+            QVERIFY(fonte.Quantos() - antes <= 1);
+        QCOMPARE(fonte.Quantos(), 50u);
+        QCOMPARE(faltas.size(), 50u);
+    }
+
+    void a_percentagem_anda_enquanto_o_ficheiro_se_le()
+    {
+        ComAgenda c;
+        c.importacao.emplace(c.s.geral.de, u"0"_s, u"PortuguesPT"_s);
+        c.importacao->Abrir_Cartoes(Cartao("FN:Rui\r\nNOTE:" + QByteArray(200, 'x')).repeated(20'000), {},
+                                    {});
+        QCOMPARE(c.importacao->Percentagem(), 0);
+        bool viu_se_a_meio = false;
+        while (c.importacao->Avancar())
+            viu_se_a_meio =
+                viu_se_a_meio || (c.importacao->Percentagem() > 0 && c.importacao->Percentagem() < 50);
+        QVERIFY(viu_se_a_meio);
     }
 
     void um_ficheiro_vazio_nao_traz_ninguem()

@@ -140,6 +140,22 @@ private Q_SLOTS:
                                    {Obs, marca + u"Fax: 214444444"_s}}));
     }
 
+    void o_mesmo_numero_escrito_de_duas_maneiras_fica_numa_so_linha()
+    {
+        const Campos cheio{{Telefone1, u"211111111"_s}, {Telefone2, u"222222222"_s}};
+        const ColunasDoContacto junto =
+            Juntos(cheio, {{Telefone1, u"233 333 333"_s}, {Telefone2, u"+351 233333333"_s}});
+        QCOMPARE(junto[Obs], marca + u"Telefone: 233 333 333"_s);
+    }
+
+    // A number of one kind may well be there as one of another; where it completes, it is not written twice.
+    void um_numero_que_o_outro_tem_noutra_especie_fica_nas_duas()
+    {
+        const ColunasDoContacto junto = Juntos({{Telefone1, u"912345678"_s}}, {{Telemovel1, u"912345678"_s}});
+        QCOMPARE(junto[Telemovel1], u"912345678"_s);
+        QCOMPARE(junto[Telefone1], u"912345678"_s);
+    }
+
     void o_que_so_pode_ser_um_fica_do_primeiro_e_o_outro_nas_observacoes()
     {
         const ColunasDoContacto juntos = Juntos({{Nome, u"José"_s},

@@ -139,6 +139,25 @@ class TestRegraDosDuplicados : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void o_dicionario_acha_cada_chave_e_so_quem_a_tem()
+    {
+        for (const std::size_t contadas : {0U, 10U, 20'000U}) {
+            DicionarioDeChaves dicionario;
+            QVERIFY(dicionario.Quem(u"0"_s).empty());
+            dicionario.Contar_Com(contadas);
+            for (std::size_t i = 0; i < 30'000; ++i)
+                dicionario.Apontar(QString::number(i % 20'000), i);
+            for (std::size_t i = 0; i < 20'000; ++i) {
+                const std::vector<std::size_t> quem = dicionario.Quem(QString::number(i));
+                const std::vector<std::size_t> esperados =
+                    i < 10'000 ? std::vector{i, i + 20'000} : std::vector{i};
+                QVERIFY2(quem == esperados, qPrintable(QString::number(i)));
+                QVERIFY(dicionario.Quem(u"x%1"_s.arg(i)).empty());
+                QCOMPARE(dicionario.Quem(QString::number(i), 1).empty(), i < 10'000);
+            }
+        }
+    }
+
     void o_mesmo_nome_com_um_numero_ou_um_mail_e_a_mesma_pessoa()
     {
         for (const auto &[coluna, valor] :
@@ -258,6 +277,23 @@ private Q_SLOTS:
                                                  {C::Obs, u"nota\r\nnota nova"_s}}));
         QCOMPARE(decisao.preenchidas,
                  (std::vector<C>{C::Telefone2, C::Telemovel2, C::Dia, C::Mes, C::Morada, C::Obs}));
+    }
+
+    void o_que_o_outro_tem_noutra_especie_nao_vem_outra_vez()
+    {
+        const ColunasDoContacto ana = Contacto({{C::Nome, u"Ana Silva"_s}, {C::Telefone1, u"912345678"_s}});
+        const Decisao decisao = RegraDosDuplicados::Juntos(
+            u"InglesUK"_s, Com(ana, {{C::Telefone1, {}}, {C::Telemovel1, u"+351 912345678"_s}}), ana);
+        QCOMPARE(decisao.veredicto, V::Igual);
+        QVERIFY(decisao.completado == ana);
+    }
+
+    void uma_coluna_so_com_espacos_esta_livre()
+    {
+        const ColunasDoContacto ana = Contacto({{C::Nome, u"Ana Silva"_s}, {C::Telemovel1, u"  "_s}});
+        const Decisao decisao =
+            RegraDosDuplicados::Juntos(u"InglesUK"_s, Com(ana, {{C::Telemovel1, u"912345678"_s}}), ana);
+        QCOMPARE(decisao.completado[C::Telemovel1], u"912345678"_s);
     }
 
     void um_numero_sem_lugar_livre_vai_para_obs_e_uma_so_vez()

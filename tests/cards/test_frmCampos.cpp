@@ -53,6 +53,25 @@ class TestFrmCampos : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void as_legendas_vem_dos_textos()
+    {
+        Mesa m;
+        const auto form = m.Abrir();
+        QCOMPARE(form->windowTitle(), m.s.Texto(340));
+        const std::pair<QString, int> legendas[]{{form->Label1->text(), 341},
+                                                 {form->Label2->text(), 342},
+                                                 {form->Label3->text(), 343},
+                                                 {form->chkNomes->text(), 344},
+                                                 {form->Label4->text(), 373},
+                                                 {form->Label5->text(), 372},
+                                                 {form->cmdCancelar->text(), 43},
+                                                 {form->tblCampos->accessibleName(), 353},
+                                                 {form->tblLinhas->accessibleName(), 373},
+                                                 {form->lvContacto->accessibleName(), 372}};
+        for (const auto &[legenda, texto] : legendas)
+            QCOMPARE(legenda, m.s.Texto(texto));
+    }
+
     void mostra_as_primeiras_linhas_com_o_campo_de_cada_coluna()
     {
         Mesa m;
@@ -220,6 +239,13 @@ private Q_SLOTS:
         QVERIFY(form->LabelAvisos->text().contains(m.s.Texto(355) + u" Apelido"_s));
         QVERIFY(form->LabelAvisos->text().contains(m.s.Texto(356) + u" 2 (3,51912E+11)"_s));
         QVERIFY(!m.Abrir()->LabelAvisos->isVisible());
+    }
+
+    void de_varios_nomes_ambiguos_diz_todos()
+    {
+        Mesa m;
+        QCOMPARE(m.Abrir("Apelido;Telefone;Estado\nSilva;212345678;Beja\n")->LabelAvisos->text(),
+                 m.s.Texto(355) + u" Apelido, Estado"_s);
     }
 
     void um_ficheiro_sem_linhas_so_se_pode_cancelar()

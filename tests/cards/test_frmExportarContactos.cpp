@@ -6,6 +6,8 @@
 #include "testlib/Teste.h"
 #include "vcard/Cartoes.h"
 
+#include <QStandardPaths>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -65,6 +67,8 @@ struct ComExportar : ComJanela {
     QTemporaryDir saida;
     std::unique_ptr<frmExportarContactos> form;
 };
+
+QString Documentos() { return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation); }
 } // namespace
 
 class TestFrmExportarContactos : public QObject
@@ -87,6 +91,8 @@ private Q_SLOTS:
             {form.cmdCancelar->text(), 43}};
         for (const auto &[legenda, texto] : legendas)
             QCOMPARE(legenda, c.s.Texto(texto));
+        QCOMPARE(form.ComboFormato->accessibleName(), c.s.Texto(394));
+        QCOMPARE(form.ProgressBar1->accessibleName(), form.windowTitle());
         QCOMPARE(form.ComboFormato->ListIndex(), 0);
         QVERIFY(form.cbFotografias->isChecked() && !form.cbUmPorContacto->isChecked());
     }
@@ -139,8 +145,8 @@ private Q_SLOTS:
         c.s.dialogos.textos << c.Alvo();
         c.Espera_Resultado(static_cast<int>(nomes.size()), c.Alvo());
         c.Exportar();
-        QVERIFY(c.s.dialogos.perguntas[0].startsWith(u"saveFile "_s + c.s.Texto(402) + u"|*.vcf @ "_s));
-        QVERIFY(c.s.dialogos.perguntas[0].endsWith(u'/' + proposto));
+        QCOMPARE(c.s.dialogos.perguntas[0],
+                 u"saveFile "_s + c.s.Texto(402) + u"|*.vcf @ "_s + QDir(Documentos()).filePath(proposto));
         QCOMPARE(Nomes(CardReader().read(c.Bytes())), nomes);
         QVERIFY(!c.form->isVisible());
     }
@@ -160,8 +166,26 @@ private Q_SLOTS:
             c.Exportar();
             QVERIFY2(c.Bytes().startsWith(inicios[formato]), c.Bytes().first(60));
         }
-        QVERIFY(c.s.dialogos.perguntas.last().startsWith(u"saveFile "_s + c.s.Texto(403) + u"|*.csv @ "_s));
-        QVERIFY(c.s.dialogos.perguntas.last().endsWith(u"/Contactos.csv"_s));
+        QCOMPARE(c.s.dialogos.perguntas.last(), u"saveFile "_s + c.s.Texto(403) + u"|*.csv @ "_s +
+                                                    QDir(Documentos()).filePath(u"Contactos.csv"_s));
+    }
+
+    void um_nome_com_uma_barra_nao_propoe_outra_pasta()
+    {
+        ComExportar c;
+        const int grupo = c.s.Novo_Grupo(u"a/b"_s);
+        c.s.Novo_Contacto({{u"Nome"_s, u"../c"_s}, {u"Grupo"_s, grupo}});
+        c.lista.Carregar_Grupos();
+        c.janela.ComboGrupos->ChooseText(u"a/b"_s);
+        c.janela.ListaNomes->setListIndex(0);
+        for (const auto &[opcao, proposto] :
+             {std::pair(u"OptionGrupo"_s, u"a_b.vcf"_s), std::pair(u"OptionSelecionado"_s, u"_c.vcf"_s)}) {
+            control<QRadioButton>(c.Abrir(), opcao).click();
+            c.s.dialogos.textos << std::nullopt;
+            c.form->cmdExportar->click();
+            QVERIFY2(c.s.dialogos.perguntas.last().endsWith(u" @ "_s + QDir(Documentos()).filePath(proposto)),
+                     qPrintable(c.s.dialogos.perguntas.last()));
+        }
     }
 
     void um_por_contacto_pede_uma_pasta()
@@ -171,7 +195,7 @@ private Q_SLOTS:
         c.s.dialogos.textos << c.saida.path();
         c.Espera_Resultado(3, c.saida.path());
         c.Exportar();
-        QVERIFY(c.s.dialogos.perguntas[0].startsWith(u"folder "_s + c.s.Texto(404)));
+        QCOMPARE(c.s.dialogos.perguntas[0], u"folder "_s + c.s.Texto(404) + u" @ "_s + Documentos());
         QCOMPARE(c.Na_Pasta(), (QStringList{u"Ana.vcf"_s, u"Rui.vcf"_s, u"Zita.vcf"_s}));
     }
 

@@ -203,6 +203,26 @@ private Q_SLOTS:
         QVERIFY(Area(form)->verticalScrollBar()->maximum() > 2000);
     }
 
+    void um_formulario_so_largo_demais_nao_se_desloca_para_baixo()
+    {
+        QDialog form;
+        auto *disposicao = new QVBoxLayout(&form);
+        auto *texto = Novo<QLabel>(form, "texto");
+        texto->setWordWrap(true);
+        texto->setText(u"palavra "_s.repeated(400));
+        disposicao->addWidget(texto);
+        auto *largo = Novo<QLabel>(form, "largo");
+        largo->setMinimumSize(900, 20);
+        disposicao->addWidget(largo);
+        form.resize(1100, 500);
+        scale::apply(form);
+        form.show();
+        QVERIFY(Area(form) != nullptr);
+        QVERIFY(form.height() >= 500);
+        QVERIFY(Area(form)->horizontalScrollBar()->maximum() > 0);
+        QCOMPARE(Area(form)->verticalScrollBar()->maximum(), 0);
+    }
+
     void uma_janela_com_menu_desloca_so_o_que_tem_dentro()
     {
         QMainWindow janela;

@@ -29,6 +29,7 @@ private Q_SLOTS:
         QTest::addColumn<qint64>("result");
         Linha(Long, u"6"_s, qint64{6});
         Linha(Long, u"  6 "_s, qint64{6});
+        Linha(Long, u"\t6\r\n"_s, qint64{6});
         Linha(Long, u"+6"_s, qint64{6});
         Linha(Long, u"-6"_s, qint64{-6});
         Linha(Long, u"007"_s, qint64{7});
@@ -114,8 +115,8 @@ private Q_SLOTS:
         for (const ColumnType type : {Long, Single, YesNo, Date, Time})
             for (const QString &text : {u""_s, u"   "_s, u"abc"_s, u"6 7"_s, u"--6"_s, u"nan"_s, u"inf"_s})
                 Linha(type, text, true);
-        for (const QString &text :
-             {u"6,5"_s, u"6.0"_s, u"2147483648"_s, u"-2147483649"_s, u"0x10"_s, u"1e3"_s, u"٣"_s})
+        for (const QString &text : {u"6,5"_s, u"6.0"_s, u"2147483648"_s, u"-2147483649"_s, u"0x10"_s,
+                                    u"1e3"_s, u"٣"_s, u"+"_s, u"+-6"_s, u"- 6"_s, u"\u00a06"_s, u"6\u00a0"_s})
             Linha(Long, text, true);
         for (const QString &text : {u"1.000,5"_s, u"1,2,3"_s, u","_s, u"1e60"_s})
             Linha(Single, text, true);

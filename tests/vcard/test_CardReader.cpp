@@ -132,6 +132,81 @@ private Q_SLOTS:
         QCOMPARE(lido.name->given, u"Ana;Maria"_s);
     }
 
+    void lido_aos_poucos_um_ficheiro_da_o_mesmo_que_de_uma_vez()
+    {
+        const QByteArray ficheiro = Cartao("FN:Ana\r\nNOTE:dob\r\n rada\r\nsolta\r\nAGENT:\r\nBEGIN:VCARD\r\n"
+                                           "FN:Agente\r\nEND:VCARD\r\nTEL;TYPE=\"a,b\":1\r\n") +
+                                    "lixo\r\n" + Cartao("FN:Rui\r\n") + "BEGIN:VCARD\r\nFN:Fora\r\n" +
+                                    Cartao("FN:Dentro\r\n") + "TEL:2\r\n" + Cartao("FN:Eva\r\n");
+        const CardFile inteiro = CardReader().read(ficheiro);
+        QCOMPARE(inteiro.cards.size(), 5U);
+        for (qsizetype bytes = 1; bytes < ficheiro.size(); ++bytes) {
+            CardReading leitura(ficheiro);
+            std::vector<Card> cartoes;
+            for (bool ha_mais = true; ha_mais;) {
+                const int antes = leitura.percent();
+                ha_mais = leitura.advance(bytes);
+                QVERIFY(leitura.percent() >= antes);
+                for (Card &cartao : leitura.takeWhole())
+                    cartoes.push_back(std::move(cartao));
+            }
+            QCOMPARE(leitura.percent(), 100);
+            CardFile resto = leitura.take();
+            for (Card &cartao : resto.cards)
+                cartoes.push_back(std::move(cartao));
+            QCOMPARE(cartoes.size(), inteiro.cards.size());
+            for (std::size_t i = 0; i < cartoes.size(); ++i) {
+                QCOMPARE(contentOf(cartoes[i]), contentOf(inteiro.cards[i]));
+                QCOMPARE(cartoes[i].source(), inteiro.cards[i].source());
+            }
+            QCOMPARE(resto.faults, inteiro.faults);
+        }
+    }
+
+    void um_cartao_so_e_inteiro_quando_nenhum_esta_aberto()
+    {
+        CardReading leitura("BEGIN:VCARD\r\nFN:Fora\r\n" + Cartao("FN:Dentro\r\n") +
+                            "END:VCARD\r\nNOTE:x\r\n");
+        int linhas = 0;
+        std::vector<Card> cartoes;
+        while (cartoes.empty() && leitura.advance(1)) {
+            cartoes = leitura.takeWhole();
+            ++linhas;
+        }
+        QCOMPARE(linhas, 7);
+        QCOMPARE(cartoes.size(), 2U);
+        QCOMPARE(contentOf(cartoes[0]).formattedName, u"Fora"_s);
+        QVERIFY(leitura.takeWhole().empty());
+    }
+
+    // What a card says must not hang on the file that it was read from.
+    void os_bytes_de_uma_propriedade_sobrevivem_ao_cartao()
+    {
+        QByteArray bytes;
+        QString tipo;
+        {
+            const QByteArray ficheiro = Cartao("X-A;TYPE=cOr:inteiro\r\n");
+            const CardFile lido = CardReader().read(QByteArray(ficheiro.constData(), ficheiro.size()));
+            bytes = lido.cards.front().first("X-A")->decodedBytes();
+            tipo = lido.cards.front().first("X-A")->types().value(0);
+        }
+        QByteArray outro(1000, 'z'); // where the file may have stood
+        QCOMPARE(bytes, QByteArray("inteiro"));
+        QCOMPARE(tipo, u"cor"_s);
+        QCOMPARE(outro.size(), qsizetype{1000});
+    }
+
+    void uma_quebra_de_linha_citada_e_um_so_sinal_no_texto_e_em_cada_parte()
+    {
+        const CardContent lido = Conteudo("NOTE;ENCODING=QUOTED-PRINTABLE:a=0D=0Ab\r\n"
+                                          "ADR;ENCODING=QUOTED-PRINTABLE:;;Rua 1=0D=0A2.=BA;Beja;;;\r\n"
+                                          "CATEGORIES;ENCODING=QUOTED-PRINTABLE:um=0D=0Adois,outro\r\n",
+                                          "2.1");
+        QCOMPARE(lido.notes.front().value, u"a\nb"_s);
+        QCOMPARE(lido.addresses.front().street, u"Rua 1\n2.º"_s);
+        QCOMPARE(lido.categories, (QStringList{u"um\ndois"_s, u"outro"_s}));
+    }
+
     void a_codificacao_nomeada_vale_se_os_bytes_concordarem_data()
     {
         QTest::addColumn<QByteArray>("linha");

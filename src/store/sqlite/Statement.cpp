@@ -19,12 +19,15 @@ void Statement::bind(int place, const StoreValue &value)
     } else if (const auto *real = std::get_if<double>(&value)) {
         check(sqlite3_bind_double(handle_, place, *real));
     } else if (const auto *text = std::get_if<QString>(&value)) {
-        const QByteArray utf8 = text->toUtf8();
-        check(sqlite3_bind_text(handle_, place, utf8.constData(), static_cast<int>(utf8.size()),
-                                SQLITE_TRANSIENT)); // NOLINT: the library's own cast
+        bound_.push_back(text->toUtf8());
+        check(sqlite3_bind_text(handle_, place, bound_.back().constData(),
+                                static_cast<int>(bound_.back().size()),
+                                SQLITE_STATIC)); // NOLINT: the library's own cast
     } else if (const auto *bytes = std::get_if<QByteArray>(&value)) {
-        check(sqlite3_bind_blob(handle_, place, bytes->constData(), static_cast<int>(bytes->size()),
-                                SQLITE_TRANSIENT)); // NOLINT: the library's own cast
+        bound_.push_back(*bytes);
+        check(sqlite3_bind_blob(handle_, place, bound_.back().constData(),
+                                static_cast<int>(bound_.back().size()),
+                                SQLITE_STATIC)); // NOLINT: the library's own cast
     } else {
         check(sqlite3_bind_null(handle_, place));
     }
@@ -47,6 +50,7 @@ void Statement::release()
 {
     sqlite3_reset(handle_); // tells once more what the last step has told
     sqlite3_clear_bindings(handle_);
+    bound_.clear();
 }
 
 void Statement::check(int result) const

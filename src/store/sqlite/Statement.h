@@ -5,6 +5,7 @@
 #include "store/Values.h"
 
 #include <string>
+#include <vector>
 
 struct sqlite3;
 struct sqlite3_stmt;
@@ -33,5 +34,6 @@ private:
     void check(int result) const;
 
     sqlite3 *store_;
+    std::vector<QByteArray> bound_; // what the store reads where it stands, and does not copy
     sqlite3_stmt *handle_ = nullptr;
 };
