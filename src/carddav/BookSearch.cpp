@@ -76,6 +76,10 @@ bool Discovery::Search::takeBooks(const DavAnswer &answer)
     for (const DavResponse &one : answer.responses) {
         if (!one.isBook) continue;
         const QUrl address = addressNamed(answer.url, one.href);
+        if (!isSameServer(connection_.address(), address)) { // its book would be shown the password
+            note({RemoteError::Kind::Elsewhere, answer.status, address.toString()});
+            continue;
+        }
         const auto isSame = [&address](const FoundBook &book) { return book.address == address; };
         if (std::any_of(books_.cbegin(), books_.cend(), isSame)) continue;
         books_ << FoundBook{address, one.name.isEmpty() ? lastPiece(address) : one.name,
@@ -88,13 +92,19 @@ bool Discovery::Search::takeBooks(const DavAnswer &answer)
 void Discovery::Search::follow(const Place &place, const DavAnswer &answer)
 {
     std::deque<Place> found;
+    const auto add = [&](const QString &href, Look look) {
+        const QUrl url = addressNamed(answer.url, href);
+        if (answer.url.scheme() == QLatin1String("https") && url.scheme() != QLatin1String("https"))
+            note({RemoteError::Kind::Unencrypted, answer.status, url.toString()});
+        else
+            found.push_back({url, look});
+    };
+    if (place.look == Look::AtIt) found.push_back({answer.url, Look::InIt});
     for (const DavResponse &one : answer.responses)
         for (const QString &home : one.homes)
-            found.push_back({addressNamed(answer.url, home), Look::InIt});
+            add(home, Look::InIt);
     for (const DavResponse &one : answer.responses)
-        if (!one.principal.isEmpty()) found.push_back({addressNamed(answer.url, one.principal), Look::AtIt});
-    const bool lookInside = place.look == Look::AtIt;
-    if (lookInside) found.push_front({answer.url, Look::InIt});
+        if (!one.principal.isEmpty()) add(one.principal, Look::AtIt);
     places_.insert(places_.begin(), found.begin(), found.end());
 }
 

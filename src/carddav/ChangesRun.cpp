@@ -7,6 +7,8 @@
 
 namespace
 {
+constexpr qsizetype mostPieces = 1000; // in which a server may tell what has happened
+
 // A list has the book itself at least. Without it, it would make all that it lacks look deleted; and some
 // servers answer with a list even to the question for what is not there.
 RemoteError errorOfList(const DavAnswer &answer)
@@ -51,7 +53,8 @@ void ChangesRun::answered(const DavAnswer &answer)
     if (!take(answer)) return finish(answer.syncToken);
     // A server that holds something back says from where to go on. One that does not get on is asked
     // otherwise.
-    if (answer.syncToken.isEmpty() || usedTokens_.contains(answer.syncToken)) return askForList();
+    const bool getsOn = !answer.syncToken.isEmpty() && !usedTokens_.contains(answer.syncToken);
+    if (!getsOn || usedTokens_.size() >= mostPieces) return askForList();
     askSince(answer.syncToken);
 }
 

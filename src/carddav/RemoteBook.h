@@ -40,8 +40,8 @@ struct RemoteCard {
 
 // How a card stands there after it was written.
 struct RemoteWritten {
-    QString href; // another than the one asked for where the server chose its own
-    QByteArray etag;
+    QString href;    // another than the one asked for where the server chose its own
+    QByteArray etag; // empty where it could not be learned; the card is written all the same
     QByteArray text; // only where it had to be fetched to learn its state; otherwise empty
 };
 

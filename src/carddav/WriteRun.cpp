@@ -4,6 +4,8 @@
 #include "carddav/DavBodies.h"
 #include "carddav/Href.h"
 
+#include <algorithm>
+
 WriteRun::WriteRun(DavConnection &connection, QString href, RemoteBook::WrittenAnswer answer)
     : connection_(connection), href_(std::move(href)), answer_(std::move(answer))
 {
@@ -51,21 +53,25 @@ void WriteRun::written(const DavAnswer &answer)
     if (answer.error) return answer_(answer.error, {});
     if (answer.status != 200 && answer.status != 201 && answer.status != 204)
         return answer_({RemoteError::Kind::Malformed, answer.status, QStringLiteral("not written")}, {});
-    if (!answer.location.isEmpty()) href_ = normalHref(answer.url, QString::fromUtf8(answer.location));
+    if (answer.status == 201 && !answer.location.isEmpty())
+        href_ = normalHref(answer.url, QString::fromUtf8(answer.location));
     if (!answer.etag.isEmpty()) return answer_({}, {href_, answer.etag, {}});
     send(dav::get(addressAt(connection_.address(), href_)), &WriteRun::fetched);
 }
 
 void WriteRun::fetched(const DavAnswer &answer)
 {
-    const RemoteError error = errorOfCard(answer);
-    if (error) return answer_(error, {});
+    // It is written, whatever may be the matter now: its state will be told with the next changes.
+    if (errorOfCard(answer)) return answer_({}, {href_, {}, {}});
     answer_({}, {href_, answer.etag, answer.body});
 }
 
 void WriteRun::removed(const DavAnswer &answer)
 {
     if (answer.error.kind == RemoteError::Kind::NotFound) return answer_({}, {});
+    const auto isRefusal = [](const DavResponse &one) { return one.status >= 400 && one.status != 404; };
+    if (std::any_of(answer.responses.cbegin(), answer.responses.cend(), isRefusal))
+        return answer_({RemoteError::Kind::Server, answer.status, QStringLiteral("not deleted")}, {});
     if (answer.error.kind != RemoteError::Kind::Changed) return answer_(answer.error, {});
     // Many servers say the same to a card that is gone as to one that was changed.
     send(dav::propfind(addressAt(connection_.address(), href_), "0", "<D:getetag/>"), &WriteRun::looked);

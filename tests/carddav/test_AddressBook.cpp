@@ -408,6 +408,44 @@ private Q_SLOTS:
         QCOMPARE(replaced.text, card("B"));
     }
 
+    void a_card_is_written_even_where_its_state_cannot_be_learned()
+    {
+        Book book;
+        book.remote.da_etag_ao_escrever = false;
+        book.remote.antes = [](const Pedido &asked) -> std::optional<Resposta> {
+            return asked.verbo == "GET" ? std::optional(Resposta{500}) : std::nullopt;
+        };
+        const Written created = create(book.local, book.local.hrefFor(u"n"_s), card("A"));
+        QCOMPARE(nameOf(created.error), u"None"_s);
+        QVERIFY(created.etag.isEmpty() && created.text.isEmpty());
+        QCOMPARE(book.remote.cartoes.size(), 1);
+    }
+
+    void a_deletion_that_is_refused_within_a_list_is_told()
+    {
+        Book book(1);
+        book.remote.antes = [&book](const Pedido &asked) -> std::optional<Resposta> {
+            if (asked.verbo != "DELETE") return std::nullopt;
+            return Resposta::Xml(
+                LivroDav::Multistatus(LivroDav::Sem(book.remote.livro + "1.vcf", "423 Locked")));
+        };
+        QCOMPARE(nameOf(remove(book.local, book.href(u"1.vcf"_s), {}).error), u"Server"_s);
+    }
+
+    void a_server_that_goes_on_for_ever_is_asked_for_its_list()
+    {
+        Book book(3);
+        int number = 0;
+        book.remote.antes = [&](const Pedido &asked) -> std::optional<Resposta> {
+            if (asked.verbo != "REPORT") return std::nullopt;
+            return Resposta::Xml(
+                LivroDav::Multistatus(LivroDav::Sem(book.remote.livro, "507 Insufficient Storage") +
+                                      "<d:sync-token>" + QByteArray::number(++number) + "</d:sync-token>"));
+        };
+        QCOMPARE(changesSince(book.local, {}).names().size(), 3);
+        QCOMPARE(number, 1000);
+    }
+
     void a_server_may_choose_the_name_itself()
     {
         Book book;

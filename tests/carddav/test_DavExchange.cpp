@@ -2,6 +2,7 @@
 #include "Asking.h"
 #include "carddav/DavConnection.h"
 #include "testlib/Pausas.h"
+#include "testlib/TempoGasto.h"
 #include "testlib/Teste.h"
 
 using namespace Qt::StringLiterals;
@@ -13,7 +14,7 @@ Q_DECLARE_METATYPE(LivroDav::Entrada)
 namespace
 {
 const RemoteAccount ana{u"ana"_s, u"segredo9"_s};
-constexpr qint64 blocked = 250; // ms: longer than a busy machine's hiccup
+constexpr qint64 blocked = 1500; // ms: longer than a busy machine's hiccup, shorter than what is waited for
 
 RemoteLimits soon()
 {
@@ -171,6 +172,21 @@ private Q_SLOTS:
         AddressBook book(encrypted(server), ana);
         QCOMPARE(nameOf(changesSince(book, {}).error), u"Unencrypted"_s);
         QCOMPARE(nameOf(create(book, book.hrefFor(u"n"_s), card("A")).error), u"Unencrypted"_s);
+        QVERIFY(clear.pedidos.isEmpty());
+    }
+
+    void a_home_is_not_looked_for_where_it_would_be_in_the_clear()
+    {
+        trustTheServer();
+        LivroDav plain;
+        ServidorHttp clear(std::ref(plain));
+        ServidorHttp server([&](const Pedido &) {
+            return Resposta::Xml(LivroDav::Multistatus(LivroDav::Uma(
+                "/", "<c:addressbook-home-set><d:href>" + clear.Endereco(u"/dav/ana/"_s).toUtf8() +
+                         "</d:href></c:addressbook-home-set>")));
+        });
+        server.Cifrar(identity_);
+        QCOMPARE(nameOf(find(encrypted(server).toString(), ana).error), u"Unencrypted"_s);
         QVERIFY(clear.pedidos.isEmpty());
     }
 
@@ -554,15 +570,35 @@ private Q_SLOTS:
 
     void the_interface_is_never_kept_waiting()
     {
-        LivroDav remote;
-        for (int number = 0; number < 5000; ++number)
-            remote.Por(QByteArray::number(number) + ".vcf", card("A"));
-        const QByteArray list = remote({"PROPFIND", path.toLatin1(), {{"depth", "1"}}, {}}).corpo;
-        ServidorHttp server([&](const Pedido &) { return Resposta::Xml(list); });
+        ServidorHttp server([](const Pedido &) {
+            Resposta answer = listed();
+            answer.atraso = 3000;
+            return answer;
+        });
         AddressBook book(at(server), {});
         const Pausas pauses;
-        QCOMPARE(changesSince(book, {}).changed.size(), 5000);
+        QCOMPARE(nameOf(changesSince(book, {}).error), u"None"_s);
         QVERIFY2(pauses.maior < blocked, qPrintable(QString::number(pauses.maior)));
+    }
+
+    void a_list_twice_as_long_takes_no_more_than_in_proportion()
+    {
+        LivroDav remote;
+        QByteArray lists[2];
+        for (int number = 0; number < 8000; ++number) {
+            remote.Por(QByteArray::number(number) + ".vcf", card("A"));
+            if (number == 1999) lists[0] = remote({"PROPFIND", path.toLatin1(), {{"depth", "1"}}, {}}).corpo;
+        }
+        lists[1] = remote({"PROPFIND", path.toLatin1(), {{"depth", "1"}}, {}}).corpo;
+        double times[2] = {};
+        for (const int which : {0, 1})
+            times[which] = Tempo_Gasto([&] {
+                ServidorHttp server([&](const Pedido &) { return Resposta::Xml(lists[which]); });
+                AddressBook book(at(server), {});
+                QCOMPARE(changesSince(book, {}).changed.size(), which == 0 ? 2000 : 8000);
+            });
+        qInfo("2000: %.0f us, 8000: %.0f us", times[0], times[1]);
+        QVERIFY(times[1] < 10 * times[0]);
     }
 };
 

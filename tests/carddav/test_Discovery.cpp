@@ -191,6 +191,32 @@ private Q_SLOTS:
         QCOMPARE(addressesOf(find(found.error.detail, ana)), QStringList{u"/dav/ana/contactos/"_s});
     }
 
+    void a_book_on_another_server_is_not_offered_as_one_of_this_data()
+    {
+        QTest::addColumn<bool>("redirected");
+        QTest::newRow("named by this one") << false;
+        QTest::newRow("found where this one leads") << true;
+    }
+    void a_book_on_another_server_is_not_offered_as_one_of_this()
+    {
+        QFETCH(bool, redirected);
+        LivroDav there; // open to all
+        ServidorHttp second(std::ref(there));
+        const QString other = u"http://localhost:%1/dav/ana/contactos/"_s.arg(second.serverPort());
+        ServidorHttp first([&](const Pedido &) {
+            if (redirected) return Resposta::Para(other);
+            return Resposta::Xml(
+                LivroDav::Multistatus("<d:response><d:href>" + other.toUtf8() +
+                                      "</d:href><d:propstat><d:prop><d:resourcetype><c:addressbook/></"
+                                      "d:resourcetype></d:prop></d:propstat>"
+                                      "</d:response>"));
+        });
+        const Found found = find(first.Endereco(), ana);
+        QCOMPARE(nameOf(found.error), u"Elsewhere"_s);
+        QCOMPARE(found.error.detail, other);
+        QVERIFY(found.books.isEmpty());
+    }
+
     void a_server_that_leads_on_and_on_is_left()
     {
         int number = 0;

@@ -15,7 +15,7 @@ using namespace asking;
 namespace
 {
 const RemoteAccount ana{u"ana"_s, u"segredo9"_s};
-constexpr qint64 blocked = 250; // ms: longer than a busy machine's hiccup
+constexpr qint64 blocked = 1000; // ms: longer than a busy machine's hiccup, shorter than all that is done
 
 QByteArray normal(const QByteArray &text)
 {
