@@ -121,7 +121,14 @@ Main::Main(Geral &geral, Platform &platform)
     };
     connect(intercambio, &Intercambio::ContactosMudados, lista_, ler_de_novo);
     connect(entrada, &EntradaDeContactos::ContactosMudados, lista_, ler_de_novo);
-    connect(sincronizador_, &Sincronizador::ContactosMudados, lista_, ler_de_novo);
+    connect(sincronizador_, &Sincronizador::ContactosMudados, lista_, [this, ler_de_novo] {
+        const int linha = ListaNomes->ListIndex();
+        const int antes = linha < 0 ? 0 : ListaNomes->ItemData(linha);
+        ler_de_novo();
+        for (int i = 0; antes != 0 && i < ListaNomes->ListCount(); ++i)
+            if (ListaNomes->ItemData(i) == antes) return ListaNomes->setListIndex(i);
+    });
+    connect(sincronizador_, &Sincronizador::GruposMudados, lista_, &ListaContactos::Carregar_Grupos);
     connect(sincronizador_, &Sincronizador::Abrir_Sincronizar, this, [this] {
         if (tray_->Destrancar()) sincronizador_->Abrir();
     });

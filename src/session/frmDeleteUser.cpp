@@ -6,6 +6,7 @@
 #include "platform/Platform.h"
 #include "session/PosseDosDados.h"
 #include "session/Titulo.h"
+#include "sincronizacao/MemoriaDaSincronizacao.h"
 
 using namespace Qt::StringLiterals;
 
@@ -49,7 +50,14 @@ void frmDeleteUser::Eliminar_O_Ultimo(const QString &id)
     geral_.SessaoActual.PedirPassSystemTray = false;
     janela_.setWindowTitle(Titulo(geral_));
     geral_.de.Executar("cmdEliminarEmailsUtilizador", {id});
+    Esquecer_Servidor(id);
     accept();
+}
+
+// With the password of the account there.
+void frmDeleteUser::Esquecer_Servidor(const QString &id)
+{
+    if (geral_.de.Em_Dia()) MemoriaDaSincronizacao(geral_.de, id).Esquecer();
 }
 
 void frmDeleteUser::Recusar()
@@ -67,6 +75,7 @@ void frmDeleteUser::Eliminar_Outro(const QString &id)
     }
     geral_.de.Executar("cmdDeleteUser", {id});
     geral_.de.Executar("cmdEliminarEmailsUtilizador", {id});
+    Esquecer_Servidor(id);
     accept();
 }
 

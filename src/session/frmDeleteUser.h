@@ -21,6 +21,7 @@ private:
     void cmdOk_Click();
 
     void Eliminar_O_Ultimo(const QString &id);
+    void Esquecer_Servidor(const QString &id);
     void Recusar();
     void Eliminar_Outro(const QString &id);
     bool Ha_Tarefas_E_Memos(const QString &id);

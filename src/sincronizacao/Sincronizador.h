@@ -54,6 +54,7 @@ Q_SIGNALS:
     void Progresso(int feitos, int de_quantos);
     void Acabou(const ResultadoDaSincronizacao &resultado);
     void ContactosMudados(); // the list must be read anew
+    void GruposMudados();    // so must the filter
     void Abrir_Sincronizar(); // the card was clicked: the user wants to see
 
 private:

@@ -214,7 +214,7 @@ int frmSincronizar::Grupo_Escolhido()
     geral_.de.Executar("cmdInserirGrupo", {nome_do_grupo_, geral_.SessaoActual.IdUtilizador});
     const int novo = static_cast<int>(geral_.de.Ultimo_ID("TblGrupos"));
     ComboGrupo->SetItemData(ComboGrupo->ListIndex(), novo);
-    Q_EMIT sincronizador_.ContactosMudados(); // the filter has one more
+    Q_EMIT sincronizador_.GruposMudados();
     return novo;
 }
 
@@ -233,8 +233,12 @@ bool frmSincronizar::Guardar()
     onFailure(
         [&] {
             conta.IDGrupo = livro < 0 ? conta.IDGrupo : Grupo_Escolhido();
-            PalavraPasseDoServidor(geral_, platform_.secrets).Guardar(conta, txtPalavraPasse->text());
+            // A store that was locked has shown none: what lies there stays.
+            if (txtPalavraPasse->isModified() || conta.PalavraPasse.isEmpty() != platform_.secrets.isThere())
+                PalavraPasseDoServidor(geral_, platform_.secrets).Guardar(conta, txtPalavraPasse->text());
             memoria_.Guardar(conta);
+            lblGuarda->setText(geral_.Ler_Idioma(conta.PalavraPasse.isEmpty() ? 528 : 529));
+            txtPalavraPasse->setModified(false);
             guardada = true;
         },
         [this](const Failure &falha) { platform_.boxes.showError(falha); });
@@ -246,7 +250,10 @@ void frmSincronizar::cmdSincronizar_Click()
 {
     if (!Guardar()) return;
     pediu_ = sincronizador_.Comecar(Sincronizacao::Modo::Normal);
-    if (pediu_) Mostrar_Progresso(0, 0);
+    if (pediu_)
+        Mostrar_Progresso(0, 0);
+    else
+        Dizer(geral_.Ler_Idioma(540));
     Permitir();
 }
 

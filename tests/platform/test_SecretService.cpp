@@ -30,7 +30,7 @@ private Q_SLOTS:
     {
         if (QStandardPaths::findExecutable(u"dbus-daemon"_s).isEmpty()) QSKIP("dbus-daemon is not installed");
         QProcess python;
-        python.start(u"python3"_s, {u"-c"_s, u"import dbus, gi"_s});
+        python.start(u"/usr/bin/python3"_s, {u"-c"_s, u"import dbus, gi"_s});
         if (!python.waitForFinished() || python.exitCode() != 0) QSKIP("python3-dbus is not installed");
         QVERIFY(!SecretService().isThere()); // there is no bus yet
         bus_.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address"_s});

@@ -22,6 +22,7 @@ struct Mesa : ComJanela {
         // The window has one with the real ways; this one stands in its place.
         delete janela.findChild<Sincronizador *>();
         sincronizador = new Sincronizador(janela, s.geral, s.plataforma, Servidores());
+        QObject::connect(sincronizador, &Sincronizador::GruposMudados, &lista, &ListaContactos::Carregar_Grupos);
     }
 
     ServidoresDeLivros Servidores()
@@ -121,7 +122,8 @@ private Q_SLOTS:
         QCOMPARE(form->lblResultado->text(), m.s.Texto(520).arg(1).arg(0).arg(0).arg(0).arg(0).arg(0));
         QCOMPARE(m.s.Linhas(u"SELECT l.Nome, g.NomeGrupo, g.IdUtilizador FROM TblLista l JOIN TblGrupos g ON g.ID=l.Grupo"_s),
                  QStringList{u"Ana|Telemóvel|%1"_s.arg(m.s.geral.SessaoActual.IdUtilizador)});
-        QCOMPARE(mudados.size(), 2); // the new group, then the contact
+        QCOMPARE(mudados.size(), 1);
+        QVERIFY(m.janela.ComboGrupos->findText(u"Telemóvel"_s) > 0);
         QVERIFY(!form->ProgressBar1->isVisible());
         QVERIFY(form->lblUltima->text() != m.s.Texto(519));
         QCOMPARE(m.Abrir()->lblResultado->text(), form->lblResultado->text());
@@ -376,6 +378,23 @@ private Q_SLOTS:
         m.janela.Sincronizar->trigger();
         QVERIFY(m.janela.isEnabled());
         QCOMPARE(m.janela.Ferramentas->actions().constLast(), m.janela.Sincronizar);
+    }
+
+    void uma_palavra_passe_que_o_porta_chaves_nao_mostra_fica_la()
+    {
+        Mesa m;
+        m.s.segredos.ha = true;
+        m.Preencher()->cmdOk->click();
+        const auto guardados = std::exchange(m.s.segredos.guardados, {}); // locked
+        const auto form = m.Abrir();
+        QCOMPARE(form->txtPalavraPasse->text(), QString());
+        form->cmdSincronizar->click();
+        QCOMPARE(form->lblResultado->text(), m.s.Texto(540));
+        QVERIFY(m.s.segredos.guardados.isEmpty()); // not written over
+        m.s.segredos.guardados = guardados;
+        form->cmdSincronizar->click();
+        m.Esperar();
+        QCOMPARE(m.abertos, QStringList{u"https://dav.example/eva/amigos/ eva/abcd-12 x"_s});
     }
 
     void sem_direito_a_grupos_nao_se_cria_um()
