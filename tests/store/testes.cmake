@@ -3,6 +3,7 @@ foreach(teste IN ITEMS
     test_Connection
     test_FailureKind
     test_PostgresAddress
+    test_PostgresCopy
     test_PostgresDialect
     test_PostgresFaults
     test_PostgresLedger
@@ -17,5 +18,5 @@ foreach(teste IN ITEMS
 endforeach()
 morvex_servidores(test_PostgresLedger)
 morvex_servidores(test_PostgresOpening)
-morvex_com_postgres(store/test_PostgresFaults store/test_PostgresLedger store/test_PostgresNotices store/test_PostgresOpening
+morvex_com_postgres(store/test_PostgresCopy store/test_PostgresFaults store/test_PostgresLedger store/test_PostgresNotices store/test_PostgresOpening
     store/test_PostgresStore store/test_PostgresWrites)

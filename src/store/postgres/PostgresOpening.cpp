@@ -40,9 +40,9 @@ QString readable(const QString &message)
 }
 } // namespace
 
-PostgresOpening::PostgresOpening(PostgresAddress address, const QStringList &settings)
+PostgresOpening::PostgresOpening(PostgresAddress address, QStringList settings)
     : address_(std::move(address)),
-      settings_(settings)
+      settings_(std::move(settings))
 {
     if (const QStringList names = address_.namesToLookUp(); !names.isEmpty())
         lookup_.emplace(names);

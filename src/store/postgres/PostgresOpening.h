@@ -16,7 +16,7 @@ public:
     enum class Waits { ToRead, ToWrite, NoMore };
 
     // Begins at once. The settings are what each session of the server begins with ("lock_timeout=3000").
-    PostgresOpening(PostgresAddress address, const QStringList &settings);
+    PostgresOpening(PostgresAddress address, QStringList settings);
 
     int socket() const; // may be another one after each step
     Waits waits() const { return waits_; }

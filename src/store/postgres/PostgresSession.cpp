@@ -13,10 +13,10 @@ namespace
 constexpr std::string_view otherColumns = "0A000";
 } // namespace
 
-PostgresSession::PostgresSession(const QString &address, const QStringList &settings, PostgresPatience patience)
+PostgresSession::PostgresSession(const QString &address, QStringList settings, PostgresPatience patience)
     : patience_(std::move(patience)),
       address_(address),
-      settings_(settings),
+      settings_(std::move(settings)),
       reconnect_(address_, settings_, patience_)
 {
     reconnect_.opened = [this](PostgresConnection connection) { comeBack(std::move(connection)); };

@@ -16,7 +16,7 @@ public:
     using Commands = std::span<const PostgresCommand>;
 
     // Opens the connection and waits for that. The settings are what each session of the server begins with.
-    PostgresSession(const QString &address, const QStringList &settings, PostgresPatience patience);
+    PostgresSession(const QString &address, QStringList settings, PostgresPatience patience);
     ~PostgresSession() override;
 
     const PostgresPatience &patience() const { return patience_; }
@@ -65,7 +65,7 @@ public:
 
     // How many changes others have announced, those included that have arrived but not been heard.
     qint64 noticed();
-    void listen(Store::Listener listener) { listener_ = std::move(listener); }
+    void listen(const Store::Listener &listener) { listener_ = listener; }
 
     // Called whenever the way back is found, before anybody hears of it. May raise Failure where the connection is
     // lost again.

@@ -34,8 +34,9 @@ public:
     void giveAgainBehind(const QString &table, qint64 last) override;
     QStringList columns(const QString &table) override;
     int schemaNumber() override;
+    void copyTo(const FileCopy &copy) override;
     const Dialect &dialect() const override;
-    void listen(Listener listener) override { session_.listen(std::move(listener)); }
+    void listen(const Listener &listener) override { session_.listen(listener); }
     Fate lostWrite() const override { return fate_; }
 
 private:
