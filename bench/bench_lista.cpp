@@ -16,6 +16,7 @@
 #include "platform/DesktopTray.h"
 #include "platform/Platform.h"
 #include "platform/PurpleMessenger.h"
+#include "platform/SecretService.h"
 #include "session/Main.h"
 #include "store/Connection.h"
 #include "store/sqlite/TextRules.h"
@@ -257,10 +258,12 @@ int Filho_Main(int argc, char **argv, const QString &pasta)
     DesktopRegistry registry;
     OwnProcess process;
     DesktopTray tray{QIcon(), QIcon()};
+    SecretService secrets;
     Geral geral(pasta);
     PopMailNotification mail(geral.Ficheiro(u"correio.json"_s), [&geral] { return geral.IdiomaActual; });
     PurpleMessenger messenger;
-    Platform platform{clock, boxes, dialogs, shell, sound, registry, mail, messenger, process, tray};
+    Platform platform{clock, boxes, dialogs, shell, sound, registry, mail,
+                      messenger, process, tray, secrets};
     Main janela(geral, platform);
     janela.Carregar();
     Mostrar_E_Pintar(janela);

@@ -20,9 +20,9 @@ pacotes_para_testar=(
     "${pacotes_para_ecra_virtual[@]}" trayer python3-xlib python3-dbus python3-gi python3 desktop-file-utils appstream openssl poppler-utils python3-xlrd xz-utils
     cups-daemon cups-client cups-filters libreoffice-calc-nogui libreoffice-writer-nogui
     fonts-droid-fallback # the one font among these that has Chinese
-    # Servers of tests/servidores: mail, presence, and a client of the latter in a terminal of its own.
-    dovecot-pop3d prosody finch tmux
-    postgresql # the database server
+    # Servers of tests/servidores: mail, address books, presence, and a client of the latter in a terminal of its own.
+    dovecot-pop3d radicale xandikos prosody finch tmux
+    postgresql iproute2 # the database server, and a network of its own for it
     zbar-tools # reads the contact's code from its picture
     faketime # a clock that a test moves under the running program
     # A sound server, whose own output is recorded, and the desktop's starter of entries.

@@ -16,6 +16,7 @@
 #include "platform/Platform.h"
 #include "platform/ProgramFolder.h"
 #include "platform/PurpleMessenger.h"
+#include "platform/SecretService.h"
 #include "platform/SingleInstance.h"
 #include "platform/ToolkitLanguage.h"
 #include "platform/Translations.h"
@@ -69,6 +70,7 @@ int run(const CommandLine &line, int argc, char **argv)
     DesktopShell shell;
     DesktopSound sound;
     OwnRegistry registry;
+    SecretService secrets;
     OwnProcess process;
     PurpleMessenger messenger;
     DesktopTray tray(QIcon(QStringLiteral(":/imagens/tray/morvex_tray.svg")),
@@ -83,7 +85,8 @@ int run(const CommandLine &line, int argc, char **argv)
     boxes.setLanguage([&geral] { return geral.IdiomaActual; });
     PopMailNotification mail(geral.Ficheiro(QStringLiteral("correio.json")),
                              [&geral] { return geral.IdiomaActual; });
-    Platform platform{clock, boxes, dialogs, shell, sound, registry, mail, messenger, process, tray};
+    Platform platform{clock, boxes, dialogs, shell, sound, registry, mail,
+                      messenger, process, tray, secrets};
 
     DesktopSessionEnd sessionEnd;
     const FimDaSessao fim(sessionEnd, geral, platform);

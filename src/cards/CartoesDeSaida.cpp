@@ -68,6 +68,7 @@ QByteArray CartoesDeSaida::Cartao(const ContactoParaCartao &contacto, const QByt
 {
     if (guardado.isEmpty()) return cartao_.Novo(contacto);
     const QByteArray remendado = cartao_.Remendado(contacto, guardado);
+    if (opcoes_.na_do_guardado && opcoes_.com_fotografias) return remendado;
     return inVersion(Lido(opcoes_.com_fotografias ? remendado : Sem_Fotografias(remendado)), opcoes_.versao);
 }
 

@@ -16,6 +16,7 @@ public:
         CardVersion versao = CardVersion::V30;
         bool com_fotografias = true;
         bool com_uid = true; // a card without it is seen, and not kept
+        bool na_do_guardado = false; // a kept card stays in its own version
     };
 
     // The groups are the names of those that the user sees.

@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
 
@@ -32,6 +33,12 @@ qint16 Id_De_16_Bits(int id)
     if (id > std::numeric_limits<qint16>::max())
         throw Failure(Failure::OutOfMemoryOrRange, u"IDContacto"_s, u"%1 does not fit 16 bits"_s.arg(id));
     return static_cast<qint16>(id);
+}
+
+bool Mostra_Ja(const QWidget &caixa, const QString &texto)
+{
+    if (const auto *linha = qobject_cast<const QLineEdit *>(&caixa)) return linha->text() == texto;
+    return static_cast<const QPlainTextEdit &>(caixa).toPlainText() == texto;
 }
 
 void Escrever(QWidget &caixa, const QString &texto)
@@ -69,6 +76,7 @@ CartaoContacto::CartaoContacto(Janela &janela, Geral &geral, Platform &platform)
 void CartaoContacto::Mostrar_Card()
 {
     bool encontrado = false;
+    const std::tuple antes(geral_.IDContacto, geral_.IndiceContacto, txtIdade.text());
     try {
         txtIdade.clear();
         Tomar_Contacto();
@@ -78,13 +86,52 @@ void CartaoContacto::Mostrar_Card()
         Q_EMIT OutrosEnderecos(rs.Fields("MSNMessenger").textOrEmpty());
         geral_.temporizadores.TimerStatusOfContact.setEnabled(false);
         geral_.temporizadores.TimerStatusOfContact.setEnabled(true);
-    } catch (const Failure &) {
+    } catch (const Failure &falha) {
+        if (falha.kind() == Failure::Kind::ServerLost) return Deixar_Como_Estava(antes);
         Permitir_Editar_E_Eliminar(encontrado); // in the editor what the card stumbled over can be mended
         platform_.boxes.show(geral_.Ler_Idioma(texto_erro_no_cartao), box::stop, &janela_);
         return;
     }
 
-    Recordset &rs = geral_.de.Rs("cmdEditarNome");
+    Mostrar_O_Resto(geral_.de.Rs("cmdEditarNome"));
+}
+
+// The window says that the server is away. What is done to the contact on the card must go on being done to that
+// one; when the server is back the card of the selected row is shown.
+void CartaoContacto::Deixar_Como_Estava(const std::tuple<qint16, int, QString> &antes)
+{
+    QString idade;
+    std::tie(geral_.IDContacto, geral_.IndiceContacto, idade) = antes;
+    txtIdade.setText(idade);
+}
+
+std::optional<QString> CartaoContacto::Reler()
+{
+    const int linha = ListaNomes.ListIndex();
+    if (linha < 0) return {};
+    const int id = ListaNomes.ItemData(linha);
+    Recordset &rs = geral_.de.Abrir("cmdEditarNome", {QString::number(id)});
+    if (rs.Eof()) {
+        rs.Close();
+        return {};
+    }
+    const QString Nome = rs.Fields("Nome").textOrEmpty();
+    const bool outro = id != geral_.IDContacto; // chosen while the server was away
+    const QScopedValueRollback so_mudancas(so_mudancas_, !outro);
+    skipFailure([&] { // what the card stumbles over was told when it was chosen
+        Tomar_Contacto();
+        txtIdade.clear();
+        Preencher_Campos(rs);
+    });
+    skipFailure([&] { Q_EMIT OutrosEnderecos(rs.Fields("MSNMessenger").textOrEmpty()); });
+    Mostrar_O_Resto(rs);
+    return Nome;
+}
+
+QString CartaoContacto::NomeGrupo() const { return janela_.txtGrupo->text(); }
+
+void CartaoContacto::Mostrar_O_Resto(Recordset &rs)
+{
     onFailure([&] { Mostrar_Foto(rs.Fields("Fotografia").textOrEmpty()); },
               [&](const Failure &) { Mostrar_Foto_Por_Omissao(); });
     onFailure([&] { Terminar_Card(rs); },
@@ -107,12 +154,17 @@ void CartaoContacto::Preencher_Campos(Recordset &rs)
 {
     const auto preencher = [&](cartao::Enche vez) {
         for (const Linha &linha : linhas_)
-            if (linha.desenho->enche == vez)
-                Escrever(*linha.caixa, rs.Fields(linha.desenho->coluna).textOrEmpty());
+            if (linha.desenho->enche == vez) Encher(*linha.caixa, rs.Fields(linha.desenho->coluna).textOrEmpty());
     };
     preencher(cartao::Enche::AntesDaData);
     Preencher_Aniversario(rs);
     preencher(cartao::Enche::DepoisDaData);
+}
+
+// A text that stays the same keeps its place and what is selected in it.
+void CartaoContacto::Encher(QWidget &caixa, const QString &texto) const
+{
+    if (!so_mudancas_ || !Mostra_Ja(caixa, texto)) Escrever(caixa, texto);
 }
 
 void CartaoContacto::Preencher_Aniversario(Recordset &rs)

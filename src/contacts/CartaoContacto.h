@@ -4,7 +4,10 @@
 
 #include "platform/Picture.h"
 
+#include <optional>
 #include <QObject>
+#include <QString>
+#include <tuple>
 #include <vector>
 
 class Geral;
@@ -29,8 +32,15 @@ public:
 
     // Shows the contact of the list's row: the list's click. What goes wrong before the picture is told in
     // one message and leaves the card as far as it got; a contact that was found can be edited and deleted
-    // even so, one that was not found can't.
+    // even so, one that was not found can't. A server that is away leaves the card as it was, without a word.
     void Mostrar_Card();
+
+    // The contact of the list's row as it is now, after another desk has changed it. What stays the same keeps
+    // its place and what is selected in it. Returns its name; nothing, and nothing is done, where no row is
+    // selected or its contact is gone. Raises Failure where it can't be asked for.
+    std::optional<QString> Reler();
+
+    QString NomeGrupo() const; // on the card
 
     // Empties and hides every row and switches off the commands that need a contact. The picture stays.
     void Limpar();
@@ -69,6 +79,9 @@ private:
     };
 
     void Tomar_Contacto();
+    void Deixar_Como_Estava(const std::tuple<qint16, int, QString> &antes);
+    void Mostrar_O_Resto(Recordset &rs);
+    void Encher(QWidget &caixa, const QString &texto) const;
     void Preencher_Campos(Recordset &rs);
     void Preencher_Aniversario(Recordset &rs);
     void Mostrar_Foto(const QString &Fotografia);
@@ -96,6 +109,7 @@ private:
     std::vector<Linha> linhas_;
     Folga folga_;
     Picture image1_;
+    bool so_mudancas_ = false; // a text that is there already is not written again
     bool por_omissao_ = false; // image1_ is the picture for want of one
     QString nome_do_mes_;      // stays from card to card where a month has no name
 };

@@ -16,6 +16,8 @@ namespace
 {
 constexpr qint16 texto_novo_contacto = 26;
 constexpr qint16 texto_editar_contacto = 53;
+constexpr qint16 texto_mudado_noutro_posto = 451;
+constexpr qint16 texto_eliminado_noutro_posto = 452;
 } // namespace
 
 EdicaoContacto::EdicaoContacto(Janela &janela, Geral &geral, Platform &platform, ListaContactos &lista)
@@ -49,7 +51,23 @@ void EdicaoContacto::Abrir(const QString &ModoContacto, qint16 titulo)
     geral_.ModoContacto = ModoContacto;
     const DisabledWindow desactivada(janela_);
     frmAddEdit form(janela_, geral_, platform_, lista_);
+    aberto_ = &form;
     connect(&form, &frmAddEdit::Sem_Grupos, this, &EdicaoContacto::Sem_Grupos);
     form.setWindowTitle(withoutMnemonic(geral_.Ler_Idioma(titulo)));
     if (form.Carregar()) form.exec();
+}
+
+void EdicaoContacto::Contactos_Mudados(const QSet<int> &ids) { Avisar(ids, texto_mudado_noutro_posto); }
+
+void EdicaoContacto::Contactos_Eliminados(const QSet<int> &ids) { Avisar(ids, texto_eliminado_noutro_posto); }
+
+void EdicaoContacto::Servidor_De_Volta()
+{
+    if (aberto_) aberto_->Servidor_De_Volta();
+}
+
+void EdicaoContacto::Avisar(const QSet<int> &ids, qint16 texto)
+{
+    if (aberto_ && geral_.ModoContacto == "Edit"_L1 && ids.contains(geral_.IDContacto))
+        aberto_->Avisar(geral_.Ler_Idioma(texto));
 }

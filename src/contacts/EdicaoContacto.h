@@ -3,7 +3,10 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
+#include <QSet>
 
+class frmAddEdit;
 class Geral;
 class Janela;
 class ListaContactos;
@@ -15,6 +18,13 @@ class EdicaoContacto final : public QObject
 public:
     EdicaoContacto(Janela &janela, Geral &geral, Platform &platform, ListaContactos &lista);
 
+    // Another desk has changed or deleted those contacts: an open editor of one of them says so, and stays as it
+    // is.
+    void Contactos_Mudados(const QSet<int> &ids);
+    void Contactos_Eliminados(const QSet<int> &ids);
+    // The server is back, and nothing has been written since.
+    void Servidor_De_Volta();
+
 Q_SIGNALS:
     // There is no group that a contact could belong to: the form that makes one is wanted, modally.
     void Sem_Grupos();
@@ -23,9 +33,11 @@ private:
     void cmdNovo_Click();
     void cmdEditar_Click();
     void Abrir(const QString &ModoContacto, qint16 titulo);
+    void Avisar(const QSet<int> &ids, qint16 texto);
 
     Janela &janela_;
     Geral &geral_;
     Platform &platform_;
     ListaContactos &lista_;
+    QPointer<frmAddEdit> aberto_;
 };

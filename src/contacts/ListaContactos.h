@@ -7,6 +7,7 @@
 #include "store/Connection.h"
 
 #include <QObject>
+#include <QSet>
 
 class CartaoContacto;
 class ComboBox;
@@ -21,7 +22,7 @@ class ListaContactos final : public QObject
 public:
     ListaContactos(Janela &janela, Geral &geral, CartaoContacto &cartao);
 
-    // Reads the names of the chosen group anew, always from empty. A single contact is selected and shown, of
+    // Reads the names of the chosen group anew, always from empty; a server that is away takes no names away. A single contact is selected and shown, of
     // two or more none. Raises Failure where a command fails or the picture for want of one is missing.
     void Carregar_Tabela();
 
@@ -47,13 +48,31 @@ public:
     // After a change of groups that may have moved or taken contacts: filter, card and list anew.
     void Refrescar();
 
+    // Another desk has changed these contacts, or some that nobody named: list and card anew. The selection stays
+    // on its contact, without a click, and the list at its place; a contact that is gone takes its card with it.
+    void Seguir_Contactos(const QSet<int> &mudados, bool talvez_outros);
+
+    // Another desk has changed groups: filter, list and card anew. The chosen group stays; where it is gone all
+    // groups are shown.
+    void Seguir_Grupos();
+
     // The row before or behind the selected one, round the ends of the list.
     void Contacto_Anterior();
     void Contacto_Seguinte();
 
 private:
     void Acrescentar_Todos_Os_Grupos();
-    void Preencher_Listas();
+    struct Lidos {
+        Connection::Mark marca; // of the database, when they were read
+        ListItems nomes;
+    };
+    Lidos Ler();
+    void Preencher_Listas(const Lidos &lidos);
+    bool Cartao_A_Vista() const;
+    bool So_Mudou_O_Cartao();
+    void Reler();
+    bool Trocar_Grupos();
+    void Largar_Cartao();
 
     Geral &geral_;
     CartaoContacto &cartao_;

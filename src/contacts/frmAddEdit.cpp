@@ -19,7 +19,10 @@
 #include "platform/Platform.h"
 #include "platform/Translations.h"
 
+#include <algorithm>
+#include <QAccessible>
 #include <QStandardPaths>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -182,6 +185,14 @@ void frmAddEdit::Escolher_Grupo(const QString &Grupo)
     rs.Close();
 }
 
+void frmAddEdit::Avisar(const QString &aviso)
+{
+    lblAviso->setText(aviso);
+    lblAviso->show();
+    QAccessibleEvent dito(lblAviso, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&dito);
+}
+
 void frmAddEdit::Mostrar_Foto(const Picture &imagem)
 {
     Mostrar_Fotografia(*Thumb, imagem, Lugar_Da_Foto(QSizeF(imagem.naturalSize()) * twipsPerPixel));
@@ -304,12 +315,59 @@ std::array<QString, 17> frmAddEdit::Valores() const
             txtIDGrupo->text()};
 }
 
+void frmAddEdit::Servidor_De_Volta()
+{
+    if (!std::exchange(por_saber_, false)) return;
+    chegou_ = geral_.de.Escrita_Perdida() == Fate::Arrived;
+}
+
 void frmAddEdit::Adicionar()
 {
+    if (const QString ID = chegou_ ? ID_Do_Que_Chegou() : QString(); !ID.isEmpty()) return Completar(ID);
+    if (geral_.de.Num_Servidor()) { // others add names in the meantime, and a row can't be told beforehand
+        Escrever_Novo();
+        return Fechar_Depois_De(
+            [&] { lugar_.Mostrar(static_cast<int>(geral_.de.Acrescentado()), txtIDGrupo->text()); });
+    }
     const int IndiceNovoContacto = lugar_.Lugar_Do_Novo(txtNome->text(), txtIDGrupo->text());
-    std::apply([&](const auto &...valores) { geral_.de.Executar("cmdAdicionarNome", {valores...}); },
-               Valores());
+    Escrever_Novo();
     Fechar_Depois_De([&] { lugar_.Mostrar_Novo(IndiceNovoContacto); });
+}
+
+void frmAddEdit::Escrever_Novo()
+{
+    try {
+        std::apply([&](const auto &...valores) { geral_.de.Executar("cmdAdicionarNome", {valores...}); },
+                   Valores());
+    } catch (const Failure &falha) {
+        por_saber_ = falha.kind() == Failure::Kind::ServerLost;
+        perdidos_ = Valores();
+        throw;
+    }
+}
+
+// A new contact whose answer alone was lost is not written twice: it takes what was written in the form since.
+void frmAddEdit::Completar(const QString &ID)
+{
+    std::apply(
+        [&](const auto &...valores) {
+            geral_.de.Executar("cmdUpdateNome", {valores..., ID});
+        },
+        Valores());
+    chegou_ = false;
+    Fechar_Depois_De([&] { lugar_.Mostrar(ID.toInt(), txtIDGrupo->text()); });
+}
+
+// The last one of its name; empty where somebody has taken it away since.
+QString frmAddEdit::ID_Do_Que_Chegou()
+{
+    const QString &Nome = perdidos_.front();
+    int ultimo = 0;
+    Recordset &rs = geral_.de.Abrir("cmdProcurarNome", {Nome});
+    for (; !rs.Eof(); rs.MoveNext())
+        if (rs.Fields("Nome").textOrEmpty() == Nome) ultimo = std::max(ultimo, rs.Fields("ID").number());
+    rs.Close();
+    return ultimo == 0 ? QString() : QString::number(ultimo);
 }
 
 void frmAddEdit::Actualizar()

@@ -30,6 +30,12 @@ public:
     // Failure where the contact can't be read, with the timers running again.
     bool Carregar();
 
+    // A line in the form, also for a screen reader. What has been typed stays as it is.
+    void Avisar(const QString &aviso);
+
+    // The server is back: what became of a write whose answer was lost is known, and not for long.
+    void Servidor_De_Volta();
+
 Q_SIGNALS:
     // There is no group that a contact could belong to.
     void Sem_Grupos();
@@ -62,6 +68,9 @@ private:
     QString Registo() const;
     void Adicionar();
     void Actualizar();
+    void Escrever_Novo();
+    void Completar(const QString &ID);
+    QString ID_Do_Que_Chegou();
     void Fechar_Depois_De(const std::function<void()> &mostrar);
 
     Geral &geral_;
@@ -74,5 +83,8 @@ private:
     EntradaDeFotografia *entrada_; // likewise
     FotografiaNova nova_;
     QString fotografia_antes_; // as the row had it
+    std::array<QString, 17> perdidos_; // of a new contact over which the server went away
+    bool por_saber_ = false;           // whether it had arrived
+    bool chegou_ = false;
     bool activado_ = false;
 };

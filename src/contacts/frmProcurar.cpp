@@ -70,6 +70,12 @@ frmProcurar::frmProcurar(Janela &Main, Geral &geral, Platform &platform)
         connect(opcao, &QRadioButton::toggled, opcao,
                 [opcao](bool marcada) { Parar_Tabulador(*opcao, marcada); });
     }
+    // Another desk may change the list at any time, and the row of a hit is that of another contact then.
+    connect(Main_ListaNomes.model(), &QAbstractItemModel::modelReset, this, [this] {
+        if (!geral_.de.Num_Servidor()) return;
+        ListViewProcura.clear();
+        PosicaoPesquisa = 1;
+    });
     connect(cmdProcurar, &QPushButton::clicked, this, &frmProcurar::cmdProcurar_Click);
     connect(ListaNomes, &ListBox::Click, this, &frmProcurar::ListaNomes_Click);
     connect(this, &QDialog::finished, this, &frmProcurar::Form_Unload);

@@ -14,6 +14,16 @@
 // The pictures are compiled into a library, and a library's pictures announce themselves only when asked to.
 static void announcePictures() { Q_INIT_RESOURCE(imagens); }
 
+namespace
+{
+// The main window has a line for as long as the server is away: no box for each click. In front of a form that line
+// is not to be seen, and somebody waits there for what was asked.
+bool saidInTheWindow(const Failure &failure)
+{
+    return failure.kind() == Failure::Kind::ServerLost && QApplication::activeModalWidget() == nullptr;
+}
+} // namespace
+
 Application::Application(int &argc, char **argv, MessageBoxes &boxes)
     : QApplication(argc, argv), boxes_(boxes)
 {
@@ -40,7 +50,7 @@ bool Application::notify(QObject *receiver, QEvent *event)
     try {
         return QApplication::notify(receiver, event);
     } catch (const Failure &failure) {
-        boxes_.showError(failure);
+        if (!saidInTheWindow(failure)) boxes_.showError(failure);
     } catch (const std::exception &error) {
         boxes_.showError(Failure(Failure::StoreError, QString(), QString::fromLocal8Bit(error.what())));
     }

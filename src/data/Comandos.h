@@ -1,4 +1,4 @@
-// The catalogue of the 81 named commands: the SQL that reaches morvex.mdb, but for the merge's one question
+// The catalogue of the 94 named commands: the SQL that reaches morvex.mdb, but for the merge's one question
 // for all groups at once and for what puts deleted rows back as they were. One entry a command.
 #pragma once
 
@@ -307,10 +307,56 @@ inline constexpr std::array catalogo = std::to_array<EntradaDoCatalogo>({
      "",
      "SELECT IDContacto, IDOutro FROM TblDiferentes",
      "IDContacto, IDOutro"},
+    {"cmdVerSincronizacao", ComLinhas, "TblSincronizacao",
+     "IdUtilizador",
+     "SELECT * FROM TblSincronizacao WHERE IdUtilizador=?"},
+    {"cmdGuardarSincronizacao", SemLinhas, "TblSincronizacao",
+     "IdUtilizador Endereco Nome PalavraPasse Livro NomeDoLivro IDGrupo Ligada AoArrancar Minutos",
+     "INSERT INTO TblSincronizacao (IdUtilizador, Endereco, Nome, PalavraPasse, Livro, NomeDoLivro, IDGrupo, Ligada, "
+     "AoArrancar, Minutos) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?) ON CONFLICT (IdUtilizador) DO UPDATE SET "
+     "Endereco = excluded.Endereco, Nome = excluded.Nome, PalavraPasse = excluded.PalavraPasse, "
+     "Livro = excluded.Livro, NomeDoLivro = excluded.NomeDoLivro, IDGrupo = excluded.IDGrupo, "
+     "Ligada = excluded.Ligada, AoArrancar = excluded.AoArrancar, Minutos = excluded.Minutos"},
+    {"cmdGuardarCorrida", SemLinhas, "TblSincronizacao",
+     "Corrida IdUtilizador",
+     "UPDATE TblSincronizacao SET Corrida = ? WHERE (IdUtilizador = ?)"},
+    {"cmdGuardarResultado", SemLinhas, "TblSincronizacao",
+     "Testemunho UltimaVez Resultado IdUtilizador",
+     "UPDATE TblSincronizacao SET Testemunho = ?, UltimaVez = ?, Resultado = ? WHERE (IdUtilizador = ?)"},
+    {"cmdEliminarSincronizacao", SemLinhas, "TblSincronizacao",
+     "IdUtilizador",
+     "DELETE * FROM TblSincronizacao WHERE IdUtilizador=?"},
+    {"cmdListarPares", ComLinhas, "TblSincronizados",
+     "IdUtilizador",
+     "SELECT IDContacto, href, etag, estado, resumo, acordo FROM TblSincronizados WHERE IdUtilizador=? ORDER BY Par"},
+    {"cmdGuardarPar", SemLinhas, "TblSincronizados",
+     "Par IdUtilizador IDContacto href etag estado resumo acordo",
+     "INSERT INTO TblSincronizados (Par, IdUtilizador, IDContacto, href, etag, estado, resumo, acordo) VALUES "
+     "(?, ?, ?, ?, ?, ?, ?, ?) ON CONFLICT (Par) DO UPDATE SET IDContacto = excluded.IDContacto, "
+     "etag = excluded.etag, estado = excluded.estado, resumo = excluded.resumo, acordo = excluded.acordo"},
+    {"cmdEliminarPar", SemLinhas, "TblSincronizados",
+     "Par",
+     "DELETE * FROM TblSincronizados WHERE Par=?"},
+    {"cmdEliminarPares", SemLinhas, "TblSincronizados",
+     "IdUtilizador",
+     "DELETE * FROM TblSincronizados WHERE IdUtilizador=?"},
+    {"cmdListarContactosDoGrupo", ComLinhas, "TblLista",
+     "Grupo",
+     "SELECT * FROM TblLista WHERE Grupo=? ORDER BY ID"},
+    {"cmdInserirOcorrencia", SemLinhas, "TblOcorrencias",
+     "IdUtilizador Quando Que IDContacto Nome Campo Valor Outro",
+     "INSERT INTO TblOcorrencias (IdUtilizador, Quando, Que, IDContacto, Nome, Campo, Valor, Outro) VALUES "
+     "(?, ?, ?, ?, ?, ?, ?, ?)"},
+    {"cmdListarOcorrencias", ComLinhas, "TblOcorrencias",
+     "IdUtilizador",
+     "SELECT * FROM TblOcorrencias WHERE IdUtilizador=? ORDER BY ID DESC"},
+    {"cmdEliminarOcorrencias", SemLinhas, "TblOcorrencias",
+     "IdUtilizador",
+     "DELETE * FROM TblOcorrencias WHERE IdUtilizador=?"},
 });
 // clang-format on
 
-static_assert(catalogo.size() == 81);
+static_assert(catalogo.size() == 94);
 
 // Never defined: reaching it in a constant expression is the compiler's error for a misspelt command.
 void Nao_ha_tal_comando();

@@ -152,6 +152,13 @@ void DE::Percorrer_Textos(const std::function<void(const Row &)> &linha)
     Ligacao().rows(QStringLiteral("SELECT * FROM TblIdiomas"), {}, linha);
 }
 
+void DE::Percorrer_Presencas(const std::function<void(const Row &)> &linha)
+{
+    Ligacao().rows(QStringLiteral("SELECT Email1, Email2, MSNMessenger FROM TblLista WHERE Email1 <> '' OR "
+                                  "Email2 <> '' ORDER BY ID"),
+                   {}, linha);
+}
+
 LinhasInteiras DE::Ler_Inteiras(std::string_view tabela, std::string_view coluna, const Value &valor)
 {
     LinhasInteiras linhas;
@@ -235,6 +242,21 @@ void DE::Abrir_Ligacao()
         ligacao_.Close();
         throw;
     }
+}
+
+void DE::Servir_De(const Connection::ServerOpener &abridor)
+{
+    abridor_ = abridor;
+    ligacao_.setServerOpener(abridor);
+}
+
+void DE::Experimentar_Endereco(const QString &endereco)
+{
+    Connection outra;
+    outra.setServerOpener(abridor_);
+    outra.setConnectionString(endereco);
+    outra.Open();
+    esquema::Por_Em_Dia(outra);
 }
 
 void DE::Tudo_Ou_Nada(const std::function<void()> &trabalho)

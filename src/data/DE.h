@@ -68,6 +68,9 @@ public:
     // The rows of all texts: their number and the seven languages.
     void Percorrer_Textos(const std::function<void(const Row &)> &linha);
 
+    // The rows of contacts with an address: Email1, Email2 and MSNMessenger.
+    void Percorrer_Presencas(const std::function<void(const Row &)> &linha);
+
     // What undoing a deletion asks beyond the commands: rows as they stand, the same rows put back with their
     // IDs, and contacts put back into the group out of which they were moved.
     LinhasInteiras Ler_Inteiras(std::string_view tabela, std::string_view coluna, const Value &valor);
@@ -81,6 +84,8 @@ public:
                            const std::function<void(const Row &)> &linha);
     // The highest number that the table's counter has ever given; 0 for none.
     qint64 Ultimo_ID(std::string_view tabela);
+    // The number of the row that this connection added last.
+    qint64 Acrescentado() { return Ligacao().lastId(); }
     // The numbers behind that one are given once more. The table holds none of them.
     void Recuar_ID(std::string_view tabela, qint64 ultimo);
     // Takes those pictures away that no contact shows.
@@ -106,8 +111,18 @@ public:
     // Whether the data lie on a server that several desks share.
     bool Num_Servidor() { return Connection::isAddress(base_.Caminho()); }
 
+    // What became of the last write whose answer was lost.
+    Fate Escrita_Perdida() const { return ligacao_.lostWrite(); }
+
     // Who hears what other desks change, and that the server is away or back. On a file nobody is told.
     void Ouvir(Store::Listener ouvinte) { ligacao_.setListener(std::move(ouvinte)); }
+
+    // Who opens a server, in the place of the real one.
+    void Servir_De(const Connection::ServerOpener &abridor);
+
+    // Tries whether that server answers and has a database of this program, at least as far as its steps go.
+    // Raises Failure where not. The connection stays what it is.
+    void Experimentar_Endereco(const QString &endereco);
 
     // Gives up what the store keeps of the file for a next reading.
     void Largar_Memoria() { ligacao_.releaseMemory(); }
@@ -121,6 +136,7 @@ private:
 
     CaminhoDaBase base_;
     Connection ligacao_;
+    Connection::ServerOpener abridor_; // none: the real one
     bool em_dia_ = false; // as far as is known
     std::array<Recordset, comandos::catalogo.size()> conjuntos_;
 };

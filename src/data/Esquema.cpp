@@ -74,6 +74,37 @@ constexpr std::array colunas_TblDiferentes{
     Coluna{"IDContacto", Long},
     Coluna{"IDOutro", Long},
 };
+constexpr std::array colunas_TblSincronizacao{
+    Coluna{"IdUtilizador", Long, false, {}, true},
+    Coluna{"Endereco", Text},
+    Coluna{"Nome", Text},
+    Coluna{"PalavraPasse", Text},
+    Coluna{"Livro", Text},
+    Coluna{"NomeDoLivro", Text},
+    Coluna{"IDGrupo", Long},
+    Coluna{"Ligada", YesNo},
+    Coluna{"AoArrancar", YesNo},
+    Coluna{"Minutos", Long},
+    Coluna{"Testemunho", Text},
+    Coluna{"Corrida", Long, false, "0"},
+    Coluna{"UltimaVez", Text},
+    Coluna{"Resultado", Text},
+};
+constexpr std::array colunas_TblSincronizados{
+    Coluna{"Par", Text, false, {}, true},
+    Coluna{"IdUtilizador", Long},
+    Coluna{"IDContacto", Long},
+    Coluna{"href", Text},
+    Coluna{"etag", Text},
+    Coluna{"estado", Long},
+    Coluna{"resumo", Text},
+    Coluna{"acordo", Text},
+};
+constexpr std::array colunas_TblOcorrencias{
+    Coluna{"ID", Long, true}, Coluna{"IdUtilizador", Long}, Coluna{"Quando", Text},
+    Coluna{"Que", Long},      Coluna{"IDContacto", Long},   Coluna{"Nome", Text},
+    Coluna{"Campo", Text},    Coluna{"Valor", Text},        Coluna{"Outro", Text},
+};
 
 constexpr std::array tabelas{
     Tabela{"TblLista", colunas_TblLista},        Tabela{"TblGrupos", colunas_TblGrupos},
@@ -82,6 +113,9 @@ constexpr std::array tabelas{
     Tabela{"TblConfig", colunas_TblConfig},      Tabela{"TblIdiomas", colunas_TblIdiomas},
     Tabela{"TblEmails", colunas_TblEmails},      Tabela{"TblFotografias", colunas_TblFotografias, 1},
     Tabela{"TblCartoes", colunas_TblCartoes, 1}, Tabela{"TblDiferentes", colunas_TblDiferentes, 2},
+    Tabela{"TblSincronizacao", colunas_TblSincronizacao, 3},
+    Tabela{"TblSincronizados", colunas_TblSincronizados, 3},
+    Tabela{"TblOcorrencias", colunas_TblOcorrencias, 3},
 };
 
 QString texto(std::string_view nome)

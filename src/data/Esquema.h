@@ -1,4 +1,4 @@
-// The twelve tables of morvex.mdb: their columns and types. The database has no keys between tables, no
+// The fifteen tables of morvex.mdb: their columns and types. The database has no keys between tables, no
 // stored queries and no triggers; every rule that ties one table to another lies with the commands' callers.
 #pragma once
 

@@ -17,6 +17,7 @@ QString Geral::Ler_Idioma(qint16 id)
 {
     const Idioma *idioma = idiomas::Procurar(IdiomaActual);
     if (idioma == nullptr) return {};
+    if (de.Num_Servidor()) return textos_.Ler(de, id, idioma->coluna);
     Recordset &rs = de.Abrir("cmdLerIdioma", {QString::number(id)});
     const auto acrescentado =
         rs.Eof() ? Texto_Acrescentado(id, QLatin1StringView(idioma->coluna)) : std::nullopt;
@@ -29,6 +30,7 @@ QHash<qint64, QString> Geral::Ler_Todo_O_Idioma()
 {
     const Idioma *idioma = idiomas::Procurar(IdiomaActual);
     if (idioma == nullptr) return {};
+    if (de.Num_Servidor()) return textos_.Todos(de, idioma->coluna);
     QHash<qint64, std::optional<QString>>
         lidos; // of two rows with one number the first counts, even a Null one
     de.Percorrer_Textos([&](const Row &linha) {

@@ -7,6 +7,7 @@
 #include "data/ReadWriteINI.h"
 #include "data/Sessao.h"
 #include "data/Temporizadores.h"
+#include "data/TextosDoServidor.h"
 
 #include <QHash>
 #include <QString>
@@ -71,9 +72,9 @@ public:
     Temporizadores temporizadores;
     Rascunhos rascunhos;
 
-    // The text with that number in the active language, read from the database at each call. Empty while no
-    // language is active; Failure where the row is missing or its cell is Null. One that an older database
-    // lacks comes from the program itself.
+    // The text with that number in the active language, read from the file at each call; a server is asked
+    // for all of them once. Empty while no language is active; Failure where the row is missing or its cell is
+    // Null. One that an older database lacks comes from the program itself.
     QString Ler_Idioma(qint16 id);
 
     // All of them at once, by their number, for who needs many: no index leads to a text, and each call of
@@ -91,4 +92,7 @@ public:
 
     // A file of the program's folder.
     QString Ficheiro(const QString &nome) const;
+
+private:
+    TextosDoServidor textos_;
 };

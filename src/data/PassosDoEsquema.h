@@ -7,7 +7,7 @@ class Connection;
 namespace esquema
 {
 // Of the newest step; a database that the build makes has had all of them.
-inline constexpr int versao = 2;
+inline constexpr int versao = 3;
 
 // Whether the file has had every step.
 bool Em_Dia(Connection &ligacao);

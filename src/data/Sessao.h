@@ -13,3 +13,8 @@ struct Sessao {
     bool Grupos = false;
     bool Utilizadores = false;
 };
+
+class Recordset;
+
+// As the current row of TblUsers has it. Failure for a cell that is Null where it may not be.
+Sessao Sessao_Da_Linha(const Recordset &rs);

@@ -9,13 +9,16 @@ using namespace Qt::StringLiterals;
 void Temporizadores::Gerir_Temporizadores(const QString &accao)
 {
     if (accao == QLatin1String("stop")) {
+        parados_ = true;
         timerTarefas.setEnabled(false);
         timerPonto.setEnabled(false);
         TimerMailNotification.setEnabled(false);
         TimerMailNotification3.setEnabled(false);
     } else if (accao == QLatin1String("start")) {
+        parados_ = false;
         timerTarefas.setEnabled(true);
         timerPonto.setEnabled(true);
+        Q_EMIT Retomados();
         Q_EMIT IniciarMail();
     }
 }

@@ -16,6 +16,9 @@ public:
     // when it unloads.
     void Gerir_Temporizadores(const QString &accao);
 
+    // Whether "stop" was said last: nothing may be changed behind a form's back.
+    bool Parados() const { return parados_; }
+
     // Intervals in milliseconds, and whether the timer runs from the start.
     Timer timerTarefas{1000, true};
     Timer timerPonto{1000, true};
@@ -30,6 +33,10 @@ Q_SIGNALS:
     void IniciarMail();        // a new wait for the next mail check
     void ReiniciarMail();      // the mail check goes on at once, after a form that held it up
     void RecolherPopupEmail(); // a mail popup that is in view slides away
+    void Retomados();          // "start" was said
+
+private:
+    bool parados_ = false;
 };
 
 // A form's hold on the switch: "stop" as long as the form is loaded. A form that goes without having been

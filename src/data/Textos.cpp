@@ -54,13 +54,17 @@ void Inserir_Textos(Connection &ligacao, QList<QStringList> linhas, const std::f
     }
 }
 
-std::optional<QString> Texto_Acrescentado(int numero, const QString &coluna)
+std::optional<QString> Texto_Do_Programa(int numero, const QString &coluna)
 {
-    if (numero < primeiro_texto_acrescentado) return std::nullopt;
     const QList<QStringList> &linhas = Textos_Do_Programa();
     const auto lingua = linhas.constFirst().indexOf(coluna);
     const QString procurado = QString::number(numero);
     for (const QStringList &linha : linhas)
         if (linha.constFirst() == procurado && lingua >= 0) return linha.value(lingua);
     return std::nullopt;
+}
+
+std::optional<QString> Texto_Acrescentado(int numero, const QString &coluna)
+{
+    return numero < primeiro_texto_acrescentado ? std::nullopt : Texto_Do_Programa(numero, coluna);
 }

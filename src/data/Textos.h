@@ -23,5 +23,8 @@ void Inserir_Textos(Connection &ligacao, QList<QStringList> linhas, const std::f
 // one is gone somebody has taken it out.
 inline constexpr int primeiro_texto_acrescentado = 274;
 
-// Such a text as the program carries it; nothing for any other number. The language by its column.
+// A text as the program carries it; nothing for a number that it doesn't know. The language by its column.
+std::optional<QString> Texto_Do_Programa(int numero, const QString &coluna);
+
+// The same of those that an older database may lack; nothing for any other number.
 std::optional<QString> Texto_Acrescentado(int numero, const QString &coluna);

@@ -42,6 +42,64 @@ void Memos::Restaurar()
     rs.Close();
 }
 
+void Memos::Seguir()
+{
+    por_seguir_ = false;
+    QStringList linhas;
+    Recordset rs = geral_.de.Abrir("cmdListarMemos", {geral_.SessaoActual.IdUtilizador}); // a save closes the other
+    for (int indice = 1; indice <= maximo_de_notas && !rs.Eof(); ++indice, rs.MoveNext())
+        skipFailure([&] {
+            linhas << rs.Fields("ID").text();
+            Seguir_Linha(rs);
+        });
+    Fechar_Sem_Linha(linhas);
+}
+
+frmMemo *Memos::Nota(const QString &ID) const
+{
+    for (const QPointer<frmMemo> &nota : notas_)
+        if (nota && nota->isVisible() && nota->ID() == ID) return nota;
+    return nullptr;
+}
+
+void Memos::Seguir_Linha(const Recordset &rs)
+{
+    frmMemo *nota = Nota(rs.Fields("ID").text());
+    if (nota == nullptr)
+        return Abrir([&](frmMemo &nova) {
+            nova.setAttribute(Qt::WA_ShowWithoutActivating);
+            nova.Restaurar(rs);
+        });
+    if (nota->Em_Uso())
+        por_seguir_ = true;
+    else
+        nota->Seguir(rs);
+}
+
+void Memos::Fechar_Sem_Linha(const QStringList &linhas)
+{
+    for (const QPointer<frmMemo> &nota : notas_) {
+        if (!nota || !nota->isVisible() || nota->ID().isEmpty() || linhas.contains(nota->ID())) continue;
+        if (nota->Em_Uso()) {
+            nota->Perder_Linha();
+        } else {
+            nota->hide();
+            nota->deleteLater();
+        }
+    }
+}
+
+void Memos::Largada_Do_Teclado()
+{
+    if (por_seguir_) skipFailure([this] { Seguir(); });
+}
+
+void Memos::Guardar_O_Que_Falta()
+{
+    for (const QPointer<frmMemo> &nota : notas_)
+        if (nota) nota->Guardar_Se_Mudou();
+}
+
 void Memos::Memo_Click()
 {
     const QString titulo =
@@ -55,6 +113,7 @@ void Memos::Memo_Click()
 void Memos::Abrir(const std::function<void(frmMemo &)> &mostrar)
 {
     auto nota = std::make_unique<frmMemo>(geral_, platform_);
+    connect(nota.get(), &frmMemo::Largada_Do_Teclado, this, &Memos::Largada_Do_Teclado, Qt::QueuedConnection);
     mostrar(*nota);
     notas_.emplace_back(nota.release());
 }

@@ -105,6 +105,28 @@ void frmMemo::Restaurar(const Recordset &rs)
     cmdGuardar->hide();
 }
 
+bool frmMemo::Em_Uso() const { return isActiveWindow() || adiar_ || !cmdGuardar->isHidden(); }
+
+void frmMemo::Seguir(const Recordset &rs)
+{
+    const QScopedValueRollback guarda(adiar_, true);
+    Ler_Linha(rs);
+    skipFailure([&] { Aplicar_Aparencia(); });
+    cmdGuardar->hide();
+}
+
+void frmMemo::Perder_Linha()
+{
+    txtId->clear();
+    cmdGuardar->show();
+}
+
+bool frmMemo::event(QEvent *evento)
+{
+    if (evento->type() == QEvent::WindowDeactivate) Q_EMIT Largada_Do_Teclado();
+    return QWidget::event(evento);
+}
+
 void frmMemo::Ler_Linha(const Recordset &rs)
 {
     const auto ler = [&](const char *coluna, QLineEdit &caixa) {

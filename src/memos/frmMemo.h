@@ -30,7 +30,24 @@ public:
     // old place until somebody moves it.
     void Restaurar(const Recordset &rs);
 
+    // The row of the note; empty before it has one.
+    QString ID() const { return txtId->text(); }
+    // Somebody is at it, or has written in it what is not in its row: nothing may be taken from it.
+    bool Em_Uso() const;
+
+    // The note as its row is now, after another desk has changed it.
+    void Seguir(const Recordset &rs);
+    // Another desk has taken its row away: the next save gives it one.
+    void Perder_Linha();
+    // What was not accepted is tried once more, without a word.
+    void Guardar_Se_Mudou();
+
+Q_SIGNALS:
+    // Nobody is at it any more.
+    void Largada_Do_Teclado();
+
 protected:
+    bool event(QEvent *evento) override;
     void resizeEvent(QResizeEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
@@ -40,7 +57,6 @@ private:
     void LabelV_MouseMove(const QPoint &canto);
     void LabelHV_MouseMove(const QPoint &canto);
     void Largada();
-    void Guardar_Se_Mudou();
     void txtMemo_Change();
     void cmdGuardar_Click();
     void cmdFonte_Click();

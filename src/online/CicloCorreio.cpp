@@ -4,7 +4,7 @@
 #include "data/Inteiro.h"
 #include "data/Tocar_Som.h"
 #include "janela/Janela.h"
-#include "online/Codificar_Email.h"
+#include "data/Codificar_Email.h"
 #include "online/frmPopupEmail.h"
 #include "platform/Failure.h"
 #include "platform/Platform.h"

@@ -5,6 +5,7 @@
 #include "janela/Janela.h"
 #include "platform/Failure.h"
 #include "platform/Platform.h"
+#include "store/Row.h"
 
 #include <QAction>
 #include <QLineEdit>
@@ -41,7 +42,16 @@ void Presenca::Mostrar_Guardado(const QString &MSNMessenger)
     else if (!txtEmail2.text().isEmpty())
         EmailMessenger = u"2"_s;
     EstadoMessenger = MSNMessenger;
+    Anotar(MSNMessenger);
     Mostrar_Estado();
+}
+
+// Other rows may carry the same address, with another presence that is known already.
+void Presenca::Anotar(const QString &MSNMessenger)
+{
+    if (!geral_.de.Num_Servidor()) return;
+    for (const QLineEdit *morada : {&txtEmail1, &txtEmail2})
+        if (!morada->text().isEmpty()) no_servidor_[morada->text().toCaseFolded()] << MSNMessenger;
 }
 
 // The first address wins as soon as the messenger knows it; the second is only looked at when the first says
@@ -86,17 +96,44 @@ void Presenca::Mostrar_Estado()
 void Presenca::Guardar_Estado(const QString &morada)
 {
     const QString estado = EstadoMessenger.isEmpty() ? u"0"_s : EstadoMessenger;
-    skipFailure([&] { geral_.de.Executar("cmdUPDATEMSNMessenger", {estado, morada, morada}); });
+    skipFailure([&] { Escrever(morada, estado); });
+}
+
+// A desk whose messenger is switched off knows nothing that others should see.
+bool Presenca::Por_Escrever(const QString &morada, const QString &estado) const
+{
+    if (!geral_.de.Num_Servidor()) return true;
+    const auto la = no_servidor_.constFind(morada.toCaseFolded());
+    return geral_.MessengerActivo == 1 && !morada.isEmpty() && la != no_servidor_.cend() &&
+           *la != QSet<QString>{estado};
+}
+
+void Presenca::Escrever(const QString &morada, const QString &estado)
+{
+    if (!Por_Escrever(morada, estado)) return;
+    geral_.de.Executar("cmdUPDATEMSNMessenger", {estado, morada, morada});
+    if (geral_.de.Num_Servidor()) no_servidor_[morada.toCaseFolded()] = {estado};
+}
+
+void Presenca::Ler_O_Que_La_Esta()
+{
+    no_servidor_.clear();
+    geral_.de.Percorrer_Presencas([this](const Row &linha) {
+        for (const char *coluna : {"Email1", "Email2"}) {
+            const QString morada = linha.field(linha.column(coluna)).textOrEmpty().toCaseFolded();
+            if (!morada.isEmpty())
+                no_servidor_[morada] << linha.field(linha.column("MSNMessenger")).textOrEmpty();
+        }
+    });
 }
 
 void Presenca::SincronizarMessenger()
 {
     const auto contactos = platform_.messenger.contacts();
+    if (geral_.de.Num_Servidor() && !contactos.isEmpty()) skipFailure([this] { Ler_O_Que_La_Esta(); });
     for (qsizetype i = 0; i < contactos.size(); ++i) {
         const auto &um = contactos[i];
-        skipFailure([&] {
-            geral_.de.Executar("cmdUPDATEMSNMessenger", {QString::number(um.status), um.address, um.address});
-        });
+        skipFailure([&] { Escrever(um.address, QString::number(um.status)); });
         const auto percentagem = static_cast<int>((i + 1) * 100 / contactos.size());
         if (percentagem < 100) Q_EMIT Progresso(percentagem);
     }

@@ -3,7 +3,7 @@
 #include "controls/Controls.h"
 #include "controls/Scale.h"
 #include "data/Geral.h"
-#include "online/Codificar_Email.h"
+#include "data/Codificar_Email.h"
 
 using namespace Qt::StringLiterals;
 

@@ -19,6 +19,11 @@ constexpr int buttonMask = 0x0f;
 constexpr int shareOfScreen = 60; // percent of its height, for a text
 constexpr int widestShare = 80;   // percent of its width
 
+constexpr Translations retryWords{u"&Tentar de novo", u"&Tentar de novo", u"&Try again", u"&Reintentar",
+                                  u"&Riprova",        u"&Réessayer",      u"&Erneut versuchen"};
+constexpr Translations leaveWords{u"&Sair", u"&Sair",    u"&Leave",  u"&Salir",
+                                  u"&Esci", u"&Quitter", u"&Beenden"};
+
 QMessageBox::Icon iconOf(int flags)
 {
     switch (flags & iconMask) {
@@ -91,6 +96,16 @@ void keepButtonsOnScreen(QMessageBox &box)
     scroll->setWidget(label);
     grid->addWidget(scroll, row, column, rows, columns);
 }
+
+int askToRetry(QMessageBox &box, const QString &language)
+{
+    auto *retry = box.addButton(translated(retryWords, language), QMessageBox::AcceptRole);
+    auto *leave = box.addButton(translated(leaveWords, language), QMessageBox::RejectRole);
+    box.setDefaultButton(retry);
+    box.setEscapeButton(leave);
+    box.exec();
+    return box.clickedButton() == retry ? answer::retry : answer::leave;
+}
 } // namespace
 
 int MessageBoxes::show(const QString &text, int flags, QWidget *owner)
@@ -107,6 +122,7 @@ int DesktopMessageBoxes::show(const QString &text, int flags, const QString &tit
     QMessageBox box(owner);
     dress(box, text, flags, title);
     keepButtonsOnScreen(box);
+    if ((flags & buttonMask) == box::retryLeave) return askToRetry(box, spokenLanguage(language_()));
     if ((flags & buttonMask) != box::yesNo) {
         box.exec();
         return answer::ok;

@@ -12,6 +12,7 @@ namespace box
 {
 constexpr int ok = 0;
 constexpr int yesNo = 4;
+constexpr int retryLeave = 5; // to try again, or to leave the program
 constexpr int stop = 16;
 constexpr int question = 32;
 constexpr int exclamation = 48;
@@ -22,6 +23,8 @@ constexpr int information = 64;
 namespace answer
 {
 constexpr int ok = 1;
+constexpr int leave = 2;
+constexpr int retry = 4;
 constexpr int yes = 6;
 constexpr int no = 7;
 } // namespace answer
@@ -32,7 +35,7 @@ public:
     virtual ~MessageBoxes() = default;
 
     // Shows the box in front of the owner (which may be null), waits, and returns the answer. A yes/no box
-    // that is closed without an answer counts as no.
+    // that is closed without an answer counts as no, and one with a way out as the way out.
     virtual int show(const QString &text, int flags, const QString &title, QWidget *owner) = 0;
 
     // A box without a title of its own bears the program's name.

@@ -8,6 +8,7 @@
 #include "platform/MessengerAPI.h"
 #include "platform/Process.h"
 #include "platform/Registry.h"
+#include "platform/SecretStore.h"
 #include "platform/Shell.h"
 #include "platform/Sound.h"
 #include "platform/Tray.h"
@@ -23,4 +24,5 @@ struct Platform {
     MessengerAPI &messenger;
     Process &process;
     Tray &tray;
+    SecretStore &secrets;
 };

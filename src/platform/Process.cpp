@@ -20,6 +20,7 @@ void OwnProcess::end()
 void endOnFailure(MessageBoxes &boxes, Process &process, const std::function<void()> &handler)
 {
     onFailure(handler, [&](const Failure &failure) {
+        if (failure.kind() == Failure::Kind::ServerLost) throw failure;
         boxes.showError(failure);
         process.end();
     });

@@ -20,5 +20,6 @@ public:
     void end() override;
 };
 
-// For the handlers in which a failure ends the process: the error box comes first.
+// For the handlers in which a failure ends the process: the error box comes first. That a server went away is
+// raised instead: it comes back, and the process waits for it.
 void endOnFailure(MessageBoxes &boxes, Process &process, const std::function<void()> &handler);

@@ -57,11 +57,6 @@ xcb_atom_t atomOf(xcb_connection_t *connection, std::string_view name)
 }
 } // namespace
 
-TrayHosts::~TrayHosts()
-{
-    if (selection_ != XCB_ATOM_NONE && qGuiApp != nullptr) qGuiApp->removeNativeEventFilter(this);
-}
-
 void TrayHosts::watch()
 {
     if (watching_) return;
@@ -153,7 +148,6 @@ void TrayHosts::busAnswered(const QDBusMessage &reply)
 #else
 
 // Elsewhere the notification area belongs to the desktop itself and is always there.
-TrayHosts::~TrayHosts() = default;
 void TrayHosts::watch()
 {
     if (!std::exchange(onBus_, true)) Q_EMIT changed();

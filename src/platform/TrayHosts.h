@@ -14,7 +14,6 @@ class TrayHosts final : public QObject, private QAbstractNativeEventFilter
     Q_OBJECT
 public:
     using QObject::QObject;
-    ~TrayHosts() override;
 
     // Looks for the first time, which takes a quarter of a second at most, and listens from then on. Further
     // calls do nothing.

@@ -21,11 +21,11 @@ struct Alarme::UltimaVencida {
     std::optional<QTime> Hora;
 };
 
-Alarme::UltimaVencida Alarme::Ler(Recordset &rs) const
+Alarme::UltimaVencida Alarme::Ler(Recordset &rs, const Conta &conta) const
 {
     UltimaVencida ultima;
     for (; !rs.Eof(); rs.MoveNext()) {
-        if (Silenciada(rs)) continue;
+        if ((conta && !conta(rs)) || Silenciada(rs)) continue;
         ultima.toca = true;
         skipFailure([&] { ultima.ID = rs.Fields("ID").text(); });
         skipFailure([&] { ultima.Tarefa = rs.Fields("Tarefa").text(); });
@@ -52,7 +52,12 @@ void Alarme::Adiar(const QString &ID, const QString &Data, const QString &Hora, 
 }
 
 Alarme::Alarme(QWidget &janela, Geral &geral, Platform &platform, ReportControl &relatorio)
-    : QObject(&janela), janela_(janela), geral_(geral), platform_(platform), relatorio_(relatorio)
+    : QObject(&janela),
+      janela_(janela),
+      geral_(geral),
+      platform_(platform),
+      relatorio_(relatorio),
+      lidas_(geral, platform.clock)
 {
     connect(&geral_.temporizadores.timerTarefas, &QTimer::timeout, this, &Alarme::timerTarefas_Timer);
 }
@@ -68,8 +73,12 @@ void Alarme::timerTarefas_Timer()
     const QString HoraActual = Texto_Da_Hora(agora.time());
     const QString &Utilizador = geral_.SessaoActual.IdUtilizador;
     std::erase_if(adiadas_, [&](const auto &adiada) { return adiada.second <= agora; });
-    skipFailure([&] { Mostrar_Vencidas("cmdVerificarTarefas", {DataActual, HoraActual, Utilizador}); });
-    skipFailure([&] { Mostrar_Vencidas("cmdVerificarTarefas2", {DataActual, Utilizador}); });
+    if (geral_.de.Num_Servidor()) {
+        skipFailure([&] { Mostrar_Das_Lidas(agora); });
+    } else {
+        skipFailure([&] { Mostrar_Vencidas("cmdVerificarTarefas", {DataActual, HoraActual, Utilizador}); });
+        skipFailure([&] { Mostrar_Vencidas("cmdVerificarTarefas2", {DataActual, Utilizador}); });
+    }
     geral_.temporizadores.timerTarefas.setEnabled(true);
     geral_.temporizadores.timerPonto.setEnabled(true);
 }
@@ -85,6 +94,22 @@ void Alarme::Mostrar_Vencidas(ComandoComLinhas comando, std::initializer_list<Va
     UltimaVencida ultima = Ler(rs);
     if (!ultima.Completa()) ultima = Ler(geral_.de.Abrir(comando, parametros)); // from the first row on
     rs.Close();
+    Mostrar(ultima);
+}
+
+// The same two questions, to what was read last.
+void Alarme::Mostrar_Das_Lidas(const QDateTime &agora)
+{
+    lidas_.Por_Em_Dia();
+    for (const auto &vencida : {&TarefasLidas::Vencida, &TarefasLidas::De_Um_Dia_Anterior}) {
+        Recordset rs = lidas_.Linhas();
+        if (rs.State() == Recordset::Open)
+            Mostrar(Ler(rs, [&](const Recordset &linha) { return vencida(linha, agora); }));
+    }
+}
+
+void Alarme::Mostrar(const UltimaVencida &ultima)
+{
     if (!ultima.toca) return;
     if (ultima.ID) Popup().txtIDTarefa->setText(*ultima.ID);
     if (ultima.Tarefa) Popup().lblTarefa->setText(*ultima.Tarefa);
@@ -121,4 +146,23 @@ bool Alarme::Responder() { return popup_ != nullptr && popup_->answer(); }
 void Alarme::Fechar_Cartao()
 {
     if (popup_ != nullptr) popup_->Fechar_Cartao();
+}
+
+// Somebody at another desk has moved or deleted the task, or answered for it.
+void Alarme::Tarefas_Mudaram()
+{
+    lidas_.Largar();
+    if (popup_ == nullptr || !geral_.de.Num_Servidor()) return;
+    lidas_.Por_Em_Dia();
+    if (!popup_->Tem_Cartao() && !Ha_Vencidas()) popup_->sink();
+}
+
+bool Alarme::Ha_Vencidas()
+{
+    const QDateTime agora = platform_.clock.now();
+    Recordset rs = lidas_.Linhas();
+    return rs.State() == Recordset::Open && Ler(rs, [&](const Recordset &linha) {
+                                                return TarefasLidas::Vencida(linha, agora) ||
+                                                       TarefasLidas::De_Um_Dia_Anterior(linha, agora);
+                                            }).toca;
 }

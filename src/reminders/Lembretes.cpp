@@ -64,3 +64,9 @@ void Lembretes::ListaTarefas_Click()
 bool Lembretes::Responder() { return alarme_->Responder(); }
 
 void Lembretes::Mostrar_Aniversarios_Ao_Iniciar() { aniversarios_->Mostrar_Ao_Iniciar(); }
+
+void Lembretes::Tarefas_Mudaram()
+{
+    alarme_->Tarefas_Mudaram();
+    if (auto *lista = qobject_cast<frmListaTarefas *>(QApplication::activeModalWidget())) lista->Refrescar();
+}

@@ -24,6 +24,9 @@ public:
     // The click on the notice of due tasks, by another way than the mouse. Whether there was one to take it.
     bool Responder();
 
+    // Another desk has changed tasks: the alarm, its notice and an open list of tasks follow.
+    void Tarefas_Mudaram();
+
 private:
     void NovaTarefa_Click();
     void ListaTarefas_Click();

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <QHeaderView>
+#include <QScrollBar>
 
 using namespace Qt::StringLiterals;
 
@@ -119,6 +120,19 @@ void frmListaTarefas::Preencher_Lista(Recordset &rs)
     for (; !rs.Eof(); rs.MoveNext())
         itens << Novo_Item(rs, hoje);
     ListViewTarefas->addTopLevelItems(itens);
+}
+
+void frmListaTarefas::Refrescar()
+{
+    const QTreeWidgetItem *escolhida = Seleccionada();
+    const QString chave = escolhida == nullptr ? QString() : Id_Da_Chave(*escolhida);
+    QScrollBar &barra = *ListViewTarefas->verticalScrollBar();
+    const int lugar = barra.value();
+    Ler_Tarefas(Sem_Linhas::Esvazia_A_Lista);
+    for (int i = 0; i < ListViewTarefas->topLevelItemCount() && !chave.isEmpty(); ++i)
+        if (QTreeWidgetItem *item = ListViewTarefas->topLevelItem(i); Id_Da_Chave(*item) == chave)
+            ListViewTarefas->setCurrentItem(item);
+    barra.setValue(lugar);
 }
 
 QTreeWidgetItem *frmListaTarefas::Seleccionada() const { return ListViewTarefas->selectedItems().value(0); }

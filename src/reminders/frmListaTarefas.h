@@ -17,6 +17,9 @@ public:
     // The main window is enabled when the form closes.
     frmListaTarefas(Geral &geral, Platform &platform, QWidget &janela);
 
+    // Another desk has changed tasks: the list anew, on the same task and at the same place.
+    void Refrescar();
+
 Q_SIGNALS:
     // A task was changed: an alert card that is open somewhere shows it no longer as it is.
     void TarefaEditada();

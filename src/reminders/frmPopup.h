@@ -21,6 +21,9 @@ public:
     // Closes the alert card without acknowledging, if it is open.
     void Fechar_Cartao();
 
+    // Whether the alert card is open.
+    bool Tem_Cartao() const { return cartao_ != nullptr; }
+
     // Has a screen reader say what the notice shows now.
     void Anunciar();
 

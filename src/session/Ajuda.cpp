@@ -48,6 +48,7 @@ constexpr std::array paginas = std::to_array<PaginaDe>({
     {u"frmImportarContactos", u"importar-e-exportar"},
     {u"frmImportarMDB", u"importar-e-exportar"}, {u"frmExportar", u"importar-e-exportar"},
     {u"frmExportarContactos", u"importar-e-exportar"}, {u"frmQR", u"importar-e-exportar"},
+    {u"frmSincronizar", u"importar-e-exportar"}, {u"frmPopupSincronizacao", u"importar-e-exportar"},
     {u"frmBackup", u"copia-de-seguranca"},
 });
 // clang-format on

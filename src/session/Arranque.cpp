@@ -18,6 +18,7 @@
 #include "session/frmLogin.h"
 #include "session/frmOpcoes.h"
 #include "session/Legendas.h"
+#include "session/ServidorAusente.h"
 #include "session/SystemTray.h"
 #include "session/Titulo.h"
 
@@ -27,6 +28,8 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+constexpr qint16 texto_utilizador_eliminado = 453;
+
 // One column of the configuration row into one variable.
 void Copiar(const Recordset &rs, const char *coluna, QString &destino)
 {
@@ -121,9 +124,24 @@ void Arranque::Ler_TblConfig()
     Copiar(rs, "Remetente", geral_.RemetenteBD);
     Copiar(rs, "Destinatario", geral_.DestinatarioBD);
     rs.Close();
+    if (geral_.IdiomaActual.isEmpty()) Semear_O_Servidor();
     // The toolkit's own words ("Yes", "Cancel") follow the program's language.
     if (const Idioma *idioma = idiomas::Procurar(geral_.IdiomaActual))
         useToolkitLanguage(QString::fromUtf16(idioma->codigo), geral_.IdiomaActual == u"PortuguesPT"_s);
+}
+
+// One that its administrator made without any rows gets those to begin with from the first desk.
+void Arranque::Semear_O_Servidor()
+{
+    if (!geral_.de.Num_Servidor()) return;
+    Recordset &rs = geral_.de.Abrir("cmdListarRepeticao");
+    const bool vazio = rs.Eof();
+    rs.Close();
+    if (!vazio) return;
+    frmSeleccionarIdioma(geral_, platform_).exec();
+    Recordset &config = geral_.de.Abrir("cmdVerConfig");
+    Copiar(config, "Idioma", geral_.IdiomaActual);
+    config.Close();
 }
 
 // Nothing of a newer program's database can be used, not even its words: without these the login would be a
@@ -131,7 +149,8 @@ void Arranque::Ler_TblConfig()
 Recordset &Arranque::Abrir_TblConfig()
 {
     try {
-        return geral_.de.Abrir("cmdVerConfig");
+        servidor_ausente::Insistir(geral_, platform_, [this] { geral_.de.Abrir("cmdVerConfig"); });
+        return geral_.de.Rs("cmdVerConfig");
     } catch (const Failure &falha) {
         if (falha.kind() != Failure::Kind::DatabaseNewer) throw;
         platform_.boxes.showError(falha);
@@ -150,11 +169,13 @@ void Arranque::Iniciar_Sessao()
     geral_.de.Rs("cmdVerUsers").Close();
 }
 
-// A test that fails counts as passed: without a database the login comes up, and ends the process.
+// A test that fails counts as passed: without a database the login comes up, and ends the process. A server that
+// is away is waited for.
 bool Arranque::Ha_Utilizadores()
 {
     bool ha = true;
-    skipFailure([&] { ha = geral_.de.Abrir("cmdVerUsers").RecordCount() != 0; });
+    const auto ver = [&] { ha = geral_.de.Abrir("cmdVerUsers").RecordCount() != 0; };
+    skipFailure([&] { servidor_ausente::Insistir(geral_, platform_, ver); });
     return ha;
 }
 
@@ -185,6 +206,24 @@ void Arranque::Dar_Todos_Os_Direitos()
     Sessao &sessao = geral_.SessaoActual;
     sessao.Adicionar = sessao.Editar = sessao.Eliminar = sessao.Grupos = sessao.Utilizadores = true;
     sessao.IdUtilizador = u"0"_s;
+}
+
+void Arranque::Entrar_De_Novo()
+{
+    platform_.boxes.show(geral_.Ler_Idioma(texto_utilizador_eliminado), box::exclamation, &janela_);
+    geral_.SessaoActual = {};
+    Iniciar_Sessao();
+    Escrever_Titulo();
+    partes_.lista.Carregar_Grupos();
+    partes_.memos.Seguir();
+}
+
+void Arranque::Seguir_Configuracao()
+{
+    Recordset &rs = geral_.de.Abrir("cmdVerConfig");
+    Copiar(rs, "Remetente", geral_.RemetenteBD);
+    Copiar(rs, "Destinatario", geral_.DestinatarioBD);
+    rs.Close();
 }
 
 void Arranque::Escrever_Titulo() { janela_.setWindowTitle(Titulo(geral_)); }

@@ -40,12 +40,19 @@ public:
 
     void Executar();
 
+    // Another desk has taken the session's user away: says so, and lets somebody in anew.
+    void Entrar_De_Novo();
+
+    // Another desk has changed the configuration that all share.
+    void Seguir_Configuracao();
+
 private:
     void Escrever_Data();
     void Escolher_Idioma();
     void Ler_Configuracao();
     void Ler_TblConfig();
     Recordset &Abrir_TblConfig();
+    void Semear_O_Servidor();
     void Iniciar_Sessao();
     void Ler_Configuracao_Do_Utilizador();
     void Dar_Todos_Os_Direitos();

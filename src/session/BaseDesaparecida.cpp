@@ -29,7 +29,10 @@ constexpr Translations filtro{
     u"Datenbanken"};
 // clang-format on
 
-bool Falta(Geral &geral) { return !QFileInfo::exists(geral.de.Base().Caminho()); }
+bool Falta(Geral &geral)
+{
+    return !geral.de.Num_Servidor() && !QFileInfo::exists(geral.de.Base().Caminho());
+}
 
 bool Quer_Indicar(const QString &caminho, Platform &platform, const QString &lingua)
 {

@@ -7,7 +7,7 @@ struct Platform;
 
 namespace base_desaparecida
 {
-// Does nothing while the file is there. Otherwise asks until a database was chosen, which the process then
+// Does nothing while the file is there, and nothing where the book lies on a server. Otherwise asks until a database was chosen, which the process then
 // uses and config.ini names, or until the offer is declined.
 void Procurar(Geral &geral, Platform &platform);
 } // namespace base_desaparecida

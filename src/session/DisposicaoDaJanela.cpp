@@ -34,6 +34,7 @@ DisposicaoDaJanela::DisposicaoDaJanela(Janela &janela, CartaoContacto &cartao)
         parte(a_direita, {tudo, 0}, {});
     parte(janela.cmdData, {0, tudo}, {});
     parte(janela.PontoTarefas, {tudo, tudo}, {});
+    parte(janela.lblServidor, {0, tudo}, {tudo, 0});
     parte(janela.lblTemporizador, {tudo, tudo}, {});
     centro_.installEventFilter(this);
 }

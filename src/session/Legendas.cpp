@@ -71,6 +71,7 @@ constexpr std::array textos = std::to_array<EntradaDeTexto>({
     {Botao, "nova_tarefa", 149}, {Botao, "cima", 144}, {Botao, "baixo", 145}, {Botao, "opcoes", 151},
     {Botao, "ajuda", 266},
     {Comando, "ImportarContactos", 274}, {Comando, "ExportarContactos", 275}, {Comando, "Duplicados", 276},
+    {Comando, "Sincronizar", 500},
     {Comando, "RightClickCopiarCartao", 277}, {Comando, "RightClickQR", 278},
     {Nome, "ListaNomes", 137}, {Vazia, "ListaNomes", 2},
 });

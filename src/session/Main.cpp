@@ -30,6 +30,7 @@
 #include "report/CrystalReport.h"
 #include "session/Ajuda.h"
 #include "session/Arranque.h"
+#include "session/AvisosDosPostos.h"
 #include "session/DisposicaoDaJanela.h"
 #include "session/FilaDeFicheiros.h"
 #include "session/frmOpcoes.h"
@@ -39,6 +40,7 @@
 #include "session/SystemTray.h"
 #include "session/TeclaDeAjuda.h"
 #include "session/Utilizadores.h"
+#include "sincronizacao/Sincronizador.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>
@@ -49,6 +51,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 constexpr QStringView servidor = u"" MORVEX_WEB_HOST; // of help, suggestions and versions
+constexpr qint16 texto_sem_servidor = 450;
 constexpr unsigned cor_ponto_apagado = 0xF8F8F8;
 
 // The dot that is out hardly shows on its window, be that light or dark; the one that is lit stands out.
@@ -91,6 +94,7 @@ Main::Main(Geral &geral, Platform &platform)
     auto *desfazer = new DesfazerEliminacao(*this, geral_, platform_, *lista_);
     auto *grupos = new ::Grupos(*this, geral_, platform_, *lista_, *desfazer);
     auto *edicao = new EdicaoContacto(*this, geral_, platform_, *lista_);
+    avisos_ = new AvisosDosPostos(geral_, *txtProcura, this);
 
     auto *pesquisa = new Pesquisa(*this, geral_, platform_);
     procuraRapida_ = new ProcuraRapida(*this, geral_, platform_, *lista_);
@@ -100,6 +104,7 @@ Main::Main(Geral &geral, Platform &platform)
     auto *intercambio = new Intercambio(*this, geral_, platform_, *CrystalReport1);
     auto *entrada = new EntradaDeContactos(*this, geral_, platform_, *desfazer);
     new SaidaDeContactos(*this, geral_, platform_);
+    sincronizador_ = new Sincronizador(*this, geral_, platform_);
     auto *ficheiros = new FicheirosPedidos(*this, *intercambio, *entrada);
     fila_ = new FilaDeFicheiros(*this, *tray_,
                                 [ficheiros](const QString &caminho) { ficheiros->Abrir(caminho); });
@@ -116,6 +121,10 @@ Main::Main(Geral &geral, Platform &platform)
     };
     connect(intercambio, &Intercambio::ContactosMudados, lista_, ler_de_novo);
     connect(entrada, &EntradaDeContactos::ContactosMudados, lista_, ler_de_novo);
+    connect(sincronizador_, &Sincronizador::ContactosMudados, lista_, ler_de_novo);
+    connect(sincronizador_, &Sincronizador::Abrir_Sincronizar, this, [this] {
+        if (tray_->Destrancar()) sincronizador_->Abrir();
+    });
     connect(pesquisa, &Pesquisa::Trazer_Main, tray_, &SystemTray::Trazer_Janela);
     connect(procuraRapida_, &ProcuraRapida::Minimizar_Tray, tray_, &SystemTray::Minimizar_Tray);
     connect(desfazer, &DesfazerEliminacao::Eliminado, procuraRapida_, &ProcuraRapida::Tomar_Eliminacao);
@@ -130,8 +139,11 @@ Main::Main(Geral &geral, Platform &platform)
         if (ListaNomes->ListIndex() >= 0) RightClick->popup(lugar);
     });
     tray_->Antes_De_Mostrar([this] { return Responder_A_Aviso(); });
+    connect(avisos_, &AvisosDosPostos::Utilizadores, utilizadores, &::Utilizadores::Seguir);
+    connect(utilizadores, &::Utilizadores::Eliminado, this, [this] { Inicio().Entrar_De_Novo(); });
     Ligar_Menus();
     Ligar_Teclas();
+    Ligar_Avisos(*edicao);
 }
 
 Main::~Main() = default;
@@ -179,6 +191,29 @@ Arranque Main::Inicio()
     return {*this, geral_, platform_, {*lista_, *memos_, *tray_, *lembretes_, *presenca_, *correio_}};
 }
 
+void Main::Ligar_Avisos(EdicaoContacto &edicao)
+{
+    const AvisosDosPostos &avisos = *avisos_;
+    connect(&avisos, &AvisosDosPostos::Contactos, lista_, &ListaContactos::Seguir_Contactos);
+    connect(&avisos, &AvisosDosPostos::Grupos, lista_, &ListaContactos::Seguir_Grupos);
+    connect(&avisos, &AvisosDosPostos::Tarefas, lembretes_, &Lembretes::Tarefas_Mudaram);
+    connect(&avisos, &AvisosDosPostos::Memos, memos_, &::Memos::Seguir);
+    connect(&avisos, &AvisosDosPostos::Configuracao, this, [this] { Inicio().Seguir_Configuracao(); });
+    connect(&avisos, &AvisosDosPostos::ContactosMudadosAgora, &edicao, &EdicaoContacto::Contactos_Mudados);
+    connect(&avisos, &AvisosDosPostos::ContactosEliminadosAgora, &edicao,
+            &EdicaoContacto::Contactos_Eliminados);
+    connect(&avisos, &AvisosDosPostos::Perdido, this, [this] { Mostrar_Sem_Servidor(true); });
+    connect(&avisos, &AvisosDosPostos::DeVolta, this, [this] { Mostrar_Sem_Servidor(false); });
+    connect(&avisos, &AvisosDosPostos::DeVolta, &edicao, &EdicaoContacto::Servidor_De_Volta); // before any write
+    connect(&avisos, &AvisosDosPostos::DeVolta, memos_, &::Memos::Guardar_O_Que_Falta);
+}
+
+void Main::Mostrar_Sem_Servidor(bool sem)
+{
+    lblServidor->setText(sem ? geral_.Ler_Idioma(texto_sem_servidor) : QString());
+    lblServidor->setVisible(sem);
+}
+
 void Main::Carregar()
 {
     Inicio().Executar();
@@ -187,11 +222,13 @@ void Main::Carregar()
     returnFreeMemory(); // the start read names and birthdays; from here on the program mostly waits
     if (!geral_.Comeca_Minimizado()) show();
     fila_->Comecar();
+    sincronizador_->Iniciar();
+    avisos_->Comecar();
 }
 
 void Main::Abrir_Depois(const QStringList &ficheiros) { fila_->Juntar(ficheiros); }
 
-bool Main::Responder_A_Aviso() { return lembretes_->Responder() || correio_->Responder(); }
+bool Main::Responder_A_Aviso() { return lembretes_->Responder() || correio_->Responder() || sincronizador_->Responder(); }
 
 void Main::Chamar(const QStringList &ficheiros)
 {

@@ -7,9 +7,11 @@
 #include <memory>
 
 class Arranque;
+class AvisosDosPostos;
 class CartaoContacto;
 class CicloCorreio;
 class CrystalReport;
+class EdicaoContacto;
 class FilaDeFicheiros;
 class Geral;
 class Lembretes;
@@ -18,6 +20,7 @@ class ListaContactos;
 class Memos;
 class Presenca;
 class ProcuraRapida;
+class Sincronizador;
 class SystemTray;
 struct Platform;
 
@@ -49,6 +52,8 @@ protected:
 private:
     void Ligar_Menus();
     void Ligar_Teclas();
+    void Ligar_Avisos(EdicaoContacto &edicao);
+    void Mostrar_Sem_Servidor(bool sem);
     bool Responder_A_Aviso(); // whether a notice stood there to be answered
 
     void timerPonto_Timer();
@@ -70,5 +75,7 @@ private:
     CicloCorreio *correio_;
     ProcuraRapida *procuraRapida_;
     FilaDeFicheiros *fila_;
+    Sincronizador *sincronizador_;
+    AvisosDosPostos *avisos_;
     QString EstadoPonto; // "1", lit, or "2": the phase of the blinking dot
 };

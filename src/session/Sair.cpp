@@ -1,6 +1,7 @@
 #include "session/Sair.h"
 
 #include "data/Geral.h"
+#include "platform/Failure.h"
 #include "platform/Platform.h"
 
 #include <QWidget>
@@ -15,9 +16,22 @@ bool Confirma_Com_Tarefas(Geral &geral, Platform &platform, QWidget *dono)
            answer::yes;
 }
 
+// While the server is away nobody knows of tasks, and nobody is held here.
+bool Ha_Servidor(Geral &geral)
+{
+    try {
+        geral.de.Abrir("cmdListarTarefas", {geral.SessaoActual.IdUtilizador});
+    } catch (const Failure &falha) {
+        if (falha.kind() == Failure::Kind::ServerLost) return false;
+        throw;
+    }
+    return true;
+}
+
 bool Confirma(Geral &geral, Platform &platform, QWidget *dono)
 {
-    Recordset &rs = geral.de.Abrir("cmdListarTarefas", {geral.SessaoActual.IdUtilizador});
+    if (!Ha_Servidor(geral)) return true;
+    Recordset &rs = geral.de.Rs("cmdListarTarefas");
     const bool sai = rs.RecordCount() == 0 || Confirma_Com_Tarefas(geral, platform, dono);
     rs.Close();
     return sai;

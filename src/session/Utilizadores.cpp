@@ -8,6 +8,7 @@
 #include "session/frmDeleteUser.h"
 #include "session/frmEditUser.h"
 #include "session/frmNovoUser.h"
+#include "session/Titulo.h"
 
 #include <QAction>
 
@@ -60,4 +61,17 @@ bool Utilizadores::Pode_Escolher_Utilizador()
     rs.Close();
     if (!ha) platform_.boxes.show(geral_.Ler_Idioma(106), box::stop, &janela_);
     return ha;
+}
+
+// A session without a user of its own has no row, and none to lose.
+void Utilizadores::Seguir()
+{
+    Sessao &sessao = geral_.SessaoActual;
+    if (sessao.Utilizador.isEmpty() || sessao.IdUtilizador == "0"_L1) return;
+    Recordset &rs = geral_.de.Abrir("cmdEditarUser", {sessao.IdUtilizador});
+    const bool existe = !rs.Eof();
+    if (existe) sessao = Sessao_Da_Linha(rs);
+    rs.Close();
+    if (!existe) return Q_EMIT Eliminado();
+    janela_.setWindowTitle(Titulo(geral_));
 }

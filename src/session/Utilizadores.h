@@ -16,6 +16,13 @@ public:
     // Shows the form of a new user. Whoever calls has asked for the right.
     void Mostrar_frmNovoUser();
 
+    // Another desk has changed users: the session's own rights and name are those of its row now.
+    void Seguir();
+
+Q_SIGNALS:
+    // The session's user is gone.
+    void Eliminado();
+
 private:
     void CriarUtilizadores_Click();
     void EditarUtilizadores_Click();

@@ -20,18 +20,6 @@ bool Procurar_Utilizador(Recordset &rs, const QString &Utilizador, const QString
             return true;
     return false;
 }
-
-Sessao Sessao_Da_Linha(const QString &Utilizador, const Recordset &rs)
-{
-    return {.Utilizador = Utilizador,
-            .IdUtilizador = rs.Fields("ID").text(),
-            .PedirPassSystemTray = rs.Fields("SystemTray").yes(),
-            .Adicionar = rs.Fields("Adicionar").yes(),
-            .Editar = rs.Fields("Editar").yes(),
-            .Eliminar = rs.Fields("Eliminar").yes(),
-            .Grupos = rs.Fields("Grupos").yes(),
-            .Utilizadores = rs.Fields("Utilizadores").yes()};
-}
 } // namespace
 
 frmLogin::frmLogin(Geral &geral, Platform &platform) : geral_(geral), platform_(platform)
@@ -74,7 +62,7 @@ void frmLogin::Entrar()
     if (!geral_.SessaoActual.Utilizador.isEmpty()) {
         Q_EMIT Reaberta(windowTitle());
     } else {
-        geral_.SessaoActual = Sessao_Da_Linha(txtUser->text(), rs);
+        geral_.SessaoActual = Sessao_Da_Linha(rs);
         rs.Close();
     }
     accept();

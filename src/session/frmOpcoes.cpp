@@ -10,12 +10,16 @@
 #include "janela/Janela.h"
 #include "online/ContasEmail.h"
 #include "platform/Caption.h"
+#include "platform/Failure.h"
 #include "platform/Platform.h"
 #include "session/PaineArranque.h"
 #include "session/PaineMemos.h"
 #include "session/PaineSons.h"
+#include "session/ServidorAusente.h"
 
 #include <algorithm>
+#include <QFileInfo>
+#include <QScopeGuard>
 #include <QScreen>
 #include <QShortcut>
 
@@ -238,9 +242,40 @@ bool frmOpcoes::Tudo_Cabe_No_Ini()
                                                         {picOptions7, geral_.SomTarefa}};
     for (const auto &[pane, valor] : valores) {
         if (Cabe_No_Ini(valor)) continue;
-        const auto lugar = std::find(picOptions.begin(), picOptions.end(), pane) - picOptions.begin();
-        tbsOptions->setCurrentIndex(static_cast<int>(lugar));
+        Mostrar_Pane(*pane);
         Recusar_Valor_Longo(valor, geral_, platform_, this);
+        return false;
+    }
+    return true;
+}
+
+void frmOpcoes::Mostrar_Pane(const QWidget &pane)
+{
+    const auto lugar = std::find(picOptions.begin(), picOptions.end(), &pane) - picOptions.begin();
+    tbsOptions->setCurrentIndex(static_cast<int>(lugar));
+}
+
+// The one that the program has already is not tried again, and a file that was chosen is there.
+bool frmOpcoes::Serve_O_Caminho()
+{
+    const QString caminho = txtCaminho->text().trimmed();
+    const bool endereco = Connection::isAddress(caminho);
+    if (caminho == geral_.de.Base().Caminho()) return true;
+    if (endereco ? Responde(caminho) : !txtCaminho->isModified() || QFileInfo(caminho).isFile()) return true;
+    if (!endereco) platform_.boxes.show(geral_.Ler_Idioma(454), box::stop, windowTitle(), this);
+    txtCaminho->setFocus();
+    return false;
+}
+
+bool frmOpcoes::Responde(const QString &endereco)
+{
+    try {
+        const QScopeGuard fim([] { QGuiApplication::restoreOverrideCursor(); });
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+        geral_.de.Experimentar_Endereco(endereco);
+    } catch (const Failure &falha) {
+        Mostrar_Pane(*picOptions3);
+        platform_.boxes.show(servidor_ausente::Palavras(falha, geral_), box::stop, windowTitle(), this);
         return false;
     }
     return true;
@@ -249,7 +284,7 @@ bool frmOpcoes::Tudo_Cabe_No_Ini()
 // The order is fixed: a failure leaves everything before it written, and nothing after it.
 void frmOpcoes::cmdOk_Click()
 {
-    if (!Tudo_Cabe_No_Ini()) return;
+    if (!Tudo_Cabe_No_Ini() || !Serve_O_Caminho()) return;
     Escrever_Aviso_De_Email();
     Escrever_Envelopes();
     Escrever_Aniversarios();
@@ -307,7 +342,7 @@ void frmOpcoes::Escrever_Pasta_Das_Fotos()
 // The path ends the state of a first run. The connection stays on the old one until the next start.
 void frmOpcoes::Escrever_Caminho()
 {
-    geral_.ini.Escrever_Ini(u"basedados"_s, u"caminhobd"_s, txtCaminho->text());
+    geral_.ini.Escrever_Ini(u"basedados"_s, u"caminhobd"_s, txtCaminho->text().trimmed());
 }
 
 void frmOpcoes::Escrever_Idioma()

@@ -1,5 +1,6 @@
 // The one form for all settings, in eight panes. It shows the process-wide values and writes them all back
 // when it is confirmed: to config.ini, to TblConfig and to the list of programs that start with the desktop.
+// The database may be a file or the address of a server, which is tried before it is written.
 // The font and colour of memos, the sounds and the mail accounts take effect as soon as they are chosen.
 #pragma once
 
@@ -47,6 +48,9 @@ private:
     void Escolher_Idioma_Actual();
     void Separador_Seguinte();
     bool Tudo_Cabe_No_Ini();
+    void Mostrar_Pane(const QWidget &pane);
+    bool Serve_O_Caminho();
+    bool Responde(const QString &endereco);
 
     void Escrever_Aviso_De_Email();
     void Escrever_Envelopes();

@@ -49,10 +49,8 @@ void Connection::opened(std::unique_ptr<Store> store)
 
 void Connection::Open()
 {
-    if (isServer())
-        opened(PostgresStore::open(connectionString_));
-    else
-        opened(SqliteStore::open(file()));
+    if (!isServer()) return opened(SqliteStore::open(file()));
+    opened(openServer_ ? openServer_(connectionString_) : PostgresStore::open(connectionString_));
 }
 
 void Connection::OpenReadOnly()

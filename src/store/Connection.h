@@ -23,6 +23,10 @@ public:
     // single quotes, names the file. A path with a single quote in it breaks the string: it is not escaped.
     void setConnectionString(const QString &text) { connectionString_ = text; }
     const QString &connectionString() const { return connectionString_; }
+    // Who opens a server, by its address; raises Failure where that can't be done. The seam of the network:
+    // without one an address is opened as it stands.
+    using ServerOpener = std::function<std::unique_ptr<Store>(const QString &address)>;
+    void setServerOpener(ServerOpener opener) { openServer_ = std::move(opener); }
     // The same from the address or the path alone.
     void setDataSource(const QString &addressOrPath);
 
@@ -129,6 +133,7 @@ private:
 
     std::unique_ptr<Store> store_;
     Store::Listener listener_;
+    ServerOpener openServer_;
     int openings_ = 0;
     QString connectionString_;
 };

@@ -557,6 +557,81 @@ private Q_SLOTS:
             letras << letra;
         }
     }
+
+    void cada_frase_esta_escrita_em_cada_lingua_data()
+    {
+        QTest::addColumn<QString>("noutro_grupo");
+        QTest::addColumn<QString>("ficou_junto");
+        QTest::addColumn<QString>("sem_grupo");
+        QTest::addColumn<QString>("numero_ocupado");
+        QTest::newRow("PortuguesPT")
+            << u"O grupo «%1» já não está disponível. O contacto voltou para o grupo «%2»."_s
+            << u"O contacto com que tinha sido juntado foi mudado depois, e fica como está."_s
+            << u"Não há nenhum grupo para o qual o contacto possa voltar. Crie um grupo e tente outra vez."_s
+            << u"O número do que foi eliminado pertence agora a outro registo. Repor com um número novo?"_s;
+        QTest::newRow("PortuguesBR")
+            << u"O grupo «%1» não está mais disponível. O contato voltou para o grupo «%2»."_s
+            << u"O contato com que tinha sido juntado foi mudado depois, e fica como está."_s
+            << u"Não há nenhum grupo para o qual o contato possa voltar. Crie um grupo e tente de novo."_s
+            << u"O número do que foi excluído pertence agora a outro registro. Restaurar com um número novo?"_s;
+        QTest::newRow("InglesUK")
+            << u"The group “%1” is no longer available. The contact came back into the group “%2”."_s
+            << u"The contact that it had been merged with was changed since, and stays as it is."_s
+            << u"There is no group that the contact could come back into. Create a group and try again."_s
+            << u"The number of what was deleted now belongs to another record. Bring it back with a new number?"_s;
+        QTest::newRow("EspanholES")
+            << u"El grupo «%1» ya no está disponible. El contacto ha vuelto al grupo «%2»."_s
+            << u"El contacto con el que se había juntado ha cambiado después, y queda como está."_s
+            << u"No hay ningún grupo al que pueda volver el contacto. Cree un grupo e inténtelo de nuevo."_s
+            << u"El número de lo que se eliminó pertenece ahora a otro registro. ¿Recuperarlo con un número nuevo?"_s;
+        QTest::newRow("ItalianoIT")
+            << u"Il gruppo «%1» non è più disponibile. Il contatto è tornato nel gruppo «%2»."_s
+            << u"Il contatto con cui era stato unito è cambiato in seguito, e resta com’è."_s
+            << u"Non c’è alcun gruppo in cui il contatto possa tornare. Creare un gruppo e riprovare."_s
+            << u"Il numero di ciò che è stato eliminato appartiene ora a un altro record. Ripristinarlo con un numero nuovo?"_s;
+        QTest::newRow("FrancesFR")
+            << u"Le groupe « %1 » n’est plus disponible. Le contact est revenu dans le groupe « %2 »."_s
+            << u"Le contact avec lequel il avait été fusionné a changé depuis et reste tel quel."_s
+            << u"Il n’y a aucun groupe dans lequel le contact puisse revenir. Créez un groupe, puis réessayez."_s
+            << u"Le numéro de ce qui a été supprimé appartient maintenant à un autre enregistrement. Le rétablir avec un nouveau numéro ?"_s;
+        QTest::newRow("AlemaoDE")
+            << u"Die Gruppe „%1“ ist nicht mehr verfügbar. Der Kontakt ist jetzt in der Gruppe „%2“."_s
+            << u"Der Kontakt, mit dem er zusammengeführt worden war, wurde seither geändert und bleibt, wie er ist."_s
+            << u"Es gibt keine Gruppe, in die der Kontakt zurückkommen könnte. Legen Sie eine Gruppe an und versuchen Sie es noch einmal."_s
+            << u"Die Nummer des Gelöschten gehört jetzt zu einem anderen Eintrag. Mit einer neuen Nummer wiederherstellen?"_s;
+    }
+    void cada_frase_esta_escrita_em_cada_lingua()
+    {
+        QFETCH(QString, noutro_grupo);
+        QFETCH(QString, ficou_junto);
+        QFETCH(QString, sem_grupo);
+        QFETCH(QString, numero_ocupado);
+        Apagador a;
+        const int ana = a.Contacto(u"Ana"_s, ComGrupos::Amigos);
+        a.Eliminar(ana);
+        a.s.geral.IdiomaActual = QString::fromLatin1(QTest::currentDataTag());
+        a.s.Escrever(u"UPDATE TblGrupos SET IdUtilizador=99"_s);
+        a.s.caixas.Espera(sem_grupo, box::stop, u"Morvex 1.0"_s);
+        a.Desfazer();
+        a.s.Escrever(u"UPDATE TblGrupos SET IdUtilizador=0 WHERE ID=4"_s);
+        a.s.Escrever(u"INSERT INTO TblLista (ID, Nome, Grupo) VALUES (%1, 'Intruso', 4)"_s.arg(ana));
+        a.s.caixas.Espera(numero_ocupado, box::question | box::yesNo, u"Morvex 1.0"_s, answer::yes);
+        const QString grupo = a.s.Linhas(u"SELECT NomeGrupo FROM TblGrupos WHERE ID=4"_s).constFirst();
+        a.s.caixas.Espera(noutro_grupo.arg(u"Amigos"_s, grupo), box::information, u"Morvex 1.0"_s);
+        a.Desfazer();
+        QVERIFY(!a.janela.DesfazerEliminar->isEnabled());
+
+        a.s.Escrever(u"UPDATE TblGrupos SET IdUtilizador=0"_s);
+        const int rui = a.Contacto(u"Rui"_s, ComGrupos::Amigos);
+        const int rita = a.Contacto(u"Rita"_s, ComGrupos::Amigos);
+        a.desfazer.Juntar_Contactos(QString::number(rui), QString::number(rita), [&] {
+            a.s.Escrever(u"DELETE FROM TblLista WHERE ID=%1"_s.arg(rita));
+            a.s.Escrever(u"UPDATE TblLista SET Fax='1' WHERE ID=%1"_s.arg(rui));
+        });
+        a.s.Escrever(u"UPDATE TblLista SET Fax='2' WHERE ID=%1"_s.arg(rui));
+        a.s.caixas.Espera(ficou_junto, box::information, u"Morvex 1.0"_s);
+        a.Desfazer();
+    }
 };
 
 MORVEX_TESTE(TestDesfazerEliminacao)

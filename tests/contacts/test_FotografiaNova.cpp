@@ -392,6 +392,135 @@ private Q_SLOTS:
         QVERIFY(e.s.dialogos.perguntas.constFirst().endsWith(u" @ "_s + imagens));
         QVERIFY(e.s.dialogos.perguntas.constLast().endsWith(u" @ "_s + e.s.Pasta() + u'/'));
     }
+
+    void cada_recusa_esta_escrita_em_cada_lingua_data()
+    {
+        QTest::addColumn<QString>("nao_e_imagem");
+        QTest::addColumn<QString>("nao_ha_ficheiro");
+        QTest::addColumn<QString>("grande_demais");
+        QTest::addColumn<QString>("na_rede");
+        QTest::addColumn<QString>("nao_guardada");
+        QTest::newRow("PortuguesPT")
+            << u"Isto não é uma imagem que o programa saiba mostrar. A fotografia fica como estava."_s
+            << u"Não há aqui nenhum ficheiro que se possa ler. A fotografia fica como estava."_s
+            << u"Este ficheiro é demasiado grande para uma fotografia. A fotografia fica como estava."_s
+            << u"O programa não vai buscar imagens à rede. Guarde a imagem num ficheiro e use esse. A fotografia fica como estava."_s
+            << u"Não foi possível guardar a imagem nesta pasta. A fotografia fica como estava."_s;
+        QTest::newRow("PortuguesBR")
+            << u"Isto não é uma imagem que o programa saiba mostrar. A foto fica como estava."_s
+            << u"Não há aqui nenhum arquivo que se possa ler. A foto fica como estava."_s
+            << u"Este arquivo é grande demais para uma foto. A foto fica como estava."_s
+            << u"O programa não busca imagens na rede. Salve a imagem em um arquivo e use-o. A foto fica como estava."_s
+            << u"Não foi possível salvar a imagem nesta pasta. A foto fica como estava."_s;
+        QTest::newRow("InglesUK")
+            << u"This is no picture that the program can show. The photograph stays as it was."_s
+            << u"There is no file here that can be read. The photograph stays as it was."_s
+            << u"This file is too large for a photograph. The photograph stays as it was."_s
+            << u"The program fetches no pictures from the network. Save the picture to a file and use that one. The photograph stays as it was."_s
+            << u"The picture could not be saved in this folder. The photograph stays as it was."_s;
+        QTest::newRow("EspanholES")
+            << u"Esto no es una imagen que el programa sepa mostrar. La fotografía queda como estaba."_s
+            << u"Aquí no hay ningún archivo que se pueda leer. La fotografía queda como estaba."_s
+            << u"Este archivo es demasiado grande para una fotografía. La fotografía queda como estaba."_s
+            << u"El programa no descarga imágenes de la red. Guarde la imagen en un archivo y use este. La fotografía queda como estaba."_s
+            << u"No se pudo guardar la imagen en esta carpeta. La fotografía queda como estaba."_s;
+        QTest::newRow("ItalianoIT")
+            << u"Questa non è un’immagine che il programma sappia mostrare. La fotografia resta com’era."_s
+            << u"Qui non c’è alcun file che si possa leggere. La fotografia resta com’era."_s
+            << u"Questo file è troppo grande per una fotografia. La fotografia resta com’era."_s
+            << u"Il programma non scarica immagini dalla rete. Salvare l’immagine in un file e usare quello. La fotografia resta com’era."_s
+            << u"Non è stato possibile salvare l’immagine in questa cartella. La fotografia resta com’era."_s;
+        QTest::newRow("FrancesFR")
+            << u"Ceci n’est pas une image que le programme sache afficher. La photo reste telle quelle."_s
+            << u"Il n’y a ici aucun fichier lisible. La photo reste telle quelle."_s
+            << u"Ce fichier est trop volumineux pour une photo. La photo reste telle quelle."_s
+            << u"Le programme ne télécharge pas d’images. Enregistrez l’image dans un fichier et utilisez celui-ci. La photo reste telle quelle."_s
+            << u"L’image n’a pas pu être enregistrée dans ce dossier. La photo reste telle quelle."_s;
+        QTest::newRow("AlemaoDE")
+            << u"Dies ist kein Bild, das das Programm anzeigen kann. Das Foto bleibt, wie es war."_s
+            << u"Hier ist keine Datei, die gelesen werden kann. Das Foto bleibt, wie es war."_s
+            << u"Diese Datei ist zu groß für ein Foto. Das Foto bleibt, wie es war."_s
+            << u"Das Programm lädt keine Bilder aus dem Netz. Speichern Sie das Bild in einer Datei und nehmen Sie diese. Das Foto bleibt, wie es war."_s
+            << u"Das Bild konnte in diesem Ordner nicht gespeichert werden. Das Foto bleibt, wie es war."_s;
+    }
+    void cada_recusa_esta_escrita_em_cada_lingua()
+    {
+        Sistema s;
+        FotografiaNova nova(s.geral);
+        const auto dita = [&](const QMimeData &dados) {
+            try {
+                return u"taken: "_s + nova.Caminho(dados);
+            } catch (const FotografiaRecusada &recusada) {
+                return recusada.Texto(QString::fromLatin1(QTest::currentDataTag()));
+            }
+        };
+        const auto esperada = [](const char *coluna, const QString &sobre) {
+            return *static_cast<QString *>(QTest::qData(coluna, qMetaTypeId<QString>())) + u"\r\n\r\n"_s +
+                   sobre;
+        };
+        QCOMPARE(dita(QMimeData()), esperada("nao_e_imagem", QString()));
+        const std::unique_ptr<QMimeData> longe(Ficheiros({s.Ficheiro(u"longe.png"_s)}));
+        QCOMPARE(dita(*longe), esperada("nao_ha_ficheiro", s.Ficheiro(u"longe.png"_s)));
+        QFile enorme(s.Ficheiro(u"enorme.png"_s));
+        QVERIFY(enorme.open(QIODevice::WriteOnly) && enorme.resize(qint64{100} * 1024 * 1024 + 1));
+        const std::unique_ptr<QMimeData> grande(Ficheiros({enorme.fileName()}));
+        QCOMPARE(dita(*grande), esperada("grande_demais", enorme.fileName()));
+        QVERIFY(enorme.resize(qint64{100} * 1024 * 1024)); // just not too large, but no picture
+        QCOMPARE(dita(*grande), esperada("nao_e_imagem", enorme.fileName()));
+        QMimeData na_rede;
+        na_rede.setUrls({QUrl(u"http://fotos.example/ana.png"_s)});
+        QCOMPARE(dita(na_rede), esperada("na_rede", u"http://fotos.example/ana.png"_s));
+        QFile no_caminho(s.Ficheiro(u"fotografias"_s));
+        QVERIFY(no_caminho.open(QIODevice::WriteOnly));
+        const std::unique_ptr<QMimeData> pontos(Pontos(Qt::red));
+        QCOMPARE(dita(*pontos), esperada("nao_guardada", no_caminho.fileName()));
+    }
+
+    // A name like one given here that somebody else chose is not taken for one.
+    void so_o_ficheiro_de_um_nome_dado_aqui_se_apaga_data()
+    {
+        QTest::addColumn<QString>("nome");
+        QTest::addColumn<bool>("apaga_se");
+        QTest::newRow("given here") << u"fotografias/fotografia1.png"_s << true;
+        QTest::newRow("of two digits") << u"fotografias/fotografia10.png"_s << true;
+        QTest::newRow("with a nought before") << u"fotografias/fotografia01.png"_s << false;
+        QTest::newRow("without a number") << u"fotografias/fotografia.png"_s << false;
+        QTest::newRow("another kind") << u"fotografias/fotografia1.jpg"_s << false;
+        QTest::newRow("longer at the end") << u"fotografias/fotografia1.png.bak"_s << false;
+        QTest::newRow("longer in front") << u"fotografias/minha_fotografia1.png"_s << false;
+        QTest::newRow("in another folder") << u"fotografia1.png"_s << false;
+    }
+    void so_o_ficheiro_de_um_nome_dado_aqui_se_apaga()
+    {
+        QFETCH(QString, nome);
+        QFETCH(bool, apaga_se);
+        Sistema s;
+        QVERIFY(QDir(s.Pasta()).mkpath(u"fotografias"_s));
+        QFile ficheiro(s.Ficheiro(nome));
+        QVERIFY(ficheiro.open(QIODevice::WriteOnly));
+        FotografiaNova(s.geral).Abandonar(ficheiro.fileName());
+        QCOMPARE(ficheiro.exists(), !apaga_se);
+    }
+
+    void os_pontos_tomam_o_primeiro_numero_livre_e_arrumar_deixa_o_que_fica()
+    {
+        Sistema s;
+        QVERIFY(QDir(s.Pasta()).mkpath(u"fotografias"_s));
+        QFile ocupado(s.Ficheiro(u"fotografias/fotografia2.png"_s));
+        QVERIFY(ocupado.open(QIODevice::WriteOnly));
+        FotografiaNova nova(s.geral);
+        const std::unique_ptr<QMimeData> pontos(Pontos(Qt::red));
+        const QString primeira = nova.Caminho(*pontos);
+        const QString segunda = nova.Caminho(*pontos);
+        QCOMPARE(primeira, s.Ficheiro(u"fotografias/fotografia1.png"_s));
+        QCOMPARE(segunda, s.Ficheiro(u"fotografias/fotografia3.png"_s));
+        QVERIFY(nova.Feita_Aqui(primeira) && nova.Feita_Aqui(segunda) &&
+                !nova.Feita_Aqui(ocupado.fileName()));
+        nova.Arrumar(segunda);
+        QVERIFY(!QFile::exists(primeira));
+        QVERIFY(QFile::exists(segunda) && ocupado.exists());
+        QVERIFY(!nova.Feita_Aqui(segunda));
+    }
 };
 
 MORVEX_TESTE(TestFotografiaNova)

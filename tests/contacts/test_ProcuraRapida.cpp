@@ -139,6 +139,26 @@ private Q_SLOTS:
         }
     }
 
+    void sem_resultados_esta_escrito_em_cada_lingua_data()
+    {
+        QTest::addColumn<QString>("frase");
+        QTest::newRow("PortuguesPT") << u"Sem resultados"_s;
+        QTest::newRow("PortuguesBR") << u"Sem resultados"_s;
+        QTest::newRow("InglesUK") << u"No matches"_s;
+        QTest::newRow("EspanholES") << u"Sin resultados"_s;
+        QTest::newRow("ItalianoIT") << u"Nessun risultato"_s;
+        QTest::newRow("FrancesFR") << u"Aucun résultat"_s;
+        QTest::newRow("AlemaoDE") << u"Keine Treffer"_s;
+    }
+    void sem_resultados_esta_escrito_em_cada_lingua()
+    {
+        Programa p;
+        p.s.geral.IdiomaActual = QString::fromLatin1(QTest::currentDataTag());
+        p.Carregar({u"Ana"_s});
+        p.janela.txtProcura->setText(u"x"_s);
+        QTEST(p.janela.lblContador->text(), "frase");
+    }
+
     void a_barra_escrita_encurta_o_comprimento_e_nao_o_texto()
     {
         Programa p;

@@ -482,9 +482,10 @@ private Q_SLOTS:
         });
         QCOMPARE(
             e.s.dialogos.perguntas,
-            QStringList(u"openFile Todas as imagens|*.bmp;*.dib;*.gif;*.jpg;*.png;*.wmf;*.emf;*ico;*.cur|Bitmaps "
-                        "(*.bmp;*.dib)|*.bmp;*.dib|GIF (*.gif)|*.gif|JPEG (*.jpg)|*.jpg|PNG (*.png)|*.png|"
-                        "Metafiles (*.wmf;*.emf)|*.wmf;*.emf|Icons (*.ico;*.cur)|*.ico;*.cur @ /onde/estava/"_s));
+            QStringList(
+                u"openFile Todas as imagens|*.bmp;*.dib;*.gif;*.jpg;*.png;*.wmf;*.emf;*ico;*.cur|Bitmaps "
+                "(*.bmp;*.dib)|*.bmp;*.dib|GIF (*.gif)|*.gif|JPEG (*.jpg)|*.jpg|PNG (*.png)|*.png|"
+                "Metafiles (*.wmf;*.emf)|*.wmf;*.emf|Icons (*.ico;*.cur)|*.ico;*.cur @ /onde/estava/"_s));
         const QString pasta = e.s.Pasta() + u'/';
         QCOMPARE(e.s.geral.UltimaPastaFotos, pasta);
         QCOMPARE(e.s.geral.ini.Ler_Ini(u"fotografias"_s, u"lastpathpic"_s), pasta);
@@ -776,6 +777,35 @@ private Q_SLOTS:
             caixa->setText(texto);
             Clicar(caixa);
             QCOMPARE(form.Calendario->selectedDate(), aberto_em);
+        });
+    }
+
+    void as_partes_do_calendario_tem_nome_em_cada_lingua_data()
+    {
+        QTest::addColumn<QString>("anterior");
+        QTest::addColumn<QString>("seguinte");
+        QTest::newRow("PortuguesPT") << u"Mês anterior"_s << u"Mês seguinte"_s;
+        QTest::newRow("PortuguesBR") << u"Mês anterior"_s << u"Próximo mês"_s;
+        QTest::newRow("InglesUK") << u"Previous month"_s << u"Next month"_s;
+        QTest::newRow("EspanholES") << u"Mes anterior"_s << u"Mes siguiente"_s;
+        QTest::newRow("ItalianoIT") << u"Mese precedente"_s << u"Mese successivo"_s;
+        QTest::newRow("FrancesFR") << u"Mois précédent"_s << u"Mois suivant"_s;
+        QTest::newRow("AlemaoDE") << u"Vorheriger Monat"_s << u"Nächster Monat"_s;
+    }
+    void as_partes_do_calendario_tem_nome_em_cada_lingua()
+    {
+        Editor e;
+        e.s.geral.IdiomaActual = QString::fromLatin1(QTest::currentDataTag());
+        e.Novo([&](frmAddEdit &form) {
+            const auto nome = [&](const char *parte) {
+                const auto *widget = form.Calendario->findChild<QWidget *>(QLatin1StringView(parte));
+                return widget == nullptr ? u"none"_s : widget->accessibleName();
+            };
+            QTEST(nome("qt_calendar_prevmonth"), "anterior");
+            QTEST(nome("qt_calendar_nextmonth"), "seguinte");
+            QCOMPARE(nome("qt_calendar_calendarview"), form.lblAniversario->text());
+            QCOMPARE(nome("qt_calendar_yearedit"), form.lblAno->text());
+            QCOMPARE(form.Calendario->accessibleName(), form.lblAniversario->text());
         });
     }
 

@@ -64,6 +64,25 @@ private Q_SLOTS:
         Compare_With_A_Plain_One(label);
     }
 
+    void a_title_at_either_end_or_between_is_where_any_label_has_it_data()
+    {
+        QTest::addColumn<int>("side");
+        QTest::newRow("left") << int{Qt::AlignLeft};
+        QTest::newRow("right") << int{Qt::AlignRight};
+        QTest::newRow("between") << int{Qt::AlignHCenter};
+    }
+    void a_title_at_either_end_or_between_is_where_any_label_has_it()
+    {
+        QFETCH(int, side);
+        for (const int indent : {0, 5}) {
+            ElidingLabel label(u"Shopping"_s);
+            label.setAlignment(static_cast<Qt::Alignment>(side) | Qt::AlignVCenter);
+            label.setIndent(indent);
+            label.resize(width, 16);
+            Compare_With_A_Plain_One(label);
+        }
+    }
+
     void the_last_line_that_fits_ends_in_dots()
     {
         Three_Lines t(u"Call the dentist about the appointment "_s.repeated(9));

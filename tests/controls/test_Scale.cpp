@@ -7,6 +7,7 @@
 #include <QDialog>
 #include <QLabel>
 #include <QMainWindow>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
@@ -53,6 +54,39 @@ class TestScale : public QObject
 
 private Q_SLOTS:
     void cleanup() { scale::setLetters(scale::standardLetters); }
+
+    // A desktop tells its letters in points or in pixels; twelve of these are the standard, and eleven the
+    // form's.
+    void as_letras_seguem_as_do_ambiente_data()
+    {
+        QTest::addColumn<double>("pontos");
+        QTest::addColumn<int>("em_pixels");
+        QTest::addColumn<double>("por_polegada");
+        QTest::addColumn<int>("letras");
+        QTest::newRow("the standard") << 9.0 << 0 << 96.0 << 11;
+        QTest::newRow("a third larger") << 12.0 << 0 << 96.0 << 15;
+        QTest::newRow("twice as large") << 18.0 << 0 << 96.0 << 22;
+        QTest::newRow("twice the dots") << 9.0 << 0 << 192.0 << 22;
+        QTest::newRow("fewer dots") << 18.0 << 0 << 72.0 << 17;
+        QTest::newRow("smaller") << 6.0 << 0 << 96.0 << 11;
+        QTest::newRow("three times as large") << 27.0 << 0 << 96.0 << 33;
+        QTest::newRow("larger than three times") << 40.0 << 0 << 96.0 << 33;
+        QTest::newRow("in pixels, the standard") << 0.0 << 12 << 192.0 << 11;
+        QTest::newRow("in pixels, larger") << 0.0 << 24 << 192.0 << 22;
+        QTest::newRow("in pixels, one") << 0.0 << 1 << 96.0 << 11;
+    }
+    void as_letras_seguem_as_do_ambiente()
+    {
+        QFETCH(double, pontos);
+        QFETCH(int, em_pixels);
+        QFETCH(double, por_polegada);
+        QFont fonte;
+        if (em_pixels > 0)
+            fonte.setPixelSize(em_pixels);
+        else
+            fonte.setPointSizeF(pontos);
+        QTEST(scale::lettersFor(fonte, por_polegada), "letras");
+    }
 
     void em_letras_normais_nada_muda()
     {
@@ -184,6 +218,48 @@ private Q_SLOTS:
         QCOMPARE(dentro->size(), QSize(3000, 2000));
     }
 
+    // The other direction has all the room that it wants: the bar takes nothing of it.
+    void um_formulario_so_largo_de_mais_mostra_toda_a_sua_altura()
+    {
+        Formulario form({3000, 100});
+        scale::apply(form);
+        form.show();
+        QVERIFY(Area(form) != nullptr);
+        const int barra = Area(form)->horizontalScrollBar()->sizeHint().height();
+        QCOMPARE(form.height(), 100 + barra);
+        QCOMPARE(Area(form)->viewport()->height(), 100);
+        QCOMPARE(Area(form)->verticalScrollBar()->maximum(), 0);
+    }
+
+    void um_formulario_so_alto_de_mais_mostra_toda_a_sua_largura()
+    {
+        Formulario form({200, 3000});
+        scale::apply(form);
+        form.show();
+        QVERIFY(Area(form) != nullptr);
+        const int barra = Area(form)->verticalScrollBar()->sizeHint().width();
+        QCOMPARE(form.width(), 200 + barra);
+        QCOMPARE(Area(form)->viewport()->width(), 200);
+        QCOMPARE(Area(form)->horizontalScrollBar()->maximum(), 0);
+    }
+
+    void uma_janela_com_menu_tem_lugar_para_ele_acima_do_que_se_desloca()
+    {
+        QMainWindow janela;
+        janela.menuBar()->addMenu(u"Menu"_s)->addAction(u"Sair"_s);
+        auto *dentro = new QWidget;
+        dentro->setMinimumSize(3000, 200);
+        janela.setCentralWidget(dentro);
+        scale::apply(janela);
+        janela.show();
+        QVERIFY(Area(janela) != nullptr);
+        QVERIFY(janela.menuBar()->height() > 0);
+        const int barra = Area(janela)->horizontalScrollBar()->sizeHint().height();
+        QCOMPARE(janela.height(), janela.menuBar()->height() + 200 + barra);
+        QCOMPARE(Area(janela)->viewport()->height(), 200);
+        QCOMPARE(Area(janela)->verticalScrollBar()->maximum(), 0);
+    }
+
     void um_formulario_que_se_torna_mais_alto_do_que_o_ecra_desloca_se_a_partir_dai()
     {
         Formulario form;
@@ -206,6 +282,37 @@ private Q_SLOTS:
         form.move(ecra.right() - 20, ecra.bottom() - 20);
         form.show();
         QVERIFY(ecra.contains(form.geometry()));
+    }
+
+    void um_formulario_que_esta_no_ecra_fica_onde_esta()
+    {
+        scale::setLetters(duplas);
+        Formulario form;
+        scale::apply(form);
+        form.move(100, 120);
+        form.show();
+        QCOMPARE(form.geometry().topLeft(), QPoint(100, 120));
+    }
+
+    void um_formulario_acima_do_ecra_vem_para_o_seu_canto()
+    {
+        scale::setLetters(duplas);
+        Formulario form;
+        scale::apply(form);
+        form.move(-300, -500);
+        form.show();
+        QCOMPARE(form.pos(), form.screen()->availableGeometry().topLeft());
+    }
+
+    // What has no frame is a card or a splash: it is never wrapped.
+    void o_que_nao_tem_moldura_fica_como_e()
+    {
+        Formulario form({3000, 2000});
+        form.setWindowFlag(Qt::FramelessWindowHint);
+        scale::apply(form);
+        form.show();
+        QCOMPARE(Area(form), nullptr);
+        QCOMPARE(form.size(), QSize(3000, 2000));
     }
 };
 

@@ -10,6 +10,7 @@ foreach(teste IN ITEMS
     test_ReachablePlace
     test_RisingCard
     test_Scale
+    test_SmallControls
     test_Style)
     morvex_teste(controls/${teste} LIGA controls)
 endforeach()

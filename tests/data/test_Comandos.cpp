@@ -74,6 +74,11 @@ void Encher(Sistema &s)
          u"INSERT INTO TblCartoes (IDContacto, UID, cartao) VALUES (1, 'u1', x'78')"_s,
          u"INSERT INTO TblCartoes VALUES (5, 'u5', 'c', 'h', 'e', x'666463', 'r')"_s,
          u"INSERT INTO TblDiferentes VALUES (2, 4)"_s,
+         u"INSERT INTO TblSincronizacao VALUES (7, 'e', 'n', 'p', 'l', 'nl', 1, 1, 0, 15, 't', 3, 'v', 'r')"_s,
+         u"INSERT INTO TblSincronizados VALUES ('7 /b', 7, 1, '/b', 'e', 0, 's', 'a'), "
+         "('7 /a', 7, 5, '/a', '', 1, 's', 'a'), ('8 /b', 8, 2, '/b', '', 0, '', '')"_s,
+         u"INSERT INTO TblOcorrencias VALUES (1, 7, 'q', 1, 5, 'n', 'c', 'v', 'o'), "
+         "(2, 8, 'q', 2, 0, '', '', '', ''), (3, 7, 'q', 2, 0, '', '', '', '')"_s,
          u"UPDATE TblConfig SET Idioma='InglesUK', Versao='5.1', Remetente='re', Destinatario='de'"_s})
         s.Escrever(sql);
     s.Escrever(u"COMMIT"_s);
@@ -143,6 +148,10 @@ const std::vector<Leitura> &Leituras()
         Le("cmdLerCartao", {u"u5|fdc"_s}, u"5"),
         Le("cmdListarDiferentes", {u"2|4"_s}),
         Le("cmdListarCartoes", {u"1|u1"_s, u"5|u5"_s}),
+        Le("cmdVerSincronizacao", {u"7|e|n|p|l|nl|1|1|0|15|t|3|v|r"_s}, u"7"),
+        Le("cmdListarPares", {u"5|/a||1|s|a"_s, u"1|/b|e|0|s|a"_s}, u"7"),
+        Le("cmdListarContactosDoGrupo", {u"2|ana"_s + nulos.repeated(15) + u"|2"_s + nulos}, u"2"),
+        Le("cmdListarOcorrencias", {u"3|7|q|2|0||||"_s, u"1|7|q|1|5|n|c|v|o"_s}, u"7"),
     };
     return leituras;
 }
@@ -222,6 +231,22 @@ const std::vector<Escrita> &Escritas()
         Escreve("cmdGuardarCartaoDoNovo", u"SELECT IDContacto, UID, cartao FROM TblCartoes"_s,
                 {u"0|novo|def"_s, u"1|u1|x"_s, u"5|u5|fdc"_s}, u"novo", // nothing was added before it
                 QByteArray("def")),
+        Escreve("cmdGuardarSincronizacao", u"SELECT * FROM TblSincronizacao"_s,
+                {u"7|a|b|c|d|e|2|0|1|30|t|3|v|r"_s}, u"7", u"a", u"b", u"c", u"d", u"e", u"2", u"0", u"1",
+                u"30"),
+        Escreve("cmdGuardarCorrida", u"SELECT Corrida FROM TblSincronizacao"_s, {u"9"_s}, u"9", u"7"),
+        Escreve("cmdGuardarResultado", u"SELECT Testemunho, UltimaVez, Resultado FROM TblSincronizacao"_s,
+                {u"a|b|c"_s}, u"a", u"b", u"c", u"7"),
+        Escreve("cmdEliminarSincronizacao", u"SELECT * FROM TblSincronizacao"_s, {}, u"7"),
+        Escreve("cmdGuardarPar", u"SELECT * FROM TblSincronizados WHERE IdUtilizador=7 ORDER BY Par"_s,
+                {u"7 /a|7|5|/a||1|s|a"_s, u"7 /b|7|9|/b|f|2|z|b"_s}, u"7 /b", u"7", u"9", u"/b", u"f", u"2",
+                u"z", u"b"),
+        Escreve("cmdEliminarPar", u"SELECT Par FROM TblSincronizados ORDER BY Par"_s,
+                {u"7 /b"_s, u"8 /b"_s}, u"7 /a"),
+        Escreve("cmdEliminarPares", u"SELECT Par FROM TblSincronizados"_s, {u"8 /b"_s}, u"7"),
+        Escreve("cmdInserirOcorrencia", u"SELECT * FROM TblOcorrencias WHERE ID=4"_s,
+                {u"4|8|x|3|2|n|c|v|o"_s}, u"8", u"x", u"3", u"2", u"n", u"c", u"v", u"o"),
+        Escreve("cmdEliminarOcorrencias", u"SELECT ID FROM TblOcorrencias"_s, {u"2"_s}, u"7"),
         Escreve("cmdGuardarDiferentes", u"SELECT * FROM TblDiferentes ORDER BY IDContacto"_s,
                 {u"2|4"_s, u"3|5"_s}, u"3", u"5"),
     };
@@ -264,7 +289,7 @@ private Q_SLOTS:
         for (const EntradaDoCatalogo &entrada : comandos::catalogo)
             catalogo.insert(entrada.nome);
         QVERIFY(ensaiados == catalogo);
-        QCOMPARE(std::set(catalogo.begin(), catalogo.end()).size(), 81U);
+        QCOMPARE(std::set(catalogo.begin(), catalogo.end()).size(), 94U);
     }
 
     void le_data() { Linhas_De_Ensaio(Leituras()); }

@@ -1,4 +1,4 @@
-// The eleven tables: their columns, types and counters, and the database that is shipped.
+// The fifteen tables: their columns, types and counters, and the database that is shipped.
 #include "data/Esquema.h"
 #include "platform/Failure.h"
 #include "testlib/Sistema.h"
@@ -37,6 +37,13 @@ private Q_SLOTS:
         QTest::newRow("TblFotografias") << u"Nome:t Imagem:b"_s;
         QTest::newRow("TblCartoes") << u"IDContacto:n UID:t conta:t href:t etag:t cartao:b resumo:t"_s;
         QTest::newRow("TblDiferentes") << u"IDContacto:n IDOutro:n"_s;
+        QTest::newRow("TblSincronizacao")
+            << u"IdUtilizador:n Endereco:t Nome:t PalavraPasse:t Livro:t NomeDoLivro:t IDGrupo:n Ligada:y "
+               "AoArrancar:y Minutos:n Testemunho:t Corrida:n UltimaVez:t Resultado:t"_s;
+        QTest::newRow("TblSincronizados")
+            << u"Par:t IdUtilizador:n IDContacto:n href:t etag:t estado:n resumo:t acordo:t"_s;
+        QTest::newRow("TblOcorrencias")
+            << u"ID:c IdUtilizador:n Quando:t Que:n IDContacto:n Nome:t Campo:t Valor:t Outro:t"_s;
     }
     void as_tabelas_e_as_suas_colunas()
     {
@@ -55,16 +62,17 @@ private Q_SLOTS:
         QCOMPARE(achadas, partes);
     }
 
-    void sao_doze() { QCOMPARE(esquema::Tabelas().size(), 12U); }
+    void sao_quinze() { QCOMPARE(esquema::Tabelas().size(), 15U); }
 
-    void as_chaves_que_a_base_nao_da_sao_duas()
+    void as_chaves_que_a_base_nao_da_sao_quatro()
     {
         QStringList chaves;
         for (const Tabela &tabela : esquema::Tabelas())
             for (const Coluna &coluna : tabela.colunas)
                 if (coluna.chave)
                     chaves << QString::fromUtf8(tabela.nome) + u'.' + QString::fromUtf8(coluna.nome);
-        QCOMPARE(chaves, (QStringList{u"TblFotografias.Nome"_s, u"TblCartoes.IDContacto"_s}));
+        QCOMPARE(chaves, (QStringList{u"TblFotografias.Nome"_s, u"TblCartoes.IDContacto"_s,
+                                       u"TblSincronizacao.IdUtilizador"_s, u"TblSincronizados.Par"_s}));
     }
 
     void uma_coluna_que_nao_ha_e_um_erro()
@@ -93,7 +101,8 @@ private Q_SLOTS:
                  QStringList{u"1||1||"_s});
         for (const QString &tabela :
              {u"TblLista"_s, u"TblGrupos"_s, u"TblUsers"_s, u"TblMemos"_s, u"TblTarefas"_s, u"TblRepeticao"_s,
-              u"TblEmails"_s, u"TblFotografias"_s, u"TblCartoes"_s, u"TblDiferentes"_s})
+              u"TblEmails"_s, u"TblFotografias"_s, u"TblCartoes"_s, u"TblDiferentes"_s,
+              u"TblSincronizacao"_s, u"TblSincronizados"_s, u"TblOcorrencias"_s})
             QCOMPARE(s.Linhas(u"SELECT count(*) FROM "_s + tabela), QStringList{u"0"_s});
     }
 

@@ -1,5 +1,6 @@
 // One text by its number, in the active language; and the seven languages.
 #include "data/Idiomas.h"
+#include "testlib/ServidorFalso.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
@@ -108,6 +109,51 @@ private Q_SLOTS:
         Sistema s(Sistema::Estado::Sem_Base);
         s.geral.IdiomaActual = u"InglesUK"_s;
         VERIFICAR_FALHA(s.geral.Ler_Idioma(43), Failure::StoreError);
+    }
+
+    void um_servidor_e_perguntado_por_todos_uma_so_vez()
+    {
+        Sistema s;
+        s.Escrever(u"UPDATE TblIdiomas SET PortuguesPT='dele' WHERE ID=43"_s);
+        ServidorFalso servidor(s.Base());
+        servidor.Servir(s.geral);
+        QCOMPARE(s.geral.Ler_Idioma(43), u"dele"_s);
+        QCOMPARE(s.geral.Ler_Idioma(44), s.Texto(44));
+        QCOMPARE(s.geral.Ler_Todo_O_Idioma().value(45), s.Texto(45));
+        QCOMPARE(servidor.Comandos(), 1);
+    }
+
+    void um_texto_que_o_servidor_nao_tem_vem_do_programa()
+    {
+        Sistema s;
+        const QString texto = s.Texto(43);
+        s.Escrever(u"DELETE FROM TblIdiomas WHERE ID=43"_s);
+        ServidorFalso servidor(s.Base());
+        servidor.Servir(s.geral);
+        QCOMPARE(s.geral.Ler_Idioma(43), texto);
+        VERIFICAR_FALHA(s.geral.Ler_Idioma(30000), Failure::NoCurrentRecord);
+    }
+
+    void uma_celula_nula_do_servidor_falha_para_quem_chamou()
+    {
+        Sistema s;
+        s.Escrever(u"UPDATE TblIdiomas SET PortuguesPT=NULL WHERE ID=43"_s);
+        ServidorFalso servidor(s.Base());
+        servidor.Servir(s.geral);
+        VERIFICAR_FALHA(s.geral.Ler_Idioma(43), Failure::InvalidUseOfNull);
+    }
+
+    void enquanto_o_servidor_esta_longe_os_textos_sao_os_do_programa_e_depois_os_dele()
+    {
+        Sistema s;
+        const QString texto = s.Texto(43);
+        s.Escrever(u"UPDATE TblIdiomas SET PortuguesPT='dele' WHERE ID=43"_s);
+        ServidorFalso servidor(s.Base());
+        servidor.Servir(s.geral);
+        servidor.recusa = Failure::Kind::ServerRefused;
+        QCOMPARE(s.geral.Ler_Idioma(43), texto);
+        servidor.recusa.reset();
+        QCOMPARE(s.geral.Ler_Idioma(43), u"dele"_s);
     }
 };
 

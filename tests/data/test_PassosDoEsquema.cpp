@@ -71,7 +71,7 @@ struct Antiga {
     void Ficou_Em_Dia()
     {
         QCOMPARE(s.Linhas(versao), QStringList{QString::number(esquema::versao)});
-        QCOMPARE(s.Linhas(tabelas).size(), 12);
+        QCOMPARE(s.Linhas(tabelas).size(), 15);
         QCOMPARE(s.Linhas(u"PRAGMA integrity_check"_s), QStringList{u"ok"_s});
         QCOMPARE(Conteudo(s), antes);
     }
@@ -192,7 +192,7 @@ private Q_SLOTS:
         QVERIFY(QFile::remove(a.s.Base()) && QFile::rename(outra, a.s.Base()));
         Sistema depois(Sistema::Estado::Sem_Base);
         QVERIFY(QFile::copy(a.s.Base(), depois.Base()));
-        QCOMPARE(depois.Linhas(tabelas).size(), 12);
+        QCOMPARE(depois.Linhas(tabelas).size(), 15);
     }
 
     void a_reabertura_depois_de_uma_copia_tambem_a_poe_em_dia()

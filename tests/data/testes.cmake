@@ -11,6 +11,7 @@ foreach(teste IN ITEMS
     test_Textos
     test_Sementes
     test_frmSeleccionarIdioma
+    test_Codificar_Email
     test_Codificar_Pass
     test_Temporizadores
     test_config_enviado

@@ -38,8 +38,9 @@ struct Instalacao {
     MensageiroFalso mensageiro;
     ProcessoFalso processo;
     TabuleiroFalso tabuleiro;
+    SegredosFalsos segredos;
     Platform plataforma{relogio, caixas,  dialogos,   shell,    som,
-                        registo, correio, mensageiro, processo, tabuleiro};
+                        registo, correio, mensageiro, processo, tabuleiro, segredos};
     Geral geral;
 };
 

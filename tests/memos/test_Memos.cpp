@@ -340,6 +340,37 @@ private Q_SLOTS:
         QVERIFY(nota.rect().contains(nota.cmdPorGuardar->geometry()));
     }
 
+    void a_marca_de_nao_guardada_esta_escrita_em_cada_lingua_data()
+    {
+        QTest::addColumn<QString>("nome");
+        QTest::addColumn<QString>("dica");
+        QTest::newRow("PortuguesPT")
+            << u"Não guardado"_s << u"A base de dados não aceitou este memo. Clique para tentar de novo."_s;
+        QTest::newRow("PortuguesBR")
+            << u"Não salvo"_s << u"O banco de dados não aceitou este memo. Clique para tentar de novo."_s;
+        QTest::newRow("InglesUK") << u"Not saved"_s
+                                  << u"The database did not accept this memo. Click to try again."_s;
+        QTest::newRow("EspanholES")
+            << u"Sin guardar"_s
+            << u"La base de datos no ha aceptado esta nota. Haga clic para intentarlo de nuevo."_s;
+        QTest::newRow("ItalianoIT")
+            << u"Non salvato"_s << u"Il database non ha accettato questo memo. Fare clic per riprovare."_s;
+        QTest::newRow("FrancesFR")
+            << u"Non enregistré"_s
+            << u"La base de données n’a pas accepté ce mémo. Cliquez pour réessayer."_s;
+        QTest::newRow("AlemaoDE")
+            << u"Nicht gespeichert"_s
+            << u"Die Datenbank hat dieses Memo nicht angenommen. Klicken Sie, um es erneut zu versuchen."_s;
+    }
+    void a_marca_de_nao_guardada_esta_escrita_em_cada_lingua()
+    {
+        Secretaria d;
+        d.s.geral.IdiomaActual = QString::fromLatin1(QTest::currentDataTag());
+        const frmMemo &nota = d.Nova(u"Compras"_s);
+        QTEST(nota.cmdPorGuardar->accessibleName(), "nome");
+        QTEST(nota.cmdPorGuardar->toolTip(), "dica");
+    }
+
     void uma_nota_apagada_nao_volta()
     {
         Secretaria d;

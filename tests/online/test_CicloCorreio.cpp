@@ -1,7 +1,7 @@
 // The mail cycle: which account is looked at when, what the card says, and where a click on it leads.
 #include "online/CicloCorreio.h"
 
-#include "online/Codificar_Email.h"
+#include "data/Codificar_Email.h"
 #include "online/frmPopupEmail.h"
 #include "session/frmLogin.h"
 #include "session/frmOpcoes.h"

@@ -1,6 +1,6 @@
 // The password of a mail account: it goes to the server, and stands nowhere else.
 #include "online/CicloCorreio.h"
-#include "online/Codificar_Email.h"
+#include "data/Codificar_Email.h"
 #include "online/frmPopupEmail.h"
 #include "mail/PopMailNotification.h"
 #include "session/Main.h"
@@ -74,7 +74,7 @@ struct Programa {
     PopMailNotification correio{s.Ficheiro(u"correio.json"_s), [this] { return s.geral.IdiomaActual; },
                                 depressa};
     Platform plataforma{s.relogio, s.caixas, s.dialogos,   s.shell,    s.som,
-                        s.registo, correio,  s.mensageiro, s.processo, s.tabuleiro};
+                        s.registo, correio,  s.mensageiro, s.processo, s.tabuleiro, s.segredos};
     Main main{s.geral, plataforma};
 };
 

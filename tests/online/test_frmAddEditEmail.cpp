@@ -1,5 +1,5 @@
 // The form of a mail account: when it can be confirmed, and what is then in the database.
-#include "online/Codificar_Email.h"
+#include "data/Codificar_Email.h"
 #include "online/frmAddEditEmail.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"

@@ -1,5 +1,4 @@
 # Tests of online.
-morvex_teste(online/test_Codificar_Email LIGA online)
 morvex_teste(online/test_frmAddEditEmail LIGA online)
 morvex_teste(online/test_VerificarVersao LIGA session)
 morvex_teste(online/test_CicloCorreio LIGA session)

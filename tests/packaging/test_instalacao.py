@@ -100,6 +100,18 @@ class Instalacao(unittest.TestCase):
         for opcao in opcoes:
             self.assertIn(opcao, manual)
 
+    def test_a_pagina_da_ferramenta_do_servidor_fala_de_cada_ordem_e_opcao(self):
+        ajuda = subprocess.run([self.prefixo / "bin" / "morvex-servidor", "--help"], check=True, capture_output=True,
+                               text=True, env={"LC_ALL": "C.UTF-8"}).stdout
+        manual = (self.prefixo / "share/man/man1/morvex-servidor.1").read_text(encoding="utf-8").replace("\\-", "-")
+        ditas = [linha.split()[0].rstrip(",") for linha in ajuda.splitlines() if linha.startswith("  ")
+                 and not linha.startswith("       ")]
+        self.assertEqual(len(ditas), 10)
+        for dita in ditas:
+            self.assertIn(dita, manual)
+        for fim in range(5):
+            self.assertIn(f".B {fim}\n", manual)
+
     def test_a_licenca_da_descricao_e_a_dos_direitos(self):
         descricao, = (self.partilha / "metainfo").iterdir()
         licenca = xml.etree.ElementTree.parse(descricao).getroot().findtext("project_license")

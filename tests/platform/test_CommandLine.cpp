@@ -3,6 +3,7 @@
 #include "testlib/Teste.h"
 
 #include <QDir>
+#include <QRegularExpression>
 #include <QSet>
 #include <QTemporaryDir>
 
@@ -100,6 +101,101 @@ private Q_SLOTS:
         }
     }
 
+    // What a person reads, word by word; the lines of the help are broken where the toolkit likes.
+    void a_ajuda_diz_em_cada_lingua_o_que_tem_a_dizer_data()
+    {
+        QTest::addColumn<QStringList>("frases"); // the program, the help, the version, minimized, the files
+        QTest::newRow("PortuguesPT") << QStringList{
+            u"Agenda de contactos com despertador e vigia do correio."_s, u"Mostra esta ajuda e termina."_s,
+            u"Mostra a versão e termina."_s, u"Começa na área de notificação, sem mostrar a janela."_s,
+            u"ficheiros Ficheiros a importar: contactos (.vcf, .csv) ou dados de uma versão "
+            "anterior (.mdb, .dat)."_s};
+        QTest::newRow("PortuguesBR") << QStringList{
+            u"Agenda de contatos com despertador e monitor de e-mails."_s, u"Mostra esta ajuda e encerra."_s,
+            u"Mostra a versão e encerra."_s, u"Inicia na bandeja do sistema, sem mostrar a janela."_s,
+            u"arquivos Arquivos a importar: contatos (.vcf, .csv) ou dados de uma versão "
+            "anterior (.mdb, .dat)."_s};
+        QTest::newRow("InglesUK") << QStringList{
+            u"Contact book with an alarm clock and a mail watcher."_s, u"Shows this help and ends."_s,
+            u"Shows the version and ends."_s,
+            u"Starts in the notification area, without showing the window."_s,
+            u"files Files to import: contacts (.vcf, .csv) or data of an earlier release (.mdb, .dat)."_s};
+        QTest::newRow("EspanholES") << QStringList{
+            u"Agenda de contactos con despertador y aviso de correo."_s, u"Muestra esta ayuda y termina."_s,
+            u"Muestra la versión y termina."_s,
+            u"Se inicia en la bandeja del sistema, sin mostrar la ventana."_s,
+            u"archivos Archivos que importar: contactos (.vcf, .csv) o datos de una versión "
+            "anterior (.mdb, .dat)."_s};
+        QTest::newRow("ItalianoIT") << QStringList{
+            u"Rubrica con sveglia e controllo della posta."_s, u"Mostra questo aiuto e termina."_s,
+            u"Mostra la versione e termina."_s,
+            u"Si avvia nell’area di notifica, senza mostrare la finestra."_s,
+            u"file File da importare: contatti (.vcf, .csv) o dati di una versione "
+            "precedente (.mdb, .dat)."_s};
+        QTest::newRow("FrancesFR") << QStringList{
+            u"Carnet d’adresses avec réveil et surveillance du courrier."_s,
+            u"Affiche cette aide et se termine."_s, u"Affiche la version et se termine."_s,
+            u"Démarre dans la zone de notification, sans afficher la fenêtre."_s,
+            u"fichiers Fichiers à importer\u00a0: contacts (.vcf, .csv) ou données d’une "
+            "version antérieure (.mdb, .dat)."_s};
+        QTest::newRow("AlemaoDE") << QStringList{
+            u"Adressbuch mit Wecker und E-Mail-Überwachung."_s, u"Zeigt diese Hilfe an und beendet sich."_s,
+            u"Zeigt die Version an und beendet sich."_s,
+            u"Startet im Infobereich, ohne das Fenster zu zeigen."_s,
+            u"Dateien Zu importierende Dateien: Kontakte (.vcf, .csv) oder Daten einer "
+            "früheren Version (.mdb, .dat)."_s};
+    }
+    void a_ajuda_diz_em_cada_lingua_o_que_tem_a_dizer()
+    {
+        QFETCH(QStringList, frases);
+        const QString ajuda = Linha({u"--help"_s}, QString::fromLatin1(QTest::currentDataTag())).text();
+        QCOMPARE(ajuda.section(u'\n', 1, 1), frases[0]);
+        // A no-break space stays one, whatever the lines are broken at.
+        QString seguida = ajuda;
+        seguida.replace(QRegularExpression(u"[ \n]+"_s), u" "_s);
+        QStringList ditas{u"-h, --help "_s + frases[1], u"-v, --version "_s + frases[2],
+                          u"--minimized "_s + frases[3], frases[4],
+                          u'[' + frases[4].section(u' ', 0, 0) + u"...]"_s};
+        for (const QString &dita : ditas)
+            QVERIFY2(seguida.contains(dita), qPrintable(dita + u"\n"_s + ajuda));
+    }
+
+    void cada_lingua_recusa_pelas_suas_palavras_data()
+    {
+        QTest::addColumn<QStringList>("frases"); // an option, a kind, a file that is not there, where help is
+        QTest::newRow("PortuguesPT") << QStringList{
+            u"Opção desconhecida: nada"_s, u"Não é possível abrir ficheiros deste tipo: a.doc"_s,
+            u"O ficheiro não existe: /falta.mdb"_s, u"As opções são mostradas por: morvex --help"_s};
+        QTest::newRow("PortuguesBR") << QStringList{
+            u"Opção desconhecida: nada"_s, u"Não é possível abrir arquivos deste tipo: a.doc"_s,
+            u"O arquivo não existe: /falta.mdb"_s, u"As opções são mostradas por: morvex --help"_s};
+        QTest::newRow("InglesUK") << QStringList{
+            u"Unknown option: nada"_s, u"Files of this kind cannot be opened: a.doc"_s,
+            u"The file does not exist: /falta.mdb"_s, u"The options are shown by: morvex --help"_s};
+        QTest::newRow("EspanholES") << QStringList{
+            u"Opción desconocida: nada"_s, u"No se pueden abrir archivos de este tipo: a.doc"_s,
+            u"El archivo no existe: /falta.mdb"_s, u"Las opciones se muestran con: morvex --help"_s};
+        QTest::newRow("ItalianoIT") << QStringList{
+            u"Opzione sconosciuta: nada"_s, u"Non è possibile aprire file di questo tipo: a.doc"_s,
+            u"Il file non esiste: /falta.mdb"_s, u"Le opzioni sono mostrate da: morvex --help"_s};
+        QTest::newRow("FrancesFR") << QStringList{
+            u"Option inconnue\u00a0: nada"_s,
+            u"Il est impossible d’ouvrir les fichiers de ce type\u00a0: a.doc"_s,
+            u"Le fichier n’existe pas\u00a0: /falta.mdb"_s,
+            u"Les options sont affichées par\u00a0: morvex --help"_s};
+        QTest::newRow("AlemaoDE") << QStringList{
+            u"Unbekannte Option: nada"_s, u"Dateien dieser Art können nicht geöffnet werden: a.doc"_s,
+            u"Die Datei ist nicht vorhanden: /falta.mdb"_s, u"Die Optionen zeigt: morvex --help"_s};
+    }
+    void cada_lingua_recusa_pelas_suas_palavras()
+    {
+        QFETCH(QStringList, frases);
+        const QString idioma = QString::fromLatin1(QTest::currentDataTag());
+        const QStringList recusadas{u"--nada"_s, u"a.doc"_s, u"/falta.mdb"_s};
+        for (qsizetype i = 0; i < recusadas.size(); ++i)
+            QCOMPARE(Linha({recusadas[i]}, idioma).text(), frases[i] + u'\n' + frases[3] + u'\n');
+    }
+
     void uma_opcao_desconhecida_e_recusada_com_o_seu_nome_data()
     {
         QTest::addColumn<QStringList>("palavras");
@@ -128,6 +224,21 @@ private Q_SLOTS:
         QCOMPARE(linha.text(), QString());
         QCOMPARE(linha.kind(), Kind::Run);
         QVERIFY(linha.files().isEmpty());
+    }
+
+    void cada_opcao_do_toolkit_passa_e_leva_o_seu_valor()
+    {
+        for (const char *nome : {"reverse", "sync", "nograb", "dograb"}) {
+            const CommandLine linha = Linha({u'-' + QLatin1StringView(nome)});
+            QVERIFY2(linha.kind() == Kind::Run, nome);
+        }
+        for (const char *nome : {"platform", "platformpluginpath", "platformtheme", "plugin", "style",
+                                 "stylesheet", "session", "display", "geometry", "qwindowgeometry", "title",
+                                 "qwindowtitle", "icon", "qwindowicon", "name"}) {
+            const CommandLine linha = Linha({u'-' + QLatin1StringView(nome), u"--minimized"_s});
+            QVERIFY2(linha.kind() == Kind::Run && !linha.minimized(), nome);
+            QVERIFY2(!Linha({u"--help"_s}).text().contains(u"--"_s + QLatin1StringView(nome)), nome);
+        }
     }
 
     void os_ficheiros_vem_na_sua_ordem_com_o_caminho_inteiro()

@@ -18,7 +18,10 @@ private Q_SLOTS:
         for (const QString &language : {u"PortuguesPT"_s, u"PortuguesBR"_s, u"InglesUK"_s, u"EspanholES"_s,
                                         u"ItalianoIT"_s, u"FrancesFR"_s, u"AlemaoDE"_s})
             for (const Failure::Kind kind : {DatabaseMissing, DatabaseLocked, DatabaseReadOnly,
-                                             DatabaseForbidden, DatabaseDamaged, DatabaseNewer, DiskFull}) {
+                                             DatabaseForbidden, DatabaseDamaged, DatabaseNewer, DiskFull,
+                                             DatabaseOlder, ServerUnknown, ServerRefused, ServerCertificate,
+                                             ServerForbidden, ServerPassword, ServerPasswordFile,
+                                             ServerNoDatabase, ServerLost, PasswordInAddress}) {
                 const ErrorText text = errorText(Failure(1, u"s"_s, u"technical"_s, kind), language);
                 QVERIFY(text.words.size() > 60 && text.words.endsWith(u'.'));
                 QVERIFY(!text.words.contains(u"technical"_s));
@@ -26,6 +29,17 @@ private Q_SLOTS:
                 all << text.words;
             }
         QCOMPARE(all.removeDuplicates(), 0);
+    }
+
+    void what_is_to_be_written_is_shown_as_it_is_written()
+    {
+        const auto words = [](Failure::Kind kind) {
+            return errorText(Failure(1, {}, {}, kind), u"AlemaoDE"_s).words;
+        };
+        QVERIFY(words(AddressBroken).endsWith(u"postgresql://benutzer@server/datenbank"_s));
+        QVERIFY(words(ServerNoPassword).endsWith(u"server:port:datenbank:benutzer:kennwort"_s));
+        for (const Failure::Kind kind : {PasswordInAddress, ServerPassword, ServerNoPassword, ServerPasswordFile})
+            QVERIFY(words(kind).contains(u"~/.pgpass"_s));
     }
 
     void the_rest_keeps_its_description()

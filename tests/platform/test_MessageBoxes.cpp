@@ -63,6 +63,25 @@ private Q_SLOTS:
         QCOMPARE(boxes_.show(u"?"_s, box::question | box::yesNo, {}, nullptr), answer::no);
     }
 
+    void a_box_that_is_closed_without_an_answer_takes_the_way_out()
+    {
+        constexpr int flags = box::stop | box::retryLeave;
+        const auto press = [](const QString &caption) {
+            Quando_Abrir<QMessageBox>([caption](QMessageBox &box) {
+                for (QAbstractButton *button : box.buttons())
+                    if (button->text() == caption) return button->click();
+                QTest::qFail("no such button", __FILE__, __LINE__);
+                box.close();
+            });
+        };
+        press(u"&Try again"_s);
+        QCOMPARE(boxes_.show(u"?"_s, flags, {}, nullptr), answer::retry);
+        press(u"&Leave"_s);
+        QCOMPARE(boxes_.show(u"?"_s, flags, {}, nullptr), answer::leave);
+        Quando_Abrir<QMessageBox>([](QMessageBox &box) { box.close(); });
+        QCOMPARE(boxes_.show(u"?"_s, flags, {}, nullptr), answer::leave);
+    }
+
     void a_text_taller_than_the_screen_scrolls_and_the_button_stays_in_reach_data()
     {
         QTest::addColumn<int>("lines");
@@ -113,6 +132,80 @@ private Q_SLOTS:
         QVERIFY2(lines[1] <= lines[0] && lines[2] <= lines[0], qPrintable(QDebug::toString(lines)));
     }
 
+    void a_line_is_as_wide_as_its_letters_want_and_never_wider_than_four_fifths_of_the_screen_data()
+    {
+        QTest::addColumn<int>("letters"); // pixels
+        QTest::addColumn<int>(
+            "width"); // of the text, in hundredths of the screen; 0 for 420 pixels of the standard
+        QTest::newRow("standard") << scale::standardLetters << 0;
+        QTest::newRow("three times as large") << 3 * scale::standardLetters << 80;
+    }
+    void a_line_is_as_wide_as_its_letters_want_and_never_wider_than_four_fifths_of_the_screen()
+    {
+        QFETCH(int, letters);
+        QFETCH(int, width);
+        scale::setLetters(letters);
+        Quando_Abrir<QMessageBox>([&](QMessageBox &box) {
+            const auto *label = box.findChild<QLabel *>(u"qt_msgbox_label"_s);
+            const int screen = box.screen()->availableSize().width();
+            QVERIFY(420 * 100 / 80 < screen && screen < 420 * 3 * 100 / 80);
+            QCOMPARE(label->minimumWidth(), width == 0 ? 420 : screen * width / 100);
+            box.button(QMessageBox::Ok)->click();
+        });
+        boxes_.show(u"Grupo criado: Fornecedores. "_s.repeated(6), box::information, {}, nullptr);
+        scale::setLetters(scale::standardLetters);
+    }
+
+    void a_short_text_takes_no_more_than_its_own_width()
+    {
+        Quando_Abrir<QMessageBox>([](QMessageBox &box) {
+            const auto *label = box.findChild<QLabel *>(u"qt_msgbox_label"_s);
+            QCOMPARE(label->minimumWidth(), label->fontMetrics().size(0, u"Contacto gravado."_s).width());
+            box.button(QMessageBox::Ok)->click();
+        });
+        boxes_.show(u"Contacto gravado."_s, box::information, {}, nullptr);
+    }
+
+    void what_scrolls_takes_three_fifths_of_the_screens_height()
+    {
+        Quando_Abrir<QMessageBox>([](QMessageBox &box) {
+            const auto *scroll = box.findChild<QScrollArea *>();
+            QVERIFY(scroll != nullptr);
+            QCOMPARE(scroll->minimumSize(), QSize(480, box.screen()->availableSize().height() * 60 / 100));
+            QCOMPARE(scroll->frameShape(), QFrame::NoFrame);
+            QCOMPARE(scroll->horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
+            box.button(QMessageBox::Ok)->click();
+        });
+        boxes_.show(Lines(500), box::exclamation, {}, nullptr);
+    }
+
+    void a_question_offers_yes_first_and_the_others_only_ok()
+    {
+        Quando_Abrir<QMessageBox>([](QMessageBox &box) {
+            QCOMPARE(box.standardButtons(), QMessageBox::Yes | QMessageBox::No);
+            QCOMPARE(box.defaultButton(), box.button(QMessageBox::Yes));
+            QCOMPARE(int{box.icon()}, int{QMessageBox::Question});
+            box.close();
+        });
+        boxes_.show(u"?"_s, box::question | box::yesNo, {}, nullptr);
+        Quando_Abrir<QMessageBox>([](QMessageBox &box) {
+            QCOMPARE(box.standardButtons(), QMessageBox::Ok);
+            box.close();
+        });
+        QCOMPARE(boxes_.show(u"."_s, box::information, {}, nullptr), answer::ok);
+    }
+
+    void a_box_without_a_title_has_the_programs_name()
+    {
+        Quando_Abrir<QMessageBox>([](QMessageBox &box) {
+            QVERIFY(!box.windowTitle().isEmpty());
+            QCOMPARE(box.windowTitle(), QApplication::applicationDisplayName());
+            box.close();
+        });
+        MessageBoxes &boxes = boxes_;
+        QCOMPARE(boxes.show(u"."_s, box::ok, nullptr), answer::ok);
+    }
+
     void an_error_is_cut_to_what_a_person_can_read()
     {
         const QString bytes = QString(u'\0') + QString(200'000, u'x') + u"\n\n"_s.repeated(5000);
@@ -138,7 +231,8 @@ private Q_SLOTS:
             QCOMPARE(int{box.icon()}, int{QMessageBox::Critical});
             const auto *small = box.findChild<QLabel *>(u"qt_msgbox_informativelabel"_s);
             const auto *large = box.findChild<QLabel *>(u"qt_msgbox_label"_s);
-            QVERIFY(small->font().pixelSize() < large->font().pixelSize());
+            QCOMPARE(small->font().pixelSize(), large->font().pixelSize() - 2);
+            QCOMPARE(small->textFormat(), Qt::PlainText);
             box.button(QMessageBox::Ok)->click();
         });
         boxes_.showError(Failure(13, u"Value"_s, u"\"x\" is no date"_s));

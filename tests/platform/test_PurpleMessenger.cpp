@@ -52,7 +52,7 @@ private:
     static Platform com(const Platform &p, MessengerAPI &messenger)
     {
         return {p.clock,    p.boxes, p.dialogs, p.shell,   p.sound,
-                p.registry, p.mail,  messenger, p.process, p.tray};
+                p.registry, p.mail,  messenger, p.process, p.tray, p.secrets};
     }
 };
 

@@ -14,6 +14,7 @@ foreach(teste IN ITEMS
     test_MessageBoxes
     test_Picture
     test_ProgramFolder
+    test_SecretService
     test_SingleInstance
     test_SomGravado
     test_ToolkitLanguage
@@ -24,3 +25,4 @@ endforeach()
 morvex_teste(platform/test_ColourScheme LIGA controls)
 morvex_teste(platform/test_PurpleMessenger LIGA session)
 morvex_servidores(test_PurpleMessenger)
+morvex_servidores(test_SecretService)

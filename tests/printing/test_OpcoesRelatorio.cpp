@@ -179,6 +179,29 @@ private Q_SLOTS:
         c.Carregar().OptionLista->click();
         QCOMPARE(c.opcoes.Definicao(), c.s.Ficheiro(u"lista.rpt"_s));
     }
+
+    void a_lista_com_grupos_e_o_titulo_de_todos_vem_na_sua_lingua_data()
+    {
+        QTest::addColumn<QString>("legenda");
+        QTest::addColumn<QString>("todos");
+        QTest::newRow("PortuguesPT") << u"Lista com &grupos"_s << u"Todos os grupos"_s;
+        QTest::newRow("PortuguesBR") << u"Lista com &grupos"_s << u"Todos os grupos"_s;
+        QTest::newRow("InglesUK") << u"List with &groups"_s << u"All groups"_s;
+        QTest::newRow("EspanholES") << u"Lista con &grupos"_s << u"Todos los grupos"_s;
+        QTest::newRow("ItalianoIT") << u"Elenco con &gruppi"_s << u"Tutti i gruppi"_s;
+        QTest::newRow("FrancesFR") << u"Liste avec &groupes"_s << u"Tous les groupes"_s;
+        QTest::newRow("AlemaoDE") << u"Liste mit &Gruppen"_s << u"Alle Gruppen"_s;
+    }
+    void a_lista_com_grupos_e_o_titulo_de_todos_vem_na_sua_lingua()
+    {
+        Sistema s(Sistema::Estado::Semeado, QString::fromLatin1(QTest::currentDataTag()));
+        OpcoesRelatorio opcoes;
+        opcoes.Carregar(s.geral, ListBox());
+        QTEST(opcoes.OptionContactos->text(), "legenda");
+        QTEST(opcoes.Titulo(), "todos");
+        opcoes.OptionContactos->setChecked(true);
+        QCOMPARE(QFileInfo(opcoes.Definicao()).fileName(), u"contactos.rpt"_s);
+    }
 };
 
 MORVEX_TESTE(TestOpcoesRelatorio)

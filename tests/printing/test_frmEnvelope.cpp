@@ -207,6 +207,28 @@ private Q_SLOTS:
         QVERIFY(c.s.caixas.Todas_Vistas());
         QVERIFY(form.isVisible());
     }
+
+    void o_aviso_da_amostra_esta_escrito_em_cada_lingua_data()
+    {
+        QTest::addColumn<QString>("aviso");
+        QTest::newRow("PortuguesPT") << u"O remetente ainda é o do exemplo. Escreva o seu nas opções."_s;
+        QTest::newRow("PortuguesBR") << u"O remetente ainda é o do exemplo. Escreva o seu nas opções."_s;
+        QTest::newRow("InglesUK") << u"The sender is still the sample. Write your own in the options."_s;
+        QTest::newRow("EspanholES")
+            << u"El remitente sigue siendo el del ejemplo. Escriba el suyo en las opciones."_s;
+        QTest::newRow("ItalianoIT")
+            << u"Il mittente è ancora quello di esempio. Scrivere il proprio nelle opzioni."_s;
+        QTest::newRow("FrancesFR")
+            << u"L’expéditeur est encore celui de l’exemple. Saisissez le vôtre dans les options."_s;
+        QTest::newRow("AlemaoDE")
+            << u"Als Absender steht noch das Beispiel da. Tragen Sie Ihren eigenen in den Optionen ein."_s;
+    }
+    void o_aviso_da_amostra_esta_escrito_em_cada_lingua()
+    {
+        ComEnvelope c(QString::fromLatin1(QTest::currentDataTag()));
+        c.s.geral.RemetenteBD = u"Write your address here (sender)"_s;
+        QTEST(c.Abrir().lblRemetente->text(), "aviso");
+    }
 };
 
 MORVEX_TESTE(TestFrmEnvelope)

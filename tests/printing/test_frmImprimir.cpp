@@ -256,6 +256,23 @@ private Q_SLOTS:
         QVERIFY(c.s.caixas.Todas_Vistas());
         QVERIFY(form.isVisible());
     }
+
+    void varias_fichas_por_pagina_vem_na_sua_lingua_data()
+    {
+        QTest::addColumn<QString>("legenda");
+        QTest::newRow("PortuguesPT") << u"&Várias fichas por página"_s;
+        QTest::newRow("PortuguesBR") << u"Várias &fichas por página"_s;
+        QTest::newRow("InglesUK") << u"Several s&heets a page"_s;
+        QTest::newRow("EspanholES") << u"Varias &fichas por página"_s;
+        QTest::newRow("ItalianoIT") << u"Più sche&de per pagina"_s;
+        QTest::newRow("FrancesFR") << u"Plusieurs &fiches par page"_s;
+        QTest::newRow("AlemaoDE") << u"&Mehrere Kontakte je Seite"_s;
+    }
+    void varias_fichas_por_pagina_vem_na_sua_lingua()
+    {
+        ComDialogo c(QString::fromLatin1(QTest::currentDataTag()));
+        QTEST(c.Abrir().cbVariasPorPagina->text(), "legenda");
+    }
 };
 
 MORVEX_TESTE(TestFrmImprimir)

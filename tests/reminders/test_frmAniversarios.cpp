@@ -265,6 +265,23 @@ private Q_SLOTS:
         VERIFICAR_FALHA(c.Abrir(), Failure::NoCurrentRecord);
         QVERIFY(c.Temporizadores_Ligados());
     }
+
+    void a_lista_vazia_diz_o_em_cada_lingua_data()
+    {
+        QTest::addColumn<QString>("frase");
+        QTest::newRow("PortuguesPT") << u"Não há aniversários nos próximos dias."_s;
+        QTest::newRow("PortuguesBR") << u"Não há aniversários nos próximos dias."_s;
+        QTest::newRow("InglesUK") << u"There are no birthdays in the coming days."_s;
+        QTest::newRow("EspanholES") << u"No hay cumpleaños en los próximos días."_s;
+        QTest::newRow("ItalianoIT") << u"Nei prossimi giorni non ci sono compleanni."_s;
+        QTest::newRow("FrancesFR") << u"Il n’y a aucun anniversaire dans les prochains jours."_s;
+        QTest::newRow("AlemaoDE") << u"In den nächsten Tagen gibt es keine Geburtstage."_s;
+    }
+    void a_lista_vazia_diz_o_em_cada_lingua()
+    {
+        ComLista c(QString::fromLatin1(QTest::currentDataTag()));
+        QTEST(c.Abrir().ListViewAniversarios->accessibleDescription(), "frase");
+    }
 };
 
 MORVEX_TESTE(TestFrmAniversarios)

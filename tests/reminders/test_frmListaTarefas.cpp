@@ -352,6 +352,23 @@ private Q_SLOTS:
         VERIFICAR_FALHA(c.Abrir(), Failure::StoreError);
         QVERIFY(c.Temporizadores_Ligados());
     }
+
+    void a_lista_vazia_diz_o_em_cada_lingua_data()
+    {
+        QTest::addColumn<QString>("frase");
+        QTest::newRow("PortuguesPT") << u"Não existem tarefas."_s;
+        QTest::newRow("PortuguesBR") << u"Não há tarefas."_s;
+        QTest::newRow("InglesUK") << u"There are no tasks."_s;
+        QTest::newRow("EspanholES") << u"No hay tareas."_s;
+        QTest::newRow("ItalianoIT") << u"Non ci sono attività."_s;
+        QTest::newRow("FrancesFR") << u"Il n’y a aucune tâche."_s;
+        QTest::newRow("AlemaoDE") << u"Es sind keine Aufgaben vorhanden."_s;
+    }
+    void a_lista_vazia_diz_o_em_cada_lingua()
+    {
+        ComLista c(QString::fromLatin1(QTest::currentDataTag()));
+        QTEST(c.Abrir().ListViewTarefas->accessibleDescription(), "frase");
+    }
 };
 
 MORVEX_TESTE(TestFrmListaTarefas)

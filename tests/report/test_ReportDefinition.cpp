@@ -41,6 +41,130 @@ private Q_SLOTS:
         const QSizeF paper = Ler_Com(u"<paper size='DL' orientation='landscape'/>"_s).paper();
         QCOMPARE(paper, QSizeF(12480, 6240));
     }
+    // In twips, twenty to each whole point.
+    void cada_papel_tem_o_seu_tamanho_data()
+    {
+        QTest::addColumn<QSizeF>("papel");
+        QTest::newRow("A4") << QSizeF(11900, 16840);
+        QTest::newRow("A5") << QSizeF(8400, 11900);
+        QTest::newRow("A6") << QSizeF(5960, 8380);
+        QTest::newRow("Letter") << QSizeF(12240, 15840);
+        QTest::newRow("Legal") << QSizeF(12240, 20160);
+        QTest::newRow("DL") << QSizeF(6240, 12480);
+        QTest::newRow("C5") << QSizeF(9180, 12980);
+        QTest::newRow("C6") << QSizeF(6460, 9180);
+    }
+    void cada_papel_tem_o_seu_tamanho()
+    {
+        const ReportDefinition d = Ler_Com(
+            u"<paper size='%1' orientation='portrait'/>"_s.arg(QString::fromLatin1(QTest::currentDataTag())));
+        QTEST(d.paper(), "papel");
+        QVERIFY(!d.landscape);
+    }
+    void sem_mais_nada_dito_e_um_A4_de_pe_sem_margens_e_letra_de_dez_pontos()
+    {
+        const ReportDefinition d =
+            Ler(u"<report table='T'><font name='f'/><detail><row><text>a</text><text font='f'>b</text>"
+                "<line/></row></detail></report>"_s);
+        QCOMPARE(d.paper(), QSizeF(11900, 16840));
+        QCOMPARE(d.margins, QMarginsF());
+        QVERIFY(!d.landscape && !d.detail.newPage && !d.detail.together);
+        QCOMPARE(d.detail.columns, 1);
+        QCOMPARE(d.title, QString());
+        QCOMPARE(d.pageOfPages, u"%1 / %2"_s);
+        QCOMPARE(d.dayFormat, u"dd-MM-yyyy"_s);
+        for (const std::size_t i : {0U, 1U}) {
+            const ReportElement &texto = d.detail.rows.at(0).elements.at(i);
+            QCOMPARE(texto.kind, ReportElement::Text);
+            QCOMPARE(texto.font.pixelSize(), 200);
+            QCOMPARE(texto.font.family(), u"Sans Serif"_s);
+            QCOMPARE(texto.font.styleHint(), QFont::SansSerif);
+            QCOMPARE(texto.font.hintingPreference(), QFont::PreferNoHinting);
+            QVERIFY(!texto.font.bold() && !texto.font.italic());
+            QVERIFY(!texto.grows && !texto.dropsLines && !texto.screenOnly);
+            QCOMPARE(texto.align, Qt::AlignLeft);
+            QCOMPARE(texto.colour, 0U);
+            QCOMPARE(texto.least, 0.0);
+        }
+        QCOMPARE(d.detail.rows.at(0).elements.at(2).thickness, 10.0);
+        QCOMPARE(d.detail.rows.at(0).from, 0.0);
+        QVERIFY(!d.detail.rows.at(0).closesUp);
+    }
+    void o_que_se_diz_da_letra_e_do_texto_vale()
+    {
+        const ReportDefinition d = Ler_Com(
+            u"<font name='f' family='Serif' size='12' italic='yes'/><detail together='yes'><row>"
+            "<text font='f' align='centre' closelines='yes' colour='#000001'>a</text></row></detail>"_s);
+        QVERIFY(d.detail.together);
+        const ReportElement &texto = d.detail.rows.at(0).elements.at(0);
+        QCOMPARE(texto.font.family(), u"Serif"_s);
+        QCOMPARE(texto.font.pixelSize(), 240);
+        QVERIFY(texto.font.italic() && !texto.font.bold());
+        QCOMPARE(texto.align, Qt::AlignHCenter);
+        QVERIFY(texto.dropsLines);
+        QCOMPARE(texto.colour, 1U);
+    }
+    void vinte_colunas_ainda_se_leem_e_uma_letra_de_um_ponto_tambem()
+    {
+        const ReportDefinition d = Ler_Com(u"<parameter name='p'/><font name='f' size='1'/>"
+                                           "<detail columns='20' width='30' height='40' first='p'><row>"
+                                           "<text least='1'>a</text></row></detail>"_s);
+        QCOMPARE(d.detail.columns, 20);
+        QCOMPARE(d.detail.width, 30.0);
+        QCOMPARE(d.detail.first, u"p"_s);
+    }
+    // A line of text, 200 twips, must have room between what stands on every page.
+    void tem_de_haver_lugar_para_uma_linha()
+    {
+        QCOMPARE(Ler_Com(u"<paper top='16640'/>"_s).bodyHeight(), 200.0);
+        VERIFICAR_FALHA(Ler_Com(u"<paper top='16641'/>"_s), Failure::InvalidPropertyValue);
+        QCOMPARE(Ler_Com(u"<paper top='100' bottom='200'/><pageheader height='300'/>"
+                         "<pagefooter height='400'/>"_s)
+                     .bodyHeight(),
+                 15840.0);
+    }
+    // Page header and footer are at least as high as their rows; what flows is as high as it says.
+    void as_faixas_de_cada_pagina_sao_tao_altas_como_as_suas_linhas()
+    {
+        const ReportDefinition d =
+            Ler_Com(u"<pageheader height='100'><row height='300'/><row height='200'/></pageheader>"
+                    "<pagefooter height='900'><row height='300'/></pagefooter>"
+                    "<reportheader height='100'><row height='300'/></reportheader>"_s);
+        QCOMPARE(d.pageHeader.height, 500.0);
+        QCOMPARE(d.pageFooter.height, 900.0);
+        QCOMPARE(d.reportHeader.height, 100.0);
+    }
+    // Only a text of fixed height that has room for two lines, or that shrinks, can lose some.
+    void que_textos_podem_perder_linhas_data()
+    {
+        QTest::addColumn<QString>("dentro");
+        QTest::addColumn<bool>("pode");
+        QTest::newRow("two lines") << u"<text height='400'>a</text>"_s << true;
+        QTest::newRow("just not two") << u"<text height='399'>a</text>"_s << false;
+        QTest::newRow("two lines that grow") << u"<text height='400' grow='yes'>a</text>"_s << false;
+        QTest::newRow("one that shrinks") << u"<text height='200' least='6'>a</text>"_s << true;
+        QTest::newRow("a picture") << u"<picture height='400'>a</picture>"_s << false;
+        QTest::newRow("a line") << u"<line height='400'/>"_s << false;
+    }
+    void que_textos_podem_perder_linhas()
+    {
+        QFETCH(QString, dentro);
+        QFETCH(bool, pode);
+        QCOMPARE(Ler_Com(u"<detail><row>"_s + dentro + u"</row></detail>"_s).canLose(), pode);
+        if (dentro.contains(u"grow"_s)) return;
+        for (const QString &faixa :
+             {u"pageheader"_s, u"pagefooter"_s, u"continued"_s, u"reportheader"_s, u"reportfooter"_s})
+            QCOMPARE(Ler_Com(u"<%1><row>%2</row></%1>"_s.arg(faixa, dentro)).canLose(), pode);
+    }
+    void so_o_que_e_so_tracos_e_so_desenhado()
+    {
+        const auto desenhada = [&](const QString &dentro) {
+            return Ler_Com(u"<detail><row>"_s + dentro + u"</row></detail>"_s).detail.rows.at(0).onlyDrawn();
+        };
+        QVERIFY(desenhada(u"<line/>"_s) && desenhada(u"<box/>"_s) && desenhada(u"<line/><box/>"_s));
+        QVERIFY(!desenhada(QString()) && !desenhada(u"<line/><text>a</text>"_s));
+        QVERIFY(!desenhada(u"<picture>a</picture>"_s));
+    }
     void le_as_faixas_as_linhas_e_os_elementos()
     {
         const ReportDefinition d = Ler_Com(
@@ -158,6 +282,70 @@ private Q_SLOTS:
         caso("texto sem tabela", u"<parameter name='p' text='28'/>"_s, u"line 3"_s, u"<texts>"_s);
         caso("textos sem chave", u"<texts table='T'/>"_s, u"line 2"_s, u"key"_s);
         caso("etiqueta por fechar", u"<detail>"_s, u"line 3"_s, u"tag"_s);
+        caso("letra pequena de mais", u"<font name='f' size='0.9'/>"_s, u"line 2"_s,
+             u"A font of 0.9 points can't be read"_s);
+        caso("letra por definir pelo nome", u"<detail><row><text font='g'>a</text></row></detail>"_s,
+             u"line 2"_s, u"There is no font of the name g"_s);
+        caso("papel pelo nome", u"<paper size='A99'/>"_s, u"line 2"_s, u"There is no paper A99"_s);
+        caso("orientacao pelo nome", u"<paper orientation='oblique'/>"_s, u"line 2"_s,
+             u"The orientation is portrait or landscape, not oblique"_s);
+        caso("cabeca que fecha linhas", u"<pageheader><row closeup='yes'/></pageheader>"_s, u"line 2"_s,
+             u"The rows of page header and footer stay where they are"_s);
+        caso("rodape que comeca mais abaixo", u"<pagefooter><row from='1'/></pagefooter>"_s, u"line 2"_s,
+             u"The rows of page header and footer stay where they are"_s);
+        caso("rodape que cresce pelo nome",
+             u"<pagefooter><row><text grow='yes'>a</text></row></pagefooter>"_s, u"line 2"_s,
+             u"Nothing can grow in page header and footer"_s);
+        caso("so na impressora", u"<detail><row><box on='paper'/></row></detail>"_s, u"line 2"_s,
+             u"\"on\" is all or screen, not paper"_s);
+        caso("elemento pelo nome", u"<detail><row><circle/></row></detail>"_s, u"line 2"_s,
+             u"A row holds text, line, box and picture, not <circle>"_s);
+        caso("faixa com outra coisa", u"<detail><text/></detail>"_s, u"line 2"_s,
+             u"A band holds rows, not <text>"_s);
+        caso("texto justificado", u"<detail><row><text align='both'>a</text></row></detail>"_s, u"line 2"_s,
+             u"Text is aligned left, centre or right, not both"_s);
+        caso("cresce e encolhe pelo nome",
+             u"<detail><row><text least='6' grow='yes'>a</text></row></detail>"_s, u"line 2"_s,
+             u"A text that grows has no need of \"least\""_s);
+        caso("parametro por declarar pelo nome", u"<detail><row><text>{?x}</text></row></detail>"_s,
+             u"line 2"_s, u"There is no parameter x"_s);
+        caso("tabela por consultar pelo nome", u"<detail><row><text>{G.A}</text></row></detail>"_s,
+             u"line 2"_s, u"G is neither the report's table nor looked up"_s);
+        caso("consulta por campo de outra tabela", u"<lookup table='G' key='ID' equals='{U.A}'/>"_s,
+             u"line 2"_s, u"A look-up follows a field of T or a fixed value, not {U.A}"_s);
+        caso("consulta por campo sem fim", u"<lookup table='G' key='ID' equals='{T.A'/>"_s, u"line 2"_s,
+             u"A look-up follows a field of T or a fixed value, not {T.A"_s);
+        caso("textos por numero e sem tabela", u"<parameter name='p' text='28'/>"_s, u"line 3"_s,
+             u"Texts are named by number, but no <texts> says where they are"_s);
+        caso("sem lugar na folha pelo nome", u"<paper top='9000' bottom='9000'/>"_s, u"line 3"_s,
+             u"Margins, page header and page footer leave no room"_s);
+        caso("chaveta por fechar pelo nome", u"<detail><row><text>a {T.A</text></row></detail>"_s,
+             u"line 2"_s, u"A brace is not closed: {T.A"_s);
+        caso("chaveta a mais pelo nome", u"<detail><row><text>T.A}</text></row></detail>"_s, u"line 2"_s,
+             u"A brace is closed that was never opened: T.A}"_s);
+        caso("lugar desconhecido pelo nome", u"<detail><row><text>{time}</text></row></detail>"_s,
+             u"line 2"_s, u"{time} is no place that a text may hold"_s);
+        caso("atras do campo de um parametro", u"<detail><row><text>{?p{T.A}x}</text></row></detail>"_s,
+             u"line 2"_s, u"Nothing may follow the field in {?p{T.A}x}"_s);
+        caso("formato pelo nome", u"<detail><row><text>{T.A:euro}</text></row></detail>"_s, u"line 2"_s,
+             u"Fields are shown as date, time or 00, not as euro"_s);
+        caso("colunas nenhumas", u"<detail columns='0' width='3' height='3'/>"_s, u"line 2"_s,
+             u"\"columns\" is a number from 1 to 20, not 0"_s);
+        caso("colunas a mais", u"<detail columns='21' width='3' height='3'/>"_s, u"line 2"_s,
+             u"\"columns\" is a number from 1 to 20, not 21"_s);
+        caso("colunas que nao sao numero", u"<detail columns='tres' width='3' height='3'/>"_s, u"line 2"_s,
+             u"\"columns\" is a number from 1 to 20, not tres"_s);
+        caso("colunas sem largura", u"<detail columns='2' height='3'/>"_s, u"line 2"_s,
+             u"Columns need the attribute \"width\""_s);
+        caso("colunas sem altura", u"<detail columns='2' width='3'/>"_s, u"line 3"_s,
+             u"Columns need the attribute \"height\""_s);
+        caso("colunas em paginas", u"<detail columns='2' width='3' height='3' newpage='yes'/>"_s, u"line 3"_s,
+             u"What stands in columns can't begin a page each"_s);
+        caso("colunas que crescem",
+             u"<detail columns='2' width='3' height='3'><row><text grow='yes'>a</text></row></detail>"_s,
+             u"line 3"_s, u"Nothing can grow in columns"_s);
+        caso("primeira coluna de um parametro que falta", u"<detail first='p'/>"_s, u"line 2"_s,
+             u"There is no parameter p"_s);
         QTest::newRow("sem tabela") << u"<report/>"_s << u"line 1"_s << u"table"_s;
         QTest::newRow("outro xml") << u"<html/>"_s << u"line 1"_s << u"<report>"_s;
         QTest::newRow("nao e xml") << u"lista"_s << u"line 1"_s << u""_s;
@@ -186,7 +374,8 @@ private Q_SLOTS:
             QFAIL("there was a definition");
         } catch (const Failure &failure) {
             QCOMPARE(failure.number(), int{Failure::FileNotFound});
-            QVERIFY(failure.description().contains(u"nada.rpt"_s));
+            QCOMPARE(failure.description(),
+                     u"The report was not found: "_s + folder_.filePath(u"nada.rpt"_s));
         }
     }
     void uma_pasta_nao_e_um_relatorio()

@@ -82,6 +82,12 @@ constexpr Palavra palavras[] = {
       u"Ces lignes ne tiennent pas sur la feuille, même en plus petits caractères, et ne seront pas "
       u"imprimées\u00a0:",
       u"Diese Zeilen passen auch in kleinerer Schrift nicht auf das Blatt und werden nicht gedruckt:"}},
+    {ReportWord::PageOfPages,
+     {u"Página %1 de %2", u"Página %1 de %2", u"Page %1 of %2", u"Página %1 de %2", u"Pagina %1 di %2",
+      u"Page %1 sur %2", u"Seite %1 von %2"}},
+    {ReportWord::DayFormat,
+     {u"dd-MM-yyyy", u"dd/MM/yyyy", u"dd/MM/yyyy", u"dd/MM/yyyy", u"dd/MM/yyyy", u"dd/MM/yyyy",
+      u"dd.MM.yyyy"}},
 };
 } // namespace
 
@@ -106,7 +112,7 @@ private Q_SLOTS:
     }
     void a_lista_tem_todas_as_palavras()
     {
-        QCOMPARE(static_cast<int>(std::size(palavras)), int(ReportWord::DoesNotFit) + 1);
+        QCOMPARE(static_cast<int>(std::size(palavras)), int(ReportWord::DayFormat) + 1);
     }
 };
 

@@ -66,6 +66,47 @@ private Q_SLOTS:
         QTEST(values, "values");
     }
 
+    void o_que_esta_errado_e_dito_por_palavras_data()
+    {
+        QTest::addColumn<QString>("what");
+        QTest::newRow("{T.Grupo}=6)") << u"12: the end or \"and\" or \"or\" was expected"_s;
+        QTest::newRow("({T.Grupo}=6") << u"13: \")\" was expected"_s;
+        QTest::newRow("T.Grupo=6") << u"1: a field in braces was expected"_s;
+        QTest::newRow("{T.Grupo=6") << u"1: the brace is not closed"_s;
+        QTest::newRow("{Grupo}=6") << u"1: a field is written {Table.Field}"_s;
+        QTest::newRow("{T.Pass}=6") << u"1: there is no field T.Pass"_s;
+        QTest::newRow("{T.Grupo} 6") << u"11: one of = <> < <= > >= was expected"_s;
+        QTest::newRow("{T.Nome}='Ana") << u"10: the quoted text is not closed"_s;
+        QTest::newRow("{T.Grupo}=-") << u"11: a number or a quoted text was expected"_s;
+        QTest::newRow("{T.Grupo}=6a") << u"11: this is no number"_s;
+        QTest::newRow("{T.Grupo}=6_") << u"11: this is no number"_s;
+    }
+    void o_que_esta_errado_e_dito_por_palavras()
+    {
+        QFETCH(QString, what);
+        try {
+            compileSelection(QString::fromLatin1(QTest::currentDataTag()), Coluna);
+            QFAIL("the formula was taken");
+        } catch (const Failure &failure) {
+            QCOMPARE(failure.source(), u"SelectionFormula"_s);
+            QCOMPARE(failure.description(), u"The selection formula is wrong at position "_s + what);
+        }
+    }
+    void cem_parenteses_ainda_se_leem_e_mais_um_nao()
+    {
+        const auto dentro_de = [](int quantos) {
+            return QString(quantos, u'(') + u"{T.Grupo}=6"_s + QString(quantos, u')');
+        };
+        QVERIFY(!compileSelection(dentro_de(99), Coluna).sql.isEmpty());
+        try {
+            compileSelection(dentro_de(100), Coluna);
+            QFAIL("the formula was taken");
+        } catch (const Failure &failure) {
+            QCOMPARE(failure.description(),
+                     u"The selection formula is wrong at position 101: too much within one another"_s);
+        }
+    }
+
     void formulas_erradas_data()
     {
         QTest::addColumn<QString>("formula");

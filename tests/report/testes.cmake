@@ -5,6 +5,7 @@ foreach(teste IN ITEMS
     test_ReportData
     test_ReportDefinition
     test_ReportPages
+    test_ReportPreview
     test_ReportPrinting
     test_ReportWords
     test_SelectionFormula)

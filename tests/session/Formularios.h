@@ -41,6 +41,8 @@
 #include "session/frmOpcoes.h"
 #include "session/frmSobre.h"
 #include "session/Main.h"
+#include "sincronizacao/frmPopupSincronizacao.h"
+#include "sincronizacao/frmSincronizar.h"
 #include "testlib/RelatorioFalso.h"
 #include "testlib/Sistema.h"
 
@@ -212,6 +214,10 @@ inline const QMap<QString, Abertura> aberturas{
                                 {QStringLiteral("Grupo"), Value(grupo)}});
          return c.Novo<frmDuplicados>(c.s.geral, c.s.plataforma, c.desfazer, &c.janela);
      }},
+    {QStringLiteral("frmSincronizar"),
+     [](ComFormulario &c) {
+         return c.Novo<frmSincronizar>(c.s.geral, c.s.plataforma, *c.janela.findChild<Sincronizador *>());
+     }},
     {QStringLiteral("frmImportarMDB"),
      [](ComFormulario &c) {
          c.intercambio.FileName = QFINDTESTDATA("fixtures/jet/vazia.mdb");
@@ -236,4 +242,8 @@ inline const QMap<QString, Abertura> outras{
      [](ComFormulario &c) { return c.Novo<frmPopup>(c.s.geral, c.s.plataforma, c.janela, c.relatorio); }},
     {QStringLiteral("frmPopupEmail"),
      [](ComFormulario &c) { return c.Novo<frmPopupEmail>(c.janela, QStringLiteral("3 mensagens")); }},
+    {QStringLiteral("frmPopupSincronizacao"),
+     [](ComFormulario &c) {
+         return c.Novo<frmPopupSincronizacao>(c.janela, c.s.Texto(551) + QChar(u'\n') + c.s.Texto(538));
+     }},
 };

@@ -80,6 +80,33 @@ private Q_SLOTS:
         QVERIFY(s.shell.abertos.isEmpty());
     }
 
+    void sem_manual_instalado_cada_lingua_di_lo_data()
+    {
+        QTest::addColumn<QString>("aviso");
+        QTest::newRow("PortuguesPT")
+            << u"O manual não foi encontrado. Volte a instalar o Morvex para o repor."_s;
+        QTest::newRow("PortuguesBR")
+            << u"O manual não foi encontrado. Instale o Morvex novamente para recuperá-lo."_s;
+        QTest::newRow("InglesUK") << u"The manual was not found. Install Morvex again to restore it."_s;
+        QTest::newRow("EspanholES")
+            << u"No se encontró el manual. Vuelva a instalar Morvex para recuperarlo."_s;
+        QTest::newRow("ItalianoIT")
+            << u"Il manuale non è stato trovato. Installare di nuovo Morvex per ripristinarlo."_s;
+        QTest::newRow("FrancesFR") << u"Le manuel est introuvable. Réinstallez Morvex pour le rétablir."_s;
+        QTest::newRow("AlemaoDE")
+            << u"Das Handbuch wurde nicht gefunden. Installieren Sie Morvex neu, um es wiederherzustellen."_s;
+    }
+    void sem_manual_instalado_cada_lingua_di_lo()
+    {
+        QFETCH(QString, aviso);
+        Sistema s;
+        s.geral.IdiomaActual = QString::fromLatin1(QTest::currentDataTag());
+        s.geral.PastaDoManual.clear();
+        s.caixas.Espera(aviso, box::exclamation, u"Morvex"_s);
+        ajuda::TopicosAjuda(s.geral, s.plataforma, de_ninguem);
+        QVERIFY(s.caixas.Todas_Vistas());
+    }
+
     void com_servidor_proprio_os_topicos_abrem_a_mesma_pagina_em_qualquer_lingua()
     {
         ComManual s;

@@ -298,6 +298,37 @@ private Q_SLOTS:
             QVERIFY(p.Rascunho().contains("Célia"));
         });
     }
+
+    void a_pergunta_do_fim_da_sessao_esta_escrita_em_cada_lingua_data()
+    {
+        QTest::addColumn<QString>("pergunta");
+        QTest::newRow("PortuguesPT")
+            << u"O que escreveu ainda não está confirmado. Deseja terminar a sessão agora? O texto ser-lhe-á oferecido quando voltar a abrir o formulário."_s;
+        QTest::newRow("PortuguesBR")
+            << u"O que você escreveu ainda não está confirmado. Deseja encerrar a sessão agora? O texto será oferecido quando você abrir o formulário novamente."_s;
+        QTest::newRow("InglesUK")
+            << u"What you typed is not confirmed yet. Would you like to end the session now? The text will be offered to you when you open the form again."_s;
+        QTest::newRow("EspanholES")
+            << u"Lo que ha escrito aún no está confirmado. ¿Desea cerrar la sesión ahora? Se le ofrecerá el texto cuando vuelva a abrir el formulario."_s;
+        QTest::newRow("ItalianoIT")
+            << u"Quanto ha scritto non è ancora confermato. Desidera terminare la sessione ora? Il testo Le sarà proposto quando riaprirà il modulo."_s;
+        QTest::newRow("FrancesFR")
+            << u"Votre saisie n’est pas encore confirmée. Voulez-vous fermer la session maintenant\u00a0? Le texte vous sera proposé lorsque vous rouvrirez le formulaire."_s;
+        QTest::newRow("AlemaoDE")
+            << u"Ihre Eingabe ist noch nicht bestätigt. Möchten Sie die Sitzung jetzt beenden? Der Text wird Ihnen angeboten, wenn Sie das Formular wieder öffnen."_s;
+    }
+    void a_pergunta_do_fim_da_sessao_esta_escrita_em_cada_lingua()
+    {
+        QFETCH(QString, pergunta);
+        Programa p;
+        p.Novo_Contacto([&](frmAddEdit &form) {
+            form.txtNome->setText(u"Rui"_s);
+            p.s.geral.IdiomaActual = QString::fromLatin1(QTest::currentDataTag());
+            p.s.caixas.Espera(pergunta, 52, QApplication::applicationName(), answer::no);
+            QVERIFY(p.fim.Sair_Da_Sessao(true));
+            QVERIFY(p.s.caixas.Todas_Vistas());
+        });
+    }
 };
 
 MORVEX_TESTE(TestFimDaSessao)

@@ -80,6 +80,7 @@ constexpr auto legendas_escritas = std::to_array<Legenda>({
     {"ImportarContactos", 274},
     {"ExportarContactos", 275},
     {"Duplicados", 276},
+    {"Sincronizar", 500},
     {"RightClickCopiarCartao", 277},
     {"RightClickQR", 278},
 });
@@ -178,6 +179,30 @@ private Q_SLOTS:
             QVERIFY2(Dica(janela, QLatin1StringView(dica.controlo)) == esperada, dica.controlo);
             QVERIFY2(Nome_Para_O_Leitor(janela, QLatin1StringView(dica.controlo)) == esperada, dica.controlo);
         }
+    }
+
+    void o_que_se_diz_no_codigo_vem_na_sua_lingua_data()
+    {
+        QTest::addColumn<QString>("desfazer");
+        QTest::addColumn<QString>("etiquetas");
+        QTest::addColumn<QString>("idade");
+        QTest::newRow("PortuguesPT") << u"Desfa&zer eliminação"_s << u"&Etiquetas"_s << u"Idade"_s;
+        QTest::newRow("PortuguesBR") << u"Desfa&zer exclusão"_s << u"&Etiquetas"_s << u"Idade"_s;
+        QTest::newRow("InglesUK") << u"&Undo Deletion"_s << u"L&abels"_s << u"Age"_s;
+        QTest::newRow("EspanholES") << u"Des&hacer eliminación"_s << u"&Etiquetas"_s << u"Edad"_s;
+        QTest::newRow("ItalianoIT") << u"Ann&ulla eliminazione"_s << u"E&tichette"_s << u"Età"_s;
+        QTest::newRow("FrancesFR") << u"Ann&uler la suppression"_s << u"É&tiquettes"_s << u"Âge"_s;
+        QTest::newRow("AlemaoDE") << u"Löschen &rückgängig machen"_s << u"&Etiketten"_s << u"Alter"_s;
+    }
+    void o_que_se_diz_no_codigo_vem_na_sua_lingua()
+    {
+        Sistema s;
+        const Main janela(s.geral, s.plataforma);
+        s.geral.IdiomaActual = QString::fromLatin1(QTest::currentDataTag());
+        legendas::Atribuir(const_cast<Main &>(janela), s.geral);
+        QTEST(Escrita(janela, u"DesfazerEliminar"_s), "desfazer");
+        QTEST(Escrita(janela, u"ImprimirEtiquetas"_s), "etiquetas");
+        QTEST(control<QWidget>(janela, u"txtIdade"_s).accessibleName(), "idade");
     }
 
     void fax_e_mails_tem_dicas_fixas_em_qualquer_lingua()

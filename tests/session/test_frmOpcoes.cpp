@@ -683,7 +683,7 @@ private Q_SLOTS:
         RegistoAtento registo([&] { ultimas << c.Linhas_Do_Ini().constLast(); });
         Sistema &s = c.s;
         Platform plataforma{s.relogio, s.caixas,  s.dialogos,   s.shell,    s.som,
-                            registo,   s.correio, s.mensageiro, s.processo, s.tabuleiro};
+                            registo,   s.correio, s.mensageiro, s.processo, s.tabuleiro, s.segredos};
         const frmOpcoes form(s.geral, plataforma, c.janela);
         (sim ? form.OpcaoSim : form.OpcaoNao)->setChecked(true);
         c.Esvaziar_Ini();

@@ -11,6 +11,7 @@
 #include <QGuiApplication>
 #include <QRegularExpression>
 #include <QShortcut>
+#include <QTextOption>
 
 using namespace Qt::StringLiterals;
 
@@ -98,6 +99,29 @@ private Q_SLOTS:
         QTest::keyClick(&janela, Qt::Key_F12); // a form that came would wait here for ever
         QVERIFY(s.caixas.Todas_Vistas());
         QVERIFY(janela.isEnabled());
+    }
+
+    void a_pasta_dos_dados_e_dita_em_cada_lingua_data()
+    {
+        QTest::addColumn<QString>("legenda");
+        QTest::newRow("PortuguesPT") << u"Pasta dos dados:"_s;
+        QTest::newRow("PortuguesBR") << u"Pasta dos dados:"_s;
+        QTest::newRow("InglesUK") << u"Data folder:"_s;
+        QTest::newRow("EspanholES") << u"Carpeta de datos:"_s;
+        QTest::newRow("ItalianoIT") << u"Cartella dei dati:"_s;
+        QTest::newRow("FrancesFR") << u"Dossier des données\u00A0:"_s;
+        QTest::newRow("AlemaoDE") << u"Datenordner:"_s;
+    }
+    void a_pasta_dos_dados_e_dita_em_cada_lingua()
+    {
+        QFETCH(QString, legenda);
+        Sistema s;
+        s.geral.IdiomaActual = QString::fromLatin1(QTest::currentDataTag());
+        const frmSobre form(s.geral, nullptr);
+        // The box gives a no-break space back as a common one.
+        QCOMPARE(form.txtPormenores->toPlainText().section(u'\n', 0, 0), legenda.replace(QChar(0xa0), u' '));
+        QCOMPARE(form.txtPormenores->wordWrapMode(), QTextOption::WrapAnywhere);
+        QCOMPARE(form.txtPormenores->accessibleName(), form.windowTitle());
     }
 };
 

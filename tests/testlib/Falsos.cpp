@@ -30,7 +30,10 @@ void CaixasFalsas::Espera(const QString &texto, int flags, const QString &titulo
     esperadas_.append({texto, flags, titulo, resposta});
 }
 
-void CaixasFalsas::Espera_Qualquer(int flags, const QString &titulo) { Espera(qualquer_texto, flags, titulo); }
+void CaixasFalsas::Espera_Qualquer(int flags, const QString &titulo, int resposta)
+{
+    Espera(qualquer_texto, flags, titulo, resposta);
+}
 
 void CaixasFalsas::Espera_Erro(int numero)
 {
@@ -40,6 +43,7 @@ void CaixasFalsas::Espera_Erro(int numero)
 int CaixasFalsas::show(const QString &text, int flags, const QString &title, QWidget *)
 {
     vistas << text;
+    if (entretanto_) entretanto_();
     if (esperadas_.isEmpty()) {
         Falhar(u"an unexpected box: "_s + Descrever(text, flags, title));
         return answer::no;

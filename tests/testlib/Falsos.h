@@ -3,6 +3,7 @@
 
 #include "platform/Platform.h"
 
+#include <functional>
 #include <QList>
 #include <QMap>
 #include <QStringList>
@@ -31,8 +32,10 @@ public:
 
     void Espera(const QString &texto, int flags, const QString &titulo, int resposta = answer::ok);
     // A box of which only flags and title are known beforehand.
-    void Espera_Qualquer(int flags, const QString &titulo);
+    void Espera_Qualquer(int flags, const QString &titulo, int resposta = answer::ok);
     void Espera_Erro(int numero);
+    // Runs while each box stands, before it is answered.
+    void Ao_Mostrar(std::function<void()> entretanto) { entretanto_ = std::move(entretanto); }
     bool Todas_Vistas() const { return esperadas_.isEmpty(); }
     QStringList vistas; // the texts of the boxes that came, in their order
 
@@ -47,6 +50,7 @@ private:
         int resposta;
     };
     QList<Caixa> esperadas_;
+    std::function<void()> entretanto_;
 };
 
 // Dialogs answer what was put ready, in its order; nothing is a cancel. One that nobody expected fails the
@@ -139,6 +143,26 @@ public:
     void end() override { ++fins; }
     bool Terminou() const { return fins > 0; }
     int fins = 0;
+};
+
+// Secrets by their keys; there is no store unless the test says so.
+class SegredosFalsos final : public SecretStore
+{
+public:
+    bool isThere() override { return ha; }
+    std::optional<QString> read(const QString &key) override
+    {
+        return ha && guardados.contains(key) ? std::optional(guardados.value(key)) : std::nullopt;
+    }
+    bool write(const QString &key, const QString &, const QString &secret) override
+    {
+        if (ha) guardados[key] = secret;
+        return ha;
+    }
+    void remove(const QString &key) override { guardados.remove(key); }
+
+    bool ha = false;
+    QMap<QString, QString> guardados;
 };
 
 // Keeps a record of what was done to the icon: "+1 tip", "-2" and so on, by the number of the picture.

@@ -1,5 +1,5 @@
 // The scrambling of mail passwords: what it keeps, and what it loses.
-#include "online/Codificar_Email.h"
+#include "data/Codificar_Email.h"
 #include "testlib/Teste.h"
 
 #include <QRandomGenerator>

@@ -1,4 +1,4 @@
-#include "online/Codificar_Email.h"
+#include "data/Codificar_Email.h"
 
 namespace
 {

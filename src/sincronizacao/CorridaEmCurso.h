@@ -1,0 +1,52 @@
+// What all parts of one run of synchronising have in their hands.
+#pragma once
+
+#include "sincronizacao/DecisaoDaSincronizacao.h"
+#include "sincronizacao/GrupoLocal.h"
+#include "sincronizacao/MemoriaDaSincronizacao.h"
+#include "sincronizacao/ResultadoDaSincronizacao.h"
+
+#include <QSet>
+
+class Clock;
+
+// The pairs, in memory and in the database at once. What changes them must run within DE::Tudo_Ou_Nada.
+class ParesEmMao
+{
+public:
+    explicit ParesEmMao(MemoriaDaSincronizacao &memoria);
+
+    const std::map<QString, Par> &Todos() const { return pares_; } // by href
+    const Par *De_Href(const QString &href) const;                 // null without one
+    const Par *De_Contacto(int ID) const;
+
+    void Guardar(const Par &par);
+    void Eliminar(const QString &href);
+
+private:
+    MemoriaDaSincronizacao &memoria_;
+    std::map<QString, Par> pares_;
+    std::map<int, QString> hrefs_; // by the contact
+};
+
+struct CorridaEmCurso {
+    CorridaEmCurso(Geral &geral, const Clock &relogio, int IDGrupo);
+
+    // Tells of something once: what would be so at every run stands in the list already. Within
+    // DE::Tudo_Ou_Nada.
+    void Apontar(Ocorrencia ocorrencia);
+
+    Geral &geral;
+    const Clock &relogio;
+    MemoriaDaSincronizacao memoria;
+    ParesEmMao pares;
+    GrupoLocal grupo;
+    Circunstancias circunstancias;
+    ResultadoDaSincronizacao resultado;
+    QString idioma;
+    std::map<int, ColunasDoContacto> livres; // contacts of the group that no card goes with, by ID
+    QSet<QString> sumidos;                   // cards of pairs that are not there any more, by href
+
+private:
+    QSet<QString> ditas_;
+};

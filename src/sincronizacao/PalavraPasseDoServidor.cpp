@@ -1,0 +1,30 @@
+#include "sincronizacao/PalavraPasseDoServidor.h"
+
+#include "data/Codificar_Email.h"
+#include "data/Geral.h"
+#include "platform/SecretStore.h"
+#include "sincronizacao/MemoriaDaSincronizacao.h"
+
+using namespace Qt::StringLiterals;
+
+// Two books of one person may have accounts of their own.
+QString PalavraPasseDoServidor::Chave()
+{
+    return u"sincronizacao %1 %2"_s.arg(geral_.SessaoActual.IdUtilizador, geral_.de.Ficheiro());
+}
+
+std::optional<QString> PalavraPasseDoServidor::Ler(const ContaSincronizada &conta)
+{
+    if (conta.PalavraPasse.isEmpty()) return segredos_.read(Chave());
+    const QByteArray digitos = Descodificar_Email(conta.PalavraPasse).toLatin1();
+    return QString::fromUtf8(QByteArray::fromHex(digitos));
+}
+
+// The scrambling knows letters and digits alone, so it is given digits.
+void PalavraPasseDoServidor::Guardar(ContaSincronizada &conta, const QString &senha)
+{
+    conta.PalavraPasse.clear();
+    if (segredos_.isThere() && segredos_.write(Chave(), u"Morvex: "_s + conta.Endereco, senha)) return;
+    QString saida;
+    conta.PalavraPasse = Codificar_Email(QString::fromLatin1(senha.toUtf8().toHex()), saida);
+}

@@ -1,0 +1,291 @@
+#include "sincronizacao/Sincronizacao.h"
+
+#include "data/Geral.h"
+#include "platform/Clock.h"
+#include "platform/Failure.h"
+#include "sincronizacao/MarcaDaCorrida.h"
+
+#include <QTimer>
+
+namespace
+{
+using Fim = ResultadoDaSincronizacao::Fim;
+constexpr qint64 fatia = 25; // ms that the program may be held up
+} // namespace
+
+Sincronizacao::Sincronizacao(Geral &geral, const Clock &relogio, std::unique_ptr<RemoteBook> livro, Modo modo,
+                             QObject *dono)
+    : QObject(dono), geral_(geral), relogio_(relogio), livro_(std::move(livro)), modo_(modo)
+{
+    connect(&geral_.temporizadores, &Temporizadores::Retomados, this, &Sincronizacao::Agendar);
+}
+
+Sincronizacao::~Sincronizacao() { livro_->cancel(); }
+
+void Sincronizacao::Comecar()
+{
+    fase_ = Fase::Parada;
+    Agendar();
+}
+
+void Sincronizacao::Cancelar()
+{
+    if (fase_ == Fase::Fim) return;
+    livro_->cancel();
+    Acabar(Fim::Cancelada);
+}
+
+void Sincronizacao::Agendar()
+{
+    if (agendado_ || fase_ == Fase::Fim || geral_.temporizadores.Parados()) return;
+    agendado_ = true;
+    QTimer::singleShot(0, this, &Sincronizacao::Passo);
+}
+
+void Sincronizacao::Passo()
+{
+    agendado_ = false;
+    if (geral_.temporizadores.Parados()) return; // Retomados comes
+    onFailure([this] { Passo_Da_Fase(); },
+              [this](const Failure &falha) {
+                  livro_->cancel();
+                  if (c_) c_->resultado.falha = falha.description();
+                  Acabar(Fim::Base);
+              });
+}
+
+void Sincronizacao::Passo_Da_Fase()
+{
+    switch (fase_) {
+    case Fase::Parada:
+        return Abrir();
+    case Fase::AEspera:
+    case Fase::Fim:
+        return;
+    case Fase::ARecepcao:
+        return Receber();
+    case Fase::OsPares:
+        return Arrumar_Os_Pares();
+    case Fase::AExpedicao:
+        return Expedir();
+    }
+}
+
+// The count of the runs stands in the database and beside it. A database that knows of fewer than its
+// surroundings is an old one that was put back: what it remembers is true, and not all that has happened.
+void Sincronizacao::Abrir()
+{
+    MemoriaDaSincronizacao memoria(geral_.de, geral_.SessaoActual.IdUtilizador);
+    const auto conta = memoria.Conta();
+    c_ = std::make_unique<CorridaEmCurso>(geral_, relogio_, conta ? conta->IDGrupo : 0);
+    if (!c_->grupo.Existe()) return Acabar(Fim::SemGrupo);
+    estado_ = memoria.Estado();
+    MarcaDaCorrida marca(geral_);
+    const bool antiga = marca.Ler() > estado_.Corrida;
+    estado_.Corrida = std::max(estado_.Corrida, marca.Ler()) + 1;
+    c_->circunstancias.cautela = c_->resultado.com_cautela = antiga || modo_ == Modo::SemApagar;
+    // The marks go on only with what was then agreed, or an end in between would be taken for an old database.
+    if (!antiga) memoria.Guardar_Corrida(estado_.Corrida);
+    if (!antiga) marca.Escrever(estado_.Corrida);
+    fase_ = Fase::AEspera;
+    Pedir_Mudancas();
+}
+
+void Sincronizacao::Pedir_Mudancas()
+{
+    Q_EMIT Progresso(0, 0);
+    const QByteArray testemunho = c_->circunstancias.cautela ? QByteArray() : estado_.Testemunho;
+    livro_->changesSince(testemunho, [this](const RemoteError &erro, const RemoteChanges &mudancas) {
+        Mudancas(erro, mudancas);
+    });
+}
+
+void Sincronizacao::Mudancas(const RemoteError &erro, const RemoteChanges &mudancas)
+{
+    if (erro) return Acabar_Com(erro);
+    testemunho_novo_ = mudancas.token;
+    for (const RemoteMember &membro : mudancas.changed)
+        marcas_.insert(membro.href, membro.etag);
+    onFailure(
+        [&] {
+            plano_ = Planear_A_Recepcao(*c_, mudancas);
+            recepcao_ = std::make_unique<RecepcaoDeCartoes>(*c_);
+            Pedir_Cartoes();
+        },
+        [this](const Failure &falha) {
+            c_->resultado.falha = falha.description();
+            Acabar(Fim::Base);
+        });
+}
+
+void Sincronizacao::Pedir_Cartoes()
+{
+    fase_ = Fase::ARecepcao;
+    tudo_chegou_ = plano_.a_pedir.isEmpty();
+    if (tudo_chegou_) return Agendar();
+    livro_->fetch(
+        plano_.a_pedir,
+        [this](const QList<RemoteCard> &cartoes) {
+            chegados_.insert(chegados_.end(), cartoes.begin(), cartoes.end());
+            Agendar();
+        },
+        [this](const RemoteError &erro) {
+            tudo_chegou_ = true;
+            erro_da_recepcao_ = erro;
+            Agendar();
+        });
+}
+
+void Sincronizacao::Receber()
+{
+    QElapsedTimer tempo;
+    tempo.start();
+    if (!chegados_.empty())
+        geral_.de.Tudo_Ou_Nada([&] {
+            do {
+                Receber_Um(chegados_.front());
+                chegados_.pop_front();
+            } while (!chegados_.empty() && tempo.elapsed() < fatia);
+        });
+    Q_EMIT Progresso(recebidos_, static_cast<int>(plano_.a_pedir.size()));
+    if (!chegados_.empty()) return Agendar();
+    if (!tudo_chegou_) return;
+    if (erro_da_recepcao_) return Acabar_Com(erro_da_recepcao_);
+    fase_ = Fase::OsPares;
+    Agendar();
+}
+
+void Sincronizacao::Receber_Um(const RemoteCard &cartao)
+{
+    ++recebidos_;
+    if (cartao.error) return Sem_Cartao(cartao);
+    recepcao_->Tratar(cartao.href, cartao.etag, cartao.text);
+}
+
+// It was deleted in between, or the server does not hand it over: it is asked for at the next run.
+void Sincronizacao::Sem_Cartao(const RemoteCard &cartao)
+{
+    const Par *par = c_->pares.De_Href(cartao.href);
+    Par por_ver = par == nullptr ? Par{cartao.href, 0, {}, {}, {}, {}} : *par;
+    if (cartao.error.kind == RemoteError::Kind::NotFound && por_ver.IDContacto == 0)
+        return c_->pares.Eliminar(cartao.href);
+    por_ver.estado = Par::PorVer;
+    c_->pares.Guardar(por_ver);
+    if (cartao.error.kind == RemoteError::Kind::NotFound) return;
+    c_->Apontar({Ocorrencia::NaoRecebido, por_ver.IDContacto, cartao.href, {}, {}, {}, {}});
+    ++c_->resultado.recusados;
+}
+
+// A card that was given another name has found its contact by now, so only what is really gone is counted.
+qsizetype Sincronizacao::Quantos_A_Apagar_Aqui() const
+{
+    return std::count_if(plano_.a_apagar_aqui.cbegin(), plano_.a_apagar_aqui.cend(),
+                         [this](const QString &href) { return c_->pares.De_Href(href) != nullptr; });
+}
+
+bool Sincronizacao::Ha_Que_Perguntar(bool la, qsizetype quantos)
+{
+    if (modo_ != Modo::Normal || c_->circunstancias.cautela) return false;
+    if (!Sao_Demasiadas(quantos, plano_.acordados)) return false;
+    c_->resultado.pergunta_la = la;
+    c_->resultado.pergunta_quantos = static_cast<int>(quantos);
+    c_->resultado.pergunta_de_quantos = plano_.acordados;
+    Acabar(Fim::Perguntar);
+    return true;
+}
+
+void Sincronizacao::Arrumar_Os_Pares()
+{
+    if (Ha_Que_Perguntar(false, Quantos_A_Apagar_Aqui())) return;
+    geral_.de.Tudo_Ou_Nada([this] {
+        for (const QString &href : plano_.a_largar)
+            Largar(href);
+        for (const QString &href : plano_.a_reter)
+            Reter(href, Par::Retido);
+        for (const QString &href : plano_.apagados_retidos)
+            Reter(href, Par::ApagadoRetido);
+        for (const QString &href : plano_.a_apagar_aqui)
+            Apagar_Aqui(href);
+        // All that the server has told stands in the pairs now.
+        if (!testemunho_novo_.isEmpty() || !estado_.Testemunho.isEmpty()) {
+            estado_.Testemunho = testemunho_novo_;
+            c_->memoria.Guardar_Resultado(estado_);
+        }
+        c_->memoria.Guardar_Corrida(estado_.Corrida);
+    });
+    MarcaDaCorrida(geral_).Escrever(estado_.Corrida);
+    expedicao_ = std::make_unique<ExpedicaoDeCartoes>(*c_, *livro_, *recepcao_, [this] { Agendar(); });
+    if (Ha_Que_Perguntar(true, expedicao_->Preparar())) return;
+    fase_ = Fase::AExpedicao;
+    Agendar();
+}
+
+void Sincronizacao::Largar(const QString &href)
+{
+    const Par *par = c_->pares.De_Href(href);
+    if (par == nullptr) return;
+    if (plano_.ganham.contains(href))
+        c_->Apontar({Ocorrencia::EliminadoLa, par->IDContacto, par->acordo[Coluna::Nome], {}, {}, {}, {}});
+    c_->pares.Eliminar(href);
+}
+
+void Sincronizacao::Reter(const QString &href, Par::Estado estado)
+{
+    const Par *par = c_->pares.De_Href(href);
+    if (par == nullptr) return;
+    ++c_->resultado.retidos;
+    if (par->estado == estado) return; // and was told
+    Par retido = *par;
+    retido.estado = estado;
+    c_->pares.Guardar(retido);
+    c_->Apontar({Ocorrencia::SemDireito, retido.IDContacto, retido.acordo[Coluna::Nome], {}, {}, {}, {}});
+}
+
+// Somebody may have changed it since it was looked at: then it stays, and goes to the server.
+void Sincronizacao::Apagar_Aqui(const QString &href)
+{
+    const Par *par = c_->pares.De_Href(href);
+    if (par == nullptr) return;
+    const int ID = par->IDContacto;
+    const auto linha = c_->grupo.Ler(ID);
+    const bool mudou = linha && !Dizem_O_Mesmo(linha->colunas, par->acordo);
+    if (linha && c_->grupo.E_Deste_Grupo(*linha) && !mudou) {
+        c_->grupo.Eliminar(ID);
+        ++c_->resultado.eliminados;
+    }
+    c_->pares.Eliminar(href);
+}
+
+void Sincronizacao::Expedir()
+{
+    const bool ha_mais = expedicao_->Passo();
+    Q_EMIT Progresso(expedicao_->Feitos(), expedicao_->Todos());
+    if (ha_mais) return;
+    if (expedicao_->Erro()) return Acabar_Com(expedicao_->Erro());
+    Acabar(Fim::Feita);
+}
+
+void Sincronizacao::Acabar_Com(const RemoteError &erro)
+{
+    c_->resultado.erro = erro;
+    Acabar(Fim::Erro);
+}
+
+void Sincronizacao::Acabar(ResultadoDaSincronizacao::Fim fim)
+{
+    fase_ = Fase::Fim;
+    ResultadoDaSincronizacao resultado = c_ ? c_->resultado : ResultadoDaSincronizacao();
+    resultado.fim = fim;
+    if (c_) c_->resultado.fim = fim;
+    skipFailure([this] { Guardar_Fim(); });
+    Q_EMIT Terminada(resultado);
+}
+
+void Sincronizacao::Guardar_Fim()
+{
+    if (!c_) return;
+    EstadoDaConta estado = c_->memoria.Estado();
+    estado.UltimaVez = relogio_.now().toString(Qt::ISODate);
+    estado.Resultado = c_->resultado.Texto();
+    c_->memoria.Guardar_Resultado(estado);
+}

@@ -1,0 +1,11 @@
+# Tests of carddav.
+foreach(teste IN ITEMS
+    test_AddressBook
+    test_DavExchange
+    test_Discovery
+    test_Href
+    test_Multistatus
+    test_servidores_carddav)
+    morvex_teste(carddav/${teste} LIGA carddav vcard)
+endforeach()
+morvex_servidores(test_servidores_carddav)

@@ -1,0 +1,241 @@
+// What other desks change, as it reaches this desk's window: everything follows, and nobody's selection,
+// focus or typed text is taken.
+#include "contacts/frmAddEdit.h"
+#include "session/AvisosDosPostos.h"
+#include "session/Posto.h"
+#include "testlib/Accoes.h"
+#include "testlib/Teste.h"
+
+#include <QScrollBar>
+
+using namespace Qt::StringLiterals;
+using What = StoreChange::What;
+
+class TestAvisosDosPostos : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void um_contacto_novo_noutro_posto_aparece_e_a_escolha_fica()
+    {
+        Posto p;
+        p.lista.setListIndex(p.Linha(p.ids[30]));
+        p.lista.verticalScrollBar()->setValue(27);
+        p.lista.setFocus();
+        p.servidor.Esquecer();
+        p.Muda(u"INSERT INTO TblLista (Nome, Grupo) VALUES ('Aaa', 6)"_s, u"tbllista"_s, What::Added, {99});
+        QCOMPARE(p.lista.ListCount(), 51);
+        QCOMPARE(p.lista.List(0), u"Aaa"_s);
+        QCOMPARE(p.lista.ItemData(p.lista.ListIndex()), p.ids[30]);
+        QCOMPARE(p.lista.verticalScrollBar()->value(), 28); // the same row at the same height
+        QCOMPARE(p.s.geral.IndiceContacto, p.lista.ListIndex());
+        QCOMPARE(p.s.geral.IDContacto, qint16(p.ids[30]));
+        QVERIFY(p.lista.hasFocus());
+        QVERIFY(p.janela.lblContador->text().endsWith(u" 51"_s));
+        QCOMPARE(p.servidor.Comandos(), 1); // the card is the same
+    }
+
+    void o_contacto_do_cartao_que_muda_so_se_le_uma_vez()
+    {
+        Posto p;
+        p.lista.setListIndex(p.Linha(p.ids[5]));
+        p.servidor.Esquecer();
+        p.Muda(u"UPDATE TblLista SET Website='novo.pt' WHERE ID=%1"_s.arg(p.ids[5]), u"tbllista"_s,
+               What::Changed, {p.ids[5]});
+        QCOMPARE(p.janela.txtWebsite->text(), u"novo.pt"_s);
+        QCOMPARE(p.servidor.Comandos(), 1);
+    }
+
+    void o_que_nao_mudou_no_cartao_guarda_o_seu_lugar()
+    {
+        Posto p;
+        p.lista.setListIndex(p.Linha(p.ids[5]));
+        p.janela.txtObs->verticalScrollBar()->setValue(9);
+        p.janela.txtObs->selectAll();
+        p.Muda(u"UPDATE TblLista SET Website='novo.pt' WHERE ID=%1"_s.arg(p.ids[5]), u"tbllista"_s,
+               What::Changed, {p.ids[5]});
+        QCOMPARE(p.janela.txtObs->verticalScrollBar()->value(), 9);
+        QVERIFY(p.janela.txtObs->textCursor().hasSelection());
+    }
+
+    void o_contacto_do_cartao_com_outro_nome_muda_de_linha()
+    {
+        Posto p;
+        p.lista.setListIndex(p.Linha(p.ids[5]));
+        p.Muda(u"UPDATE TblLista SET Nome='Zzz' WHERE ID=%1"_s.arg(p.ids[5]), u"tbllista"_s, What::Changed,
+               {p.ids[5]});
+        QCOMPARE(p.lista.List(49), u"Zzz"_s);
+        QCOMPARE(p.lista.ListIndex(), 49);
+        QCOMPARE(p.s.geral.IndiceContacto, 49);
+    }
+
+    void o_contacto_do_cartao_que_desaparece_leva_o_seu_cartao()
+    {
+        Posto p;
+        p.lista.setListIndex(p.Linha(p.ids[5]));
+        QVERIFY(p.janela.cmdEditar->isEnabled());
+        p.Muda(u"DELETE FROM TblLista WHERE ID=%1"_s.arg(p.ids[5]), u"tbllista"_s, What::Removed, {p.ids[5]});
+        QCOMPARE(p.lista.ListCount(), 49);
+        QCOMPARE(p.lista.ListIndex(), -1);
+        QVERIFY(!p.janela.cmdEditar->isEnabled());
+        QCOMPARE(p.Obs(), QString());
+    }
+
+    void sem_escolha_nada_se_escolhe()
+    {
+        Posto p;
+        p.lista.setListIndex(-1);
+        p.lista.verticalScrollBar()->setValue(20);
+        p.Muda(u"DELETE FROM TblLista WHERE ID=%1"_s.arg(p.ids[2]), u"tbllista"_s, What::Removed, {p.ids[2]});
+        QCOMPARE(p.lista.ListIndex(), -1);
+        QCOMPARE(p.lista.verticalScrollBar()->value(), 19);
+    }
+
+    void o_que_vem_em_rajada_le_se_uma_so_vez()
+    {
+        Posto p;
+        for (int i = 0; i < 20; ++i) {
+            p.s.Escrever(u"INSERT INTO TblLista (Nome, Grupo) VALUES ('Aaa', 6)"_s);
+            p.servidor.Mudou(u"tbllista"_s, What::Added, {100 + i});
+        }
+        QCOMPARE(p.servidor.Comandos(), 0);
+        p.Recolher();
+        QCOMPARE(p.servidor.Comandos(), 1);
+        QCOMPARE(p.lista.ListCount(), 70);
+        QVERIFY(!p.avisos.TimerRecolha.Enabled());
+    }
+
+    void a_frente_de_um_formulario_nada_muda_e_depois_sim()
+    {
+        Posto p;
+        QDialog formulario(&p.janela);
+        accoes::Quando_Abrir<QDialog>([&](QDialog &aberto) {
+            p.Muda(u"INSERT INTO TblLista (Nome, Grupo) VALUES ('Aaa', 6)"_s, u"tbllista"_s, What::Added,
+                   {99});
+            QCOMPARE(p.lista.ListCount(), 50);
+            QVERIFY(p.avisos.TimerRecolha.Enabled()); // it asks again
+            aberto.reject();
+        });
+        formulario.exec();
+        p.Recolher();
+        QCOMPARE(p.lista.ListCount(), 51);
+    }
+
+    void enquanto_se_escreve_na_procura_a_lista_espera()
+    {
+        Posto p;
+        p.janela.txtProcura->setFocus();
+        QTest::keyClicks(p.janela.txtProcura, u"Nome 4"_s);
+        const int escolhido = p.lista.ItemData(p.lista.ListIndex());
+        p.Muda(u"INSERT INTO TblLista (Nome, Grupo) VALUES ('Aaa', 6)"_s, u"tbllista"_s, What::Added, {99});
+        QCOMPARE(p.lista.ListCount(), 50);
+        Disparar(p.avisos.TimerEscrita); // nobody has typed for a while
+        p.Recolher();
+        QCOMPARE(p.lista.ListCount(), 51);
+        QCOMPARE(p.janela.txtProcura->text(), u"Nome 4"_s);
+        QVERIFY(p.janela.txtProcura->hasFocus());
+        QCOMPARE(p.lista.ItemData(p.lista.ListIndex()), escolhido);
+    }
+
+    void um_grupo_novo_entra_no_filtro_e_o_escolhido_fica()
+    {
+        Posto p;
+        p.janela.ComboGrupos->setListIndex(2);
+        const QString escolhido = p.janela.ComboGrupos->currentText();
+        const int antes = p.janela.ComboGrupos->ListCount();
+        p.Muda(u"INSERT INTO TblGrupos (NomeGrupo, IdUtilizador) VALUES ('AAA', 0)"_s, u"tblgrupos"_s,
+               What::Added, {99});
+        QCOMPARE(p.janela.ComboGrupos->ListCount(), antes + 1);
+        QCOMPARE(p.janela.ComboGrupos->List(1), u"AAA"_s);
+        QCOMPARE(p.janela.ComboGrupos->currentText(), escolhido);
+    }
+
+    void o_grupo_escolhido_que_desaparece_da_lugar_a_todos()
+    {
+        Posto p;
+        p.janela.ComboGrupos->ChooseText(
+            p.s.Linhas(u"SELECT NomeGrupo FROM TblGrupos WHERE ID=6"_s).value(0));
+        QCOMPARE(p.lista.ListCount(), 50);
+        p.s.Escrever(u"UPDATE TblLista SET Grupo=5"_s);
+        p.Muda(u"DELETE FROM TblGrupos WHERE ID=6"_s, u"tblgrupos"_s, What::Removed, {6});
+        QCOMPARE(p.janela.ComboGrupos->ListIndex(), 0);
+        QCOMPARE(p.lista.ListCount(), 50);
+        QCOMPARE(p.s.geral.GrupoActual, u"0"_s);
+    }
+
+    void o_editor_aberto_diz_o_e_fica_como_esta()
+    {
+        Posto p;
+        p.lista.setListIndex(p.Linha(p.ids[5]));
+        accoes::Quando_Abrir<frmAddEdit>([&](frmAddEdit &editor) {
+            editor.txtNome->setText(u"a meio"_s);
+            p.Muda(u"UPDATE TblLista SET Website='x' WHERE ID=%1"_s.arg(p.ids[6]), u"tbllista"_s,
+                   What::Changed, {p.ids[6]});
+            QVERIFY(!editor.lblAviso->isVisible()); // another contact
+            p.Muda(u"UPDATE TblLista SET Website='x' WHERE ID=%1"_s.arg(p.ids[5]), u"tbllista"_s,
+                   What::Changed, {p.ids[5]});
+            QCOMPARE(editor.lblAviso->text(), p.s.Texto(451));
+            QVERIFY(editor.lblAviso->isVisible());
+            p.Muda(u"DELETE FROM TblLista WHERE ID=%1"_s.arg(p.ids[5]), u"tbllista"_s, What::Removed,
+                   {p.ids[5]});
+            QCOMPARE(editor.lblAviso->text(), p.s.Texto(452));
+            QCOMPARE(editor.txtNome->text(), u"a meio"_s);
+            editor.reject();
+        });
+        p.janela.cmdEditar->click();
+        p.Recolher();
+        QCOMPARE(p.Linha(p.ids[5]), -1);
+    }
+
+    void as_definicoes_dos_envelopes_seguem()
+    {
+        Posto p;
+        p.Muda(u"UPDATE TblConfig SET Remetente='Rua Nova'"_s, u"tblconfig"_s, What::Changed, {1});
+        QCOMPARE(p.s.geral.RemetenteBD, u"Rua Nova"_s);
+    }
+
+    void depois_de_o_servidor_voltar_tudo_se_le_uma_vez()
+    {
+        Posto p;
+        p.lista.setListIndex(p.Linha(p.ids[5]));
+        p.servidor.Perder();
+        p.s.Escrever(u"UPDATE TblLista SET Website='novo.pt', Nome='Aaa' WHERE ID=%1"_s.arg(p.ids[5]));
+        p.s.Escrever(u"INSERT INTO TblGrupos (NomeGrupo, IdUtilizador) VALUES ('AAA', 0)"_s);
+        p.servidor.Voltar();
+        p.servidor.Esquecer();
+        p.Recolher();
+        QCOMPARE(p.lista.List(0), u"Aaa"_s);
+        QCOMPARE(p.janela.txtWebsite->text(), u"novo.pt"_s);
+        QCOMPARE(p.janela.ComboGrupos->List(1), u"AAA"_s);
+        QVERIFY2(p.servidor.Comandos() <= 8, qPrintable(p.servidor.pedidos.join(u'\n')));
+        p.servidor.Esquecer();
+        p.Recolher();
+        QCOMPARE(p.servidor.Comandos(), 0);
+    }
+
+    void o_que_ninguem_nomeia_le_se_tudo()
+    {
+        Posto p;
+        p.s.Escrever(u"INSERT INTO TblLista (Nome, Grupo) VALUES ('Aaa', 6)"_s);
+        p.s.Escrever(u"INSERT INTO TblGrupos (NomeGrupo, IdUtilizador) VALUES ('AAA', 0)"_s);
+        p.servidor.Mudou(QString());
+        p.Recolher();
+        QCOMPARE(p.lista.List(0), u"Aaa"_s);
+        QCOMPARE(p.janela.ComboGrupos->List(1), u"AAA"_s);
+    }
+
+    void num_ficheiro_ninguem_ouve_nada()
+    {
+        Sistema s;
+        Main janela(s.geral, s.plataforma);
+        janela.Inicio().Executar();
+        auto &avisos = *janela.findChild<AvisosDosPostos *>();
+        avisos.Comecar();
+        s.Escrever(u"INSERT INTO TblLista (Nome, Grupo) VALUES ('Aaa', 6)"_s);
+        QVERIFY(!avisos.TimerRecolha.Enabled());
+        QVERIFY(!janela.lblServidor->isVisible());
+    }
+};
+
+MORVEX_TESTE(TestAvisosDosPostos)
+#include "test_AvisosDosPostos.moc"

@@ -1,0 +1,847 @@
+// One group and one book on a server, brought to say the same.
+#include "sincronizacao/MarcaDaCorrida.h"
+#include "sincronizacao/MesaDaSincronizacao.h"
+#include "testlib/Teste.h"
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+using Mesa = MesaDaSincronizacao;
+using Fim = ResultadoDaSincronizacao::Fim;
+using Modo = Sincronizacao::Modo;
+constexpr auto nenhum = 0;
+
+// A contact and a card that say the same, and know of one another.
+struct UmPar : Mesa {
+    explicit UmPar(const QByteArray &linhas = "TEL;TYPE=CELL:911\r\nX-JOGO:xadrez\r\n")
+    {
+        Por_La(u"u1"_s, u"Ana Silva"_s, linhas);
+        Correr();
+        ID = ID_De(u"Ana Silva"_s);
+        href = Href(u"u1"_s);
+    }
+    int ID = 0;
+    QString href;
+};
+
+// Many of them.
+struct Muitos : Mesa {
+    explicit Muitos(int quantos)
+    {
+        for (int i = 0; i < quantos; ++i)
+            Por_La(u"u%1"_s.arg(i), u"Pessoa %1"_s.arg(i));
+        Correr();
+    }
+};
+
+QString Que(Ocorrencia::Que que) { return QString::number(que) + u'|'; }
+} // namespace
+
+class TestSincronizacao : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void um_contacto_novo_vai_para_o_servidor_com_um_uid_que_se_lembra()
+    {
+        Mesa m;
+        const int ID = m.Contacto(u"Ana Silva"_s, u"911"_s);
+        const auto fim = m.Correr();
+        QCOMPARE(fim.fim, Fim::Feita);
+        QCOMPARE(fim.adicionados_la, 1);
+        const QString uid = m.s.Linhas(u"SELECT UID FROM TblCartoes WHERE IDContacto=%1"_s.arg(ID)).value(0);
+        const QByteArray cartao = m.Texto_La(Mesa::Href(uid));
+        QVERIFY(cartao.contains("VERSION:3.0") && cartao.contains("UID:" + uid.toUtf8()));
+        QVERIFY(!cartao.contains("CATEGORIES")); // the group is whose book it is, and no category
+        QCOMPARE(m.Aqui(), m.La());
+    }
+
+    void um_cartao_novo_vem_para_o_grupo_e_guarda_se_como_e()
+    {
+        UmPar m;
+        QCOMPARE(m.Nomes(u"Nome || Telemovel1"_s), QStringList{u"Ana Silva911"_s});
+        QCOMPARE(m.s.Linhas(u"SELECT CAST(cartao AS TEXT) FROM TblCartoes"_s).constFirst().toUtf8(),
+                 m.Texto_La(m.href));
+    }
+
+    void contactos_de_outros_grupos_ficam_em_casa()
+    {
+        Mesa m;
+        m.Contacto(u"Privada"_s, {}, m.s.Novo_Grupo(u"Outros amigos"_s));
+        m.Correr();
+        QVERIFY(m.servidor.cartoes.empty());
+    }
+
+    void sem_mudancas_ha_um_so_pedido_e_nada_se_escreve()
+    {
+        UmPar m;
+        m.Contacto(u"Rui"_s);
+        m.Correr();
+        m.Correr();
+        const auto antes = m.s.Linhas(u"SELECT * FROM TblSincronizados"_s);
+        const auto fim = m.Correr();
+        QCOMPARE(m.servidor.pedidos, QStringList{u"changes"_s});
+        QVERIFY(!fim.Mudou_Aqui() && !fim.Mudou_La());
+        QCOMPARE(m.s.Linhas(u"SELECT * FROM TblSincronizados"_s), antes);
+    }
+
+    void uma_mudanca_daqui_so_toca_no_que_mudou()
+    {
+        UmPar m;
+        m.Mudar(m.ID, u"Telemovel1"_s, u"922"_s);
+        QCOMPARE(m.Correr().alterados_la, 1);
+        const QByteArray cartao = m.Texto_La(m.href);
+        QVERIFY2(cartao.contains("922") && !cartao.contains("911"), cartao);
+        QVERIFY(cartao.contains("X-JOGO:xadrez") && cartao.contains("UID:u1"));
+    }
+
+    void uma_mudanca_de_la_vem_e_o_cartao_novo_guarda_se()
+    {
+        UmPar m;
+        m.Mudar_La(m.href, Coluna::Morada, u"Rua Nova"_s);
+        QCOMPARE(m.Correr().alterados, 1);
+        QCOMPARE(m.Valor(m.ID, u"Morada"_s), u"Rua Nova"_s);
+        QVERIFY(m.s.Linhas(u"SELECT CAST(cartao AS TEXT) FROM TblCartoes"_s).constFirst().contains(u"Rua Nova"_s));
+    }
+
+    void colunas_diferentes_juntam_se_dos_dois_lados_numa_corrida()
+    {
+        UmPar m;
+        m.Mudar(m.ID, u"Telemovel1"_s, u"922"_s);
+        m.Mudar_La(m.href, Coluna::Morada, u"Rua Nova"_s);
+        const auto fim = m.Correr();
+        QCOMPARE(fim.conflitos, nenhum);
+        QCOMPARE(m.Valor(m.ID, u"Telemovel1 || Morada"_s), u"922Rua Nova"_s);
+        QCOMPARE(m.Aqui(), m.La());
+    }
+
+    void na_mesma_coluna_fica_o_do_servidor_o_nosso_le_se_em_obs_e_di_lo()
+    {
+        UmPar m;
+        m.Mudar(m.ID, u"Telemovel1"_s, u"922"_s);
+        m.Mudar_La(m.href, Coluna::Telemovel1, u"933"_s);
+        const auto fim = m.Correr();
+        QCOMPARE(fim.conflitos, 1);
+        QCOMPARE(m.Valor(m.ID, u"Telemovel1"_s), u"933"_s);
+        QVERIFY(m.Valor(m.ID, u"Obs"_s).endsWith(u"Telemóvel: 922"_s));
+        QVERIFY(m.Texto_La(m.href).contains("922")); // in the note: the telephone shows it too
+        QCOMPARE(m.Ocorrencias(), QStringList{Que(Ocorrencia::Conflito) + u"Ana Silva|Telemovel1|922|933"_s});
+        QCOMPARE(m.Aqui(), m.La());
+        const auto depois = m.Correr();
+        QVERIFY(!depois.Mudou_Aqui() && !depois.Mudou_La());
+    }
+
+    void eliminar_aqui_elimina_la()
+    {
+        UmPar m;
+        m.Eliminar(m.ID);
+        QCOMPARE(m.Correr().eliminados_la, 1);
+        QVERIFY(m.servidor.cartoes.empty());
+        QCOMPARE(m.s.Linhas(u"SELECT * FROM TblSincronizados"_s), QStringList{});
+    }
+
+    void eliminar_la_elimina_aqui_com_o_cartao_guardado()
+    {
+        UmPar m;
+        m.servidor.Tirar(m.href);
+        QCOMPARE(m.Correr().eliminados, 1);
+        QCOMPARE(m.Nomes(), QStringList{});
+        QCOMPARE(m.s.Linhas(u"SELECT * FROM TblCartoes"_s), QStringList{});
+    }
+
+    void eliminado_dos_dois_lados_esquece_se()
+    {
+        UmPar m;
+        m.Eliminar(m.ID);
+        m.servidor.Tirar(m.href);
+        const auto fim = m.Correr();
+        QVERIFY(!fim.Mudou_Aqui() && !fim.Mudou_La());
+        QCOMPARE(m.s.Linhas(u"SELECT * FROM TblSincronizados"_s), QStringList{});
+    }
+
+    void mudado_aqui_e_eliminado_la_volta_para_la_e_di_lo()
+    {
+        UmPar m;
+        m.Mudar(m.ID, u"Telemovel1"_s, u"922"_s);
+        m.servidor.Tirar(m.href);
+        m.Correr();
+        QCOMPARE(m.Nomes(u"Telemovel1"_s), QStringList{u"922"_s});
+        QVERIFY(m.Texto_La(m.Href_Com("922")).contains("X-JOGO:xadrez"));
+        QCOMPARE(m.Ocorrencias(), QStringList{Que(Ocorrencia::EliminadoLa) + u"Ana Silva|||"_s});
+        QCOMPARE(m.Aqui(), m.La());
+    }
+
+    void mudado_la_e_eliminado_aqui_volta_para_ca_e_di_lo()
+    {
+        UmPar m;
+        m.Eliminar(m.ID);
+        m.Mudar_La(m.href, Coluna::Telemovel1, u"933"_s);
+        m.Correr();
+        QCOMPARE(m.Nomes(u"Telemovel1"_s), QStringList{u"933"_s});
+        QCOMPARE(m.Ocorrencias(), QStringList{Que(Ocorrencia::EliminadoAqui) + u"Ana Silva|||"_s});
+        QCOMPARE(m.servidor.cartoes.size(), 1U);
+    }
+
+    void o_que_mudou_la_a_ultima_hora_junta_se_e_vai_outra_vez()
+    {
+        UmPar m;
+        m.Mudar(m.ID, u"Telemovel1"_s, u"922"_s);
+        bool uma_vez = true;
+        m.servidor.falha = [&](const QString &pedido) {
+            if (pedido.startsWith(u"replace"_s) && std::exchange(uma_vez, false))
+                m.Mudar_La(m.href, Coluna::Morada, u"Rua Nova"_s);
+            return RemoteError();
+        };
+        m.Correr();
+        QCOMPARE(m.servidor.pedidos.filter(u"replace"_s).size(), 2);
+        QCOMPARE(m.Valor(m.ID, u"Telemovel1 || Morada"_s), u"922Rua Nova"_s);
+        QCOMPARE(m.Aqui(), m.La());
+    }
+
+    void quem_nunca_esta_quieto_fica_para_a_proxima_corrida()
+    {
+        UmPar m;
+        m.Mudar(m.ID, u"Telemovel1"_s, u"922"_s);
+        int vezes = 0;
+        m.servidor.falha = [&](const QString &pedido) {
+            if (pedido.startsWith(u"replace"_s))
+                m.Mudar_La(m.href, Coluna::Morada, u"Rua %1"_s.arg(++vezes));
+            return RemoteError();
+        };
+        QCOMPARE(m.Correr().fim, Fim::Feita);
+        QCOMPARE(vezes, 3);
+        m.servidor.falha = [](const QString &) { return RemoteError(); };
+        m.Correr();
+        QCOMPARE(m.Valor(m.ID, u"Telemovel1 || Morada"_s), u"922Rua 3"_s);
+        QCOMPARE(m.Aqui(), m.La());
+    }
+
+    void eliminado_aqui_e_mudado_la_a_ultima_hora_volta()
+    {
+        UmPar m;
+        m.Eliminar(m.ID);
+        bool uma_vez = true;
+        m.servidor.falha = [&](const QString &pedido) {
+            if (pedido.startsWith(u"remove"_s) && std::exchange(uma_vez, false))
+                m.Mudar_La(m.href, Coluna::Morada, u"Rua Nova"_s);
+            return RemoteError();
+        };
+        m.Correr();
+        QCOMPARE(m.Nomes(u"Morada"_s), QStringList{u"Rua Nova"_s});
+        QCOMPARE(m.servidor.cartoes.size(), 1U);
+    }
+
+    void mudado_aqui_e_eliminado_la_a_ultima_hora_volta_para_la()
+    {
+        UmPar m;
+        m.Mudar(m.ID, u"Telemovel1"_s, u"922"_s);
+        bool uma_vez = true;
+        m.servidor.falha = [&](const QString &pedido) {
+            if (pedido.startsWith(u"replace"_s) && std::exchange(uma_vez, false)) m.servidor.Tirar(m.href);
+            return RemoteError();
+        };
+        m.Correr();
+        QCOMPARE(m.servidor.cartoes.size(), 1U);
+        QCOMPARE(m.Aqui(), m.La());
+    }
+
+    void um_cartao_que_outro_pos_com_o_mesmo_nome_junta_se()
+    {
+        Mesa m;
+        const int ID = m.Contacto(u"Ana Silva"_s, u"912345678"_s);
+        m.servidor.falha = [&](const QString &pedido) {
+            if (pedido.startsWith(u"create"_s) && m.servidor.cartoes.empty())
+                m.servidor.Por(pedido.mid(7), Mesa::Cartao(u"x"_s, u"Ana Silva"_s, "TEL;TYPE=CELL:912345678\r\nTEL;TYPE=HOME:21\r\n"));
+            return RemoteError();
+        };
+        m.Correr();
+        QCOMPARE(m.servidor.cartoes.size(), 1U);
+        QCOMPARE(m.Valor(ID, u"Telemovel1 || '/' || Telefone1"_s), u"912345678/21"_s);
+        QCOMPARE(m.Aqui(), m.La());
+    }
+
+    void demasiadas_eliminacoes_la_param_e_perguntam()
+    {
+        Muitos m(20);
+        for (int i = 0; i < 11; ++i)
+            m.servidor.Tirar(Mesa::Href(u"u%1"_s.arg(i)));
+        const auto fim = m.Correr();
+        QCOMPARE(fim.fim, Fim::Perguntar);
+        QCOMPARE(fim.pergunta_la, false);
+        QCOMPARE(fim.pergunta_quantos, 11);
+        QCOMPARE(fim.pergunta_de_quantos, 20);
+        QCOMPARE(m.Nomes().size(), 20);
+        QCOMPARE(m.Correr().fim, Fim::Perguntar); // as often as it takes
+        QCOMPARE(m.Correr(Modo::ApagarMuitos).eliminados, 11);
+        QCOMPARE(m.Nomes().size(), 9);
+    }
+
+    void demasiadas_eliminacoes_aqui_param_e_perguntam()
+    {
+        Muitos m(20);
+        for (int i = 0; i < 11; ++i)
+            m.Eliminar(m.ID_De(u"Pessoa %1"_s.arg(i)));
+        const auto fim = m.Correr();
+        QCOMPARE(fim.fim, Fim::Perguntar);
+        QCOMPARE(fim.pergunta_la, true);
+        QCOMPARE(m.servidor.cartoes.size(), 20U);
+        QCOMPARE(m.Correr(Modo::ApagarMuitos).eliminados_la, 11);
+        QCOMPARE(m.servidor.cartoes.size(), 9U);
+    }
+
+    void quem_diz_que_nao_tem_tudo_de_volta()
+    {
+        Muitos m(20);
+        for (int i = 0; i < 11; ++i)
+            m.servidor.Tirar(Mesa::Href(u"u%1"_s.arg(i)));
+        m.Eliminar(m.ID_De(u"Pessoa 15"_s));
+        m.Correr(Modo::SemApagar);
+        QCOMPARE(m.Nomes().size(), 20);
+        QCOMPARE(m.servidor.cartoes.size(), 20U);
+        QCOMPARE(m.Aqui(), m.La());
+        const auto depois = m.Correr();
+        QVERIFY(!depois.Mudou_Aqui() && !depois.Mudou_La());
+    }
+
+    void dez_eliminacoes_nao_perguntam_nada()
+    {
+        Muitos m(12);
+        for (int i = 0; i < 10; ++i)
+            m.servidor.Tirar(Mesa::Href(u"u%1"_s.arg(i)));
+        QCOMPARE(m.Correr().eliminados, 10);
+    }
+
+    void sem_memoria_emparelha_pelo_uid_e_nada_se_transfere()
+    {
+        Muitos m(20);
+        m.s.Escrever(u"DELETE FROM TblSincronizados"_s);
+        m.s.Escrever(u"UPDATE TblSincronizacao SET Testemunho=''"_s);
+        const auto fim = m.Correr();
+        QVERIFY(!fim.Mudou_Aqui() && !fim.Mudou_La());
+        QCOMPARE(m.Nomes().size(), 20);
+        QCOMPARE(m.servidor.cartoes.size(), 20U);
+        QCOMPARE(m.s.Linhas(u"SELECT count(*) FROM TblSincronizados"_s), QStringList{u"20"_s});
+    }
+
+    void sem_uid_emparelha_pela_regra_dos_duplicados()
+    {
+        Mesa m;
+        const int ana = m.Contacto(u"Silva, Ana"_s, u"912 345 678"_s);
+        m.Contacto(u"Rui Costa"_s, u"961111111"_s);
+        m.Por_La(u"x"_s, u"Ana da Silva"_s, "TEL;TYPE=CELL:+351912345678\r\nEMAIL:ana@x.example\r\n");
+        m.Por_La(u"y"_s, u"Rui Costa"_s, "TEL;TYPE=CELL:962222222\r\n"); // a namesake: nobody can tell
+        m.Correr();
+        QCOMPARE(m.Nomes(), (QStringList{u"Ana da Silva"_s, u"Rui Costa"_s, u"Rui Costa"_s}));
+        QCOMPARE(m.Valor(ana, u"Email1"_s), u"ana@x.example"_s);
+        QVERIFY(m.Valor(ana, u"Obs"_s).contains(u"Silva, Ana"_s));
+        QCOMPARE(m.servidor.cartoes.size(), 3U);
+        QCOMPARE(m.Aqui(), m.La());
+    }
+
+    void uma_base_antiga_que_foi_reposta_nao_elimina_nada()
+    {
+        Muitos m(4);
+        QFile base(m.s.Base());
+        m.s.geral.de.Fechar_Ligacao();
+        QVERIFY(base.open(QIODevice::ReadOnly));
+        const QByteArray copia = base.readAll();
+        base.close();
+        m.s.geral.de.Reabrir_Ligacao();
+        m.Contacto(u"Depois"_s); // goes to the server, and is not in the copy
+        m.Eliminar(m.ID_De(u"Pessoa 1"_s));
+        m.servidor.Tirar(Mesa::Href(u"u2"_s));
+        m.Mudar_La(Mesa::Href(u"u3"_s), Coluna::Fax, u"9"_s);
+        m.Correr();
+        QCOMPARE(m.Nomes(), (QStringList{u"Depois"_s, u"Pessoa 0"_s, u"Pessoa 3"_s}));
+
+        m.s.geral.de.Fechar_Ligacao();
+        QVERIFY(base.open(QIODevice::WriteOnly) && base.write(copia) == copia.size());
+        base.close();
+        m.s.geral.de.Reabrir_Ligacao();
+        const auto fim = m.Correr();
+        QVERIFY(fim.com_cautela);
+        QCOMPARE(fim.eliminados + fim.eliminados_la, nenhum);
+        QCOMPARE(m.Nomes(u"Nome || Fax"_s), (QStringList{u"Depois"_s, u"Pessoa 0"_s, u"Pessoa 1"_s,
+                                                         u"Pessoa 2"_s, u"Pessoa 39"_s}));
+        QCOMPARE(m.Aqui(), m.La());
+        QVERIFY(!m.Correr().com_cautela);
+        m.Eliminar(m.ID_De(u"Pessoa 0"_s));
+        QCOMPARE(m.Correr().eliminados_la, 1); // from now on as always
+    }
+
+    void um_contador_a_frente_do_ficheiro_de_opcoes_nao_e_uma_base_antiga()
+    {
+        UmPar m;
+        MarcaDaCorrida(m.s.geral).Escrever(0);
+        m.Eliminar(m.ID);
+        QCOMPARE(m.Correr().eliminados_la, 1);
+    }
+
+    void outro_livro_ou_outro_grupo_e_um_comeco_novo()
+    {
+        UmPar m;
+        auto conta = *m.Memoria().Conta();
+        conta.IDGrupo = m.s.Novo_Grupo(u"Trabalho"_s);
+        m.Memoria().Guardar(conta);
+        const auto fim = m.Correr();
+        QCOMPARE(fim.eliminados_la, nenhum);
+        QCOMPARE(m.servidor.cartoes.size(), 1U);
+        QCOMPARE(m.s.Linhas(u"SELECT count(*) FROM TblLista WHERE Grupo=%1"_s.arg(conta.IDGrupo)), QStringList{u"1"_s});
+    }
+
+    void sem_o_direito_a_mudanca_fica_para_quando_o_houver_data()
+    {
+        QTest::addColumn<QString>("direito");
+        QTest::newRow("Adicionar") << u"Adicionar"_s;
+        QTest::newRow("Editar") << u"Editar"_s;
+        QTest::newRow("Eliminar") << u"Eliminar"_s;
+    }
+    void sem_o_direito_a_mudanca_fica_para_quando_o_houver()
+    {
+        QFETCH(QString, direito);
+        UmPar m;
+        bool &permitido = direito == u"Adicionar"_s ? m.s.geral.SessaoActual.Adicionar
+                          : direito == u"Editar"_s  ? m.s.geral.SessaoActual.Editar
+                                                    : m.s.geral.SessaoActual.Eliminar;
+        permitido = false;
+        if (direito == u"Adicionar"_s) m.Por_La(u"u2"_s, u"Rui"_s);
+        if (direito == u"Editar"_s) m.Mudar_La(m.href, Coluna::Fax, u"9"_s);
+        if (direito == u"Eliminar"_s) m.servidor.Tirar(m.href);
+        const QStringList antes = m.Aqui();
+        for (int i = 0; i < 2; ++i) {
+            const auto fim = m.Correr();
+            QCOMPARE(fim.retidos, 1);
+            QVERIFY(!fim.Mudou_Aqui() && !fim.Mudou_La());
+            QCOMPARE(m.Aqui(), antes);
+        }
+        QCOMPARE(m.Ocorrencias().size(), 1); // told once
+        permitido = true;
+        QVERIFY(m.Correr().Mudou_Aqui());
+        QCOMPARE(m.Aqui(), m.La());
+    }
+
+    void o_que_se_nao_pode_editar_nao_vai_para_la_meio_junto()
+    {
+        UmPar m;
+        m.s.geral.SessaoActual.Editar = false;
+        m.Mudar(m.ID, u"Telemovel1"_s, u"922"_s);
+        m.Mudar_La(m.href, Coluna::Fax, u"9"_s);
+        m.Correr();
+        QCOMPARE(m.Valor_La(m.href, Coluna::Telemovel1), u"911"_s);
+        m.s.geral.SessaoActual.Editar = true;
+        m.Correr();
+        QCOMPARE(m.Valor_La(m.href, Coluna::Telemovel1), u"922"_s);
+        QCOMPARE(m.Aqui(), m.La());
+    }
+
+    void os_numeros_dos_contactos_acabam_e_di_lo()
+    {
+        Mesa m;
+        m.s.Escrever(u"UPDATE sqlite_sequence SET seq=32766 WHERE name='TblLista'"_s);
+        m.Por_La(u"u1"_s, u"Ana"_s);
+        m.Por_La(u"u2"_s, u"Rui"_s);
+        const auto fim = m.Correr();
+        QCOMPARE(fim.adicionados, 1);
+        QCOMPARE(fim.recusados, 1);
+        QCOMPARE(m.s.Linhas(u"SELECT max(ID) FROM TblLista"_s), QStringList{u"32767"_s});
+        QCOMPARE(m.Ocorrencias(), QStringList{Que(Ocorrencia::NaoCabe) + u"Rui|||"_s});
+        m.Correr();
+        QCOMPARE(m.servidor.cartoes.size(), 2U);
+        QCOMPARE(m.Ocorrencias().size(), 1);
+    }
+
+    void um_grupo_de_pessoas_nao_e_contacto_e_o_ilegivel_di_se_uma_vez()
+    {
+        Mesa m;
+        m.Por_La(u"g"_s, u"Família"_s, "X-ADDRESSBOOKSERVER-KIND:group\r\nX-ADDRESSBOOKSERVER-MEMBER:urn:uuid:1\r\n");
+        m.servidor.Por(u"/livro/lixo.vcf"_s, "isto nao e um cartao");
+        m.Correr();
+        m.servidor.epoca = "b"; // everything is listed anew
+        m.Correr();
+        QVERIFY(m.servidor.pedidos.filter(u"fetch"_s).isEmpty());
+        QCOMPARE(m.Nomes(), QStringList{});
+        QCOMPARE(m.servidor.cartoes.size(), 2U);
+        QCOMPARE(m.Ocorrencias(), QStringList{Que(Ocorrencia::Ilegivel) + u"/livro/lixo.vcf|||"_s});
+    }
+
+    void um_testemunho_esquecido_lista_tudo_e_nao_pede_nada()
+    {
+        Muitos m(5);
+        m.servidor.epoca = "b";
+        m.servidor.Tirar(Mesa::Href(u"u1"_s));
+        const auto fim = m.Correr();
+        QCOMPARE(m.servidor.pedidos, QStringList{u"changes"_s});
+        QCOMPARE(fim.eliminados, 1);
+    }
+
+    void um_servidor_sem_testemunhos_ou_sem_marcas_tambem_serve_data()
+    {
+        QTest::addColumn<bool>("testemunhos");
+        QTest::addColumn<bool>("marcas");
+        QTest::newRow("no tokens") << false << true;
+        QTest::newRow("no marks") << true << false;
+        QTest::newRow("neither") << false << false;
+    }
+    void um_servidor_sem_testemunhos_ou_sem_marcas_tambem_serve()
+    {
+        QFETCH(bool, testemunhos);
+        QFETCH(bool, marcas);
+        UmPar m;
+        m.servidor.da_testemunhos = testemunhos;
+        m.servidor.da_marcas = marcas;
+        m.Contacto(u"Rui"_s, u"96"_s);
+        m.Correr();
+        m.Mudar(m.ID, u"Telemovel1"_s, u"922"_s);
+        m.Correr();
+        m.Mudar_La(m.href, Coluna::Fax, u"9"_s);
+        m.Correr();
+        m.Eliminar(m.ID_De(u"Rui"_s));
+        m.Correr();
+        QCOMPARE(m.Aqui(), m.La());
+        QCOMPARE(m.Nomes(u"Telemovel1 || Fax"_s), QStringList{u"9229"_s});
+        QCOMPARE(m.servidor.cartoes.size(), 1U);
+    }
+
+    void um_servidor_que_reescreve_os_cartoes_nao_muda_nada()
+    {
+        Mesa m;
+        m.servidor.devolve_o_texto = true;
+        m.servidor.escreve = [](QByteArray texto) {
+            return texto.replace("TYPE=CELL", "type=cell").replace("END:VCARD", "REV:20270101T000000Z\r\nEND:VCARD");
+        };
+        m.Contacto(u"Ana"_s, u"911"_s);
+        m.Correr();
+        for (auto &[href, cartao] : std::map(m.servidor.cartoes))
+            m.servidor.Por(href, QByteArray(cartao.texto).replace("2027", "2028"));
+        const auto fim = m.Correr();
+        QVERIFY(!fim.Mudou_Aqui() && !fim.Mudou_La());
+        QCOMPARE(m.Correr().fim, Fim::Feita);
+        QCOMPARE(m.servidor.pedidos, QStringList{u"changes"_s});
+    }
+
+    void o_servidor_que_acrescenta_ao_que_recebe_e_ouvido_logo()
+    {
+        Mesa m;
+        m.servidor.devolve_o_texto = true;
+        m.servidor.escreve = [](QByteArray texto) {
+            return texto.replace("END:VCARD", "TEL;TYPE=HOME:21\r\nEND:VCARD");
+        };
+        const int ID = m.Contacto(u"Ana"_s, u"911"_s);
+        m.Correr();
+        QCOMPARE(m.Valor(ID, u"Telefone1"_s), u"21"_s);
+        QCOMPARE(m.Aqui(), m.La());
+    }
+
+    void enquanto_um_formulario_esta_aberto_nada_muda()
+    {
+        UmPar m;
+        m.Mudar_La(m.href, Coluna::Fax, u"9"_s);
+        bool acabou = false;
+        auto corrida = m.Nova();
+        connect(corrida.get(), &Sincronizacao::Terminada, [&] { acabou = true; });
+        corrida->Comecar();
+        m.servidor.falha = [&](const QString &) {
+            m.s.geral.temporizadores.Gerir_Temporizadores(u"stop"_s);
+            return RemoteError();
+        };
+        QTest::qWait(100);
+        QVERIFY(!acabou);
+        QCOMPARE(m.Valor(m.ID, u"Fax"_s), u""_s);
+        m.servidor.falha = [](const QString &) { return RemoteError(); };
+        m.s.geral.temporizadores.Gerir_Temporizadores(u"start"_s);
+        QTRY_VERIFY(acabou);
+        QCOMPARE(m.Valor(m.ID, u"Fax"_s), u"9"_s);
+    }
+
+    void o_que_se_edita_enquanto_o_cartao_vai_a_caminho_vai_na_proxima()
+    {
+        UmPar m;
+        m.Mudar(m.ID, u"Telemovel1"_s, u"922"_s);
+        m.servidor.falha = [&](const QString &pedido) {
+            if (pedido.startsWith(u"replace"_s)) m.Mudar(m.ID, u"Telemovel1"_s, u"933"_s);
+            return RemoteError();
+        };
+        m.Correr();
+        QCOMPARE(m.Valor_La(m.href, Coluna::Telemovel1), u"922"_s);
+        m.servidor.falha = [](const QString &) { return RemoteError(); };
+        m.Correr();
+        QCOMPARE(m.Valor_La(m.href, Coluna::Telemovel1), u"933"_s);
+    }
+
+    void uma_rede_que_cai_a_meio_di_se_e_a_proxima_corrida_acaba()
+    {
+        Mesa m;
+        for (int i = 0; i < 40; ++i)
+            m.Contacto(u"Pessoa %1"_s.arg(i), u"91%1"_s.arg(i));
+        int quantos = 0;
+        m.servidor.falha = [&](const QString &) {
+            return ++quantos > 20 ? RemoteError{RemoteError::Kind::Interrupted, 0, {}} : RemoteError();
+        };
+        const auto fim = m.Correr();
+        QCOMPARE(fim.fim, Fim::Erro);
+        QCOMPARE(fim.erro.kind, RemoteError::Kind::Interrupted);
+        QVERIFY(m.servidor.cartoes.size() >= 19 && m.servidor.cartoes.size() < 40);
+        m.servidor.falha = [](const QString &) { return RemoteError(); };
+        m.Correr();
+        QCOMPARE(m.servidor.cartoes.size(), 40U);
+        QCOMPARE(m.Aqui(), m.La());
+    }
+
+    void uma_rede_que_cai_logo_deixa_tudo_como_estava_data()
+    {
+        QTest::addColumn<QString>("pedido");
+        QTest::newRow("listing") << u"changes"_s;
+        QTest::newRow("cards") << u"fetch"_s;
+    }
+    void uma_rede_que_cai_logo_deixa_tudo_como_estava()
+    {
+        QFETCH(QString, pedido);
+        UmPar m;
+        m.Mudar_La(m.href, Coluna::Fax, u"9"_s);
+        m.Mudar(m.ID, u"Telemovel1"_s, u"922"_s);
+        const QStringList antes = m.Aqui();
+        m.servidor.falha = [&](const QString &qual) {
+            return qual.startsWith(pedido) ? RemoteError{RemoteError::Kind::TimedOut, 0, {}} : RemoteError();
+        };
+        QCOMPARE(m.Correr().erro.kind, RemoteError::Kind::TimedOut);
+        QCOMPARE(m.Aqui(), antes);
+        QCOMPARE(ResultadoDaSincronizacao::Do_Texto(m.Memoria().Estado().Resultado).erro.kind,
+                 RemoteError::Kind::TimedOut);
+        m.servidor.falha = [](const QString &) { return RemoteError(); };
+        m.Correr();
+        QCOMPARE(m.Aqui(), m.La());
+        QCOMPARE(m.Valor(m.ID, u"Telemovel1 || Fax"_s), u"9229"_s);
+    }
+
+    void um_cartao_recusado_nao_para_os_outros_e_di_se_uma_vez()
+    {
+        Mesa m;
+        for (int i = 0; i < 6; ++i)
+            m.Contacto(u"Pessoa %1"_s.arg(i), u"91%1"_s.arg(i));
+        m.Correr();
+        const QString mau = m.Href_Com("Pessoa 3");
+        for (int i = 0; i < 6; ++i)
+            m.Mudar(m.ID_De(u"Pessoa %1"_s.arg(i)), u"Fax"_s, u"9"_s);
+        m.servidor.falha = [&](const QString &pedido) {
+            return pedido == u"replace "_s + mau ? RemoteError{RemoteError::Kind::NotAccepted, 400, {}} : RemoteError();
+        };
+        for (int i = 0; i < 2; ++i) {
+            const auto fim = m.Correr();
+            QCOMPARE(fim.fim, Fim::Feita);
+            QCOMPARE(fim.recusados, 1);
+        }
+        QCOMPARE(m.Ocorrencias(), QStringList{Que(Ocorrencia::Recusado) + u"Pessoa 3|||"_s});
+        m.servidor.falha = [](const QString &) { return RemoteError(); };
+        m.Correr();
+        QCOMPARE(m.Aqui(), m.La());
+    }
+
+    void um_servidor_que_nada_aceita_nao_e_pedido_mil_vezes()
+    {
+        Mesa m;
+        for (int i = 0; i < 60; ++i)
+            m.Contacto(u"Pessoa %1"_s.arg(i));
+        m.servidor.falha = [&](const QString &pedido) {
+            return pedido.startsWith(u"create"_s) ? RemoteError{RemoteError::Kind::NoRoom, 507, {}} : RemoteError();
+        };
+        const auto fim = m.Correr();
+        QCOMPARE(fim.fim, Fim::Erro);
+        QCOMPARE(fim.erro.kind, RemoteError::Kind::NoRoom);
+        QVERIFY(m.servidor.pedidos.size() < 30);
+        m.servidor.falha = [](const QString &) { return RemoteError(); };
+        m.Correr();
+        QCOMPARE(m.servidor.cartoes.size(), 60U);
+    }
+
+    void um_cartao_que_o_servidor_nao_entrega_pede_se_outra_vez()
+    {
+        Mesa m;
+        m.Por_La(u"u1"_s, u"Ana"_s);
+        const auto texto = m.servidor.cartoes.at(Mesa::Href(u"u1"_s));
+        m.servidor.falha = [&](const QString &pedido) { // deleted between list and card
+            if (pedido.startsWith(u"fetch"_s)) m.servidor.Tirar(Mesa::Href(u"u1"_s));
+            return RemoteError();
+        };
+        QCOMPARE(m.Correr().fim, Fim::Feita);
+        QCOMPARE(m.Nomes(), QStringList{});
+        m.servidor.falha = [](const QString &) { return RemoteError(); };
+        QCOMPARE(m.Correr().fim, Fim::Feita);
+        QCOMPARE(m.s.Linhas(u"SELECT * FROM TblSincronizados"_s), QStringList{});
+    }
+
+    void quem_sai_do_grupo_sai_do_servidor_e_fica_no_livro()
+    {
+        UmPar m;
+        const int outro = m.s.Novo_Grupo(u"Trabalho"_s);
+        m.Mudar(m.ID, u"Grupo"_s, QString::number(outro));
+        QCOMPARE(m.Correr().eliminados_la, 1);
+        QCOMPARE(m.Valor(m.ID, u"Nome"_s), u"Ana Silva"_s);
+    }
+
+    void quem_saiu_do_grupo_e_mudou_la_volta_ao_grupo_uma_vez()
+    {
+        UmPar m;
+        const int outro = m.s.Novo_Grupo(u"Trabalho"_s);
+        m.Mudar(m.ID, u"Grupo"_s, QString::number(outro));
+        m.Mudar_La(m.href, Coluna::Fax, u"9"_s);
+        m.Correr();
+        QCOMPARE(m.s.Linhas(u"SELECT ID, Grupo, Fax FROM TblLista"_s), QStringList{u"%1|%2|9"_s.arg(m.ID).arg(m.grupo)});
+        QCOMPARE(m.Ocorrencias(), QStringList{Que(Ocorrencia::EliminadoAqui) + u"Ana Silva|||"_s});
+    }
+
+    void quem_passou_para_um_grupo_alheio_nao_se_toca()
+    {
+        UmPar m;
+        const int alheio = m.s.Novo_Grupo(u"Da Rita"_s, m.s.Novo_Utilizador(u"Rita"_s, u"x"_s));
+        m.Mudar(m.ID, u"Grupo"_s, QString::number(alheio));
+        m.Mudar_La(m.href, Coluna::Fax, u"9"_s);
+        m.Correr();
+        QCOMPARE(m.Valor(m.ID, u"Grupo || Fax"_s), QString::number(alheio));
+        QCOMPARE(m.Nomes(u"Fax"_s), QStringList{u"9"_s});
+    }
+
+    void um_cartao_que_mudou_de_nome_no_servidor_continua_a_ser_o_mesmo()
+    {
+        UmPar m;
+        m.Mudar(m.ID, u"Telemovel1"_s, u"922"_s);
+        const QByteArray texto = m.Texto_La(m.href);
+        m.servidor.Tirar(m.href);
+        m.servidor.Por(u"/livro/outro.vcf"_s, texto);
+        const auto fim = m.Correr();
+        QCOMPARE(fim.adicionados + fim.eliminados + fim.adicionados_la, nenhum);
+        QCOMPARE(m.s.Linhas(u"SELECT ID FROM TblLista"_s), QStringList{QString::number(m.ID)});
+        QCOMPARE(m.Valor_La(u"/livro/outro.vcf"_s, Coluna::Telemovel1), u"922"_s);
+        QCOMPARE(m.Ocorrencias(), QStringList{});
+    }
+
+    void dois_contactos_com_o_mesmo_uid_sao_dois_cartoes()
+    {
+        UmPar m;
+        const int outra = m.Contacto(u"Ana Copiada"_s, u"955"_s);
+        CartoesGuardados(m.s.geral.de).Guardar({QString::number(outra), u"u1"_s, Mesa::Cartao(u"u1"_s, u"Ana Copiada"_s)});
+        m.Correr();
+        QCOMPARE(m.servidor.cartoes.size(), 2U);
+        const QString dela = m.Href_Com("Ana Copiada");
+        QVERIFY(dela != m.href && !m.Texto_La(dela).contains("UID:u1\r\n"));
+        QCOMPARE(m.Texto_La(dela).count("UID:"), 1);
+        QCOMPARE(m.Aqui(), m.La());
+    }
+
+    void a_fotografia_vai_e_vem_byte_por_byte()
+    {
+        const QByteArray png = QByteArray::fromBase64(
+            "iVBORw0KGgoAAAANSUhEUgAAAAEAAAABCAYAAAAfFcSJAAAADUlEQVR42mNk+M9QDwADhgGAWjR9awAAAABJRU5ErkJggg==");
+        UmPar m("PHOTO;ENCODING=b;TYPE=PNG:" + png.toBase64() + "\r\n");
+        const QString nome = m.Valor(m.ID, u"Fotografia"_s);
+        QVERIFY(nome.startsWith(u"bd:"_s));
+        QCOMPARE(FotografiasDaBase(m.s.geral.de).Ler(nome), png);
+        m.Mudar(m.ID, u"Fotografia"_s, u""_s);
+        m.Correr();
+        QVERIFY(!m.Texto_La(m.href).contains("PHOTO"));
+        m.Mudar(m.ID, u"Fotografia"_s, nome);
+        m.Correr();
+        QVERIFY(m.Texto_La(m.href).contains("PHOTO"));
+        QCOMPARE(m.Valor_La(m.href, Coluna::Fotografia), nome);
+    }
+
+    void outra_lingua_nao_e_uma_mudanca()
+    {
+        UmPar m("ORG:Padaria\r\nX-JOGO:xadrez\r\n");
+        QVERIFY(m.Valor(m.ID, u"Obs"_s).contains(u"Empresa: Padaria"_s));
+        m.s.geral.IdiomaActual = u"AlemaoDE"_s;
+        m.Mudar(m.ID, u"Telemovel1"_s, u"922"_s);
+        m.Mudar_La(m.href, Coluna::Fax, u"9"_s);
+        const auto fim = m.Correr();
+        QCOMPARE(fim.conflitos, nenhum);
+        QVERIFY(!m.Texto_La(m.href).contains("NOTE"));
+        QVERIFY(!m.Valor(m.ID, u"Obs"_s).contains(u"Firma: Padaria"_s)); // twice
+    }
+
+    void um_nulo_da_tabela_fica_nulo()
+    {
+        UmPar m;
+        m.s.Escrever(u"UPDATE TblLista SET Website=NULL"_s);
+        m.Mudar_La(m.href, Coluna::Fax, u"9"_s);
+        const auto fim = m.Correr();
+        QCOMPARE(m.Valor(m.ID, u"Website"_s), u"<Null>"_s);
+        QCOMPARE(fim.conflitos, nenhum);
+    }
+
+    void um_cartao_de_versao_4_fica_de_versao_4()
+    {
+        Mesa m;
+        m.servidor.Por(Mesa::Href(u"u4"_s), "BEGIN:VCARD\r\nVERSION:4.0\r\nUID:u4\r\nFN:Zita\r\nGENDER:F\r\nEND:VCARD\r\n");
+        m.Correr();
+        m.Mudar(m.ID_De(u"Zita"_s), u"Fax"_s, u"9"_s);
+        m.Correr();
+        QVERIFY(m.Texto_La(Mesa::Href(u"u4"_s)).contains("VERSION:4.0\r\n"));
+        QVERIFY(m.Texto_La(Mesa::Href(u"u4"_s)).contains("GENDER:F"));
+    }
+
+    void uma_base_que_recusa_nao_fica_a_meio()
+    {
+        UmPar m;
+        m.Mudar_La(m.href, Coluna::Fax, u"9"_s);
+        const auto pares = u"SELECT * FROM TblSincronizados"_s;
+        const QStringList antes = m.Aqui() + m.s.Linhas(pares);
+        m.s.Escrever(u"CREATE TRIGGER nao BEFORE UPDATE ON TblCartoes BEGIN SELECT RAISE(ABORT, 'no'); END"_s);
+        const auto fim = m.Correr();
+        QCOMPARE(fim.fim, Fim::Base);
+        QVERIFY(!fim.falha.isEmpty());
+        QCOMPARE(m.Aqui() + m.s.Linhas(pares), antes);
+        m.s.Escrever(u"DROP TRIGGER nao"_s);
+        m.Correr();
+        QCOMPARE(m.Aqui(), m.La());
+    }
+
+    void sem_o_grupo_nao_ha_corrida_e_o_servidor_fica_como_esta()
+    {
+        UmPar m;
+        m.s.Escrever(u"DELETE FROM TblLista"_s);
+        m.s.Escrever(u"DELETE FROM TblGrupos WHERE ID=%1"_s.arg(m.grupo));
+        QCOMPARE(m.Correr().fim, Fim::SemGrupo);
+        QCOMPARE(m.servidor.cartoes.size(), 1U);
+        QCOMPARE(m.servidor.pedidos, QStringList{});
+    }
+
+    void cancelar_acaba_logo_e_a_proxima_continua()
+    {
+        Mesa m;
+        for (int i = 0; i < 40; ++i)
+            m.Contacto(u"Pessoa %1"_s.arg(i));
+        auto corrida = m.Nova();
+        std::optional<ResultadoDaSincronizacao> fim;
+        connect(corrida.get(), &Sincronizacao::Terminada, [&](const auto &r) { fim = r; });
+        connect(corrida.get(), &Sincronizacao::Progresso, [&](int feitos, int) {
+            if (feitos >= 13) corrida->Cancelar();
+        });
+        corrida->Comecar();
+        QTRY_VERIFY(fim.has_value());
+        QCOMPARE(fim->fim, Fim::Cancelada);
+        corrida.reset();
+        QVERIFY(m.servidor.cartoes.size() < 40);
+        m.Correr();
+        QCOMPARE(m.servidor.cartoes.size(), 40U);
+        QCOMPARE(m.Aqui(), m.La());
+    }
+
+    void o_resultado_le_se_como_se_guardou()
+    {
+        ResultadoDaSincronizacao resultado;
+        resultado.fim = Fim::Perguntar;
+        resultado.erro.kind = RemoteError::Kind::Password;
+        resultado.alterados_la = 3;
+        resultado.pergunta_la = true;
+        resultado.pergunta_quantos = 12;
+        const auto lido = ResultadoDaSincronizacao::Do_Texto(resultado.Texto());
+        QCOMPARE(lido.fim, Fim::Perguntar);
+        QCOMPARE(lido.erro.kind, RemoteError::Kind::Password);
+        QCOMPARE(lido.alterados_la, 3);
+        QVERIFY(lido.pergunta_la);
+        QCOMPARE(lido.pergunta_quantos, 12);
+    }
+};
+
+MORVEX_TESTE(TestSincronizacao)
+#include "test_Sincronizacao.moc"

@@ -1,0 +1,394 @@
+// The form in which a person chooses book and group, and the runs that begin by the clock.
+#include "sincronizacao/frmPopupSincronizacao.h"
+#include "sincronizacao/frmSincronizar.h"
+#include "sincronizacao/LivroEmMemoria.h"
+#include "testlib/Accoes.h"
+#include "testlib/ComJanela.h"
+#include "testlib/Disparar.h"
+#include "testlib/Teste.h"
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+using Kind = RemoteError::Kind;
+
+// The window, a server in memory and the ways to it.
+struct Mesa : ComJanela {
+    Mesa()
+    {
+        s.Novo_Utilizador(u"Eva"_s, u"x"_s);
+        s.Entrar(u"Eva"_s);
+        // The window has one with the real ways; this one stands in its place.
+        delete janela.findChild<Sincronizador *>();
+        sincronizador = new Sincronizador(janela, s.geral, s.plataforma, Servidores());
+    }
+
+    ServidoresDeLivros Servidores()
+    {
+        return {[this](const QUrl &livro, const RemoteAccount &conta) {
+                    abertos << livro.toString() + u' ' + conta.user + u'/' + conta.password;
+                    return std::unique_ptr<RemoteBook>(std::make_unique<LivroEmMemoria>(servidor));
+                },
+                [this](const QString &endereco, const RemoteAccount &conta, const Discovery::Answer &resposta) {
+                    procuras << endereco + u' ' + conta.user + u'/' + conta.password;
+                    auto vivo = std::make_shared<QObject>();
+                    QTimer::singleShot(0, vivo.get(), [this, resposta] {
+                        const RemoteError erro = std::exchange(erro_da_procura, {});
+                        resposta(erro, erro ? QList<FoundBook>() : livros);
+                    });
+                    return std::shared_ptr<void>(vivo);
+                }};
+    }
+
+    std::unique_ptr<frmSincronizar> Abrir()
+    {
+        auto form = std::make_unique<frmSincronizar>(s.geral, s.plataforma, *sincronizador);
+        form->show();
+        return form;
+    }
+    // Everything typed, found and chosen.
+    std::unique_ptr<frmSincronizar> Preencher()
+    {
+        auto form = Abrir();
+        QTest::keyClicks(form->txtEndereco, u"dav.example"_s);
+        QTest::keyClicks(form->txtUtilizador, u"eva"_s);
+        QTest::keyClicks(form->txtPalavraPasse, u"abcd-12 x"_s);
+        form->cmdEncontrar->click();
+        [[maybe_unused]] const bool achou = QTest::qWaitFor([&] { return form->ComboLivro->ListCount() > 0; });
+        return form;
+    }
+    void Esperar()
+    {
+        QVERIFY(QTest::qWaitFor([&] { return !sincronizador->A_Correr(); }));
+    }
+    frmPopupSincronizacao *Cartao()
+    {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        for (QWidget *widget : QApplication::topLevelWidgets())
+            if (auto *cartao = qobject_cast<frmPopupSincronizacao *>(widget)) return cartao;
+        return nullptr;
+    }
+    void Contas_Ligada(bool arrancar)
+    {
+        auto form = Preencher();
+        form->cbLigada->setChecked(true);
+        form->cbArrancar->setChecked(arrancar);
+        form->cmdOk->click();
+    }
+    QTimer &Relogio() { return *sincronizador->findChild<QTimer *>(); }
+
+    ServidorEmMemoria servidor;
+    QStringList abertos, procuras;
+    QList<FoundBook> livros{{QUrl(u"https://dav.example/eva/amigos/"_s), u"Amigos"_s, true, false},
+                            {QUrl(u"http://dav.example/eva/trabalho/"_s), u"Trabalho"_s, true, true}};
+    RemoteError erro_da_procura;
+    Sincronizador *sincronizador = nullptr;
+};
+} // namespace
+
+class TestFrmSincronizar : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void sem_nada_escolhido_esta_tudo_desligado()
+    {
+        Mesa m;
+        const auto form = m.Abrir();
+        QVERIFY(!form->cbLigada->isChecked());
+        QVERIFY(!form->cmdSincronizar->isEnabled() && !form->cmdEncontrar->isEnabled());
+        QCOMPARE(form->lblUltima->text(), m.s.Texto(519));
+        QCOMPARE(form->ComboGrupo->currentText(), u"Telemóvel"_s);
+        QCOMPARE(form->lvOcorrencias->accessibleDescription(), m.s.Texto(516));
+        m.sincronizador->Iniciar();
+        QVERIFY(!m.Relogio().isActive());
+        QVERIFY(!m.sincronizador->Comecar(Sincronizacao::Modo::Normal));
+    }
+
+    void encontra_os_livros_e_sincroniza_o_escolhido_com_o_grupo_telemovel()
+    {
+        Mesa m;
+        const auto form = m.Preencher();
+        QCOMPARE(m.procuras, QStringList{u"dav.example eva/abcd-12 x"_s});
+        QCOMPARE(form->ComboLivro->ListCount(), 2);
+        m.servidor.Por(u"/eva/1.vcf"_s, "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:1\r\nFN:Ana\r\nN:Ana;;;;\r\nEND:VCARD\r\n");
+        QSignalSpy mudados(m.sincronizador, &Sincronizador::ContactosMudados);
+        form->cmdSincronizar->click();
+        QVERIFY(!form->cmdSincronizar->isEnabled() && form->ProgressBar1->isVisible());
+        m.Esperar();
+        QCOMPARE(m.abertos, QStringList{u"https://dav.example/eva/amigos/ eva/abcd-12 x"_s});
+        QCOMPARE(form->lblResultado->text(), m.s.Texto(520).arg(1).arg(0).arg(0).arg(0).arg(0).arg(0));
+        QCOMPARE(m.s.Linhas(u"SELECT l.Nome, g.NomeGrupo, g.IdUtilizador FROM TblLista l JOIN TblGrupos g ON g.ID=l.Grupo"_s),
+                 QStringList{u"Ana|Telemóvel|%1"_s.arg(m.s.geral.SessaoActual.IdUtilizador)});
+        QCOMPARE(mudados.size(), 2); // the new group, then the contact
+        QVERIFY(!form->ProgressBar1->isVisible());
+        QVERIFY(form->lblUltima->text() != m.s.Texto(519));
+        QCOMPARE(m.Abrir()->lblResultado->text(), form->lblResultado->text());
+    }
+
+    void o_que_se_escolheu_volta_a_ver_se()
+    {
+        Mesa m;
+        {
+            const auto form = m.Preencher();
+            form->ComboLivro->setListIndex(1);
+            QCOMPARE(form->lblExposto->text(), m.s.Texto(530));
+            form->cbLigada->setChecked(true);
+            form->txtMinutos->setValue(45);
+            form->cmdOk->click();
+        }
+        const auto form = m.Abrir();
+        QCOMPARE(form->txtEndereco->text(), u"dav.example"_s);
+        QCOMPARE(form->txtPalavraPasse->text(), u"abcd-12 x"_s);
+        QCOMPARE(form->ComboLivro->currentText(), u"Trabalho"_s);
+        QCOMPARE(form->txtMinutos->value(), 45);
+        QVERIFY(form->cbLigada->isChecked() && !form->cbArrancar->isChecked());
+        QCOMPARE(m.Relogio().interval(), 45 * 60'000);
+        QVERIFY(m.Relogio().isActive());
+        form->cbLigada->setChecked(false);
+        form->cmdOk->click();
+        QVERIFY(!m.Relogio().isActive());
+    }
+
+    void cancelar_nao_guarda_nada()
+    {
+        Mesa m;
+        m.Preencher()->cmdCancelar->click();
+        QCOMPARE(m.s.Linhas(u"SELECT * FROM TblSincronizacao"_s), QStringList{});
+    }
+
+    void a_palavra_passe_fica_no_porta_chaves_e_nao_na_base_ou_di_lo_data()
+    {
+        QTest::addColumn<bool>("ha");
+        QTest::newRow("with a store") << true;
+        QTest::newRow("without") << false;
+    }
+    void a_palavra_passe_fica_no_porta_chaves_e_nao_na_base_ou_di_lo()
+    {
+        QFETCH(bool, ha);
+        Mesa m;
+        m.s.segredos.ha = ha;
+        const auto form = m.Preencher();
+        QCOMPARE(form->lblGuarda->text(), m.s.Texto(ha ? 528 : 529));
+        form->cmdOk->click();
+        const QString guardada = m.s.Linhas(u"SELECT PalavraPasse FROM TblSincronizacao"_s).constFirst();
+        QCOMPARE(guardada.isEmpty(), ha);
+        QVERIFY(!guardada.contains(u"abcd"_s));
+        QCOMPARE(m.s.segredos.guardados.values().contains(u"abcd-12 x"_s), ha);
+        QCOMPARE(m.Abrir()->txtPalavraPasse->text(), u"abcd-12 x"_s);
+    }
+
+    void cada_falha_da_procura_tem_as_suas_palavras_data()
+    {
+        QTest::addColumn<int>("especie");
+        QTest::addColumn<int>("texto");
+        const std::pair<Kind, int> casos[]{
+            {Kind::Address, 531},    {Kind::NoNetwork, 532},   {Kind::NoSuchHost, 533}, {Kind::Refused, 534},
+            {Kind::Interrupted, 535}, {Kind::TimedOut, 536},   {Kind::Certificate, 537}, {Kind::Unencrypted, 538},
+            {Kind::Password, 540},   {Kind::Forbidden, 541},   {Kind::NotFound, 542},   {Kind::NoBook, 543},
+            {Kind::NoRoom, 544},     {Kind::TooBig, 545},      {Kind::Malformed, 545},  {Kind::Server, 546}};
+        for (const auto &[especie, texto] : casos)
+            QTest::addRow("%d", static_cast<int>(especie)) << static_cast<int>(especie) << texto;
+    }
+    void cada_falha_da_procura_tem_as_suas_palavras()
+    {
+        QFETCH(int, especie);
+        QFETCH(int, texto);
+        Mesa m;
+        m.erro_da_procura.kind = static_cast<Kind>(especie);
+        const auto form = m.Abrir();
+        QTest::keyClicks(form->txtEndereco, u"dav.example"_s);
+        form->cmdEncontrar->click();
+        QTRY_COMPARE(form->lblResultado->text(), m.s.Texto(texto));
+        QVERIFY(form->cmdEncontrar->isEnabled() && !form->cmdSincronizar->isEnabled());
+    }
+
+    void outro_servidor_so_com_licenca_data()
+    {
+        QTest::addColumn<int>("resposta");
+        QTest::newRow("yes") << answer::yes;
+        QTest::newRow("no") << answer::no;
+    }
+    void outro_servidor_so_com_licenca()
+    {
+        QFETCH(int, resposta);
+        Mesa m;
+        m.erro_da_procura = {Kind::Elsewhere, 301, u"https://outro.example/"_s};
+        m.s.caixas.Espera(m.s.Texto(539).arg(u"https://outro.example/"_s), 36, u"Sincronizar"_s, resposta);
+        const auto form = m.Abrir();
+        QTest::keyClicks(form->txtEndereco, u"dav.example"_s);
+        form->cmdEncontrar->click();
+        QTRY_VERIFY(m.s.caixas.Todas_Vistas() && form->cmdEncontrar->isEnabled());
+        QCOMPARE(m.procuras.size(), resposta == answer::yes ? 2 : 1);
+        QCOMPARE(form->ComboLivro->ListCount(), resposta == answer::yes ? 2 : 0);
+    }
+
+    void uma_procura_larga_se()
+    {
+        Mesa m;
+        const auto form = m.Abrir();
+        QTest::keyClicks(form->txtEndereco, u"dav.example"_s);
+        form->cmdEncontrar->click();
+        form->cmdCancelar->click();
+        QVERIFY(form->isVisible() && form->cmdEncontrar->isEnabled());
+        QCoreApplication::processEvents();
+        QCOMPARE(form->ComboLivro->ListCount(), 0);
+    }
+
+    void outro_endereco_esquece_os_livros()
+    {
+        Mesa m;
+        const auto form = m.Preencher();
+        QTest::keyClicks(form->txtEndereco, u"x"_s);
+        QCOMPARE(form->ComboLivro->ListCount(), 0);
+        QVERIFY(!form->cmdSincronizar->isEnabled());
+    }
+
+    void os_conflitos_leem_se_na_lista_e_limpam_se()
+    {
+        Mesa m;
+        MemoriaDaSincronizacao(m.s.geral.de, m.s.geral.SessaoActual.IdUtilizador)
+            .Apontar({Ocorrencia::Conflito, 1, u"Ana"_s, u"Telemovel1"_s, u"922"_s, u"933"_s, u"2027-02-01T09:00:00"_s});
+        const auto form = m.Abrir();
+        QCOMPARE(form->lvOcorrencias->topLevelItem(0)->text(1), u"Ana"_s);
+        QCOMPARE(form->lvOcorrencias->topLevelItem(0)->text(2), m.s.Texto(553).arg(u"Telemóvel"_s, u"933"_s, u"922"_s));
+        form->cmdLimpar->click();
+        QCOMPARE(form->lvOcorrencias->topLevelItemCount(), 0);
+        QVERIFY(!form->cmdLimpar->isEnabled());
+    }
+
+    void demasiadas_eliminacoes_perguntam_e_a_resposta_vale_data()
+    {
+        QTest::addColumn<int>("resposta");
+        QTest::addColumn<int>("ficam");
+        QTest::newRow("yes") << answer::yes << 0;
+        QTest::newRow("no") << answer::no << 12;
+    }
+    void demasiadas_eliminacoes_perguntam_e_a_resposta_vale()
+    {
+        QFETCH(int, resposta);
+        QFETCH(int, ficam);
+        Mesa m;
+        for (int i = 0; i < 12; ++i)
+            m.servidor.Por(u"/eva/%1.vcf"_s.arg(i), QByteArray("BEGIN:VCARD\r\nVERSION:3.0\r\nUID:") + QByteArray::number(i) +
+                                                       "\r\nFN:P" + QByteArray::number(i) + "\r\nEND:VCARD\r\n");
+        const auto form = m.Preencher();
+        form->cmdSincronizar->click();
+        m.Esperar();
+        for (int i = 0; i < 12; ++i)
+            m.servidor.Tirar(u"/eva/%1.vcf"_s.arg(i));
+        m.s.caixas.Espera(m.s.Texto(549).arg(12).arg(12), 36, u"Sincronizar"_s, resposta);
+        form->cmdSincronizar->click();
+        QTRY_VERIFY(m.s.caixas.Todas_Vistas() && !m.sincronizador->A_Correr());
+        QCOMPARE(m.s.Linhas(u"SELECT count(*) FROM TblLista"_s), QStringList{QString::number(ficam)});
+        QCOMPARE(static_cast<int>(m.servidor.cartoes.size()), ficam);
+    }
+
+    void cancelar_para_a_corrida_e_so_depois_fecha()
+    {
+        Mesa m;
+        const auto form = m.Preencher();
+        for (int i = 0; i < 50; ++i)
+            m.s.Novo_Contacto({{u"Nome"_s, Value(u"P%1"_s.arg(i))}, {u"Grupo"_s, Value(1)}});
+        form->cmdSincronizar->click();
+        form->cmdCancelar->click();
+        QVERIFY(form->isVisible());
+        QTRY_COMPARE(form->lblResultado->text(), m.s.Texto(527));
+        form->cmdCancelar->click();
+        QVERIFY(!form->isVisible());
+    }
+
+    void o_relogio_comeca_uma_corrida_por_si()
+    {
+        Mesa m;
+        m.Contas_Ligada(false);
+        m.sincronizador->Iniciar();
+        QCoreApplication::processEvents();
+        QVERIFY(m.abertos.isEmpty()); // not at the start
+        Disparar(m.Relogio());
+        m.Esperar();
+        QCOMPARE(m.abertos.size(), 1);
+    }
+
+    void ao_arrancar_corre_se_assim_se_quer()
+    {
+        Mesa m;
+        m.Contas_Ligada(true);
+        m.sincronizador->Iniciar();
+        QTRY_COMPARE(m.abertos.size(), 1);
+        m.Esperar();
+    }
+
+    void o_relogio_espera_pelo_formulario_que_edita()
+    {
+        Mesa m;
+        m.Contas_Ligada(false);
+        m.s.geral.temporizadores.Gerir_Temporizadores(u"stop"_s);
+        Disparar(m.Relogio());
+        QTest::qWait(20);
+        QVERIFY(m.abertos.isEmpty());
+        m.s.geral.temporizadores.Gerir_Temporizadores(u"start"_s);
+        QTRY_COMPARE(m.abertos.size(), 1);
+        m.Esperar();
+    }
+
+    void uma_falha_por_si_di_se_uma_vez_ate_uma_corrida_correr_bem()
+    {
+        Mesa m;
+        m.Contas_Ligada(false);
+        m.servidor.falha = [](const QString &) { return RemoteError{Kind::Password, 401, {}}; };
+        Disparar(m.Relogio());
+        m.Esperar();
+        QVERIFY(m.Cartao() != nullptr);
+        QCOMPARE(m.Cartao()->StatusLabel->text(), m.s.Texto(551) + u'\n' + m.s.Texto(540));
+        m.Cartao()->close();
+        Disparar(m.Relogio());
+        m.Esperar();
+        QVERIFY(m.Cartao() == nullptr);
+        m.servidor.falha = [](const QString &) { return RemoteError(); };
+        Disparar(m.Relogio());
+        m.Esperar();
+        m.servidor.falha = [](const QString &) { return RemoteError{Kind::NoNetwork, 0, {}}; };
+        Disparar(m.Relogio());
+        m.Esperar();
+        QVERIFY(m.Cartao() != nullptr);
+        QSignalSpy abrir(m.sincronizador, &Sincronizador::Abrir_Sincronizar);
+        QTest::mouseClick(m.Cartao(), Qt::LeftButton);
+        QCOMPARE(abrir.size(), 1);
+    }
+
+    void uma_falha_pedida_diz_se_no_formulario_e_nao_no_cartao()
+    {
+        Mesa m;
+        const auto form = m.Preencher();
+        m.servidor.falha = [](const QString &) { return RemoteError{Kind::Refused, 0, {}}; };
+        form->cmdSincronizar->click();
+        m.Esperar();
+        QCOMPARE(form->lblResultado->text(), m.s.Texto(534));
+        QVERIFY(m.Cartao() == nullptr);
+    }
+
+    void a_entrada_do_menu_abre_o()
+    {
+        Mesa m;
+        accoes::Quando_Abrir<frmSincronizar>([](frmSincronizar &form) { form.cmdCancelar->click(); });
+        m.janela.Sincronizar->trigger();
+        QVERIFY(m.janela.isEnabled());
+        QCOMPARE(m.janela.Ferramentas->actions().constLast(), m.janela.Sincronizar);
+    }
+
+    void sem_direito_a_grupos_nao_se_cria_um()
+    {
+        Mesa m;
+        m.s.geral.SessaoActual.Grupos = false;
+        const auto form = m.Preencher();
+        QVERIFY(form->ComboGrupo->findText(u"Telemóvel"_s) < 0);
+        QVERIFY(!form->cmdSincronizar->isEnabled());
+        form->ComboGrupo->setListIndex(0);
+        QVERIFY(form->cmdSincronizar->isEnabled());
+    }
+};
+
+MORVEX_TESTE(TestFrmSincronizar)
+#include "test_frmSincronizar.moc"

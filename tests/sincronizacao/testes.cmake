@@ -1,0 +1,12 @@
+# Tests of sincronizacao.
+foreach(teste IN ITEMS
+    test_DecisaoDaSincronizacao
+    test_JuncaoDeTres
+    test_MesSimulado
+    test_MortesDaSincronizacao
+    test_Sincronizacao)
+    morvex_teste(sincronizacao/${teste} LIGA sincronizacao)
+endforeach()
+morvex_teste(sincronizacao/test_frmSincronizar LIGA session)
+morvex_teste(sincronizacao/test_servidor_de_livros LIGA sincronizacao)
+morvex_servidores(test_servidor_de_livros)
