@@ -1,5 +1,5 @@
 // The data of a server as a file: a snapshot, made while others write.
-#include "store/BaseDeEnsaio.h"
+#include "store/TabelaNoServidor.h"
 #include "store/Intermediario.h"
 #include "store/postgres/PostgresStore.h"
 #include "store/sqlite/SqliteStore.h"
@@ -14,7 +14,7 @@ class TestPostgresCopy : public QObject
 {
     Q_OBJECT
 
-    std::unique_ptr<BaseDeEnsaio> base_;
+    std::unique_ptr<TabelaNoServidor> base_;
     std::unique_ptr<PostgresStore> store_;
     std::unique_ptr<QTemporaryDir> folder_;
 
@@ -30,8 +30,8 @@ class TestPostgresCopy : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        if (const QString missing = BaseDeEnsaio::Falta(); !missing.isEmpty()) QSKIP(qPrintable(missing));
-        base_ = std::make_unique<BaseDeEnsaio>();
+        if (const QString missing = TabelaNoServidor::Falta(); !missing.isEmpty()) QSKIP(qPrintable(missing));
+        base_ = std::make_unique<TabelaNoServidor>();
     }
     void init()
     {

@@ -1,5 +1,5 @@
 // A server that falls silent, is cut off, restarts or dies, and what becomes of a write whose answer was lost.
-#include "store/BaseDeEnsaio.h"
+#include "store/TabelaNoServidor.h"
 #include "store/Intermediario.h"
 #include "store/postgres/PostgresStore.h"
 #include "testlib/Pausas.h"
@@ -12,7 +12,7 @@ class TestPostgresFaults : public QObject
 {
     Q_OBJECT
 
-    std::unique_ptr<BaseDeEnsaio> base_;
+    std::unique_ptr<TabelaNoServidor> base_;
     std::unique_ptr<Intermediario> network_;
     std::unique_ptr<PostgresStore> store_;
     QList<Reach> reached_;
@@ -55,8 +55,8 @@ class TestPostgresFaults : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        if (const QString missing = BaseDeEnsaio::Falta(); !missing.isEmpty()) QSKIP(qPrintable(missing));
-        base_ = std::make_unique<BaseDeEnsaio>();
+        if (const QString missing = TabelaNoServidor::Falta(); !missing.isEmpty()) QSKIP(qPrintable(missing));
+        base_ = std::make_unique<TabelaNoServidor>();
     }
     void init()
     {

@@ -1,7 +1,7 @@
 // Ten desks write at once over a network that is cut again and again, to a server that dies in between. Each keeps a
 // ledger of what it was told: nothing that was acknowledged is lost, nothing is there twice, and nothing is there that
 // was told not to be.
-#include "store/BaseDeEnsaio.h"
+#include "store/TabelaNoServidor.h"
 #include "store/Intermediario.h"
 #include "store/postgres/PostgresStore.h"
 #include "testlib/Servidor.h"
@@ -110,7 +110,7 @@ class TestPostgresLedger : public QObject
     Q_OBJECT
 
     std::unique_ptr<Servidor> server_;
-    std::unique_ptr<BaseDeEnsaio> base_;
+    std::unique_ptr<TabelaNoServidor> base_;
 
     static void Perturbar(Intermediario &network, int turn)
     {
@@ -148,11 +148,11 @@ class TestPostgresLedger : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        if (BaseDeEnsaio::Do_Servidor().isEmpty()) QSKIP("the tests' database server does not run");
+        if (TabelaNoServidor::Do_Servidor().isEmpty()) QSKIP("the tests' database server does not run");
         server_ = std::make_unique<Servidor>("postgres");
         QVERIFY(server_->Correr("start"));
         qputenv("PGPASSFILE", (server_->Pasta() + u"/senhas"_s).toUtf8());
-        base_ = std::make_unique<BaseDeEnsaio>(QUrl(server_->Perguntar("address")));
+        base_ = std::make_unique<TabelaNoServidor>(QUrl(server_->Perguntar("address")));
         base_->Correr(u"ALTER DATABASE %1 SET synchronous_commit = on"_s.arg(base_->Nome()));
     }
     void cleanupTestCase()

@@ -1,5 +1,5 @@
 // What other desks change: read from the server's notices, and heard while the program waits for nothing.
-#include "store/BaseDeEnsaio.h"
+#include "store/TabelaNoServidor.h"
 #include "store/postgres/PostgresNotices.h"
 #include "store/postgres/PostgresStore.h"
 #include "testlib/Teste.h"
@@ -12,7 +12,7 @@ class TestPostgresNotices : public QObject
 {
     Q_OBJECT
 
-    std::unique_ptr<BaseDeEnsaio> base_;
+    std::unique_ptr<TabelaNoServidor> base_;
     std::unique_ptr<PostgresStore> store_, other_;
     QList<StoreChange> changes_;
 
@@ -22,8 +22,8 @@ class TestPostgresNotices : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        if (const QString missing = BaseDeEnsaio::Falta(); !missing.isEmpty()) QSKIP(qPrintable(missing));
-        base_ = std::make_unique<BaseDeEnsaio>();
+        if (const QString missing = TabelaNoServidor::Falta(); !missing.isEmpty()) QSKIP(qPrintable(missing));
+        base_ = std::make_unique<TabelaNoServidor>();
     }
     void init()
     {

@@ -1,8 +1,9 @@
 // The way to a server: what is told of one that can't be reached, isn't trusted, or doesn't let anybody in; and one
 // that goes and comes again.
-#include "store/BaseDeEnsaio.h"
+#include "store/Certificados.h"
 #include "store/Intermediario.h"
 #include "store/postgres/PostgresStore.h"
+#include "store/TabelaNoServidor.h"
 #include "testlib/Servidor.h"
 #include "testlib/Teste.h"
 
@@ -18,7 +19,7 @@ class TestPostgresOpening : public QObject
 
     std::unique_ptr<Servidor> server_; // its own: what is told to it would disturb others
     QUrl address_;
-    std::unique_ptr<BaseDeEnsaio> base_;
+    std::unique_ptr<TabelaNoServidor> base_;
     QTemporaryDir folder_;
 
     static PostgresPatience Curta()
@@ -32,49 +33,18 @@ class TestPostgresOpening : public QObject
         address_ = QUrl(server_->Perguntar("address"));
         qputenv("PGPASSFILE", (server_->Pasta() + u"/senhas"_s).toUtf8());
     }
-    void Dizer(const QString &sql) const { BaseDeEnsaio::Correr_Em(address_, sql); }
+    void Dizer(const QString &sql) const { TabelaNoServidor::Correr_Em(address_, sql); }
     void Regras(const QString &lines) const
     {
-        const QString file = BaseDeEnsaio::Correr_Em(address_, u"SHOW hba_file"_s);
+        const QString file = TabelaNoServidor::Correr_Em(address_, u"SHOW hba_file"_s);
         Dizer(u"COPY (SELECT regexp_split_to_table('%1', '\n')) TO '%2'"_s.arg(lines, file));
         Dizer(u"SELECT pg_reload_conf()"_s);
         QTest::qWait(200); // each new connection has it once the server has read it
     }
-    // A certificate of that name, signed by the test's own authority or by nobody else.
-    void Certificado(const QString &file, const QString &name, const QString &authority = {}) const
-    {
-        QStringList words{u"req"_s, u"-x509"_s,  u"-newkey"_s, u"rsa:2048"_s, u"-nodes"_s, u"-days"_s,
-                          u"2"_s,   u"-subj"_s,  u"/CN="_s + name,
-                          u"-keyout"_s, Ficheiro(file + u".key"_s), u"-out"_s, Ficheiro(file + u".crt"_s)};
-        if (!authority.isEmpty())
-            words << u"-addext"_s << u"subjectAltName=DNS:"_s + name << u"-addext"_s << u"basicConstraints=CA:FALSE"_s
-                  << u"-CA"_s << Ficheiro(authority + u".crt"_s) << u"-CAkey"_s << Ficheiro(authority + u".key"_s);
-        QProcess process;
-        process.start(u"openssl"_s, words);
-        QVERIFY(process.waitForFinished());
-        QVERIFY2(process.exitCode() == 0, process.readAllStandardError());
-    }
-    // What the server reads must belong to its own user.
     void Cifrar(const QString &certificate) const
     {
-        const QString data = BaseDeEnsaio::Correr_Em(address_, u"SHOW data_directory"_s);
-        for (const QString &end : {u".crt"_s, u".key"_s}) {
-            QFile file(Ficheiro(certificate + end));
-            QVERIFY(file.open(QIODevice::ReadOnly));
-            const QString target = data + u"/ensaio"_s + end;
-            QFile::remove(target);
-            QFile copy(target);
-            QVERIFY(copy.open(QIODevice::WriteOnly));
-            copy.write(file.readAll());
-            copy.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
-            const QFileInfo owner(data + u"/PG_VERSION"_s);
-            QCOMPARE(::chown(target.toUtf8().constData(), owner.ownerId(), owner.groupId()), 0);
-        }
-        Dizer(u"ALTER SYSTEM SET ssl_cert_file = 'ensaio.crt'"_s);
-        Dizer(u"ALTER SYSTEM SET ssl_key_file = 'ensaio.key'"_s);
-        Dizer(u"ALTER SYSTEM SET ssl = on"_s);
-        Dizer(u"SELECT pg_reload_conf()"_s);
-        QTest::qWait(300);
+        const QString fault = certificados::Dar_Ao_Servidor(address_, Ficheiro(certificate));
+        QVERIFY2(fault.isEmpty(), qPrintable(fault));
     }
     QString Com(const QString &options, const QString &host = u"127.0.0.1"_s, const QString &base = {}) const
     {
@@ -96,13 +66,13 @@ class TestPostgresOpening : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        if (BaseDeEnsaio::Do_Servidor().isEmpty()) QSKIP("the tests' database server does not run");
+        if (TabelaNoServidor::Do_Servidor().isEmpty()) QSKIP("the tests' database server does not run");
         server_ = std::make_unique<Servidor>("postgres");
         Arrancar();
-        base_ = std::make_unique<BaseDeEnsaio>(address_);
-        Certificado(u"authority"_s, u"authority"_s);
-        Certificado(u"stranger"_s, u"stranger"_s);
-        Certificado(u"server"_s, u"localhost"_s, u"authority"_s);
+        base_ = std::make_unique<TabelaNoServidor>(address_);
+        QCOMPARE(certificados::Fazer(Ficheiro(u"authority"_s), u"authority"_s), QString());
+        QCOMPARE(certificados::Fazer(Ficheiro(u"stranger"_s), u"stranger"_s), QString());
+        QCOMPARE(certificados::Fazer(Ficheiro(u"server"_s), u"localhost"_s, Ficheiro(u"authority"_s)), QString());
     }
     void cleanupTestCase()
     {

@@ -1,7 +1,7 @@
 // The data on a server: what is read and written there is what a file would read and write.
 #include "store/Connection.h"
 #include "store/postgres/PostgresStore.h"
-#include "store/BaseDeEnsaio.h"
+#include "store/TabelaNoServidor.h"
 #include "testlib/Teste.h"
 
 using namespace Qt::StringLiterals;
@@ -10,7 +10,7 @@ class TestPostgresStore : public QObject
 {
     Q_OBJECT
 
-    std::unique_ptr<BaseDeEnsaio> base_;
+    std::unique_ptr<TabelaNoServidor> base_;
     std::unique_ptr<PostgresStore> store_;
 
     static inline const QString inserir_ = u"INSERT INTO T (Nome, Idade) VALUES (?, ?)"_s;
@@ -36,8 +36,8 @@ class TestPostgresStore : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        if (const QString missing = BaseDeEnsaio::Falta(); !missing.isEmpty()) QSKIP(qPrintable(missing));
-        base_ = std::make_unique<BaseDeEnsaio>();
+        if (const QString missing = TabelaNoServidor::Falta(); !missing.isEmpty()) QSKIP(qPrintable(missing));
+        base_ = std::make_unique<TabelaNoServidor>();
     }
     void init()
     {

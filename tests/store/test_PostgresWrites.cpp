@@ -1,5 +1,5 @@
 // Writing to a server: alone, gathered in portions, and all or nothing.
-#include "store/BaseDeEnsaio.h"
+#include "store/TabelaNoServidor.h"
 #include "store/Intermediario.h"
 #include "store/postgres/PostgresStore.h"
 #include "testlib/Teste.h"
@@ -11,7 +11,7 @@ class TestPostgresWrites : public QObject
 {
     Q_OBJECT
 
-    std::unique_ptr<BaseDeEnsaio> base_;
+    std::unique_ptr<TabelaNoServidor> base_;
     std::unique_ptr<PostgresStore> store_;
 
     static inline const QString insert_ = u"INSERT INTO T (Nome, Idade) VALUES (?, ?)"_s;
@@ -36,8 +36,8 @@ class TestPostgresWrites : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        if (const QString missing = BaseDeEnsaio::Falta(); !missing.isEmpty()) QSKIP(qPrintable(missing));
-        base_ = std::make_unique<BaseDeEnsaio>();
+        if (const QString missing = TabelaNoServidor::Falta(); !missing.isEmpty()) QSKIP(qPrintable(missing));
+        base_ = std::make_unique<TabelaNoServidor>();
     }
     void init()
     {

@@ -8,7 +8,7 @@
 #include <QUrl>
 #include <unistd.h>
 
-class BaseDeEnsaio
+class TabelaNoServidor
 {
 public:
     // Why it can't be had on this machine; empty where it can.
@@ -19,7 +19,7 @@ public:
     // That of the server's own database.
     static QUrl Do_Servidor() { return QUrl(Lida()); }
 
-    explicit BaseDeEnsaio(QUrl servidor = Do_Servidor())
+    explicit TabelaNoServidor(QUrl servidor = Do_Servidor())
         : servidor_(std::move(servidor)),
           nome_(QStringLiteral("m_%1_%2").arg(::getpid()).arg(++quantas_))
     {
@@ -27,12 +27,12 @@ public:
         Correr(QString::fromUtf8(esquema_));
     }
     // The server may have gone before.
-    ~BaseDeEnsaio()
+    ~TabelaNoServidor()
     {
         skipFailure([this] { Correr_Em(servidor_, QStringLiteral("DROP DATABASE %1 WITH (FORCE)").arg(nome_)); });
     }
-    BaseDeEnsaio(const BaseDeEnsaio &) = delete;
-    BaseDeEnsaio &operator=(const BaseDeEnsaio &) = delete;
+    TabelaNoServidor(const TabelaNoServidor &) = delete;
+    TabelaNoServidor &operator=(const TabelaNoServidor &) = delete;
 
     QString Nome() const { return nome_; }
     quint16 Porta() const { return static_cast<quint16>(servidor_.port()); }

@@ -1,0 +1,177 @@
+// Measures what a desk waits for over a slow network: the round trips of each action and its time, with encryption
+// and a password. Starts a server of its own. Usage: bench_servidor [MILLISECONDS [CONTACTS]]   (a round trip of 20 ms
+// and 1000 contacts unless told otherwise)
+#include "controls/ListBox.h"
+#include "servidor/MudancaParaServidor.h"
+#include "session/frmOpcoes.h"
+#include "session/Main.h"
+#include "store/Certificados.h"
+#include "store/Intermediario.h"
+#include "store/postgres/ServerSession.h"
+#include "testlib/Disparar.h"
+#include "testlib/Servidor.h"
+#include "testlib/Sistema.h"
+#include "testlib/Teste.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr int repeticoes = 9;
+
+struct Medida {
+    double ms = 0;
+    int viagens = 0;
+};
+
+// The middle one of a few times, and the trips of the last.
+class Medidor
+{
+public:
+    explicit Medidor(Intermediario &rede) : rede_(rede) {}
+
+    template<class Trabalho> Medida Uma(const Trabalho &trabalho)
+    {
+        const int antes = rede_.viagens;
+        QElapsedTimer relogio;
+        relogio.start();
+        trabalho();
+        return {static_cast<double>(relogio.nsecsElapsed()) / 1e6, rede_.viagens - antes};
+    }
+    template<class Trabalho> Medida Mediana(const Trabalho &trabalho)
+    {
+        std::vector<Medida> medidas;
+        for (int i = 0; i < repeticoes; ++i)
+            medidas.push_back(Uma(trabalho));
+        const int viagens = medidas.back().viagens;
+        std::sort(medidas.begin(), medidas.end(), [](const Medida &a, const Medida &b) { return a.ms < b.ms; });
+        return {medidas[medidas.size() / 2].ms, viagens};
+    }
+
+private:
+    Intermediario &rede_;
+};
+
+void Linha(const char *nome, const Medida &medida, double limite)
+{
+    std::printf("%-16s %4d trips %8.1f ms   limit %4.0f%s\n", nome, medida.viagens, medida.ms, limite,
+                medida.ms > limite ? "   ABOVE IT" : "");
+    std::fflush(stdout);
+}
+
+void Encher(Sistema &s, int quantos)
+{
+    s.Escrever(u"BEGIN"_s);
+    for (int i = 0; i < quantos; ++i)
+        s.Novo_Contacto({{u"Nome"_s, u"Álvaro Brandão %1"_s.arg(i)},
+                         {u"Grupo"_s, i % 6 + 1},
+                         {u"Dia"_s, u"7"_s},
+                         {u"Mes"_s, u"05"_s},
+                         {u"Email1"_s, u"a%1@b.example"_s.arg(i)},
+                         {u"Obs"_s, QString(300, u'n')}});
+    s.Escrever(u"COMMIT"_s);
+}
+
+// A server as an office has it: its certificate signed by the office, the password in a file.
+struct Escritorio {
+    Servidor servidor{"postgres"};
+    QTemporaryDir pasta;
+    QUrl morada;
+
+    QString Abrir(const QString &ficheiro)
+    {
+        if (!servidor.Correr("start")) return u"the server does not start"_s;
+        qputenv("PGPASSFILE", (servidor.Pasta() + u"/senhas"_s).toUtf8());
+        morada = QUrl(servidor.Perguntar("address"));
+        const QString oficio = pasta.filePath(u"office"_s);
+        const QString dele = pasta.filePath(u"server"_s);
+        if (const QString falha = certificados::Fazer(oficio, oficio.section(u'/', -1)); !falha.isEmpty()) return falha;
+        if (const QString falha = certificados::Fazer(dele, u"localhost"_s, oficio); !falha.isEmpty()) return falha;
+        if (const QString falha = certificados::Dar_Ao_Servidor(morada, dele); !falha.isEmpty()) return falha;
+        TabelaNoServidor::Correr_Em(morada, u"CREATE DATABASE escritorio OWNER morvex_dono TEMPLATE template0"_s);
+        ServerSession dona(De(u"morvex_dono"_s, static_cast<quint16>(morada.port())));
+        dona.together([&] { mudanca::Mudar(ficheiro, dona, u"morvex"_s); });
+        dona.run(u"VACUUM ANALYZE"_s);
+        return {};
+    }
+    QString De(const QString &quem, quint16 porta) const
+    {
+        return u"postgresql://%1@localhost:%2/escritorio?sslmode=verify-full&sslrootcert=%3"_s.arg(quem).arg(porta).arg(
+            pasta.filePath(u"office.crt"_s));
+    }
+};
+
+// From the click to the open form, which is closed again.
+Medida Editor(Medidor &medidor, Main &janela)
+{
+    return medidor.Mediana([&] {
+        QTimer::singleShot(0, &janela, [] {
+            if (QWidget *form = QApplication::activeModalWidget()) form->close();
+        });
+        janela.cmdEditar->click();
+    });
+}
+
+void Medir(Sistema &s, Medidor &medidor)
+{
+    std::unique_ptr<Main> janela;
+    Linha("start", medidor.Uma([&] {
+        janela = std::make_unique<Main>(s.geral, s.plataforma);
+        janela->Carregar();
+        janela->show();
+        janela->repaint();
+    }),
+          500);
+    if (janela->ListaNomes->ListCount() == 0) return static_cast<void>(std::puts("the list is empty: nothing measured"));
+    int linha = 0;
+    Linha("card", medidor.Mediana([&] {
+        linha = (linha + 97) % static_cast<int>(janela->ListaNomes->ListCount());
+        janela->ListaNomes->setListIndex(linha);
+        janela->repaint();
+    }),
+          50);
+    Linha("list", medidor.Mediana([&] { janela->ComboGrupos->setListIndex(0); }), 60);
+    janela->ListaNomes->setListIndex(5);
+    Linha("editor", Editor(medidor, *janela), 100);
+    Linha("options", medidor.Mediana([&] { frmOpcoes form(s.geral, s.plataforma, *janela); }), 60);
+    Linha("alarm's tick", medidor.Mediana([&] { Disparar(s.geral.temporizadores.timerTarefas); }), 25);
+}
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (!qEnvironmentVariableIsSet("DISPLAY")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    teste::CaixasDaAplicacao caixas;
+    const Application application(argc, argv, caixas);
+    const int ida_e_volta = argc > 1 ? QByteArray(argv[1]).toInt() : 20;
+    const int contactos = argc > 2 ? QByteArray(argv[2]).toInt() : 1000;
+
+    Sistema s;
+    Encher(s, contactos);
+    Escritorio escritorio;
+    if (const QString falha = escritorio.Abrir(s.Base()); !falha.isEmpty()) {
+        std::printf("%s\n", qPrintable(falha));
+        return 1;
+    }
+    Intermediario rede(static_cast<quint16>(escritorio.morada.port()));
+    constexpr int meio = 500; // of a millisecond, in microseconds
+    rede.atraso = ida_e_volta * meio;
+    const QString morada = escritorio.De(u"morvex"_s, rede.Porta());
+    Medidor medidor(rede);
+    std::printf("%d contacts, a round trip of %d ms, TLS and a password\n", contactos, ida_e_volta);
+    Linha("connecting", medidor.Mediana([&] {
+        Connection ligacao;
+        ligacao.setDataSource(morada);
+        ligacao.Open();
+    }),
+          250);
+    s.geral.de.Fechar_Ligacao();
+    s.geral.ini.Escrever_Ini(u"basedados"_s, u"caminhobd"_s, morada);
+    s.geral.de.Base().Trocar(morada);
+    Medir(s, medidor);
+    return 0;
+}
