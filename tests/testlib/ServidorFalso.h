@@ -4,6 +4,7 @@
 
 #include "data/Esquema.h"
 #include "data/Geral.h"
+#include "data/PassosDoEsquema.h"
 #include "platform/Failure.h"
 #include "store/sqlite/SqliteStore.h"
 
