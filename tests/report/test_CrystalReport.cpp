@@ -300,6 +300,32 @@ private Q_SLOTS:
         QVERIFY(caixas_->Todas_Vistas());
     }
 
+    // Nobody waits for it: the preview is there before its last page is found.
+    void de_muitos_registos_diz_se_o_que_nao_cabe_quando_todas_as_paginas_estao_achadas()
+    {
+        const QString base = Caminho(u"muitos.mdb"_s);
+        createDatabase(
+            base, {u"CREATE TABLE T (ID INTEGER PRIMARY KEY, Nome TEXT) STRICT"_s,
+                   u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 501) "
+                   "INSERT INTO T SELECT i, 'Nome ' || i FROM n"_s,
+                   u"UPDATE T SET Nome = 'a' || char(10) || 'b' || char(10) || 'perdida' WHERE ID = 501"_s});
+        QFile file(Caminho(u"curto.rpt"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("<report title='Lista' table='T'><detail newpage='yes'><row height='800'>"
+                   "<text width='5000' height='480'>{T.Nome}</text></row></detail></report>");
+        file.close();
+        controlo_->setReportFileName(file.fileName());
+        controlo_->setDataFiles(0, base);
+        controlo_->setSortFields(0, u"+{T.ID}"_s);
+        caixas_->Espera(u"Estas linhas não cabem na folha, nem em letra mais pequena, e ficam por imprimir:"
+                        "\r\n\r\nperdida"_s,
+                        box::exclamation, u"Imprimir"_s);
+        const ReportPreview &janela = Pre_Visualizar();
+        QVERIFY(!caixas_->Todas_Vistas());
+        QTRY_VERIFY(janela.pages()->complete());
+        QTRY_VERIFY(caixas_->Todas_Vistas());
+    }
+
     void um_relatorio_que_falta_e_uma_falha()
     {
         controlo_->setReportFileName(Caminho(u".rpt"_s));

@@ -670,6 +670,31 @@ private Q_SLOTS:
                  (std::vector<std::vector<QString>>{{u"Nome 1"_s}, {u"Nome 2"_s}, {u"Nome 3"_s}}));
     }
 
+    // Every hundredth page that is found, and each one that is written.
+    void a_escrita_de_um_PDF_diz_em_que_pagina_vai()
+    {
+        Juntar_Muitos(2150);
+        const auto pages = Relatorio(uma_linha);
+        QStringList procura;
+        QStringList escrita;
+        const auto ver = [&](int page, int found) {
+            QStringList &onde = pages->complete() ? escrita : procura;
+            onde << u"%1/%2"_s.arg(page).arg(found);
+            return true;
+        };
+        QCOMPARE(writePdf(*pages, u"x"_s, folder_.filePath(u"r.pdf"_s), ver), PrintResult::Done);
+        QCOMPARE(procura, (QStringList{u"0/100"_s, u"0/200"_s}));
+        QCOMPARE(escrita.size(), 215);
+        QCOMPARE(escrita.first(), u"0/215"_s);
+        QCOMPARE(escrita.last(), u"214/215"_s);
+        const auto parar = Relatorio(uma_linha);
+        QCOMPARE(writePdf(*parar, u"x"_s, folder_.filePath(u"parado.pdf"_s),
+                          [](int, int found) { return found < 200; }),
+                 PrintResult::Cancelled);
+        QCOMPARE(parar->found(), 200);
+        QVERIFY(!QFile::exists(folder_.filePath(u"parado.pdf"_s)));
+    }
+
     void com_registos_nao_se_diz_que_nao_ha()
     {
         Juntar(u"Ana"_s, {});
