@@ -625,8 +625,7 @@ private Q_SLOTS:
         const int rui = a.Contacto(u"Rui"_s, ComGrupos::Amigos);
         const int rita = a.Contacto(u"Rita"_s, ComGrupos::Amigos);
         a.desfazer.Juntar_Contactos(QString::number(rui), QString::number(rita), [&] {
-            a.s.Escrever(u"DELETE FROM TblLista WHERE ID=%1"_s.arg(rita));
-            a.s.Escrever(u"UPDATE TblLista SET Fax='1' WHERE ID=%1"_s.arg(rui));
+            a.s.geral.de.Executar("cmdEliminarNome", {QString::number(rita)});
         });
         a.s.Escrever(u"UPDATE TblLista SET Fax='2' WHERE ID=%1"_s.arg(rui));
         a.s.caixas.Espera(ficou_junto, box::information, u"Morvex 1.0"_s);

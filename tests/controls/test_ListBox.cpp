@@ -90,6 +90,15 @@ private Q_SLOTS:
         VERIFICAR_FALHA(list.List(1), Failure::InvalidPropertyValue);
         VERIFICAR_FALHA(list.ItemData(-1), Failure::InvalidPropertyValue);
         VERIFICAR_FALHA(list.setItemData(1, 7), Failure::InvalidPropertyValue);
+        for (const int index : {-1, 1}) {
+            VERIFICAR_FALHA(list.List(index), Failure::InvalidPropertyValue);
+            VERIFICAR_FALHA(list.ListUtf8(index), Failure::InvalidPropertyValue);
+            VERIFICAR_FALHA(list.ItemData(index), Failure::InvalidPropertyValue);
+            VERIFICAR_FALHA(list.setItemData(index, 7), Failure::InvalidPropertyValue);
+            VERIFICAR_FALHA(list.RemoveItem(index), Failure::InvalidPropertyValue);
+        }
+        QCOMPARE(list.ListCount(), 1);
+        QCOMPARE(QString::fromUtf8(list.ListUtf8(0).data(), 1), u"a"_s);
     }
 
     void a_linha_escolhida_segue_o_seu_texto()

@@ -15,6 +15,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
+#include <QProgressDialog>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QStandardPaths>
@@ -38,14 +40,30 @@ public:
     {
         historia << u"print %1 %2"_s.arg(title).arg(pages.data().size());
         const bool segue = watch(0, pages.found());
-        for (QWidget *widget : QApplication::allWidgets())
+        for (QWidget *widget : QApplication::allWidgets()) {
             if (auto *barra = qobject_cast<QProgressBar *>(widget))
                 andamento = QAccessible::queryAccessibleInterface(barra)->text(QAccessible::Name);
+            if (auto *dialogo = qobject_cast<QProgressDialog *>(widget)) dito = Dito(*dialogo);
+        }
         return segue ? resultado : PrintResult::Cancelled;
+    }
+
+    // Title, text and button; when it comes, how wide it is, whom it holds up; where it stands and ends.
+    static QStringList Dito(const QProgressDialog &dialogo)
+    {
+        return {dialogo.windowTitle(),
+                dialogo.labelText(),
+                dialogo.findChild<QPushButton *>()->text(),
+                QString::number(dialogo.minimumDuration()),
+                QString::number(dialogo.minimumWidth()),
+                QString::number(dialogo.windowModality()),
+                QString::number(dialogo.value()),
+                QString::number(dialogo.maximum())};
     }
 
     QStringList historia;
     QString andamento; // the name of the bar that stands meanwhile
+    QStringList dito;  // what its dialog shows
     PrintResult escolha = PrintResult::Done;
     PrintResult resultado = PrintResult::Done;
 };
@@ -136,6 +154,15 @@ private Q_SLOTS:
         idioma_ = u"AlemaoDE"_s;
         Correr(ReportControl::Printer);
         QCOMPARE(impressora_->andamento, reportWord(ReportWord::Print, idioma_));
+    }
+    void o_dialogo_da_impressao_conta_as_paginas_e_pode_parar_se()
+    {
+        Correr(ReportControl::Printer);
+        QCOMPARE(impressora_->dito,
+                 (QStringList{u"Imprimir"_s, u"A escrever a página 1 de 1"_s, u"Cancelar"_s, u"600"_s,
+                              u"360"_s, QString::number(Qt::ApplicationModal), u"0"_s, u"1"_s}));
+        Accionar(Pre_Visualizar(), "print");
+        QCOMPARE(impressora_->dito.value(5), QString::number(Qt::WindowModal));
     }
     void a_seleccao_vale_ate_a_proxima()
     {
@@ -271,6 +298,32 @@ private Q_SLOTS:
                         box::exclamation, u"Imprimir"_s);
         Correr(ReportControl::Printer);
         QVERIFY(caixas_->Todas_Vistas());
+    }
+
+    // Nobody waits for it: the preview is there before its last page is found.
+    void de_muitos_registos_diz_se_o_que_nao_cabe_quando_todas_as_paginas_estao_achadas()
+    {
+        const QString base = Caminho(u"muitos.mdb"_s);
+        createDatabase(
+            base, {u"CREATE TABLE T (ID INTEGER PRIMARY KEY, Nome TEXT) STRICT"_s,
+                   u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 501) "
+                   "INSERT INTO T SELECT i, 'Nome ' || i FROM n"_s,
+                   u"UPDATE T SET Nome = 'a' || char(10) || 'b' || char(10) || 'perdida' WHERE ID = 501"_s});
+        QFile file(Caminho(u"curto.rpt"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("<report title='Lista' table='T'><detail newpage='yes'><row height='800'>"
+                   "<text width='5000' height='480'>{T.Nome}</text></row></detail></report>");
+        file.close();
+        controlo_->setReportFileName(file.fileName());
+        controlo_->setDataFiles(0, base);
+        controlo_->setSortFields(0, u"+{T.ID}"_s);
+        caixas_->Espera(u"Estas linhas não cabem na folha, nem em letra mais pequena, e ficam por imprimir:"
+                        "\r\n\r\nperdida"_s,
+                        box::exclamation, u"Imprimir"_s);
+        const ReportPreview &janela = Pre_Visualizar();
+        QVERIFY(!caixas_->Todas_Vistas());
+        QTRY_VERIFY(janela.pages()->complete());
+        QTRY_VERIFY(caixas_->Todas_Vistas());
     }
 
     void um_relatorio_que_falta_e_uma_falha()
@@ -524,7 +577,8 @@ private Q_SLOTS:
     {
         dialogos_.textos = {Caminho(u"saida.pdf"_s)};
         Accionar(Pre_Visualizar(), "pdf");
-        QVERIFY(dialogos_.perguntas.value(0).contains(u"Lista.pdf"_s));
+        QVERIFY(dialogos_.perguntas.value(0).contains(u"/Lista.pdf"_s));
+        QVERIFY(dialogos_.perguntas.value(0).contains(u"PDF|*.pdf"_s));
         QFile pdf(Caminho(u"saida.pdf"_s));
         QVERIFY(pdf.open(QIODevice::ReadOnly));
         QVERIFY(pdf.readAll().startsWith("%PDF"));
@@ -610,6 +664,44 @@ private Q_SLOTS:
         QFile saida(Caminho(u"saida.txt"_s));
         QVERIFY(saida.open(QIODevice::ReadOnly));
         QVERIFY(saida.readAll().contains("Nome 7"));
+    }
+    void cada_formato_tem_o_seu_filtro_e_o_seu_nome_data()
+    {
+        QTest::addColumn<int>("formato");
+        QTest::addColumn<QString>("filtro");
+        QTest::addColumn<QString>("nome");
+        QTest::newRow("text") << int(ReportControl::Text) << u"TXT|*.txt"_s << u"Lista.txt"_s;
+        QTest::newRow("document") << int(ReportControl::Document) << u"Word|*.doc"_s << u"Lista.doc"_s;
+        QTest::newRow("spreadsheet") << int(ReportControl::Spreadsheet) << u"Excel|*.xls"_s << u"Lista.xls"_s;
+    }
+    void cada_formato_tem_o_seu_filtro_e_o_seu_nome()
+    {
+        QFETCH(int, formato);
+        QFETCH(QString, filtro);
+        QFETCH(QString, nome);
+        controlo_->setPrintFileType(formato);
+        dialogos_.textos = {std::nullopt};
+        Correr(ReportControl::File);
+        const QString pergunta = dialogos_.perguntas.value(0);
+        QVERIFY2(pergunta.contains(filtro) && pergunta.contains(u'/' + nome), qPrintable(pergunta));
+    }
+    void o_que_esta_mal_pedido_diz_o_que_e()
+    {
+        const auto dito = [&](const std::function<void()> &accao) {
+            try {
+                accao();
+            } catch (const Failure &failure) {
+                return failure.source() + u": "_s + failure.description();
+            }
+            return QString();
+        };
+        QCOMPARE(dito([&] { Correr(9); }), u"CrystalReport: There is no destination 9"_s);
+        for (const QString &mau : {u"p"_s, u"p;x"_s, u";x;TRUE"_s}) {
+            controlo_->setParameterFields(0, mau);
+            QCOMPARE(dito([&] { Correr(ReportControl::Screen); }), u"CrystalReport: No parameter: "_s + mau);
+        }
+        controlo_->setParameterFields(0, u"p;;TRUE"_s);
+        QCOMPARE(Pre_Visualizar().pages()->rows().heads.first(), u"Nome"_s); // an empty one is no head
     }
     void desistir_da_exportacao_nao_escreve_nada()
     {

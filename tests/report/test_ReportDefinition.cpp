@@ -47,7 +47,7 @@ private Q_SLOTS:
         QTest::addColumn<QSizeF>("papel");
         QTest::newRow("A4") << QSizeF(11900, 16840);
         QTest::newRow("A5") << QSizeF(8400, 11900);
-        QTest::newRow("A6") << QSizeF(5960, 8380);
+        QTest::newRow("A6") << QSizeF(5940, 8400);
         QTest::newRow("Letter") << QSizeF(12240, 15840);
         QTest::newRow("Legal") << QSizeF(12240, 20160);
         QTest::newRow("DL") << QSizeF(6240, 12480);

@@ -597,6 +597,104 @@ private Q_SLOTS:
         QVERIFY(area.left() >= 850 && area.top() >= 850);
     }
 
+    // In twips: 850 from the edges, or at the margin where that is further in.
+    void o_aviso_tem_o_seu_lugar_e_a_sua_cor_data()
+    {
+        QTest::addColumn<QString>("papel");
+        QTest::addColumn<QPointF>("canto");
+        QTest::newRow("without margins") << u"<paper/>"_s << QPointF(850, 1000);
+        QTest::newRow("with wide ones") << u"<paper left='1000' top='1500'/>"_s << QPointF(1000, 1650);
+        QTest::newRow("with narrow ones") << u"<paper left='700' top='800'/>"_s << QPointF(850, 1000);
+    }
+    void o_aviso_tem_o_seu_lugar_e_a_sua_cor()
+    {
+        QFETCH(QString, papel);
+        const QString path = folder_.filePath(u"aviso.rpt"_s);
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write((u"<report table='T'>"_s + papel + uma_linha + u"</report>"_s).toUtf8());
+        file.close();
+        const ReportDefinition definition = readReportDefinition(path);
+        ReportPages pages(definition, ReportData(definition, Base(), {}, {}), {}, QDate(2027, 2, 1),
+                          u"Nada a imprimir."_s);
+        const auto texts = pages.page(0).texts();
+        QCOMPARE(texts.size(), 1U);
+        QTEST(texts.front().area.topLeft(), "canto");
+        QCOMPARE(texts.front().colour, 0x606060U);
+    }
+
+    // Of 9,000 twips as many lines as have room below what stands above them in their row.
+    void um_texto_que_cresce_comeca_abaixo_do_que_esta_por_cima_dele()
+    {
+        Juntar(u"Ana"_s, Linhas(200));
+        const auto linhas_com = [&](int topo) {
+            const auto pages = Relatorio(
+                u"<detail><row height='%1'><text top='%2' width='9800' height='300' grow='yes'>{T.Obs}</text>"
+                "</row></detail>"_s.arg(topo + 300)
+                    .arg(topo));
+            return pages->page(0).texts();
+        };
+        const auto de_cima = linhas_com(0);
+        const double passo = de_cima.at(1).baseline - de_cima.at(0).baseline;
+        const auto corpo = Relatorio(uma_linha)->definition().bodyHeight();
+        for (const int topo : {0, 1000, 3333}) {
+            const auto textos = linhas_com(topo);
+            QCOMPARE(static_cast<int>(textos.size()), static_cast<int>((corpo - topo) / passo));
+            QCOMPARE(textos.front().area.top(), 3500.0 + topo);
+        }
+    }
+
+    // Half a point at a time, twenty twips to the point, down to the least.
+    void uma_letra_encolhe_de_meio_em_meio_ponto()
+    {
+        QSet<int> vistas;
+        for (int linhas = 1; linhas <= 9; ++linhas) {
+            database_->execute(u"DELETE FROM T"_s, {});
+            Juntar(u"Ana"_s, Linhas(linhas));
+            vistas << Relatorio(encolhe_)->page(0).texts().at(0).font.pixelSize();
+        }
+        for (const int letra : vistas)
+            QVERIFY2(letra % 10 == 0 && letra >= 100 && letra <= 200, qPrintable(QString::number(letra)));
+        QVERIFY2(vistas.contains(200) && vistas.contains(100) && vistas.size() > 3,
+                 qPrintable(QDebug::toString(vistas)));
+    }
+
+    void as_linhas_da_exportacao_sao_os_registos_na_sua_ordem()
+    {
+        Juntar_Muitos(3);
+        const ReportRows rows = Relatorio(uma_linha)->rows();
+        QCOMPARE(rows.title, u"Titulo"_s);
+        QCOMPARE(rows.heads, QStringList{u"Nome"_s});
+        QCOMPARE(rows.fields, QStringList{u"T.Nome"_s});
+        QCOMPARE(rows.records,
+                 (std::vector<std::vector<QString>>{{u"Nome 1"_s}, {u"Nome 2"_s}, {u"Nome 3"_s}}));
+    }
+
+    // Every hundredth page that is found, and each one that is written.
+    void a_escrita_de_um_PDF_diz_em_que_pagina_vai()
+    {
+        Juntar_Muitos(2150);
+        const auto pages = Relatorio(uma_linha);
+        QStringList procura;
+        QStringList escrita;
+        const auto ver = [&](int page, int found) {
+            QStringList &onde = pages->complete() ? escrita : procura;
+            onde << u"%1/%2"_s.arg(page).arg(found);
+            return true;
+        };
+        QCOMPARE(writePdf(*pages, u"x"_s, folder_.filePath(u"r.pdf"_s), ver), PrintResult::Done);
+        QCOMPARE(procura, (QStringList{u"0/100"_s, u"0/200"_s}));
+        QCOMPARE(escrita.size(), 215);
+        QCOMPARE(escrita.first(), u"0/215"_s);
+        QCOMPARE(escrita.last(), u"214/215"_s);
+        const auto parar = Relatorio(uma_linha);
+        QCOMPARE(writePdf(*parar, u"x"_s, folder_.filePath(u"parado.pdf"_s),
+                          [](int, int found) { return found < 200; }),
+                 PrintResult::Cancelled);
+        QCOMPARE(parar->found(), 200);
+        QVERIFY(!QFile::exists(folder_.filePath(u"parado.pdf"_s)));
+    }
+
     void com_registos_nao_se_diz_que_nao_ha()
     {
         Juntar(u"Ana"_s, {});

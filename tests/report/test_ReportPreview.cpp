@@ -342,6 +342,33 @@ private Q_SLOTS:
         QCOMPARE(vista.verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOn);
     }
 
+    void enquanto_se_acham_paginas_a_barra_de_deslocar_cresce()
+    {
+        const auto janela = Janela(Paginas(300));
+        QTRY_VERIFY(janela->pages()->complete());
+        QCoreApplication::processEvents();
+        const ReportView &vista = Vista(*janela);
+        const int folha =
+            (janela->pages()->paper() * (vista.zoom() * vista.logicalDpiX() / 1440.0)).toSize().height();
+        QCOMPARE(vista.verticalScrollBar()->maximum(),
+                 300 * (folha + a_volta) + a_volta - vista.viewport()->height());
+    }
+
+    void numa_folha_mais_larga_do_que_a_janela_anda_se_para_o_lado()
+    {
+        const auto janela = Janela(Todas(3));
+        ReportView &vista = Vista(*janela);
+        vista.zoomBy(3 / vista.zoom());
+        const int passo =
+            (janela->pages()->paper() * (3 * vista.logicalDpiX() / 1440.0)).toSize().height() + a_volta;
+        vista.horizontalScrollBar()->setValue(10);
+        const QImage visto = vista.viewport()->grab().toImage();
+        QCOMPARE(Cor(visto, a_volta - 10, 200), qRgb(255, 255, 255));
+        QCOMPARE(Cor(visto, a_volta - 11, 200), vista.palette().color(QPalette::Mid).rgb());
+        QTest::keyClick(&vista, Qt::Key_End); // to the top of the last page
+        QCOMPARE(vista.verticalScrollBar()->value(), 2 * passo);
+    }
+
     void as_teclas_andam_nas_folhas()
     {
         const auto janela = Janela(Todas(5));

@@ -70,6 +70,8 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("what");
         QTest::newRow("{T.Grupo}=6)") << u"12: the end or \"and\" or \"or\" was expected"_s;
+        QTest::newRow("{T.Grupo}=6 andx {T.Grupo}=7") << u"13: the end or \"and\" or \"or\" was expected"_s;
+        QTest::newRow("notx {T.Grupo}=7") << u"1: a field in braces was expected"_s;
         QTest::newRow("({T.Grupo}=6") << u"13: \")\" was expected"_s;
         QTest::newRow("T.Grupo=6") << u"1: a field in braces was expected"_s;
         QTest::newRow("{T.Grupo=6") << u"1: the brace is not closed"_s;
