@@ -2,6 +2,8 @@
 foreach(teste IN ITEMS
     test_Comandos
     test_DE
+    test_EncontroDeLinhas
+    test_LinhaEditada
     test_Esquema
     test_Fotografias
     test_PassosDoEsquema
