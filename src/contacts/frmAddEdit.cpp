@@ -8,6 +8,7 @@
 #include "controls/Scale.h"
 #include "controls/Units.h"
 #include "controls/WholeCharacters.h"
+#include "data/Direitos.h"
 #include "data/Geral.h"
 #include "data/Idiomas.h"
 #include "data/Rascunho.h"
@@ -69,7 +70,8 @@ frmAddEdit::frmAddEdit(Janela &janela, Geral &geral, Platform &platform, ListaCo
       platform_(platform),
       janela_(janela),
       lugar_(janela, geral, lista),
-      nova_(geral)
+      nova_(geral, geral.de.Num_Servidor() ? FotografiaNova::Onde::Base : FotografiaNova::Onde::Ficheiro),
+      linha_(geral.de, disputa_do_contacto::Forma())
 {
     setupUi(this);
     scale::apply(*this);
@@ -88,7 +90,7 @@ frmAddEdit::frmAddEdit(Janela &janela, Geral &geral, Platform &platform, ListaCo
     connect(this, &QDialog::finished, this, &frmAddEdit::Form_Unload);
 
     auto *rascunho = new Rascunho(*this, geral_, platform_, [this] { return Registo(); });
-    connect(rascunho, &Rascunho::Retomado, this, &frmAddEdit::Mostrar_Foto_Do_Contacto);
+    connect(rascunho, &Rascunho::Retomado, this, &frmAddEdit::Retomar_Foto);
 }
 
 // Which contact a draft belongs to.
@@ -166,11 +168,12 @@ void frmAddEdit::Preencher_Campos()
           Coluna("Website", txtWebsite), Coluna("Email1", txtEmail1), Coluna("Email2", txtEmail2),
           Coluna("Dia", txtDia), Coluna("Mes", txtMes), Coluna("Ano", txtAno)})
         caixa->setText(rs.Fields(coluna).textOrEmpty());
-    fotografia_antes_ = txtFotografia->text();
+    fotografias_antes_ = {txtFotografia->text()};
     Morada_.load(*txtMorada, rs.Fields("Morada").textOrEmpty());
     Obs_.load(*txtObs, rs.Fields("Obs").textOrEmpty());
     Escolher_Grupo(rs.Fields("Grupo").text());
     Mostrar_Foto_Do_Contacto();
+    linha_.Comecar(QString::number(geral_.IDContacto), rs, disputa_do_contacto::Em_Lista(Valores()));
     rs.Close();
 }
 
@@ -190,8 +193,22 @@ void frmAddEdit::Mostrar_Foto(const Picture &imagem)
 void frmAddEdit::Mostrar_Foto_Do_Contacto()
 {
     if (txtFotografia->text().isEmpty()) return;
-    onFailure([&] { Mostrar_Foto(Imagem_No_Editor(geral_, txtFotografia->text())); },
+    onFailure([&] { Mostrar_Foto(Imagem(txtFotografia->text())); },
               [&](const Failure &) { Mostrar_Foto(Picture(geral_.Ficheiro(u"fotoerro_small.jpg"_s))); });
+}
+
+// A draft keeps the name of a picture, and no picture: one that never reached the database is not taken up.
+void frmAddEdit::Retomar_Foto()
+{
+    const QString Fotografia = txtFotografia->text();
+    if (E_Da_Base(Fotografia) && !skipFailure([&] { Imagem(Fotografia); }))
+        txtFotografia->setText(fotografias_antes_.value(0));
+    Mostrar_Foto_Do_Contacto();
+}
+
+Picture frmAddEdit::Imagem(const QString &Fotografia)
+{
+    return nova_.Por_Guardar(Fotografia) ? nova_.Imagem(Fotografia) : Imagem_No_Editor(geral_, Fotografia);
 }
 
 bool frmAddEdit::event(QEvent *evento)
@@ -211,7 +228,7 @@ void frmAddEdit::Form_Activate()
 // The alarm and the dot go on, and the mail cycle begins anew.
 void frmAddEdit::Form_Unload()
 {
-    nova_.Arrumar(result() == Accepted ? txtFotografia->text() : QString());
+    nova_.Arrumar(result() == Accepted ? fotografia_que_ficou_ : QString());
     geral_.temporizadores.Gerir_Temporizadores(u"start"_s);
 }
 
@@ -240,11 +257,14 @@ void frmAddEdit::Fotografia_Veio(const QMimeData &dados)
             nova_.Feita_Aqui(caminho) ? Por_Foto(caminho) : Tomar_Foto(caminho);
         };
     } catch (const FotografiaRecusada &recusa) {
-        depois = [this, texto = recusa.Texto(spokenLanguage(geral_.IdiomaActual))] {
-            platform_.boxes.show(texto, box::stop, windowTitle(), this);
-        };
+        depois = [this, recusa] { Recusar_Foto(recusa); };
     }
     QMetaObject::invokeMethod(this, depois, Qt::QueuedConnection);
+}
+
+void frmAddEdit::Recusar_Foto(const FotografiaRecusada &recusa)
+{
+    platform_.boxes.show(recusa.Texto(spokenLanguage(geral_.IdiomaActual)), box::stop, windowTitle(), this);
 }
 
 // A file that a person has chosen. The next choice begins in its folder.
@@ -254,15 +274,19 @@ void frmAddEdit::Tomar_Foto(const QString &FileName)
     if (!Cabe_No_Ini(pasta)) return Recusar_Valor_Longo(pasta, geral_, platform_, this);
     geral_.UltimaPastaFotos = pasta;
     geral_.ini.Escrever_Ini(u"fotografias"_s, u"lastpathpic"_s, geral_.UltimaPastaFotos);
-    Por_Foto(FileName);
+    try {
+        Por_Foto(nova_.De_Ficheiro(FileName));
+    } catch (const FotografiaRecusada &recusa) {
+        Recusar_Foto(recusa);
+    }
 }
 
-void frmAddEdit::Por_Foto(const QString &FileName)
+void frmAddEdit::Por_Foto(const QString &Fotografia)
 {
-    txtFotografia->setText(FileName);
+    txtFotografia->setText(Fotografia);
     onFailure(
         [&] {
-            Mostrar_Foto(Picture(FileName));
+            Mostrar_Foto(nova_.Imagem(Fotografia));
             if (geral_.ModoContacto != "Edit"_L1) return;
             cmdOk->setDefault(true);
             cmdOk->setFocus();
@@ -291,7 +315,7 @@ void frmAddEdit::Recusar_Data()
     datas_->Esvaziar();
 }
 
-std::array<QString, 17> frmAddEdit::Valores() const
+disputa_do_contacto::Valores frmAddEdit::Valores() const
 {
     return {txtNome->text(),       txtTelefone1->text(),
             txtTelefone2->text(),  txtFax->text(),
@@ -307,21 +331,64 @@ std::array<QString, 17> frmAddEdit::Valores() const
 void frmAddEdit::Adicionar()
 {
     const int IndiceNovoContacto = lugar_.Lugar_Do_Novo(txtNome->text(), txtIDGrupo->text());
+    if (nova_.Por_Guardar(txtFotografia->text()))
+        geral_.de.Tudo_Ou_Nada([this] { Escrever_Novo(); });
+    else
+        Escrever_Novo();
+    fotografia_que_ficou_ = txtFotografia->text();
+    Fechar_Depois_De([&] { lugar_.Mostrar_Novo(IndiceNovoContacto); });
+}
+
+void frmAddEdit::Escrever_Novo()
+{
+    nova_.Guardar_Na_Base(txtFotografia->text());
     std::apply([&](const auto &...valores) { geral_.de.Executar("cmdAdicionarNome", {valores...}); },
                Valores());
-    Fechar_Depois_De([&] { lugar_.Mostrar_Novo(IndiceNovoContacto); });
 }
 
 void frmAddEdit::Actualizar()
 {
-    const QString ID = QString::number(geral_.IDContacto);
+    const QStringList meus = disputa_do_contacto::Em_Lista(Valores());
+    QStringList ficou = meus;
+    const auto fim = linha_.Gravar(
+        meus, [this](const LinhaEditada::Disputa &disputa) { return Perguntar(disputa); },
+        [&](const QStringList &valores) { Escrever(ficou = valores); });
+    if (fim == LinhaEditada::Fim::Deixada) return;
+    if (fim == LinhaEditada::Fim::Eliminada && linha_.Mudou(meus)) return Oferecer_Como_Novo();
+    fotografia_que_ficou_ = ficou[disputa_do_contacto::coluna_fotografia];
+    for (const QString &Fotografia : std::as_const(fotografias_antes_))
+        skipFailure([&] { nova_.Abandonar(Fotografia); });
+    Fechar_Depois_De([&] { lugar_.Mostrar_Editado(ficou[disputa_do_contacto::coluna_grupo]); });
+}
+
+void frmAddEdit::Escrever(const QStringList &valores)
+{
+    nova_.Guardar_Na_Base(valores[disputa_do_contacto::coluna_fotografia]);
     std::apply(
-        [&](const auto &...valores) {
-            geral_.de.Executar("cmdUpdateNome", {valores..., ID});
+        [&](const auto &...valor) {
+            geral_.de.Executar("cmdUpdateNome", {valor..., linha_.ID()});
         },
-        Valores());
-    skipFailure([&] { nova_.Abandonar(fotografia_antes_); });
-    Fechar_Depois_De([&] { lugar_.Mostrar_Editado(txtIDGrupo->text()); });
+        disputa_do_contacto::Da_Lista(valores));
+}
+
+std::optional<EncontroDeLinhas::Lugares> frmAddEdit::Perguntar(const LinhaEditada::Disputa &disputa)
+{
+    const auto imagem = [this](const QString &Fotografia) { return Imagem(Fotografia); };
+    frmConflito form(geral_, geral_.Ler_Idioma(421), disputa_do_contacto::Campos(disputa, geral_, imagem),
+                     this);
+    if (form.exec() != Accepted) return {};
+    fotografias_antes_ << disputa.la[disputa_do_contacto::coluna_fotografia];
+    return form.Deles();
+}
+
+// Another desk has deleted the contact, and what was typed here is all that is left of it.
+void frmAddEdit::Oferecer_Como_Novo()
+{
+    const int resposta =
+        platform_.boxes.show(geral_.Ler_Idioma(429), box::question | box::yesNo, windowTitle(), this);
+    if (resposta != answer::yes || !Tem_Direito(geral_.SessaoActual.Adicionar, geral_, platform_, this))
+        return;
+    Adicionar();
 }
 
 // What is written is written: if the list can't be shown anew the form still closes, or a second Ok would

@@ -1,14 +1,15 @@
 // The editor of one contact: a new one, or the one on the card, as ModoContacto says. It writes TblLista and
 // leaves the selection of the contact list on what it wrote. While it is open no alarm and no mail check
-// comes between.
+// comes between. What another desk changes meanwhile is not lost: it joins, or the person is asked.
 #pragma once
 
+#include "contacts/DisputaDoContacto.h"
 #include "contacts/FotografiaNova.h"
 #include "contacts/LugarNaLista.h"
 #include "controls/LongText.h"
+#include "data/LinhaEditada.h"
 #include "ui_frmAddEdit.h"
 
-#include <array>
 #include <functional>
 #include <QDialog>
 
@@ -54,14 +55,21 @@ private:
     void Escolher_Grupo(const QString &Grupo);
     void Mostrar_Foto(const Picture &imagem);
     void Mostrar_Foto_Do_Contacto();
+    void Retomar_Foto();
+    Picture Imagem(const QString &Fotografia);
     void Tomar_Foto(const QString &FileName);
-    void Por_Foto(const QString &FileName);
+    void Por_Foto(const QString &Fotografia);
+    void Recusar_Foto(const FotografiaRecusada &recusa);
 
     void Recusar_Data();
-    std::array<QString, 17> Valores() const;
+    disputa_do_contacto::Valores Valores() const;
     QString Registo() const;
     void Adicionar();
     void Actualizar();
+    void Escrever_Novo();
+    void Escrever(const QStringList &valores);
+    std::optional<EncontroDeLinhas::Lugares> Perguntar(const LinhaEditada::Disputa &disputa);
+    void Oferecer_Como_Novo();
     void Fechar_Depois_De(const std::function<void()> &mostrar);
 
     Geral &geral_;
@@ -73,6 +81,8 @@ private:
     CamposDeData *datas_;          // a child of the form
     EntradaDeFotografia *entrada_; // likewise
     FotografiaNova nova_;
-    QString fotografia_antes_; // as the row had it
+    LinhaEditada linha_;            // of a contact that is changed
+    QStringList fotografias_antes_; // as the row had it when it was read
+    QString fotografia_que_ficou_;  // as it was written; empty before
     bool activado_ = false;
 };

@@ -93,10 +93,11 @@ private Q_SLOTS:
                                       {257, 278},
                                       {285, 335},
                                       {340, 353},
-                                      {355, 414}})
+                                      {355, 414},
+                                      {420, 431}})
             for (int numero = de; numero <= ate; ++numero)
                 numeros << numero;
-        QCOMPARE(numeros.size(), 373);
+        QCOMPARE(numeros.size(), 385);
         numeros << QList{49, 56, 72, 87, 256};
         std::sort(numeros.begin(), numeros.end());
         QCOMPARE(usos_.keys(), numeros);
