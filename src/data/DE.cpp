@@ -1,5 +1,6 @@
 #include "data/DE.h"
 
+#include "data/CopiaParaFicheiro.h"
 #include "data/Esquema.h"
 #include "data/IndiceDosNomes.h"
 #include "data/PassosDoEsquema.h"
@@ -75,8 +76,8 @@ std::vector<StoreValue> Converter(const Instrucao &instrucao, std::initializer_l
 
 QString Cadeia_Do_Ficheiro(const QString &caminho)
 {
-    return QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source= '") + caminho +
-           QStringLiteral("'") + QStringLiteral(";Jet OLEDB:Encrypt Database=True;Persist Security Info=False");
+    return QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source= '") + caminho + QStringLiteral("'") +
+           QStringLiteral(";Jet OLEDB:Encrypt Database=True;Persist Security Info=False");
 }
 } // namespace
 
@@ -201,6 +202,11 @@ void DE::Largar_Fotografias(const QSet<QString> &nomes)
 bool DE::E_A_Base_Aberta(const QString &caminho)
 {
     return !Ligacao().isServer() && isSameFile(ligacao_.file(), caminho);
+}
+
+void DE::Copiar_Para(const QString &ficheiro, const std::function<void(int)> &feito)
+{
+    Ligacao().copyTo(Copia_Para_Ficheiro(ficheiro, feito));
 }
 
 void DE::Fechar_Ligacao()

@@ -23,12 +23,10 @@ void LinhaEditada::Comecar(const QString &ID, const Recordset &rs, QStringList m
     encontro_.emplace(forma_.campos, antes, std::move(mostrada));
 }
 
-bool LinhaEditada::Comecar(const QString &ID, QStringList mostrada)
+void LinhaEditada::Comecar(const QString &ID, const QStringList &mostrada)
 {
     ID_ = ID;
-    const auto antes = Ler();
-    encontro_.emplace(forma_.campos, antes.value_or(mostrada), mostrada);
-    return antes.has_value();
+    encontro_.emplace(forma_.campos, mostrada, mostrada);
 }
 
 std::optional<QStringList> LinhaEditada::Ler() const

@@ -44,8 +44,8 @@ public:
     // The editor opens: the ID of the row, and what the editor made of its values. The row is the recordset's
     // current one.
     void Comecar(const QString &ID, const Recordset &rs, QStringList mostrada);
-    // The same for a row that is read now. False where there is none.
-    bool Comecar(const QString &ID, QStringList mostrada);
+    // The same for a row that the editor has from somebody who read it before: what it shows is what it was.
+    void Comecar(const QString &ID, const QStringList &mostrada);
 
     // Whether the editor has other values than it had when it opened.
     bool Mudou(const QStringList &aqui) const { return encontro_->Mudou_Aqui(aqui); }

@@ -132,4 +132,6 @@ QStringList Connection::columns(const QString &table) { return store().columns(t
 
 int Connection::schemaNumber() { return store().schemaNumber(); }
 
+void Connection::copyTo(const FileCopy &copy) { store().copyTo(copy); }
+
 const Dialect &Connection::dialect() { return store().dialect(); }

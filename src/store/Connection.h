@@ -113,6 +113,10 @@ public:
     // How many steps of the schema the data have had.
     int schemaNumber();
 
+    // Makes a database file with everything as it stands at this moment; others go on working meanwhile. Raises
+    // Failure; then there is no file.
+    void copyTo(const FileCopy &copy);
+
     const Dialect &dialect();
 
 private:

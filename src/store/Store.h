@@ -11,6 +11,7 @@
 #include <functional>
 #include <QList>
 #include <QString>
+#include <QStringList>
 #include <string_view>
 #include <vector>
 
@@ -39,6 +40,19 @@ struct StoreChange {
 enum class Reach {
     There,
     Lost, // every command fails at once (Failure::Kind::ServerLost) until the store is there again by itself
+};
+
+// A copy of the data as a database file, which any copy of the program opens.
+struct FileCopy {
+    struct Table {
+        QString name;
+        QStringList columns;
+        bool counted = false; // its ID is a counter, which never gives a number twice
+    };
+    QString file;         // nothing may be there yet
+    QStringList create;   // the statements that make its tables, empty ones
+    QList<Table> tables;  // whose rows are copied
+    std::function<void(int percent)> progress; // may raise, which ends the copying
 };
 
 class Store
@@ -91,6 +105,9 @@ public:
     virtual QStringList columns(const QString &table) = 0;
     // How many steps of the schema the data have had.
     virtual int schemaNumber() = 0;
+
+    // Everything as it stood at one moment; others go on working meanwhile. Raises Failure; then there is no file.
+    virtual void copyTo(const FileCopy &copy) = 0;
 
     virtual const Dialect &dialect() const = 0;
     virtual void releaseMemory() {}

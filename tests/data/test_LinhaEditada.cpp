@@ -192,13 +192,24 @@ private Q_SLOTS:
         QCOMPARE(p.Na_Base(), u"Teatro|0"_s);
     }
 
-    void uma_linha_que_ja_nao_existe_ao_abrir_diz_se()
+    // Whoever opened the editor had read the row a while ago.
+    void o_que_ja_era_outro_ao_abrir_e_mudanca_la()
     {
         DoisPostos p;
-        LinhaEditada outra(p.s.geral.de, {"TblGrupos", {"NomeGrupo"}, {{0}}});
-        QVERIFY(!outra.Comecar(u"32000"_s, {u"Coral"_s}));
-        QVERIFY(outra.Comecar(p.ID, {u"Coral"_s}));
-        QCOMPARE(outra.ID(), p.ID);
+        p.outro.Executar("cmdRenameGroup", {u"Orfeão"_s, p.ID});
+        p.linha.Comecar(p.ID, {u"Coral"_s, u"0"_s});
+        QCOMPARE(p.Gravar({u"Coral"_s, u"3"_s}), Fim::Gravada);
+        QCOMPARE(p.Na_Base(), u"Orfeão|3"_s);
+    }
+
+    void a_linha_do_conjunto_e_a_que_se_compara()
+    {
+        DoisPostos p;
+        Recordset &rs = p.s.geral.de.Abrir("cmdVerGrupo", {p.ID});
+        p.linha.Comecar(p.ID, rs, {u"Cor"_s, u"0"_s}); // as a short box shows it
+        rs.Close();
+        QCOMPARE(p.Gravar({u"Cor"_s, u"3"_s}), Fim::Gravada);
+        QCOMPARE(p.Na_Base(), u"Cor|3"_s); // unchanged there: as the editor has it
     }
 };
 

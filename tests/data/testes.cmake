@@ -1,6 +1,7 @@
 # Tests of data.
 foreach(teste IN ITEMS
     test_Comandos
+    test_CopiaParaFicheiro
     test_DE
     test_EncontroDeLinhas
     test_LinhaEditada

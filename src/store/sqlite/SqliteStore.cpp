@@ -7,6 +7,7 @@
 #include "store/sqlite/UntouchedSource.h"
 #include "store/sqlite/WantedFunction.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QScopedValueRollback>
@@ -183,6 +184,27 @@ QStringList SqliteStore::columns(const QString &table)
 int SqliteStore::schemaNumber()
 {
     return query(u"PRAGMA user_version"_s, {}).Fields("user_version").number();
+}
+
+// It has its tables from the file itself.
+void SqliteStore::copyTo(const FileCopy &copy)
+{
+    if (QFile::exists(copy.file)) raising::failure(u"The file exists already: %1"_s.arg(copy.file), copy.file);
+    try {
+        execute(u"VACUUM INTO ?"_s, {copy.file});
+        open(copy.file)->requireSound();
+    } catch (...) {
+        QFile::remove(copy.file);
+        throw;
+    }
+    if (copy.progress) copy.progress(100);
+}
+
+void SqliteStore::requireSound()
+{
+    const QString verdict = query(u"PRAGMA integrity_check"_s, {}).Fields("integrity_check").text();
+    if (verdict != "ok"_L1)
+        raising::failure(u"The copy is damaged: %1"_s.arg(verdict), path_, Failure::Kind::DatabaseDamaged);
 }
 
 const Dialect &SqliteStore::dialect() const

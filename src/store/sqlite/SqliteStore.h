@@ -22,6 +22,9 @@ public:
     // What the file holds at this moment. It is let go at once, untouched.
     static std::unique_ptr<SqliteStore> copyInMemory(const QString &path);
 
+    // Looks at all of it. Raises Failure where anything is damaged.
+    void requireSound();
+
     // Of the store's library, as it runs.
     static QString libraryVersion();
 
@@ -43,6 +46,7 @@ public:
     void giveAgainBehind(const QString &table, qint64 last) override;
     QStringList columns(const QString &table) override;
     int schemaNumber() override;
+    void copyTo(const FileCopy &copy) override;
     const Dialect &dialect() const override;
     void releaseMemory() override;
 
