@@ -1,10 +1,9 @@
 #include "cards/FotografiaDoCartao.h"
 
-#include <QBuffer>
-#include <QCryptographicHash>
-#include <QImageReader>
+#include "data/Fotografias.h"
 
-using namespace Qt::StringLiterals;
+#include <QBuffer>
+#include <QImageReader>
 
 namespace
 {
@@ -32,9 +31,7 @@ QString fotografia_do_cartao::Nome(const QByteArray &bytes)
 {
     const Descodificada fotografia = Descodificar(bytes);
     if (fotografia.imagem.isNull()) return {};
-    const QByteArray soma = QCryptographicHash::hash(bytes, QCryptographicHash::Sha1).toHex();
-    const QByteArray terminacao = fotografia.formato == "jpeg" ? "jpg" : fotografia.formato;
-    return u"bd:"_s + QString::fromLatin1(soma) + u'.' + QString::fromLatin1(terminacao);
+    return Nome_Na_Base(bytes, fotografia.formato);
 }
 
 QByteArray fotografia_do_cartao::Para_Cartao(const QByteArray &bytes)

@@ -4,6 +4,7 @@
 #include "platform/Failure.h"
 #include "platform/Picture.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -123,9 +124,55 @@ QString FotografiaNova::Caminho(const QMimeData &dados)
     return Ficheiro_Provado(urls.constFirst());
 }
 
+bool FotografiaNova::Feita_Aqui(const QString &caminho) const
+{
+    return guardadas_.contains(caminho) || sem_ficheiro_.contains(caminho);
+}
+
+QString FotografiaNova::De_Ficheiro(const QString &caminho)
+{
+    if (onde_ == Onde::Ficheiro) return caminho;
+    QFile ficheiro(caminho);
+    if (!ficheiro.open(QIODevice::ReadOnly)) throw FotografiaRecusada(nao_ha_ficheiro, caminho);
+    if (ficheiro.size() > maior_ficheiro) throw FotografiaRecusada(grande_demais, caminho);
+    return Por_Na_Mao(ficheiro.readAll(), caminho);
+}
+
+QString FotografiaNova::Por_Na_Mao(const QByteArray &bytes, const QString &de_onde)
+{
+    FotografiaParaABase pronta;
+    onFailure([&] { pronta = Preparar_Para_A_Base(bytes); },
+              [&](const Failure &) { throw FotografiaRecusada(nao_e_imagem, de_onde); });
+    por_guardar_[pronta.nome] = pronta.bytes;
+    return pronta.nome;
+}
+
+Picture FotografiaNova::Imagem(const QString &Fotografia) const
+{
+    const auto na_mao = por_guardar_.find(Fotografia);
+    return na_mao == por_guardar_.end() ? Picture(Fotografia) : Picture(na_mao->second, Fotografia);
+}
+
+void FotografiaNova::Guardar_Na_Base(const QString &Fotografia)
+{
+    const auto na_mao = por_guardar_.find(Fotografia);
+    if (na_mao != por_guardar_.end()) FotografiasDaBase(geral_.de).Guardar(Fotografia, na_mao->second);
+}
+
 QString FotografiaNova::Guardar(const QImage &imagem)
 {
     if (imagem.isNull()) throw FotografiaRecusada(nao_e_imagem, {});
+    if (onde_ == Onde::Ficheiro) return Guardar_Em_Ficheiro(imagem);
+    QByteArray bytes;
+    QBuffer ficheiro(&bytes);
+    ficheiro.open(QIODevice::WriteOnly);
+    imagem.save(&ficheiro, "PNG");
+    sem_ficheiro_ << Por_Na_Mao(bytes, {});
+    return sem_ficheiro_.constLast();
+}
+
+QString FotografiaNova::Guardar_Em_Ficheiro(const QImage &imagem)
+{
     const QDir pasta(Pasta_Das_Fotografias(geral_));
     QFile ficheiro;
     if (!pasta.mkpath(u"."_s) || !Abrir_Livre(ficheiro, pasta))
@@ -151,6 +198,7 @@ void FotografiaNova::Arrumar(const QString &ficou)
 
 void FotografiaNova::Abandonar(const QString &caminho)
 {
+    if (onde_ == Onde::Base) return; // another desk's folder may have that name too
     const QFileInfo ficheiro(caminho);
     if (!E_Nome_Dado(ficheiro.fileName()) || ficheiro.path() != Pasta_Das_Fotografias(geral_)) return;
     Recordset &rs = geral_.de.Abrir("cmdProcurarFotografia", {caminho});

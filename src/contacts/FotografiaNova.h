@@ -2,9 +2,12 @@
 // without a file, from the clipboard or out of another program's window.
 #pragma once
 
+#include "data/Fotografias.h"
+#include "platform/Picture.h"
 #include "platform/Translations.h"
 
 #include <exception>
+#include <map>
 #include <QString>
 #include <QStringList>
 #include <utility>
@@ -34,14 +37,31 @@ bool Pode_Ser_Fotografia(const QMimeData &dados);
 class FotografiaNova
 {
 public:
-    explicit FotografiaNova(Geral &geral) : geral_(geral) {}
+    // Where several desks share the data a path of this one says nothing to the others: there what a contact
+    // keeps is the name of a picture in the database itself.
+    enum class Onde { Ficheiro, Base };
 
-    // The path under which a contact can keep the picture; of several files the first counts. Nothing is
-    // fetched from a network. Raises FotografiaRecusada, and then nothing has changed.
+    FotografiaNova(Geral &geral, Onde onde) : geral_(geral), onde_(onde) {}
+
+    // The path of the picture's file; one that came without a file gets one, or that name. Of several files
+    // the first counts. Nothing is fetched from a network. Raises FotografiaRecusada, and then nothing has
+    // changed.
     QString Caminho(const QMimeData &dados);
 
-    // Whether the path is that of a picture which came without a file.
-    bool Feita_Aqui(const QString &caminho) const { return guardadas_.contains(caminho); }
+    // Whether a picture that came without a file is there by that path or name.
+    bool Feita_Aqui(const QString &caminho) const;
+
+    // What a contact keeps of a file that a person has chosen: its path, or the name of what is in it. Raises
+    // FotografiaRecusada where the database can't hold that.
+    QString De_Ficheiro(const QString &caminho);
+
+    // The picture of what Caminho() or De_Ficheiro() told. Raises Failure.
+    Picture Imagem(const QString &Fotografia) const;
+    bool Por_Guardar(const QString &Fotografia) const { return por_guardar_.contains(Fotografia); }
+
+    // To be called with the writing of the contact that keeps it: into the database with it, if it belongs
+    // there. Raises Failure.
+    void Guardar_Na_Base(const QString &Fotografia);
 
     // The editor closes: of the files made here only the one that the contact keeps stays.
     void Arrumar(const QString &ficou);
@@ -52,7 +72,12 @@ public:
 
 private:
     QString Guardar(const QImage &imagem);
+    QString Guardar_Em_Ficheiro(const QImage &imagem);
+    QString Por_Na_Mao(const QByteArray &bytes, const QString &de_onde);
 
     Geral &geral_;
-    QStringList guardadas_;
+    Onde onde_;
+    QStringList guardadas_;                     // files made here
+    QStringList sem_ficheiro_;                  // names of what came without one
+    std::map<QString, QByteArray> por_guardar_; // by their names; what nobody keeps goes with the object
 };

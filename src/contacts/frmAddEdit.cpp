@@ -8,6 +8,7 @@
 #include "controls/Scale.h"
 #include "controls/Units.h"
 #include "controls/WholeCharacters.h"
+#include "data/Direitos.h"
 #include "data/Geral.h"
 #include "data/Idiomas.h"
 #include "data/Rascunho.h"
@@ -72,7 +73,9 @@ frmAddEdit::frmAddEdit(Janela &janela, Geral &geral, Platform &platform, ListaCo
       platform_(platform),
       janela_(janela),
       lugar_(janela, geral, lista),
-      nova_(geral)
+      nova_(geral, geral.de.Num_Servidor() ? FotografiaNova::Onde::Base : FotografiaNova::Onde::Ficheiro),
+      novo_(geral.de),
+      linha_(geral.de, disputa_do_contacto::Forma())
 {
     setupUi(this);
     scale::apply(*this);
@@ -91,7 +94,7 @@ frmAddEdit::frmAddEdit(Janela &janela, Geral &geral, Platform &platform, ListaCo
     connect(this, &QDialog::finished, this, &frmAddEdit::Form_Unload);
 
     auto *rascunho = new Rascunho(*this, geral_, platform_, [this] { return Registo(); });
-    connect(rascunho, &Rascunho::Retomado, this, &frmAddEdit::Mostrar_Foto_Do_Contacto);
+    connect(rascunho, &Rascunho::Retomado, this, &frmAddEdit::Retomar_Foto);
 }
 
 // Which contact a draft belongs to.
@@ -169,11 +172,12 @@ void frmAddEdit::Preencher_Campos()
           Coluna("Website", txtWebsite), Coluna("Email1", txtEmail1), Coluna("Email2", txtEmail2),
           Coluna("Dia", txtDia), Coluna("Mes", txtMes), Coluna("Ano", txtAno)})
         caixa->setText(rs.Fields(coluna).textOrEmpty());
-    fotografia_antes_ = txtFotografia->text();
+    fotografias_antes_ = {txtFotografia->text()};
     Morada_.load(*txtMorada, rs.Fields("Morada").textOrEmpty());
     Obs_.load(*txtObs, rs.Fields("Obs").textOrEmpty());
     Escolher_Grupo(rs.Fields("Grupo").text());
     Mostrar_Foto_Do_Contacto();
+    linha_.Comecar(QString::number(geral_.IDContacto), rs, disputa_do_contacto::Em_Lista(Valores()));
     rs.Close();
 }
 
@@ -201,8 +205,22 @@ void frmAddEdit::Mostrar_Foto(const Picture &imagem)
 void frmAddEdit::Mostrar_Foto_Do_Contacto()
 {
     if (txtFotografia->text().isEmpty()) return;
-    onFailure([&] { Mostrar_Foto(Imagem_No_Editor(geral_, txtFotografia->text())); },
+    onFailure([&] { Mostrar_Foto(Imagem(txtFotografia->text())); },
               [&](const Failure &) { Mostrar_Foto(Picture(geral_.Ficheiro(u"fotoerro_small.jpg"_s))); });
+}
+
+// A draft keeps the name of a picture, and no picture: one that never reached the database is not taken up.
+void frmAddEdit::Retomar_Foto()
+{
+    const QString Fotografia = txtFotografia->text();
+    if (E_Da_Base(Fotografia) && !skipFailure([&] { Imagem(Fotografia); }))
+        txtFotografia->setText(fotografias_antes_.value(0));
+    Mostrar_Foto_Do_Contacto();
+}
+
+Picture frmAddEdit::Imagem(const QString &Fotografia)
+{
+    return nova_.Por_Guardar(Fotografia) ? nova_.Imagem(Fotografia) : Imagem_No_Editor(geral_, Fotografia);
 }
 
 bool frmAddEdit::event(QEvent *evento)
@@ -222,7 +240,7 @@ void frmAddEdit::Form_Activate()
 // The alarm and the dot go on, and the mail cycle begins anew.
 void frmAddEdit::Form_Unload()
 {
-    nova_.Arrumar(result() == Accepted ? txtFotografia->text() : QString());
+    nova_.Arrumar(result() == Accepted ? fotografia_que_ficou_ : QString());
     geral_.temporizadores.Gerir_Temporizadores(u"start"_s);
 }
 
@@ -251,11 +269,14 @@ void frmAddEdit::Fotografia_Veio(const QMimeData &dados)
             nova_.Feita_Aqui(caminho) ? Por_Foto(caminho) : Tomar_Foto(caminho);
         };
     } catch (const FotografiaRecusada &recusa) {
-        depois = [this, texto = recusa.Texto(spokenLanguage(geral_.IdiomaActual))] {
-            platform_.boxes.show(texto, box::stop, windowTitle(), this);
-        };
+        depois = [this, recusa] { Recusar_Foto(recusa); };
     }
     QMetaObject::invokeMethod(this, depois, Qt::QueuedConnection);
+}
+
+void frmAddEdit::Recusar_Foto(const FotografiaRecusada &recusa)
+{
+    platform_.boxes.show(recusa.Texto(spokenLanguage(geral_.IdiomaActual)), box::stop, windowTitle(), this);
 }
 
 // A file that a person has chosen. The next choice begins in its folder.
@@ -265,15 +286,19 @@ void frmAddEdit::Tomar_Foto(const QString &FileName)
     if (!Cabe_No_Ini(pasta)) return Recusar_Valor_Longo(pasta, geral_, platform_, this);
     geral_.UltimaPastaFotos = pasta;
     geral_.ini.Escrever_Ini(u"fotografias"_s, u"lastpathpic"_s, geral_.UltimaPastaFotos);
-    Por_Foto(FileName);
+    try {
+        Por_Foto(nova_.De_Ficheiro(FileName));
+    } catch (const FotografiaRecusada &recusa) {
+        Recusar_Foto(recusa);
+    }
 }
 
-void frmAddEdit::Por_Foto(const QString &FileName)
+void frmAddEdit::Por_Foto(const QString &Fotografia)
 {
-    txtFotografia->setText(FileName);
+    txtFotografia->setText(Fotografia);
     onFailure(
         [&] {
-            Mostrar_Foto(Picture(FileName));
+            Mostrar_Foto(nova_.Imagem(Fotografia));
             if (geral_.ModoContacto != "Edit"_L1) return;
             cmdOk->setDefault(true);
             cmdOk->setFocus();
@@ -302,7 +327,7 @@ void frmAddEdit::Recusar_Data()
     datas_->Esvaziar();
 }
 
-std::array<QString, 17> frmAddEdit::Valores() const
+disputa_do_contacto::Valores frmAddEdit::Valores() const
 {
     return {txtNome->text(),       txtTelefone1->text(),
             txtTelefone2->text(),  txtFax->text(),
@@ -315,71 +340,95 @@ std::array<QString, 17> frmAddEdit::Valores() const
             txtIDGrupo->text()};
 }
 
-void frmAddEdit::Servidor_De_Volta()
-{
-    if (!std::exchange(por_saber_, false)) return;
-    chegou_ = geral_.de.Escrita_Perdida() == Fate::Arrived;
-}
+void frmAddEdit::Servidor_De_Volta() { novo_.Servidor_De_Volta(); }
 
+// On a server others add names meanwhile: where the new one stands in the list isn't known beforehand, and it is
+// shown by its number.
 void frmAddEdit::Adicionar()
 {
-    if (const QString ID = chegou_ ? ID_Do_Que_Chegou() : QString(); !ID.isEmpty()) return Completar(ID);
-    if (geral_.de.Num_Servidor()) { // others add names in the meantime, and a row can't be told beforehand
-        Escrever_Novo();
-        return Fechar_Depois_De(
-            [&] { lugar_.Mostrar(static_cast<int>(geral_.de.Acrescentado()), txtIDGrupo->text()); });
-    }
-    const int IndiceNovoContacto = lugar_.Lugar_Do_Novo(txtNome->text(), txtIDGrupo->text());
-    Escrever_Novo();
-    Fechar_Depois_De([&] { lugar_.Mostrar_Novo(IndiceNovoContacto); });
+    if (const QString ID = novo_.ID(); !ID.isEmpty()) return Completar(ID);
+    const bool num_servidor = geral_.de.Num_Servidor();
+    const int IndiceNovoContacto =
+        num_servidor ? 0 : lugar_.Lugar_Do_Novo(txtNome->text(), txtIDGrupo->text());
+    novo_.Vigiar(txtNome->text(), [this] {
+        if (nova_.Por_Guardar(txtFotografia->text()))
+            geral_.de.Tudo_Ou_Nada([this] { Escrever_Novo(); });
+        else
+            Escrever_Novo();
+    });
+    fotografia_que_ficou_ = txtFotografia->text();
+    Fechar_Depois_De([&] {
+        if (num_servidor)
+            lugar_.Mostrar(static_cast<int>(geral_.de.Acrescentado()), txtIDGrupo->text());
+        else
+            lugar_.Mostrar_Novo(IndiceNovoContacto);
+    });
 }
 
 void frmAddEdit::Escrever_Novo()
 {
-    try {
-        std::apply([&](const auto &...valores) { geral_.de.Executar("cmdAdicionarNome", {valores...}); },
-                   Valores());
-    } catch (const Failure &falha) {
-        por_saber_ = falha.kind() == Failure::Kind::ServerLost;
-        perdidos_ = Valores();
-        throw;
-    }
+    nova_.Guardar_Na_Base(txtFotografia->text());
+    std::apply([&](const auto &...valores) { geral_.de.Executar("cmdAdicionarNome", {valores...}); },
+               Valores());
 }
 
-// A new contact whose answer alone was lost is not written twice: it takes what was written in the form since.
+// What has arrived without its answer takes what was written in the form since.
 void frmAddEdit::Completar(const QString &ID)
 {
+    nova_.Guardar_Na_Base(txtFotografia->text());
     std::apply(
         [&](const auto &...valores) {
             geral_.de.Executar("cmdUpdateNome", {valores..., ID});
         },
         Valores());
-    chegou_ = false;
+    novo_.Esquecer();
+    fotografia_que_ficou_ = txtFotografia->text();
     Fechar_Depois_De([&] { lugar_.Mostrar(ID.toInt(), txtIDGrupo->text()); });
-}
-
-// The last one of its name; empty where somebody has taken it away since.
-QString frmAddEdit::ID_Do_Que_Chegou()
-{
-    const QString &Nome = perdidos_.front();
-    int ultimo = 0;
-    Recordset &rs = geral_.de.Abrir("cmdProcurarNome", {Nome});
-    for (; !rs.Eof(); rs.MoveNext())
-        if (rs.Fields("Nome").textOrEmpty() == Nome) ultimo = std::max(ultimo, rs.Fields("ID").number());
-    rs.Close();
-    return ultimo == 0 ? QString() : QString::number(ultimo);
 }
 
 void frmAddEdit::Actualizar()
 {
-    const QString ID = QString::number(geral_.IDContacto);
+    const QStringList meus = disputa_do_contacto::Em_Lista(Valores());
+    QStringList ficou = meus;
+    const auto fim = linha_.Gravar(
+        meus, [this](const LinhaEditada::Disputa &disputa) { return Perguntar(disputa); },
+        [&](const QStringList &valores) { Escrever(ficou = valores); });
+    if (fim == LinhaEditada::Fim::Deixada) return;
+    if (fim == LinhaEditada::Fim::Eliminada && linha_.Mudou(meus)) return Oferecer_Como_Novo();
+    fotografia_que_ficou_ = ficou[disputa_do_contacto::coluna_fotografia];
+    for (const QString &Fotografia : std::as_const(fotografias_antes_))
+        skipFailure([&] { nova_.Abandonar(Fotografia); });
+    Fechar_Depois_De([&] { lugar_.Mostrar_Editado(ficou[disputa_do_contacto::coluna_grupo]); });
+}
+
+void frmAddEdit::Escrever(const QStringList &valores)
+{
+    nova_.Guardar_Na_Base(valores[disputa_do_contacto::coluna_fotografia]);
     std::apply(
-        [&](const auto &...valores) {
-            geral_.de.Executar("cmdUpdateNome", {valores..., ID});
+        [&](const auto &...valor) {
+            geral_.de.Executar("cmdUpdateNome", {valor..., linha_.ID()});
         },
-        Valores());
-    skipFailure([&] { nova_.Abandonar(fotografia_antes_); });
-    Fechar_Depois_De([&] { lugar_.Mostrar_Editado(txtIDGrupo->text()); });
+        disputa_do_contacto::Da_Lista(valores));
+}
+
+std::optional<EncontroDeLinhas::Lugares> frmAddEdit::Perguntar(const LinhaEditada::Disputa &disputa)
+{
+    const auto imagem = [this](const QString &Fotografia) { return Imagem(Fotografia); };
+    frmConflito form(geral_, geral_.Ler_Idioma(421), disputa_do_contacto::Campos(disputa, geral_, imagem),
+                     this);
+    if (form.exec() != Accepted) return {};
+    fotografias_antes_ << disputa.la[disputa_do_contacto::coluna_fotografia];
+    return form.Deles();
+}
+
+// Another desk has deleted the contact, and what was typed here is all that is left of it.
+void frmAddEdit::Oferecer_Como_Novo()
+{
+    const int resposta =
+        platform_.boxes.show(geral_.Ler_Idioma(429), box::question | box::yesNo, windowTitle(), this);
+    if (resposta != answer::yes || !Tem_Direito(geral_.SessaoActual.Adicionar, geral_, platform_, this))
+        return;
+    Adicionar();
 }
 
 // What is written is written: if the list can't be shown anew the form still closes, or a second Ok would

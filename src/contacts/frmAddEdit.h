@@ -1,14 +1,16 @@
 // The editor of one contact: a new one, or the one on the card, as ModoContacto says. It writes TblLista and
 // leaves the selection of the contact list on what it wrote. While it is open no alarm and no mail check
-// comes between.
+// comes between. What another desk changes meanwhile is not lost: it joins, or the person is asked.
 #pragma once
 
+#include "contacts/DisputaDoContacto.h"
 #include "contacts/FotografiaNova.h"
 #include "contacts/LugarNaLista.h"
+#include "contacts/NovoPorSaber.h"
 #include "controls/LongText.h"
+#include "data/LinhaEditada.h"
 #include "ui_frmAddEdit.h"
 
-#include <array>
 #include <functional>
 #include <QDialog>
 
@@ -60,17 +62,22 @@ private:
     void Escolher_Grupo(const QString &Grupo);
     void Mostrar_Foto(const Picture &imagem);
     void Mostrar_Foto_Do_Contacto();
+    void Retomar_Foto();
+    Picture Imagem(const QString &Fotografia);
     void Tomar_Foto(const QString &FileName);
-    void Por_Foto(const QString &FileName);
+    void Por_Foto(const QString &Fotografia);
+    void Recusar_Foto(const FotografiaRecusada &recusa);
 
     void Recusar_Data();
-    std::array<QString, 17> Valores() const;
+    disputa_do_contacto::Valores Valores() const;
     QString Registo() const;
     void Adicionar();
     void Actualizar();
     void Escrever_Novo();
     void Completar(const QString &ID);
-    QString ID_Do_Que_Chegou();
+    void Escrever(const QStringList &valores);
+    std::optional<EncontroDeLinhas::Lugares> Perguntar(const LinhaEditada::Disputa &disputa);
+    void Oferecer_Como_Novo();
     void Fechar_Depois_De(const std::function<void()> &mostrar);
 
     Geral &geral_;
@@ -82,9 +89,9 @@ private:
     CamposDeData *datas_;          // a child of the form
     EntradaDeFotografia *entrada_; // likewise
     FotografiaNova nova_;
-    QString fotografia_antes_; // as the row had it
-    std::array<QString, 17> perdidos_; // of a new contact over which the server went away
-    bool por_saber_ = false;           // whether it had arrived
-    bool chegou_ = false;
+    NovoPorSaber novo_;
+    LinhaEditada linha_;            // of a contact that is changed
+    QStringList fotografias_antes_; // as the row had it when it was read
+    QString fotografia_que_ficou_;  // as it was written; empty before
     bool activado_ = false;
 };

@@ -1,5 +1,6 @@
 #include "data/DE.h"
 
+#include "data/CopiaParaFicheiro.h"
 #include "data/Esquema.h"
 #include "data/IndiceDosNomes.h"
 #include "data/PassosDoEsquema.h"
@@ -236,6 +237,11 @@ void DE::Largar_Fotografias(const QSet<QString> &nomes)
 bool DE::E_A_Base_Aberta(const QString &caminho)
 {
     return !Ligacao().isServer() && isSameFile(ligacao_.file(), caminho);
+}
+
+void DE::Copiar_Para(const QString &ficheiro, const std::function<void(int)> &feito)
+{
+    Ligacao().copyTo(Copia_Para_Ficheiro(ficheiro, feito));
 }
 
 void DE::Fechar_Ligacao()

@@ -103,6 +103,11 @@ public:
     // Another one once the database was changed, by this program or by another one.
     Connection::Mark Marca() { return Ligacao().mark(); }
 
+    // Makes a database file with all that the data are at this moment, while everybody goes on working, here
+    // too; what has been done so far, in per cent, is told as it goes on. Raises Failure where there is such
+    // a file already, and what the store raises; then there is none.
+    void Copiar_Para(const QString &ficheiro, const std::function<void(int)> &feito);
+
     // Closes the connection, and with it every recordset, so that the file can be copied; and opens it again
     // with the connection string that it has. Between the two no command runs.
     void Fechar_Ligacao();

@@ -9,6 +9,18 @@ class DE;
 
 bool E_Da_Base(const QString &Fotografia);
 
+// The name of those bytes, a picture in that format as the toolkit calls it: the same bytes always by the
+// same name.
+QString Nome_Na_Base(const QByteArray &bytes, const QByteArray &formato);
+
+struct FotografiaParaABase {
+    QString nome;
+    QByteArray bytes;
+};
+// A picture as a database that several desks share keeps it: as it is, or, where it takes more than 2 MB,
+// scaled to 1,600 points at the longer side and a JPEG. Raises Failure for bytes that are no picture.
+FotografiaParaABase Preparar_Para_A_Base(const QByteArray &bytes);
+
 class FotografiasDaBase
 {
 public:

@@ -8,6 +8,7 @@
 #include "platform/Platform.h"
 #include "store/CleanCopy.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QScopeGuard>
@@ -21,8 +22,9 @@ const auto chave = u"caminhobackup"_s;
 } // namespace
 
 frmBackup::frmBackup(Geral &geral, Platform &platform, QWidget *dono)
-    : QDialog(dono), geral_(geral), platform_(platform), pausa_(geral.temporizadores)
+    : QDialog(dono), geral_(geral), platform_(platform)
 {
+    if (Fecha_Se()) pausa_.emplace(geral.temporizadores);
     setupUi(this);
     scale::apply(*this);
     connect(cmdProcurar, &QAbstractButton::clicked, this, &frmBackup::cmdProcurar_Click);
@@ -43,7 +45,13 @@ frmBackup::frmBackup(Geral &geral, Platform &platform, QWidget *dono)
     cmdIniciar->setEnabled(!txtCaminhoBackup->text().isEmpty());
 }
 
-void frmBackup::Form_Unload() { pausa_.Retomar(); }
+void frmBackup::Form_Unload()
+{
+    if (pausa_) pausa_->Retomar();
+}
+
+// A file is nobody's while it is copied.
+bool frmBackup::Fecha_Se() const { return !geral_.de.Num_Servidor(); }
 
 // A cancel empties the box and lets the copy be asked for all the same.
 void frmBackup::cmdProcurar_Click()
@@ -80,7 +88,7 @@ void frmBackup::cmdIniciar_Click()
     if (const QString pasta = txtCaminhoBackup->text(); !Cabe_No_Ini(pasta))
         return Recusar_Valor_Longo(pasta, geral_, platform_, this);
     const auto sem_resto = qScopeGuard([this] { Apagar_Copia_De_Trabalho(); });
-    geral_.de.Fechar_Ligacao();
+    if (Fecha_Se()) geral_.de.Fechar_Ligacao();
     onFailure([this] { Copiar(); }, [this](const Failure &falha) { Mostrar_Falha(falha); });
 }
 
@@ -88,18 +96,34 @@ void frmBackup::Copiar()
 {
     ProgressBar1->show();
     ProgressBar1->setValue(10); // which paints it at once, here and below
-    compactDatabase(geral_.de.Base().Caminho(), Copia_De_Trabalho());
+    Fazer_Copia_De_Trabalho();
     ProgressBar1->setValue(50);
-    if (isSameFile(geral_.de.Base().Caminho(), Alvo()))
+    if (Fecha_Se() && isSameFile(geral_.de.Base().Caminho(), Alvo()))
         throw Failure(Failure::PathFileAccess, Alvo(), u"Source and target are one file: %1"_s.arg(Alvo()));
     copyOver(Copia_De_Trabalho(), Alvo());
     ProgressBar1->setValue(90);
     Apagar_Copia_De_Trabalho();
     ProgressBar1->setValue(100);
     ProgressBar1->hide();
-    geral_.de.Reabrir_Ligacao();
+    if (Fecha_Se()) geral_.de.Reabrir_Ligacao();
     platform_.boxes.show(geral_.Ler_Idioma(255), box::information, windowTitle(), this);
     geral_.ini.Escrever_Ini(seccao, chave, txtCaminhoBackup->text());
+}
+
+void frmBackup::Fazer_Copia_De_Trabalho()
+{
+    if (Fecha_Se()) return compactDatabase(geral_.de.Base().Caminho(), Copia_De_Trabalho());
+    geral_.de.Copiar_Para(Copia_De_Trabalho(), [this](int feito) { Mostrar_Avanco(feito); });
+}
+
+// From where the copy begins on the bar to where the file is put in its place. Alarms ring meanwhile; nobody
+// clicks.
+void frmBackup::Mostrar_Avanco(int percentagem)
+{
+    constexpr int inicio = 10;
+    constexpr int fim = 50;
+    ProgressBar1->setValue(inicio + (fim - inicio) * percentagem / 100);
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
 void frmBackup::Mostrar_Falha(const Failure &falha)
@@ -108,5 +132,5 @@ void frmBackup::Mostrar_Falha(const Failure &falha)
         u"error #%1 app %2\r%3"_s.arg(falha.number()).arg(falha.source(), falha.description()), box::ok,
         u"Error"_s, this);
     ProgressBar1->hide();
-    geral_.de.Reabrir_Ligacao();
+    if (Fecha_Se()) geral_.de.Reabrir_Ligacao();
 }

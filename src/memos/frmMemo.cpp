@@ -142,7 +142,10 @@ void frmMemo::Ler_Linha(const Recordset &rs)
         posta_ = pos();
     });
     skipFailure([&] { lblTitle->setText(rs.Fields("Titulo").text()); });
-    skipFailure([&] { Descricao_.load(*txtMemo, rs.Fields("Descricao").text()); });
+    skipFailure([&] {
+        descricao_da_linha_ = rs.Fields("Descricao").textOrEmpty();
+        Descricao_.load(*txtMemo, rs.Fields("Descricao").text());
+    });
     ler("FontName", *txtFontName);
     ler("FontSize", *txtFontSize);
     skipFailure([&] { txtFontBold->setText(Texto_Logico(rs.Fields("FontBold").yes())); });
@@ -264,9 +267,23 @@ void frmMemo::cmdGuardar_Click()
     if (txtId->text().isEmpty())
         Adicionar();
     else
-        Gravar("cmdUpdateMemo", txtId->text());
+        geral_.de.Tudo_Ou_Nada([this] { Actualizar(); });
+    descricao_da_linha_ = Descricao_.stored(*txtMemo);
     falhou.dismiss();
     Marcar(false);
+}
+
+// A note that was only moved takes the text that another desk has given it meanwhile.
+void frmMemo::Actualizar()
+{
+    const LinhasInteiras linhas = geral_.de.Ler_Inteiras("TblMemos", "ID", txtId->text());
+    const QString aqui = Descricao_.stored(*txtMemo);
+    const QString la = linhas.empty() ? QString() : linha_inteira::Texto(linhas.front(), "Descricao");
+    const bool mudou_aqui = aqui != descricao_da_linha_;
+    const bool mudou_la = linhas.empty() || (la != descricao_da_linha_ && la != aqui);
+    if (mudou_aqui && mudou_la) return Adicionar();
+    if (!mudou_aqui && !linhas.empty() && la != aqui) Descricao_.load(*txtMemo, la);
+    Gravar("cmdUpdateMemo", txtId->text());
 }
 
 // The button is in view for as long as there is something to save.

@@ -1,5 +1,7 @@
 // A note on the desktop: a window of its own without a frame, dragged by its title and sized by its edges.
-// It is one row of TblMemos and writes itself there; while the database refuses it, the note says so.
+// It is one row of TblMemos and writes itself there; while the database refuses it, the note says so. Where
+// another desk has deleted that row, or has written another text to it, a text that was typed here gets a row
+// of its own.
 // To close it is to delete it.
 #pragma once
 
@@ -73,11 +75,13 @@ private:
     void Marcar(bool por_guardar);
     void Gravar(ComandoSemLinhas comando, const QString &ultimo);
     void Adicionar();
+    void Actualizar();
     QString Id_Da_Linha_Inserida();
 
     Geral &geral_;
     Platform &platform_;
     LongText Descricao_;
+    QString descricao_da_linha_; // as it was read or written last
     // Where the program itself has put the window; txtLeft and txtTop are true as long as it stands there.
     std::optional<QPoint> posta_;
     QStringList lugar_inserido_; // LeftForm and TopForm of a row that was added; empty before

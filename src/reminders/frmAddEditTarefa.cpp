@@ -1,16 +1,38 @@
 #include "reminders/frmAddEditTarefa.h"
 
+#include "contacts/frmConflito.h"
 #include "controls/Controls.h"
 #include "controls/Scale.h"
 #include "data/Geral.h"
 #include "data/Rascunho.h"
+#include "platform/Picture.h"
 #include "platform/Platform.h"
 #include "reminders/Momento.h"
 
 using namespace Qt::StringLiterals;
 
+namespace
+{
+enum Coluna { coluna_tarefa, coluna_data, coluna_hora, coluna_repeticao };
+enum Campo { campo_tarefa, campo_momento, campo_repeticao };
+
+LinhaEditada::Forma Forma()
+{
+    return {"TblTarefas",
+            {"Tarefa", "Data", "Hora", "IDRepeticao"},
+            {{coluna_tarefa}, {coluna_data, coluna_hora}, {coluna_repeticao}}};
+}
+
+QString Sem_Dois_Pontos(QString legenda) { return legenda.remove(u':').trimmed(); }
+} // namespace
+
 frmAddEditTarefa::frmAddEditTarefa(Geral &geral, Platform &platform, QWidget &janela, QWidget *dono)
-    : QDialog(dono), geral_(geral), platform_(platform), janela_(janela), pausa_(geral.temporizadores)
+    : QDialog(dono),
+      geral_(geral),
+      platform_(platform),
+      janela_(janela),
+      linha_(geral.de, Forma()),
+      pausa_(geral.temporizadores)
 {
     setupUi(this);
     scale::apply(*this);
@@ -66,6 +88,7 @@ void frmAddEditTarefa::Preencher(const Campos &campos)
     ComboRepeticao->setCurrentText(campos.NomeRepeticao);
     txtIDTarefa->setText(campos.ID);
     txtTarefa->selectAll();
+    linha_.Comecar(campos.ID, Valores());
 }
 
 void frmAddEditTarefa::txtTarefa_Change() { cmdOk->setEnabled(!txtTarefa->toPlainText().isEmpty()); }
@@ -85,7 +108,7 @@ void frmAddEditTarefa::cmdOk_Click()
         DataTarefa->setFocus();
         return;
     }
-    Gravar();
+    if (!Gravar()) return;
     geral_.temporizadores.timerTarefas.setEnabled(true);
     geral_.temporizadores.timerPonto.setEnabled(true);
     accept();
@@ -103,18 +126,73 @@ bool frmAddEditTarefa::Ja_Passou() const
     return minuto(DataTarefa->date(), HoraTarefa->time()) <= minuto(agora.date(), agora.time());
 }
 
-void frmAddEditTarefa::Gravar()
+// As the table has them.
+QStringList frmAddEditTarefa::Valores() const
 {
-    const QString Tarefa = Tarefa_.stored(*txtTarefa);
-    const QString Data = Texto_Da_Data(DataTarefa->date());
-    const QString Hora = Texto_Da_Hora(HoraTarefa->time());
-    const QString &Utilizador = geral_.SessaoActual.IdUtilizador;
-    const int IDRepeticao = ComboRepeticao->ItemData(ComboRepeticao->ListIndex());
-    if (geral_.ModoTarefa == "Edit"_L1)
-        geral_.de.Executar("cmdUpdateTarefa",
-                           {Tarefa, Data, Hora, Utilizador, IDRepeticao, txtIDTarefa->text()});
-    else
-        geral_.de.Executar("cmdAdicionarTarefa", {Tarefa, Data, Hora, Utilizador, IDRepeticao});
+    return {Tarefa_.stored(*txtTarefa), DataTarefa->date().toString(Qt::ISODate),
+            HoraTarefa->time().toString(u"HH:mm:00"_s),
+            QString::number(ComboRepeticao->ItemData(ComboRepeticao->ListIndex()))};
+}
+
+// False where the form stays open.
+bool frmAddEditTarefa::Gravar()
+{
+    if (geral_.ModoTarefa != "Edit"_L1) {
+        Escrever_Nova();
+        return true;
+    }
+    const QStringList meus = Valores();
+    const auto fim = linha_.Gravar(
+        meus, [this](const LinhaEditada::Disputa &disputa) { return Perguntar(disputa); },
+        [this](const QStringList &valores) { Escrever(valores); });
+    if (fim == LinhaEditada::Fim::Eliminada && linha_.Mudou(meus)) return Oferecer_Como_Nova();
+    return fim != LinhaEditada::Fim::Deixada;
+}
+
+void frmAddEditTarefa::Escrever(const QStringList &valores)
+{
+    geral_.de.Executar("cmdUpdateTarefa",
+                       {valores[coluna_tarefa], valores[coluna_data], valores[coluna_hora],
+                        geral_.SessaoActual.IdUtilizador, valores[coluna_repeticao], linha_.ID()});
+}
+
+void frmAddEditTarefa::Escrever_Nova()
+{
+    const QStringList valores = Valores();
+    geral_.de.Executar("cmdAdicionarTarefa",
+                       {valores[coluna_tarefa], valores[coluna_data], valores[coluna_hora],
+                        geral_.SessaoActual.IdUtilizador, valores[coluna_repeticao]});
+}
+
+std::optional<EncontroDeLinhas::Lugares> frmAddEditTarefa::Perguntar(const LinhaEditada::Disputa &disputa)
+{
+    const auto momento = [](const QStringList &linha) {
+        return Texto_Da_Data(QDate::fromString(linha[coluna_data], Qt::ISODate)) + u' ' +
+               linha[coluna_hora].left(5); // hh:mm
+    };
+    const auto repeticao = [this](const QStringList &linha) {
+        return ComboRepeticao->itemText(ComboRepeticao->findData(linha[coluna_repeticao].toInt()));
+    };
+    CamposDisputados todos;
+    todos[campo_tarefa] = {
+        Sem_Dois_Pontos(lblTarefa->text()), disputa.la[coluna_tarefa], disputa.aqui[coluna_tarefa], {}};
+    todos[campo_momento] = {Sem_Dois_Pontos(lblData->text()), momento(disputa.la), momento(disputa.aqui), {}};
+    todos[campo_repeticao] = {
+        Sem_Dois_Pontos(lblRepeticao->text()), repeticao(disputa.la), repeticao(disputa.aqui), {}};
+    std::erase_if(todos, [&](const auto &campo) { return !disputa.campos.contains(campo.first); });
+    frmConflito form(geral_, geral_.Ler_Idioma(431), todos, this);
+    if (form.exec() != Accepted) return {};
+    return form.Deles();
+}
+
+// Another desk has deleted the task, or has answered its alarm.
+bool frmAddEditTarefa::Oferecer_Como_Nova()
+{
+    const int resposta =
+        platform_.boxes.show(geral_.Ler_Idioma(430), box::question | box::yesNo, windowTitle(), this);
+    if (resposta != answer::yes) return false;
+    Escrever_Nova();
+    return true;
 }
 
 void frmAddEditTarefa::Form_Unload()

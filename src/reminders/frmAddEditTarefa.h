@@ -1,9 +1,11 @@
 // Creates or changes one task, by ModoTarefa, which its opener sets before. A task is never set for the
-// present minute or for the past.
+// present minute or for the past. What another desk makes of the task meanwhile is not lost: it joins, or the
+// person is asked.
 #pragma once
 
-#include "data/Temporizadores.h"
 #include "controls/LongText.h"
+#include "data/LinhaEditada.h"
+#include "data/Temporizadores.h"
 #include "ui_frmAddEditTarefa.h"
 
 #include <QDialog>
@@ -39,11 +41,17 @@ private:
     void Preencher_Repeticoes();
     void Preparar_Nova();
     bool Ja_Passou() const;
-    void Gravar();
+    QStringList Valores() const;
+    bool Gravar();
+    void Escrever(const QStringList &valores);
+    void Escrever_Nova();
+    std::optional<EncontroDeLinhas::Lugares> Perguntar(const LinhaEditada::Disputa &disputa);
+    bool Oferecer_Como_Nova();
 
     Geral &geral_;
     Platform &platform_;
     QWidget &janela_;
     LongText Tarefa_;
+    LinhaEditada linha_; // in the mode "Edit"
     PausaDosTemporizadores pausa_;
 };

@@ -94,11 +94,12 @@ private Q_SLOTS:
                                       {285, 335},
                                       {340, 353},
                                       {355, 414},
+                                      {420, 431},
                                       {450, 454},
                                       {500, 559}})
             for (int numero = de; numero <= ate; ++numero)
                 numeros << numero;
-        QCOMPARE(numeros.size(), 438);
+        QCOMPARE(numeros.size(), 450);
         numeros << QList{49, 56, 72, 87, 256};
         std::sort(numeros.begin(), numeros.end());
         QCOMPARE(usos_.keys(), numeros);

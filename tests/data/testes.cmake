@@ -1,7 +1,10 @@
 # Tests of data.
 foreach(teste IN ITEMS
     test_Comandos
+    test_CopiaParaFicheiro
     test_DE
+    test_EncontroDeLinhas
+    test_LinhaEditada
     test_Esquema
     test_Fotografias
     test_PassosDoEsquema

@@ -7,6 +7,7 @@
 #include "session/frmOpcoes.h"
 #include "session/Main.h"
 #include "testlib/Accoes.h"
+#include "testlib/ComoNumServidor.h"
 #include "testlib/DiscoPequeno.h"
 #include "testlib/FotografiaNaBase.h"
 #include "testlib/MorteNoDisco.h"
@@ -432,6 +433,78 @@ private Q_SLOTS:
         QCOMPARE(segundo.processo.exitCode(), 0);
         QCOMPARE(Contar(c.s.Base(), u"Nome LIKE 'Vivo %'"_s), segundo.processo.readAll().trimmed().toInt());
         QCOMPARE(Veredicto(c.s.Base()), u"ok"_s);
+    }
+
+    // On a server
+
+    void num_servidor_a_ligacao_fica_aberta_e_os_temporizadores_andam()
+    {
+        Sistema s;
+        QTemporaryDir pasta;
+        s.Novo_Contacto({{u"Nome"_s, Value(u"Ângela"_s)}});
+        const QString nome = Por_Na_Base(s, {20, 20});
+        Como_Num_Servidor(s);
+        QSignalSpy correio(&s.geral.temporizadores, &Temporizadores::IniciarMail);
+        frmBackup form(s.geral, s.plataforma);
+        form.show();
+        QVERIFY(s.geral.temporizadores.timerTarefas.Enabled());
+        const auto abertura = s.geral.de.Marca().opening;
+        QList<bool> andavam; // while it copies
+        connect(form.ProgressBar1, &QProgressBar::valueChanged, &form,
+                [&] { andavam << s.geral.temporizadores.timerTarefas.Enabled(); });
+        s.caixas.Espera(s.Texto(255), 64, form.windowTitle());
+        Comecar(form, pasta.path() + u'/');
+        QVERIFY(!andavam.isEmpty() && !andavam.contains(false));
+        QCOMPARE(s.geral.de.Marca().opening, abertura);
+        QCOMPARE(Veredicto(pasta.filePath(u"Morvex.mdb"_s)), u"ok"_s);
+        QCOMPARE(Contar(pasta.filePath(u"Morvex.mdb"_s), u"Nome='Ângela'"_s), 1);
+        QVERIFY(!QFile::exists(s.Ficheiro(u"MorvexCopy.mdb"_s)));
+        QCOMPARE(s.geral.ini.Ler_Ini(u"basedados"_s, u"caminhobackup"_s), pasta.path() + u'/');
+        form.cmdSair->click();
+        QCOMPARE(correio.size(), 0); // nothing was stopped, so nothing begins anew
+        Geral outra(s.Pasta()); // the program over the copy
+        outra.CaminhoBD = pasta.filePath(u"Morvex.mdb"_s);
+        QCOMPARE(FotografiasDaBase(outra.de).Ler(nome), Bytes_De_Imagem({20, 20}));
+        QVERIFY(outra.de.Em_Dia());
+    }
+
+    void num_servidor_os_alarmes_tocam_e_ninguem_carrega_enquanto_se_copia()
+    {
+        Sistema s;
+        QTemporaryDir pasta;
+        Como_Num_Servidor(s);
+        frmBackup form(s.geral, s.plataforma);
+        form.show();
+        int toques = 0;
+        bool escreveu = false;
+        QTimer alarme;
+        connect(&alarme, &QTimer::timeout, &form, [&] {
+            if (form.ProgressBar1->value() >= 100 || !form.ProgressBar1->isVisible()) return;
+            ++toques;
+            escreveu = skipFailure([&] { s.geral.de.Executar("cmdAdicionarGrupo", {u"Entretanto"_s}); });
+        });
+        alarme.start(0);
+        s.caixas.Espera(s.Texto(255), 64, form.windowTitle());
+        Comecar(form, pasta.path() + u'/');
+        QVERIFY(toques > 0);
+        QVERIFY(escreveu);
+        QCOMPARE(Veredicto(pasta.filePath(u"Morvex.mdb"_s)), u"ok"_s);
+    }
+
+    void num_servidor_uma_copia_que_falha_diz_se_e_nada_fica()
+    {
+        Sistema s;
+        QTemporaryDir pasta;
+        Como_Num_Servidor(s);
+        frmBackup form(s.geral, s.plataforma);
+        form.show();
+        s.caixas.Espera_Qualquer(0, u"Error"_s);
+        Comecar(form, pasta.filePath(u"nao/ha/"_s));
+        QVERIFY(s.caixas.Todas_Vistas());
+        QVERIFY(!form.ProgressBar1->isVisible());
+        QVERIFY(!QFile::exists(s.Ficheiro(u"MorvexCopy.mdb"_s)));
+        QCOMPARE(s.geral.de.Abrir("cmdVerConfig").RecordCount(), 1);
+        QCOMPARE(s.geral.ini.Ler_Ini(u"basedados"_s, u"caminhobackup"_s), QString());
     }
 
     void um_alvo_cheio_guarda_a_copia_anterior()

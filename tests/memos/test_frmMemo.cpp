@@ -664,6 +664,49 @@ private Q_SLOTS:
         for (const QWidget *botao : {nota.cmdFonte, nota.cmdCor, nota.cmdFechar})
             QVERIFY(!marca.geometry().intersects(botao->geometry()));
     }
+
+    // Two desks
+
+    void um_memo_eliminado_la_com_texto_escrito_aqui_volta_a_ser_guardado()
+    {
+        UmaNota n;
+        n.s.Escrever(u"DELETE FROM TblMemos"_s);
+        n.Escrever_Texto(u"leite"_s);
+        n.nota->cmdGuardar->click();
+        QCOMPARE(n.Linha(u"Titulo, Descricao"_s), u"Compras|leite"_s);
+        n.Escrever_Texto(u"queijo"_s);
+        n.nota->cmdGuardar->click();
+        QCOMPARE(n.Linha(u"Titulo, Descricao"_s), u"Compras|queijo"_s); // it is one note
+    }
+
+    void um_memo_eliminado_la_que_aqui_so_se_moveu_nao_volta()
+    {
+        UmaNota n;
+        n.s.Escrever(u"DELETE FROM TblMemos"_s);
+        n.nota->resize(300, 200);
+        QCOMPARE(n.Linha(u"Titulo"_s), QString());
+    }
+
+    void um_memo_que_aqui_so_se_moveu_toma_o_texto_de_la()
+    {
+        UmaNota n;
+        n.s.Escrever(u"UPDATE TblMemos SET Descricao='leite'"_s);
+        n.nota->resize(300, 200);
+        QCOMPARE(n.Linha(u"Descricao, Width"_s), u"leite|4500"_s);
+        QCOMPARE(n.nota->txtMemo->toPlainText(), u"leite"_s);
+    }
+
+    void dois_textos_do_mesmo_memo_ficam_os_dois()
+    {
+        UmaNota n;
+        n.s.Escrever(u"UPDATE TblMemos SET Descricao='leite'"_s);
+        n.Escrever_Texto(u"queijo"_s);
+        n.nota->cmdGuardar->click();
+        QCOMPARE(n.Linha(u"Descricao"_s), u"leite/queijo"_s);
+        n.Escrever_Texto(u"vinho"_s);
+        n.nota->cmdGuardar->click();
+        QCOMPARE(n.Linha(u"Descricao"_s), u"leite/vinho"_s);
+    }
 };
 
 MORVEX_TESTE(TestFrmMemo)

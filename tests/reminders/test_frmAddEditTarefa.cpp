@@ -1,4 +1,5 @@
 // The form of one task: what it offers, when it refuses, what it writes and what it leaves behind.
+#include "contacts/frmConflito.h"
 #include "reminders/ComTarefas.h"
 #include "reminders/frmAddEditTarefa.h"
 
@@ -22,6 +23,19 @@ struct ComFormulario : ComTarefas {
     void Espera_Recusa() { s.caixas.Espera(s.Texto(170), 16, QApplication::applicationDisplayName()); }
 
     std::unique_ptr<frmAddEditTarefa> form;
+};
+
+// The form of a task of the fifth at half past ten.
+struct UmaTarefaAberta : ComFormulario {
+    UmaTarefaAberta() : ComFormulario(u"Edit"_s)
+    {
+        const int id = Nova(u"Telefonar"_s, u"05-02-2027"_s, u"10:30"_s);
+        form->Preencher({.ID = QString::number(id),
+                         .Tarefa = u"Telefonar"_s,
+                         .Data = u"05-02-2027"_s,
+                         .Hora = u"10:30"_s,
+                         .NomeRepeticao = form->ComboRepeticao->List(0)});
+    }
 };
 
 const QDate hoje{2027, 2, 1}; // the installation's clock stands at nine o'clock of that day
@@ -320,6 +334,77 @@ private Q_SLOTS:
         VERIFICAR_FALHA(frmAddEditTarefa(c.s.geral, c.s.plataforma, c.janela, nullptr), Failure::StoreError);
         QCOMPARE(c.Temporizadores_Ligados(), religa);
         QCOMPARE(c.Temporizadores_Parados(), !religa);
+    }
+
+    // Two desks
+
+    void eliminada_la_guarda_se_como_nova_se_se_quiser_data()
+    {
+        QTest::addColumn<int>("resposta");
+        QTest::newRow("sim") << int{answer::yes};
+        QTest::newRow("nao") << int{answer::no};
+    }
+    void eliminada_la_guarda_se_como_nova_se_se_quiser()
+    {
+        QFETCH(int, resposta);
+        UmaTarefaAberta c;
+        c.s.Escrever(u"DELETE FROM TblTarefas"_s);
+        c.form->txtTarefa->setPlainText(u"Telefonar já"_s);
+        c.s.caixas.Espera(c.s.Texto(430), box::question | box::yesNo, c.form->windowTitle(), resposta);
+        c.form->cmdOk->click();
+        const bool guardada = resposta == answer::yes;
+        QCOMPARE(c.form->isVisible(), !guardada);
+        QCOMPARE(c.form->txtTarefa->toPlainText(), u"Telefonar já"_s);
+        QCOMPARE(c.Tarefas(), guardada ? QStringList{u"Telefonar já|2027-02-05|10:30:00|1"_s} : QStringList());
+        QVERIFY(c.s.caixas.Todas_Vistas());
+    }
+
+    void eliminada_la_sem_nada_escrito_aqui_fecha_sem_perguntar()
+    {
+        UmaTarefaAberta c;
+        c.s.Escrever(u"DELETE FROM TblTarefas"_s);
+        c.form->cmdOk->click();
+        QVERIFY(!c.form->isVisible());
+        QCOMPARE(c.Tarefas(), QStringList());
+    }
+
+    void o_que_so_um_dos_postos_mudou_junta_se()
+    {
+        UmaTarefaAberta c;
+        c.s.Escrever(u"UPDATE TblTarefas SET Data='2027-02-12'"_s); // its alarm was answered there
+        c.form->txtTarefa->setPlainText(u"Telefonar já"_s);
+        c.form->cmdOk->click();
+        QVERIFY(!c.form->isVisible());
+        QCOMPARE(c.Tarefas(), QStringList{u"Telefonar já|2027-02-12|10:30:00|1"_s});
+    }
+
+    void o_mesmo_mudado_nos_dois_postos_pergunta_se_data()
+    {
+        QTest::addColumn<QString>("escolha");
+        QTest::addColumn<QString>("ficou");
+        QTest::newRow("o meu") << u"meu"_s << u"Telefonar|2027-02-06|10:30:00|2"_s;
+        QTest::newRow("o do outro") << u"deles"_s << u"Telefonar|2027-02-12|10:30:00|2"_s;
+        QTest::newRow("voltar") << u"voltar"_s << u"Telefonar|2027-02-12|10:30:00|1"_s;
+    }
+    void o_mesmo_mudado_nos_dois_postos_pergunta_se()
+    {
+        QFETCH(QString, escolha);
+        QFETCH(QString, ficou);
+        UmaTarefaAberta c;
+        c.s.Escrever(u"UPDATE TblTarefas SET Data='2027-02-12'"_s);
+        c.form->DataTarefa->setDate({2027, 2, 6});
+        c.form->ComboRepeticao->setListIndex(1); // only here
+        QStringList lida;
+        accoes::Quando_Abrir<frmConflito>([&](frmConflito &conflito) {
+            const QTreeWidgetItem &item = *conflito.lvCampos->topLevelItem(0);
+            lida = {conflito.Label1->text(), item.text(0), item.text(1), item.text(2)};
+            if (escolha == "deles"_L1) conflito.cmdDeles->click();
+            escolha == "voltar"_L1 ? conflito.cmdVoltar->click() : conflito.cmdGuardar->click();
+        });
+        c.form->cmdOk->click();
+        QCOMPARE(lida, QStringList({c.s.Texto(431), u"Data"_s, u"12-02-2027 10:30"_s, u"06-02-2027 10:30"_s}));
+        QCOMPARE(c.Tarefas(), QStringList{ficou});
+        QCOMPARE(c.form->isVisible(), escolha == "voltar"_L1);
     }
 };
 

@@ -8,6 +8,7 @@
 #include "cards/frmQR.h"
 #include "contacts/DesfazerEliminacao.h"
 #include "contacts/frmAddEdit.h"
+#include "contacts/frmConflito.h"
 #include "contacts/frmDeleteGroup.h"
 #include "contacts/frmEditGroup.h"
 #include "contacts/frmEmail.h"
@@ -119,6 +120,18 @@ inline const QMap<QString, Abertura> aberturas{
          auto *form = c.Novo<frmAddEdit>(c.janela, c.s.geral, c.s.plataforma, c.lista);
          static_cast<frmAddEdit *>(form)->Carregar();
          return form;
+     }},
+    {QStringLiteral("frmConflito"),
+     [](ComFormulario &c) {
+         const auto texto = [&](qint16 id) { return c.s.Texto(id); };
+         const auto imagem = [&c](const QString &nome) { return Picture(c.s.geral.Ficheiro(nome)); };
+         return c.Novo<frmConflito>(
+             c.s.geral, texto(421),
+             CamposDisputados{{0, {texto(27), QStringLiteral("Ana Reis"), QStringLiteral("Ana Sousa"), {}}},
+                              {1, {texto(38), QStringLiteral("28-02-1980"), QStringLiteral("31-01-1980"), {}}},
+                              {2, {texto(37), QStringLiteral("Vem na terça"), QStringLiteral("Liga primeiro\r\ne vem na quarta"), {}}},
+                              {3, {texto(35), QStringLiteral("semfoto_small.jpg"), QStringLiteral("fotoerro_small.jpg"), imagem}}},
+             &c.janela);
      }},
     {QStringLiteral("frmProcurar"),
      [](ComFormulario &c) {

@@ -1,0 +1,478 @@
+// Two desks on one database: one has a contact in the editor while the other one writes to the same row.
+#include "contacts/Editor.h"
+#include "contacts/frmConflito.h"
+#include "contacts/TrechoQueDifere.h"
+#include "testlib/FotografiaNaBase.h"
+#include "testlib/Teste.h"
+
+namespace
+{
+using Colunas = QMap<QString, Value>;
+
+// The program once more on the same file, past the window of the first.
+struct DoisPostos : Editor {
+    DoisPostos() : caminho(s.Base()), outro(caminho, s.Pasta())
+    {
+        id = Mostrar({{u"Nome"_s, u"Ana"_s},
+                      {u"Telefone1"_s, u"21"_s},
+                      {u"Dia"_s, u"30"_s},
+                      {u"Mes"_s, u"01"_s},
+                      {u"Ano"_s, u"1980"_s},
+                      {u"Obs"_s, u"antes"_s}});
+    }
+
+    // The other desk's editor writes all columns, with these in place of what stands there.
+    void Outro_Muda(const Colunas &mudadas)
+    {
+        const LinhaInteira linha = outro.Ler_Inteiras("TblLista", "ID", id).front();
+        const auto v = [&](const char *coluna) {
+            return mudadas.value(QLatin1StringView(coluna), Value(linha_inteira::Texto(linha, coluna)));
+        };
+        outro.Executar("cmdUpdateNome",
+                       {v("Nome"), v("Telefone1"), v("Telefone2"), v("Fax"), v("Telemovel1"), v("Telemovel2"),
+                        v("Telemovel3"), v("Dia"), v("Mes"), v("Ano"), v("Email1"), v("Email2"), v("Website"),
+                        v("Morada"), v("Obs"), v("Fotografia"), v("Grupo"), id});
+    }
+    void Outro_Elimina() { outro.Executar("cmdEliminarNome", {id}); }
+
+    // Presses Ok, and does that in the form that must come.
+    static void Ok_E(frmAddEdit &form, const std::function<void(frmConflito &)> &no_conflito)
+    {
+        bool veio = false;
+        accoes::Quando_Abrir<frmConflito>([&](frmConflito &conflito) {
+            veio = true;
+            no_conflito(conflito);
+            if (conflito.isVisible()) conflito.reject();
+        });
+        form.cmdOk->click();
+        QVERIFY(veio);
+    }
+
+    QString Linha(const QString &colunas)
+    {
+        return s.Linhas(u"SELECT %1 FROM TblLista WHERE ID=%2"_s.arg(colunas).arg(id)).join(u';');
+    }
+
+    int id = 0;
+    QString caminho;
+    DE outro;
+};
+
+// A row of the form as a person reads it.
+QStringList Lida(const frmConflito &conflito, int linha)
+{
+    const QTreeWidgetItem &item = *conflito.lvCampos->topLevelItem(linha);
+    return {item.text(0), item.text(1), item.text(2)};
+}
+
+ComboBox &Escolha(const frmConflito &conflito, int linha)
+{
+    return *qobject_cast<ComboBox *>(
+        conflito.lvCampos->itemWidget(conflito.lvCampos->topLevelItem(linha), 3));
+}
+
+constexpr int pergunta = box::question | box::yesNo;
+} // namespace
+
+class TestDisputaDoContacto : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void mudado_la_noutra_coluna_junta_se_sem_perguntar()
+    {
+        DoisPostos p;
+        p.Editar([&](frmAddEdit &form) {
+            p.Outro_Muda({{u"Telefone1"_s, u"22"_s}, {u"Email1"_s, u"a@x.example"_s}});
+            form.txtNome->setText(u"Ana Sousa"_s);
+            form.cmdOk->click();
+            QVERIFY(!form.isVisible());
+        });
+        QCOMPARE(p.Linha(u"Nome, Telefone1, Email1, Obs"_s), u"Ana Sousa|22|a@x.example|antes"_s);
+        QCOMPARE(p.Escolhido(), u"Ana Sousa"_s);
+        QCOMPARE(p.janela.txtTelefone1->text(), u"22"_s); // and the card shows it
+    }
+
+    void mudado_la_e_nada_aqui_fica_como_la()
+    {
+        DoisPostos p;
+        p.Editar([&](frmAddEdit &form) {
+            p.Outro_Muda({{u"Nome"_s, u"Ana Reis"_s}});
+            form.cmdOk->click();
+            QVERIFY(!form.isVisible());
+        });
+        QCOMPARE(p.Linha(u"Nome"_s), u"Ana Reis"_s);
+    }
+
+    void mudado_nos_dois_para_o_mesmo_nao_pergunta()
+    {
+        DoisPostos p;
+        p.Editar([&](frmAddEdit &form) {
+            p.Outro_Muda({{u"Nome"_s, u"Ana Reis"_s}, {u"Obs"_s, u"uma\r\nduas"_s}});
+            form.txtNome->setText(u"Ana Reis"_s);
+            form.txtObs->setPlainText(u"uma\nduas"_s);
+            form.cmdOk->click();
+            QVERIFY(!form.isVisible());
+        });
+        QCOMPARE(p.Linha(u"Nome, Obs"_s), u"Ana Reis|uma\r\nduas"_s);
+    }
+
+    void a_presenca_que_muda_la_nao_e_disputa_e_fica()
+    {
+        DoisPostos p;
+        p.Editar([&](frmAddEdit &form) {
+            p.s.Escrever(u"UPDATE TblLista SET MSNMessenger='18'"_s);
+            form.txtNome->setText(u"Ana Reis"_s);
+            form.cmdOk->click();
+            QVERIFY(!form.isVisible());
+        });
+        QCOMPARE(p.Linha(u"Nome, MSNMessenger"_s), u"Ana Reis|18"_s);
+    }
+
+    void mudado_nos_dois_mostra_os_dois_lados_com_o_meu_escolhido()
+    {
+        DoisPostos p;
+        p.Editar([&](frmAddEdit &form) {
+            p.Outro_Muda({{u"Nome"_s, u"Ana Reis"_s}, {u"Telefone1"_s, u"22"_s}, {u"Obs"_s, u"de la"_s}});
+            form.txtNome->setText(u"Ana Sousa"_s);
+            form.txtObs->setPlainText(u"de aqui"_s);
+            p.Ok_E(form, [&](frmConflito &conflito) {
+                QCOMPARE(conflito.windowTitle(), p.s.Texto(420));
+                QCOMPARE(conflito.Label1->text(), p.s.Texto(421));
+                QCOMPARE(conflito.lvCampos->topLevelItemCount(), 2);
+                QCOMPARE(Lida(conflito, 0),
+                         QStringList({form.lblNome->text(), u"Ana Reis"_s, u"Ana Sousa"_s}));
+                QCOMPARE(Lida(conflito, 1), QStringList({form.lblObs->text(), u"de la"_s, u"de aqui"_s}));
+                QCOMPARE(Escolha(conflito, 0).currentText(), p.s.Texto(424));
+                QVERIFY(conflito.cmdGuardar->isDefault());
+                QCOMPARE(p.Linha(u"Nome, Obs"_s), u"Ana Reis|de la"_s); // nothing is written yet
+                conflito.cmdGuardar->click();
+            });
+            QVERIFY(!form.isVisible());
+        });
+        QCOMPARE(p.Linha(u"Nome, Telefone1, Obs"_s), u"Ana Sousa|22|de aqui"_s);
+        QCOMPARE(p.Escolhido(), u"Ana Sousa"_s);
+    }
+
+    void o_que_se_escolhe_e_o_que_fica_data()
+    {
+        QTest::addColumn<QString>("accoes");
+        QTest::addColumn<QString>("gravado");
+        QTest::newRow("todos os do outro") << u"deles"_s << u"Ana Reis|22|de la|A meu"_s;
+        QTest::newRow("campo a campo") << u"um"_s << u"Ana Sousa|22|de la|A meu"_s;
+        QTest::newRow("todos os meus outra vez") << u"deles meus"_s << u"Ana Sousa|22|de aqui|A meu"_s;
+    }
+    void o_que_se_escolhe_e_o_que_fica()
+    {
+        QFETCH(QString, accoes);
+        QFETCH(QString, gravado);
+        DoisPostos p;
+        p.Editar([&](frmAddEdit &form) {
+            p.Outro_Muda({{u"Nome"_s, u"Ana Reis"_s}, {u"Telefone1"_s, u"22"_s}, {u"Obs"_s, u"de la"_s}});
+            form.txtNome->setText(u"Ana Sousa"_s);
+            form.txtObs->setPlainText(u"de aqui"_s);
+            form.txtMorada->setPlainText(u"A meu"_s); // only here
+            p.Ok_E(form, [&](frmConflito &conflito) {
+                if (accoes == "um"_L1) Escolha(conflito, 1).setCurrentIndex(1);
+                if (accoes.startsWith("deles"_L1)) conflito.cmdDeles->click();
+                if (accoes.endsWith("meus"_L1)) conflito.cmdMeus->click();
+                conflito.cmdGuardar->click();
+            });
+            QVERIFY(!form.isVisible());
+        });
+        QCOMPARE(p.Linha(u"Nome, Telefone1, Obs, Morada"_s), gravado);
+    }
+
+    void voltar_ao_editor_nada_grava_e_deixa_o_que_se_escreveu_data()
+    {
+        QTest::addColumn<bool>("escape");
+        QTest::newRow("o botao") << false;
+        QTest::newRow("escape") << true;
+    }
+    void voltar_ao_editor_nada_grava_e_deixa_o_que_se_escreveu()
+    {
+        QFETCH(bool, escape);
+        DoisPostos p;
+        p.Editar([&](frmAddEdit &form) {
+            p.Outro_Muda({{u"Nome"_s, u"Ana Reis"_s}, {u"Telefone1"_s, u"22"_s}});
+            form.txtNome->setText(u"Ana Sousa"_s);
+            p.Ok_E(form, [&](frmConflito &conflito) {
+                if (escape)
+                    QTest::keyClick(&conflito, Qt::Key_Escape);
+                else
+                    conflito.cmdVoltar->click();
+                QVERIFY(!conflito.isVisible());
+            });
+            QVERIFY(form.isVisible());
+            QCOMPARE(form.txtNome->text(), u"Ana Sousa"_s);
+            QCOMPARE(form.txtTelefone1->text(), u"21"_s);
+            QCOMPARE(p.Linha(u"Nome, Telefone1"_s), u"Ana Reis|22"_s);
+            p.Ok_E(form, [](frmConflito &conflito) { conflito.cmdGuardar->click(); }); // it is asked again
+        });
+        QCOMPARE(p.Linha(u"Nome, Telefone1"_s), u"Ana Sousa|22"_s);
+    }
+
+    void o_aniversario_e_um_so_campo_e_nunca_se_mistura()
+    {
+        DoisPostos p;
+        p.Editar([&](frmAddEdit &form) {
+            p.Outro_Muda({{u"Dia"_s, u"28"_s}, {u"Mes"_s, u"02"_s}});
+            form.txtDia->setText(u"31"_s);
+            p.Ok_E(form, [&](frmConflito &conflito) {
+                QCOMPARE(Lida(conflito, 0),
+                         QStringList({form.lblAniversario->text(), u"28-02-1980"_s, u"31-01-1980"_s}));
+                QCOMPARE(conflito.lvCampos->topLevelItemCount(), 1);
+                conflito.cmdDeles->click();
+                conflito.cmdGuardar->click();
+            });
+        });
+        QCOMPARE(p.Linha(u"Dia, Mes, Ano"_s), u"28|02|1980"_s);
+    }
+
+    void os_grupos_mostram_se_pelos_nomes()
+    {
+        DoisPostos p;
+        const int coral = p.Grupo(u"Coral"_s);
+        p.Grupo(u"Teatro"_s);
+        p.Editar([&](frmAddEdit &form) {
+            p.Outro_Muda({{u"Grupo"_s, coral}});
+            form.ComboGrupos->ChooseText(u"Teatro"_s);
+            p.Ok_E(form, [&](frmConflito &conflito) {
+                QCOMPARE(Lida(conflito, 0), QStringList({u"Grupo"_s, u"Coral"_s, u"Teatro"_s}));
+                conflito.cmdDeles->click();
+                conflito.cmdGuardar->click();
+            });
+        });
+        QCOMPARE(p.Linha(u"Grupo"_s), QString::number(coral));
+        QCOMPARE(p.Escolhido(), u"Ana"_s);
+    }
+
+    void movido_la_para_fora_do_grupo_a_vista_fica_escolhido_sob_todos()
+    {
+        DoisPostos p;
+        const int coral = p.Grupo(u"Coral"_s);
+        const int teatro = p.Grupo(u"Teatro"_s);
+        p.Outro_Muda({{u"Grupo"_s, coral}});
+        p.Filtrar(u"Coral"_s);
+        p.janela.ListaNomes->setListIndex(0);
+        p.Editar([&](frmAddEdit &form) {
+            p.Outro_Muda({{u"Grupo"_s, teatro}});
+            form.txtNome->setText(u"Ana Sousa"_s);
+            form.cmdOk->click();
+        });
+        QCOMPARE(p.Linha(u"Nome, Grupo"_s), u"Ana Sousa|%1"_s.arg(teatro));
+        QCOMPARE(p.janela.ComboGrupos->ListIndex(), 0);
+        QCOMPARE(p.Escolhido(), u"Ana Sousa"_s);
+    }
+
+    void as_fotografias_mostram_se_como_imagens()
+    {
+        DoisPostos p;
+        const QString vermelha = Por_Na_Base(p.s, {40, 30}, qRgb(255, 0, 0));
+        const QString verde = Por_Na_Base(p.s, {400, 200}, qRgb(0, 255, 0));
+        p.Editar([&](frmAddEdit &form) {
+            p.Outro_Muda({{u"Fotografia"_s, vermelha}});
+            form.txtFotografia->setText(verde);
+            p.Ok_E(form, [&](frmConflito &conflito) {
+                QTreeWidgetItem &item = *conflito.lvCampos->topLevelItem(0);
+                const auto imagem = [&](int coluna) {
+                    return qvariant_cast<QPixmap>(item.data(coluna, Qt::DecorationRole)).toImage();
+                };
+                QCOMPARE(item.text(1) + item.text(2), QString());
+                QCOMPARE(imagem(1).pixel(5, 5), qRgb(255, 0, 0));
+                QCOMPARE(imagem(1).size(), QSize(40, 30));
+                QCOMPARE(imagem(2).pixel(5, 5), qRgb(0, 255, 0));
+                QCOMPARE(imagem(2).size(), QSize(120, 60));
+                QCOMPARE(item.data(1, Qt::AccessibleTextRole).toString(), vermelha);
+            });
+        });
+    }
+
+    void uma_fotografia_que_nao_ha_mostra_a_do_erro()
+    {
+        DoisPostos p;
+        p.Editar([&](frmAddEdit &form) {
+            p.Outro_Muda({{u"Fotografia"_s, u"/nao/ha.png"_s}});
+            form.txtFotografia->setText(u"bd:nenhuma.png"_s);
+            p.Ok_E(form, [&](frmConflito &conflito) {
+                for (const int coluna : {1, 2})
+                    QVERIFY(!qvariant_cast<QPixmap>(
+                                 conflito.lvCampos->topLevelItem(0)->data(coluna, Qt::DecorationRole))
+                                 .isNull());
+            });
+        });
+    }
+
+    void o_ficheiro_da_fotografia_preterida_vai_se_e_o_da_escolhida_fica_data()
+    {
+        QTest::addColumn<bool>("deles");
+        QTest::newRow("fica a minha") << false;
+        QTest::newRow("fica a do outro") << true;
+    }
+    void o_ficheiro_da_fotografia_preterida_vai_se_e_o_da_escolhida_fica()
+    {
+        QFETCH(bool, deles);
+        DoisPostos p;
+        const QString pasta = p.s.Ficheiro(u"fotografias"_s);
+        QVERIFY(QDir().mkpath(pasta));
+        const QString do_outro = pasta + u"/fotografia1.png"_s;
+        QImage imagem(8, 8, QImage::Format_RGB32);
+        imagem.fill(Qt::red);
+        QVERIFY(imagem.save(do_outro));
+        QString minha;
+        p.Editar([&](frmAddEdit &form) {
+            p.Outro_Muda({{u"Fotografia"_s, do_outro}});
+            QVERIFY(QTest::qWaitForWindowActive(&form));
+            QGuiApplication::clipboard()->setImage(imagem);
+            QTest::keyClick(form.txtNome, Qt::Key_V, Qt::ControlModifier);
+            QTRY_VERIFY(!form.txtFotografia->text().isEmpty());
+            minha = form.txtFotografia->text();
+            QVERIFY(minha != do_outro && QFile::exists(minha));
+            p.Ok_E(form, [&](frmConflito &conflito) {
+                if (deles) conflito.cmdDeles->click();
+                conflito.cmdGuardar->click();
+            });
+        });
+        QCOMPARE(p.Linha(u"Fotografia"_s), deles ? do_outro : minha);
+        QCOMPARE(QFile::exists(do_outro), deles);
+        QCOMPARE(QFile::exists(minha), !deles);
+    }
+
+    void eliminado_la_guarda_se_como_novo_se_se_quiser()
+    {
+        DoisPostos p;
+        p.Editar([&](frmAddEdit &form) {
+            p.Outro_Elimina();
+            form.txtNome->setText(u"Ana Sousa"_s);
+            p.s.caixas.Espera(p.s.Texto(429), pergunta, form.windowTitle(), answer::yes);
+            form.cmdOk->click();
+            QVERIFY(!form.isVisible());
+        });
+        QCOMPARE(p.s.Linhas(u"SELECT Nome, Telefone1, Obs FROM TblLista"_s),
+                 QStringList{u"Ana Sousa|21|antes"_s});
+        QCOMPARE(p.Escolhido(), u"Ana Sousa"_s);
+        QVERIFY(p.s.caixas.Todas_Vistas());
+    }
+
+    void eliminado_la_e_recusado_como_novo_fica_no_editor()
+    {
+        DoisPostos p;
+        p.Editar([&](frmAddEdit &form) {
+            p.Outro_Elimina();
+            form.txtNome->setText(u"Ana Sousa"_s);
+            p.s.caixas.Espera(p.s.Texto(429), pergunta, form.windowTitle(), answer::no);
+            form.cmdOk->click();
+            QVERIFY(form.isVisible());
+            QCOMPARE(form.txtNome->text(), u"Ana Sousa"_s);
+        });
+        QCOMPARE(p.Contactos(), 0);
+        QVERIFY(p.s.caixas.Todas_Vistas());
+    }
+
+    void quem_nao_pode_adicionar_nao_guarda_como_novo()
+    {
+        DoisPostos p;
+        p.s.Novo_Utilizador(u"Rui"_s, u"x"_s, u"01111"_s);
+        p.s.Entrar(u"Rui"_s);
+        p.Editar([&](frmAddEdit &form) {
+            p.Outro_Elimina();
+            form.txtNome->setText(u"Ana Sousa"_s);
+            p.s.caixas.Espera(p.s.Texto(429), pergunta, form.windowTitle(), answer::yes);
+            p.s.caixas.Espera(p.s.Texto(102), box::stop, u"Morvex"_s);
+            form.cmdOk->click();
+            QVERIFY(form.isVisible());
+        });
+        QCOMPARE(p.Contactos(), 0);
+        QVERIFY(p.s.caixas.Todas_Vistas());
+    }
+
+    void eliminado_enquanto_se_escolhe_oferece_se_como_novo()
+    {
+        DoisPostos p;
+        p.Editar([&](frmAddEdit &form) {
+            p.Outro_Muda({{u"Nome"_s, u"Ana Reis"_s}});
+            form.txtNome->setText(u"Ana Sousa"_s);
+            p.s.caixas.Espera(p.s.Texto(429), pergunta, form.windowTitle(), answer::yes);
+            p.Ok_E(form, [&](frmConflito &conflito) {
+                p.Outro_Elimina();
+                conflito.cmdGuardar->click();
+            });
+            QVERIFY(!form.isVisible());
+        });
+        QCOMPARE(p.s.Linhas(u"SELECT Nome FROM TblLista"_s), QStringList{u"Ana Sousa"_s});
+    }
+
+    void uma_escrita_que_falha_deixa_o_editor_aberto_com_o_que_se_escreveu()
+    {
+        DoisPostos p;
+        p.s.Escrever(
+            u"CREATE TRIGGER Travao BEFORE UPDATE ON TblLista BEGIN SELECT RAISE(ABORT, 'no'); END"_s);
+        p.Editar([&](frmAddEdit &form) {
+            form.txtNome->setText(u"Ana Sousa"_s);
+            p.s.caixas.Espera_Erro(Failure::StoreError);
+            QTest::keyClick(form.cmdOk, Qt::Key_Space);
+            QVERIFY(form.isVisible());
+            QCOMPARE(form.txtNome->text(), u"Ana Sousa"_s);
+            p.s.Escrever(u"DROP TRIGGER Travao"_s);
+            form.cmdOk->click(); // another try from the same form
+            QVERIFY(!form.isVisible());
+        });
+        QCOMPARE(p.Linha(u"Nome"_s), u"Ana Sousa"_s);
+        QVERIFY(p.s.caixas.Todas_Vistas());
+    }
+
+    void um_nome_que_nao_cabe_no_campo_e_que_mudou_la_fica_inteiro()
+    {
+        DoisPostos p;
+        const QString longo(80, u'n');
+        p.s.Escrever(u"UPDATE TblLista SET Nome='%1'"_s.arg(longo));
+        p.Editar([&](frmAddEdit &form) {
+            p.Outro_Muda({{u"Nome"_s, longo + u'm'}});
+            form.txtTelefone1->setText(u"22"_s);
+            form.cmdOk->click();
+            QVERIFY(!form.isVisible());
+        });
+        QCOMPARE(p.Linha(u"Nome, Telefone1"_s), longo + u"m|22"_s);
+    }
+
+    // What is read of a long text
+
+    void trechos_data()
+    {
+        QTest::addColumn<QString>("texto");
+        QTest::addColumn<QString>("outro");
+        QTest::addColumn<QString>("trecho");
+        const QString longo(400, u'a');
+        QTest::newRow("curto, inteiro") << u"uma\r\nduas"_s << u"tres"_s << u"uma\nduas"_s;
+        QTest::newRow("vazio") << QString() << longo << QString();
+        QTest::newRow("longo que difere no principio")
+            << u'b' + longo << longo << u'b' + longo.left(299) + u'…';
+        QTest::newRow("longo que difere no fim")
+            << longo + u'b' << longo + u'c' << u'…' + longo.left(40) + u'b';
+        QTest::newRow("longo que acaba onde o outro continua")
+            << longo << longo + u'c' << u'…' + longo.left(40);
+        QTest::newRow("muitas linhas") << u"x\n"_s.repeated(20) << QString() << u"x\nx\nx\nx\nx\nx\nx\nx…"_s;
+    }
+    void trechos()
+    {
+        QFETCH(QString, texto);
+        QFETCH(QString, outro);
+        QFETCH(QString, trecho);
+        QCOMPARE(Trecho_Que_Difere(texto, outro), trecho);
+    }
+
+    void um_trecho_nao_comeca_nem_acaba_a_meio_de_uma_letra()
+    {
+        const QString pares = u"😀"_s.repeated(300); // two units each
+        for (int i = 0; i < 4; ++i) {
+            const QString texto = QString(i, u'a') + pares + u'b' + pares;
+            const QString trecho = Trecho_Que_Difere(texto, QString(i, u'a') + pares + u'c').remove(u'…');
+            QVERIFY(!trecho.front().isLowSurrogate());
+            QVERIFY(!trecho.back().isHighSurrogate());
+            QVERIFY(trecho.contains(u'b'));
+        }
+    }
+};
+
+MORVEX_TESTE(TestDisputaDoContacto)
+#include "test_DisputaDoContacto.moc"
