@@ -196,7 +196,8 @@ private Q_SLOTS:
         Book book;
         book.remote.da_etag_ao_escrever = false;
         book.remote.antes = [](const Pedido &asked) -> std::optional<Resposta> {
-            return asked.verbo == "GET" ? std::optional(Resposta{500}) : std::nullopt;
+            return asked.verbo == "GET" ? std::optional(Resposta{500, "sorry", {"ETag: \"of the page\""}})
+                                        : std::nullopt;
         };
         const Written created = create(book.local, book.local.hrefFor(u"n"_s), card("A"));
         QCOMPARE(nameOf(created.error), u"None"_s);
