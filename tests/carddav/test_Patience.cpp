@@ -58,7 +58,9 @@ private Q_SLOTS:
         QTest::newRow("speaks something else")
             << Resposta{0, {}, {}, Depois::Nada, "220 mail.example.org ESMTP\r\n"} << u"Interrupted"_s;
         QTest::newRow("compressed unasked")
-            << Resposta{207, "xx", {"Content-Encoding: gzip"}} << u"Malformed"_s;
+            << Resposta{207, listed().corpo, {"Content-Encoding: gzip"}} << u"Malformed"_s;
+        QTest::newRow("hangs up before the end that it announced")
+            << Resposta{207, listed().corpo, {"Content-Length: 1000"}, Depois::Fecha} << u"Interrupted"_s;
         QTest::newRow("page of a network for guests")
             << Resposta{200, "<html>log in</html>", {"Content-Type: text/html"}} << u"Malformed"_s;
         QTest::newRow("entity bomb") << Resposta::Xml(
