@@ -134,6 +134,27 @@ inline QByteArray card(const QByteArray &name)
            ";;;;\r\nEND:VCARD\r\n";
 }
 
+// A book with its server and its client.
+struct Book {
+    explicit Book(int cards = 0)
+    {
+        for (int number = 1; number <= cards; ++number)
+            remote.Por(QByteArray::number(number) + ".vcf", card("C" + QByteArray::number(number)));
+    }
+    QString href(const QString &name) const { return QString::fromLatin1(remote.livro) + name; }
+    QStringList hrefs(int count) const
+    {
+        QStringList result;
+        for (int number = 1; number <= count; ++number)
+            result << href(QStringLiteral("%1.vcf").arg(number));
+        return result;
+    }
+
+    LivroDav remote;
+    ServidorHttp server{std::ref(remote)};
+    AddressBook local{QUrl(server.Endereco(QStringLiteral("/dav/ana/contactos/"))), {}};
+};
+
 // So that a kind can be compared and read in a report.
 inline QString nameOf(Kind kind)
 {

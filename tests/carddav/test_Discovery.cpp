@@ -165,6 +165,18 @@ private Q_SLOTS:
         QCOMPARE(server.pedidos.size(), 2); // without it, and with it
     }
 
+    void a_password_that_turns_out_wrong_on_the_way_ends_the_search()
+    {
+        LivroDav book;
+        book.entrada = LivroDav::Entrada::Basica;
+        book.antes = [](const Pedido &asked) -> std::optional<Resposta> {
+            return asked.caminho == "/open/" ? std::optional(Resposta{404}) : std::nullopt;
+        };
+        ServidorHttp server(std::ref(book));
+        QCOMPARE(nameOf(find(server.Endereco(u"/open/"_s), {u"ana"_s, u"errada"_s}).error), u"Password"_s);
+        QCOMPARE(server.pedidos.size(), 4); // at and in the open place, then without the password and with it
+    }
+
     void a_home_on_another_server_is_told_and_gets_no_password()
     {
         LivroDav there;

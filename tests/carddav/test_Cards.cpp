@@ -1,0 +1,349 @@
+// How cards are fetched and written, whatever the server is like.
+#include "Asking.h"
+#include "testlib/Teste.h"
+
+using namespace Qt::StringLiterals;
+using namespace asking;
+
+class TestCards : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cards_are_fetched_by_the_hundred()
+    {
+        Book book(250);
+        const Fetched cards = fetch(book.local, book.hrefs(250));
+        QCOMPARE(nameOf(cards.error), u"None"_s);
+        QCOMPARE(cards.told, 250);
+        QCOMPARE(cards.ends, 1);
+        QCOMPARE(book.server.Verbos(), (QList<QByteArray>{"REPORT", "REPORT", "REPORT"}));
+        const RemoteCard one = cards.cards.value(book.href(u"7.vcf"_s));
+        QCOMPARE(one.text, card("C7").replace("\r\n", "\n")); // as an answer in XML brings line ends
+        QCOMPARE(one.etag, QByteArray("\"e7\""));
+        QVERIFY(!one.error);
+    }
+
+    void names_with_strange_signs_are_fetched_data()
+    {
+        QTest::addColumn<QString>("name");
+        for (const char *name :
+             {"a@b.vcf", "a b.vcf", "é.vcf", "100%.vcf", "a&b<c>\"'.vcf", "a+b;c=d.vcf", "a#b?c.vcf"})
+            QTest::newRow(name) << QString::fromUtf8(name);
+    }
+    void names_with_strange_signs_are_fetched()
+    {
+        QFETCH(QString, name);
+        Book book;
+        for (const bool asksMany : {true, false}) {
+            book.remote.conhece_multiget = asksMany;
+            book.remote.Por(name.toUtf8(), card("X"));
+            const Changes changes = changesSince(book.local, {});
+            QCOMPARE(changes.changed.size(), 1);
+            const QString href = changes.changed[0].href;
+            const Fetched cards = fetch(book.local, {href});
+            QVERIFY2(!cards.error, qPrintable(nameOf(cards.error)));
+            QCOMPARE(cards.told, 1);
+            QVERIFY2(cards.cards.value(href).text.contains("FN:X"), qPrintable(href));
+            const Written state = replace(book.local, href, cards.cards.value(href).etag, card("Y"));
+            QCOMPARE(nameOf(state.error), u"None"_s);
+            QCOMPARE(book.remote.cartoes.size(), 1);
+        }
+    }
+
+    void a_server_that_refuses_to_give_many_gives_them_singly()
+    {
+        Book book(20);
+        book.remote.conhece_multiget = false;
+        const Fetched cards = fetch(book.local, book.hrefs(20));
+        QVERIFY(!cards.error);
+        QCOMPARE(cards.cards.size(), 20);
+        QCOMPARE(cards.cards.value(book.href(u"3.vcf"_s)).text, card("C3"));
+        QCOMPARE(book.server.Verbos().count("GET"), 20);
+        fetch(book.local, book.hrefs(2));
+        QCOMPARE(book.server.Verbos().count("REPORT"), 1); // what it refused once it is not asked again
+    }
+
+    void every_card_is_told_once_with_what_is_the_matter_with_it()
+    {
+        Book book(5);
+        book.remote.antes = [&](const Pedido &asked) -> std::optional<Resposta> {
+            const QByteArray name = asked.caminho.mid(book.remote.livro.size());
+            if (asked.verbo == "GET" && name == "2.vcf") return Resposta{403};
+            if (asked.verbo == "GET" && name == "3.vcf")
+                return Resposta{200, "<html>log in</html>", {"Content-Type: text/html"}};
+            if (asked.verbo == "GET" && name == "4.vcf") return Resposta{500};
+            return std::nullopt;
+        };
+        book.remote.conhece_multiget = false;
+        QStringList hrefs = book.hrefs(5);
+        hrefs << book.href(u"gone.vcf"_s) << hrefs.constFirst(); // one is named twice
+        const Fetched cards = fetch(book.local, hrefs);
+        QVERIFY(!cards.error);
+        QCOMPARE(cards.told, 6);
+        QStringList kinds;
+        for (const RemoteCard &one : cards.cards)
+            kinds << nameOf(one.error);
+        QCOMPARE(kinds, (QStringList{u"None"_s, u"Forbidden"_s, u"Malformed"_s, u"Server"_s, u"None"_s,
+                                     u"NotFound"_s}));
+        QVERIFY(cards.cards.value(book.href(u"4.vcf"_s)).text.isEmpty());
+    }
+
+    void what_an_answer_for_many_leaves_open_is_asked_singly()
+    {
+        Book book(4);
+        book.remote.antes = [&](const Pedido &asked) -> std::optional<Resposta> {
+            if (asked.verbo != "REPORT") return std::nullopt;
+            const QByteArray at = book.remote.livro;
+            return Resposta::Xml(LivroDav::Multistatus(
+                LivroDav::Uma(at + "1.vcf", "<c:address-data>BEGIN:VCARD</c:address-data>") + // told twice
+                LivroDav::Uma(at + "1.vcf", "<c:address-data>BEGIN:VCARD again</c:address-data>") +
+                LivroDav::Uma(at + "2.vcf", "<d:getetag>1</d:getetag>") + // without the card
+                LivroDav::Uma(at + "3.vcf", "<c:address-data> </c:address-data>") +
+                LivroDav::Uma(at + "never-asked.vcf", "<c:address-data>BEGIN:VCARD</c:address-data>")));
+        };
+        const Fetched cards = fetch(book.local, book.hrefs(4));
+        QCOMPARE(cards.told, 4);
+        QCOMPARE(cards.cards.value(book.href(u"1.vcf"_s)).text, QByteArray("BEGIN:VCARD"));
+        QCOMPARE(cards.cards.value(book.href(u"2.vcf"_s)).text, card("C2"));
+        QCOMPARE(cards.cards.value(book.href(u"3.vcf"_s)).text, card("C3"));
+        QCOMPARE(cards.cards.value(book.href(u"4.vcf"_s)).text, card("C4"));
+    }
+
+    // A control character in one card makes XML of all unreadable.
+    void a_slip_in_one_card_does_not_cost_the_others()
+    {
+        Book book(250);
+        book.remote.Por("105.vcf", card("C\x01"
+                                        "105"));
+        const Fetched cards = fetch(book.local, book.hrefs(250));
+        QVERIFY(!cards.error);
+        QCOMPARE(cards.cards.size(), 250);
+        QCOMPARE(cards.cards.value(book.href(u"105.vcf"_s)).text, card("C\x01"
+                                                                       "105"));
+        QCOMPARE(book.server.Verbos().count("REPORT"), 3);
+        QCOMPARE(book.server.Verbos().count("GET"), 100);
+    }
+
+    void nothing_asked_for_is_told_at_once_but_not_within_the_call()
+    {
+        Book book;
+        bool ended = false;
+        book.local.fetch(
+            {}, [](const QList<RemoteCard> &) {}, [&](const RemoteError &error) { ended = !error; });
+        QVERIFY(!ended);
+        QTRY_VERIFY(ended);
+        QVERIFY(book.server.pedidos.isEmpty());
+    }
+
+    void a_new_card_is_created_only_where_there_is_none()
+    {
+        Book book;
+        const QString href = book.local.hrefFor(u"uid-1"_s);
+        QCOMPARE(href, book.href(u"uid-1.vcf"_s));
+        const Written first = create(book.local, href, card("Ana"));
+        QCOMPARE(nameOf(first.error), u"None"_s);
+        QCOMPARE(first.href, href);
+        QCOMPARE(first.etag, QByteArray("\"e1\""));
+        QVERIFY(first.text.isEmpty());
+        QCOMPARE(book.remote.cartoes.value(href.toLatin1()).texto, card("Ana"));
+        QCOMPARE(book.server.pedidos.last()["content-type"], QByteArray("text/vcard; charset=utf-8"));
+        const Written second = create(book.local, href, card("Rui"));
+        QCOMPARE(nameOf(second.error), u"Changed"_s);
+        QCOMPARE(book.remote.cartoes.value(href.toLatin1()).texto, card("Ana"));
+    }
+
+    void a_changed_card_is_replaced_only_in_the_state_last_seen()
+    {
+        Book book(1);
+        const QString href = book.href(u"1.vcf"_s);
+        const Written first = replace(book.local, href, "\"e1\"", card("Outra"));
+        QCOMPARE(nameOf(first.error), u"None"_s);
+        QCOMPARE(first.etag, QByteArray("\"e2\""));
+        const Written late = replace(book.local, href, "\"e1\"", card("Tarde"));
+        QCOMPARE(nameOf(late.error), u"Changed"_s);
+        QCOMPARE(late.error.status, 412);
+        QCOMPARE(book.remote.cartoes.value(href.toLatin1()).texto, card("Outra"));
+        QCOMPARE(nameOf(replace(book.local, href, {}, card("Sem marca")).error), u"None"_s);
+        book.remote.Tirar("1.vcf");
+        QCOMPARE(nameOf(replace(book.local, href, {}, card("Nada")).error), u"Changed"_s);
+        QVERIFY(book.remote.cartoes.isEmpty());
+    }
+
+    void a_card_that_is_gone_counts_as_changed_to_whoever_wants_to_replace_it()
+    {
+        Book book;
+        book.remote.antes = [](const Pedido &) -> std::optional<Resposta> { return Resposta{404}; };
+        QCOMPARE(nameOf(replace(book.local, book.href(u"1.vcf"_s), "\"e1\"", card("A")).error), u"Changed"_s);
+    }
+
+    void an_answer_without_a_mark_is_completed_by_fetching_the_card()
+    {
+        Book book(1);
+        book.remote.da_etag_ao_escrever = false;
+        book.remote.reescreve = true;
+        const QString href = book.local.hrefFor(u"n"_s);
+        const Written created = create(book.local, href, "BEGIN:VCARD\r\nX-ABLabel:a\r\nEND:VCARD\r\n");
+        QCOMPARE(created.etag, QByteArray("\"e2\""));
+        QCOMPARE(created.text, QByteArray("BEGIN:VCARD\r\nX-ABLABEL:a\r\nEND:VCARD\r\n"));
+        const Written replaced = replace(book.local, book.href(u"1.vcf"_s), "\"e1\"", card("B"));
+        QCOMPARE(replaced.etag, QByteArray("\"e3\""));
+        QCOMPARE(replaced.text, card("B"));
+    }
+
+    void a_card_is_written_even_where_its_state_cannot_be_learned()
+    {
+        Book book;
+        book.remote.da_etag_ao_escrever = false;
+        book.remote.antes = [](const Pedido &asked) -> std::optional<Resposta> {
+            return asked.verbo == "GET" ? std::optional(Resposta{500, "sorry", {"ETag: \"of the page\""}})
+                                        : std::nullopt;
+        };
+        const Written created = create(book.local, book.local.hrefFor(u"n"_s), card("A"));
+        QCOMPARE(nameOf(created.error), u"None"_s);
+        QVERIFY(created.etag.isEmpty() && created.text.isEmpty());
+        QCOMPARE(book.remote.cartoes.size(), 1);
+    }
+
+    void a_deletion_that_is_refused_within_a_list_is_told()
+    {
+        Book book(1);
+        book.remote.antes = [&book](const Pedido &asked) -> std::optional<Resposta> {
+            if (asked.verbo != "DELETE") return std::nullopt;
+            return Resposta::Xml(
+                LivroDav::Multistatus(LivroDav::Sem(book.remote.livro + "1.vcf", "423 Locked")));
+        };
+        QCOMPARE(nameOf(remove(book.local, book.href(u"1.vcf"_s), {}).error), u"Server"_s);
+    }
+
+    void a_server_may_choose_the_name_itself()
+    {
+        Book book;
+        book.remote.antes = [](const Pedido &asked) -> std::optional<Resposta> {
+            if (asked.verbo != "PUT") return std::nullopt;
+            return Resposta{201, {}, {"Location: /dav/ana/contactos/own%40name.vcf", "ETag: W/\"9\""}};
+        };
+        const Written created = create(book.local, book.local.hrefFor(u"n"_s), card("A"));
+        QCOMPARE(created.href, book.href(u"own%40name.vcf"_s));
+        QCOMPARE(created.etag, QByteArray("\"9\""));
+    }
+
+    void a_card_is_removed_only_in_the_state_last_seen_and_may_be_gone_already()
+    {
+        Book book(2);
+        const QString href = book.href(u"1.vcf"_s);
+        QCOMPARE(nameOf(remove(book.local, href, "\"other\"").error), u"Changed"_s);
+        QVERIFY(book.remote.cartoes.contains(href.toLatin1()));
+        QCOMPARE(nameOf(remove(book.local, href, "\"e1\"").error), u"None"_s);
+        QVERIFY(!book.remote.cartoes.contains(href.toLatin1()));
+        QCOMPARE(nameOf(remove(book.local, href, "\"e1\"").error), u"None"_s); // the server says 412
+        QCOMPARE(nameOf(remove(book.local, href, {}).error), u"None"_s);       // the server says 404
+        QCOMPARE(nameOf(remove(book.local, book.href(u"2.vcf"_s), {}).error), u"None"_s);
+        QVERIFY(book.remote.cartoes.isEmpty());
+    }
+
+    void refusals_are_told_by_their_kind_data()
+    {
+        QTest::addColumn<int>("status");
+        QTest::addColumn<QByteArray>("body");
+        QTest::addColumn<QString>("kind");
+        const auto row = [](const char *name, int status, const char *condition, const char *kind) {
+            const QByteArray body = *condition
+                                        ? QByteArray("<d:error xmlns:d='DAV:'><") + condition + "/></d:error>"
+                                        : QByteArray();
+            QTest::newRow(name) << status << body << QString::fromLatin1(kind);
+        };
+        row("forbidden", 403, "", "Forbidden");
+        row("read only", 405, "", "Forbidden");
+        row("full", 507, "", "NoRoom");
+        row("quota", 403, "d:quota-not-exceeded", "NoRoom");
+        row("card too large", 413, "", "NoRoom");
+        row("card too large for the book", 403, "c:max-resource-size", "NoRoom");
+        row("bad card", 400, "", "NotAccepted");
+        row("bad card, by name", 403, "c:valid-address-data", "NotAccepted");
+        row("unknown version", 415, "c:supported-address-data", "NotAccepted");
+        row("same person under another name", 409, "c:no-uid-conflict", "Changed");
+        row("book is gone", 409, "", "NotFound");
+        row("locked", 423, "", "Server");
+        row("too many", 429, "", "Server");
+        row("broken", 500, "", "Server");
+        row("down", 503, "", "Server");
+        row("nonsense", 200 + 7, "", "Malformed");
+        row("not modified", 304, "", "Malformed");
+    }
+    void refusals_are_told_by_their_kind()
+    {
+        QFETCH(int, status);
+        QFETCH(QByteArray, body);
+        QFETCH(QString, kind);
+        Book book;
+        book.remote.antes = [&](const Pedido &) -> std::optional<Resposta> { return Resposta{status, body}; };
+        const Written created = create(book.local, book.local.hrefFor(u"n"_s), card("A"));
+        QCOMPARE(nameOf(created.error), kind);
+        QCOMPARE(created.error.status, status);
+        QVERIFY(!created.error.concernsAll());
+    }
+
+    void names_of_new_cards_need_no_code_data()
+    {
+        QTest::addColumn<QString>("uid");
+        QTest::addColumn<bool>("plain");
+        QTest::newRow("uuid") << u"8f4c1c1e-5c1b-4f5e-9d1a-0c1e2d3f4a5b"_s << true;
+        QTest::newRow("urn") << u"urn:uuid:8f4c1c1e"_s << false;
+        QTest::newRow("path") << u"../../etc/passwd"_s << false;
+        QTest::newRow("hidden") << u".htaccess"_s << false;
+        QTest::newRow("empty") << QString() << false;
+        QTest::newRow("long") << QString(101, u'x') << false;
+        QTest::newRow("letters") << u"ção"_s << false;
+    }
+    void names_of_new_cards_need_no_code()
+    {
+        QFETCH(QString, uid);
+        QFETCH(bool, plain);
+        Book book;
+        const QString name = book.local.hrefFor(uid).mid(book.href({}).size());
+        QCOMPARE(book.local.hrefFor(uid), book.href(name));
+        if (plain) QCOMPARE(name, uid + u".vcf"_s);
+        QVERIFY2(QRegularExpression(u"^[A-Za-z0-9][A-Za-z0-9._~-]*\\.vcf$"_s).match(name).hasMatch(),
+                 qPrintable(name));
+        QCOMPARE(book.local.hrefFor(uid), book.local.hrefFor(uid));
+    }
+
+    void a_card_of_twenty_megabytes_goes_there_and_comes_back()
+    {
+        Book book;
+        const QByteArray large =
+            card("A").replace("END:", "PHOTO;ENCODING=b:" + QByteArray(20 << 20, 'A') + "\r\nEND:");
+        const QString href = book.local.hrefFor(u"n"_s);
+        QCOMPARE(nameOf(create(book.local, href, large).error), u"None"_s);
+        QVERIFY(book.remote.cartoes.value(href.toLatin1()).texto == large);
+        for (const bool asksMany : {true, false}) {
+            book.remote.conhece_multiget = asksMany;
+            const QByteArray text = fetch(book.local, {href}).cards.value(href).text;
+            QCOMPARE(text.size(), asksMany ? large.size() - large.count('\r') : large.size());
+        }
+    }
+
+    void at_most_six_are_under_way_at_one_time()
+    {
+        Book book;
+        LivroDav slow;
+        ServidorHttp server([&slow](const Pedido &asked) {
+            Resposta answer = slow(asked);
+            answer.atraso = 20;
+            return answer;
+        });
+        AddressBook local(QUrl(server.Endereco(u"/dav/ana/contactos/"_s)), {});
+        int written = 0;
+        QStringList order;
+        for (int number = 0; number < 30; ++number)
+            local.create(local.hrefFor(QString::number(number)), card("A"),
+                         [&](const RemoteError &error, const RemoteWritten &) { written += error ? 0 : 1; });
+        QTRY_COMPARE_WITH_TIMEOUT(written, 30, patience);
+        QCOMPARE(server.mais_ao_mesmo_tempo, 6);
+        QCOMPARE(slow.cartoes.size(), 30);
+    }
+};
+
+MORVEX_TESTE(TestCards)
+#include "test_Cards.moc"
