@@ -55,7 +55,8 @@ qint16 Texto_Do_Erro(RemoteError::Kind especie)
 
 QString Contagens(Geral &geral, const ResultadoDaSincronizacao &r)
 {
-    if (!r.Mudou_Aqui() && !r.Mudou_La()) return r.retidos + r.recusados > 0 ? QString() : geral.Ler_Idioma(521);
+    if (!r.Mudou_Aqui() && !r.Mudou_La())
+        return r.retidos + r.recusados > 0 ? QString() : geral.Ler_Idioma(521);
     return geral.Ler_Idioma(520)
         .arg(r.adicionados)
         .arg(r.alterados)
