@@ -137,7 +137,7 @@ QString palavras_da_sincronizacao::Do_Resultado(Geral &geral, const ResultadoDaS
 
 QString palavras_da_sincronizacao::Da_Ocorrencia(Geral &geral, const Ocorrencia &ocorrencia)
 {
-    const QString texto = geral.Ler_Idioma(Texto_Da_Ocorrencia(ocorrencia.que));
+    QString texto = geral.Ler_Idioma(Texto_Da_Ocorrencia(ocorrencia.que));
     if (ocorrencia.que != Ocorrencia::Conflito) return texto;
     return texto.arg(Rotulo_Do_Campo(geral, ocorrencia.Campo), ocorrencia.La, ocorrencia.Aqui);
 }
