@@ -15,7 +15,7 @@ public:
     struct Opcoes {
         CardVersion versao = CardVersion::V30;
         bool com_fotografias = true;
-        bool com_uid = true; // a card without it is seen, and not kept
+        bool com_uid = true;         // a card without it is seen, and not kept
         bool na_do_guardado = false; // a kept card stays in its own version
     };
 

@@ -87,8 +87,8 @@ bool isNone(const QString &path) { return path.isEmpty() || path == u"/"_s; }
 // The person answers in a window of the store's own, whenever that is.
 void prompt(const QString &path)
 {
-    QDBusMessage question = QDBusMessage::createMethodCall(
-        serviceName, path, u"org.freedesktop.Secret.Prompt"_s, u"Prompt"_s);
+    QDBusMessage question =
+        QDBusMessage::createMethodCall(serviceName, path, u"org.freedesktop.Secret.Prompt"_s, u"Prompt"_s);
     question << QString();
     QDBusConnection::sessionBus().asyncCall(question);
 }
@@ -158,9 +158,8 @@ bool SecretService::write(const QString &key, const QString &label, const QStrin
         {u"org.freedesktop.Secret.Item.Label"_s, label},
         {u"org.freedesktop.Secret.Item.Attributes"_s, QVariant::fromValue(attributesOf(key))}};
     const BusSecret value{QDBusObjectPath(opened), {}, secret.toUtf8(), u"text/plain; charset=utf8"_s};
-    const QDBusMessage answer =
-        call(where, u"org.freedesktop.Secret.Collection"_s, u"CreateItem"_s,
-             {QVariant::fromValue(properties), QVariant::fromValue(value), true});
+    const QDBusMessage answer = call(where, u"org.freedesktop.Secret.Collection"_s, u"CreateItem"_s,
+                                     {QVariant::fromValue(properties), QVariant::fromValue(value), true});
     return isAnswer(answer, 2) && !isNone(pathIn(answer, 0));
 }
 

@@ -12,8 +12,8 @@ public:
     // Whether there is one that takes secrets. Asked anew each time: a desktop may start it late.
     virtual bool isThere() = 0;
 
-    // Under a key of the caller's, unique in this program. Nothing where there is no such secret, and where the
-    // store is locked: it then asks the person by itself to open it, and the next read finds it open.
+    // Under a key of the caller's, unique in this program. Nothing where there is no such secret, and where
+    // the store is locked: it then asks the person by itself to open it, and the next read finds it open.
     virtual std::optional<QString> read(const QString &key) = 0;
 
     // In the place of an earlier one. The label is what the person reads in the desktop's list of secrets.

@@ -78,7 +78,8 @@ void RecepcaoDeCartoes::Novo(const Chegada &chegada, bool estava_eliminado)
         return;
     }
     c_.grupo.Guardar_Cartao(ID, chegada.pessoa.UID, chegada.texto);
-    c_.pares.Guardar({chegada.href, ID, chegada.etag, Par::Acordado, chegada.resumo, chegada.pessoa.lido.colunas});
+    c_.pares.Guardar(
+        {chegada.href, ID, chegada.etag, Par::Acordado, chegada.resumo, chegada.pessoa.lido.colunas});
     if (estava_eliminado) c_.Apontar({Ocorrencia::EliminadoAqui, ID, nome, {}, {}, {}, {}});
     ++c_.resultado.adicionados;
 }
@@ -125,7 +126,8 @@ void RecepcaoDeCartoes::Apontar_Conflitos(int ID, const QString &nome,
 {
     for (const ConflitoDeColuna &conflito : conflitos) {
         const char *coluna = ColunasDoContacto::na_tabela.at(static_cast<std::size_t>(conflito.coluna));
-        c_.Apontar({Ocorrencia::Conflito, ID, nome, QString::fromLatin1(coluna), conflito.aqui, conflito.la, {}});
+        c_.Apontar(
+            {Ocorrencia::Conflito, ID, nome, QString::fromLatin1(coluna), conflito.aqui, conflito.la, {}});
         ++c_.resultado.conflitos;
     }
 }
@@ -138,7 +140,13 @@ void RecepcaoDeCartoes::Reter(const Chegada &chegada, const Par *par)
     retido.href = chegada.href;
     retido.estado = Par::Retido;
     c_.pares.Guardar(retido);
-    c_.Apontar({Ocorrencia::SemDireito, retido.IDContacto, chegada.pessoa.lido.colunas[Coluna::Nome], {}, {}, {}, {}});
+    c_.Apontar({Ocorrencia::SemDireito,
+                retido.IDContacto,
+                chegada.pessoa.lido.colunas[Coluna::Nome],
+                {},
+                {},
+                {},
+                {}});
     ++c_.resultado.retidos;
 }
 

@@ -97,7 +97,8 @@ bool ExpedicaoDeCartoes::Cartao_Do_Contacto(Envio &envio, const ColunasDoContact
         contacto.contacto.colunas = Alinhado(colunas, guardado->lido.colunas);
     envio.colunas = colunas;
     if (envio.que == Que::Alterado) {
-        if (par == nullptr || par->estado != Par::Acordado || Dizem_O_Mesmo(colunas, par->acordo)) return false;
+        if (par == nullptr || par->estado != Par::Acordado || Dizem_O_Mesmo(colunas, par->acordo))
+            return false;
         envio.etag = par->etag;
         envio.cartao = saida_.Escrever(contacto);
         return true;
@@ -172,7 +173,8 @@ void ExpedicaoDeCartoes::Escrito(const Volta &volta)
     c_.pares.Guardar({href, envio.ID, volta.escrito.etag, sem_marca ? Par::PorVer : Par::Acordado,
                       Resumo_Do_Cartao(envio.cartao), envio.colunas});
     if (c_.grupo.Ler(envio.ID)) c_.grupo.Guardar_Cartao(envio.ID, c_.grupo.UID(envio.ID), envio.cartao);
-    // As it lies there by now; the server may have written it in its own way, or somebody else has been there.
+    // As it lies there by now; the server may have written it in its own way, or somebody else has been
+    // there.
     if (!volta.escrito.text.isEmpty()) recepcao_.Tratar(href, volta.escrito.etag, volta.escrito.text);
     ++(envio.que == Que::Novo ? c_.resultado.adicionados_la : c_.resultado.alterados_la);
 }

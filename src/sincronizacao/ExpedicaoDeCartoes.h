@@ -1,5 +1,5 @@
-// What has to go to the server: contacts changed here, new ones, and the cards of those that are gone. A few at
-// a time are on their way; what came of each is remembered with the next write.
+// What has to go to the server: contacts changed here, new ones, and the cards of those that are gone. A few
+// at a time are on their way; what came of each is remembered with the next write.
 #pragma once
 
 #include "carddav/RemoteBook.h"

@@ -19,8 +19,7 @@ ColunasDoContacto Colunas_Da_Linha(const Row &linha)
 {
     ColunasDoContacto colunas;
     for (std::size_t i = 0; i < ColunasDoContacto::quantas; ++i)
-        colunas.valores.at(i) =
-            linha.field(linha.column(ColunasDoContacto::na_tabela.at(i))).textOrEmpty();
+        colunas.valores.at(i) = linha.field(linha.column(ColunasDoContacto::na_tabela.at(i))).textOrEmpty();
     return colunas;
 }
 } // namespace
@@ -79,8 +78,8 @@ int GrupoLocal::Inserir(const ContactoDaFonte &fonte)
 {
     if (geral_.de.Ultimo_ID("TblLista") >= maior_ID) throw LivroCheio();
     const auto v = [&](std::size_t i) -> const QString & { return fonte.lido.colunas.valores.at(i); };
-    geral_.de.Executar("cmdAdicionarNome", {v(0), v(1), v(2), v(3), v(4), v(5), v(6), v(7), v(8), v(9),
-                                            v(10), v(11), v(12), v(13), v(14), v(15), IDGrupo_});
+    geral_.de.Executar("cmdAdicionarNome", {v(0), v(1), v(2), v(3), v(4), v(5), v(6), v(7), v(8), v(9), v(10),
+                                            v(11), v(12), v(13), v(14), v(15), IDGrupo_});
     Guardar_Fotografia(fonte.lido.colunas, fonte);
     return static_cast<int>(geral_.de.Ultimo_ID("TblLista"));
 }

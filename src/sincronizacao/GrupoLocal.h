@@ -1,5 +1,5 @@
-// The contacts of the one group that is synchronised, as synchronising reads and writes them. What writes must
-// run within DE::Tudo_Ou_Nada.
+// The contacts of the one group that is synchronised, as synchronising reads and writes them. What writes
+// must run within DE::Tudo_Ou_Nada.
 #pragma once
 
 #include "cards/ColunasDoContacto.h"
@@ -43,8 +43,10 @@ public:
 
     // Returns the ID. Raises LivroCheio where there is none left.
     int Inserir(const ContactoDaFonte &fonte);
-    // It comes into this group if it was not there. The picture is kept where the column names that of the card.
-    void Actualizar(int ID, const Linha &antes, const ColunasDoContacto &colunas, const ContactoDaFonte &fonte);
+    // It comes into this group if it was not there. The picture is kept where the column names that of the
+    // card.
+    void Actualizar(int ID, const Linha &antes, const ColunasDoContacto &colunas,
+                    const ContactoDaFonte &fonte);
     void Eliminar(int ID);
 
     // The original card that goes with the contact.

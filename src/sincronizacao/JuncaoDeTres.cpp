@@ -206,7 +206,8 @@ private:
         if (aqui.contains(la)) return aqui;
         QStringList linhas = aqui.split(u"\r\n"_s, Qt::SkipEmptyParts);
         const QStringList de_la = la.split(u"\r\n"_s);
-        linhas.removeIf([&](const QString &linha) { return linha.trimmed().isEmpty() || de_la.contains(linha); });
+        linhas.removeIf(
+            [&](const QString &linha) { return linha.trimmed().isEmpty() || de_la.contains(linha); });
         bloco.Juntar(linhas);
         juntos_.conflitos.push_back({Coluna::Obs, aqui, la});
         return la;

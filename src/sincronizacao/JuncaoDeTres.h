@@ -1,6 +1,7 @@
 // A contact that was changed here and there, made one again column by column: what changed on one side alone
 // comes in; where both changed the same thing, the server's value stays there and ours becomes a line of Obs.
-// A card knows no first or second number: those of a kind are told apart by what they are, not by their column.
+// A card knows no first or second number: those of a kind are told apart by what they are, not by their
+// column.
 #pragma once
 
 #include "cards/ColunasDoContacto.h"
@@ -32,8 +33,8 @@ struct JuntosDosTres {
 // The labels are written in that language.
 JuntosDosTres Juntar_Os_Tres(const TresVersoes &versoes, const QString &idioma);
 
-// The same contact with the numbers and addresses of each kind in the columns in which the other one has them,
-// so that only what is new is new.
+// The same contact with the numbers and addresses of each kind in the columns in which the other one has
+// them, so that only what is new is new.
 ColunasDoContacto Alinhado(const ColunasDoContacto &colunas, const ColunasDoContacto &outro);
 
 // Without the group, which is no part of a card.

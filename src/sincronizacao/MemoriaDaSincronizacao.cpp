@@ -105,8 +105,7 @@ void MemoriaDaSincronizacao::Guardar(const ContaSincronizada &conta)
         const std::optional<ContaSincronizada> antes = Conta();
         de_.Executar("cmdGuardarSincronizacao",
                      {IdUtilizador_, conta.Endereco, conta.Nome, conta.PalavraPasse, conta.Livro,
-                      conta.NomeDoLivro, conta.IDGrupo, conta.Ligada, conta.AoArrancar,
-                      conta.Minutos});
+                      conta.NomeDoLivro, conta.IDGrupo, conta.Ligada, conta.AoArrancar, conta.Minutos});
         if (!antes || (antes->Livro == conta.Livro && antes->IDGrupo == conta.IDGrupo)) return;
         de_.Executar("cmdEliminarPares", {IdUtilizador_});
         EstadoDaConta estado = Estado();
@@ -122,8 +121,8 @@ void MemoriaDaSincronizacao::Guardar_Corrida(int corrida)
 
 void MemoriaDaSincronizacao::Guardar_Resultado(const EstadoDaConta &estado)
 {
-    de_.Executar("cmdGuardarResultado", {QString::fromUtf8(estado.Testemunho), estado.UltimaVez,
-                                         estado.Resultado, IdUtilizador_});
+    de_.Executar("cmdGuardarResultado",
+                 {QString::fromUtf8(estado.Testemunho), estado.UltimaVez, estado.Resultado, IdUtilizador_});
 }
 
 void MemoriaDaSincronizacao::Esquecer()
@@ -172,7 +171,4 @@ void MemoriaDaSincronizacao::Apontar(const Ocorrencia &ocorrencia)
                   ocorrencia.Nome, ocorrencia.Campo, ocorrencia.Aqui, ocorrencia.La});
 }
 
-void MemoriaDaSincronizacao::Limpar_Ocorrencias()
-{
-    de_.Executar("cmdEliminarOcorrencias", {IdUtilizador_});
-}
+void MemoriaDaSincronizacao::Limpar_Ocorrencias() { de_.Executar("cmdEliminarOcorrencias", {IdUtilizador_}); }

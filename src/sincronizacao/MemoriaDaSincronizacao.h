@@ -56,14 +56,14 @@ struct Par {
 // Something that a person should know of.
 struct Ocorrencia {
     enum Que {
-        Conflito = 1,    // of a column: the server's value stayed, ours went to Obs
-        EliminadoLa,     // changed here, deleted there: it is there again
-        EliminadoAqui,   // changed there, deleted here: it is here again
-        SemDireito,      // not received: the user may not do that
-        Recusado,        // the server did not take the card
-        NaoCabe,         // the numbers of contacts are used up
-        Ilegivel,        // the card can't be read
-        NaoRecebido,     // the server did not hand the card over
+        Conflito = 1,  // of a column: the server's value stayed, ours went to Obs
+        EliminadoLa,   // changed here, deleted there: it is there again
+        EliminadoAqui, // changed there, deleted here: it is here again
+        SemDireito,    // not received: the user may not do that
+        Recusado,      // the server did not take the card
+        NaoCabe,       // the numbers of contacts are used up
+        Ilegivel,      // the card can't be read
+        NaoRecebido,   // the server did not hand the card over
     };
     Que que = Conflito;
     int IDContacto = 0;

@@ -55,7 +55,8 @@ qint16 Texto_Do_Erro(RemoteError::Kind especie)
 
 QString Contagens(Geral &geral, const ResultadoDaSincronizacao &r)
 {
-    if (!r.Mudou_Aqui() && !r.Mudou_La()) return r.retidos + r.recusados > 0 ? QString() : geral.Ler_Idioma(521);
+    if (!r.Mudou_Aqui() && !r.Mudou_La())
+        return r.retidos + r.recusados > 0 ? QString() : geral.Ler_Idioma(521);
     return geral.Ler_Idioma(520)
         .arg(r.adicionados)
         .arg(r.alterados)
@@ -136,7 +137,7 @@ QString palavras_da_sincronizacao::Do_Resultado(Geral &geral, const ResultadoDaS
 
 QString palavras_da_sincronizacao::Da_Ocorrencia(Geral &geral, const Ocorrencia &ocorrencia)
 {
-    const QString texto = geral.Ler_Idioma(Texto_Da_Ocorrencia(ocorrencia.que));
+    QString texto = geral.Ler_Idioma(Texto_Da_Ocorrencia(ocorrencia.que));
     if (ocorrencia.que != Ocorrencia::Conflito) return texto;
     return texto.arg(Rotulo_Do_Campo(geral, ocorrencia.Campo), ocorrencia.La, ocorrencia.Aqui);
 }

@@ -9,13 +9,13 @@
 struct RemoteChanges;
 
 struct PlanoDaRecepcao {
-    QStringList a_pedir;        // names of cards
-    QStringList a_apagar_aqui;  // of pairs whose contact goes
-    QStringList a_largar;       // of pairs that end, with whatever is there still to be sent
-    QStringList a_reter;        // of pairs whose changes there the user may not have
+    QStringList a_pedir;          // names of cards
+    QStringList a_apagar_aqui;    // of pairs whose contact goes
+    QStringList a_largar;         // of pairs that end, with whatever is there still to be sent
+    QStringList a_reter;          // of pairs whose changes there the user may not have
     QStringList apagados_retidos; // the same for deletions there
-    QStringList ganham;         // of those in a_largar: changed here, deleted there
-    int acordados = 0;          // pairs of a contact and a card
+    QStringList ganham;           // of those in a_largar: changed here, deleted there
+    int acordados = 0;            // pairs of a contact and a card
 };
 
 // Reads no card and writes nothing. Also tells the run which contacts no card goes with, and which cards are

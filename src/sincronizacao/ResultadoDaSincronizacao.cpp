@@ -13,11 +13,16 @@ struct Contagem {
     int R::*onde;
 };
 constexpr std::array contagens{
-    Contagem{"adicionados", &R::adicionados},       Contagem{"alterados", &R::alterados},
-    Contagem{"eliminados", &R::eliminados},         Contagem{"adicionados_la", &R::adicionados_la},
-    Contagem{"alterados_la", &R::alterados_la},     Contagem{"eliminados_la", &R::eliminados_la},
-    Contagem{"conflitos", &R::conflitos},           Contagem{"retidos", &R::retidos},
-    Contagem{"recusados", &R::recusados},           Contagem{"quantos", &R::pergunta_quantos},
+    Contagem{"adicionados", &R::adicionados},
+    Contagem{"alterados", &R::alterados},
+    Contagem{"eliminados", &R::eliminados},
+    Contagem{"adicionados_la", &R::adicionados_la},
+    Contagem{"alterados_la", &R::alterados_la},
+    Contagem{"eliminados_la", &R::eliminados_la},
+    Contagem{"conflitos", &R::conflitos},
+    Contagem{"retidos", &R::retidos},
+    Contagem{"recusados", &R::recusados},
+    Contagem{"quantos", &R::pergunta_quantos},
     Contagem{"de_quantos", &R::pergunta_de_quantos},
 };
 

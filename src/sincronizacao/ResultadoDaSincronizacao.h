@@ -10,7 +10,8 @@ struct ResultadoDaSincronizacao {
         Feita,
         Cancelada,
         Erro,      // of network or server: see erro
-        Perguntar, // so much was deleted on one side that nothing was deleted on the other before somebody agrees
+        Perguntar, // so much was deleted on one side that nothing was deleted on the other before somebody
+                   // agrees
         SemGrupo,  // the group is not there any more, or not for this user
         Base,      // the database refused: see falha
     };

@@ -84,7 +84,8 @@ void Sincronizacao::Abrir()
     const bool antiga = marca.Ler() > estado_.Corrida;
     estado_.Corrida = std::max(estado_.Corrida, marca.Ler()) + 1;
     c_->circunstancias.cautela = c_->resultado.com_cautela = antiga || modo_ == Modo::SemApagar;
-    // The marks go on only with what was then agreed, or an end in between would be taken for an old database.
+    // The marks go on only with what was then agreed, or an end in between would be taken for an old
+    // database.
     if (!antiga) memoria.Guardar_Corrida(estado_.Corrida);
     if (!antiga) marca.Escrever(estado_.Corrida);
     fase_ = Fase::AEspera;

@@ -1,6 +1,6 @@
 // One run: what has changed on the server comes into the group, what has changed in the group goes to the
-// server. It works by events and in slices, writes nothing while a form holds the timers, and remembers what it
-// did as it does it: wherever it ends, the next run goes on from there.
+// server. It works by events and in slices, writes nothing while a form holds the timers, and remembers what
+// it did as it does it: wherever it ends, the next run goes on from there.
 #pragma once
 
 #include "carddav/RemoteBook.h"

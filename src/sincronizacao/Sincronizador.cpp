@@ -52,9 +52,7 @@ Sincronizador::~Sincronizador() { delete popup_; }
 std::optional<ContaSincronizada> Sincronizador::Conta()
 {
     std::optional<ContaSincronizada> conta;
-    skipFailure([&] {
-        conta = MemoriaDaSincronizacao(geral_.de, geral_.SessaoActual.IdUtilizador).Conta();
-    });
+    skipFailure([&] { conta = MemoriaDaSincronizacao(geral_.de, geral_.SessaoActual.IdUtilizador).Conta(); });
     return conta;
 }
 
@@ -114,10 +112,10 @@ void Sincronizador::Terminada(const ResultadoDaSincronizacao &resultado)
 
 void Sincronizador::Dizer_Falha(const ResultadoDaSincronizacao &resultado)
 {
-    const QString texto = resultado.fim == Fim::Perguntar
-                              ? geral_.Ler_Idioma(552)
-                              : geral_.Ler_Idioma(551) + u'\n' +
-                                    palavras_da_sincronizacao::Do_Resultado(geral_, resultado);
+    const QString texto =
+        resultado.fim == Fim::Perguntar
+            ? geral_.Ler_Idioma(552)
+            : geral_.Ler_Idioma(551) + u'\n' + palavras_da_sincronizacao::Do_Resultado(geral_, resultado);
     delete popup_;
     popup_ = new frmPopupSincronizacao(janela_, texto);
     connect(popup_, &RisingCard::Click, this, [this] {

@@ -53,8 +53,8 @@ public:
 Q_SIGNALS:
     void Progresso(int feitos, int de_quantos);
     void Acabou(const ResultadoDaSincronizacao &resultado);
-    void ContactosMudados(); // the list must be read anew
-    void GruposMudados();    // so must the filter
+    void ContactosMudados();  // the list must be read anew
+    void GruposMudados();     // so must the filter
     void Abrir_Sincronizar(); // the card was clicked: the user wants to see
 
 private:
@@ -70,7 +70,7 @@ private:
     std::unique_ptr<Sincronizacao> corrida_;
     QTimer relogio_{this};
     QPointer<frmPopupSincronizacao> popup_;
-    bool por_si_ = false;    // the run that goes on began by itself
+    bool por_si_ = false; // the run that goes on began by itself
     bool falha_dita_ = false;
-    bool a_espera_ = false;  // the time came while a form held the timers
+    bool a_espera_ = false; // the time came while a form held the timers
 };

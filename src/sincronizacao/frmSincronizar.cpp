@@ -64,13 +64,14 @@ frmSincronizar::frmSincronizar(Geral &geral, Platform &platform, Sincronizador &
 void frmSincronizar::Legendar()
 {
     setWindowTitle(withoutMnemonic(geral_.Ler_Idioma(500)));
-    const std::pair<QLabel *, qint16> rotulos[]{{lblEndereco, 501}, {lblUtilizador, 502}, {lblPalavraPasse, 503},
-                                                {lblLivro, 505},    {lblGrupo, 506},      {lblMinutos, 509}};
+    const std::pair<QLabel *, qint16> rotulos[]{{lblEndereco, 501},     {lblUtilizador, 502},
+                                                {lblPalavraPasse, 503}, {lblLivro, 505},
+                                                {lblGrupo, 506},        {lblMinutos, 509}};
     for (const auto &[rotulo, texto] : rotulos)
         rotulo->setText(geral_.Ler_Idioma(texto));
-    const std::pair<QAbstractButton *, qint16> comandos[]{{cmdEncontrar, 504},   {cbLigada, 507},
-                                                        {cbArrancar, 508},     {cmdSincronizar, 510},
-                                                        {cmdLimpar, 517},      {cmdCancelar, 43}};
+    const std::pair<QAbstractButton *, qint16> comandos[]{{cmdEncontrar, 504}, {cbLigada, 507},
+                                                          {cbArrancar, 508},   {cmdSincronizar, 510},
+                                                          {cmdLimpar, 517},    {cmdCancelar, 43}};
     for (const auto &[botao, texto] : comandos)
         botao->setText(geral_.Ler_Idioma(texto));
     FrameServidor->setTitle(geral_.Ler_Idioma(511));
@@ -90,7 +91,8 @@ void frmSincronizar::Mostrar_Conta()
     if (!conta) return;
     txtEndereco->setText(conta->Endereco);
     txtUtilizador->setText(conta->Nome);
-    txtPalavraPasse->setText(PalavraPasseDoServidor(geral_, platform_.secrets).Ler(*conta).value_or(QString()));
+    txtPalavraPasse->setText(
+        PalavraPasseDoServidor(geral_, platform_.secrets).Ler(*conta).value_or(QString()));
     cbLigada->setChecked(conta->Ligada);
     cbArrancar->setChecked(conta->AoArrancar);
     if (conta->Livro.isEmpty()) return;
@@ -112,7 +114,8 @@ void frmSincronizar::Mostrar_Grupos(int escolhido)
         ComboGrupo->SetItemData(ComboGrupo->NewIndex(), ID);
         const bool e_o_nosso = nome.compare(nome_do_grupo_, Qt::CaseInsensitive) == 0;
         ja_ha = ja_ha || e_o_nosso;
-        if (ID == escolhido || (escolhido == 0 && e_o_nosso)) ComboGrupo->setListIndex(ComboGrupo->NewIndex());
+        if (ID == escolhido || (escolhido == 0 && e_o_nosso))
+            ComboGrupo->setListIndex(ComboGrupo->NewIndex());
     }
     rs.Close();
     if (ja_ha || !geral_.SessaoActual.Grupos) return;
@@ -125,7 +128,8 @@ void frmSincronizar::Mostrar_Estado()
     const EstadoDaConta estado = memoria_.Estado();
     if (estado.UltimaVez.isEmpty()) return lblUltima->setText(geral_.Ler_Idioma(519));
     lblUltima->setText(geral_.Ler_Idioma(518).arg(Momento(estado.UltimaVez)));
-    Dizer(palavras_da_sincronizacao::Do_Resultado(geral_, ResultadoDaSincronizacao::Do_Texto(estado.Resultado)));
+    Dizer(palavras_da_sincronizacao::Do_Resultado(geral_,
+                                                  ResultadoDaSincronizacao::Do_Texto(estado.Resultado)));
 }
 
 void frmSincronizar::Mostrar_Ocorrencias()
@@ -175,7 +179,8 @@ void frmSincronizar::cmdEncontrar_Click()
         txtEndereco->text().trimmed(), {txtUtilizador->text().trimmed(), txtPalavraPasse->text()},
         [this](const RemoteError &erro, const QList<FoundBook> &livros) {
             // The search is let go only once its answer is over.
-            QMetaObject::invokeMethod(this, [this, erro, livros] { Encontrados(erro, livros); }, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(
+                this, [this, erro, livros] { Encontrados(erro, livros); }, Qt::QueuedConnection);
         });
     Permitir();
 }
@@ -282,7 +287,8 @@ void frmSincronizar::Perguntar(const ResultadoDaSincronizacao &resultado)
     const QString pergunta = geral_.Ler_Idioma(resultado.pergunta_la ? 550 : 549)
                                  .arg(resultado.pergunta_quantos)
                                  .arg(resultado.pergunta_de_quantos);
-    const bool sim = platform_.boxes.show(pergunta, box::question | box::yesNo, windowTitle(), this) == answer::yes;
+    const bool sim =
+        platform_.boxes.show(pergunta, box::question | box::yesNo, windowTitle(), this) == answer::yes;
     pediu_ = sincronizador_.Comecar(sim ? Sincronizacao::Modo::ApagarMuitos : Sincronizacao::Modo::SemApagar);
     Permitir();
 }

@@ -33,6 +33,21 @@ class TestTemporizadores : public QObject
     }
 
 private Q_SLOTS:
+    void stop_e_start_dizem_se_a_quem_escreve_por_tras_dos_formularios()
+    {
+        Temporizadores t;
+        QVERIFY(!t.Parados());
+        QSignalSpy retomados(&t, &Temporizadores::Retomados);
+        t.Gerir_Temporizadores(u"stop"_s);
+        QVERIFY(t.Parados());
+        connect(&t, &Temporizadores::Retomados, [&t] { QVERIFY(!t.Parados()); });
+        t.Gerir_Temporizadores(u"outra"_s);
+        QCOMPARE(retomados.size(), 0);
+        QVERIFY(t.Parados());
+        t.Gerir_Temporizadores(u"start"_s);
+        QCOMPARE(retomados.size(), 1);
+    }
+
     void o_estado_e_os_intervalos_de_origem()
     {
         Temporizadores t;

@@ -16,7 +16,8 @@ class TestSecretService : public QObject
 
     QString heard()
     {
-        if (!store_->canReadLine()) store_->waitForReadyRead(5000);
+        for (int i = 0; i < 100 && !store_->canReadLine(); ++i)
+            store_->waitForReadyRead(50);
         return QString::fromUtf8(store_->readLine()).trimmed();
     }
     void say(const char *line)

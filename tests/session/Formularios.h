@@ -257,6 +257,6 @@ inline const QMap<QString, Abertura> outras{
      [](ComFormulario &c) { return c.Novo<frmPopupEmail>(c.janela, QStringLiteral("3 mensagens")); }},
     {QStringLiteral("frmPopupSincronizacao"),
      [](ComFormulario &c) {
-         return c.Novo<frmPopupSincronizacao>(c.janela, c.s.Texto(551) + QChar(u'\n') + c.s.Texto(538));
+         return c.Novo<frmPopupSincronizacao>(c.janela, QStringLiteral("O servidor falhou."));
      }},
 };

@@ -5,6 +5,7 @@
 #include "Posses.h"
 #include "session/frmDeleteUser.h"
 #include "session/Titulo.h"
+#include "sincronizacao/MemoriaDaSincronizacao.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
@@ -259,6 +260,24 @@ private Q_SLOTS:
         Diario diario(s, {u"TblUsers"_s, u"TblEmails"_s});
         Eliminar(s, rui);
         QCOMPARE(diario.Escritas(), (QStringList{u"DELETE TblUsers"_s, u"DELETE TblEmails"_s}));
+    }
+
+    void a_conta_num_servidor_de_livros_vai_com_o_utilizador_e_a_dos_outros_fica()
+    {
+        Sistema s;
+        const int rui = Outro(s);
+        for (const int id : {rui, s.geral.SessaoActual.IdUtilizador.toInt()}) {
+            MemoriaDaSincronizacao memoria(s.geral.de, QString::number(id));
+            ContaSincronizada conta;
+            conta.PalavraPasse = u"segredo"_s;
+            memoria.Guardar(conta);
+            memoria.Guardar(Par{u"/a"_s, 1, {}, {}, {}, {}});
+            memoria.Apontar({Ocorrencia::Ilegivel, 0, u"x"_s, {}, {}, {}, {}});
+        }
+        Eliminar(s, rui);
+        for (const QString &tabela : {u"TblSincronizacao"_s, u"TblSincronizados"_s, u"TblOcorrencias"_s})
+            QCOMPARE(s.Linhas(u"SELECT IdUtilizador FROM "_s + tabela),
+                     QStringList{s.geral.SessaoActual.IdUtilizador});
     }
 
     // The accounts go last: should that fail, nobody is logged in any more who is not in the table.

@@ -114,8 +114,8 @@ private:
         const QString jogo = QString(sitio).replace("sitio", "jogo");
         jogos_ << jogo;
         m_.Por_La(u"la%1"_s.arg(contador_), nome,
-                  "TEL;TYPE=CELL:" + numero.toUtf8() + "\r\nURL:" + sitio.toUtf8() + "\r\nX-JOGO:" + jogo.toUtf8() +
-                      "\r\n");
+                  "TEL;TYPE=CELL:" + numero.toUtf8() + "\r\nURL:" + sitio.toUtf8() +
+                      "\r\nX-JOGO:" + jogo.toUtf8() + "\r\n");
     }
 
     QString Sitio()
@@ -133,7 +133,8 @@ private:
     QString Alguem_La()
     {
         if (m_.servidor.cartoes.empty()) return {};
-        return std::next(m_.servidor.cartoes.begin(), Dado(static_cast<int>(m_.servidor.cartoes.size())))->first;
+        return std::next(m_.servidor.cartoes.begin(), Dado(static_cast<int>(m_.servidor.cartoes.size())))
+            ->first;
     }
 
     void Mudar_Aqui()
@@ -141,7 +142,8 @@ private:
         const int ID = Alguem_Aqui();
         if (ID == 0) return;
         const Coluna coluna = colunas_.at(static_cast<std::size_t>(Dado(colunas_.size())));
-        const QString nome = QString::fromLatin1(ColunasDoContacto::na_tabela.at(static_cast<std::size_t>(coluna)));
+        const QString nome =
+            QString::fromLatin1(ColunasDoContacto::na_tabela.at(static_cast<std::size_t>(coluna)));
         const QString antes = m_.Valor(ID, nome);
         if (coluna == Coluna::Obs && Dado(6) == 0) {
             Esquecer(Sem_Bloco(antes));

@@ -14,7 +14,8 @@ struct MesaDaSincronizacao {
     {
         s.Novo_Utilizador(QStringLiteral("Eva"), QStringLiteral("x"));
         s.Entrar(QStringLiteral("Eva"));
-        s.Escrever(QStringLiteral("PRAGMA synchronous=OFF")); // what the test itself writes may be lost with it
+        s.Escrever(
+            QStringLiteral("PRAGMA synchronous=OFF")); // what the test itself writes may be lost with it
         s.Escrever(QStringLiteral("DELETE FROM TblLista"));
         grupo = s.Novo_Grupo(QStringLiteral("Telemóvel"), s.geral.SessaoActual.IdUtilizador.toInt());
         ContaSincronizada conta;
@@ -57,14 +58,15 @@ struct MesaDaSincronizacao {
     }
     QStringList Ocorrencias()
     {
-        return s.Linhas(QStringLiteral("SELECT Que, Nome, Campo, Valor, Outro FROM TblOcorrencias ORDER BY ID"));
+        return s.Linhas(
+            QStringLiteral("SELECT Que, Nome, Campo, Valor, Outro FROM TblOcorrencias ORDER BY ID"));
     }
 
     // There.
     static QByteArray Cartao(const QString &uid, const QString &nome, const QByteArray &linhas = {})
     {
-        return "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:" + uid.toUtf8() + "\r\nFN:" + nome.toUtf8() + "\r\nN:" +
-               nome.toUtf8() + ";;;;\r\n" + linhas + "END:VCARD\r\n";
+        return "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:" + uid.toUtf8() + "\r\nFN:" + nome.toUtf8() +
+               "\r\nN:" + nome.toUtf8() + ";;;;\r\n" + linhas + "END:VCARD\r\n";
     }
     static QString Href(const QString &uid) { return QStringLiteral("/livro/%1.vcf").arg(uid); }
     void Por_La(const QString &uid, const QString &nome, const QByteArray &linhas = {})
@@ -130,9 +132,9 @@ struct MesaDaSincronizacao {
 inline QStringList MesaDaSincronizacao::Lido(ColunasDoContacto colunas)
 {
     colunas[Coluna::IDGrupo].clear();
-    for (const std::span<const Coluna> especie :
-         {std::span<const Coluna>(ColunasDoContacto::telefones), std::span<const Coluna>(ColunasDoContacto::telemoveis),
-          std::span<const Coluna>(ColunasDoContacto::emails)})
+    for (const std::span<const Coluna> especie : {std::span<const Coluna>(ColunasDoContacto::telefones),
+                                                  std::span<const Coluna>(ColunasDoContacto::telemoveis),
+                                                  std::span<const Coluna>(ColunasDoContacto::emails)})
         std::sort(&colunas[especie.front()], &colunas[especie.back()] + 1); // a card knows no columns
     QStringList linhas = colunas[Coluna::Obs].split(QStringLiteral("\r\n"));
     linhas.sort();

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-const QStringList nomes{u"nada"_s,   u"receber"_s,     u"receber novo"_s, u"juntar"_s,  u"apagar aqui"_s,
+const QStringList nomes{u"nada"_s,   u"receber"_s,     u"receber novo"_s, u"juntar"_s,   u"apagar aqui"_s,
                         u"enviar"_s, u"enviar novo"_s, u"apagar la"_s,    u"esquecer"_s, u"reter"_s};
 
 Circunstancias Com(const QString &palavra)
@@ -33,9 +33,10 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("circunstancia");
         QTest::addColumn<QString>("accoes");
-        QTest::newRow("all rights") << u""_s
-                                    << u"nada,receber,apagar aqui;enviar,juntar,enviar novo;apagar la,receber "
-                                       "novo,esquecer"_s;
+        QTest::newRow("all rights")
+            << u""_s
+            << u"nada,receber,apagar aqui;enviar,juntar,enviar novo;apagar la,receber "
+               "novo,esquecer"_s;
         QTest::newRow("old memory") << u"cautela"_s
                                     << u"nada,receber,enviar novo;enviar,juntar,enviar novo;receber "
                                        "novo,receber novo,esquecer"_s;

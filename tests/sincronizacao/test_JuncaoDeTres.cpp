@@ -22,7 +22,8 @@ ColunasDoContacto Com(const std::vector<std::pair<Coluna, QString>> &valores)
 }
 
 // The same contact before, and what has become of it.
-JuntosDosTres Juntar(const ColunasDoContacto &antes, const ColunasDoContacto &aqui, const ColunasDoContacto &la)
+JuntosDosTres Juntar(const ColunasDoContacto &antes, const ColunasDoContacto &aqui,
+                     const ColunasDoContacto &la)
 {
     return Juntar_Os_Tres({aqui, antes, la, antes}, idioma);
 }
@@ -45,8 +46,9 @@ private Q_SLOTS:
 
     void na_mesma_coluna_fica_o_do_servidor_e_o_nosso_vai_para_obs()
     {
-        const auto juntos = Juntar(Com({{Coluna::Morada, u"Rua"_s}}), Com({{Coluna::Morada, u"Largo\r\nPorto"_s}}),
-                                   Com({{Coluna::Morada, u"Praça"_s}}));
+        const auto juntos =
+            Juntar(Com({{Coluna::Morada, u"Rua"_s}}), Com({{Coluna::Morada, u"Largo\r\nPorto"_s}}),
+                   Com({{Coluna::Morada, u"Praça"_s}}));
         QCOMPARE(juntos.colunas[Coluna::Morada], u"Praça"_s);
         QCOMPARE(juntos.colunas[Coluna::Obs], u"--- Outros dados do contacto ---\r\nMorada: Largo, Porto"_s);
         QCOMPARE(juntos.acordo[Coluna::Obs], QString()); // it has to be sent
@@ -114,8 +116,9 @@ private Q_SLOTS:
     void o_que_um_trocou_e_o_outro_tirou_fica_trocado()
     {
         const auto antes = Com({{Coluna::Telemovel1, u"911"_s}, {Coluna::Telemovel2, u"922"_s}});
-        const auto juntos = Juntar(antes, Com({{Coluna::Telemovel1, u"911"_s}, {Coluna::Telemovel2, u"933"_s}}),
-                                   Com({{Coluna::Telemovel1, u"911"_s}}));
+        const auto juntos =
+            Juntar(antes, Com({{Coluna::Telemovel1, u"911"_s}, {Coluna::Telemovel2, u"933"_s}}),
+                   Com({{Coluna::Telemovel1, u"911"_s}}));
         QCOMPARE(juntos.colunas[Coluna::Telemovel2], u"933"_s);
         QCOMPARE(juntos.acordo[Coluna::Telemovel2], QString());
         QVERIFY(juntos.conflitos.empty());
@@ -125,9 +128,11 @@ private Q_SLOTS:
     {
         const auto antes = Com({{Coluna::Telemovel1, u"911"_s}, {Coluna::Telemovel2, u"922"_s}});
         const auto juntos = Juntar(antes, Com({{Coluna::Telemovel1, u"922"_s}}),
-                                   Com({{Coluna::Telemovel1, u"911"_s}, {Coluna::Telemovel2, u"922"_s},
+                                   Com({{Coluna::Telemovel1, u"911"_s},
+                                        {Coluna::Telemovel2, u"922"_s},
                                         {Coluna::Telemovel3, u"933"_s}}));
-        QCOMPARE(juntos.colunas[Coluna::Telemovel1] + u' ' + juntos.colunas[Coluna::Telemovel2], u"922 933"_s);
+        QCOMPARE(juntos.colunas[Coluna::Telemovel1] + u' ' + juntos.colunas[Coluna::Telemovel2],
+                 u"922 933"_s);
     }
 
     void o_mesmo_numero_escrito_de_outro_modo_vem()
@@ -156,8 +161,9 @@ private Q_SLOTS:
 
     void as_notas_de_ambos_ficam()
     {
-        const auto juntos = Juntar(Com({{Coluna::Obs, u"nota"_s}}), Com({{Coluna::Obs, u"nossa\r\nsegunda"_s}}),
-                                   Com({{Coluna::Obs, u"deles"_s}}));
+        const auto juntos =
+            Juntar(Com({{Coluna::Obs, u"nota"_s}}), Com({{Coluna::Obs, u"nossa\r\nsegunda"_s}}),
+                   Com({{Coluna::Obs, u"deles"_s}}));
         QCOMPARE(juntos.colunas[Coluna::Obs], u"deles"_s + marca + u"nossa\r\nsegunda"_s);
         QCOMPARE(juntos.conflitos.size(), 1U);
     }
@@ -182,7 +188,8 @@ private Q_SLOTS:
     void sem_acordo_nada_do_que_qualquer_um_diz_se_perde()
     {
         const auto aqui = Com({{Coluna::Fax, u"1"_s}, {Coluna::Email1, u"a@x"_s}, {Coluna::Obs, u"nossa"_s}});
-        const auto la = Com({{Coluna::Website, u"w"_s}, {Coluna::Email1, u"b@x"_s}, {Coluna::Obs, u"deles"_s}});
+        const auto la =
+            Com({{Coluna::Website, u"w"_s}, {Coluna::Email1, u"b@x"_s}, {Coluna::Obs, u"deles"_s}});
         const auto juntos = Juntar_Os_Tres({aqui, {}, la, {}}, idioma);
         QCOMPARE(juntos.colunas[Coluna::Fax], u"1"_s);
         QCOMPARE(juntos.colunas[Coluna::Website], u"w"_s);

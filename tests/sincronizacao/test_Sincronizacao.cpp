@@ -102,7 +102,9 @@ private Q_SLOTS:
         m.Mudar_La(m.href, Coluna::Morada, u"Rua Nova"_s);
         QCOMPARE(m.Correr().alterados, 1);
         QCOMPARE(m.Valor(m.ID, u"Morada"_s), u"Rua Nova"_s);
-        QVERIFY(m.s.Linhas(u"SELECT CAST(cartao AS TEXT) FROM TblCartoes"_s).constFirst().contains(u"Rua Nova"_s));
+        QVERIFY(m.s.Linhas(u"SELECT CAST(cartao AS TEXT) FROM TblCartoes"_s)
+                    .constFirst()
+                    .contains(u"Rua Nova"_s));
     }
 
     void colunas_diferentes_juntam_se_dos_dois_lados_numa_corrida()
@@ -205,8 +207,7 @@ private Q_SLOTS:
         m.Mudar(m.ID, u"Telemovel1"_s, u"922"_s);
         int vezes = 0;
         m.servidor.falha = [&](const QString &pedido) {
-            if (pedido.startsWith(u"replace"_s))
-                m.Mudar_La(m.href, Coluna::Morada, u"Rua %1"_s.arg(++vezes));
+            if (pedido.startsWith(u"replace"_s)) m.Mudar_La(m.href, Coluna::Morada, u"Rua %1"_s.arg(++vezes));
             return RemoteError();
         };
         QCOMPARE(m.Correr().fim, Fim::Feita);
@@ -252,7 +253,9 @@ private Q_SLOTS:
         const int ID = m.Contacto(u"Ana Silva"_s, u"912345678"_s);
         m.servidor.falha = [&](const QString &pedido) {
             if (pedido.startsWith(u"create"_s) && m.servidor.cartoes.empty())
-                m.servidor.Por(pedido.mid(7), Mesa::Cartao(u"x"_s, u"Ana Silva"_s, "TEL;TYPE=CELL:912345678\r\nTEL;TYPE=HOME:21\r\n"));
+                m.servidor.Por(
+                    pedido.mid(7),
+                    Mesa::Cartao(u"x"_s, u"Ana Silva"_s, "TEL;TYPE=CELL:912345678\r\nTEL;TYPE=HOME:21\r\n"));
             return RemoteError();
         };
         m.Correr();
@@ -362,8 +365,8 @@ private Q_SLOTS:
         const auto fim = m.Correr();
         QVERIFY(fim.com_cautela);
         QCOMPARE(fim.eliminados + fim.eliminados_la, nenhum);
-        QCOMPARE(m.Nomes(u"Nome || Fax"_s), (QStringList{u"Depois"_s, u"Pessoa 0"_s, u"Pessoa 1"_s,
-                                                         u"Pessoa 2"_s, u"Pessoa 39"_s}));
+        QCOMPARE(m.Nomes(u"Nome || Fax"_s),
+                 (QStringList{u"Depois"_s, u"Pessoa 0"_s, u"Pessoa 1"_s, u"Pessoa 2"_s, u"Pessoa 39"_s}));
         QCOMPARE(m.Aqui(), m.La());
         QVERIFY(!m.Correr().com_cautela);
         m.Eliminar(m.ID_De(u"Pessoa 0"_s));
@@ -387,7 +390,8 @@ private Q_SLOTS:
         const auto fim = m.Correr();
         QCOMPARE(fim.eliminados_la, nenhum);
         QCOMPARE(m.servidor.cartoes.size(), 1U);
-        QCOMPARE(m.s.Linhas(u"SELECT count(*) FROM TblLista WHERE Grupo=%1"_s.arg(conta.IDGrupo)), QStringList{u"1"_s});
+        QCOMPARE(m.s.Linhas(u"SELECT count(*) FROM TblLista WHERE Grupo=%1"_s.arg(conta.IDGrupo)),
+                 QStringList{u"1"_s});
     }
 
     void sem_o_direito_a_mudanca_fica_para_quando_o_houver_data()
@@ -454,7 +458,8 @@ private Q_SLOTS:
     void um_grupo_de_pessoas_nao_e_contacto_e_o_ilegivel_di_se_uma_vez()
     {
         Mesa m;
-        m.Por_La(u"g"_s, u"Família"_s, "X-ADDRESSBOOKSERVER-KIND:group\r\nX-ADDRESSBOOKSERVER-MEMBER:urn:uuid:1\r\n");
+        m.Por_La(u"g"_s, u"Família"_s,
+                 "X-ADDRESSBOOKSERVER-KIND:group\r\nX-ADDRESSBOOKSERVER-MEMBER:urn:uuid:1\r\n");
         m.servidor.Por(u"/livro/lixo.vcf"_s, "isto nao e um cartao");
         m.Correr();
         m.servidor.epoca = "b"; // everything is listed anew
@@ -508,7 +513,8 @@ private Q_SLOTS:
         Mesa m;
         m.servidor.devolve_o_texto = true;
         m.servidor.escreve = [](QByteArray texto) {
-            return texto.replace("TYPE=CELL", "type=cell").replace("END:VCARD", "REV:20270101T000000Z\r\nEND:VCARD");
+            return texto.replace("TYPE=CELL", "type=cell")
+                .replace("END:VCARD", "REV:20270101T000000Z\r\nEND:VCARD");
         };
         m.Contacto(u"Ana"_s, u"911"_s);
         m.Correr();
@@ -624,7 +630,8 @@ private Q_SLOTS:
         for (int i = 0; i < 6; ++i)
             m.Mudar(m.ID_De(u"Pessoa %1"_s.arg(i)), u"Fax"_s, u"9"_s);
         m.servidor.falha = [&](const QString &pedido) {
-            return pedido == u"replace "_s + mau ? RemoteError{RemoteError::Kind::NotAccepted, 400, {}} : RemoteError();
+            return pedido == u"replace "_s + mau ? RemoteError{RemoteError::Kind::NotAccepted, 400, {}}
+                                                 : RemoteError();
         };
         for (int i = 0; i < 2; ++i) {
             const auto fim = m.Correr();
@@ -643,7 +650,8 @@ private Q_SLOTS:
         for (int i = 0; i < 60; ++i)
             m.Contacto(u"Pessoa %1"_s.arg(i));
         m.servidor.falha = [&](const QString &pedido) {
-            return pedido.startsWith(u"create"_s) ? RemoteError{RemoteError::Kind::NoRoom, 507, {}} : RemoteError();
+            return pedido.startsWith(u"create"_s) ? RemoteError{RemoteError::Kind::NoRoom, 507, {}}
+                                                  : RemoteError();
         };
         const auto fim = m.Correr();
         QCOMPARE(fim.fim, Fim::Erro);
@@ -686,7 +694,8 @@ private Q_SLOTS:
         m.Mudar(m.ID, u"Grupo"_s, QString::number(outro));
         m.Mudar_La(m.href, Coluna::Fax, u"9"_s);
         m.Correr();
-        QCOMPARE(m.s.Linhas(u"SELECT ID, Grupo, Fax FROM TblLista"_s), QStringList{u"%1|%2|9"_s.arg(m.ID).arg(m.grupo)});
+        QCOMPARE(m.s.Linhas(u"SELECT ID, Grupo, Fax FROM TblLista"_s),
+                 QStringList{u"%1|%2|9"_s.arg(m.ID).arg(m.grupo)});
         QCOMPARE(m.Ocorrencias(), QStringList{Que(Ocorrencia::EliminadoAqui) + u"Ana Silva|||"_s});
     }
 
@@ -719,7 +728,8 @@ private Q_SLOTS:
     {
         UmPar m;
         const int outra = m.Contacto(u"Ana Copiada"_s, u"955"_s);
-        CartoesGuardados(m.s.geral.de).Guardar({QString::number(outra), u"u1"_s, Mesa::Cartao(u"u1"_s, u"Ana Copiada"_s)});
+        CartoesGuardados(m.s.geral.de)
+            .Guardar({QString::number(outra), u"u1"_s, Mesa::Cartao(u"u1"_s, u"Ana Copiada"_s)});
         m.Correr();
         QCOMPARE(m.servidor.cartoes.size(), 2U);
         const QString dela = m.Href_Com("Ana Copiada");
@@ -730,8 +740,8 @@ private Q_SLOTS:
 
     void a_fotografia_vai_e_vem_byte_por_byte()
     {
-        const QByteArray png = QByteArray::fromBase64(
-            "iVBORw0KGgoAAAANSUhEUgAAAAEAAAABCAYAAAAfFcSJAAAADUlEQVR42mNk+M9QDwADhgGAWjR9awAAAABJRU5ErkJggg==");
+        const QByteArray png = QByteArray::fromBase64("iVBORw0KGgoAAAANSUhEUgAAAAEAAAABCAYAAAAfFcSJAAAADUlEQV"
+                                                      "R42mNk+M9QDwADhgGAWjR9awAAAABJRU5ErkJggg==");
         UmPar m("PHOTO;ENCODING=b;TYPE=PNG:" + png.toBase64() + "\r\n");
         const QString nome = m.Valor(m.ID, u"Fotografia"_s);
         QVERIFY(nome.startsWith(u"bd:"_s));
@@ -771,7 +781,8 @@ private Q_SLOTS:
     void um_cartao_de_versao_4_fica_de_versao_4()
     {
         Mesa m;
-        m.servidor.Por(Mesa::Href(u"u4"_s), "BEGIN:VCARD\r\nVERSION:4.0\r\nUID:u4\r\nFN:Zita\r\nGENDER:F\r\nEND:VCARD\r\n");
+        m.servidor.Por(Mesa::Href(u"u4"_s),
+                       "BEGIN:VCARD\r\nVERSION:4.0\r\nUID:u4\r\nFN:Zita\r\nGENDER:F\r\nEND:VCARD\r\n");
         m.Correr();
         m.Mudar(m.ID_De(u"Zita"_s), u"Fax"_s, u"9"_s);
         m.Correr();
@@ -785,7 +796,8 @@ private Q_SLOTS:
         m.Mudar_La(m.href, Coluna::Fax, u"9"_s);
         const auto pares = u"SELECT * FROM TblSincronizados"_s;
         const QStringList antes = m.Aqui() + m.s.Linhas(pares);
-        m.s.Escrever(u"CREATE TRIGGER nao BEFORE UPDATE ON TblCartoes BEGIN SELECT RAISE(ABORT, 'no'); END"_s);
+        m.s.Escrever(
+            u"CREATE TRIGGER nao BEFORE UPDATE ON TblCartoes BEGIN SELECT RAISE(ABORT, 'no'); END"_s);
         const auto fim = m.Correr();
         QCOMPARE(fim.fim, Fim::Base);
         QVERIFY(!fim.falha.isEmpty());

@@ -22,24 +22,26 @@ struct Mesa : ComJanela {
         // The window has one with the real ways; this one stands in its place.
         delete janela.findChild<Sincronizador *>();
         sincronizador = new Sincronizador(janela, s.geral, s.plataforma, Servidores());
-        QObject::connect(sincronizador, &Sincronizador::GruposMudados, &lista, &ListaContactos::Carregar_Grupos);
+        QObject::connect(sincronizador, &Sincronizador::GruposMudados, &lista,
+                         &ListaContactos::Carregar_Grupos);
     }
 
     ServidoresDeLivros Servidores()
     {
-        return {[this](const QUrl &livro, const RemoteAccount &conta) {
-                    abertos << livro.toString() + u' ' + conta.user + u'/' + conta.password;
-                    return std::unique_ptr<RemoteBook>(std::make_unique<LivroEmMemoria>(servidor));
-                },
-                [this](const QString &endereco, const RemoteAccount &conta, const Discovery::Answer &resposta) {
-                    procuras << endereco + u' ' + conta.user + u'/' + conta.password;
-                    auto vivo = std::make_shared<QObject>();
-                    QTimer::singleShot(0, vivo.get(), [this, resposta] {
-                        const RemoteError erro = std::exchange(erro_da_procura, {});
-                        resposta(erro, erro ? QList<FoundBook>() : livros);
-                    });
-                    return std::shared_ptr<void>(vivo);
-                }};
+        return {
+            [this](const QUrl &livro, const RemoteAccount &conta) {
+                abertos << livro.toString() + u' ' + conta.user + u'/' + conta.password;
+                return std::unique_ptr<RemoteBook>(std::make_unique<LivroEmMemoria>(servidor));
+            },
+            [this](const QString &endereco, const RemoteAccount &conta, const Discovery::Answer &resposta) {
+                procuras << endereco + u' ' + conta.user + u'/' + conta.password;
+                auto vivo = std::make_shared<QObject>();
+                QTimer::singleShot(0, vivo.get(), [this, resposta] {
+                    const RemoteError erro = std::exchange(erro_da_procura, {});
+                    resposta(erro, erro ? QList<FoundBook>() : livros);
+                });
+                return std::shared_ptr<void>(vivo);
+            }};
     }
 
     std::unique_ptr<frmSincronizar> Abrir()
@@ -56,7 +58,8 @@ struct Mesa : ComJanela {
         QTest::keyClicks(form->txtUtilizador, u"eva"_s);
         QTest::keyClicks(form->txtPalavraPasse, u"abcd-12 x"_s);
         form->cmdEncontrar->click();
-        [[maybe_unused]] const bool achou = QTest::qWaitFor([&] { return form->ComboLivro->ListCount() > 0; });
+        [[maybe_unused]] const bool achou =
+            QTest::qWaitFor([&] { return form->ComboLivro->ListCount() > 0; });
         return form;
     }
     void Esperar()
@@ -113,15 +116,18 @@ private Q_SLOTS:
         const auto form = m.Preencher();
         QCOMPARE(m.procuras, QStringList{u"dav.example eva/abcd-12 x"_s});
         QCOMPARE(form->ComboLivro->ListCount(), 2);
-        m.servidor.Por(u"/eva/1.vcf"_s, "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:1\r\nFN:Ana\r\nN:Ana;;;;\r\nEND:VCARD\r\n");
+        m.servidor.Por(u"/eva/1.vcf"_s,
+                       "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:1\r\nFN:Ana\r\nN:Ana;;;;\r\nEND:VCARD\r\n");
         QSignalSpy mudados(m.sincronizador, &Sincronizador::ContactosMudados);
         form->cmdSincronizar->click();
         QVERIFY(!form->cmdSincronizar->isEnabled() && form->ProgressBar1->isVisible());
         m.Esperar();
         QCOMPARE(m.abertos, QStringList{u"https://dav.example/eva/amigos/ eva/abcd-12 x"_s});
         QCOMPARE(form->lblResultado->text(), m.s.Texto(520).arg(1).arg(0).arg(0).arg(0).arg(0).arg(0));
-        QCOMPARE(m.s.Linhas(u"SELECT l.Nome, g.NomeGrupo, g.IdUtilizador FROM TblLista l JOIN TblGrupos g ON g.ID=l.Grupo"_s),
-                 QStringList{u"Ana|Telemóvel|%1"_s.arg(m.s.geral.SessaoActual.IdUtilizador)});
+        QCOMPARE(
+            m.s.Linhas(
+                u"SELECT l.Nome, g.NomeGrupo, g.IdUtilizador FROM TblLista l JOIN TblGrupos g ON g.ID=l.Grupo"_s),
+            QStringList{u"Ana|Telemóvel|%1"_s.arg(m.s.geral.SessaoActual.IdUtilizador)});
         QCOMPARE(mudados.size(), 1);
         QVERIFY(m.janela.ComboGrupos->findText(u"Telemóvel"_s) > 0);
         QVERIFY(!form->ProgressBar1->isVisible());
@@ -186,10 +192,12 @@ private Q_SLOTS:
         QTest::addColumn<int>("especie");
         QTest::addColumn<int>("texto");
         const std::pair<Kind, int> casos[]{
-            {Kind::Address, 531},    {Kind::NoNetwork, 532},   {Kind::NoSuchHost, 533}, {Kind::Refused, 534},
-            {Kind::Interrupted, 535}, {Kind::TimedOut, 536},   {Kind::Certificate, 537}, {Kind::Unencrypted, 538},
-            {Kind::Password, 540},   {Kind::Forbidden, 541},   {Kind::NotFound, 542},   {Kind::NoBook, 543},
-            {Kind::NoRoom, 544},     {Kind::TooBig, 545},      {Kind::Malformed, 545},  {Kind::Server, 546}};
+            {Kind::Address, 531},     {Kind::NoNetwork, 532},   {Kind::NoSuchHost, 533},
+            {Kind::Refused, 534},     {Kind::Interrupted, 535}, {Kind::TimedOut, 536},
+            {Kind::Certificate, 537}, {Kind::Unencrypted, 538}, {Kind::Password, 540},
+            {Kind::Forbidden, 541},   {Kind::NotFound, 542},    {Kind::NoBook, 543},
+            {Kind::NoRoom, 544},      {Kind::TooBig, 545},      {Kind::Malformed, 545},
+            {Kind::Server, 546}};
         for (const auto &[especie, texto] : casos)
             QTest::addRow("%d", static_cast<int>(especie)) << static_cast<int>(especie) << texto;
     }
@@ -251,10 +259,12 @@ private Q_SLOTS:
     {
         Mesa m;
         MemoriaDaSincronizacao(m.s.geral.de, m.s.geral.SessaoActual.IdUtilizador)
-            .Apontar({Ocorrencia::Conflito, 1, u"Ana"_s, u"Telemovel1"_s, u"922"_s, u"933"_s, u"2027-02-01T09:00:00"_s});
+            .Apontar({Ocorrencia::Conflito, 1, u"Ana"_s, u"Telemovel1"_s, u"922"_s, u"933"_s,
+                      u"2027-02-01T09:00:00"_s});
         const auto form = m.Abrir();
         QCOMPARE(form->lvOcorrencias->topLevelItem(0)->text(1), u"Ana"_s);
-        QCOMPARE(form->lvOcorrencias->topLevelItem(0)->text(2), m.s.Texto(553).arg(u"Telemóvel"_s, u"933"_s, u"922"_s));
+        QCOMPARE(form->lvOcorrencias->topLevelItem(0)->text(2),
+                 m.s.Texto(553).arg(u"Telemóvel"_s, u"933"_s, u"922"_s));
         form->cmdLimpar->click();
         QCOMPARE(form->lvOcorrencias->topLevelItemCount(), 0);
         QVERIFY(!form->cmdLimpar->isEnabled());
@@ -273,8 +283,9 @@ private Q_SLOTS:
         QFETCH(int, ficam);
         Mesa m;
         for (int i = 0; i < 12; ++i)
-            m.servidor.Por(u"/eva/%1.vcf"_s.arg(i), QByteArray("BEGIN:VCARD\r\nVERSION:3.0\r\nUID:") + QByteArray::number(i) +
-                                                       "\r\nFN:P" + QByteArray::number(i) + "\r\nEND:VCARD\r\n");
+            m.servidor.Por(u"/eva/%1.vcf"_s.arg(i), QByteArray("BEGIN:VCARD\r\nVERSION:3.0\r\nUID:") +
+                                                        QByteArray::number(i) + "\r\nFN:P" +
+                                                        QByteArray::number(i) + "\r\nEND:VCARD\r\n");
         const auto form = m.Preencher();
         form->cmdSincronizar->click();
         m.Esperar();

@@ -55,7 +55,8 @@ struct ComServidor : MesaDaSincronizacao {
         QElapsedTimer tempo;
         tempo.start();
         std::optional<ResultadoDaSincronizacao> fim;
-        Sincronizacao corrida(s.geral, s.relogio, std::make_unique<AddressBook>(Livro(por > 0 ? por : porta), ana),
+        Sincronizacao corrida(s.geral, s.relogio,
+                              std::make_unique<AddressBook>(Livro(por > 0 ? por : porta), ana),
                               Sincronizacao::Modo::Normal);
         QObject::connect(&corrida, &Sincronizacao::Terminada, [&](const auto &r) { fim = r; });
         corrida.Comecar();
@@ -147,7 +148,8 @@ private Q_SLOTS:
         Contador contador(m.porta);
         const qint64 nada = m.Correr_De_Verdade(&fim, contador.serverPort());
         QVERIFY(!fim.Mudou_Aqui() && !fim.Mudou_La());
-        QVERIFY2(contador.pedidos > 0 && contador.pedidos <= 5, qPrintable(QString::number(contador.pedidos)));
+        QVERIFY2(contador.pedidos > 0 && contador.pedidos <= 5,
+                 qPrintable(QString::number(contador.pedidos)));
         const int de_nada = contador.pedidos;
 
         for (int i = 0; i < 20; ++i)
@@ -171,7 +173,8 @@ private Q_SLOTS:
         const qint64 vinda = m.Correr_De_Verdade(&fim, contador.serverPort());
         QCOMPARE(fim.adicionados, 990);
         QCOMPARE(m.Aqui(), m.Lidos_La());
-        qInfo("1000 sent: %lld ms; unchanged: %lld ms, %d requests; 20 changed and 10 deleted: %lld ms, %d requests; "
+        qInfo("1000 sent: %lld ms; unchanged: %lld ms, %d requests; 20 changed and 10 deleted: %lld ms, %d "
+              "requests; "
               "990 received: %lld ms, %d requests",
               envio, nada, de_nada, poucas, de_poucas, vinda, contador.pedidos);
     }
@@ -217,7 +220,8 @@ private Q_SLOTS:
         }
         QVERIFY2(mortos > 2, qPrintable(QString::number(mortos)));
         m.s.geral.de.Reabrir_Ligacao();
-        const auto antes = static_cast<int>(m.s.Linhas(u"SELECT Par FROM TblSincronizados WHERE estado=0"_s).size());
+        const auto antes =
+            static_cast<int>(m.s.Linhas(u"SELECT Par FROM TblSincronizados WHERE estado=0"_s).size());
         m.Correr_De_Verdade();
         ResultadoDaSincronizacao fim;
         m.Correr_De_Verdade(&fim);

@@ -10,3 +10,5 @@ endforeach()
 morvex_teste(sincronizacao/test_frmSincronizar LIGA session)
 morvex_teste(sincronizacao/test_servidor_de_livros LIGA sincronizacao)
 morvex_servidores(test_servidor_de_livros)
+# A thousand cards take their time where a server writes them one by one.
+set_tests_properties(sincronizacao/test_servidor_de_livros sincronizacao/test_MesSimulado PROPERTIES TIMEOUT 900 COST 200)
