@@ -51,7 +51,7 @@ QString Perguntar_Idioma(Lingua lingua)
         if (::isatty(STDIN_FILENO) == 0) return {};
         std::fputs(Dizer(que_lingua, lingua).toLocal8Bit().constData(), stdout);
         std::fflush(stdout);
-        const QString resposta = entrada.readLine().trimmed().toLower();
+        QString resposta = entrada.readLine().trimmed().toLower();
         if (entrada.atEnd() || QStringList{u"pt"_s, u"br"_s, u"en"_s, u"fr"_s}.contains(resposta))
             return resposta;
     }

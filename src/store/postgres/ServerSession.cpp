@@ -147,6 +147,7 @@ Recordset ServerSession::query(const QString &sql, const Values &values)
                                              nullptr, nullptr, 0));
     if (!good(result)) raise(sql);
     std::vector<QByteArray> columns;
+    columns.reserve(static_cast<std::size_t>(PQnfields(result.get())));
     for (int i = 0; i < PQnfields(result.get()); ++i)
         columns.emplace_back(PQfname(result.get(), i));
     Cells cells;
