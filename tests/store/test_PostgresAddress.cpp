@@ -194,6 +194,7 @@ private Q_SLOTS:
     {
         QCOMPARE(PostgresAddress::shown(u"postgres://ana@server:5433/morvex?sslmode=require"_s),
                  u"postgresql://ana@server:5433/morvex"_s);
+        QCOMPARE(PostgresAddress::shown(u"postgresql://[fd00::4]:5433/morvex"_s), u"postgresql://[fd00::4]:5433/morvex"_s);
         QCOMPARE(PostgresAddress::shown(u"rubbish"_s), u"postgresql://…"_s);
     }
     void the_file_of_passwords_is_the_librarys()

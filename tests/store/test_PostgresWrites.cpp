@@ -4,6 +4,9 @@
 #include "store/postgres/PostgresStore.h"
 #include "testlib/Teste.h"
 
+#include <atomic>
+#include <thread>
+
 using namespace Qt::StringLiterals;
 using std::chrono::milliseconds;
 
@@ -217,6 +220,67 @@ private Q_SLOTS:
         });
         other->execute(insert_, {u"Rui"_s, qint64{1}});
         QCOMPARE(Nomes(), u"Ana,Rui"_s);
+    }
+    void two_desks_that_write_in_opposite_order_wait_for_one_another_and_lose_nothing_data()
+    {
+        QTest::addColumn<bool>("asOne");
+        QTest::newRow("gathered by both") << false;
+        QTest::newRow("all or nothing by one of them") << true;
+    }
+    void two_desks_that_write_in_opposite_order_wait_for_one_another_and_lose_nothing()
+    {
+        QFETCH(bool, asOne);
+        base_->Correr(u"CREATE TABLE u (id integer, idade integer); INSERT INTO u VALUES (1, 0); "
+                      "INSERT INTO t (id, idade) VALUES (1, 0)"_s);
+        std::atomic<int> failures = 0;
+        const auto desk = [&](const QString &first, const QString &second, bool together) {
+            const auto store = PostgresStore::open(base_->Morada());
+            for (int i = 0; i < 40; ++i) {
+                const auto work = [&] {
+                    for (const QString &table : {first, second})
+                        store->execute(u"UPDATE %1 SET idade = idade + 1 WHERE id = 1"_s.arg(table), {});
+                };
+                if (!skipFailure([&] { together ? store->allOrNothing(work) : store->gathering(work); })) ++failures;
+            }
+        };
+        std::thread other([&] { desk(u"u"_s, u"t"_s, asOne); });
+        desk(u"t"_s, u"u"_s, false);
+        other.join();
+        QCOMPARE(failures, 0);
+        QCOMPARE(base_->Valor(u"SELECT (SELECT idade FROM t) || ' ' || (SELECT idade FROM u)"_s), u"80 80"_s);
+        base_->Correr(u"DROP TABLE u"_s);
+    }
+    void who_may_write_nothing_is_told_once_for_a_gathering()
+    {
+        store_ = PostgresStore::openReadOnly(base_->Morada(), Curta());
+        QCOMPARE(Falha([&] {
+                     store_->gathering([&] {
+                         for (int i = 0; i < 200; ++i)
+                             Inserir(u"N"_s);
+                     });
+                 }),
+                 Failure::Kind::DatabaseReadOnly);
+        QCOMPARE(Quantos(), 0);
+    }
+    void a_gathering_that_waits_in_vain_for_its_turn_writes_what_comes_behind()
+    {
+        std::atomic<bool> held = false;
+        std::thread other([&] {
+            const auto store = PostgresStore::open(base_->Morada(), Curta());
+            store->allOrNothing([&] {
+                held = true;
+                QThread::msleep(1200); // longer than one wait, shorter than two
+            });
+        });
+        while (!held)
+            QThread::msleep(1);
+        store_->gathering([&] {
+            for (const char16_t *name : {u"a", u"b", u"c"})
+                Inserir(QString::fromUtf16(name));
+            QVERIFY(!skipFailure([&] { store_->query(u"SELECT * FROM T"_s, {}); })); // it tells of the first
+        });
+        other.join();
+        QCOMPARE(Nomes(), u"b,c"_s);
     }
     void a_lock_is_waited_for_once_where_that_is_asked_for()
     {

@@ -85,7 +85,8 @@ QString PostgresAddress::shown(const QString &text)
     });
     QString result = u"postgresql://"_s;
     if (const QString user = word(named, "user"); !user.isEmpty()) result += user + u'@';
-    result += word(named, "host");
+    const QString host = word(named, "host");
+    result += host.contains(u':') ? u'[' + host + u']' : host;
     if (const QString port = word(named, "port"); !port.isEmpty()) result += u':' + port;
     result += u'/' + word(named, "dbname");
     if (const QString service = word(named, "service"); !service.isEmpty()) result += u"?service="_s + service;

@@ -10,6 +10,12 @@ inline QString newKey() { return QUuid::createUuid().toString(QUuid::WithoutBrac
 
 inline const QString keepKey = QStringLiteral("INSERT INTO gravacoes (chave) VALUES ($1::uuid)");
 
+// The same for what writes to several tables: one of these at a time. In another order than a second one they would
+// wait for one another.
+inline const QString keepKeyAlone =
+    QStringLiteral("INSERT INTO gravacoes (chave) SELECT $1::uuid FROM pg_advisory_xact_lock(2004)");
+inline const QString alone = QStringLiteral("SELECT pg_advisory_xact_lock(2004)");
+
 // Waits for a transaction with that key that still runs, and keeps one that has not begun from ever writing. Touches
 // a row where the key was free.
 inline const QString takeKey = QStringLiteral("INSERT INTO gravacoes (chave) VALUES ($1::uuid) ON CONFLICT DO NOTHING");

@@ -63,7 +63,7 @@ private:
 
     void sendAlone(const Write &write);
     void beginWrite();
-    PostgresAnswers sendKeyed(const QString &key, const Commands &commands, const Deadline &deadline);
+    PostgresAnswers sendKeyed(const QString &keep, const Commands &commands, const Deadline &deadline);
     bool settle(const QString &key, const Deadline &deadline);
     void settleDoubt();
     void count(const Write &write, const PGresult *answer);
@@ -71,6 +71,7 @@ private:
 
     void flush();
     void sendPortion(std::vector<Write> writes);
+    void requireLock(const PGresult *refusal, const QString &source);
     PostgresAnswers tryPortion(std::span<const Write> writes);
     PostgresAnswers tryPortionWithin(std::span<const Write> writes, const Deadline &deadline);
     void sendOneByOne(std::vector<Write> writes);

@@ -67,7 +67,7 @@ void PostgresStore::allOrNothing(const Work &work)
 void PostgresStore::begin()
 {
     beginWrite();
-    Commands commands{{u"BEGIN"_s, {}}};
+    Commands commands{{u"BEGIN"_s, {}}, {postgres::alone, {}}};
     if (const QString &tables = lockOfAll(); !tables.isEmpty()) commands.push_back({tables, {}});
     const PostgresAnswers answers = session_.attemptTwice(commands, Deadline(session_.patience().command)); // nothing was written yet
     transaction_ = session_.generation();
@@ -81,7 +81,7 @@ void PostgresStore::commit()
     flush();
     if (session_.lost() || session_.generation() != *transaction_) raiseLost({});
     const PostgresAnswers answers =
-        sendKeyed(postgres::newKey(), {{u"COMMIT"_s, {}}}, Deadline(session_.patience().command));
+        sendKeyed(postgres::keepKey, {{u"COMMIT"_s, {}}}, Deadline(session_.patience().command));
     if (answers.refused) refuse(answers.refusal.get(), u"COMMIT"_s);
     transaction_.reset();
     if (waitsOnce_) wait(true);

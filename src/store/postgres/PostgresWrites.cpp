@@ -60,7 +60,7 @@ void PostgresStore::refuse(const PGresult *refusal, const QString &source)
 void PostgresStore::sendAlone(const Write &write)
 {
     const PostgresAnswers answers =
-        sendKeyed(postgres::newKey(), {write.command}, Deadline(session_.patience().command));
+        sendKeyed(postgres::keepKey, {write.command}, Deadline(session_.patience().command));
     if (answers.refused) refuse(answers.refusal.get(), write.sql);
     count(write, answers.results.empty() ? nullptr : answers.results.back().get());
     if (waitsOnce_) wait(true);
@@ -74,10 +74,11 @@ void PostgresStore::beginWrite()
 }
 
 // Raises Failure where nothing was done, and where nobody knows.
-PostgresAnswers PostgresStore::sendKeyed(const QString &key, const Commands &commands, const Deadline &deadline)
+PostgresAnswers PostgresStore::sendKeyed(const QString &keep, const Commands &commands, const Deadline &deadline)
 {
     beginWrite();
-    Commands keyed{{postgres::keepKey, {key}}};
+    const QString key = postgres::newKey();
+    Commands keyed{{keep, {key}}};
     keyed.insert(keyed.end(), commands.begin(), commands.end());
     try {
         return session_.attempt(keyed, deadline);
@@ -156,8 +157,9 @@ void PostgresStore::sendPortion(std::vector<Write> writes)
     for (;;) {
         PostgresAnswers answers = good > 0 ? tryPortion({writes.data(), good}) : PostgresAnswers();
         if (!answers.refused) break;
-        if (*answers.refused == 0 || *answers.refused > good) return sendOneByOne(std::move(writes));
-        good = *answers.refused - 1; // behind the key, or the mark to go back to
+        if (*answers.refused > good) return sendOneByOne(std::move(writes));
+        if (*answers.refused == 0) requireLock(answers.refusal.get(), writes.front().sql);
+        good = *answers.refused > 0 ? *answers.refused - 1 : 0; // behind the key, or the mark to go back to
         refusal = std::move(answers.refusal);
     }
     if (!refusal) return;
@@ -165,6 +167,12 @@ void PostgresStore::sendPortion(std::vector<Write> writes)
     portion_.assign(std::make_move_iterator(writes.begin() + static_cast<std::ptrdiff_t>(good) + 1),
                     std::make_move_iterator(writes.end()));
     refuse(refusal.get(), source);
+}
+
+// Whoever may not keep a key may write nothing at all; who waited for its turn in vain goes on behind the first.
+void PostgresStore::requireLock(const PGresult *refusal, const QString &source)
+{
+    if (kindOfState(stateOf(refusal)) != Failure::Kind::DatabaseLocked) refuse(refusal, source);
 }
 
 // One that did not arrive is sent once more: its key is taken, so that the first can't come after all.
@@ -177,10 +185,10 @@ PostgresAnswers PostgresStore::tryPortion(std::span<const Write> writes)
         commands.push_back(write.command);
     PostgresAnswers answers;
     try {
-        answers = sendKeyed(postgres::newKey(), commands, deadline);
+        answers = sendKeyed(postgres::keepKeyAlone, commands, deadline);
     } catch (const Failure &) {
         if (session_.lost() || fate_ != Fate::NotArrived) throw;
-        answers = sendKeyed(postgres::newKey(), commands, deadline);
+        answers = sendKeyed(postgres::keepKeyAlone, commands, deadline);
     }
     if (answers.refused) return answers;
     for (std::size_t i = 0; i < writes.size(); ++i)
