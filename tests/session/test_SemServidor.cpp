@@ -207,7 +207,8 @@ private Q_SLOTS:
         QVERIFY(nota->cmdPorGuardar->isVisible());
         p.servidor.Voltar();
         QVERIFY(!nota->cmdPorGuardar->isVisible());
-        QCOMPARE(p.s.Linhas(u"SELECT Descricao FROM TblMemos"_s), QStringList{u"leite"_s});
+        QCOMPARE(p.s.Linhas(u"SELECT Descricao FROM TblMemos WHERE Titulo='Compras'"_s),
+                 QStringList{u"leite"_s});
     }
 
 private:
