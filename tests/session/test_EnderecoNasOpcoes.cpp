@@ -93,12 +93,12 @@ private Q_SLOTS:
         Posto p;
         p.servidor.recusa = static_cast<Failure::Kind>(razao);
         p.Escrever(ServidorFalso::Endereco());
-        p.Opcoes().comboAniversario->setCurrentText(u"7"_s);
+        p.Opcoes().comboAniversario->setCurrentText(u"9"_s);
         p.s.caixas.Espera_Qualquer(box::stop, p.Opcoes().windowTitle());
         p.Confirmar();
         QVERIFY2(p.s.caixas.vistas.value(0).contains(palavra), qPrintable(p.s.caixas.vistas.value(0)));
         QCOMPARE(p.No_Ini(), p.s.Base());
-        QVERIFY(p.s.geral.ini.Ler_Ini(u"aniversarios"_s, u"dias"_s) != u"7"_s); // nor anything else
+        QVERIFY(p.s.geral.ini.Ler_Ini(u"aniversarios"_s, u"dias"_s) != u"9"_s); // nor anything else
         QCOMPARE(p.Opcoes().tbsOptions->currentIndex(), 3);
         QCOMPARE(p.Opcoes().txtCaminho->text(), ServidorFalso::Endereco());
         QCOMPARE(p.Opcoes().result(), int(QDialog::Rejected));

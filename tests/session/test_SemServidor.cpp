@@ -197,7 +197,7 @@ private Q_SLOTS:
         Posto p;
         p.s.dialogos.textos << u"Compras"_s;
         p.janela.Memo->trigger();
-        frmMemo *nota = Nota();
+        frmMemo *nota = Nota(u"Compras"_s);
         QVERIFY(nota != nullptr);
         nota->cmdGuardar->click();
         p.servidor.Perder();
@@ -219,10 +219,11 @@ private:
                 return popup;
         return nullptr;
     }
-    static frmMemo *Nota()
+    static frmMemo *Nota(const QString &titulo)
     {
         for (QWidget *janela : QApplication::topLevelWidgets())
-            if (auto *nota = qobject_cast<frmMemo *>(janela); nota != nullptr && nota->isVisible())
+            if (auto *nota = qobject_cast<frmMemo *>(janela);
+                nota != nullptr && nota->isVisible() && nota->lblTitle->text() == titulo)
                 return nota;
         return nullptr;
     }
