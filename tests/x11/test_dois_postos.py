@@ -13,8 +13,8 @@ import ecra
 EXECUTAVEL = pathlib.Path(sys.argv.pop())
 SERVIDOR = pathlib.Path(os.environ.get("MORVEX_POSTGRES", "/nenhum"))
 TITULO = "Morvex [0-9]"
-NOVO_CONTACTO, ELIMINAR_GRUPO = 26, 132  # texts
-LISTA = "300x110+12+130"  # of the window, in pixels: rows of the list
+NOVO_CONTACTO = 26  # text
+LISTA = "300x120+12+72"  # of the window, in pixels: rows of the list
 
 
 class Base:
@@ -29,6 +29,7 @@ class Base:
         feito = subprocess.run([EXECUTAVEL.parent / "morvex-servidor", "criar", self.de_quem("morvex_dono"),
                                 "--idioma", "pt"], capture_output=True, text=True, check=False)
         assert feito.returncode == 0, feito.stderr
+        self.sql("DELETE FROM tblmemos")  # the note would lie on a list
 
     def sql(self, texto, morada=None):
         return subprocess.run(["psql", morada or self.de_quem("morvex"), "-Atqc", texto],
