@@ -197,7 +197,7 @@ private Q_SLOTS:
         Posto p;
         p.s.dialogos.textos << u"Compras"_s;
         p.janela.Memo->trigger();
-        frmMemo *nota = Nota();
+        frmMemo *nota = Nota(u"Compras"_s);
         QVERIFY(nota != nullptr);
         nota->cmdGuardar->click();
         p.servidor.Perder();
@@ -207,7 +207,8 @@ private Q_SLOTS:
         QVERIFY(nota->cmdPorGuardar->isVisible());
         p.servidor.Voltar();
         QVERIFY(!nota->cmdPorGuardar->isVisible());
-        QCOMPARE(p.s.Linhas(u"SELECT Descricao FROM TblMemos"_s), QStringList{u"leite"_s});
+        QCOMPARE(p.s.Linhas(u"SELECT Descricao FROM TblMemos WHERE Titulo='Compras'"_s),
+                 QStringList{u"leite"_s});
     }
 
 private:
@@ -218,10 +219,11 @@ private:
                 return popup;
         return nullptr;
     }
-    static frmMemo *Nota()
+    static frmMemo *Nota(const QString &titulo)
     {
         for (QWidget *janela : QApplication::topLevelWidgets())
-            if (auto *nota = qobject_cast<frmMemo *>(janela); nota != nullptr && nota->isVisible())
+            if (auto *nota = qobject_cast<frmMemo *>(janela);
+                nota != nullptr && nota->isVisible() && nota->lblTitle->text() == titulo)
                 return nota;
         return nullptr;
     }

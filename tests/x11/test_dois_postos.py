@@ -13,8 +13,8 @@ import ecra
 EXECUTAVEL = pathlib.Path(sys.argv.pop())
 SERVIDOR = pathlib.Path(os.environ.get("MORVEX_POSTGRES", "/nenhum"))
 TITULO = "Morvex [0-9]"
-NOVO_CONTACTO, ELIMINAR_GRUPO = 26, 132  # texts
-LISTA = "300x110+12+130"  # of the window, in pixels: rows of the list
+NOVO_CONTACTO = 26  # text
+LISTA = "300x120+12+72"  # of the window, in pixels: rows of the list
 
 
 class Base:
@@ -29,6 +29,7 @@ class Base:
         feito = subprocess.run([EXECUTAVEL.parent / "morvex-servidor", "criar", self.de_quem("morvex_dono"),
                                 "--idioma", "pt"], capture_output=True, text=True, check=False)
         assert feito.returncode == 0, feito.stderr
+        self.sql("DELETE FROM tblmemos")  # the note would lie on a list
 
     def sql(self, texto, morada=None):
         return subprocess.run(["psql", morada or self.de_quem("morvex"), "-Atqc", texto],
@@ -39,11 +40,17 @@ class Base:
 
 
 class Posto:
-    def __init__(self, base):
+    def __init__(self, base, lugar):
         self.programa = ecra.Programa(EXECUTAVEL)
         self.programa.definir("basedados", "caminhobd", base.de_quem("morvex"))
         self.programa.comecar()
         self.janela = ecra.until(self.minha, "the window of a desk")
+        # Nothing may cover the list of the one while something is done at the other.
+        ecra.until(lambda: self.posta(*lugar), "a place of its own")
+
+    def posta(self, x, y):
+        ecra.run("xdotool", "windowmove", "--sync", self.janela, str(x), str(y))
+        return all(abs(a - b) < 60 for a, b in zip(ecra.geometria(self.janela), (x, y)))
 
     def minha(self):
         achadas = ecra.run("xdotool", "search", "--onlyvisible", "--all", "--pid", str(self.programa.processo.pid),
@@ -61,10 +68,10 @@ class DoisPostos(unittest.TestCase):
     def setUp(self):
         self.base = Base()
         self.addCleanup(self.base.largar)
-        self.um, self.outro = (self.posto() for _ in range(2))
+        self.um, self.outro = (self.posto(lugar) for lugar in ((0, 0), (638, 290)))
 
-    def posto(self):
-        posto = Posto(self.base)
+    def posto(self, lugar):
+        posto = Posto(self.base, lugar)
         self.addCleanup(posto.programa.fechar)
         return posto
 
