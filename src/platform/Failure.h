@@ -18,7 +18,7 @@ public:
         FileNotFound = 53,
         PathFileAccess = 75,
         InvalidUseOfNull = 94,
-        InvalidPropertyValue = 380,
+        InvalidPropertyValue = 381,
         InvalidPicture = 481,
         NoCurrentRecord = 3021,
         ItemNotFound = 3265,

@@ -1,9 +1,9 @@
 // The files that reports are written to: workbooks as a library that is not ours reads them, texts and
 // documents by what they say.
 #include "platform/Failure.h"
-#include "report/writers/OfficeFont.h"
 #include "report/ReportControl.h"
 #include "report/ReportExport.h"
+#include "report/writers/OfficeFont.h"
 #include "report/writers/TextWidth.h"
 #include "testlib/SemPrivilegios.h"
 #include "testlib/Teste.h"
@@ -744,6 +744,19 @@ private Q_SLOTS:
         QCOMPARE(wrappedLines(u"😀😀😀"_s, 5), (QStringList{u"😀😀"_s, u"😀"_s}));
         QCOMPARE(wrappedLines(u"王"_s, 1), QStringList{u"王"_s});
         QCOMPARE(wrappedLines({}, 5), QStringList{QString()});
+        QCOMPARE(wrappedLines(u"aaaaaa"_s, 5), (QStringList{u"aaaaa"_s, u"a"_s}));
+    }
+
+    // Behind the last blank that fits, be it the first letter; one at the end takes no room.
+    void uma_linha_parte_se_atras_do_ultimo_espaco_que_cabe()
+    {
+        QCOMPARE(wrappedLines(u"um dois"_s, 5), (QStringList{u"um"_s, u"dois"_s}));
+        QCOMPARE(wrappedLines(u"um dois"_s, 7), QStringList{u"um dois"_s});
+        QCOMPARE(wrappedLines(u"um do "_s, 5), QStringList{u"um do"_s});
+        QCOMPARE(wrappedLines(u"a bbbb"_s, 5), (QStringList{u"a"_s, u"bbbb"_s}));
+        QCOMPARE(wrappedLines(u" bbbb"_s, 3), (QStringList{QString(), u"bbb"_s, u"b"_s}));
+        QCOMPARE(wrappedLines(u"a b c d"_s, 3), (QStringList{u"a b"_s, u"c d"_s}));
+        QCOMPARE(wrappedLines(u"um\n\ndois"_s, 5), (QStringList{u"um"_s, QString(), u"dois"_s}));
     }
 
     void o_documento_tem_uma_linha_por_registo_com_as_cabecas_em_cada_pagina()

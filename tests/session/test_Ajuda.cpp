@@ -80,6 +80,48 @@ private Q_SLOTS:
         QVERIFY(s.shell.abertos.isEmpty());
     }
 
+    // A row a page of the manual, with the forms in which the help key opens it.
+    void cada_formulario_tem_a_sua_pagina_data()
+    {
+        QTest::addColumn<QStringList>("formularios");
+        QTest::newRow("primeiros-passos")
+            << QStringList{u"frmLoading"_s, u"frmOpcoes"_s, u"frmSeleccionarIdioma"_s, u"frmSobre"_s};
+        QTest::newRow("contactos") << QStringList{u"Main"_s, u"frmAddEdit"_s, u"frmEmail"_s, u"frmProcurar"_s,
+                                                  u"frmVerImagem"_s};
+        QTest::newRow("grupos-e-utilizadores")
+            << QStringList{u"frmLogin"_s,     u"frmNovoUser"_s,  u"frmEditUser"_s,   u"frmDeleteUser"_s,
+                           u"frmNovoGrupo"_s, u"frmEditGroup"_s, u"frmDeleteGroup"_s};
+        QTest::newRow("lembretes") << QStringList{u"frmAddEditTarefa"_s, u"frmListaTarefas"_s,
+                                                  u"frmTarefas"_s, u"frmPopup"_s, u"frmAniversarios"_s};
+        QTest::newRow("memos") << QStringList{u"frmMemo"_s};
+        QTest::newRow("correio-e-messenger") << QStringList{u"frmAddEditEmail"_s, u"frmPopupEmail"_s};
+        QTest::newRow("impressao") << QStringList{u"frmImprimir"_s, u"frmEnvelope"_s, u"frmEtiquetas"_s,
+                                                  u"ReportPreview"_s};
+        QTest::newRow("importar-e-exportar")
+            << QStringList{u"frmImportar"_s,   u"frmImportar2"_s,         u"frmCampos"_s,
+                           u"frmDuplicados"_s, u"frmImportarContactos"_s, u"frmImportarMDB"_s,
+                           u"frmExportar"_s,   u"frmExportarContactos"_s, u"frmQR"_s};
+        QTest::newRow("copia-de-seguranca") << QStringList{u"frmBackup"_s};
+    }
+    void cada_formulario_tem_a_sua_pagina()
+    {
+        QFETCH(QStringList, formularios);
+        const QString pagina = QString::fromLatin1(QTest::currentDataTag());
+        ComManual s;
+        for (const QString &formulario : formularios) {
+            QCOMPARE(ajuda::PaginaDoFormulario(formulario), pagina);
+            ajuda::Formulario(s.geral, s.plataforma, formulario);
+            QCOMPARE(s.Pagina(), u"/pt/"_s + pagina + u".html"_s);
+        }
+    }
+    void um_formulario_sem_pagina_abre_a_primeira()
+    {
+        ComManual s;
+        QCOMPARE(ajuda::PaginaDoFormulario(u"frmNenhum"_s), QString());
+        ajuda::Formulario(s.geral, s.plataforma, u"frmNenhum"_s);
+        QCOMPARE(s.Pagina(), u"/pt/index.html"_s);
+    }
+
     void sem_manual_instalado_cada_lingua_di_lo_data()
     {
         QTest::addColumn<QString>("aviso");
