@@ -131,12 +131,13 @@ QStringList frmAddEditTarefa::Valores() const
 {
     return {Tarefa_.stored(*txtTarefa), DataTarefa->date().toString(Qt::ISODate),
             HoraTarefa->time().toString(u"HH:mm:00"_s),
-            QString::number(ComboRepeticao->ItemData(ComboRepeticao->ListIndex()))};
+            ComboRepeticao->currentData().toString()};
 }
 
-// False where the form stays open.
+// False where the form stays open. Raises Failure where no repetition is chosen.
 bool frmAddEditTarefa::Gravar()
 {
+    ComboRepeticao->ItemData(ComboRepeticao->ListIndex());
     if (geral_.ModoTarefa != "Edit"_L1) {
         Escrever_Nova();
         return true;

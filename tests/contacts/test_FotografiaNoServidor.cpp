@@ -74,7 +74,8 @@ private Q_SLOTS:
             auto *dados = new QMimeData;
             dados->setUrls({QUrl::fromLocalFile(e.s.Ficheiro(u"foto.png"_s))});
             QGuiApplication::clipboard()->setMimeData(dados); // the ways in meet behind the form's edge
-            QTest::keyClick(form.txtNome, Qt::Key_V, Qt::ControlModifier);
+            form.cmd_foto->setFocus();
+            QTest::keyClick(form.cmd_foto, Qt::Key_V, Qt::ControlModifier);
             QTRY_COMPARE(form.txtFotografia->text(), e.nome);
             form.cmdOk->click();
         });
