@@ -5,7 +5,9 @@ using namespace Qt::StringLiterals;
 std::optional<ContactoDaFonte> Pessoa_Do_Cartao(const QByteArray &cartao, const QString &idioma)
 {
     std::vector<FaltaDaFonte> faltas;
-    FonteDeCartoes fonte(cartao, {}, idioma, {}, faltas);
+    FonteDeCartoes fonte(cartao, {}, idioma, {});
+    while (fonte.Preparar(faltas)) {
+    }
     return fonte.Quantos() == 0 ? std::nullopt : fonte.Ler(0, faltas);
 }
 
