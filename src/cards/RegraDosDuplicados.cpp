@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr std::size_t mais_da_mesma_chave = 3; // a switchboard, info@: it proves nothing of more contacts
+constexpr qsizetype mais_da_mesma_chave = 3; // a switchboard, info@: it proves nothing of more contacts
 
 QStringList Sem(QStringList chaves, const QStringList &outras)
 {
@@ -44,8 +44,8 @@ void RegraDosDuplicados::Contar_Com(std::size_t quantos)
 {
     todos_.reserve(quantos);
     chaves_.reserve(quantos);
-    for (DicionarioDeChaves *dicionario : {&nomes_, &numeros_, &emails_})
-        dicionario->Contar_Com(quantos);
+    for (Dicionario *dicionario : {&nomes_, &numeros_, &emails_})
+        dicionario->reserve(static_cast<qsizetype>(quantos));
     uids_.reserve(static_cast<qsizetype>(quantos));
 }
 
@@ -61,16 +61,16 @@ void RegraDosDuplicados::Juntar(ColunasDoContacto colunas, ChavesDoContacto as_s
     todos_.push_back(std::move(colunas));
     chaves_.push_back(std::move(as_suas));
     const Chaves &chaves = chaves_.back();
-    if (!chaves.nome.isEmpty()) nomes_.Apontar(chaves.nome, lugar);
+    if (!chaves.nome.isEmpty()) nomes_[chaves.nome].push_back(lugar);
     Apontar(numeros_, chaves.numeros, lugar);
     Apontar(emails_, chaves.emails, lugar);
     if (!uid.isEmpty()) uids_.insert(uid, lugar);
 }
 
-void RegraDosDuplicados::Apontar(DicionarioDeChaves &dicionario, const QStringList &chaves, std::size_t lugar)
+void RegraDosDuplicados::Apontar(Dicionario &dicionario, const QStringList &chaves, std::size_t lugar)
 {
     for (const QString &chave : chaves)
-        dicionario.Apontar(chave, lugar);
+        dicionario[chave].push_back(lugar);
 }
 
 // A completion takes nothing away and leaves the name, so there are only more keys than before.
@@ -83,13 +83,14 @@ void RegraDosDuplicados::Completar(std::size_t lugar, const ColunasDoContacto &c
     chaves_[lugar] = std::move(novas);
 }
 
-RegraDosDuplicados::Lugares RegraDosDuplicados::Com_Alguma(const DicionarioDeChaves &dicionario,
+RegraDosDuplicados::Lugares RegraDosDuplicados::Com_Alguma(const Dicionario &dicionario,
                                                            const QStringList &chaves)
 {
     Lugares lugares;
     for (const QString &chave : chaves) {
-        const Lugares achados = dicionario.Quem(chave, mais_da_mesma_chave);
-        lugares.insert(lugares.end(), achados.begin(), achados.end());
+        const auto achada = dicionario.constFind(chave);
+        if (achada == dicionario.constEnd() || achada->size() > mais_da_mesma_chave) continue;
+        lugares.insert(lugares.end(), achada->begin(), achada->end());
     }
     Cada_Um_Uma_Vez(lugares);
     return lugares;
@@ -168,7 +169,9 @@ Decisao RegraDosDuplicados::Decidir(const ColunasDoContacto &colunas, const QStr
 Decisao RegraDosDuplicados::Decidir(const ColunasDoContacto &colunas, const ChavesDoContacto &chaves,
                                     const QString &uid) const
 {
-    const Lugares mesmo_nome = chaves.nome.isEmpty() ? Lugares() : nomes_.Quem(chaves.nome);
+    const auto do_nome = chaves.nome.isEmpty() ? nomes_.constEnd() : nomes_.constFind(chaves.nome);
+    const Lugares mesmo_nome =
+        do_nome == nomes_.constEnd() ? Lugares() : Lugares(do_nome->begin(), do_nome->end());
     const Lugares por_numero = Com_Alguma(numeros_, chaves.numeros);
     const Lugares por_email = Com_Alguma(emails_, chaves.emails);
     const auto do_uid = uid.isEmpty() ? uids_.constEnd() : uids_.constFind(uid);

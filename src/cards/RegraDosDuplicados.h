@@ -3,10 +3,10 @@
 #pragma once
 
 #include "cards/ChavesDoContacto.h"
-#include "cards/DicionarioDeChaves.h"
 
 #include <QHash>
 #include <QStringList>
+#include <QVarLengthArray>
 #include <vector>
 
 enum class Veredicto {
@@ -55,10 +55,11 @@ public:
 
 private:
     using Lugares = std::vector<std::size_t>;
+    using Dicionario = QHash<QString, QVarLengthArray<std::size_t, 1>>; // nearly all keys are one person's
     using Chaves = ChavesDoContacto;
 
-    static void Apontar(DicionarioDeChaves &dicionario, const QStringList &chaves, std::size_t lugar);
-    static Lugares Com_Alguma(const DicionarioDeChaves &dicionario, const QStringList &chaves);
+    static void Apontar(Dicionario &dicionario, const QStringList &chaves, std::size_t lugar);
+    static Lugares Com_Alguma(const Dicionario &dicionario, const QStringList &chaves);
     bool Um_Nome_Contem_O_Outro(const QString &nome, std::size_t outro) const;
     bool Mesmo_Telemovel(const ColunasDoContacto &colunas, std::size_t outro) const;
     Lugares Certos(const ColunasDoContacto &colunas, const Chaves &chaves, const Lugares &por_numero,
@@ -69,8 +70,8 @@ private:
     QString idioma_;
     std::vector<ColunasDoContacto> todos_;
     std::vector<Chaves> chaves_;
-    DicionarioDeChaves nomes_;
-    DicionarioDeChaves numeros_;
-    DicionarioDeChaves emails_;
+    Dicionario nomes_;
+    Dicionario numeros_;
+    Dicionario emails_;
     QHash<QString, std::size_t> uids_;
 };

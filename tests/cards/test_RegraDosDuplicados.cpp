@@ -139,25 +139,6 @@ class TestRegraDosDuplicados : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void o_dicionario_acha_cada_chave_e_so_quem_a_tem()
-    {
-        for (const std::size_t contadas : {0U, 10U, 20'000U}) {
-            DicionarioDeChaves dicionario;
-            QVERIFY(dicionario.Quem(u"0"_s).empty());
-            dicionario.Contar_Com(contadas);
-            for (std::size_t i = 0; i < 30'000; ++i)
-                dicionario.Apontar(QString::number(i % 20'000), i);
-            for (std::size_t i = 0; i < 20'000; ++i) {
-                const std::vector<std::size_t> quem = dicionario.Quem(QString::number(i));
-                const std::vector<std::size_t> esperados =
-                    i < 10'000 ? std::vector{i, i + 20'000} : std::vector{i};
-                QVERIFY2(quem == esperados, qPrintable(QString::number(i)));
-                QVERIFY(dicionario.Quem(u"x%1"_s.arg(i)).empty());
-                QCOMPARE(dicionario.Quem(QString::number(i), 1).empty(), i < 10'000);
-            }
-        }
-    }
-
     void o_mesmo_nome_com_um_numero_ou_um_mail_e_a_mesma_pessoa()
     {
         for (const auto &[coluna, valor] :
