@@ -113,7 +113,7 @@ ComboBox *frmConflito::Acrescentar_Escolha(QTreeWidgetItem &item)
     auto *caixa = new ComboBox(lvCampos);
     setSpokenName(*caixa, item.text(coluna_campo));
     caixa->setMaximumHeight(scale::scaled(altura_da_linha)); // beside a picture too
-    for (const qint16 texto : {qint16{424}, qint16{423}}) // in the order of Escolha
+    for (const qint16 texto : {qint16{424}, qint16{423}})    // in the order of Escolha
         caixa->AddItem(geral_.Ler_Idioma(texto));
     caixa->setCurrentIndex(escolha_aqui);
     lvCampos->setItemWidget(&item, coluna_fica, caixa);

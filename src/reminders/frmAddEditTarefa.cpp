@@ -130,8 +130,7 @@ bool frmAddEditTarefa::Ja_Passou() const
 QStringList frmAddEditTarefa::Valores() const
 {
     return {Tarefa_.stored(*txtTarefa), DataTarefa->date().toString(Qt::ISODate),
-            HoraTarefa->time().toString(u"HH:mm:00"_s),
-            ComboRepeticao->currentData().toString()};
+            HoraTarefa->time().toString(u"HH:mm:00"_s), ComboRepeticao->currentData().toString()};
 }
 
 // False where the form stays open. Raises Failure where no repetition is chosen.

@@ -462,7 +462,7 @@ private Q_SLOTS:
         QCOMPARE(s.geral.ini.Ler_Ini(u"basedados"_s, u"caminhobackup"_s), pasta.path() + u'/');
         form.cmdSair->click();
         QCOMPARE(correio.size(), 0); // nothing was stopped, so nothing begins anew
-        Geral outra(s.Pasta()); // the program over the copy
+        Geral outra(s.Pasta());      // the program over the copy
         outra.CaminhoBD = pasta.filePath(u"Morvex.mdb"_s);
         QCOMPARE(FotografiasDaBase(outra.de).Ler(nome), Bytes_De_Imagem({20, 20}));
         QVERIFY(outra.de.Em_Dia());

@@ -355,7 +355,8 @@ private Q_SLOTS:
         const bool guardada = resposta == answer::yes;
         QCOMPARE(c.form->isVisible(), !guardada);
         QCOMPARE(c.form->txtTarefa->toPlainText(), u"Telefonar já"_s);
-        QCOMPARE(c.Tarefas(), guardada ? QStringList{u"Telefonar já|2027-02-05|10:30:00|1"_s} : QStringList());
+        QCOMPARE(c.Tarefas(),
+                 guardada ? QStringList{u"Telefonar já|2027-02-05|10:30:00|1"_s} : QStringList());
         QVERIFY(c.s.caixas.Todas_Vistas());
     }
 
@@ -402,7 +403,8 @@ private Q_SLOTS:
             escolha == "voltar"_L1 ? conflito.cmdVoltar->click() : conflito.cmdGuardar->click();
         });
         c.form->cmdOk->click();
-        QCOMPARE(lida, QStringList({c.s.Texto(431), u"Data"_s, u"12-02-2027 10:30"_s, u"06-02-2027 10:30"_s}));
+        QCOMPARE(lida,
+                 QStringList({c.s.Texto(431), u"Data"_s, u"12-02-2027 10:30"_s, u"06-02-2027 10:30"_s}));
         QCOMPARE(c.Tarefas(), QStringList{ficou});
         QCOMPARE(c.form->isVisible(), escolha == "voltar"_L1);
     }
