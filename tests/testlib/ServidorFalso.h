@@ -151,7 +151,7 @@ public:
     QStringList columns(const QString &table) override { return ficheiro_->columns(table); }
     int schemaNumber() override { return s_.passos.value_or(ficheiro_->schemaNumber()); }
     const Dialect &dialect() const override { return ficheiro_->dialect(); }
-    void listen(const Listener &ouvinte) override { s_.ouvinte_ = std::move(ouvinte); }
+    void listen(const Listener &ouvinte) override { s_.ouvinte_ = ouvinte; }
 
 private:
     ServidorFalso &s_;
