@@ -446,7 +446,7 @@ private Q_SLOTS:
     void cada_recusa_esta_escrita_em_cada_lingua()
     {
         Sistema s;
-        FotografiaNova nova(s.geral);
+        FotografiaNova nova(s.geral, FotografiaNova::Onde::Ficheiro);
         const auto dita = [&](const QMimeData &dados) {
             try {
                 return u"taken: "_s + nova.Caminho(dados);
@@ -498,7 +498,7 @@ private Q_SLOTS:
         QVERIFY(QDir(s.Pasta()).mkpath(u"fotografias"_s));
         QFile ficheiro(s.Ficheiro(nome));
         QVERIFY(ficheiro.open(QIODevice::WriteOnly));
-        FotografiaNova(s.geral).Abandonar(ficheiro.fileName());
+        FotografiaNova(s.geral, FotografiaNova::Onde::Ficheiro).Abandonar(ficheiro.fileName());
         QCOMPARE(ficheiro.exists(), !apaga_se);
     }
 
@@ -508,7 +508,7 @@ private Q_SLOTS:
         QVERIFY(QDir(s.Pasta()).mkpath(u"fotografias"_s));
         QFile ocupado(s.Ficheiro(u"fotografias/fotografia2.png"_s));
         QVERIFY(ocupado.open(QIODevice::WriteOnly));
-        FotografiaNova nova(s.geral);
+        FotografiaNova nova(s.geral, FotografiaNova::Onde::Ficheiro);
         const std::unique_ptr<QMimeData> pontos(Pontos(Qt::red));
         const QString primeira = nova.Caminho(*pontos);
         const QString segunda = nova.Caminho(*pontos);
