@@ -56,6 +56,7 @@ private Q_SLOTS:
     void as_legendas_vem_dos_textos()
     {
         Mesa m;
+        m.s.geral.IdiomaActual = u"AlemaoDE"_s; // the form's file has the Portuguese ones
         const auto form = m.Abrir();
         QCOMPARE(form->windowTitle(), m.s.Texto(340));
         const std::pair<QString, int> legendas[]{{form->Label1->text(), 341},

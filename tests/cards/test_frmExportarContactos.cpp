@@ -79,6 +79,7 @@ private Q_SLOTS:
     void as_legendas_vem_dos_textos()
     {
         ComExportar c;
+        c.s.geral.IdiomaActual = u"AlemaoDE"_s; // the form's file has the Portuguese ones
         const frmExportarContactos &form = c.Abrir();
         QCOMPARE(form.windowTitle(), c.s.Texto(275).remove(u'&'));
         const std::pair<QString, int> legendas[]{
