@@ -4,5 +4,5 @@ add_test(NAME ferramentas/test_morvex_servidor
     COMMAND python3 ${CMAKE_CURRENT_SOURCE_DIR}/ferramentas/test_morvex_servidor.py
         $<TARGET_FILE:morvex-servidor> ${PROJECT_BINARY_DIR}/bin/morvex.mdb)
 set_tests_properties(ferramentas/test_morvex_servidor PROPERTIES
-    TIMEOUT 300 ENVIRONMENT "PYTHONDONTWRITEBYTECODE=1;ASAN_OPTIONS=detect_leaks=0")
+    TIMEOUT 900 COST 100 ENVIRONMENT "PYTHONDONTWRITEBYTECODE=1;ASAN_OPTIONS=detect_leaks=0")
 morvex_com_postgres(ferramentas/test_morvex_servidor)

@@ -4,4 +4,5 @@ foreach(teste IN ITEMS
     test_EsquemaNoServidor)
     morvex_teste(servidor/${teste} LIGA servidor)
     morvex_com_postgres(servidor/${teste})
+    set_tests_properties(servidor/${teste} PROPERTIES TIMEOUT 600)
 endforeach()
