@@ -13,6 +13,10 @@ class TestPostgresStore : public QObject
     std::unique_ptr<TabelaNoServidor> base_;
     std::unique_ptr<PostgresStore> store_;
 
+    // Of a machine with much else to do; nothing here is about time.
+    static inline const PostgresPatience paciente_{std::chrono::seconds(60), std::chrono::seconds(60),
+                                                   std::chrono::seconds(60), {std::chrono::seconds(1)}};
+
     static inline const QString inserir_ = u"INSERT INTO T (Nome, Idade) VALUES (?, ?)"_s;
     void Inserir(const QString &name, qint64 age = 0) { store_->execute(inserir_, {name, age}); }
     QStringList Nomes(const QString &rest = u"ORDER BY Nome, ID"_s, const Store::Values &values = {})
@@ -42,7 +46,7 @@ private Q_SLOTS:
     void init()
     {
         base_->Correr(u"TRUNCATE t RESTART IDENTITY; TRUNCATE gravacoes"_s);
-        store_ = PostgresStore::open(base_->Morada());
+        store_ = PostgresStore::open(base_->Morada(), paciente_);
     }
     void cleanup() { store_.reset(); }
     void cleanupTestCase() { base_.reset(); }
