@@ -42,6 +42,25 @@ private Q_SLOTS:
             QVERIFY(words(kind).contains(u"~/.pgpass"_s));
     }
 
+    // A person may look one up, or tell it to somebody else.
+    void each_error_has_its_number()
+    {
+        QCOMPARE((QList<int>{Failure::OutOfMemoryOrRange, Failure::SubscriptOutOfRange, Failure::TypeMismatch,
+                             Failure::FileNotFound, Failure::PathFileAccess, Failure::InvalidUseOfNull,
+                             Failure::InvalidPropertyValue, Failure::InvalidPicture, Failure::NoCurrentRecord,
+                             Failure::ItemNotFound, Failure::StoreError}),
+                 (QList<int>{6, 9, 13, 53, 75, 94, 381, 481, 3021, 3265, -2147467259}));
+        QCOMPARE(Failure(13, u"Value"_s, u"no number"_s).what(), "13 (Value): no number");
+    }
+
+    void a_source_is_cut_behind_its_200th_letter()
+    {
+        QCOMPARE(errorText(Failure(1, QString(200, u'x'), u"d"_s), {}).details,
+                 u"1 · "_s + QString(200, u'x'));
+        QCOMPARE(errorText(Failure(1, QString(201, u'x'), u"d"_s), {}).details,
+                 u"1 · "_s + QString(200, u'x') + u'…');
+    }
+
     void the_rest_keeps_its_description()
     {
         const ErrorText text = errorText(Failure(13, {}, u"line one\nline two"_s), u"AlemaoDE"_s);
