@@ -18,7 +18,7 @@ public:
         FileNotFound = 53,
         PathFileAccess = 75,
         InvalidUseOfNull = 94,
-        InvalidPropertyValue = 381,
+        InvalidPropertyValue = 380,
         InvalidPicture = 481,
         NoCurrentRecord = 3021,
         ItemNotFound = 3265,

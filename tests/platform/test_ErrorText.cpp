@@ -49,7 +49,7 @@ private Q_SLOTS:
                              Failure::FileNotFound, Failure::PathFileAccess, Failure::InvalidUseOfNull,
                              Failure::InvalidPropertyValue, Failure::InvalidPicture, Failure::NoCurrentRecord,
                              Failure::ItemNotFound, Failure::StoreError}),
-                 (QList<int>{6, 9, 13, 53, 75, 94, 381, 481, 3021, 3265, -2147467259}));
+                 (QList<int>{6, 9, 13, 53, 75, 94, 380, 481, 3021, 3265, -2147467259}));
         QCOMPARE(Failure(13, u"Value"_s, u"no number"_s).what(), "13 (Value): no number");
     }
 
