@@ -155,6 +155,9 @@ RemoteError DavExchange::errorOfReply() const
     const bool ofStatus =
         error >= QNetworkReply::ContentAccessDenied && error != QNetworkReply::ProtocolFailure;
     if (error != QNetworkReply::NoError && !(ofStatus && answer_.status > 0)) return errorOfWay();
+    const QVariant announced = reply_->header(QNetworkRequest::ContentLengthHeader);
+    if (announced.isValid() && answer_.status != 204 && announced.toLongLong() > received_)
+        return {RemoteError::Kind::Interrupted, answer_.status, QStringLiteral("the answer was cut off")};
     if (answer_.status == 401 && !isSameServer(server_, answer_.url))
         return {RemoteError::Kind::Elsewhere, 401, answer_.url.toString()};
     return errorOfStatus(answer_.status, answer_.body, request_.verb);
