@@ -150,6 +150,11 @@ public:
     }
     QStringList columns(const QString &table) override { return ficheiro_->columns(table); }
     int schemaNumber() override { return s_.passos.value_or(ficheiro_->schemaNumber()); }
+    void copyTo(const FileCopy &copia) override
+    {
+        s_.Pedido(QStringLiteral("copyTo"));
+        ficheiro_->copyTo(copia);
+    }
     const Dialect &dialect() const override { return ficheiro_->dialect(); }
     void listen(const Listener &ouvinte) override { s_.ouvinte_ = ouvinte; }
 
