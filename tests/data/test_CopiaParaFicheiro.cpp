@@ -37,6 +37,9 @@ void Encher(Sistema &s)
         u"INSERT INTO TblMemos (Titulo, LeftForm, FontSize, FontBold) VALUES ('Memo', -15.5, 8.25, -1)"_s);
     s.Escrever(u"INSERT INTO TblEmails (Email) VALUES ('a@x.example')"_s);
     s.Escrever(u"INSERT INTO TblDiferentes VALUES (1, 2)"_s);
+    s.Escrever(u"INSERT INTO TblSincronizacao (IdUtilizador, Endereco) VALUES (1, 'https://x.example')"_s);
+    s.Escrever(u"INSERT INTO TblSincronizados (Par, IDContacto) VALUES ('1/a.vcf', 1)"_s);
+    s.Escrever(u"INSERT INTO TblOcorrencias (IdUtilizador, Nome) VALUES (1, 'Ana')"_s);
     Por_Na_Base(s, {20, 20});
     CartoesGuardados(s.geral.de).Guardar({u"1"_s, u"u"_s, QByteArray("BEGIN\0END", 9)});
 }

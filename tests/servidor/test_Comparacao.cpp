@@ -127,6 +127,10 @@ const std::vector<Leitor> &Leitores()
         {"cmdLerCartao", Um_De(Numeros(8, 16))},
         {"cmdListarCartoes", sem},
         {"cmdListarDiferentes", sem},
+        {"cmdVerSincronizacao", numeros},
+        {"cmdListarPares", numeros},
+        {"cmdListarContactosDoGrupo", numeros},
+        {"cmdListarOcorrencias", numeros},
     };
     return leitores;
 }
@@ -189,6 +193,23 @@ const std::vector<Escritor> &Escritores()
         ESCREVE("cmdGuardarCartao", 10, u"uid-outro"_s, QByteArray("x")),
         ESCREVE("cmdEliminarCartao", 12),
         ESCREVE("cmdGuardarDiferentes", 7, 8),
+        ESCREVE("cmdGuardarSincronizacao", 1, u"https://x.example"_s, u"rui"_s, nulo, u"/l/"_s, u"Livro"_s, 2,
+                true, false, 15),
+        ESCREVE("cmdGuardarSincronizacao", 1, u"https://y.example"_s, u"Rui"_s, u"p"_s, u"/L/"_s, nulo, 3,
+                false, true, 30),
+        ESCREVE("cmdGuardarSincronizacao", 2, u""_s, nulo, nulo, nulo, nulo, nulo, false, false, 0),
+        ESCREVE("cmdGuardarCorrida", 5, 1),
+        ESCREVE("cmdGuardarResultado", u"testemunho"_s, u"2027-01-31 10:00"_s, u"1 2 3"_s, 1),
+        ESCREVE("cmdEliminarSincronizacao", 2),
+        ESCREVE("cmdGuardarPar", u"1/b.vcf"_s, 1, 7, u"/l/b.vcf"_s, u"\"1\""_s, 1, u"r"_s, u"a"_s),
+        ESCREVE("cmdGuardarPar", u"1/a.vcf"_s, 1, 8, u"/l/a.vcf"_s, nulo, 0, nulo, nulo),
+        ESCREVE("cmdGuardarPar", u"1/b.vcf"_s, 1, 9, u"/l/b.vcf"_s, u"\"2\""_s, 2, u"R"_s, u"A"_s),
+        ESCREVE("cmdGuardarPar", u"2/c.vcf"_s, 2, 9, u"/l/c.vcf"_s, nulo, 0, nulo, nulo),
+        ESCREVE("cmdEliminarPar", u"1/a.vcf"_s),
+        ESCREVE("cmdEliminarPares", 2),
+        ESCREVE("cmdInserirOcorrencia", 1, u"2027-01-31 10:00"_s, 3, 7, u"Ana"_s, u"Fax"_s, u"v"_s, nulo),
+        ESCREVE("cmdInserirOcorrencia", 2, u"2027-01-31 10:01"_s, 4, 8, u"Zé"_s, nulo, nulo, u"o"_s),
+        ESCREVE("cmdEliminarOcorrencias", 2),
         {"",
          [](DE &de) {
              de.Largar_Fotografias({u"bd:nova"_s, u"bd:0"_s, u"nada"_s});

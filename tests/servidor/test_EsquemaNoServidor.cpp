@@ -149,7 +149,7 @@ private Q_SLOTS:
             dona_->run(u"INSERT INTO %1 DEFAULT VALUES"_s.arg(nome));
             QCOMPARE(Numero(*dona_, u"SELECT id FROM "_s + nome), 1);
         }
-        QCOMPARE(contadores, 8);
+        QCOMPARE(contadores, 9);
     }
 
     void dois_postos_ao_mesmo_tempo_nao_recebem_o_mesmo_numero()

@@ -123,7 +123,11 @@ inline const QMap<QString, Abertura> aberturas{
      }},
     {QStringLiteral("frmConflito"),
      [](ComFormulario &c) {
-         const auto texto = [&](qint16 id) { return c.s.Texto(id); };
+         const auto texto = [&](qint16 id) { // empty without a language
+             QString lido;
+             skipFailure([&] { lido = c.s.geral.Ler_Idioma(id); });
+             return lido;
+         };
          const auto imagem = [&c](const QString &nome) { return Picture(c.s.geral.Ficheiro(nome)); };
          return c.Novo<frmConflito>(
              c.s.geral, texto(421),
