@@ -45,6 +45,7 @@ public:
     template<class Trabalho> Medida Mediana(const Trabalho &trabalho)
     {
         std::vector<Medida> medidas;
+        medidas.reserve(repeticoes);
         for (int i = 0; i < repeticoes; ++i)
             medidas.push_back(Uma(trabalho));
         const int viagens = medidas.back().viagens;
@@ -89,9 +90,9 @@ struct Escritorio {
         morada = QUrl(servidor.Perguntar("address"));
         const QString oficio = pasta.filePath(u"office"_s);
         const QString dele = pasta.filePath(u"server"_s);
-        if (const QString falha = certificados::Fazer(oficio, oficio.section(u'/', -1)); !falha.isEmpty()) return falha;
-        if (const QString falha = certificados::Fazer(dele, u"localhost"_s, oficio); !falha.isEmpty()) return falha;
-        if (const QString falha = certificados::Dar_Ao_Servidor(morada, dele); !falha.isEmpty()) return falha;
+        if (QString falha = certificados::Fazer(oficio, oficio.section(u'/', -1)); !falha.isEmpty()) return falha;
+        if (QString falha = certificados::Fazer(dele, u"localhost"_s, oficio); !falha.isEmpty()) return falha;
+        if (QString falha = certificados::Dar_Ao_Servidor(morada, dele); !falha.isEmpty()) return falha;
         TabelaNoServidor::Correr_Em(morada, u"CREATE DATABASE escritorio OWNER morvex_dono TEMPLATE template0"_s);
         ServerSession dona(De(u"morvex_dono"_s, static_cast<quint16>(morada.port())));
         dona.together([&] { mudanca::Mudar(ficheiro, dona, u"morvex"_s); });

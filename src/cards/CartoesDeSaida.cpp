@@ -67,7 +67,7 @@ QByteArray CartoesDeSaida::Fotografia(const QString &coluna)
 QByteArray CartoesDeSaida::Cartao(const ContactoParaCartao &contacto, const QByteArray &guardado) const
 {
     if (guardado.isEmpty()) return cartao_.Novo(contacto);
-    const QByteArray remendado = cartao_.Remendado(contacto, guardado);
+    QByteArray remendado = cartao_.Remendado(contacto, guardado);
     if (opcoes_.na_do_guardado && opcoes_.com_fotografias) return remendado;
     return inVersion(Lido(opcoes_.com_fotografias ? remendado : Sem_Fotografias(remendado)), opcoes_.versao);
 }

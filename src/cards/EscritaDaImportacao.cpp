@@ -147,12 +147,12 @@ EscritaDaImportacao::Destino EscritaDaImportacao::Existente_Com(const QString &I
 {
     const auto achado = existente_por_ID_.constFind(ID);
     if (achado != existente_por_ID_.constEnd()) return {Destino::Existentes, *achado};
-    std::optional<LinhaDaAgenda> linha = Ler_Da_Agenda(ID);
+    const std::optional<LinhaDaAgenda> linha = Ler_Da_Agenda(ID);
     if (!linha) return {};
-    return Tomar(ID, std::move(*linha));
+    return Tomar(ID, *linha);
 }
 
-EscritaDaImportacao::Destino EscritaDaImportacao::Tomar(const QString &ID, LinhaDaAgenda linha)
+EscritaDaImportacao::Destino EscritaDaImportacao::Tomar(const QString &ID, const LinhaDaAgenda &linha)
 {
     existente_por_ID_.insert(ID, existentes_.size());
     existentes_.push_back({ID, linha, linha.colunas, {}, {}, {}, false});

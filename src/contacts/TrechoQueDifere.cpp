@@ -21,7 +21,7 @@ bool E_Curto(const QString &texto) { return texto.size() <= mais_letras && texto
 
 QString Trecho_Que_Difere(const QString &texto, const QString &outro)
 {
-    const QString inteiro = Sem_Retornos(texto);
+    QString inteiro = Sem_Retornos(texto);
     if (E_Curto(inteiro)) return inteiro;
     qsizetype inicio =
         std::max(qsizetype{0}, Onde_Se_Separam(inteiro, Sem_Retornos(outro)) - antes_da_diferenca);

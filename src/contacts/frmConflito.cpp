@@ -41,6 +41,7 @@ frmConflito::frmConflito(Geral &geral, const QString &facto, const CamposDisputa
 {
     setupUi(this);
     scale::apply(*this);
+    lvCampos->setUniformRowHeights(false); // a picture is higher than a text
     lvCampos->setColumnWidth(coluna_campo, scale::scaled(largura_do_campo));
     lvCampos->setColumnWidth(coluna_fica, scale::scaled(largura_da_escolha));
     QHeaderView &colunas = *lvCampos->header();
@@ -100,7 +101,9 @@ void frmConflito::Mostrar_Imagem(QTreeWidgetItem &item, int coluna, const QStrin
     item.setToolTip(coluna, nome);
     if (nome.isEmpty()) return;
     const auto por = [&](const Picture &imagem) {
-        item.setData(coluna, Qt::DecorationRole, Miniatura(imagem, devicePixelRatioF()));
+        const QPixmap miniatura = Miniatura(imagem, devicePixelRatioF());
+        item.setData(coluna, Qt::DecorationRole, miniatura);
+        item.setSizeHint(coluna, miniatura.deviceIndependentSize().toSize());
     };
     onFailure([&] { por(campo.imagem(nome)); },
               [&](const Failure &) {
