@@ -10,6 +10,7 @@
 #include "platform/Picture.h"
 
 #include <QHeaderView>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -41,7 +42,6 @@ frmConflito::frmConflito(Geral &geral, const QString &facto, const CamposDisputa
 {
     setupUi(this);
     scale::apply(*this);
-    lvCampos->setUniformRowHeights(false); // a picture is higher than a text
     lvCampos->setColumnWidth(coluna_campo, scale::scaled(largura_do_campo));
     lvCampos->setColumnWidth(coluna_fica, scale::scaled(largura_da_escolha));
     QHeaderView &colunas = *lvCampos->header();
@@ -101,9 +101,7 @@ void frmConflito::Mostrar_Imagem(QTreeWidgetItem &item, int coluna, const QStrin
     item.setToolTip(coluna, nome);
     if (nome.isEmpty()) return;
     const auto por = [&](const Picture &imagem) {
-        const QPixmap miniatura = Miniatura(imagem, devicePixelRatioF());
-        item.setData(coluna, Qt::DecorationRole, miniatura);
-        item.setSizeHint(coluna, miniatura.deviceIndependentSize().toSize());
+        item.setData(coluna, Qt::DecorationRole, Miniatura(imagem, devicePixelRatioF()));
     };
     onFailure([&] { por(campo.imagem(nome)); },
               [&](const Failure &) {
@@ -115,12 +113,27 @@ ComboBox *frmConflito::Acrescentar_Escolha(QTreeWidgetItem &item)
 {
     auto *caixa = new ComboBox(lvCampos);
     setSpokenName(*caixa, item.text(coluna_campo));
-    caixa->setMaximumHeight(scale::scaled(altura_da_linha)); // beside a picture too
-    for (const qint16 texto : {qint16{424}, qint16{423}})    // in the order of Escolha
+    for (const qint16 texto : {qint16{424}, qint16{423}}) // in the order of Escolha
         caixa->AddItem(geral_.Ler_Idioma(texto));
     caixa->setCurrentIndex(escolha_aqui);
-    lvCampos->setItemWidget(&item, coluna_fica, caixa);
+    if (item.data(coluna_la, Qt::DecorationRole).isNull() &&
+        item.data(coluna_aqui, Qt::DecorationRole).isNull())
+        lvCampos->setItemWidget(&item, coluna_fica, caixa);
+    else
+        Por_No_Alto(item, *caixa);
     return caixa;
+}
+
+// Beside a picture a choice is no higher than elsewhere. A row is never higher than the widget in it may be,
+// so one without that limit lies between.
+void frmConflito::Por_No_Alto(QTreeWidgetItem &item, ComboBox &caixa)
+{
+    auto *lugar = new QWidget(lvCampos);
+    auto *pilha = new QVBoxLayout(lugar);
+    pilha->setContentsMargins({});
+    pilha->addWidget(&caixa);
+    pilha->addStretch();
+    lvCampos->setItemWidget(&item, coluna_fica, lugar);
 }
 
 void frmConflito::Escolher_Todos(int escolha)

@@ -42,6 +42,7 @@ private:
     ComboBox *Mostrar(const CampoDisputado &campo);
     void Mostrar_Imagem(QTreeWidgetItem &item, int coluna, const QString &nome, const CampoDisputado &campo);
     ComboBox *Acrescentar_Escolha(QTreeWidgetItem &item);
+    void Por_No_Alto(QTreeWidgetItem &item, ComboBox &caixa);
     void Escolher_Todos(int escolha);
 
     Geral &geral_;

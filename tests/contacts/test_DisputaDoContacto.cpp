@@ -67,8 +67,9 @@ QStringList Lida(const frmConflito &conflito, int linha)
 
 ComboBox &Escolha(const frmConflito &conflito, int linha)
 {
-    return *qobject_cast<ComboBox *>(
-        conflito.lvCampos->itemWidget(conflito.lvCampos->topLevelItem(linha), 3));
+    QWidget *lugar = conflito.lvCampos->itemWidget(conflito.lvCampos->topLevelItem(linha), 3);
+    auto *caixa = qobject_cast<ComboBox *>(lugar);
+    return caixa != nullptr ? *caixa : *lugar->findChild<ComboBox *>();
 }
 
 constexpr int pergunta = box::question | box::yesNo;
@@ -283,6 +284,7 @@ private Q_SLOTS:
                 QCOMPARE(imagem(1).size(), QSize(40, 30));
                 QCOMPARE(imagem(2).pixel(5, 5), qRgb(0, 255, 0));
                 QCOMPARE(imagem(2).size(), QSize(120, 60));
+                QVERIFY(conflito.lvCampos->visualItemRect(&item).height() >= 60); // not cut to a text's height
                 QCOMPARE(item.data(1, Qt::AccessibleTextRole).toString(), vermelha);
             });
         });
