@@ -5,6 +5,8 @@
 #include "testlib/FotografiaNaBase.h"
 #include "testlib/Teste.h"
 
+#include <QClipboard>
+
 namespace
 {
 using Colunas = QMap<QString, Value>;
