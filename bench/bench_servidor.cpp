@@ -1,6 +1,6 @@
-// Measures what a desk waits for over a slow network: the round trips of each action and its time, with encryption
-// and a password. Starts a server of its own. Usage: bench_servidor [MILLISECONDS [CONTACTS]]   (a round trip of 20 ms
-// and 1000 contacts unless told otherwise)
+// Measures what a desk waits for over a slow network: the round trips of each action and its time, with
+// encryption and a password. Starts a server of its own. Usage: bench_servidor [MILLISECONDS [CONTACTS]]   (a
+// round trip of 20 ms and 1000 contacts unless told otherwise)
 #include "controls/ListBox.h"
 #include "servidor/MudancaParaServidor.h"
 #include "session/frmOpcoes.h"
@@ -49,7 +49,8 @@ public:
         for (int i = 0; i < repeticoes; ++i)
             medidas.push_back(Uma(trabalho));
         const int viagens = medidas.back().viagens;
-        std::sort(medidas.begin(), medidas.end(), [](const Medida &a, const Medida &b) { return a.ms < b.ms; });
+        std::sort(medidas.begin(), medidas.end(),
+                  [](const Medida &a, const Medida &b) { return a.ms < b.ms; });
         return {medidas[medidas.size() / 2].ms, viagens};
     }
 
@@ -66,15 +67,14 @@ void Linha(const char *nome, const Medida &medida, double limite)
 
 void Encher(Sistema &s, int quantos)
 {
-    s.Escrever(u"BEGIN"_s);
-    for (int i = 0; i < quantos; ++i)
-        s.Novo_Contacto({{u"Nome"_s, u"Álvaro Brandão %1"_s.arg(i)},
-                         {u"Grupo"_s, i % 6 + 1},
-                         {u"Dia"_s, u"7"_s},
-                         {u"Mes"_s, u"05"_s},
-                         {u"Email1"_s, u"a%1@b.example"_s.arg(i)},
-                         {u"Obs"_s, QString(300, u'n')}});
-    s.Escrever(u"COMMIT"_s);
+    const Value nulo(nullptr);
+    s.geral.de.Juntar([&] {
+        for (int i = 0; i < quantos; ++i)
+            s.geral.de.Executar("cmdAdicionarNome",
+                                {u"Álvaro Brandão %1"_s.arg(i), nulo, nulo, nulo, nulo, nulo, nulo, u"7"_s,
+                                 u"05"_s, nulo, u"a%1@b.example"_s.arg(i), nulo, nulo, nulo,
+                                 QString(300, u'n'), nulo, i % 6 + 1});
+    });
 }
 
 // A server as an office has it: its certificate signed by the office, the password in a file.
@@ -90,10 +90,12 @@ struct Escritorio {
         morada = QUrl(servidor.Perguntar("address"));
         const QString oficio = pasta.filePath(u"office"_s);
         const QString dele = pasta.filePath(u"server"_s);
-        if (QString falha = certificados::Fazer(oficio, oficio.section(u'/', -1)); !falha.isEmpty()) return falha;
+        if (QString falha = certificados::Fazer(oficio, oficio.section(u'/', -1)); !falha.isEmpty())
+            return falha;
         if (QString falha = certificados::Fazer(dele, u"localhost"_s, oficio); !falha.isEmpty()) return falha;
         if (QString falha = certificados::Dar_Ao_Servidor(morada, dele); !falha.isEmpty()) return falha;
-        TabelaNoServidor::Correr_Em(morada, u"CREATE DATABASE escritorio OWNER morvex_dono TEMPLATE template0"_s);
+        TabelaNoServidor::Correr_Em(morada,
+                                    u"CREATE DATABASE escritorio OWNER morvex_dono TEMPLATE template0"_s);
         ServerSession dona(De(u"morvex_dono"_s, static_cast<quint16>(morada.port())));
         dona.together([&] { mudanca::Mudar(ficheiro, dona, u"morvex"_s); });
         dona.run(u"VACUUM ANALYZE"_s);
@@ -101,8 +103,9 @@ struct Escritorio {
     }
     QString De(const QString &quem, quint16 porta) const
     {
-        return u"postgresql://%1@localhost:%2/escritorio?sslmode=verify-full&sslrootcert=%3"_s.arg(quem).arg(porta).arg(
-            pasta.filePath(u"office.crt"_s));
+        return u"postgresql://%1@localhost:%2/escritorio?sslmode=verify-full&sslrootcert=%3"_s.arg(quem)
+            .arg(porta)
+            .arg(pasta.filePath(u"office.crt"_s));
     }
 };
 
@@ -127,7 +130,8 @@ void Medir(Sistema &s, Medidor &medidor)
         janela->repaint();
     }),
           500);
-    if (janela->ListaNomes->ListCount() == 0) return static_cast<void>(std::puts("the list is empty: nothing measured"));
+    if (janela->ListaNomes->ListCount() == 0)
+        return static_cast<void>(std::puts("the list is empty: nothing measured"));
     int linha = 0;
     Linha("card", medidor.Mediana([&] {
         linha = (linha + 97) % static_cast<int>(janela->ListaNomes->ListCount());
