@@ -85,19 +85,6 @@ std::vector<StoreValue> Converter(const Instrucao &instrucao, std::initializer_l
     return valores;
 }
 
-// Hands on the rows whose two columns are wanted, and tells whether there was any row at all.
-Store::EachRow So_As_Que(const QString &colunas, const Wanted &querida,
-                         const std::function<void(const Row &)> &linha, bool &ha)
-{
-    const auto nome = [&](int lugar) {
-        return colunas.section(u',', lugar, lugar).section(u'.', -1).trimmed().toUtf8(); // without its table
-    };
-    return [&querida, &linha, &ha, primeira = nome(0), segunda = nome(1)](const Row &uma) {
-        ha = true;
-        if (querida(uma.utf8(uma.column(primeira)), uma.utf8(uma.column(segunda)))) linha(uma);
-    };
-}
-
 QString Cadeia_Do_Ficheiro(const QString &caminho)
 {
     return QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source= '") + caminho + QStringLiteral("'") +
@@ -129,21 +116,7 @@ bool DE::Percorrer_As_Que(ComandoComLinhas comando, const Value &parametro, QLat
 {
     Rs(comando).Close();
     const Instrucao &instrucao = Preparada(comando.Posicao());
-    const auto valores = Converter(instrucao, {parametro});
-    bool ha = false;
-    if (Num_Servidor()) { // it sends all of them anyhow, and so tells whether there are any
-        Ligacao().rows(instrucao.sql, valores, So_As_Que(colunas, querida, linha, ha));
-        return ha;
-    }
-    Ligacao().rowsWanted(instrucao.sql, valores, colunas, querida, [&](const Row &uma) {
-        ha = true;
-        linha(uma);
-    });
-    if (!ha)
-        Ligacao().rows(instrucao.sql.left(instrucao.sql.lastIndexOf(QLatin1StringView(" ORDER BY "))) +
-                           QLatin1StringView(" LIMIT 1"),
-                       valores, [&ha](const Row &) { ha = true; });
-    return ha;
+    return Ligacao().rowsWanted(instrucao.sql, Converter(instrucao, {parametro}), colunas, querida, linha);
 }
 
 void DE::Executar(ComandoSemLinhas comando, std::initializer_list<Value> parametros)

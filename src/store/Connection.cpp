@@ -104,10 +104,10 @@ void Connection::rows(const QString &sql, const std::vector<StoreValue> &values,
     store().rows(sql, values, row);
 }
 
-void Connection::rowsWanted(const QString &sql, const std::vector<StoreValue> &values, const QString &columns,
+bool Connection::rowsWanted(const QString &sql, const std::vector<StoreValue> &values, const QString &columns,
                             const Wanted &wanted, const Store::EachRow &row)
 {
-    store().rowsWanted(sql, values, columns, wanted, row);
+    return store().rowsWanted(sql, values, columns, wanted, row);
 }
 
 void Connection::releaseMemory()

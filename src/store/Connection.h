@@ -68,8 +68,9 @@ public:
     void rows(const QString &sql, const std::vector<StoreValue> &values, const Store::EachRow &row);
 
     // The same for those rows alone of which the two columns, "a, b", are wanted: asked where the store can,
-    // before it sorts. The statement has a WHERE, and an ORDER BY at its end or none.
-    void rowsWanted(const QString &sql, const std::vector<StoreValue> &values, const QString &columns,
+    // before it sorts. The statement has a WHERE, and an ORDER BY at its end or none. Tells whether it has rows
+    // at all, wanted or not.
+    bool rowsWanted(const QString &sql, const std::vector<StoreValue> &values, const QString &columns,
                     const Wanted &wanted, const Store::EachRow &row);
 
     // Gives up what is kept of the file for a next reading: worth a call where much was read for once.

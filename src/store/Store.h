@@ -87,9 +87,9 @@ public:
     // Values go to the ?, in their order. These raise Failure with the store's reason.
     virtual Recordset query(const QString &sql, const Values &values) = 0;
     virtual void rows(const QString &sql, const Values &values, const EachRow &row) = 0;
-    // Only the rows whose two columns, "a, b", are wanted. The statement has a WHERE, and an ORDER BY at its
-    // end or none.
-    virtual void rowsWanted(const QString &sql, const Values &values, const QString &columns,
+    // Only the rows whose two columns, "a, t.b", are wanted. The statement has a WHERE, and an ORDER BY at its end
+    // or none. Tells whether it has rows at all.
+    virtual bool rowsWanted(const QString &sql, const Values &values, const QString &columns,
                             const Wanted &wanted, const EachRow &row) = 0;
     virtual void execute(const QString &sql, Values values) = 0;
 

@@ -477,6 +477,11 @@ private Q_SLOTS:
         QCOMPARE(passadas, (QStringList{u"Zita"_s, u"Álvaro"_s}));
         perguntas.sort();
         QCOMPARE(perguntas, (QStringList{u"ANDRÉ0"_s, u"Zita0"_s, u"Álvaro0"_s}));
+        const auto ninguem = [](std::string_view, std::string_view) { return false; };
+        const auto nada = [](const Row &) {};
+        QVERIFY(connection_.rowsWanted(sql, {}, u"Nome, Nome"_s, ninguem, nada)); // there are, none wanted
+        QVERIFY(connection_.rowsWanted(sql + u" ORDER BY Nome"_s, {}, u"Nome, Nome"_s, ninguem, nada));
+        QVERIFY(!connection_.rowsWanted(sql + u" AND ID > 99"_s, {}, u"Nome, Nome"_s, ninguem, nada));
         passadas.clear();
         connection_.rowsWanted(
             sql, {}, u"Nome, Nome"_s, [](std::string_view nome, std::string_view) { return nome == "Zita"; },

@@ -104,10 +104,14 @@ private Q_SLOTS:
         });
         QCOMPARE(seen, (QStringList{u"N44"_s, u"N55"_s}));
         seen.clear();
-        store_->rowsWanted(
-            u"SELECT * FROM T WHERE Idade > ? ORDER BY ID"_s, {qint64{1}}, u"Nome, Idade"_s,
-            [](std::string_view name, std::string_view age) { return name == "N3" || age == "5"; },
-            [&](const Row &row) { seen << row.field(row.column("Nome")).text(); });
+        const auto hear = [&](const Row &row) { seen << row.field(row.column("Nome")).text(); };
+        const auto nobody = [](std::string_view, std::string_view) { return false; };
+        const QString older = u"SELECT * FROM T WHERE Idade > ? ORDER BY ID"_s;
+        QVERIFY(store_->rowsWanted(
+            older, {qint64{1}}, u"T.Nome, Idade"_s,
+            [](std::string_view name, std::string_view age) { return name == "N3" || age == "5"; }, hear));
+        QVERIFY(store_->rowsWanted(older, {qint64{1}}, u"Nome, Idade"_s, nobody, hear)); // there are, none wanted
+        QVERIFY(!store_->rowsWanted(older, {qint64{99}}, u"Nome, Idade"_s, nobody, hear));
         QCOMPARE(seen, (QStringList{u"N3"_s, u"N5"_s}));
     }
     void a_refused_statement_says_why_and_harms_nothing()

@@ -104,11 +104,11 @@ public:
         s_.Pedido(sql);
         ficheiro_->rows(sql, values, row);
     }
-    void rowsWanted(const QString &sql, const Values &values, const QString &columns, const Wanted &wanted,
+    bool rowsWanted(const QString &sql, const Values &values, const QString &columns, const Wanted &wanted,
                     const EachRow &row) override
     {
         s_.Pedido(sql);
-        ficheiro_->rowsWanted(sql, values, columns, wanted, row);
+        return ficheiro_->rowsWanted(sql, values, columns, wanted, row);
     }
     void execute(const QString &sql, Values values) override
     {

@@ -95,15 +95,21 @@ void PostgresStore::rows(const QString &sql, const Values &values, const EachRow
     }
 }
 
-void PostgresStore::rowsWanted(const QString &sql, const Values &values, const QString &columns,
+// All of them are sent anyhow, which tells whether there are any. Columns have lost their table's name by then.
+bool PostgresStore::rowsWanted(const QString &sql, const Values &values, const QString &columns,
                                const Wanted &wanted, const EachRow &row)
 {
-    const auto nameOf = [&](int place) { return columns.section(u',', place, place).trimmed().toUtf8(); };
+    const auto nameOf = [&](int place) {
+        return columns.section(u',', place, place).section(u'.', -1).trimmed().toUtf8();
+    };
     const QByteArray first = nameOf(0);
     const QByteArray second = nameOf(1);
+    bool any = false;
     rows(sql, values, [&](const Row &one) {
+        any = true;
         if (wanted(one.utf8(one.column(first)), one.utf8(one.column(second)))) row(one);
     });
+    return any;
 }
 
 Recordset PostgresStore::ownQuestion(const QString &sql, Values values)

@@ -19,7 +19,7 @@ public:
     QString place() const override { return PostgresAddress::shown(address_); }
     Recordset query(const QString &sql, const Values &values) override;
     void rows(const QString &sql, const Values &values, const EachRow &row) override;
-    void rowsWanted(const QString &sql, const Values &values, const QString &columns, const Wanted &wanted,
+    bool rowsWanted(const QString &sql, const Values &values, const QString &columns, const Wanted &wanted,
                     const EachRow &row) override;
     void execute(const QString &sql, Values values) override;
     StoreMark mark() override;

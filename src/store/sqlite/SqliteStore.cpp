@@ -148,13 +148,20 @@ void SqliteStore::rows(const QString &sql, const Values &values, const EachRow &
     });
 }
 
-void SqliteStore::rowsWanted(const QString &sql, const Values &values, const QString &columns,
+// Where none is wanted the store is asked once more: without an order the first row answers that.
+bool SqliteStore::rowsWanted(const QString &sql, const Values &values, const QString &columns,
                              const Wanted &wanted, const EachRow &row)
 {
     const QScopedValueRollback asked(wanted_, wanted);
     qsizetype order = sql.lastIndexOf(" ORDER BY "_L1);
     if (order < 0) order = sql.size();
-    rows(sql.left(order) + u" AND wanted(%1)"_s.arg(columns) + sql.mid(order), values, row);
+    bool any = false;
+    rows(sql.left(order) + u" AND wanted(%1)"_s.arg(columns) + sql.mid(order), values, [&](const Row &one) {
+        any = true;
+        row(one);
+    });
+    if (!any) rows(sql.left(order) + u" LIMIT 1"_s, values, [&any](const Row &) { any = true; });
+    return any;
 }
 
 qint64 SqliteStore::lastId() { return handle_.getLastInsertRowid(); }
