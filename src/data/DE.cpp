@@ -12,11 +12,6 @@
 
 namespace
 {
-QString texto(std::string_view literal)
-{
-    return QString::fromUtf8(literal.data(), static_cast<qsizetype>(literal.size()));
-}
-
 ColumnType Tipo_Do_Parametro(std::string_view tabela, std::string_view coluna)
 {
     return coluna.starts_with('~') ? ColumnType::Pattern : esquema::Tipo(tabela, coluna);
@@ -44,16 +39,16 @@ struct Instrucao {
 // last happened to be changed.
 QString Com_Desempate(const EntradaDoCatalogo &entrada)
 {
-    QString sql = texto(entrada.sql);
+    QString sql = esquema::Texto(entrada.sql);
     if (entrada.desempate.empty()) return sql;
     if (sql.endsWith(u';')) sql.chop(1);
     const bool ordenada = sql.contains(QLatin1StringView(" ORDER BY "));
-    return sql + (ordenada ? QStringLiteral(", ") : QStringLiteral(" ORDER BY ")) + texto(entrada.desempate);
+    return sql + (ordenada ? QStringLiteral(", ") : QStringLiteral(" ORDER BY ")) + esquema::Texto(entrada.desempate);
 }
 
 Instrucao Preparar(const EntradaDoCatalogo &entrada)
 {
-    Instrucao instrucao{texto(entrada.nome), Com_Desempate(entrada), {}};
+    Instrucao instrucao{esquema::Texto(entrada.nome), Com_Desempate(entrada), {}};
     for (const std::string_view coluna : Colunas(entrada.parametros))
         instrucao.tipos.push_back(Tipo_Do_Parametro(entrada.tabela, coluna));
     return instrucao;
@@ -182,11 +177,11 @@ void DE::Percorrer_A_Vista(const Value &IdUtilizador, qint64 depois_de, int quan
         {depois_de, IdUtilizador.convertedTo(ColumnType::Long), qint64{quantos}}, linha);
 }
 
-qint64 DE::Ultimo_ID(std::string_view tabela) { return Ligacao().highestId(texto(tabela)); }
+qint64 DE::Ultimo_ID(std::string_view tabela) { return Ligacao().highestId(esquema::Texto(tabela)); }
 
 void DE::Recuar_ID(std::string_view tabela, qint64 ultimo)
 {
-    Ligacao().giveAgainBehind(texto(tabela), ultimo);
+    Ligacao().giveAgainBehind(esquema::Texto(tabela), ultimo);
 }
 
 void DE::Largar_Fotografias(const QSet<QString> &nomes)

@@ -118,11 +118,6 @@ constexpr std::array tabelas{
     Tabela{"TblOcorrencias", colunas_TblOcorrencias, 3},
 };
 
-QString texto(std::string_view nome)
-{
-    return QString::fromUtf8(nome.data(), static_cast<qsizetype>(nome.size()));
-}
-
 QString Tipo_Armazenado(const Coluna &coluna)
 {
     if (coluna.contador) return QStringLiteral("INTEGER PRIMARY KEY AUTOINCREMENT");
@@ -142,12 +137,17 @@ QString Tipo_Armazenado(const Coluna &coluna)
 
 QString Sql_Coluna(const Coluna &coluna)
 {
-    QString sql = texto(coluna.nome) + u' ' + Tipo_Armazenado(coluna);
+    QString sql = esquema::Texto(coluna.nome) + u' ' + Tipo_Armazenado(coluna);
     if (coluna.chave) sql += QStringLiteral(" PRIMARY KEY");
-    if (!coluna.por_omissao.empty()) sql += QStringLiteral(" DEFAULT ") + texto(coluna.por_omissao);
+    if (!coluna.por_omissao.empty()) sql += QStringLiteral(" DEFAULT ") + esquema::Texto(coluna.por_omissao);
     return sql;
 }
 } // namespace
+
+QString esquema::Texto(std::string_view literal)
+{
+    return QString::fromUtf8(literal.data(), static_cast<qsizetype>(literal.size()));
+}
 
 std::span<const Tabela> esquema::Tabelas() { return tabelas; }
 
@@ -158,7 +158,7 @@ ColumnType esquema::Tipo(std::string_view tabela, std::string_view coluna)
     if (achada != tabelas.end())
         for (const Coluna &c : achada->colunas)
             if (c.nome == coluna) return c.tipo;
-    throw Failure(Failure::ItemNotFound, texto(tabela), QStringLiteral("No column named %1").arg(texto(coluna)));
+    throw Failure(Failure::ItemNotFound, esquema::Texto(tabela), QStringLiteral("No column named %1").arg(esquema::Texto(coluna)));
 }
 
 // STRICT: a value of a wrong type fails at its command and not at some later reading.
@@ -166,5 +166,5 @@ QString esquema::Sql_Criar(const Tabela &tabela)
 {
     QStringList colunas;
     for (const Coluna &coluna : tabela.colunas) colunas << Sql_Coluna(coluna);
-    return QStringLiteral("CREATE TABLE %1 (%2) STRICT").arg(texto(tabela.nome), colunas.join(QStringLiteral(", ")));
+    return QStringLiteral("CREATE TABLE %1 (%2) STRICT").arg(esquema::Texto(tabela.nome), colunas.join(QStringLiteral(", ")));
 }

@@ -23,6 +23,9 @@ struct Tabela {
 
 namespace esquema
 {
+// A name of the schema or of the catalogue, and the text of a command, as statements are put together of.
+QString Texto(std::string_view literal);
+
 std::span<const Tabela> Tabelas();
 
 // The type of a table's column; raises Failure for a name that the schema doesn't hold.

@@ -10,8 +10,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-QString texto(std::string_view nome) { return QString::fromUtf8(nome.data(), qsizetype(nome.size())); }
-
 std::span<const Coluna> Colunas(std::string_view tabela)
 {
     const auto tabelas = esquema::Tabelas();
@@ -23,17 +21,17 @@ std::span<const Coluna> Colunas(std::string_view tabela)
 
 QString linha_inteira::Sql_Ler(std::string_view tabela, std::string_view coluna)
 {
-    return u"SELECT * FROM %1 WHERE %2 = ? ORDER BY %3"_s.arg(texto(tabela), texto(coluna),
-                                                              texto(Colunas(tabela).front().nome));
+    return u"SELECT * FROM %1 WHERE %2 = ? ORDER BY %3"_s.arg(esquema::Texto(tabela), esquema::Texto(coluna),
+                                                              esquema::Texto(Colunas(tabela).front().nome));
 }
 
 QString linha_inteira::Sql_Repor(std::string_view tabela)
 {
     QStringList nomes;
     for (const Coluna &coluna : Colunas(tabela))
-        nomes << texto(coluna.nome);
+        nomes << esquema::Texto(coluna.nome);
     const QString sinais = QStringList(nomes.size(), u"?"_s).join(u',');
-    return u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(texto(tabela), nomes.join(u','), sinais);
+    return u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(esquema::Texto(tabela), nomes.join(u','), sinais);
 }
 
 LinhaInteira linha_inteira::Da_Linha(std::string_view tabela, const Recordset &rs)

@@ -13,7 +13,7 @@ namespace
 {
 bool Tem_Tabela(Connection &ligacao, const Tabela &tabela)
 {
-    return !ligacao.columns(QString::fromUtf8(tabela.nome.data(), qsizetype(tabela.nome.size()))).isEmpty();
+    return !ligacao.columns(esquema::Texto(tabela.nome)).isEmpty();
 }
 
 // Another program's may be chosen by mistake. It counts its own versions, and nothing is added to it.

@@ -7,7 +7,7 @@
 #include "servidor/EsquemaNoServidor.h"
 #include "store/Connection.h"
 #include "store/postgres/ServerSession.h"
-#include "store/sqlite/NewDatabase.h"
+#include "store/NewDatabase.h"
 
 #include <QFile>
 
@@ -16,13 +16,11 @@ namespace esquema_la = esquema_no_servidor;
 
 namespace
 {
-QString texto(std::string_view nome) { return QString::fromUtf8(nome.data(), qsizetype(nome.size())); }
-
 QStringList Colunas(const Tabela &tabela)
 {
     QStringList colunas;
     for (const Coluna &coluna : tabela.colunas)
-        colunas << texto(coluna.nome);
+        colunas << esquema::Texto(coluna.nome);
     return colunas;
 }
 
@@ -30,7 +28,7 @@ qint64 Passar_Linhas(ServerSession &servidor, Connection &ficheiro, const Tabela
 {
     const QStringList colunas = Colunas(tabela);
     const QString inserir = u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(
-        texto(tabela.nome), colunas.join(u", "_s), QStringList(colunas.size(), u"?"_s).join(u", "_s));
+        esquema::Texto(tabela.nome), colunas.join(u", "_s), QStringList(colunas.size(), u"?"_s).join(u", "_s));
     qint64 linhas = 0;
     servidor.each(u"SELECT %1 FROM %2 ORDER BY 1"_s.arg(colunas.join(u", "_s), esquema_la::Nome(tabela)),
                   [&](const ServerSession::Values &linha) {
@@ -44,7 +42,7 @@ qint64 Passar_Linhas(ServerSession &servidor, Connection &ficheiro, const Tabela
 // number that was ever given leaves it behind.
 void Passar_Contador(ServerSession &servidor, Connection &ficheiro, const Tabela &tabela)
 {
-    const QString nome = texto(tabela.nome);
+    const QString nome = esquema::Texto(tabela.nome);
     const qint64 maior =
         servidor.query(u"SELECT morvex_maior_id($1) AS maior"_s, {nome}).Fields("maior").number();
     if (maior <= ficheiro.highestId(nome)) return;
@@ -74,7 +72,7 @@ QList<mudanca::Contagem> Encher(ServerSession &servidor, const QString &nova)
     QList<mudanca::Contagem> contagens;
     ficheiro.allOrNothing([&] {
         for (const Tabela &tabela : esquema::Tabelas()) {
-            contagens << mudanca::Contagem{texto(tabela.nome), Passar_Linhas(servidor, ficheiro, tabela)};
+            contagens << mudanca::Contagem{esquema::Texto(tabela.nome), Passar_Linhas(servidor, ficheiro, tabela)};
             if (!esquema_la::Contador(tabela).isEmpty()) Passar_Contador(servidor, ficheiro, tabela);
         }
     });

@@ -10,8 +10,6 @@ namespace
 {
 using enum ColumnType;
 
-QString texto(std::string_view nome) { return QString::fromUtf8(nome.data(), qsizetype(nome.size())); }
-
 // The columns that a person does not edit, by table: they move no version and are no change to others.
 bool Sem_Versao(const Tabela &tabela, const Coluna &coluna)
 {
@@ -39,9 +37,9 @@ QString Tipo(const Coluna &coluna)
 
 QString Sql_Coluna(const Coluna &coluna)
 {
-    QString sql = texto(coluna.nome).toLower() + u' ' + Tipo(coluna);
+    QString sql = esquema::Texto(coluna.nome).toLower() + u' ' + Tipo(coluna);
     if (coluna.contador || coluna.chave) sql += u" PRIMARY KEY"_s;
-    if (!coluna.por_omissao.empty()) sql += u" DEFAULT "_s + texto(coluna.por_omissao);
+    if (!coluna.por_omissao.empty()) sql += u" DEFAULT "_s + esquema::Texto(coluna.por_omissao);
     return sql;
 }
 
@@ -50,7 +48,7 @@ QString Numero(const Tabela &tabela)
 {
     const Coluna &primeira = tabela.colunas.front();
     const bool numero = primeira.tipo == Long && (primeira.contador || primeira.chave);
-    return numero ? texto(primeira.nome).toLower() : QString();
+    return numero ? esquema::Texto(primeira.nome).toLower() : QString();
 }
 
 // Texts that nobody changes at a desk.
@@ -102,7 +100,7 @@ QStringList Sql_Versao(const Tabela &tabela, const QString &nome)
 {
     QStringList colunas;
     for (const Coluna &coluna : tabela.colunas)
-        if (!Sem_Versao(tabela, coluna)) colunas << texto(coluna.nome).toLower();
+        if (!Sem_Versao(tabela, coluna)) colunas << esquema::Texto(coluna.nome).toLower();
     return Gatilho(u"morvex_versao"_s, nome,
                    u"BEFORE UPDATE OF %1 ON %2 FOR EACH ROW"_s.arg(colunas.join(u", "_s), nome),
                    u"morvex_versao"_s);
@@ -169,7 +167,7 @@ QStringList Sql_Indices(std::string_view tabela)
 }
 } // namespace
 
-QString esquema_no_servidor::Nome(const Tabela &tabela) { return texto(tabela.nome).toLower(); }
+QString esquema_no_servidor::Nome(const Tabela &tabela) { return esquema::Texto(tabela.nome).toLower(); }
 
 bool esquema_no_servidor::Com_Versao(const Tabela &tabela)
 {
@@ -180,7 +178,7 @@ bool esquema_no_servidor::Com_Versao(const Tabela &tabela)
 QString esquema_no_servidor::Contador(const Tabela &tabela)
 {
     const Coluna &primeira = tabela.colunas.front();
-    return primeira.contador ? texto(primeira.nome).toLower() : QString();
+    return primeira.contador ? esquema::Texto(primeira.nome).toLower() : QString();
 }
 
 // Case does not count, accents and forms do; the language of the order is the program's and not the

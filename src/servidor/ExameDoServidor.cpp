@@ -18,8 +18,6 @@ namespace
 using exame::Achado;
 using exame::Defeito;
 
-QString texto(std::string_view nome) { return QString::fromUtf8(nome.data(), qsizetype(nome.size())); }
-
 class Exame
 {
 public:
@@ -72,8 +70,8 @@ private:
             {u"public."_s + nome});
         if (colunas.isEmpty()) Achar(Defeito::Tabela, nome);
         for (const Coluna &coluna : tabela.colunas)
-            if (!colunas.isEmpty() && !colunas.contains(texto(coluna.nome).toLower()))
-                Achar(Defeito::Tabela, nome + u'.' + texto(coluna.nome).toLower());
+            if (!colunas.isEmpty() && !colunas.contains(esquema::Texto(coluna.nome).toLower()))
+                Achar(Defeito::Tabela, nome + u'.' + esquema::Texto(coluna.nome).toLower());
         return !colunas.isEmpty();
     }
 

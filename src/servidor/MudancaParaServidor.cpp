@@ -12,15 +12,13 @@ namespace esquema_la = esquema_no_servidor;
 
 namespace
 {
-QString texto(std::string_view nome) { return QString::fromUtf8(nome.data(), qsizetype(nome.size())); }
-
 // Where something stands, for a person who has to find it.
 QString Lugar(const Tabela &tabela, const Coluna &coluna, const Recordset &rs)
 {
     const Coluna &primeira = tabela.colunas.front();
     const Field numero = rs.Fields(primeira.nome.data()); // a literal, so it ends in a zero
-    return u"%1, %2 %3, %4"_s.arg(texto(tabela.nome), texto(primeira.nome),
-                                  numero.isNull() ? u"?"_s : numero.text(), texto(coluna.nome));
+    return u"%1, %2 %3, %4"_s.arg(esquema::Texto(tabela.nome), esquema::Texto(primeira.nome),
+                                  numero.isNull() ? u"?"_s : numero.text(), esquema::Texto(coluna.nome));
 }
 
 [[noreturn]] void Recusar(const QString &lugar, const QString &porque)
@@ -67,17 +65,17 @@ StoreValue Valor(const Tabela &tabela, const Coluna &coluna, const Recordset &rs
 
 bool Tem_Tabela(Connection &ficheiro, const Tabela &tabela)
 {
-    return skipFailure([&] { ficheiro.query(u"SELECT * FROM %1 LIMIT 0"_s.arg(texto(tabela.nome)), {}); });
+    return skipFailure([&] { ficheiro.query(u"SELECT * FROM %1 LIMIT 0"_s.arg(esquema::Texto(tabela.nome)), {}); });
 }
 
 qint64 Passar_Linhas(Connection &ficheiro, ServerSession &servidor, const Tabela &tabela)
 {
     QStringList colunas;
     for (const Coluna &coluna : tabela.colunas)
-        colunas << texto(coluna.nome);
+        colunas << esquema::Texto(coluna.nome);
     qint64 linhas = 0;
     servidor.copyIn(esquema_la::Nome(tabela), colunas, [&](const ServerSession::Give &dar) {
-        ficheiro.each(u"SELECT %1 FROM %2"_s.arg(colunas.join(u", "_s), texto(tabela.nome)), {},
+        ficheiro.each(u"SELECT %1 FROM %2"_s.arg(colunas.join(u", "_s), esquema::Texto(tabela.nome)), {},
                       [&](const Recordset &rs) {
                           ServerSession::Values valores;
                           for (const Coluna &coluna : tabela.colunas)
@@ -91,7 +89,7 @@ qint64 Passar_Linhas(Connection &ficheiro, ServerSession &servidor, const Tabela
 
 qint64 Maior_Dado(Connection &ficheiro, const Tabela &tabela)
 {
-    return ficheiro.highestId(texto(tabela.nome));
+    return ficheiro.highestId(esquema::Texto(tabela.nome));
 }
 
 // What the server itself has put there, before anybody has worked with it.
@@ -110,7 +108,7 @@ mudanca::Contagem Passar(Connection &ficheiro, ServerSession &servidor, const Ta
     if (!esquema_la::Contador(tabela).isEmpty())
         servidor.query(u"UPDATE morvex_contadores SET ultimo = $2::bigint WHERE tabela = $1"_s,
                        {nome, Maior_Dado(ficheiro, tabela)});
-    return {texto(tabela.nome), linhas};
+    return {esquema::Texto(tabela.nome), linhas};
 }
 
 void Exigir_Lugar(ServerSession &servidor, const QString &posto)
@@ -127,7 +125,7 @@ void Exigir_Lugar(ServerSession &servidor, const QString &posto)
         if (!De_Origem(tabela) &&
             !servidor.query(u"SELECT 1 FROM %1 LIMIT 1"_s.arg(esquema_la::Nome(tabela))).Eof())
             throw Failure(Failure::StoreError, servidor.place(),
-                          u"The database on the server is not empty: %1 has rows"_s.arg(texto(tabela.nome)));
+                          u"The database on the server is not empty: %1 has rows"_s.arg(esquema::Texto(tabela.nome)));
 }
 
 void Exigir_Ficheiro(Connection &ficheiro)
@@ -139,7 +137,7 @@ void Exigir_Ficheiro(Connection &ficheiro)
         if (tabela.desde == 0 && !Tem_Tabela(ficheiro, tabela))
             throw Failure(
                 Failure::StoreError, ficheiro.file(),
-                u"The file is none of this program's: it has no table %1"_s.arg(texto(tabela.nome)));
+                u"The file is none of this program's: it has no table %1"_s.arg(esquema::Texto(tabela.nome)));
 }
 } // namespace
 
