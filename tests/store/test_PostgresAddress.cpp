@@ -1,5 +1,6 @@
 // The address of a database on a server: what it takes, what it refuses, what it shows, and what it adds.
 #include "store/postgres/PostgresAddress.h"
+#include "testlib/EspecieDaFalha.h"
 #include "testlib/Teste.h"
 
 #include <QTemporaryDir>
@@ -18,14 +19,9 @@ class TestPostgresAddress : public QObject
             if (option.name == name) last = option.value;
         return last;
     }
-    static Failure::Kind Recusa(const QString &text)
+    static std::optional<Failure::Kind> Recusa(const QString &text)
     {
-        try {
-            PostgresAddress address(text);
-        } catch (const Failure &failure) {
-            return failure.kind();
-        }
-        return Failure::Kind::Other;
+        return teste::Especie_Da_Falha([&] { PostgresAddress address(text); });
     }
     static QString Queixa(const QString &text)
     {

@@ -3,6 +3,7 @@
 #include "store/Intermediario.h"
 #include "store/postgres/PostgresStore.h"
 #include "testlib/Pausas.h"
+#include "testlib/EspecieDaFalha.h"
 #include "testlib/Teste.h"
 
 using namespace Qt::StringLiterals;
@@ -29,15 +30,6 @@ class TestPostgresFaults : public QObject
     void Inserir(const QString &name) { store_->execute(insert_, {name, qint64{0}}); }
     Recordset Ler() { return store_->query(u"SELECT Nome FROM T WHERE ID > ?"_s, {qint64{0}}); }
     QString Nomes() const { return base_->Valor(u"SELECT string_agg(nome, ',' ORDER BY id) FROM t"_s); }
-    template<class Work> static Failure::Kind Falha(const Work &work)
-    {
-        try {
-            work();
-        } catch (const Failure &failure) {
-            return failure.kind();
-        }
-        return Failure::Kind::DatabaseDamaged; // none of what is expected here
-    }
     template<class Work> static qint64 Demora(const Work &work)
     {
         QElapsedTimer clock;
@@ -79,12 +71,12 @@ private Q_SLOTS:
     void silence_is_waited_for_once_and_everything_behind_fails_at_once()
     {
         network_->modo = Intermediario::Cala;
-        Failure::Kind kind{};
-        const qint64 took = Demora([&] { kind = Falha([&] { Ler(); }); });
+        std::optional<Failure::Kind> kind;
+        const qint64 took = Demora([&] { kind = teste::Especie_Da_Falha([&] { Ler(); }); });
         QCOMPARE(kind, Failure::Kind::ServerLost);
         QVERIFY2(took >= command_.count() - 20 && took < command_.count() * 2, QByteArray::number(took));
         for (int i = 0; i < 20; ++i) {
-            const qint64 again = Demora([&] { kind = Falha([&] { i % 2 == 0 ? Inserir(u"Rui"_s) : void(Ler()); }); });
+            const qint64 again = Demora([&] { kind = teste::Especie_Da_Falha([&] { i % 2 == 0 ? Inserir(u"Rui"_s) : void(Ler()); }); });
             QCOMPARE(kind, Failure::Kind::ServerLost);
             QVERIFY2(again < command_.count() / 4, QByteArray::number(again));
         }
@@ -145,7 +137,7 @@ private Q_SLOTS:
     void a_write_over_a_connection_that_was_cut_is_not_repeated()
     {
         Matar_Ligacoes();
-        QCOMPARE(Falha([&] { Inserir(u"Rui"_s); }), Failure::Kind::ServerLost);
+        QCOMPARE(teste::Especie_Da_Falha([&] { Inserir(u"Rui"_s); }), Failure::Kind::ServerLost);
         QCOMPARE(store_->lostWrite(), Fate::NotArrived);
         QCOMPARE(Nomes(), u"Ana"_s);
         Inserir(u"Rui"_s); // the connection is there again
@@ -175,9 +167,9 @@ private Q_SLOTS:
     void a_write_into_silence_is_told_as_unknown_until_the_server_is_back()
     {
         network_->modo = Intermediario::Engole_Respostas;
-        QCOMPARE(Falha([&] { Inserir(u"Rui"_s); }), Failure::Kind::ServerLost);
+        QCOMPARE(teste::Especie_Da_Falha([&] { Inserir(u"Rui"_s); }), Failure::Kind::ServerLost);
         QCOMPARE(store_->lostWrite(), Fate::Unknown);
-        QCOMPARE(Falha([&] { Inserir(u"Rui"_s); }), Failure::Kind::ServerLost); // pressed once more: not sent
+        QCOMPARE(teste::Especie_Da_Falha([&] { Inserir(u"Rui"_s); }), Failure::Kind::ServerLost); // pressed once more: not sent
         QCOMPARE(store_->lostWrite(), Fate::Unknown);
         network_->modo = Intermediario::Recusa;
         network_->modo = Intermediario::Passa;
@@ -188,7 +180,7 @@ private Q_SLOTS:
     void a_write_that_never_reached_the_server_is_told_so_and_never_comes_after_all()
     {
         network_->modo = Intermediario::Cala;
-        QCOMPARE(Falha([&] { Inserir(u"Rui"_s); }), Failure::Kind::ServerLost);
+        QCOMPARE(teste::Especie_Da_Falha([&] { Inserir(u"Rui"_s); }), Failure::Kind::ServerLost);
         network_->modo = Intermediario::Passa; // what was kept back arrives now, or is cut off by its connection's end
         QVERIFY(Volta());
         QVERIFY(store_->lostWrite() == Fate::Arrived || store_->lostWrite() == Fate::NotArrived);
@@ -202,7 +194,7 @@ private Q_SLOTS:
         base_->Correr(u"CREATE FUNCTION demorar() RETURNS trigger LANGUAGE plpgsql AS "
                       "$f$ BEGIN PERFORM pg_sleep(1.8); RETURN NEW; END $f$; "
                       "CREATE TRIGGER demorar BEFORE INSERT ON t FOR EACH ROW EXECUTE FUNCTION demorar()"_s);
-        QCOMPARE(Falha([&] { Inserir(u"Rui"_s); }), Failure::Kind::ServerLost);
+        QCOMPARE(teste::Especie_Da_Falha([&] { Inserir(u"Rui"_s); }), Failure::Kind::ServerLost);
         base_->Correr(u"DROP TRIGGER demorar ON t; DROP FUNCTION demorar()"_s); // waits for the other as well
         QVERIFY(Volta());
         QTRY_VERIFY(store_->lostWrite() != Fate::Unknown);
@@ -229,7 +221,7 @@ private Q_SLOTS:
     }
     void a_gathering_that_loses_the_server_ends_and_has_written_whole_portions()
     {
-        QCOMPARE(Falha([&] {
+        QCOMPARE(teste::Especie_Da_Falha([&] {
                      store_->gathering([&] {
                          for (int i = 0; i < 1000; ++i) {
                              if (i == 650) network_->modo = Intermediario::Recusa;
@@ -243,7 +235,7 @@ private Q_SLOTS:
     }
     void all_or_nothing_is_nothing_where_the_connection_is_cut_within()
     {
-        QCOMPARE(Falha([&] {
+        QCOMPARE(teste::Especie_Da_Falha([&] {
                      store_->allOrNothing([&] {
                          Inserir(u"Rui"_s);
                          network_->Cortar();

@@ -2,6 +2,7 @@
 #include "store/Connection.h"
 #include "store/postgres/PostgresStore.h"
 #include "store/TabelaNoServidor.h"
+#include "testlib/EspecieDaFalha.h"
 #include "testlib/Teste.h"
 
 using namespace Qt::StringLiterals;
@@ -26,15 +27,6 @@ class TestPostgresStore : public QObject
         for (; !rs.Eof(); rs.MoveNext())
             names << rs.Fields("Nome").textOrEmpty();
         return names;
-    }
-    template<class Work> static Failure::Kind Falha(const Work &work)
-    {
-        try {
-            work();
-        } catch (const Failure &failure) {
-            return failure.kind();
-        }
-        return Failure::Kind::DatabaseDamaged; // none of what is expected here
     }
 
 private Q_SLOTS:
@@ -169,7 +161,7 @@ private Q_SLOTS:
         Connection looking;
         looking.setDataSource(base_->Morada());
         looking.OpenReadOnly();
-        QCOMPARE(Falha([&] { looking.execute(inserir_, {u"Rui"_s, qint64{3}}); }),
+        QCOMPARE(teste::Especie_Da_Falha([&] { looking.execute(inserir_, {u"Rui"_s, qint64{3}}); }),
                  Failure::Kind::DatabaseReadOnly);
         QCOMPARE(looking.query(u"SELECT COUNT(*) AS n FROM T"_s, {}).Fields("n").number(), 1);
     }

@@ -2,6 +2,7 @@
 #include "store/TabelaNoServidor.h"
 #include "store/Intermediario.h"
 #include "store/postgres/PostgresStore.h"
+#include "testlib/EspecieDaFalha.h"
 #include "testlib/Teste.h"
 
 #include <atomic>
@@ -24,15 +25,6 @@ class TestPostgresWrites : public QObject
         return base_->Valor(u"SELECT string_agg(nome, ',' ORDER BY id) FROM t"_s);
     }
     int Quantos() const { return base_->Numero(u"SELECT count(*) FROM t"_s); }
-    template<class Work> static Failure::Kind Falha(const Work &work)
-    {
-        try {
-            work();
-        } catch (const Failure &failure) {
-            return failure.kind();
-        }
-        return Failure::Kind::DatabaseDamaged; // none of what is expected here
-    }
     // Long enough for a loaded machine, short for a person who waits for the test.
     static PostgresPatience Curta() { return {milliseconds(2000), milliseconds(1200), milliseconds(4000), {milliseconds(100)}}; }
 
@@ -144,7 +136,7 @@ private Q_SLOTS:
     }
     void work_that_raises_leaves_what_it_wrote()
     {
-        QCOMPARE(Falha([&] {
+        QCOMPARE(teste::Especie_Da_Falha([&] {
                      store_->gathering([&] {
                          Inserir(u"Ana"_s);
                          throw Failure(1, {}, {}, Failure::Kind::DatabaseOlder);
@@ -173,7 +165,7 @@ private Q_SLOTS:
             QCOMPARE(Quantos(), 0);
         });
         QCOMPARE(Nomes(), u"Ana,Rui"_s);
-        QCOMPARE(Falha([&] {
+        QCOMPARE(teste::Especie_Da_Falha([&] {
                      store_->allOrNothing([&] {
                          Inserir(u"Eva"_s);
                          throw Failure(1, {}, {}, Failure::Kind::DatabaseOlder);
@@ -215,7 +207,7 @@ private Q_SLOTS:
         Inserir(u"Ana"_s);
         const auto other = PostgresStore::open(base_->Morada(), Curta());
         store_->allOrNothing([&] {
-            QCOMPARE(Falha([&] { other->execute(insert_, {u"Rui"_s, qint64{1}}); }), Failure::Kind::DatabaseLocked);
+            QCOMPARE(teste::Especie_Da_Falha([&] { other->execute(insert_, {u"Rui"_s, qint64{1}}); }), Failure::Kind::DatabaseLocked);
             QCOMPARE(other->query(u"SELECT * FROM T"_s, {}).RecordCount(), 1);
         });
         other->execute(insert_, {u"Rui"_s, qint64{1}});
@@ -253,7 +245,7 @@ private Q_SLOTS:
     void who_may_write_nothing_is_told_once_for_a_gathering()
     {
         store_ = PostgresStore::openReadOnly(base_->Morada(), Curta());
-        QCOMPARE(Falha([&] {
+        QCOMPARE(teste::Especie_Da_Falha([&] {
                      store_->gathering([&] {
                          for (int i = 0; i < 200; ++i)
                              Inserir(u"N"_s);
@@ -289,7 +281,7 @@ private Q_SLOTS:
         QElapsedTimer clock;
         const auto again = [&] {
             clock.start();
-            const auto kind = Falha([&] { other->execute(u"UPDATE T SET Idade = 1"_s, {}); });
+            const auto kind = teste::Especie_Da_Falha([&] { other->execute(u"UPDATE T SET Idade = 1"_s, {}); });
             return std::pair(kind, clock.elapsed());
         };
         const milliseconds wait = Curta().command * 3 / 4;
@@ -311,15 +303,15 @@ private Q_SLOTS:
         QCOMPARE(base_->Numero(u"SELECT count(*) FROM gravacoes"_s), 0);
         QCOMPARE(Quantos(), 0);
         const auto reader = PostgresStore::openReadOnly(base_->Morada(), Curta());
-        QCOMPARE(Falha([&] { reader->tryWriting(); }), Failure::Kind::DatabaseReadOnly);
+        QCOMPARE(teste::Especie_Da_Falha([&] { reader->tryWriting(); }), Failure::Kind::DatabaseReadOnly);
         QCOMPARE(reader->query(u"SELECT * FROM T"_s, {}).RecordCount(), 0); // no transaction is left open
         base_->Correr(u"DROP ROLE IF EXISTS m_leitor; CREATE ROLE m_leitor LOGIN PASSWORD 'leitor'; "
                       "GRANT SELECT ON t TO m_leitor"_s);
         qputenv("PGPASSWORD", "leitor");
         const auto role = PostgresStore::open(base_->Morada(0, u"m_leitor"_s), Curta());
         qunsetenv("PGPASSWORD");
-        QCOMPARE(Falha([&] { role->tryWriting(); }), Failure::Kind::DatabaseReadOnly);
-        QCOMPARE(Falha([&] { role->execute(insert_, {u"Ana"_s, qint64{1}}); }), Failure::Kind::DatabaseReadOnly);
+        QCOMPARE(teste::Especie_Da_Falha([&] { role->tryWriting(); }), Failure::Kind::DatabaseReadOnly);
+        QCOMPARE(teste::Especie_Da_Falha([&] { role->execute(insert_, {u"Ana"_s, qint64{1}}); }), Failure::Kind::DatabaseReadOnly);
         base_->Correr(u"REVOKE ALL ON t FROM m_leitor; DROP ROLE m_leitor"_s);
     }
     void a_mark_moves_with_own_rows_and_asks_nobody()
