@@ -4,7 +4,7 @@
 #include "data/PassosDoEsquema.h"
 #include "data/Textos.h"
 #include "store/Connection.h"
-#include "store/sqlite/NewDatabase.h"
+#include "store/NewDatabase.h"
 
 using namespace Qt::StringLiterals;
 

@@ -19,7 +19,7 @@ bool Livro_Grande(Connection &ligacao)
 
 QStringList Indices(Connection &ligacao)
 {
-    Recordset rs = ligacao.query(u"SELECT name FROM sqlite_master WHERE type='index' AND name LIKE ?"_s,
+    Recordset rs = ligacao.query(u"SELECT name FROM pragma_index_list('TblLista') WHERE name LIKE ?"_s,
                                  {prefixo + u'%'});
     QStringList nomes;
     for (; !rs.Eof(); rs.MoveNext())

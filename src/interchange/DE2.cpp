@@ -2,7 +2,7 @@
 
 #include "jet/JetFile.h"
 #include "platform/Failure.h"
-#include "store/sqlite/UntouchedSource.h"
+#include "store/UntouchedSource.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -2,7 +2,7 @@
 #include "data/CopiaParaFicheiro.h"
 
 #include "data/CartoesGuardados.h"
-#include "store/sqlite/NewDatabase.h"
+#include "store/NewDatabase.h"
 #include "testlib/FotografiaNaBase.h"
 #include "testlib/Teste.h"
 

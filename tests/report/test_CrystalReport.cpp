@@ -5,7 +5,7 @@
 #include "report/ReportPrinting.h"
 #include "report/ReportView.h"
 #include "report/ReportWords.h"
-#include "store/sqlite/NewDatabase.h"
+#include "store/NewDatabase.h"
 #include "testlib/Nomes.h"
 #include "testlib/Teste.h"
 

@@ -1,7 +1,7 @@
 // The snapshot of a report's records: what is read, in which order, and what is refused.
 #include "report/ReportData.h"
 #include "store/Connection.h"
-#include "store/sqlite/NewDatabase.h"
+#include "store/NewDatabase.h"
 #include "testlib/Teste.h"
 
 #include <QFile>

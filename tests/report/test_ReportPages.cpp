@@ -4,7 +4,7 @@
 #include "report/ReportPages.h"
 #include "report/ReportPrinting.h"
 #include "store/Connection.h"
-#include "store/sqlite/NewDatabase.h"
+#include "store/NewDatabase.h"
 #include "testlib/Teste.h"
 
 #include <memory>

@@ -3,7 +3,7 @@
 #include "report/ReportPreview.h"
 #include "report/ReportView.h"
 #include "report/ReportWords.h"
-#include "store/sqlite/NewDatabase.h"
+#include "store/NewDatabase.h"
 #include "testlib/Teste.h"
 
 #include <memory>

@@ -1,7 +1,7 @@
 // Printing on a real spooler of the test's own, and where there is no printer.
 #include "report/ReportPages.h"
 #include "report/ReportPrinting.h"
-#include "store/sqlite/NewDatabase.h"
+#include "store/NewDatabase.h"
 #include "testlib/Accoes.h"
 #include "testlib/Teste.h"
 

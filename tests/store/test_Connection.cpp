@@ -1,7 +1,7 @@
 // The connection to a database file: what it opens, what it refuses, what it does to a statement.
 #include "store/Connection.h"
 #include "store/Row.h"
-#include "store/sqlite/NewDatabase.h"
+#include "store/NewDatabase.h"
 #include "testlib/DiscoCheio.h"
 #include "testlib/Teste.h"
 

@@ -1,7 +1,7 @@
 // What a failure of the database means for the person: each kind met on a real file.
 #include "platform/Failure.h"
 #include "store/Connection.h"
-#include "store/sqlite/NewDatabase.h"
+#include "store/NewDatabase.h"
 #include "testlib/DiscoPequeno.h"
 #include "testlib/SemPrivilegios.h"
 #include "testlib/Teste.h"

@@ -1,7 +1,7 @@
 // The data as a file: read over a connection of its own from one snapshot, while this one and others go on.
 #include "store/postgres/PostgresRow.h"
 #include "store/postgres/PostgresStore.h"
-#include "store/sqlite/NewDatabase.h"
+#include "store/NewDatabase.h"
 #include "store/sqlite/SqliteStore.h"
 #include "store/Raising.h"
 

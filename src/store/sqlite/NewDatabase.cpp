@@ -1,4 +1,4 @@
-#include "store/sqlite/NewDatabase.h"
+#include "store/NewDatabase.h"
 
 #include "platform/Failure.h"
 #include "store/sqlite/TextRules.h"

@@ -4,7 +4,7 @@
 #include "store/sqlite/SqliteRow.h"
 #include "store/sqlite/StoreErrors.h"
 #include "store/sqlite/TextRules.h"
-#include "store/sqlite/UntouchedSource.h"
+#include "store/UntouchedSource.h"
 #include "store/sqlite/WantedFunction.h"
 
 #include <QFile>

@@ -1,4 +1,4 @@
-#include "store/sqlite/UntouchedSource.h"
+#include "store/UntouchedSource.h"
 
 #include "platform/Failure.h"
 
