@@ -2,27 +2,22 @@
 
 #include "contacts/CamposDeData.h"
 #include "contacts/DataAniversario.h"
-#include "contacts/EntradaDeFotografia.h"
-#include "contacts/Fotografia.h"
+#include "contacts/FotografiaNoEditor.h"
 #include "contacts/Preencher_Grupos.h"
 #include "controls/Scale.h"
-#include "controls/Units.h"
 #include "controls/WholeCharacters.h"
 #include "data/Direitos.h"
 #include "data/Geral.h"
 #include "data/Idiomas.h"
 #include "data/Rascunho.h"
 #include "data/Traduzir.h"
-#include "data/ValorLongo.h"
 #include "janela/Janela.h"
 #include "platform/Failure.h"
-#include "platform/Picture.h"
 #include "platform/Platform.h"
 #include "platform/Translations.h"
 
 #include <algorithm>
 #include <QAccessible>
-#include <QStandardPaths>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -34,37 +29,6 @@ constexpr Translations mes_anterior{u"Mês anterior",    u"Mês anterior",    u"
                                     u"Vorheriger Monat"};
 constexpr Translations mes_seguinte{u"Mês seguinte",    u"Próximo mês",  u"Next month",    u"Mes siguiente",
                                     u"Mese successivo", u"Mois suivant", u"Nächster Monat"};
-constexpr QRectF lugar_da_foto(7305, 870, 1125, 1080);
-
-// A picture that is too large for its place shrinks in proportion; a smaller one stays as it is.
-QRectF Lugar_Da_Foto(QSizeF natural)
-{
-    const bool cabe = natural.width() <= lugar_da_foto.width() && natural.height() <= lugar_da_foto.height();
-    QRectF lugar({}, cabe ? natural : natural.scaled(lugar_da_foto.size(), Qt::KeepAspectRatio));
-    lugar.moveCenter(lugar_da_foto.center());
-    return lugar;
-}
-
-QString Filtro(const QString &todas_as_imagens)
-{
-    return todas_as_imagens + u"|*.bmp;*.dib;*.gif;*.jpg;*.png;*.wmf;*.emf;*ico;*.cur|Bitmaps "
-                              "(*.bmp;*.dib)|*.bmp;*.dib|GIF "
-                              "(*.gif)|*.gif|JPEG "
-                              "(*.jpg)|*.jpg|PNG "
-                              "(*.png)|*.png|Metafiles "
-                              "(*.wmf;*.emf)|*.wmf;*.emf|Icons "
-                              "(*.ico;*.cur)|*.ico;*.cur"_s;
-}
-
-// Where the dialog begins: where the last picture was, or where the desktop keeps pictures.
-QString Pasta_De_Partida(const Geral &geral)
-{
-    return geral.UltimaPastaFotos.isEmpty()
-               ? QStandardPaths::writableLocation(QStandardPaths::PicturesLocation)
-               : geral.UltimaPastaFotos;
-}
-
-QString Pasta_Do_Ficheiro(const QString &FileName) { return FileName.left(FileName.lastIndexOf(u'/') + 1); }
 } // namespace
 
 frmAddEdit::frmAddEdit(Janela &janela, Geral &geral, Platform &platform, ListaContactos &lista)
@@ -73,7 +37,6 @@ frmAddEdit::frmAddEdit(Janela &janela, Geral &geral, Platform &platform, ListaCo
       platform_(platform),
       janela_(janela),
       lugar_(janela, geral, lista),
-      nova_(geral, geral.de.Num_Servidor() ? FotografiaNova::Onde::Base : FotografiaNova::Onde::Ficheiro),
       novo_(geral.de),
       linha_(geral.de, disputa_do_contacto::Forma())
 {
@@ -81,20 +44,19 @@ frmAddEdit::frmAddEdit(Janela &janela, Geral &geral, Platform &platform, ListaCo
     scale::apply(*this);
     setFixedSize(size());
     datas_ = new CamposDeData(*this, {*txtDia, *txtMes, *txtAno, *Calendario}, platform_.clock);
-    entrada_ = new EntradaDeFotografia(*this, *Thumb);
+    foto_ = new FotografiaNoEditor(*this, {*txtFotografia, *Thumb, *cmd_foto}, geral_, platform_);
     for (QWidget *campo : findChildren<QWidget *>(Qt::FindDirectChildrenOnly))
         campo->installEventFilter(this);
     for (QLineEdit *campo : findChildren<QLineEdit *>())
         keepWholeCharacters(*campo);
     connect(ComboGrupos, &ComboBox::Click, this, &frmAddEdit::ComboGrupos_Click);
-    connect(cmd_foto, &QPushButton::clicked, this, &frmAddEdit::cmd_foto_Click);
-    connect(entrada_, &EntradaDeFotografia::Veio, this, &frmAddEdit::Fotografia_Veio);
+    connect(foto_, &FotografiaNoEditor::Escolhida, this, &frmAddEdit::Fotografia_Escolhida);
     connect(cmdOk, &QPushButton::clicked, this, &frmAddEdit::cmdOk_Click);
     connect(cmdCancelar, &QPushButton::clicked, this, &frmAddEdit::cmdCancelar_Click);
     connect(this, &QDialog::finished, this, &frmAddEdit::Form_Unload);
 
     auto *rascunho = new Rascunho(*this, geral_, platform_, [this] { return Registo(); });
-    connect(rascunho, &Rascunho::Retomado, this, &frmAddEdit::Retomar_Foto);
+    connect(rascunho, &Rascunho::Retomado, foto_, &FotografiaNoEditor::Retomar);
 }
 
 // Which contact a draft belongs to.
@@ -126,7 +88,7 @@ void frmAddEdit::Form_Load()
     const Idioma *idioma = idiomas::Procurar(geral_.IdiomaActual);
     datas_->Carregar(idioma != nullptr ? QLocale(QString::fromUtf16(idioma->codigo)) : locale());
     Oferecer_Grupos(geral_, *ComboGrupos); // a user who sees no group at all learns so from cmdOk
-    skipFailure([&] { Mostrar_Foto(Picture(geral_.Ficheiro(u"semfoto_small.jpg"_s))); });
+    foto_->Carregar();
     if (geral_.ModoContacto == "Edit"_L1) Preencher_Campos();
 }
 
@@ -141,9 +103,7 @@ void frmAddEdit::Atribuir_Legendas()
           Legenda(lblGrupo, 42)})
         legenda->setText(geral_.Ler_Idioma(texto));
     cmdCancelar->setText(geral_.Ler_Idioma(43));
-    cmd_foto->setText(geral_.Ler_Idioma(44));
-    entrada_->Legendar(spokenLanguage(geral_.IdiomaActual));
-    Thumb->setAccessibleName(lblFotografia->text());
+    foto_->Legendar(lblFotografia->text());
     Dar_Nomes_Ao_Calendario();
 }
 
@@ -172,11 +132,10 @@ void frmAddEdit::Preencher_Campos()
           Coluna("Website", txtWebsite), Coluna("Email1", txtEmail1), Coluna("Email2", txtEmail2),
           Coluna("Dia", txtDia), Coluna("Mes", txtMes), Coluna("Ano", txtAno)})
         caixa->setText(rs.Fields(coluna).textOrEmpty());
-    fotografias_antes_ = {txtFotografia->text()};
     Morada_.load(*txtMorada, rs.Fields("Morada").textOrEmpty());
     Obs_.load(*txtObs, rs.Fields("Obs").textOrEmpty());
     Escolher_Grupo(rs.Fields("Grupo").text());
-    Mostrar_Foto_Do_Contacto();
+    foto_->Comecar();
     linha_.Comecar(QString::number(geral_.IDContacto), rs, disputa_do_contacto::Em_Lista(Valores()));
     rs.Close();
 }
@@ -197,30 +156,12 @@ void frmAddEdit::Avisar(const QString &aviso)
     QAccessible::updateAccessibility(&dito);
 }
 
-void frmAddEdit::Mostrar_Foto(const Picture &imagem)
+// A contact that was there wants nothing more than Ok.
+void frmAddEdit::Fotografia_Escolhida()
 {
-    Mostrar_Fotografia(*Thumb, imagem, Lugar_Da_Foto(QSizeF(imagem.naturalSize()) * twipsPerPixel));
-}
-
-void frmAddEdit::Mostrar_Foto_Do_Contacto()
-{
-    if (txtFotografia->text().isEmpty()) return;
-    onFailure([&] { Mostrar_Foto(Imagem(txtFotografia->text())); },
-              [&](const Failure &) { Mostrar_Foto(Picture(geral_.Ficheiro(u"fotoerro_small.jpg"_s))); });
-}
-
-// A draft keeps the name of a picture, and no picture: one that never reached the database is not taken up.
-void frmAddEdit::Retomar_Foto()
-{
-    const QString Fotografia = txtFotografia->text();
-    if (E_Da_Base(Fotografia) && !skipFailure([&] { Imagem(Fotografia); }))
-        txtFotografia->setText(fotografias_antes_.value(0));
-    Mostrar_Foto_Do_Contacto();
-}
-
-Picture frmAddEdit::Imagem(const QString &Fotografia)
-{
-    return nova_.Por_Guardar(Fotografia) ? nova_.Imagem(Fotografia) : Imagem_No_Editor(geral_, Fotografia);
+    if (geral_.ModoContacto != "Edit"_L1) return;
+    cmdOk->setDefault(true);
+    cmdOk->setFocus();
 }
 
 bool frmAddEdit::event(QEvent *evento)
@@ -240,7 +181,7 @@ void frmAddEdit::Form_Activate()
 // The alarm and the dot go on, and the mail cycle begins anew.
 void frmAddEdit::Form_Unload()
 {
-    nova_.Arrumar(result() == Accepted ? fotografia_que_ficou_ : QString());
+    foto_->Arrumar();
     geral_.temporizadores.Gerir_Temporizadores(u"start"_s);
 }
 
@@ -252,59 +193,6 @@ bool frmAddEdit::eventFilter(QObject *alvo, QEvent *evento)
 }
 
 void frmAddEdit::ComboGrupos_Click() { txtIDGrupo->setText(ComboGrupos->ChosenItemData()); }
-
-void frmAddEdit::cmd_foto_Click()
-{
-    const auto FileName =
-        platform_.dialogs.openFile(Filtro(geral_.Ler_Idioma(1)), Pasta_De_Partida(geral_), this);
-    if (FileName) Tomar_Foto(*FileName);
-}
-
-// A box inside of a drop would hold up the program that the picture comes from, so it waits.
-void frmAddEdit::Fotografia_Veio(const QMimeData &dados)
-{
-    std::function<void()> depois;
-    try {
-        depois = [this, caminho = nova_.Caminho(dados)] {
-            nova_.Feita_Aqui(caminho) ? Por_Foto(caminho) : Tomar_Foto(caminho);
-        };
-    } catch (const FotografiaRecusada &recusa) {
-        depois = [this, recusa] { Recusar_Foto(recusa); };
-    }
-    QMetaObject::invokeMethod(this, depois, Qt::QueuedConnection);
-}
-
-void frmAddEdit::Recusar_Foto(const FotografiaRecusada &recusa)
-{
-    platform_.boxes.show(recusa.Texto(spokenLanguage(geral_.IdiomaActual)), box::stop, windowTitle(), this);
-}
-
-// A file that a person has chosen. The next choice begins in its folder.
-void frmAddEdit::Tomar_Foto(const QString &FileName)
-{
-    const QString pasta = Pasta_Do_Ficheiro(FileName);
-    if (!Cabe_No_Ini(pasta)) return Recusar_Valor_Longo(pasta, geral_, platform_, this);
-    geral_.UltimaPastaFotos = pasta;
-    geral_.ini.Escrever_Ini(u"fotografias"_s, u"lastpathpic"_s, geral_.UltimaPastaFotos);
-    try {
-        Por_Foto(nova_.De_Ficheiro(FileName));
-    } catch (const FotografiaRecusada &recusa) {
-        Recusar_Foto(recusa);
-    }
-}
-
-void frmAddEdit::Por_Foto(const QString &Fotografia)
-{
-    txtFotografia->setText(Fotografia);
-    onFailure(
-        [&] {
-            Mostrar_Foto(nova_.Imagem(Fotografia));
-            if (geral_.ModoContacto != "Edit"_L1) return;
-            cmdOk->setDefault(true);
-            cmdOk->setFocus();
-        },
-        [&](const Failure &) { Mostrar_Foto(Picture(geral_.Ficheiro(u"semfoto_small.jpg"_s))); });
-}
 
 void frmAddEdit::cmdOk_Click()
 {
@@ -342,8 +230,8 @@ disputa_do_contacto::Valores frmAddEdit::Valores() const
 
 void frmAddEdit::Servidor_De_Volta() { novo_.Servidor_De_Volta(); }
 
-// On a server others add names meanwhile: where the new one stands in the list isn't known beforehand, and it is
-// shown by its number.
+// On a server others add names meanwhile: where the new one stands in the list isn't known beforehand, and it
+// is shown by its number.
 void frmAddEdit::Adicionar()
 {
     if (const QString ID = novo_.ID(); !ID.isEmpty()) return Completar(ID);
@@ -351,12 +239,12 @@ void frmAddEdit::Adicionar()
     const int IndiceNovoContacto =
         num_servidor ? 0 : lugar_.Lugar_Do_Novo(txtNome->text(), txtIDGrupo->text());
     novo_.Vigiar(txtNome->text(), [this] {
-        if (nova_.Por_Guardar(txtFotografia->text()))
+        if (foto_->Por_Guardar())
             geral_.de.Tudo_Ou_Nada([this] { Escrever_Novo(); });
         else
             Escrever_Novo();
     });
-    fotografia_que_ficou_ = txtFotografia->text();
+    foto_->Ficou(txtFotografia->text());
     Fechar_Depois_De([&] {
         if (num_servidor)
             lugar_.Mostrar(static_cast<int>(geral_.de.Acrescentado()), txtIDGrupo->text());
@@ -367,7 +255,7 @@ void frmAddEdit::Adicionar()
 
 void frmAddEdit::Escrever_Novo()
 {
-    nova_.Guardar_Na_Base(txtFotografia->text());
+    foto_->Guardar(txtFotografia->text());
     std::apply([&](const auto &...valores) { geral_.de.Executar("cmdAdicionarNome", {valores...}); },
                Valores());
 }
@@ -375,14 +263,14 @@ void frmAddEdit::Escrever_Novo()
 // What has arrived without its answer takes what was written in the form since.
 void frmAddEdit::Completar(const QString &ID)
 {
-    nova_.Guardar_Na_Base(txtFotografia->text());
+    foto_->Guardar(txtFotografia->text());
     std::apply(
         [&](const auto &...valores) {
             geral_.de.Executar("cmdUpdateNome", {valores..., ID});
         },
         Valores());
     novo_.Esquecer();
-    fotografia_que_ficou_ = txtFotografia->text();
+    foto_->Ficou(txtFotografia->text());
     Fechar_Depois_De([&] { lugar_.Mostrar(ID.toInt(), txtIDGrupo->text()); });
 }
 
@@ -395,15 +283,14 @@ void frmAddEdit::Actualizar()
         [&](const QStringList &valores) { Escrever(ficou = valores); });
     if (fim == LinhaEditada::Fim::Deixada) return;
     if (fim == LinhaEditada::Fim::Eliminada && linha_.Mudou(meus)) return Oferecer_Como_Novo();
-    fotografia_que_ficou_ = ficou[disputa_do_contacto::coluna_fotografia];
-    for (const QString &Fotografia : std::as_const(fotografias_antes_))
-        skipFailure([&] { nova_.Abandonar(Fotografia); });
+    foto_->Ficou(ficou[disputa_do_contacto::coluna_fotografia]);
+    foto_->Abandonar_As_De_Antes();
     Fechar_Depois_De([&] { lugar_.Mostrar_Editado(ficou[disputa_do_contacto::coluna_grupo]); });
 }
 
 void frmAddEdit::Escrever(const QStringList &valores)
 {
-    nova_.Guardar_Na_Base(valores[disputa_do_contacto::coluna_fotografia]);
+    foto_->Guardar(valores[disputa_do_contacto::coluna_fotografia]);
     std::apply(
         [&](const auto &...valor) {
             geral_.de.Executar("cmdUpdateNome", {valor..., linha_.ID()});
@@ -413,11 +300,11 @@ void frmAddEdit::Escrever(const QStringList &valores)
 
 std::optional<EncontroDeLinhas::Lugares> frmAddEdit::Perguntar(const LinhaEditada::Disputa &disputa)
 {
-    const auto imagem = [this](const QString &Fotografia) { return Imagem(Fotografia); };
+    const auto imagem = [this](const QString &Fotografia) { return foto_->Imagem(Fotografia); };
     frmConflito form(geral_, geral_.Ler_Idioma(421), disputa_do_contacto::Campos(disputa, geral_, imagem),
                      this);
     if (form.exec() != Accepted) return {};
-    fotografias_antes_ << disputa.la[disputa_do_contacto::coluna_fotografia];
+    foto_->Vencida(disputa.la[disputa_do_contacto::coluna_fotografia]);
     return form.Deles();
 }
 

@@ -4,7 +4,6 @@
 #pragma once
 
 #include "contacts/DisputaDoContacto.h"
-#include "contacts/FotografiaNova.h"
 #include "contacts/LugarNaLista.h"
 #include "contacts/NovoPorSaber.h"
 #include "controls/LongText.h"
@@ -15,9 +14,8 @@
 #include <QDialog>
 
 class CamposDeData;
-class EntradaDeFotografia;
+class FotografiaNoEditor;
 class Geral;
-class Picture;
 class Janela;
 struct Platform;
 
@@ -51,8 +49,7 @@ private:
     void Form_Activate();
     void Form_Unload();
     void ComboGrupos_Click();
-    void cmd_foto_Click();
-    void Fotografia_Veio(const QMimeData &dados);
+    void Fotografia_Escolhida();
     void cmdOk_Click();
     void cmdCancelar_Click();
 
@@ -60,13 +57,6 @@ private:
     void Dar_Nomes_Ao_Calendario();
     void Preencher_Campos();
     void Escolher_Grupo(const QString &Grupo);
-    void Mostrar_Foto(const Picture &imagem);
-    void Mostrar_Foto_Do_Contacto();
-    void Retomar_Foto();
-    Picture Imagem(const QString &Fotografia);
-    void Tomar_Foto(const QString &FileName);
-    void Por_Foto(const QString &Fotografia);
-    void Recusar_Foto(const FotografiaRecusada &recusa);
 
     void Recusar_Data();
     disputa_do_contacto::Valores Valores() const;
@@ -86,12 +76,9 @@ private:
     LugarNaLista lugar_;
     LongText Morada_;
     LongText Obs_;
-    CamposDeData *datas_;          // a child of the form
-    EntradaDeFotografia *entrada_; // likewise
-    FotografiaNova nova_;
+    CamposDeData *datas_;      // a child of the form
+    FotografiaNoEditor *foto_; // likewise
     NovoPorSaber novo_;
-    LinhaEditada linha_;            // of a contact that is changed
-    QStringList fotografias_antes_; // as the row had it when it was read
-    QString fotografia_que_ficou_;  // as it was written; empty before
+    LinhaEditada linha_; // of a contact that is changed
     bool activado_ = false;
 };
