@@ -29,12 +29,21 @@ set_target_properties(morvex_cabecalhos PROPERTIES AUTOMOC OFF AUTOUIC OFF AUTOR
 target_link_libraries(morvex_cabecalhos PRIVATE Qt6::Widgets morvex_opcoes)
 target_precompile_headers(morvex_cabecalhos PRIVATE <QtWidgets> <algorithm> <functional> <memory> <vector>)
 
+# Where two hundred test programs are linked the libraries are shared: none holds them anew, and a change in one needs no
+# new link. What people get has all of it in the program.
+if(BUILD_SHARED_LIBS)
+    set(morvex_pasta_das_bibliotecas ${CMAKE_INSTALL_LIBDIR}/morvex)
+    file(RELATIVE_PATH para_as_bibliotecas
+        ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR}/morvex)
+    set(CMAKE_INSTALL_RPATH "\$ORIGIN" "\$ORIGIN/${para_as_bibliotecas}")
+endif()
+
 # morvex_biblioteca(<folder> LIGA <libraries below it> FONTES <sources>)
 # The library of one folder. It sees its own folder and what it links, so an include that runs upwards does
 # not find its file.
 function(morvex_biblioteca nome)
     cmake_parse_arguments(ARG "" "" "LIGA;FONTES" ${ARGN})
-    add_library(${nome} STATIC ${ARG_FONTES})
+    add_library(${nome} ${ARG_FONTES})
     # Each floor's public include root holds a link to that folder alone.
     set(raiz ${PROJECT_BINARY_DIR}/include/${nome})
     file(MAKE_DIRECTORY ${raiz})
@@ -42,6 +51,9 @@ function(morvex_biblioteca nome)
     target_include_directories(${nome} PUBLIC ${raiz} ${CMAKE_CURRENT_BINARY_DIR}/${nome}_autogen/include)
     target_link_libraries(${nome} PUBLIC ${ARG_LIGA} PRIVATE morvex_opcoes)
     target_precompile_headers(${nome} REUSE_FROM morvex_cabecalhos)
+    if(BUILD_SHARED_LIBS)
+        install(TARGETS ${nome} LIBRARY DESTINATION ${morvex_pasta_das_bibliotecas})
+    endif()
 endfunction()
 
 # morvex_teste(<folder>/<test> LIGA <libraries>)
