@@ -94,3 +94,14 @@ function(morvex_teste_x11 nome)
         RUN_SERIAL TRUE # a second test on the machine would make windows late
         ENVIRONMENT "MORVEX_TABULEIRO=1;PYTHONDONTWRITEBYTECODE=1;LC_ALL=C.UTF-8;ASAN_OPTIONS=detect_leaks=0")
 endfunction()
+
+# morvex_bench(<program> LIGA <libraries>)
+# A program that measures, from bench/<program>.cpp, with the shipped files at hand and what the tests share.
+function(morvex_bench nome)
+    cmake_parse_arguments(ARG "" "" "LIGA" ${ARGN})
+    add_executable(${nome} ${nome}.cpp)
+    target_link_libraries(${nome} PRIVATE ${ARG_LIGA} morvex_testlib morvex_opcoes)
+    target_compile_definitions(${nome} PRIVATE MORVEX_ENVIADOS="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}"
+        MORVEX_SERVIDORES="${PROJECT_SOURCE_DIR}/tests/servidores")
+    add_dependencies(${nome} ficheiros_enviados)
+endfunction()
