@@ -17,6 +17,7 @@ foreach(teste IN ITEMS
     test_SecretService
     test_SingleInstance
     test_SomGravado
+    test_TextEncoding
     test_ToolkitLanguage
     test_TrayHosts
     test_WindowsRegistry)
