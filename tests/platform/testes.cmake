@@ -14,6 +14,7 @@ foreach(teste IN ITEMS
     test_MessageBoxes
     test_Picture
     test_ProgramFolder
+    test_RegistryMailProgram
     test_SecretService
     test_SingleInstance
     test_SomGravado
