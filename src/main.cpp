@@ -9,32 +9,22 @@
 #include "mail/PopMailNotification.h"
 #include "platform/ColourScheme.h"
 #include "platform/CommandLine.h"
-#include "platform/DesktopRegistry.h"
 #include "platform/DesktopSessionEnd.h"
 #include "platform/DesktopSound.h"
 #include "platform/DesktopTray.h"
+#include "platform/OwnServices.h"
 #include "platform/Platform.h"
 #include "platform/ProgramFolder.h"
-#include "platform/PurpleMessenger.h"
-#include "platform/SecretService.h"
 #include "platform/SingleInstance.h"
+#include "platform/Terminal.h"
 #include "platform/ToolkitLanguage.h"
 #include "platform/Translations.h"
-#include "platform/WindowsRegistry.h"
 
-#include <cstdio>
 #include <QIcon>
 
 namespace
 {
-#ifdef Q_OS_WIN
-using OwnRegistry = WindowsRegistry;
-#else
-using OwnRegistry = DesktopRegistry;
-#endif
 constexpr int notUnderstood = 2; // the exit code
-
-void print(std::FILE *where, const QString &text) { std::fputs(text.toLocal8Bit().constData(), where); }
 
 // No language is active yet, so the desktop's is spoken.
 CommandLine readCommandLine(int argc, char **argv)
@@ -49,8 +39,8 @@ CommandLine readCommandLine(int argc, char **argv)
 
 int refuse(const QString &why, int argc, char **argv)
 {
-    print(stderr, why);
-    if (CommandLine::startedFromDesktop()) {
+    terminal::print(terminal::Stream::Complaint, why);
+    if (terminal::startedFromDesktop()) {
         DesktopMessageBoxes boxes;
         const Application application(argc, argv, boxes);
         boxes.MessageBoxes::show(why.trimmed(), box::stop, nullptr);
@@ -69,10 +59,10 @@ int run(const CommandLine &line, int argc, char **argv)
     DesktopDialogs dialogs;
     DesktopShell shell;
     DesktopSound sound;
-    OwnRegistry registry;
-    SecretService secrets;
+    const auto registry = own_services::registry();
+    const auto secrets = own_services::secrets();
     OwnProcess process;
-    PurpleMessenger messenger;
+    const auto messenger = own_services::messenger();
     DesktopTray tray(QIcon(QStringLiteral(":/imagens/tray/morvex_tray.svg")),
                      QIcon(QStringLiteral(":/imagens/tray/morvex_tray_trancado.svg")));
 
@@ -85,8 +75,8 @@ int run(const CommandLine &line, int argc, char **argv)
     boxes.setLanguage([&geral] { return geral.IdiomaActual; });
     PopMailNotification mail(geral.Ficheiro(QStringLiteral("correio.json")),
                              [&geral] { return geral.IdiomaActual; });
-    Platform platform{clock, boxes, dialogs, shell, sound, registry, mail,
-                      messenger, process, tray, secrets};
+    Platform platform{clock, boxes,      dialogs, shell, sound,   *registry,
+                      mail,  *messenger, process, tray,  *secrets};
 
     DesktopSessionEnd sessionEnd;
     const FimDaSessao fim(sessionEnd, geral, platform);
@@ -100,12 +90,10 @@ int run(const CommandLine &line, int argc, char **argv)
 
 int main(int argc, char **argv)
 {
-    // Notes, popups and the tray need a desktop on which a window may choose its own place.
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "xcb;wayland");
-
+    own_services::chooseDesktop();
     const CommandLine line = readCommandLine(argc, argv);
     if (line.kind() == CommandLine::Kind::Refusal) return refuse(line.text(), argc, argv);
     if (line.kind() == CommandLine::Kind::Run) return run(line, argc, argv);
-    print(stdout, line.text());
+    terminal::print(terminal::Stream::Answer, line.text());
     return 0;
 }

@@ -1,12 +1,12 @@
 #include "cards/FonteDeContactos.h"
 
 #include "cards/NumeroDoCartao.h"
+#include "platform/TextEncoding.h"
 #include "vcard/CardContent.h"
 #include "vcard/CardGroups.h"
 
 #include <algorithm>
 #include <QCryptographicHash>
-#include <QStringDecoder>
 #include <QUtf8StringView>
 #include <utility>
 
@@ -148,9 +148,8 @@ std::optional<ContactoDaFonte> FonteDeCartoes::Ler(std::size_t qual, std::vector
 QByteArray FonteDeCartoes::Guardavel(const QByteArray &cartao) const
 {
     if (codificacao_.isEmpty() || QUtf8StringView(cartao).isValidUtf8()) return cartao;
-    QStringDecoder descodificar(codificacao_.constData());
-    const QString texto = descodificar.isValid() ? QString(descodificar(cartao)) : QString();
-    return descodificar.hasError() || texto.isEmpty() ? cartao : texto.toUtf8();
+    const DecodedText lido = decodedText(cartao, codificacao_);
+    return !lido.sound || lido.text.isEmpty() ? cartao : lido.text.toUtf8();
 }
 
 FonteDeTabela::FonteDeTabela(TabelaEscolhida tabela, GruposDaImportacao grupos)

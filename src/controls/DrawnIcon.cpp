@@ -1,32 +1,18 @@
 #include "controls/DrawnIcon.h"
 
+#include "controls/Drawing.h"
+
 #include <QApplication>
 #include <QIconEngine>
 #include <QPainter>
 #include <QPixmapCache>
 #include <QStyle>
 #include <QStyleOption>
-#include <QSvgRenderer>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
-QPixmap drawn(const QString &path, const QSize &size)
-{
-    QSvgRenderer renderer(path);
-    if (!renderer.isValid()) return {};
-    QSize inside = renderer.defaultSize();
-    inside.scale(size, Qt::KeepAspectRatio);
-    if (inside.isEmpty()) return {};
-    QImage image(inside, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    renderer.render(&painter);
-    painter.end();
-    return QPixmap::fromImage(image);
-}
-
 // As the style shows what is disabled or selected.
 QPixmap inMode(const QPixmap &picture, QIcon::Mode mode)
 {
@@ -50,7 +36,7 @@ public:
                                 .arg(QGuiApplication::palette().cacheKey());
         QPixmap picture;
         if (QPixmapCache::find(key, &picture)) return picture;
-        picture = drawn(path_, size);
+        picture = QPixmap::fromImage(drawing(path_, size));
         if (picture.isNull()) return picture;
         picture = inMode(picture, mode);
         QPixmapCache::insert(key, picture);
@@ -68,6 +54,9 @@ public:
         return pixmap(size, mode, state).size();
     }
 
+    // The icon of one file is all that it takes.
+    void addFile(const QString &path, const QSize &, QIcon::Mode, QIcon::State) override { path_ = path; }
+
     QIconEngine *clone() const override { return new DrawnIconEngine(path_); }
     bool isNull() override { return false; }
 
@@ -76,7 +65,9 @@ private:
 };
 } // namespace
 
-QIcon drawnIcon(const QString &path) { return QIcon(new DrawnIconEngine(path)); }
+QIconEngine *drawnIconEngine(const QString &path) { return new DrawnIconEngine(path); }
+
+QIcon drawnIcon(const QString &path) { return QIcon(drawnIconEngine(path)); }
 
 void giveDrawnIcons(QObject &form)
 {

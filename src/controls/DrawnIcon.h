@@ -4,8 +4,13 @@
 
 #include <QIcon>
 
+class QIconEngine;
+
 // The icon in that file of ours, a drawing in SVG.
 QIcon drawnIcon(const QString &path);
+
+// What draws it, for whoever makes icons of it. The icon owns it.
+QIconEngine *drawnIconEngine(const QString &path);
 
 // Gives each control and command below that object the icon that its form names as its "imagem".
 void giveDrawnIcons(QObject &form);

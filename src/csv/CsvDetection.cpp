@@ -1,6 +1,7 @@
 #include "csv/CsvDetection.h"
 
 #include "csv/CsvCells.h"
+#include "platform/TextEncoding.h"
 
 #include <algorithm>
 #include <map>
@@ -64,9 +65,8 @@ CsvText csvText(const QByteArray &file)
 
 CsvText csvText(const QByteArray &file, const QByteArray &encoding)
 {
-    QStringDecoder decoder(encoding.constData());
-    const QString text = decoder.isValid() ? QString(decoder(file)) : QString::fromLatin1(file);
-    return {withoutMark(text), encoding};
+    const DecodedText decoded = decodedText(file, encoding);
+    return {withoutMark(decoded.known ? decoded.text : QString::fromLatin1(file)), encoding};
 }
 
 QChar csvDelimiter(const QString &text)

@@ -1,10 +1,10 @@
 #include "interchange/RegistoMorvex.h"
 
 #include "platform/Failure.h"
+#include "platform/TextEncoding.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QStringDecoder>
 
 using namespace Qt::StringLiterals;
 
@@ -35,7 +35,7 @@ QString Texto_Do_Ficheiro(const QString &caminho)
     if (ficheiro.error() != QFileDevice::NoError)
         throw Failure(Failure::PathFileAccess, caminho,
                       u"The file could not be read to its end: %1"_s.arg(caminho));
-    return QStringDecoder("windows-1252")(bytes);
+    return decodedText(bytes, "windows-1252").text;
 }
 
 // Nothing is ever added, yet a file that can't be written is no good.

@@ -1,10 +1,8 @@
-// Whether the desktop asks for dark windows, as its portal tells it.
+// Whether the desktop asks for dark windows.
 #pragma once
 
+#include <memory>
 #include <QObject>
-
-class QDBusPendingCallWatcher;
-class QDBusVariant;
 
 class ColourScheme final : public QObject
 {
@@ -12,14 +10,13 @@ class ColourScheme final : public QObject
 public:
     using QObject::QObject;
 
-    // Asks, and listens from then on; never waits. Without a bus or a portal nothing is ever told.
+    // Asks, and listens from then on; never waits. Where the desktop has no such setting nothing is ever
+    // told.
     void watch();
 
 Q_SIGNALS:
     void darkTold(bool dark);
 
 private:
-    Q_SLOT void settingChanged(const QString &space, const QString &key, const QDBusVariant &value);
-    void answered(QDBusPendingCallWatcher *call);
-    void tell(const QDBusVariant &value);
+    std::unique_ptr<QObject> setting_; // who listens
 };

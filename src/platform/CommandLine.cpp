@@ -6,10 +6,6 @@
 #include <QDir>
 #include <QFileInfo>
 
-#ifndef Q_OS_WIN
-#include <unistd.h>
-#endif
-
 using namespace Qt::StringLiterals;
 
 namespace
@@ -154,15 +150,4 @@ CommandLine::CommandLine(const QStringList &words, const QStringList &endings, c
         kind_ = Kind::Answer;
         text_ = parser.isSet(help) ? parser.helpText() : u"Morvex "_s + version + u'\n';
     }
-}
-
-bool CommandLine::startedFromDesktop()
-{
-#ifdef Q_OS_WIN
-    return true;
-#else
-    const bool desktop = qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
-    return desktop && ::isatty(STDIN_FILENO) == 0 && ::isatty(STDOUT_FILENO) == 0 &&
-           ::isatty(STDERR_FILENO) == 0;
-#endif
 }

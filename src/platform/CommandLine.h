@@ -29,9 +29,6 @@ public:
     // Absolute paths, in the order in which they were given; each was there when the line was read.
     const QStringList &files() const { return files_; }
 
-    // Whether nobody reads a terminal, but there is a desktop: a refusal is then told in a box.
-    static bool startedFromDesktop();
-
 private:
     Kind kind_ = Kind::Run;
     QString text_;

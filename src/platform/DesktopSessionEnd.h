@@ -1,11 +1,8 @@
-// The real end from outside: the desktop's session manager, and on Unix the signals TERM, INT and HUP. A
-// signal that comes a second time ends the process at once, by its own force. Signals that were ignored when
-// the process began stay ignored.
+// The real end from outside: the desktop's session manager, and what the system sends a process to end it.
 #pragma once
 
+#include "platform/EndSignals.h"
 #include "platform/SessionEnd.h"
-
-#include <memory>
 
 class QSessionManager;
 
@@ -22,6 +19,5 @@ public:
 private:
     void commitData(QSessionManager &manager);
 
-    class Signals;
-    std::unique_ptr<Signals> signals_;
+    EndSignals signals_;
 };

@@ -1,9 +1,9 @@
-// The real sound: the first player that the machine has.
+// The real sound, as this system plays one.
 #pragma once
 
 #include "platform/Sound.h"
 
-#include <QProcess>
+#include <memory>
 
 class DesktopSound final : public Sound
 {
@@ -14,7 +14,6 @@ public:
     void play(const QString &file) override;
 
 private:
-    QString program_; // empty where the machine has no player
-    QStringList arguments_;
-    QProcess player_;
+    class Player;
+    std::unique_ptr<Player> player_;
 };

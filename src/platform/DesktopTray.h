@@ -1,4 +1,4 @@
-// The real notification area, of either kind that Linux desktops have, or that of Windows.
+// The real notification area.
 #pragma once
 
 #include "platform/Tray.h"

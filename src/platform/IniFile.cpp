@@ -1,11 +1,10 @@
 #include "platform/IniFile.h"
 
 #include "platform/ReplaceFile.h"
+#include "platform/TextEncoding.h"
 
 #include <optional>
 #include <QFile>
-#include <QStringDecoder>
-#include <QStringEncoder>
 #include <QStringList>
 
 namespace
@@ -17,13 +16,13 @@ QString decoded(const QByteArray &bytes)
 {
     if (bytes.startsWith(utf8Mark))
         return QString::fromUtf8(QByteArrayView(bytes).sliced(std::size(utf8Mark) - 1));
-    return QStringDecoder(codePage)(bytes);
+    return decodedText(bytes, codePage).text;
 }
 
 // In the code page, where what reads it back is the same text.
 QByteArray encoded(const QString &text)
 {
-    const QByteArray bytes = QStringEncoder(codePage)(text);
+    const QByteArray bytes = encodedText(text, codePage);
     return decoded(bytes) == text ? bytes : utf8Mark + text.toUtf8();
 }
 

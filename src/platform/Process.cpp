@@ -3,9 +3,9 @@
 #include "platform/Failure.h"
 #include "platform/MessageBoxes.h"
 
-#include <QCoreApplication>
 #include <cstdio>
-#include <unistd.h>
+#include <cstdlib>
+#include <QCoreApplication>
 
 void OwnProcess::end()
 {
@@ -14,7 +14,7 @@ void OwnProcess::end()
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     std::fflush(nullptr);
-    ::_exit(0);
+    std::_Exit(0);
 }
 
 void endOnFailure(MessageBoxes &boxes, Process &process, const std::function<void()> &handler)

@@ -1,5 +1,7 @@
 #include "platform/ProgramFolder.h"
 
+#include "platform/WritableFolder.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -16,7 +18,7 @@ QString choose(const ProgramFolder::Surroundings &surroundings)
     if (!surroundings.override.isEmpty()) return QDir::cleanPath(surroundings.override);
     const QString &own = surroundings.executableFolder;
     const bool shippedHere = own != surroundings.installedData && holdsSettings(own);
-    const bool writable = QFileInfo(own).isWritable();
+    const bool writable = isWritableFolder(own);
     // A system folder of programs is writable for an administrator, and still no place for data.
     const bool ofTheSystem = QDir(own).dirName() == QLatin1String("bin") &&
                              QFileInfo::exists(surroundings.installedData);

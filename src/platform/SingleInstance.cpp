@@ -1,5 +1,6 @@
 #include "platform/SingleInstance.h"
 
+#include "platform/InstancePlace.h"
 #include "platform/ProgramFolder.h"
 
 #include <QCryptographicHash>
@@ -7,7 +8,6 @@
 #include <QDir>
 #include <QLocalServer>
 #include <QLocalSocket>
-#include <QStandardPaths>
 #include <QThread>
 
 namespace
@@ -16,12 +16,12 @@ constexpr int patience = 2000;      // ms for the first one to take the call
 constexpr int longPatience = 30000; // ms for it to take more words than the system keeps for it meanwhile
 constexpr qsizetype digits = 16;    // a socket's path must stay short
 
-QString nameFor(const QString &folder)
+QString pathFor(const QString &runtimeFolder, const QString &folder)
 {
     const QString resolved = QDir(folder).canonicalPath();
     const QByteArray path = (resolved.isEmpty() ? QDir::cleanPath(folder) : resolved).toUtf8();
     const QByteArray hash = QCryptographicHash::hash(path, QCryptographicHash::Sha256).toHex();
-    return QStringLiteral("morvex-") + QString::fromLatin1(hash.left(digits));
+    return fileIn(runtimeFolder, QStringLiteral("morvex-") + QString::fromLatin1(hash.left(digits)));
 }
 
 // The whole stands behind its length, so that one that broke off is told from one that says little.
@@ -49,13 +49,13 @@ SingleInstance::Call callOf(const QByteArray &message)
 } // namespace
 
 SingleInstance::SingleInstance(const QString &programFolder)
-    : SingleInstance(programFolder, QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation))
+    : SingleInstance(programFolder, instance_place::folder())
 {
 }
 
 SingleInstance::SingleInstance(const QString &programFolder, const QString &runtimeFolder)
-    : address_(fileIn(runtimeFolder, nameFor(programFolder))),
-      lock_(address_ + QStringLiteral(".lock")),
+    : address_(instance_place::socketName(pathFor(runtimeFolder, programFolder))),
+      lock_(pathFor(runtimeFolder, programFolder) + QStringLiteral(".lock")),
       server_(new QLocalServer(this))
 {
     lock_.setStaleLockTime(0); // age says nothing: a lock is stale when its process is gone

@@ -8,25 +8,28 @@ bool written(QSettings &settings)
     settings.sync();
     return settings.status() == QSettings::NoError;
 }
+
+// The value of a key itself has no name; this is what the toolkit calls it.
+QString named(const QString &name) { return name.isEmpty() ? QStringLiteral("Default") : name; }
 } // namespace
 
 QString WindowsRegistry::readString(Root root, const QString &key, const QString &name)
 {
-    return QSettings(path(root, key), place_.format).value(name).toString();
+    return QSettings(path(root, key), place_.format).value(named(name)).toString();
 }
 
 bool WindowsRegistry::writeString(Root root, const QString &key, const QString &name, const QString &value)
 {
     QSettings settings(path(root, key), place_.format);
-    settings.setValue(name, value);
+    settings.setValue(named(name), value);
     return written(settings);
 }
 
 bool WindowsRegistry::deleteValue(Root root, const QString &key, const QString &name)
 {
     QSettings settings(path(root, key), place_.format);
-    if (!settings.contains(name)) return false;
-    settings.remove(name);
+    if (!settings.contains(named(name))) return false;
+    settings.remove(named(name));
     return written(settings);
 }
 

@@ -2,8 +2,8 @@
 
 #include "platform/ReplaceFile.h"
 #include "report/ReportPages.h"
+#include "report/Spooler.h"
 
-#include <cups/cups.h>
 #include <QBuffer>
 #include <QPainter>
 #include <QPdfWriter>
@@ -35,17 +35,6 @@ bool takesPaper(QPrinter &printer, const ReportDefinition &definition)
            std::abs(taken.height() - wanted.height()) < tolerance;
 }
 
-// As long as it lives the spooler cannot be reached. A printer hands its job over when the painter ends,
-// however few pages it has, and knows no way to drop it.
-class NoSpooler
-{
-public:
-    NoSpooler() { cupsSetServer("/dev/null"); }
-    ~NoSpooler() { cupsSetServer(nullptr); }
-    NoSpooler(const NoSpooler &) = delete;
-    NoSpooler &operator=(const NoSpooler &) = delete;
-};
-
 struct PageRange {
     int first; // counted from 0
     int last;
@@ -61,8 +50,7 @@ Painted paintPages(ReportPages &pages, QPagedPaintDevice &device, PageRange rang
     for (int page = range.first; page <= range.last; ++page) {
         const bool stopped = !watch(page, pages.found());
         if (stopped || (page > range.first && !device.newPage())) {
-            const NoSpooler dropped;
-            painter.end();
+            spooler::drop(dynamic_cast<QPrinter *>(&device), [&painter] { painter.end(); });
             return stopped ? Painted::Stopped : Painted::Failed;
         }
         painter.resetTransform();
@@ -105,9 +93,6 @@ PageRange chosenRange(const QPrinter &printer, int pages)
     return {std::max(printer.fromPage(), 1) - 1,
             (printer.toPage() > 0 ? std::min(printer.toPage(), pages) : pages) - 1};
 }
-
-// The spooler's word on the last job of this thread: it refuses after the painter has long said yes.
-bool spoolerTookIt() { return cupsLastError() <= IPP_STATUS_OK_EVENTS_COMPLETE; }
 } // namespace
 
 DesktopReportPrinter::DesktopReportPrinter() = default;
@@ -139,7 +124,7 @@ PrintResult DesktopReportPrinter::print(ReportPages &pages, const QString &title
     chosen_->setDocName(title);
     const Painted painted = paintPages(pages, *chosen_, range, watch);
     if (painted == Painted::Stopped) return PrintResult::Cancelled;
-    return painted == Painted::All && spoolerTookIt() ? PrintResult::Done : PrintResult::Rejected;
+    return painted == Painted::All && spooler::tookJob(*chosen_) ? PrintResult::Done : PrintResult::Rejected;
 }
 
 PrintResult writePdf(ReportPages &pages, const QString &title, const QString &path, const PageWatch &watch)

@@ -1,7 +1,7 @@
 #include "store/Connection.h"
 
 #include "store/Raising.h"
-#include "store/postgres/PostgresStore.h"
+#include "store/ServerStore.h"
 #include "store/sqlite/SqliteStore.h"
 
 #include <QRegularExpression>
@@ -25,10 +25,7 @@ Connection::~Connection() = default;
 
 QString Connection::storeVersion() { return SqliteStore::libraryVersion(); }
 
-bool Connection::isAddress(const QString &text)
-{
-    return PostgresAddress::isOne(text);
-}
+bool Connection::isAddress(const QString &text) { return server_store::isAddress(text); }
 
 void Connection::setDataSource(const QString &addressOrPath)
 {
@@ -37,7 +34,7 @@ void Connection::setDataSource(const QString &addressOrPath)
 
 QString Connection::file() const
 {
-    return isServer() ? PostgresAddress::shown(connectionString_) : dataSource(connectionString_);
+    return isServer() ? server_store::shown(connectionString_) : dataSource(connectionString_);
 }
 
 void Connection::opened(std::unique_ptr<Store> store)
@@ -50,13 +47,13 @@ void Connection::opened(std::unique_ptr<Store> store)
 void Connection::Open()
 {
     if (!isServer()) return opened(SqliteStore::open(file()));
-    opened(openServer_ ? openServer_(connectionString_) : PostgresStore::open(connectionString_));
+    opened(openServer_ ? openServer_(connectionString_) : server_store::open(connectionString_));
 }
 
 void Connection::OpenReadOnly()
 {
     if (isServer())
-        opened(PostgresStore::openReadOnly(connectionString_));
+        opened(server_store::openReadOnly(connectionString_));
     else
         opened(SqliteStore::openReadOnly(file()));
 }

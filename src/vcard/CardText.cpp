@@ -1,5 +1,7 @@
 #include "vcard/CardText.h"
 
+#include "platform/TextEncoding.h"
+
 #include <QStringDecoder>
 
 namespace
@@ -22,14 +24,9 @@ bool isUtf8(QByteArrayView bytes) { return QUtf8StringView(bytes.data(), bytes.s
 
 QString decoded(QByteArrayView bytes, const QByteArray &charset, bool *sound)
 {
-    QStringDecoder decoder(charset.constData(), QStringDecoder::Flag::Stateless);
-    if (!decoder.isValid()) {
-        *sound = false;
-        return QString::fromLatin1(bytes);
-    }
-    QString text = decoder(bytes);
-    *sound = !decoder.hasError() && !text.contains(QChar::ReplacementCharacter);
-    return text;
+    const DecodedText decoded = decodedText(bytes, charset);
+    *sound = decoded.sound && !decoded.text.contains(QChar::ReplacementCharacter);
+    return decoded.known ? decoded.text : QString::fromLatin1(bytes);
 }
 
 // A name that says less than what programs write under it.

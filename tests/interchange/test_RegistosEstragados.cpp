@@ -10,7 +10,6 @@
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
-#include <QStringDecoder>
 #include <random>
 
 using namespace Qt::StringLiterals;
@@ -27,7 +26,7 @@ QByteArray Ler_Ficheiro(const QString &nome)
     return ficheiro.readAll();
 }
 
-QString Texto(const QByteArray &bytes) { return QStringDecoder("windows-1252")(bytes); }
+QString Texto(const QByteArray &bytes) { return decodedText(bytes, "windows-1252").text; }
 
 // The lines, as a walk from byte to byte finds them.
 QList<QByteArray> Linhas_De(const QByteArray &bytes)

@@ -14,9 +14,11 @@ foreach(teste IN ITEMS
     test_MessageBoxes
     test_Picture
     test_ProgramFolder
+    test_RegistryMailProgram
     test_SecretService
     test_SingleInstance
     test_SomGravado
+    test_TextEncoding
     test_ToolkitLanguage
     test_TrayHosts
     test_WindowsRegistry)

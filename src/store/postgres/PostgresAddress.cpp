@@ -1,6 +1,7 @@
 #include "store/postgres/PostgresAddress.h"
 
 #include "platform/Failure.h"
+#include "store/ServerStore.h"
 
 #include <algorithm>
 #include <array>
@@ -67,13 +68,7 @@ bool isThisMachine(const QString &host)
 }
 } // namespace
 
-bool PostgresAddress::isOne(const QString &text)
-{
-    const auto begins = [&](QLatin1StringView scheme) {
-        return text.trimmed().startsWith(scheme, Qt::CaseInsensitive);
-    };
-    return begins("postgresql://"_L1) || begins("postgres://"_L1);
-}
+bool PostgresAddress::isOne(const QString &text) { return server_store::isAddress(text); }
 
 QString PostgresAddress::shown(const QString &text)
 {

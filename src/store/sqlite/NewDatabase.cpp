@@ -1,6 +1,7 @@
 #include "store/NewDatabase.h"
 
 #include "platform/Failure.h"
+#include "store/sqlite/FileName.h"
 #include "store/sqlite/TextRules.h"
 
 #include <QFileInfo>
@@ -11,7 +12,7 @@ void createDatabase(const QString &path, const QStringList &statements)
     if (QFileInfo::exists(path))
         throw Failure(Failure::StoreError, path, QStringLiteral("The file exists already: %1").arg(path));
     try {
-        SQLite::Database database(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+        SQLite::Database database(storeFileName(path), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
         registerTextRules(database.getHandle());
         for (const QString &statement : statements)
             database.exec(statement.toStdString());

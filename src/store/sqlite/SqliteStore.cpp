@@ -1,5 +1,6 @@
 #include "store/sqlite/SqliteStore.h"
 
+#include "store/sqlite/FileName.h"
 #include "store/sqlite/Running.h"
 #include "store/sqlite/SqliteRow.h"
 #include "store/sqlite/StoreErrors.h"
@@ -47,7 +48,7 @@ QString textOf(const QString &expression) { return u"COALESCE(%1, '')"_s.arg(exp
 
 // One thread works with a connection: the store need not guard each of its calls.
 SqliteStore::SqliteStore(const QString &path, int flags)
-    : path_(path), handle_(path.toStdString(), flags | SQLite::OPEN_NOMUTEX)
+    : path_(path), handle_(storeFileName(path), flags | SQLite::OPEN_NOMUTEX)
 {
     registerWanted(handle_.getHandle(), wanted_);
     registerTextRules(handle_.getHandle());

@@ -1,13 +1,11 @@
 #include "platform/TrayHosts.h"
 
-#include <utility>
-
-#ifdef Q_OS_LINUX
-
 #include "platform/SessionBus.h"
 
+#include <cstdint>
 #include <cstdlib>
 #include <memory>
+#include <QAbstractNativeEventFilter>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
@@ -15,6 +13,7 @@
 #include <QDBusVariant>
 #include <QGuiApplication>
 #include <string_view>
+#include <utility>
 #include <xcb/xcb.h>
 
 namespace
@@ -57,15 +56,37 @@ xcb_atom_t atomOf(xcb_connection_t *connection, std::string_view name)
 }
 } // namespace
 
-void TrayHosts::watch()
+class TrayHosts::Watch final : public QObject, private QAbstractNativeEventFilter
 {
-    if (watching_) return;
-    watching_ = true;
-    watchSelection();
-    watchBus();
-}
+    Q_OBJECT
+public:
+    explicit Watch(TrayHosts &hosts) : hosts_(hosts) {}
 
-void TrayHosts::watchSelection()
+    void begin()
+    {
+        watchSelection();
+        watchBus();
+    }
+    bool onSelection() const { return owner_ != 0; }
+    bool onBus() const { return onBus_; }
+
+private:
+    Q_SLOT void askBus();
+    bool nativeEventFilter(const QByteArray &type, void *message, qintptr *result) override;
+    void watchSelection();
+    void lookAtSelection();
+    void watchBus();
+    void busAnswered(const QDBusMessage &reply);
+
+    TrayHosts &hosts_;
+    std::uint32_t selection_ = 0; // the two names, as the X server knows them
+    std::uint32_t manager_ = 0;
+    std::uint32_t owner_ = 0; // the window that holds the selection; 0: none
+    bool onBus_ = false;
+    int lastQuestion_ = 0; // an answer to an earlier one is out of date
+};
+
+void TrayHosts::Watch::watchSelection()
 {
     xcb_connection_t *connection = xConnection();
     if (connection == nullptr) return;
@@ -78,7 +99,7 @@ void TrayHosts::watchSelection()
 
 // A new owner tells everybody so, and the end of its window is told to whom wants to know. The toolkit
 // listens to the root window already.
-bool TrayHosts::nativeEventFilter(const QByteArray &type, void *message, qintptr *)
+bool TrayHosts::Watch::nativeEventFilter(const QByteArray &type, void *message, qintptr *)
 {
     if (type != "xcb_generic_event_t") return false;
     const auto *event = static_cast<const xcb_generic_event_t *>(message);
@@ -91,11 +112,11 @@ bool TrayHosts::nativeEventFilter(const QByteArray &type, void *message, qintptr
         matters = owner_ != 0 && static_cast<const xcb_destroy_notify_event_t *>(message)->window == owner_;
     }
     // Behind the toolkit's own handling, which lets go of the old host or takes to the new one.
-    if (matters) QMetaObject::invokeMethod(this, &TrayHosts::lookAtSelection, Qt::QueuedConnection);
+    if (matters) QMetaObject::invokeMethod(this, &Watch::lookAtSelection, Qt::QueuedConnection);
     return false;
 }
 
-void TrayHosts::lookAtSelection()
+void TrayHosts::Watch::lookAtSelection()
 {
     xcb_connection_t *connection = xConnection();
     const auto reply = owned(
@@ -107,17 +128,17 @@ void TrayHosts::lookAtSelection()
             xcb_change_window_attributes_checked(connection, owner, XCB_CW_EVENT_MASK, &wanted);
         if (owned(xcb_request_check(connection, request)) != nullptr) owner = 0; // gone meanwhile
     }
-    if (std::exchange(owner_, owner) != owner) Q_EMIT changed();
+    if (std::exchange(owner_, owner) != owner) Q_EMIT hosts_.changed();
 }
 
 // The names stand open for every sender: to bind one to the watcher, the toolkit would ask the bus and wait.
-void TrayHosts::watchBus()
+void TrayHosts::Watch::watchBus()
 {
     if (!sessionBusIsThere()) return;
     QDBusConnection bus = QDBusConnection::sessionBus();
     auto *owners = new QDBusServiceWatcher(QLatin1String(watcherName), bus,
                                            QDBusServiceWatcher::WatchForOwnerChange, this);
-    connect(owners, &QDBusServiceWatcher::serviceOwnerChanged, this, &TrayHosts::askBus);
+    connect(owners, &QDBusServiceWatcher::serviceOwnerChanged, this, &Watch::askBus);
     for (const auto &news :
          {QStringLiteral("StatusNotifierHostRegistered"), QStringLiteral("StatusNotifierHostUnregistered")})
         bus.connect(QString(), QLatin1String(watcherPath), QLatin1String(watcherName), news, this,
@@ -128,7 +149,7 @@ void TrayHosts::watchBus()
     if (reply.errorName() == QDBusError::errorString(QDBusError::NoReply)) askBus(); // it may just be slow
 }
 
-void TrayHosts::askBus()
+void TrayHosts::Watch::askBus()
 {
     const int number = ++lastQuestion_;
     auto *answer = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(hostQuestion()), this);
@@ -138,21 +159,24 @@ void TrayHosts::askBus()
     });
 }
 
-void TrayHosts::busAnswered(const QDBusMessage &reply)
+void TrayHosts::Watch::busAnswered(const QDBusMessage &reply)
 {
     const bool there = reply.type() == QDBusMessage::ReplyMessage && !reply.arguments().isEmpty() &&
                        reply.arguments().constFirst().value<QDBusVariant>().variant().toBool();
-    if (std::exchange(onBus_, there) != there) Q_EMIT changed();
+    if (std::exchange(onBus_, there) != there) Q_EMIT hosts_.changed();
 }
 
-#else
+TrayHosts::TrayHosts(QObject *parent) : QObject(parent) {}
+TrayHosts::~TrayHosts() = default;
 
-// Elsewhere the notification area belongs to the desktop itself and is always there.
 void TrayHosts::watch()
 {
-    if (!std::exchange(onBus_, true)) Q_EMIT changed();
+    if (watch_) return;
+    watch_ = std::make_unique<Watch>(*this);
+    watch_->begin();
 }
-void TrayHosts::askBus() {}
-bool TrayHosts::nativeEventFilter(const QByteArray &, void *, qintptr *) { return false; }
 
-#endif
+bool TrayHosts::onSelection() const { return watch_ && watch_->onSelection(); }
+bool TrayHosts::onBus() const { return watch_ && watch_->onBus(); }
+
+#include "TrayHosts_linux.moc"

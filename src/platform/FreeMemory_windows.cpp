@@ -1,0 +1,5 @@
+#include "platform/FreeMemory.h"
+
+#include <malloc.h>
+
+void returnFreeMemory() { _heapmin(); }

@@ -1,0 +1,8 @@
+#include "platform/SyncedFile.h"
+
+#include <cerrno>
+#include <QFileDevice>
+#include <unistd.h>
+
+// A file system without this service says EINVAL.
+bool isOnTheDisk(const QFileDevice &file) { return ::fsync(file.handle()) == 0 || errno == EINVAL; }

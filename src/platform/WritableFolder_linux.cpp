@@ -1,0 +1,5 @@
+#include "platform/WritableFolder.h"
+
+#include <QFileInfo>
+
+bool isWritableFolder(const QString &path) { return QFileInfo(path).isWritable(); }

@@ -1,0 +1,5 @@
+#include "store/sqlite/FileName.h"
+
+#include <QString>
+
+std::string storeFileName(const QString &path) { return path.toStdString(); }
