@@ -75,9 +75,15 @@ function(morvex_teste caminho)
         add_custom_target(testes_${pasta})
     endif()
     add_dependencies(testes_${pasta} ${nome})
+    set_property(GLOBAL APPEND PROPERTY morvex_testes_${pasta} ${nome})
+    morvex_ambiente(${caminho} ${nome})
+endfunction()
+
+# The surroundings of a test that bears that name in CTest, with a home of that name.
+function(morvex_ambiente teste nome)
     set(casa ${PROJECT_BINARY_DIR}/tests/casa/${nome})
     file(MAKE_DIRECTORY ${casa})
-    set_tests_properties(${caminho} PROPERTIES
+    set_tests_properties(${teste} PROPERTIES
         TIMEOUT 300
         FAIL_REGULAR_EXPRESSION "Totals: [0-2] passed, 0 failed"
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen;HOME=${casa};XDG_DATA_HOME=${casa}/dados;XDG_CONFIG_HOME=${casa}/config;XDG_RUNTIME_DIR=${casa};TZ=Europe/Lisbon;LC_ALL=C.UTF-8;DBUS_SESSION_BUS_ADDRESS=disabled:;MORVEX_ENVIADOS=${PROJECT_BINARY_DIR}/bin;QT_LOGGING_RULES=qt.qpa.*=false;ASAN_OPTIONS=detect_leaks=1:abort_on_error=0;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1")

@@ -24,7 +24,7 @@ constexpr auto fotografias = "TblFotografias"_L1;
 constexpr auto cartoes = "TblCartoes"_L1;
 
 constexpr qint64 pagina = 4096; // bytes, in both kinds
-constexpr qint64 paginas_de_sempre = 256;
+constexpr qint64 os_de_sempre = 256 * pagina;
 
 enum class Especie { Propria, Antiga, Nenhuma };
 
@@ -34,7 +34,7 @@ Especie Reconhecer(const QString &caminho)
     QFile ficheiro(caminho);
     if (!ficheiro.open(QIODevice::ReadOnly) || ficheiro.size() < pagina) return Especie::Nenhuma;
     const QByteArray inicio = ficheiro.read(32);
-    if (inicio.startsWith(QByteArray("SQLite format 3\0", 16))) return Especie::Propria;
+    if (Connection::beginsLikeOne(inicio)) return Especie::Propria;
     return inicio.mid(4, 15) == "Standard Jet DB" ? Especie::Antiga : Especie::Nenhuma;
 }
 
@@ -129,41 +129,27 @@ void DE2::Abrir_Proprio(const QString &caminho)
     cn_.setConnectionString(u"Provider=Microsoft.Jet.OLEDB.4.0;Data Source= '"_s + caminho + u"'"_s +
                             u";Persist Security Info=False"_s);
     cn_.OpenCopyInMemory();
-    const QString veredicto = cn_.query(u"PRAGMA quick_check(1)"_s, {}).Fields("quick_check").text();
-    if (veredicto != "ok"_L1)
-        throw Failure(Failure::StoreError, caminho, u"The database is damaged: %1"_s.arg(veredicto));
     if (Tem_Vistas()) return cn_.Close();
-    tem_fotografias_ = Tem_Tabela(fotografias);
-    tem_cartoes_ = Tem_Tabela(cartoes);
-}
-
-bool DE2::Tem_Tabela(const QString &nome)
-{
-    return cn_.query(u"SELECT name FROM sqlite_master WHERE name=?"_s, {nome}).RecordCount() > 0;
+    tem_fotografias_ = !cn_.columns(fotografias).isEmpty();
+    tem_cartoes_ = !cn_.columns(cartoes).isEmpty();
 }
 
 // What a view or a foreign kind of table gives may be anything, and as much of it as it likes.
 bool DE2::Tem_Vistas()
 {
-    QStringList nomes;
+    QStringList nomes{fotografias, cartoes};
     for (const char *nome : tabelas_lidas)
-        nomes << u'\'' + QLatin1StringView(nome) + u'\'';
-    nomes << u'\'' + fotografias + u'\'' << u'\'' + cartoes + u'\'';
-    return cn_.query(u"SELECT name FROM sqlite_master WHERE name COLLATE NOCASE IN (%1) AND "
-                     "(type<>'table' OR rootpage=0)"_s.arg(nomes.join(u',')),
-                     {})
-               .RecordCount() > 0;
+        nomes << QLatin1StringView(nome);
+    return cn_.anyForeign(nomes);
 }
 
 // A table that can't be read is not there; the others are.
 void DE2::Carregar_Antigo(const QString &caminho)
 {
     const JetFile ficheiro(caminho);
-    cn_.OpenInMemory();
     // A sound file's texts take at most two bytes here for each of theirs; a harmed one may give the same
     // bytes over and over.
-    const qint64 paginas = JetFile::bytesOfAByte * QFileInfo(caminho).size() / pagina + paginas_de_sempre;
-    cn_.query(u"PRAGMA max_page_count=%1"_s.arg(paginas), {});
+    cn_.OpenInMemory(JetFile::bytesOfAByte * QFileInfo(caminho).size() + os_de_sempre);
     for (const char *nome : tabelas_lidas)
         Copiar_Tabela(cn_, QLatin1StringView(nome), ficheiro);
 }

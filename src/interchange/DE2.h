@@ -58,7 +58,6 @@ private:
     Recordset &Correr(Comando comando, const std::vector<StoreValue> &valores);
     void Abrir_Proprio(const QString &caminho);
     bool Tem_Vistas();
-    bool Tem_Tabela(const QString &nome);
     void Carregar_Antigo(const QString &caminho);
 
     Connection cn_;

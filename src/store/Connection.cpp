@@ -58,9 +58,11 @@ void Connection::OpenReadOnly()
         opened(SqliteStore::openReadOnly(file()));
 }
 
-void Connection::OpenInMemory() { opened(SqliteStore::inMemory()); }
+void Connection::OpenInMemory(qint64 mostBytes) { opened(SqliteStore::inMemory(mostBytes)); }
 
 void Connection::OpenCopyInMemory() { opened(SqliteStore::copyInMemory(file())); }
+
+bool Connection::beginsLikeOne(const QByteArray &start) { return SqliteStore::beginsLikeOne(start); }
 
 void Connection::Close() { store_.reset(); }
 
@@ -140,6 +142,8 @@ qint64 Connection::highestId(const QString &table) { return store().highestId(ta
 void Connection::giveAgainBehind(const QString &table, qint64 last) { store().giveAgainBehind(table, last); }
 
 QStringList Connection::columns(const QString &table) { return store().columns(table); }
+
+bool Connection::anyForeign(const QStringList &tables) { return store().anyForeign(tables); }
 
 int Connection::schemaNumber() { return store().schemaNumber(); }
 

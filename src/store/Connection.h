@@ -35,11 +35,14 @@ public:
     void Open();
     // The same for looking only: nothing is ever written to the file.
     void OpenReadOnly();
-    // A database of its own in memory, empty.
-    void OpenInMemory();
+    // A database of its own in memory, empty, that takes about so many bytes at most.
+    void OpenInMemory(qint64 mostBytes);
     // A database of its own in memory that holds what the file holds at this moment. The file is let go at
-    // once: nobody waits for it, and neither it nor the folder around it has changed.
+    // once: nobody waits for it, and neither it nor the folder around it has changed. Raises Failure for a
+    // damaged one, too.
     void OpenCopyInMemory();
+    // Whether a file that begins so may be a database of the kind that these open.
+    static bool beginsLikeOne(const QByteArray &start);
     void Close();
     bool isOpen() const { return store_ != nullptr; }
 
@@ -119,6 +122,8 @@ public:
 
     // The names of a table's columns, in their order; none where there is no such table.
     QStringList columns(const QString &table);
+    // Whether one of these names stands for a view, or for what something else than the database fills.
+    bool anyForeign(const QStringList &tables);
     // How many steps of the schema the data have had.
     int schemaNumber();
 

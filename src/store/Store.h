@@ -112,6 +112,8 @@ public:
 
     // The names of a table's columns, in their order; none where there is no such table.
     virtual QStringList columns(const QString &table) = 0;
+    // Whether one of these names stands for a view, or for what something else than the store fills.
+    virtual bool anyForeign(const QStringList &) { return false; }
     // How many steps of the schema the data have had.
     virtual int schemaNumber() = 0;
 

@@ -68,8 +68,8 @@ struct Apagador : ComGrupos {
     QStringList Contactos() { return s.Linhas(u"SELECT ID, Nome, Grupo FROM TblLista ORDER BY ID"_s); }
     QStringList Cartoes()
     {
-        return s.Linhas(u"SELECT IDContacto, UID, conta, href, etag, hex(cartao), resumo FROM TblCartoes "
-                        "ORDER BY IDContacto"_s);
+        return s.Linhas(u"SELECT IDContacto, UID, conta, href, etag, %1, resumo FROM TblCartoes "
+                        "ORDER BY IDContacto"_s.arg(s.Hex(u"cartao"_s)));
     }
     QStringList Grupos_Por_Id() { return s.Linhas(u"SELECT ID FROM TblGrupos"_s); }
 
@@ -489,11 +489,10 @@ private Q_SLOTS:
         const QStringList antes = a.Tudo();
         a.Eliminar_Grupo(ComGrupos::Amigos);
         const QStringList sem = a.Tudo();
-        a.s.Escrever(u"CREATE TRIGGER Travao BEFORE INSERT ON TblLista WHEN new.Nome='Berta' "
-                     "BEGIN SELECT RAISE(ABORT, 'no'); END"_s);
+        a.s.Recusar(u"INSERT"_s, u"TblLista"_s, u"new.Nome='Berta'"_s);
         a.Desfazer_Com_Erro();
         QCOMPARE(a.Tudo(), sem);
-        a.s.Escrever(u"DROP TRIGGER Travao"_s);
+        a.s.Deixar_De_Recusar();
         a.Desfazer();
         QCOMPARE(a.Tudo(), antes);
     }
@@ -503,9 +502,9 @@ private Q_SLOTS:
         Apagador a;
         const int ana = a.Contacto(u"Ana"_s, ComGrupos::Amigos);
         a.Eliminar(ana);
-        a.s.Escrever(u"BEGIN EXCLUSIVE"_s);
+        a.s.Trancar();
         a.Desfazer_Com_Erro();
-        a.s.Escrever(u"ROLLBACK"_s);
+        a.s.Destrancar();
         a.Desfazer();
         QCOMPARE(a.Grupo_Do_Contacto(ana), u"1"_s);
     }

@@ -409,15 +409,14 @@ private Q_SLOTS:
     void uma_escrita_que_falha_deixa_o_editor_aberto_com_o_que_se_escreveu()
     {
         DoisPostos p;
-        p.s.Escrever(
-            u"CREATE TRIGGER Travao BEFORE UPDATE ON TblLista BEGIN SELECT RAISE(ABORT, 'no'); END"_s);
+        p.s.Recusar(u"UPDATE"_s, u"TblLista"_s);
         p.Editar([&](frmAddEdit &form) {
             form.txtNome->setText(u"Ana Sousa"_s);
             p.s.caixas.Espera_Erro(Failure::StoreError);
             QTest::keyClick(form.cmdOk, Qt::Key_Space);
             QVERIFY(form.isVisible());
             QCOMPARE(form.txtNome->text(), u"Ana Sousa"_s);
-            p.s.Escrever(u"DROP TRIGGER Travao"_s);
+            p.s.Deixar_De_Recusar();
             form.cmdOk->click(); // another try from the same form
             QVERIFY(!form.isVisible());
         });

@@ -115,8 +115,7 @@ private Q_SLOTS:
     void um_contacto_que_a_base_recusa_nao_deixa_la_a_fotografia()
     {
         NoServidor e;
-        e.s.Escrever(
-            u"CREATE TRIGGER Travao BEFORE INSERT ON TblLista BEGIN SELECT RAISE(ABORT, 'no'); END"_s);
+        e.s.Recusar(u"INSERT"_s, u"TblLista"_s);
         e.Novo([&](frmAddEdit &form) {
             e.Escolher_Ficheiro(form, u"foto.png"_s);
             e.s.caixas.Espera_Erro(Failure::StoreError);
@@ -124,7 +123,7 @@ private Q_SLOTS:
             QVERIFY(form.isVisible());
             QCOMPARE(form.txtFotografia->text(), e.nome);
             QCOMPARE(e.Guardadas(), QStringList());
-            e.s.Escrever(u"DROP TRIGGER Travao"_s);
+            e.s.Deixar_De_Recusar();
             form.cmdOk->click();
         });
         QCOMPARE(e.Guardadas(), QStringList{e.nome});

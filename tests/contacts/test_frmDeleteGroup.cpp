@@ -168,15 +168,14 @@ private Q_SLOTS:
     {
         ComGrupos g;
         g.Contacto(u"Abel"_s, ComGrupos::Amigos);
-        g.s.Escrever(
-            u"CREATE TRIGGER Travao BEFORE DELETE ON TblGrupos BEGIN SELECT RAISE(ABORT, 'no'); END"_s);
+        g.s.Recusar(u"DELETE"_s, u"TblGrupos"_s);
         frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista, g.desfazer);
         Preencher(form, ComGrupos::Amigos);
         Escolher_Opcao(form);
         g.Ouvir(form, 119, 121);
         QCOMPARE(g.Grupos().size(), 6);
 
-        g.s.Escrever(u"DROP TRIGGER Travao"_s); // another try from the same form
+        g.s.Deixar_De_Recusar(); // another try from the same form
         g.Confirmar(form);
         QCOMPARE(g.Grupos().size(), 5);
     }
@@ -186,8 +185,7 @@ private Q_SLOTS:
     {
         ComGrupos g;
         g.Contacto(u"Abel"_s, ComGrupos::Amigos);
-        g.s.Escrever(
-            u"CREATE TRIGGER Travao BEFORE DELETE ON TblGrupos BEGIN SELECT RAISE(ABORT, 'no'); END"_s);
+        g.s.Recusar(u"DELETE"_s, u"TblGrupos"_s);
         const ComGrupos::Intactos intactos(g);
         frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista, g.desfazer);
         Preencher(form, ComGrupos::Amigos);
@@ -231,9 +229,9 @@ private Q_SLOTS:
     void um_carregamento_que_falha_nao_deixa_o_alarme_parado()
     {
         ComGrupos g;
-        g.s.Escrever(u"DELETE FROM TblIdiomas WHERE ID = 43"_s);
+        g.s.Perder_Texto(43);
         VERIFICAR_FALHA(frmDeleteGroup(g.s.geral, g.s.plataforma, g.lista, g.desfazer),
-                        Failure::NoCurrentRecord);
+                        Failure::InvalidUseOfNull);
         QVERIFY(g.Temporizadores_Ligados());
     }
 };

@@ -306,8 +306,8 @@ private Q_SLOTS:
     void um_carregamento_que_falha_nao_deixa_o_alarme_parado()
     {
         ComGrupos g;
-        g.s.Escrever(u"DELETE FROM TblIdiomas WHERE ID = 43"_s);
-        VERIFICAR_FALHA(frmEditGroup(g.s.geral, g.s.plataforma, g.lista), Failure::NoCurrentRecord);
+        g.s.Perder_Texto(43);
+        VERIFICAR_FALHA(frmEditGroup(g.s.geral, g.s.plataforma, g.lista), Failure::InvalidUseOfNull);
         QVERIFY(g.Temporizadores_Ligados());
     }
 };

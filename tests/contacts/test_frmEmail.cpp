@@ -97,9 +97,9 @@ private Q_SLOTS:
     void um_carregamento_que_falha_nao_deixa_o_alarme_parado()
     {
         Sistema s;
-        s.Escrever(u"DELETE FROM TblIdiomas WHERE ID = 43"_s);
+        s.Perder_Texto(43);
         VERIFICAR_FALHA(frmEmail(s.geral, s.plataforma, u"a@x.example"_s, u"b@x.example"_s),
-                        Failure::NoCurrentRecord);
+                        Failure::InvalidUseOfNull);
         QVERIFY(s.geral.temporizadores.timerTarefas.Enabled() && s.geral.temporizadores.timerPonto.Enabled());
     }
 };

@@ -18,3 +18,7 @@ morvex_teste(contacts/test_frmAddEdit LIGA session)
 morvex_teste(contacts/test_frmDeleteGroup LIGA session)
 morvex_teste(contacts/test_frmEditGroup LIGA session)
 morvex_teste(contacts/test_frmNovoGrupo LIGA session)
+
+morvex_tambem_no_servidor(contacts FORA
+    test_DataAniversario test_DisposicaoCartao test_Idade # these ask no database
+    test_FotografiaNoServidor) # has a server of its own making

@@ -31,7 +31,7 @@ private Q_SLOTS:
         cartoes.Guardar({u"7"_s, u"a"_s, "um"});
         s.Escrever(u"UPDATE TblCartoes SET href='/livro/7.vcf'"_s);
         cartoes.Guardar({u"7"_s, u"b"_s, "dois"});
-        QCOMPARE(s.Linhas(u"SELECT IDContacto, UID, href, CAST(cartao AS TEXT) FROM TblCartoes"_s),
+        QCOMPARE(s.Linhas(u"SELECT IDContacto, UID, href, cartao FROM TblCartoes"_s),
                  QStringList{u"7|b|/livro/7.vcf|dois"_s});
     }
 

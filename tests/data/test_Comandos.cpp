@@ -3,6 +3,7 @@
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
+#include <map>
 #include <set>
 
 using namespace Qt::StringLiterals;
@@ -50,6 +51,27 @@ QStringList Tudo(Recordset &rs)
 
 const QString nulos = u"|<Null>"_s;
 
+// Where a server puts the version of a row: behind the columns of its table.
+const std::map<std::string_view, QList<int>> versoes{
+    {"cmdEditarNome", {20}},       {"cmdListarContactosDoGrupo", {19}}, {"cmdVerUsers", {9}},
+    {"cmdEditarUser", {9}},        {"cmdVerificarUtilizador", {9}},     {"cmdVerIDUtilizador", {9}},
+    {"cmdListarMemos", {13}},      {"cmdVerificarTarefas", {6}},        {"cmdVerificarTarefas2", {6}},
+    {"cmdVerTarefa", {6}},         {"cmdListarTarefas", {6}},           {"cmdVerificarTarefasMemos", {6, 20}}};
+
+QStringList Com_Versoes(const Leitura &ensaio)
+{
+    const auto onde = versoes.find(ensaio.nome);
+    if (!Sistema::Num_Servidor() || onde == versoes.end()) return ensaio.linhas;
+    QStringList linhas;
+    for (const QString &linha : ensaio.linhas) {
+        QStringList celulas = linha.split(u'|');
+        for (const int lugar : onde->second)
+            celulas.insert(lugar, u"0"_s); // nobody has changed it
+        linhas << celulas.join(u'|');
+    }
+    return linhas;
+}
+
 // The users are 7 (Maria) and 8 (Rui). Contact 4 and task 2 point at rows that aren't there.
 void Encher(Sistema &s)
 {
@@ -70,9 +92,9 @@ void Encher(Sistema &s)
          "(2, 'b', '2027-01-31', '23:00:00', 7, 99), (3, 'c', '2027-02-01', '08:00:00', 8, 2)"_s,
          u"INSERT INTO TblEmails VALUES (1, 'm@a.pt', 'pop.a.pt', 'm', 'pm', 7), (2, 'r@a.pt', 'pop.b.pt', 'r', 'pr', 8)"_s,
          u"INSERT INTO TblIdiomas VALUES (9999, 'pt', 'br', 'uk', 'es', 'it', 'fr', 'de')"_s,
-         u"INSERT INTO TblFotografias VALUES ('bd:a.jpg', x'616263')"_s,
-         u"INSERT INTO TblCartoes (IDContacto, UID, cartao) VALUES (1, 'u1', x'78')"_s,
-         u"INSERT INTO TblCartoes VALUES (5, 'u5', 'c', 'h', 'e', x'666463', 'r')"_s,
+         u"INSERT INTO TblFotografias VALUES ('bd:a.jpg', %1)"_s.arg(s.Bytes("abc")),
+         u"INSERT INTO TblCartoes (IDContacto, UID, cartao) VALUES (1, 'u1', %1)"_s.arg(s.Bytes("x")),
+         u"INSERT INTO TblCartoes VALUES (5, 'u5', 'c', 'h', 'e', %1, 'r')"_s.arg(s.Bytes("fdc")),
          u"INSERT INTO TblDiferentes VALUES (2, 4)"_s,
          u"INSERT INTO TblSincronizacao VALUES (7, 'e', 'n', 'p', 'l', 'nl', 1, 1, 0, 15, 't', 3, 'v', 'r')"_s,
          u"INSERT INTO TblSincronizados VALUES ('7 /b', 7, 1, '/b', 'e', 0, 's', 'a'), "
@@ -300,7 +322,7 @@ private Q_SLOTS:
         QCOMPARE(rs.State(), Recordset::Open);
         QCOMPARE(rs.RecordCount(), ensaio->linhas.size());
         QStringList linhas = Tudo(rs);
-        QStringList esperadas = ensaio->linhas;
+        QStringList esperadas = Com_Versoes(*ensaio);
         if (ensaio->nome ==
             "cmdVerificarTarefasMemos") { // the one query of several rows that asks for no order
             linhas.sort();

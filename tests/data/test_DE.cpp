@@ -94,6 +94,7 @@ class TestDE : public QObject
 private Q_SLOTS:
     void caminho_vazio_passa_a_ser_o_ficheiro_ao_lado_do_programa()
     {
+        SO_NUM_FICHEIRO("a path");
         Sistema s(Sistema::Estado::Vazio);
         QCOMPARE(s.geral.CaminhoBD, u""_s);
         QCOMPARE(Grupos(s.geral), 0);
@@ -103,6 +104,7 @@ private Q_SLOTS:
 
     void caminho_vazio_e_sem_ficheiro_o_primeiro_comando_falha_e_nada_nasce()
     {
+        SO_NUM_FICHEIRO("a path");
         Sistema s(Sistema::Estado::Vazio);
         QVERIFY(QFile::remove(s.Base()));
         VERIFICAR_FALHA(s.geral.de.Executar("cmdUPDATETblConfig", {u"InglesUK", u"r", u"d"}),
@@ -113,6 +115,7 @@ private Q_SLOTS:
 
     void cada_comando_seguinte_tenta_de_novo_e_falha_da_mesma_maneira()
     {
+        SO_NUM_FICHEIRO("it is moved away");
         Sistema s(Sistema::Estado::Vazio);
         const QString guardada = s.Ficheiro(u"guardada.mdb"_s);
         QVERIFY(QFile::rename(s.Base(), guardada));
@@ -130,6 +133,7 @@ private Q_SLOTS:
     }
     void ficheiro_que_nao_e_uma_base_falha_e_fica_como_esta()
     {
+        SO_NUM_FICHEIRO("what is in it");
         QFETCH(QByteArray, bytes);
         Sistema s(Sistema::Estado::Vazio);
         Escrever_Ficheiro(s.Base(), bytes);
@@ -139,6 +143,7 @@ private Q_SLOTS:
 
     void um_caminho_com_brancos_serve()
     {
+        SO_NUM_FICHEIRO("a path");
         Sistema s(Sistema::Estado::Vazio);
         s.geral.CaminhoBD = s.Ficheiro(u"os meus dados/a base; de = todos.mdb"_s);
         Por_Base_Em(s, s.geral.CaminhoBD);
@@ -147,6 +152,7 @@ private Q_SLOTS:
 
     void um_caminho_com_plica_parte_a_cadeia_de_ligacao()
     {
+        SO_NUM_FICHEIRO("a path");
         Sistema s(Sistema::Estado::Vazio);
         s.geral.CaminhoBD = s.Ficheiro(u"dados d'Ana.mdb"_s);
         Por_Base_Em(s, s.geral.CaminhoBD);
@@ -156,6 +162,7 @@ private Q_SLOTS:
     // What the options write is read at the next start.
     void mudar_o_caminho_nao_muda_de_ficheiro_ate_ao_proximo_arranque()
     {
+        SO_NUM_FICHEIRO("a path");
         Sistema s;
         s.geral.de.Executar("cmdAdicionarGrupo", {u"antes"});
         const QString outra = s.Ficheiro(u"outra.mdb"_s);
@@ -181,6 +188,7 @@ private Q_SLOTS:
 
     void um_comando_espera_pela_escrita_de_outra_copia()
     {
+        SO_NUM_FICHEIRO("its lock");
         Sistema s;
         QCOMPARE(Grupos(s.geral), 6);
         QProcess copia;
@@ -194,6 +202,7 @@ private Q_SLOTS:
 
     void um_ficheiro_trancado_por_muito_tempo_falha_e_depois_abre()
     {
+        SO_NUM_FICHEIRO("its lock");
         Sistema s(Sistema::Estado::Vazio);
         QProcess copia;
         Arrancar_Copia(copia, u"6000"_s, s.Base());
@@ -219,6 +228,7 @@ private Q_SLOTS:
 
     void o_que_um_comando_escreveu_sobrevive_a_morte_do_processo()
     {
+        SO_NUM_FICHEIRO("what a death leaves in it");
         Sistema s;
         QProcess copia;
         Arrancar_Copia(copia, u"escrever sem fim"_s, s.Base());
@@ -275,6 +285,7 @@ private Q_SLOTS:
     // However fast the disk is, the writer is in the middle: its journal is there, and the file has grown.
     void uma_escrita_cortada_a_meio_nao_deixa_nada()
     {
+        SO_NUM_FICHEIRO("its journal");
         Sistema s;
         const QStringList antes = s.Linhas(u"SELECT * FROM TblGrupos ORDER BY ID"_s);
         const qint64 tamanho = QFileInfo(s.Base()).size();

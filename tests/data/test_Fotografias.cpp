@@ -53,10 +53,9 @@ private Q_SLOTS:
         bytes[0] = '\0';
         fotografias.Guardar(nome, bytes);
         QCOMPARE(fotografias.Ler(nome), bytes);
-        Sistema outra(Sistema::Estado::Vazio); // the file itself, opened anew
-        QFile::remove(outra.Base());
-        QVERIFY(QFile::copy(s.Base(), outra.Base()));
-        QCOMPARE(FotografiasDaBase(outra.geral.de).Ler(nome), bytes);
+        QString base = s.Base();
+        DE outra(base, s.Pasta()); // opened anew
+        QCOMPARE(FotografiasDaBase(outra).Ler(nome), bytes);
     }
 
     void o_mesmo_nome_duas_vezes_e_uma_so_linha()

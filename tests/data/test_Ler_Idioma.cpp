@@ -46,6 +46,7 @@ private Q_SLOTS:
     // Nothing is read then, so not even a missing database is noticed.
     void sem_lingua_activa_o_texto_e_vazio_e_nada_se_le()
     {
+        SO_NUM_FICHEIRO("one that is not there");
         Sistema s(Sistema::Estado::Sem_Base);
         for (const QString &idioma : {u""_s, u"inglesuk"_s, u"InglesUK "_s, u"Uso"_s, u"ID"_s}) {
             s.geral.IdiomaActual = idioma;
@@ -71,6 +72,7 @@ private Q_SLOTS:
 
     void um_conjunto_deixado_aberto_fecha_se_primeiro_e_fica_fechado()
     {
+        SO_NUM_FICHEIRO("a server is asked for all of them once");
         Sistema s;
         s.geral.de.Abrir("cmdLerIdioma", {u"44"});
         QCOMPARE(s.geral.Ler_Idioma(43), s.Texto(43));
@@ -79,6 +81,7 @@ private Q_SLOTS:
 
     void cada_leitura_vai_a_base()
     {
+        SO_NUM_FICHEIRO("a server is asked for all of them once");
         Sistema s;
         s.geral.Ler_Idioma(43);
         s.Escrever(u"UPDATE TblIdiomas SET PortuguesPT='mudado' WHERE ID=43"_s);
@@ -106,6 +109,7 @@ private Q_SLOTS:
 
     void sem_base_a_falha_vai_para_quem_chamou()
     {
+        SO_NUM_FICHEIRO("the texts of a server that is away are the program's");
         Sistema s(Sistema::Estado::Sem_Base);
         s.geral.IdiomaActual = u"InglesUK"_s;
         VERIFICAR_FALHA(s.geral.Ler_Idioma(43), Failure::StoreError);
@@ -113,6 +117,7 @@ private Q_SLOTS:
 
     void um_servidor_e_perguntado_por_todos_uma_so_vez()
     {
+        SO_NUM_FICHEIRO("what the server of this test stands on");
         Sistema s;
         s.Escrever(u"UPDATE TblIdiomas SET PortuguesPT='dele' WHERE ID=43"_s);
         ServidorFalso servidor(s.Base());
@@ -125,6 +130,7 @@ private Q_SLOTS:
 
     void um_texto_que_o_servidor_nao_tem_vem_do_programa()
     {
+        SO_NUM_FICHEIRO("what the server of this test stands on");
         Sistema s;
         const QString texto = s.Texto(43);
         s.Escrever(u"DELETE FROM TblIdiomas WHERE ID=43"_s);
@@ -136,6 +142,7 @@ private Q_SLOTS:
 
     void uma_celula_nula_do_servidor_falha_para_quem_chamou()
     {
+        SO_NUM_FICHEIRO("what the server of this test stands on");
         Sistema s;
         s.Escrever(u"UPDATE TblIdiomas SET PortuguesPT=NULL WHERE ID=43"_s);
         ServidorFalso servidor(s.Base());
@@ -145,6 +152,7 @@ private Q_SLOTS:
 
     void enquanto_o_servidor_esta_longe_os_textos_sao_os_do_programa_e_depois_os_dele()
     {
+        SO_NUM_FICHEIRO("what the server of this test stands on");
         Sistema s;
         const QString texto = s.Texto(43);
         s.Escrever(u"UPDATE TblIdiomas SET PortuguesPT='dele' WHERE ID=43"_s);

@@ -163,8 +163,7 @@ private Q_SLOTS:
         DoisPostos p;
         p.outro.Executar("cmdRenameGroup", {u"Orfeão"_s, p.ID});
         p.outro.Executar("cmdUpdateGrupoUser", {7, p.ID});
-        p.s.Escrever(
-            u"CREATE TRIGGER Travao BEFORE UPDATE ON TblGrupos BEGIN SELECT RAISE(ABORT, 'no'); END"_s);
+        p.s.Recusar(u"UPDATE"_s, u"TblGrupos"_s);
         int perguntas = 0;
         const auto o_meu = [&](const LinhaEditada::Disputa &) {
             ++perguntas;
@@ -172,7 +171,7 @@ private Q_SLOTS:
         };
         VERIFICAR_FALHA(p.Gravar({u"Teatro"_s, u"0"_s}, o_meu), Failure::StoreError);
         QCOMPARE(p.Na_Base(), u"Orfeão|7"_s);
-        p.s.Escrever(u"DROP TRIGGER Travao"_s);
+        p.s.Deixar_De_Recusar();
         QCOMPARE(p.Gravar({u"Teatro"_s, u"0"_s}, o_meu), Fim::Gravada);
         QCOMPARE(perguntas, 2);
         QCOMPARE(p.Na_Base(), u"Teatro|7"_s); // theirs, which nobody here has touched
@@ -183,7 +182,8 @@ private Q_SLOTS:
         DoisPostos p;
         bool entrou = false;
         p.linha.Gravar({u"Teatro"_s, u"0"_s}, {}, [&](const QStringList &valores) {
-            p.s.Ler(u"PRAGMA busy_timeout=0"_s); // somebody who does not wait
+            // Somebody who does not wait.
+            p.s.Ler(Sistema::Num_Servidor() ? u"SET lock_timeout=1"_s : u"PRAGMA busy_timeout=0"_s);
             entrou = skipFailure(
                 [&] { p.s.Escrever(u"UPDATE TblGrupos SET NomeGrupo='Tuna' WHERE ID="_s + p.ID); });
             p.s.geral.de.Executar("cmdRenameGroup", {valores[0], p.ID});

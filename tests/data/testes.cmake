@@ -24,3 +24,10 @@ foreach(teste IN ITEMS
     test_criar_bd)
     morvex_teste(data/${teste} LIGA data)
 endforeach()
+
+morvex_tambem_no_servidor(data FORA
+    test_Codificar_Email test_Codificar_Pass test_EncontroDeLinhas test_Inteiro test_Temporizadores test_Tocar_Som
+    test_ReadWriteINI # these ask no database
+    test_config_enviado test_criar_bd test_Textos test_Esquema # what is shipped
+    test_IndiceDosNomes test_PassosDoEsquema # what a file lacks until it is opened
+    test_frmSeleccionarIdioma) # a first run, which a server has not

@@ -116,7 +116,7 @@ QString Veredicto(const QString &base)
 int Contar(const QString &base, const QString &onde)
 {
     Connection ligacao;
-    ligacao.setConnectionString(u"Data Source='%1'"_s.arg(base));
+    ligacao.setDataSource(base);
     ligacao.Open();
     return ligacao.query(u"SELECT count(*) AS n FROM TblLista WHERE "_s + onde, {}).Fields("n").number();
 }
@@ -207,6 +207,7 @@ private Q_SLOTS:
 
     void o_alvo_guardado_vem_na_caixa_e_deixa_comecar()
     {
+        SO_NUM_FICHEIRO("nobody may write while it is copied");
         Sistema s;
         s.geral.ini.Escrever_Ini(u"basedados"_s, u"caminhobackup"_s, u"/copias/"_s);
         frmBackup form(s.geral, s.plataforma);
@@ -290,6 +291,7 @@ private Q_SLOTS:
 
     void uma_base_que_ja_nao_se_reabre_nao_deixa_copia_de_trabalho()
     {
+        SO_NUM_FICHEIRO("closed while it is copied");
         Copia c;
         QObject antes;
         connect(c.form.ProgressBar1, &QProgressBar::valueChanged, &antes, [&](int valor) {
@@ -303,9 +305,9 @@ private Q_SLOTS:
     void um_carregamento_que_falha_nao_deixa_o_alarme_parado()
     {
         Sistema s;
-        s.Escrever(u"DELETE FROM TblIdiomas WHERE ID = 136"_s);
+        s.Perder_Texto(136);
         QVERIFY(s.geral.temporizadores.timerTarefas.Enabled());
-        VERIFICAR_FALHA(frmBackup(s.geral, s.plataforma), Failure::NoCurrentRecord);
+        VERIFICAR_FALHA(frmBackup(s.geral, s.plataforma), Failure::InvalidUseOfNull);
         QVERIFY(s.geral.temporizadores.timerTarefas.Enabled());
     }
 
@@ -322,6 +324,7 @@ private Q_SLOTS:
 
     void se_o_alvo_for_a_propria_base_ela_sobrevive()
     {
+        SO_NUM_FICHEIRO("its path");
         Copia c;
         // The same file under the name of the copy, as a folder that tells no capitals apart would show it.
         QFile::remove(c.s.Ficheiro(u"Morvex.mdb"_s));
@@ -338,6 +341,7 @@ private Q_SLOTS:
 
     void uma_base_estragada_nao_se_copia_e_a_copia_anterior_fica()
     {
+        SO_NUM_FICHEIRO("what is in it");
         Copia c;
         Tocar(c.Alvo());
         QFile base(c.s.Base());
@@ -357,6 +361,7 @@ private Q_SLOTS:
     // The store copies such a row without a word; only the verdict on the copy tells it.
     void uma_copia_que_nao_passa_o_exame_deixa_a_copia_anterior()
     {
+        SO_NUM_FICHEIRO("what is in it");
         Copia c;
         Tocar(c.Alvo());
         c.s.Escrever(u"PRAGMA ignore_check_constraints=ON"_s);
@@ -375,6 +380,7 @@ private Q_SLOTS:
 
     void a_barra_mostra_cada_passo_no_ecra()
     {
+        SO_NUM_FICHEIRO("copied in one step");
         Copia c;
         QVERIFY(QTest::qWaitForWindowExposed(&c.form));
         Pintura pintura(*c.form.ProgressBar1);
@@ -385,6 +391,7 @@ private Q_SLOTS:
 
     void o_programa_verdadeiro_pode_ter_a_base_aberta()
     {
+        SO_NUM_FICHEIRO("who has it open");
         Copia c;
         QTemporaryDir outra_pasta;
         const QDir enviados(qEnvironmentVariable("MORVEX_ENVIADOS"));
@@ -403,7 +410,7 @@ private Q_SLOTS:
         c.Espera_Sucesso();
         Comecar(c.form, c.Pasta_Com_Barra());
         QCOMPARE(Veredicto(c.Alvo()), u"ok"_s);
-        QCOMPARE(Contar(c.Alvo(), u"1"_s), Contar(c.s.Base(), u"1"_s));
+        QCOMPARE(Contar(c.Alvo(), u"1=1"_s), Contar(c.s.Base(), u"1=1"_s));
         QVERIFY(c.Ligada());
         QCOMPARE(segundo.processo.state(), QProcess::Running);
     }
@@ -432,7 +439,7 @@ private Q_SLOTS:
         QVERIFY(segundo.processo.waitForFinished());
         QCOMPARE(segundo.processo.exitCode(), 0);
         QCOMPARE(Contar(c.s.Base(), u"Nome LIKE 'Vivo %'"_s), segundo.processo.readAll().trimmed().toInt());
-        QCOMPARE(Veredicto(c.s.Base()), u"ok"_s);
+        if (!Sistema::Num_Servidor()) QCOMPARE(Veredicto(c.s.Base()), u"ok"_s);
     }
 
     // On a server
@@ -524,6 +531,7 @@ private Q_SLOTS:
 
     void um_disco_do_programa_cheio_deixa_a_base_inteira_e_aberta()
     {
+        SO_NUM_FICHEIRO("its disk");
         Sistema s;
         const int quilobytes = static_cast<int>(QFileInfo(s.Base()).size() / 1024);
         DiscoPequeno disco(quilobytes + quilobytes / 2);
@@ -541,7 +549,7 @@ private Q_SLOTS:
         QVERIFY(QDir(copias.path()).isEmpty());
         QVERIFY(!QFile::exists(disco.Ficheiro(u"MorvexCopy.mdb"_s)));
         QCOMPARE(Veredicto(disco.Ficheiro(u"morvex.mdb"_s)), u"ok"_s);
-        QCOMPARE(Contar(disco.Ficheiro(u"morvex.mdb"_s), u"1"_s), Contar(s.Base(), u"1"_s));
+        QCOMPARE(Contar(disco.Ficheiro(u"morvex.mdb"_s), u"1=1"_s), Contar(s.Base(), u"1=1"_s));
     }
 
     void um_alvo_so_de_leitura_falha_e_tudo_volta()
@@ -564,6 +572,7 @@ private Q_SLOTS:
 
     void na_sessao_da_primeira_corrida_a_copia_faz_se()
     {
+        SO_NUM_FICHEIRO("a first run");
         Sistema s(Sistema::Estado::Vazio);
         Main janela(s.geral, s.plataforma);
         accoes::Quando_Abrir<frmSeleccionarIdioma>([](frmSeleccionarIdioma &idioma) {
@@ -578,7 +587,7 @@ private Q_SLOTS:
         Comecar(form, copias.path() + u'/');
         QVERIFY(s.caixas.Todas_Vistas());
         QCOMPARE(Veredicto(copias.filePath(u"Morvex.mdb"_s)), u"ok"_s);
-        QCOMPARE(Contar(copias.filePath(u"Morvex.mdb"_s), u"1"_s), Contar(s.Base(), u"1"_s));
+        QCOMPARE(Contar(copias.filePath(u"Morvex.mdb"_s), u"1=1"_s), Contar(s.Base(), u"1=1"_s));
     }
 
     void um_alvo_que_o_ficheiro_nao_guarda_inteiro_recusa_se_antes_da_copia()
@@ -597,12 +606,13 @@ private Q_SLOTS:
     // A letter tells each change that a backup makes to a file.
     void morto_em_qualquer_mudanca_a_base_viva_fica_inteira()
     {
+        SO_NUM_FICHEIRO("its changes on the disk");
         Sistema s;
         s.geral.de.Fechar_Ligacao();
         QTemporaryDir copias;
         const QString alvo = copias.filePath(u"Morvex.mdb"_s);
         const QString trabalho = s.Ficheiro(u"MorvexCopy.mdb"_s);
-        const int contactos = Contar(s.Base(), u"1"_s);
+        const int contactos = Contar(s.Base(), u"1=1"_s);
         const auto filho = [&](int mudanca) {
             QProcess processo;
             processo.start(QCoreApplication::applicationFilePath(),
@@ -622,9 +632,9 @@ private Q_SLOTS:
             QVERIFY2(como == QProcess::CrashExit, qPrintable(u"change %1 of %2"_s.arg(i + 1).arg(mudancas)));
             com_trabalho += QFile::exists(trabalho) ? 1 : 0;
             QCOMPARE(Veredicto(s.Base()), u"ok"_s);
-            QCOMPARE(Contar(s.Base(), u"1"_s), contactos);
+            QCOMPARE(Contar(s.Base(), u"1=1"_s), contactos);
             QCOMPARE(Veredicto(alvo), u"ok"_s); // the earlier copy or the new one, never half of one
-            QCOMPARE(Contar(alvo, u"1"_s), contactos);
+            QCOMPARE(Contar(alvo, u"1=1"_s), contactos);
         }
         qInfo("killed at %s, %d left a work file", mudancas.constData(), com_trabalho);
         QVERIFY(com_trabalho > 0);

@@ -42,9 +42,9 @@ private Q_SLOTS:
     void um_carregamento_que_falha_nao_deixa_o_alarme_parado()
     {
         ComExportar c;
-        c.s.Escrever(u"DELETE FROM TblIdiomas WHERE ID = 135"_s);
+        c.s.Perder_Texto(135);
         QVERIFY(c.s.geral.temporizadores.timerTarefas.Enabled());
-        VERIFICAR_FALHA(c.Abrir(), Failure::NoCurrentRecord);
+        VERIFICAR_FALHA(c.Abrir(), Failure::InvalidUseOfNull);
         QVERIFY(c.s.geral.temporizadores.timerTarefas.Enabled());
     }
 

@@ -361,8 +361,7 @@ private Q_SLOTS:
     void uma_recusa_da_base_termina_o_processo_e_o_que_vem_antes_fica()
     {
         Programa p;
-        p.s.Escrever(u"CREATE TRIGGER recusa BEFORE INSERT ON TblLista WHEN NEW.Nome='Com resto' "
-                     "BEGIN SELECT RAISE(ABORT, 'refused'); END"_s);
+        p.s.Recusar(u"INSERT"_s, u"TblLista"_s, u"NEW.Nome='Com resto'"_s);
         p.s.Escrever(u"DELETE FROM TblGrupos WHERE ID<>1"_s);
         const QByteArray vazio("\xA5\xA6\xB6\xE6\xDE\xA2\xA7\xC6\xBF\xA1\xFF\xB1\xDF\xF8\xB5");
         p.s.caixas.Espera_Erro(Failure::StoreError);

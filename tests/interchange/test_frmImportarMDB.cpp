@@ -180,14 +180,14 @@ struct BasePropria {
             "FontSize, FontBold, FontItalic, CorFundo, Utilizador) SELECT 'Memo ' || i, 'd', 1, 2, 3, "
             "4, 'Tahoma', 8, 0, 0, 65535, %1 FROM n"_s.arg(rui));
     }
-    Sistema base;
+    Sistema base{Sistema::Estado::Semeado, u"PortuguesPT"_s, Sistema::Onde::Num_Ficheiro};
 };
 
 // What stands in the way of a merge while one lives.
 using Obstaculo = std::shared_ptr<void>;
 struct Trancada {
-    explicit Trancada(Sistema &s) : s_(s) { s_.Escrever(u"BEGIN EXCLUSIVE"_s); }
-    ~Trancada() { s_.Escrever(u"ROLLBACK"_s); }
+    explicit Trancada(Sistema &s) : s_(s) { s_.Trancar(); }
+    ~Trancada() { s_.Destrancar(); }
     Trancada(const Trancada &) = delete;
     Trancada &operator=(const Trancada &) = delete;
     Sistema &s_;
@@ -518,8 +518,8 @@ private Q_SLOTS:
         Programa p;
         p.s.Novo_Contacto({{u"Nome"_s, u"cá"_s}}); // so that no number is the old one
         p.Fundir(antiga.Caminho(), {});
-        QCOMPARE(p.s.Linhas(u"SELECT Nome, UID, hex(cartao) FROM TblLista LEFT JOIN TblCartoes ON "
-                            "IDContacto=ID WHERE Nome<>'cá' ORDER BY Nome"_s),
+        QCOMPARE(p.s.Linhas(u"SELECT Nome, UID, %1 FROM TblLista LEFT JOIN TblCartoes ON "
+                            "IDContacto=ID WHERE Nome<>'cá' ORDER BY Nome"_s.arg(p.s.Hex(u"cartao"_s))),
                  (QStringList{u"Ana|Ana|424547494E00416E61"_s, u"Eva|Eva|424547494E00457661"_s,
                               u"Rui|<Null>|"_s}));
         QCOMPARE(FotografiasDaBase(p.s.geral.de).Ler(nome), Bytes_De_Imagem({20, 20}));
@@ -794,7 +794,7 @@ private Q_SLOTS:
         BasePropria antiga;
         antiga.Encher(3, 10);
         Programa p;
-        p.s.Escrever(u"CREATE TRIGGER Recusa BEFORE INSERT ON TblUsers BEGIN SELECT RAISE(ABORT, 'no'); END"_s);
+        p.s.Recusar(u"INSERT"_s, u"TblUsers"_s);
         const auto definicoes = [&] {
             QFile ficheiro(p.s.Ficheiro(u"config.ini"_s));
             return ficheiro.open(QIODevice::ReadOnly) ? ficheiro.readAll() : QByteArray();
@@ -1034,9 +1034,9 @@ private Q_SLOTS:
     void um_carregamento_que_falha_nao_deixa_o_alarme_parado()
     {
         Programa p;
-        p.s.Escrever(u"DELETE FROM TblIdiomas WHERE ID = 43"_s);
+        p.s.Perder_Texto(43);
         QVERIFY(p.s.geral.temporizadores.timerTarefas.Enabled());
-        VERIFICAR_FALHA(p.main.Importar->trigger(), Failure::NoCurrentRecord);
+        VERIFICAR_FALHA(p.main.Importar->trigger(), Failure::InvalidUseOfNull);
         QVERIFY(p.s.geral.temporizadores.timerTarefas.Enabled());
     }
 

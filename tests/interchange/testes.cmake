@@ -9,3 +9,7 @@ add_dependencies(test_frmBackup morvex) # which it starts
 morvex_teste(interchange/test_frmExportar LIGA session)
 morvex_teste(interchange/test_exportacao LIGA session)
 set_tests_properties(interchange/test_exportacao PROPERTIES TIMEOUT 900) # an office suite reads 32,767 contacts
+
+morvex_tambem_no_servidor(interchange FORA
+    test_RegistoMorvex # asks no database
+    test_exportacao) # long, and about the reports, whose data report/test_ReportData compares

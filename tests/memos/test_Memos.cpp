@@ -25,8 +25,7 @@ QList<frmMemo *> Notas()
 int Largura_Do_Texto(const QToolButton &botao) { return botao.fontMetrics().horizontalAdvance(botao.text()); }
 
 // From here on the database takes no new note, as on a full disk.
-const auto travao =
-    u"CREATE TRIGGER Travao BEFORE INSERT ON TblMemos BEGIN SELECT RAISE(ABORT, 'full'); END"_s;
+void Travar(Sistema &s) { s.Recusar(u"INSERT"_s, u"TblMemos"_s); }
 
 // A desktop without notes, and the main window's form with the three entries that make one.
 struct Secretaria {
@@ -290,7 +289,7 @@ private Q_SLOTS:
     void uma_nota_que_a_base_recusa_diz_que_nao_esta_guardada_e_guarda_se_depois()
     {
         Secretaria d;
-        d.s.Escrever(travao);
+        Travar(d.s);
         frmMemo &nota = d.Nova(u"Compras"_s); // no box comes
         QVERIFY(nota.txtId->text().isEmpty());
         QVERIFY(nota.cmdPorGuardar->isVisible());
@@ -301,7 +300,7 @@ private Q_SLOTS:
         QVERIFY(!nota.cmdPorGuardar->geometry().intersects(nota.cmdFonte->geometry()));
         QTest::keyClicks(nota.txtMemo, u"leite"_s); // nor at a key
 
-        d.s.Escrever(u"DROP TRIGGER Travao"_s);
+        d.s.Deixar_De_Recusar();
         nota.cmdPorGuardar->click();
         QVERIFY(!nota.cmdPorGuardar->isVisible());
         QVERIFY(!nota.cmdGuardar->isVisible());
@@ -311,7 +310,7 @@ private Q_SLOTS:
     void uma_nota_sem_linha_fecha_se_como_as_outras()
     {
         Secretaria d;
-        d.s.Escrever(travao);
+        Travar(d.s);
         frmMemo &nota = d.Nova(u"Compras"_s);
         d.s.caixas.Espera(d.s.Texto(111), 36, u"Morvex - Memo"_s, answer::no);
         QTest::mouseClick(nota.cmdFechar, Qt::LeftButton);
@@ -333,7 +332,7 @@ private Q_SLOTS:
         QFETCH(QString, idioma);
         Secretaria d;
         d.s.geral.IdiomaActual = idioma;
-        d.s.Escrever(travao);
+        Travar(d.s);
         const frmMemo &nota = d.Nova(u"Compras"_s);
         QVERIFY(nota.cmdPorGuardar->isVisible());
         QVERIFY(nota.cmdPorGuardar->width() > Largura_Do_Texto(*nota.cmdPorGuardar));

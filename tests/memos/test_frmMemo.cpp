@@ -587,12 +587,11 @@ private Q_SLOTS:
     {
         UmaNota u;
         QVERIFY(!u.nota->cmdPorGuardar->isVisible());
-        u.s.Escrever(
-            u"CREATE TRIGGER Travao BEFORE UPDATE ON TblMemos BEGIN SELECT RAISE(ABORT, 'full'); END"_s);
+        u.s.Recusar(u"UPDATE"_s, u"TblMemos"_s);
         Arrastar(*u.nota->lblTitle, {40, 60});
         QVERIFY(u.nota->cmdPorGuardar->isVisible());
         QVERIFY(u.nota->cmdGuardar->isVisible());
-        u.s.Escrever(u"DROP TRIGGER Travao"_s);
+        u.s.Deixar_De_Recusar();
         Arrastar(*u.nota->LabelHV, {10, 10});
         QVERIFY(!u.nota->cmdPorGuardar->isVisible());
         QVERIFY(!u.nota->cmdGuardar->isVisible());
@@ -600,6 +599,7 @@ private Q_SLOTS:
 
     void uma_nota_que_nao_soube_o_seu_numero_nao_se_grava_outra_vez()
     {
+        SO_NUM_FICHEIRO("a view in the place of its table");
         UmaNotaSemNumero u;
         QVERIFY(u.nota->cmdPorGuardar->isVisible());
         Arrastar(*u.nota->lblTitle, {40, 60});
@@ -611,6 +611,7 @@ private Q_SLOTS:
     }
     void fechar_uma_nota_que_nao_soube_o_seu_numero_apaga_a_sua_linha()
     {
+        SO_NUM_FICHEIRO("a view in the place of its table");
         UmaNotaSemNumero u;
         Voltar_A_Listar(u.s);
         u.s.caixas.Espera(u.s.Texto(111), 36, u"Morvex - Memo"_s, answer::yes);
@@ -619,6 +620,7 @@ private Q_SLOTS:
     }
     void o_numero_que_se_pergunta_mais_tarde_nao_e_o_de_outra_nota()
     {
+        SO_NUM_FICHEIRO("a view in the place of its table");
         UmaNotaSemNumero u;
         Voltar_A_Listar(u.s);
         frmMemo outra(u.s.geral, u.s.plataforma);
@@ -628,6 +630,7 @@ private Q_SLOTS:
     }
     void uma_linha_que_ja_nao_ha_grava_se_de_novo()
     {
+        SO_NUM_FICHEIRO("a view in the place of its table");
         UmaNotaSemNumero u;
         Voltar_A_Listar(u.s);
         u.s.Escrever(u"DELETE FROM TblMemos"_s);

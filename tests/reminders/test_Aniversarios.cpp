@@ -119,9 +119,9 @@ private Q_SLOTS:
         QFETCH(bool, ao_iniciar);
         ComAniversarios c;
         c.Contacto(u"Ana"_s, u"11"_s);
-        c.s.Escrever(u"DELETE FROM TblIdiomas WHERE ID = 176"_s);
+        c.s.Perder_Texto(176);
         if (ao_iniciar)
-            VERIFICAR_FALHA(c.aniversarios->Mostrar_Ao_Iniciar(), Failure::NoCurrentRecord);
+            VERIFICAR_FALHA(c.aniversarios->Mostrar_Ao_Iniciar(), Failure::InvalidUseOfNull);
         else
             c.Tique();
         QVERIFY(c.Lista() == nullptr);

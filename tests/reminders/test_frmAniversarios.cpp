@@ -261,8 +261,8 @@ private Q_SLOTS:
     void um_carregamento_que_falha_nao_deixa_o_alarme_parado()
     {
         ComLista c;
-        c.s.Escrever(u"DELETE FROM TblIdiomas WHERE ID = 135"_s);
-        VERIFICAR_FALHA(c.Abrir(), Failure::NoCurrentRecord);
+        c.s.Perder_Texto(135);
+        VERIFICAR_FALHA(c.Abrir(), Failure::InvalidUseOfNull);
         QVERIFY(c.Temporizadores_Ligados());
     }
 

@@ -95,7 +95,7 @@ private Q_SLOTS:
     void sem_o_texto_fica_o_do_desenho_e_sobe_na_mesma()
     {
         Com_Popup c;
-        c.s.Escrever(u"DELETE FROM TblIdiomas WHERE ID=172"_s);
+        c.s.Perder_Texto(172);
         const frmPopup popup(c.s.geral, c.s.plataforma, c.janela, c.relatorio);
         QCOMPARE(popup.lblMensagem->text(), u"Existem novas tarefas !"_s);
         QVERIFY(popup.TimerUp.Enabled());

@@ -13,3 +13,7 @@ foreach(teste IN ITEMS
 endforeach()
 morvex_teste(reminders/test_Lembretes LIGA session)
 morvex_teste(reminders/test_frmTarefas LIGA reminders report)
+
+morvex_tambem_no_servidor(reminders FORA
+    test_Repeticao # asks no database
+    test_UmAno) # a year of lives and deaths of the program over one file

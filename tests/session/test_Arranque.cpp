@@ -218,6 +218,7 @@ private Q_SLOTS:
 
     void sem_caminhobd_aparece_a_escolha_da_lingua_e_ela_vale_logo()
     {
+        SO_NUM_FICHEIRO("a first run");
         PorArrancar p(Sistema::Estado::Vazio);
         bool parados = false;
         accoes::Quando_Abrir<frmSeleccionarIdioma>([&](frmSeleccionarIdioma &form) {
@@ -240,6 +241,7 @@ private Q_SLOTS:
 
     void fechar_a_escolha_da_lingua_deixa_as_legendas_em_branco()
     {
+        SO_NUM_FICHEIRO("a first run");
         PorArrancar p(Sistema::Estado::Vazio);
         accoes::Quando_Abrir<frmSeleccionarIdioma>([](frmSeleccionarIdioma &form) { form.close(); });
         p.Passo("Escolher_Idioma");
@@ -252,6 +254,7 @@ private Q_SLOTS:
 
     void sem_lingua_escolhida_as_opcoes_acabam_na_mesma_a_primeira_corrida()
     {
+        SO_NUM_FICHEIRO("a first run");
         PorArrancar p(Sistema::Estado::Vazio);
         bool cancelar_activo = true;
         QString legenda = u"?"_s;
@@ -386,6 +389,7 @@ private Q_SLOTS:
 
     void com_a_base_noutro_lugar_o_ficheiro_escolhido_serve_e_fica_guardado()
     {
+        SO_NUM_FICHEIRO("it was moved");
         Mudada m;
         m.Espera_Oferta(answer::yes);
         m.s.dialogos.textos << m.Onde();
@@ -407,6 +411,7 @@ private Q_SLOTS:
 
     void com_a_base_noutro_lugar_quem_tem_senha_entra()
     {
+        SO_NUM_FICHEIRO("it was moved");
         Mudada m(true);
         m.Espera_Oferta(answer::yes);
         m.s.dialogos.textos << m.Onde();
@@ -419,6 +424,7 @@ private Q_SLOTS:
     // A change of mind, a file that is no database, and one whose path would be cut short.
     void o_que_nao_serve_nao_se_guarda_e_pergunta_se_outra_vez()
     {
+        SO_NUM_FICHEIRO("it was moved");
         Mudada m;
         const QString texto = m.s.Ficheiro(u"leiame.txt"_s);
         const QString longo = u'/' + QString(254, u'x');
@@ -440,6 +446,7 @@ private Q_SLOTS:
 
     void a_base_de_outro_programa_nao_fica_aberta_e_a_certa_ainda_serve()
     {
+        SO_NUM_FICHEIRO("it was moved");
         Mudada m;
         const QString alheia = m.s.Ficheiro(u"alheia.mdb"_s);
         QVERIFY(QFile::copy(m.Onde(), alheia));
@@ -461,6 +468,7 @@ private Q_SLOTS:
 
     void recusada_a_oferta_vem_o_login_e_o_caminho_fica()
     {
+        SO_NUM_FICHEIRO("it was moved");
         Mudada m;
         bool login = false;
         m.Espera_Oferta(answer::no);
@@ -483,6 +491,7 @@ private Q_SLOTS:
     }
     void com_a_base_desaparecida_o_login_aparece_e_a_sua_confirmacao_termina_o_processo()
     {
+        SO_NUM_FICHEIRO("it is gone");
         QFETCH(QByteArray, bytes);
         PorArrancar p(Sistema::Estado::Sem_Base);
         QFile base(p.s.Base());
@@ -505,6 +514,7 @@ private Q_SLOTS:
 
     void a_base_de_um_programa_mais_recente_e_recusada_logo_no_arranque()
     {
+        SO_NUM_FICHEIRO("its steps");
         PorArrancar p;
         p.s.geral.de.Fechar_Ligacao();
         p.s.Escrever(u"PRAGMA user_version=32000"_s);
@@ -518,6 +528,7 @@ private Q_SLOTS:
 
     void uma_base_antiga_arranca_e_a_janela_tem_as_legendas_novas()
     {
+        SO_NUM_FICHEIRO("its steps");
         PorArrancar p;
         p.s.geral.de.Fechar_Ligacao();
         Envelhecer(p.s);
@@ -655,7 +666,7 @@ private Q_SLOTS:
     {
         PorArrancar p;
         const int id = p.s.Novo_Contacto({{u"Nome"_s, u"Rui"_s}, {u"Grupo"_s, 1}});
-        p.s.Escrever(u"DELETE FROM TblIdiomas WHERE ID=48"_s);
+        p.s.Perder_Texto(48);
         p.janela.Carregar();
         QCOMPARE(p.janela.ComboGrupos->ListCount(), 6);
         QCOMPARE(p.janela.ComboGrupos->currentText(), u"Amigos"_s);
@@ -678,7 +689,7 @@ private Q_SLOTS:
         PorArrancar p;
         p.Escrever_Ini({{"messenger", "activo", "1"}});
         p.s.Escrever(u"UPDATE TblLista SET Email1='ana@a.example' WHERE ID=1"_s);
-        p.s.Escrever(u"DELETE FROM TblIdiomas WHERE ID=242"_s);
+        p.s.Perder_Texto(242);
         p.s.mensageiro.contactos = {{u"ana@a.example"_s, 10}};
         p.janela.Carregar();
         QVERIFY(frmLoading_A_Vista() == nullptr);

@@ -163,8 +163,7 @@ private Q_SLOTS:
     void a_base_que_recusa_a_nota_nao_prende_o_processo()
     {
         Programa p;
-        p.s.Escrever(
-            u"CREATE TRIGGER Travao BEFORE UPDATE ON TblMemos BEGIN SELECT RAISE(ABORT, 'full'); END"_s);
+        p.s.Recusar(u"UPDATE"_s, u"TblMemos"_s);
         Programa::Nota_Aberta()->txtMemo->setPlainText(u"pão e leite"_s);
         p.fim.Acabar();
         QVERIFY(p.s.processo.Terminou());

@@ -286,8 +286,7 @@ private Q_SLOTS:
         Sistema s;
         const int id = Um_So(s);
         posses::Nova_Conta(s, id);
-        s.Escrever(
-            u"CREATE TRIGGER Travao BEFORE DELETE ON TblEmails BEGIN SELECT RAISE(ABORT, 'no'); END"_s);
+        s.Recusar(u"DELETE"_s, u"TblEmails"_s);
         QWidget janela;
         frmDeleteUser form(s.geral, s.plataforma, janela);
         form.show();

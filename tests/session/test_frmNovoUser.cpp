@@ -249,7 +249,7 @@ private Q_SLOTS:
     {
         Sistema s;
         posses::Dar_Um_De_Cada(s, 0);
-        s.Escrever(u"CREATE TRIGGER Travao BEFORE UPDATE ON TblMemos BEGIN SELECT RAISE(ABORT, 'no'); END"_s);
+        s.Recusar(u"UPDATE"_s, u"TblMemos"_s);
         frmNovoUser form(s.geral, s.plataforma);
         form.show();
         s.caixas.Espera_Erro(Failure::StoreError);

@@ -62,12 +62,7 @@ struct Cenario {
     void Esvaziar_Ini() const { QFile::remove(s.Ficheiro(u"config.ini"_s)); }
 
     // From then on no write to that column succeeds.
-    void Trancar(const QString &coluna)
-    {
-        s.Escrever(
-            u"CREATE TRIGGER trancado BEFORE UPDATE OF %1 ON TblConfig BEGIN SELECT RAISE(ABORT, 'x'); END"_s
-                .arg(coluna));
-    }
+    void Trancar(const QString &coluna) { s.Recusar(u"UPDATE OF "_s + coluna, u"TblConfig"_s); }
 
     int Nova_Conta(const QString &email, const QString &servidor = u"pop.example"_s)
     {
@@ -976,6 +971,7 @@ private Q_SLOTS:
 
     void a_primeira_corrida_passa_pelo_idioma_pelas_opcoes_e_chega_a_janela()
     {
+        SO_NUM_FICHEIRO("a first run");
         Sistema s(Sistema::Estado::Vazio);
         Main janela(s.geral, s.plataforma);
         bool cancelar_activo = true;

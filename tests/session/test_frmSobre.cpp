@@ -37,7 +37,7 @@ private Q_SLOTS:
         frmSobre form(s.geral, nullptr);
         form.show();
         QVERIFY(QTest::qWaitForWindowActive(&form));
-        const QString sqlite = s.Linhas(u"SELECT sqlite_version()"_s).value(0);
+        const QString sqlite = Connection::storeVersion();
         const QString texto = form.txtPormenores->toPlainText();
         // The box gives a no-break space back as a common one.
         QVERIFY(texto.startsWith(u"Dossier des données :\n"_s + s.geral.Pasta + u'\n'));
@@ -91,11 +91,11 @@ private Q_SLOTS:
         Sistema s;
         Main janela(s.geral, s.plataforma);
         janela.show();
-        s.Escrever(u"DELETE FROM TblIdiomas WHERE ID=135"_s);
+        s.Perder_Texto(135);
         QShortcut atalho(Qt::Key_F12, &janela);
         connect(&atalho, &QShortcut::activated, janela.Sobre, &QAction::trigger);
         QVERIFY(QTest::qWaitForWindowActive(&janela));
-        s.caixas.Espera_Erro(Failure::NoCurrentRecord);
+        s.caixas.Espera_Erro(Failure::InvalidUseOfNull);
         QTest::keyClick(&janela, Qt::Key_F12); // a form that came would wait here for ever
         QVERIFY(s.caixas.Todas_Vistas());
         QVERIFY(janela.isEnabled());

@@ -39,6 +39,14 @@ morvex_teste(session/test_linha_de_comandos LIGA session)
 target_compile_definitions(test_linha_de_comandos PRIVATE MORVEX_VERSION="${PROJECT_VERSION}")
 add_dependencies(test_linha_de_comandos morvex)
 
+morvex_tambem_no_servidor(session FORA
+    test_autorun test_frmLoading test_linha_de_comandos # these ask no database
+    test_Contraste test_DisposicaoDaJanela test_LegendasDosFormularios test_LetrasDoAmbiente test_NomesAcessiveis
+    test_Ajuda test_PaginasDoManual # long, and about how all the forms look
+    test_BaseDesaparecida # a file that is gone
+    test_AvisosDosPostos test_EnderecoNasOpcoes test_OQueOsPostosPartilham test_PedidosAoServidor test_SemServidor
+    test_ServidorAusente) # have a server of their own making
+
 # No test: pictures of every form, which scripts/vistas asks for.
 add_executable(vistas EXCLUDE_FROM_ALL session/vistas.cpp)
 target_link_libraries(vistas PRIVATE session morvex_testlib Qt6::Test morvex_opcoes)

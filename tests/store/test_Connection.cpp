@@ -444,6 +444,49 @@ private Q_SLOTS:
         QCOMPARE(nomes, (QStringList{u"Álvaro"_s, u"ANDRÉ"_s, u"Zita"_s}));
     }
 
+    void uma_copia_em_memoria_de_um_ficheiro_estragado_nao_abre()
+    {
+        Criar_Tabela();
+        connection_.execute(u"CREATE TABLE Errada (Valor INTEGER CHECK (Valor > 0))"_s, {});
+        connection_.query(u"PRAGMA ignore_check_constraints=ON"_s, {});
+        connection_.execute(u"INSERT INTO Errada (Valor) VALUES (-1)"_s, {});
+        Connection copia;
+        copia.setConnectionString(Fonte(path_));
+        VERIFICAR_FALHA(copia.OpenCopyInMemory(), Failure::StoreError);
+        QVERIFY(!copia.isOpen());
+    }
+
+    void uma_base_em_memoria_nao_passa_do_tamanho_que_lhe_deram()
+    {
+        Connection memoria;
+        memoria.OpenInMemory(100000);
+        memoria.execute(u"CREATE TABLE T (B BLOB)"_s, {});
+        memoria.execute(u"INSERT INTO T VALUES (?)"_s, {QByteArray(50000, 'x')});
+        VERIFICAR_FALHA(memoria.execute(u"INSERT INTO T VALUES (?)"_s, {QByteArray(50000, 'x')}),
+                        Failure::StoreError);
+    }
+
+    void uma_vista_e_uma_tabela_de_outrem_sao_estranhas_em_qualquer_caixa()
+    {
+        Criar_Tabela();
+        connection_.execute(u"CREATE VIEW V AS SELECT 1 AS ID"_s, {});
+        QVERIFY(!connection_.anyForeign({u"T"_s, u"nenhuma"_s}));
+        QVERIFY(connection_.anyForeign({u"T"_s, u"v"_s}));
+        connection_.execute(u"CREATE VIRTUAL TABLE F USING fts5(a)"_s, {});
+        QVERIFY(connection_.anyForeign({u"f"_s}));
+        QVERIFY(!connection_.anyForeign({}));
+    }
+
+    void um_ficheiro_de_base_conhece_se_pelo_principio()
+    {
+        Criar_Tabela();
+        QFile ficheiro(path_);
+        QVERIFY(ficheiro.open(QIODevice::ReadOnly));
+        QVERIFY(Connection::beginsLikeOne(ficheiro.read(32)));
+        QVERIFY(!Connection::beginsLikeOne("SQLite format 2"));
+        QVERIFY(!Connection::beginsLikeOne({}));
+    }
+
     void as_linhas_que_passam_trazem_o_que_cada_celula_guarda()
     {
         Criar_Tabela();

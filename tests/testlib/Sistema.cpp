@@ -1,6 +1,7 @@
 #include "testlib/Sistema.h"
 
 #include "data/Codificar_Pass.h"
+#include "data/Esquema.h"
 #include "data/Sementes.h"
 #include "testlib/Teste.h"
 
@@ -11,57 +12,145 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-void Copiar_Enviados(const QString &destino)
+// Where the data lie on a server there is no file that anybody could open by mistake.
+void Copiar_Enviados(const QString &destino, bool com_base)
 {
     const QDir enviados(qEnvironmentVariable("MORVEX_ENVIADOS"));
-    for (const QString &nome :
-         enviados.entryList({u"*.jpg"_s, u"*.mdb"_s, u"*.ini"_s, u"*.txt"_s, u"*.wav"_s}))
+    QStringList quais{u"*.jpg"_s, u"*.ini"_s, u"*.txt"_s, u"*.wav"_s};
+    if (com_base) quais << u"*.mdb"_s;
+    for (const QString &nome : enviados.entryList(quais))
         QFile::copy(enviados.filePath(nome), destino + u'/' + nome);
 }
 } // namespace
 
-Sistema::Sistema(Estado estado, const QString &idioma) : geral(pasta_.path())
+Sistema::Sistema(Estado estado, const QString &idioma, Onde onde) : geral(pasta_.path())
 {
     teste::caixas_actuais = &caixas;
-    Copiar_Enviados(Pasta());
-    ligacao_.setConnectionString(u"Data Source='%1'"_s.arg(Base()));
+    const bool no_servidor = Num_Servidor() && onde == Onde::Onde_Se_Pede;
+    Copiar_Enviados(Pasta(), !no_servidor);
+    if (no_servidor)
+        Tomar_Do_Servidor(estado, idioma);
+    else
+        ligacao_.setConnectionString(u"Data Source='%1'"_s.arg(Base()));
     if (estado == Estado::Semeado) {
-        Sementes sementes = sementes::PT();
-        sementes.Idioma = idioma;
-        sementes::Semear(geral.de, sementes);
+        if (!no_servidor) Semear(idioma);
         geral.IdiomaActual = idioma;
         for (bool *direito :
              {&geral.SessaoActual.Adicionar, &geral.SessaoActual.Editar, &geral.SessaoActual.Eliminar,
               &geral.SessaoActual.Grupos, &geral.SessaoActual.Utilizadores})
             *direito = true; // as the start gives them where there are no users
     }
+    sem_base_ = estado == Estado::Sem_Base;
+    if (no_servidor) geral.CaminhoBD = Base();
     if (estado != Estado::Vazio) geral.ini.Escrever_Ini(u"basedados"_s, u"caminhobd"_s, Base());
-    if (estado == Estado::Sem_Base) QFile::remove(Base());
+    if (sem_base_ && !no_servidor) QFile::remove(Base());
 }
 
-Sistema::~Sistema() { teste::caixas_actuais = nullptr; }
-
-Recordset Sistema::Ler(const QString &sql)
+Sistema::~Sistema()
 {
-    if (!ligacao_.isOpen()) ligacao_.Open();
-    return ligacao_.query(sql, {});
+    if (no_servidor_ != nullptr) no_servidor_->Largar();
+    teste::caixas_actuais = nullptr;
 }
 
-void Sistema::Escrever(const QString &sql)
+bool Sistema::Num_Servidor() { return BaseDoPrograma::Pedida(); }
+
+void Sistema::Semear(const QString &idioma)
 {
-    if (!ligacao_.isOpen()) ligacao_.Open();
-    ligacao_.execute(sql, {});
+    Sementes sementes = sementes::PT();
+    sementes.Idioma = idioma;
+    sementes::Semear(geral.de, sementes);
 }
+
+// The rows of a first run are there already.
+void Sistema::Tomar_Do_Servidor(Estado estado, const QString &idioma)
+{
+    const bool semeada = estado == Estado::Semeado;
+    no_servidor_ = &BaseDoPrograma::Tomar(semeada ? BaseDoPrograma::Linhas::Semeadas : BaseDoPrograma::Linhas::Vazias);
+    if (semeada && idioma != u"PortuguesPT"_s) Escrever(u"UPDATE TblConfig SET Idioma='%1'"_s.arg(idioma));
+}
+
+QString Sistema::Base() const
+{
+    if (no_servidor_ == nullptr) return Ficheiro(u"morvex.mdb"_s);
+    return sem_base_ ? no_servidor_->De_Nenhuma() : no_servidor_->Do_Posto();
+}
+
+Connection &Sistema::Ligacao()
+{
+    if (no_servidor_ != nullptr) return no_servidor_->Da_Dona();
+    if (!ligacao_.isOpen()) ligacao_.Open();
+    return ligacao_;
+}
+
+Recordset Sistema::Ler(const QString &sql) { return Ligacao().query(sql, {}); }
+
+void Sistema::Escrever(const QString &sql) { Ligacao().execute(sql, {}); }
 
 QStringList Sistema::Linhas(const QString &sql)
 {
-    // One text a row is built by the database: names of columns don't matter then.
-    Recordset rs = Ler(sql);
+    const bool de_todas = no_servidor_ != nullptr && sql.contains(u'*') && !sql.contains("TblConfig"_L1);
     QStringList linhas;
-    for (; !rs.Eof(); rs.MoveNext())
-        linhas << rs.Row().join(u'|');
+    Ligacao().rows(sql, {}, [&](const Row &linha) {
+        QStringList campos;
+        for (int i = 0; i < linha.columns(); ++i) {
+            if (de_todas && qstrcmp(linha.name(i), "versao") == 0) continue;
+            const Field campo = linha.field(i);
+            campos << (campo.isNull() ? u"<Null>"_s : campo.text());
+        }
+        linhas << campos.join(u'|');
+    });
     return linhas;
 }
+
+QString Sistema::Bytes(const QByteArray &bytes) const
+{
+    const QString digitos = QString::fromLatin1(bytes.toHex());
+    return (no_servidor_ == nullptr ? u"x'%1'"_s : u"'\\x%1'::bytea"_s).arg(digitos);
+}
+
+QString Sistema::Hex(const QString &coluna) const
+{
+    return (no_servidor_ == nullptr ? u"hex(%1)"_s : u"coalesce(upper(encode(%1, 'hex')), '')"_s).arg(coluna);
+}
+
+// One that a server lacks comes from the program, which forgets what it has read with the language alone.
+void Sistema::Perder_Texto(int id)
+{
+    for (const QString &lingua : {u"PortuguesPT"_s, u"PortuguesBR"_s, u"InglesUK"_s, u"EspanholES"_s, u"ItalianoIT"_s,
+                                  u"FrancesFR"_s, u"AlemaoDE"_s})
+        Escrever(u"UPDATE TblIdiomas SET %1=NULL WHERE ID=%2"_s.arg(lingua).arg(id));
+    if (no_servidor_ == nullptr) return;
+    const QString actual = geral.IdiomaActual;
+    geral.IdiomaActual = actual == u"InglesUK"_s ? u"PortuguesPT"_s : u"InglesUK"_s;
+    geral.Ler_Todo_O_Idioma();
+    geral.IdiomaActual = actual;
+}
+
+void Sistema::Recusar(const QString &escrita, const QString &tabela, const QString &onde)
+{
+    const QString sempre = u"CREATE TRIGGER Travao BEFORE %1 ON %2 FOR EACH ROW "_s.arg(escrita, tabela) +
+                           (onde.isEmpty() ? QString() : u"WHEN (%1) "_s.arg(onde));
+    Escrever(sempre + (no_servidor_ == nullptr ? u"BEGIN SELECT RAISE(ABORT, 'no'); END"_s
+                                               : u"EXECUTE FUNCTION ensaio.recusar()"_s));
+    recusa_ = tabela;
+}
+
+void Sistema::Deixar_De_Recusar()
+{
+    Escrever(u"DROP TRIGGER Travao"_s + (no_servidor_ == nullptr ? QString() : u" ON "_s + recusa_));
+}
+
+void Sistema::Trancar()
+{
+    if (no_servidor_ == nullptr) return Escrever(u"BEGIN EXCLUSIVE"_s);
+    QStringList tabelas;
+    for (const Tabela &tabela : esquema::Tabelas())
+        tabelas << esquema::Texto(tabela.nome);
+    Escrever(u"BEGIN"_s);
+    Escrever(u"LOCK TABLE %1 IN ACCESS EXCLUSIVE MODE"_s.arg(tabelas.join(u", "_s)));
+}
+
+void Sistema::Destrancar() { Escrever(u"ROLLBACK"_s); }
 
 QString Sistema::Texto(int id)
 {

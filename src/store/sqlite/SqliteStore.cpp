@@ -18,6 +18,8 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+constexpr qint64 pageSize = 4096; // bytes
+
 void copyAll(SQLite::Database &target, SQLite::Database &source)
 {
     const int result = SQLite::Backup(target, source).executeStep();
@@ -85,12 +87,40 @@ std::unique_ptr<SqliteStore> SqliteStore::inMemory()
     });
 }
 
+std::unique_ptr<SqliteStore> SqliteStore::inMemory(qint64 mostBytes)
+{
+    auto store = inMemory();
+    store->query(u"PRAGMA max_page_count=%1"_s.arg(mostBytes / pageSize), {});
+    return store;
+}
+
 std::unique_ptr<SqliteStore> SqliteStore::copyInMemory(const QString &path)
 {
     requireFile(path);
     auto copy = inMemory();
     copy->copyFrom(path);
+    copy->requireReadable(path);
     return copy;
+}
+
+bool SqliteStore::beginsLikeOne(const QByteArray &start)
+{
+    return start.startsWith(QByteArray("SQLite format 3\0", 16));
+}
+
+// Without looking whether its indexes agree with its rows.
+void SqliteStore::requireReadable(const QString &source)
+{
+    const QString verdict = query(u"PRAGMA quick_check(1)"_s, {}).Fields("quick_check").text();
+    if (verdict != "ok"_L1)
+        raising::failure(u"The database is damaged: %1"_s.arg(verdict), source);
+}
+
+bool SqliteStore::anyForeign(const QStringList &tables)
+{
+    const QString sql = u"SELECT name FROM sqlite_master WHERE name COLLATE NOCASE IN (%1) AND "
+                        "(type<>'table' OR rootpage=0)"_s.arg(QStringList(tables.size(), u"?"_s).join(u','));
+    return query(sql, Values(tables.begin(), tables.end())).RecordCount() > 0;
 }
 
 void SqliteStore::copyFrom(const QString &path)

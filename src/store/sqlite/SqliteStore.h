@@ -19,8 +19,11 @@ public:
     // For looking only: nothing is ever written to the file.
     static std::unique_ptr<SqliteStore> openReadOnly(const QString &path);
     static std::unique_ptr<SqliteStore> inMemory();
-    // What the file holds at this moment. It is let go at once, untouched.
+    // One that grows to about so many bytes at most.
+    static std::unique_ptr<SqliteStore> inMemory(qint64 mostBytes);
+    // What the file holds at this moment, if it is sound. It is let go at once, untouched.
     static std::unique_ptr<SqliteStore> copyInMemory(const QString &path);
+    static bool beginsLikeOne(const QByteArray &start);
 
     // Looks at all of it. Raises Failure where anything is damaged.
     void requireSound();
@@ -45,6 +48,7 @@ public:
     qint64 highestId(const QString &table) override;
     void giveAgainBehind(const QString &table, qint64 last) override;
     QStringList columns(const QString &table) override;
+    bool anyForeign(const QStringList &tables) override;
     int schemaNumber() override;
     void copyTo(const FileCopy &copy) override;
     const Dialect &dialect() const override;
@@ -60,6 +64,7 @@ private:
     SqliteStore(const QString &path, int flags);
     static std::unique_ptr<SqliteStore> openExisting(const QString &path, int flags);
     void copyFrom(const QString &path);
+    void requireReadable(const QString &source);
 
     Statement &statement(const QString &sql);
     bool step(Statement &statement);
