@@ -1,6 +1,7 @@
 // Measures what a desk waits for over a slow network: the round trips of each action and its time, with
-// encryption and a password. Starts a server of its own. Usage: bench_servidor [MILLISECONDS [CONTACTS]]   (a
-// round trip of 20 ms and 1000 contacts unless told otherwise)
+// encryption and a password, beside the same action on a file that holds the same book. Starts a server of its
+// own. Usage: bench_servidor [MILLISECONDS [CONTACTS]]   (a round trip of 20 ms and 1000 contacts unless told
+// otherwise)
 #include "controls/ListBox.h"
 #include "servidor/MudancaParaServidor.h"
 #include "session/frmOpcoes.h"
@@ -58,11 +59,23 @@ private:
     Intermediario &rede_;
 };
 
-void Linha(const char *nome, const Medida &medida, double limite)
+// What is waited for: on a server, where it must not take longer than that.
+struct Accao {
+    const char *nome;
+    double limite;
+    Medida medida;
+};
+
+void Mostrar(const std::vector<Accao> &servidor, const std::vector<Accao> &ficheiro)
 {
-    std::printf("%-16s %4d trips %8.1f ms   limit %4.0f%s\n", nome, medida.viagens, medida.ms, limite,
-                medida.ms > limite ? "   ABOVE IT" : "");
-    std::fflush(stdout);
+    std::printf("%-14s %6s %11s %11s %11s\n", "", "trips", "server, ms", "limit, ms", "file, ms");
+    for (const Accao &accao : servidor) {
+        const auto igual = [&](const Accao &outra) { return qstrcmp(outra.nome, accao.nome) == 0; };
+        const auto la = std::find_if(ficheiro.begin(), ficheiro.end(), igual);
+        const QByteArray no_ficheiro = la == ficheiro.end() ? "-" : QByteArray::number(la->medida.ms, 'f', 1);
+        std::printf("%-14s %6d %11.1f %11.0f %11s%s\n", accao.nome, accao.medida.viagens, accao.medida.ms,
+                    accao.limite, no_ficheiro.constData(), accao.medida.ms > accao.limite ? "   ABOVE IT" : "");
+    }
 }
 
 void Encher(Sistema &s, int quantos)
@@ -120,30 +133,43 @@ Medida Editor(Medidor &medidor, Main &janela)
     });
 }
 
-void Medir(Sistema &s, Medidor &medidor)
+std::vector<Accao> Medir(Sistema &s, Medidor &medidor)
 {
     std::unique_ptr<Main> janela;
-    Linha("start", medidor.Uma([&] {
-        janela = std::make_unique<Main>(s.geral, s.plataforma);
-        janela->Carregar();
-        janela->show();
-        janela->repaint();
-    }),
-          500);
-    if (janela->ListaNomes->ListCount() == 0)
-        return static_cast<void>(std::puts("the list is empty: nothing measured"));
+    std::vector<Accao> accoes{{"start", 500, medidor.Uma([&] {
+                                   janela = std::make_unique<Main>(s.geral, s.plataforma);
+                                   janela->Carregar();
+                                   janela->show();
+                                   janela->repaint();
+                               })}};
+    if (janela->ListaNomes->ListCount() == 0) {
+        std::puts("the list is empty: nothing measured");
+        return {};
+    }
     int linha = 0;
-    Linha("card", medidor.Mediana([&] {
-        linha = (linha + 97) % static_cast<int>(janela->ListaNomes->ListCount());
-        janela->ListaNomes->setListIndex(linha);
-        janela->repaint();
-    }),
-          50);
-    Linha("list", medidor.Mediana([&] { janela->ComboGrupos->setListIndex(0); }), 60);
+    accoes.push_back({"card", 50, medidor.Mediana([&] {
+                          linha = (linha + 97) % static_cast<int>(janela->ListaNomes->ListCount());
+                          janela->ListaNomes->setListIndex(linha);
+                          janela->repaint();
+                      })});
+    accoes.push_back({"list", 60, medidor.Mediana([&] { janela->ComboGrupos->setListIndex(0); })});
     janela->ListaNomes->setListIndex(5);
-    Linha("editor", Editor(medidor, *janela), 100);
-    Linha("options", medidor.Mediana([&] { frmOpcoes form(s.geral, s.plataforma, *janela); }), 60);
-    Linha("alarm's tick", medidor.Mediana([&] { Disparar(s.geral.temporizadores.timerTarefas); }), 25);
+    accoes.push_back({"editor", 100, Editor(medidor, *janela)});
+    accoes.push_back({"options", 60, medidor.Mediana([&] { frmOpcoes form(s.geral, s.plataforma, *janela); })});
+    accoes.push_back(
+        {"alarm's tick", 25, medidor.Mediana([&] { Disparar(s.geral.temporizadores.timerTarefas); })});
+    return accoes;
+}
+
+// The same book in the file, before anything of it goes to the server.
+std::vector<Accao> Medir_No_Ficheiro(int contactos)
+{
+    Sistema s;
+    Encher(s, contactos);
+    s.geral.de.Fechar_Ligacao();
+    Intermediario ninguem(0);
+    Medidor medidor(ninguem);
+    return Medir(s, medidor);
 }
 } // namespace
 
@@ -155,6 +181,7 @@ int main(int argc, char **argv)
     const int ida_e_volta = argc > 1 ? QByteArray(argv[1]).toInt() : 20;
     const int contactos = argc > 2 ? QByteArray(argv[2]).toInt() : 1000;
 
+    const std::vector<Accao> no_ficheiro = Medir_No_Ficheiro(contactos);
     Sistema s;
     Encher(s, contactos);
     Escritorio escritorio;
@@ -168,15 +195,16 @@ int main(int argc, char **argv)
     const QString morada = escritorio.De(u"morvex"_s, rede.Porta());
     Medidor medidor(rede);
     std::printf("%d contacts, a round trip of %d ms, TLS and a password\n", contactos, ida_e_volta);
-    Linha("connecting", medidor.Mediana([&] {
-        Connection ligacao;
-        ligacao.setDataSource(morada);
-        ligacao.Open();
-    }),
-          250);
+    std::vector<Accao> accoes{{"connecting", 250, medidor.Mediana([&] {
+                                   Connection ligacao;
+                                   ligacao.setDataSource(morada);
+                                   ligacao.Open();
+                               })}};
     s.geral.de.Fechar_Ligacao();
     s.geral.ini.Escrever_Ini(u"basedados"_s, u"caminhobd"_s, morada);
     s.geral.de.Base().Trocar(morada);
-    Medir(s, medidor);
+    const std::vector<Accao> no_servidor = Medir(s, medidor);
+    accoes.insert(accoes.end(), no_servidor.begin(), no_servidor.end());
+    Mostrar(accoes, no_ficheiro);
     return 0;
 }

@@ -6,6 +6,7 @@
 #include "data/Geral.h"
 #include "janela/Janela.h"
 #include "platform/Caption.h"
+#include "platform/Failure.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -57,17 +58,22 @@ void EdicaoContacto::Abrir(const QString &ModoContacto, qint16 titulo)
     if (form.Carregar()) form.exec();
 }
 
-void EdicaoContacto::Contactos_Mudados(const QSet<int> &ids) { Avisar(ids, texto_mudado_noutro_posto); }
+bool EdicaoContacto::Edita() const { return aberto_ && geral_.ModoContacto == "Edit"_L1; }
 
-void EdicaoContacto::Contactos_Eliminados(const QSet<int> &ids) { Avisar(ids, texto_eliminado_noutro_posto); }
-
-void EdicaoContacto::Servidor_De_Volta()
+// Where it can't be asked now the server is away, and all may have changed once it is back.
+void EdicaoContacto::Contactos_Mudados(const QSet<int> &ids, bool talvez_outros)
 {
-    if (aberto_) aberto_->Servidor_De_Volta();
+    if (!Edita() || (!talvez_outros && !ids.contains(geral_.IDContacto))) return;
+    skipFailure([this] {
+        const LinhaEditada::Estado la = aberto_->La();
+        if (la == LinhaEditada::Estado::Mudada) aberto_->Avisar(geral_.Ler_Idioma(texto_mudado_noutro_posto));
+        if (la == LinhaEditada::Estado::Eliminada)
+            aberto_->Avisar(geral_.Ler_Idioma(texto_eliminado_noutro_posto));
+    });
 }
 
-void EdicaoContacto::Avisar(const QSet<int> &ids, qint16 texto)
+void EdicaoContacto::Contactos_Eliminados(const QSet<int> &ids)
 {
-    if (aberto_ && geral_.ModoContacto == "Edit"_L1 && ids.contains(geral_.IDContacto))
-        aberto_->Avisar(geral_.Ler_Idioma(texto));
+    if (Edita() && ids.contains(geral_.IDContacto))
+        aberto_->Avisar(geral_.Ler_Idioma(texto_eliminado_noutro_posto));
 }

@@ -18,12 +18,10 @@ class EdicaoContacto final : public QObject
 public:
     EdicaoContacto(Janela &janela, Geral &geral, Platform &platform, ListaContactos &lista);
 
-    // Another desk has changed or deleted those contacts: an open editor of one of them says so, and stays as it
-    // is.
-    void Contactos_Mudados(const QSet<int> &ids);
+    // Another desk has changed or deleted those contacts, and perhaps others: an open editor of one of them looks
+    // whether that is so, says it, and stays as it is.
+    void Contactos_Mudados(const QSet<int> &ids, bool talvez_outros);
     void Contactos_Eliminados(const QSet<int> &ids);
-    // The server is back, and nothing has been written since.
-    void Servidor_De_Volta();
 
 Q_SIGNALS:
     // There is no group that a contact could belong to: the form that makes one is wanted, modally.
@@ -33,7 +31,7 @@ private:
     void cmdNovo_Click();
     void cmdEditar_Click();
     void Abrir(const QString &ModoContacto, qint16 titulo);
-    void Avisar(const QSet<int> &ids, qint16 texto);
+    bool Edita() const;
 
     Janela &janela_;
     Geral &geral_;

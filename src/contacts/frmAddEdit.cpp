@@ -37,7 +37,7 @@ frmAddEdit::frmAddEdit(Janela &janela, Geral &geral, Platform &platform, ListaCo
       platform_(platform),
       janela_(janela),
       lugar_(janela, geral, lista),
-      novo_(geral.de),
+      nova_(geral.de, "TblLista", disputa_do_contacto::Forma().colunas),
       linha_(geral.de, disputa_do_contacto::Forma())
 {
     setupUi(this);
@@ -228,25 +228,26 @@ disputa_do_contacto::Valores frmAddEdit::Valores() const
             txtIDGrupo->text()};
 }
 
-void frmAddEdit::Servidor_De_Volta() { novo_.Servidor_De_Volta(); }
-
 // On a server others add names meanwhile: where the new one stands in the list isn't known beforehand, and it
 // is shown by its number.
 void frmAddEdit::Adicionar()
 {
-    if (const QString ID = novo_.ID(); !ID.isEmpty()) return Completar(ID);
     const bool num_servidor = geral_.de.Num_Servidor();
     const int IndiceNovoContacto =
         num_servidor ? 0 : lugar_.Lugar_Do_Novo(txtNome->text(), txtIDGrupo->text());
-    novo_.Vigiar(txtNome->text(), [this] {
+    const auto inserir = [this] {
         if (foto_->Por_Guardar())
             geral_.de.Tudo_Ou_Nada([this] { Escrever_Novo(); });
         else
             Escrever_Novo();
-    });
+    };
+    const QString ID = nova_.Gravar(disputa_do_contacto::Em_Lista(Valores()), inserir,
+                                    [this](const QString &chegado) { Completar(chegado); });
     foto_->Ficou(txtFotografia->text());
     Fechar_Depois_De([&] {
-        if (num_servidor)
+        if (!ID.isEmpty())
+            lugar_.Mostrar(ID.toInt(), txtIDGrupo->text());
+        else if (num_servidor)
             lugar_.Mostrar(static_cast<int>(geral_.de.Acrescentado()), txtIDGrupo->text());
         else
             lugar_.Mostrar_Novo(IndiceNovoContacto);
@@ -269,9 +270,6 @@ void frmAddEdit::Completar(const QString &ID)
             geral_.de.Executar("cmdUpdateNome", {valores..., ID});
         },
         Valores());
-    novo_.Esquecer();
-    foto_->Ficou(txtFotografia->text());
-    Fechar_Depois_De([&] { lugar_.Mostrar(ID.toInt(), txtIDGrupo->text()); });
 }
 
 void frmAddEdit::Actualizar()

@@ -5,9 +5,9 @@
 
 #include "contacts/DisputaDoContacto.h"
 #include "contacts/LugarNaLista.h"
-#include "contacts/NovoPorSaber.h"
 #include "controls/LongText.h"
 #include "data/LinhaEditada.h"
+#include "data/NovaPorSaber.h"
 #include "ui_frmAddEdit.h"
 
 #include <functional>
@@ -33,8 +33,8 @@ public:
     // A line in the form, also for a screen reader. What has been typed stays as it is.
     void Avisar(const QString &aviso);
 
-    // The server is back: what became of a write whose answer was lost is known, and not for long.
-    void Servidor_De_Volta();
+    // What has become of the contact that is changed here. Raises Failure where it can't be asked.
+    LinhaEditada::Estado La() { return linha_.La(); }
 
 Q_SIGNALS:
     // There is no group that a contact could belong to.
@@ -78,7 +78,7 @@ private:
     LongText Obs_;
     CamposDeData *datas_;      // a child of the form
     FotografiaNoEditor *foto_; // likewise
-    NovoPorSaber novo_;
+    NovaPorSaber nova_;
     LinhaEditada linha_; // of a contact that is changed
     bool activado_ = false;
 };

@@ -11,7 +11,11 @@
 using namespace Qt::StringLiterals;
 
 frmNovoGrupo::frmNovoGrupo(Geral &geral, ListaContactos &lista, QWidget *dono)
-    : QDialog(dono), geral_(geral), lista_(lista), pausa_(geral.temporizadores)
+    : QDialog(dono),
+      geral_(geral),
+      lista_(lista),
+      novo_(geral.de, "TblGrupos", {"NomeGrupo", "IdUtilizador"}),
+      pausa_(geral.temporizadores)
 {
     setupUi(this);
     scale::apply(*this);
@@ -43,7 +47,13 @@ void frmNovoGrupo::txtGrupo_Change() { cmdOk->setEnabled(!txtGrupo->text().isEmp
 
 void frmNovoGrupo::cmdOk_Click()
 {
-    geral_.de.Executar("cmdInserirGrupo", {txtGrupo->text(), ComboUsers->ChosenItemData()});
+    const QString nome = txtGrupo->text();
+    const QString dono = ComboUsers->ChosenItemData();
+    const auto inserir = [&] { geral_.de.Executar("cmdInserirGrupo", {nome, dono}); };
+    novo_.Gravar({nome, dono}, inserir, [&](const QString &ID) {
+        geral_.de.Executar("cmdRenameGroup", {nome, ID});
+        geral_.de.Executar("cmdUpdateGrupoUser", {dono, ID});
+    });
     lista_.Carregar_Grupos();
     accept();
 }

@@ -1,6 +1,7 @@
 // Creates a group, shared by everybody or one user's alone.
 #pragma once
 
+#include "data/NovaPorSaber.h"
 #include "data/Temporizadores.h"
 #include "ui_frmNovoGrupo.h"
 
@@ -29,5 +30,6 @@ private:
 
     Geral &geral_;
     ListaContactos &lista_;
+    NovaPorSaber novo_;
     PausaDosTemporizadores pausa_;
 };

@@ -116,8 +116,9 @@ public:
     // Whether the data lie on a server that several desks share.
     bool Num_Servidor() { return Connection::isAddress(base_.Caminho()); }
 
-    // What became of the last write whose answer was lost.
-    Fate Escrita_Perdida() const { return ligacao_.lostWrite(); }
+    // How many writes have lost their answer since the opening, and what became of one of them, from 1 on.
+    int Escritas_Perdidas() const { return ligacao_.lostWrites(); }
+    Fate Destino_Da_Escrita(int perdida) const { return ligacao_.fateOf(perdida); }
 
     // Who hears what other desks change, and that the server is away or back. On a file nobody is told.
     void Ouvir(Store::Listener ouvinte) { ligacao_.setListener(std::move(ouvinte)); }

@@ -52,16 +52,23 @@ public:
 
     // Writes what the editor has, with what others have changed meanwhile. Nobody else writes between the
     // look at the row and its writing. Raises what the store raises, and then, as when the row was left or is
-    // gone, nothing is written and a next call begins anew.
-    Fim Gravar(QStringList aqui, const Perguntar &perguntar, const Escrever &escrever) const;
+    // gone, nothing is written and a next call begins anew; but for a write whose answer was lost, which the
+    // next call knows again where it has arrived.
+    Fim Gravar(QStringList aqui, const Perguntar &perguntar, const Escrever &escrever);
+
+    enum class Estado { Igual, Mudada, Eliminada };
+    // What others have made of the row since the editor opened. Raises what the store raises.
+    Estado La();
 
     const QString &ID() const { return ID_; }
 
 private:
-    std::optional<QStringList> Ler() const;
+    std::optional<QStringList> Ler();
 
     DE &de_;
     Forma forma_;
     QString ID_;
     std::optional<EncontroDeLinhas> encontro_; // none before the editor opens
+    std::optional<EncontroDeLinhas> escrito_;  // the same as it is once what was written last has arrived
+    bool chegou_ = false;                      // it has, and the row may hold what the editor does not show
 };

@@ -30,6 +30,7 @@ constexpr std::array nomes{"index",
                            "impressao",
                            "importar-e-exportar",
                            "copia-de-seguranca",
+                           "varios-postos",
                            "perguntas",
                            "sugerir"};
 

@@ -50,7 +50,10 @@ constexpr Translations carregue_para_repetir{
 } // namespace
 
 frmMemo::frmMemo(Geral &geral, Platform &platform)
-    : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint), geral_(geral), platform_(platform)
+    : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint),
+      geral_(geral),
+      platform_(platform),
+      nova_(geral.de, "TblMemos", {"Titulo", "Descricao", "LeftForm", "TopForm", "Utilizador"})
 {
     setupUi(this);
     scale::apply(*this);
@@ -280,9 +283,11 @@ void frmMemo::Actualizar()
     const QString aqui = Descricao_.stored(*txtMemo);
     const QString la = linhas.empty() ? QString() : linha_inteira::Texto(linhas.front(), "Descricao");
     const bool mudou_aqui = aqui != descricao_da_linha_;
-    const bool mudou_la = linhas.empty() || (la != descricao_da_linha_ && la != aqui);
+    const bool sei = la == descricao_da_linha_ || la == descricao_enviada_ || la == aqui;
+    const bool mudou_la = linhas.empty() || !sei;
     if (mudou_aqui && mudou_la) return Adicionar();
     if (!mudou_aqui && !linhas.empty() && la != aqui) Descricao_.load(*txtMemo, la);
+    descricao_enviada_ = Descricao_.stored(*txtMemo);
     Gravar("cmdUpdateMemo", txtId->text());
 }
 
@@ -320,9 +325,12 @@ void frmMemo::Gravar(ComandoSemLinhas comando, const QString &ultimo)
 // is saved or deleted.
 void frmMemo::Adicionar()
 {
-    Gravar("cmdAdicionarMemo", geral_.SessaoActual.IdUtilizador);
+    const QString utilizador = geral_.SessaoActual.IdUtilizador;
+    const QString ID = nova_.Gravar(
+        {lblTitle->text(), Descricao_.stored(*txtMemo), txtLeft->text(), txtTop->text(), utilizador},
+        [&] { Gravar("cmdAdicionarMemo", utilizador); }, [&](const QString &chegado) { Gravar("cmdUpdateMemo", chegado); });
     lugar_inserido_ = {txtLeft->text(), txtTop->text()};
-    txtId->setText(Id_Da_Linha_Inserida());
+    txtId->setText(ID.isEmpty() ? Id_Da_Linha_Inserida() : ID);
 }
 
 // The last row at the place of this one: notes that came since then stand elsewhere. Empty for a note that
@@ -367,6 +375,7 @@ void frmMemo::cmdFechar_Click()
         platform_.boxes.show(geral_.Ler_Idioma(111), box::question | box::yesNo, u"Morvex - Memo"_s, this);
     if (resposta != answer::yes) return;
     if (txtId->text().isEmpty()) txtId->setText(Id_Da_Linha_Inserida());
+    if (txtId->text().isEmpty()) txtId->setText(nova_.ID());
     if (!txtId->text().isEmpty()) geral_.de.Executar("cmdEliminarMemo", {txtId->text()});
     hide();
     deleteLater();

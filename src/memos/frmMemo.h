@@ -7,6 +7,7 @@
 
 #include "controls/LongText.h"
 #include "data/Comandos.h"
+#include "data/NovaPorSaber.h"
 #include "ui_frmMemo.h"
 
 #include <optional>
@@ -82,6 +83,8 @@ private:
     Platform &platform_;
     LongText Descricao_;
     QString descricao_da_linha_; // as it was read or written last
+    QString descricao_enviada_;  // to that row; it may have arrived without an answer
+    NovaPorSaber nova_;
     // Where the program itself has put the window; txtLeft and txtTop are true as long as it stands there.
     std::optional<QPoint> posta_;
     QStringList lugar_inserido_; // LeftForm and TopForm of a row that was added; empty before

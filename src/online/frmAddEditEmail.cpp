@@ -7,7 +7,10 @@
 
 using namespace Qt::StringLiterals;
 
-frmAddEditEmail::frmAddEditEmail(Geral &geral, QWidget *dono) : QDialog(dono), geral_(geral)
+frmAddEditEmail::frmAddEditEmail(Geral &geral, QWidget *dono)
+    : QDialog(dono),
+      geral_(geral),
+      nova_(geral.de, "TblEmails", {"Email", "ServerName", "Username", "IdUtilizador"})
 {
     setupUi(this);
     scale::apply(*this);
@@ -69,10 +72,15 @@ void frmAddEditEmail::cmdOk_Click()
     const QString conta = txtUsername->text();
     const QString utilizador = geral_.SessaoActual.IdUtilizador;
     const auto senha = [this] { return Codificar_Email(txtPalavraPasse->text(), geral_.SaidaEmail); };
-    if (geral_.ModoEmail == "Add"_L1)
+    const auto inserir = [&] {
         geral_.de.Executar("cmdInserirEmail", {email, servidor, conta, senha(), utilizador});
+    };
+    const auto actualizar = [&](const QString &ID) {
+        geral_.de.Executar("cmdUpdateEmail", {email, servidor, conta, senha(), ID, utilizador});
+    };
+    if (geral_.ModoEmail == "Add"_L1)
+        nova_.Gravar({email, servidor, conta, utilizador}, inserir, actualizar);
     else if (geral_.ModoEmail == "Edit"_L1)
-        geral_.de.Executar("cmdUpdateEmail", {email, servidor, conta, senha(),
-                                              QString::number(geral_.IDContaEmail), utilizador});
+        actualizar(QString::number(geral_.IDContaEmail));
     accept();
 }

@@ -3,6 +3,7 @@
 // text, which confirming scrambles again, so the password is to be typed anew each time.
 #pragma once
 
+#include "data/NovaPorSaber.h"
 #include "platform/Timer.h"
 #include "ui_frmAddEditEmail.h"
 
@@ -29,5 +30,6 @@ private:
     void Mostrar_Conta();
 
     Geral &geral_;
+    NovaPorSaber nova_;
     Timer Timer1{100, true};
 };

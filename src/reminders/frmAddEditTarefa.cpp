@@ -32,6 +32,7 @@ frmAddEditTarefa::frmAddEditTarefa(Geral &geral, Platform &platform, QWidget &ja
       platform_(platform),
       janela_(janela),
       linha_(geral.de, Forma()),
+      nova_(geral.de, Forma().tabela, Forma().colunas),
       pausa_(geral.temporizadores)
 {
     setupUi(this);
@@ -144,24 +145,27 @@ bool frmAddEditTarefa::Gravar()
     const QStringList meus = Valores();
     const auto fim = linha_.Gravar(
         meus, [this](const LinhaEditada::Disputa &disputa) { return Perguntar(disputa); },
-        [this](const QStringList &valores) { Escrever(valores); });
+        [this](const QStringList &valores) { Escrever(valores, linha_.ID()); });
     if (fim == LinhaEditada::Fim::Eliminada && linha_.Mudou(meus)) return Oferecer_Como_Nova();
     return fim != LinhaEditada::Fim::Deixada;
 }
 
-void frmAddEditTarefa::Escrever(const QStringList &valores)
+void frmAddEditTarefa::Escrever(const QStringList &valores, const QString &ID)
 {
     geral_.de.Executar("cmdUpdateTarefa",
                        {valores[coluna_tarefa], valores[coluna_data], valores[coluna_hora],
-                        geral_.SessaoActual.IdUtilizador, valores[coluna_repeticao], linha_.ID()});
+                        geral_.SessaoActual.IdUtilizador, valores[coluna_repeticao], ID});
 }
 
 void frmAddEditTarefa::Escrever_Nova()
 {
     const QStringList valores = Valores();
-    geral_.de.Executar("cmdAdicionarTarefa",
-                       {valores[coluna_tarefa], valores[coluna_data], valores[coluna_hora],
-                        geral_.SessaoActual.IdUtilizador, valores[coluna_repeticao]});
+    const auto inserir = [&] {
+        geral_.de.Executar("cmdAdicionarTarefa",
+                           {valores[coluna_tarefa], valores[coluna_data], valores[coluna_hora],
+                            geral_.SessaoActual.IdUtilizador, valores[coluna_repeticao]});
+    };
+    nova_.Gravar(valores, inserir, [&](const QString &ID) { Escrever(valores, ID); });
 }
 
 std::optional<EncontroDeLinhas::Lugares> frmAddEditTarefa::Perguntar(const LinhaEditada::Disputa &disputa)

@@ -5,6 +5,7 @@
 
 #include "controls/LongText.h"
 #include "data/LinhaEditada.h"
+#include "data/NovaPorSaber.h"
 #include "data/Temporizadores.h"
 #include "ui_frmAddEditTarefa.h"
 
@@ -43,7 +44,7 @@ private:
     bool Ja_Passou() const;
     QStringList Valores() const;
     bool Gravar();
-    void Escrever(const QStringList &valores);
+    void Escrever(const QStringList &valores, const QString &ID);
     void Escrever_Nova();
     std::optional<EncontroDeLinhas::Lugares> Perguntar(const LinhaEditada::Disputa &disputa);
     bool Oferecer_Como_Nova();
@@ -53,5 +54,6 @@ private:
     QWidget &janela_;
     LongText Tarefa_;
     LinhaEditada linha_; // in the mode "Edit"
+    NovaPorSaber nova_;
     PausaDosTemporizadores pausa_;
 };

@@ -32,7 +32,7 @@ constexpr std::array paginas = std::to_array<PaginaDe>({
     {u"frmLoading", u"primeiros-passos"}, {u"frmOpcoes", u"primeiros-passos"},
     {u"frmSeleccionarIdioma", u"primeiros-passos"}, {u"frmSobre", u"primeiros-passos"},
     {u"Main", u"contactos"}, {u"frmAddEdit", u"contactos"}, {u"frmEmail", u"contactos"},
-    {u"frmProcurar", u"contactos"}, {u"frmVerImagem", u"contactos"}, {u"frmConflito", u"contactos"},
+    {u"frmProcurar", u"contactos"}, {u"frmVerImagem", u"contactos"},
     {u"frmLogin", u"grupos-e-utilizadores"}, {u"frmNovoUser", u"grupos-e-utilizadores"},
     {u"frmEditUser", u"grupos-e-utilizadores"}, {u"frmDeleteUser", u"grupos-e-utilizadores"},
     {u"frmNovoGrupo", u"grupos-e-utilizadores"}, {u"frmEditGroup", u"grupos-e-utilizadores"},
@@ -50,6 +50,7 @@ constexpr std::array paginas = std::to_array<PaginaDe>({
     {u"frmExportarContactos", u"importar-e-exportar"}, {u"frmQR", u"importar-e-exportar"},
     {u"frmSincronizar", u"importar-e-exportar"}, {u"frmPopupSincronizacao", u"importar-e-exportar"},
     {u"frmBackup", u"copia-de-seguranca"},
+    {u"frmConflito", u"varios-postos"},
 });
 // clang-format on
 

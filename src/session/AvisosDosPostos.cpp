@@ -53,6 +53,7 @@ void AvisosDosPostos::Mudou(const StoreChange &mudanca)
         const QSet<int> ids(mudanca.ids.begin(), mudanca.ids.end());
         contactos_ += ids;
         talvez_outros_ |= mudanca.all;
+        talvez_mudados_ |= mudanca.all;
         if (mudanca.what == StoreChange::What::Changed) mudados_ += ids;
         if (mudanca.what == StoreChange::What::Removed) eliminados_ += ids;
     }
@@ -72,6 +73,7 @@ void AvisosDosPostos::Tudo_Mudou()
     tabelas_ += {tabela_dos_contactos, u"tblgrupos"_s, u"tbltarefas"_s,
                  u"tblmemos"_s,        u"tblusers"_s,  u"tblconfig"_s};
     talvez_outros_ = true;
+    talvez_mudados_ = true;
     Recolher();
 }
 
@@ -88,7 +90,10 @@ bool AvisosDosPostos::Tirar(const QString &tabela) { return tabelas_.remove(tabe
 // What one of them can't do now is no reason for the others: a server that is away tells all of it anew.
 void AvisosDosPostos::Dizer_Ja()
 {
-    if (!mudados_.isEmpty()) Q_EMIT ContactosMudadosAgora(std::exchange(mudados_, {}));
+    if (!mudados_.isEmpty() || talvez_mudados_) {
+        const bool talvez_outros = std::exchange(talvez_mudados_, false);
+        Q_EMIT ContactosMudadosAgora(std::exchange(mudados_, {}), talvez_outros);
+    }
     if (!eliminados_.isEmpty()) Q_EMIT ContactosEliminadosAgora(std::exchange(eliminados_, {}));
     if (Tirar(u"tbltarefas"_s)) skipFailure([this] { Q_EMIT Tarefas(); });
 }

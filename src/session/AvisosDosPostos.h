@@ -35,8 +35,8 @@ Q_SIGNALS:
     void Utilizadores();
     void Configuracao();
 
-    // Contacts that somebody may be editing here: told even in front of a form.
-    void ContactosMudadosAgora(const QSet<int> &mudados);
+    // Contacts that somebody may be editing here: told even in front of a form. Those, and perhaps others as well.
+    void ContactosMudadosAgora(const QSet<int> &mudados, bool talvez_outros);
     void ContactosEliminadosAgora(const QSet<int> &eliminados);
 
     // The server is away, or it is back. Everything is told as changed once it is.
@@ -58,5 +58,6 @@ private:
     QSet<int> contactos_;
     QSet<int> mudados_, eliminados_; // for an editor
     bool talvez_outros_ = false;
+    bool talvez_mudados_ = false; // others, for an editor
     bool comecou_ = false;
 };

@@ -211,7 +211,6 @@ void Main::Ligar_Avisos(EdicaoContacto &edicao)
             &EdicaoContacto::Contactos_Eliminados);
     connect(&avisos, &AvisosDosPostos::Perdido, this, [this] { Mostrar_Sem_Servidor(true); });
     connect(&avisos, &AvisosDosPostos::DeVolta, this, [this] { Mostrar_Sem_Servidor(false); });
-    connect(&avisos, &AvisosDosPostos::DeVolta, &edicao, &EdicaoContacto::Servidor_De_Volta); // before any write
     connect(&avisos, &AvisosDosPostos::DeVolta, memos_, &::Memos::Guardar_O_Que_Falta);
 }
 

@@ -8,7 +8,11 @@
 using namespace Qt::StringLiterals;
 
 frmNovoUser::frmNovoUser(Geral &geral, Platform &platform, QWidget *dono)
-    : QDialog(dono), geral_(geral), platform_(platform), pausa_(geral.temporizadores)
+    : QDialog(dono),
+      geral_(geral),
+      platform_(platform),
+      novo_(geral.de, "TblUsers", {"Utilizador", "Pass"}),
+      pausa_(geral.temporizadores)
 {
     setupUi(this);
     scale::apply(*this);
@@ -42,7 +46,7 @@ void frmNovoUser::Propor_Primeiro_Utilizador()
 
 void frmNovoUser::cmdOk_Click()
 {
-    if (!campos->Aceitar(geral_, platform_)) return;
+    if (!campos->Aceitar(geral_, platform_, novo_.Chegada().value(0))) return;
     const QString Utilizador = campos->txtUser->text();
     Adicionar_Utilizador(Utilizador);
     Escrever_Configuracao(Ler_Id(Utilizador));
@@ -57,9 +61,17 @@ void frmNovoUser::Adicionar_Utilizador(const QString &Utilizador)
     const CamposUtilizador &c = *campos;
     Sessao &sessao = geral_.SessaoActual;
     sessao.PedirPassSystemTray = c.cbSystemTray->isChecked();
-    geral_.de.Executar("cmdAdicionarUser", {Utilizador, c.Senha_Codificada(), Valor(*c.cbSystemTray),
-                                            Valor(*c.cbAdicionar), Valor(*c.cbEditar), Valor(*c.cbEliminar),
-                                            Valor(*c.cbGrupos), Valor(*c.cbUtilizadores)});
+    const QString senha = c.Senha_Codificada();
+    const auto inserir = [&] {
+        geral_.de.Executar("cmdAdicionarUser",
+                           {Utilizador, senha, Valor(*c.cbSystemTray), Valor(*c.cbAdicionar), Valor(*c.cbEditar),
+                            Valor(*c.cbEliminar), Valor(*c.cbGrupos), Valor(*c.cbUtilizadores)});
+    };
+    novo_.Gravar({Utilizador, senha}, inserir, [&](const QString &ID) {
+        geral_.de.Executar("cmdUpdateUser",
+                           {Utilizador, senha, Valor(*c.cbSystemTray), Valor(*c.cbAdicionar), Valor(*c.cbEditar),
+                            Valor(*c.cbEliminar), Valor(*c.cbGrupos), Valor(*c.cbUtilizadores), ID});
+    });
     if (sessao.Utilizador.isEmpty()) sessao.Utilizador = Utilizador;
 }
 

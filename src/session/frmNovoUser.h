@@ -1,6 +1,7 @@
 // Adds a user. The first one of a system may do everything, and what belonged to nobody becomes that user's.
 #pragma once
 
+#include "data/NovaPorSaber.h"
 #include "data/Temporizadores.h"
 #include "ui_frmNovoUser.h"
 
@@ -28,5 +29,6 @@ private:
 
     Geral &geral_;
     Platform &platform_;
+    NovaPorSaber novo_;
     PausaDosTemporizadores pausa_;
 };

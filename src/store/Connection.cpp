@@ -133,7 +133,9 @@ void Connection::allOrNothing(const std::function<void()> &work) { store().allOr
 
 int Connection::undone() const { return store_ ? store_->undone() : 0; }
 
-Fate Connection::lostWrite() const { return store_ ? store_->lostWrite() : Fate::None; }
+int Connection::lostWrites() const { return store_ ? store_->lostWrites() : 0; }
+
+Fate Connection::fateOf(int lost) const { return store_ ? store_->fateOf(lost) : Fate::None; }
 
 qint64 Connection::lastId() { return store().lastId(); }
 

@@ -109,9 +109,11 @@ public:
     // rows among it, may not be there, or stand for something else.
     int undone() const;
 
-    // What became of the last write whose answer was lost: one alone, a portion, or all of allOrNothing. It stands
-    // firm once the listener hears that the server is there again; until then nothing else is sent.
-    Fate lostWrite() const;
+    // How many writes have lost their answer since the opening: one alone, a portion, or all of allOrNothing. What
+    // became of one of them, from 1 on, stands firm once the listener hears that the server is there again; until then
+    // nothing else is sent.
+    int lostWrites() const;
+    Fate fateOf(int lost) const;
 
     // The number of the row that this connection added last.
     qint64 lastId();

@@ -42,9 +42,9 @@ enum class Reach {
     Lost, // every command fails at once (Failure::Kind::ServerLost) until the store is there again by itself
 };
 
-// What became of the last write whose answer was lost (Failure::Kind::ServerLost).
+// What became of a write whose answer was lost (Failure::Kind::ServerLost).
 enum class Fate {
-    None,       // no answer was lost, or the last write was not even sent
+    None,       // there is no such write
     Unknown,    // until the store is there again
     Arrived,    // it was done
     NotArrived, // nothing of it was done, nor will be
@@ -97,7 +97,9 @@ public:
     virtual StoreMark mark() = 0;
     virtual int written(const QString &sql) const = 0;
     virtual int undone() const = 0;
-    virtual Fate lostWrite() const { return Fate::None; }
+    // How many writes have lost their answer since the opening, and what became of one of them, from 1 on.
+    virtual int lostWrites() const { return 0; }
+    virtual Fate fateOf(int) const { return Fate::None; }
     virtual void tryWriting() = 0;
     virtual void waitingOnce(const Work &work) = 0;
     virtual void gathering(const Work &work) = 0;

@@ -32,6 +32,19 @@ struct DoisPostos {
             return {};
         });
     }
+    // It arrives, and nobody hears of that.
+    void Gravar_Sem_Resposta(const QStringList &aqui)
+    {
+        QStringList escritos;
+        VERIFICAR_FALHA(linha.Gravar(aqui, {},
+                                     [&](const QStringList &valores) {
+                                         escritos = valores;
+                                         throw Failure(Failure::StoreError, {}, {}, Failure::Kind::ServerLost);
+                                     }),
+                        Failure::StoreError);
+        s.geral.de.Executar("cmdRenameGroup", {escritos[0], ID});
+        s.geral.de.Executar("cmdUpdateGrupoUser", {escritos[1], ID});
+    }
     QString Na_Base()
     {
         return s.Linhas(u"SELECT NomeGrupo, IdUtilizador FROM TblGrupos WHERE ID="_s + ID).join(u';');
@@ -175,6 +188,66 @@ private Q_SLOTS:
         QCOMPARE(p.Gravar({u"Teatro"_s, u"0"_s}, o_meu), Fim::Gravada);
         QCOMPARE(perguntas, 2);
         QCOMPARE(p.Na_Base(), u"Teatro|7"_s); // theirs, which nobody here has touched
+    }
+
+    // The commit's answer was lost: what stands there is no change of anybody else.
+    void o_que_se_escreveu_sem_resposta_e_nosso_quando_se_escreve_mais()
+    {
+        DoisPostos p;
+        p.Gravar_Sem_Resposta({u"Teatro"_s, u"0"_s});
+        QCOMPARE(p.Na_Base(), u"Teatro|0"_s);
+        QCOMPARE(p.linha.La(), LinhaEditada::Estado::Igual);
+        QCOMPARE(p.Gravar({u"Tuna"_s, u"3"_s}), Fim::Gravada);
+        QCOMPARE(p.Na_Base(), u"Tuna|3"_s);
+    }
+
+    void o_que_se_escreveu_sem_resposta_e_nao_chegou_grava_se()
+    {
+        DoisPostos p;
+        VERIFICAR_FALHA(p.linha.Gravar({u"Teatro"_s, u"0"_s}, {},
+                                       [](const QStringList &) { throw Failure(7, {}, {}); }),
+                        7);
+        QCOMPARE(p.linha.La(), LinhaEditada::Estado::Igual);
+        QCOMPARE(p.Gravar({u"Tuna"_s, u"0"_s}), Fim::Gravada);
+        QCOMPARE(p.Na_Base(), u"Tuna|0"_s);
+    }
+
+    void o_que_o_outro_mudou_depois_da_escrita_sem_resposta_e_disputa()
+    {
+        DoisPostos p;
+        p.Gravar_Sem_Resposta({u"Teatro"_s, u"0"_s});
+        p.outro.Executar("cmdRenameGroup", {u"Orfeão"_s, p.ID});
+        QCOMPARE(p.linha.La(), LinhaEditada::Estado::Mudada);
+        int perguntas = 0;
+        p.Gravar({u"Tuna"_s, u"0"_s}, [&](const LinhaEditada::Disputa &) {
+            ++perguntas;
+            return std::optional(Lugares());
+        });
+        QCOMPARE(perguntas, 1);
+        QCOMPARE(p.Na_Base(), u"Tuna|0"_s);
+    }
+
+    // What was joined without a question stands in the row and not in the editor.
+    void o_que_se_juntou_sem_resposta_fica_do_outro()
+    {
+        DoisPostos p;
+        p.outro.Executar("cmdUpdateGrupoUser", {7, p.ID});
+        p.Gravar_Sem_Resposta({u"Teatro"_s, u"0"_s});
+        QCOMPARE(p.Na_Base(), u"Teatro|7"_s);
+        QCOMPARE(p.Gravar({u"Tuna"_s, u"0"_s}), Fim::Gravada);
+        QCOMPARE(p.Na_Base(), u"Tuna|7"_s);
+    }
+
+    void o_que_e_feito_da_linha_diz_se_a_quem_pergunta()
+    {
+        DoisPostos p;
+        QCOMPARE(p.linha.La(), LinhaEditada::Estado::Igual);
+        p.outro.Executar("cmdRenameGroup", {u"Orfeão"_s, p.ID});
+        QCOMPARE(p.linha.La(), LinhaEditada::Estado::Mudada);
+        p.outro.Executar("cmdRenameGroup", {u"Coral"_s, p.ID});
+        QCOMPARE(p.linha.La(), LinhaEditada::Estado::Igual);
+        p.outro.Executar("cmdDeleteGroup", {p.ID});
+        QCOMPARE(p.linha.La(), LinhaEditada::Estado::Eliminada);
     }
 
     void entre_a_leitura_e_a_escrita_ninguem_mais_escreve()

@@ -5,6 +5,7 @@ foreach(teste IN ITEMS
     test_DE
     test_EncontroDeLinhas
     test_LinhaEditada
+    test_NovaPorSaber
     test_Esquema
     test_Fotografias
     test_PassosDoEsquema

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr int numero_de_paginas = 12;
+constexpr int numero_de_paginas = 13;
 
 struct Oficina {
     Oficina()
@@ -25,7 +25,7 @@ struct Oficina {
         for (const Idioma &idioma : idiomas::todos)
             Fonte(QString::fromUtf16(idioma.ajuda), u"Texto"_s);
     }
-    // Twelve pages, the text on the second one.
+    // Thirteen pages, the text on the second one.
     void Fonte(const QString &lingua, const QString &texto, int paginas = numero_de_paginas) const
     {
         QString tudo;

@@ -102,6 +102,7 @@ private Q_SLOTS:
                            u"frmDuplicados"_s, u"frmImportarContactos"_s, u"frmImportarMDB"_s,
                            u"frmExportar"_s,   u"frmExportarContactos"_s, u"frmQR"_s};
         QTest::newRow("copia-de-seguranca") << QStringList{u"frmBackup"_s};
+        QTest::newRow("varios-postos") << QStringList{u"frmConflito"_s};
     }
     void cada_formulario_tem_a_sua_pagina()
     {

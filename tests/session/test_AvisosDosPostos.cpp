@@ -187,6 +187,87 @@ private Q_SLOTS:
         QCOMPARE(p.Linha(p.ids[5]), -1);
     }
 
+    // After a return of the server nobody knows what was missed: the editor looks for itself.
+    void quando_tudo_pode_ter_mudado_o_editor_so_o_diz_se_for_verdade_data()
+    {
+        QTest::addColumn<QString>("sql");
+        QTest::addColumn<bool>("volta");
+        QTest::addColumn<int>("texto");
+        const QString mudado = u"UPDATE TblLista SET Website='x' WHERE ID=%1"_s;
+        const QString outro = u"UPDATE TblLista SET Website='x' WHERE ID<>%1"_s;
+        const QString eliminado = u"DELETE FROM TblLista WHERE ID=%1"_s;
+        for (const bool volta : {true, false}) {
+            const QByteArray como = volta ? "o servidor volta, " : "muitos de uma vez, ";
+            QTest::newRow(como + "mudado") << mudado << volta << 451;
+            QTest::newRow(como + "mudaram os outros") << outro << volta << 0;
+            QTest::newRow(como + "eliminado") << eliminado << volta << 452;
+        }
+    }
+    void quando_tudo_pode_ter_mudado_o_editor_so_o_diz_se_for_verdade()
+    {
+        QFETCH(QString, sql);
+        QFETCH(bool, volta);
+        QFETCH(int, texto);
+        Posto p;
+        p.lista.setListIndex(p.Linha(p.ids[5]));
+        accoes::Quando_Abrir<frmAddEdit>([&](frmAddEdit &editor) {
+            editor.txtNome->setText(u"a meio"_s);
+            if (volta) p.servidor.Perder();
+            p.s.Escrever(sql.arg(p.ids[5]));
+            if (volta)
+                p.servidor.Voltar();
+            else
+                p.servidor.Mudou(u"tbllista"_s);
+            p.Recolher();
+            QCOMPARE(editor.lblAviso->isVisible(), texto != 0);
+            if (texto != 0) QCOMPARE(editor.lblAviso->text(), p.s.Texto(qint16(texto)));
+            QCOMPARE(editor.txtNome->text(), u"a meio"_s);
+            p.servidor.Esquecer();
+            p.Recolher();
+            QCOMPARE(p.servidor.Comandos(), 0); // it looks once
+            editor.reject();
+        });
+        p.janela.cmdEditar->click();
+    }
+
+    void o_que_o_proprio_editor_escreveu_nao_e_de_outro_posto()
+    {
+        Posto p;
+        p.lista.setListIndex(p.Linha(p.ids[5]));
+        p.s.caixas.Espera_Erro(Failure::StoreError);
+        accoes::Quando_Abrir<frmAddEdit>([&](frmAddEdit &editor) {
+            editor.txtNome->setText(u"Ana"_s);
+            p.servidor.Perder_A_Proxima_Resposta();
+            QTest::mouseClick(editor.cmdOk, Qt::LeftButton);
+            QVERIFY(editor.isVisible());
+            p.servidor.Voltar();
+            p.servidor.Mudou(u"tbllista"_s, What::Changed, {p.ids[5]});
+            p.Recolher();
+            QVERIFY(!editor.lblAviso->isVisible());
+            editor.txtNome->setText(u"Ana Sousa"_s); // meanwhile
+            QTest::mouseClick(editor.cmdOk, Qt::LeftButton); // nobody is asked which of both stays
+            QVERIFY(!editor.isVisible());
+        });
+        p.janela.cmdEditar->click();
+        QCOMPARE(p.s.Linhas(u"SELECT Nome FROM TblLista WHERE ID=%1"_s.arg(p.ids[5])), QStringList{u"Ana Sousa"_s});
+    }
+
+    void um_contacto_novo_no_editor_nao_pergunta_por_nada()
+    {
+        Posto p;
+        p.lista.setListIndex(p.Linha(p.ids[5]));
+        accoes::Quando_Abrir<frmAddEdit>([&](frmAddEdit &editor) {
+            p.servidor.Esquecer();
+            p.Muda(u"UPDATE TblLista SET Website='x'"_s, u"tbllista"_s, What::Changed, {p.ids[5]});
+            p.servidor.Mudou(u"tbllista"_s);
+            p.Recolher();
+            QCOMPARE(p.servidor.Comandos(), 0);
+            QVERIFY(!editor.lblAviso->isVisible());
+            editor.reject();
+        });
+        p.janela.cmdNovo->click();
+    }
+
     void as_definicoes_dos_envelopes_seguem()
     {
         Posto p;

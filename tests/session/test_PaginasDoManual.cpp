@@ -72,7 +72,7 @@ private Q_SLOTS:
     void ha_as_mesmas_paginas_em_todas_as_linguas()
     {
         const QStringList paginas = Paginas(u"pt"_s);
-        QCOMPARE(paginas.size(), 12); // the contents, ten subjects, and where to write
+        QCOMPARE(paginas.size(), 13); // the contents, eleven subjects, and where to write
         for (const QString &lingua : Linguas())
             QCOMPARE(Paginas(lingua), paginas);
     }
@@ -103,7 +103,7 @@ private Q_SLOTS:
     {
         int imagens = 0;
         Em_Cada_Pagina([&](const QString &lingua, const QString &nome, const Pagina &pagina) {
-            QVERIFY2(pagina.alvos.size() > 11, qPrintable(lingua + nome)); // the list of all pages at least
+            QVERIFY2(pagina.alvos.size() > 12, qPrintable(lingua + nome)); // the list of all pages at least
             for (const QString &alvo : pagina.alvos)
                 QVERIFY2(QFile::exists(Manual() + u'/' + lingua + u'/' + alvo),
                          qPrintable(lingua + nome + alvo));
@@ -155,6 +155,17 @@ private Q_SLOTS:
         for (const QString &lingua : Linguas()) {
             const Pagina perguntas(Manual() + u'/' + lingua + u"/perguntas.html"_s);
             QVERIFY2(perguntas.estrutura.count(u"h2"_s) >= 10, qPrintable(lingua));
+        }
+    }
+
+    void a_pagina_dos_postos_mostra_um_endereco_e_diz_onde_le_quem_administra()
+    {
+        for (const QString &lingua : Linguas()) {
+            const Pagina postos(Manual() + u'/' + lingua + u"/varios-postos.html"_s);
+            for (const QString &palavra : {u"postgresql://"_s, u"office.md"_s})
+                QVERIFY2(postos.texto.contains(palavra), qPrintable(lingua + palavra));
+            const Pagina perguntas(Manual() + u'/' + lingua + u"/perguntas.html"_s);
+            QVERIFY2(perguntas.alvos.count(u"varios-postos.html"_s) == 2, qPrintable(lingua)); // in the list too
         }
     }
 

@@ -35,7 +35,9 @@ private Q_SLOTS:
     }
     void init()
     {
-        base_->Correr(u"TRUNCATE t RESTART IDENTITY"_s);
+        base_->Correr(u"TRUNCATE t RESTART IDENTITY; CREATE OR REPLACE FUNCTION morvex_maior_id(qual text) RETURNS integer "
+                      "LANGUAGE plpgsql AS $f$ DECLARE n integer; BEGIN EXECUTE format('SELECT coalesce(max(id), 0) FROM "
+                      "%I', lower(qual)) INTO n; RETURN n; END $f$"_s);
         folder_ = std::make_unique<QTemporaryDir>();
         store_ = PostgresStore::open(base_->Morada());
     }
@@ -82,10 +84,73 @@ private Q_SLOTS:
         QCOMPARE(seen.last(), 100);
         QVERIFY(std::is_sorted(seen.begin(), seen.end()));
     }
-    void an_empty_book_is_copied_too()
+    void what_is_written_to_a_table_while_another_is_copied_is_not_in_the_copy()
     {
+        base_->Correr(u"CREATE TABLE u (nome text); INSERT INTO u VALUES ('b'), ('c'), ('a'); "
+                      "INSERT INTO t (nome) SELECT 'n' FROM generate_series(1, 100) i"_s);
+        bool written = false;
+        FileCopy both = Copia([&](int) {
+            if (!std::exchange(written, true)) base_->Correr(u"INSERT INTO u VALUES ('later')"_s);
+        });
+        both.create << u"CREATE TABLE U (Nome TEXT)"_s;
+        both.tables << FileCopy::Table{u"U"_s, {u"Nome"_s}, false}; // it has no counter to ask for
+        store_->copyTo(both);
+        base_->Correr(u"DROP TABLE u"_s);
+        const auto file = SqliteStore::open(both.file);
+        Recordset rs = file->query(u"SELECT Nome FROM U"_s, {});
+        QStringList names;
+        for (; !rs.Eof(); rs.MoveNext())
+            names << rs.Fields("Nome").text();
+        QCOMPARE(names, (QStringList{u"a"_s, u"b"_s, u"c"_s})); // in their order, wherever the server has put them
+        QVERIFY(written);
+    }
+    void a_table_may_take_longer_than_a_desks_command()
+    {
+        base_->Correr(u"INSERT INTO t (nome) SELECT repeat('n', 1000) FROM generate_series(1, 20000) i; "
+                      "ALTER DATABASE %1 SET statement_timeout = '400ms'"_s.arg(base_->Nome()));
+        store_->copyTo(Copia([](int percent) {
+            if (percent == 1) QTest::qSleep(900);
+        }));
+        base_->Correr(u"ALTER DATABASE %1 RESET statement_timeout"_s.arg(base_->Nome()));
+        QCOMPARE(SqliteStore::open(Copia().file)->query(u"SELECT count(*) AS n FROM T"_s, {}).Fields("n").number(), 20000);
+    }
+    void what_was_gathered_is_in_the_copy()
+    {
+        store_->gathering([&] {
+            store_->execute(u"INSERT INTO T (Nome) VALUES (?)"_s, {u"Ana"_s});
+            store_->copyTo(Copia());
+        });
+        QCOMPARE(SqliteStore::open(Copia().file)->query(u"SELECT * FROM T"_s, {}).RecordCount(), 1);
+    }
+    void a_table_that_the_server_refuses_ends_the_copy_and_leaves_no_file()
+    {
+        FileCopy wrong = Copia();
+        wrong.create << u"CREATE TABLE U (Nada TEXT)"_s;
+        wrong.tables.first().columns << u"Nada"_s; // it can be counted, and not be read
+        VERIFICAR_FALHA(store_->copyTo(wrong), Failure::StoreError);
+        QVERIFY(!QFile::exists(wrong.file));
+    }
+    void from_a_lost_server_nothing_is_copied_and_nothing_is_waited_for()
+    {
+        Intermediario network(base_->Porta());
+        store_ = PostgresStore::open(base_->Morada(network.Porta()),
+                                     {milliseconds(8000), milliseconds(200), milliseconds(200), {milliseconds(60000)}});
+        network.modo = Intermediario::Cala;
+        skipFailure([&] { store_->schemaNumber(); });
+        QElapsedTimer clock;
+        clock.start();
+        VERIFICAR_FALHA(store_->copyTo(Copia()), Failure::StoreError);
+        QVERIFY2(clock.elapsed() < 4000, QByteArray::number(clock.elapsed()));
+        QVERIFY(!QFile::exists(Copia().file));
+    }
+    void an_empty_book_is_copied_too_and_goes_on_counting_where_the_server_was()
+    {
+        base_->Correr(u"CREATE OR REPLACE FUNCTION morvex_maior_id(qual text) RETURNS integer LANGUAGE sql AS 'SELECT 7'"_s);
         store_->copyTo(Copia());
-        QCOMPARE(SqliteStore::open(Copia().file)->query(u"SELECT * FROM T"_s, {}).RecordCount(), 0);
+        const auto file = SqliteStore::open(Copia().file);
+        QCOMPARE(file->query(u"SELECT * FROM T"_s, {}).RecordCount(), 0);
+        file->execute(u"INSERT INTO T (Nome) VALUES ('next')"_s, {});
+        QCOMPARE(file->lastId(), 8);
     }
     void a_copy_that_is_called_off_leaves_no_file_and_harms_nothing()
     {

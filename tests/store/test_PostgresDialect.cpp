@@ -50,6 +50,7 @@ private Q_SLOTS:
         Row("star", u"DELETE * FROM TblLista WHERE ID=?"_s, u"DELETE FROM TblLista WHERE ID=$1"_s);
         Row("any case and blanks", u"  delete\n*  from t"_s, u"  delete\nfrom t"_s);
         Row("none", u"DELETE FROM t"_s, u"DELETE FROM t"_s);
+        Row("not behind it", u"DELETE * t"_s, u"DELETE * t"_s);
         Row("elsewhere", u"SELECT 2 * 3"_s, u"SELECT 2 * 3"_s);
     }
     void delete_loses_its_star() { Check(); }
@@ -84,6 +85,12 @@ private Q_SLOTS:
             u"WHERE x AND "_s + folded.arg(u"coalesce(a, '')"_s, u"$1"_s));
         Row("quoted name", u"WHERE \"a\".\"b\" LIKE ?"_s,
             u"WHERE "_s + folded.arg(u"\"a\".\"b\""_s, u"$1"_s));
+        for (const char *before : {"x AND", "x OR", "NOT", "SELECT", "a JOIN u ON", "CASE WHEN", "WHERE", "where"})
+            Row(before, QLatin1String(before) + u" (a) LIKE ?"_s,
+                QLatin1String(before) + u' ' + folded.arg(u"(a)"_s, u"$1"_s)); // no call of that name
+        Row("what is no operand", u"WHERE a LIKE 1 + ?"_s, u"WHERE a LIKE 1 + $1"_s);
+        Row("a name with a dollar", u"WHERE a$b LIKE ?"_s, u"WHERE "_s + folded.arg(u"a$b"_s, u"$1"_s));
+        Row("quoted words", u"SELECT \"LIKE\" FROM t"_s, u"SELECT \"LIKE\" FROM t"_s);
         Row("value against column", u"WHERE ? LIKE a.b"_s, u"WHERE "_s + folded.arg(u"$1"_s, u"a.b"_s));
     }
     void like_compares_folded_texts() { Check(); }
@@ -96,6 +103,9 @@ private Q_SLOTS:
         Row("words", u"ORDER BY a ASC , b DESC"_s, u"ORDER BY a ASC NULLS FIRST , b DESC NULLS LAST"_s);
         Row("limit", u"order by a LIMIT ?"_s, u"order by a NULLS FIRST LIMIT $1"_s);
         Row("end", u"ORDER BY a;"_s, u"ORDER BY a NULLS FIRST;"_s);
+        for (const char *rest : {" OFFSET 3", " FETCH FIRST ROW ONLY", " FOR UPDATE", " UNION SELECT 1", "; SELECT 2"})
+            Row(rest, u"ORDER BY a"_s + QLatin1String(rest), u"ORDER BY a NULLS FIRST"_s + QLatin1String(rest));
+        Row("a comment between", u"ORDER BY a -- LIMIT\n, b"_s, u"ORDER BY a NULLS FIRST -- LIMIT\n, b NULLS FIRST"_s);
         Row("calls", u"ORDER BY f(a, b), c"_s, u"ORDER BY f(a, b) NULLS FIRST, c NULLS FIRST"_s);
         Row("inside",
             u"SELECT (SELECT a FROM u ORDER BY a LIMIT 1), (SELECT b FROM u ORDER BY b) FROM t ORDER BY 1"_s,

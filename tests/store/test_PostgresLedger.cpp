@@ -51,6 +51,7 @@ private:
     }
     void write(const QStringList &names, bool asOne)
     {
+        const int lostBefore = store_->lostWrites();
         const auto all = [&] {
             for (const QString &name : names)
                 store_->execute(insert, {name});
@@ -65,15 +66,15 @@ private:
             tell(names, '+');
             if (!asOne && names.size() == 1) tellNumber(names.first());
         } catch (const Failure &failure) {
-            tellOutcome(names, asOne, failure);
+            tellOutcome(names, asOne, failure, lostBefore);
         }
     }
     // Of a gathering that was refused for a lock, a part may have been written.
-    void tellOutcome(const QStringList &names, bool asOne, const Failure &failure)
+    void tellOutcome(const QStringList &names, bool asOne, const Failure &failure, int lostBefore)
     {
         if (failure.kind() == Failure::Kind::ServerLost) {
             waitUntilThere();
-            return tell(names, store_->lostWrite() == Fate::Arrived ? '+' : '-');
+            return tell(names, store_->fateOf(lostBefore + 1) == Fate::Arrived ? '+' : '-');
         }
         if (asOne || names.size() == 1) return tell(names, '-');
         waitUntilThere();

@@ -91,6 +91,11 @@ private Q_SLOTS:
     void a_name_is_looked_up()
     {
         QCOMPARE(Abrir(Com({}, u"localhost"_s)), aberta_);
+        HostLookup lookup({u"localhost"_s, u"nenhures..aqui"_s});
+        QTRY_VERIFY(lookup.done());
+        QCOMPARE(lookup.found().value(u"localhost"_s).value(0).protocol(), QAbstractSocket::IPv4Protocol);
+        QVERIFY(lookup.found().contains(u"nenhures..aqui"_s));
+        QVERIFY(lookup.found().value(u"nenhures..aqui"_s).isEmpty());
     }
     void a_server_that_says_nothing_is_waited_for_no_longer_than_the_patience()
     {
@@ -123,8 +128,31 @@ private Q_SLOTS:
         file.close();
         file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
         QCOMPARE(Abrir(address), Failure::Kind::ServerPassword);
-        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup);
-        QCOMPARE(Abrir(address), Failure::Kind::ServerPasswordFile);
+        for (const auto others : {QFile::ReadGroup, QFile::WriteGroup, QFile::ExeGroup, QFile::ReadOther,
+                                  QFile::WriteOther, QFile::ExeOther}) {
+            file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | others);
+            QCOMPARE(Abrir(address), Failure::Kind::ServerPasswordFile);
+        }
+    }
+    void one_of_several_servers_is_enough()
+    {
+        QCOMPARE(Abrir(u"postgresql://morvex_ensaio@nenhures..aqui,localhost:%1/%2"_s.arg(address_.port())
+                           .arg(base_->Nome())),
+                 aberta_);
+    }
+    void what_the_library_does_not_understand_is_a_broken_address()
+    {
+        QCOMPARE(Abrir(Com(u"sslmode=quase"_s)), Failure::Kind::AddressBroken);
+    }
+    void the_server_is_quoted_without_places_in_its_source()
+    {
+        try {
+            PostgresStore::open(Com({}, u"127.0.0.1"_s, u"nenhuma"_s), Curta());
+            QFAIL("it was opened");
+        } catch (const Failure &failure) {
+            QVERIFY2(failure.description().contains("nenhuma"_L1), qPrintable(failure.description()));
+            QVERIFY2(!failure.description().contains(".c:"_L1), qPrintable(failure.description()));
+        }
     }
     void the_server_does_not_let_this_user_in()
     {

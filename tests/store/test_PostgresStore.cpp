@@ -5,6 +5,8 @@
 #include "testlib/EspecieDaFalha.h"
 #include "testlib/Teste.h"
 
+#include <QTemporaryFile>
+
 using namespace Qt::StringLiterals;
 
 class TestPostgresStore : public QObject
@@ -51,8 +53,9 @@ private Q_SLOTS:
                         {text, qint64{-2147483648}, 8.25, picture});
         store_->execute(u"INSERT INTO T (Nome, Idade, Peso, Imagem) VALUES (?, ?, ?, ?)"_s,
                         {QString(u""_s), std::monostate(), 0.1, QByteArray("")});
+        store_->execute(u"INSERT INTO T (Peso) VALUES (?)"_s, {1.0 / 3});
         Recordset rs = store_->query(u"SELECT * FROM T ORDER BY ID"_s, {});
-        QCOMPARE(rs.RecordCount(), 2);
+        QCOMPARE(rs.RecordCount(), 3);
         QCOMPARE(rs.Fields("Nome").text(), text);
         QCOMPARE(rs.Fields("IDADE").number(), -2147483647 - 1);
         QCOMPARE(rs.Fields("Peso").text(), u"8.25"_s);
@@ -63,6 +66,72 @@ private Q_SLOTS:
         QVERIFY(rs.Fields("Idade").isNull());
         QCOMPARE(rs.Fields("Peso").text(), u"0.1"_s);
         QVERIFY(!rs.Fields("Imagem").isNull());
+        QCOMPARE(store_->query(u"SELECT Peso = 1::float8 / 3 AS same FROM T WHERE ID = 3"_s, {}).Fields("same").number(), 1);
+    }
+    void every_type_of_the_server_is_what_it_says_data()
+    {
+        QTest::addColumn<QString>("text");
+        for (const auto &[sql, text] : {std::pair("true", "1"), {"false", "0"}, {"5::smallint", "5"}, {"6::integer", "6"},
+                                        {"7::bigint", "7"}, {"8::oid", "8"}, {"1.5::real", "1.5"}, {"2.5::float8", "2.5"},
+                                        {"3::numeric", "3"}, {"3.5::numeric", "3.5"}, {"'9 a'::text", "9 a"}})
+            QTest::newRow(sql) << QString::fromLatin1(text);
+    }
+    void every_type_of_the_server_is_what_it_says()
+    {
+        QFETCH(QString, text);
+        const QString sql = u"SELECT %1 AS x, 'b' AS nome"_s.arg(QLatin1String(QTest::currentDataTag()));
+        const Recordset rs = store_->query(sql, {});
+        QCOMPARE(rs.Fields("x").text(), text);
+        if (!text.contains(u' ')) QCOMPARE(rs.Fields("x").number(), static_cast<int>(text.toDouble()));
+        store_->rows(sql, {}, [&](const Row &row) {
+            QCOMPARE(row.field(0).text(), text);
+            QCOMPARE(row.bytes(1), "b"); // of a text it is what stands there
+        });
+    }
+    void a_picture_that_is_not_there_has_no_bytes()
+    {
+        Inserir(u"Ana"_s);
+        store_->rows(u"SELECT Imagem FROM T"_s, {}, [](const Row &row) { QVERIFY(row.bytes(0).empty()); });
+    }
+    void texts_beyond_the_first_few_hundred_are_run_and_not_kept()
+    {
+        for (int i = 0; i < 450; ++i)
+            QCOMPARE(store_->query(u"SELECT %1 AS n"_s.arg(i), {}).Fields("n").number(), i);
+        const Recordset kept = store_->query(u"SELECT count(*) AS n FROM pg_prepared_statements"_s, {});
+        QVERIFY(kept.Fields("n").number() >= 390 && kept.Fields("n").number() <= 400);
+        QCOMPARE(store_->query(u"SELECT 449 AS n"_s, {}).Fields("n").number(), 449);
+    }
+    void what_the_server_notes_beside_its_answer_is_not_printed()
+    {
+        QTemporaryFile file;
+        QVERIFY(file.open());
+        const int before = ::dup(STDERR_FILENO);
+        ::dup2(file.handle(), STDERR_FILENO);
+        const bool done = skipFailure([&] { store_->execute(u"DROP TABLE IF EXISTS nenhuma"_s, {}); });
+        ::dup2(before, STDERR_FILENO);
+        ::close(before);
+        QVERIFY(done);
+        QCOMPARE(file.size(), 0);
+    }
+    void names_and_texts_are_written_as_the_server_has_them()
+    {
+        const Dialect &dialect = store_->dialect();
+        QCOMPARE(dialect.name(u"Na\"me"_s), u"\"na\"\"me\""_s);
+        Inserir(u"Ana"_s);
+        const QString text = dialect.asText(u"Peso"_s);
+        QCOMPARE(store_->query(u"SELECT %1 AS x FROM T"_s.arg(text), {}).Fields("x").text(), QString());
+        QVERIFY(!store_->query(u"SELECT %1 AS x FROM T"_s.arg(text), {}).Fields("x").isNull());
+    }
+    void a_server_without_a_number_of_steps_has_had_none()
+    {
+        base_->Correr(u"DELETE FROM morvex_esquema"_s);
+        QCOMPARE(store_->schemaNumber(), 0);
+        base_->Correr(u"INSERT INTO morvex_esquema VALUES (2)"_s);
+    }
+    void a_column_that_was_dropped_is_none()
+    {
+        base_->Correr(u"ALTER TABLE t ADD COLUMN velha integer; ALTER TABLE t DROP COLUMN velha"_s);
+        QCOMPARE(store_->columns(u"T"_s).size(), 5);
     }
     void a_zero_character_is_taken_out_and_what_stands_behind_it_stays()
     {
@@ -139,6 +208,28 @@ private Q_SLOTS:
         QCOMPARE(store_->query(u"SELECT * FROM T"_s, {}).Fields("Versao").number(), 7);
         base_->Correr(u"ALTER TABLE t DROP COLUMN versao"_s);
         QCOMPARE(store_->query(u"SELECT * FROM T"_s, {}).Row().size(), 5);
+    }
+    void what_the_address_sets_for_a_session_stays_beside_what_the_store_sets()
+    {
+        const auto setting = [](PostgresStore &store, const char *name) {
+            return store.query(u"SELECT current_setting('%1') AS s"_s.arg(QLatin1String(name)), {}).Fields("s").text();
+        };
+        const auto own = PostgresStore::open(base_->Morada() + u"?options=-c%20work_mem%3D7777kB"_s, paciente_);
+        QCOMPARE(setting(*own, "work_mem"), u"7777kB"_s);
+        QCOMPARE(setting(*own, "lock_timeout"), u"45s"_s); // three quarters of a command's patience
+        QCOMPARE(setting(*store_, "lock_timeout"), u"45s"_s);
+    }
+    void a_refusal_is_told_by_its_first_line()
+    {
+        base_->Correr(u"CREATE OR REPLACE FUNCTION recusar() RETURNS integer LANGUAGE plpgsql AS "
+                      "$f$ BEGIN RAISE EXCEPTION E'one \\ntwo' USING DETAIL = 'three'; END $f$"_s);
+        try {
+            store_->query(u"SELECT recusar() AS x"_s, {});
+            QFAIL("it was not refused");
+        } catch (const Failure &failure) {
+            QCOMPARE(failure.description(), u"one"_s);
+            QCOMPARE(failure.source(), u"SELECT recusar() AS x"_s);
+        }
     }
     void keys_of_yesterday_go_at_the_opening_and_those_of_today_stay()
     {

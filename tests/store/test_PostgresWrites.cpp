@@ -155,6 +155,102 @@ private Q_SLOTS:
         });
         QCOMPARE(base_->Numero(u"SELECT sum(length(imagem)) FROM t"_s), 9 << 20);
     }
+    void long_texts_do_not_pile_up_and_short_ones_behind_them_go_together()
+    {
+        Intermediario network(base_->Porta());
+        store_ = PostgresStore::open(base_->Morada(network.Porta()), Curta());
+        const QString text(1 << 20, u'x');
+        store_->gathering([&] {
+            for (int i = 0; i < 4; ++i)
+                Inserir(text);
+            QCOMPARE(Quantos(), 4);
+            const int before = network.viagens;
+            for (int i = 0; i < 200; ++i)
+                Inserir(u"N"_s);
+            QVERIFY2(network.viagens - before < 10, QByteArray::number(network.viagens - before));
+        });
+        QCOMPARE(Quantos(), 204);
+    }
+    void a_picture_larger_than_any_buffer_on_the_way_arrives()
+    {
+        store_ = PostgresStore::open(base_->Morada(), {milliseconds(4000), milliseconds(30000), milliseconds(30000), {}});
+        const QByteArray picture(40 << 20, 'x');
+        store_->execute(u"INSERT INTO T (Imagem) VALUES (?)"_s, {picture});
+        QCOMPARE(base_->Numero(u"SELECT length(imagem) FROM t"_s), 40 << 20);
+    }
+    void what_is_refused_at_the_end_alone_is_refused()
+    {
+        base_->Correr(u"CREATE TABLE u (n integer UNIQUE DEFERRABLE INITIALLY DEFERRED)"_s);
+        const QString insert = u"INSERT INTO u VALUES (?)"_s;
+        const auto add = [&](qint64 n) { store_->execute(insert, {n}); };
+        add(1);
+        QVERIFY(!skipFailure([&] { add(1); }));
+        QCOMPARE(store_->written(insert), 1);
+        QVERIFY(!skipFailure([&] {
+            store_->gathering([&] {
+                for (const qint64 n : {2, 1, 3, 1, 4})
+                    add(n);
+            });
+        }));
+        QCOMPARE(base_->Valor(u"SELECT string_agg(n::text, ',' ORDER BY n) FROM u"_s), u"1,2,3,4"_s);
+        QVERIFY(!skipFailure([&] {
+            store_->allOrNothing([&] {
+                add(5);
+                add(1);
+            });
+        }));
+        QCOMPARE(base_->Numero(u"SELECT count(*) FROM u"_s), 4);
+        add(5); // nothing was left open
+        base_->Correr(u"DROP TABLE u"_s);
+    }
+    void a_write_that_touches_no_row_moves_no_mark()
+    {
+        Inserir(u"Ana"_s);
+        Inserir(u"Rui"_s);
+        const StoreMark before = store_->mark();
+        store_->execute(u"UPDATE T SET Idade = 1 WHERE ID > 99"_s, {});
+        QVERIFY(store_->mark() == before);
+        store_->execute(u"UPDATE T SET Idade = 1"_s, {});
+        QCOMPARE(store_->mark().here, before.here + 2);
+    }
+    void all_or_nothing_within_itself_is_an_error_and_harms_nothing()
+    {
+        store_->allOrNothing([&] {
+            Inserir(u"Ana"_s);
+            QVERIFY(!skipFailure([&] { store_->allOrNothing([] {}); }));
+            store_->tryWriting(); // it is within a transaction that can be written
+            Inserir(u"Rui"_s);
+        });
+        QCOMPARE(Nomes(), u"Ana,Rui"_s);
+    }
+    void all_or_nothing_within_a_gathering_stands_behind_what_was_gathered()
+    {
+        store_->gathering([&] {
+            Inserir(u"Ana"_s);
+            QVERIFY(!skipFailure([&] {
+                store_->allOrNothing([&] {
+                    Inserir(u"Rui"_s);
+                    QCOMPARE(Quantos(), 1);
+                    throw Failure(7, {}, {});
+                });
+            }));
+            Inserir(u"Eva"_s);
+        });
+        QCOMPARE(Nomes(), u"Ana,Eva"_s);
+    }
+    void what_was_gathered_of_all_that_became_nothing_is_nothing()
+    {
+        QVERIFY(!skipFailure([&] {
+            store_->allOrNothing([&] {
+                store_->gathering([&] {
+                    Inserir(u"Ana"_s);
+                    throw Failure(7, {}, {});
+                });
+            });
+        }));
+        Inserir(u"Rui"_s);
+        QCOMPARE(Nomes(), u"Rui"_s);
+    }
 
     void all_is_there_or_nothing()
     {
@@ -209,6 +305,7 @@ private Q_SLOTS:
         store_->allOrNothing([&] {
             QCOMPARE(teste::Especie_Da_Falha([&] { other->execute(insert_, {u"Rui"_s, qint64{1}}); }), Failure::Kind::DatabaseLocked);
             QCOMPARE(other->query(u"SELECT * FROM T"_s, {}).RecordCount(), 1);
+            other->tryWriting(); // a key alone waits for nobody
         });
         other->execute(insert_, {u"Rui"_s, qint64{1}});
         QCOMPARE(Nomes(), u"Ana,Rui"_s);
@@ -244,7 +341,8 @@ private Q_SLOTS:
     }
     void who_may_write_nothing_is_told_once_for_a_gathering()
     {
-        store_ = PostgresStore::openReadOnly(base_->Morada(), Curta());
+        Intermediario network(base_->Porta());
+        store_ = PostgresStore::openReadOnly(base_->Morada(network.Porta()), Curta());
         QCOMPARE(teste::Especie_Da_Falha([&] {
                      store_->gathering([&] {
                          for (int i = 0; i < 200; ++i)
@@ -253,6 +351,8 @@ private Q_SLOTS:
                  }),
                  Failure::Kind::DatabaseReadOnly);
         QCOMPARE(Quantos(), 0);
+        QVERIFY2(network.viagens < 20, QByteArray::number(network.viagens)); // not once for each of them
+        store_.reset();
     }
     void a_gathering_that_waits_in_vain_for_its_turn_writes_what_comes_behind()
     {
@@ -295,6 +395,45 @@ private Q_SLOTS:
                 QVERIFY2(secondTook < wait.count() / 2, QByteArray::number(secondTook));
             });
             QVERIFY(again().second >= wait.count() - 50); // behind it as before it
+            QVERIFY(!skipFailure([&] {
+                other->waitingOnce([&] {
+                    again();
+                    throw Failure(7, {}, {});
+                });
+            }));
+            QVERIFY(again().second >= wait.count() - 50);
+            other->waitingOnce([&] {
+                QVERIFY(!skipFailure([&] { other->execute(u"UPDATE Nenhuma SET a = 1"_s, {}); })); // no lock
+                QVERIFY(again().second >= wait.count() - 50);
+            });
+        });
+    }
+    void after_a_write_that_arrived_a_lock_is_waited_for_again_data()
+    {
+        QTest::addColumn<int>("way");
+        QTest::newRow("alone") << 0;
+        QTest::newRow("gathered") << 1;
+        QTest::newRow("all or nothing") << 2;
+    }
+    void after_a_write_that_arrived_a_lock_is_waited_for_again()
+    {
+        QFETCH(int, way);
+        Inserir(u"Ana"_s);
+        const auto other = PostgresStore::open(base_->Morada(), Curta());
+        const auto write = [&] { other->execute(u"UPDATE T SET Idade = 1"_s, {}); };
+        const auto waited = [&] {
+            QElapsedTimer clock;
+            clock.start();
+            store_->allOrNothing([&] { skipFailure(write); });
+            return clock.elapsed();
+        };
+        const qint64 wait = (Curta().command * 3 / 4).count();
+        other->waitingOnce([&] {
+            QVERIFY(waited() >= wait - 50);
+            if (way == 0) write();
+            if (way == 1) other->gathering(write);
+            if (way == 2) other->allOrNothing(write);
+            QVERIFY(waited() >= wait - 50);
         });
     }
     void whether_anything_can_be_written_is_tried_without_a_trace()
@@ -310,7 +449,9 @@ private Q_SLOTS:
         qputenv("PGPASSWORD", "leitor");
         const auto role = PostgresStore::open(base_->Morada(0, u"m_leitor"_s), Curta());
         qunsetenv("PGPASSWORD");
+        QCOMPARE(role->query(u"SELECT * FROM T"_s, {}).RecordCount(), 0); // what it may not forget is no hindrance
         QCOMPARE(teste::Especie_Da_Falha([&] { role->tryWriting(); }), Failure::Kind::DatabaseReadOnly);
+        QCOMPARE(role->query(u"SELECT ID FROM T"_s, {}).RecordCount(), 0); // no transaction is left open
         QCOMPARE(teste::Especie_Da_Falha([&] { role->execute(insert_, {u"Ana"_s, qint64{1}}); }), Failure::Kind::DatabaseReadOnly);
         base_->Correr(u"REVOKE ALL ON t FROM m_leitor; DROP ROLE m_leitor"_s);
     }

@@ -5,8 +5,10 @@ foreach(teste IN ITEMS
     test_PostgresAddress
     test_PostgresCopy
     test_PostgresDialect
+    test_PostgresFailure
     test_PostgresFaults
     test_PostgresLedger
+    test_PostgresLink
     test_PostgresNotices
     test_PostgresOpening
     test_PostgresStore
@@ -18,5 +20,5 @@ foreach(teste IN ITEMS
 endforeach()
 morvex_servidores(test_PostgresLedger)
 morvex_servidores(test_PostgresOpening)
-morvex_com_postgres(store/test_PostgresCopy store/test_PostgresFaults store/test_PostgresLedger store/test_PostgresNotices store/test_PostgresOpening
+morvex_com_postgres(store/test_PostgresCopy store/test_PostgresFaults store/test_PostgresLedger store/test_PostgresLink store/test_PostgresNotices store/test_PostgresOpening
     store/test_PostgresStore store/test_PostgresWrites)

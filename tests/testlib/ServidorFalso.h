@@ -9,6 +9,7 @@
 #include "store/sqlite/SqliteStore.h"
 
 #include <optional>
+#include <QScopedValueRollback>
 #include <QStringList>
 
 class ServidorFalso
@@ -50,8 +51,10 @@ public:
         perdido_ = false;
         if (ouvinte_.reached) ouvinte_.reached(Reach::There);
     }
-    // The next write is done, and its answer lost along with the server.
-    void Perder_A_Proxima_Resposta() { perde_resposta_ = true; }
+    // The next write is done, and its answer lost along with the server. What is written as one counts as one.
+    void Perder_A_Proxima_Resposta() { perde_ = Fate::Arrived; }
+    // The next write is lost on its way there, along with the server.
+    void Perder_A_Proxima_Escrita() { perde_ = Fate::NotArrived; }
     // What another desk has done.
     void Mudou(const QString &tabela, StoreChange::What que, const QList<int> &ids)
     {
@@ -77,10 +80,18 @@ private:
         if (!junta_) pedidos << sql;
     }
 
+    void Perder_Se_Pedido()
+    {
+        if (perde_ == Fate::None) return;
+        perdidas_ << std::exchange(perde_, Fate::None);
+        Perder();
+        Pedido({});
+    }
+
     QString ficheiro_;
     bool perdido_ = false;
-    bool perde_resposta_ = false;
-    Fate destino_ = Fate::None;
+    Fate perde_ = Fate::None; // what becomes of the next write, if it is to be lost
+    QList<Fate> perdidas_;
     bool junta_ = false; // what is gathered is one trip
     Store::Listener ouvinte_;
 };
@@ -113,16 +124,19 @@ public:
     void execute(const QString &sql, Values values) override
     {
         s_.Pedido(sql);
-        ficheiro_->execute(sql, std::move(values));
-        s_.destino_ = s_.perde_resposta_ ? Fate::Arrived : Fate::None;
-        if (!std::exchange(s_.perde_resposta_, false)) return;
-        s_.Perder();
-        s_.Pedido(sql);
+        if (tudo_) return ficheiro_->execute(sql, std::move(values));
+        if (s_.perde_ != Fate::NotArrived) ficheiro_->execute(sql, std::move(values));
+        s_.Perder_Se_Pedido();
     }
     // Nothing is asked for it: what others write is told.
     StoreMark mark() override { return {0, 0, ficheiro_->mark().here}; }
     int written(const QString &sql) const override { return ficheiro_->written(sql); }
-    Fate lostWrite() const override { return s_.destino_; }
+    int lostWrites() const override { return static_cast<int>(s_.perdidas_.size()); }
+    Fate fateOf(int lost) const override
+    {
+        const Fate known = s_.perdidas_.value(lost - 1, Fate::None);
+        return known != Fate::None && s_.perdido_ && lost == lostWrites() ? Fate::Unknown : known;
+    }
     int undone() const override { return ficheiro_->undone(); }
     void tryWriting() override
     {
@@ -140,7 +154,12 @@ public:
     void allOrNothing(const Work &work) override
     {
         s_.Pedido(QStringLiteral("allOrNothing"));
-        ficheiro_->allOrNothing(work);
+        const QScopedValueRollback tudo(tudo_, true);
+        ficheiro_->allOrNothing([&] {
+            work();
+            if (s_.perde_ == Fate::NotArrived) s_.Perder_Se_Pedido();
+        });
+        s_.Perder_Se_Pedido();
     }
     qint64 lastId() override { return ficheiro_->lastId(); }
     qint64 highestId(const QString &table) override { return ficheiro_->highestId(table); }
@@ -161,6 +180,7 @@ public:
 private:
     ServidorFalso &s_;
     std::unique_ptr<SqliteStore> ficheiro_;
+    bool tudo_ = false; // what is written goes as one
 };
 
 inline std::unique_ptr<Store> ServidorFalso::Abrir(const QString &endereco)

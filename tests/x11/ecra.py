@@ -142,6 +142,11 @@ def janela(nome):
     return until(lambda: janelas(nome), f"a window named {nome}")[-1]
 
 
+def janelas_de(processo):
+    """All that a process shows, its open menus among it."""
+    return set(run("xdotool", "search", "--onlyvisible", "--pid", str(processo.pid)).split())
+
+
 def sem_janela(nome):
     until(lambda: not janelas(nome), f"the end of the window {nome}")
 

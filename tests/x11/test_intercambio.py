@@ -4,7 +4,6 @@ import pathlib
 import shutil
 import sqlite3
 import sys
-import time
 import unittest
 
 import ecra
@@ -32,8 +31,9 @@ class Intercambio(unittest.TestCase):
     def abrir(self, menu, entrada, titulo):
         """Opens a dialog by the main menu, as the keyboard does it."""
         ecra.activar(self.main)
+        antes = ecra.janelas_de(self.programa.processo)
         self.atalho(menu)
-        time.sleep(0.3)
+        ecra.until(lambda: ecra.janelas_de(self.programa.processo) - antes, "the open menu")
         ecra.tecla(self.programa.letra(entrada, IDIOMA))
         return self.em_frente(titulo)
 

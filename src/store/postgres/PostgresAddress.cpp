@@ -73,7 +73,7 @@ bool PostgresAddress::isOne(const QString &text) { return server_store::isAddres
 QString PostgresAddress::shown(const QString &text)
 {
     const Options options = parsed(text.trimmed().toUtf8());
-    if (!options) return nothingToShow;
+    if (!options || !isOne(text)) return nothingToShow;
     QHash<QByteArray, QByteArray> named;
     each(options, [&](const PQconninfoOption &option) {
         if (isGiven(option) && !isSecret(option)) named.insert(option.keyword, option.val);
@@ -113,6 +113,7 @@ PostgresAddress::PostgresAddress(const QString &text) : text_(text.trimmed().toU
     });
     if (values.isEmpty()) raise(reason, shown(text), AddressBroken);
     readHosts(values);
+    settings_ = values.value("options");
     passwordFile_ = word(values, "passfile");
     if (passwordFile_.isEmpty()) passwordFile_ = QDir::home().filePath(u".pgpass"_s);
 }

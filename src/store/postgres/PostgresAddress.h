@@ -37,6 +37,9 @@ public:
     // stands.
     std::vector<PostgresOption> options(const QHash<QString, QList<QHostAddress>> &found) const;
 
+    // What the address itself has each session of the server begin with; empty for nothing.
+    const QByteArray &settings() const { return settings_; }
+
     // The file in which the library looks for the password.
     const QString &passwordFile() const { return passwordFile_; }
 
@@ -53,5 +56,6 @@ private:
     std::vector<Host> hosts_;
     QString hostAddress_; // as the address or its service names it
     QHash<QByteArray, bool> named_; // what need not be given a default
+    QByteArray settings_;
     QString passwordFile_;
 };

@@ -67,7 +67,6 @@ private:
     void copyCounter(const QString &table)
     {
         const qint64 highest = number({u"SELECT morvex_maior_id($1)"_s, {table}});
-        if (highest <= file_.highestId(table)) return;
         file_.execute(u"INSERT INTO sqlite_sequence (name, seq) SELECT ?, 0 WHERE NOT EXISTS "
                       "(SELECT name FROM sqlite_sequence WHERE name = ?)"_s,
                       {table, table});

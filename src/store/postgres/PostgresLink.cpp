@@ -65,7 +65,6 @@ PostgresLink::PostgresLink(PostgresConnection connection) : connection_(std::mov
 void PostgresLink::drop()
 {
     connection_.reset();
-    awaited_.clear();
 }
 
 void PostgresLink::lose()
@@ -154,8 +153,8 @@ void PostgresLink::settle(PostgresAnswers &answers, const Awaited &awaited, Post
     using What = Awaited::What;
     if (awaited.what == What::Ahead) return;
     if (isRefusal(result.get())) {
-        if (awaited.what != What::End && !answers.refusal) answers.refused = awaited.command;
-        if (!answers.refusal) answers.refusal = std::move(result);
+        if (awaited.what != What::End) answers.refused = awaited.command; // what stands behind it is not run
+        answers.refusal = std::move(result);
     } else if (isWhole(result.get()) && awaited.what == What::Preparation) {
         if (!awaited.name.isEmpty()) prepared_.insert(awaited.sql, awaited.name);
     } else if (isWhole(result.get()) && awaited.what == What::Command) {
@@ -215,10 +214,7 @@ void PostgresLink::stream(const PostgresCommand &command, std::chrono::milliseco
 bool PostgresLink::hear()
 {
     if (!alive()) return false;
-    if (PQconsumeInput(connection_.get()) == 0) {
-        drop();
-        return false;
-    }
+    if (PQconsumeInput(connection_.get()) == 0) return false;
     collectNotices();
     return true;
 }

@@ -21,7 +21,7 @@ bool isOpenToOthers(const QString &passwordFile)
 {
     const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther |
                         QFile::WriteOther | QFile::ExeOther;
-    return QFile::exists(passwordFile) && (QFile::permissions(passwordFile) & others);
+    return (QFile::permissions(passwordFile) & others).toInt() != 0;
 }
 
 // Of a connection that was told to name the code; empty where the server itself said nothing.
@@ -55,9 +55,9 @@ int PostgresOpening::socket() const { return lookup_ ? lookup_->socket() : PQsoc
 void PostgresOpening::start(const QHash<QString, QList<QHostAddress>> &found)
 {
     std::vector<PostgresOption> options = address_.options(found);
-    QByteArray settings;
+    QByteArray settings = address_.settings();
     for (const QString &setting : settings_)
-        settings += "-c " + setting.toUtf8() + ' ';
+        settings += " -c " + setting.toUtf8();
     if (!settings.isEmpty()) options.push_back({"options", settings});
     std::vector<const char *> names;
     std::vector<const char *> values;

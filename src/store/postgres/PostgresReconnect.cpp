@@ -17,15 +17,9 @@ PostgresReconnect::~PostgresReconnect() { stop(); }
 
 void PostgresReconnect::begin()
 {
-    if (active_) return;
     active_ = true;
     tries_ = 0;
     nextTry_.start(patience_.tries.front());
-}
-
-void PostgresReconnect::tryNow()
-{
-    if (active_ && !opening_) nextTry_.start(0);
 }
 
 void PostgresReconnect::stop()

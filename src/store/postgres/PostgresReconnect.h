@@ -15,10 +15,8 @@ public:
     PostgresReconnect(PostgresAddress address, QStringList settings, PostgresPatience patience);
     ~PostgresReconnect() override;
 
-    // The first try comes after the first of the waits. Does nothing where it has begun.
+    // The first try comes after the first of the waits. Not to be called while it is active.
     void begin();
-    // Without waiting any longer, where none is on its way.
-    void tryNow();
     void stop();
     bool active() const { return active_; }
     int tries() const { return tries_; } // since it began

@@ -37,7 +37,8 @@ public:
     void copyTo(const FileCopy &copy) override;
     const Dialect &dialect() const override;
     void listen(const Listener &listener) override { session_.listen(listener); }
-    Fate lostWrite() const override { return fate_; }
+    int lostWrites() const override { return static_cast<int>(fates_.size()); }
+    Fate fateOf(int lost) const override;
 
 private:
     using Commands = std::vector<PostgresCommand>;
@@ -62,7 +63,6 @@ private:
     static std::chrono::milliseconds lockPatience(const PostgresPatience &patience);
 
     void sendAlone(const Write &write);
-    void beginWrite();
     PostgresAnswers sendKeyed(const QString &keep, const Commands &commands, const Deadline &deadline);
     bool settle(const QString &key, const Deadline &deadline);
     void settleDoubt();
@@ -95,6 +95,6 @@ private:
     QHash<QString, int> written_;   // how often each statement is in the data
     qint64 rowsWritten_ = 0;
     QString doubt_;                 // the key of a write whose answer was lost; empty where there is none
-    Fate fate_ = Fate::None;
+    std::vector<Fate> fates_;       // of the writes that lost their answer; the doubt is the last one's
     QString lockOfAll_;
 };

@@ -66,7 +66,7 @@ void PostgresStore::allOrNothing(const Work &work)
 // Nobody else writes from here on; who tries waits.
 void PostgresStore::begin()
 {
-    beginWrite();
+    if (session_.lost()) raiseLost({});
     Commands commands{{u"BEGIN"_s, {}}, {postgres::alone, {}}};
     if (const QString &tables = lockOfAll(); !tables.isEmpty()) commands.push_back({tables, {}});
     const PostgresAnswers answers = session_.attemptTwice(commands, Deadline(session_.patience().command)); // nothing was written yet

@@ -66,17 +66,15 @@ void PostgresStore::sendAlone(const Write &write)
     if (waitsOnce_) wait(true);
 }
 
-// While an earlier write is in doubt nothing is sent, and the doubt stays that one's.
-void PostgresStore::beginWrite()
+Fate PostgresStore::fateOf(int lost) const
 {
-    if (doubt_.isEmpty()) fate_ = Fate::None;
-    if (session_.lost()) raiseLost({});
+    return lost < 1 || lost > lostWrites() ? Fate::None : fates_[static_cast<std::size_t>(lost) - 1];
 }
 
-// Raises Failure where nothing was done, and where nobody knows.
+// Raises Failure where nothing was done, and where nobody knows. While an earlier write is in doubt nothing is sent.
 PostgresAnswers PostgresStore::sendKeyed(const QString &keep, const Commands &commands, const Deadline &deadline)
 {
-    beginWrite();
+    if (session_.lost()) raiseLost({});
     const QString key = postgres::newKey();
     Commands keyed{{keep, {key}}};
     keyed.insert(keyed.end(), commands.begin(), commands.end());
@@ -92,10 +90,10 @@ PostgresAnswers PostgresStore::sendKeyed(const QString &keep, const Commands &co
 bool PostgresStore::settle(const QString &key, const Deadline &deadline)
 {
     doubt_ = key;
-    fate_ = Fate::Unknown;
+    fates_.push_back(Fate::Unknown);
     if (!session_.reopen(deadline)) return false;
     skipFailure([this] { settleDoubt(); });
-    return fate_ == Fate::Arrived;
+    return fates_.back() == Fate::Arrived;
 }
 
 // A server on which that write still runs counts as lost: it is asked again on the next way back.
@@ -106,7 +104,7 @@ void PostgresStore::settleDoubt()
     try {
         const PostgresResult result = session_.attemptOne(command, Deadline(session_.patience().command));
         const bool wasFree = qstrcmp(PQcmdTuples(result.get()), "1") == 0;
-        fate_ = wasFree ? Fate::NotArrived : Fate::Arrived;
+        fates_.back() = wasFree ? Fate::NotArrived : Fate::Arrived;
         doubt_.clear();
     } catch (const Failure &) {
         session_.lose();
@@ -187,7 +185,7 @@ PostgresAnswers PostgresStore::tryPortion(std::span<const Write> writes)
     try {
         answers = sendKeyed(postgres::keepKeyAlone, commands, deadline);
     } catch (const Failure &) {
-        if (session_.lost() || fate_ != Fate::NotArrived) throw;
+        if (session_.lost() || fates_.back() != Fate::NotArrived) throw;
         answers = sendKeyed(postgres::keepKeyAlone, commands, deadline);
     }
     if (answers.refused) return answers;
