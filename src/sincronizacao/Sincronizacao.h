@@ -1,6 +1,7 @@
 // One run: what has changed on the server comes into the group, what has changed in the group goes to the
 // server. It works by events and in slices, writes nothing while a form holds the timers, and remembers what
-// it did as it does it: wherever it ends, the next run goes on from there.
+// it did as it does it: wherever it ends, the next run goes on from there. So it does where two copies of the
+// program run at the same time: the one that began last goes on, and the other one ends.
 #pragma once
 
 #include "carddav/RemoteBook.h"
@@ -44,6 +45,7 @@ private:
     void Passo();
     void Passo_Da_Fase();
     void Abrir();
+    bool Tomar_A_Corrida();
     void Pedir_Mudancas();
     void Mudancas(const RemoteError &erro, const RemoteChanges &mudancas);
     void Pedir_Cartoes();

@@ -168,6 +168,13 @@ private Q_SLOTS:
         QCOMPARE(juntos.conflitos.size(), 1U);
     }
 
+    void a_linha_que_ambas_as_notas_tem_nao_se_repete()
+    {
+        const auto juntos = Juntar(Com({{Coluna::Obs, u"velha"_s}}), Com({{Coluna::Obs, u"comum\r\nnossa"_s}}),
+                                   Com({{Coluna::Obs, u"comum\r\ndela"_s}}));
+        QCOMPARE(juntos.colunas[Coluna::Obs], u"comum\r\ndela"_s + marca + u"nossa"_s);
+    }
+
     void uma_nota_que_contem_a_outra_fica_inteira_sem_conflito()
     {
         const auto juntos = Juntar(Com({{Coluna::Obs, u"nota"_s}}), Com({{Coluna::Obs, u"nota\r\nmais"_s}}),
