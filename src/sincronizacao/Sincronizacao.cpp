@@ -67,10 +67,16 @@ void Sincronizacao::Passo_Da_Fase()
     case Fase::AEspera:
     case Fase::Fim:
         return;
+    case Fase::OPlano:
+        return Planear();
+    case Fase::ASala:
+        return Preparar_A_Recepcao();
     case Fase::ARecepcao:
         return Receber();
     case Fase::OsPares:
         return Arrumar_Os_Pares();
+    case Fase::OsEnvios:
+        return Preparar_A_Expedicao();
     case Fase::AExpedicao:
         return Expedir();
     }
@@ -120,19 +126,22 @@ void Sincronizacao::Pedir_Mudancas()
 void Sincronizacao::Mudancas(const RemoteError &erro, const RemoteChanges &mudancas)
 {
     if (erro) return Acabar_Com(erro);
-    testemunho_novo_ = mudancas.token;
-    for (const RemoteMember &membro : mudancas.changed)
-        marcas_.insert(membro.href, membro.etag);
-    onFailure(
-        [&] {
-            plano_ = Planear_A_Recepcao(*c_, mudancas);
-            recepcao_ = std::make_unique<RecepcaoDeCartoes>(*c_);
-            Pedir_Cartoes();
-        },
-        [this](const Failure &falha) {
-            c_->resultado.falha = falha.description();
-            Acabar(Fim::Base);
-        });
+    mudancas_ = mudancas;
+    fase_ = Fase::OPlano;
+    Agendar();
+}
+
+void Sincronizacao::Planear()
+{
+    plano_ = Planear_A_Recepcao(*c_, mudancas_);
+    fase_ = Fase::ASala;
+    Agendar();
+}
+
+void Sincronizacao::Preparar_A_Recepcao()
+{
+    recepcao_ = std::make_unique<RecepcaoDeCartoes>(*c_);
+    Pedir_Cartoes();
 }
 
 void Sincronizacao::Pedir_Cartoes()
@@ -224,14 +233,20 @@ void Sincronizacao::Arrumar_Os_Pares()
         for (const QString &href : plano_.a_apagar_aqui)
             Apagar_Aqui(href);
         // All that the server has told stands in the pairs now.
-        if (!testemunho_novo_.isEmpty() || !estado_.Testemunho.isEmpty()) {
-            estado_.Testemunho = testemunho_novo_;
+        if (!mudancas_.token.isEmpty() || !estado_.Testemunho.isEmpty()) {
+            estado_.Testemunho = mudancas_.token;
             c_->memoria.Guardar_Resultado(estado_);
         }
         c_->memoria.Guardar_Corrida(estado_.Corrida);
     });
     c_->posse = estado_.Corrida;
     MarcaDaCorrida(geral_).Escrever(estado_.Corrida);
+    fase_ = Fase::OsEnvios;
+    Agendar();
+}
+
+void Sincronizacao::Preparar_A_Expedicao()
+{
     expedicao_ = std::make_unique<ExpedicaoDeCartoes>(*c_, *livro_, *recepcao_, [this] { Agendar(); });
     if (Ha_Que_Perguntar(true, expedicao_->Preparar())) return;
     fase_ = Fase::AExpedicao;

@@ -62,6 +62,23 @@ private Q_SLOTS:
         QCOMPARE(Ler(m, ID), QStringList{u"Ana Silva"_s} + QStringList(colunas.size() - 1));
     }
 
+    void o_cartao_de_outra_pessoa_com_o_nome_que_o_nosso_teria_nao_e_o_nosso()
+    {
+        Mesa m;
+        const int ana = m.Contacto(u"Ana Silva"_s, u"912345678"_s);
+        m.servidor.falha = [&](const QString &pedido) {
+            if (pedido.startsWith(u"create"_s) && m.servidor.cartoes.empty())
+                m.servidor.Por(pedido.mid(7), Mesa::Cartao(u"x"_s, u"Rui Costa"_s, "TEL;TYPE=CELL:961111111\r\n"));
+            return RemoteError();
+        };
+        m.Correr();
+        QCOMPARE(m.Nomes(u"Nome || Telemovel1"_s), (QStringList{u"Ana Silva912345678"_s, u"Rui Costa961111111"_s}));
+        QCOMPARE(m.Valor(ana, u"Nome"_s), u"Ana Silva"_s);
+        QCOMPARE(m.servidor.cartoes.size(), 2U);
+        QCOMPARE(m.Aqui(), m.La());
+        QVERIFY(m.Href_Com("Ana Silva") != m.Href_Com("Rui Costa"));
+    }
+
     void de_quem_se_eliminou_enquanto_o_cartao_ia_a_caminho_nao_fica_nada()
     {
         Mesa m;
