@@ -22,6 +22,7 @@ pacotes_para_testar=(
     fonts-droid-fallback # the one font among these that has Chinese
     # Servers of tests/servidores: mail, address books, presence, and a client of the latter in a terminal of its own.
     dovecot-pop3d radicale xandikos prosody finch tmux
+    vdirsyncer # another program's copy of an address book
     postgresql iproute2 # the database server, and a network of its own for it
     zbar-tools # reads the contact's code from its picture
     faketime # a clock that a test moves under the running program

@@ -3,15 +3,29 @@
 #include "carddav/DavExchange.h"
 
 #include <algorithm>
+#include <QNetworkProxy>
 
 namespace
 {
 constexpr std::size_t mostAtOnce = 6;
-}
+
+// No proxy but the application's own, said in a way that makes the toolkit give its sockets a buffer. Without one it
+// takes the head of an answer byte by byte from the system, and from a server that never ends it, for ever: its thread
+// hears no word to give up any more, and whoever takes the manager down waits for that thread.
+class WithBuffers final : public QNetworkProxyFactory
+{
+public:
+    QList<QNetworkProxy> queryProxy(const QNetworkProxyQuery & /*query*/) override
+    {
+        return {QNetworkProxy(QNetworkProxy::DefaultProxy)};
+    }
+};
+} // namespace
 
 DavConnection::DavConnection(QUrl address, RemoteAccount account, const RemoteLimits &limits)
     : address_(std::move(address)), account_(std::move(account)), limits_(limits)
 {
+    manager_.setProxyFactory(new WithBuffers); // which is the manager's from now on
     manager_.setRedirectPolicy(QNetworkRequest::ManualRedirectPolicy);
     connect(&manager_, &QNetworkAccessManager::authenticationRequired, this, &DavConnection::authenticate);
 }

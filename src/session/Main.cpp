@@ -147,7 +147,10 @@ Main::Main(Geral &geral, Platform &platform)
     });
     tray_->Antes_De_Mostrar([this] { return Responder_A_Aviso(); });
     connect(avisos_, &AvisosDosPostos::Utilizadores, utilizadores, &::Utilizadores::Seguir);
-    connect(utilizadores, &::Utilizadores::Eliminado, this, [this] { Inicio().Entrar_De_Novo(); });
+    connect(utilizadores, &::Utilizadores::Eliminado, this, [this] {
+        sincronizador_->Esquecer_Palavra_Passe();
+        Inicio().Entrar_De_Novo();
+    });
     Ligar_Menus();
     Ligar_Teclas();
     Ligar_Avisos(*edicao);

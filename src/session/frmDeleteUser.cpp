@@ -7,6 +7,7 @@
 #include "session/PosseDosDados.h"
 #include "session/Titulo.h"
 #include "sincronizacao/MemoriaDaSincronizacao.h"
+#include "sincronizacao/PalavraPasseDoServidor.h"
 
 using namespace Qt::StringLiterals;
 
@@ -54,10 +55,11 @@ void frmDeleteUser::Eliminar_O_Ultimo(const QString &id)
     accept();
 }
 
-// With the password of the account there.
+// With the password of the account there, wherever it is kept.
 void frmDeleteUser::Esquecer_Servidor(const QString &id)
 {
     if (geral_.de.Em_Dia()) MemoriaDaSincronizacao(geral_.de, id).Esquecer();
+    PalavraPasseDoServidor(geral_, platform_.secrets).Esquecer(id);
 }
 
 void frmDeleteUser::Recusar()

@@ -15,7 +15,7 @@ class RecepcaoDeCartoes
 public:
     explicit RecepcaoDeCartoes(CorridaEmCurso &corrida);
 
-    // The card that stands under that name, in that state. Within DE::Tudo_Ou_Nada, with all that it
+    // The card that stands under that name, in that state. Within CorridaEmCurso::Escrever, with all that it
     // remembers.
     void Tratar(const QString &href, const QByteArray &etag, const QByteArray &texto);
 

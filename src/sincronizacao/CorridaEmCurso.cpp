@@ -72,6 +72,15 @@ CorridaEmCurso::CorridaEmCurso(Geral &g, const Clock &r, int IDGrupo)
         if (Repete_Se(ocorrencia.que)) ditas_.insert(Chave(ocorrencia));
 }
 
+// Who writes is alone, so nobody begins between the look and the writing.
+void CorridaEmCurso::Escrever(const std::function<void()> &trabalho)
+{
+    geral.de.Tudo_Ou_Nada([&] {
+        if (memoria.Estado().Corrida != posse) throw Ultrapassada();
+        trabalho();
+    });
+}
+
 void CorridaEmCurso::Apontar(Ocorrencia ocorrencia)
 {
     if (Repete_Se(ocorrencia.que)) {

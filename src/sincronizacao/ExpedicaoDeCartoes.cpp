@@ -5,13 +5,17 @@
 #include "sincronizacao/CartaoRecebido.h"
 #include "sincronizacao/JuncaoDeTres.h"
 
+#include <algorithm>
+#include <QElapsedTimer>
 #include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr int no_caminho_no_maximo = 12;
+constexpr int no_caminho_ao_principio = 12;
+constexpr int no_caminho_no_maximo = 48;
+constexpr qint64 fatia = 25; // ms that the program may be held up
 constexpr int tentativas_no_maximo = 3;
 constexpr int recusas_no_maximo = 5; // one after the other: this server takes nothing
 } // namespace
@@ -22,7 +26,8 @@ ExpedicaoDeCartoes::ExpedicaoDeCartoes(CorridaEmCurso &corrida, RemoteBook &livr
       livro_(livro),
       recepcao_(recepcao),
       avisar_(std::move(avisar)),
-      saida_(corrida.geral, {}, {CardVersion::V30, true, true, true})
+      saida_(corrida.geral, {}, {CardVersion::V30, true, true, true}),
+      janela_(no_caminho_ao_principio)
 {
 }
 
@@ -47,34 +52,43 @@ int ExpedicaoDeCartoes::Preparar()
     return a_eliminar;
 }
 
+// A write is as dear as a card's whole journey: those that have come back wait until half of the way is free, and
+// are remembered together with those that go next.
 bool ExpedicaoDeCartoes::Passo()
 {
-    Guardar_Voltas();
+    if (2 * no_caminho_ > janela_) return true;
+    std::vector<Envio> prontos;
+    if (!voltas_.empty() || !fila_.empty())
+        c_.Escrever([&] {
+            Guardar_Voltas();
+            if (!erro_) prontos = Aviar();
+        });
+    for (const Envio &envio : prontos)
+        Enviar(envio);
     if (erro_) {
         livro_.cancel(); // what becomes of those on their way the next run will see
         return false;
     }
-    Aviar();
-    return no_caminho_ > 0;
+    if (!fila_.empty() && no_caminho_ < janela_) avisar_();
+    return no_caminho_ > 0 || !fila_.empty();
 }
 
 // What has been remembered of them before they go tells the next run, should this one end now, what became of
 // them.
-void ExpedicaoDeCartoes::Aviar()
+std::vector<ExpedicaoDeCartoes::Envio> ExpedicaoDeCartoes::Aviar()
 {
+    QElapsedTimer tempo;
+    tempo.start();
     std::vector<Envio> prontos;
-    c_.geral.de.Tudo_Ou_Nada([&] {
-        while (!fila_.empty() && no_caminho_ + static_cast<int>(prontos.size()) < no_caminho_no_maximo) {
-            Envio envio = std::move(fila_.front());
-            fila_.pop_front();
-            if (Cartao_Para(envio))
-                prontos.push_back(std::move(envio));
-            else
-                Feito();
-        }
-    });
-    for (const Envio &envio : prontos)
-        Enviar(envio);
+    while (!fila_.empty() && no_caminho_ + static_cast<int>(prontos.size()) < janela_ && tempo.elapsed() < fatia) {
+        Envio envio = std::move(fila_.front());
+        fila_.pop_front();
+        if (Cartao_Para(envio))
+            prontos.push_back(std::move(envio));
+        else
+            Feito();
+    }
+    return prontos;
 }
 
 // Everything is asked anew: somebody may have changed it since. False where there is nothing to do any more.
@@ -141,12 +155,9 @@ void ExpedicaoDeCartoes::Chegou(Volta volta)
 
 void ExpedicaoDeCartoes::Guardar_Voltas()
 {
-    if (voltas_.empty()) return;
     std::deque<Volta> voltas = std::exchange(voltas_, {});
-    c_.geral.de.Tudo_Ou_Nada([&] {
-        for (Volta &volta : voltas)
-            Tratar(volta);
-    });
+    for (Volta &volta : voltas)
+        Tratar(volta);
 }
 
 void ExpedicaoDeCartoes::Tratar(Volta &volta)
@@ -156,6 +167,7 @@ void ExpedicaoDeCartoes::Tratar(Volta &volta)
         return Pedir(volta.envio);
     if (volta.erro) return Recusado(volta);
     recusas_seguidas_ = 0;
+    janela_ = std::min(janela_ + 1, no_caminho_no_maximo); // this server takes what comes
     if (volta.eliminado)
         Eliminado(volta.envio);
     else
@@ -191,6 +203,7 @@ void ExpedicaoDeCartoes::Recusado(const Volta &volta)
     if (acabou && !erro_) erro_ = volta.erro;
     Feito();
     if (volta.erro.concernsAll()) return;
+    janela_ = no_caminho_ao_principio;
     ++c_.resultado.recusados;
     c_.Apontar({Ocorrencia::Recusado, volta.envio.ID, volta.envio.colunas[Coluna::Nome], {}, {}, {}, {}});
 }

@@ -53,7 +53,7 @@ private:
         bool foi_pedido = false;
     };
 
-    void Aviar();
+    std::vector<Envio> Aviar();
     bool Cartao_Para(Envio &envio);
     bool Cartao_Do_Contacto(Envio &envio, const ColunasDoContacto &colunas);
     void Enviar(const Envio &envio);
@@ -77,6 +77,7 @@ private:
     std::deque<Volta> voltas_;
     RemoteError erro_;
     int no_caminho_ = 0;
+    int janela_; // so many may be on their way
     int feitos_ = 0;
     int todos_ = 0;
     int recusas_seguidas_ = 0;

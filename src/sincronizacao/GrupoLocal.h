@@ -1,5 +1,5 @@
 // The contacts of the one group that is synchronised, as synchronising reads and writes them. What writes
-// must run within DE::Tudo_Ou_Nada.
+// must run within CorridaEmCurso::Escrever.
 #pragma once
 
 #include "cards/ColunasDoContacto.h"

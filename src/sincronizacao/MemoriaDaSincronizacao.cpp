@@ -111,6 +111,7 @@ void MemoriaDaSincronizacao::Guardar(const ContaSincronizada &conta)
         EstadoDaConta estado = Estado();
         estado.Testemunho.clear();
         Guardar_Resultado(estado);
+        Guardar_Corrida(estado.Corrida < 0 ? estado.Corrida - 1 : estado.Corrida + 1);
     });
 }
 

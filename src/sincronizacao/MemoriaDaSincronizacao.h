@@ -30,7 +30,7 @@ struct ContaSincronizada {
 // Where the last run stood.
 struct EstadoDaConta {
     QByteArray Testemunho; // the server's word for the state up to which all was received
-    int Corrida = 0;       // counts the runs
+    int Corrida = 0;       // counts the runs; below 0 while a database that was put back is not up to date
     QString UltimaVez;     // ISO, local time; empty for never
     QString Resultado;     // of the last run, as ResultadoDaSincronizacao writes it
 };
@@ -85,8 +85,8 @@ public:
     // An older database that takes no writing has none.
     std::optional<ContaSincronizada> Conta();
     EstadoDaConta Estado();
-    // Another book or group than before is a new beginning: the pairs are forgotten. All of these raise
-    // Failure where the database takes no writing.
+    // Another book or group than before is a new beginning: the pairs are forgotten, and a run that goes on
+    // writes nothing more. All of these raise Failure where the database takes no writing.
     void Guardar(const ContaSincronizada &conta);
     void Guardar_Corrida(int corrida);
     void Guardar_Resultado(const EstadoDaConta &estado);

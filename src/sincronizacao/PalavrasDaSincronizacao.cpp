@@ -112,6 +112,7 @@ QString palavras_da_sincronizacao::Do_Resultado(Geral &geral, const ResultadoDaS
     case Fim::Feita:
         break;
     case Fim::Cancelada:
+    case Fim::Noutro:
         linhas << geral.Ler_Idioma(527);
         break;
     case Fim::Erro:

@@ -14,6 +14,7 @@ struct ResultadoDaSincronizacao {
                    // agrees
         SemGrupo,  // the group is not there any more, or not for this user
         Base,      // the database refused: see falha
+        Noutro,    // another copy of the program has begun a run, and goes on with it
     };
 
     Fim fim = Fim::Feita;

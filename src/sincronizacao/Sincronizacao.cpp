@@ -46,12 +46,17 @@ void Sincronizacao::Passo()
 {
     agendado_ = false;
     if (geral_.temporizadores.Parados()) return; // Retomados comes
-    onFailure([this] { Passo_Da_Fase(); },
-              [this](const Failure &falha) {
-                  livro_->cancel();
-                  if (c_) c_->resultado.falha = falha.description();
-                  Acabar(Fim::Base);
-              });
+    try {
+        onFailure([this] { Passo_Da_Fase(); },
+                  [this](const Failure &falha) {
+                      livro_->cancel();
+                      if (c_) c_->resultado.falha = falha.description();
+                      Acabar(Fim::Base);
+                  });
+    } catch (const Ultrapassada &) {
+        livro_->cancel();
+        Acabar(Fim::Noutro);
+    }
 }
 
 void Sincronizacao::Passo_Da_Fase()
@@ -62,10 +67,16 @@ void Sincronizacao::Passo_Da_Fase()
     case Fase::AEspera:
     case Fase::Fim:
         return;
+    case Fase::OPlano:
+        return Planear();
+    case Fase::ASala:
+        return Preparar_A_Recepcao();
     case Fase::ARecepcao:
         return Receber();
     case Fase::OsPares:
         return Arrumar_Os_Pares();
+    case Fase::OsEnvios:
+        return Preparar_A_Expedicao();
     case Fase::AExpedicao:
         return Expedir();
     }
@@ -75,21 +86,32 @@ void Sincronizacao::Passo_Da_Fase()
 // surroundings is an old one that was put back: what it remembers is true, and not all that has happened.
 void Sincronizacao::Abrir()
 {
+    bool ha_grupo = false;
+    geral_.de.Tudo_Ou_Nada([&] { ha_grupo = Tomar_A_Corrida(); });
+    if (!ha_grupo) return Acabar(Fim::SemGrupo);
+    if (c_->posse > 0) MarcaDaCorrida(geral_).Escrever(c_->posse);
+    fase_ = Fase::AEspera;
+    Pedir_Mudancas();
+}
+
+// What others have written up to here this run knows, and what they would write afterwards they do not write any
+// more. The marks of an old database go on only with what was then agreed, or an end in between would be taken for
+// one that is up to date: until then its count is one of its own, below all marks.
+bool Sincronizacao::Tomar_A_Corrida()
+{
     MemoriaDaSincronizacao memoria(geral_.de, geral_.SessaoActual.IdUtilizador);
     const auto conta = memoria.Conta();
     c_ = std::make_unique<CorridaEmCurso>(geral_, relogio_, conta ? conta->IDGrupo : 0);
-    if (!c_->grupo.Existe()) return Acabar(Fim::SemGrupo);
+    if (!c_->grupo.Existe()) return false;
     estado_ = memoria.Estado();
-    MarcaDaCorrida marca(geral_);
-    const bool antiga = marca.Ler() > estado_.Corrida;
-    estado_.Corrida = std::max(estado_.Corrida, marca.Ler()) + 1;
+    const int marca = MarcaDaCorrida(geral_).Ler();
+    const int contada = estado_.Corrida;
+    const bool antiga = marca > contada || contada < 0;
+    estado_.Corrida = std::max(contada, marca) + 1;
     c_->circunstancias.cautela = c_->resultado.com_cautela = antiga || modo_ == Modo::SemApagar;
-    // The marks go on only with what was then agreed, or an end in between would be taken for an old
-    // database.
-    if (!antiga) memoria.Guardar_Corrida(estado_.Corrida);
-    if (!antiga) marca.Escrever(estado_.Corrida);
-    fase_ = Fase::AEspera;
-    Pedir_Mudancas();
+    c_->posse = antiga ? -std::abs(contada) - 1 : estado_.Corrida;
+    memoria.Guardar_Corrida(c_->posse);
+    return true;
 }
 
 void Sincronizacao::Pedir_Mudancas()
@@ -104,19 +126,22 @@ void Sincronizacao::Pedir_Mudancas()
 void Sincronizacao::Mudancas(const RemoteError &erro, const RemoteChanges &mudancas)
 {
     if (erro) return Acabar_Com(erro);
-    testemunho_novo_ = mudancas.token;
-    for (const RemoteMember &membro : mudancas.changed)
-        marcas_.insert(membro.href, membro.etag);
-    onFailure(
-        [&] {
-            plano_ = Planear_A_Recepcao(*c_, mudancas);
-            recepcao_ = std::make_unique<RecepcaoDeCartoes>(*c_);
-            Pedir_Cartoes();
-        },
-        [this](const Failure &falha) {
-            c_->resultado.falha = falha.description();
-            Acabar(Fim::Base);
-        });
+    mudancas_ = mudancas;
+    fase_ = Fase::OPlano;
+    Agendar();
+}
+
+void Sincronizacao::Planear()
+{
+    plano_ = Planear_A_Recepcao(*c_, mudancas_);
+    fase_ = Fase::ASala;
+    Agendar();
+}
+
+void Sincronizacao::Preparar_A_Recepcao()
+{
+    recepcao_ = std::make_unique<RecepcaoDeCartoes>(*c_);
+    Pedir_Cartoes();
 }
 
 void Sincronizacao::Pedir_Cartoes()
@@ -142,7 +167,7 @@ void Sincronizacao::Receber()
     QElapsedTimer tempo;
     tempo.start();
     if (!chegados_.empty())
-        geral_.de.Tudo_Ou_Nada([&] {
+        c_->Escrever([&] {
             do {
                 Receber_Um(chegados_.front());
                 chegados_.pop_front();
@@ -198,7 +223,7 @@ bool Sincronizacao::Ha_Que_Perguntar(bool la, qsizetype quantos)
 void Sincronizacao::Arrumar_Os_Pares()
 {
     if (Ha_Que_Perguntar(false, Quantos_A_Apagar_Aqui())) return;
-    geral_.de.Tudo_Ou_Nada([this] {
+    c_->Escrever([this] {
         for (const QString &href : plano_.a_largar)
             Largar(href);
         for (const QString &href : plano_.a_reter)
@@ -208,13 +233,20 @@ void Sincronizacao::Arrumar_Os_Pares()
         for (const QString &href : plano_.a_apagar_aqui)
             Apagar_Aqui(href);
         // All that the server has told stands in the pairs now.
-        if (!testemunho_novo_.isEmpty() || !estado_.Testemunho.isEmpty()) {
-            estado_.Testemunho = testemunho_novo_;
+        if (!mudancas_.token.isEmpty() || !estado_.Testemunho.isEmpty()) {
+            estado_.Testemunho = mudancas_.token;
             c_->memoria.Guardar_Resultado(estado_);
         }
         c_->memoria.Guardar_Corrida(estado_.Corrida);
     });
+    c_->posse = estado_.Corrida;
     MarcaDaCorrida(geral_).Escrever(estado_.Corrida);
+    fase_ = Fase::OsEnvios;
+    Agendar();
+}
+
+void Sincronizacao::Preparar_A_Expedicao()
+{
     expedicao_ = std::make_unique<ExpedicaoDeCartoes>(*c_, *livro_, *recepcao_, [this] { Agendar(); });
     if (Ha_Que_Perguntar(true, expedicao_->Preparar())) return;
     fase_ = Fase::AExpedicao;
@@ -284,7 +316,7 @@ void Sincronizacao::Acabar(ResultadoDaSincronizacao::Fim fim)
 
 void Sincronizacao::Guardar_Fim()
 {
-    if (!c_) return;
+    if (!c_ || c_->resultado.fim == Fim::Noutro) return; // what the other one comes to counts
     EstadoDaConta estado = c_->memoria.Estado();
     estado.UltimaVez = relogio_.now().toString(Qt::ISODate);
     estado.Resultado = c_->resultado.Texto();

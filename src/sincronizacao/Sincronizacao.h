@@ -1,6 +1,7 @@
 // One run: what has changed on the server comes into the group, what has changed in the group goes to the
 // server. It works by events and in slices, writes nothing while a form holds the timers, and remembers what
-// it did as it does it: wherever it ends, the next run goes on from there.
+// it did as it does it: wherever it ends, the next run goes on from there. So it does where two copies of the
+// program run at the same time: the one that began last goes on, and the other one ends.
 #pragma once
 
 #include "carddav/RemoteBook.h"
@@ -38,14 +39,18 @@ Q_SIGNALS:
     void Terminada(const ResultadoDaSincronizacao &resultado);
 
 private:
-    enum class Fase { Parada, AEspera, ARecepcao, OsPares, AExpedicao, Fim };
+    // A large group is read in several of them, each of which must take no longer than nobody notices.
+    enum class Fase { Parada, AEspera, OPlano, ASala, ARecepcao, OsPares, OsEnvios, AExpedicao, Fim };
 
     void Agendar();
     void Passo();
     void Passo_Da_Fase();
     void Abrir();
+    bool Tomar_A_Corrida();
     void Pedir_Mudancas();
     void Mudancas(const RemoteError &erro, const RemoteChanges &mudancas);
+    void Planear();
+    void Preparar_A_Recepcao();
     void Pedir_Cartoes();
     void Receber();
     void Receber_Um(const RemoteCard &cartao);
@@ -56,6 +61,7 @@ private:
     qsizetype Quantos_A_Apagar_Aqui() const;
     void Largar(const QString &href);
     void Reter(const QString &href, Par::Estado estado);
+    void Preparar_A_Expedicao();
     void Expedir();
     void Acabar(ResultadoDaSincronizacao::Fim fim);
     void Acabar_Com(const RemoteError &erro);
@@ -71,10 +77,9 @@ private:
     std::unique_ptr<RecepcaoDeCartoes> recepcao_;
     std::unique_ptr<ExpedicaoDeCartoes> expedicao_;
     EstadoDaConta estado_;
-    QByteArray testemunho_novo_;
+    RemoteChanges mudancas_;
     PlanoDaRecepcao plano_;
     std::deque<RemoteCard> chegados_;
-    QHash<QString, QByteArray> marcas_; // as the list of changes told them
     bool tudo_chegou_ = false;
     RemoteError erro_da_recepcao_;
     int recebidos_ = 0;

@@ -105,7 +105,8 @@ void Sincronizador::Terminada(const ResultadoDaSincronizacao &resultado)
     corrida_.release()->deleteLater();
     if (resultado.Mudou_Aqui()) Q_EMIT ContactosMudados();
     if (resultado.fim == Fim::Feita) falha_dita_ = false;
-    const bool falhou = resultado.fim != Fim::Feita && resultado.fim != Fim::Cancelada;
+    const bool falhou = resultado.fim != Fim::Feita && resultado.fim != Fim::Cancelada &&
+                        resultado.fim != Fim::Noutro; // which is told where it runs
     if (falhou && por_si_ && !std::exchange(falha_dita_, true)) Dizer_Falha(resultado);
     Q_EMIT Acabou(resultado);
 }
@@ -124,6 +125,11 @@ void Sincronizador::Dizer_Falha(const ResultadoDaSincronizacao &resultado)
     });
     popup_->show();
     popup_->announce(texto);
+}
+
+void Sincronizador::Esquecer_Palavra_Passe()
+{
+    PalavraPasseDoServidor(geral_, platform_.secrets).Esquecer(geral_.SessaoActual.IdUtilizador);
 }
 
 bool Sincronizador::Responder() { return popup_ && popup_->answer(); }

@@ -37,6 +37,9 @@ public:
     // The user has chosen anew.
     void Retomar_Relogio();
 
+    // The session's user is no more: neither is the password on the server, in the desktop's store.
+    void Esquecer_Palavra_Passe();
+
     // Shows the form of choices and returns when it was closed.
     void Abrir();
 

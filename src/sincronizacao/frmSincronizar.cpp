@@ -226,6 +226,7 @@ int frmSincronizar::Grupo_Escolhido()
 bool frmSincronizar::Guardar()
 {
     ContaSincronizada conta = memoria_.Conta().value_or(ContaSincronizada());
+    const bool nova = conta.Endereco.isEmpty();
     const int livro = ComboLivro->ListIndex();
     conta.Endereco = txtEndereco->text().trimmed();
     conta.Nome = txtUtilizador->text().trimmed();
@@ -239,7 +240,8 @@ bool frmSincronizar::Guardar()
         [&] {
             conta.IDGrupo = livro < 0 ? conta.IDGrupo : Grupo_Escolhido();
             // A store that was locked has shown none: what lies there stays.
-            if (txtPalavraPasse->isModified() || conta.PalavraPasse.isEmpty() != platform_.secrets.isThere())
+            if (nova || txtPalavraPasse->isModified() || conta.Endereco.isEmpty() ||
+                conta.PalavraPasse.isEmpty() != platform_.secrets.isThere())
                 PalavraPasseDoServidor(geral_, platform_.secrets).Guardar(conta, txtPalavraPasse->text());
             memoria_.Guardar(conta);
             lblGuarda->setText(geral_.Ler_Idioma(conta.PalavraPasse.isEmpty() ? 528 : 529));

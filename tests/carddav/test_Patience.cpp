@@ -73,6 +73,8 @@ private Q_SLOTS:
         QTest::newRow("error without end") << Resposta{500, "x", {}, Depois::Sem_Fim} << u"TooBig"_s;
         QTest::newRow("headers that drip for ever")
             << Resposta{0, {}, {}, Depois::Pinga, "HTTP/1.1 207 X\r\nX-A: "} << u"TimedOut"_s;
+        QTest::newRow("headers without end")
+            << Resposta{0, {}, {}, Depois::Sem_Fim, "HTTP/1.1 207 X\r\nX-A: "} << u"TimedOut"_s;
     }
     void a_server_that_misbehaves_is_told()
     {

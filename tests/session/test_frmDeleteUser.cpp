@@ -6,6 +6,7 @@
 #include "session/frmDeleteUser.h"
 #include "session/Titulo.h"
 #include "sincronizacao/MemoriaDaSincronizacao.h"
+#include "sincronizacao/PalavraPasseDoServidor.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
@@ -374,6 +375,29 @@ private Q_SLOTS:
         form.cmdCancelar->click();
         QVERIFY(!form.isVisible());
         QCOMPARE(s.Linhas(u"SELECT ID FROM TblUsers"_s).size(), 2);
+    }
+
+    void a_palavra_passe_no_porta_chaves_vai_com_o_utilizador_data()
+    {
+        QTest::addColumn<bool>("ultimo");
+        QTest::newRow("the last one") << true;
+        QTest::newRow("another one") << false;
+    }
+    void a_palavra_passe_no_porta_chaves_vai_com_o_utilizador()
+    {
+        QFETCH(bool, ultimo);
+        Sistema s;
+        s.segredos.ha = true;
+        const int id = ultimo ? Um_So(s) : Outro(s);
+        ContaSincronizada conta;
+        conta.Endereco = u"dav.example"_s;
+        const QString quem = std::exchange(s.geral.SessaoActual.IdUtilizador, Numero(id));
+        PalavraPasseDoServidor(s.geral, s.segredos).Guardar(conta, u"dele"_s);
+        s.geral.SessaoActual.IdUtilizador = u"99"_s; // somebody else's stays
+        PalavraPasseDoServidor(s.geral, s.segredos).Guardar(conta, u"de outro"_s);
+        s.geral.SessaoActual.IdUtilizador = quem;
+        Eliminar(s, id);
+        QCOMPARE(s.segredos.guardados.values(), QStringList{u"de outro"_s});
     }
 
     // The alarm stays off after this form: it says "stop" at both ends.

@@ -55,6 +55,7 @@ struct Vistas {
     void Importar_Cartoes();
     void Exportar_Cartoes();
     void Duplicados();
+    void Sincronizar();
     void Caixas();
     void Previsao();
     void Restantes();
@@ -205,6 +206,62 @@ void Vistas::Duplicados()
     c.form.reset();
 }
 
+void Vistas::Sincronizar()
+{
+    MemoriaDaSincronizacao memoria(c.s.geral.de, c.s.geral.SessaoActual.IdUtilizador);
+    ContaSincronizada conta{u"dav.boats.example"_s,
+                            u"helena"_s,
+                            {},
+                            u"http://dav.boats.example/helena/telefone/"_s,
+                            u"Telefone da Helena"_s,
+                            2,
+                            true,
+                            true,
+                            30};
+    memoria.Guardar(conta);
+    EstadoDaConta estado = memoria.Estado();
+    ResultadoDaSincronizacao resultado;
+    resultado.alterados = 3;
+    resultado.adicionados_la = 12;
+    resultado.conflitos = 2;
+    resultado.recusados = 1;
+    estado.UltimaVez = u"2027-02-01T09:00:00"_s;
+    estado.Resultado = resultado.Texto();
+    memoria.Guardar_Resultado(estado);
+    using Que = Ocorrencia::Que;
+    const auto quando = u"2027-02-01T09:00:00"_s;
+    for (const Ocorrencia &uma :
+         {Ocorrencia{Que::Conflito, 1, u"Helen Fairbrook"_s, u"Telemovel1"_s, u"91 555 01 93"_s, u"91 555 01 99"_s, quando},
+          Ocorrencia{Que::Conflito, 2, u"Abílio Sarmento"_s, u"Morada"_s, u"Rua das Flores, 12, 4.º esquerdo"_s,
+                     u"Travessa do Cais, 3, rés-do-chão direito"_s, quando},
+          Ocorrencia{Que::EliminadoLa, 3, u"Beatriz Loureiro"_s, {}, {}, {}, quando},
+          Ocorrencia{Que::Recusado, 4, u"Graça Penedo"_s, {}, {}, {}, quando}})
+        memoria.Apontar(uma);
+    auto &sincronizador = *c.janela.findChild<Sincronizador *>();
+    auto &form = static_cast<frmSincronizar &>(*aberturas[u"frmSincronizar"_s](c));
+    Tirar(form, u"frmSincronizar-conflitos"_s);
+    form.ComboLivro->AddItem(u"Família"_s);
+    form.ComboLivro->AddItem(u"Escritório (partilhado por todos os colegas)"_s);
+    form.ComboLivro->showPopup();
+    Tirar(*form.ComboLivro->view()->window(), u"frmSincronizar-livros"_s);
+    form.ComboLivro->hidePopup();
+    Q_EMIT sincronizador.Progresso(340, 1000);
+    Tirar(form, u"frmSincronizar-progresso"_s);
+    for (const auto &[nome, especie] : {std::pair("palavra", RemoteError::Kind::Password),
+                                        std::pair("certificado", RemoteError::Kind::Certificate),
+                                        std::pair("rede", RemoteError::Kind::NoNetwork)}) {
+        ResultadoDaSincronizacao falha;
+        falha.fim = ResultadoDaSincronizacao::Fim::Erro;
+        falha.erro.kind = especie;
+        Q_EMIT sincronizador.Acabou(falha);
+        Tirar(form, u"frmSincronizar-"_s + QLatin1StringView(nome));
+    }
+    c.form.reset();
+    memoria.Esquecer();
+    frmPopupSincronizacao cartao(c.janela, c.s.Texto(551) + u'\n' + c.s.Texto(537));
+    Tirar(cartao, u"frmPopupSincronizacao"_s);
+}
+
 void Vistas::Caixas()
 {
     DesktopMessageBoxes caixas;
@@ -281,6 +338,7 @@ int main(int argc, char **argv)
     vistas.Duplicados();
     vistas.Importar_Cartoes();
     vistas.Exportar_Cartoes();
+    vistas.Sincronizar();
     vistas.Caixas();
     vistas.Previsao();
     vistas.Restantes();

@@ -1,6 +1,6 @@
-// What people do to a book and to its copy on a server in the course of time, and what must be left of it in
-// the end: each value that somebody wrote last, be it in its column or as a line of Obs, unless somebody who
-// saw it took it away.
+// What people do in the course of time to a book that lies in several places, and what must be left of it in the
+// end: each value that somebody wrote last, be it in its column or as a line of Obs, unless somebody who saw it
+// took it away; where a place may only tell of it, what it told counts too.
 #pragma once
 
 #include "sincronizacao/MesaDaSincronizacao.h"
@@ -9,51 +9,175 @@
 
 using namespace Qt::StringLiterals;
 
+// One place in which the book lies and people work on it.
+class LadoDeGente
+{
+public:
+    virtual ~LadoDeGente() = default;
+
+    // Names of its own for those who are there.
+    virtual QStringList Quem() = 0;
+    virtual ColunasDoContacto Ler(const QString &quem) = 0;
+    virtual void Mudar(const QString &quem, Coluna coluna, const QString &valor) = 0;
+    virtual void Tirar(const QString &quem) = 0;
+    // With a number, a web site, and something that only a card can hold.
+    virtual void Novo(const QString &nome, const QString &numero, const QString &sitio, const QString &jogo) = 0;
+    virtual bool Guarda_Cartoes() const = 0; // as they are, and not contacts
+    virtual QString Cartoes() { return {}; } // their text, unfolded
+    virtual QString Ditos() { return {}; }   // what it told people
+
+    QStringList Tudo()
+    {
+        QStringList todos;
+        for (const QString &quem : Quem())
+            todos << MesaDaSincronizacao::Lido(Ler(quem));
+        todos.sort();
+        return todos;
+    }
+};
+
+// The desk's group.
+class LadoDaMesa : public LadoDeGente
+{
+public:
+    explicit LadoDaMesa(MesaDaSincronizacao &mesa) : m_(mesa) {}
+
+    QStringList Quem() override { return m_.Nomes(u"ID"_s); }
+    ColunasDoContacto Ler(const QString &quem) override { return GrupoLocal(m_.s.geral, m_.grupo).Ler(quem.toInt())->colunas; }
+    void Mudar(const QString &quem, Coluna coluna, const QString &valor) override
+    {
+        const auto qual = static_cast<std::size_t>(coluna);
+        m_.Mudar(quem.toInt(), QString::fromLatin1(ColunasDoContacto::na_tabela.at(qual)), valor);
+    }
+    void Tirar(const QString &quem) override { m_.Eliminar(quem.toInt()); }
+    void Novo(const QString &nome, const QString &numero, const QString &sitio, const QString & /*jogo*/) override
+    {
+        m_.s.Novo_Contacto({{u"Nome"_s, Value(nome)},
+                            {u"Telemovel1"_s, Value(numero)},
+                            {u"Website"_s, Value(sitio)},
+                            {u"Grupo"_s, Value(m_.grupo)}});
+    }
+    bool Guarda_Cartoes() const override { return false; }
+    QString Ditos() override { return m_.Ocorrencias().join(u'\n'); }
+
+private:
+    MesaDaSincronizacao &m_;
+};
+
+// Cards by their names, as a telephone sees and changes them: everything that it does not know stays.
+class LadoDosCartoes : public LadoDeGente
+{
+public:
+    ColunasDoContacto Ler(const QString &quem) override { return Pessoa_Do_Cartao(Texto(quem), lingua_)->lido.colunas; }
+    void Mudar(const QString &quem, Coluna coluna, const QString &valor) override
+    {
+        ContactoParaCartao contacto;
+        contacto.colunas = Ler(quem);
+        contacto.colunas[coluna] = valor;
+        Por(quem, CartaoDoContacto(lingua_).Remendado(contacto, Texto(quem)));
+    }
+    void Novo(const QString &nome, const QString &numero, const QString &sitio, const QString &jogo) override
+    {
+        const QString uid = u"la-"_s + numero;
+        Por(Nome_Do_Novo(uid),
+            MesaDaSincronizacao::Cartao(uid, nome,
+                                        "TEL;TYPE=CELL:" + numero.toUtf8() + "\r\nURL:" + sitio.toUtf8() +
+                                            "\r\nX-JOGO:" + jogo.toUtf8() + "\r\n"));
+    }
+    bool Guarda_Cartoes() const override { return true; }
+    QString Cartoes() override
+    {
+        QString todos;
+        for (const QString &quem : Quem())
+            todos += QString::fromUtf8(Texto(quem)).replace(u"\r\n"_s, u"\n"_s).remove(u"\n "_s);
+        return todos;
+    }
+
+protected:
+    virtual QByteArray Texto(const QString &quem) = 0;
+    virtual void Por(const QString &quem, const QByteArray &texto) = 0;
+    virtual QString Nome_Do_Novo(const QString &uid) = 0;
+
+private:
+    const QString lingua_ = u"PortuguesPT"_s;
+};
+
+// The server in memory of a desk.
+class LadoDoServidor final : public LadoDosCartoes
+{
+public:
+    explicit LadoDoServidor(ServidorEmMemoria &servidor) : servidor_(servidor) {}
+
+    QStringList Quem() override
+    {
+        QStringList todos;
+        for (const auto &[href, cartao] : servidor_.cartoes)
+            todos << href;
+        return todos;
+    }
+    void Tirar(const QString &quem) override { servidor_.Tirar(quem); }
+
+protected:
+    QByteArray Texto(const QString &quem) override { return servidor_.cartoes.at(quem).texto; }
+    void Por(const QString &quem, const QByteArray &texto) override { servidor_.Por(quem, texto); }
+    QString Nome_Do_Novo(const QString &uid) override { return MesaDaSincronizacao::Href(uid); }
+
+private:
+    ServidorEmMemoria &servidor_;
+};
+
 class MesDeGente
 {
 public:
-    MesDeGente(MesaDaSincronizacao &mesa, quint32 semente) : m_(mesa), acaso_(semente) {}
+    MesDeGente(std::vector<std::unique_ptr<LadoDeGente>> lados, quint32 semente)
+        : lados_(std::move(lados)), acaso_(semente)
+    {
+    }
+    // A desk and its server.
+    MesDeGente(MesaDaSincronizacao &mesa, quint32 semente) : acaso_(semente)
+    {
+        lados_.push_back(std::make_unique<LadoDaMesa>(mesa));
+        lados_.push_back(std::make_unique<LadoDoServidor>(mesa.servidor));
+    }
 
-    // One thing that somebody does, on either side.
+    // One thing that somebody does somewhere.
     void Alguma_Coisa()
     {
         const int qual = Dado(20);
-        const bool aqui = Dado(2) == 0;
-        if (qual < 3)
-            aqui ? Novo_Aqui() : Novo_La();
-        else if (qual < 5)
-            aqui ? Tirar_Aqui() : Tirar_La();
-        else
-            aqui ? Mudar_Aqui() : Mudar_La();
+        LadoDeGente &onde = Algures();
+        if (qual < 3) return Um_Novo(onde);
+        const QString quem = Alguem(onde);
+        if (quem.isEmpty()) return;
+        qual < 5 ? Tirar(onde, quem) : Mudar(onde, quem);
     }
 
     void Povoar(int quantos)
     {
         for (int i = 0; i < quantos; ++i)
-            Dado(2) == 0 ? Novo_Aqui() : Novo_La();
+            Um_Novo(Algures());
     }
 
-    // What is wrong; empty if nothing.
-    QStringList Faltas()
+    int Dado(int lados) { return static_cast<int>(acaso_.bounded(lados)); }
+
+    // What is wrong; empty if nothing. Where told suffices, a value may also be in what a place told people, and
+    // who was deleted and is there all the same must be.
+    QStringList Faltas(bool basta_dito = false)
     {
-        QStringList faltas;
-        const QStringList aqui = m_.Aqui();
-        const QStringList la = m_.La();
-        if (aqui != la)
-            for (const QString &um : aqui + la)
-                if (aqui.count(um) != la.count(um)) faltas << "only on one side: " + um;
-        const QString tudo = aqui.join(u'\n');
-        QString cartoes;
-        for (const auto &[href, cartao] : m_.servidor.cartoes)
-            cartoes += QString::fromUtf8(cartao.texto).remove(QStringLiteral("\r\n "));
+        QStringList faltas = Desiguais();
+        QString tudo = lados_.front()->Tudo().join(u'\n');
+        QString cartoes, ditos;
+        for (const auto &lado : lados_) {
+            cartoes += lado->Cartoes();
+            ditos += lado->Ditos();
+        }
         for (const QString &vivo : vivos_)
-            if (!tudo.contains(vivo)) faltas << "lost: " + vivo;
+            if (!tudo.contains(vivo) && !(basta_dito && ditos.contains(vivo))) faltas << "lost: " + vivo;
         for (const QString &sitio : sitios_)
             if (tudo.count(sitio) > 1) faltas << "twice: " + sitio;
         for (const QString &jogo : jogos_)
             if (tudo.contains(QString(jogo).replace("jogo", "sitio")) && !cartoes.contains(jogo))
                 faltas << "lost of the card: " + jogo;
-        return faltas;
+        return basta_dito ? faltas + Voltaram_Sem_Palavra(tudo, ditos) : faltas;
     }
 
     qsizetype Vivos() const { return vivos_.size(); }
@@ -63,7 +187,13 @@ private:
                                          Coluna::Fax,        Coluna::Email1,     Coluna::Morada,
                                          Coluna::Obs,        Coluna::Nome};
 
-    int Dado(int lados) { return static_cast<int>(acaso_.bounded(lados)); }
+    LadoDeGente &Algures() { return *lados_.at(static_cast<std::size_t>(Dado(static_cast<int>(lados_.size())))); }
+
+    QString Alguem(LadoDeGente &onde)
+    {
+        const QStringList todos = onde.Quem();
+        return todos.isEmpty() ? QString() : todos.at(Dado(static_cast<int>(todos.size())));
+    }
 
     QString Valor_Novo(Coluna coluna)
     {
@@ -80,76 +210,37 @@ private:
         vivos_.removeIf([&](const QString &vivo) { return visto.contains(vivo); });
     }
 
-    // The new content of a column, as who sees the old one writes it.
-    QString Escrito(Coluna coluna, const QString &antes)
-    {
-        const QString novo = Dado(6) == 0 && coluna != Coluna::Nome ? QString() : Valor_Novo(coluna);
-        const bool acrescenta = coluna == Coluna::Obs && !novo.isEmpty();
-        if (!acrescenta) Esquecer(antes);
-        if (!novo.isEmpty()) vivos_ << novo;
-        return acrescenta && !antes.isEmpty() ? novo + u"\r\n"_s + antes : novo;
-    }
-
     // Lines that came with the card are not a person's to take out.
     static QString Sem_Bloco(const QString &obs) { return obs.section(u"---"_s, 0, 0); }
 
-    void Novo_Aqui()
-    {
-        const QString sitio = Sitio();
-        const QString nome = Valor_Novo(Coluna::Nome);
-        const QString numero = Valor_Novo(Coluna::Telemovel1);
-        vivos_ << nome << numero;
-        m_.s.Novo_Contacto({{u"Nome"_s, Value(nome)},
-                            {u"Telemovel1"_s, Value(numero)},
-                            {u"Website"_s, Value(sitio)},
-                            {u"Grupo"_s, Value(m_.grupo)}});
-    }
-
-    void Novo_La()
-    {
-        const QString sitio = Sitio();
-        const QString nome = Valor_Novo(Coluna::Nome);
-        const QString numero = Valor_Novo(Coluna::Telemovel1);
-        vivos_ << nome << numero;
-        const QString jogo = QString(sitio).replace("sitio", "jogo");
-        jogos_ << jogo;
-        m_.Por_La(u"la%1"_s.arg(contador_), nome,
-                  "TEL;TYPE=CELL:" + numero.toUtf8() + "\r\nURL:" + sitio.toUtf8() +
-                      "\r\nX-JOGO:" + jogo.toUtf8() + "\r\n");
-    }
-
-    QString Sitio()
+    void Um_Novo(LadoDeGente &onde)
     {
         sitios_ << u"http://x.example/sitio%1/"_s.arg(++contador_);
-        return sitios_.constLast();
+        const QString sitio = sitios_.constLast();
+        const QString nome = Valor_Novo(Coluna::Nome);
+        const QString numero = Valor_Novo(Coluna::Telemovel1);
+        vivos_ << nome << numero;
+        nomes_[sitio] << nome;
+        const QString jogo = QString(sitio).replace("sitio", "jogo");
+        if (onde.Guarda_Cartoes()) jogos_ << jogo;
+        onde.Novo(nome, numero, sitio, jogo);
     }
 
-    int Alguem_Aqui()
+    void Mudar(LadoDeGente &onde, const QString &quem)
     {
-        const QStringList todos = m_.Nomes(u"ID"_s);
-        return todos.isEmpty() ? 0 : todos.at(Dado(static_cast<int>(todos.size()))).toInt();
-    }
-
-    QString Alguem_La()
-    {
-        if (m_.servidor.cartoes.empty()) return {};
-        return std::next(m_.servidor.cartoes.begin(), Dado(static_cast<int>(m_.servidor.cartoes.size())))
-            ->first;
-    }
-
-    void Mudar_Aqui()
-    {
-        const int ID = Alguem_Aqui();
-        if (ID == 0) return;
         const Coluna coluna = colunas_.at(static_cast<std::size_t>(Dado(colunas_.size())));
-        const QString nome =
-            QString::fromLatin1(ColunasDoContacto::na_tabela.at(static_cast<std::size_t>(coluna)));
-        const QString antes = m_.Valor(ID, nome);
-        if (coluna == Coluna::Obs && Dado(6) == 0) {
-            Esquecer(Sem_Bloco(antes));
-            return m_.Mudar(ID, nome, antes.mid(Sem_Bloco(antes).size()));
+        const ColunasDoContacto antes = onde.Ler(quem);
+        const QString &valor = antes[coluna];
+        if (coluna == Coluna::Obs) {
+            const bool tira = !onde.Guarda_Cartoes() && Dado(6) == 0;
+            if (tira) Esquecer(Sem_Bloco(valor));
+            return onde.Mudar(quem, coluna, tira ? valor.mid(Sem_Bloco(valor).size()) : Acrescentado(valor));
         }
-        m_.Mudar(ID, nome, coluna == Coluna::Obs ? Acrescentado(antes) : Escrito(coluna, antes));
+        const QString novo = Dado(6) == 0 && coluna != Coluna::Nome ? QString() : Valor_Novo(coluna);
+        Esquecer(valor);
+        if (!novo.isEmpty()) vivos_ << novo;
+        if (coluna == Coluna::Nome) nomes_[antes[Coluna::Website]] << novo;
+        onde.Mudar(quem, coluna, novo);
     }
 
     QString Acrescentado(const QString &antes)
@@ -159,36 +250,45 @@ private:
         return antes.isEmpty() ? novo : novo + u"\r\n"_s + antes;
     }
 
-    void Mudar_La()
+    void Tirar(LadoDeGente &onde, const QString &quem)
     {
-        const QString href = Alguem_La();
-        if (href.isEmpty()) return;
-        const Coluna coluna = colunas_.at(static_cast<std::size_t>(Dado(colunas_.size())));
-        const QString antes = m_.Valor_La(href, coluna);
-        m_.Mudar_La(href, coluna, coluna == Coluna::Obs ? Acrescentado(antes) : Escrito(coluna, antes));
+        const ColunasDoContacto visto = onde.Ler(quem);
+        Esquecer(MesaDaSincronizacao::Lido(visto).join(u' '));
+        tirados_ << visto[Coluna::Website];
+        onde.Tirar(quem);
     }
 
-    void Tirar_Aqui()
+    QStringList Desiguais()
     {
-        const int ID = Alguem_Aqui();
-        if (ID == 0) return;
-        Esquecer(MesaDaSincronizacao::Lido(GrupoLocal(m_.s.geral, m_.grupo).Todos().at(ID)).join(u' '));
-        m_.Eliminar(ID);
+        QStringList faltas;
+        const QStringList um = lados_.front()->Tudo();
+        for (std::size_t i = 1; i < lados_.size(); ++i) {
+            const QStringList outro = lados_[i]->Tudo();
+            if (um == outro) continue;
+            for (const QString &linha : um + outro)
+                if (um.count(linha) != outro.count(linha))
+                    faltas << u"not in both 0 and %1: "_s.arg(i) + linha;
+        }
+        return faltas;
     }
 
-    void Tirar_La()
+    // Whose names nobody mentioned.
+    QStringList Voltaram_Sem_Palavra(const QString &tudo, const QString &ditos)
     {
-        const QString href = Alguem_La();
-        if (href.isEmpty()) return;
-        const auto pessoa = Pessoa_Do_Cartao(m_.Texto_La(href), u"PortuguesPT"_s);
-        Esquecer(MesaDaSincronizacao::Lido(pessoa->lido.colunas).join(u' '));
-        m_.servidor.Tirar(href);
+        QStringList faltas;
+        for (const QString &sitio : tirados_)
+            if (tudo.contains(sitio) && std::none_of(nomes_[sitio].cbegin(), nomes_[sitio].cend(),
+                                                     [&](const QString &nome) { return ditos.contains(nome); }))
+                faltas << "deleted, there again, and nobody told: " + sitio;
+        return faltas;
     }
 
-    MesaDaSincronizacao &m_;
+    std::vector<std::unique_ptr<LadoDeGente>> lados_;
     QRandomGenerator acaso_;
     int contador_ = 0;
     QStringList vivos_;
     QStringList sitios_;
     QStringList jogos_;
+    QSet<QString> tirados_;                 // web sites of those whom somebody deleted
+    QHash<QString, QStringList> nomes_;     // by the web site, all that they had
 };

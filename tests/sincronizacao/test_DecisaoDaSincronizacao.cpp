@@ -64,6 +64,14 @@ private Q_SLOTS:
         QCOMPARE(linhas.join(u';'), accoes);
     }
 
+    void sem_circunstancias_nao_ha_cautela_e_tudo_se_pode()
+    {
+        QCOMPARE(Decidir(Lado::Igual, Lado::Apagado), Accao::ApagarAqui);
+        QCOMPARE(Decidir(Lado::Apagado, Lado::Igual), Accao::ApagarLa);
+        QCOMPARE(Decidir(Lado::Igual, Lado::Mudado), Accao::Receber);
+        QCOMPARE(Decidir(Lado::Apagado, Lado::Mudado), Accao::ReceberNovo);
+    }
+
     void mais_de_metade_e_mais_de_dez_sao_demasiadas_data()
     {
         QTest::addColumn<int>("eliminadas");

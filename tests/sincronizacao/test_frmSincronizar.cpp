@@ -1,4 +1,6 @@
 // The form in which a person chooses book and group, and the runs that begin by the clock.
+#include "controls/Scale.h"
+#include "data/Idiomas.h"
 #include "sincronizacao/frmPopupSincronizacao.h"
 #include "sincronizacao/frmSincronizar.h"
 #include "sincronizacao/LivroEmMemoria.h"
@@ -406,6 +408,122 @@ private Q_SLOTS:
         form->cmdSincronizar->click();
         m.Esperar();
         QCOMPARE(m.abertos, QStringList{u"https://dav.example/eva/amigos/ eva/abcd-12 x"_s});
+    }
+
+    void sem_endereco_a_palavra_passe_deixa_o_porta_chaves()
+    {
+        Mesa m;
+        m.s.segredos.ha = true;
+        m.Preencher()->cmdOk->click();
+        QCOMPARE(m.s.segredos.guardados.values(), QStringList{u"abcd-12 x"_s});
+        const auto form = m.Abrir();
+        form->txtEndereco->selectAll();
+        QTest::keyClick(form->txtEndereco, Qt::Key_Delete);
+        form->cmdOk->click();
+        QVERIFY(m.s.segredos.guardados.isEmpty());
+        QVERIFY(!m.sincronizador->Comecar(Sincronizacao::Modo::Normal));
+    }
+
+    void um_servidor_sem_palavra_passe_tambem_serve_data()
+    {
+        QTest::addColumn<bool>("ha");
+        QTest::newRow("with a store") << true;
+        QTest::newRow("without") << false;
+    }
+    void um_servidor_sem_palavra_passe_tambem_serve()
+    {
+        QFETCH(bool, ha);
+        Mesa m;
+        m.s.segredos.ha = ha;
+        const auto form = m.Abrir();
+        QTest::keyClicks(form->txtEndereco, u"dav.example"_s);
+        form->cmdEncontrar->click();
+        QTRY_VERIFY(form->ComboLivro->ListCount() > 0);
+        form->cmdSincronizar->click();
+        m.Esperar();
+        QCOMPARE(m.abertos, QStringList{u"https://dav.example/eva/amigos/ /"_s});
+    }
+
+    void so_com_o_teclado_encontra_se_escolhe_se_e_sincroniza_se()
+    {
+        Mesa m;
+        const auto form = m.Abrir();
+        QVERIFY(QTest::qWaitForWindowActive(form.get()));
+        const auto tecla = [&](Qt::Key qual, Qt::KeyboardModifiers com = {}) {
+            QTest::keyClick(form->focusWidget(), qual, com);
+        };
+        QVERIFY(form->txtEndereco->hasFocus());
+        QTest::keyClicks(form->focusWidget(), u"dav.example"_s);
+        tecla(Qt::Key_Tab);
+        QTest::keyClicks(form->focusWidget(), u"eva"_s);
+        tecla(Qt::Key_Tab);
+        QTest::keyClicks(form->focusWidget(), u"x"_s);
+        tecla(Qt::Key_E, Qt::AltModifier);
+        QTRY_VERIFY(form->ComboLivro->hasFocus());
+        tecla(Qt::Key_Down);
+        QCOMPARE(form->ComboLivro->currentText(), u"Trabalho"_s);
+        tecla(Qt::Key_S, Qt::AltModifier);
+        QTRY_VERIFY(form->cbLigada->isChecked());
+        tecla(Qt::Key_A, Qt::AltModifier);
+        QTRY_COMPARE(m.abertos, QStringList{u"http://dav.example/eva/trabalho/ eva/x"_s});
+        m.Esperar();
+        QCOMPARE(form->lblResultado->text(), m.s.Texto(521));
+        QTest::keyClick(form.get(), Qt::Key_Escape);
+        QVERIFY(!form->isVisible());
+    }
+
+    // Everything that can be used is reached by Tab alone, in the order of reading.
+    void o_tabulador_passa_por_tudo()
+    {
+        Mesa m;
+        const auto form = m.Preencher();
+        form->cbLigada->setChecked(true);
+        QVERIFY(QTest::qWaitForWindowActive(form.get()));
+        form->txtEndereco->setFocus();
+        QStringList passou;
+        do {
+            passou << form->focusWidget()->objectName();
+            QTest::keyClick(form->focusWidget(), Qt::Key_Tab);
+        } while (form->focusWidget() != form->txtEndereco && passou.size() < 30);
+        QCOMPARE(passou, (QStringList{u"txtEndereco"_s, u"txtUtilizador"_s, u"txtPalavraPasse"_s, u"cmdEncontrar"_s,
+                                      u"ComboLivro"_s, u"ComboGrupo"_s, u"cbLigada"_s, u"cbArrancar"_s, u"txtMinutos"_s,
+                                      u"lvOcorrencias"_s, u"cmdSincronizar"_s, u"cmdOk"_s, u"cmdCancelar"_s}));
+    }
+
+    void em_letras_de_14_pontos_cabe_em_800_pixels_ou_anda_so_num_sentido_data()
+    {
+        QTest::addColumn<QString>("idioma");
+        for (const Idioma &idioma : idiomas::todos)
+            QTest::newRow(idioma.coluna) << QString::fromUtf8(idioma.coluna);
+    }
+    void em_letras_de_14_pontos_cabe_em_800_pixels_ou_anda_so_num_sentido()
+    {
+        QFETCH(QString, idioma);
+        QFont letra;
+        letra.setPointSizeF(14);
+        scale::setLetters(scale::lettersFor(letra, 96));
+        const auto repor = qScopeGuard([] { scale::setLetters(scale::standardLetters); });
+        Mesa m;
+        m.s.geral.IdiomaActual = idioma;
+        m.livros = {{QUrl(u"http://dav.example/eva/"_s), u"Um livro com um nome comprido que nunca mais acaba"_s, true, true}};
+        const auto form = m.Preencher();
+        form->layout()->activate();
+        QVERIFY2(form->minimumSizeHint().width() <= 784, qPrintable(QString::number(form->minimumSizeHint().width())));
+    }
+
+    void quem_cede_a_outro_posto_nao_o_diz_como_falha()
+    {
+        Mesa m;
+        m.Contas_Ligada(false);
+        m.servidor.falha = [&](const QString &) {
+            m.s.Escrever(u"UPDATE TblSincronizacao SET Corrida=Corrida+1"_s); // another desk begins
+            return RemoteError();
+        };
+        m.servidor.Por(u"/eva/1.vcf"_s, "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:1\r\nFN:Ana\r\nN:Ana;;;;\r\nEND:VCARD\r\n");
+        Disparar(m.Relogio());
+        m.Esperar();
+        QVERIFY(m.Cartao() == nullptr);
+        QCOMPARE(m.s.Linhas(u"SELECT Nome FROM TblLista WHERE Nome='Ana'"_s), QStringList{});
     }
 
     void sem_direito_a_grupos_nao_se_cria_um()

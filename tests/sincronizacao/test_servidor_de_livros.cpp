@@ -1,113 +1,15 @@
 // Synchronising with a real server: a thousand cards, how often it is asked, and processes that are killed.
-#include "carddav/AddressBook.h"
-#include "sincronizacao/MesaDaSincronizacao.h"
-#include "testlib/Servidor.h"
+#include "sincronizacao/MesaComServidor.h"
 #include "testlib/Teste.h"
 
 #include <csignal>
-#include <QElapsedTimer>
-#include <QProcess>
-#include <QTcpServer>
-#include <QTcpSocket>
-
-using namespace Qt::StringLiterals;
 
 namespace
 {
-const RemoteAccount ana{u"ana"_s, u"segredo9"_s};
 constexpr char modo_de_filho[] = "--filho";
 
-// Stands before the server and counts what it is asked.
-class Contador : public QTcpServer
-{
-public:
-    explicit Contador(quint16 porta)
-    {
-        listen(QHostAddress::LocalHost);
-        connect(this, &QTcpServer::newConnection, this, [this, porta] {
-            QTcpSocket *aqui = nextPendingConnection();
-            auto *la = new QTcpSocket(aqui);
-            la->connectToHost(QHostAddress::LocalHost, porta);
-            connect(aqui, &QTcpSocket::readyRead, la, [this, aqui, la] {
-                const QByteArray bytes = aqui->readAll();
-                pedidos += static_cast<int>(bytes.count(" HTTP/1.1\r\n"));
-                la->write(bytes);
-            });
-            connect(la, &QTcpSocket::readyRead, aqui, [aqui, la] { aqui->write(la->readAll()); });
-            connect(aqui, &QTcpSocket::disconnected, aqui, &QObject::deleteLater);
-            connect(la, &QTcpSocket::disconnected, aqui, &QTcpSocket::disconnectFromHost);
-        });
-    }
-    int pedidos = 0;
-};
-
-struct ComServidor : MesaDaSincronizacao {
-    ComServidor() : servidor_("carddav"), porta(Servidor::Porta_Livre())
-    {
-        servidor_.Correr("start", {u"radicale"_s, QString::number(porta)});
-    }
-
-    static QUrl Livro(quint16 em) { return QUrl(u"http://127.0.0.1:%1/ana/contactos/"_s.arg(em)); }
-
-    // Returns what it cost in milliseconds.
-    qint64 Correr_De_Verdade(ResultadoDaSincronizacao *resultado = nullptr, quint16 por = 0)
-    {
-        QElapsedTimer tempo;
-        tempo.start();
-        std::optional<ResultadoDaSincronizacao> fim;
-        Sincronizacao corrida(s.geral, s.relogio,
-                              std::make_unique<AddressBook>(Livro(por > 0 ? por : porta), ana),
-                              Sincronizacao::Modo::Normal);
-        QObject::connect(&corrida, &Sincronizacao::Terminada, [&](const auto &r) { fim = r; });
-        corrida.Comecar();
-        while (!fim)
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        if (fim->fim != ResultadoDaSincronizacao::Fim::Feita)
-            qWarning("error %d: %s", static_cast<int>(fim->erro.kind), qPrintable(fim->erro.detail));
-        if (resultado != nullptr) *resultado = *fim;
-        return tempo.elapsed();
-    }
-
-    // The server's whole book, past the run.
-    std::map<QString, QByteArray> Tudo_La()
-    {
-        std::map<QString, QByteArray> tudo;
-        AddressBook livro(Livro(porta), ana);
-        bool acabou = false;
-        livro.changesSince({}, [&](const RemoteError &, const RemoteChanges &mudancas) {
-            QStringList hrefs;
-            for (const RemoteMember &membro : mudancas.changed)
-                hrefs << membro.href;
-            livro.fetch(
-                hrefs,
-                [&](const QList<RemoteCard> &cartoes) {
-                    for (const RemoteCard &cartao : cartoes)
-                        tudo[cartao.href] = cartao.text;
-                },
-                [&](const RemoteError &) { acabou = true; });
-        });
-        while (!acabou)
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        return tudo;
-    }
-
-    QStringList Lidos_La()
-    {
-        QStringList todos;
-        for (const auto &[href, texto] : Tudo_La())
-            todos << Lido(Pessoa_Do_Cartao(texto, u"PortuguesPT"_s)->lido.colunas);
-        todos.sort();
-        return todos;
-    }
-
-    void Povoar(int quantos)
-    {
-        for (int i = 0; i < quantos; ++i)
-            Contacto(u"Pessoa %1"_s.arg(i), u"91%1"_s.arg(1000000 + i));
-    }
-
-    Servidor servidor_;
-    quint16 porta;
+struct ComServidor : MesaComServidor {
+    ComServidor() : MesaComServidor(std::make_shared<LivroNoServidor>()) {}
 };
 
 // The second process: one run, or as much of it as it lives to see.
@@ -118,7 +20,7 @@ int Filho(const QStringList &pedido)
     geral.SessaoActual = {u"Eva"_s, pedido.at(2), false, true, true, true, true, true};
     SystemClock relogio;
     Sincronizacao corrida(geral, relogio,
-                          std::make_unique<AddressBook>(ComServidor::Livro(pedido.at(1).toUShort()), ana),
+                          std::make_unique<AddressBook>(QUrl(pedido.at(1)), RemoteAccount{pedido.at(3), pedido.at(4)}),
                           Sincronizacao::Modo::Normal);
     QObject::connect(&corrida, &Sincronizacao::Terminada, qApp,
                      [](const auto &fim) { QCoreApplication::exit(static_cast<int>(fim.fim)); });
@@ -145,22 +47,22 @@ private Q_SLOTS:
         const qint64 envio = m.Correr_De_Verdade(&fim);
         QCOMPARE(fim.adicionados_la, 1000);
         m.Correr_De_Verdade(); // what the server has written anew is seen
-        Contador contador(m.porta);
+        Contador contador(m.livro->porta);
         const qint64 nada = m.Correr_De_Verdade(&fim, contador.serverPort());
         QVERIFY(!fim.Mudou_Aqui() && !fim.Mudou_La());
-        QVERIFY2(contador.pedidos > 0 && contador.pedidos <= 5,
-                 qPrintable(QString::number(contador.pedidos)));
-        const int de_nada = contador.pedidos;
+        QVERIFY2(contador.conta.pedidos > 0 && contador.conta.pedidos <= 5,
+                 qPrintable(QString::number(contador.conta.pedidos)));
+        const int de_nada = contador.conta.pedidos;
 
         for (int i = 0; i < 20; ++i)
             m.Mudar(m.ID_De(u"Pessoa %1"_s.arg(i)), u"Fax"_s, u"21%1"_s.arg(1000000 + i));
         for (int i = 20; i < 30; ++i)
             m.Eliminar(m.ID_De(u"Pessoa %1"_s.arg(i)));
-        contador.pedidos = 0;
+        contador.conta = {};
         const qint64 poucas = m.Correr_De_Verdade(&fim, contador.serverPort());
         QCOMPARE(fim.alterados_la, 20);
         QCOMPARE(fim.eliminados_la, 10);
-        const int de_poucas = contador.pedidos;
+        const int de_poucas = contador.conta.pedidos;
         QVERIFY2(de_poucas <= 90, qPrintable(QString::number(de_poucas)));
         QCOMPARE(m.Aqui(), m.Lidos_La());
 
@@ -169,14 +71,14 @@ private Q_SLOTS:
         m.s.Escrever(u"DELETE FROM TblCartoes"_s);
         m.s.Escrever(u"DELETE FROM TblSincronizados"_s);
         m.s.Escrever(u"UPDATE TblSincronizacao SET Testemunho=''"_s);
-        contador.pedidos = 0;
+        contador.conta = {};
         const qint64 vinda = m.Correr_De_Verdade(&fim, contador.serverPort());
         QCOMPARE(fim.adicionados, 990);
         QCOMPARE(m.Aqui(), m.Lidos_La());
         qInfo("1000 sent: %lld ms; unchanged: %lld ms, %d requests; 20 changed and 10 deleted: %lld ms, %d "
               "requests; "
               "990 received: %lld ms, %d requests",
-              envio, nada, de_nada, poucas, de_poucas, vinda, contador.pedidos);
+              envio, nada, de_nada, poucas, de_poucas, vinda, contador.conta.pedidos);
     }
 
     void mudancas_de_duas_secretarias_chegam_as_duas()
@@ -184,8 +86,7 @@ private Q_SLOTS:
         ComServidor um;
         um.Povoar(20);
         um.Correr_De_Verdade();
-        ComServidor outro;
-        outro.porta = um.porta;
+        MesaComServidor outro(um.livro);
         outro.Correr_De_Verdade();
         um.Mudar(um.ID_De(u"Pessoa 1"_s), u"Fax"_s, u"211111111"_s);
         outro.Mudar(outro.ID_De(u"Pessoa 1"_s), u"Morada"_s, u"Rua Nova"_s);
@@ -210,8 +111,8 @@ private Q_SLOTS:
             QProcess filho;
             filho.setProcessChannelMode(QProcess::ForwardedErrorChannel);
             filho.start(QCoreApplication::applicationFilePath(),
-                        {QLatin1String(modo_de_filho), m.s.Pasta(), QString::number(m.porta),
-                         m.s.geral.SessaoActual.IdUtilizador});
+                        {QLatin1String(modo_de_filho), m.s.Pasta(), m.livro->Endereco().toString(),
+                         m.s.geral.SessaoActual.IdUtilizador, m.livro->Conta().user, m.livro->Conta().password});
             QVERIFY(filho.waitForStarted());
             if (filho.waitForFinished(400 + static_cast<int>(acaso.bounded(600)))) continue;
             ::kill(static_cast<pid_t>(filho.processId()), SIGKILL);
