@@ -1,12 +1,12 @@
 // Measures the import of 10,000 foreign cards, read, mapped, compared with a book of 10,000 contacts and
-// written, beside its floor in the same run: the same rows inserted by the bare store in one transaction.
+// written, beside its floor in the same run: the same rows and kept cards inserted by the bare store in one
+// transaction.
 // Both in time of the processor, whatever else the machine is doing, and in time of the clock, for the flush
 // to the disk is a part of both. Half of the cards are new and half complete somebody of the book, unless
 // told otherwise; then all are new. Usage: bench_importacao [novos]
 #include "cards/EscritaDaImportacao.h"
 #include "cards/frmImportarContactos.h"
 #include "controls/Application.h"
-#include "session/Main.h"
 #include "store/sqlite/TextRules.h"
 #include "testlib/Pausas.h"
 #include "testlib/Sistema.h"
@@ -99,33 +99,59 @@ void Encher(Sistema &s)
     });
 }
 
-// The floor: the same rows, in an empty book.
-Tempo Insercao_Nua(Sistema &cheia, int linhas)
+// A row of the book as its cells are stored, and the kept card of that contact.
+struct LinhaNua {
+    std::vector<std::string> celulas;
+    std::string UID;
+    std::string cartao;
+};
+
+std::vector<LinhaNua> Linhas_Escritas(Sistema &cheia, int quantas)
 {
     SQLite::Database origem(cheia.Base().toStdString());
     registerTextRules(origem.getHandle());
-    SQLite::Statement consulta(origem,
-                               "SELECT * FROM TblLista ORDER BY ID DESC LIMIT " + std::to_string(linhas));
-    const int largura = consulta.getColumnCount() - 1;
-    std::vector<std::string> celulas;
-    while (consulta.executeStep())
-        for (int i = 1; i <= largura; ++i)
-            celulas.push_back(consulta.getColumn(i).getString());
+    SQLite::Statement consulta(origem, "SELECT UID, cartao, TblLista.* FROM TblLista JOIN TblCartoes ON "
+                                       "IDContacto = ID ORDER BY ID DESC LIMIT " +
+                                           std::to_string(quantas));
+    constexpr int primeira = 3; // behind the card's two columns and the counter
+    std::vector<LinhaNua> linhas;
+    while (consulta.executeStep()) {
+        LinhaNua &linha = linhas.emplace_back();
+        linha.UID = consulta.getColumn(0).getString();
+        linha.cartao = consulta.getColumn(1).getString();
+        for (int i = primeira; i < consulta.getColumnCount(); ++i)
+            linha.celulas.push_back(consulta.getColumn(i).getString());
+    }
+    if (linhas.size() != static_cast<std::size_t>(quantas)) qFatal("rows without a card");
+    return linhas;
+}
+
+// The floor: all that the import leaves behind, in an empty book: a row for each contact, and its card.
+Tempo Insercao_Nua(Sistema &cheia, int quantas)
+{
+    const std::vector<LinhaNua> linhas = Linhas_Escritas(cheia, quantas);
     Sistema vazia(Sistema::Estado::Vazio);
     SQLite::Database destino(vazia.Base().toStdString(), SQLite::OPEN_READWRITE);
     registerTextRules(destino.getHandle());
     destino.exec("PRAGMA synchronous=FULL");
     std::string lugares = "INSERT INTO TblLista VALUES (NULL";
-    for (int i = 0; i < largura; ++i)
+    for (std::size_t i = 0; i < linhas.front().celulas.size(); ++i)
         lugares += ",?";
     return Medir([&] {
         SQLite::Transaction transaccao(destino);
         SQLite::Statement inserir(destino, lugares + ")");
-        for (auto celula = celulas.begin(); celula != celulas.end();) {
-            for (int i = 1; i <= largura; ++i)
-                inserir.bindNoCopy(i, *celula++);
+        SQLite::Statement guardar(destino, "INSERT INTO TblCartoes (IDContacto, UID, cartao) VALUES (?,?,?)");
+        for (const LinhaNua &linha : linhas) {
+            int lugar = 0;
+            for (const std::string &celula : linha.celulas)
+                inserir.bindNoCopy(++lugar, celula);
             inserir.exec();
             inserir.reset();
+            guardar.bind(1, destino.getLastInsertRowid());
+            guardar.bindNoCopy(2, linha.UID);
+            guardar.bindNoCopy(3, linha.cartao.data(), static_cast<int>(linha.cartao.size()));
+            guardar.exec();
+            guardar.reset();
         }
         transaccao.commit();
     });

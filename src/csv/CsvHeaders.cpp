@@ -159,12 +159,20 @@ QString decomposed(const QString &text)
 // the letters of western and central Europe.
 constexpr char16_t foldedAlone = 0x180;
 
-const std::array<QString, foldedAlone> &foldedSigns()
+struct FoldedSign {
+    std::array<QChar, 3> signs; // that one becomes
+    qsizetype size = 0;
+};
+
+const std::array<FoldedSign, foldedAlone> &foldedSigns()
 {
-    static const std::array<QString, foldedAlone> signs = [] {
-        std::array<QString, foldedAlone> table;
-        for (char16_t sign = 0; sign < foldedAlone; ++sign)
-            table[sign] = decomposed(QString(QChar(sign)));
+    static const std::array<FoldedSign, foldedAlone> signs = [] {
+        std::array<FoldedSign, foldedAlone> table;
+        for (char16_t sign = 0; sign < foldedAlone; ++sign) {
+            const QString folded = decomposed(QString(QChar(sign)));
+            table[sign].size = folded.size();
+            std::copy(folded.begin(), folded.end(), table[sign].signs.begin());
+        }
         return table;
     }();
     return signs;
@@ -172,18 +180,20 @@ const std::array<QString, foldedAlone> &foldedSigns()
 
 QString foldedSignBySign(const QString &text)
 {
-    constexpr qsizetype most = 3; // that one sign becomes
-    const std::array<QString, foldedAlone> &signs = foldedSigns();
-    QVarLengthArray<QChar, 256> plain(most * text.size());
+    const std::array<FoldedSign, foldedAlone> &table = foldedSigns();
+    QVarLengthArray<QChar, 256> plain(static_cast<qsizetype>(table.front().signs.size()) * text.size());
     QChar *const begin = plain.data();
     QChar *end = begin;
     bool isApart = false; // from the word before
-    for (const QChar sign : text)
-        for (const QChar each : signs[sign.unicode()]) {
+    for (const QChar sign : text) {
+        const FoldedSign &folded = table[sign.unicode()];
+        for (qsizetype i = 0; i < folded.size; ++i) {
+            const QChar each = folded.signs[static_cast<std::size_t>(i)];
             if (each != u' ' && isApart && end != begin) *end++ = u' ';
             isApart = each == u' ';
             if (!isApart) *end++ = each;
         }
+    }
     return QString(begin, end - begin);
 }
 } // namespace
