@@ -6,6 +6,9 @@ target_compile_options(morvex_opcoes INTERFACE
     -Werror)
 target_compile_definitions(morvex_opcoes INTERFACE
     QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+if(WIN32)
+    target_compile_definitions(morvex_opcoes INTERFACE UNICODE NOMINMAX WIN32_LEAN_AND_MEAN U_STATIC_IMPLEMENTATION)
+endif()
 if(MORVEX_SANITIZE)
     target_compile_options(morvex_opcoes INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer
@@ -64,7 +67,14 @@ endfunction()
 function(morvex_teste caminho)
     cmake_parse_arguments(ARG "" "" "LIGA;FICHEIROS" ${ARGN})
     get_filename_component(nome ${caminho} NAME)
-    add_executable(${nome} ${caminho}.cpp ${ARG_FICHEIROS})
+    # What only Linux has to be tested with is not built elsewhere, and CTest says that it was left out.
+    set(calado FALSE)
+    set(construir)
+    if(WIN32 AND ${caminho} IN_LIST morvex_so_linux)
+        set(calado TRUE)
+        set(construir EXCLUDE_FROM_ALL)
+    endif()
+    add_executable(${nome} ${construir} ${caminho}.cpp ${ARG_FICHEIROS})
     target_link_libraries(${nome} PRIVATE ${ARG_LIGA} morvex_testlib Qt6::Test morvex_opcoes)
     target_precompile_headers(${nome} REUSE_FROM morvex_cabecalhos)
     set_target_properties(${nome} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
@@ -74,10 +84,13 @@ function(morvex_teste caminho)
     if(NOT TARGET testes_${pasta})
         add_custom_target(testes_${pasta})
     endif()
-    add_dependencies(testes_${pasta} ${nome})
+    if(NOT calado)
+        add_dependencies(testes_${pasta} ${nome})
+    endif()
     set(casa ${PROJECT_BINARY_DIR}/tests/casa/${nome})
     file(MAKE_DIRECTORY ${casa})
     set_tests_properties(${caminho} PROPERTIES
+        DISABLED ${calado}
         TIMEOUT 300
         FAIL_REGULAR_EXPRESSION "Totals: [0-2] passed, 0 failed"
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen;HOME=${casa};XDG_DATA_HOME=${casa}/dados;XDG_CONFIG_HOME=${casa}/config;XDG_RUNTIME_DIR=${casa};TZ=Europe/Lisbon;LC_ALL=C.UTF-8;DBUS_SESSION_BUS_ADDRESS=disabled:;MORVEX_ENVIADOS=${PROJECT_BINARY_DIR}/bin;QT_LOGGING_RULES=qt.qpa.*=false;ASAN_OPTIONS=detect_leaks=1:abort_on_error=0;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1")
