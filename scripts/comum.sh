@@ -33,6 +33,13 @@ pacotes_para_testar=(
 # What makes a package of the distribution and looks at it.
 pacotes_para_empacotar=(dpkg-dev desktop-file-utils appstream lintian git)
 
+# The cross compiler for Windows, what makes its libraries, and what runs and packs programs of that system.
+pacotes_para_windows=(
+    g++-mingw-w64-x86-64-posix ccache cmake ninja-build dpkg-dev
+    qt6-base-dev qt6-base-dev-tools icu-devtools tcl
+    wine64 wine xvfb xauth nsis zip
+)
+
 # Installs those of the named packages that are missing, and says which.
 instalar_pacotes() {
     local em_falta=() pacote

@@ -398,6 +398,7 @@ private Q_SLOTS:
 
     void um_disco_cheio_deixa_o_formulario_como_estava()
     {
+        if (!DiscoCheio::Possivel()) QSKIP("no disk can be filled here");
         Programa p;
         QByteArray muitos;
         for (int i = 0; i < 500; ++i)

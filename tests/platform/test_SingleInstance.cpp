@@ -2,7 +2,6 @@
 #include "platform/SingleInstance.h"
 #include "testlib/Teste.h"
 
-#include <csignal>
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <QProcess>
@@ -207,7 +206,7 @@ private Q_SLOTS:
         const Lugar l;
         const auto outro = l.Outro_Processo();
         QCOMPARE(Resposta(*outro), QByteArray("first"));
-        ::kill(static_cast<pid_t>(outro->processId()), SIGKILL);
+        outro->kill();
         QVERIFY(outro->waitForFinished());
         QCOMPARE(l.Restos().size(), 2); // its lock and its socket
 
