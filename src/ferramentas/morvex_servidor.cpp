@@ -97,8 +97,7 @@ int Mudar(const OrdemAoServidor &ordem, Lingua lingua)
 
 int Trazer(const OrdemAoServidor &ordem, Lingua lingua)
 {
-    ServerSession servidor(ordem.morada);
-    Escrever_Contagens(copia::Trazer(servidor, ordem.ficheiro), lingua);
+    Escrever_Contagens(copia::Trazer(ordem.morada, ordem.ficheiro), lingua);
     Escrever(stdout, Dizer(trazido, lingua).arg(ordem.ficheiro));
     return Feito;
 }

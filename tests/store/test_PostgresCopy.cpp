@@ -69,6 +69,22 @@ private Q_SLOTS:
         file->execute(u"INSERT INTO T (Nome) VALUES ('next')"_s, {});
         QCOMPARE(file->lastId(), 4);
     }
+    // Whatever was read of the tables before: each counter is asked for behind the rows of its table.
+    void the_counter_of_every_table_comes_even_of_an_empty_one()
+    {
+        base_->Correr(u"CREATE TABLE u (id integer PRIMARY KEY, nome text)"_s);
+        base_->Correr(u"CREATE OR REPLACE FUNCTION morvex_maior_id(qual text) RETURNS integer LANGUAGE sql AS "
+                      "'SELECT CASE qual WHEN ''U'' THEN 7 ELSE 3 END'"_s);
+        store_->execute(u"INSERT INTO T (Nome) VALUES (?)"_s, {u"one"_s});
+        FileCopy copia = Copia();
+        copia.create << u"CREATE TABLE U (ID INTEGER PRIMARY KEY AUTOINCREMENT, Nome TEXT) STRICT"_s;
+        copia.tables.push_back({u"U"_s, {u"ID"_s, u"Nome"_s}, true});
+        store_->copyTo(copia);
+        base_->Correr(u"DROP TABLE u"_s);
+        const auto file = SqliteStore::open(copia.file);
+        QCOMPARE(file->highestId(u"T"_s), 3);
+        QCOMPARE(file->highestId(u"U"_s), 7);
+    }
     void others_write_meanwhile_and_the_copy_is_of_one_moment()
     {
         base_->Correr(u"INSERT INTO t (nome) SELECT 'n' || i FROM generate_series(1, 5000) i"_s);

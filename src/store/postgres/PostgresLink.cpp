@@ -208,7 +208,16 @@ void PostgresLink::stream(const PostgresCommand &command, std::chrono::milliseco
         throw;
     }
     PQenterPipelineMode(connection_.get());
+    leaveSingleRows(patience);
     if (refusal) raiseRefusal(refusal.get(), command.sql);
+}
+
+// The library hands out the next answer row by row as well, unless something without rows comes before it.
+void PostgresLink::leaveSingleRows(std::chrono::milliseconds patience)
+{
+    PostgresAnswers none;
+    end();
+    collect(none, Deadline(patience));
 }
 
 bool PostgresLink::hear()

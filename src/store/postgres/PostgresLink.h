@@ -85,6 +85,7 @@ private:
     void send(const PostgresCommand &command, std::size_t place);
     void sent(int worked);
     void end();
+    void leaveSingleRows(std::chrono::milliseconds patience);
     void collect(PostgresAnswers &answers, const Deadline &deadline);
     void settle(PostgresAnswers &answers, const Awaited &awaited, PostgresResult result);
     PostgresResult next(const Deadline &deadline);
