@@ -208,13 +208,14 @@ private Q_SLOTS:
         QCOMPARE(Opcao(text, "port", found), ",,7"); // none is the usual one
         QCOMPARE(Opcao(u"postgresql://one,10.0.0.9/morvex?port=5433"_s, "port", found), "5433,5433,5433");
     }
-    void a_name_without_addresses_is_handed_on_beside_the_others()
+    void a_name_without_addresses_is_left_out_beside_one_that_has_some()
     {
         const QHash<QString, QList<QHostAddress>> found{{u"one"_s, {QHostAddress(u"10.0.0.1"_s)}}};
         const QString text = u"postgresql://one,two/morvex"_s;
-        QCOMPARE(Opcao(text, "host", found), "one,two");
-        QCOMPARE(Opcao(text, "hostaddr", found), "10.0.0.1,");
-        QCOMPARE(Opcao(text, "port", found), ",");
+        QCOMPARE(Opcao(text, "host", found), "one");
+        QCOMPARE(Opcao(text, "hostaddr", found), "10.0.0.1");
+        QCOMPARE(Opcao(text, "port", found), "");
+        QCOMPARE(Opcao(text, "host"), "(none)"); // of none of them
     }
     void the_shown_form_keeps_user_server_port_and_base()
     {

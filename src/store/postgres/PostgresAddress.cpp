@@ -165,19 +165,20 @@ std::vector<PostgresOption> PostgresAddress::options(const QHash<QString, QList<
     options.push_back({"client_encoding", "UTF8"});
     if (namesToLookUp().isEmpty()) return options;
 
-    // Each address of a name stands beside it: the certificate is asked for the name.
+    // Each address of a name stands beside it: the certificate is asked for the name. One without any is left out,
+    // or the library would look it up once more, and wait for that.
     QByteArrayList names;
     QByteArrayList addresses;
     QByteArrayList ports;
     for (const Host &host : hosts_) {
-        QList<QHostAddress> own = host.lookUp ? found.value(host.name) : QList{QHostAddress(host.name)};
-        if (own.isEmpty()) own = {QHostAddress()};
+        const QList<QHostAddress> own = host.lookUp ? found.value(host.name) : QList{QHostAddress(host.name)};
         for (const QHostAddress &address : own) {
             names << host.name.toUtf8();
             addresses << address.toString().toUtf8();
             ports << host.port;
         }
     }
+    if (names.isEmpty()) return options;
     options.push_back({"host", names.join(',')});
     options.push_back({"hostaddr", addresses.join(',')});
     options.push_back({"port", ports.join(',')});

@@ -33,8 +33,8 @@ public:
     QStringList namesToLookUp() const;
 
     // Everything that the library is handed. A certificate with the server's name is asked for wherever the
-    // address does not say otherwise, save on this machine itself. A name without addresses is handed on as it
-    // stands.
+    // address does not say otherwise, save on this machine itself. A name without addresses is left out
+    // where another one has some.
     std::vector<PostgresOption> options(const QHash<QString, QList<QHostAddress>> &found) const;
 
     // What the address itself has each session of the server begin with; empty for nothing.
