@@ -4,8 +4,8 @@
 
 #include <algorithm>
 #include <array>
+#include <numeric>
 #include <QStringTokenizer>
-#include <QVarLengthArray>
 
 using namespace Qt::StringLiterals;
 
@@ -19,54 +19,121 @@ bool E_Particula(QStringView palavra)
     return palavra.size() <= 3 &&
            std::find(particulas.begin(), particulas.end(), palavra) != particulas.end();
 }
+
+// Takes a text sign by sign. The end scatters, so that sums of digests are digests as well.
+class Resumo
+{
+public:
+    void Tomar(char16_t sinal) { soma_ = (soma_ ^ sinal) * 0x100000001B3; }
+
+    ChaveCurta Chave_Do_Texto() const
+    {
+        quint64 soma = soma_;
+        soma = (soma ^ (soma >> 33)) * 0xFF51AFD7ED558CCD;
+        soma = (soma ^ (soma >> 33)) * 0xC4CEB9FE1A85EC53;
+        return Marcada(soma ^ (soma >> 33));
+    }
+
+    // No telephone is that long.
+    static ChaveCurta Marcada(quint64 soma) { return soma | quint64{1} << 63; }
+
+private:
+    quint64 soma_ = 0xCBF29CE484222325;
+};
+
+// The digits that tell a number from others, whichever the script's; empty where they are too few.
+class Algarismos
+{
+public:
+    explicit Algarismos(QStringView numero)
+    {
+        for (const QChar sinal : numero)
+            if (sinal.isDigit()) todos_.append(QChar(u'0' + sinal.digitValue()));
+    }
+
+    QStringView Da_Chave() const
+    {
+        constexpr qsizetype menor = 7;
+        constexpr qsizetype maior = 9; // without the country
+        QStringView chave(todos_.data(), todos_.size());
+        if (chave.startsWith("00"_L1)) chave = chave.sliced(2);
+        return chave.size() < menor ? QStringView() : chave.last(std::min(chave.size(), maior));
+    }
+
+private:
+    QVarLengthArray<QChar, 64> todos_;
+};
+
+// A one before the digits keeps the zeros with which they may begin.
+ChaveCurta Chave_Do_Numero(QStringView numero)
+{
+    const Algarismos algarismos(numero);
+    const QStringView da_chave = algarismos.Da_Chave();
+    if (da_chave.isEmpty()) return 0;
+    constexpr ChaveCurta dez = 10;
+    return std::accumulate(da_chave.begin(), da_chave.end(), ChaveCurta{1},
+                           [](ChaveCurta chave, QChar algarismo) {
+                               return chave * dez + static_cast<ChaveCurta>(algarismo.unicode() - u'0');
+                           });
+}
+
+ChaveCurta Chave_Do_Email(QStringView email)
+{
+    email = email.trimmed();
+    Resumo resumo;
+    for (const QChar sinal : email) {
+        if (sinal.unicode() >= 0x80) return ChavesDoContacto::De_Um_Texto(email.toString().toLower());
+        resumo.Tomar(sinal >= u'A' && sinal <= u'Z' ? sinal.unicode() | 0x20 : sinal.unicode());
+    }
+    return email.isEmpty() ? 0 : resumo.Chave_Do_Texto();
+}
+
+template<class Chaves> void Por(Chaves &chaves, ChaveCurta chave)
+{
+    if (chave != 0 && !chaves.contains(chave)) chaves.append(chave);
+}
 } // namespace
 
-QString ChavesDoContacto::Do_Nome(const QString &nome)
+ChaveCurta ChavesDoContacto::De_Um_Texto(QStringView texto)
+{
+    Resumo resumo;
+    for (const QChar sinal : texto)
+        resumo.Tomar(sinal.unicode());
+    return texto.isEmpty() ? 0 : resumo.Chave_Do_Texto();
+}
+
+ChavesDoContacto::Palavras ChavesDoContacto::Das_Palavras(const QString &nome)
 {
     const QString dobrado = Nome_Dobrado(nome);
-    QVarLengthArray<QStringView, 8> palavras;
+    Palavras palavras;
     for (const QStringView palavra : qTokenize(dobrado, u' ', Qt::SkipEmptyParts))
-        if (!E_Particula(palavra)) palavras.append(palavra);
-    std::sort(palavras.begin(), palavras.end());
-    QString chave;
-    chave.reserve(dobrado.size());
-    for (const QStringView palavra : palavras) {
-        if (!chave.isEmpty()) chave += u' ';
-        chave += palavra;
-    }
-    return chave;
+        if (!E_Particula(palavra)) palavras.append(De_Um_Texto(palavra));
+    return palavras;
 }
 
 QString ChavesDoContacto::Do_Numero(const QString &numero)
 {
-    constexpr qsizetype menor = 7;
-    constexpr qsizetype maior = 9; // without the country
-    QVarLengthArray<QChar, 64> algarismos;
-    for (const QChar sinal : numero)
-        if (sinal.isDigit()) algarismos.append(sinal);
-    QStringView chave(algarismos.data(), algarismos.size());
-    if (chave.startsWith("00"_L1)) chave = chave.sliced(2);
-    return chave.size() < menor ? QString() : chave.last(std::min(chave.size(), maior)).toString();
+    return Algarismos(numero).Da_Chave().toString();
 }
 
 QString ChavesDoContacto::Do_Email(const QString &email) { return email.trimmed().toLower(); }
 
+// The sum of its words knows nothing of their order.
 ChavesDoContacto ChavesDoContacto::De(const ColunasDoContacto &colunas)
 {
     ChavesDoContacto chaves = Sem_Nome(colunas);
-    chaves.nome = Do_Nome(colunas[Coluna::Nome]);
+    const Palavras palavras = Das_Palavras(colunas[Coluna::Nome]);
+    if (!palavras.isEmpty())
+        chaves.nome = Resumo::Marcada(std::accumulate(palavras.begin(), palavras.end(), ChaveCurta{0}));
     return chaves;
 }
 
 ChavesDoContacto ChavesDoContacto::Sem_Nome(const ColunasDoContacto &colunas)
 {
     ChavesDoContacto chaves;
-    const auto por = [](QStringList &lista, const QString &chave) {
-        if (!chave.isEmpty() && !lista.contains(chave)) lista << chave;
-    };
     for (const Coluna coluna : ColunasDoContacto::numeros)
-        if (!colunas[coluna].isEmpty()) por(chaves.numeros, Do_Numero(colunas[coluna]));
+        if (!colunas[coluna].isEmpty()) Por(chaves.numeros, Chave_Do_Numero(colunas[coluna]));
     for (const Coluna coluna : ColunasDoContacto::emails)
-        if (!colunas[coluna].isEmpty()) por(chaves.emails, Do_Email(colunas[coluna]));
+        if (!colunas[coluna].isEmpty()) Por(chaves.emails, Chave_Do_Email(colunas[coluna]));
     return chaves;
 }

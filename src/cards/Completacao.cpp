@@ -11,10 +11,19 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-bool Tem_Outras(const QStringList &chaves, const QStringList &as_dele)
+template<class Chaves> bool Tem_Outras(const Chaves &chaves, const Chaves &as_dele)
 {
     return std::any_of(chaves.begin(), chaves.end(),
-                       [&](const QString &chave) { return !as_dele.contains(chave); });
+                       [&](ChaveCurta chave) { return !as_dele.contains(chave); });
+}
+
+QStringList Valores_Por_Chave(const ColunasDoContacto &colunas, std::span<const Coluna> quais,
+                              ChaveDoValor chave)
+{
+    QStringList chaves;
+    for (const Coluna coluna : quais)
+        if (!colunas[coluna].isEmpty()) chaves << chave(colunas[coluna]);
+    return chaves;
 }
 
 bool Tem_Obs_Novas(const ColunasDoContacto &novas, const ColunasDoContacto &outro)
@@ -32,9 +41,12 @@ bool Tem_Colunas_Novas(const ColunasDoContacto &novas, const ColunasDoContacto &
 
 // Numbers and mails into their free columns; what finds none becomes a line. What the other has in a column
 // of another kind comes no second time.
-QStringList Encher_Todas(ColunasDoContacto &inteiras, const ChavesDoContacto &as_dele,
-                         const ColunasDoContacto &novas, const QString &idioma)
+QStringList Encher_Todas(ColunasDoContacto &inteiras, const ColunasDoContacto &novas, const QString &idioma)
 {
+    const QStringList numeros =
+        Valores_Por_Chave(inteiras, ColunasDoContacto::numeros, ChavesDoContacto::Do_Numero);
+    const QStringList emails =
+        Valores_Por_Chave(inteiras, ColunasDoContacto::emails, ChavesDoContacto::Do_Email);
     QStringList linhas;
     const auto encher = [&](std::span<const Coluna> colunas, ChaveDoValor chave, const QStringList &ja_la,
                             Rotulo rotulo) {
@@ -43,9 +55,8 @@ QStringList Encher_Todas(ColunasDoContacto &inteiras, const ChavesDoContacto &as
     };
     for (const EspecieDeNumero especie :
          {EspecieDeNumero::Telefone, EspecieDeNumero::Fax, EspecieDeNumero::Telemovel})
-        encher(Colunas_Da_Especie(especie), ChavesDoContacto::Do_Numero, as_dele.numeros,
-               Rotulo_Da_Especie(especie));
-    encher(ColunasDoContacto::emails, ChavesDoContacto::Do_Email, as_dele.emails, Rotulo::Email);
+        encher(Colunas_Da_Especie(especie), ChavesDoContacto::Do_Numero, numeros, Rotulo_Da_Especie(especie));
+    encher(ColunasDoContacto::emails, ChavesDoContacto::Do_Email, emails, Rotulo::Email);
     return linhas;
 }
 
@@ -68,7 +79,7 @@ Completacao Completado(const ColunasDoContacto &outro, const ChavesDoContacto &a
         !Tem_Colunas_Novas(novas, outro))
         return completacao;
     ColunasDoContacto &inteiras = completacao.colunas;
-    const QStringList linhas = Encher_Todas(inteiras, as_dele, novas, idioma);
+    const QStringList linhas = Encher_Todas(inteiras, novas, idioma);
     for (const Coluna coluna : {Coluna::Website, Coluna::Morada, Coluna::Fotografia})
         if (inteiras[coluna].isEmpty()) inteiras[coluna] = novas[coluna];
     if (inteiras[Coluna::Dia].isEmpty())

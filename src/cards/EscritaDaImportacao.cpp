@@ -147,15 +147,16 @@ EscritaDaImportacao::Destino EscritaDaImportacao::Existente_Com(const QString &I
 {
     const auto achado = existente_por_ID_.constFind(ID);
     if (achado != existente_por_ID_.constEnd()) return {Destino::Existentes, *achado};
-    const std::optional<LinhaDaAgenda> linha = Ler_Da_Agenda(ID);
+    std::optional<LinhaDaAgenda> linha = Ler_Da_Agenda(ID);
     if (!linha) return {};
-    return Tomar(ID, *linha);
+    return Tomar(ID, *std::move(linha));
 }
 
-EscritaDaImportacao::Destino EscritaDaImportacao::Tomar(const QString &ID, const LinhaDaAgenda &linha)
+EscritaDaImportacao::Destino EscritaDaImportacao::Tomar(const QString &ID, LinhaDaAgenda linha)
 {
     existente_por_ID_.insert(ID, existentes_.size());
-    existentes_.push_back({ID, linha, linha.colunas, {}, {}, {}, false});
+    ColunasDoContacto colunas = linha.colunas;
+    existentes_.push_back({ID, std::move(linha), std::move(colunas), {}, {}, {}, false});
     return {Destino::Existentes, existentes_.size() - 1};
 }
 
@@ -168,6 +169,7 @@ void EscritaDaImportacao::Tomar_Existentes(const std::function<void()> &olhar)
     const Contagem prevista = Prevista();
     novos_.reserve(static_cast<std::size_t>(prevista.adicionados));
     existentes_.reserve(static_cast<std::size_t>(prevista.completados));
+    existente_por_ID_.reserve(prevista.completados);
     QSet<qint64> IDs;
     for (const ContactoAImportar &contacto : importacao_.Contactos())
         if (contacto.escolha == Escolha::Juntar)

@@ -77,7 +77,7 @@ private:
     std::optional<LinhaDaAgenda> Ler_Da_Agenda(const QString &ID);
     Destino Destino_De(const ContactoAImportar &contacto, const std::vector<Destino> &destinos);
     Destino Existente_Com(const QString &ID);
-    Destino Tomar(const QString &ID, const LinhaDaAgenda &linha);
+    Destino Tomar(const QString &ID, LinhaDaAgenda linha);
     void Tomar_Existentes(const std::function<void()> &olhar);
     const ColunasDoContacto &Colunas_De(const Novo &novo) const;
     void Acrescentar(std::size_t qual, const Destino &destino);

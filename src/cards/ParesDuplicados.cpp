@@ -7,13 +7,15 @@ namespace
 {
 constexpr std::size_t mais_da_mesma_chave = 3;
 
-using Dicionario = QHash<QString, std::vector<std::size_t>>;
+using Dicionario = QHash<ChaveCurta, std::vector<std::size_t>>;
+using Primeiros = QHash<std::pair<ChaveCurta, ChaveCurta>, std::size_t>; // by name, and number or mail
 
 class Procura
 {
 public:
     // One with the first that has the same, however many have it.
-    void Com_O_Primeiro(QHash<QString, std::size_t> &primeiros, const QString &chave, std::size_t lugar)
+    void Com_O_Primeiro(Primeiros &primeiros, const std::pair<ChaveCurta, ChaveCurta> &chave,
+                        std::size_t lugar)
     {
         const auto achado = primeiros.constFind(chave);
         if (achado == primeiros.constEnd())
@@ -54,16 +56,18 @@ private:
 std::vector<ParDuplicado> ParesDuplicados::Pares() const
 {
     Procura procura;
-    QHash<QString, std::size_t> primeiros;
+    Primeiros primeiros;
     Dicionario nomes;
     Dicionario outras;
     for (std::size_t lugar = 0; lugar < chaves_.size(); ++lugar) {
         const ChavesDoContacto &chaves = chaves_[lugar];
-        if (!chaves.nome.isEmpty()) nomes[chaves.nome].push_back(lugar);
-        for (const QString &chave : chaves.numeros + chaves.emails) {
+        if (chaves.nome != 0) nomes[chaves.nome].push_back(lugar);
+        const auto por = [&](ChaveCurta chave) {
             outras[chave].push_back(lugar); // a number is no mail
-            if (!chaves.nome.isEmpty()) procura.Com_O_Primeiro(primeiros, chaves.nome + u'\n' + chave, lugar);
-        }
+            if (chaves.nome != 0) procura.Com_O_Primeiro(primeiros, {chaves.nome, chave}, lugar);
+        };
+        std::for_each(chaves.numeros.begin(), chaves.numeros.end(), por);
+        std::for_each(chaves.emails.begin(), chaves.emails.end(), por);
     }
     procura.Entre_Si(nomes, Indicio::Nome);
     procura.Entre_Si(outras, Indicio::Chave);

@@ -4,24 +4,44 @@
 #include "cards/NomeDobrado.h"
 
 #include <algorithm>
-#include <QSet>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
+using Lugares = LugaresPorChave::Lugares;
+
 constexpr qsizetype mais_da_mesma_chave = 3; // a switchboard, info@: it proves nothing of more contacts
 
-QStringList Sem(QStringList chaves, const QStringList &outras)
+template<class Chaves> void Apontar(LugaresPorChave &onde, const Chaves &chaves, std::size_t lugar)
 {
-    chaves.removeIf([&](const QString &chave) { return outras.contains(chave); });
+    for (const ChaveCurta chave : chaves)
+        onde.Juntar(chave, lugar);
+}
+
+template<class Chaves> Chaves Sem(Chaves chaves, const Chaves &outras)
+{
+    chaves.removeIf([&](ChaveCurta chave) { return outras.contains(chave); });
     return chaves;
 }
 
-QSet<QString> Palavras(const QString &nome)
+template<class Valores> void Cada_Um_Uma_Vez(Valores &valores)
 {
-    const QStringList palavras = nome.split(u' ', Qt::SkipEmptyParts);
-    return {palavras.begin(), palavras.end()};
+    if (valores.size() < 2) return;
+    std::sort(valores.begin(), valores.end());
+    valores.erase(std::unique(valores.begin(), valores.end()), valores.end());
+}
+
+template<class Chaves> Lugares Com_Alguma(const LugaresPorChave &onde, const Chaves &chaves)
+{
+    Lugares lugares;
+    for (const ChaveCurta chave : chaves) {
+        const Lugares dela = onde.De(chave, mais_da_mesma_chave + 1);
+        if (dela.size() <= mais_da_mesma_chave) lugares.append(dela.data(), dela.size());
+    }
+    Cada_Um_Uma_Vez(lugares);
+    return lugares;
 }
 
 bool Outro_Aniversario(const ColunasDoContacto &um, const ColunasDoContacto &outro)
@@ -30,12 +50,6 @@ bool Outro_Aniversario(const ColunasDoContacto &um, const ColunasDoContacto &out
            (um[Coluna::Dia] != outro[Coluna::Dia] || um[Coluna::Mes] != outro[Coluna::Mes]);
 }
 
-void Cada_Um_Uma_Vez(std::vector<std::size_t> &lugares)
-{
-    if (lugares.size() < 2) return;
-    std::sort(lugares.begin(), lugares.end());
-    lugares.erase(std::unique(lugares.begin(), lugares.end()), lugares.end());
-}
 } // namespace
 
 RegraDosDuplicados::RegraDosDuplicados(QString idioma) : idioma_(std::move(idioma)) {}
@@ -44,9 +58,8 @@ void RegraDosDuplicados::Contar_Com(std::size_t quantos)
 {
     todos_.reserve(quantos);
     chaves_.reserve(quantos);
-    for (Dicionario *dicionario : {&nomes_, &numeros_, &emails_})
-        dicionario->reserve(static_cast<qsizetype>(quantos));
-    uids_.reserve(static_cast<qsizetype>(quantos));
+    for (LugaresPorChave *onde : {&nomes_, &numeros_, &emails_, &uids_})
+        onde->Reservar(quantos);
 }
 
 void RegraDosDuplicados::Juntar(ColunasDoContacto colunas, const QString &uid)
@@ -61,46 +74,33 @@ void RegraDosDuplicados::Juntar(ColunasDoContacto colunas, ChavesDoContacto as_s
     todos_.push_back(std::move(colunas));
     chaves_.push_back(std::move(as_suas));
     const Chaves &chaves = chaves_.back();
-    if (!chaves.nome.isEmpty()) nomes_[chaves.nome].push_back(lugar);
+    if (chaves.nome != 0) nomes_.Juntar(chaves.nome, lugar);
     Apontar(numeros_, chaves.numeros, lugar);
     Apontar(emails_, chaves.emails, lugar);
-    if (!uid.isEmpty()) uids_.insert(uid, lugar);
-}
-
-void RegraDosDuplicados::Apontar(Dicionario &dicionario, const QStringList &chaves, std::size_t lugar)
-{
-    for (const QString &chave : chaves)
-        dicionario[chave].push_back(lugar);
+    if (!uid.isEmpty()) uids_.Juntar(Chaves::De_Um_Texto(uid), lugar);
 }
 
 // A completion takes nothing away and leaves the name, so there are only more keys than before.
 void RegraDosDuplicados::Completar(std::size_t lugar, const ColunasDoContacto &completado)
 {
-    Chaves novas = Chaves::De(completado);
+    Chaves novas = Chaves::Sem_Nome(completado);
+    novas.nome = chaves_[lugar].nome;
     Apontar(numeros_, Sem(novas.numeros, chaves_[lugar].numeros), lugar);
     Apontar(emails_, Sem(novas.emails, chaves_[lugar].emails), lugar);
     todos_[lugar] = completado;
     chaves_[lugar] = std::move(novas);
 }
 
-RegraDosDuplicados::Lugares RegraDosDuplicados::Com_Alguma(const Dicionario &dicionario,
-                                                           const QStringList &chaves)
+bool RegraDosDuplicados::Um_Nome_Contem_O_Outro(const ColunasDoContacto &colunas, std::size_t outro) const
 {
-    Lugares lugares;
-    for (const QString &chave : chaves) {
-        const auto achada = dicionario.constFind(chave);
-        if (achada == dicionario.constEnd() || achada->size() > mais_da_mesma_chave) continue;
-        lugares.insert(lugares.end(), achada->begin(), achada->end());
-    }
-    Cada_Um_Uma_Vez(lugares);
-    return lugares;
-}
-
-bool RegraDosDuplicados::Um_Nome_Contem_O_Outro(const QString &nome, std::size_t outro) const
-{
-    const QSet<QString> umas = Palavras(nome);
-    const QSet<QString> outras = Palavras(chaves_[outro].nome);
-    return std::min(umas.size(), outras.size()) >= 2 && (umas.contains(outras) || outras.contains(umas));
+    Chaves::Palavras umas = Chaves::Das_Palavras(colunas[Coluna::Nome]);
+    Chaves::Palavras outras = Chaves::Das_Palavras(todos_[outro][Coluna::Nome]);
+    Cada_Um_Uma_Vez(umas);
+    Cada_Um_Uma_Vez(outras);
+    const auto contem = [](const Chaves::Palavras &maior, const Chaves::Palavras &menor) {
+        return std::includes(maior.begin(), maior.end(), menor.begin(), menor.end());
+    };
+    return std::min(umas.size(), outras.size()) >= 2 && (contem(umas, outras) || contem(outras, umas));
 }
 
 bool RegraDosDuplicados::Mesmo_Telemovel(const ColunasDoContacto &colunas, std::size_t outro) const
@@ -122,11 +122,11 @@ RegraDosDuplicados::Lugares RegraDosDuplicados::Certos(const ColunasDoContacto &
     Lugares todos;
     std::set_union(por_numero.begin(), por_numero.end(), por_email.begin(), por_email.end(),
                    std::back_inserter(todos));
-    std::erase_if(todos, [&](std::size_t lugar) {
-        if (!chaves.nome.isEmpty() && chaves_[lugar].nome == chaves.nome) return false;
+    todos.removeIf([&](std::size_t lugar) {
+        if (chaves.nome != 0 && chaves_[lugar].nome == chaves.nome) return false;
         const bool por_seu =
             std::binary_search(por_email.begin(), por_email.end(), lugar) || Mesmo_Telemovel(colunas, lugar);
-        return !por_seu || !Um_Nome_Contem_O_Outro(chaves.nome, lugar);
+        return !por_seu || !Um_Nome_Contem_O_Outro(colunas, lugar);
     });
     return todos;
 }
@@ -169,24 +169,22 @@ Decisao RegraDosDuplicados::Decidir(const ColunasDoContacto &colunas, const QStr
 Decisao RegraDosDuplicados::Decidir(const ColunasDoContacto &colunas, const ChavesDoContacto &chaves,
                                     const QString &uid) const
 {
-    const auto do_nome = chaves.nome.isEmpty() ? nomes_.constEnd() : nomes_.constFind(chaves.nome);
-    const Lugares mesmo_nome =
-        do_nome == nomes_.constEnd() ? Lugares() : Lugares(do_nome->begin(), do_nome->end());
+    constexpr qsizetype todos = std::numeric_limits<qsizetype>::max();
+    const Lugares mesmo_nome = nomes_.De(chaves.nome, todos);
     const Lugares por_numero = Com_Alguma(numeros_, chaves.numeros);
     const Lugares por_email = Com_Alguma(emails_, chaves.emails);
-    const auto do_uid = uid.isEmpty() ? uids_.constEnd() : uids_.constFind(uid);
-    const Lugares certos =
-        do_uid != uids_.constEnd() ? Lugares{*do_uid} : Certos(colunas, chaves, por_numero, por_email);
+    const Lugares do_uid = uids_.De(Chaves::De_Um_Texto(uid), 1);
+    const Lugares certos = do_uid.isEmpty() ? Certos(colunas, chaves, por_numero, por_email) : do_uid;
     const bool so_tem_nome = chaves.numeros.isEmpty() && chaves.emails.isEmpty();
-    if (certos.empty() && so_tem_nome && mesmo_nome.size() == 1 && Ja_Esta_La(colunas, mesmo_nome.front()))
-        return {Veredicto::Igual, mesmo_nome, todos_[mesmo_nome.front()], {}};
+    if (certos.isEmpty() && so_tem_nome && mesmo_nome.size() == 1 && Ja_Esta_La(colunas, mesmo_nome.front()))
+        return {Veredicto::Igual, {mesmo_nome.front()}, todos_[mesmo_nome.front()], {}};
     if (certos.size() == 1 && !Outro_Aniversario(colunas, todos_[certos.front()]))
         return O_Mesmo(colunas, chaves, certos.front());
-    if (certos.size() == 1) return {Veredicto::Talvez, certos, {}, {}};
+    if (certos.size() == 1) return {Veredicto::Talvez, {certos.front()}, {}, {}};
     Lugares talvez = certos;
     for (const Lugares *mais : {&mesmo_nome, &por_numero, &por_email})
-        talvez.insert(talvez.end(), mais->begin(), mais->end());
+        talvez.append(mais->data(), mais->size());
     Cada_Um_Uma_Vez(talvez);
-    const Veredicto veredicto = talvez.empty() ? Veredicto::Novo : Veredicto::Talvez;
-    return {veredicto, std::move(talvez), {}, {}};
+    const Veredicto veredicto = talvez.isEmpty() ? Veredicto::Novo : Veredicto::Talvez;
+    return {veredicto, {talvez.begin(), talvez.end()}, {}, {}};
 }

@@ -2,12 +2,7 @@
 // of names, numbers and mails, never pair by pair.
 #pragma once
 
-#include "cards/ChavesDoContacto.h"
-
-#include <QHash>
-#include <QStringList>
-#include <QVarLengthArray>
-#include <vector>
+#include "cards/LugaresPorChave.h"
 
 enum class Veredicto {
     Igual,    // the same person with nothing new: is not added
@@ -54,13 +49,10 @@ public:
     const ColunasDoContacto &Quem(std::size_t lugar) const { return todos_.at(lugar); }
 
 private:
-    using Lugares = std::vector<std::size_t>;
-    using Dicionario = QHash<QString, QVarLengthArray<std::size_t, 1>>; // nearly all keys are one person's
+    using Lugares = LugaresPorChave::Lugares;
     using Chaves = ChavesDoContacto;
 
-    static void Apontar(Dicionario &dicionario, const QStringList &chaves, std::size_t lugar);
-    static Lugares Com_Alguma(const Dicionario &dicionario, const QStringList &chaves);
-    bool Um_Nome_Contem_O_Outro(const QString &nome, std::size_t outro) const;
+    bool Um_Nome_Contem_O_Outro(const ColunasDoContacto &colunas, std::size_t outro) const;
     bool Mesmo_Telemovel(const ColunasDoContacto &colunas, std::size_t outro) const;
     Lugares Certos(const ColunasDoContacto &colunas, const Chaves &chaves, const Lugares &por_numero,
                    const Lugares &por_email) const;
@@ -70,8 +62,8 @@ private:
     QString idioma_;
     std::vector<ColunasDoContacto> todos_;
     std::vector<Chaves> chaves_;
-    Dicionario nomes_;
-    Dicionario numeros_;
-    Dicionario emails_;
-    QHash<QString, std::size_t> uids_;
+    LugaresPorChave nomes_;
+    LugaresPorChave numeros_;
+    LugaresPorChave emails_;
+    LugaresPorChave uids_;
 };

@@ -184,6 +184,54 @@ private Q_SLOTS:
         QCOMPARE(curto(u"1234567"_s), V::Talvez);
     }
 
+    void um_zero_a_frente_e_de_outro_numero()
+    {
+        const auto com = [](const QString &nome, const QString &numero) {
+            return Contacto({{C::Nome, nome}, {C::Telefone1, numero}});
+        };
+        QCOMPARE(Livro({com(u"Ana"_s, u"1234567"_s)}).Decidir(com(u"Rui"_s, u"01234567"_s)).veredicto,
+                 V::Novo);
+    }
+
+    void um_numero_noutros_algarismos_e_o_mesmo()
+    {
+        const auto quem = Contacto({{C::Nome, Ana()[C::Nome]}, {C::Telemovel1, u"٩١٢٣٤٥٦٧٨"_s}});
+        QCOMPARE(Para_A_Ana(quem), V::Igual);
+        const Decisao decisao = Livro({Ana()}).Decidir(Com(quem, {{C::Morada, u"Rua B"_s}}));
+        QCOMPARE(decisao.preenchidas, std::vector<C>{C::Morada});
+    }
+
+    void um_mail_com_acentos_nao_olha_a_maiusculas()
+    {
+        const auto com = [](const QString &email) {
+            return Contacto({{C::Nome, u"Rui"_s}, {C::Email1, email}});
+        };
+        QCOMPARE(Livro({com(u"josé@exemplo.pt"_s)}).Decidir(com(u"JOSÉ@EXEMPLO.PT "_s)).veredicto, V::Igual);
+        QCOMPARE(Livro({com(u"josé@exemplo.pt"_s)}).Decidir(com(u"jose@exemplo.pt"_s)).veredicto, V::Talvez);
+    }
+
+    void um_nome_e_o_mesmo_so_com_as_mesmas_palavras_as_mesmas_vezes()
+    {
+        const auto mesmo = [](const QString &um, const QString &outro) {
+            return Livro({Contacto({{C::Nome, um}})}).Decidir(Contacto({{C::Nome, outro}})).veredicto ==
+                   V::Igual;
+        };
+        QVERIFY(mesmo(u"Ana Rui Silva"_s, u"Silva, Rui Ana"_s));
+        QVERIFY(!mesmo(u"Ana Ana Silva"_s, u"Ana Silva Silva"_s));
+        QVERIFY(!mesmo(u"Ana Silva"_s, u"Ana Ana Silva"_s));
+        QVERIFY(!mesmo(u"Ab Cd"_s, u"Ad Cb"_s));
+        QVERIFY(!mesmo(u"Ab Cd"_s, u"Abc D"_s));
+        QVERIFY(!mesmo(u"de da"_s, u"do e"_s)); // no name is left of either
+    }
+
+    void um_uid_que_dois_tem_e_do_ultimo()
+    {
+        RegraDosDuplicados regra(u"InglesUK"_s);
+        regra.Juntar(Ana(), u"u-1"_s);
+        regra.Juntar(Contacto({{C::Nome, u"Rui Costa"_s}}), u"u-1"_s);
+        QCOMPARE(regra.Decidir(Contacto({{C::Nome, u"Zé"_s}}), u"u-1"_s).quem, std::vector<std::size_t>{1});
+    }
+
     void uma_chave_em_mais_de_tres_contactos_nao_prova_nada()
     {
         std::vector<ColunasDoContacto> livro;
