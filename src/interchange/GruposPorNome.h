@@ -29,6 +29,6 @@ private:
 
     DE &de_;
     std::map<QString, QString, Ordem> ids_;
-    static constexpr qint64 nenhum = std::numeric_limits<qint64>::min();
+    static constexpr qint64 nenhum = std::numeric_limits<qint32>::min(); // a server asked for one below refuses
     qint64 ultimo_ = nenhum; // the highest ID read so far
 };

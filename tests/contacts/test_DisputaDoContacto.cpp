@@ -315,6 +315,7 @@ private Q_SLOTS:
     }
     void o_ficheiro_da_fotografia_preterida_vai_se_e_o_da_escolhida_fica()
     {
+        SO_NUM_FICHEIRO("a picture that stays a file");
         QFETCH(bool, deles);
         DoisPostos p;
         const QString pasta = p.s.Ficheiro(u"fotografias"_s);

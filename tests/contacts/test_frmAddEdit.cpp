@@ -115,6 +115,14 @@ private:
     }
     Editor &e_;
 };
+
+// What the lists do when a second of three contacts is new. A file's twin finds its row before the insert; the order of
+// a server is its own, so there it is found after the reload.
+QStringList Passos_Do_Novo()
+{
+    if (Sistema::Num_Servidor()) return {u"lista (3)"_s, u"gemea 1 (3)"_s, u"escolha 1 (3)"_s};
+    return {u"gemea 1 (2)"_s, u"lista (3)"_s, u"escolha 1 (3)"_s};
+}
 } // namespace
 
 class TestFrmAddEdit : public QObject
@@ -468,6 +476,7 @@ private Q_SLOTS:
 
     void a_foto_escolhida_fica_com_o_caminho_todo_e_a_sua_pasta_lembrada()
     {
+        SO_NUM_FICHEIRO("a picture that stays a file");
         Editor e;
         const QString foto = Pintar(e.s.Ficheiro(u"férias.png"_s), {75, 72});
         e.s.geral.UltimaPastaFotos = u"/onde/estava/"_s;
@@ -537,6 +546,7 @@ private Q_SLOTS:
 
     void o_caminho_da_foto_grava_se_como_foi_escolhido()
     {
+        SO_NUM_FICHEIRO("a picture that stays a file");
         Editor e;
         e.lista.Carregar_Tabela();
         const auto foto_no_cartao = [&] { return e.janela.Thumb->pixmap().toImage(); };
@@ -580,6 +590,7 @@ private Q_SLOTS:
 
     void uma_foto_da_base_ve_se_no_editor_e_fica_ate_se_escolher_outra()
     {
+        SO_NUM_FICHEIRO("a picture that stays a file");
         Editor e;
         const QString nome = Por_Na_Base(e.s, {20, 20}, qRgb(255, 0, 0));
         e.Mostrar({{u"Nome"_s, u"Ana"_s}, {u"Fotografia"_s, nome}});
@@ -625,6 +636,7 @@ private Q_SLOTS:
     }
     void fotos_que_nao_se_deixam_ler()
     {
+        SO_NUM_FICHEIRO("a picture that stays a file");
         QFETCH(QByteArray, bytes);
         Editor e;
         const QString foto = Guardar(e.s.Ficheiro(u"foto.jpg"_s), bytes);
@@ -1056,8 +1068,7 @@ private Q_SLOTS:
         e.lista.Carregar_Tabela();
         Historia h(e);
         e.Adicionar(u"Luis"_s);
-        // The row is found before the insert, and the reload after it shows three.
-        QCOMPARE(h.entradas, QStringList({u"gemea 1 (2)"_s, u"lista (3)"_s, u"escolha 1 (3)"_s}));
+        QCOMPARE(h.entradas, Passos_Do_Novo());
         QCOMPARE(e.s.geral.GrupoActual, u"0"_s);
     }
 
@@ -1093,7 +1104,7 @@ private Q_SLOTS:
         e.Filtrar(u"Coral"_s);
         Historia h(e);
         e.Adicionar(u"Carla"_s, u"Coral"_s);
-        QCOMPARE(h.entradas, QStringList({u"gemea 1 (2)"_s, u"lista (3)"_s, u"escolha 1 (3)"_s}));
+        QCOMPARE(h.entradas, Passos_Do_Novo());
         QCOMPARE(e.s.geral.GrupoActual, QString::number(coral));
         QCOMPARE(e.Escolhido(), u"Carla"_s);
     }
@@ -1108,8 +1119,11 @@ private Q_SLOTS:
         e.Filtrar(u"Coral"_s);
         Historia h(e);
         e.Adicionar(u"Carla"_s, u"Teatro"_s);
-        QCOMPARE(h.entradas, QStringList({u"lista (2)"_s, u"filtro (2)"_s, u"gemea 1 (2)"_s, u"lista (3)"_s,
-                                          u"escolha 1 (3)"_s}));
+        QCOMPARE(h.entradas, Sistema::Num_Servidor()
+                                 ? QStringList({u"lista (3)"_s, u"filtro (3)"_s, u"lista (3)"_s, u"gemea 1 (3)"_s,
+                                                u"escolha 1 (3)"_s})
+                                 : QStringList({u"lista (2)"_s, u"filtro (2)"_s, u"gemea 1 (2)"_s, u"lista (3)"_s,
+                                                u"escolha 1 (3)"_s}));
         QCOMPARE(e.janela.ComboGrupos->ListIndex(), 0);
         QCOMPARE(e.s.geral.GrupoActual, u"0"_s);
         QCOMPARE(e.janela.ListaNomes->ListCount(), 3);

@@ -21,4 +21,4 @@ morvex_teste(contacts/test_frmNovoGrupo LIGA session)
 
 morvex_tambem_no_servidor(contacts FORA
     test_DataAniversario test_DisposicaoCartao test_Idade # these ask no database
-    test_FotografiaNoServidor) # has a server of its own making
+    test_FotografiaNova) # pictures that stay files; a server's are those of test_FotografiaNoServidor

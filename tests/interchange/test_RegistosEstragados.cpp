@@ -122,6 +122,13 @@ struct Esperado {
     QList<QList<QByteArray>> registos;
     bool termina = false;
 };
+
+// A text as the database has it: no server keeps the character U+0000.
+QString Guardado(const QByteArray &bytes)
+{
+    const QString texto = Texto(bytes);
+    return Sistema::Num_Servidor() ? QString(texto).remove(QChar(0)) : texto;
+}
 } // namespace
 
 Q_DECLARE_METATYPE(Estrago)
@@ -239,9 +246,9 @@ private Q_SLOTS:
             Recordset rs = s.Ler(u"SELECT Nome, Obs, Fotografia FROM TblLista ORDER BY ID"_s);
             QCOMPARE(rs.RecordCount(), esperado.registos.size());
             for (const QList<QByteArray> &registo : esperado.registos) {
-                QCOMPARE(rs.Fields("Nome").text(), Texto(registo[0]));
-                QCOMPARE(rs.Fields("Obs").text(), Texto(registo[10]));
-                QCOMPARE(rs.Fields("Fotografia").text(), Texto(registo[15]));
+                QCOMPARE(rs.Fields("Nome").text(), Guardado(registo[0]));
+                QCOMPARE(rs.Fields("Obs").text(), Guardado(registo[10]));
+                QCOMPARE(rs.Fields("Fotografia").text(), Guardado(registo[15]));
                 rs.MoveNext();
             }
         }

@@ -80,9 +80,10 @@ private Q_SLOTS:
         form.opcoes->OptionLista->click();
         form.opcoes->OptionSelecionado->click();
         form.cmdExportar->click();
+        const QString base = QFileInfo(c.s.Base()).fileName();
         QCOMPARE(c.relatorio.historia,
-                 (QStringList{u"ReportFileName lista.rpt"_s, u"Connect morvex.mdb"_s,
-                              u"DataFiles 0 morvex.mdb"_s, u"ReplaceSelectionFormula"_s,
+                 (QStringList{u"ReportFileName lista.rpt"_s, u"Connect "_s + base, u"DataFiles 0 "_s + base,
+                              u"ReplaceSelectionFormula"_s,
                               u"ReplaceSelectionFormula {TblLista.ID} =123"_s, u"PrintFileType "_s + tipo,
                               u"Destination 2"_s, u"SortFields 0 +{TblLista.Nome}"_s, u"Action 1"_s}));
         QVERIFY(form.isVisible());

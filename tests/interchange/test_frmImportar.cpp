@@ -275,6 +275,7 @@ private Q_SLOTS:
 
     void uma_falha_ao_procurar_perde_a_escolha_sem_uma_palavra()
     {
+        SO_NUM_FICHEIRO("a server that lost its texts has the program's");
         Programa p;
         p.s.dialogos.textos << u"/um/ficheiro.dat"_s;
         Quando_Abrir<frmImportar>([&](frmImportar &form) {
@@ -291,6 +292,7 @@ private Q_SLOTS:
 
     void uma_janela_que_nao_carrega_deixa_a_principal_viva()
     {
+        SO_NUM_FICHEIRO("a server that lost its texts has the program's");
         Programa p;
         p.s.Escrever(u"DROP TABLE TblIdiomas"_s);
         VERIFICAR_FALHA(p.main.findChild<QAction *>(u"Importar"_s)->trigger(), Failure::StoreError);

@@ -650,6 +650,7 @@ private Q_SLOTS:
     }
     void uma_base_que_nao_se_deixa_escrever_di_lo_antes_da_primeira_linha()
     {
+        SO_NUM_FICHEIRO("what keeps it from being written");
         constexpr qint64 paciencia =
             12000; // ms: one wait for the lock takes 5,000, and one a row takes minutes
         QFETCH(std::function<Obstaculo(Sistema &)>, impedir);
@@ -676,6 +677,7 @@ private Q_SLOTS:
 
     void o_impedimento_acabado_a_fusao_faz_se()
     {
+        SO_NUM_FICHEIRO("what keeps it from being written");
         BasePropria antiga;
         antiga.Encher(20, 10);
         Programa p;
@@ -697,6 +699,7 @@ private Q_SLOTS:
     // The disk takes the beginning: the box says of each table how much of it is there.
     void o_que_a_base_ja_nao_tomou_diz_se_no_fim()
     {
+        SO_NUM_FICHEIRO("its disk");
         BasePropria antiga;
         antiga.Encher(400, 2000);
         Programa p;
@@ -719,6 +722,7 @@ private Q_SLOTS:
     // What a portion brought goes with it: a group that it made is made again for the contacts that follow.
     void de_uma_porcao_desfeita_nenhum_grupo_se_lembra()
     {
+        SO_NUM_FICHEIRO("its disk");
         constexpr int linhas = 900;
         BasePropria antiga;
         antiga.Encher(linhas, 8000);
@@ -755,6 +759,7 @@ private Q_SLOTS:
 
     void uma_tranca_que_vem_a_meio_espera_se_uma_vez_e_diz_se_no_fim()
     {
+        SO_NUM_FICHEIRO("its lock");
         constexpr qint64 paciencia = 12000; // ms
         BasePropria antiga;
         antiga.Encher(20, 10);
@@ -842,6 +847,7 @@ private Q_SLOTS:
     }
     void a_base_em_uso_nao_se_importa_para_si_mesma()
     {
+        SO_NUM_FICHEIRO("its path");
         QFETCH(std::function<QString(Sistema &)>, caminho);
         Programa p;
         p.s.Novo_Contacto({{u"Nome"_s, Value(u"Ana"_s)}});
@@ -856,6 +862,7 @@ private Q_SLOTS:
 
     void uma_base_mais_velha_diz_porque_se_recusa_tambem()
     {
+        SO_NUM_FICHEIRO("its path");
         Programa p;
         p.s.Escrever(u"DELETE FROM TblIdiomas WHERE ID > 273"_s);
         p.s.caixas.Espera(base_em_uso + p.s.Base(), 16, p.s.Texto(82));
@@ -865,6 +872,7 @@ private Q_SLOTS:
 
     void uma_copia_da_base_em_uso_importa_se()
     {
+        SO_NUM_FICHEIRO("its path");
         Programa p;
         p.s.Novo_Contacto({{u"Nome"_s, Value(u"Ana"_s)}, {u"Grupo"_s, Value(1)}});
         const QString copia = p.s.Ficheiro(u"copia.mdb"_s);
@@ -1019,6 +1027,7 @@ private Q_SLOTS:
     // What stands in a side file is read too.
     void um_ficheiro_pequeno_com_um_diario_enorme_recusa_se_tambem()
     {
+        SO_NUM_FICHEIRO("a copy of it");
         Programa p;
         const QString pequena = p.s.Ficheiro(u"pequena.mdb"_s);
         QVERIFY(QFile::copy(p.s.Base(), pequena));

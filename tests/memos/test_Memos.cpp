@@ -170,7 +170,7 @@ private Q_SLOTS:
         velha.txtMemo->setPlainText(u"x"_s);
         velha.cmdGuardar->click();
         QCOMPARE(velha.txtMemo->font().family(), u"Tahoma"_s);
-        QCOMPARE(d.s.Linhas(u"SELECT Titulo, FontName, FontSize, CorFundo FROM TblMemos"_s),
+        QCOMPARE(d.s.Linhas(u"SELECT Titulo, FontName, FontSize, CorFundo FROM TblMemos ORDER BY ID"_s),
                  (QStringList{u"velha|Tahoma|8.25|65535"_s, u"nova|Courier|20|255"_s}));
         d.Reiniciar();
         QCOMPARE(d.Nota(u"velha"_s)->palette().color(QPalette::Window), colour(65535));

@@ -301,6 +301,7 @@ private Q_SLOTS:
 
     void sem_caminho_mostra_o_ficheiro_ao_lado_do_programa()
     {
+        SO_NUM_FICHEIRO("a path");
         Cenario c;
         c.s.geral.CaminhoBD.clear();
         QCOMPARE(c.Abrir().txtCaminho->text(), c.s.Base());

@@ -143,7 +143,7 @@ void Sistema::Deixar_De_Recusar()
 void Sistema::Trancar()
 {
     if (no_servidor_ == nullptr) return Escrever(u"BEGIN EXCLUSIVE"_s);
-    QStringList tabelas;
+    QStringList tabelas{u"gravacoes"_s}; // into which whoever writes puts a key
     for (const Tabela &tabela : esquema::Tabelas())
         tabelas << esquema::Texto(tabela.nome);
     Escrever(u"BEGIN"_s);
