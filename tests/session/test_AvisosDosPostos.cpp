@@ -6,7 +6,9 @@
 #include "testlib/Accoes.h"
 #include "testlib/Teste.h"
 
+#include <QMenu>
 #include <QScrollBar>
+#include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
 using What = StoreChange::What;
@@ -266,6 +268,138 @@ private Q_SLOTS:
             editor.reject();
         });
         p.janela.cmdNovo->click();
+    }
+
+    void com_um_menu_aberto_nada_muda_e_depois_sim()
+    {
+        Posto p;
+        QMenu menu;
+        menu.addAction(u"x"_s);
+        menu.popup({});
+        p.Muda(u"INSERT INTO TblLista (Nome, Grupo) VALUES ('Aaa', 6)"_s, u"tbllista"_s, What::Added, {99});
+        QCOMPARE(p.lista.ListCount(), 50);
+        menu.close();
+        p.Recolher();
+        QCOMPARE(p.lista.ListCount(), 51);
+    }
+
+    void cada_letra_faz_a_lista_esperar_de_novo_e_so_o_que_se_escreve()
+    {
+        Posto p;
+        p.janela.txtProcura->setText(u"Nome"_s); // by the program
+        QVERIFY(!p.avisos.TimerEscrita.Enabled());
+        p.janela.txtProcura->setFocus();
+        QTest::keyClicks(p.janela.txtProcura, u"x"_s);
+        QVERIFY(p.avisos.TimerEscrita.Enabled());
+        QTest::qSleep(200);
+        const int restava = p.avisos.TimerEscrita.remainingTime();
+        QTest::keyClicks(p.janela.txtProcura, u"y"_s);
+        QVERIFY(p.avisos.TimerEscrita.remainingTime() > restava);
+        QCOMPARE(p.avisos.TimerEscrita.interval(), 1500);
+        QCOMPARE(p.avisos.TimerRecolha.interval(), 300);
+    }
+
+    void enquanto_se_escreve_os_grupos_esperam_e_o_resto_nao()
+    {
+        Posto p;
+        p.janela.txtProcura->setFocus();
+        QTest::keyClicks(p.janela.txtProcura, u"Nome 4"_s);
+        const int antes = p.janela.ComboGrupos->ListCount();
+        p.s.Escrever(u"UPDATE TblConfig SET Remetente='Rua Nova'"_s);
+        p.s.Escrever(u"INSERT INTO TblGrupos (NomeGrupo, IdUtilizador) VALUES ('AAA', 0)"_s);
+        p.servidor.Mudou(u"tblconfig"_s);
+        p.servidor.Mudou(u"tblgrupos"_s);
+        p.servidor.Mudou(u"tblemails"_s); // of which nothing is shown
+        p.Recolher();
+        QCOMPARE(p.s.geral.RemetenteBD, u"Rua Nova"_s);
+        QCOMPARE(p.janela.ComboGrupos->ListCount(), antes);
+        Disparar(p.avisos.TimerEscrita);
+        p.Recolher();
+        QCOMPARE(p.janela.ComboGrupos->ListCount(), antes + 1);
+        QVERIFY(!p.avisos.TimerRecolha.Enabled());
+    }
+
+    void o_que_nada_mostra_nao_fica_por_dizer()
+    {
+        Posto p;
+        p.servidor.Mudou(u"tblemails"_s);
+        QVERIFY(p.avisos.TimerRecolha.Enabled());
+        p.Recolher();
+        QVERIFY(!p.avisos.TimerRecolha.Enabled());
+        QCOMPARE(p.servidor.Comandos(), 0);
+    }
+
+    void o_que_falha_numa_parte_nao_tira_nada_as_outras()
+    {
+        Posto p;
+        p.s.Escrever(u"INSERT INTO TblLista (Nome, Grupo) VALUES ('Aaa', 6)"_s);
+        for (const QString &tabela : {u"TblUsers"_s, u"TblMemos"_s, u"TblTarefas"_s, u"TblConfig"_s})
+            p.s.Escrever(u"ALTER TABLE %1 RENAME TO X%1"_s.arg(tabela));
+        p.servidor.Mudou(QString());
+        p.Recolher();
+        QCOMPARE(p.lista.List(0), u"Aaa"_s);
+        for (const QString &tabela : {u"TblUsers"_s, u"TblMemos"_s, u"TblTarefas"_s, u"TblConfig"_s})
+            p.s.Escrever(u"ALTER TABLE X%1 RENAME TO %1"_s.arg(tabela));
+    }
+
+    void depois_de_tudo_so_se_le_o_que_se_nomeia()
+    {
+        Posto p;
+        p.lista.setListIndex(p.Linha(p.ids[5]));
+        p.servidor.Mudou(u"tbllista"_s);
+        p.Recolher();
+        p.servidor.Esquecer();
+        p.Muda(u"UPDATE TblLista SET Website='x' WHERE ID=%1"_s.arg(p.ids[6]), u"tbllista"_s, What::Changed,
+               {p.ids[6]});
+        const int alheio = p.servidor.Comandos();
+        p.Muda(u"UPDATE TblLista SET Website='x' WHERE ID=%1"_s.arg(p.ids[5]), u"tbllista"_s, What::Changed,
+               {p.ids[5]});
+        p.servidor.Esquecer();
+        p.Muda(u"UPDATE TblLista SET Website='y' WHERE ID=%1"_s.arg(p.ids[6]), u"tbllista"_s, What::Changed,
+               {p.ids[6]});
+        QCOMPARE(p.servidor.Comandos(), alheio); // the card was not read again
+        QCOMPARE(alheio, 1);
+    }
+
+    void sem_servidor_nada_se_pergunta_ate_ele_voltar()
+    {
+        Posto p;
+        p.servidor.Perder();
+        QVERIFY(!p.avisos.TimerRecolha.Enabled());
+        p.servidor.Voltar();
+        QVERIFY(p.avisos.TimerRecolha.Enabled());
+    }
+
+    void antes_de_comecar_nada_se_diz_e_depois_tudo()
+    {
+        Posto p;
+        AvisosDosPostos avisos(p.s.geral, *p.janela.txtProcura, nullptr); // the last one that listens is told
+        QSignalSpy contactos(&avisos, &AvisosDosPostos::Contactos);
+        p.servidor.Mudou(u"tbllista"_s, What::Changed, {p.ids[5]});
+        QVERIFY(!avisos.TimerRecolha.Enabled());
+        avisos.Comecar();
+        QVERIFY(avisos.TimerRecolha.Enabled());
+        Disparar(avisos.TimerRecolha);
+        QCOMPARE(contactos.size(), 1);
+        QCOMPARE(contactos[0][0].value<QSet<int>>(), QSet<int>{p.ids[5]});
+        QCOMPARE(contactos[0][1].toBool(), false);
+    }
+
+    // Whoever was taken away must not see what the others have changed.
+    void os_utilizadores_vem_antes_do_resto()
+    {
+        Posto p;
+        QStringList ordem;
+        connect(&p.avisos, &AvisosDosPostos::Utilizadores, this, [&] { ordem << u"utilizadores"_s; });
+        connect(&p.avisos, &AvisosDosPostos::Memos, this, [&] { ordem << u"memos"_s; });
+        connect(&p.avisos, &AvisosDosPostos::Configuracao, this, [&] { ordem << u"configuracao"_s; });
+        connect(&p.avisos, &AvisosDosPostos::Grupos, this, [&] { ordem << u"grupos"_s; });
+        connect(&p.avisos, &AvisosDosPostos::Contactos, this, [&] { ordem << u"contactos"_s; });
+        connect(&p.avisos, &AvisosDosPostos::Tarefas, this, [&] { ordem << u"tarefas"_s; });
+        p.servidor.Mudou(QString());
+        p.Recolher();
+        QCOMPARE(ordem, (QStringList{u"tarefas"_s, u"utilizadores"_s, u"configuracao"_s, u"memos"_s, u"grupos"_s,
+                                     u"contactos"_s}));
     }
 
     void as_definicoes_dos_envelopes_seguem()
