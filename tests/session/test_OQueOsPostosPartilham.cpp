@@ -4,8 +4,6 @@
 #include "reminders/frmPopup.h"
 #include "session/frmLogin.h"
 #include "session/Posto.h"
-#include "sincronizacao/MemoriaDaSincronizacao.h"
-#include "sincronizacao/PalavraPasseDoServidor.h"
 #include "testlib/Accoes.h"
 #include "testlib/Teste.h"
 
@@ -167,10 +165,7 @@ private Q_SLOTS:
             login.txtPass->setText(u"y"_s);
             login.cmdOk->click();
         });
-        p.s.segredos.ha = true;
-        ContaSincronizada conta;
-        conta.Endereco = u"dav.example"_s;
-        PalavraPasseDoServidor(p.s.geral, p.s.segredos).Guardar(conta, u"segredo"_s);
+        p.s.segredos.guardados[u"sincronizacao %1 %2"_s.arg(ana).arg(p.s.geral.de.Ficheiro())] = u"segredo"_s;
         p.Muda(u"DELETE FROM TblUsers WHERE ID=%1"_s.arg(ana), u"tblusers"_s, What::Removed, {ana});
         QVERIFY(p.s.segredos.guardados.isEmpty()); // nor does the desktop keep anything of hers
         QVERIFY(p.s.caixas.Todas_Vistas());
