@@ -4,6 +4,7 @@
 #include "interchange/Intercambio.h"
 #include "interchange/RegistoMorvex.h"
 #include "controls/ListBox.h"
+#include "platform/TextEncoding.h"
 #include "session/Main.h"
 #include "testlib/CopiaEstragada.h"
 #include "testlib/MemoriaPedida.h"
