@@ -54,7 +54,8 @@ QList<mudanca::Contagem> copia::Trazer(const QString &endereco, const QString &f
     servidor.copyTo(Copia_Para_Ficheiro(nova, {}));
     if (!QFile::rename(nova, ficheiro)) {
         QFile::remove(nova);
-        throw Failure(Failure::PathFileAccess, ficheiro, u"The file could not be written: %1"_s.arg(ficheiro));
+        throw Failure(Failure::PathFileAccess, ficheiro,
+                      u"The file could not be written: %1"_s.arg(ficheiro));
     }
     return Contar(ficheiro);
 }

@@ -7,7 +7,7 @@
 namespace copia
 {
 // Makes the file, which must not be there yet, with everything as it stood at one moment: others go on
-// writing meanwhile. Raises Failure, also for a database that has not had the steps of this program; then there
-// is no file.
+// writing meanwhile. Raises Failure, also for a database that has not had the steps of this program; then
+// there is no file.
 QList<mudanca::Contagem> Trazer(const QString &endereco, const QString &ficheiro);
 } // namespace copia

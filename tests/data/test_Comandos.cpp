@@ -250,7 +250,7 @@ const std::vector<Escrita> &Escritas()
                 QByteArray("def")),
         Escreve("cmdEliminarCartao", u"SELECT IDContacto FROM TblCartoes"_s, {u"1"_s}, u"5"),
         Escreve("cmdEliminarCartoesByGroup", u"SELECT IDContacto FROM TblCartoes"_s, {}, u"1"),
-        Escreve("cmdGuardarCartaoDoNovo", u"SELECT IDContacto, UID, cartao FROM TblCartoes"_s,
+        Escreve("cmdGuardarCartaoDoNovo", u"SELECT IDContacto, UID, cartao FROM TblCartoes ORDER BY IDContacto"_s,
                 {u"0|novo|def"_s, u"1|u1|x"_s, u"5|u5|fdc"_s}, u"novo", // nothing was added before it
                 QByteArray("def")),
         Escreve("cmdGuardarSincronizacao", u"SELECT * FROM TblSincronizacao"_s,

@@ -120,7 +120,7 @@ private Q_SLOTS:
 
     void the_last_row_is_asked_of_the_session()
     {
-        QCOMPARE(postgres::said(u"VALUES (last_insert_rowid(), ?)"_s), u"VALUES (morvex_ultimo_id(), $1)"_s);
+        QCOMPARE(postgres::said(u"VALUES (last_insert_rowid(), ?)"_s), u"VALUES (coalesce(morvex_ultimo_id(), 0), $1)"_s);
         QCOMPARE(postgres::said(u"SELECT 'last_insert_rowid()'"_s), u"SELECT 'last_insert_rowid()'"_s);
     }
 

@@ -17,9 +17,9 @@ namespace esquema_la = esquema_no_servidor;
 
 namespace
 {
-// Beside the tables of the program: their rows as they are to be found, in a schema of its own each, and how they are
-// put back. A table that became another one is noticed, and then the database is made anew; so are texts, which are too
-// many to be put back each time.
+// Beside the tables of the program: their rows as they are to be found, in a schema of its own each, and how
+// they are put back. A table that became another one is noticed, and then the database is made anew; so are
+// texts, which are too many to be put back each time.
 constexpr auto molde = R"(
 CREATE SCHEMA ensaio;
 CREATE SCHEMA vazias;
@@ -181,7 +181,8 @@ BaseDoPrograma::~BaseDoPrograma()
 {
     dona_.Close();
     skipFailure([this] {
-        ServerSession(Do_Administrador(u"postgres"_s)).run(u"DROP DATABASE IF EXISTS %1 WITH (FORCE)"_s.arg(nome_));
+        ServerSession(Do_Administrador(u"postgres"_s))
+            .run(u"DROP DATABASE IF EXISTS %1 WITH (FORCE)"_s.arg(nome_));
     });
 }
 

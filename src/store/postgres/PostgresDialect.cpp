@@ -115,8 +115,12 @@ public:
 
     void askSessionForLastRow()
     {
-        for (Token &token : list_)
-            if (token.is("last_insert_rowid"_L1)) token.text = u"morvex_ultimo_id"_s;
+        for (qsizetype i = 0; i < list_.size(); ++i) {
+            const qsizetype closing = after(after(i));
+            if (!list_[i].is("last_insert_rowid"_L1) || !at(closing).is(u')')) continue;
+            list_[i].text = u"coalesce(morvex_ultimo_id"_s;
+            list_[closing].text = u"), 0)"_s;
+        }
     }
 
     void nameCollation()

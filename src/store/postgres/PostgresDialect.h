@@ -11,7 +11,7 @@ namespace postgres
 // - LIKE compares without case as the file does, a column of any type, and knows no escape; so it stands
 //   between a column, a call or what is in brackets, and a ?, a text or a column
 // - Null is the smallest value, in each ORDER BY
-// - last_insert_rowid() asks the session for the number of the row that it added last
+// - last_insert_rowid() asks the session for the number of the row that it added last, 0 before the first
 // - COLLATE BINARY is the order of bytes
 // What else the statement says is taken to be the same.
 QString said(const QString &sql);
