@@ -246,12 +246,13 @@ private Q_SLOTS:
             p.servidor.Mudou(u"tbllista"_s, What::Changed, {p.ids[5]});
             p.Recolher();
             QVERIFY(!editor.lblAviso->isVisible());
-            editor.txtNome->setText(u"Ana Sousa"_s); // meanwhile
+            editor.txtNome->setText(u"Ana Sousa"_s);         // meanwhile
             QTest::mouseClick(editor.cmdOk, Qt::LeftButton); // nobody is asked which of both stays
             QVERIFY(!editor.isVisible());
         });
         p.janela.cmdEditar->click();
-        QCOMPARE(p.s.Linhas(u"SELECT Nome FROM TblLista WHERE ID=%1"_s.arg(p.ids[5])), QStringList{u"Ana Sousa"_s});
+        QCOMPARE(p.s.Linhas(u"SELECT Nome FROM TblLista WHERE ID=%1"_s.arg(p.ids[5])),
+                 QStringList{u"Ana Sousa"_s});
     }
 
     void um_contacto_novo_no_editor_nao_pergunta_por_nada()
@@ -398,8 +399,8 @@ private Q_SLOTS:
         connect(&p.avisos, &AvisosDosPostos::Tarefas, this, [&] { ordem << u"tarefas"_s; });
         p.servidor.Mudou(QString());
         p.Recolher();
-        QCOMPARE(ordem, (QStringList{u"tarefas"_s, u"utilizadores"_s, u"configuracao"_s, u"memos"_s, u"grupos"_s,
-                                     u"contactos"_s}));
+        QCOMPARE(ordem, (QStringList{u"tarefas"_s, u"utilizadores"_s, u"configuracao"_s, u"memos"_s,
+                                     u"grupos"_s, u"contactos"_s}));
     }
 
     void as_definicoes_dos_envelopes_seguem()

@@ -165,7 +165,8 @@ private Q_SLOTS:
             for (const QString &palavra : {u"postgresql://"_s, u"office.md"_s})
                 QVERIFY2(postos.texto.contains(palavra), qPrintable(lingua + palavra));
             const Pagina perguntas(Manual() + u'/' + lingua + u"/perguntas.html"_s);
-            QVERIFY2(perguntas.alvos.count(u"varios-postos.html"_s) == 3, qPrintable(lingua)); // in the list, and the page before
+            QVERIFY2(perguntas.alvos.count(u"varios-postos.html"_s) == 3,
+                     qPrintable(lingua)); // in the list, and the page before
         }
     }
 

@@ -1,5 +1,5 @@
-// A new task, group, user, account or note whose answer the server did not give: confirmed once more it is there once,
-// with what was written since.
+// A new task, group, user, account or note whose answer the server did not give: confirmed once more it is
+// there once, with what was written since.
 #include "contacts/frmAddEdit.h"
 #include "contacts/frmNovoGrupo.h"
 #include "data/Codificar_Pass.h"
@@ -47,7 +47,10 @@ frmMemo *Nota(const QString &titulo)
         if (nota->lblTitle->text() == titulo) return nota;
     return nullptr;
 }
-QStringList Textos(Posto &p) { return p.s.Linhas(u"SELECT Descricao FROM TblMemos WHERE Titulo='Compras'"_s); }
+QStringList Textos(Posto &p)
+{
+    return p.s.Linhas(u"SELECT Descricao FROM TblMemos WHERE Titulo='Compras'"_s);
+}
 } // namespace
 
 class TestRespostaPerdida : public QObject
@@ -75,7 +78,8 @@ private Q_SLOTS:
     {
         Posto p;
         Repetir<frmNovoGrupo>(
-            p, [&] { p.janela.CriarGrupos->trigger(); }, [](frmNovoGrupo &f) { f.txtGrupo->setText(u"Coral"_s); },
+            p, [&] { p.janela.CriarGrupos->trigger(); },
+            [](frmNovoGrupo &f) { f.txtGrupo->setText(u"Coral"_s); },
             [](frmNovoGrupo &f) { f.txtGrupo->setText(u"Coral da vila"_s); });
         QCOMPARE(p.s.Linhas(u"SELECT NomeGrupo, IdUtilizador FROM TblGrupos WHERE NomeGrupo LIKE 'Coral%'"_s),
                  QStringList{u"Coral da vila|0"_s});
@@ -136,7 +140,8 @@ private Q_SLOTS:
                 QVERIFY(f.txtFotografia->text().startsWith(u"bd:"_s));
             },
             [](frmAddEdit &f) { f.txtWebsite->setText(u"eva.pt"_s); });
-        QCOMPARE(p.s.Linhas(u"SELECT Nome, Website FROM TblLista WHERE Nome='Eva'"_s), QStringList{u"Eva|eva.pt"_s});
+        QCOMPARE(p.s.Linhas(u"SELECT Nome, Website FROM TblLista WHERE Nome='Eva'"_s),
+                 QStringList{u"Eva|eva.pt"_s});
         QCOMPARE(p.s.Linhas(u"SELECT count(*) FROM TblFotografias"_s), QStringList{u"1"_s});
         QCOMPARE(p.lista.List(p.lista.ListIndex()), u"Eva"_s);
     }
@@ -154,7 +159,8 @@ private Q_SLOTS:
         p.servidor.Voltar();
         p.Recolher();
         QCOMPARE(Textos(p), QStringList{u"leite"_s});
-        QCOMPARE(std::ranges::count(Abertos<frmMemo>(), u"Compras"_s, [](const frmMemo *n) { return n->lblTitle->text(); }),
+        QCOMPARE(std::ranges::count(Abertos<frmMemo>(), u"Compras"_s,
+                                    [](const frmMemo *n) { return n->lblTitle->text(); }),
                  1); // the row has its note, and no second one comes
         nota->txtMemo->setPlainText(u"leite e pão"_s);
         nota->cmdGuardar->click();
