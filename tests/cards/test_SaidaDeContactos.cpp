@@ -10,6 +10,7 @@
 
 #include <QClipboard>
 #include <QMimeData>
+#include <QProcess>
 
 using namespace Qt::StringLiterals;
 
@@ -145,6 +146,28 @@ private Q_SLOTS:
         QVERIFY(form.imgCodigo->pixmap().deviceIndependentSize().width() >= (77 + 8) * 4);
         QVERIFY(form.height() < 600 && form.width() < 800);
         QVERIFY(form.lblNome->text().size() <= 55);
+    }
+
+    // The density of the screen is settled when a program starts: one more of this is started.
+    void num_ecra_denso_o_codigo_tem_mais_pontos_e_o_mesmo_tamanho()
+    {
+        if (qApp->devicePixelRatio() < 2) {
+            QProcess num_denso;
+            QProcessEnvironment ambiente = QProcessEnvironment::systemEnvironment();
+            ambiente.insert(u"QT_SCALE_FACTOR"_s, u"2"_s);
+            num_denso.setProcessEnvironment(ambiente);
+            num_denso.start(QCoreApplication::applicationFilePath(),
+                            {QLatin1StringView(QTest::currentTestFunction())});
+            QVERIFY(num_denso.waitForFinished(60'000));
+            QVERIFY2(num_denso.exitCode() == 0, num_denso.readAllStandardOutput());
+            return;
+        }
+        Sistema s;
+        frmQR form(s.geral, "Ana", u"Ana"_s);
+        form.show();
+        const QPixmap codigo = form.imgCodigo->pixmap();
+        QVERIFY(codigo.width() >= 2 * 280);
+        QVERIFY(codigo.deviceIndependentSize().width() < 300);
     }
 };
 

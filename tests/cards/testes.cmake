@@ -11,7 +11,8 @@ foreach(teste IN ITEMS
     test_ImportacaoDeContactos
     test_JuncaoDeContactos
     test_LeituraDaTabela
-    test_RegraDosDuplicados)
+    test_RegraDosDuplicados
+    test_RetratoDoContacto)
     morvex_teste(cards/${teste} LIGA cards)
 endforeach()
 foreach(teste IN ITEMS

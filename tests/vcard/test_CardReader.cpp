@@ -111,6 +111,11 @@ private Q_SLOTS:
         QCOMPARE(Nota("NOTE;QUOTED-PRINTABLE:ver =\r\nisto: sim\r\n", "2.1"), u"ver isto: sim"_s);
     }
 
+    void um_igual_que_nao_esconde_nada_fica()
+    {
+        QCOMPARE(Nota("NOTE;QUOTED-PRINTABLE:x=y, 1 = 2, =4z=\r\n=41\r\n", "2.1"), u"x=y, 1 = 2, =4zA"_s);
+    }
+
     void um_igual_no_fim_nao_engole_a_propriedade_seguinte()
     {
         const CardContent lido = Conteudo("NOTE;ENCODING=QUOTED-PRINTABLE:fim=\r\n"
