@@ -173,11 +173,15 @@ std::optional<QString> Fusao::Procurar_Grupo(const QString &nome)
 }
 
 // What the store itself did not take, the report does not claim, and nothing is stored for it. Returns
-// whether it was taken, or refused for its value alone.
+// whether it was taken, or refused for its value alone. A server is told of what was gathered when it is asked.
 bool Fusao::Criar(const std::function<void()> &criar, qint16 texto, const QString &nome)
 {
     bool tomado = true;
-    onFailure(criar, [&](const Failure &falha) { tomado = falha.number() != Failure::StoreError; });
+    const auto criar_ja = [&] {
+        criar();
+        if (geral_.de.Num_Servidor()) geral_.de.Abrir("cmdVerConfig").Close();
+    };
+    onFailure(criar_ja, [&](const Failure &falha) { tomado = falha.number() != Failure::StoreError; });
     if (!tomado) return false;
     skipFailure([&] { relatorio_ += geral_.Ler_Idioma(texto) + u": "_s + nome + u"\r\n"_s; });
     return true;

@@ -14,3 +14,4 @@ morvex_tambem_no_servidor(interchange FORA
     test_RegistoMorvex # asks no database
     test_AvisosDaFusao # what is said of an older file
     test_exportacao) # long, and about the reports, whose data report/test_ReportData compares
+set_tests_properties(interchange/test_frmImportarMDB@servidor PROPERTIES TIMEOUT 900) # 32,768 groups, one by one

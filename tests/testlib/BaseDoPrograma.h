@@ -1,5 +1,6 @@
-// A database of a test program on the tests' server, as a desk finds it that an administrator has set up: copied of a
-// model, given to one installation after the other, each time as new, and dropped when the program ends.
+// A database of a test program on the tests' server, as a desk finds it that an administrator has set up:
+// copied of a model, given to one installation after the other, each time as new, and dropped when the
+// program ends.
 #pragma once
 
 #include "store/Connection.h"
@@ -15,8 +16,8 @@ public:
 
     // What an installation finds in it.
     enum class Linhas {
-        Vazias,    // as it was made: the texts and the one row of the settings
-        Semeadas,  // what a first run in Portuguese adds
+        Vazias,   // as it was made: the texts and the one row of the settings
+        Semeadas, // what a first run in Portuguese adds
     };
 
     // One that nobody else has at the moment, as new. Fails the whole program where there is no server.
@@ -30,7 +31,8 @@ public:
     BaseDoPrograma(const BaseDoPrograma &) = delete;
     BaseDoPrograma &operator=(const BaseDoPrograma &) = delete;
 
-    // The address by which a desk opens it, with no more rights than a desk has, and one under which there is nothing.
+    // The address by which a desk opens it, with no more rights than a desk has, and one under which there is
+    // nothing.
     QString Do_Posto() const;
     QString De_Nenhuma() const;
 
