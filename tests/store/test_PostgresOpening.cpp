@@ -136,7 +136,7 @@ private Q_SLOTS:
     }
     void one_of_several_servers_is_enough()
     {
-        QCOMPARE(Abrir(u"postgresql://morvex_ensaio@nenhures..aqui,localhost:%1/%2"_s.arg(address_.port())
+        QCOMPARE(Abrir(u"postgresql://morvex_ensaio@nenhures..aqui,localhost:%1/%2?sslmode=prefer"_s.arg(address_.port())
                            .arg(base_->Nome())),
                  aberta_);
     }
