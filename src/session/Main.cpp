@@ -214,7 +214,8 @@ void Main::Ligar_Avisos(EdicaoContacto &edicao)
             &EdicaoContacto::Contactos_Eliminados);
     connect(&avisos, &AvisosDosPostos::Perdido, this, [this] { Mostrar_Sem_Servidor(true); });
     connect(&avisos, &AvisosDosPostos::DeVolta, this, [this] { Mostrar_Sem_Servidor(false); });
-    connect(&avisos, &AvisosDosPostos::DeVolta, &edicao, &EdicaoContacto::Servidor_De_Volta); // before any write
+    connect(&avisos, &AvisosDosPostos::DeVolta, &edicao,
+            &EdicaoContacto::Servidor_De_Volta); // before any write
     connect(&avisos, &AvisosDosPostos::DeVolta, memos_, &::Memos::Guardar_O_Que_Falta);
 }
 
@@ -238,7 +239,10 @@ void Main::Carregar()
 
 void Main::Abrir_Depois(const QStringList &ficheiros) { fila_->Juntar(ficheiros); }
 
-bool Main::Responder_A_Aviso() { return lembretes_->Responder() || correio_->Responder() || sincronizador_->Responder(); }
+bool Main::Responder_A_Aviso()
+{
+    return lembretes_->Responder() || correio_->Responder() || sincronizador_->Responder();
+}
 
 void Main::Chamar(const QStringList &ficheiros)
 {
