@@ -1,8 +1,8 @@
-// Measures synchronising with a real server beside another client, vdirsyncer: the first run, a run without changes,
-// twenty changes each way, and an empty book that receives everything, in time, in requests, and in the time that our
-// thread and the server compute. Each client has a server of its own with the same cards. Usage: bench_sincronizar
-// [radicale|xandikos [CARDS]]   (radicale and 1000 unless told otherwise)
-// With "pausas" instead of a server: how long the interface is held up at the worst, and what memory a run takes.
+// Measures synchronising with a real server beside another client, vdirsyncer: the first run, a run without
+// changes, twenty changes each way, and an empty book that receives everything, in time, in requests, and in
+// the time that our thread and the server compute. Each client has a server of its own with the same cards.
+// Usage: bench_sincronizar [radicale|xandikos [CARDS]]   (radicale and 1000 unless told otherwise) With
+// "pausas" instead of a server: how long the interface is held up at the worst, and what memory a run takes.
 #include "sincronizacao/MesaComServidor.h"
 #include "testlib/MemoriaPedida.h"
 #include "testlib/Teste.h"
@@ -57,7 +57,10 @@ private:
     Contador *contador_ = nullptr;
 };
 
-double Segundos(const timeval &tempo) { return static_cast<double>(tempo.tv_sec) + static_cast<double>(tempo.tv_usec) / 1e6; }
+double Segundos(const timeval &tempo)
+{
+    return static_cast<double>(tempo.tv_sec) + static_cast<double>(tempo.tv_usec) / 1e6;
+}
 
 // Of this thread, that is, without what counts.
 double Calculado()
@@ -78,7 +81,10 @@ double Calculado_Por(int processo)
 
 // One client and its server.
 struct Cliente {
-    Cliente(const char *n, const QString &especie) : nome(n), livro(std::make_shared<LivroNoServidor>(especie)) {}
+    Cliente(const char *n, const QString &especie)
+        : nome(n), livro(std::make_shared<LivroNoServidor>(especie))
+    {
+    }
 
     void Medir(const char *que, const std::function<void()> &trabalho)
     {
@@ -90,8 +96,8 @@ struct Cliente {
         trabalho();
         const auto ms = static_cast<double>(tempo.elapsed());
         const Contador::Contagem conta = contador.Tirar();
-        std::printf("%-20s %-11s %8.1f s %6d requests %6d refused   thread %6.1f s   server %6.1f s  ", que, nome,
-                    ms / 1000, conta.pedidos, conta.recusados, Calculado() - nosso,
+        std::printf("%-20s %-11s %8.1f s %6d requests %6d refused   thread %6.1f s   server %6.1f s  ", que,
+                    nome, ms / 1000, conta.pedidos, conta.recusados, Calculado() - nosso,
                     Calculado_Por(livro->Processo()) - dele);
         for (auto um = conta.verbos.cbegin(); um != conta.verbos.cend(); ++um)
             std::printf(" %s %d", um.key().constData(), um.value());
@@ -121,11 +127,13 @@ struct Cliente {
         // Others than those that are changed here.
         cartoes.removeIf([](const RemoteCard &cartao) { return !cartao.text.contains("Pessoa 1"); });
         for (const RemoteCard &cartao : cartoes.mid(std::max<qsizetype>(0, cartoes.size() - mudancas))) {
-            const QByteArray texto = QByteArray(cartao.text).replace("END:VCARD", "TEL;TYPE=FAX:215550000\r\nEND:VCARD");
-            remoto.replace(cartao.href, cartao.etag, texto, [&](const RemoteError &erro, const RemoteWritten &) {
-                if (erro) std::printf("   not changed there: %s\n", qPrintable(erro.detail));
-                feito = true;
-            });
+            const QByteArray texto =
+                QByteArray(cartao.text).replace("END:VCARD", "TEL;TYPE=FAX:215550000\r\nEND:VCARD");
+            remoto.replace(cartao.href, cartao.etag, texto,
+                           [&](const RemoteError &erro, const RemoteWritten &) {
+                               if (erro) std::printf("   not changed there: %s\n", qPrintable(erro.detail));
+                               feito = true;
+                           });
             esperar();
         }
     }
@@ -161,14 +169,17 @@ void Outro(Cliente &c, int quantos)
     const quint16 por = c.contador.Porta();
     PastaSincronizada pasta(*c.livro, por);
     for (int i = 0; i < quantos; ++i)
-        pasta.Por(u"p%1.vcf"_s.arg(i), MesaDaSincronizacao::Cartao(u"p%1"_s.arg(i), u"Pessoa %1"_s.arg(i),
-                                                                  "TEL;TYPE=CELL:91" + QByteArray::number(1000000 + i) + "\r\n"));
+        pasta.Por(u"p%1.vcf"_s.arg(i),
+                  MesaDaSincronizacao::Cartao(u"p%1"_s.arg(i), u"Pessoa %1"_s.arg(i),
+                                              "TEL;TYPE=CELL:91" + QByteArray::number(1000000 + i) + "\r\n"));
     c.Medir("first run", [&] { pasta.Correr(); });
     c.Medir("unchanged", [&] { pasta.Correr(); });
     c.Mudar_La();
     for (int i = 0; i < mudancas; ++i) {
         const QString ficheiro = u"p%1.vcf"_s.arg(primeiro_mudado + i);
-        pasta.Por(ficheiro, pasta.Ler(ficheiro).replace("END:VCARD", "TEL;TYPE=HOME:21" + QByteArray::number(1000000 + i) + "\r\nEND:VCARD"));
+        pasta.Por(ficheiro,
+                  pasta.Ler(ficheiro).replace(
+                      "END:VCARD", "TEL;TYPE=HOME:21" + QByteArray::number(1000000 + i) + "\r\nEND:VCARD"));
     }
     c.Medir("20 changes each way", [&] { pasta.Correr(); });
     PastaSincronizada vazia(*c.livro, por);
@@ -186,8 +197,8 @@ void Sem_Servidor(int quantos)
     QElapsedTimer tempo;
     tempo.start();
     m.Correr();
-    std::printf("first run            no server   %8.1f s   thread %6.1f s\n", static_cast<double>(tempo.elapsed()) / 1000,
-                Calculado() - antes);
+    std::printf("first run            no server   %8.1f s   thread %6.1f s\n",
+                static_cast<double>(tempo.elapsed()) / 1000, Calculado() - antes);
 }
 
 // The longest time for which the interface is held up, and the memory.
@@ -210,10 +221,11 @@ void Pausa(const char *que, MesaDaSincronizacao &m)
         maior = std::max(maior, volta.elapsed());
         mais_calculado = std::max(mais_calculado, Calculado() - antes);
     }
-    std::printf("%-20s %8lld ms   longest pause %5lld ms, of which computing %4.0f ms at the most   %6.1f MB at a time   "
+    std::printf("%-20s %8lld ms   longest pause %5lld ms, of which computing %4.0f ms at the most   %6.1f MB "
+                "at a time   "
                 "%d and %d added\n",
-                que, tempo.elapsed(), maior, mais_calculado * 1000, static_cast<double>(medida.Maximo()) / 1e6,
-                fim->adicionados, fim->adicionados_la);
+                que, tempo.elapsed(), maior, mais_calculado * 1000,
+                static_cast<double>(medida.Maximo()) / 1e6, fim->adicionados, fim->adicionados_la);
     std::fflush(stdout);
 }
 
@@ -223,9 +235,10 @@ void Pausas_Com(int quantos)
     m.s.geral.de.Juntar([&] {
         for (int i = 0; i < quantos; ++i)
             m.s.geral.de.Executar("cmdAdicionarNome",
-                                  {u"Pessoa %1"_s.arg(i), u""_s, u""_s, u""_s, u"91%1"_s.arg(1000000 + i), u""_s, u""_s,
-                                   u"7"_s, u"5"_s, u""_s, u"p%1@x.example"_s.arg(i), u""_s, u""_s,
-                                   u"Rua do Cais, %1\r\n1200-000 Lisboa"_s.arg(i), u"Uma nota."_s, u""_s, m.grupo});
+                                  {u"Pessoa %1"_s.arg(i), u""_s, u""_s, u""_s, u"91%1"_s.arg(1000000 + i),
+                                   u""_s, u""_s, u"7"_s, u"5"_s, u""_s, u"p%1@x.example"_s.arg(i), u""_s,
+                                   u""_s, u"Rua do Cais, %1\r\n1200-000 Lisboa"_s.arg(i), u"Uma nota."_s,
+                                   u""_s, m.grupo});
     });
     std::printf("%d contacts, a server in memory\n", quantos);
     Pausa("first run", m);

@@ -9,9 +9,10 @@ namespace
 {
 constexpr std::size_t mostAtOnce = 6;
 
-// No proxy but the application's own, said in a way that makes the toolkit give its sockets a buffer. Without one it
-// takes the head of an answer byte by byte from the system, and from a server that never ends it, for ever: its thread
-// hears no word to give up any more, and whoever takes the manager down waits for that thread.
+// No proxy but the application's own, said in a way that makes the toolkit give its sockets a buffer. Without
+// one it takes the head of an answer byte by byte from the system, and from a server that never ends it, for
+// ever: its thread hears no word to give up any more, and whoever takes the manager down waits for that
+// thread.
 class WithBuffers final : public QNetworkProxyFactory
 {
 public:

@@ -237,7 +237,10 @@ void Main::Carregar()
 
 void Main::Abrir_Depois(const QStringList &ficheiros) { fila_->Juntar(ficheiros); }
 
-bool Main::Responder_A_Aviso() { return lembretes_->Responder() || correio_->Responder() || sincronizador_->Responder(); }
+bool Main::Responder_A_Aviso()
+{
+    return lembretes_->Responder() || correio_->Responder() || sincronizador_->Responder();
+}
 
 void Main::Chamar(const QStringList &ficheiros)
 {

@@ -12,12 +12,13 @@
 
 class Clock;
 
-// Another run of the same account has begun since, at another desk or in another copy of the program: it goes on
-// from what is remembered by now, and this one must write nothing more.
+// Another run of the same account has begun since, at another desk or in another copy of the program: it goes
+// on from what is remembered by now, and this one must write nothing more.
 struct Ultrapassada : std::exception {
 };
 
-// The pairs, in memory and in the database at once. What changes them must run within CorridaEmCurso::Escrever.
+// The pairs, in memory and in the database at once. What changes them must run within
+// CorridaEmCurso::Escrever.
 class ParesEmMao
 {
 public:
@@ -39,7 +40,8 @@ private:
 struct CorridaEmCurso {
     CorridaEmCurso(Geral &geral, const Clock &relogio, int IDGrupo);
 
-    // All that a run writes is written within this, as one. Raises Ultrapassada, and what DE::Tudo_Ou_Nada does.
+    // All that a run writes is written within this, as one. Raises Ultrapassada, and what DE::Tudo_Ou_Nada
+    // does.
     void Escrever(const std::function<void()> &trabalho);
 
     // Tells of something once: what would be so at every run stands in the list already. Within Escrever.
@@ -55,7 +57,7 @@ struct CorridaEmCurso {
     QString idioma;
     std::map<int, ColunasDoContacto> livres; // contacts of the group that no card goes with, by ID
     QSet<QString> sumidos;                   // cards of pairs that are not there any more, by href
-    int posse = 0;                           // what the account's count says as long as no other run has begun
+    int posse = 0; // what the account's count says as long as no other run has begun
 
 private:
     QSet<QString> ditas_;

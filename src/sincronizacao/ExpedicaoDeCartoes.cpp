@@ -52,8 +52,8 @@ int ExpedicaoDeCartoes::Preparar()
     return a_eliminar;
 }
 
-// A write is as dear as a card's whole journey: those that have come back wait until half of the way is free, and
-// are remembered together with those that go next.
+// A write is as dear as a card's whole journey: those that have come back wait until half of the way is free,
+// and are remembered together with those that go next.
 bool ExpedicaoDeCartoes::Passo()
 {
     if (2 * no_caminho_ > janela_) return true;
@@ -80,7 +80,8 @@ std::vector<ExpedicaoDeCartoes::Envio> ExpedicaoDeCartoes::Aviar()
     QElapsedTimer tempo;
     tempo.start();
     std::vector<Envio> prontos;
-    while (!fila_.empty() && no_caminho_ + static_cast<int>(prontos.size()) < janela_ && tempo.elapsed() < fatia) {
+    while (!fila_.empty() && no_caminho_ + static_cast<int>(prontos.size()) < janela_ &&
+           tempo.elapsed() < fatia) {
         Envio envio = std::move(fila_.front());
         fila_.pop_front();
         if (Cartao_Para(envio))

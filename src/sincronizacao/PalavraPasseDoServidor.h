@@ -16,8 +16,8 @@ public:
 
     // Nothing where the store is locked or has lost it. Empty is a password too.
     std::optional<QString> Ler(const ContaSincronizada &conta);
-    // Puts it where it belongs; the account tells the rest, and is to be kept afterwards. Without an address there
-    // is nothing that it would open, and it is nowhere any more.
+    // Puts it where it belongs; the account tells the rest, and is to be kept afterwards. Without an address
+    // there is nothing that it would open, and it is nowhere any more.
     void Guardar(ContaSincronizada &conta, const QString &senha);
     // Takes that user's out of the desktop's store.
     void Esquecer(const QString &IdUtilizador);

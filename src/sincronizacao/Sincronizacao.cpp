@@ -94,9 +94,9 @@ void Sincronizacao::Abrir()
     Pedir_Mudancas();
 }
 
-// What others have written up to here this run knows, and what they would write afterwards they do not write any
-// more. The marks of an old database go on only with what was then agreed, or an end in between would be taken for
-// one that is up to date: until then its count is one of its own, below all marks.
+// What others have written up to here this run knows, and what they would write afterwards they do not write
+// any more. The marks of an old database go on only with what was then agreed, or an end in between would be
+// taken for one that is up to date: until then its count is one of its own, below all marks.
 bool Sincronizacao::Tomar_A_Corrida()
 {
     MemoriaDaSincronizacao memoria(geral_.de, geral_.SessaoActual.IdUtilizador);

@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 using Fim = ResultadoDaSincronizacao::Fim;
-constexpr int largura_quando = 120; // in pixels, as below
+constexpr int largura_quando = 150; // in pixels, as below
 constexpr int largura_nome = 130;
 constexpr int minutos_por_omissao = 30;
 

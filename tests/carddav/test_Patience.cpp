@@ -164,7 +164,7 @@ private Q_SLOTS:
         QCOMPARE(cards.ends, 1);
         QCOMPARE(cards.told, 10);
         QTest::qWait(100);
-        QVERIFY(asked <= 17); // six were under way, and one began as the first of them ended
+        QVERIFY(asked <= 17);                // six were under way, and one began as the first of them ended
         QTRY_VERIFY(server.Ligacoes() <= 1); // one that waits for the next question
     }
 

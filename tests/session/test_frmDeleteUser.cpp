@@ -1,7 +1,7 @@
 // Removing a user: the three cases, and what becomes of that user's things.
 #include "contacts/Preencher_Grupos.h"
-#include "Diario.h"
 #include "controls/ComboBox.h"
+#include "Diario.h"
 #include "Posses.h"
 #include "session/frmDeleteUser.h"
 #include "session/Titulo.h"

@@ -230,12 +230,13 @@ void Vistas::Sincronizar()
     memoria.Guardar_Resultado(estado);
     using Que = Ocorrencia::Que;
     const auto quando = u"2027-02-01T09:00:00"_s;
-    for (const Ocorrencia &uma :
-         {Ocorrencia{Que::Conflito, 1, u"Helen Fairbrook"_s, u"Telemovel1"_s, u"91 555 01 93"_s, u"91 555 01 99"_s, quando},
-          Ocorrencia{Que::Conflito, 2, u"Abílio Sarmento"_s, u"Morada"_s, u"Rua das Flores, 12, 4.º esquerdo"_s,
-                     u"Travessa do Cais, 3, rés-do-chão direito"_s, quando},
-          Ocorrencia{Que::EliminadoLa, 3, u"Beatriz Loureiro"_s, {}, {}, {}, quando},
-          Ocorrencia{Que::Recusado, 4, u"Graça Penedo"_s, {}, {}, {}, quando}})
+    for (const Ocorrencia &uma : {Ocorrencia{Que::Conflito, 1, u"Helen Fairbrook"_s, u"Telemovel1"_s,
+                                             u"91 555 01 93"_s, u"91 555 01 99"_s, quando},
+                                  Ocorrencia{Que::Conflito, 2, u"Abílio Sarmento"_s, u"Morada"_s,
+                                             u"Rua das Flores, 12, 4.º esquerdo"_s,
+                                             u"Travessa do Cais, 3, rés-do-chão direito"_s, quando},
+                                  Ocorrencia{Que::EliminadoLa, 3, u"Beatriz Loureiro"_s, {}, {}, {}, quando},
+                                  Ocorrencia{Que::Recusado, 4, u"Graça Penedo"_s, {}, {}, {}, quando}})
         memoria.Apontar(uma);
     auto &sincronizador = *c.janela.findChild<Sincronizador *>();
     auto &form = static_cast<frmSincronizar &>(*aberturas[u"frmSincronizar"_s](c));

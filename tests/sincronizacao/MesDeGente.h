@@ -1,6 +1,6 @@
-// What people do in the course of time to a book that lies in several places, and what must be left of it in the
-// end: each value that somebody wrote last, be it in its column or as a line of Obs, unless somebody who saw it
-// took it away; where a place may only tell of it, what it told counts too.
+// What people do in the course of time to a book that lies in several places, and what must be left of it in
+// the end: each value that somebody wrote last, be it in its column or as a line of Obs, unless somebody who
+// saw it took it away; where a place may only tell of it, what it told counts too.
 #pragma once
 
 #include "sincronizacao/MesaDaSincronizacao.h"
@@ -21,7 +21,8 @@ public:
     virtual void Mudar(const QString &quem, Coluna coluna, const QString &valor) = 0;
     virtual void Tirar(const QString &quem) = 0;
     // With a number, a web site, and something that only a card can hold.
-    virtual void Novo(const QString &nome, const QString &numero, const QString &sitio, const QString &jogo) = 0;
+    virtual void Novo(const QString &nome, const QString &numero, const QString &sitio,
+                      const QString &jogo) = 0;
     virtual bool Guarda_Cartoes() const = 0; // as they are, and not contacts
     virtual QString Cartoes() { return {}; } // their text, unfolded
     virtual QString Ditos() { return {}; }   // what it told people
@@ -43,14 +44,18 @@ public:
     explicit LadoDaMesa(MesaDaSincronizacao &mesa) : m_(mesa) {}
 
     QStringList Quem() override { return m_.Nomes(u"ID"_s); }
-    ColunasDoContacto Ler(const QString &quem) override { return GrupoLocal(m_.s.geral, m_.grupo).Ler(quem.toInt())->colunas; }
+    ColunasDoContacto Ler(const QString &quem) override
+    {
+        return GrupoLocal(m_.s.geral, m_.grupo).Ler(quem.toInt())->colunas;
+    }
     void Mudar(const QString &quem, Coluna coluna, const QString &valor) override
     {
         const auto qual = static_cast<std::size_t>(coluna);
         m_.Mudar(quem.toInt(), QString::fromLatin1(ColunasDoContacto::na_tabela.at(qual)), valor);
     }
     void Tirar(const QString &quem) override { m_.Eliminar(quem.toInt()); }
-    void Novo(const QString &nome, const QString &numero, const QString &sitio, const QString & /*jogo*/) override
+    void Novo(const QString &nome, const QString &numero, const QString &sitio,
+              const QString & /*jogo*/) override
     {
         m_.s.Novo_Contacto({{u"Nome"_s, Value(nome)},
                             {u"Telemovel1"_s, Value(numero)},
@@ -68,7 +73,10 @@ private:
 class LadoDosCartoes : public LadoDeGente
 {
 public:
-    ColunasDoContacto Ler(const QString &quem) override { return Pessoa_Do_Cartao(Texto(quem), lingua_)->lido.colunas; }
+    ColunasDoContacto Ler(const QString &quem) override
+    {
+        return Pessoa_Do_Cartao(Texto(quem), lingua_)->lido.colunas;
+    }
     void Mudar(const QString &quem, Coluna coluna, const QString &valor) override
     {
         ContactoParaCartao contacto;
@@ -159,8 +167,8 @@ public:
 
     int Dado(int lados) { return static_cast<int>(acaso_.bounded(lados)); }
 
-    // What is wrong; empty if nothing. Where told suffices, a value may also be in what a place told people, and
-    // who was deleted and is there all the same must be.
+    // What is wrong; empty if nothing. Where told suffices, a value may also be in what a place told people,
+    // and who was deleted and is there all the same must be.
     QStringList Faltas(bool basta_dito = false)
     {
         QStringList faltas = Desiguais();
@@ -187,7 +195,10 @@ private:
                                          Coluna::Fax,        Coluna::Email1,     Coluna::Morada,
                                          Coluna::Obs,        Coluna::Nome};
 
-    LadoDeGente &Algures() { return *lados_.at(static_cast<std::size_t>(Dado(static_cast<int>(lados_.size())))); }
+    LadoDeGente &Algures()
+    {
+        return *lados_.at(static_cast<std::size_t>(Dado(static_cast<int>(lados_.size()))));
+    }
 
     QString Alguem(LadoDeGente &onde)
     {
@@ -277,8 +288,9 @@ private:
     {
         QStringList faltas;
         for (const QString &sitio : tirados_)
-            if (tudo.contains(sitio) && std::none_of(nomes_[sitio].cbegin(), nomes_[sitio].cend(),
-                                                     [&](const QString &nome) { return ditos.contains(nome); }))
+            if (tudo.contains(sitio) &&
+                std::none_of(nomes_[sitio].cbegin(), nomes_[sitio].cend(),
+                             [&](const QString &nome) { return ditos.contains(nome); }))
                 faltas << "deleted, there again, and nobody told: " + sitio;
         return faltas;
     }
@@ -289,6 +301,6 @@ private:
     QStringList vivos_;
     QStringList sitios_;
     QStringList jogos_;
-    QSet<QString> tirados_;                 // web sites of those whom somebody deleted
-    QHash<QString, QStringList> nomes_;     // by the web site, all that they had
+    QSet<QString> tirados_;             // web sites of those whom somebody deleted
+    QHash<QString, QStringList> nomes_; // by the web site, all that they had
 };

@@ -1,5 +1,5 @@
-// A desk whose group goes with a book on a real server, what stands before that server and counts, and another
-// program that keeps the same book in a folder.
+// A desk whose group goes with a book on a real server, what stands before that server and counts, and
+// another program that keeps the same book in a folder.
 #pragma once
 
 #include "carddav/AddressBook.h"
@@ -26,7 +26,8 @@ public:
     // Why there is none on this machine.
     static QString Falta(const QString &programa)
     {
-        return QStandardPaths::findExecutable(programa).isEmpty() ? programa + u" is not installed"_s : QString();
+        return QStandardPaths::findExecutable(programa).isEmpty() ? programa + u" is not installed"_s
+                                                                  : QString();
     }
 
     bool E_Radicale() const { return especie_ == u"radicale"_s; }
@@ -35,7 +36,10 @@ public:
         return QUrl(u"http://127.0.0.1:%1%2"_s.arg(por > 0 ? por : porta)
                         .arg(E_Radicale() ? u"/ana/contactos/"_s : u"/ana/contacts/addressbook/"_s));
     }
-    RemoteAccount Conta() const { return E_Radicale() ? RemoteAccount{u"ana"_s, u"segredo9"_s} : RemoteAccount(); }
+    RemoteAccount Conta() const
+    {
+        return E_Radicale() ? RemoteAccount{u"ana"_s, u"segredo9"_s} : RemoteAccount();
+    }
 
     int Processo() const
     {
@@ -85,7 +89,8 @@ private:
         });
         connect(la, &QTcpSocket::readyRead, &aqui, [this, &aqui, la] {
             const QByteArray bytes = la->readAll();
-            conta.recusados += static_cast<int>(bytes.startsWith("HTTP/1.1 401") || bytes.startsWith("HTTP/1.0 401"));
+            conta.recusados +=
+                static_cast<int>(bytes.startsWith("HTTP/1.1 401") || bytes.startsWith("HTTP/1.0 401"));
             aqui.write(bytes);
         });
         connect(&aqui, &QTcpSocket::disconnected, &aqui, &QObject::deleteLater);
@@ -156,23 +161,27 @@ struct MesaComServidor : MesaDaSincronizacao {
     std::shared_ptr<LivroNoServidor> livro;
 };
 
-// vdirsyncer, which keeps the book as one file a card in a folder. Of a card that was changed on both sides it
-// takes the server's, and the other one is kept aside.
+// vdirsyncer, which keeps the book as one file a card in a folder. Of a card that was changed on both sides
+// it takes the server's, and the other one is kept aside.
 class PastaSincronizada
 {
 public:
     explicit PastaSincronizada(const LivroNoServidor &livro, quint16 por = 0)
     {
         QDir(pasta_.path()).mkdir(u"livro"_s);
-        Escrever(u"conflito"_s, "#!/bin/sh\ncat \"$1\" >> '" + pasta_.path().toUtf8() + "/postos_de_lado'\ncp \"$2\" \"$1\"\n");
+        Escrever(u"conflito"_s, "#!/bin/sh\ncat \"$1\" >> '" + pasta_.path().toUtf8() +
+                                    "/postos_de_lado'\ncp \"$2\" \"$1\"\n");
         QFile::setPermissions(pasta_.filePath(u"conflito"_s), QFile::ReadOwner | QFile::ExeOwner);
         QByteArray quem;
         if (const RemoteAccount conta = livro.Conta(); !conta.user.isEmpty())
-            quem = "username = \"" + conta.user.toUtf8() + "\"\npassword = \"" + conta.password.toUtf8() + "\"\n";
+            quem = "username = \"" + conta.user.toUtf8() + "\"\npassword = \"" + conta.password.toUtf8() +
+                   "\"\n";
         Escrever(u"config"_s, "[general]\nstatus_path = \"" + Na_Pasta("estado") +
                                   "\"\n[pair par]\na = \"pasta\"\nb = \"servidor\"\ncollections = null\n"
-                                  "conflict_resolution = [\"command\", \"" + Na_Pasta("conflito") +
-                                  "\"]\n[storage pasta]\ntype = \"filesystem\"\npath = \"" + Na_Pasta("livro") +
+                                  "conflict_resolution = [\"command\", \"" +
+                                  Na_Pasta("conflito") +
+                                  "\"]\n[storage pasta]\ntype = \"filesystem\"\npath = \"" +
+                                  Na_Pasta("livro") +
                                   "\"\nfileext = \".vcf\"\n[storage servidor]\ntype = \"carddav\"\nurl = \"" +
                                   livro.Endereco(por).toEncoded() + "\"\n" + quem);
     }
@@ -193,7 +202,10 @@ public:
     void Tirar(const QString &ficheiro) { QFile::remove(Livro().filePath(ficheiro)); }
 
     // The cards that did not come to their right.
-    QString Postos_De_Lado() const { return QString::fromUtf8(Conteudo(pasta_.filePath(u"postos_de_lado"_s))); }
+    QString Postos_De_Lado() const
+    {
+        return QString::fromUtf8(Conteudo(pasta_.filePath(u"postos_de_lado"_s)));
+    }
 
 private:
     QDir Livro() const { return QDir(pasta_.filePath(u"livro"_s)); }
@@ -206,7 +218,8 @@ private:
     void Escrever(const QString &nome, const QByteArray &bytes)
     {
         QFile ficheiro(pasta_.filePath(nome));
-        if (!ficheiro.open(QIODevice::WriteOnly) || ficheiro.write(bytes) != bytes.size()) qFatal("%s", qPrintable(nome));
+        if (!ficheiro.open(QIODevice::WriteOnly) || ficheiro.write(bytes) != bytes.size())
+            qFatal("%s", qPrintable(nome));
     }
     std::optional<QString> Pedir(const QString &comando)
     {

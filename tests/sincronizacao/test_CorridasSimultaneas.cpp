@@ -1,5 +1,5 @@
-// Two copies of the program, at two desks or at one, that synchronise the same group at the same time: the one that
-// began last goes on, the other one ends, and nothing is done twice.
+// Two copies of the program, at two desks or at one, that synchronise the same group at the same time: the
+// one that began last goes on, the other one ends, and nothing is done twice.
 #include "sincronizacao/MesaDaSincronizacao.h"
 #include "testlib/Teste.h"
 
@@ -18,8 +18,8 @@ public:
         geral_.CaminhoBD = m.s.Base();
         geral_.IdiomaActual = m.s.geral.IdiomaActual;
         geral_.SessaoActual = m.s.geral.SessaoActual;
-        corrida_ = std::make_unique<Sincronizacao>(geral_, m.s.relogio, std::make_unique<LivroEmMemoria>(m.servidor),
-                                                   Sincronizacao::Modo::Normal);
+        corrida_ = std::make_unique<Sincronizacao>(
+            geral_, m.s.relogio, std::make_unique<LivroEmMemoria>(m.servidor), Sincronizacao::Modo::Normal);
         QObject::connect(corrida_.get(), &Sincronizacao::Terminada, [this](const auto &r) { fim = r; });
     }
     void Comecar() { corrida_->Comecar(); }
@@ -36,7 +36,8 @@ struct Dois : MesaDaSincronizacao {
     {
         for (int i = 0; i < 25; ++i) {
             Contacto(u"Daqui %1"_s.arg(i), u"91%1"_s.arg(1000000 + i));
-            Por_La(u"la%1"_s.arg(i), u"De la %1"_s.arg(i), "TEL;TYPE=CELL:93" + QByteArray::number(1000000 + i) + "\r\n");
+            Por_La(u"la%1"_s.arg(i), u"De la %1"_s.arg(i),
+                   "TEL;TYPE=CELL:93" + QByteArray::number(1000000 + i) + "\r\n");
         }
     }
     // The first one has had so many turns of the event loop when the second one begins. How many there were.

@@ -88,8 +88,9 @@ private Q_SLOTS:
 
     void um_aniversario_sem_ano_le_se_sem_nada_no_seu_lugar()
     {
-        const auto juntos = Juntar(Com({}), Com({{Coluna::Dia, u"4"_s}, {Coluna::Mes, u"3"_s}}),
-                                   Com({{Coluna::Dia, u"5"_s}, {Coluna::Mes, u"3"_s}, {Coluna::Ano, u"1975"_s}}));
+        const auto juntos =
+            Juntar(Com({}), Com({{Coluna::Dia, u"4"_s}, {Coluna::Mes, u"3"_s}}),
+                   Com({{Coluna::Dia, u"5"_s}, {Coluna::Mes, u"3"_s}, {Coluna::Ano, u"1975"_s}}));
         QCOMPARE(juntos.conflitos.size(), 1U);
         QCOMPARE(juntos.conflitos.front().aqui, u"4/3"_s);
         QCOMPARE(juntos.conflitos.front().la, u"5/3/1975"_s);
@@ -179,8 +180,9 @@ private Q_SLOTS:
 
     void a_linha_que_ambas_as_notas_tem_nao_se_repete()
     {
-        const auto juntos = Juntar(Com({{Coluna::Obs, u"velha"_s}}), Com({{Coluna::Obs, u"comum\r\nnossa"_s}}),
-                                   Com({{Coluna::Obs, u"comum\r\ndela"_s}}));
+        const auto juntos =
+            Juntar(Com({{Coluna::Obs, u"velha"_s}}), Com({{Coluna::Obs, u"comum\r\nnossa"_s}}),
+                   Com({{Coluna::Obs, u"comum\r\ndela"_s}}));
         QCOMPARE(juntos.colunas[Coluna::Obs], u"comum\r\ndela"_s + marca + u"nossa"_s);
     }
 

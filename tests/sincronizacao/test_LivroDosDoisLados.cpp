@@ -8,15 +8,28 @@ namespace
 {
 using Mesa = MesaDaSincronizacao;
 
-const QByteArray tudo = "TEL;TYPE=HOME:2101\r\nTEL;TYPE=WORK:2102\r\nTEL;TYPE=FAX:2103\r\nTEL;TYPE=CELL:9101\r\n"
-                        "TEL;TYPE=CELL:9102\r\nTEL;TYPE=CELL:9103\r\nEMAIL:um@x.example\r\nEMAIL:dois@x.example\r\n"
-                        "URL:http://x.example/\r\nADR:;;Rua Nova;;;;\r\nBDAY:1975-03-04\r\nNOTE:Uma nota\r\n";
-const QStringList colunas{u"Nome"_s,       u"Telefone1"_s,  u"Telefone2"_s, u"Fax"_s, u"Telemovel1"_s,
-                          u"Telemovel2"_s, u"Telemovel3"_s, u"Dia"_s,       u"Mes"_s, u"Ano"_s,
+const QByteArray tudo =
+    "TEL;TYPE=HOME:2101\r\nTEL;TYPE=WORK:2102\r\nTEL;TYPE=FAX:2103\r\nTEL;TYPE=CELL:9101\r\n"
+    "TEL;TYPE=CELL:9102\r\nTEL;TYPE=CELL:9103\r\nEMAIL:um@x.example\r\nEMAIL:dois@x.example\r\n"
+    "URL:http://x.example/\r\nADR:;;Rua Nova;;;;\r\nBDAY:1975-03-04\r\nNOTE:Uma nota\r\n";
+const QStringList colunas{u"Nome"_s,       u"Telefone1"_s,  u"Telefone2"_s, u"Fax"_s,    u"Telemovel1"_s,
+                          u"Telemovel2"_s, u"Telemovel3"_s, u"Dia"_s,       u"Mes"_s,    u"Ano"_s,
                           u"Email1"_s,     u"Email2"_s,     u"Website"_s,   u"Morada"_s, u"Obs"_s};
-const QStringList valores{u"Ana Silva"_s, u"2101"_s, u"2102"_s, u"2103"_s,         u"9101"_s,
-                          u"9102"_s,      u"9103"_s, u"4"_s,    u"3"_s,            u"1975"_s,
-                          u"um@x.example"_s, u"dois@x.example"_s, u"http://x.example/"_s, u"Rua Nova"_s, u"Uma nota"_s};
+const QStringList valores{u"Ana Silva"_s,
+                          u"2101"_s,
+                          u"2102"_s,
+                          u"2103"_s,
+                          u"9101"_s,
+                          u"9102"_s,
+                          u"9103"_s,
+                          u"4"_s,
+                          u"3"_s,
+                          u"1975"_s,
+                          u"um@x.example"_s,
+                          u"dois@x.example"_s,
+                          u"http://x.example/"_s,
+                          u"Rua Nova"_s,
+                          u"Uma nota"_s};
 
 QStringList Ler(Mesa &m, int ID)
 {
@@ -68,11 +81,13 @@ private Q_SLOTS:
         const int ana = m.Contacto(u"Ana Silva"_s, u"912345678"_s);
         m.servidor.falha = [&](const QString &pedido) {
             if (pedido.startsWith(u"create"_s) && m.servidor.cartoes.empty())
-                m.servidor.Por(pedido.mid(7), Mesa::Cartao(u"x"_s, u"Rui Costa"_s, "TEL;TYPE=CELL:961111111\r\n"));
+                m.servidor.Por(pedido.mid(7),
+                               Mesa::Cartao(u"x"_s, u"Rui Costa"_s, "TEL;TYPE=CELL:961111111\r\n"));
             return RemoteError();
         };
         m.Correr();
-        QCOMPARE(m.Nomes(u"Nome || Telemovel1"_s), (QStringList{u"Ana Silva912345678"_s, u"Rui Costa961111111"_s}));
+        QCOMPARE(m.Nomes(u"Nome || Telemovel1"_s),
+                 (QStringList{u"Ana Silva912345678"_s, u"Rui Costa961111111"_s}));
         QCOMPARE(m.Valor(ana, u"Nome"_s), u"Ana Silva"_s);
         QCOMPARE(m.servidor.cartoes.size(), 2U);
         QCOMPARE(m.Aqui(), m.La());
@@ -89,7 +104,8 @@ private Q_SLOTS:
         m.Eliminar(ID);
         m.servidor.epoca = "b";
         m.Correr();
-        QCOMPARE(m.s.Linhas(u"SELECT IDContacto FROM TblCartoes WHERE IDContacto=%1"_s.arg(ID)), QStringList{});
+        QCOMPARE(m.s.Linhas(u"SELECT IDContacto FROM TblCartoes WHERE IDContacto=%1"_s.arg(ID)),
+                 QStringList{});
         QCOMPARE(m.servidor.cartoes.size(), 1U);
         QCOMPARE(m.Aqui(), m.La());
     }

@@ -50,17 +50,18 @@ private Q_SLOTS:
         QCOMPARE(r.fim, ResultadoDaSincronizacao::Fim::Perguntar);
         QCOMPARE(r.erro.kind, RemoteError::Kind::Password);
         QVERIFY(r.com_cautela && r.pergunta_la);
-        const QList<int> contagens{r.adicionados,     r.alterados,         r.eliminados, r.adicionados_la,
-                                   r.alterados_la,    r.eliminados_la,     r.conflitos,  r.retidos,
-                                   r.recusados,       r.pergunta_quantos,  r.pergunta_de_quantos};
+        const QList<int> contagens{r.adicionados,  r.alterados,        r.eliminados,         r.adicionados_la,
+                                   r.alterados_la, r.eliminados_la,    r.conflitos,          r.retidos,
+                                   r.recusados,    r.pergunta_quantos, r.pergunta_de_quantos};
         QCOMPARE(contagens, (QList<int>{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}));
     }
 
     void o_que_se_escreve_e_o_que_se_le()
     {
-        const auto texto = u"{\"adicionados\":1,\"adicionados_la\":4,\"alterados\":2,\"alterados_la\":5,\"cautela\":"
-                           "true,\"conflitos\":7,\"de_quantos\":11,\"eliminados\":3,\"eliminados_la\":6,\"erro\":10,"
-                           "\"fim\":3,\"la\":true,\"quantos\":10,\"recusados\":9,\"retidos\":8}"_s;
+        const auto texto =
+            u"{\"adicionados\":1,\"adicionados_la\":4,\"alterados\":2,\"alterados_la\":5,\"cautela\":"
+            "true,\"conflitos\":7,\"de_quantos\":11,\"eliminados\":3,\"eliminados_la\":6,\"erro\":10,"
+            "\"fim\":3,\"la\":true,\"quantos\":10,\"recusados\":9,\"retidos\":8}"_s;
         QCOMPARE(ResultadoDaSincronizacao::Do_Texto(texto).Texto(), texto);
     }
 

@@ -17,7 +17,8 @@ struct Escritorio {
         quem = feita.s.geral.SessaoActual;
         for (int i = 0; i < 12; ++i) {
             feita.Contacto(u"Daqui %1"_s.arg(i), u"91%1"_s.arg(1000000 + i));
-            feita.Por_La(u"la%1"_s.arg(i), u"De la %1"_s.arg(i), "TEL;TYPE=CELL:93" + QByteArray::number(1000000 + i) + "\r\n");
+            feita.Por_La(u"la%1"_s.arg(i), u"De la %1"_s.arg(i),
+                         "TEL;TYPE=CELL:93" + QByteArray::number(1000000 + i) + "\r\n");
         }
         feita.s.geral.de.Fechar_Ligacao();
         ServerSession dona(base.Da_Dona());
@@ -40,7 +41,8 @@ struct PostoDoEscritorio {
     }
     std::unique_ptr<Sincronizacao> Nova(std::optional<ResultadoDaSincronizacao> &fim)
     {
-        auto corrida = std::make_unique<Sincronizacao>(geral, s.relogio, std::make_unique<LivroEmMemoria>(e.feita.servidor),
+        auto corrida = std::make_unique<Sincronizacao>(geral, s.relogio,
+                                                       std::make_unique<LivroEmMemoria>(e.feita.servidor),
                                                        Sincronizacao::Modo::Normal);
         QObject::connect(corrida.get(), &Sincronizacao::Terminada, [&fim](const auto &r) { fim = r; });
         return corrida;
@@ -93,7 +95,8 @@ private Q_SLOTS:
         e.feita.servidor.pedidos.clear();
         const auto depois = outro.Correr();
         QVERIFY(!depois.Mudou_Aqui() && !depois.Mudou_La() && !depois.com_cautela);
-        QCOMPARE(e.feita.servidor.pedidos, QStringList{u"changes"_s}); // what one desk remembers the other knows
+        QCOMPARE(e.feita.servidor.pedidos,
+                 QStringList{u"changes"_s}); // what one desk remembers the other knows
     }
 
     void mudancas_eliminacoes_e_conflitos_sao_como_num_ficheiro()

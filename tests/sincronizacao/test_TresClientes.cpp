@@ -1,6 +1,6 @@
-// Two copies of this program and another one, vdirsyncer, on one book: whoever edits what and runs when, all are
-// equal in the end, and each edit is either there or was told. MORVEX_EDICOES says how many edits, MORVEX_SEMENTE
-// with which seed; few unless told.
+// Two copies of this program and another one, vdirsyncer, on one book: whoever edits what and runs when, all
+// are equal in the end, and each edit is either there or was told. MORVEX_EDICOES says how many edits,
+// MORVEX_SEMENTE with which seed; few unless told.
 #include "sincronizacao/MesaComServidor.h"
 #include "sincronizacao/MesDeGente.h"
 #include "testlib/Teste.h"
@@ -28,7 +28,8 @@ public:
         mudou = copiado.match(*dito).hasMatch() || dito->contains(u"Deleting item"_s);
         for (auto um = copiado.globalMatch(*dito); um.hasNext();)
             for (const QString uid = um.next().captured(1); const QString &ficheiro : pasta_.Ficheiros())
-                if (pasta_.Ler(ficheiro).contains("UID:" + uid.toUtf8())) ditos_ += QString::fromUtf8(pasta_.Ler(ficheiro));
+                if (pasta_.Ler(ficheiro).contains("UID:" + uid.toUtf8()))
+                    ditos_ += QString::fromUtf8(pasta_.Ler(ficheiro));
         return true;
     }
 

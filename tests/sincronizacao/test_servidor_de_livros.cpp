@@ -19,9 +19,10 @@ int Filho(const QStringList &pedido)
     geral.IdiomaActual = u"PortuguesPT"_s;
     geral.SessaoActual = {u"Eva"_s, pedido.at(2), false, true, true, true, true, true};
     SystemClock relogio;
-    Sincronizacao corrida(geral, relogio,
-                          std::make_unique<AddressBook>(QUrl(pedido.at(1)), RemoteAccount{pedido.at(3), pedido.at(4)}),
-                          Sincronizacao::Modo::Normal);
+    Sincronizacao corrida(
+        geral, relogio,
+        std::make_unique<AddressBook>(QUrl(pedido.at(1)), RemoteAccount{pedido.at(3), pedido.at(4)}),
+        Sincronizacao::Modo::Normal);
     QObject::connect(&corrida, &Sincronizacao::Terminada, qApp,
                      [](const auto &fim) { QCoreApplication::exit(static_cast<int>(fim.fim)); });
     corrida.Comecar();
@@ -112,7 +113,8 @@ private Q_SLOTS:
             filho.setProcessChannelMode(QProcess::ForwardedErrorChannel);
             filho.start(QCoreApplication::applicationFilePath(),
                         {QLatin1String(modo_de_filho), m.s.Pasta(), m.livro->Endereco().toString(),
-                         m.s.geral.SessaoActual.IdUtilizador, m.livro->Conta().user, m.livro->Conta().password});
+                         m.s.geral.SessaoActual.IdUtilizador, m.livro->Conta().user,
+                         m.livro->Conta().password});
             QVERIFY(filho.waitForStarted());
             if (filho.waitForFinished(400 + static_cast<int>(acaso.bounded(600)))) continue;
             ::kill(static_cast<pid_t>(filho.processId()), SIGKILL);
