@@ -29,6 +29,7 @@ endforeach()
 morvex_tambem_no_servidor(data FORA
     test_Codificar_Email test_Codificar_Pass test_EncontroDeLinhas test_Inteiro test_Temporizadores test_Tocar_Som
     test_ReadWriteINI # these ask no database
+    test_NovaPorSaber # over a fake server of its own
     test_config_enviado test_criar_bd test_Textos test_Esquema # what is shipped
     test_IndiceDosNomes test_PassosDoEsquema # what a file lacks until it is opened
     test_frmSeleccionarIdioma) # a first run, which a server has not

@@ -45,8 +45,8 @@ morvex_tambem_no_servidor(session FORA
     test_Contraste test_DisposicaoDaJanela test_LegendasDosFormularios test_LetrasDoAmbiente test_NomesAcessiveis
     test_Ajuda test_PaginasDoManual # long, and about how all the forms look
     test_BaseDesaparecida # a file that is gone
-    test_AvisosDosPostos test_EnderecoNasOpcoes test_OQueOsPostosPartilham test_PedidosAoServidor test_SemServidor
-    test_ServidorAusente) # have a server of their own making
+    test_AvisosDosPostos test_EnderecoNasOpcoes test_OQueOsPostosPartilham test_PedidosAoServidor
+    test_RespostaPerdida test_SemServidor test_ServidorAusente) # have a server of their own making
 
 # No test: pictures of every form, which scripts/vistas asks for.
 add_executable(vistas EXCLUDE_FROM_ALL session/vistas.cpp)
