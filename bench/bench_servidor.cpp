@@ -176,6 +176,7 @@ std::vector<Accao> Medir_No_Ficheiro(int contactos)
 int main(int argc, char **argv)
 {
     if (!qEnvironmentVariableIsSet("DISPLAY")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("MORVEX_ENVIADOS", MORVEX_ENVIADOS);
     teste::CaixasDaAplicacao caixas;
     const Application application(argc, argv, caixas);
     const int ida_e_volta = argc > 1 ? QByteArray(argv[1]).toInt() : 20;

@@ -29,6 +29,7 @@ public:
         Recusa,           // every connection is cut, those that come too
         Corta_Ao_Pedir,   // what is asked next arrives, and both ends are cut behind it; then all passes
         Corta_A_Resposta, // the next answer is cut after its first bytes; then all passes
+        Corta_A_Que_Diz,  // likewise the next answer that holds those words
     };
 
     explicit Intermediario(std::uint16_t servidor) : servidor_(servidor)
@@ -57,10 +58,11 @@ public:
     void Mudar_De_Servidor(std::uint16_t servidor) { servidor_ = servidor; }
 
     std::atomic<Modo> modo = Passa;
+    std::string palavras; // of the last way; to be set before it
     std::atomic<int> atraso{0};   // microseconds on each way
     std::atomic<int> viagens{0};  // questions: how often the program spoke after the server
     std::atomic<int> ligacoes{0}; // that came
-    std::atomic<int> cortes{0};   // that one of the last two ways made
+    std::atomic<int> cortes{0};   // that one of the last three ways made
 
     // Cuts whatever is connected now.
     void Cortar()
@@ -180,7 +182,9 @@ private:
             par.cortar_depois_de_escrever = true;
             ++cortes;
         }
-        if (!do_programa && agora == Corta_A_Resposta && modo.compare_exchange_strong(agora, Passa)) {
+        const bool corta_se = agora == Corta_A_Resposta ||
+                              (agora == Corta_A_Que_Diz && bytes.find(palavras) != std::string::npos);
+        if (!do_programa && corta_se && modo.compare_exchange_strong(agora, Passa)) {
             constexpr std::size_t inicio = 3;
             bytes.resize(std::min(bytes.size(), inicio));
             par.cortar_depois_de_escrever = true;

@@ -249,6 +249,21 @@ private Q_SLOTS:
         QTRY_VERIFY(Destino() != Fate::Unknown);
         QCOMPARE(Nomes(), Destino() == Fate::Arrived ? u"Ana,Rui"_s : u"Ana"_s);
     }
+    // What asks for the key takes it, and must know its own hand when it asks again.
+    void a_write_that_did_not_arrive_stays_so_where_the_answer_about_it_is_lost_as_well()
+    {
+        Matar_Ligacoes();
+        QTest::qSleep(200); // the network has closed its end by then
+        network_->palavras = "INSERT 0 1";
+        network_->modo = Intermediario::Corta_A_Que_Diz;
+        QCOMPARE(teste::Especie_Da_Falha([&] { Inserir(u"Rui"_s); }), Failure::Kind::ServerLost);
+        QCOMPARE(network_->cortes, 1);
+        QCOMPARE(Destino(), Fate::Unknown);
+        QVERIFY(Volta());
+        QCOMPARE(Destino(), Fate::NotArrived);
+        QCOMPARE(Nomes(), u"Ana"_s);
+        QCOMPARE(store_->written(insert_), 1);
+    }
     void a_portion_goes_on_behind_the_last_one_that_is_known_data()
     {
         QTest::addColumn<int>("mode");

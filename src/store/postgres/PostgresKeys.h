@@ -16,9 +16,13 @@ inline const QString keepKeyAlone =
     QStringLiteral("INSERT INTO gravacoes (chave) SELECT $1::uuid FROM pg_advisory_xact_lock(2004)");
 inline const QString alone = QStringLiteral("SELECT pg_advisory_xact_lock(2004)");
 
-// Waits for a transaction with that key that still runs, and keeps one that has not begun from ever writing. Touches
-// a row where the key was free.
-inline const QString takeKey = QStringLiteral("INSERT INTO gravacoes (chave) VALUES ($1::uuid) ON CONFLICT DO NOTHING");
+// Waits for a transaction with that key that still runs, and keeps one that has not begun from ever writing. Where
+// the key was free a second one beside it says who has taken it, for the answer to this may be lost as well.
+inline const QString takeKey =
+    QStringLiteral("WITH taken AS (INSERT INTO gravacoes (chave) VALUES ($1::uuid) ON CONFLICT DO NOTHING RETURNING 1) "
+                   "INSERT INTO gravacoes (chave) SELECT $2::uuid FROM taken");
+// A row where that key is there.
+inline const QString findKey = QStringLiteral("SELECT 1 FROM gravacoes WHERE chave = $1::uuid");
 
 inline const QString savePoint = QStringLiteral("SAVEPOINT morvex");
 inline const QString release = QStringLiteral("RELEASE SAVEPOINT morvex");

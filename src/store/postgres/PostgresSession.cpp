@@ -95,13 +95,6 @@ PostgresAnswers PostgresSession::attempt(Commands commands, const Deadline &dead
     }
 }
 
-PostgresResult PostgresSession::attemptOne(const PostgresCommand &command, const Deadline &deadline)
-{
-    PostgresAnswers answers = attempt(Commands(&command, 1), deadline);
-    if (answers.refused) raiseRefusal(answers.refusal.get(), command.sql);
-    return std::move(answers.results.front());
-}
-
 PostgresAnswers PostgresSession::lastAttempt(Commands commands, const Deadline &deadline)
 {
     try {

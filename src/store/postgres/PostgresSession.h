@@ -27,8 +27,6 @@ public:
     // One trip, never repeated. Raises Failure only where no answer came (ServerLost): whoever catches it says by
     // reopen() or lose() how it goes on.
     PostgresAnswers attempt(Commands commands, const Deadline &deadline);
-    // The same for one, which raises Failure for what is refused, too.
-    PostgresResult attemptOne(const PostgresCommand &command, const Deadline &deadline);
 
     // The same for what may be done twice without harm: where the connection turns out to be cut, it is done once
     // more over a new one, within the same deadline.

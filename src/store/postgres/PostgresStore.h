@@ -95,6 +95,7 @@ private:
     QHash<QString, int> written_;   // how often each statement is in the data
     qint64 rowsWritten_ = 0;
     QString doubt_;                 // the key of a write whose answer was lost; empty where there is none
+    QString taken_;                 // that says that it was free, and has been taken here
     std::vector<Fate> fates_;       // of the writes that lost their answer; the doubt is the last one's
     QString lockOfAll_;
 };

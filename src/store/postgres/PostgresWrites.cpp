@@ -90,6 +90,7 @@ PostgresAnswers PostgresStore::sendKeyed(const QString &keep, const Commands &co
 bool PostgresStore::settle(const QString &key, const Deadline &deadline)
 {
     doubt_ = key;
+    taken_ = postgres::newKey();
     fates_.push_back(Fate::Unknown);
     if (!session_.reopen(deadline)) return false;
     skipFailure([this] { settleDoubt(); });
@@ -100,10 +101,11 @@ bool PostgresStore::settle(const QString &key, const Deadline &deadline)
 void PostgresStore::settleDoubt()
 {
     if (doubt_.isEmpty()) return;
-    const PostgresCommand command{postgres::takeKey, {doubt_}};
+    const Commands commands{{postgres::takeKey, {doubt_, taken_}}, {postgres::findKey, {taken_}}};
     try {
-        const PostgresResult result = session_.attemptOne(command, Deadline(session_.patience().command));
-        const bool wasFree = qstrcmp(PQcmdTuples(result.get()), "1") == 0;
+        const PostgresAnswers answers = session_.attempt(commands, Deadline(session_.patience().command));
+        if (answers.refused) raiseRefusal(answers.refusal.get(), postgres::takeKey);
+        const bool wasFree = PQntuples(answers.results.back().get()) > 0;
         fates_.back() = wasFree ? Fate::NotArrived : Fate::Arrived;
         doubt_.clear();
     } catch (const Failure &) {
