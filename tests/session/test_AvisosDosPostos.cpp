@@ -429,6 +429,17 @@ private Q_SLOTS:
         QCOMPARE(p.servidor.Comandos(), 0);
     }
 
+    void depois_de_o_servidor_voltar_o_cartao_segue_ainda_que_a_lista_seja_a_mesma()
+    {
+        Posto p;
+        p.lista.setListIndex(p.Linha(p.ids[5]));
+        p.servidor.Perder();
+        p.s.Escrever(u"UPDATE TblLista SET Website='novo.pt' WHERE ID=%1"_s.arg(p.ids[5]));
+        p.servidor.Voltar();
+        p.Recolher();
+        QCOMPARE(p.janela.txtWebsite->text(), u"novo.pt"_s);
+    }
+
     void o_que_ninguem_nomeia_le_se_tudo()
     {
         Posto p;
