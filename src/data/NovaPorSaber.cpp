@@ -18,7 +18,7 @@ QString NovaPorSaber::Gravar(const QStringList &valores, const Inserir &inserir,
         achada_ = chegada; // an update may lose its answer too, and have changed the values
         actualizar(chegada);
     }
-    const QString gravada = ID();
+    QString gravada = ID();
     perdida_ = 0;
     achada_.clear();
     return gravada;

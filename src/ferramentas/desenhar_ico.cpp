@@ -40,8 +40,9 @@ QByteArray asPoints(const QImage &picture)
     for (int i = 0; i < 6; ++i)
         put(bytes, 4, 0);
     for (int y = picture.height() - 1; y >= 0; --y)
-        bytes.append(reinterpret_cast<const char *>(picture.constScanLine(y)), picture.width() * 4);
-    const qsizetype maskLine = (picture.width() + 31) / 32 * 4;
+        bytes.append(reinterpret_cast<const char *>(picture.constScanLine(y)),
+                     qsizetype{4} * picture.width());
+    const qsizetype maskLine = qsizetype{4} * ((picture.width() + 31) / 32);
     return bytes + QByteArray(maskLine * picture.height(), '\0');
 }
 

@@ -13,4 +13,4 @@ public:
 };
 
 Q_IMPORT_PLUGIN(DrawnIconPlugin)
-#include "DrawnIconPlugin.moc"
+#include "DrawnIconPlugin_windows.moc"
