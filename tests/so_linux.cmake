@@ -21,16 +21,20 @@ set(morvex_so_linux
     # They start servers of this machine.
     carddav/test_servidores_carddav
     mail/test_servidor_pop3
+    sincronizacao/test_TresClientes
     sincronizacao/test_servidor_de_livros
     # Database servers, which that edition of the program does not reach.
     contacts/test_FotografiaNoServidor
     servidor/test_Comparacao
     servidor/test_EsquemaNoServidor
+    sincronizacao/test_SincronizacaoNoServidor
     store/test_PostgresAddress
     store/test_PostgresCopy
     store/test_PostgresDialect
+    store/test_PostgresFailure
     store/test_PostgresFaults
     store/test_PostgresLedger
+    store/test_PostgresLink
     store/test_PostgresNotices
     store/test_PostgresOpening
     store/test_PostgresStore

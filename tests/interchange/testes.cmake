@@ -13,5 +13,5 @@ set_tests_properties(interchange/test_exportacao PROPERTIES TIMEOUT 900) # an of
 morvex_tambem_no_servidor(interchange FORA
     test_RegistoMorvex # asks no database
     test_AvisosDaFusao # what is said of an older file
-    test_exportacao) # long, and about what the exported files look like
-set_tests_properties(interchange/test_frmImportarMDB@servidor PROPERTIES TIMEOUT 900) # 32,768 groups, one by one
+    test_exportacao # long, and about what the exported files look like
+    LENTOS test_frmImportarMDB) # 32,768 groups, one by one
