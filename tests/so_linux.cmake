@@ -43,13 +43,5 @@ set(morvex_so_linux
     data/test_criar_bd
     ferramentas/test_desenhos
     ferramentas/test_Manual
-    # They take the disk, the rights, the memory or the process itself away with calls that only Unix has.
-    cards/test_EscritaDaImportacao
-    cards/test_ExportacaoDeContactos
-    data/test_PassosDoEsquema
-    interchange/test_RegistosEstragados
-    interchange/test_frmBackup
-    interchange/test_frmImportar
-    interchange/test_frmImportarMDB
-    jet/test_JetFile
+    # It asks the allocator of Unix's library.
     platform/test_FreeMemory)

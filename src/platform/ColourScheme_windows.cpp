@@ -1,5 +1,6 @@
 // As the system's settings keep it for programs.
 #include "platform/ColourScheme.h"
+#include "platform/DarkFrames.h"
 #include "platform/WindowsRegistry.h"
 
 #include <QAbstractNativeEventFilter>
@@ -31,7 +32,12 @@ class ThemeSetting final : public QObject, private QAbstractNativeEventFilter
 public:
     ThemeSetting() { qApp->installNativeEventFilter(this); }
 
-    Q_SLOT void tell() { Q_EMIT darkTold(isDark()); }
+    Q_SLOT void tell()
+    {
+        const bool dark = isDark();
+        frames_.setDark(dark);
+        Q_EMIT darkTold(dark);
+    }
 
 Q_SIGNALS:
     void darkTold(bool dark);
@@ -43,6 +49,8 @@ private:
             QMetaObject::invokeMethod(this, &ThemeSetting::tell, Qt::QueuedConnection);
         return false;
     }
+
+    DarkFrames frames_;
 };
 
 void ColourScheme::watch()
