@@ -14,7 +14,8 @@ set(morvex_so_linux
     platform/test_SomGravado
     platform/test_TrayHosts
     session/test_autorun
-    # They print on a spooler, or call an office suite, of this machine.
+    # They print on a spooler, or call an office suite or a reader of PDF, of this machine.
+    printing/test_Paginas
     report/test_ReportExport
     report/test_ReportPrinting
     interchange/test_exportacao

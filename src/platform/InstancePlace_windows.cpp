@@ -1,8 +1,15 @@
 #include "platform/InstancePlace.h"
 
 #include <QCryptographicHash>
+#include <QDateTime>
 #include <QDir>
+#include <QFile>
+#include <QLocalSocket>
+#include <QSaveFile>
 #include <QStandardPaths>
+#include <QUuid>
+
+using namespace Qt::StringLiterals;
 
 QString instance_place::folder() { return QStandardPaths::writableLocation(QStandardPaths::TempLocation); }
 
@@ -11,5 +18,29 @@ QString instance_place::socketName(const QString &path)
 {
     const QByteArray whole = QDir::fromNativeSeparators(path).toCaseFolded().toUtf8();
     const QByteArray hash = QCryptographicHash::hash(whole, QCryptographicHash::Sha256).toHex();
-    return QStringLiteral("morvex-") + QString::fromLatin1(hash);
+    return u"morvex-"_s + QString::fromLatin1(hash);
+}
+
+// A pipe keeps nothing for whoever is busy, and loses what is under way when the caller goes: the message is a file, and the
+// connection alone the news of it. By their names they stand in the order in which they were written.
+void instance_place::say(QLocalSocket &, const QString &path, const QByteArray &message)
+{
+    const QString time = QString::number(QDateTime::currentMSecsSinceEpoch()).rightJustified(16, u'0');
+    QSaveFile file(path + u'.' + time + u'.' + QUuid::createUuid().toString(QUuid::Id128) + u".call"_s);
+    if (file.open(QIODevice::WriteOnly) && file.write(message) == message.size()) file.commit();
+}
+
+QList<QByteArray> instance_place::heard(QLocalSocket &caller, const QString &path)
+{
+    const QFileInfo place(path);
+    const QDir folder(place.path());
+    QList<QByteArray> messages;
+    for (const QString &name : folder.entryList({place.fileName() + u".*.call"_s}, QDir::Files, QDir::Name)) {
+        QFile file(folder.filePath(name));
+        if (file.open(QIODevice::ReadOnly)) messages << file.readAll();
+        file.close();
+        file.remove();
+    }
+    if (messages.isEmpty()) messages << caller.readAll();
+    return messages;
 }

@@ -376,7 +376,7 @@ private Q_SLOTS:
 
 int main(int argc, char **argv)
 {
-    QTemporaryFile screens;
+    QTemporaryFile screens(QStringLiteral("screens-XXXXXX")); // here: what stands behind a colon is another argument
     if (!screens.open()) return 1;
     screens.write(R"({"screens": [
         {"name": "first", "x": 1024, "y": 200, "width": 1600, "height": 900,

@@ -64,7 +64,7 @@ class TestTextos : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        linhas_ = Ler_Tabela(QFINDTESTDATA("../../resources/textos/TblIdiomas.tsv"), &cabecalho_);
+        linhas_ = Ler_Tabela(QFINDTESTDATA("../resources/textos/TblIdiomas.tsv"), &cabecalho_);
         for (const QStringList &linha : linhas_) {
             QCOMPARE(linha.size(), cabecalho_.size());
             usos_[linha[0].toInt()] = linha[1];

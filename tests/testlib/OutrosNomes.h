@@ -11,6 +11,8 @@ namespace outros_nomes
 // False on a system whose folders hold no such thing: the test is skipped then.
 constexpr bool ha_tubos = true;
 constexpr bool ha_atalhos = true;
+constexpr bool ha_nomes_com_barra = true; // one to the left
+constexpr bool ha_sockets = true;
 
 // Each tells whether it was made.
 inline bool Fazer_Tubo(const QString &caminho)

@@ -1,7 +1,7 @@
 // A web server on 127.0.0.1 that answers as it is told, well or badly, in the clear or encrypted.
 #pragma once
 
-#include "testlib/ServidorPop.h" // Identidade
+#include "testlib/Identidade.h"
 
 #include <algorithm>
 #include <functional>

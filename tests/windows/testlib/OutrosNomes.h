@@ -10,6 +10,8 @@ namespace outros_nomes
 {
 constexpr bool ha_tubos = false;
 constexpr bool ha_atalhos = false;
+constexpr bool ha_nomes_com_barra = false;
+constexpr bool ha_sockets = false;
 
 inline bool Fazer_Tubo(const QString &) { return false; }
 inline bool Fazer_Atalho(const QString &, const QString &) { return false; }
