@@ -53,6 +53,15 @@ private:
     DarkFrames frames_;
 };
 
+// The toolkit finds colours there always. They matter to whoever chose great contrast.
+bool ColourScheme::wantsOwnColours(bool)
+{
+    HIGHCONTRASTW contrast{};
+    contrast.cbSize = sizeof contrast;
+    const bool told = SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) != 0;
+    return !told || (contrast.dwFlags & HCF_HIGHCONTRASTON) == 0;
+}
+
 void ColourScheme::watch()
 {
     auto setting = std::make_unique<ThemeSetting>();

@@ -6,6 +6,9 @@
 #include <algorithm>
 #include <functional>
 #include <QHash>
+#include <QSslSocket>
+#include <QTcpServer>
+#include <QTimer>
 #include <QUrl>
 
 struct Pedido {

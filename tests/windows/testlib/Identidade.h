@@ -7,6 +7,7 @@
 struct Identidade {
     static bool Possivel() { return false; }
 
+    Identidade() {} // NOLINT(modernize-use-equals-default): as the other has it
     QSslKey chave;
     QSslCertificate certificado;
 };
