@@ -114,7 +114,7 @@ private Q_SLOTS:
         QVERIFY(primeira->claim({}));
         QSignalSpy chamada(primeira.get(), &SingleInstance::startedAgain);
         QStringList ficheiros;
-        for (int i = 0; i < 5000; ++i)
+        for (int i = 0; i < outros_nomes::muitos_ficheiros; ++i)
             ficheiros << u"/uma/pasta/com/um/nome/bastante/comprido/contacto %1.vcf"_s.arg(i);
         const auto outro = l.Outro_Processo(ficheiros);
         QTRY_COMPARE(chamada.count(), 1);

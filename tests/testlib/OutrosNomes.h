@@ -13,6 +13,7 @@ constexpr bool ha_tubos = true;
 constexpr bool ha_atalhos = true;
 constexpr bool ha_nomes_com_barra = true; // one to the left
 constexpr bool ha_sockets = true;
+constexpr int muitos_ficheiros = 5000; // as fit on one command line
 
 // Each tells whether it was made.
 inline bool Fazer_Tubo(const QString &caminho)

@@ -12,6 +12,7 @@ constexpr bool ha_tubos = false;
 constexpr bool ha_atalhos = false;
 constexpr bool ha_nomes_com_barra = false;
 constexpr bool ha_sockets = false;
+constexpr int muitos_ficheiros = 400; // as fit on one command line
 
 inline bool Fazer_Tubo(const QString &) { return false; }
 inline bool Fazer_Atalho(const QString &, const QString &) { return false; }
