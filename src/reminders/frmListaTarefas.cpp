@@ -88,7 +88,7 @@ frmListaTarefas::frmListaTarefas(Geral &geral, Platform &platform, QWidget &jane
 void frmListaTarefas::Dar_Lugar_Ao_Ultimo_Titulo()
 {
     const QHeaderView &titulos = *ListViewTarefas->header();
-    const int barra = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    const int barra = ListViewTarefas->verticalScrollBar()->sizeHint().width();
     int resto = ListViewTarefas->width() - 2 * ListViewTarefas->frameWidth() - barra;
     for (const Coluna coluna : {coluna_tarefa, coluna_data, coluna_hora})
         resto -= titulos.sectionSize(coluna);

@@ -48,10 +48,6 @@ class Programa(ecra.Programa):
 
 class NoEcra(unittest.TestCase):
     @classmethod
-    def setUpClass(cls):
-        subprocess.run([NO_WINE, "--comeca"], env=WINE, check=True)
-
-    @classmethod
     def tearDownClass(cls):
         subprocess.run([NO_WINE, "--acaba"], env=WINE, check=True)
 
