@@ -194,9 +194,11 @@ class NoEcra(unittest.TestCase):
         self.programa.instalar(IDIOMA)
         self.comecar()
         self.menu(146, 148)
-        ecra.janela("Memo")
+        ecra.activar(ecra.janela("Memo"))
+        ecra.escrever("leite")  # its title
+        ecra.tecla("Return")
+        ecra.until(lambda: self.programa.sql("SELECT count(*) FROM TblMemos") == [(1,)], "the note")
         retrato("nota")
-        self.assertEqual(self.programa.sql("SELECT count(*) FROM TblMemos"), [(1,)])
         self.assertTrue(self.programa.vive())
 
     def test_um_aviso_sobe(self):
