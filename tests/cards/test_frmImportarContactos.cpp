@@ -452,7 +452,7 @@ private Q_SLOTS:
             form.cmdProcurar->click();
             QVERIFY(form.txtCaminho->text().isEmpty()); // a cancel is nothing
             form.cmdProcurar->click();
-            QCOMPARE(form.txtCaminho->text(), caminho);
+            QCOMPARE(form.txtCaminho->text(), QDir::toNativeSeparators(caminho));
             QTRY_VERIFY(!form.ProgressBar1->isVisible());
             form.cmdImportar->click();
             form.cmdCancelar->click();
