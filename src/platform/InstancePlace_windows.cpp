@@ -1,7 +1,6 @@
 #include "platform/InstancePlace.h"
 
 #include <QCryptographicHash>
-#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QLocalSocket>
@@ -10,6 +9,16 @@
 #include <QUuid>
 
 using namespace Qt::StringLiterals;
+
+namespace
+{
+// The names of the messages that nobody has heard yet, in their order.
+QStringList waitingAt(const QString &path)
+{
+    const QFileInfo place(path);
+    return QDir(place.path()).entryList({place.fileName() + u".*.call"_s}, QDir::Files, QDir::Name);
+}
+} // namespace
 
 QString instance_place::folder() { return QStandardPaths::writableLocation(QStandardPaths::TempLocation); }
 
@@ -25,18 +34,19 @@ QString instance_place::socketName(const QString &path)
 // connection alone the news of it. By their names they stand in the order in which they were written.
 void instance_place::say(QLocalSocket &, const QString &path, const QByteArray &message)
 {
-    const QString time = QString::number(QDateTime::currentMSecsSinceEpoch()).rightJustified(16, u'0');
-    QSaveFile file(path + u'.' + time + u'.' + QUuid::createUuid().toString(QUuid::Id128) + u".call"_s);
+    const QStringList waiting = waitingAt(path);
+    const int number = waiting.isEmpty() ? 0 : waiting.constLast().section(u'.', -3, -3).toInt() + 1;
+    const QString place = QString::number(number).rightJustified(9, u'0');
+    QSaveFile file(path + u'.' + place + u'.' + QUuid::createUuid().toString(QUuid::Id128) + u".call"_s);
     if (file.open(QIODevice::WriteOnly) && file.write(message) == message.size()) file.commit();
 }
 
 QList<QByteArray> instance_place::heard(QLocalSocket &caller, const QString &path)
 {
     static qsizetype heardBefore = 0; // messages of callers that have not gone yet
-    const QFileInfo place(path);
-    const QDir folder(place.path());
+    const QDir folder(QFileInfo(path).path());
     QList<QByteArray> messages;
-    for (const QString &name : folder.entryList({place.fileName() + u".*.call"_s}, QDir::Files, QDir::Name)) {
+    for (const QString &name : waitingAt(path)) {
         QFile file(folder.filePath(name));
         if (file.open(QIODevice::ReadOnly)) messages << file.readAll();
         file.close();

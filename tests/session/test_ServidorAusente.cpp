@@ -23,7 +23,8 @@ struct Posto {
 
     bool Passo(const char *nome)
     {
-        for (const Arranque::Passo &passo : janela.Inicio().Passos())
+        Arranque inicio = janela.Inicio();
+        for (const Arranque::Passo &passo : inicio.Passos())
             if (QByteArray(passo.nome) == nome) return skipFailure(passo.executar);
         QTest::qFail("no such step", __FILE__, __LINE__);
         return false;
@@ -119,7 +120,8 @@ private Q_SLOTS:
         Main janela(s.geral, s.plataforma);
         accoes::Quando_Abrir<frmSeleccionarIdioma>(
             [](frmSeleccionarIdioma &bandeiras) { bandeiras.cmdUK->click(); });
-        for (const Arranque::Passo &passo : janela.Inicio().Passos())
+        Arranque inicio = janela.Inicio();
+        for (const Arranque::Passo &passo : inicio.Passos())
             if (QByteArray(passo.nome) == "Escolher_Idioma" || QByteArray(passo.nome) == "Ler_TblConfig")
                 passo.executar();
         QCOMPARE(s.geral.IdiomaActual, u"InglesUK"_s);

@@ -16,7 +16,8 @@ class TestStartWithAddress : public QObject
     // Whether the start came past its first use of the database.
     static bool started(Main &window)
     {
-        for (const Arranque::Passo &step : window.Inicio().Passos())
+        Arranque start = window.Inicio();
+        for (const Arranque::Passo &step : start.Passos())
             if (QByteArray(step.nome) == "Ler_TblConfig") return skipFailure(step.executar);
         return false;
     }
