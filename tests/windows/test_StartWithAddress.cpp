@@ -24,6 +24,7 @@ class TestStartWithAddress : public QObject
     static void putAddress(Sistema &s)
     {
         const QString address = u"postgresql://ana@servidor/agenda"_s;
+        s.geral.de.Fechar_Ligacao();
         s.geral.ini.Escrever_Ini(u"basedados"_s, u"caminhobd"_s, address);
         s.geral.de.Base().Tomar(address);
     }
