@@ -1,5 +1,5 @@
-// The frames that the system draws round the program's windows, in dark where dark windows are asked for: those that are
-// there, and each one that comes.
+// The frames that the system draws round the program's windows, in dark where dark windows are asked for:
+// those that are there, and each one that comes.
 #pragma once
 
 #include <functional>

@@ -26,5 +26,8 @@ inline bool Fazer_Segundo_Nome(const QString &de, const QString &caminho)
     return ::link(qPrintable(de), qPrintable(caminho)) == 0;
 }
 // The same file under a name that differs by capitals alone, as a folder that tells none apart would show it.
-inline bool Como_Sem_Maiusculas(const QString &de, const QString &caminho) { return Fazer_Atalho(de, caminho); }
+inline bool Como_Sem_Maiusculas(const QString &de, const QString &caminho)
+{
+    return Fazer_Atalho(de, caminho);
+}
 } // namespace outros_nomes

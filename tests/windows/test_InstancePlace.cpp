@@ -23,7 +23,8 @@ private Q_SLOTS:
         QVERIFY(QDir(folder.path()).isEmpty());
         QCOMPARE(instance_place::heard(caller, path), QList<QByteArray>()); // the second goes, who was heard
         QCOMPARE(instance_place::heard(caller, path), QList<QByteArray>());
-        QCOMPARE(instance_place::heard(caller, path), QList<QByteArray>{QByteArray()}); // one who said nothing
+        QCOMPARE(instance_place::heard(caller, path),
+                 QList<QByteArray>{QByteArray()}); // one who said nothing
     }
 
     void each_program_hears_its_own()

@@ -1,4 +1,5 @@
-// A file in whose place another comes, while somebody has it open: what looks files over opens each new one for a moment.
+// A file in whose place another comes, while somebody has it open: what looks files over opens each new one
+// for a moment.
 #include "platform/ReplaceFile.h"
 
 #include <QtTest>

@@ -1,4 +1,5 @@
-// Where the program runs on Wine, whose TLS knows the client's part alone, no server of a test can show a certificate.
+// Where the program runs on Wine, whose TLS knows the client's part alone, no server of a test can show a
+// certificate.
 #pragma once
 
 #include <QSslCertificate>

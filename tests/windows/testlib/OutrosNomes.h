@@ -1,5 +1,5 @@
-// Pipes have a place of their own here, and only an administrator makes links that programs follow unasked. A second name of
-// one file anybody can give.
+// Pipes have a place of their own here, and only an administrator makes links that programs follow unasked. A
+// second name of one file anybody can give.
 #pragma once
 
 #include <filesystem>
