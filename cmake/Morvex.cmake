@@ -75,7 +75,7 @@ function(morvex_teste caminho)
         set(construir EXCLUDE_FROM_ALL)
     endif()
     add_executable(${nome} ${construir} ${caminho}.cpp ${ARG_FICHEIROS})
-    target_link_libraries(${nome} PRIVATE ${ARG_LIGA} morvex_testlib Qt6::Test morvex_opcoes)
+    target_link_libraries(${nome} PRIVATE ${ARG_LIGA} morvex_testlib ${morvex_do_sistema} Qt6::Test morvex_opcoes)
     target_precompile_headers(${nome} REUSE_FROM morvex_cabecalhos)
     set_target_properties(${nome} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
     add_test(NAME ${caminho} COMMAND ${nome})
@@ -100,6 +100,11 @@ function(morvex_ambiente teste nome)
         TIMEOUT 300
         FAIL_REGULAR_EXPRESSION "Totals: [0-2] passed, 0 failed"
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen;HOME=${casa};XDG_DATA_HOME=${casa}/dados;XDG_CONFIG_HOME=${casa}/config;XDG_RUNTIME_DIR=${casa};TZ=Europe/Lisbon;LC_ALL=C.UTF-8;DBUS_SESSION_BUS_ADDRESS=disabled:;MORVEX_ENVIADOS=${PROJECT_BINARY_DIR}/bin;QT_LOGGING_RULES=qt.qpa.*=false;ASAN_OPTIONS=detect_leaks=1:abort_on_error=0;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1")
+    if(WIN32)
+        set_tests_properties(${teste} PROPERTIES FIXTURES_REQUIRED wine)
+        # CTest alone decides how long a test may take.
+        set_property(TEST ${teste} APPEND PROPERTY ENVIRONMENT QTEST_FUNCTION_TIMEOUT=1800000)
+    endif()
 endfunction()
 
 # morvex_teste_x11(<script>)

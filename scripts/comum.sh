@@ -37,7 +37,7 @@ pacotes_para_empacotar=(dpkg-dev desktop-file-utils appstream lintian git)
 pacotes_para_windows=(
     g++-mingw-w64-x86-64-posix ccache cmake ninja-build dpkg-dev
     qt6-base-dev qt6-base-dev-tools icu-devtools tcl
-    wine64 wine xvfb xauth nsis zip
+    wine64 wine xvfb xauth nsis zip xz-utils qt6-translations-l10n
 )
 
 # Installs those of the named packages that are missing, and says which.

@@ -14,7 +14,8 @@ set(morvex_so_linux
     platform/test_SomGravado
     platform/test_TrayHosts
     session/test_autorun
-    # They print on a spooler, or call an office suite, of this machine.
+    # They print on a spooler, or call an office suite or a reader of PDF, of this machine.
+    printing/test_Paginas
     report/test_ReportExport
     report/test_ReportPrinting
     interchange/test_exportacao
@@ -43,13 +44,5 @@ set(morvex_so_linux
     data/test_criar_bd
     ferramentas/test_desenhos
     ferramentas/test_Manual
-    # They take the disk, the rights, the memory or the process itself away with calls that only Unix has.
-    cards/test_EscritaDaImportacao
-    cards/test_ExportacaoDeContactos
-    data/test_PassosDoEsquema
-    interchange/test_RegistosEstragados
-    interchange/test_frmBackup
-    interchange/test_frmImportar
-    interchange/test_frmImportarMDB
-    jet/test_JetFile
+    # It asks the allocator of Unix's library.
     platform/test_FreeMemory)

@@ -4,6 +4,7 @@
 #include "controls/Palettes.h"
 #include "controls/Scale.h"
 #include "controls/Style.h"
+#include "platform/ColourScheme.h"
 #include "platform/Failure.h"
 #include "platform/MessageBoxes.h"
 
@@ -34,7 +35,7 @@ Application::Application(int &argc, char **argv, MessageBoxes &boxes)
     setWindowIcon(QIcon(QStringLiteral(":/imagens/morvex.svg")));
     setQuitOnLastWindowClosed(false);
     setStyle(new Style);
-    ownPalette_ = palette() == style()->standardPalette();
+    ownPalette_ = ColourScheme::wantsOwnColours(palette() == style()->standardPalette());
     setDark(false);
     scale::setLetters(scale::lettersFor(font(), primaryScreen()->logicalDotsPerInchY()));
     FocusColour::install(*this);

@@ -66,7 +66,7 @@ QString frmBackup::GetBrowseDirectory()
     const auto pasta =
         platform_.dialogs.folder(u"Choose a directory from the list."_s, QDir::rootPath(), this);
     if (!pasta) return {};
-    return pasta->endsWith(QDir::separator()) ? *pasta : *pasta + QDir::separator();
+    return pasta->endsWith(u'/') ? *pasta : *pasta + u'/';
 }
 
 QString frmBackup::Copia_De_Trabalho() const { return geral_.Ficheiro(u"MorvexCopy.mdb"_s); }

@@ -10,6 +10,10 @@ class ColourScheme final : public QObject
 public:
     using QObject::QObject;
 
+    // Whether the windows are to have the program's own colours: a desktop may ask for some of its own. The toolkit's are
+    // plain where it found none.
+    static bool wantsOwnColours(bool plain);
+
     // Asks, and listens from then on; never waits. Where the desktop has no such setting nothing is ever
     // told.
     void watch();

@@ -63,6 +63,8 @@ private:
     }
 };
 
+bool ColourScheme::wantsOwnColours(bool plain) { return plain; }
+
 void ColourScheme::watch()
 {
     if (!sessionBusIsThere()) return;

@@ -1,5 +1,6 @@
 // As the system's settings keep it for programs.
 #include "platform/ColourScheme.h"
+#include "platform/DarkFrames.h"
 #include "platform/WindowsRegistry.h"
 
 #include <QAbstractNativeEventFilter>
@@ -31,7 +32,12 @@ class ThemeSetting final : public QObject, private QAbstractNativeEventFilter
 public:
     ThemeSetting() { qApp->installNativeEventFilter(this); }
 
-    Q_SLOT void tell() { Q_EMIT darkTold(isDark()); }
+    Q_SLOT void tell()
+    {
+        const bool dark = isDark();
+        frames_.setDark(dark);
+        Q_EMIT darkTold(dark);
+    }
 
 Q_SIGNALS:
     void darkTold(bool dark);
@@ -43,7 +49,18 @@ private:
             QMetaObject::invokeMethod(this, &ThemeSetting::tell, Qt::QueuedConnection);
         return false;
     }
+
+    DarkFrames frames_;
 };
+
+// The toolkit finds colours there always. They matter to whoever chose great contrast.
+bool ColourScheme::wantsOwnColours(bool)
+{
+    HIGHCONTRASTW contrast{};
+    contrast.cbSize = sizeof contrast;
+    const bool told = SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) != 0;
+    return !told || (contrast.dwFlags & HCF_HIGHCONTRASTON) == 0;
+}
 
 void ColourScheme::watch()
 {

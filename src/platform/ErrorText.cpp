@@ -164,6 +164,14 @@ constexpr std::array table{
            u"Nessuna connessione al server. Ciò che si è scritto è ancora qui: attendere che il server torni e riprovare.",
            u"Pas de connexion au serveur. Ce que vous avez écrit est toujours là : attendez le retour du serveur, puis réessayez.",
            u"Keine Verbindung zum Server. Was Sie geschrieben haben, ist noch da: Warten Sie, bis der Server zurück ist, und versuchen Sie es noch einmal."}},
+    Words{Failure::Kind::ServersNotReached,
+          {u"Esta edição do programa não chega a servidores: trabalha só com um ficheiro. Ponha o caminho de um ficheiro no lugar do endereço, nas opções ou em config.ini.",
+           u"Esta edição do programa não acessa servidores: trabalha só com um arquivo. Ponha o caminho de um arquivo no lugar do endereço, nas opções ou em config.ini.",
+           u"This edition of the program reaches no servers: it works with a file alone. Put the path of a file in the place of the address, in the options or in config.ini.",
+           u"Esta edición del programa no llega a servidores: solo trabaja con un archivo. Ponga la ruta de un archivo en lugar de la dirección, en las opciones o en config.ini.",
+           u"Questa edizione del programma non raggiunge i server: lavora soltanto con un file. Mettere il percorso di un file al posto dell’indirizzo, nelle opzioni o in config.ini.",
+           u"Cette édition du programme n’accède à aucun serveur\u00a0: elle ne travaille qu’avec un fichier. Mettez le chemin d’un fichier à la place de l’adresse, dans les options ou dans config.ini.",
+           u"Diese Ausgabe des Programms erreicht keine Server: Sie arbeitet nur mit einer Datei. Setzen Sie in den Optionen oder in config.ini den Pfad einer Datei an die Stelle der Adresse."}},
 };
 // clang-format on
 

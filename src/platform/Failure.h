@@ -47,6 +47,7 @@ public:
         ServerPasswordFile, // the same, for others may read the file of passwords, and so it is not looked at
         ServerNoDatabase,   // the server is there, and has none of that name
         ServerLost,         // the connection went, or nobody answered in time; it comes back by itself
+        ServersNotReached,  // an address, where this edition works with files alone
     };
 
     Failure(int number, QString source, QString description, Kind kind = Kind::Other);

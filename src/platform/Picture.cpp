@@ -33,9 +33,10 @@ bool isDrawing(const QImageReader &reader) { return reader.format().startsWith("
 
 QString pictureFile(const QString &folder, const QString &stored)
 {
-    const bool complete = stored.mid(1, 2) == QLatin1String(":\\") ||
-                          stored.startsWith(QLatin1String("\\\\")) || QDir::isAbsolutePath(stored);
-    return complete ? stored : fileIn(folder, QString(stored).replace(u'\\', QDir::separator()));
+    const bool ofSomeDisk = stored.startsWith(u'\\'); // which disk was meant is not known
+    const bool complete = stored.mid(1, 2) == QLatin1String(":\\") || stored.startsWith(QLatin1String("\\\\")) ||
+                          (QDir::isAbsolutePath(stored) && !ofSomeDisk);
+    return complete ? stored : fileIn(folder, QString(stored).replace(u'\\', u'/'));
 }
 
 // Where the points are read from.

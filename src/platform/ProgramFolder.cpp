@@ -61,4 +61,4 @@ ProgramFolder::Surroundings ProgramFolder::current(const QString &installedData)
             QDir::cleanPath(QDir(own).absoluteFilePath(installedData))};
 }
 
-QString fileIn(const QString &folder, const QString &name) { return folder + QDir::separator() + name; }
+QString fileIn(const QString &folder, const QString &name) { return folder + u'/' + name; }

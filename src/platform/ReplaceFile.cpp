@@ -13,7 +13,12 @@ bool FileReplacement::append(const QByteArray &portion)
 }
 
 // That of the toolkit alone is not enough: it puts a file in place that a full disk cut short.
-bool FileReplacement::commit() { return isGood_ && file_.flush() && isOnTheDisk(file_) && file_.commit(); }
+bool FileReplacement::commit()
+{
+    if (!isGood_ || !file_.flush() || !isOnTheDisk(file_)) return false;
+    waitForReaders(file_.fileName());
+    return file_.commit();
+}
 
 bool replaceFile(const QString &path, const QByteArray &bytes)
 {

@@ -12,9 +12,8 @@
 
 namespace
 {
-constexpr int patience = 2000;      // ms for the first one to take the call
-constexpr int longPatience = 30000; // ms for it to take more words than the system keeps for it meanwhile
-constexpr qsizetype digits = 16;    // a socket's path must stay short
+constexpr int patience = 2000;   // ms for the first one to take the call
+constexpr qsizetype digits = 16; // a socket's path must stay short
 
 QString pathFor(const QString &runtimeFolder, const QString &folder)
 {
@@ -54,8 +53,8 @@ SingleInstance::SingleInstance(const QString &programFolder)
 }
 
 SingleInstance::SingleInstance(const QString &programFolder, const QString &runtimeFolder)
-    : address_(instance_place::socketName(pathFor(runtimeFolder, programFolder))),
-      lock_(pathFor(runtimeFolder, programFolder) + QStringLiteral(".lock")),
+    : path_(pathFor(runtimeFolder, programFolder)), address_(instance_place::socketName(path_)),
+      lock_(path_ + QStringLiteral(".lock")),
       server_(new QLocalServer(this))
 {
     lock_.setStaleLockTime(0); // age says nothing: a lock is stale when its process is gone
@@ -75,8 +74,7 @@ bool SingleInstance::claim(const Call &call)
     return true;
 }
 
-// The first may hold the lock already and not listen yet. What the system took is read by the first when it
-// comes to it, however long it is busy.
+// The first may hold the lock already and not listen yet.
 bool SingleInstance::callFirst(const Call &call) const
 {
     constexpr int pause = 20; // ms
@@ -84,9 +82,7 @@ bool SingleInstance::callFirst(const Call &call) const
         QLocalSocket first;
         first.connectToServer(address_);
         if (first.waitForConnected(patience)) {
-            first.write(messageOf(call));
-            while (first.bytesToWrite() > 0 && first.waitForBytesWritten(longPatience)) {
-            }
+            instance_place::say(first, path_, messageOf(call));
             return true;
         }
         QThread::msleep(pause);
@@ -104,7 +100,8 @@ void SingleInstance::listen()
 void SingleInstance::answer(QLocalSocket &caller)
 {
     const auto gone = [this, &caller] {
-        hear(caller.readAll());
+        for (const QByteArray &message : instance_place::heard(caller, path_))
+            hear(message);
         caller.deleteLater();
     };
     if (caller.state() == QLocalSocket::UnconnectedState) return gone();

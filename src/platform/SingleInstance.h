@@ -40,6 +40,7 @@ private:
     void answer(QLocalSocket &caller);
     void hear(const QByteArray &message);
 
+    QString path_;    // stands for this program in the user's folder
     QString address_; // of the socket
     QLockFile lock_;  // held as long as the process lives, so it cannot be mistaken for a stale one
     QLocalServer *server_;

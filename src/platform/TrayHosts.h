@@ -4,7 +4,8 @@
 // latter.
 #pragma once
 
-#include <memory>
+#include "platform/TrayHostsWatch.h"
+
 #include <QObject>
 
 class TrayHosts final : public QObject
@@ -21,12 +22,9 @@ public:
     bool onSelection() const;
     bool onBus() const;
 
-    // Whoever looks for hosts of one system.
-    class Watch;
-
 Q_SIGNALS:
     void changed();
 
 private:
-    std::unique_ptr<Watch> watch_; // null until it is asked for
+    std::unique_ptr<TrayHostsWatch> watch_; // null until it is asked for
 };

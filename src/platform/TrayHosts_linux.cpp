@@ -1,10 +1,8 @@
-#include "platform/TrayHosts.h"
-
 #include "platform/SessionBus.h"
+#include "platform/TrayHostsWatch.h"
 
 #include <cstdint>
 #include <cstdlib>
-#include <memory>
 #include <QAbstractNativeEventFilter>
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -54,21 +52,19 @@ xcb_atom_t atomOf(xcb_connection_t *connection, std::string_view name)
     const auto reply = owned(xcb_intern_atom_reply(connection, question, nullptr));
     return reply == nullptr ? xcb_atom_t(XCB_ATOM_NONE) : reply->atom;
 }
-} // namespace
-
-class TrayHosts::Watch final : public QObject, private QAbstractNativeEventFilter
+class DesktopWatch final : public QObject, public TrayHostsWatch, private QAbstractNativeEventFilter
 {
     Q_OBJECT
 public:
-    explicit Watch(TrayHosts &hosts) : hosts_(hosts) {}
+    explicit DesktopWatch(std::function<void()> changed) : changed_(std::move(changed)) {}
 
-    void begin()
+    void begin() override
     {
         watchSelection();
         watchBus();
     }
-    bool onSelection() const { return owner_ != 0; }
-    bool onBus() const { return onBus_; }
+    bool onSelection() const override { return owner_ != 0; }
+    bool onBus() const override { return onBus_; }
 
 private:
     Q_SLOT void askBus();
@@ -78,7 +74,7 @@ private:
     void watchBus();
     void busAnswered(const QDBusMessage &reply);
 
-    TrayHosts &hosts_;
+    std::function<void()> changed_;
     std::uint32_t selection_ = 0; // the two names, as the X server knows them
     std::uint32_t manager_ = 0;
     std::uint32_t owner_ = 0; // the window that holds the selection; 0: none
@@ -86,7 +82,7 @@ private:
     int lastQuestion_ = 0; // an answer to an earlier one is out of date
 };
 
-void TrayHosts::Watch::watchSelection()
+void DesktopWatch::watchSelection()
 {
     xcb_connection_t *connection = xConnection();
     if (connection == nullptr) return;
@@ -99,7 +95,7 @@ void TrayHosts::Watch::watchSelection()
 
 // A new owner tells everybody so, and the end of its window is told to whom wants to know. The toolkit
 // listens to the root window already.
-bool TrayHosts::Watch::nativeEventFilter(const QByteArray &type, void *message, qintptr *)
+bool DesktopWatch::nativeEventFilter(const QByteArray &type, void *message, qintptr *)
 {
     if (type != "xcb_generic_event_t") return false;
     const auto *event = static_cast<const xcb_generic_event_t *>(message);
@@ -112,11 +108,11 @@ bool TrayHosts::Watch::nativeEventFilter(const QByteArray &type, void *message, 
         matters = owner_ != 0 && static_cast<const xcb_destroy_notify_event_t *>(message)->window == owner_;
     }
     // Behind the toolkit's own handling, which lets go of the old host or takes to the new one.
-    if (matters) QMetaObject::invokeMethod(this, &Watch::lookAtSelection, Qt::QueuedConnection);
+    if (matters) QMetaObject::invokeMethod(this, &DesktopWatch::lookAtSelection, Qt::QueuedConnection);
     return false;
 }
 
-void TrayHosts::Watch::lookAtSelection()
+void DesktopWatch::lookAtSelection()
 {
     xcb_connection_t *connection = xConnection();
     const auto reply = owned(
@@ -128,17 +124,17 @@ void TrayHosts::Watch::lookAtSelection()
             xcb_change_window_attributes_checked(connection, owner, XCB_CW_EVENT_MASK, &wanted);
         if (owned(xcb_request_check(connection, request)) != nullptr) owner = 0; // gone meanwhile
     }
-    if (std::exchange(owner_, owner) != owner) Q_EMIT hosts_.changed();
+    if (std::exchange(owner_, owner) != owner) changed_();
 }
 
 // The names stand open for every sender: to bind one to the watcher, the toolkit would ask the bus and wait.
-void TrayHosts::Watch::watchBus()
+void DesktopWatch::watchBus()
 {
     if (!sessionBusIsThere()) return;
     QDBusConnection bus = QDBusConnection::sessionBus();
     auto *owners = new QDBusServiceWatcher(QLatin1String(watcherName), bus,
                                            QDBusServiceWatcher::WatchForOwnerChange, this);
-    connect(owners, &QDBusServiceWatcher::serviceOwnerChanged, this, &Watch::askBus);
+    connect(owners, &QDBusServiceWatcher::serviceOwnerChanged, this, &DesktopWatch::askBus);
     for (const auto &news :
          {QStringLiteral("StatusNotifierHostRegistered"), QStringLiteral("StatusNotifierHostUnregistered")})
         bus.connect(QString(), QLatin1String(watcherPath), QLatin1String(watcherName), news, this,
@@ -149,7 +145,7 @@ void TrayHosts::Watch::watchBus()
     if (reply.errorName() == QDBusError::errorString(QDBusError::NoReply)) askBus(); // it may just be slow
 }
 
-void TrayHosts::Watch::askBus()
+void DesktopWatch::askBus()
 {
     const int number = ++lastQuestion_;
     auto *answer = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(hostQuestion()), this);
@@ -159,24 +155,17 @@ void TrayHosts::Watch::askBus()
     });
 }
 
-void TrayHosts::Watch::busAnswered(const QDBusMessage &reply)
+void DesktopWatch::busAnswered(const QDBusMessage &reply)
 {
     const bool there = reply.type() == QDBusMessage::ReplyMessage && !reply.arguments().isEmpty() &&
                        reply.arguments().constFirst().value<QDBusVariant>().variant().toBool();
-    if (std::exchange(onBus_, there) != there) Q_EMIT hosts_.changed();
+    if (std::exchange(onBus_, there) != there) changed_();
 }
+} // namespace
 
-TrayHosts::TrayHosts(QObject *parent) : QObject(parent) {}
-TrayHosts::~TrayHosts() = default;
-
-void TrayHosts::watch()
+std::unique_ptr<TrayHostsWatch> TrayHostsWatch::ofThisSystem(std::function<void()> changed)
 {
-    if (watch_) return;
-    watch_ = std::make_unique<Watch>(*this);
-    watch_->begin();
+    return std::make_unique<DesktopWatch>(std::move(changed));
 }
-
-bool TrayHosts::onSelection() const { return watch_ && watch_->onSelection(); }
-bool TrayHosts::onBus() const { return watch_ && watch_->onBus(); }
 
 #include "TrayHosts_linux.moc"

@@ -1,54 +1,52 @@
-#include "platform/TrayHosts.h"
+#include "platform/TrayHostsWatch.h"
 
 #include <QAbstractNativeEventFilter>
 #include <QGuiApplication>
 #include <utility>
 #include <windows.h>
 
+namespace
+{
 // The task bar holds the notification area. It is there from the beginning of a session and comes anew when
 // the desktop's own program was started again, which it tells every window.
-class TrayHosts::Watch final : public QObject, private QAbstractNativeEventFilter
+class TaskbarWatch final : public QObject, public TrayHostsWatch, private QAbstractNativeEventFilter
 {
 public:
-    explicit Watch(TrayHosts &hosts) : hosts_(hosts), barMade_(RegisterWindowMessageW(L"TaskbarCreated")) {}
+    explicit TaskbarWatch(std::function<void()> changed)
+        : changed_(std::move(changed)), barMade_(RegisterWindowMessageW(L"TaskbarCreated"))
+    {
+    }
 
-    void begin()
+    void begin() override
     {
         qGuiApp->installNativeEventFilter(this);
         look();
     }
-    bool onSelection() const { return false; }
-    bool onBus() const { return there_; }
+    bool onSelection() const override { return false; }
+    bool onBus() const override { return there_; }
 
 private:
     bool nativeEventFilter(const QByteArray &, void *message, qintptr *) override
     {
         // Behind the toolkit's own handling, which puts its icon there anew.
         if (static_cast<const MSG *>(message)->message == barMade_)
-            QMetaObject::invokeMethod(this, &Watch::look, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(this, &TaskbarWatch::look, Qt::QueuedConnection);
         return false;
     }
 
     void look()
     {
         const bool there = FindWindowW(L"Shell_TrayWnd", nullptr) != nullptr;
-        if (std::exchange(there_, there) != there) Q_EMIT hosts_.changed();
+        if (std::exchange(there_, there) != there) changed_();
     }
 
-    TrayHosts &hosts_;
+    std::function<void()> changed_;
     UINT barMade_;
     bool there_ = false;
 };
+} // namespace
 
-TrayHosts::TrayHosts(QObject *parent) : QObject(parent) {}
-TrayHosts::~TrayHosts() = default;
-
-void TrayHosts::watch()
+std::unique_ptr<TrayHostsWatch> TrayHostsWatch::ofThisSystem(std::function<void()> changed)
 {
-    if (watch_) return;
-    watch_ = std::make_unique<Watch>(*this);
-    watch_->begin();
+    return std::make_unique<TaskbarWatch>(std::move(changed));
 }
-
-bool TrayHosts::onSelection() const { return watch_ && watch_->onSelection(); }
-bool TrayHosts::onBus() const { return watch_ && watch_->onBus(); }

@@ -88,11 +88,12 @@ frmListaTarefas::frmListaTarefas(Geral &geral, Platform &platform, QWidget &jane
 void frmListaTarefas::Dar_Lugar_Ao_Ultimo_Titulo()
 {
     const QHeaderView &titulos = *ListViewTarefas->header();
-    const int barra = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    const int barra = ListViewTarefas->verticalScrollBar()->sizeHint().width();
     int resto = ListViewTarefas->width() - 2 * ListViewTarefas->frameWidth() - barra;
     for (const Coluna coluna : {coluna_tarefa, coluna_data, coluna_hora})
         resto -= titulos.sectionSize(coluna);
-    const int falta = titulos.sectionSizeHint(coluna_repeticao) - resto;
+    // The last column, which takes what the others leave, never gets smaller than a new one.
+    const int falta = std::max(titulos.sectionSizeHint(coluna_repeticao), titulos.defaultSectionSize()) - resto;
     const int tarefa = titulos.sectionSize(coluna_tarefa);
     if (falta > 0) ListViewTarefas->setColumnWidth(coluna_tarefa, std::max(tarefa - falta, tarefa / 2));
 }

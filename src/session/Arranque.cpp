@@ -42,7 +42,7 @@ Arranque::Arranque(Janela &janela, Geral &geral, Platform &platform, const Parte
 {
 }
 
-std::vector<Arranque::Passo> Arranque::Passos()
+std::vector<Arranque::Passo> Arranque::Passos() &
 {
     return {
         {"Escrever_Data", [this] { Escrever_Data(); }},

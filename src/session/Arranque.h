@@ -35,8 +35,8 @@ public:
 
     Arranque(Janela &janela, Geral &geral, Platform &platform, const Partes &partes);
 
-    // What a start does, from the first step to the last.
-    std::vector<Passo> Passos();
+    // What a start does, from the first step to the last. They live no longer than it.
+    std::vector<Passo> Passos() &;
 
     void Executar();
 

@@ -7,6 +7,7 @@
 #include "cards/RotulosDoCartao.h"
 #include "data/Fotografias.h"
 #include "testlib/DiscoPequeno.h"
+#include "testlib/OutrosNomes.h"
 #include "testlib/SemPrivilegios.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
@@ -16,7 +17,6 @@
 #include <QImage>
 #include <QScopeGuard>
 #include <QUuid>
-#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 using C = Coluna;
@@ -301,9 +301,11 @@ private Q_SLOTS:
         CartoesGuardados(c.s.geral.de).Guardar({ana, u"u-1"_s, {}});
         c.Novo(u"Rui"_s);
         c.s.geral.de.Fechar_Ligacao();
-        QVERIFY(::chmod(qPrintable(c.s.Base()), 0444) == 0 && ::chmod(qPrintable(c.s.Pasta()), 0555) == 0);
-        QVERIFY(::chmod(qPrintable(c.saida.path()), 0777) == 0);
-        const auto arrumar = qScopeGuard([&] { ::chmod(qPrintable(c.s.Pasta()), 0755); });
+        QVERIFY(QFile::setPermissions(c.s.Base(), QFile::Permissions(0x4444)));
+        QVERIFY(QFile::setPermissions(c.s.Pasta(), QFile::Permissions(0x5555)));
+        QVERIFY(QFile::setPermissions(c.saida.path(), QFile::Permissions(0x7777)));
+        const auto arrumar =
+            qScopeGuard([&] { QFile::setPermissions(c.s.Pasta(), QFile::Permissions(0x7755)); });
         const SemPrivilegios ninguem;
         if (!ninguem.Possivel()) QSKIP("this machine keeps its rights");
         c.s.geral.de.Reabrir_Ligacao();
@@ -334,7 +336,7 @@ private Q_SLOTS:
     {
         ComLivro c;
         Por_Ficheiro(c.s.Ficheiro(u"fotos/a.png"_s), "root:x:0:0");
-        QCOMPARE(::mkfifo(qPrintable(c.s.Ficheiro(u"fotos/cano.png"_s)), 0600), 0);
+        QCOMPARE(outros_nomes::Fazer_Tubo(c.s.Ficheiro(u"fotos/cano.png"_s)), outros_nomes::ha_tubos);
         for (const QString &fotografia :
              {u"fotos/a.png"_s, u"fotos/nada.png"_s, u"fotos/cano.png"_s, u"fotos"_s, u"bd:0000.png"_s})
             c.Novo(u"Ana"_s, 1, fotografia);

@@ -316,9 +316,9 @@ private Q_SLOTS:
         frmImportarContactos form(p.s.geral, p.s.plataforma, &p.janela);
         form.show();
         const QString caminho = p.s.Ficheiro(u"nao-ha.vcf"_s);
-        p.s.caixas.Espera(p.s.Texto(87) + u"\r\n"_s + caminho, box::stop, p.s.Texto(285));
+        p.s.caixas.Espera(p.s.Texto(87) + u"\r\n"_s + QDir::toNativeSeparators(caminho), box::stop, p.s.Texto(285));
         form.Abrir(caminho);
-        p.s.caixas.Espera(p.s.Texto(87) + u"\r\n"_s + p.s.Pasta(), box::stop, p.s.Texto(285));
+        p.s.caixas.Espera(p.s.Texto(87) + u"\r\n"_s + QDir::toNativeSeparators(p.s.Pasta()), box::stop, p.s.Texto(285));
         form.Abrir(p.s.Pasta());
         QVERIFY(!form.cmdImportar->isEnabled());
     }
@@ -452,7 +452,7 @@ private Q_SLOTS:
             form.cmdProcurar->click();
             QVERIFY(form.txtCaminho->text().isEmpty()); // a cancel is nothing
             form.cmdProcurar->click();
-            QCOMPARE(form.txtCaminho->text(), caminho);
+            QCOMPARE(form.txtCaminho->text(), QDir::toNativeSeparators(caminho));
             QTRY_VERIFY(!form.ProgressBar1->isVisible());
             form.cmdImportar->click();
             form.cmdCancelar->click();

@@ -4,6 +4,7 @@
 #include "controls/Controls.h"
 #include "data/CartoesGuardados.h"
 #include "session/Legendas.h"
+#include "testlib/FicheiroAberto.h"
 #include "testlib/FotografiaNaBase.h"
 #include "testlib/SeteLinguas.h"
 
@@ -512,6 +513,7 @@ private Q_SLOTS:
     void com_a_base_fora_do_lugar_ouve_se_e_depois_ainda_se_desfaz()
     {
         SO_NUM_FICHEIRO("it is moved away");
+        if (!um_aberto_troca_se) QSKIP("nobody moves a file away here that is open");
         Apagador a;
         const int ana = a.Contacto(u"Ana"_s, ComGrupos::Amigos);
         a.Eliminar(ana);

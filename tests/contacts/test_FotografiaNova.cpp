@@ -498,6 +498,7 @@ private Q_SLOTS:
         QVERIFY(QDir(s.Pasta()).mkpath(u"fotografias"_s));
         QFile ficheiro(s.Ficheiro(nome));
         QVERIFY(ficheiro.open(QIODevice::WriteOnly));
+        ficheiro.close();
         FotografiaNova(s.geral, FotografiaNova::Onde::Ficheiro).Abandonar(ficheiro.fileName());
         QCOMPARE(ficheiro.exists(), !apaga_se);
     }

@@ -376,7 +376,7 @@ private Q_SLOTS:
 
 int main(int argc, char **argv)
 {
-    QTemporaryFile screens;
+    QTemporaryFile screens(QStringLiteral("screens-XXXXXX")); // here: what stands behind a colon is another argument
     if (!screens.open()) return 1;
     screens.write(R"({"screens": [
         {"name": "first", "x": 1024, "y": 200, "width": 1600, "height": 900,
@@ -384,7 +384,7 @@ int main(int argc, char **argv)
         {"name": "second", "x": 0, "y": 0, "width": 1024, "height": 768,
          "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
     screens.close();
-    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + screens.fileName().toUtf8());
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QDir().relativeFilePath(screens.fileName()).toUtf8());
     teste::CaixasDaAplicacao boxes;
     Application application(argc, argv, boxes);
     TestRisingCard tests;

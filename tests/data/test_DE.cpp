@@ -98,7 +98,7 @@ private Q_SLOTS:
         Sistema s(Sistema::Estado::Vazio);
         QCOMPARE(s.geral.CaminhoBD, u""_s);
         QCOMPARE(Grupos(s.geral), 0);
-        QCOMPARE(s.geral.CaminhoBD, s.Pasta() + QDir::separator() + u"morvex.mdb"_s);
+        QCOMPARE(s.geral.CaminhoBD, s.Pasta() + u"/morvex.mdb"_s);
         QCOMPARE(s.geral.ini.Ler_Ini(u"basedados"_s, u"caminhobd"_s), u""_s);
     }
 

@@ -189,9 +189,8 @@ private Q_SLOTS:
         a.s.geral.CaminhoBD = outra;
         QVERIFY(a.s.geral.de.Em_Dia());
         a.Continua_Antiga(); // the one that was not chosen
-        QVERIFY(QFile::remove(a.s.Base()) && QFile::rename(outra, a.s.Base()));
         Sistema depois(Sistema::Estado::Sem_Base);
-        QVERIFY(QFile::copy(a.s.Base(), depois.Base()));
+        QVERIFY(QFile::copy(outra, depois.Base()));
         QCOMPARE(depois.Linhas(tabelas).size(), 15);
     }
 
@@ -294,6 +293,7 @@ private Q_SLOTS:
 
     void um_passo_que_falha_nao_deixa_nada()
     {
+        if (!DiscoCheio::Possivel()) QSKIP("no disk can be filled here");
         Antiga a;
         {
             const DiscoCheio cheio(static_cast<rlim_t>(QFileInfo(a.s.Base()).size()));
@@ -309,6 +309,7 @@ private Q_SLOTS:
     // As an import, a deletion or a join do, once there is room.
     void o_que_se_escreve_como_um_so_da_primeiro_o_passo_que_falhou()
     {
+        if (!DiscoCheio::Possivel()) QSKIP("no disk can be filled here");
         Antiga a;
         DE &de = a.s.geral.de;
         {
@@ -323,6 +324,7 @@ private Q_SLOTS:
 
     void morto_em_qualquer_ponto_a_base_e_a_antiga_ou_a_nova()
     {
+        if (!morte_no_disco::Possivel()) QSKIP("no process dies at a chosen change here");
         Antiga modelo;
         int mortes = 0;
         bool acabou = false;

@@ -64,7 +64,7 @@ class TestTextos : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        linhas_ = Ler_Tabela(QFINDTESTDATA("../../resources/textos/TblIdiomas.tsv"), &cabecalho_);
+        linhas_ = Ler_Tabela(QFINDTESTDATA("../resources/textos/TblIdiomas.tsv"), &cabecalho_);
         for (const QStringList &linha : linhas_) {
             QCOMPARE(linha.size(), cabecalho_.size());
             usos_[linha[0].toInt()] = linha[1];
@@ -189,7 +189,7 @@ private Q_SLOTS:
     void nao_ha_mnemonicas_iguais_no_mesmo_ambito()
     {
         QFETCH(QString, lingua);
-        const auto ambitos = Ler_Tabela(QFINDTESTDATA("mnemonicas.tsv"));
+        const auto ambitos = Ler_Tabela(QFINDTESTDATA("data/mnemonicas.tsv"));
         QVERIFY(ambitos.size() > 30);
         for (const QStringList &ambito : ambitos) {
             QString vistas = ambito[0].contains(u"+&Ok"_s) ? u"O"_s : u""_s;
@@ -207,7 +207,7 @@ private Q_SLOTS:
     void os_textos_juntos_ficam_bem()
     {
         QFETCH(QString, lingua);
-        const auto juncoes = Ler_Tabela(QFINDTESTDATA("textos_juntos.tsv"));
+        const auto juncoes = Ler_Tabela(QFINDTESTDATA("data/textos_juntos.tsv"));
         QVERIFY(juncoes.size() > 40);
         for (const QStringList &juncao : juncoes) {
             const QString junto = Juntar(juncao[1], textos_[lingua]);
@@ -232,7 +232,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, lingua);
         int vistos = 0;
-        for (const QStringList &juncao : Ler_Tabela(QFINDTESTDATA("textos_juntos.tsv"))) {
+        for (const QStringList &juncao : Ler_Tabela(QFINDTESTDATA("data/textos_juntos.tsv"))) {
             if (!juncao[0].startsWith(u"relatorio_"_s)) continue;
             ++vistos;
             QCOMPARE(Juntar(juncao[1], textos_[lingua]).count(u';'), 2);

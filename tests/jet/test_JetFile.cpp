@@ -3,11 +3,11 @@
 #include "testlib/CopiaEstragada.h"
 #include "testlib/Desempacotado.h"
 #include "testlib/MemoriaPedida.h"
+#include "testlib/OutrosNomes.h"
 #include "testlib/Teste.h"
 
 #include <QCryptographicHash>
 #include <random>
-#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
@@ -313,7 +313,7 @@ private Q_SLOTS:
               static_cast<double>(mais_memoria) / 1e6);
         QVERIFY(lidas > 0);
         QVERIFY(com_falha > 0);
-        QVERIFY(mais_memoria > static_cast<std::size_t>(sa.size()) / 2); // it was measured
+        QVERIFY(memoria::Medida::Tirada(mais_memoria, static_cast<std::size_t>(sa.size()) / 2));
     }
 
     // Thousands of rows that all lead to one and the same: a small file that would fill the memory.
@@ -352,9 +352,10 @@ private Q_SLOTS:
 
     void um_tubo_com_nome_de_base_nao_prende_quem_o_abre()
     {
+        if (!outros_nomes::ha_tubos) QSKIP("no folder holds a pipe here");
         const QTemporaryDir pasta;
         const QString tubo = pasta.filePath(u"tubo.mdb"_s);
-        QCOMPARE(::mkfifo(qPrintable(tubo), S_IRUSR | S_IWUSR), 0);
+        QVERIFY(outros_nomes::Fazer_Tubo(tubo));
         VERIFICAR_FALHA(JetFile{tubo}, Failure::StoreError);
     }
 

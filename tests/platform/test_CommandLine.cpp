@@ -193,7 +193,7 @@ private Q_SLOTS:
         const QString idioma = QString::fromLatin1(QTest::currentDataTag());
         const QStringList recusadas{u"--nada"_s, u"a.doc"_s, u"/falta.mdb"_s};
         for (qsizetype i = 0; i < recusadas.size(); ++i)
-            QCOMPARE(Linha({recusadas[i]}, idioma).text(), frases[i] + u'\n' + frases[3] + u'\n');
+            QCOMPARE(Linha({recusadas[i]}, idioma).text(), QDir::toNativeSeparators(frases[i]) + u'\n' + frases[3] + u'\n');
     }
 
     void uma_opcao_desconhecida_e_recusada_com_o_seu_nome_data()
@@ -270,7 +270,7 @@ private Q_SLOTS:
             const QString mau = Ficheiro(nome);
             const CommandLine linha = Linha({bom, mau});
             QCOMPARE(linha.kind(), Kind::Refusal);
-            QVERIFY2(linha.text().startsWith(u"Files of this kind cannot be opened: "_s + mau),
+            QVERIFY2(linha.text().startsWith(u"Files of this kind cannot be opened: "_s + QDir::toNativeSeparators(mau)),
                      qPrintable(nome));
         }
     }
@@ -281,7 +281,7 @@ private Q_SLOTS:
         for (const QString &nome : {u"falta.mdb"_s, u"pasta.mdb"_s}) {
             const CommandLine linha = Linha({pasta_.filePath(nome)});
             QCOMPARE(linha.kind(), Kind::Refusal);
-            QVERIFY(linha.text().startsWith(u"The file does not exist: "_s + pasta_.filePath(nome)));
+            QVERIFY(linha.text().startsWith(u"The file does not exist: "_s + QDir::toNativeSeparators(pasta_.filePath(nome))));
         }
     }
 };

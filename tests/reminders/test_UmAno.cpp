@@ -6,6 +6,7 @@
 #include "reminders/ComPopup.h"
 #include "reminders/frmAddEditTarefa.h"
 #include "reminders/frmListaTarefas.h"
+#include "testlib/Fuso.h"
 
 #include <random>
 
@@ -542,8 +543,7 @@ class TestUmAno : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        qputenv("TZ", "Europe/Lisbon"); // whose clocks change, whatever the machine's do
-        tzset();
+        fuso::Lisboa(); // whose clocks change, whatever the machine's do
     }
 
     void o_almanaque_conhece_o_calendario()

@@ -421,7 +421,8 @@ private Q_SLOTS:
         for (const int topo : {a_volta, 2 * a_volta + folha.height()}) {
             const int direita = esquerda + folha.width();
             const int base = topo + folha.height();
-            QCOMPARE(Cor(visto, esquerda, topo), qRgb(255, 255, 255));
+            QCOMPARE(Cor(visto, direita - 1, topo), qRgb(255, 255, 255)); // no letter stands in these corners
+            QCOMPARE(Cor(visto, esquerda, base - 1), qRgb(255, 255, 255));
             QCOMPARE(Cor(visto, direita - 1, base - 1), qRgb(255, 255, 255));
             QCOMPARE(Cor(visto, esquerda - 1, topo), fundo);
             QCOMPARE(Cor(visto, esquerda, topo - 1), fundo);

@@ -55,6 +55,7 @@ struct Mudada {
     explicit Mudada(bool com_ana = false)
     {
         if (com_ana) s.Novo_Utilizador(u"Ana"_s, u"segredo"_s);
+        s.Largar_O_Ficheiro();
         if (!QDir().mkpath(s.Ficheiro(u"mudança"_s)) || !QFile::rename(s.Base(), Onde()))
             qFatal("the database cannot be moved");
     }

@@ -23,7 +23,8 @@ struct Posto {
 
     bool Passo(const char *nome)
     {
-        for (const Arranque::Passo &passo : janela.Inicio().Passos())
+        Arranque inicio = janela.Inicio();
+        for (const Arranque::Passo &passo : inicio.Passos())
             if (QByteArray(passo.nome) == nome) return skipFailure(passo.executar);
         QTest::qFail("no such step", __FILE__, __LINE__);
         return false;
@@ -59,6 +60,7 @@ private Q_SLOTS:
         QTest::newRow("ServerNoPassword") << int(ServerNoPassword);
         QTest::newRow("ServerPasswordFile") << int(ServerPasswordFile);
         QTest::newRow("ServerNoDatabase") << int(ServerNoDatabase);
+        QTest::newRow("ServersNotReached") << int(ServersNotReached);
     }
     void cada_razao_diz_se_e_espera_ate_que_o_servidor_responda()
     {
@@ -118,7 +120,8 @@ private Q_SLOTS:
         Main janela(s.geral, s.plataforma);
         accoes::Quando_Abrir<frmSeleccionarIdioma>(
             [](frmSeleccionarIdioma &bandeiras) { bandeiras.cmdUK->click(); });
-        for (const Arranque::Passo &passo : janela.Inicio().Passos())
+        Arranque inicio = janela.Inicio();
+        for (const Arranque::Passo &passo : inicio.Passos())
             if (QByteArray(passo.nome) == "Escolher_Idioma" || QByteArray(passo.nome) == "Ler_TblConfig")
                 passo.executar();
         QCOMPARE(s.geral.IdiomaActual, u"InglesUK"_s);

@@ -40,7 +40,7 @@ private Q_SLOTS:
         const QString sqlite = Connection::storeVersion();
         const QString texto = form.txtPormenores->toPlainText();
         // The box gives a no-break space back as a common one.
-        QVERIFY(texto.startsWith(u"Dossier des données :\n"_s + s.geral.Pasta + u'\n'));
+        QVERIFY(texto.startsWith(u"Dossier des données :\n"_s + QDir::toNativeSeparators(s.geral.Pasta) + u'\n'));
         QVERIFY2(texto.contains(u"Qt "_s + QString::fromLatin1(qVersion()) + u", SQLite "_s + sqlite +
                                 u", ICU "_s),
                  qPrintable(texto));

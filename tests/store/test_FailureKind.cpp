@@ -3,6 +3,7 @@
 #include "store/Connection.h"
 #include "store/NewDatabase.h"
 #include "testlib/DiscoPequeno.h"
+#include "testlib/FicheiroAberto.h"
 #include "testlib/SemPrivilegios.h"
 #include "testlib/Teste.h"
 
@@ -91,6 +92,7 @@ private Q_SLOTS:
 
     void ficheiro_que_desaparece_com_a_ligacao_aberta()
     {
+        if (!um_aberto_troca_se) QSKIP("an open file keeps its name here");
         Criar(Base());
         Connection ligacao;
         Abrir(ligacao, Base());

@@ -27,7 +27,11 @@ class Medida
 {
 public:
     Medida() : antes_(pedida) { mais_alta = antes_; }
+    // False on a system that lets nobody measure: a test that does nothing else is skipped then.
+    static bool Possivel() { return true; }
     std::size_t Maximo() const { return mais_alta - antes_; }
+    // Whether it was measured at all, by what must have been asked for at least.
+    static bool Tirada(std::size_t medida, std::size_t ao_menos) { return medida > ao_menos; }
 
 private:
     std::size_t antes_;

@@ -18,6 +18,8 @@ public:
     SemPrivilegios(const SemPrivilegios &) = delete;
     SemPrivilegios &operator=(const SemPrivilegios &) = delete;
 
+    // Whether a file tells its owner's rights from those of others.
+    static bool Ha_Direitos_Por_Ficheiro() { return true; }
     // False where the machine does not let go of the rights: the test is skipped then.
     bool Possivel() const { return possivel_; }
 

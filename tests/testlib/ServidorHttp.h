@@ -1,11 +1,14 @@
 // A web server on 127.0.0.1 that answers as it is told, well or badly, in the clear or encrypted.
 #pragma once
 
-#include "testlib/ServidorPop.h" // Identidade
+#include "testlib/Identidade.h"
 
 #include <algorithm>
 #include <functional>
 #include <QHash>
+#include <QSslSocket>
+#include <QTcpServer>
+#include <QTimer>
 #include <QUrl>
 
 struct Pedido {

@@ -1,12 +1,10 @@
 // A POP server on 127.0.0.1 that plays its part in a written dialogue, well or badly.
 #pragma once
 
-#include <QFile>
-#include <QProcess>
-#include <QSslKey>
+#include "testlib/Identidade.h"
+
 #include <QSslSocket>
 #include <QTcpServer>
-#include <QTemporaryDir>
 #include <QTimer>
 
 // Each step waits for a command that begins so and gives the answer. An empty command is the greeting, spoken
@@ -14,27 +12,6 @@
 struct Fala {
     QByteArray comando;
     QByteArray resposta;
-};
-
-// A certificate that no authority vouches for, made anew.
-struct Identidade {
-    Identidade()
-    {
-        const QTemporaryDir pasta;
-        const QString ficheiro_chave = pasta.filePath(QStringLiteral("chave"));
-        const QString ficheiro_certificado = pasta.filePath(QStringLiteral("certificado"));
-        QProcess::execute(QStringLiteral("openssl"),
-                          QStringLiteral("req -x509 -newkey rsa:2048 -nodes -days 30 -subj /CN=localhost")
-                                  .split(QLatin1Char(' ')) +
-                              QStringList{QStringLiteral("-keyout"), ficheiro_chave, QStringLiteral("-out"),
-                                          ficheiro_certificado});
-        QFile c(ficheiro_chave);
-        QFile t(ficheiro_certificado);
-        if (c.open(QIODevice::ReadOnly)) chave = QSslKey(&c, QSsl::Rsa);
-        if (t.open(QIODevice::ReadOnly)) certificado = QSslCertificate(&t);
-    }
-    QSslKey chave;
-    QSslCertificate certificado;
 };
 
 // The dialogue begins anew with each visitor.

@@ -150,6 +150,12 @@ void Sistema::Trancar()
     Escrever(u"LOCK TABLE %1 IN ACCESS EXCLUSIVE MODE"_s.arg(tabelas.join(u", "_s)));
 }
 
+void Sistema::Largar_O_Ficheiro()
+{
+    geral.de.Fechar_Ligacao();
+    ligacao_.Close();
+}
+
 void Sistema::Destrancar() { Escrever(u"ROLLBACK"_s); }
 
 QString Sistema::Texto(int id)

@@ -60,6 +60,9 @@ public:
     void Recusar(const QString &escrita, const QString &tabela, const QString &onde = {});
     void Deixar_De_Recusar();
 
+    // Nobody has the file of the database open any more, until the next statement.
+    void Largar_O_Ficheiro();
+
     // Somebody else keeps all of the database to themselves, readers included, until they let go.
     void Trancar();
     void Destrancar();

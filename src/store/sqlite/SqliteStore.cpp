@@ -39,7 +39,7 @@ void requireFile(const QString &path)
     const QFileInfo info(path);
     if (!info.exists())
         raising::failure(u"The database was not found: %1"_s.arg(path), {}, Failure::Kind::DatabaseMissing);
-    if (info.size() == 0)
+    if (!info.isDir() && info.size() == 0)
         raising::failure(u"The file is no database: %1"_s.arg(path), {}, Failure::Kind::DatabaseDamaged);
 }
 
