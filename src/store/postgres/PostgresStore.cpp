@@ -35,33 +35,36 @@ Recordset recordset(const PGresult *answer)
 }
 } // namespace
 
-PostgresStore::PostgresStore(QString address, const QStringList &settings, const PostgresPatience &patience)
+PostgresStore::PostgresStore(QString address, const QStringList &settings, const PostgresPatience &patience,
+                             const Deadline &opening)
     : address_(std::move(address)),
-      session_(address_, settings, patience)
+      session_(address_, settings, patience, opening)
 {
-    session_.cameBack = [this] { settleDoubt(); };
+    constexpr std::chrono::milliseconds hardly(10); // nobody has asked for it: the window must not stand still
+    session_.cameBack = [this] { settleDoubt(hardly, session_.patience().forCommand()); };
 }
 
 // A lock is waited for a little shorter than an answer: who holds it is no reason to think the server lost.
 std::chrono::milliseconds PostgresStore::lockPatience(const PostgresPatience &patience) { return patience.command * 3 / 4; }
 
 std::unique_ptr<PostgresStore> PostgresStore::make(const QString &address, QStringList settings,
-                                                   const PostgresPatience &patience)
+                                                   const PostgresPatience &patience, const Deadline &opening)
 {
     settings << u"lock_timeout=%1"_s.arg(lockPatience(patience).count());
-    return std::unique_ptr<PostgresStore>(new PostgresStore(address, settings, patience));
+    return std::unique_ptr<PostgresStore>(new PostgresStore(address, settings, patience, opening));
 }
 
 std::unique_ptr<PostgresStore> PostgresStore::open(const QString &address, const PostgresPatience &patience)
 {
-    auto store = make(address, {}, patience);
+    auto store = make(address, {}, patience, Deadline(patience.opening));
     store->session_.ahead(postgres::forgetOldKeys);
     return store;
 }
 
 std::unique_ptr<PostgresStore> PostgresStore::openReadOnly(const QString &address, const PostgresPatience &patience)
 {
-    return make(address, {u"default_transaction_read_only=on"_s}, patience);
+    if (PostgresSession::isLost(address)) raiseLost({});
+    return make(address, {u"default_transaction_read_only=on"_s}, patience, patience.forOpening());
 }
 
 PostgresCommand PostgresStore::said(const QString &sql, Values values)

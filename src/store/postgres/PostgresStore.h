@@ -13,7 +13,8 @@ class PostgresStore final : public Store
 public:
     // Raises Failure with the reason why there is no connection.
     static std::unique_ptr<PostgresStore> open(const QString &address, const PostgresPatience &patience = {});
-    // The server itself refuses its writes.
+    // The server itself refuses its writes. In the middle of work: a silent server is waited for no longer than by a
+    // command, and one that another store has lost not at all.
     static std::unique_ptr<PostgresStore> openReadOnly(const QString &address, const PostgresPatience &patience = {});
 
     QString place() const override { return PostgresAddress::shown(address_); }
@@ -51,9 +52,10 @@ private:
         PostgresCommand command;
     };
 
-    PostgresStore(QString address, const QStringList &settings, const PostgresPatience &patience);
+    PostgresStore(QString address, const QStringList &settings, const PostgresPatience &patience,
+                  const Deadline &opening);
     static std::unique_ptr<PostgresStore> make(const QString &address, QStringList settings,
-                                               const PostgresPatience &patience);
+                                               const PostgresPatience &patience, const Deadline &opening);
 
     PostgresCommand said(const QString &sql, Values values);
     PostgresResult answer(const PostgresCommand &command, std::chrono::milliseconds patience);
@@ -65,7 +67,7 @@ private:
     void sendAlone(const Write &write);
     PostgresAnswers sendKeyed(const QString &keep, const Commands &commands, const Deadline &deadline);
     bool settle(const QString &key, const Deadline &deadline);
-    void settleDoubt();
+    void settleDoubt(std::chrono::milliseconds lockPatience, const Deadline &deadline);
     void count(const Write &write, const PGresult *answer);
     [[noreturn]] void refuse(const PGresult *refusal, const QString &source);
 

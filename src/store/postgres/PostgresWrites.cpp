@@ -59,8 +59,7 @@ void PostgresStore::refuse(const PGresult *refusal, const QString &source)
 // The first answer is the key's. There is none at all where they were lost and the key says that all was done.
 void PostgresStore::sendAlone(const Write &write)
 {
-    const PostgresAnswers answers =
-        sendKeyed(postgres::keepKey, {write.command}, Deadline(session_.patience().command));
+    const PostgresAnswers answers = sendKeyed(postgres::keepKey, {write.command}, session_.patience().forCommand());
     if (answers.refused) refuse(answers.refusal.get(), write.sql);
     count(write, answers.results.empty() ? nullptr : answers.results.back().get());
     if (waitsOnce_) wait(true);
@@ -93,17 +92,19 @@ bool PostgresStore::settle(const QString &key, const Deadline &deadline)
     taken_ = postgres::newKey();
     fates_.push_back(Fate::Unknown);
     if (!session_.reopen(deadline)) return false;
-    skipFailure([this] { settleDoubt(); });
+    skipFailure([&] { settleDoubt(lockPatience(session_.patience()), deadline); });
     return fates_.back() == Fate::Arrived;
 }
 
 // A server on which that write still runs counts as lost: it is asked again on the next way back.
-void PostgresStore::settleDoubt()
+void PostgresStore::settleDoubt(std::chrono::milliseconds lockPatience, const Deadline &deadline)
 {
     if (doubt_.isEmpty()) return;
-    const Commands commands{{postgres::takeKey, {doubt_, taken_}}, {postgres::findKey, {taken_}}};
+    const Commands commands{{postgres::waitForLocks, {QString::number(lockPatience.count())}},
+                            {postgres::takeKey, {doubt_, taken_}},
+                            {postgres::findKey, {taken_}}};
     try {
-        const PostgresAnswers answers = session_.attempt(commands, Deadline(session_.patience().command));
+        const PostgresAnswers answers = session_.attempt(commands, deadline);
         if (answers.refused) raiseRefusal(answers.refusal.get(), postgres::takeKey);
         const bool wasFree = PQntuples(answers.results.back().get()) > 0;
         fates_.back() = wasFree ? Fate::NotArrived : Fate::Arrived;
@@ -178,7 +179,7 @@ void PostgresStore::requireLock(const PGresult *refusal, const QString &source)
 // One that did not arrive is sent once more: its key is taken, so that the first can't come after all.
 PostgresAnswers PostgresStore::tryPortion(std::span<const Write> writes)
 {
-    const Deadline deadline(session_.patience().list);
+    const Deadline deadline = session_.patience().forList();
     if (transaction_) return tryPortionWithin(writes, deadline);
     Commands commands;
     for (const Write &write : writes)
