@@ -56,7 +56,7 @@ private Q_SLOTS:
         SO_NUM_FICHEIRO("its schema is that of the one that is shipped");
         Sistema s(Sistema::Estado::Vazio);
         const FileCopy copia = Copia_Para_Ficheiro(s.Ficheiro(u"copia.mdb"_s), {});
-        createDatabase(copia.file, copia.create);
+        createDatabase(copia.file, copia.create, copia.schemaNumber);
         Connection feita;
         Abrir(feita, copia.file);
         const QString esquema = u"SELECT name, sql FROM sqlite_master ORDER BY name"_s;

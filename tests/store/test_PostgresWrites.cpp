@@ -124,6 +124,47 @@ private Q_SLOTS:
         QVERIFY2(source.contains("'x'"_L1), qPrintable(source));
         QCOMPARE(Nomes(), u"a,b,c"_s);
     }
+    void in_order_nothing_is_written_behind_the_one_that_is_refused_data()
+    {
+        QTest::addColumn<int>("refused");
+        for (const int one : {0, 1, 299, 300, 450, 999})
+            QTest::addRow("%d", one) << one;
+    }
+    void in_order_nothing_is_written_behind_the_one_that_is_refused()
+    {
+        QFETCH(int, refused);
+        QVERIFY(teste::Especie_Da_Falha([&] {
+                    store_->gatheringInOrder([&] {
+                        for (int i = 0; i < 1000; ++i)
+                            Inserir(QString::number(i), i == refused ? StoreValue(u"none"_s) : qint64{0});
+                    });
+                }).has_value());
+        QCOMPARE(base_->Numero(u"SELECT count(*) FROM t"_s), refused);
+        Inserir(u"behind"_s);
+        QCOMPARE(base_->Numero(u"SELECT count(*) FROM t"_s), refused + 1);
+        store_->gathering([&] { // which keeps to no order
+            skipFailure([&] { Inserir(u"x"_s, u"none"_s); });
+            Inserir(u"Rui"_s);
+            skipFailure([&] { store_->schemaNumber(); });
+        });
+        QCOMPARE(base_->Numero(u"SELECT count(*) FROM t"_s), refused + 2);
+    }
+    // A refusal stands before what ended the work later, and is what is told.
+    void in_order_the_first_that_failed_is_told_and_what_stands_before_it_is_written()
+    {
+        const auto gathered = [&](const std::function<void()> &between) {
+            store_->gatheringInOrder([&] {
+                Inserir(u"Ana"_s);
+                between();
+                throw Failure(7, {}, {});
+            });
+        };
+        VERIFICAR_FALHA(gathered([] {}), 7);
+        QCOMPARE(base_->Numero(u"SELECT count(*) FROM t"_s), 1);
+        VERIFICAR_FALHA(gathered([&] { Inserir(u"x"_s, u"none"_s); }),
+                        Failure::StoreError);
+        QCOMPARE(base_->Numero(u"SELECT count(*) FROM t"_s), 2);
+    }
     void who_skips_a_failing_one_goes_on_within_the_gathering()
     {
         store_->gathering([&] {
@@ -193,6 +234,14 @@ private Q_SLOTS:
             });
         }));
         QCOMPARE(base_->Valor(u"SELECT string_agg(n::text, ',' ORDER BY n) FROM u"_s), u"1,2,3,4"_s);
+        QVERIFY(!skipFailure([&] {
+            store_->gatheringInOrder([&] {
+                for (const qint64 n : {7, 1, 8})
+                    add(n);
+            });
+        }));
+        QCOMPARE(base_->Valor(u"SELECT string_agg(n::text, ',' ORDER BY n) FROM u"_s), u"1,2,3,4,7"_s);
+        base_->Correr(u"DELETE FROM u WHERE n = 7"_s);
         QVERIFY(!skipFailure([&] {
             store_->allOrNothing([&] {
                 add(5);

@@ -98,7 +98,7 @@ void PostgresStore::copyTo(const FileCopy &copy)
     const PostgresPatience &patience = session_.patience();
     try {
         auto connection = openNow(PostgresAddress(address_), {}, patience.forOpening());
-        createDatabase(copy.file, copy.create);
+        createDatabase(copy.file, copy.create, copy.schemaNumber);
         const auto file = SqliteStore::open(copy.file);
         file->allOrNothing([&] { Copying(std::move(connection), patience, copy, *file).run(); });
         file->requireSound();

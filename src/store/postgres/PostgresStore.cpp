@@ -139,22 +139,37 @@ void PostgresStore::giveAgainBehind(const QString &table, qint64 last)
     execute(u"SELECT morvex_voltar_a(?, ?)"_s, {table, last});
 }
 
-QStringList PostgresStore::columns(const QString &table)
+QStringList PostgresStore::names(const QString &sql, const QString &table)
 {
-    Recordset rs = ownQuestion(u"SELECT attname AS name FROM pg_catalog.pg_attribute WHERE attrelid = "
-                               "pg_catalog.to_regclass(quote_ident($1)) AND attnum > 0 AND NOT attisdropped "
-                               "ORDER BY attnum"_s,
-                               {table.toLower()});
     QStringList names;
-    for (; !rs.Eof(); rs.MoveNext())
+    for (Recordset rs = ownQuestion(sql, {table.toLower()}); !rs.Eof(); rs.MoveNext())
         names << rs.Fields("name").text();
     return names;
+}
+
+QStringList PostgresStore::columns(const QString &table)
+{
+    return names(u"SELECT attname AS name FROM pg_catalog.pg_attribute WHERE attrelid = "
+                 "pg_catalog.to_regclass(quote_ident($1)) AND attnum > 0 AND NOT attisdropped ORDER BY attnum"_s,
+                 table);
+}
+
+QStringList PostgresStore::indexes(const QString &table)
+{
+    return names(u"SELECT relname AS name FROM pg_catalog.pg_index JOIN pg_catalog.pg_class ON oid = indexrelid WHERE "
+                 "indrelid = pg_catalog.to_regclass(quote_ident($1))"_s,
+                 table);
 }
 
 int PostgresStore::schemaNumber()
 {
     const Recordset rs = ownQuestion(u"SELECT max(numero) AS number FROM morvex_esquema"_s, {});
     return rs.Fields("number").isNull() ? 0 : rs.Fields("number").number();
+}
+
+void PostgresStore::setSchemaNumber(int)
+{
+    raising::failure(u"The schema of a server is its administrator's"_s, place());
 }
 
 const Dialect &PostgresStore::dialect() const

@@ -29,12 +29,15 @@ public:
     void tryWriting() override;
     void waitingOnce(const Work &work) override;
     void gathering(const Work &work) override;
+    void gatheringInOrder(const Work &work) override;
     void allOrNothing(const Work &work) override;
     qint64 lastId() override;
     qint64 highestId(const QString &table) override;
     void giveAgainBehind(const QString &table, qint64 last) override;
     QStringList columns(const QString &table) override;
+    QStringList indexes(const QString &table) override;
     int schemaNumber() override;
+    void setSchemaNumber(int steps) override;
     void copyTo(const FileCopy &copy) override;
     const Dialect &dialect() const override;
     void listen(const Listener &listener) override { session_.listen(listener); }
@@ -61,6 +64,7 @@ private:
     PostgresResult answer(const PostgresCommand &command, std::chrono::milliseconds patience);
     PostgresResult within(const PostgresCommand &command, std::chrono::milliseconds patience);
     Recordset ownQuestion(const QString &sql, Values values);
+    QStringList names(const QString &sql, const QString &table);
 
     static std::chrono::milliseconds lockPatience(const PostgresPatience &patience);
 
@@ -77,6 +81,7 @@ private:
     PostgresAnswers tryPortion(std::span<const Write> writes);
     PostgresAnswers tryPortionWithin(std::span<const Write> writes, const Deadline &deadline);
     void sendOneByOne(std::vector<Write> writes);
+    void keepBehind(std::size_t refused, std::vector<Write> writes);
     void endGathering(std::exception_ptr raised);
 
     void begin();
@@ -89,6 +94,7 @@ private:
     PostgresSession session_;
     QHash<QString, Said> said_; // the server's words for a statement
     bool gathering_ = false;
+    bool inOrder_ = false;          // what stands behind a refusal is not written
     bool waitsOnce_ = false;
     bool waits_ = true;             // for a lock
     std::optional<int> transaction_; // the connection on which all or nothing was begun

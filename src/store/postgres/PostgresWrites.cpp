@@ -4,6 +4,7 @@
 #include "store/postgres/PostgresStore.h"
 
 #include <algorithm>
+#include <QScopedValueRollback>
 #include <utility>
 
 namespace
@@ -128,7 +129,14 @@ void PostgresStore::gathering(const Work &work)
     endGathering(raised);
 }
 
-// What stands behind one that is refused is written all the same; the first that failed is told.
+void PostgresStore::gatheringInOrder(const Work &work)
+{
+    const QScopedValueRollback order(inOrder_, true);
+    gathering(work);
+}
+
+// What stands behind one that is refused is written all the same, unless their order counts; the first that failed is
+// told, and what was gathered stands before what ended the work.
 void PostgresStore::endGathering(std::exception_ptr raised)
 {
     gathering_ = false;
@@ -136,7 +144,7 @@ void PostgresStore::endGathering(std::exception_ptr raised)
         try {
             flush();
         } catch (const Failure &) {
-            if (!raised) raised = std::current_exception();
+            if (!raised || inOrder_) raised = std::current_exception();
         }
     }
     if (raised) std::rethrow_exception(raised);
@@ -165,9 +173,15 @@ void PostgresStore::sendPortion(std::vector<Write> writes)
     }
     if (!refusal) return;
     const QString source = writes[good].sql;
-    portion_.assign(std::make_move_iterator(writes.begin() + static_cast<std::ptrdiff_t>(good) + 1),
-                    std::make_move_iterator(writes.end()));
+    keepBehind(good, std::move(writes));
     refuse(refusal.get(), source);
+}
+
+void PostgresStore::keepBehind(std::size_t refused, std::vector<Write> writes)
+{
+    if (inOrder_) return;
+    portion_.assign(std::make_move_iterator(writes.begin() + static_cast<std::ptrdiff_t>(refused) + 1),
+                    std::make_move_iterator(writes.end()));
 }
 
 // Whoever may not keep a key may write nothing at all; who waited for its turn in vain goes on behind the first.
@@ -205,9 +219,7 @@ void PostgresStore::sendOneByOne(std::vector<Write> writes)
         try {
             sendAlone(writes[i]);
         } catch (const Failure &failure) {
-            if (failure.kind() != Failure::Kind::ServerLost)
-                portion_.assign(std::make_move_iterator(writes.begin() + static_cast<std::ptrdiff_t>(i) + 1),
-                                std::make_move_iterator(writes.end()));
+            if (failure.kind() != Failure::Kind::ServerLost) keepBehind(i, std::move(writes));
             throw;
         }
     }
