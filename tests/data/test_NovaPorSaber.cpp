@@ -173,6 +173,24 @@ private Q_SLOTS:
         QCOMPARE(p.Grupos(), QStringList{u"Banda|0"_s});
     }
 
+    // Though its values are those of the next one.
+    void a_que_se_resolveu_nao_serve_a_seguinte()
+    {
+        Posto p;
+        p.servidor.Perder_A_Proxima_Resposta();
+        QVERIFY(p.Perde_Se(u"Coral"_s));
+        p.servidor.Voltar();
+        QVERIFY(!p.Gravar(u"Coral"_s).isEmpty());
+        QCOMPARE(p.Gravar(u"Coral"_s), QString());
+        QCOMPARE(p.Grupos(), (QStringList{u"Coral|0"_s, u"Coral|0"_s}));
+        p.servidor.Perder_A_Proxima_Resposta();
+        QVERIFY(p.Perde_Se(u"Tuna"_s));
+        p.servidor.Voltar();
+        const QString ID = p.Gravar(u"Banda"_s);
+        QCOMPARE(ID, p.ID(u"Banda"_s)); // and it is the last one that was lost
+        QCOMPARE(p.Grupos(), (QStringList{u"Coral|0"_s, u"Coral|0"_s, u"Banda|0"_s}));
+    }
+
     void outra_falha_nao_deixa_nada_por_saber()
     {
         Posto p;
