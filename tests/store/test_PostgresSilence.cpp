@@ -225,6 +225,16 @@ private Q_SLOTS:
         QVERIFY(Volta());
         QCOMPARE(PostgresStore::openReadOnly(address, Propria())->schemaNumber(), 2);
     }
+    void what_one_connection_waits_for_in_vain_no_other_waits_for()
+    {
+        const auto other = PostgresStore::open(base_->Morada(network_->Porta()), Propria());
+        network_->modo = Intermediario::Cala;
+        Perde([&] { store_->schemaNumber(); });
+        const auto ask = [&] {
+            QCOMPARE(teste::Especie_Da_Falha([&] { other->schemaNumber(); }), Failure::Kind::ServerLost);
+        };
+        QVERIFY(Demora(ask) < 300);
+    }
     void the_server_of_another_address_is_not_lost_with_it()
     {
         Intermediario other(base_->Porta());
@@ -293,7 +303,7 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("sql");
         QTest::newRow("in an order") << u"SELECT Nome, pg_sleep(1.5)::text FROM T WHERE ID > ? ORDER BY Nome"_s;
-        QTest::newRow("a search") << u"SELECT Nome, pg_sleep(1.5)::text FROM T WHERE '1' = ? AND Nome LIKE '%'"_s;
+        QTest::newRow("a search") << u"SELECT Nome, pg_sleep(1.5)::text FROM T WHERE ID > ? AND Nome LIKE '%'"_s;
         QTest::newRow("all of them") << u"SELECT Nome, ? AS x, pg_sleep(1.5)::text FROM T"_s;
     }
     void a_list_may_take_longer_than_a_look_at_a_row()
@@ -303,7 +313,7 @@ private Q_SLOTS:
         patience.command = milliseconds(800);
         store_ = PostgresStore::open(base_->Morada(network_->Porta()), patience);
         const QString one = u"SELECT Nome, pg_sleep(1.5)::text FROM T WHERE ID > ?"_s;
-        QCOMPARE(store_->query(sql, {u"0"_s}).RecordCount(), sql.contains("'1'"_L1) ? 0 : 1);
+        QCOMPARE(store_->query(sql, {u"0"_s}).RecordCount(), 1);
         QCOMPARE(teste::Especie_Da_Falha([&] { store_->query(one, {qint64{0}}); }), Failure::Kind::ServerLost);
     }
     void silence_in_the_midst_of_a_long_command_is_given_up_too()

@@ -86,17 +86,14 @@ void PostgresSession::comeBack(PostgresConnection connection)
 
 bool PostgresSession::reopen(const Deadline &deadline)
 {
-    if (deadline.left().count() > 0) {
-        try {
-            take(openNow(address_, settings_, deadline));
-            missSome();
-            return true;
-        } catch (const Failure &) {
-            // it is lost, then
-        }
+    try {
+        take(openNow(address_, settings_, deadline));
+        missSome();
+        return true;
+    } catch (const Failure &) {
+        lose();
+        return false;
     }
-    lose();
-    return false;
 }
 
 void PostgresSession::ahead(const QString &sql)
