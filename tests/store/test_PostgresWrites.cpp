@@ -274,11 +274,13 @@ private Q_SLOTS:
     }
     void all_or_nothing_within_a_gathering_stands_behind_what_was_gathered()
     {
+        store_->allOrNothing([] {}); // it knows the tables from now on, and need not ask for them
         store_->gathering([&] {
             Inserir(u"Ana"_s);
             QVERIFY(!skipFailure([&] {
                 store_->allOrNothing([&] {
                     Inserir(u"Rui"_s);
+                    QVERIFY(!skipFailure([&] { Inserir(u"x"_s, u"none"_s); })); // told at once, and not with a portion
                     QCOMPARE(Quantos(), 1);
                     throw Failure(7, {}, {});
                 });
@@ -286,6 +288,26 @@ private Q_SLOTS:
             Inserir(u"Eva"_s);
         });
         QCOMPARE(Nomes(), u"Ana,Eva"_s);
+    }
+    // In another order than a portion's they would wait for one another.
+    void all_or_nothing_and_portions_wait_for_the_same_turn()
+    {
+        std::thread holder([address = base_->Morada()] {
+            TabelaNoServidor::Correr_Em(QUrl(address), u"BEGIN; SELECT pg_advisory_xact_lock(2004); SELECT pg_sleep(3.5); COMMIT"_s);
+        });
+        QTRY_COMPARE(base_->Numero(u"SELECT count(*) FROM pg_locks WHERE locktype = 'advisory' AND granted AND "
+                                   "database = (SELECT oid FROM pg_database WHERE datname = current_database())"_s),
+                     1);
+        const auto portion = [&] { store_->gathering([&] { Inserir(u"Eva"_s); }); };
+        QCOMPARE(teste::Especie_Da_Falha([&] { store_->allOrNothing([&] { Inserir(u"Rui"_s); }); }),
+                 Failure::Kind::DatabaseLocked);
+        Inserir(u"Ana"_s); // which needs no turn, and finds nothing left of the other
+        QCOMPARE(Nomes(), u"Ana"_s);
+        QCOMPARE(teste::Especie_Da_Falha(portion), Failure::Kind::DatabaseLocked);
+        holder.join();
+        portion();
+        store_->allOrNothing([&] { Inserir(u"Rui"_s); });
+        QCOMPARE(Nomes(), u"Ana,Eva,Rui"_s);
     }
     void what_was_gathered_of_all_that_became_nothing_is_nothing()
     {

@@ -188,7 +188,7 @@ void PostgresSession::note(const StoreChange &change)
 
 void PostgresSession::tellSoon()
 {
-    if (telling_ || held_ > 0 || (news_.empty() && !reach_)) return;
+    if (telling_ || (news_.empty() && !reach_)) return;
     telling_ = true;
     QMetaObject::invokeMethod(this, [this] { tell(); }, Qt::QueuedConnection);
 }

@@ -92,7 +92,6 @@ void PostgresStore::rollBack()
 {
     const bool there = !session_.lost() && session_.generation() == transaction_;
     transaction_.reset();
-    portion_.clear();
     if (!there) return;
     const PostgresCommand command{u"ROLLBACK"_s, {}};
     try {
