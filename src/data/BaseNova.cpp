@@ -13,13 +13,12 @@ QStringList base_nova::Sql_Criar()
     QStringList sql;
     for (const Tabela &tabela : esquema::Tabelas())
         sql << esquema::Sql_Criar(tabela);
-    sql << u"PRAGMA user_version=%1"_s.arg(esquema::versao);
     return sql;
 }
 
 void base_nova::Criar(const QString &destino, const QString &versao, const QList<QStringList> &textos)
 {
-    createDatabase(destino, Sql_Criar());
+    createDatabase(destino, Sql_Criar(), esquema::versao);
     Connection ligacao;
     ligacao.setDataSource(destino);
     ligacao.Open();

@@ -122,6 +122,8 @@ void DE::Executar(ComandoSemLinhas comando, std::initializer_list<Value> paramet
 
 void DE::Juntar(const std::function<void()> &trabalho) { Ligacao().gathering(trabalho); }
 
+void DE::Juntar_Por_Ordem(const std::function<void()> &trabalho) { Ligacao().gatheringInOrder(trabalho); }
+
 int DE::Escritos(ComandoSemLinhas comando) const
 {
     return ligacao_.written(Preparada(comando.Posicao()).sql);

@@ -44,6 +44,8 @@ public:
     // Runs that with the writes of its commands gathered: they cost a fraction, and all that were done are in
     // the file when this returns or raises.
     void Juntar(const std::function<void()> &trabalho);
+    // The same for what ends with the first that fails: behind it nothing was done.
+    void Juntar_Por_Ordem(const std::function<void()> &trabalho);
 
     // Tries whether the database takes a write, and takes it back. Raises Failure where it takes none. An
     // older one that could not be brought up to date when it was opened is now.

@@ -19,11 +19,8 @@ bool Livro_Grande(Connection &ligacao)
 
 QStringList Indices(Connection &ligacao)
 {
-    Recordset rs = ligacao.query(u"SELECT name FROM pragma_index_list('TblLista') WHERE name LIKE ?"_s,
-                                 {prefixo + u'%'});
-    QStringList nomes;
-    for (; !rs.Eof(); rs.MoveNext())
-        nomes << rs.Fields("name").text();
+    QStringList nomes = ligacao.indexes(u"TblLista"_s);
+    nomes.removeIf([](const QString &nome) { return !nome.startsWith(prefixo); });
     return nomes;
 }
 } // namespace

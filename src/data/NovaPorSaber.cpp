@@ -20,7 +20,6 @@ QString NovaPorSaber::Gravar(const QStringList &valores, const Inserir &inserir,
     }
     QString gravada = ID();
     perdida_ = 0;
-    achada_.clear();
     return gravada;
 }
 

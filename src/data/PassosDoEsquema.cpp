@@ -62,7 +62,7 @@ void Dar_Os_Que_Faltam(Connection &ligacao)
     for (int passo = ligacao.schemaNumber() + 1; passo <= esquema::versao; ++passo)
         Criar_Tabelas(ligacao, passo);
     Trazer_Textos(ligacao);
-    ligacao.execute(u"PRAGMA user_version=%1"_s.arg(esquema::versao), {});
+    ligacao.setSchemaNumber(esquema::versao);
 }
 
 // A desk may not change the tables that all desks share.

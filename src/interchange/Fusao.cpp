@@ -132,8 +132,8 @@ void Fusao::Passar_Contactos(Contagem &contagem)
 }
 
 // The group of that name here, made if there is none. Its ID takes the place of the old one. One that every
-// step has found once is not looked for again. Returns false where the store did not take it: the contact
-// would come into some other group.
+// step has found once is not looked for again. Returns false where the store did not take it, or does not tell
+// whether it has one: the contact would come into some other group, or the group be made twice.
 bool Fusao::Trazer_Grupo(Valores &v)
 {
     Esquecer_O_Desfeito();
@@ -146,9 +146,10 @@ bool Fusao::Trazer_Grupo(Valores &v)
     }
     const bool lido = skipFailure(
         [&] { nome = de2_.Abrir(DE2::Morvex5_SELECT_TblGrupos, antigo).Fields("NomeGrupo").textOrEmpty(); });
-    if (!Procurar_Grupo(nome) && !Criar([&] { geral_.de.Executar("cmdAdicionarGrupo", {nome}); }, 236, nome))
-        return false;
-    const auto ID = Procurar_Grupo(nome);
+    std::optional<QString> ID;
+    if (!Procurar_Grupo(nome, ID)) return false;
+    if (!ID && !Criar([&] { geral_.de.Executar("cmdAdicionarGrupo", {nome}); }, 236, nome)) return false;
+    if (!ID && !Procurar_Grupo(nome, ID)) return false;
     if (ID) v["Grupo"] = *ID;
     if (lido && ID) grupos_[antigo] = {nome, *ID};
     return true;
@@ -163,13 +164,11 @@ void Fusao::Esquecer_O_Desfeito()
     grupos_daqui_.Esquecer();
 }
 
-// A question that fails counts as none.
-std::optional<QString> Fusao::Procurar_Grupo(const QString &nome)
+// False where the question fails.
+bool Fusao::Procurar_Grupo(const QString &nome, std::optional<QString> &ID)
 {
-    std::optional<QString> ID;
     Esquecer_O_Desfeito();
-    skipFailure([&] { ID = grupos_daqui_.Procurar(nome); });
-    return ID;
+    return skipFailure([&] { ID = grupos_daqui_.Procurar(nome); });
 }
 
 // What the store itself did not take, the report does not claim, and nothing is stored for it. Returns

@@ -73,7 +73,7 @@ private:
 
     bool Trazer_Grupo(Valores &v);
     void Esquecer_O_Desfeito();
-    std::optional<QString> Procurar_Grupo(const QString &nome);
+    bool Procurar_Grupo(const QString &nome, std::optional<QString> &ID);
     bool Trazer_Utilizador(const Recordset &linha, Valores &v,
                            const std::optional<QString> &nome_das_definicoes);
     bool Criar_Utilizador(const Valores &v, const QString &nome_das_definicoes);

@@ -53,7 +53,7 @@ void frmImportar2::ComboGrupos_Click()
 void frmImportar2::cmdSeguinte_Click()
 {
     endOnFailure(platform_.boxes, platform_.process, [this] {
-        geral_.de.Juntar([this] {
+        geral_.de.Juntar_Por_Ordem([this] {
             for (int i = 0; i < ListaMorvex43->ListCount(); ++i)
                 Guardar(ListaMorvex43->List(i));
         });

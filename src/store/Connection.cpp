@@ -129,6 +129,8 @@ int Connection::written(const QString &sql) const { return store_ ? store_->writ
 
 void Connection::gathering(const std::function<void()> &work) { store().gathering(work); }
 
+void Connection::gatheringInOrder(const std::function<void()> &work) { store().gatheringInOrder(work); }
+
 void Connection::allOrNothing(const std::function<void()> &work) { store().allOrNothing(work); }
 
 int Connection::undone() const { return store_ ? store_->undone() : 0; }
@@ -147,7 +149,11 @@ QStringList Connection::columns(const QString &table) { return store().columns(t
 
 bool Connection::anyForeign(const QStringList &tables) { return store().anyForeign(tables); }
 
+QStringList Connection::indexes(const QString &table) { return store().indexes(table); }
+
 int Connection::schemaNumber() { return store().schemaNumber(); }
+
+void Connection::setSchemaNumber(int steps) { store().setSchemaNumber(steps); }
 
 void Connection::copyTo(const FileCopy &copy) { store().copyTo(copy); }
 

@@ -100,6 +100,10 @@ public:
     // up to the first that fails, which is raised. While a portion is open nobody else reads the file.
     void gathering(const std::function<void()> &work);
 
+    // The same for work that ends with the first statement that fails: what stands before that one is written,
+    // and nothing that stands behind it.
+    void gatheringInOrder(const std::function<void()> &work);
+
     // Runs that, which must not close the connection, as one: all that it writes is there when this returns,
     // and nothing of it when this raises. From its beginning nobody else writes, so that what the work reads
     // stands until its own writes.
@@ -126,8 +130,11 @@ public:
     QStringList columns(const QString &table);
     // Whether one of these names stands for a view, or for what something else than the database fills.
     bool anyForeign(const QStringList &tables);
-    // How many steps of the schema the data have had.
+    // The names of a table's indexes, in no order.
+    QStringList indexes(const QString &table);
+    // How many steps of the schema the data have had, and how many they have had now, which is raised on a server.
     int schemaNumber();
+    void setSchemaNumber(int steps);
 
     // Makes a database file with everything as it stands at this moment; others go on working meanwhile. Raises
     // Failure; then there is no file.

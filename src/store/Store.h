@@ -61,6 +61,7 @@ struct FileCopy {
     QStringList create;   // the statements that make its tables, empty ones
     QList<Table> tables;  // whose rows are copied
     std::function<void(int percent)> progress; // may raise, which ends the copying
+    int schemaNumber = 0; // of the steps that those statements stand for
 };
 
 class Store
@@ -103,6 +104,8 @@ public:
     virtual void tryWriting() = 0;
     virtual void waitingOnce(const Work &work) = 0;
     virtual void gathering(const Work &work) = 0;
+    // The same where a refusal ends the work, which a store may tell only later: nothing behind it is written.
+    virtual void gatheringInOrder(const Work &work) { gathering(work); }
     virtual void allOrNothing(const Work &work) = 0;
 
     // The number of the row that this connection added last.
@@ -116,8 +119,12 @@ public:
     virtual QStringList columns(const QString &table) = 0;
     // Whether one of these names stands for a view, or for what something else than the store fills.
     virtual bool anyForeign(const QStringList &) { return false; }
-    // How many steps of the schema the data have had.
+    // The names of a table's indexes, in no order.
+    virtual QStringList indexes(const QString &table) = 0;
+    // How many steps of the schema the data have had, and how many they have had now. A desk of a server does not say
+    // the second.
     virtual int schemaNumber() = 0;
+    virtual void setSchemaNumber(int steps) = 0;
 
     // Everything as it stood at one moment; others go on working meanwhile. Raises Failure; then there is no file.
     virtual void copyTo(const FileCopy &copy) = 0;

@@ -292,6 +292,54 @@ private Q_SLOTS:
         });
     }
 
+    void pelo_teclado_vai_se_da_lista_as_escolhas_e_aos_botoes()
+    {
+        DoisPostos p;
+        p.Editar([&](frmAddEdit &form) {
+            p.Outro_Muda({{u"Nome"_s, u"Ana Reis"_s}, {u"Obs"_s, u"de la"_s}});
+            form.txtNome->setText(u"Ana Sousa"_s);
+            form.txtObs->setPlainText(u"de aqui"_s);
+            p.Ok_E(form, [&](frmConflito &conflito) {
+                QVERIFY(QTest::qWaitForWindowActive(&conflito));
+                QCOMPARE(conflito.lvCampos->currentItem(), conflito.lvCampos->topLevelItem(0));
+                conflito.lvCampos->setFocus();
+                const QList<QWidget *> ordem{&Escolha(conflito, 0), &Escolha(conflito, 1), conflito.cmdMeus};
+                for (QWidget *seguinte : ordem) {
+                    QTest::keyClick(conflito.focusWidget(), Qt::Key_Tab);
+                    QCOMPARE(conflito.focusWidget(), seguinte);
+                }
+            });
+        });
+    }
+
+    void um_aniversario_sem_ano_le_se_sem_tracos_a_mais()
+    {
+        DoisPostos p;
+        p.Editar([&](frmAddEdit &form) {
+            p.Outro_Muda({{u"Ano"_s, u""_s}});
+            form.txtDia->setText(u"31"_s);
+            p.Ok_E(form, [&](frmConflito &conflito) {
+                QCOMPARE(Lida(conflito, 0),
+                         QStringList({form.lblAniversario->text(), u"30-01"_s, u"31-01-1980"_s}));
+            });
+        });
+    }
+
+    void um_grupo_que_ja_nao_ha_nao_tem_nome()
+    {
+        DoisPostos p;
+        const int coral = p.Grupo(u"Coral"_s);
+        p.Grupo(u"Teatro"_s);
+        p.Editar([&](frmAddEdit &form) {
+            p.Outro_Muda({{u"Grupo"_s, coral}});
+            p.s.Escrever(u"DELETE FROM TblGrupos WHERE NomeGrupo='Coral'"_s);
+            form.ComboGrupos->ChooseText(u"Teatro"_s);
+            p.Ok_E(form, [&](frmConflito &conflito) {
+                QCOMPARE(Lida(conflito, 0), QStringList({u"Grupo"_s, u""_s, u"Teatro"_s}));
+            });
+        });
+    }
+
     void uma_fotografia_que_nao_ha_mostra_a_do_erro()
     {
         DoisPostos p;

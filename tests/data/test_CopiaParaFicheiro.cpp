@@ -1,8 +1,10 @@
 // The data as a file: what belongs into it, and what a copy of an open file holds.
 #include "data/CopiaParaFicheiro.h"
 
+#include "data/BaseNova.h"
 #include "data/CartoesGuardados.h"
 #include "data/PassosDoEsquema.h"
+#include "data/Textos.h"
 #include "store/NewDatabase.h"
 #include "testlib/FotografiaNaBase.h"
 #include "testlib/Teste.h"
@@ -56,12 +58,23 @@ private Q_SLOTS:
         SO_NUM_FICHEIRO("its schema is that of the one that is shipped");
         Sistema s(Sistema::Estado::Vazio);
         const FileCopy copia = Copia_Para_Ficheiro(s.Ficheiro(u"copia.mdb"_s), {});
-        createDatabase(copia.file, copia.create);
+        createDatabase(copia.file, copia.create, copia.schemaNumber);
         Connection feita;
         Abrir(feita, copia.file);
         const QString esquema = u"SELECT name, sql FROM sqlite_master ORDER BY name"_s;
         QCOMPARE(Lidas(feita, esquema), s.Linhas(esquema));
         QCOMPARE(Lidas(feita, u"PRAGMA user_version"_s), s.Linhas(u"PRAGMA user_version"_s));
+    }
+
+    void um_ficheiro_novo_teve_todos_os_passos()
+    {
+        SO_NUM_FICHEIRO("a file made anew");
+        Sistema s(Sistema::Estado::Vazio);
+        const QString nova = s.Ficheiro(u"nova.mdb"_s);
+        base_nova::Criar(nova, u"Morvex"_s, Textos_Do_Programa());
+        Connection feita;
+        Abrir(feita, nova);
+        QCOMPARE(feita.schemaNumber(), esquema::versao);
     }
 
     void cada_tabela_vai_com_todas_as_colunas_e_diz_se_conta()

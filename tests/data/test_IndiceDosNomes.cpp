@@ -102,6 +102,16 @@ private Q_SLOTS:
         QCOMPARE(Tudo(s), sem);
     }
 
+    void o_que_alguem_fez_para_si_fica()
+    {
+        Sistema s;
+        s.Escrever(u"CREATE INDEX Meu ON TblLista (Email1)"_s);
+        s.Escrever(u"CREATE INDEX Meu_IdxNomes_2 ON TblLista (Email2)"_s);
+        Abrir_De_Novo(s);
+        QCOMPARE(s.Linhas(u"SELECT name FROM sqlite_master WHERE type='index' AND name LIKE 'Meu%' ORDER BY name"_s),
+                 (QStringList{u"Meu"_s, u"Meu_IdxNomes_2"_s}));
+    }
+
     void o_de_outra_ordem_desaparece()
     {
         Sistema s;

@@ -173,6 +173,54 @@ private Q_SLOTS:
         QCOMPARE(p.Grupos(), QStringList{u"Banda|0"_s});
     }
 
+    // Though its values are those of the next one.
+    void a_que_se_resolveu_nao_serve_a_seguinte()
+    {
+        Posto p;
+        p.servidor.Perder_A_Proxima_Resposta();
+        QVERIFY(p.Perde_Se(u"Coral"_s));
+        p.servidor.Voltar();
+        QVERIFY(!p.Gravar(u"Coral"_s).isEmpty());
+        QCOMPARE(p.Gravar(u"Coral"_s), QString());
+        QCOMPARE(p.Grupos(), (QStringList{u"Coral|0"_s, u"Coral|0"_s}));
+        p.servidor.Perder_A_Proxima_Resposta();
+        QVERIFY(p.Perde_Se(u"Tuna"_s));
+        p.servidor.Voltar();
+        const QString ID = p.Gravar(u"Banda"_s);
+        QCOMPARE(ID, p.ID(u"Banda"_s)); // and it is the last one that was lost
+        QCOMPARE(p.Grupos(), (QStringList{u"Coral|0"_s, u"Coral|0"_s, u"Banda|0"_s}));
+    }
+
+    void a_que_alguem_apagou_depois_de_achada_escreve_se_de_novo()
+    {
+        Posto p;
+        p.servidor.Perder_A_Proxima_Resposta();
+        QVERIFY(p.Perde_Se(u"Coral"_s));
+        p.servidor.Voltar();
+        p.servidor.Perder_A_Proxima_Resposta();
+        QVERIFY(p.Perde_Se(u"Tuna"_s)); // found, and changed
+        p.s.Escrever(u"DELETE FROM TblGrupos WHERE ID > 6"_s);
+        p.servidor.Voltar();
+        QCOMPARE(p.Gravar(u"Tuna"_s), QString());
+        QCOMPARE(p.Grupos(), QStringList{u"Tuna|0"_s});
+    }
+
+    // The store may have found out by itself what became of it.
+    void a_que_se_sabe_logo_ter_chegado_diz_o_seu_numero()
+    {
+        Posto p;
+        p.servidor.Perder_A_Proxima_Resposta();
+        const QString ID = p.nova.Gravar(
+            {u"Coral"_s, u"0"_s},
+            [&] {
+                skipFailure([&] { p.s.geral.de.Executar("cmdInserirGrupo", {u"Coral"_s, u"0"_s}); });
+                p.servidor.Voltar();
+            },
+            [](const QString &) { QFAIL("there was none before"); });
+        QVERIFY(!ID.isEmpty());
+        QCOMPARE(ID, p.ID(u"Coral"_s));
+    }
+
     void outra_falha_nao_deixa_nada_por_saber()
     {
         Posto p;

@@ -18,6 +18,7 @@
 #include "testlib/MemoriaPedida.h"
 #include "testlib/OutrosNomes.h"
 #include "testlib/SemPrivilegios.h"
+#include "testlib/ServidorFalso.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
@@ -757,6 +758,45 @@ private Q_SLOTS:
                               "Telefone1 IS NOT UID"_s;
         QCOMPARE(p.s.Linhas(trocados), QStringList{u"0"_s});
         QVERIFY(contar(u"ID IN (SELECT IDContacto FROM TblCartoes)"_s) > 400);
+    }
+
+    // In whose place it comes the number of another group would stand.
+    void sem_resposta_sobre_o_grupo_o_contacto_nao_entra_noutro_data()
+    {
+        QTest::addColumn<int>("qual");
+        QTest::newRow("antes de o criar") << 1;
+        QTest::newRow("depois de o criar") << 2;
+    }
+    void sem_resposta_sobre_o_grupo_o_contacto_nao_entra_noutro()
+    {
+        SO_NUM_FICHEIRO("its server is a file");
+        QFETCH(int, qual);
+        BasePropria antiga;
+        antiga.base.Novo_Grupo(u"Novo"_s, 0);
+        const QString numero = antiga.base.Linhas(u"SELECT ID FROM TblGrupos WHERE NomeGrupo='Novo'"_s)[0];
+        for (const QString &nome : {u"Ana"_s, u"Rui"_s, u"Eva"_s})
+            antiga.base.Novo_Contacto({{u"Nome"_s, Value(nome)}, {u"Grupo"_s, Value(numero)}});
+        Sistema s;
+        s.Escrever(u"DELETE FROM TblLista"_s);
+        s.Novo_Grupo(u"Outro, com esse número"_s, 0);
+        QCOMPARE(s.Linhas(u"SELECT max(ID) FROM TblGrupos"_s)[0], numero);
+        ServidorFalso servidor(s.Base());
+        servidor.Servir(s.geral);
+        s.geral.de.Abrir("cmdVerConfig").Close();
+        int perguntas = 0;
+        servidor.falha_a_pergunta = [&](const QString &sql) {
+            return sql.contains("FROM TblGrupos"_L1) && ++perguntas == qual;
+        };
+        DE2 de2(antiga.Caminho());
+        Fusao fusao(s.geral, de2, {3, 0, 0});
+        fusao.Correr();
+        QVERIFY(!fusao.Completa());
+        s.geral.de.Fechar_Ligacao();
+        QCOMPARE(s.Linhas(u"SELECT TblLista.Nome, NomeGrupo FROM TblLista, TblGrupos WHERE TblGrupos.ID=Grupo "
+                          "ORDER BY TblLista.ID"_s),
+                 (QStringList{u"Rui|Novo"_s, u"Eva|Novo"_s}));
+        QCOMPARE(s.Linhas(u"SELECT count(*) FROM TblGrupos WHERE NomeGrupo='Novo'"_s), QStringList{u"1"_s});
+        QCOMPARE(s.Linhas(u"SELECT count(*) FROM TblLista"_s), QStringList{u"2"_s});
     }
 
     void uma_tranca_que_vem_a_meio_espera_se_uma_vez_e_diz_se_no_fim()

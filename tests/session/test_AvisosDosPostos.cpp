@@ -386,6 +386,99 @@ private Q_SLOTS:
         QCOMPARE(contactos[0][1].toBool(), false);
     }
 
+    void quem_ouve_sabe_se_podem_ser_mais_do_que_os_nomeados()
+    {
+        Posto p;
+        QSignalSpy contactos(&p.avisos, &AvisosDosPostos::Contactos);
+        QSignalSpy mudados(&p.avisos, &AvisosDosPostos::ContactosMudadosAgora);
+        p.servidor.Mudou(u"tbllista"_s); // too many to be named
+        p.Recolher();
+        QCOMPARE(contactos.size(), 1);
+        QCOMPARE(contactos[0][1].toBool(), true);
+        QCOMPARE(mudados.size(), 1);
+        QCOMPARE(mudados[0][1].toBool(), true);
+        p.servidor.Mudou(u"tbllista"_s, What::Changed, {p.ids[5]});
+        p.Recolher();
+        QCOMPARE(contactos[1][1].toBool(), false);
+        QCOMPARE(mudados[1][0].value<QSet<int>>(), QSet<int>{p.ids[5]});
+        QCOMPARE(mudados[1][1].toBool(), false);
+    }
+
+    void cada_coisa_diz_se_so_do_que_aconteceu()
+    {
+        Posto p;
+        QSignalSpy contactos(&p.avisos, &AvisosDosPostos::Contactos);
+        QSignalSpy mudados(&p.avisos, &AvisosDosPostos::ContactosMudadosAgora);
+        QSignalSpy eliminados(&p.avisos, &AvisosDosPostos::ContactosEliminadosAgora);
+        p.servidor.Mudou(u"tbllista"_s, What::Added, {p.ids[1]});
+        p.Recolher();
+        QCOMPARE(mudados.size(), 0);
+        QCOMPARE(eliminados.size(), 0);
+        p.servidor.Mudou(u"tbllista"_s, What::Changed, {p.ids[2]});
+        p.Recolher();
+        QCOMPARE(mudados.size(), 1);
+        QCOMPARE(mudados[0][0].value<QSet<int>>(), QSet<int>{p.ids[2]});
+        QCOMPARE(eliminados.size(), 0);
+        p.servidor.Mudou(u"tbllista"_s, What::Removed, {p.ids[3]});
+        p.Recolher();
+        QCOMPARE(mudados.size(), 1);
+        QCOMPARE(eliminados.size(), 1);
+        QCOMPARE(eliminados[0][0].value<QSet<int>>(), QSet<int>{p.ids[3]});
+        QCOMPARE(contactos.size(), 3);
+        p.servidor.Mudou(u"tblgrupos"_s, What::Changed, {p.ids[4]}); // another table's numbers
+        p.Recolher();
+        QCOMPARE(mudados.size(), 1);
+        QCOMPARE(contactos.size(), 3);
+    }
+
+    void o_que_se_soube_enquanto_se_escrevia_diz_se_depois_inteiro()
+    {
+        Posto p;
+        QSignalSpy contactos(&p.avisos, &AvisosDosPostos::Contactos);
+        QSignalSpy mudados(&p.avisos, &AvisosDosPostos::ContactosMudadosAgora);
+        p.janela.txtProcura->setFocus();
+        QTest::keyClicks(p.janela.txtProcura, u"N"_s);
+        p.servidor.Mudou(u"tbllista"_s, What::Changed, {p.ids[5]});
+        p.Recolher();
+        QCOMPARE(contactos.size(), 0);
+        QCOMPARE(mudados.size(), 1); // an open editor hears it at once
+        p.servidor.Mudou(u"tbllista"_s, What::Changed, {p.ids[6]});
+        p.Recolher();
+        Disparar(p.avisos.TimerEscrita);
+        p.Recolher();
+        QCOMPARE(contactos.size(), 1);
+        QCOMPARE(contactos[0][0].value<QSet<int>>(), (QSet<int>{p.ids[5], p.ids[6]}));
+        QCOMPARE(contactos[0][1].toBool(), false);
+    }
+
+    void quem_falha_a_ouvir_nao_cala_os_que_vem_depois_data()
+    {
+        QTest::addColumn<int>("quem");
+        for (const int quem : {0, 1, 2, 3, 4, 5})
+            QTest::addRow("%d", quem) << quem;
+    }
+    void quem_falha_a_ouvir_nao_cala_os_que_vem_depois()
+    {
+        QFETCH(int, quem);
+        Posto p;
+        int ouvidos = 0;
+        const auto ouvir = [&](int um) {
+            ++ouvidos;
+            if (um == quem) throw Failure(Failure::StoreError, {}, {});
+        };
+        connect(&p.avisos, &AvisosDosPostos::Tarefas, this, [&] { ouvir(0); });
+        connect(&p.avisos, &AvisosDosPostos::Utilizadores, this, [&] { ouvir(1); });
+        connect(&p.avisos, &AvisosDosPostos::Configuracao, this, [&] { ouvir(2); });
+        connect(&p.avisos, &AvisosDosPostos::Memos, this, [&] { ouvir(3); });
+        connect(&p.avisos, &AvisosDosPostos::Grupos, this, [&] { ouvir(4); });
+        connect(&p.avisos, &AvisosDosPostos::Contactos, this, [&] { ouvir(5); });
+        p.servidor.Mudou(QString());
+        p.Recolher();
+        QCOMPARE(ouvidos, 6);
+        p.Recolher();
+        QCOMPARE(ouvidos, 6); // nor is it told again
+    }
+
     // Whoever was taken away must not see what the others have changed.
     void os_utilizadores_vem_antes_do_resto()
     {

@@ -564,8 +564,30 @@ private Q_SLOTS:
     {
         Criar_Tabela();
         QCOMPARE(connection_.schemaNumber(), 0);
-        connection_.execute(u"PRAGMA user_version=7"_s, {});
+        connection_.setSchemaNumber(7);
         QCOMPARE(connection_.schemaNumber(), 7);
+        QCOMPARE(connection_.query(u"PRAGMA user_version"_s, {}).Fields("user_version").number(), 7);
+    }
+    void os_passos_voltam_atras_com_tudo_o_resto()
+    {
+        Criar_Tabela();
+        connection_.setSchemaNumber(3);
+        skipFailure([&] {
+            connection_.allOrNothing([&] {
+                connection_.setSchemaNumber(4);
+                throw Failure(7, {}, {});
+            });
+        });
+        QCOMPARE(connection_.schemaNumber(), 3);
+    }
+    void os_indices_sao_os_da_tabela_e_de_nenhuma_nao_vem()
+    {
+        Criar_Tabela();
+        QCOMPARE(connection_.indexes(u"t"_s), QStringList());
+        connection_.execute(u"CREATE INDEX Idx ON T (Nome)"_s, {});
+        connection_.execute(u"CREATE TABLE Outra (Nome TEXT UNIQUE)"_s, {});
+        QCOMPARE(connection_.indexes(u"t"_s), QStringList{u"Idx"_s});
+        QCOMPARE(connection_.indexes(u"Nada"_s), QStringList());
     }
 
     void os_nomes_e_os_textos_escrevem_se_como_o_ficheiro_os_le()

@@ -24,7 +24,7 @@ class TestPostgresCopy : public QObject
                 {u"CREATE TABLE T (ID INTEGER PRIMARY KEY AUTOINCREMENT, Nome TEXT COLLATE MORVEX, Idade INTEGER, "
                  "Peso REAL, Imagem BLOB) STRICT"_s},
                 {{u"T"_s, {u"ID"_s, u"Nome"_s, u"Idade"_s, u"Peso"_s, u"Imagem"_s}, true}},
-                std::move(progress)};
+                std::move(progress), 7};
     }
 
 private Q_SLOTS:
@@ -66,6 +66,7 @@ private Q_SLOTS:
         QVERIFY(rs.Fields("Nome").isNull());
         QVERIFY(rs.Fields("Imagem").isNull());
         QCOMPARE(file->highestId(u"T"_s), 3);
+        QCOMPARE(file->schemaNumber(), 7);
         file->execute(u"INSERT INTO T (Nome) VALUES ('next')"_s, {});
         QCOMPARE(file->lastId(), 4);
     }

@@ -35,7 +35,7 @@ private Q_SLOTS:
     {
         PostgresLink link = Ligar();
         int rows = 0;
-        link.stream({u"SELECT generate_series(1, 1000)"_s, {}}, seconds(60), [&](const PGresult *one) {
+        link.stream({u"SELECT generate_series(1, 1000)"_s, {}}, PostgresPatience(), [&](const PGresult *one) {
             QCOMPARE(PQntuples(one), 1);
             ++rows;
         });
@@ -46,7 +46,7 @@ private Q_SLOTS:
     void whoever_gives_up_in_the_middle_of_the_rows_has_no_connection_any_more()
     {
         PostgresLink link = Ligar();
-        VERIFICAR_FALHA(link.stream({u"SELECT generate_series(1, 1000)"_s, {}}, seconds(60),
+        VERIFICAR_FALHA(link.stream({u"SELECT generate_series(1, 1000)"_s, {}}, PostgresPatience(),
                                     [](const PGresult *) { throw Failure(7, {}, {}); }),
                         7);
         QVERIFY(!link.alive());
@@ -56,7 +56,7 @@ private Q_SLOTS:
     {
         PostgresLink link = Ligar();
         int rows = 0;
-        VERIFICAR_FALHA(link.stream({u"SELECT 1 / (3 - i) FROM generate_series(1, 5) i"_s, {}}, seconds(60),
+        VERIFICAR_FALHA(link.stream({u"SELECT 1 / (3 - i) FROM generate_series(1, 5) i"_s, {}}, PostgresPatience(),
                                     [&](const PGresult *) { ++rows; }),
                         Failure::StoreError);
         QVERIFY(link.alive());

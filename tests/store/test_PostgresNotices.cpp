@@ -110,6 +110,30 @@ private Q_SLOTS:
         QVERIFY(changes_.isEmpty());
         QTRY_COMPARE(changes_.size(), 1);
     }
+    void what_was_heard_before_a_gathering_is_not_told_within_it_either()
+    {
+        other_->execute(insert_, {u"Rui"_s});
+        QTest::qSleep(100);
+        store_->query(u"SELECT * FROM T"_s, {}); // heard, and to be told by the next event
+        store_->gathering([&] {
+            QTest::qWait(100);
+            QVERIFY(changes_.isEmpty());
+        });
+        QTRY_COMPARE(changes_.size(), 1);
+    }
+    void the_same_change_twice_is_told_once()
+    {
+        other_->execute(insert_, {u"Ana"_s});
+        QTRY_COMPARE(changes_.size(), 1);
+        for (const char *name : {"Eva", "Rui", "Zita"})
+            other_->execute(u"UPDATE T SET Nome = '%1' WHERE ID = 1"_s.arg(QLatin1String(name)), {});
+        QTest::qSleep(200);
+        store_->query(u"SELECT * FROM T"_s, {});
+        QTRY_COMPARE(changes_.size(), 2);
+        QTest::qWait(100);
+        QCOMPARE(changes_.size(), 2);
+        QVERIFY(changes_[1] == Mudou(1, StoreChange::What::Changed));
+    }
     void the_mark_moves_with_what_others_write_before_anybody_is_told()
     {
         const StoreMark before = store_->mark();

@@ -198,6 +198,10 @@ private Q_SLOTS:
         QCOMPARE(store_->columns(u"T"_s),
                  (QStringList{u"id"_s, u"nome"_s, u"idade"_s, u"peso"_s, u"imagem"_s}));
         QCOMPARE(store_->columns(u"Nenhuma"_s), QStringList());
+        QCOMPARE(store_->indexes(u"T"_s), QStringList{u"t_pkey"_s});
+        QCOMPARE(store_->indexes(u"Nenhuma"_s), QStringList());
+        QCOMPARE(store_->schemaNumber(), 2);
+        VERIFICAR_FALHA(store_->setSchemaNumber(3), Failure::StoreError);
         QCOMPARE(store_->schemaNumber(), 2);
     }
     void columns_that_were_added_meanwhile_do_not_stop_what_was_prepared()

@@ -124,6 +124,47 @@ private Q_SLOTS:
         QVERIFY2(source.contains("'x'"_L1), qPrintable(source));
         QCOMPARE(Nomes(), u"a,b,c"_s);
     }
+    void in_order_nothing_is_written_behind_the_one_that_is_refused_data()
+    {
+        QTest::addColumn<int>("refused");
+        for (const int one : {0, 1, 299, 300, 450, 999})
+            QTest::addRow("%d", one) << one;
+    }
+    void in_order_nothing_is_written_behind_the_one_that_is_refused()
+    {
+        QFETCH(int, refused);
+        QVERIFY(teste::Especie_Da_Falha([&] {
+                    store_->gatheringInOrder([&] {
+                        for (int i = 0; i < 1000; ++i)
+                            Inserir(QString::number(i), i == refused ? StoreValue(u"none"_s) : qint64{0});
+                    });
+                }).has_value());
+        QCOMPARE(base_->Numero(u"SELECT count(*) FROM t"_s), refused);
+        Inserir(u"behind"_s);
+        QCOMPARE(base_->Numero(u"SELECT count(*) FROM t"_s), refused + 1);
+        store_->gathering([&] { // which keeps to no order
+            skipFailure([&] { Inserir(u"x"_s, u"none"_s); });
+            Inserir(u"Rui"_s);
+            skipFailure([&] { store_->schemaNumber(); });
+        });
+        QCOMPARE(base_->Numero(u"SELECT count(*) FROM t"_s), refused + 2);
+    }
+    // A refusal stands before what ended the work later, and is what is told.
+    void in_order_the_first_that_failed_is_told_and_what_stands_before_it_is_written()
+    {
+        const auto gathered = [&](const std::function<void()> &between) {
+            store_->gatheringInOrder([&] {
+                Inserir(u"Ana"_s);
+                between();
+                throw Failure(7, {}, {});
+            });
+        };
+        VERIFICAR_FALHA(gathered([] {}), 7);
+        QCOMPARE(base_->Numero(u"SELECT count(*) FROM t"_s), 1);
+        VERIFICAR_FALHA(gathered([&] { Inserir(u"x"_s, u"none"_s); }),
+                        Failure::StoreError);
+        QCOMPARE(base_->Numero(u"SELECT count(*) FROM t"_s), 2);
+    }
     void who_skips_a_failing_one_goes_on_within_the_gathering()
     {
         store_->gathering([&] {
@@ -194,6 +235,14 @@ private Q_SLOTS:
         }));
         QCOMPARE(base_->Valor(u"SELECT string_agg(n::text, ',' ORDER BY n) FROM u"_s), u"1,2,3,4"_s);
         QVERIFY(!skipFailure([&] {
+            store_->gatheringInOrder([&] {
+                for (const qint64 n : {7, 1, 8})
+                    add(n);
+            });
+        }));
+        QCOMPARE(base_->Valor(u"SELECT string_agg(n::text, ',' ORDER BY n) FROM u"_s), u"1,2,3,4,7"_s);
+        base_->Correr(u"DELETE FROM u WHERE n = 7"_s);
+        QVERIFY(!skipFailure([&] {
             store_->allOrNothing([&] {
                 add(5);
                 add(1);
@@ -225,11 +274,13 @@ private Q_SLOTS:
     }
     void all_or_nothing_within_a_gathering_stands_behind_what_was_gathered()
     {
+        store_->allOrNothing([] {}); // it knows the tables from now on, and need not ask for them
         store_->gathering([&] {
             Inserir(u"Ana"_s);
             QVERIFY(!skipFailure([&] {
                 store_->allOrNothing([&] {
                     Inserir(u"Rui"_s);
+                    QVERIFY(!skipFailure([&] { Inserir(u"x"_s, u"none"_s); })); // told at once, and not with a portion
                     QCOMPARE(Quantos(), 1);
                     throw Failure(7, {}, {});
                 });
@@ -237,6 +288,26 @@ private Q_SLOTS:
             Inserir(u"Eva"_s);
         });
         QCOMPARE(Nomes(), u"Ana,Eva"_s);
+    }
+    // In another order than a portion's they would wait for one another.
+    void all_or_nothing_and_portions_wait_for_the_same_turn()
+    {
+        std::thread holder([address = base_->Morada()] {
+            TabelaNoServidor::Correr_Em(QUrl(address), u"BEGIN; SELECT pg_advisory_xact_lock(2004); SELECT pg_sleep(3.5); COMMIT"_s);
+        });
+        QTRY_COMPARE(base_->Numero(u"SELECT count(*) FROM pg_locks WHERE locktype = 'advisory' AND granted AND "
+                                   "database = (SELECT oid FROM pg_database WHERE datname = current_database())"_s),
+                     1);
+        const auto portion = [&] { store_->gathering([&] { Inserir(u"Eva"_s); }); };
+        QCOMPARE(teste::Especie_Da_Falha([&] { store_->allOrNothing([&] { Inserir(u"Rui"_s); }); }),
+                 Failure::Kind::DatabaseLocked);
+        Inserir(u"Ana"_s); // which needs no turn, and finds nothing left of the other
+        QCOMPARE(Nomes(), u"Ana"_s);
+        QCOMPARE(teste::Especie_Da_Falha(portion), Failure::Kind::DatabaseLocked);
+        holder.join();
+        portion();
+        store_->allOrNothing([&] { Inserir(u"Rui"_s); });
+        QCOMPARE(Nomes(), u"Ana,Eva,Rui"_s);
     }
     void what_was_gathered_of_all_that_became_nothing_is_nothing()
     {

@@ -11,6 +11,7 @@ foreach(teste IN ITEMS
     test_PostgresLink
     test_PostgresNotices
     test_PostgresOpening
+    test_PostgresSilence
     test_PostgresStore
     test_PostgresWrites
     test_Recordset
@@ -20,5 +21,7 @@ foreach(teste IN ITEMS
 endforeach()
 morvex_servidores(test_PostgresLedger)
 morvex_servidores(test_PostgresOpening)
+morvex_servidores(test_PostgresSilence)
 morvex_com_postgres(store/test_PostgresCopy store/test_PostgresFaults store/test_PostgresLedger store/test_PostgresLink store/test_PostgresNotices store/test_PostgresOpening
+    store/test_PostgresSilence
     store/test_PostgresStore store/test_PostgresWrites)

@@ -68,6 +68,7 @@ public:
     // How the next openings fail; none: they succeed.
     std::optional<Failure::Kind> recusa;
     std::optional<int> passos; // of the schema, in the place of the file's own
+    std::function<bool(const QString &sql)> falha_a_pergunta; // to which questions no answer comes
 
 private:
     class Posto;
@@ -108,6 +109,8 @@ public:
     Recordset query(const QString &sql, const Values &values) override
     {
         s_.Pedido(sql);
+        if (s_.falha_a_pergunta && s_.falha_a_pergunta(sql))
+            throw Failure(Failure::StoreError, sql, QStringLiteral("no answer"));
         return ficheiro_->query(sql, values);
     }
     void rows(const QString &sql, const Values &values, const EachRow &row) override
@@ -168,6 +171,8 @@ public:
         ficheiro_->giveAgainBehind(table, last);
     }
     QStringList columns(const QString &table) override { return ficheiro_->columns(table); }
+    QStringList indexes(const QString &table) override { return ficheiro_->indexes(table); }
+    void setSchemaNumber(int steps) override { ficheiro_->setSchemaNumber(steps); }
     int schemaNumber() override { return s_.passos.value_or(ficheiro_->schemaNumber()); }
     void copyTo(const FileCopy &copia) override
     {

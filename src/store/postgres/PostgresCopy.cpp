@@ -38,7 +38,7 @@ public:
     }
 
 private:
-    PostgresResult ask(const PostgresCommand &command) { return link_.run(command, Deadline(patience_.list)); }
+    PostgresResult ask(const PostgresCommand &command) { return link_.run(command, patience_.forList()); }
     void say(const QString &sql) { ask({sql, {}}); }
     qint64 number(const PostgresCommand &command)
     {
@@ -52,7 +52,7 @@ private:
         const QString insert = u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(
             table.name, columns, QStringList(table.columns.size(), u"?"_s).join(u", "_s));
         const QString all = u"SELECT %1 FROM %2 ORDER BY 1"_s.arg(columns, table.name);
-        link_.stream({all, {}}, patience_.list, [&](const PGresult *one) {
+        link_.stream({all, {}}, patience_, [&](const PGresult *one) {
             Cells cells;
             PostgresRow(one).addTo(cells);
             Store::Values values;
@@ -96,12 +96,16 @@ void PostgresStore::copyTo(const FileCopy &copy)
     if (session_.lost()) raiseLost({});
     flush();
     const PostgresPatience &patience = session_.patience();
-    auto connection = openNow(PostgresAddress(address_), {}, Deadline(patience.opening));
     try {
-        createDatabase(copy.file, copy.create);
+        auto connection = openNow(PostgresAddress(address_), {}, patience.forOpening());
+        createDatabase(copy.file, copy.create, copy.schemaNumber);
         const auto file = SqliteStore::open(copy.file);
         file->allOrNothing([&] { Copying(std::move(connection), patience, copy, *file).run(); });
         file->requireSound();
+    } catch (const Failure &failure) {
+        QFile::remove(copy.file);
+        if (failure.kind() == Failure::Kind::ServerLost) session_.lose(); // rather than to wait for it once more
+        throw;
     } catch (...) {
         QFile::remove(copy.file);
         throw;

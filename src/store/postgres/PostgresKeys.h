@@ -21,6 +21,8 @@ inline const QString alone = QStringLiteral("SELECT pg_advisory_xact_lock(2004)"
 inline const QString takeKey =
     QStringLiteral("WITH taken AS (INSERT INTO gravacoes (chave) VALUES ($1::uuid) ON CONFLICT DO NOTHING RETURNING 1) "
                    "INSERT INTO gravacoes (chave) SELECT $2::uuid FROM taken");
+// How many milliseconds that may take. For this transaction alone.
+inline const QString waitForLocks = QStringLiteral("SELECT set_config('lock_timeout', $1, true)");
 // A row where that key is there.
 inline const QString findKey = QStringLiteral("SELECT 1 FROM gravacoes WHERE chave = $1::uuid");
 

@@ -1,6 +1,6 @@
 #include "store/postgres/PostgresLink.h"
 
-#include "store/postgres/SocketWait.h"
+#include "store/postgres/ServerPulse.h"
 
 #include <QLocale>
 #include <utility>
@@ -173,19 +173,21 @@ PostgresResult PostgresLink::next(const Deadline &deadline)
 
 void PostgresLink::await(const Deadline &deadline)
 {
+    ServerPulse pulse(socket());
     for (;;) {
         const int unsent = PQflush(connection_.get());
         if (unsent < 0) lose();
         if (PQisBusy(connection_.get()) == 0) return;
-        if (!socketReady(socket(), true, unsent > 0, deadline)) {
+        if (!pulse.ready(unsent > 0, deadline)) {
             drop();
             raiseLost({});
         }
         if (PQconsumeInput(connection_.get()) == 0) lose();
+        deadline.heard();
     }
 }
 
-void PostgresLink::stream(const PostgresCommand &command, std::chrono::milliseconds patience,
+void PostgresLink::stream(const PostgresCommand &command, const PostgresPatience &patience,
                           const std::function<void(const PGresult *)> &row)
 {
     if (!alive()) raiseLost({});
@@ -197,7 +199,7 @@ void PostgresLink::stream(const PostgresCommand &command, std::chrono::milliseco
     PQsetSingleRowMode(connection_.get());
     PostgresResult refusal;
     try {
-        while (PostgresResult result = next(Deadline(patience))) {
+        while (PostgresResult result = next(patience.forList())) {
             if (isRefusal(result.get()))
                 refusal = std::move(result);
             else if (PQresultStatus(result.get()) == PGRES_SINGLE_TUPLE)
@@ -208,16 +210,16 @@ void PostgresLink::stream(const PostgresCommand &command, std::chrono::milliseco
         throw;
     }
     PQenterPipelineMode(connection_.get());
-    leaveSingleRows(patience);
+    leaveSingleRows(patience.forList());
     if (refusal) raiseRefusal(refusal.get(), command.sql);
 }
 
 // The library hands out the next answer row by row as well, unless something without rows comes before it.
-void PostgresLink::leaveSingleRows(std::chrono::milliseconds patience)
+void PostgresLink::leaveSingleRows(const Deadline &deadline)
 {
     PostgresAnswers none;
     end();
-    collect(none, Deadline(patience));
+    collect(none, deadline);
 }
 
 bool PostgresLink::hear()

@@ -55,8 +55,8 @@ public:
     void ahead(const QString &sql) { ahead_.push_back(sql); }
 
     // Hands on each row as it comes, in a result of one row, and keeps none. Within a transaction at most one at a
-    // time. The deadline is for each portion of what comes.
-    void stream(const PostgresCommand &command, std::chrono::milliseconds patience,
+    // time. The patience is that for a list, for each portion of what comes.
+    void stream(const PostgresCommand &command, const PostgresPatience &patience,
                 const std::function<void(const PGresult *)> &row);
 
     // Takes what has come meanwhile. False where the server has gone.
@@ -85,7 +85,7 @@ private:
     void send(const PostgresCommand &command, std::size_t place);
     void sent(int worked);
     void end();
-    void leaveSingleRows(std::chrono::milliseconds patience);
+    void leaveSingleRows(const Deadline &deadline);
     void collect(PostgresAnswers &answers, const Deadline &deadline);
     void settle(PostgresAnswers &answers, const Awaited &awaited, PostgresResult result);
     PostgresResult next(const Deadline &deadline);

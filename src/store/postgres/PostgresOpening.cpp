@@ -132,10 +132,13 @@ void PostgresOpening::fail() const
 PostgresConnection openNow(const PostgresAddress &address, const QStringList &settings, const Deadline &deadline)
 {
     PostgresOpening opening(address, settings);
+    bool asked = false; // the server itself, and not who knows its name
     while (opening.waits() != PostgresOpening::Waits::NoMore) {
         const bool toWrite = opening.waits() == PostgresOpening::Waits::ToWrite;
         if (!socketReady(opening.socket(), !toWrite, toWrite, deadline))
             raise(u"The server does not answer"_s, Failure::Kind::ServerLost);
+        asked = asked || toWrite;
+        if (asked && !toWrite) deadline.heard();
         opening.step();
     }
     return opening.taken();

@@ -13,18 +13,27 @@ namespace
 constexpr std::string_view otherColumns = "0A000";
 } // namespace
 
-PostgresSession::PostgresSession(const QString &address, QStringList settings, PostgresPatience patience)
+PostgresSession::PostgresSession(const QString &address, QStringList settings, PostgresPatience patience,
+                                 const Deadline &opening)
     : patience_(std::move(patience)),
+      text_(address),
       address_(address),
       settings_(std::move(settings)),
       reconnect_(address_, settings_, patience_)
 {
     reconnect_.opened = [this](PostgresConnection connection) { comeBack(std::move(connection)); };
-    take(openNow(address_, settings_, Deadline(patience_.opening)));
+    try {
+        take(openNow(address_, settings_, opening));
+    } catch (const Failure &) {
+        if (opening.silent()) loseOthers();
+        throw;
+    }
+    all_.push_back(this);
 }
 
 PostgresSession::~PostgresSession()
 {
+    std::erase(all_, this);
     notifier_.reset(); // before the socket that it watches
 }
 
@@ -49,6 +58,20 @@ void PostgresSession::lose()
     tellSoon();
 }
 
+bool PostgresSession::isLost(const QString &address)
+{
+    return std::any_of(all_.begin(), all_.end(), [&](const PostgresSession *one) {
+        return one->lost() && one->text_ == address;
+    });
+}
+
+// What one has waited for in vain the others would, too.
+void PostgresSession::loseOthers()
+{
+    for (PostgresSession *one : all_)
+        if (one != this && one->text_ == text_) one->lose();
+}
+
 void PostgresSession::comeBack(PostgresConnection connection)
 {
     take(std::move(connection));
@@ -63,17 +86,14 @@ void PostgresSession::comeBack(PostgresConnection connection)
 
 bool PostgresSession::reopen(const Deadline &deadline)
 {
-    if (deadline.left().count() > 0) {
-        try {
-            take(openNow(address_, settings_, deadline));
-            missSome();
-            return true;
-        } catch (const Failure &) {
-            // it is lost, then
-        }
+    try {
+        take(openNow(address_, settings_, deadline));
+        missSome();
+        return true;
+    } catch (const Failure &) {
+        lose();
+        return false;
     }
-    lose();
-    return false;
 }
 
 void PostgresSession::ahead(const QString &sql)
@@ -91,6 +111,7 @@ PostgresAnswers PostgresSession::attempt(Commands commands, const Deadline &dead
         return answers;
     } catch (const Failure &) {
         notifier_.reset();
+        if (deadline.silent()) loseOthers();
         throw;
     }
 }
@@ -117,7 +138,7 @@ PostgresAnswers PostgresSession::attemptTwice(Commands commands, const Deadline 
 
 PostgresResult PostgresSession::ask(const PostgresCommand &command, std::chrono::milliseconds patience)
 {
-    const Deadline deadline(patience);
+    const Deadline deadline = patience_.within(patience);
     const Commands one(&command, 1);
     PostgresAnswers answers = attemptTwice(one, deadline);
     if (answers.refused && stateOf(answers.refusal.get()) == otherColumns) {
@@ -167,7 +188,7 @@ void PostgresSession::note(const StoreChange &change)
 
 void PostgresSession::tellSoon()
 {
-    if (telling_ || held_ > 0 || (news_.empty() && !reach_)) return;
+    if (telling_ || (news_.empty() && !reach_)) return;
     telling_ = true;
     QMetaObject::invokeMethod(this, [this] { tell(); }, Qt::QueuedConnection);
 }

@@ -15,8 +15,9 @@ class PostgresSession final : public QObject
 public:
     using Commands = std::span<const PostgresCommand>;
 
-    // Opens the connection and waits for that. The settings are what each session of the server begins with.
-    PostgresSession(const QString &address, QStringList settings, PostgresPatience patience);
+    // Opens the connection and waits for that, no longer than the last one says. The settings are what each session
+    // of the server begins with.
+    PostgresSession(const QString &address, QStringList settings, PostgresPatience patience, const Deadline &opening);
     ~PostgresSession() override;
 
     const PostgresPatience &patience() const { return patience_; }
@@ -37,6 +38,9 @@ public:
     bool reopen(const Deadline &deadline);
     void lose();
     bool lost() const { return reconnect_.active(); }
+
+    // Whether another session has lost that server: none waits for a silence that one has waited for.
+    static bool isLost(const QString &address);
 
     // Another one with each connection: what was begun on an earlier one is gone.
     int generation() const { return generation_; }
@@ -72,6 +76,7 @@ public:
 private:
     PostgresAnswers lastAttempt(Commands commands, const Deadline &deadline);
     void take(PostgresConnection connection);
+    void loseOthers();
     void comeBack(PostgresConnection connection);
     void hear();
     void collectNotices();
@@ -81,6 +86,7 @@ private:
     void tell();
 
     PostgresPatience patience_;
+    QString text_; // of the address
     PostgresAddress address_;
     QStringList settings_;
     std::unique_ptr<PostgresLink> link_;
@@ -93,4 +99,5 @@ private:
     int generation_ = 0;
     int held_ = 0;
     bool telling_ = false; // soon
+    static inline std::vector<PostgresSession *> all_; // of this process, each of them open once
 };

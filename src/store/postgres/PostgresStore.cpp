@@ -35,33 +35,36 @@ Recordset recordset(const PGresult *answer)
 }
 } // namespace
 
-PostgresStore::PostgresStore(QString address, const QStringList &settings, const PostgresPatience &patience)
+PostgresStore::PostgresStore(QString address, const QStringList &settings, const PostgresPatience &patience,
+                             const Deadline &opening)
     : address_(std::move(address)),
-      session_(address_, settings, patience)
+      session_(address_, settings, patience, opening)
 {
-    session_.cameBack = [this] { settleDoubt(); };
+    constexpr std::chrono::milliseconds hardly(10); // nobody has asked for it: the window must not stand still
+    session_.cameBack = [this] { settleDoubt(hardly, session_.patience().forCommand()); };
 }
 
 // A lock is waited for a little shorter than an answer: who holds it is no reason to think the server lost.
 std::chrono::milliseconds PostgresStore::lockPatience(const PostgresPatience &patience) { return patience.command * 3 / 4; }
 
 std::unique_ptr<PostgresStore> PostgresStore::make(const QString &address, QStringList settings,
-                                                   const PostgresPatience &patience)
+                                                   const PostgresPatience &patience, const Deadline &opening)
 {
     settings << u"lock_timeout=%1"_s.arg(lockPatience(patience).count());
-    return std::unique_ptr<PostgresStore>(new PostgresStore(address, settings, patience));
+    return std::unique_ptr<PostgresStore>(new PostgresStore(address, settings, patience, opening));
 }
 
 std::unique_ptr<PostgresStore> PostgresStore::open(const QString &address, const PostgresPatience &patience)
 {
-    auto store = make(address, {}, patience);
+    auto store = make(address, {}, patience, Deadline(patience.opening));
     store->session_.ahead(postgres::forgetOldKeys);
     return store;
 }
 
 std::unique_ptr<PostgresStore> PostgresStore::openReadOnly(const QString &address, const PostgresPatience &patience)
 {
-    return make(address, {u"default_transaction_read_only=on"_s}, patience);
+    if (PostgresSession::isLost(address)) raiseLost({});
+    return make(address, {u"default_transaction_read_only=on"_s}, patience, patience.forOpening());
 }
 
 PostgresCommand PostgresStore::said(const QString &sql, Values values)
@@ -136,22 +139,37 @@ void PostgresStore::giveAgainBehind(const QString &table, qint64 last)
     execute(u"SELECT morvex_voltar_a(?, ?)"_s, {table, last});
 }
 
-QStringList PostgresStore::columns(const QString &table)
+QStringList PostgresStore::names(const QString &sql, const QString &table)
 {
-    Recordset rs = ownQuestion(u"SELECT attname AS name FROM pg_catalog.pg_attribute WHERE attrelid = "
-                               "pg_catalog.to_regclass(quote_ident($1)) AND attnum > 0 AND NOT attisdropped "
-                               "ORDER BY attnum"_s,
-                               {table.toLower()});
     QStringList names;
-    for (; !rs.Eof(); rs.MoveNext())
+    for (Recordset rs = ownQuestion(sql, {table.toLower()}); !rs.Eof(); rs.MoveNext())
         names << rs.Fields("name").text();
     return names;
+}
+
+QStringList PostgresStore::columns(const QString &table)
+{
+    return names(u"SELECT attname AS name FROM pg_catalog.pg_attribute WHERE attrelid = "
+                 "pg_catalog.to_regclass(quote_ident($1)) AND attnum > 0 AND NOT attisdropped ORDER BY attnum"_s,
+                 table);
+}
+
+QStringList PostgresStore::indexes(const QString &table)
+{
+    return names(u"SELECT relname AS name FROM pg_catalog.pg_index JOIN pg_catalog.pg_class ON oid = indexrelid WHERE "
+                 "indrelid = pg_catalog.to_regclass(quote_ident($1))"_s,
+                 table);
 }
 
 int PostgresStore::schemaNumber()
 {
     const Recordset rs = ownQuestion(u"SELECT max(numero) AS number FROM morvex_esquema"_s, {});
     return rs.Fields("number").isNull() ? 0 : rs.Fields("number").number();
+}
+
+void PostgresStore::setSchemaNumber(int)
+{
+    raising::failure(u"The schema of a server is its administrator's"_s, place());
 }
 
 const Dialect &PostgresStore::dialect() const

@@ -13,7 +13,8 @@ class PostgresStore final : public Store
 public:
     // Raises Failure with the reason why there is no connection.
     static std::unique_ptr<PostgresStore> open(const QString &address, const PostgresPatience &patience = {});
-    // The server itself refuses its writes.
+    // The server itself refuses its writes. In the middle of work: a silent server is waited for no longer than by a
+    // command, and one that another store has lost not at all.
     static std::unique_ptr<PostgresStore> openReadOnly(const QString &address, const PostgresPatience &patience = {});
 
     QString place() const override { return PostgresAddress::shown(address_); }
@@ -28,12 +29,15 @@ public:
     void tryWriting() override;
     void waitingOnce(const Work &work) override;
     void gathering(const Work &work) override;
+    void gatheringInOrder(const Work &work) override;
     void allOrNothing(const Work &work) override;
     qint64 lastId() override;
     qint64 highestId(const QString &table) override;
     void giveAgainBehind(const QString &table, qint64 last) override;
     QStringList columns(const QString &table) override;
+    QStringList indexes(const QString &table) override;
     int schemaNumber() override;
+    void setSchemaNumber(int steps) override;
     void copyTo(const FileCopy &copy) override;
     const Dialect &dialect() const override;
     void listen(const Listener &listener) override { session_.listen(listener); }
@@ -51,21 +55,23 @@ private:
         PostgresCommand command;
     };
 
-    PostgresStore(QString address, const QStringList &settings, const PostgresPatience &patience);
+    PostgresStore(QString address, const QStringList &settings, const PostgresPatience &patience,
+                  const Deadline &opening);
     static std::unique_ptr<PostgresStore> make(const QString &address, QStringList settings,
-                                               const PostgresPatience &patience);
+                                               const PostgresPatience &patience, const Deadline &opening);
 
     PostgresCommand said(const QString &sql, Values values);
     PostgresResult answer(const PostgresCommand &command, std::chrono::milliseconds patience);
     PostgresResult within(const PostgresCommand &command, std::chrono::milliseconds patience);
     Recordset ownQuestion(const QString &sql, Values values);
+    QStringList names(const QString &sql, const QString &table);
 
     static std::chrono::milliseconds lockPatience(const PostgresPatience &patience);
 
     void sendAlone(const Write &write);
     PostgresAnswers sendKeyed(const QString &keep, const Commands &commands, const Deadline &deadline);
     bool settle(const QString &key, const Deadline &deadline);
-    void settleDoubt();
+    void settleDoubt(std::chrono::milliseconds lockPatience, const Deadline &deadline);
     void count(const Write &write, const PGresult *answer);
     [[noreturn]] void refuse(const PGresult *refusal, const QString &source);
 
@@ -75,6 +81,7 @@ private:
     PostgresAnswers tryPortion(std::span<const Write> writes);
     PostgresAnswers tryPortionWithin(std::span<const Write> writes, const Deadline &deadline);
     void sendOneByOne(std::vector<Write> writes);
+    void keepBehind(std::size_t refused, std::vector<Write> writes);
     void endGathering(std::exception_ptr raised);
 
     void begin();
@@ -87,6 +94,7 @@ private:
     PostgresSession session_;
     QHash<QString, Said> said_; // the server's words for a statement
     bool gathering_ = false;
+    bool inOrder_ = false;          // what stands behind a refusal is not written
     bool waitsOnce_ = false;
     bool waits_ = true;             // for a lock
     std::optional<int> transaction_; // the connection on which all or nothing was begun

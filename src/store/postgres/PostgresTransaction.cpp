@@ -14,7 +14,7 @@ PostgresResult PostgresStore::within(const PostgresCommand &command, std::chrono
     const Commands commands{{postgres::savePoint, {}}, command, {postgres::release, {}}};
     PostgresAnswers answers;
     try {
-        answers = session_.attempt(commands, Deadline(patience));
+        answers = session_.attempt(commands, session_.patience().within(patience));
     } catch (const Failure &) {
         session_.lose();
         throw;
@@ -69,7 +69,7 @@ void PostgresStore::begin()
     if (session_.lost()) raiseLost({});
     Commands commands{{u"BEGIN"_s, {}}, {postgres::alone, {}}};
     if (const QString &tables = lockOfAll(); !tables.isEmpty()) commands.push_back({tables, {}});
-    const PostgresAnswers answers = session_.attemptTwice(commands, Deadline(session_.patience().command)); // nothing was written yet
+    const PostgresAnswers answers = session_.attemptTwice(commands, session_.patience().forCommand()); // nothing was written yet
     transaction_ = session_.generation();
     if (!answers.refused) return;
     rollBack();
@@ -81,7 +81,7 @@ void PostgresStore::commit()
     flush();
     if (session_.lost() || session_.generation() != *transaction_) raiseLost({});
     const PostgresAnswers answers =
-        sendKeyed(postgres::keepKey, {{u"COMMIT"_s, {}}}, Deadline(session_.patience().command));
+        sendKeyed(postgres::keepKey, {{u"COMMIT"_s, {}}}, session_.patience().forCommand());
     if (answers.refused) refuse(answers.refusal.get(), u"COMMIT"_s);
     transaction_.reset();
     if (waitsOnce_) wait(true);
@@ -92,11 +92,10 @@ void PostgresStore::rollBack()
 {
     const bool there = !session_.lost() && session_.generation() == transaction_;
     transaction_.reset();
-    portion_.clear();
     if (!there) return;
     const PostgresCommand command{u"ROLLBACK"_s, {}};
     try {
-        session_.attempt({&command, 1}, Deadline(session_.patience().command));
+        session_.attempt({&command, 1}, session_.patience().forCommand());
     } catch (const Failure &) {
         session_.lose();
     }
@@ -121,7 +120,7 @@ void PostgresStore::tryWriting()
 {
     if (transaction_) return;
     const Commands commands{{u"BEGIN"_s, {}}, {postgres::keepKey, {postgres::newKey()}}, {u"ROLLBACK"_s, {}}};
-    const PostgresAnswers answers = session_.attemptTwice(commands, Deadline(session_.patience().command));
+    const PostgresAnswers answers = session_.attemptTwice(commands, session_.patience().forCommand());
     if (!answers.refused) return;
     transaction_ = session_.generation();
     rollBack();

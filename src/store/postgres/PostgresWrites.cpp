@@ -4,6 +4,7 @@
 #include "store/postgres/PostgresStore.h"
 
 #include <algorithm>
+#include <QScopedValueRollback>
 #include <utility>
 
 namespace
@@ -59,8 +60,7 @@ void PostgresStore::refuse(const PGresult *refusal, const QString &source)
 // The first answer is the key's. There is none at all where they were lost and the key says that all was done.
 void PostgresStore::sendAlone(const Write &write)
 {
-    const PostgresAnswers answers =
-        sendKeyed(postgres::keepKey, {write.command}, Deadline(session_.patience().command));
+    const PostgresAnswers answers = sendKeyed(postgres::keepKey, {write.command}, session_.patience().forCommand());
     if (answers.refused) refuse(answers.refusal.get(), write.sql);
     count(write, answers.results.empty() ? nullptr : answers.results.back().get());
     if (waitsOnce_) wait(true);
@@ -93,17 +93,19 @@ bool PostgresStore::settle(const QString &key, const Deadline &deadline)
     taken_ = postgres::newKey();
     fates_.push_back(Fate::Unknown);
     if (!session_.reopen(deadline)) return false;
-    skipFailure([this] { settleDoubt(); });
+    skipFailure([&] { settleDoubt(lockPatience(session_.patience()), deadline); });
     return fates_.back() == Fate::Arrived;
 }
 
 // A server on which that write still runs counts as lost: it is asked again on the next way back.
-void PostgresStore::settleDoubt()
+void PostgresStore::settleDoubt(std::chrono::milliseconds lockPatience, const Deadline &deadline)
 {
     if (doubt_.isEmpty()) return;
-    const Commands commands{{postgres::takeKey, {doubt_, taken_}}, {postgres::findKey, {taken_}}};
+    const Commands commands{{postgres::waitForLocks, {QString::number(lockPatience.count())}},
+                            {postgres::takeKey, {doubt_, taken_}},
+                            {postgres::findKey, {taken_}}};
     try {
-        const PostgresAnswers answers = session_.attempt(commands, Deadline(session_.patience().command));
+        const PostgresAnswers answers = session_.attempt(commands, deadline);
         if (answers.refused) raiseRefusal(answers.refusal.get(), postgres::takeKey);
         const bool wasFree = PQntuples(answers.results.back().get()) > 0;
         fates_.back() = wasFree ? Fate::NotArrived : Fate::Arrived;
@@ -127,7 +129,14 @@ void PostgresStore::gathering(const Work &work)
     endGathering(raised);
 }
 
-// What stands behind one that is refused is written all the same; the first that failed is told.
+void PostgresStore::gatheringInOrder(const Work &work)
+{
+    const QScopedValueRollback order(inOrder_, true);
+    gathering(work);
+}
+
+// What stands behind one that is refused is written all the same, unless their order counts; the first that failed is
+// told, and what was gathered stands before what ended the work.
 void PostgresStore::endGathering(std::exception_ptr raised)
 {
     gathering_ = false;
@@ -135,7 +144,7 @@ void PostgresStore::endGathering(std::exception_ptr raised)
         try {
             flush();
         } catch (const Failure &) {
-            if (!raised) raised = std::current_exception();
+            if (!raised || inOrder_) raised = std::current_exception();
         }
     }
     if (raised) std::rethrow_exception(raised);
@@ -164,9 +173,15 @@ void PostgresStore::sendPortion(std::vector<Write> writes)
     }
     if (!refusal) return;
     const QString source = writes[good].sql;
-    portion_.assign(std::make_move_iterator(writes.begin() + static_cast<std::ptrdiff_t>(good) + 1),
-                    std::make_move_iterator(writes.end()));
+    keepBehind(good, std::move(writes));
     refuse(refusal.get(), source);
+}
+
+void PostgresStore::keepBehind(std::size_t refused, std::vector<Write> writes)
+{
+    if (inOrder_) return;
+    portion_.assign(std::make_move_iterator(writes.begin() + static_cast<std::ptrdiff_t>(refused) + 1),
+                    std::make_move_iterator(writes.end()));
 }
 
 // Whoever may not keep a key may write nothing at all; who waited for its turn in vain goes on behind the first.
@@ -178,7 +193,7 @@ void PostgresStore::requireLock(const PGresult *refusal, const QString &source)
 // One that did not arrive is sent once more: its key is taken, so that the first can't come after all.
 PostgresAnswers PostgresStore::tryPortion(std::span<const Write> writes)
 {
-    const Deadline deadline(session_.patience().list);
+    const Deadline deadline = session_.patience().forList();
     if (transaction_) return tryPortionWithin(writes, deadline);
     Commands commands;
     for (const Write &write : writes)
@@ -204,9 +219,7 @@ void PostgresStore::sendOneByOne(std::vector<Write> writes)
         try {
             sendAlone(writes[i]);
         } catch (const Failure &failure) {
-            if (failure.kind() != Failure::Kind::ServerLost)
-                portion_.assign(std::make_move_iterator(writes.begin() + static_cast<std::ptrdiff_t>(i) + 1),
-                                std::make_move_iterator(writes.end()));
+            if (failure.kind() != Failure::Kind::ServerLost) keepBehind(i, std::move(writes));
             throw;
         }
     }

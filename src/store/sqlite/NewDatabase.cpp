@@ -7,7 +7,7 @@
 #include <QFileInfo>
 #include <SQLiteCpp/SQLiteCpp.h>
 
-void createDatabase(const QString &path, const QStringList &statements)
+void createDatabase(const QString &path, const QStringList &statements, int schemaNumber)
 {
     if (QFileInfo::exists(path))
         throw Failure(Failure::StoreError, path, QStringLiteral("The file exists already: %1").arg(path));
@@ -16,6 +16,7 @@ void createDatabase(const QString &path, const QStringList &statements)
         registerTextRules(database.getHandle());
         for (const QString &statement : statements)
             database.exec(statement.toStdString());
+        if (schemaNumber != 0) database.exec("PRAGMA user_version=" + std::to_string(schemaNumber));
     } catch (const SQLite::Exception &error) {
         throw Failure(Failure::StoreError, path, QString::fromUtf8(error.what()));
     }

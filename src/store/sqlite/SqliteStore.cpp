@@ -210,19 +210,30 @@ void SqliteStore::giveAgainBehind(const QString &table, qint64 last)
     execute(u"UPDATE sqlite_sequence SET seq = ? WHERE name = ?"_s, {last, table});
 }
 
-QStringList SqliteStore::columns(const QString &table)
+QStringList SqliteStore::names(const QString &sql, const QString &table)
 {
     QStringList names;
-    Recordset rs = query(u"SELECT name FROM pragma_table_info(?)"_s, {table});
-    for (; !rs.Eof(); rs.MoveNext())
+    for (Recordset rs = query(sql, {table}); !rs.Eof(); rs.MoveNext())
         names << rs.Fields("name").text();
     return names;
+}
+
+QStringList SqliteStore::columns(const QString &table)
+{
+    return names(u"SELECT name FROM pragma_table_info(?)"_s, table);
+}
+
+QStringList SqliteStore::indexes(const QString &table)
+{
+    return names(u"SELECT name FROM pragma_index_list(?)"_s, table);
 }
 
 int SqliteStore::schemaNumber()
 {
     return query(u"PRAGMA user_version"_s, {}).Fields("user_version").number();
 }
+
+void SqliteStore::setSchemaNumber(int steps) { execute(u"PRAGMA user_version=%1"_s.arg(steps), {}); }
 
 // It has its tables from the file itself.
 void SqliteStore::copyTo(const FileCopy &copy)

@@ -49,7 +49,9 @@ public:
     void giveAgainBehind(const QString &table, qint64 last) override;
     QStringList columns(const QString &table) override;
     bool anyForeign(const QStringList &tables) override;
+    QStringList indexes(const QString &table) override;
     int schemaNumber() override;
+    void setSchemaNumber(int steps) override;
     void copyTo(const FileCopy &copy) override;
     const Dialect &dialect() const override;
     void releaseMemory() override;
@@ -66,6 +68,7 @@ private:
     void copyFrom(const QString &path);
     void requireReadable(const QString &source);
 
+    QStringList names(const QString &sql, const QString &table);
     Statement &statement(const QString &sql);
     bool step(Statement &statement);
     void run(const Write &write);
