@@ -3,8 +3,9 @@ morvex_teste(ferramentas/test_Manual LIGA ferramentas)
 morvex_teste(ferramentas/test_desenhos LIGA platform)
 target_compile_definitions(test_desenhos PRIVATE
     MORVEX_RAIZ="${PROJECT_SOURCE_DIR}"
-    DESENHAR_ICO="$<TARGET_FILE:desenhar_ico>" DESENHAR_PONTOS="$<TARGET_FILE:desenhar_pontos>")
-add_dependencies(test_desenhos desenhar_ico desenhar_pontos)
+    DESENHAR_ICO="$<TARGET_FILE:desenhar_ico>" DESENHAR_ICONE="$<TARGET_FILE:desenhar_icone>"
+    DESENHAR_PONTOS="$<TARGET_FILE:desenhar_pontos>")
+add_dependencies(test_desenhos desenhar_ico desenhar_icone desenhar_pontos)
 if(WIN32)
     return()
 endif()
