@@ -9,6 +9,9 @@ add_dependencies(test_desenhos desenhar_ico desenhar_icone desenhar_pontos)
 if(WIN32)
     return()
 endif()
+morvex_teste(ferramentas/test_ler_cartoes LIGA vcard)
+target_compile_definitions(test_ler_cartoes PRIVATE LER_CARTOES="$<TARGET_FILE:ler_cartoes>")
+add_dependencies(test_ler_cartoes ler_cartoes)
 add_test(NAME ferramentas/test_morvex_servidor
     COMMAND python3 ${CMAKE_CURRENT_SOURCE_DIR}/ferramentas/test_morvex_servidor.py
         $<TARGET_FILE:morvex-servidor> ${PROJECT_BINARY_DIR}/bin/morvex.mdb)
