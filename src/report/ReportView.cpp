@@ -20,7 +20,6 @@ constexpr double step = 1.25;
 ReportView::ReportView(QWidget *parent) : QAbstractScrollArea(parent)
 {
     constexpr int lineStep = 60;
-    setFocusPolicy(Qt::StrongFocus);
     viewport()->setBackgroundRole(QPalette::Mid);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // or it would come and go as the width is fitted to it
     verticalScrollBar()->setSingleStep(lineStep);

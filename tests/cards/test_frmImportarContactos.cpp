@@ -377,7 +377,11 @@ private Q_SLOTS:
         QVERIFY(form.ProgressBar1->isVisible());
         QTest::keyClick(&form, Qt::Key_Escape);
         QVERIFY(!form.isVisible());
+        const int lido = form.ProgressBar1->value();
+        QVERIFY(lido < form.ProgressBar1->maximum());
         QTest::qWait(50);
+        QCOMPARE(form.ProgressBar1->value(), lido);
+        QCOMPARE(form.lblContagem->text(), p.s.Texto(311)); // it was not read to its end
         QCOMPARE(p.Contactos().size(), 1);
     }
 

@@ -133,6 +133,10 @@ private Q_SLOTS:
         p.Abrir();
         p.Procurar(&control<QRadioButton>(p.form, opcao), u"9876"_s);
         QCOMPARE(p.Escolhido(), u"B 9876"_s);
+        for (const ComandoComLinhas comando : std::initializer_list<ComandoComLinhas>{
+                 "cmdProcurarNome", "cmdProcurarEmail", "cmdProcurarWebsite", "cmdProcurarMorada",
+                 "cmdProcurarObs", "cmdProcurarTelefone", "cmdProcurarFax", "cmdProcurarTelemovel"})
+            QCOMPARE(p.s.geral.de.Rs(comando).State(), Recordset::Closed);
     }
 
     void varios_acertos_passam_um_a_um_ate_ao_texto_do_fim()

@@ -182,6 +182,25 @@ private Q_SLOTS:
         QCOMPARE(vista.toImage(), propria.pixmap(vista.size()).toImage());
     }
 
+    void os_botoes_das_paginas_tem_cada_um_a_sua_figura_data()
+    {
+        QTest::addColumn<QStyle::StandardPixmap>("botao");
+        QTest::addColumn<QString>("ficheiro");
+        QTest::newRow("first") << QStyle::SP_MediaSkipBackward << u"primeira"_s;
+        QTest::newRow("previous") << QStyle::SP_MediaSeekBackward << u"anterior"_s;
+        QTest::newRow("next") << QStyle::SP_MediaSeekForward << u"seguinte"_s;
+        QTest::newRow("last") << QStyle::SP_MediaSkipForward << u"ultima"_s;
+    }
+    void os_botoes_das_paginas_tem_cada_um_a_sua_figura()
+    {
+        QFETCH(QStyle::StandardPixmap, botao);
+        QFETCH(QString, ficheiro);
+        const QSize lado(32, 32);
+        const QImage vista = qApp->style()->standardIcon(botao).pixmap(lado).toImage();
+        QVERIFY(!vista.isNull());
+        QCOMPARE(vista, QIcon(u":/imagens/paginas/%1.svg"_s.arg(ficheiro)).pixmap(lado).toImage());
+    }
+
     void os_botoes_das_caixas_sao_como_os_dos_formularios()
     {
         QMessageBox caixa(QMessageBox::Question, u"Título"_s, u"Texto"_s, QMessageBox::Yes | QMessageBox::No);

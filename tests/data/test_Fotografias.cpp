@@ -58,6 +58,15 @@ private Q_SLOTS:
         QCOMPARE(FotografiasDaBase(outra).Ler(nome), bytes);
     }
 
+    void uma_fotografia_lida_nao_fica_em_memoria()
+    {
+        Sistema s;
+        FotografiasDaBase fotografias(s.geral.de);
+        fotografias.Guardar(nome, "uma");
+        QCOMPARE(fotografias.Ler(nome), "uma"_ba);
+        QCOMPARE(s.geral.de.Rs("cmdLerFotografia").State(), Recordset::Closed);
+    }
+
     void o_mesmo_nome_duas_vezes_e_uma_so_linha()
     {
         Sistema s;

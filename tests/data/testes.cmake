@@ -4,6 +4,7 @@ foreach(teste IN ITEMS
     test_CopiaParaFicheiro
     test_DE
     test_EncontroDeLinhas
+    test_EstadoMessenger
     test_LinhaEditada
     test_NovaPorSaber
     test_Esquema
@@ -27,7 +28,7 @@ foreach(teste IN ITEMS
 endforeach()
 
 morvex_tambem_no_servidor(data FORA
-    test_Codificar_Email test_Codificar_Pass test_EncontroDeLinhas test_Inteiro test_Temporizadores test_Tocar_Som
+    test_Codificar_Email test_Codificar_Pass test_EncontroDeLinhas test_EstadoMessenger test_Inteiro test_Temporizadores test_Tocar_Som
     test_ReadWriteINI # these ask no database
     test_NovaPorSaber # over a fake server of its own
     test_config_enviado test_criar_bd test_Textos test_Esquema # what is shipped

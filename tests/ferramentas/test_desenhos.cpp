@@ -65,6 +65,31 @@ private Q_SLOTS:
         QCOMPARE(lados, (QList<int>{16, 20, 24, 32, 40, 48, 64, 256}));
     }
 
+    void um_icone_so_fica_do_tamanho_pedido_e_transparente_a_volta()
+    {
+        const QString icone = pasta_.filePath(u"morvex"_s); // the name does not say what it is
+        QCOMPARE(
+            Correr(QStringLiteral(DESENHAR_ICONE), {imagens_ + u"/imagens/morvex.svg"_s, u"48"_s, icone}), 0);
+        QCOMPARE(QImageReader::imageFormat(icone), QByteArray("png"));
+        const QImage imagem(icone);
+        QCOMPARE(imagem.size(), QSize(48, 48));
+        QCOMPARE(qAlpha(imagem.pixel(0, 0)), 0);
+        QVERIFY(qAlpha(imagem.pixel(24, 24)) != 0);
+    }
+
+    void um_icone_que_nao_se_pode_fazer_diz_porque()
+    {
+        const QString nada = Escrito(u"nada.svg"_s, "nothing");
+        const QString desenho = imagens_ + u"/imagens/morvex.svg"_s;
+        const QString icone = pasta_.filePath(u"nenhum.png"_s);
+        QByteArray queixa;
+        QCOMPARE(Correr(QStringLiteral(DESENHAR_ICONE), {nada, u"48"_s, icone}, &queixa), 1);
+        QVERIFY2(queixa.contains("nada.svg cannot be drawn at 48 pixels"), queixa.constData());
+        QCOMPARE(Correr(QStringLiteral(DESENHAR_ICONE), {desenho, u"0"_s, icone}), 1);
+        QCOMPARE(Correr(QStringLiteral(DESENHAR_ICONE), {desenho, u"48"_s}), 2);
+        QVERIFY(!QFile::exists(icone));
+    }
+
     void o_que_nao_e_desenho_nao_da_icone()
     {
         const QString nada = Escrito(u"nada.svg"_s, "nothing");

@@ -66,7 +66,7 @@ private Q_SLOTS:
         SecretService secrets;
         QVERIFY(secrets.isThere());
         QVERIFY(secrets.write(u"sincronizacao 7"_s, u"Morvex"_s, u"p-ção 日本 'x'"_s));
-        QCOMPARE(heard(), u"guardado sincronizacao 7"_s);
+        QCOMPARE(heard(), u"guardado sincronizacao 7 de morvex"_s);
         QCOMPARE(SecretService().read(u"sincronizacao 7"_s), u"p-ção 日本 'x'"_s);
         QCOMPARE(secrets.read(u"sincronizacao 8"_s), std::nullopt);
     }
@@ -85,7 +85,7 @@ private Q_SLOTS:
     {
         SecretService secrets;
         QVERIFY(secrets.write(u"k"_s, u"l"_s, u"one"_s));
-        QCOMPARE(heard(), u"guardado k"_s);
+        QCOMPARE(heard(), u"guardado k de morvex"_s);
         say("tranca");
         QCOMPARE(secrets.read(u"k"_s), u"one"_s);
     }
@@ -94,7 +94,7 @@ private Q_SLOTS:
     {
         SecretService secrets;
         QVERIFY(secrets.write(u"k"_s, u"l"_s, u"one"_s));
-        QCOMPARE(heard(), u"guardado k"_s);
+        QCOMPARE(heard(), u"guardado k de morvex"_s);
         say("tranca e pergunta");
         QCOMPARE(secrets.read(u"k"_s), std::nullopt);
         QCOMPARE(heard(), u"pergunta"_s);

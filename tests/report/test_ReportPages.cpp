@@ -764,6 +764,16 @@ private Q_SLOTS:
         QCOMPARE(pages->page(1).texts().front().area.topLeft(), QPointF(1000, 3500));
     }
 
+    void o_cabecalho_do_relatorio_tira_lugares_a_primeira_folha()
+    {
+        Juntar_Muitos(4);
+        const auto pages = Relatorio(u"<reportheader><row height='3000'/></reportheader>"_s + em_colunas_,
+                                     {{u"rotulo"_s, u"99"_s}});
+        QCOMPARE(pages->page(0).lines(), QStringList{u"Nome 1"_s});
+        QCOMPARE(pages->page(0).texts().front().area.topLeft(), QPointF(7000, 6500)); // there are but three
+        QCOMPARE(pages->page(1).texts().front().area.topLeft(), QPointF(1000, 3500));
+    }
+
     void depois_das_colunas_o_fim_fica_abaixo_da_ultima_linha()
     {
         Juntar_Muitos(1);

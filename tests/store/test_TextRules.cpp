@@ -87,6 +87,9 @@ private Q_SLOTS:
         QTest::newRow("one character") << u"An_"_s << u"Ana"_s << true;
         QTest::newRow("one character, none there") << u"Ana_"_s << u"Ana"_s << false;
         QTest::newRow("one character beyond 16 bits") << u"a_b"_s << u"a😀b"_s << true;
+        QTest::newRow("one character beyond 16 bits at the end") << u"a_"_s << u"a😀"_s << true;
+        QTest::newRow("half of a character beyond 16 bits at the end") << u"a__"_s << u"a😀"_s << false;
+        QTest::newRow("a broken half at the end") << u"a_"_s << u"a"_s + QChar(0xD83D) << true;
         QTest::newRow("accents count") << u"%joao%"_s << u"João"_s << false;
         QTest::newRow("a run that must be tried again") << u"%aab"_s << u"aaaab"_s << true;
         QTest::newRow("two runs") << u"%a%b%"_s << u"xxaxxbxx"_s << true;
