@@ -117,7 +117,7 @@ private Q_SLOTS:
         conta.Livro = u"https://dav.example/outro/"_s;
         m.Memoria().Guardar(conta);
         QTRY_VERIFY(m.primeira->fim);
-        QCOMPARE(m.primeira->fim->fim, Fim::Noutro);
+        QCOMPARE(m.primeira->fim->fim, Fim::OutraEscolha);
         QCOMPARE(m.s.Linhas(u"SELECT * FROM TblSincronizados"_s), QStringList{});
         QCOMPARE(m.Memoria().Estado().Testemunho, QByteArray());
     }
