@@ -80,7 +80,6 @@ void frmImportarContactos::Escrever_Textos()
     legenda(lblEscolha, 293);
     legenda(cmdImportar, 287);
     legenda(cmdAnular, 288);
-    legenda(cmdCancelar, 43);
     Lista->setAccessibleName(windowTitle());
     txtContacto->setAccessibleName(geral_.Ler_Idioma(334));
     ProgressBar1->setAccessibleName(windowTitle());

@@ -310,6 +310,10 @@ inline constexpr std::array catalogo = std::to_array<EntradaDoCatalogo>({
     {"cmdVerSincronizacao", ComLinhas, "TblSincronizacao",
      "IdUtilizador",
      "SELECT * FROM TblSincronizacao WHERE IdUtilizador=?"},
+    {"cmdListarCorridas", ComLinhas, "TblSincronizacao",
+     "IDGrupo",
+     "SELECT IdUtilizador, Corrida FROM TblSincronizacao WHERE IDGrupo=?",
+     "IdUtilizador"},
     {"cmdGuardarSincronizacao", SemLinhas, "TblSincronizacao",
      "IdUtilizador Endereco Nome PalavraPasse Livro NomeDoLivro IDGrupo Ligada AoArrancar Minutos",
      "INSERT INTO TblSincronizacao (IdUtilizador, Endereco, Nome, PalavraPasse, Livro, NomeDoLivro, IDGrupo, Ligada, "
@@ -356,7 +360,7 @@ inline constexpr std::array catalogo = std::to_array<EntradaDoCatalogo>({
 });
 // clang-format on
 
-static_assert(catalogo.size() == 94);
+static_assert(catalogo.size() == 95);
 
 // Never defined: reaching it in a constant expression is the compiler's error for a misspelt command.
 void Nao_ha_tal_comando();

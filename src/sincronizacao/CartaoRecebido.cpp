@@ -27,18 +27,32 @@ void RecepcaoDeCartoes::Tratar(const QString &href, const QByteArray &etag, cons
     chegada.pessoa = *std::move(pessoa);
     if (Nada_De_Novo(chegada, par)) return;
 
+    const int ID = par == nullptr ? 0 : par->IDContacto;
+    if (const auto linha = A_Vista(ID)) return Existente(chegada, ID, *linha, par);
+    Sem_O_Seu(chegada, par);
+}
+
+// The card's contact is gone, or there was none yet. It may be there all the same: another account that goes
+// with this group has brought it in.
+void RecepcaoDeCartoes::Sem_O_Seu(const Chegada &chegada, const Par *par)
+{
     std::optional<Par> antigo; // under which the card stood before the server gave it another name
-    const bool tem_contacto = par != nullptr && par->IDContacto > 0;
-    const int ID = tem_contacto ? par->IDContacto : Emparelhar(chegada, antigo);
+    const bool estava_eliminado = par != nullptr && par->IDContacto > 0;
+    const int ID = Emparelhar(chegada, antigo);
     if (antigo) par = &*antigo;
-    auto linha = ID > 0 ? c_.grupo.Ler(ID) : std::nullopt;
-    if (linha && !linha->a_vista) linha.reset(); // whose it is now is nobody's business here
-    if (linha)
-        Existente(chegada, ID, *linha, tem_contacto || antigo ? par : nullptr);
+    if (const auto linha = A_Vista(ID))
+        Existente(chegada, ID, *linha, antigo ? par : nullptr);
     else if (Decidir(Lado::Apagado, Lado::Mudado, c_.circunstancias) == Accao::Reter)
         Reter(chegada, par);
     else
-        Novo(chegada, tem_contacto);
+        Novo(chegada, estava_eliminado);
+}
+
+// Whose a contact is that the user does not see is nobody's business here.
+std::optional<GrupoLocal::Linha> RecepcaoDeCartoes::A_Vista(int ID) const
+{
+    auto linha = ID > 0 ? c_.grupo.Ler(ID) : std::nullopt;
+    return linha && linha->a_vista ? linha : std::nullopt;
 }
 
 void RecepcaoDeCartoes::Ignorar(const Chegada &chegada, const Par *par)
@@ -58,8 +72,9 @@ bool RecepcaoDeCartoes::Nada_De_Novo(const Chegada &chegada, const Par *par)
         return false;
     const auto linha = c_.grupo.Ler(par->IDContacto);
     if (!linha && c_.circunstancias.cautela) return false;
-    if (linha && par->estado == Par::AEnviar)
-        c_.grupo.Guardar_Cartao(par->IDContacto, chegada.pessoa.UID, chegada.texto);
+    // What is kept of a card that was on its way is not it yet, and may be another book's.
+    if (linha && Resumo_Do_Cartao(c_.grupo.Cartao(par->IDContacto)) != chegada.resumo)
+        c_.grupo.Guardar_Cartao(par->IDContacto, UID_De(chegada, par->IDContacto), chegada.texto);
     Par agora = *par;
     agora.etag = chegada.etag;
     agora.estado = Par::Acordado;
@@ -107,20 +122,27 @@ void RecepcaoDeCartoes::Existente(const Chegada &chegada, int ID, const GrupoLoc
     const JuntosDosTres juntos = Juntar_Os_Tres(versoes, c_.idioma);
     const bool saiu_do_grupo = !c_.grupo.E_Deste_Grupo(linha);
     const bool muda = saiu_do_grupo || !Dizem_O_Mesmo(juntos.colunas, linha.colunas);
-    if (muda && !c_.circunstancias.editar) return Reter(chegada, par);
+    if (muda && !c_.circunstancias.editar) {
+        const Par sem_acordo{chegada.href, ID, {}, {}, {}, {}};
+        return Reter(chegada, par == nullptr ? &sem_acordo : par);
+    }
 
-    const QString uid = chegada.pessoa.UID.isEmpty() ? c_.grupo.UID(ID) : chegada.pessoa.UID;
     if (par != nullptr && par->href != chegada.href) {
         c_.sumidos.remove(par->href);
         c_.pares.Eliminar(QString(par->href));
     }
     if (muda) c_.grupo.Actualizar(ID, linha, juntos.colunas, chegada.pessoa);
-    c_.grupo.Guardar_Cartao(ID, uid, chegada.texto);
+    c_.grupo.Guardar_Cartao(ID, UID_De(chegada, ID), chegada.texto);
     c_.pares.Guardar({chegada.href, ID, chegada.etag, Par::Acordado, chegada.resumo, juntos.acordo});
     const QString &nome = juntos.colunas[Coluna::Nome];
     if (saiu_do_grupo) c_.Apontar({Ocorrencia::EliminadoAqui, ID, nome, {}, {}, {}, {}});
     Apontar_Conflitos(ID, nome, juntos.conflitos);
     if (muda) ++c_.resultado.alterados;
+}
+
+QString RecepcaoDeCartoes::UID_De(const Chegada &chegada, int ID) const
+{
+    return chegada.pessoa.UID.isEmpty() ? c_.grupo.UID(ID) : chegada.pessoa.UID;
 }
 
 void RecepcaoDeCartoes::Apontar_Conflitos(int ID, const QString &nome,

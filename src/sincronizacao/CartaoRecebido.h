@@ -28,11 +28,14 @@ private:
         ContactoDaFonte pessoa;
     };
 
+    void Sem_O_Seu(const Chegada &chegada, const Par *par);
+    std::optional<GrupoLocal::Linha> A_Vista(int ID) const;
     void Ignorar(const Chegada &chegada, const Par *par);
     bool Nada_De_Novo(const Chegada &chegada, const Par *par);
     void Novo(const Chegada &chegada, bool estava_eliminado);
     void Existente(const Chegada &chegada, int ID, const GrupoLocal::Linha &linha, const Par *par);
     void Reter(const Chegada &chegada, const Par *par);
+    QString UID_De(const Chegada &chegada, int ID) const;
     void Apontar_Conflitos(int ID, const QString &nome, const std::vector<ConflitoDeColuna> &conflitos);
     int Emparelhar(const Chegada &chegada, std::optional<Par> &antigo);
     int Pela_Regra(const Chegada &chegada);

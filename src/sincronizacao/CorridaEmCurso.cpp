@@ -3,6 +3,8 @@
 #include "data/Geral.h"
 #include "platform/Clock.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -64,7 +66,9 @@ CorridaEmCurso::CorridaEmCurso(Geral &g, const Clock &r, int IDGrupo)
       memoria(g.de, g.SessaoActual.IdUtilizador),
       pares(memoria),
       grupo(g, IDGrupo),
-      idioma(g.IdiomaActual)
+      idioma(g.IdiomaActual),
+      IDGrupo_(IDGrupo),
+      dos_outros_(memoria.Corridas_Dos_Outros(IDGrupo))
 {
     const Sessao &sessao = g.SessaoActual;
     circunstancias = {false, sessao.Adicionar, sessao.Editar, sessao.Eliminar};
@@ -76,8 +80,19 @@ CorridaEmCurso::CorridaEmCurso(Geral &g, const Clock &r, int IDGrupo)
 void CorridaEmCurso::Escrever(const std::function<void()> &trabalho)
 {
     geral.de.Tudo_Ou_Nada([&] {
-        if (memoria.Estado().Corrida != posse) throw Ultrapassada();
+        if (memoria.Estado().Corrida != posse || Outro_Comecou()) throw Ultrapassada();
         trabalho();
+    });
+}
+
+// Each user's memory is his own, the contacts are the same: what one run has in its hands another one's
+// writing makes old. An account that there was not at the beginning counts from none.
+bool CorridaEmCurso::Outro_Comecou()
+{
+    const std::map<QString, int> agora = memoria.Corridas_Dos_Outros(IDGrupo_);
+    return std::any_of(agora.begin(), agora.end(), [this](const auto &outro) {
+        const auto antes = dos_outros_.find(outro.first);
+        return outro.second != (antes == dos_outros_.end() ? 0 : antes->second);
     });
 }
 

@@ -12,8 +12,9 @@
 
 class Clock;
 
-// Another run of the same account has begun since, at another desk or in another copy of the program: it goes
-// on from what is remembered by now, and this one must write nothing more.
+// Another run of the same group has begun since, at another desk or in another copy of the program, be it of
+// this account or of another user's: it goes on from what is there by now, and this one must write nothing
+// more. So it is where the account has chosen another book or group.
 struct Ultrapassada : std::exception {
 };
 
@@ -60,5 +61,9 @@ struct CorridaEmCurso {
     int posse = 0; // what the account's count says as long as no other run has begun
 
 private:
+    bool Outro_Comecou();
+
+    int IDGrupo_;
+    std::map<QString, int> dos_outros_; // what the counts of others with this group said at the beginning
     QSet<QString> ditas_;
 };

@@ -40,14 +40,14 @@ int ExpedicaoDeCartoes::Preparar()
         const auto contacto = todos.find(par.IDContacto);
         if (contacto == todos.end()) {
             if (c_.circunstancias.cautela) continue;
-            fila_.push_back({Que::Eliminado, par.IDContacto, href, 0, {}, {}, {}});
+            fila_.push_back({Que::Eliminado, par.IDContacto, href, 0, false, {}, {}, {}});
             ++a_eliminar;
         } else if (!Dizem_O_Mesmo(contacto->second, par.acordo)) {
-            fila_.push_back({Que::Alterado, par.IDContacto, href, 0, {}, {}, {}});
+            fila_.push_back({Que::Alterado, par.IDContacto, href, 0, false, {}, {}, {}});
         }
     }
     for (const auto &[ID, colunas] : todos)
-        if (c_.pares.De_Contacto(ID) == nullptr) fila_.push_back({Que::Novo, ID, {}, 0, {}, {}, {}});
+        if (c_.pares.De_Contacto(ID) == nullptr) fila_.push_back({Que::Novo, ID, {}, 0, false, {}, {}, {}});
     todos_ = static_cast<int>(fila_.size());
     return a_eliminar;
 }
@@ -114,10 +114,13 @@ bool ExpedicaoDeCartoes::Cartao_Do_Contacto(Envio &envio, const ColunasDoContact
     if (envio.que == Que::Alterado) {
         if (par == nullptr || par->estado != Par::Acordado || Dizem_O_Mesmo(colunas, par->acordo))
             return false;
+        // What another book's card says goes into that one: this book's would lose what it alone knows.
+        envio.por_ver = Resumo_Do_Cartao(c_.grupo.Cartao(envio.ID)) != par->resumo;
         envio.etag = par->etag;
-        envio.cartao = saida_.Escrever(contacto);
+        if (!envio.por_ver) envio.cartao = saida_.Escrever(contacto);
         return true;
     }
+    envio.por_ver = false;
     envio.cartao = saida_.Escrever(contacto);
     envio.href = par == nullptr ? livro_.hrefFor(c_.grupo.UID(envio.ID)) : par->href;
     if (par == nullptr && c_.pares.De_Href(envio.href) != nullptr) { // another one's of the same UID
@@ -131,6 +134,7 @@ bool ExpedicaoDeCartoes::Cartao_Do_Contacto(Envio &envio, const ColunasDoContact
 
 void ExpedicaoDeCartoes::Enviar(const Envio &envio)
 {
+    if (envio.por_ver) return Pedir(envio);
     ++no_caminho_;
     const auto escrito = [this, envio](const RemoteError &erro, const RemoteWritten &onde) {
         Chegou({envio, erro, onde, false, {}, false});

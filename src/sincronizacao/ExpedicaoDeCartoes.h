@@ -39,6 +39,7 @@ private:
         int ID = 0;
         QString href; // of a new one once it is known
         int tentativas = 0;
+        bool por_ver = false; // the card has to be looked at before it is written
         // As it went.
         QByteArray etag;
         QByteArray cartao;

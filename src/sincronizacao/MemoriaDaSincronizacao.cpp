@@ -99,6 +99,17 @@ EstadoDaConta MemoriaDaSincronizacao::Estado()
     return estado;
 }
 
+std::map<QString, int> MemoriaDaSincronizacao::Corridas_Dos_Outros(int IDGrupo)
+{
+    std::map<QString, int> corridas;
+    if (!de_.Em_Dia()) return corridas;
+    de_.Percorrer("cmdListarCorridas", {IDGrupo}, [&](const Row &linha) {
+        const QString quem = linha.field(linha.column("IdUtilizador")).textOrEmpty();
+        if (quem != IdUtilizador_) corridas.emplace(quem, linha.field(linha.column("Corrida")).number());
+    });
+    return corridas;
+}
+
 void MemoriaDaSincronizacao::Guardar(const ContaSincronizada &conta)
 {
     de_.Tudo_Ou_Nada([&] {

@@ -4,6 +4,7 @@
 
 #include "cards/ColunasDoContacto.h"
 
+#include <map>
 #include <optional>
 #include <QByteArray>
 #include <QString>
@@ -85,6 +86,8 @@ public:
     // An older database that takes no writing has none.
     std::optional<ContaSincronizada> Conta();
     EstadoDaConta Estado();
+    // How many runs those of other users who have chosen that group have begun, by the user.
+    std::map<QString, int> Corridas_Dos_Outros(int IDGrupo);
     // Another book or group than before is a new beginning: the pairs are forgotten, and a run that goes on
     // writes nothing more. All of these raise Failure where the database takes no writing.
     void Guardar(const ContaSincronizada &conta);

@@ -112,8 +112,13 @@ QString palavras_da_sincronizacao::Do_Resultado(Geral &geral, const ResultadoDaS
     case Fim::Feita:
         break;
     case Fim::Cancelada:
-    case Fim::Noutro:
         linhas << geral.Ler_Idioma(527);
+        break;
+    case Fim::Noutro:
+        linhas << geral.Ler_Idioma(560);
+        break;
+    case Fim::OutraEscolha:
+        linhas << geral.Ler_Idioma(561);
         break;
     case Fim::Erro:
         linhas << Do_Erro(geral, r.erro);

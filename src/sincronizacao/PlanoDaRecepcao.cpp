@@ -26,6 +26,8 @@ public:
         }
         for (const auto &[href, par] : c_.pares.Todos())
             c_.livres.erase(par.IDContacto);
+        // One that has no contact may be of one that no card goes with: another account has brought it in.
+        (c_.livres.empty() ? plano_.a_reter : plano_.a_pedir) << retidos_sem_contacto_;
         for (const RemoteMember &membro : mudancas_.changed)
             if (mudados_.contains(membro.href)) plano_.a_pedir << membro.href;
         return std::move(plano_);
@@ -93,7 +95,7 @@ private:
             plano_.a_largar << par.href;
             break;
         case Accao::Reter:
-            (la == Lado::Apagado ? plano_.apagados_retidos : plano_.a_reter) << par.href;
+            Reter(par.href, aqui, la);
             break;
         case Accao::Nada:
         case Accao::Enviar:
@@ -102,11 +104,20 @@ private:
         }
     }
 
+    void Reter(const QString &href, Lado aqui, Lado la)
+    {
+        if (la == Lado::Apagado)
+            plano_.apagados_retidos << href;
+        else
+            (aqui == Lado::Apagado ? retidos_sem_contacto_ : plano_.a_reter) << href;
+    }
+
     CorridaEmCurso &c_;
     const RemoteChanges &mudancas_;
     QSet<QString> removidos_;
     QHash<QString, QByteArray> mudados_;
     PlanoDaRecepcao plano_;
+    QStringList retidos_sem_contacto_;
 };
 } // namespace
 

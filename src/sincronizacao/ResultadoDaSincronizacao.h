@@ -9,12 +9,13 @@ struct ResultadoDaSincronizacao {
     enum class Fim {
         Feita,
         Cancelada,
-        Erro,      // of network or server: see erro
-        Perguntar, // so much was deleted on one side that nothing was deleted on the other before somebody
-                   // agrees
-        SemGrupo,  // the group is not there any more, or not for this user
-        Base,      // the database refused: see falha
-        Noutro,    // another copy of the program has begun a run, and goes on with it
+        Erro,         // of network or server: see erro
+        Perguntar,    // so much was deleted on one side that nothing was deleted on the other before somebody
+                      // agrees
+        SemGrupo,     // the group is not there any more, or not for this user
+        Base,         // the database refused: see falha
+        Noutro,       // another copy of the program has begun a run of the group, and goes on with it
+        OutraEscolha, // the account has another book or group by now
     };
 
     Fim fim = Fim::Feita;
@@ -39,6 +40,7 @@ struct ResultadoDaSincronizacao {
     int pergunta_de_quantos = 0;
 
     bool Mudou_Aqui() const { return adicionados + alterados + eliminados > 0; }
+    bool Cedeu() const { return fim == Fim::Noutro || fim == Fim::OutraEscolha; }
     bool Mudou_La() const { return adicionados_la + alterados_la + eliminados_la > 0; }
 
     // As the database remembers it; without the causes that are in no language.

@@ -55,8 +55,18 @@ void Sincronizacao::Passo()
                   });
     } catch (const Ultrapassada &) {
         livro_->cancel();
-        Acabar(Fim::Noutro);
+        Acabar(Porque_Cede());
     }
+}
+
+Fim Sincronizacao::Porque_Cede()
+{
+    bool outra_escolha = false;
+    skipFailure([&] {
+        const auto agora = c_->memoria.Conta();
+        outra_escolha = !agora || agora->Livro != conta_.Livro || agora->IDGrupo != conta_.IDGrupo;
+    });
+    return outra_escolha ? Fim::OutraEscolha : Fim::Noutro;
 }
 
 void Sincronizacao::Passo_Da_Fase()
@@ -100,8 +110,8 @@ void Sincronizacao::Abrir()
 bool Sincronizacao::Tomar_A_Corrida()
 {
     MemoriaDaSincronizacao memoria(geral_.de, geral_.SessaoActual.IdUtilizador);
-    const auto conta = memoria.Conta();
-    c_ = std::make_unique<CorridaEmCurso>(geral_, relogio_, conta ? conta->IDGrupo : 0);
+    conta_ = memoria.Conta().value_or(ContaSincronizada());
+    c_ = std::make_unique<CorridaEmCurso>(geral_, relogio_, conta_.IDGrupo);
     if (!c_->grupo.Existe()) return false;
     estado_ = memoria.Estado();
     const int marca = MarcaDaCorrida(geral_).Ler();
@@ -316,7 +326,7 @@ void Sincronizacao::Acabar(ResultadoDaSincronizacao::Fim fim)
 
 void Sincronizacao::Guardar_Fim()
 {
-    if (!c_ || c_->resultado.fim == Fim::Noutro) return; // what the other one comes to counts
+    if (!c_ || c_->resultado.Cedeu()) return; // what the other one comes to counts
     EstadoDaConta estado = c_->memoria.Estado();
     estado.UltimaVez = relogio_.now().toString(Qt::ISODate);
     estado.Resultado = c_->resultado.Texto();

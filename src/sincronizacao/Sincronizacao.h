@@ -1,7 +1,8 @@
 // One run: what has changed on the server comes into the group, what has changed in the group goes to the
 // server. It works by events and in slices, writes nothing while a form holds the timers, and remembers what
 // it did as it does it: wherever it ends, the next run goes on from there. So it does where two copies of the
-// program run at the same time: the one that began last goes on, and the other one ends.
+// program, or two users' accounts, have the same group in hand at the same time: the one that began last goes
+// on, and the other one ends.
 #pragma once
 
 #include "carddav/RemoteBook.h"
@@ -65,6 +66,7 @@ private:
     void Expedir();
     void Acabar(ResultadoDaSincronizacao::Fim fim);
     void Acabar_Com(const RemoteError &erro);
+    ResultadoDaSincronizacao::Fim Porque_Cede();
     void Guardar_Fim();
 
     Geral &geral_;
@@ -76,6 +78,7 @@ private:
     std::unique_ptr<CorridaEmCurso> c_;
     std::unique_ptr<RecepcaoDeCartoes> recepcao_;
     std::unique_ptr<ExpedicaoDeCartoes> expedicao_;
+    ContaSincronizada conta_;
     EstadoDaConta estado_;
     RemoteChanges mudancas_;
     PlanoDaRecepcao plano_;

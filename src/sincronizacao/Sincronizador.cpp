@@ -106,7 +106,7 @@ void Sincronizador::Terminada(const ResultadoDaSincronizacao &resultado)
     if (resultado.Mudou_Aqui()) Q_EMIT ContactosMudados();
     if (resultado.fim == Fim::Feita) falha_dita_ = false;
     const bool falhou = resultado.fim != Fim::Feita && resultado.fim != Fim::Cancelada &&
-                        resultado.fim != Fim::Noutro; // which is told where it runs
+                        !resultado.Cedeu(); // which is told where it runs
     if (falhou && por_si_ && !std::exchange(falha_dita_, true)) Dizer_Falha(resultado);
     Q_EMIT Acabou(resultado);
 }

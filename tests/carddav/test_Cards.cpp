@@ -242,6 +242,30 @@ private Q_SLOTS:
         QVERIFY(book.remote.cartoes.isEmpty());
     }
 
+    // A server that answers the question after it with a list, and one whose list does not name it as gone.
+    void a_card_that_is_gone_may_be_told_within_a_list_data()
+    {
+        QTest::addColumn<QByteArray>("answer");
+        QTest::addColumn<QString>("kind");
+        const QByteArray name("/dav/ana/contactos/1.vcf");
+        QTest::newRow("gone") << LivroDav::Sem(name) << u"None"_s;
+        QTest::newRow("locked") << LivroDav::Sem(name, "423 Locked") << u"Changed"_s;
+        QTest::newRow("there") << LivroDav::Uma(name, "<d:getetag>\"9\"</d:getetag>") << u"Changed"_s;
+        QTest::newRow("nothing") << QByteArray() << u"Changed"_s;
+        QTest::newRow("two") << LivroDav::Sem(name) + LivroDav::Sem(name) << u"Changed"_s;
+    }
+    void a_card_that_is_gone_may_be_told_within_a_list()
+    {
+        QFETCH(QByteArray, answer);
+        QFETCH(QString, kind);
+        Book book(1);
+        book.remote.antes = [&](const Pedido &asked) -> std::optional<Resposta> {
+            if (asked.verbo == "DELETE") return Resposta{412};
+            return Resposta::Xml(LivroDav::Multistatus(answer));
+        };
+        QCOMPARE(nameOf(remove(book.local, book.href(u"1.vcf"_s), "\"e1\"").error), kind);
+    }
+
     void refusals_are_told_by_their_kind_data()
     {
         QTest::addColumn<int>("status");
@@ -308,6 +332,17 @@ private Q_SLOTS:
         QVERIFY2(QRegularExpression(u"^[A-Za-z0-9][A-Za-z0-9._~-]*\\.vcf$"_s).match(name).hasMatch(),
                  qPrintable(name));
         QCOMPARE(book.local.hrefFor(uid), book.local.hrefFor(uid));
+    }
+
+    // So that the name has room in the folder of any server.
+    void a_name_of_a_hundred_letters_stays_and_a_longer_one_is_shortened()
+    {
+        const Book book;
+        const QString longest(100, u'a');
+        QCOMPARE(book.local.hrefFor(longest), book.href(longest + u".vcf"_s));
+        const QString shortened = book.local.hrefFor(longest + u'a');
+        QVERIFY(shortened.size() < book.href(longest).size());
+        QVERIFY(shortened != book.local.hrefFor(longest + u'b'));
     }
 
     void a_card_of_twenty_megabytes_goes_there_and_comes_back()

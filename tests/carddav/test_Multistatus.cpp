@@ -152,6 +152,16 @@ private Q_SLOTS:
         QVERIFY(!found.why.isEmpty());
     }
 
+    void sixty_four_levels_are_read_and_one_more_is_refused()
+    {
+        const auto levels = [](int count) {
+            return "<d:multistatus xmlns:d=\"DAV:\">" + QByteArray("<a>").repeated(count - 1) +
+                   QByteArray("</a>").repeated(count - 1) + "</d:multistatus>";
+        };
+        QVERIFY(read(levels(64)).good);
+        QVERIFY(!read(levels(65)).good);
+    }
+
     void a_card_beyond_the_limit_is_named_and_not_kept()
     {
         const Read found =

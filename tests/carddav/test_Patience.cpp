@@ -54,6 +54,13 @@ private Q_SLOTS:
             << Resposta{207, {}, {"Content-Length: 9999999999"}, Depois::Cala} << u"TooBig"_s;
         QTest::newRow("hangs up in the middle")
             << Resposta{207, "<d:multistatus", {"Content-Length: 1000"}, Depois::Fecha} << u"Interrupted"_s;
+        QTest::newRow("hangs up in the middle of pieces")
+            << Resposta{0,
+                        {},
+                        {},
+                        Depois::Fecha,
+                        "HTTP/1.1 207 X\r\nTransfer-Encoding: chunked\r\n\r\n100\r\n<d:multistatus"}
+            << u"Interrupted"_s;
         QTest::newRow("hangs up at once") << Resposta{0, {}, {}, Depois::Fecha, "\n"} << u"Interrupted"_s;
         QTest::newRow("speaks something else")
             << Resposta{0, {}, {}, Depois::Nada, "220 mail.example.org ESMTP\r\n"} << u"Interrupted"_s;

@@ -315,6 +315,11 @@ private Q_SLOTS:
             u"InglesUK"_s, Com(ana, {{C::Telefone1, {}}, {C::Telemovel1, u"+351 912345678"_s}}), ana);
         QCOMPARE(decisao.veredicto, V::Igual);
         QVERIFY(decisao.completado == ana);
+        const Decisao com_morada = RegraDosDuplicados::Juntos(
+            u"InglesUK"_s,
+            Com(ana, {{C::Telefone1, {}}, {C::Telemovel1, u"+351 912345678"_s}, {C::Morada, u"Rua B"_s}}),
+            ana);
+        QCOMPARE(com_morada.preenchidas, std::vector<C>{C::Morada});
     }
 
     void uma_coluna_so_com_espacos_esta_livre()

@@ -348,6 +348,21 @@ private Q_SLOTS:
         QCOMPARE(m.s.Linhas(u"SELECT Obs FROM TblLista"_s).constFirst(), enorme + u"\r\nfim"_s);
     }
 
+    void oito_linhas_de_observacoes_mostram_se_todas_e_de_nove_as_primeiras_oito()
+    {
+        Mesa m;
+        QStringList linhas;
+        for (int i = 1; i <= 9; ++i)
+            linhas << u"linha %1"_s.arg(i);
+        m.Contacto(u"Ana"_s, u"912345678"_s, linhas.first(8).join(u"\r\n"_s));
+        m.Contacto(u"Ana"_s, u"912345678"_s, linhas.join(u"\r\n"_s));
+        const auto form = m.Abrir();
+        const QTreeWidgetItem &obs = *Linha_De(*form, u"Observações"_s);
+        QCOMPARE(obs.text(1), linhas.first(8).join(u'\n'));
+        QCOMPARE(obs.text(2), linhas.first(8).join(u'\n') + u'…');
+        QCOMPARE(obs.toolTip(2), linhas.join(u'\n'));
+    }
+
     void um_livro_de_trinta_e_dois_mil_abre_em_cerca_de_um_segundo()
     {
         Mesa m;

@@ -116,6 +116,31 @@ class TestFrmImportarContactos : public QObject
 private Q_SLOTS:
     // What is shown
 
+    void as_legendas_e_os_nomes_falados_vem_dos_textos()
+    {
+        Programa p;
+        p.s.geral.IdiomaActual = u"AlemaoDE"_s; // the form's file has the Portuguese ones
+        const Formulario f(p);
+        QCOMPARE(f.form.windowTitle(), p.s.Texto(285));
+        const std::pair<QString, int> legendas[]{{f.form.Label1->text(), 286},
+                                                 {f.form.cmdProcurar->text(), 69},
+                                                 {f.form.lblGrupos->text(), 289},
+                                                 {f.form.chkCriar->text(), 290},
+                                                 {f.form.chkJuntar->text(), 291},
+                                                 {f.form.lblCodificacao->text(), 292},
+                                                 {f.form.lblEscolha->text(), 293},
+                                                 {f.form.cmdImportar->text(), 287},
+                                                 {f.form.cmdAnular->text(), 288},
+                                                 {f.form.cmdCancelar->text(), 43},
+                                                 {f.form.txtContacto->accessibleName(), 334}};
+        for (const auto &[legenda, texto] : legendas)
+            QCOMPARE(legenda, p.s.Texto(texto));
+        QCOMPARE(f.form.Lista->accessibleName(), f.form.windowTitle());
+        QCOMPARE(f.form.ProgressBar1->accessibleName(), f.form.windowTitle());
+        f.form.cmdImportar->click();
+        QCOMPARE(f.form.cmdCancelar->text(), p.s.Texto(135));
+    }
+
     void a_lista_diz_o_que_cada_um_e()
     {
         Programa p;

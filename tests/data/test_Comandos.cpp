@@ -171,6 +171,7 @@ const std::vector<Leitura> &Leituras()
         Le("cmdListarDiferentes", {u"2|4"_s}),
         Le("cmdListarCartoes", {u"1|u1"_s, u"5|u5"_s}),
         Le("cmdVerSincronizacao", {u"7|e|n|p|l|nl|1|1|0|15|t|3|v|r"_s}, u"7"),
+        Le("cmdListarCorridas", {u"7|3"_s}, u"1"),
         Le("cmdListarPares", {u"5|/a||1|s|a"_s, u"1|/b|e|0|s|a"_s}, u"7"),
         Le("cmdListarContactosDoGrupo", {u"2|ana"_s + nulos.repeated(15) + u"|2"_s + nulos}, u"2"),
         Le("cmdListarOcorrencias", {u"3|7|q|2|0||||"_s, u"1|7|q|1|5|n|c|v|o"_s}, u"7"),
@@ -311,7 +312,7 @@ private Q_SLOTS:
         for (const EntradaDoCatalogo &entrada : comandos::catalogo)
             catalogo.insert(entrada.nome);
         QVERIFY(ensaiados == catalogo);
-        QCOMPARE(std::set(catalogo.begin(), catalogo.end()).size(), 94U);
+        QCOMPARE(std::set(catalogo.begin(), catalogo.end()).size(), 95U);
     }
 
     void le_data() { Linhas_De_Ensaio(Leituras()); }

@@ -128,6 +128,7 @@ const std::vector<Leitor> &Leitores()
         {"cmdListarCartoes", sem},
         {"cmdListarDiferentes", sem},
         {"cmdVerSincronizacao", numeros},
+        {"cmdListarCorridas", numeros},
         {"cmdListarPares", numeros},
         {"cmdListarContactosDoGrupo", numeros},
         {"cmdListarOcorrencias", numeros},

@@ -23,6 +23,9 @@ public:
         QObject::connect(corrida_.get(), &Sincronizacao::Terminada, [this](const auto &r) { fim = r; });
     }
     void Comecar() { corrida_->Comecar(); }
+    // A form that edits is open there, and is closed.
+    void Suster() { geral_.temporizadores.Gerir_Temporizadores(u"stop"_s); }
+    void Retomar() { geral_.temporizadores.Gerir_Temporizadores(u"start"_s); }
 
     std::optional<ResultadoDaSincronizacao> fim;
 
@@ -97,6 +100,25 @@ private Q_SLOTS:
         QCOMPARE(ResultadoDaSincronizacao::Do_Texto(m.Memoria().Estado().Resultado).fim, Fim::Feita);
     }
 
+    void a_que_so_da_por_isso_depois_da_outra_acabar_tambem_nao()
+    {
+        Dois m;
+        m.primeira.emplace(m, m.s.Pasta());
+        m.segunda.emplace(m, m.pasta.path());
+        m.primeira->Comecar();
+        for (int i = 0; i < 3; ++i)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        m.primeira->Suster();
+        m.segunda->Comecar();
+        QTRY_VERIFY(m.segunda->fim);
+        QVERIFY(!m.primeira->fim);
+        const QString dito = m.Memoria().Estado().Resultado;
+        m.primeira->Retomar();
+        QTRY_VERIFY(m.primeira->fim);
+        QCOMPARE(m.primeira->fim->fim, Fim::Noutro);
+        QCOMPARE(m.Memoria().Estado().Resultado, dito);
+    }
+
     void duas_copias_da_mesma_pasta_tambem_nao()
     {
         Dois m;
@@ -117,7 +139,7 @@ private Q_SLOTS:
         conta.Livro = u"https://dav.example/outro/"_s;
         m.Memoria().Guardar(conta);
         QTRY_VERIFY(m.primeira->fim);
-        QCOMPARE(m.primeira->fim->fim, Fim::Noutro);
+        QCOMPARE(m.primeira->fim->fim, Fim::OutraEscolha);
         QCOMPARE(m.s.Linhas(u"SELECT * FROM TblSincronizados"_s), QStringList{});
         QCOMPARE(m.Memoria().Estado().Testemunho, QByteArray());
     }

@@ -245,6 +245,24 @@ private Q_SLOTS:
         m.Correr();
         QCOMPARE(m.servidor.cartoes.size(), 1U);
         QCOMPARE(m.Aqui(), m.La());
+        QCOMPARE(m.Ocorrencias(), QStringList{u"2|Ana Silva|||"_s}); // told once
+    }
+
+    void eliminado_aqui_e_la_a_ultima_hora_nao_e_coisa_que_se_diga()
+    {
+        UmPar m;
+        m.Eliminar(m.ID);
+        m.servidor.falha = [&](const QString &pedido) {
+            RemoteError erro;
+            if (pedido.startsWith(u"remove"_s)) {
+                m.servidor.Tirar(m.href);
+                erro.kind = RemoteError::Kind::NotFound;
+            }
+            return erro;
+        };
+        QCOMPARE(m.Correr().fim, Fim::Feita);
+        QCOMPARE(m.Ocorrencias(), QStringList{});
+        QVERIFY(m.Memoria().Pares().empty());
     }
 
     void um_cartao_que_outro_pos_com_o_mesmo_nome_junta_se()
@@ -436,6 +454,23 @@ private Q_SLOTS:
         m.s.geral.SessaoActual.Editar = true;
         m.Correr();
         QCOMPARE(m.Valor_La(m.href, Coluna::Telemovel1), u"922"_s);
+        QCOMPARE(m.Aqui(), m.La());
+    }
+
+    void o_que_se_emparelhou_e_nao_se_pode_editar_nao_vai_como_outro()
+    {
+        Mesa m;
+        m.s.geral.SessaoActual.Editar = false;
+        const int ID = m.Contacto(u"Ana"_s, u"912345678"_s);
+        m.Por_La(u"u1"_s, u"Ana"_s, "TEL;TYPE=CELL:912345678\r\nEMAIL:ana@x.example\r\n");
+        for (int i = 0; i < 2; ++i) {
+            QCOMPARE(m.Correr().retidos, 1);
+            QCOMPARE(m.servidor.cartoes.size(), 1U);
+            QCOMPARE(m.Valor(ID, u"Email1"_s), QString());
+        }
+        m.s.geral.SessaoActual.Editar = true;
+        m.Correr();
+        QCOMPARE(m.Nomes(u"Nome || Email1"_s), QStringList{u"Anaana@x.example"_s});
         QCOMPARE(m.Aqui(), m.La());
     }
 

@@ -172,6 +172,36 @@ private Q_SLOTS:
         }
     }
 
+    void dois_utilizadores_do_mesmo_grupo_ao_mesmo_tempo_nao_poem_nada_duas_vezes()
+    {
+        int cedidas = 0;
+        for (const int voltas : {1, 2, 3, 5, 8}) {
+            Escritorio e;
+            PostoDoEscritorio um(e), outro(e);
+            MemoriaDaSincronizacao dele(um.geral.de, e.quem.IdUtilizador);
+            um.geral.de.Executar("cmdUpdateGrupoUser", {0, e.feita.grupo}); // of all users
+            outro.geral.SessaoActual.IdUtilizador = u"77"_s;
+            MemoriaDaSincronizacao nossa(outro.geral.de, u"77"_s);
+            nossa.Guardar(*dele.Conta());
+            std::optional<ResultadoDaSincronizacao> fim_dele, fim_nosso;
+            const auto primeira = um.Nova(fim_dele);
+            const auto segunda = outro.Nova(fim_nosso);
+            primeira->Comecar();
+            for (int i = 0; i < voltas && !fim_dele; ++i)
+                QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+            segunda->Comecar();
+            while (!fim_dele || !fim_nosso)
+                QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+            QCOMPARE(fim_nosso->fim, Fim::Feita);
+            cedidas += static_cast<int>(fim_dele->fim == Fim::Noutro);
+            um.Correr();
+            QCOMPARE(um.Aqui().size(), 24);
+            QCOMPARE(e.feita.servidor.cartoes.size(), 24U);
+            QCOMPARE(um.Aqui(), e.feita.La());
+        }
+        QVERIFY(cedidas > 1);
+    }
+
     void um_servidor_que_vai_a_baixo_a_meio_nao_deixa_metades()
     {
         Escritorio e;

@@ -519,12 +519,45 @@ private Q_SLOTS:
         QVERIFY(area == nullptr || area->horizontalScrollBar()->maximum() == 0);
     }
 
+    void quem_cede_di_lo_no_formulario_pelas_suas_palavras_data()
+    {
+        QTest::addColumn<QString>("acontece");
+        QTest::addColumn<int>("texto");
+        QTest::newRow("another run") << u"Corrida=Corrida+1"_s << 560;
+        QTest::newRow("another book") << u"Corrida=Corrida+1, Livro='https://dav.example/outro/'"_s << 561;
+        QTest::newRow("another group") << u"Corrida=Corrida+1, IDGrupo=1"_s << 561;
+    }
+    void quem_cede_di_lo_no_formulario_pelas_suas_palavras()
+    {
+        QFETCH(QString, acontece);
+        QFETCH(int, texto);
+        Mesa m;
+        m.s.geral.IdiomaActual = u"AlemaoDE"_s;
+        const auto form = m.Preencher();
+        m.servidor.falha = [&](const QString &) {
+            m.s.Escrever(u"UPDATE TblSincronizacao SET "_s + acontece);
+            return RemoteError();
+        };
+        m.servidor.Por(u"/eva/1.vcf"_s,
+                       "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:1\r\nFN:Ana\r\nN:Ana;;;;\r\nEND:VCARD\r\n");
+        form->cmdSincronizar->click();
+        m.Esperar();
+        QCOMPARE(form->lblResultado->text(), m.s.Texto(texto));
+    }
+
+    void quem_cede_a_outro_posto_nao_o_diz_como_falha_data()
+    {
+        QTest::addColumn<QString>("acontece");
+        QTest::newRow("another run") << u"Corrida=Corrida+1"_s;
+        QTest::newRow("another book") << u"Corrida=Corrida+1, Livro='https://dav.example/outro/'"_s;
+    }
     void quem_cede_a_outro_posto_nao_o_diz_como_falha()
     {
+        QFETCH(QString, acontece);
         Mesa m;
         m.Contas_Ligada(false);
         m.servidor.falha = [&](const QString &) {
-            m.s.Escrever(u"UPDATE TblSincronizacao SET Corrida=Corrida+1"_s); // another desk begins
+            m.s.Escrever(u"UPDATE TblSincronizacao SET "_s + acontece); // at another desk
             return RemoteError();
         };
         m.servidor.Por(u"/eva/1.vcf"_s,
@@ -533,6 +566,72 @@ private Q_SLOTS:
         m.Esperar();
         QVERIFY(m.Cartao() == nullptr);
         QCOMPARE(m.s.Linhas(u"SELECT Nome FROM TblLista WHERE Nome='Ana'"_s), QStringList{});
+    }
+
+    void o_que_nao_tem_legenda_fala_com_as_palavras_de_quem_o_rodeia()
+    {
+        Mesa m;
+        m.s.geral.IdiomaActual = u"AlemaoDE"_s;
+        const auto form = m.Preencher();
+        QCOMPARE(form->lvOcorrencias->accessibleName(), m.s.Texto(512));
+        QCOMPARE(form->ProgressBar1->accessibleName(), m.s.Texto(500).remove(u'&'));
+        form->cmdSincronizar->click();
+        m.Esperar();
+        QCOMPARE(form->lblResultado->accessibleName(), m.s.Texto(521)); // and not what was there before
+    }
+
+    void o_grupo_que_ja_ha_nao_se_oferece_outra_vez_data()
+    {
+        QTest::addColumn<QString>("nome");
+        QTest::newRow("the same") << u"Telemóvel"_s;
+        QTest::newRow("in capitals") << u"TELEMÓVEL"_s;
+    }
+    void o_grupo_que_ja_ha_nao_se_oferece_outra_vez()
+    {
+        QFETCH(QString, nome);
+        Mesa m;
+        const int ID = m.s.Novo_Grupo(nome);
+        m.s.Novo_Grupo(u"Zebras"_s); // behind it in the list
+        const auto form = m.Abrir();
+        QCOMPARE(form->ComboGrupo->currentText(), nome);
+        QCOMPARE(form->ComboGrupo->ItemData(form->ComboGrupo->ListIndex()), ID);
+        int quantos = 0;
+        for (int i = 0; i < form->ComboGrupo->ListCount(); ++i)
+            quantos +=
+                static_cast<int>(form->ComboGrupo->List(i).compare(u"Telemóvel"_s, Qt::CaseInsensitive) == 0);
+        QCOMPARE(quantos, 1);
+    }
+
+    void o_grupo_escolhido_volta_a_ver_se_tambem_onde_ha_um_telemovel()
+    {
+        Mesa m;
+        m.s.Novo_Grupo(u"Telemóvel"_s);
+        const int amigos = m.s.Novo_Grupo(u"Amigos de Ana"_s);
+        const int zebras = m.s.Novo_Grupo(u"Zebras"_s);
+        for (const int ID : {amigos, zebras}) {
+            {
+                const auto form = m.Preencher();
+                for (int i = 0; i < form->ComboGrupo->ListCount(); ++i)
+                    if (form->ComboGrupo->ItemData(i) == ID) form->ComboGrupo->setListIndex(i);
+                form->cmdOk->click();
+            }
+            const auto form = m.Abrir();
+            QCOMPARE(form->ComboGrupo->ItemData(form->ComboGrupo->ListIndex()), ID);
+        }
+    }
+
+    void onde_outro_grupo_esta_escolhido_o_novo_so_se_oferece()
+    {
+        Mesa m;
+        const int zebras = m.s.Novo_Grupo(u"Zebras"_s);
+        {
+            const auto form = m.Preencher();
+            form->ComboGrupo->setListIndex(form->ComboGrupo->findText(u"Zebras"_s));
+            form->cmdOk->click();
+        }
+        const auto form = m.Abrir();
+        QCOMPARE(form->ComboGrupo->ItemData(form->ComboGrupo->ListIndex()), zebras);
+        QVERIFY(form->ComboGrupo->findText(u"Telemóvel"_s) >= 0);
     }
 
     void sem_direito_a_grupos_nao_se_cria_um()

@@ -2,6 +2,7 @@
 foreach(teste IN ITEMS
     test_CorridasSimultaneas
     test_DecisaoDaSincronizacao
+    test_DuasContas
     test_JuncaoDeTres
     test_LivroDosDoisLados
     test_MesSimulado
