@@ -138,7 +138,7 @@ private Q_SLOTS:
         bool veio = false;
         Quando_Abrir<frmImportarContactos>([&](frmImportarContactos &form) {
             veio = true;
-            QCOMPARE(form.txtCaminho->text(), caminho);
+            QCOMPARE(form.txtCaminho->text(), QDir::toNativeSeparators(caminho));
             QTRY_COMPARE(form.Lista->model()->rowCount(), 1);
             form.cmdCancelar->click();
         });
