@@ -167,6 +167,9 @@ public:
 
     int Dado(int lados) { return static_cast<int>(acaso_.bounded(lados)); }
 
+    // How a line of Faltas about one who was deleted and is there all the same begins.
+    static constexpr QLatin1StringView voltou_sem_palavra{"deleted, there again, and nobody told: "};
+
     // What is wrong; empty if nothing. Where told suffices, a value may also be in what a place told people,
     // and who was deleted and is there all the same must be.
     QStringList Faltas(bool basta_dito = false)
@@ -291,7 +294,7 @@ private:
             if (tudo.contains(sitio) &&
                 std::none_of(nomes_[sitio].cbegin(), nomes_[sitio].cend(),
                              [&](const QString &nome) { return ditos.contains(nome); }))
-                faltas << "deleted, there again, and nobody told: " + sitio;
+                faltas << voltou_sem_palavra + sitio;
         return faltas;
     }
 
