@@ -15,7 +15,8 @@ private Q_SLOTS:
     {
         Sistema s;
         CartoesGuardados cartoes(s.geral.de);
-        const QByteArray cartao("BEGIN:VCARD\r\nFN:Zo\xe9\r\nNOTE:\0x\r\n", 33);
+        static constexpr char bytes[] = "BEGIN:VCARD\r\nFN:Zo\xe9\r\nNOTE:\0x\r\n";
+        const QByteArray cartao(bytes, sizeof bytes - 1);
         cartoes.Guardar({u"7"_s, u"urn:uuid:1"_s, cartao});
         const auto lido = cartoes.Ler(u"7"_s);
         QVERIFY(lido.has_value());
