@@ -12,6 +12,9 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+// How long the way back waits for a lock. Nobody has asked for it: the window must not stand still.
+constexpr std::chrono::milliseconds hardlyAtAll(10);
+
 QString quoted(const QString &name) { return u'"' + name.toLower().replace(u'"', u"\"\""_s) + u'"'; }
 
 QString textOf(const QString &expression) { return u"COALESCE((%1)::text, '')"_s.arg(expression); }
@@ -40,8 +43,7 @@ PostgresStore::PostgresStore(QString address, const QStringList &settings, const
     : address_(std::move(address)),
       session_(address_, settings, patience, opening)
 {
-    constexpr std::chrono::milliseconds hardly(10); // nobody has asked for it: the window must not stand still
-    session_.cameBack = [this] { settleDoubt(hardly, session_.patience().forCommand()); };
+    session_.cameBack = [this] { settleDoubt(hardlyAtAll, session_.patience().forCommand()); };
 }
 
 // A lock is waited for a little shorter than an answer: who holds it is no reason to think the server lost.
