@@ -116,7 +116,7 @@ private Q_SLOTS:
                          m.s.geral.SessaoActual.IdUtilizador, m.livro->Conta().user,
                          m.livro->Conta().password});
             QVERIFY(filho.waitForStarted());
-            if (filho.waitForFinished(400 + static_cast<int>(acaso.bounded(600)))) continue;
+            if (filho.waitForFinished(150 + static_cast<int>(acaso.bounded(300)))) continue;
             ::kill(static_cast<pid_t>(filho.processId()), SIGKILL);
             filho.waitForFinished();
             ++mortos;
