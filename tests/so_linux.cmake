@@ -38,6 +38,7 @@ set(morvex_so_linux
     store/test_PostgresLink
     store/test_PostgresNotices
     store/test_PostgresOpening
+    store/test_PostgresSilence
     store/test_PostgresStore
     store/test_PostgresWrites
     # The build's own programs run on the machine that builds.
