@@ -29,6 +29,7 @@ set(morvex_so_linux
     servidor/test_Comparacao
     servidor/test_EsquemaNoServidor
     sincronizacao/test_SincronizacaoNoServidor
+    store/test_Libpq
     store/test_PostgresAddress
     store/test_PostgresCopy
     store/test_PostgresDialect

@@ -47,6 +47,7 @@ public:
         ServerPasswordFile, // the same, for others may read the file of passwords, and so it is not looked at
         ServerNoDatabase,   // the server is there, and has none of that name
         ServerLost,         // the connection went, or nobody answered in time; it comes back by itself
+        ServerLibraryMissing, // the one that speaks with servers is not on this computer
         ServersNotReached,  // an address, where this edition works with files alone
     };
 

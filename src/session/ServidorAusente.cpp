@@ -38,6 +38,7 @@ bool Do_Servidor(Failure::Kind razao)
     case ServerPasswordFile:
     case ServerNoDatabase:
     case ServerLost:
+    case ServerLibraryMissing:
     case ServersNotReached:
         return true;
     default:

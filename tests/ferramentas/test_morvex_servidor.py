@@ -285,6 +285,13 @@ class MorvexServidor(unittest.TestCase):
         said = self.refused(3, "", "verificar", address)
         self.assertNotIn("segredo", said)
 
+    def test_without_the_servers_library_it_says_which_package_is_missing(self):
+        (self.folder / "libpq.so.5").write_text("no library")
+        os.environ["LD_LIBRARY_PATH"] = str(self.folder)
+        self.addCleanup(os.environ.pop, "LD_LIBRARY_PATH")
+        said = self.refused(3, "libpq5", "verificar", self.at(self.base))
+        self.assertNotIn(self.base, said)  # nothing of an address that cannot be read is shown
+
 
 if __name__ == "__main__":
     unittest.main()

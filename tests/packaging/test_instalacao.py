@@ -57,6 +57,9 @@ class Instalacao(unittest.TestCase):
         self.assertIsNone(processo.poll())
         self.assertEqual({f.name for f in (self.partilha / "morvex").iterdir()} - {f.name for f in dados.iterdir()},
                          {"manual"})  # it is read where it was installed
+        carregadas = pathlib.Path(f"/proc/{processo.pid}/maps").read_text()
+        self.assertIn("libsqlite3", carregadas)
+        self.assertNotIn("libpq", carregadas)  # who works with a file does not wait for what speaks with servers
         self.assertEqual((dados / "morvex.mdb").read_bytes()[:15], b"SQLite format 3")
         self.assertEqual(sorted(self.prefixo.rglob("*")), antes)
 

@@ -21,7 +21,8 @@ private Q_SLOTS:
                                              DatabaseForbidden, DatabaseDamaged, DatabaseNewer, DiskFull,
                                              DatabaseOlder, ServerUnknown, ServerRefused, ServerCertificate,
                                              ServerForbidden, ServerPassword, ServerPasswordFile,
-                                             ServerNoDatabase, ServerLost, PasswordInAddress, ServersNotReached}) {
+                                             ServerNoDatabase, ServerLost, PasswordInAddress, ServerLibraryMissing,
+                                             ServersNotReached}) {
                 const ErrorText text = errorText(Failure(1, u"s"_s, u"technical"_s, kind), language);
                 QVERIFY(text.words.size() > 60 && text.words.endsWith(u'.'));
                 QVERIFY(!text.words.contains(u"technical"_s));

@@ -5,10 +5,10 @@
 #include "servidor/BaseNoServidor.h"
 #include "servidor/EsquemaNoServidor.h"
 #include "store/postgres/PostgresDialect.h"
+#include "store/postgres/PostgresOpening.h"
 #include "testlib/BaseDeEnsaio.h"
 #include "testlib/Teste.h"
 
-#include <libpq-fe.h>
 #include <QElapsedTimer>
 
 using namespace Qt::StringLiterals;
@@ -19,27 +19,25 @@ namespace
 class Ouvinte
 {
 public:
-    explicit Ouvinte(const QString &morada) : ligacao_(PQconnectdb(morada.toUtf8().constData()))
+    explicit Ouvinte(const QString &morada)
+        : ligacao_(openNow(PostgresAddress(morada), {}, Deadline(std::chrono::seconds(60))))
     {
-        PQclear(PQexec(ligacao_, "LISTEN morvex"));
+        const PostgresResult resposta(libpq::exec(ligacao_.get(), "LISTEN morvex"));
     }
-    ~Ouvinte() { PQfinish(ligacao_); }
-    Ouvinte(const Ouvinte &) = delete;
-    Ouvinte &operator=(const Ouvinte &) = delete;
 
     QStringList Ouvidos()
     {
         QStringList ouvidos;
-        PQclear(PQexec(ligacao_, "SELECT 1")); // what was announced before comes with the answer
-        while (PGnotify *aviso = PQnotifies(ligacao_)) {
+        const PostgresResult resposta(libpq::exec(ligacao_.get(), "SELECT 1")); // what was announced before comes with the answer
+        while (PGnotify *aviso = libpq::notifies(ligacao_.get())) {
             ouvidos << QString::fromUtf8(aviso->extra);
-            PQfreemem(aviso);
+            libpq::freemem(aviso);
         }
         return ouvidos;
     }
 
 private:
-    PGconn *ligacao_;
+    PostgresConnection ligacao_;
 };
 } // namespace
 

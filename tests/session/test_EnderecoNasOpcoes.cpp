@@ -85,6 +85,7 @@ private Q_SLOTS:
         QTest::newRow("ServerNoPassword") << int(ServerNoPassword) << u"pede uma palavra-passe"_s;
         QTest::newRow("ServerPasswordFile") << int(ServerPasswordFile) << u"chmod 600"_s;
         QTest::newRow("ServerNoDatabase") << int(ServerNoDatabase) << u"no fim do endereço"_s;
+        QTest::newRow("ServerLibraryMissing") << int(ServerLibraryMissing) << u"libpq5"_s;
         QTest::newRow("ServersNotReached") << int(ServersNotReached) << u"trabalha só com um ficheiro"_s;
         QTest::newRow("ServerLost") << int(ServerLost) << u"não respondeu a tempo"_s;
     }

@@ -60,6 +60,7 @@ private Q_SLOTS:
         QTest::newRow("ServerNoPassword") << int(ServerNoPassword);
         QTest::newRow("ServerPasswordFile") << int(ServerPasswordFile);
         QTest::newRow("ServerNoDatabase") << int(ServerNoDatabase);
+        QTest::newRow("ServerLibraryMissing") << int(ServerLibraryMissing);
         QTest::newRow("ServersNotReached") << int(ServersNotReached);
     }
     void cada_razao_diz_se_e_espera_ate_que_o_servidor_responda()

@@ -1,9 +1,9 @@
 // A database of its own on the tests' server, with one table and what a store relies on; it goes with the object.
 #pragma once
 
+#include "store/postgres/PostgresOpening.h"
 #include "testlib/Teste.h"
 
-#include <libpq-fe.h>
 #include <memory>
 #include <QUrl>
 #include <unistd.h>
@@ -54,15 +54,14 @@ public:
 
     static QString Correr_Em(const QUrl &morada, const QString &sql)
     {
-        const std::unique_ptr<PGconn, void (*)(PGconn *)> ligacao(
-            PQconnectdb(morada.toString().toUtf8().constData()), PQfinish);
-        PQsetNoticeProcessor(ligacao.get(), [](void *, const char *) {}, nullptr);
-        const std::unique_ptr<PGresult, void (*)(PGresult *)> resposta(
-            PQexec(ligacao.get(), sql.toUtf8().constData()), PQclear);
-        const ExecStatusType estado = PQresultStatus(resposta.get());
+        const PostgresConnection ligacao =
+            openNow(PostgresAddress(morada.toString()), {}, Deadline(std::chrono::seconds(60)));
+        const PostgresResult resposta(libpq::exec(ligacao.get(), sql.toUtf8().constData()));
+        const ExecStatusType estado = libpq::resultStatus(resposta.get());
         if (estado != PGRES_COMMAND_OK && estado != PGRES_TUPLES_OK)
-            throw Failure(1, sql, QString::fromUtf8(PQerrorMessage(ligacao.get())));
-        return PQntuples(resposta.get()) > 0 ? QString::fromUtf8(PQgetvalue(resposta.get(), 0, 0)) : QString();
+            throw Failure(1, sql, QString::fromUtf8(libpq::errorMessage(ligacao.get())));
+        return libpq::ntuples(resposta.get()) > 0 ? QString::fromUtf8(libpq::getvalue(resposta.get(), 0, 0))
+                                                  : QString();
     }
 
 private:

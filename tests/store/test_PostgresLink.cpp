@@ -36,11 +36,11 @@ private Q_SLOTS:
         PostgresLink link = Ligar();
         int rows = 0;
         link.stream({u"SELECT generate_series(1, 1000)"_s, {}}, PostgresPatience(), [&](const PGresult *one) {
-            QCOMPARE(PQntuples(one), 1);
+            QCOMPARE(libpq::ntuples(one), 1);
             ++rows;
         });
         QCOMPARE(rows, 1000);
-        QCOMPARE(PQntuples(Pedir(link, u"SELECT 1"_s).get()), 1);
+        QCOMPARE(libpq::ntuples(Pedir(link, u"SELECT 1"_s).get()), 1);
     }
     // What is still on its way would answer the next command.
     void whoever_gives_up_in_the_middle_of_the_rows_has_no_connection_any_more()
@@ -60,7 +60,7 @@ private Q_SLOTS:
                                     [&](const PGresult *) { ++rows; }),
                         Failure::StoreError);
         QVERIFY(link.alive());
-        QCOMPARE(PQntuples(Pedir(link, u"SELECT 1"_s).get()), 1);
+        QCOMPARE(libpq::ntuples(Pedir(link, u"SELECT 1"_s).get()), 1);
     }
     void what_goes_ahead_costs_no_trip_and_harms_nothing_where_it_is_refused()
     {
@@ -68,7 +68,7 @@ private Q_SLOTS:
         link.ahead(u"SELECT * FROM nenhuma"_s);
         link.ahead(u"SET work_mem = '5555kB'"_s);
         const PostgresResult result = Pedir(link, u"SELECT current_setting('work_mem')"_s);
-        QCOMPARE(PQgetvalue(result.get(), 0, 0), "5555kB");
+        QCOMPARE(libpq::getvalue(result.get(), 0, 0), "5555kB");
     }
     void a_server_that_has_gone_is_heard_of_without_asking()
     {

@@ -2,6 +2,7 @@
 foreach(teste IN ITEMS
     test_Connection
     test_FailureKind
+    test_Libpq
     test_PostgresAddress
     test_PostgresCopy
     test_PostgresDialect

@@ -1,11 +1,11 @@
 #include "store/postgres/PostgresAddress.h"
 
 #include "platform/Failure.h"
+#include "store/postgres/PostgresFailure.h"
 #include "store/ServerStore.h"
 
 #include <algorithm>
 #include <array>
-#include <libpq-fe.h>
 #include <memory>
 #include <QDir>
 
@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 struct Freed {
-    void operator()(PQconninfoOption *options) const { PQconninfoFree(options); }
+    void operator()(PQconninfoOption *options) const { libpq::conninfoFree(options); }
 };
 using Options = std::unique_ptr<PQconninfoOption, Freed>;
 
@@ -32,8 +32,8 @@ template<class Each> void each(const Options &options, const Each &work)
 Options parsed(const QByteArray &text)
 {
     char *error = nullptr;
-    Options options(PQconninfoParse(text.constData(), &error));
-    PQfreemem(error); // it may quote the address, and a secret with it
+    Options options(libpq::conninfoParse(text.constData(), &error));
+    libpq::freemem(error); // it may quote the address, and a secret with it
     return options;
 }
 
@@ -43,10 +43,9 @@ Options expanded(const QByteArray &text, QString &reason)
 {
     constexpr std::array keywords{"dbname", "password", "target_session_attrs", static_cast<const char *>(nullptr)};
     const std::array values{text.constData(), "-", "-", static_cast<const char *>(nullptr)};
-    const std::unique_ptr<PGconn, void (*)(PGconn *)> refused(
-        PQconnectStartParams(keywords.data(), values.data(), 1), PQfinish);
-    reason = QString::fromUtf8(PQerrorMessage(refused.get())).trimmed();
-    return Options(PQconninfo(refused.get()));
+    const PostgresConnection refused(libpq::connectStartParams(keywords.data(), values.data(), 1));
+    reason = QString::fromUtf8(libpq::errorMessage(refused.get())).trimmed();
+    return Options(libpq::conninfo(refused.get()));
 }
 
 QString word(const QHash<QByteArray, QByteArray> &options, const char *name)
@@ -72,8 +71,9 @@ bool PostgresAddress::isOne(const QString &text) { return server_store::isAddres
 
 QString PostgresAddress::shown(const QString &text)
 {
+    if (!isOne(text) || !libpq::isHere()) return nothingToShow;
     const Options options = parsed(text.trimmed().toUtf8());
-    if (!options || !isOne(text)) return nothingToShow;
+    if (!options) return nothingToShow;
     QHash<QByteArray, QByteArray> named;
     each(options, [&](const PQconninfoOption &option) {
         if (isGiven(option) && !isSecret(option)) named.insert(option.keyword, option.val);

@@ -48,20 +48,20 @@ Failure::Kind kindOfState(std::string_view state)
 
 bool isRefusal(const PGresult *result)
 {
-    const ExecStatusType status = PQresultStatus(result);
+    const ExecStatusType status = libpq::resultStatus(result);
     return status == PGRES_FATAL_ERROR || status == PGRES_BAD_RESPONSE;
 }
 
 std::string_view stateOf(const PGresult *result)
 {
-    const char *state = PQresultErrorField(result, PG_DIAG_SQLSTATE);
+    const char *state = libpq::resultErrorField(result, PG_DIAG_SQLSTATE);
     return state == nullptr ? std::string_view() : std::string_view(state);
 }
 
 void raiseRefusal(const PGresult *refusal, const QString &source)
 {
-    const char *words = PQresultErrorField(refusal, PG_DIAG_MESSAGE_PRIMARY);
-    throw Failure(Failure::StoreError, source, firstLine(words != nullptr ? words : PQresultErrorMessage(refusal)),
+    const char *words = libpq::resultErrorField(refusal, PG_DIAG_MESSAGE_PRIMARY);
+    throw Failure(Failure::StoreError, source, firstLine(words != nullptr ? words : libpq::resultErrorMessage(refusal)),
                   kindOfState(stateOf(refusal)));
 }
 

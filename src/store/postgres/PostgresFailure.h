@@ -3,18 +3,18 @@
 #pragma once
 
 #include "platform/Failure.h"
+#include "store/postgres/Libpq.h"
 
-#include <libpq-fe.h>
 #include <memory>
 #include <string_view>
 
 struct PostgresResultFreed {
-    void operator()(PGresult *result) const { PQclear(result); }
+    void operator()(PGresult *result) const { libpq::clear(result); }
 };
 using PostgresResult = std::unique_ptr<PGresult, PostgresResultFreed>;
 
 struct PostgresConnectionEnded {
-    void operator()(PGconn *connection) const { PQfinish(connection); }
+    void operator()(PGconn *connection) const { libpq::finish(connection); }
 };
 using PostgresConnection = std::unique_ptr<PGconn, PostgresConnectionEnded>;
 

@@ -13,7 +13,7 @@ constexpr int binaryFormat = 1;
 
 bool isWhole(const PGresult *result)
 {
-    const ExecStatusType status = PQresultStatus(result);
+    const ExecStatusType status = libpq::resultStatus(result);
     return status == PGRES_COMMAND_OK || status == PGRES_TUPLES_OK;
 }
 } // namespace
@@ -58,8 +58,8 @@ struct PostgresLink::Parameters {
 
 PostgresLink::PostgresLink(PostgresConnection connection) : connection_(std::move(connection))
 {
-    PQsetnonblocking(connection_.get(), 1);
-    PQenterPipelineMode(connection_.get());
+    libpq::setnonblocking(connection_.get(), 1);
+    libpq::enterPipelineMode(connection_.get());
 }
 
 void PostgresLink::drop()
@@ -69,7 +69,7 @@ void PostgresLink::drop()
 
 void PostgresLink::lose()
 {
-    const QString reason = QString::fromUtf8(PQerrorMessage(connection_.get())).trimmed();
+    const QString reason = QString::fromUtf8(libpq::errorMessage(connection_.get())).trimmed();
     drop();
     raiseLost(reason);
 }
@@ -82,8 +82,8 @@ void PostgresLink::sent(int worked)
 void PostgresLink::sendAhead()
 {
     for (const QString &sql : std::exchange(ahead_, {})) {
-        sent(PQsendQueryParams(connection_.get(), sql.toUtf8().constData(), 0, nullptr, nullptr, nullptr, nullptr,
-                               textFormat));
+        sent(libpq::sendQueryParams(connection_.get(), sql.toUtf8().constData(), 0, nullptr, nullptr, nullptr, nullptr,
+                                    textFormat));
         awaited_.push_back({Awaited::What::Ahead, 0, {}, {}});
         end();
     }
@@ -96,18 +96,18 @@ void PostgresLink::send(const PostgresCommand &command, std::size_t place)
     if (name.isEmpty()) {
         if (prepared_.size() + preparing_.size() < mostPrepared)
             name = QByteArrayLiteral("m") + QByteArray::number(++names_);
-        sent(PQsendPrepare(connection_.get(), name.constData(), command.sql.toUtf8().constData(), 0, nullptr));
+        sent(libpq::sendPrepare(connection_.get(), name.constData(), command.sql.toUtf8().constData(), 0, nullptr));
         awaited_.push_back({Awaited::What::Preparation, place, command.sql, name});
         if (!name.isEmpty()) preparing_.insert(command.sql, name);
     }
-    sent(PQsendQueryPrepared(connection_.get(), name.constData(), parameters.count(), parameters.values.data(),
-                             parameters.lengths.data(), parameters.formats.data(), textFormat));
+    sent(libpq::sendQueryPrepared(connection_.get(), name.constData(), parameters.count(), parameters.values.data(),
+                                  parameters.lengths.data(), parameters.formats.data(), textFormat));
     awaited_.push_back({Awaited::What::Command, place, {}, {}});
 }
 
 void PostgresLink::end()
 {
-    sent(PQpipelineSync(connection_.get()));
+    sent(libpq::pipelineSync(connection_.get()));
     awaited_.push_back({Awaited::What::End, 0, {}, {}});
 }
 
@@ -139,7 +139,7 @@ void PostgresLink::collect(PostgresAnswers &answers, const Deadline &deadline)
         PostgresResult result = next(deadline);
         if (!result) {
             if (awaited_.front().what != Awaited::What::End) awaited_.pop_front();
-        } else if (PQresultStatus(result.get()) == PGRES_PIPELINE_SYNC) {
+        } else if (libpq::resultStatus(result.get()) == PGRES_PIPELINE_SYNC) {
             awaited_.pop_front();
         } else {
             settle(answers, awaited_.front(), std::move(result));
@@ -165,9 +165,9 @@ void PostgresLink::settle(PostgresAnswers &answers, const Awaited &awaited, Post
 PostgresResult PostgresLink::next(const Deadline &deadline)
 {
     await(deadline);
-    PostgresResult result(PQgetResult(connection_.get()));
+    PostgresResult result(libpq::getResult(connection_.get()));
     const bool ended = result && isRefusal(result.get()) && kindOfState(stateOf(result.get())) == Failure::Kind::ServerLost;
-    if (ended || PQstatus(connection_.get()) != CONNECTION_OK) lose();
+    if (ended || libpq::status(connection_.get()) != CONNECTION_OK) lose();
     return result;
 }
 
@@ -175,14 +175,14 @@ void PostgresLink::await(const Deadline &deadline)
 {
     ServerPulse pulse(socket());
     for (;;) {
-        const int unsent = PQflush(connection_.get());
+        const int unsent = libpq::flush(connection_.get());
         if (unsent < 0) lose();
-        if (PQisBusy(connection_.get()) == 0) return;
+        if (libpq::isBusy(connection_.get()) == 0) return;
         if (!pulse.ready(unsent > 0, deadline)) {
             drop();
             raiseLost({});
         }
-        if (PQconsumeInput(connection_.get()) == 0) lose();
+        if (libpq::consumeInput(connection_.get()) == 0) lose();
         deadline.heard();
     }
 }
@@ -192,24 +192,24 @@ void PostgresLink::stream(const PostgresCommand &command, const PostgresPatience
 {
     if (!alive()) raiseLost({});
     const Parameters parameters(command.values);
-    PQexitPipelineMode(connection_.get());
-    sent(PQsendQueryParams(connection_.get(), command.sql.toUtf8().constData(), parameters.count(), nullptr,
-                           parameters.values.data(), parameters.lengths.data(), parameters.formats.data(),
-                           textFormat));
-    PQsetSingleRowMode(connection_.get());
+    libpq::exitPipelineMode(connection_.get());
+    sent(libpq::sendQueryParams(connection_.get(), command.sql.toUtf8().constData(), parameters.count(), nullptr,
+                                parameters.values.data(), parameters.lengths.data(), parameters.formats.data(),
+                                textFormat));
+    libpq::setSingleRowMode(connection_.get());
     PostgresResult refusal;
     try {
         while (PostgresResult result = next(patience.forList())) {
             if (isRefusal(result.get()))
                 refusal = std::move(result);
-            else if (PQresultStatus(result.get()) == PGRES_SINGLE_TUPLE)
+            else if (libpq::resultStatus(result.get()) == PGRES_SINGLE_TUPLE)
                 row(result.get());
         }
     } catch (...) {
         drop(); // what is still on its way would answer the next command
         throw;
     }
-    PQenterPipelineMode(connection_.get());
+    libpq::enterPipelineMode(connection_.get());
     leaveSingleRows(patience.forList());
     if (refusal) raiseRefusal(refusal.get(), command.sql);
 }
@@ -225,15 +225,15 @@ void PostgresLink::leaveSingleRows(const Deadline &deadline)
 bool PostgresLink::hear()
 {
     if (!alive()) return false;
-    if (PQconsumeInput(connection_.get()) == 0) return false;
+    if (libpq::consumeInput(connection_.get()) == 0) return false;
     collectNotices();
     return true;
 }
 
 void PostgresLink::collectNotices()
 {
-    while (PGnotify *notice = PQnotifies(connection_.get())) {
+    while (PGnotify *notice = libpq::notifies(connection_.get())) {
         heard_.push_back({notice->be_pid, QByteArray(notice->extra)});
-        PQfreemem(notice);
+        libpq::freemem(notice);
     }
 }

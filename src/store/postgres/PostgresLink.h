@@ -40,8 +40,8 @@ public:
     explicit PostgresLink(PostgresConnection connection);
 
     bool alive() const { return connection_ != nullptr; }
-    int socket() const { return PQsocket(connection_.get()); }
-    int process() const { return PQbackendPID(connection_.get()); } // of the server
+    int socket() const { return libpq::socket(connection_.get()); }
+    int process() const { return libpq::backendPID(connection_.get()); } // of the server
 
     // Runs these in one trip and as one transaction, of which nothing remains where one is refused; within a
     // transaction that is open already they are a part of that one. Raises Failure (ServerLost) where no answer
@@ -68,7 +68,7 @@ public:
     void forget(const QString &sql) { prepared_.remove(sql); }
 
     void drop();
-    PGTransactionStatusType transaction() const { return PQtransactionStatus(connection_.get()); }
+    PGTransactionStatusType transaction() const { return libpq::transactionStatus(connection_.get()); }
 
 private:
     // What an answer belongs to, in their order.

@@ -50,7 +50,7 @@ PostgresOpening::PostgresOpening(PostgresAddress address, QStringList settings)
         start({});
 }
 
-int PostgresOpening::socket() const { return lookup_ ? lookup_->socket() : PQsocket(connection_.get()); }
+int PostgresOpening::socket() const { return lookup_ ? lookup_->socket() : libpq::socket(connection_.get()); }
 
 void PostgresOpening::start(const QHash<QString, QList<QHostAddress>> &found)
 {
@@ -67,10 +67,10 @@ void PostgresOpening::start(const QHash<QString, QList<QHostAddress>> &found)
     }
     names.push_back(nullptr);
     values.push_back(nullptr);
-    connection_.reset(PQconnectStartParams(names.data(), values.data(), 1));
-    PQsetNoticeProcessor(connection_.get(), saysNothing, nullptr);
-    PQsetErrorVerbosity(connection_.get(), PQERRORS_VERBOSE);
-    stage_ = PQstatus(connection_.get());
+    connection_.reset(libpq::connectStartParams(names.data(), values.data(), 1));
+    libpq::setNoticeProcessor(connection_.get(), saysNothing, nullptr);
+    libpq::setErrorVerbosity(connection_.get(), PQERRORS_VERBOSE);
+    stage_ = libpq::status(connection_.get());
     if (stage_ == CONNECTION_BAD) fail();
     waits_ = Waits::ToWrite;
 }
@@ -85,8 +85,8 @@ void PostgresOpening::step()
         lookup_.reset();
         return start(found);
     }
-    if (const ConnStatusType stage = PQstatus(connection_.get()); stage != CONNECTION_BAD) stage_ = stage;
-    switch (PQconnectPoll(connection_.get())) {
+    if (const ConnStatusType stage = libpq::status(connection_.get()); stage != CONNECTION_BAD) stage_ = stage;
+    switch (libpq::connectPoll(connection_.get())) {
     case PGRES_POLLING_READING:
         waits_ = Waits::ToRead;
         return;
@@ -95,7 +95,7 @@ void PostgresOpening::step()
         return;
     case PGRES_POLLING_OK:
         waits_ = Waits::NoMore;
-        PQsetErrorVerbosity(connection_.get(), PQERRORS_DEFAULT);
+        libpq::setErrorVerbosity(connection_.get(), PQERRORS_DEFAULT);
         return;
     default:
         fail();
@@ -118,10 +118,10 @@ QString PostgresOpening::unknownName(const QHash<QString, QList<QHostAddress>> &
 // What the server said is told by its code. Where it said nothing, by how far the library had come.
 void PostgresOpening::fail() const
 {
-    const QString message = QString::fromUtf8(PQerrorMessage(connection_.get()));
+    const QString message = QString::fromUtf8(libpq::errorMessage(connection_.get()));
     const QString text = readable(message);
     using enum Failure::Kind;
-    if (PQconnectionNeedsPassword(connection_.get()) != 0)
+    if (libpq::connectionNeedsPassword(connection_.get()) != 0)
         raise(text, isOpenToOthers(address_.passwordFile()) ? ServerPasswordFile : ServerNoPassword);
     if (const QByteArray state = stateIn(message); !state.isEmpty()) raise(text, kindOfState(state.constData()));
     if (stage_ == CONNECTION_SSL_STARTUP) raise(text, ServerCertificate);

@@ -27,8 +27,8 @@ template<class Number> Number numberIn(std::string_view digits)
 
 PostgresRow::Kind PostgresRow::kind(int column) const
 {
-    if (PQgetisnull(answer_, row_, column) != 0) return Kind::Null;
-    switch (PQftype(answer_, column)) {
+    if (libpq::getisnull(answer_, row_, column) != 0) return Kind::Null;
+    switch (libpq::ftype(answer_, column)) {
     case Bool:
         return Kind::YesNo;
     case ByteA:
@@ -50,18 +50,18 @@ PostgresRow::Kind PostgresRow::kind(int column) const
 
 std::string_view PostgresRow::utf8(int column) const
 {
-    return {PQgetvalue(answer_, row_, column), static_cast<std::size_t>(PQgetlength(answer_, row_, column))};
+    return {libpq::getvalue(answer_, row_, column), static_cast<std::size_t>(libpq::getlength(answer_, row_, column))};
 }
 
 std::string_view PostgresRow::bytes(int column) const
 {
-    if (PQgetisnull(answer_, row_, column) != 0) return {};
-    if (PQftype(answer_, column) != ByteA) return utf8(column);
+    if (libpq::getisnull(answer_, row_, column) != 0) return {};
+    if (libpq::ftype(answer_, column) != ByteA) return utf8(column);
     std::size_t length = 0;
-    const auto *text = reinterpret_cast<const unsigned char *>(PQgetvalue(answer_, row_, column));
-    unsigned char *plain = PQunescapeBytea(text, &length);
+    const auto *text = reinterpret_cast<const unsigned char *>(libpq::getvalue(answer_, row_, column));
+    unsigned char *plain = libpq::unescapeBytea(text, &length);
     bytes_.assign(reinterpret_cast<const char *>(plain), length);
-    PQfreemem(plain);
+    libpq::freemem(plain);
     return bytes_;
 }
 

@@ -1,9 +1,9 @@
 // A row of an answer, read where the server's library keeps it.
 #pragma once
 
+#include "store/postgres/Libpq.h"
 #include "store/Row.h"
 
-#include <libpq-fe.h>
 #include <string>
 
 class PostgresRow final : public Row
@@ -13,8 +13,8 @@ public:
     explicit PostgresRow(const PGresult *answer) : answer_(answer) {}
     void moveTo(int row) { row_ = row; }
 
-    int columns() const override { return PQnfields(answer_); }
-    const char *name(int column) const override { return PQfname(answer_, column); }
+    int columns() const override { return libpq::nfields(answer_); }
+    const char *name(int column) const override { return libpq::fname(answer_, column); }
     std::string_view utf8(int column) const override;
     std::string_view bytes(int column) const override;
     Field field(int column) const override;

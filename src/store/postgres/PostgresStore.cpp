@@ -30,7 +30,7 @@ Recordset recordset(const PGresult *answer)
 {
     PostgresRow row(answer);
     Cells cells;
-    for (int i = 0; i < PQntuples(answer); ++i) {
+    for (int i = 0; i < libpq::ntuples(answer); ++i) {
         row.moveTo(i);
         row.addTo(cells);
     }
@@ -94,7 +94,7 @@ void PostgresStore::rows(const QString &sql, const Values &values, const EachRow
 {
     const PostgresResult all = answer(said(sql, values), patienceFor(sql, session_.patience()));
     PostgresRow current(all.get());
-    for (int i = 0; i < PQntuples(all.get()); ++i) {
+    for (int i = 0; i < libpq::ntuples(all.get()); ++i) {
         current.moveTo(i);
         row(current);
     }

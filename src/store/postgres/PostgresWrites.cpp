@@ -44,7 +44,7 @@ void PostgresStore::count(const Write &write, const PGresult *answer)
 {
     ++written_[write.sql];
     // The library forgot the const. Without an answer nobody knows how many, but that it was done.
-    rowsWritten_ += answer == nullptr ? 1 : QByteArray(PQcmdTuples(const_cast<PGresult *>(answer))).toInt();
+    rowsWritten_ += answer == nullptr ? 1 : QByteArray(libpq::cmdTuples(const_cast<PGresult *>(answer))).toInt();
 }
 
 void PostgresStore::refuse(const PGresult *refusal, const QString &source)
@@ -107,7 +107,7 @@ void PostgresStore::settleDoubt(std::chrono::milliseconds lockPatience, const De
     try {
         const PostgresAnswers answers = session_.attempt(commands, deadline);
         if (answers.refused) raiseRefusal(answers.refusal.get(), postgres::takeKey);
-        const bool wasFree = PQntuples(answers.results.back().get()) > 0;
+        const bool wasFree = libpq::ntuples(answers.results.back().get()) > 0;
         fates_.back() = wasFree ? Fate::NotArrived : Fate::Arrived;
         doubt_.clear();
     } catch (const Failure &) {

@@ -17,28 +17,28 @@ bool good(const PostgresResult &result) { return result && !isRefusal(result.get
 QByteArray unescaped(const char *cell)
 {
     std::size_t size = 0;
-    unsigned char *bytes = PQunescapeBytea(reinterpret_cast<const unsigned char *>(cell), &size);
+    unsigned char *bytes = libpq::unescapeBytea(reinterpret_cast<const unsigned char *>(cell), &size);
     QByteArray copy(reinterpret_cast<const char *>(bytes), static_cast<qsizetype>(size));
-    PQfreemem(bytes);
+    libpq::freemem(bytes);
     return copy;
 }
 
 StoreValue cell(const PGresult *result, int row, int column)
 {
-    if (PQgetisnull(result, row, column) != 0) return std::monostate();
-    const char *text = PQgetvalue(result, row, column);
-    switch (PQftype(result, column)) {
+    if (libpq::getisnull(result, row, column) != 0) return std::monostate();
+    const char *text = libpq::getvalue(result, row, column);
+    switch (libpq::ftype(result, column)) {
     case Int2:
     case Int4:
     case Int8:
-        return QByteArray::fromRawData(text, PQgetlength(result, row, column)).toLongLong();
+        return QByteArray::fromRawData(text, libpq::getlength(result, row, column)).toLongLong();
     case Float4:
     case Float8:
-        return QByteArray::fromRawData(text, PQgetlength(result, row, column)).toDouble();
+        return QByteArray::fromRawData(text, libpq::getlength(result, row, column)).toDouble();
     case Bytes:
         return unescaped(text);
     default:
-        return QString::fromUtf8(text, PQgetlength(result, row, column));
+        return QString::fromUtf8(text, libpq::getlength(result, row, column));
     }
 }
 
@@ -46,7 +46,7 @@ StoreValue cell(const PGresult *result, int row, int column)
 ServerSession::Values cells(const PGresult *result)
 {
     ServerSession::Values values;
-    for (int i = 0; i < PQnfields(result); ++i)
+    for (int i = 0; i < libpq::nfields(result); ++i)
         values.push_back(cell(result, 0, i));
     return values;
 }
@@ -99,7 +99,7 @@ void appendCopied(QByteArray &lines, const ServerSession::Values &row)
 bool takeAnswers(PGconn *connection)
 {
     bool all = true;
-    while (PGresult *result = PQgetResult(connection))
+    while (PGresult *result = libpq::getResult(connection))
         all = good(PostgresResult(result)) && all;
     return all;
 }
@@ -114,7 +114,7 @@ ServerSession::ServerSession(const QString &address)
 {
     constexpr std::chrono::seconds patience(10);
     line_->connection = openNow(PostgresAddress(address), {}, Deadline(patience));
-    PQsetNoticeProcessor(
+    libpq::setNoticeProcessor(
         line_->connection.get(), [](void *, const char *) {}, nullptr);
 }
 
@@ -123,14 +123,14 @@ ServerSession::~ServerSession() = default;
 void ServerSession::raise(const QString &sql) const
 {
     PGconn *connection = line_->connection.get();
-    const QString reason = QString::fromUtf8(PQerrorMessage(connection)).trimmed();
-    if (PQstatus(connection) != CONNECTION_OK) raiseLost(reason);
+    const QString reason = QString::fromUtf8(libpq::errorMessage(connection)).trimmed();
+    if (libpq::status(connection) != CONNECTION_OK) raiseLost(reason);
     raising::failure(reason, sql);
 }
 
 void ServerSession::run(const QString &sql)
 {
-    if (!good(PostgresResult(PQexec(line_->connection.get(), sql.toUtf8().constData())))) raise(sql);
+    if (!good(PostgresResult(libpq::exec(line_->connection.get(), sql.toUtf8().constData())))) raise(sql);
 }
 
 Recordset ServerSession::query(const QString &sql, const Values &values)
@@ -142,17 +142,17 @@ Recordset ServerSession::query(const QString &sql, const Values &values)
     for (std::size_t i = 0; i < values.size(); ++i)
         pointers.push_back(std::holds_alternative<std::monostate>(values[i]) ? nullptr
                                                                              : texts[i].constData());
-    const PostgresResult result(PQexecParams(line_->connection.get(), sql.toUtf8().constData(),
-                                             static_cast<int>(values.size()), nullptr, pointers.data(),
-                                             nullptr, nullptr, 0));
+    const PostgresResult result(libpq::execParams(line_->connection.get(), sql.toUtf8().constData(),
+                                                  static_cast<int>(values.size()), nullptr, pointers.data(),
+                                                  nullptr, nullptr, 0));
     if (!good(result)) raise(sql);
     std::vector<QByteArray> columns;
-    columns.reserve(static_cast<std::size_t>(PQnfields(result.get())));
-    for (int i = 0; i < PQnfields(result.get()); ++i)
-        columns.emplace_back(PQfname(result.get(), i));
+    columns.reserve(static_cast<std::size_t>(libpq::nfields(result.get())));
+    for (int i = 0; i < libpq::nfields(result.get()); ++i)
+        columns.emplace_back(libpq::fname(result.get(), i));
     Cells cells;
-    for (int row = 0; row < PQntuples(result.get()); ++row)
-        for (int i = 0; i < PQnfields(result.get()); ++i)
+    for (int row = 0; row < libpq::ntuples(result.get()); ++row)
+        for (int i = 0; i < libpq::nfields(result.get()); ++i)
             cells.add(cell(result.get(), row, i));
     return {std::move(columns), std::move(cells)};
 }
@@ -160,14 +160,14 @@ Recordset ServerSession::query(const QString &sql, const Values &values)
 void ServerSession::each(const QString &sql, const std::function<void(const Values &)> &row)
 {
     PGconn *connection = line_->connection.get();
-    if (PQsendQuery(connection, sql.toUtf8().constData()) == 0) raise(sql);
-    PQsetSingleRowMode(connection);
+    if (libpq::sendQuery(connection, sql.toUtf8().constData()) == 0) raise(sql);
+    libpq::setSingleRowMode(connection);
     std::exception_ptr stopped;
     bool all = true;
-    while (PGresult *answer = PQgetResult(connection)) {
+    while (PGresult *answer = libpq::getResult(connection)) {
         const PostgresResult result(answer);
         all = good(result) && all;
-        if (PQresultStatus(answer) != PGRES_SINGLE_TUPLE || stopped) continue; // what is sent has to be taken
+        if (libpq::resultStatus(answer) != PGRES_SINGLE_TUPLE || stopped) continue; // what is sent has to be taken
         try {
             row(cells(answer));
         } catch (...) {
@@ -184,12 +184,12 @@ void ServerSession::copyIn(const QString &table, const QStringList &columns,
     constexpr qsizetype portion = 1 << 18;
     const QString sql = u"COPY %1 (%2) FROM STDIN"_s.arg(table, columns.join(u", "_s));
     PGconn *connection = line_->connection.get();
-    if (const PostgresResult result(PQexec(connection, sql.toUtf8().constData()));
-        PQresultStatus(result.get()) != PGRES_COPY_IN)
+    if (const PostgresResult result(libpq::exec(connection, sql.toUtf8().constData()));
+        libpq::resultStatus(result.get()) != PGRES_COPY_IN)
         raise(sql);
     QByteArray lines;
     const auto send = [&] {
-        if (PQputCopyData(connection, lines.constData(), static_cast<int>(lines.size())) != 1) raise(sql);
+        if (libpq::putCopyData(connection, lines.constData(), static_cast<int>(lines.size())) != 1) raise(sql);
         lines.clear();
     };
     try {
@@ -199,11 +199,11 @@ void ServerSession::copyIn(const QString &table, const QStringList &columns,
         });
         send();
     } catch (...) {
-        PQputCopyEnd(connection, "given up");
+        libpq::putCopyEnd(connection, "given up");
         takeAnswers(connection);
         throw;
     }
-    if (PQputCopyEnd(connection, nullptr) != 1 || !takeAnswers(connection)) raise(sql);
+    if (libpq::putCopyEnd(connection, nullptr) != 1 || !takeAnswers(connection)) raise(sql);
 }
 
 void ServerSession::within(const QString &begin, const std::function<void()> &work)
@@ -213,7 +213,7 @@ void ServerSession::within(const QString &begin, const std::function<void()> &wo
         work();
         run(u"COMMIT"_s);
     } catch (...) {
-        const PostgresResult undone(PQexec(line_->connection.get(), "ROLLBACK"));
+        const PostgresResult undone(libpq::exec(line_->connection.get(), "ROLLBACK"));
         throw;
     }
 }
