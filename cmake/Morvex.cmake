@@ -102,8 +102,9 @@ function(morvex_ambiente teste nome)
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen;HOME=${casa};XDG_DATA_HOME=${casa}/dados;XDG_CONFIG_HOME=${casa}/config;XDG_RUNTIME_DIR=${casa};TZ=Europe/Lisbon;LC_ALL=C.UTF-8;DBUS_SESSION_BUS_ADDRESS=disabled:;MORVEX_ENVIADOS=${PROJECT_BINARY_DIR}/bin;QT_LOGGING_RULES=qt.qpa.*=false;ASAN_OPTIONS=detect_leaks=1:abort_on_error=0;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1")
     if(WIN32)
         set_tests_properties(${teste} PROPERTIES FIXTURES_REQUIRED wine)
-        # CTest alone decides how long a test may take.
+        # CTest alone decides how long a test may take, and under Wine it takes longer.
         set_property(TEST ${teste} APPEND PROPERTY ENVIRONMENT QTEST_FUNCTION_TIMEOUT=1800000)
+        set_property(TEST ${teste} PROPERTY TIMEOUT 900)
     endif()
 endfunction()
 

@@ -88,9 +88,9 @@ private Q_SLOTS:
         QFETCH(Resposta, answer);
         QFETCH(QString, kind);
         ServidorHttp server([&](const Pedido &) { return answer; });
-        RemoteLimits limits =
-            kind == "TimedOut"_L1 ? soon() : RemoteLimits{}; // the others need the time they need
-        limits.listing = 4 << 20;
+        RemoteLimits limits = soon();
+        if (kind != "TimedOut"_L1) limits.stillness = limits.request = 10min; // they need the time they need
+        limits.listing = 2 << 20;
         QCOMPARE(kindOfChanges(at(server), limits), kind);
         QTRY_COMPARE(server.Ligacoes(), 0);
     }

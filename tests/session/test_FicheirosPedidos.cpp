@@ -62,13 +62,16 @@ struct Programa {
 // Whether no form comes for as long as the queue would need to open one. One that comes is closed.
 bool Nada_Abre()
 {
+    bool passou = false;
     bool abriu = false;
-    QTimer::singleShot(espera, qApp, [&abriu] {
+    QTimer::singleShot(espera, qApp, [&] {
         QWidget *form = QApplication::activeModalWidget();
+        passou = true;
         abriu = form != nullptr;
         if (abriu) form->close();
     });
-    QTest::qWait(espera + 50);
+    while (!passou)
+        QTest::qWait(10);
     return !abriu;
 }
 } // namespace
@@ -242,14 +245,16 @@ private Q_SLOTS:
         QDialog formulario(&p.janela);
         formulario.setModal(true);
         formulario.show();
+        bool passou = false;
         bool outro = false;
         QTimer::singleShot(espera, qApp, [&] {
             QWidget *frente = QApplication::activeModalWidget();
+            passou = true;
             outro = frente != &formulario;
-            if (outro) frente->close();
+            if (outro && frente != nullptr) frente->close();
         });
         p.janela.Chamar({u"/a.mdb"_s});
-        QTest::qWait(espera + 50);
+        QTRY_VERIFY(passou);
         QVERIFY(!outro);
         p.Anotar(1);
         formulario.close();

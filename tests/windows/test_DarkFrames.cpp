@@ -39,11 +39,25 @@ private Q_SLOTS:
         DarkFrames frames([&told](WId window, bool dark) { told << std::pair(window, dark); });
         QWindow window;
         window.create();
+        QWindow before(&window);
+        before.create();
         frames.setDark(true);
-        told.clear();
-        QWindow within(&window);
-        within.create();
-        QVERIFY(told.isEmpty());
+        QWindow behind(&window);
+        behind.create();
+        QCOMPARE(told, (Told{{window.winId(), true}}));
+    }
+
+    void a_window_that_goes_is_told_nothing_more()
+    {
+        Told told;
+        DarkFrames frames([&told](WId window, bool dark) { told << std::pair(window, dark); });
+        frames.setDark(true);
+        {
+            QWindow window;
+            window.create();
+            QCOMPARE(told.size(), 1);
+        }
+        QCOMPARE(told.size(), 1);
     }
 
     void one_that_was_never_made_is_not_made_for_it()

@@ -27,6 +27,41 @@ private Q_SLOTS:
                  QList<QByteArray>{QByteArray()}); // one who said nothing
     }
 
+    void more_than_ten_messages_keep_their_order()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(u"morvex-0123"_s);
+        QLocalSocket caller;
+        QList<QByteArray> said;
+        for (int i = 0; i < 12; ++i) {
+            said << QByteArray::number(i);
+            instance_place::say(caller, path, said.constLast());
+        }
+        QCOMPARE(instance_place::heard(caller, path), said);
+        for (int i = 1; i < said.size(); ++i) // the others go, who were heard
+            QCOMPARE(instance_place::heard(caller, path), QList<QByteArray>());
+    }
+
+    void a_message_that_is_still_being_written_waits()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(u"morvex-0123"_s);
+        QFile half(path + u".000000000.00000000000000000000000000000000.call.AbCdEf"_s);
+        QVERIFY(half.open(QIODevice::WriteOnly) && half.write("hal") == 3);
+        half.close();
+        QLocalSocket caller;
+        QCOMPARE(instance_place::heard(caller, path), QList<QByteArray>{QByteArray()});
+        QVERIFY(half.exists());
+    }
+
+    void one_path_has_one_name_in_whatever_letters_and_strokes_it_is_written()
+    {
+        const QString name = instance_place::socketName(u"C:/Users/Inês/Temp/morvex-1"_s);
+        QCOMPARE(instance_place::socketName(uR"(c:\users\INÊS\temp\MORVEX-1)"_s), name);
+        QVERIFY(instance_place::socketName(u"C:/Users/Rui/Temp/morvex-1"_s) != name);
+        QVERIFY(!name.contains(u'/') && !name.contains(u'\\') && !name.contains(u':'));
+    }
+
     void each_program_hears_its_own()
     {
         const QTemporaryDir folder;

@@ -33,6 +33,28 @@ private Q_SLOTS:
         QCOMPARE(text(L"ProductVersion"), QStringLiteral(MORVEX_VERSION));
     }
 
+    void it_asks_for_no_administrator_and_knows_of_screens_and_long_paths()
+    {
+        const HMODULE file = LoadLibraryExW(file_.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+        const auto release = qScopeGuard([file] { FreeLibrary(file); });
+        const HRSRC found = FindResourceW(file, CREATEPROCESS_MANIFEST_RESOURCE_ID, RT_MANIFEST);
+        QVERIFY(found != nullptr);
+        const auto *const text = static_cast<const char *>(LockResource(LoadResource(file, found)));
+        QXmlStreamReader manifest(QByteArray(text, static_cast<qsizetype>(SizeofResource(file, found))));
+        QStringList said;
+        while (!manifest.atEnd()) {
+            if (manifest.readNext() != QXmlStreamReader::StartElement) continue;
+            const QString name = manifest.name().toString();
+            if (name == "requestedExecutionLevel"_L1)
+                said << name + u'=' + manifest.attributes().value("level"_L1).toString();
+            else if (name.startsWith("dpiAware"_L1) || name == "longPathAware"_L1)
+                said << name + u'=' + manifest.readElementText();
+        }
+        QVERIFY2(!manifest.hasError(), qPrintable(manifest.errorString()));
+        QCOMPARE(said, (QStringList{u"requestedExecutionLevel=asInvoker"_s, u"dpiAware=true/pm"_s,
+                                    u"dpiAwareness=PerMonitorV2"_s, u"longPathAware=true"_s}));
+    }
+
     void it_has_one_icon()
     {
         QCOMPARE(ExtractIconExW(file_.c_str(), -1, nullptr, nullptr, 0), 1U);

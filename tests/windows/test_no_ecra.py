@@ -1,5 +1,5 @@
-"""The program for Windows as a person uses it, in real windows of Wine. With the program of this system as well, a database
-goes from one to the other and back. Usage: test_no_ecra.py <no_wine> <morvex.exe> [<morvex>]
+"""The program for Windows as a person uses it, in real windows of Wine; with the program of this system, from which a
+database goes there and back. Usage: test_no_ecra.py <no_wine> <morvex.exe> <morvex>
 
 MORVEX_RETRATOS names a folder for pictures of what was seen."""
 
@@ -14,8 +14,8 @@ import unittest
 sys.path.insert(0, str(pathlib.Path(__file__).parent.parent / "x11"))
 import ecra  # noqa: E402
 
-NO_WINE, EXECUTAVEL, *NATIVO = sys.argv[1:]
-del sys.argv[1:]
+NO_WINE, EXECUTAVEL, NATIVO = sys.argv[1:4]
+del sys.argv[1:4]
 BASES = pathlib.Path(__file__).parent.parent / "fixtures" / "jet"
 IDIOMA = "PortuguesPT"
 TITULO = "Morvex [0-9]"
@@ -227,10 +227,8 @@ class NoEcra(unittest.TestCase):
         self.programa.terminou()
 
     def test_a_base_vai_de_linux_para_windows_e_volta(self):
-        if not NATIVO:
-            self.skipTest("the program of this system was not named")
         # Made on this system,
-        nativo = ecra.Programa(NATIVO[0])
+        nativo = ecra.Programa(NATIVO)
         self.addCleanup(nativo.fechar)
         windows, self.programa = self.programa, nativo
         self.primeira_corrida()

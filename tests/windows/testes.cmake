@@ -24,8 +24,8 @@ morvex_teste(windows/test_StartWithAddress LIGA session)
 # What only a real window shows.
 add_test(NAME windows/test_no_ecra
     COMMAND ${PROJECT_SOURCE_DIR}/scripts/ecra_virtual python3 ${CMAKE_CURRENT_SOURCE_DIR}/windows/test_no_ecra.py
-        ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:morvex>)
+        ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:morvex> ${MORVEX_HOST_TOOLS}/morvex)
 set_tests_properties(windows/test_no_ecra PROPERTIES
-    TIMEOUT 600
+    TIMEOUT 1200
     RUN_SERIAL TRUE # a second test on the machine would make windows late
     ENVIRONMENT "PYTHONDONTWRITEBYTECODE=1;LC_ALL=C.UTF-8")
