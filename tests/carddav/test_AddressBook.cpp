@@ -81,6 +81,84 @@ private Q_SLOTS:
         QCOMPARE(book.server.Verbos().last(), QByteArray("PROPFIND"));
     }
 
+    void where_another_question_would_fare_no_better_none_is_asked_data()
+    {
+        QTest::addColumn<Resposta>("answer");
+        QTest::addColumn<QString>("kind");
+        QTest::addColumn<int>("questions");
+        QTest::newRow("leads to no address") << Resposta::Para(u"ftp://x/"_s) << u"Malformed"_s << 1;
+        QTest::newRow("broken list") << Resposta::Xml("<d:multistatus xmlns:d='DAV:'>") << u"Malformed"_s
+                                     << 1;
+        QTest::newRow("too much") << Resposta{207, {}, {"Content-Length: 9999999999"}, Resposta::Depois::Cala}
+                                  << u"TooBig"_s << 1;
+        QTest::newRow("password") << Resposta{401} << u"Password"_s << 1;
+        QTest::newRow("not for this person") << Resposta{403} << u"Forbidden"_s << 2;
+        QTest::newRow("broken") << Resposta{500} << u"Server"_s << 2;
+        QTest::newRow("page") << Resposta{200, "<html/>", {"Content-Type: text/html"}} << u"Malformed"_s << 2;
+    }
+    void where_another_question_would_fare_no_better_none_is_asked()
+    {
+        QFETCH(Resposta, answer);
+        QFETCH(QString, kind);
+        QFETCH(int, questions);
+        Book book;
+        book.remote.antes = [&](const Pedido &) { return std::optional(answer); };
+        const Changes changes = changesSince(book.local, {});
+        QCOMPARE(nameOf(changes.error), kind);
+        QCOMPARE(book.server.pedidos.size(), questions);
+        QCOMPARE(changes.answers, 1);
+    }
+
+    // What it told of the book until then would be half of a list.
+    void a_server_that_stops_knowing_its_own_tokens_is_asked_for_its_list()
+    {
+        Book book(2);
+        book.remote.antes = [&book](const Pedido &asked) -> std::optional<Resposta> {
+            if (asked.verbo != "REPORT") return std::nullopt;
+            if (!asked.corpo.contains("<D:sync-token></D:sync-token>")) return Resposta{403};
+            return Resposta::Xml(LivroDav::Multistatus(
+                LivroDav::Uma(book.remote.livro + "gone.vcf", "<d:getetag>1</d:getetag>") +
+                LivroDav::Sem(book.remote.livro, "507 Insufficient Storage") +
+                "<d:sync-token>p1</d:sync-token>"));
+        };
+        const Changes changes = changesSince(book.local, "t0");
+        QVERIFY(!changes.error && changes.whole && changes.token.isEmpty());
+        QCOMPARE(changes.names(), (QStringList{u"1.vcf"_s, u"2.vcf"_s}));
+        QCOMPARE(book.server.Verbos(), (QList<QByteArray>{"REPORT", "REPORT", "REPORT", "PROPFIND"}));
+    }
+
+    void a_card_is_gone_by_either_word_data()
+    {
+        QTest::addColumn<QByteArray>("status");
+        QTest::newRow("not found") << QByteArray("404 Not Found");
+        QTest::newRow("gone") << QByteArray("410 Gone");
+    }
+    void a_card_is_gone_by_either_word()
+    {
+        QFETCH(QByteArray, status);
+        Book book(1);
+        book.remote.antes = [&](const Pedido &asked) -> std::optional<Resposta> {
+            const QByteArray gone = LivroDav::Sem(book.remote.livro + "1.vcf", status);
+            if (asked.corpo.contains("multiget")) return Resposta::Xml(LivroDav::Multistatus(gone));
+            return Resposta::Xml(LivroDav::Multistatus(gone + "<d:sync-token>t</d:sync-token>"));
+        };
+        QCOMPARE(changesSince(book.local, "t0").removed, QStringList{book.href(u"1.vcf"_s)});
+        const Changes whole = changesSince(book.local, {});
+        QVERIFY(whole.whole && whole.changed.isEmpty() && whole.removed.isEmpty());
+        const Fetched cards = fetch(book.local, book.hrefs(1));
+        QCOMPARE(nameOf(cards.cards.value(book.href(u"1.vcf"_s)).error), u"NotFound"_s);
+        QCOMPARE(cards.cards.value(book.href(u"1.vcf"_s)).error.status, status.first(3).toInt());
+    }
+
+    void an_address_without_its_last_stroke_is_the_same_book()
+    {
+        Book book(1);
+        AddressBook other(QUrl(book.server.Endereco(u"/dav/ana/contactos"_s)), {});
+        QCOMPARE(changesSince(other, {}).names(), QStringList{u"1.vcf"_s});
+        QCOMPARE(book.server.pedidos.constLast().caminho, book.remote.livro);
+        QCOMPARE(other.hrefFor(u"n"_s), book.local.hrefFor(u"n"_s));
+    }
+
     void a_list_without_marks_names_the_cards_all_the_same()
     {
         Book book(2);
@@ -135,25 +213,36 @@ private Q_SLOTS:
     {
         QTest::addColumn<Resposta>("answer");
         QTest::addColumn<QString>("kind");
+        QTest::addColumn<int>("status");
+        QTest::addColumn<QString>("cause");
         QTest::newRow("cut off")
             << Resposta::Xml(LivroDav::Multistatus(
                    LivroDav::Uma("/dav/ana/contactos/", "<d:resourcetype><d:collection/></d:resourcetype>") +
                    LivroDav::Uma("/dav/ana/contactos/a.vcf", "<d:getetag>1</d:getetag>") +
                    LivroDav::Sem("/dav/ana/contactos/", "507 Insufficient Storage")))
-            << u"Server"_s;
+            << u"Server"_s << 507 << u"the list of cards is cut off"_s;
         QTest::newRow("without the book itself")
-            << Resposta::Xml(LivroDav::Multistatus({})) << u"Malformed"_s;
+            << Resposta::Xml(LivroDav::Multistatus({})) << u"Malformed"_s << 207 << u"no list of cards"_s;
         QTest::newRow("with cards, without the book itself")
             << Resposta::Xml(LivroDav::Multistatus(
                    LivroDav::Uma("/dav/ana/contactos/a.vcf", "<d:getetag>1</d:getetag>")))
-            << u"Malformed"_s;
+            << u"Malformed"_s << 207 << u"no list of cards"_s;
         QTest::newRow("that says it is not there")
-            << Resposta::Xml(LivroDav::Multistatus(LivroDav::Sem("http://x/b/"))) << u"NotFound"_s;
-        QTest::newRow("page") << Resposta{200, "<html/>", {"Content-Type: text/html"}} << u"Malformed"_s;
-        QTest::newRow("broken") << Resposta::Xml("<d:multistatus xmlns:d=\"DAV:\">") << u"Malformed"_s;
-        QTest::newRow("book is gone") << Resposta{404} << u"NotFound"_s;
-        QTest::newRow("not for this person") << Resposta{403} << u"Forbidden"_s;
-        QTest::newRow("server is down") << Resposta{503} << u"Server"_s;
+            << Resposta::Xml(LivroDav::Multistatus(LivroDav::Sem("http://x/b/"))) << u"NotFound"_s << 207
+            << QString();
+        QTest::newRow("that says it is gone")
+            << Resposta::Xml(LivroDav::Multistatus(LivroDav::Sem("http://x/b/", "410 Gone"))) << u"NotFound"_s
+            << 207 << QString();
+        QTest::newRow("that says it may not be seen")
+            << Resposta::Xml(LivroDav::Multistatus(LivroDav::Sem("http://x/b/", "403 Forbidden")))
+            << u"Malformed"_s << 207 << u"no list of cards"_s;
+        QTest::newRow("page") << Resposta{200, "<html/>", {"Content-Type: text/html"}} << u"Malformed"_s
+                              << 200 << u"no list of cards"_s;
+        QTest::newRow("broken") << Resposta::Xml("<d:multistatus xmlns:d=\"DAV:\">") << u"Malformed"_s << 207
+                                << u"the answer ends too early"_s;
+        QTest::newRow("book is gone") << Resposta{404} << u"NotFound"_s << 404 << u"HTTP 404"_s;
+        QTest::newRow("not for this person") << Resposta{403} << u"Forbidden"_s << 403 << u"HTTP 403"_s;
+        QTest::newRow("server is down") << Resposta{503} << u"Server"_s << 503 << u"HTTP 503"_s;
     }
     void a_list_that_is_not_whole_is_an_error()
     {
@@ -166,7 +255,30 @@ private Q_SLOTS:
         };
         const Changes changes = changesSince(book.local, {});
         QCOMPARE(nameOf(changes.error), kind);
+        QTEST(changes.error.status, "status");
+        QTEST(changes.error.detail, "cause");
         QVERIFY(changes.changed.isEmpty() && changes.token.isEmpty());
+    }
+
+    void a_list_needs_the_book_itself_as_a_folder_or_as_a_book_data()
+    {
+        QTest::addColumn<QByteArray>("kind");
+        QTest::newRow("folder") << QByteArray("<d:collection/>");
+        QTest::newRow("book") << QByteArray("<c:addressbook/>");
+    }
+    void a_list_needs_the_book_itself_as_a_folder_or_as_a_book()
+    {
+        QFETCH(QByteArray, kind);
+        Book book;
+        book.remote.conhece_sync = false;
+        book.remote.antes = [&](const Pedido &asked) -> std::optional<Resposta> {
+            if (asked.verbo != "PROPFIND") return std::nullopt;
+            return Resposta::Xml(LivroDav::Multistatus(
+                LivroDav::Uma(book.remote.livro, "<d:resourcetype>" + kind + "</d:resourcetype>")));
+        };
+        const Changes changes = changesSince(book.local, {});
+        QVERIFY2(!changes.error, qPrintable(changes.error.detail));
+        QVERIFY(changes.whole && changes.changed.isEmpty());
     }
 
     void a_card_that_may_not_be_seen_is_not_taken_for_deleted()

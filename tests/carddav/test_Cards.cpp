@@ -17,6 +17,10 @@ private Q_SLOTS:
         QCOMPARE(nameOf(cards.error), u"None"_s);
         QCOMPARE(cards.told, 250);
         QCOMPARE(cards.ends, 1);
+        QList<qsizetype> asked;
+        for (const Pedido &question : std::as_const(book.server.pedidos))
+            asked << question.corpo.count("<D:href>");
+        QCOMPARE(asked, (QList<qsizetype>{100, 100, 50}));
         QCOMPARE(book.server.Verbos(), (QList<QByteArray>{"REPORT", "REPORT", "REPORT"}));
         const RemoteCard one = cards.cards.value(book.href(u"7.vcf"_s));
         QCOMPARE(one.text, card("C7").replace("\r\n", "\n")); // as an answer in XML brings line ends
@@ -213,7 +217,75 @@ private Q_SLOTS:
             return Resposta::Xml(
                 LivroDav::Multistatus(LivroDav::Sem(book.remote.livro + "1.vcf", "423 Locked")));
         };
-        QCOMPARE(nameOf(remove(book.local, book.href(u"1.vcf"_s), {}).error), u"Server"_s);
+        const RemoteError refused = remove(book.local, book.href(u"1.vcf"_s), {}).error;
+        QCOMPARE(nameOf(refused), u"Server"_s);
+        QCOMPARE(refused.status, 207);
+        QCOMPARE(refused.detail, u"not deleted"_s);
+    }
+
+    void what_a_list_says_of_a_deletion_counts_by_its_status_data()
+    {
+        QTest::addColumn<QByteArray>("status");
+        QTest::addColumn<QString>("kind");
+        QTest::newRow("done") << QByteArray("204 No Content") << u"None"_s;
+        QTest::newRow("elsewhere") << QByteArray("399 X") << u"None"_s;
+        QTest::newRow("bad") << QByteArray("400 Bad Request") << u"Server"_s;
+        QTest::newRow("there was none") << QByteArray("404 Not Found") << u"None"_s;
+        QTest::newRow("broken") << QByteArray("500 X") << u"Server"_s;
+    }
+    void what_a_list_says_of_a_deletion_counts_by_its_status()
+    {
+        QFETCH(QByteArray, status);
+        QFETCH(QString, kind);
+        Book book(1);
+        book.remote.antes = [&](const Pedido &) -> std::optional<Resposta> {
+            return Resposta::Xml(LivroDav::Multistatus(LivroDav::Sem(book.remote.livro + "1.vcf", status)));
+        };
+        QCOMPARE(nameOf(remove(book.local, book.href(u"1.vcf"_s), {}).error), kind);
+    }
+
+    // A card counts as written only where the server says so.
+    void only_three_words_say_that_a_card_is_written_data()
+    {
+        QTest::addColumn<int>("status");
+        QTest::addColumn<bool>("written");
+        for (const int status : {200, 201, 204})
+            QTest::addRow("%d", status) << status << true;
+        for (const int status : {202, 203, 205, 206, 208})
+            QTest::addRow("%d", status) << status << false;
+    }
+    void only_three_words_say_that_a_card_is_written()
+    {
+        QFETCH(int, status);
+        QFETCH(bool, written);
+        Book book;
+        book.remote.antes = [&](const Pedido &) -> std::optional<Resposta> {
+            return Resposta{status, {}, {"ETag: \"9\"", "Location: /dav/ana/contactos/other.vcf"}};
+        };
+        const QString href = book.local.hrefFor(u"n"_s);
+        const Written state = create(book.local, href, card("A"));
+        QCOMPARE(nameOf(state.error), written ? u"None"_s : u"Malformed"_s);
+        QCOMPARE(state.error.detail, written ? QString() : u"not written"_s);
+        QCOMPARE(state.error.status, written ? 0 : status);
+        // Only what is new can have got another name.
+        if (written) QCOMPARE(state.href, status == 201 ? book.href(u"other.vcf"_s) : href);
+    }
+
+    void whether_a_card_is_gone_cannot_be_asked_without_the_password()
+    {
+        Book book(1);
+        book.remote.antes = [](const Pedido &asked) -> std::optional<Resposta> {
+            return Resposta{asked.verbo == "DELETE" ? 412 : 401};
+        };
+        QCOMPARE(nameOf(remove(book.local, book.href(u"1.vcf"_s), "\"e1\"").error), u"Password"_s);
+        book.remote.antes = [](const Pedido &asked) -> std::optional<Resposta> {
+            return Resposta{asked.verbo == "DELETE" ? 412 : 500};
+        };
+        const RemoteError error = remove(book.local, book.href(u"1.vcf"_s), "\"e1\"").error;
+        QCOMPARE(nameOf(error), u"Changed"_s);
+        QCOMPARE(error.status, 412);
+        QCOMPARE(book.server.pedidos.constLast()["depth"], QByteArray("0"));
+        QVERIFY(book.server.pedidos.constLast().corpo.contains("<D:prop><D:getetag/></D:prop>"));
     }
 
     void a_server_may_choose_the_name_itself()

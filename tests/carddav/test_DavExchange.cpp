@@ -123,18 +123,26 @@ private Q_SLOTS:
     void redirects_in_a_circle_end_data()
     {
         QTest::addColumn<QString>("target");
-        QTest::newRow("to itself") << path;
-        QTest::newRow("on and on") << u"next/"_s;
-        QTest::newRow("to nowhere") << QString();
-        QTest::newRow("to a file") << u"file:///etc/passwd"_s;
-        QTest::newRow("to no address") << u"http://"_s;
+        QTest::addColumn<int>("times"); // that somebody is asked
+        QTest::newRow("to itself") << path << 11;
+        QTest::newRow("on and on") << u"next/"_s << 11;
+        QTest::newRow("to nowhere") << QString() << 11; // which is to itself
+        QTest::newRow("to a file") << u"file:///etc/passwd"_s << 1;
+        QTest::newRow("to another kind of server") << u"ftp://127.0.0.1/"_s << 1;
+        QTest::newRow("to no address") << u"http://"_s << 1;
     }
     void redirects_in_a_circle_end()
     {
         QFETCH(QString, target);
+        QFETCH(int, times);
         ServidorHttp server([&](const Pedido &) { return Resposta::Para(target); });
-        QCOMPARE(kindOfChanges(at(server)), u"Malformed"_s);
-        QVERIFY(server.pedidos.size() <= 11);
+        AddressBook book(at(server), {});
+        const RemoteError error = changesSince(book, {}).error;
+        QCOMPARE(nameOf(error), u"Malformed"_s);
+        QVERIFY2(error.detail.startsWith(u"redirected from "_s + server.Endereco()) &&
+                     error.detail.contains(u" to "_s),
+                 qPrintable(error.detail));
+        QCOMPARE(server.pedidos.size(), times);
     }
 
     void encryption_is_never_left_data()
@@ -195,6 +203,33 @@ private Q_SLOTS:
         QCOMPARE(remote.cartoes.size(), 1);
         for (const Pedido &asked : std::as_const(door.pedidos))
             QVERIFY(asked["authorization"].isEmpty());
+    }
+
+    void a_name_alone_or_a_password_alone_is_told_too_data()
+    {
+        QTest::addColumn<QString>("user");
+        QTest::addColumn<QString>("password");
+        QTest::newRow("a name alone") << u"ana"_s << QString();
+        QTest::newRow("a password alone") << QString() << u"segredo9"_s;
+    }
+    void a_name_alone_or_a_password_alone_is_told_too()
+    {
+        QFETCH(QString, user);
+        QFETCH(QString, password);
+        LivroDav remote;
+        remote.entrada = LivroDav::Entrada::Basica;
+        remote.utilizador = user.toUtf8();
+        remote.senha = password.toUtf8();
+        ServidorHttp server(std::ref(remote));
+        QCOMPARE(kindOfChanges(at(server), {user, password}), u"None"_s);
+    }
+
+    // What ends a deletion may announce a length, and brings nothing.
+    void an_answer_that_has_no_body_by_its_nature_is_not_cut_off()
+    {
+        ServidorHttp server([](const Pedido &) { return Resposta{204, {}, {"Content-Length: 5"}}; });
+        AddressBook book(at(server), {});
+        QCOMPARE(nameOf(remove(book, book.hrefFor(u"n"_s), {}).error), u"None"_s);
     }
 
     void name_and_password_are_told_when_asked_for_data()

@@ -156,6 +156,45 @@ private Q_SLOTS:
         QVERIFY(found.books.isEmpty());
     }
 
+    // Of several refusals the first is told, but a wrong password before all; what tells nothing, never.
+    void of_several_refusals_one_is_told_data()
+    {
+        QTest::addColumn<QList<int>>("statuses"); // at and in the place, the server's word, its root
+        QTest::addColumn<QString>("kind");
+        QTest::addColumn<int>("questions");
+        QTest::newRow("the first") << QList<int>{403, 500, 500, 500, 500, 500} << u"Forbidden"_s << 6;
+        QTest::newRow("the first that tells anything")
+            << QList<int>{404, 405, 412, 500, 403, 403} << u"Server"_s << 6;
+        QTest::newRow("a password behind another") << QList<int>{403, 401} << u"Password"_s << 2;
+        QTest::newRow("none") << QList<int>{404, 410, 405, 501, 412, 404} << u"NoBook"_s << 6;
+    }
+    void of_several_refusals_one_is_told()
+    {
+        QFETCH(QList<int>, statuses);
+        QFETCH(QString, kind);
+        QFETCH(int, questions);
+        ServidorHttp server([&](const Pedido &) { return Resposta{statuses.takeFirst()}; });
+        const Found found = find(server.Endereco(u"/start/"_s), ana);
+        QCOMPARE(nameOf(found.error), kind);
+        QCOMPARE(server.pedidos.size(), questions);
+        if (kind == u"NoBook"_s) QCOMPARE(found.error.detail, server.Endereco(u"/start/"_s));
+    }
+
+    void a_place_that_hangs_up_does_not_end_the_search_but_the_first()
+    {
+        LivroDav book;
+        book.antes = [](const Pedido &asked) -> std::optional<Resposta> {
+            if (asked.caminho == "/start/") return Resposta{404};
+            if (asked.caminho.startsWith("/.well-known/"))
+                return Resposta{0, {}, {}, Resposta::Depois::Fecha, "\n"};
+            return std::nullopt;
+        };
+        ServidorHttp server(std::ref(book));
+        QCOMPARE(addressesOf(find(server.Endereco(u"/start/"_s))), QStringList{u"/dav/ana/contactos/"_s});
+        const Found found = find(server.Endereco(u"/.well-known/"_s));
+        QCOMPARE(nameOf(found.error), u"Interrupted"_s);
+    }
+
     void a_wrong_password_ends_the_search_at_once()
     {
         LivroDav book;

@@ -90,6 +90,25 @@ private Q_SLOTS:
         row("/dav/x.vcf?export", "/dav/x.vcf");
         row("/dav/%3f%23.vcf", "/dav/%3F%23.vcf");
         row("/dav/a~b_c-d.vcf", "/dav/a~b_c-d.vcf");
+        row("/dav/%0F.vcf", "/dav/%0F.vcf");
+        row("/dav/%9a.vcf", "/dav/%9A.vcf");
+        row("/dav/%f0.vcf", "/dav/%F0.vcf");
+        row("/dav/%A9.vcf", "/dav/%A9.vcf");
+        for (const char *stray : {".", ":", "@", "G", "`", "g"}) { // beside what counts in sixteens
+            const QByteArray coded = QByteArray(stray).toPercentEncoding();
+            QTest::addRow("stray, then %s", stray) << u"/dav/%"_s + QString::fromLatin1(stray) + u"1.vcf"_s
+                                                   << u"/dav/%25"_s + QString::fromLatin1(coded) + u"1.vcf"_s;
+            QTest::addRow("stray, then 1%s", stray)
+                << u"/dav/%1"_s + QString::fromLatin1(stray) + u".vcf"_s
+                << u"/dav/%251"_s + QString::fromLatin1(coded) + u".vcf"_s;
+        }
+        row("/dav/x%", "/dav/x%25");
+        row("/dav/x%4", "/dav/x%254");
+        row("/dav/x%41", "/dav/xA");
+        row("/dav/book/.", "/dav/book/");
+        row("/dav/x.vcf#top", "/dav/x.vcf");
+        row("?export", "/dav/book/");
+        row("", "/dav/book/");
     }
     void one_name_in_many_spellings_is_one_name()
     {
@@ -134,6 +153,10 @@ private Q_SLOTS:
         row("https://a.org/", "http://a.org/", false);
         row("https://a.org/", "https://a.org:8443/", false);
         row("http://a.org/", "http://a.org:8080/", false);
+        row("http://a.org/", "http://a.org:80/", true);
+        row("https://a.org/", "https://a.org:80/", false);
+        row("http://a.org:5000/", "http://a.org:5000/y", true);
+        row("http://a.org/", "https://b.org/", false);
         row("https://a.org/", "https://b.a.org/", false);
         row("http://localhost:1/", "http://127.0.0.1:1/", false);
     }
@@ -154,6 +177,10 @@ private Q_SLOTS:
         QTest::newRow("without quotes") << QByteArray("a\n") << QByteArray("\"a\"");
         QTest::newRow("none") << QByteArray() << QByteArray();
         QTest::newRow("empty quotes") << QByteArray("\"\"") << QByteArray();
+        QTest::newRow("weak, small letter") << QByteArray("w/ \"a\"") << QByteArray("\"a\"");
+        QTest::newRow("weak and empty") << QByteArray("W/\"\"") << QByteArray();
+        QTest::newRow("weak without quotes") << QByteArray("W/a") << QByteArray("\"a\"");
+        QTest::newRow("a word with a W") << QByteArray("Wa") << QByteArray("\"Wa\"");
     }
     void marks_are_compared_and_sent_back_as_strong_ones()
     {

@@ -100,6 +100,77 @@ private Q_SLOTS:
         QVERIFY(found.responses.value(0).tellsRights && !found.responses.value(0).mayWrite);
     }
 
+    void a_right_to_write_has_many_names_and_counts_only_among_the_rights_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<bool>("mayWrite");
+        const auto rights = [](const QByteArray &inside) {
+            return "<d:current-user-privilege-set>" + inside + "</d:current-user-privilege-set>";
+        };
+        for (const char *right : {"all", "write", "write-content", "bind"})
+            QTest::newRow(right) << rights("<d:privilege><d:" + QByteArray(right) + "/></d:privilege>")
+                                 << true;
+        for (const char *right : {"read", "unbind", "write-acl", "write-properties"})
+            QTest::newRow(right) << rights("<d:privilege><d:" + QByteArray(right) + "/></d:privilege>")
+                                 << false;
+        QTest::newRow("of no privilege") << rights("<d:write/>") << false;
+        QTest::newRow("elsewhere") << QByteArray("<d:x><d:privilege><d:write/></d:privilege></d:x>") << false;
+    }
+    void a_right_to_write_has_many_names_and_counts_only_among_the_rights()
+    {
+        QFETCH(QByteArray, content);
+        QTEST(read(properties(content)).responses.value(0).mayWrite, "mayWrite");
+    }
+
+    void a_word_counts_only_in_its_place_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::newRow("kind") << QByteArray("<d:x><d:collection/><c:addressbook/></d:x>");
+        QTest::newRow("name") << QByteArray("<d:x><d:displayname>a</d:displayname></d:x>");
+        QTest::newRow("mark") << QByteArray("<d:x><d:getetag>a</d:getetag></d:x>");
+        QTest::newRow("card") << QByteArray("<d:x><c:address-data>a</c:address-data></d:x>");
+        QTest::newRow("address") << QByteArray("<d:x><d:href>/other</d:href></d:x>");
+        QTest::newRow("status") << QByteArray("<d:x><d:status>HTTP/1.1 404 X</d:status></d:x>");
+        QTest::newRow("token") << QByteArray("<d:sync-token>t</d:sync-token>");
+    }
+    void a_word_counts_only_in_its_place()
+    {
+        QFETCH(QByteArray, content);
+        const Read found = read(properties(content));
+        QVERIFY2(found.good, qPrintable(found.why));
+        QCOMPARE(found.responses.size(), 1);
+        const DavResponse &one = found.responses[0];
+        QCOMPARE(one.href, u"/x"_s);
+        QCOMPARE(one.status, 0);
+        QVERIFY(!one.isCollection && !one.isBook && !one.hasCard && !one.tellsRights && !one.mayWrite);
+        QVERIFY(one.name.isEmpty() && one.etag.isEmpty() && one.card.isEmpty() && one.homes.isEmpty());
+        QVERIFY(one.principal.isEmpty() && found.syncToken.isEmpty());
+    }
+
+    void properties_count_where_their_status_is_good_data()
+    {
+        QTest::addColumn<QByteArray>("status");
+        QTest::addColumn<bool>("counts");
+        QTest::newRow("none") << QByteArray() << true;
+        for (const int good : {200, 204, 299})
+            QTest::addRow("%d", good) << "HTTP/1.1 " + QByteArray::number(good) + " OK" << true;
+        for (const int bad : {100, 199, 300, 403, 404, 500})
+            QTest::addRow("%d", bad) << "HTTP/1.1 " + QByteArray::number(bad) + " X" << false;
+        QTest::newRow("blanks before") << QByteArray("  HTTP/1.1   200 OK") << true;
+        QTest::newRow("without words") << QByteArray("HTTP/1.1 404") << false;
+    }
+    void properties_count_where_their_status_is_good()
+    {
+        QFETCH(QByteArray, status);
+        const QByteArray told = status.isEmpty() ? QByteArray() : "<d:status>" + status + "</d:status>";
+        const Read found =
+            read(LivroDav::Multistatus("<d:response><d:href>/x</d:href><d:propstat><d:prop><d:displayname>A"
+                                       "</d:displayname></d:prop>" +
+                                       told + "</d:propstat></d:response>"));
+        QVERIFY2(found.good, qPrintable(found.why));
+        QTEST(!found.responses.value(0).name.isEmpty(), "counts");
+    }
+
     void another_namespace_is_another_word()
     {
         const Read found = read("<m xmlns='x:y'/>");
@@ -114,35 +185,45 @@ private Q_SLOTS:
     void what_is_no_answer_of_a_book_is_refused_data()
     {
         QTest::addColumn<QByteArray>("answer");
+        QTest::addColumn<QString>("why"); // none where the reader of XML words it
+        const QString brings = u"the answer brings a document type or an entity"_s;
         QByteArray bomb = "<?xml version=\"1.0\"?><!DOCTYPE m [<!ENTITY a \"aaaaaaaaaa\">";
         for (char name = 'b'; name < 'k'; ++name)
             bomb += QByteArray("<!ENTITY ") + name + " \"" +
                     QByteArray("&" + QByteArray(1, char(name - 1)) + ";").repeated(10) + "\">";
         bomb +=
             "]><d:multistatus xmlns:d=\"DAV:\"><d:response><d:href>&j;</d:href></d:response></d:multistatus>";
-        QTest::newRow("entity bomb") << bomb;
-        QTest::newRow("file entity") << QByteArray(
-            "<?xml version=\"1.0\"?><!DOCTYPE m [<!ENTITY a SYSTEM \"file:///etc/passwd\">]>"
-            "<d:multistatus xmlns:d=\"DAV:\"><d:response><d:href>&a;</d:href></d:response></d:multistatus>");
+        QTest::newRow("entity bomb") << bomb << brings;
+        QTest::newRow("file entity")
+            << QByteArray("<?xml version=\"1.0\"?><!DOCTYPE m [<!ENTITY a SYSTEM \"file:///etc/passwd\">]>"
+                          "<d:multistatus "
+                          "xmlns:d=\"DAV:\"><d:response><d:href>&a;</d:href></d:response></d:multistatus>")
+            << brings;
         QTest::newRow("document type alone")
-            << QByteArray("<!DOCTYPE d:multistatus><d:multistatus xmlns:d=\"DAV:\"/>");
-        QTest::newRow("unknown entity") << properties("<d:displayname>&eacute;</d:displayname>");
+            << QByteArray("<!DOCTYPE d:multistatus><d:multistatus xmlns:d=\"DAV:\"/>") << brings;
+        QTest::newRow("unknown entity") << properties("<d:displayname>&eacute;</d:displayname>") << QString();
         QTest::newRow("not closed") << QByteArray(
-            "<d:multistatus xmlns:d=\"DAV:\"><d:response></d:multistatus>");
-        QTest::newRow("cut off") << properties("<d:getetag>\"1\"</d:getetag>").chopped(30);
-        QTest::newRow("two roots") << LivroDav::Multistatus({}) + "<x/>";
-        QTest::newRow("empty") << QByteArray();
-        QTest::newRow("page") << QByteArray("<html><body>Log in</body></html>");
-        QTest::newRow("json") << QByteArray("{\"error\":1}");
-        QTest::newRow("not UTF-8") << properties("<d:displayname>Jos\xE9 Silva</d:displayname>");
-        QTest::newRow("half a character") << properties("<d:displayname>\xC3</d:displayname>");
-        QTest::newRow("control character") << properties("<d:displayname>a\x01</d:displayname>");
-        QTest::newRow("undeclared prefix") << QByteArray("<d:multistatus><d:response/></d:multistatus>");
+                                           "<d:multistatus xmlns:d=\"DAV:\"><d:response></d:multistatus>")
+                                    << QString();
+        QTest::newRow("cut off") << properties("<d:getetag>\"1\"</d:getetag>").chopped(30)
+                                 << u"the answer ends too early"_s;
+        QTest::newRow("two roots") << LivroDav::Multistatus({}) + "<x/>" << QString();
+        QTest::newRow("empty") << QByteArray() << u"the answer ends too early"_s;
+        QTest::newRow("page") << QByteArray("<html><body>Log in</body></html>")
+                              << u"the answer is no multistatus"_s;
+        QTest::newRow("json") << QByteArray("{\"error\":1}") << QString();
+        QTest::newRow("not UTF-8") << properties("<d:displayname>Jos\xE9 Silva</d:displayname>") << QString();
+        QTest::newRow("half a character") << properties("<d:displayname>\xC3</d:displayname>") << QString();
+        QTest::newRow("control character") << properties("<d:displayname>a\x01</d:displayname>") << QString();
+        QTest::newRow("undeclared prefix")
+            << QByteArray("<d:multistatus><d:response/></d:multistatus>") << QString();
         QTest::newRow("very deep") << QByteArray("<d:multistatus xmlns:d=\"DAV:\">") +
                                           QByteArray("<a>").repeated(1000) +
-                                          QByteArray("</a>").repeated(1000) + "</d:multistatus>";
+                                          QByteArray("</a>").repeated(1000) + "</d:multistatus>"
+                                   << u"the answer is nested too deeply"_s;
         QTest::newRow("too many things")
-            << LivroDav::Multistatus(QByteArray("<d:response/>").repeated(200002));
+            << LivroDav::Multistatus(QByteArray("<d:response/>").repeated(200002))
+            << u"the answer names too many things"_s;
     }
     void what_is_no_answer_of_a_book_is_refused()
     {
@@ -150,6 +231,8 @@ private Q_SLOTS:
         const Read found = read(answer);
         QVERIFY(!found.good);
         QVERIFY(!found.why.isEmpty());
+        QFETCH(QString, why);
+        if (!why.isEmpty()) QCOMPARE(found.why, why);
     }
 
     void sixty_four_levels_are_read_and_one_more_is_refused()
@@ -160,6 +243,24 @@ private Q_SLOTS:
         };
         QVERIFY(read(levels(64)).good);
         QVERIFY(!read(levels(65)).good);
+    }
+
+    void two_hundred_thousand_things_are_read_and_nothing_behind_them()
+    {
+        const QByteArray things = QByteArray("<d:response/>").repeated(200'000);
+        QCOMPARE(read(LivroDav::Multistatus(things)).responses.size(), 200'000);
+        QVERIFY(!read(LivroDav::Multistatus(things + "<d:x/>")).good);
+    }
+
+    void a_text_of_a_million_letters_is_kept_and_a_longer_one_is_dropped()
+    {
+        const auto nameOfLetters = [](qsizetype letters) {
+            return read(properties("<d:displayname>" + QByteArray(letters, 'x') + "</d:displayname>"))
+                .responses.value(0)
+                .name.size();
+        };
+        QCOMPARE(nameOfLetters(1 << 20), 1 << 20);
+        QCOMPARE(nameOfLetters((1 << 20) + 1), 0);
     }
 
     void a_card_beyond_the_limit_is_named_and_not_kept()

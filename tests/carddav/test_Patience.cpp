@@ -24,10 +24,18 @@ const QString path = u"/dav/ana/contactos/"_s;
 
 QUrl at(const ServidorHttp &server) { return QUrl(server.Endereco(path)); }
 
-QString kindOfChanges(const QUrl &address, const RemoteLimits &limits)
+RemoteError errorOfChanges(const QUrl &address, const RemoteLimits &limits)
 {
     AddressBook book(address, {}, limits);
-    return nameOf(changesSince(book, {}).error);
+    return changesSince(book, {}).error;
+}
+
+bool saysAsMuch(const QString &detail, const QString &cause)
+{
+    return QRegularExpression(QRegularExpression::wildcardToRegularExpression(cause))
+               .match(detail)
+               .hasMatch() &&
+           !detail.isEmpty();
 }
 
 Resposta listed() { return Resposta::Xml(LivroDav::Multistatus("<d:sync-token>t</d:sync-token>")); }
@@ -43,56 +51,106 @@ private Q_SLOTS:
         using Depois = Resposta::Depois;
         QTest::addColumn<Resposta>("answer");
         QTest::addColumn<QString>("kind");
-        QTest::newRow("silent") << Resposta::Calada() << u"TimedOut"_s;
+        QTest::addColumn<QString>("cause"); // for whoever looks for it; * for what the toolkit words
+        QTest::newRow("silent") << Resposta::Calada() << u"TimedOut"_s << u"nothing moved any more"_s;
         QTest::newRow("stops in the middle")
-            << Resposta{207, "<d:multistatus", {"Content-Length: 1000"}, Depois::Cala} << u"TimedOut"_s;
+            << Resposta{207, "<d:multistatus", {"Content-Length: 1000"}, Depois::Cala} << u"TimedOut"_s
+            << u"nothing moved any more"_s;
         QTest::newRow("drips for ever")
-            << Resposta{207, LivroDav::Multistatus({}).chopped(16), {}, Depois::Pinga} << u"TimedOut"_s;
+            << Resposta{207, LivroDav::Multistatus({}).chopped(16), {}, Depois::Pinga} << u"TimedOut"_s
+            << u"the request took too long"_s;
         QTest::newRow("floods") << Resposta{207, LivroDav::Multistatus({}).chopped(16), {}, Depois::Sem_Fim}
-                                << u"TooBig"_s;
-        QTest::newRow("announces too much")
-            << Resposta{207, {}, {"Content-Length: 9999999999"}, Depois::Cala} << u"TooBig"_s;
+                                << u"TooBig"_s << u"more than * bytes"_s;
+        QTest::newRow("announces too much") << Resposta{207, {}, {"Content-Length: 9999999999"}, Depois::Cala}
+                                            << u"TooBig"_s << u"9999999999 bytes announced"_s;
         QTest::newRow("hangs up in the middle")
-            << Resposta{207, "<d:multistatus", {"Content-Length: 1000"}, Depois::Fecha} << u"Interrupted"_s;
+            << Resposta{207, "<d:multistatus", {"Content-Length: 1000"}, Depois::Fecha} << u"Interrupted"_s
+            << u"*"_s;
         QTest::newRow("hangs up in the middle of pieces")
             << Resposta{0,
                         {},
                         {},
                         Depois::Fecha,
                         "HTTP/1.1 207 X\r\nTransfer-Encoding: chunked\r\n\r\n100\r\n<d:multistatus"}
-            << u"Interrupted"_s;
-        QTest::newRow("hangs up at once") << Resposta{0, {}, {}, Depois::Fecha, "\n"} << u"Interrupted"_s;
+            << u"Interrupted"_s << u"*"_s;
+        QTest::newRow("hangs up at once")
+            << Resposta{0, {}, {}, Depois::Fecha, "\n"} << u"Interrupted"_s << u"*"_s;
         QTest::newRow("speaks something else")
-            << Resposta{0, {}, {}, Depois::Nada, "220 mail.example.org ESMTP\r\n"} << u"Interrupted"_s;
-        QTest::newRow("compressed unasked")
-            << Resposta{207, listed().corpo, {"Content-Encoding: gzip"}} << u"Malformed"_s;
+            << Resposta{0, {}, {}, Depois::Nada, "220 mail.example.org ESMTP\r\n"} << u"Interrupted"_s
+            << u"*"_s;
+        QTest::newRow("compressed unasked") << Resposta{207, listed().corpo, {"Content-Encoding: gzip"}}
+                                            << u"Malformed"_s << u"encoded as gzip"_s;
         QTest::newRow("hangs up before the end that it announced")
-            << Resposta{207, listed().corpo, {"Content-Length: 1000"}, Depois::Fecha} << u"Interrupted"_s;
+            << Resposta{207, listed().corpo, {"Content-Length: 1000"}, Depois::Fecha} << u"Interrupted"_s
+            << u"*"_s;
         QTest::newRow("page of a network for guests")
-            << Resposta{200, "<html>log in</html>", {"Content-Type: text/html"}} << u"Malformed"_s;
+            << Resposta{200, "<html>log in</html>", {"Content-Type: text/html"}} << u"Malformed"_s
+            << u"no list of cards"_s;
         QTest::newRow("entity bomb") << Resposta::Xml(
                                             "<!DOCTYPE a [<!ENTITY b 'c'>]><d:multistatus xmlns:d='DAV:'/>")
-                                     << u"Malformed"_s;
-        QTest::newRow("broken") << Resposta::Xml("<d:multistatus xmlns:d='DAV:'><x>") << u"Malformed"_s;
+                                     << u"Malformed"_s << u"the answer brings a document type or an entity"_s;
+        QTest::newRow("broken") << Resposta::Xml("<d:multistatus xmlns:d='DAV:'><x>") << u"Malformed"_s
+                                << u"the answer ends too early"_s;
         QTest::newRow("broken, with much behind")
             << Resposta::Xml("<d:multistatus xmlns:d='DAV:'></x>" + QByteArray(1 << 20, ' '))
-            << u"Malformed"_s;
-        QTest::newRow("error without end") << Resposta{500, "x", {}, Depois::Sem_Fim} << u"TooBig"_s;
+            << u"Malformed"_s << u"*"_s;
+        QTest::newRow("error without end")
+            << Resposta{500, "x", {}, Depois::Sem_Fim} << u"TooBig"_s << u"more than * bytes"_s;
         QTest::newRow("headers that drip for ever")
-            << Resposta{0, {}, {}, Depois::Pinga, "HTTP/1.1 207 X\r\nX-A: "} << u"TimedOut"_s;
+            << Resposta{0, {}, {}, Depois::Pinga, "HTTP/1.1 207 X\r\nX-A: "} << u"TimedOut"_s
+            << u"nothing moved any more"_s;
         QTest::newRow("headers without end")
-            << Resposta{0, {}, {}, Depois::Sem_Fim, "HTTP/1.1 207 X\r\nX-A: "} << u"TimedOut"_s;
+            << Resposta{0, {}, {}, Depois::Sem_Fim, "HTTP/1.1 207 X\r\nX-A: "} << u"TimedOut"_s
+            << u"nothing moved any more"_s;
     }
     void a_server_that_misbehaves_is_told()
     {
         QFETCH(Resposta, answer);
         QFETCH(QString, kind);
+        QFETCH(QString, cause);
         ServidorHttp server([&](const Pedido &) { return answer; });
         RemoteLimits limits = soon();
         if (kind != "TimedOut"_L1) limits.stillness = limits.request = 10min; // they need the time they need
         limits.listing = 2 << 20;
-        QCOMPARE(kindOfChanges(at(server), limits), kind);
+        const RemoteError error = errorOfChanges(at(server), limits);
+        QCOMPARE(nameOf(error), kind);
+        QVERIFY2(saysAsMuch(error.detail, cause), qPrintable(error.detail));
         QTRY_COMPARE(server.Ligacoes(), 0);
+    }
+
+    void half_a_minute_of_silence_and_a_quarter_of_an_hour_altogether_are_borne()
+    {
+        const RemoteLimits limits;
+        QCOMPARE(limits.stillness, 30s);
+        QCOMPARE(limits.request, 15min);
+        QCOMPARE(limits.card, qint64{32} * 1024 * 1024);
+        QCOMPARE(limits.listing, qint64{256} * 1024 * 1024);
+    }
+
+    void as_much_as_the_limit_is_taken_and_a_byte_more_is_not_data()
+    {
+        QTest::addColumn<bool>("announced");
+        QTest::newRow("announced") << true;
+        QTest::newRow("until it hangs up") << false;
+    }
+    void as_much_as_the_limit_is_taken_and_a_byte_more_is_not()
+    {
+        QFETCH(bool, announced);
+        const auto end = announced ? Resposta::Depois::Nada : Resposta::Depois::Fecha;
+        const QByteArray list = listed().corpo, one = card("A");
+        ServidorHttp server([&](const Pedido &asked) {
+            if (asked.verbo == "GET") return Resposta{200, one, {"Content-Type: text/vcard"}, end};
+            return asked.corpo.contains("multiget") ? Resposta{501} : Resposta{207, list, {}, end};
+        });
+        for (const int more : {0, 1}) {
+            RemoteLimits limits;
+            limits.listing = list.size() - more;
+            limits.card = one.size() - more;
+            AddressBook book(at(server), {}, limits);
+            QCOMPARE(nameOf(changesSince(book, {}).error), more > 0 ? u"TooBig"_s : u"None"_s);
+            const QString href = path + u"1.vcf"_s;
+            QCOMPARE(nameOf(fetch(book, {href}).cards.value(href).error), more > 0 ? u"TooBig"_s : u"None"_s);
+        }
     }
 
     void what_goes_on_slowly_is_not_given_up()
@@ -105,7 +163,7 @@ private Q_SLOTS:
         RemoteLimits limits = soon();
         limits.stillness = 5000ms;
         limits.request = 20000ms;
-        QCOMPARE(kindOfChanges(at(server), limits), u"None"_s);
+        QCOMPARE(nameOf(errorOfChanges(at(server), limits)), u"None"_s);
     }
 
     void a_card_beyond_the_limit_is_left_and_the_others_are_fetched_data()

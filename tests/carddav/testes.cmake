@@ -2,7 +2,9 @@
 foreach(teste IN ITEMS
     test_AddressBook
     test_Cards
+    test_DavBodies
     test_DavExchange
+    test_DavStatus
     test_Discovery
     test_Href
     test_Multistatus

@@ -38,6 +38,85 @@ private Q_SLOTS:
                                  F::FamilyName, F::Unknown}));
     }
 
+    void cada_campo_tem_um_nome_que_o_da()
+    {
+        const std::vector<std::pair<QString, CsvColumn>> nomes{
+            {u"Anzeigename"_s, {F::FullName}},
+            {u"Vorname"_s, {F::GivenName}},
+            {u"Weitere Vornamen"_s, {F::MiddleName}},
+            {u"Apelidos"_s, {F::FamilyName}},
+            {u"Tratamento"_s, {F::NamePrefix}},
+            {u"Name Suffix"_s, {F::NameSuffix}},
+            {u"Alcunha"_s, {F::Nickname}},
+            {u"Work Phone"_s, {F::Phone}},
+            {u"Work Mobile"_s, {F::Mobile}},
+            {u"Work Fax"_s, {F::Fax}},
+            {u"Adresse de messagerie"_s, {F::Email}},
+            {u"Business Web Page"_s, {F::Website}},
+            {u"Morada completa"_s, {F::Address}},
+            {u"Adresse personnelle"_s, {F::Street, P::Home}},
+            {u"Altra via"_s, {F::Street, P::Other}},
+            {u"Business Postal Code"_s, {F::PostCode, P::Work}},
+            {u"Ville domicile"_s, {F::City, P::Home}},
+            {u"Altra provincia"_s, {F::Region, P::Other}},
+            {u"Home Country"_s, {F::Country, P::Home}},
+            {u"Aniversário"_s, {F::Birthday}},
+            {u"Dia"_s, {F::BirthDay}},
+            {u"Birth Month"_s, {F::BirthMonth}},
+            {u"Geburtsjahr"_s, {F::BirthYear}},
+            {u"Anotações"_s, {F::Note}},
+            {u"Abteilung"_s, {F::Detail}},
+            {u"Categorias"_s, {F::Group}},
+            {u"Foto"_s, {F::Photo}}};
+        for (const auto &[nome, coluna] : nomes)
+            QVERIFY2(CsvHeaders().columns({nome}).front() == coluna, qPrintable(nome));
+        QVERIFY(CsvColumn() == (CsvColumn{F::Unknown, P::None, 0, false}));
+    }
+
+    void cada_nome_numerado_da_o_seu_campo_data()
+    {
+        QTest::addColumn<QString>("nome");
+        QTest::addColumn<int>("campo");
+        QTest::addColumn<bool>("rotulo");
+        const auto linha = [](const QString &nome, F campo, bool rotulo = false) {
+            QTest::newRow(qPrintable(nome)) << nome << static_cast<int>(campo) << rotulo;
+        };
+        for (const auto &[especie, campo] : {std::pair{u"Phone"_s, F::Phone},
+                                             {u"Website"_s, F::Website},
+                                             {u"E-mail"_s, F::Email},
+                                             {u"Email"_s, F::Email},
+                                             {u"Address"_s, F::Address}}) {
+            linha(especie + u" 3 - Value"_s, campo);
+            linha(especie + u" 3 - Label"_s, campo, true);
+            linha(especie + u" 3 - Type"_s, campo, true);
+        }
+        linha(u"Address 3 - Formatted"_s, F::Address);
+        linha(u"Address 3 - Street"_s, F::Street);
+        linha(u"Address 3 - PO Box"_s, F::Street);
+        linha(u"Address 3 - Extended Address"_s, F::Street);
+        linha(u"Address 3 - City"_s, F::City);
+        linha(u"Address 3 - Region"_s, F::Region);
+        linha(u"Address 3 - Postal Code"_s, F::PostCode);
+        linha(u"Address 3 - Country"_s, F::Country);
+    }
+    void cada_nome_numerado_da_o_seu_campo()
+    {
+        QFETCH(QString, nome);
+        QFETCH(int, campo);
+        QFETCH(bool, rotulo);
+        const CsvColumn coluna = CsvHeaders().columns({nome}).front();
+        QVERIFY(coluna == (CsvColumn{static_cast<F>(campo), P::None, 3, rotulo}));
+    }
+
+    void so_o_nome_que_muda_de_sentido_e_duvidoso()
+    {
+        const CsvHeaders cabecalhos;
+        for (const auto &nome : {u"Nome"_s, u"Apelido"_s, u"Title"_s, u"Cidade"_s, u"Birth Day"_s})
+            QVERIFY2(cabecalhos.isAmbiguous(nome), qPrintable(nome));
+        for (const auto &nome : {u"Vorname"_s, u"Apelidos"_s, u"Phone 1 - Value"_s, u"Unbekannt"_s})
+            QVERIFY2(!cabecalhos.isAmbiguous(nome), qPrintable(nome));
+    }
+
     void um_nome_vale_sem_maiusculas_acentos_nem_sinais()
     {
         QCOMPARE(CsvHeaders::folded(u"  Straße (geschäftlich) "_s), u"strasse geschaftlich"_s);
@@ -117,6 +196,16 @@ private Q_SLOTS:
         QCOMPARE(
             Colunas(u"CEP;Cidade;CEP"_s),
             (std::vector<CsvColumn>{{F::PostCode, P::Home}, {F::City, P::Home}, {F::PostCode, P::Work}}));
+        // Alone it is that of the home; and a numbered one is nobody's neighbour.
+        QCOMPARE(Colunas(u"Cidade"_s), (std::vector<CsvColumn>{{F::City, P::Home}}));
+        QCOMPARE(Colunas(u"Address 1 - City;Cidade"_s).back(), (CsvColumn{F::City, P::Home}));
+        // The one before counts more than the one behind, however far.
+        QCOMPARE(Colunas(u"Adresse geschäftlich;Telemóvel;Cidade;Home Country"_s).at(2),
+                 (CsvColumn{F::City, P::Work}));
+        QCOMPARE(Colunas(u"CEP;CEP;CEP;CEP"_s), (std::vector<CsvColumn>{{F::PostCode, P::Home},
+                                                                        {F::PostCode, P::Work},
+                                                                        {F::PostCode, P::Other},
+                                                                        {F::PostCode, P::Other}}));
         QCOMPARE(Colunas(u"Cidade;Adresse geschäftlich"_s),
                  (std::vector<CsvColumn>{{F::City, P::Work}, {F::Street, P::Work}}));
     }

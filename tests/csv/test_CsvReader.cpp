@@ -41,6 +41,37 @@ private Q_SLOTS:
         QCOMPARE(tabela.rows, (Linhas{{u"Nome"_s, u"Número"_s}, {u"José"_s, u"1"_s}}));
     }
 
+    // UTF-16 without a mark: a third of the first four hundred bytes are zeros, all on one side.
+    void os_zeros_dizem_que_e_utf_16_data()
+    {
+        QTest::addColumn<QByteArray>("ficheiro");
+        QTest::addColumn<QByteArray>("codificacao");
+        const auto z = [](const char *bytes, qsizetype quantos) { return QByteArray(bytes, quantos); };
+        QTest::newRow("duas letras") << z("a\0b\0", 4) << QByteArray("utf-16");
+        QTest::newRow("duas letras ao contrário") << z("\0a\0b", 4) << QByteArray("utf-16");
+        QTest::newRow("menos do que duas letras") << z("a\0", 2) << QByteArray("utf-8");
+        QTest::newRow("um terço certo") << z("a\0b\0cd", 6) << QByteArray("utf-16");
+        QTest::newRow("menos de um terço") << z("a\0bcde", 6) << QByteArray("utf-8");
+        QTest::newRow("dos dois lados") << z("a\0bc\0d", 6) << QByteArray("utf-8");
+        const QByteArray letra("\0a", 2);
+        QTest::newRow("um zero depois dos primeiros quatrocentos")
+            << letra.repeated(133) + QByteArray(134, 'a') + letra << QByteArray("utf-8");
+        QTest::newRow("o mesmo zero entre eles")
+            << letra.repeated(134) + QByteArray(134, 'a') << QByteArray("utf-16");
+    }
+    void os_zeros_dizem_que_e_utf_16()
+    {
+        QFETCH(QByteArray, ficheiro);
+        QTEST(csvText(ficheiro).encoding, "codificacao");
+    }
+
+    void a_codificacao_escolhida_le_se_sem_a_marca_e_a_desconhecida_byte_por_byte()
+    {
+        QCOMPARE(csvText("\xEF\xBB\xBFZ\xC3\xA9", "utf-8").text, u"Zé"_s);
+        QCOMPARE(csvText("Z\xE9", "mais-nenhuma").text, u"Zé"_s);
+        QCOMPARE(csvText("Z\xE9", "mais-nenhuma").encoding, QByteArray("mais-nenhuma"));
+    }
+
     void o_que_a_pessoa_escolheu_vale_mais_do_que_o_descoberto()
     {
         const CsvTable tabela = readCsv("\xA3ukasz;a,b\n", {"windows-1250", u',', true});
@@ -59,6 +90,13 @@ private Q_SLOTS:
         QTest::newRow("barra") << u"a|b\nc|d\n"_s << QChar(u'|');
         QTest::newRow("entre aspas não conta") << u"\"a;b\",\"c;d\"\n\"e;f\",g\n"_s << QChar(u',');
         QTest::newRow("uma só coluna") << u"a\nb\n"_s << QChar(u',');
+        QTest::newRow("quase só uma coluna") << u"a\nb\nc\nd;e\n"_s << QChar(u';');
+        QTest::newRow("empate") << u"a,b;c\n"_s << QChar(u',');
+        QTest::newRow("mais células na mesma linha") << u"a,b;c;d\n"_s << QChar(u';');
+        QTest::newRow("só as primeiras vinte linhas contam")
+            << u"a,b\n"_s.repeated(10) + u"a;b\n"_s.repeated(10) + u"a;b\n"_s << QChar(u',');
+        QTest::newRow("entre as primeiras vinte decide a maioria")
+            << u"a,b\n"_s.repeated(9) + u"a;b\n"_s.repeated(10) << QChar(u';');
     }
     void o_separador_e_aquele_em_que_mais_linhas_concordam()
     {
@@ -74,6 +112,14 @@ private Q_SLOTS:
             QCOMPARE(tabela.delimiter, QChar(u'|'));
             QCOMPARE(tabela.rows, (Linhas{{u"a;b"_s, u"c"_s}}));
         }
+        for (const char *linha : {"sep=;", "sep=; \t", "sep=;\r", "sep=;\n"}) {
+            QString texto = QString::fromLatin1(linha);
+            QCOMPARE(takeSeparatorLine(texto), QChar(u';'));
+            QCOMPARE(texto, QString());
+        }
+        QString nenhuma = u"a\nsep=;\n"_s;
+        QVERIFY(takeSeparatorLine(nenhuma).isNull());
+        QCOMPARE(nenhuma, u"a\nsep=;\n"_s);
         QCOMPARE(readCsv("\"sep=\"\r\n").rows, Linhas{QStringList{u"sep="_s}});
         QCOMPARE(readCsv("sep=erado,a\n").rows, (Linhas{{u"sep=erado"_s, u"a"_s}}));
     }
@@ -117,6 +163,16 @@ private Q_SLOTS:
         QTest::newRow("número com espaços") << QByteArray("Ana,+351 912 345 678\n") << false;
         QTest::newRow("data") << QByteArray("Ana,4/3/75\n") << false;
         QTest::newRow("endereço") << QByteArray("Ana,http://exemplo.pt\n") << false;
+        QTest::newRow("endereço cifrado") << QByteArray("Ana,https://exemplo.pt\n") << false;
+        QTest::newRow("página") << QByteArray("Ana,WWW.exemplo.pt\n") << false;
+        QTest::newRow("página no meio") << QByteArray("Ana,ver www.exemplo.pt\n") << true;
+        QTest::newRow("cinco algarismos") << QByteArray("Ana,12345\n") << true;
+        QTest::newRow("seis algarismos") << QByteArray("Ana,a123456b\n") << false;
+        QTest::newRow("número partido") << QByteArray("Ana,(21) 345-6\n") << false;
+        QTest::newRow("data com ano primeiro") << QByteArray("Ana,1975-3-4\n") << false;
+        QTest::newRow("data com espaços à volta") << QByteArray("Ana, 4.3.75 \n") << false;
+        QTest::newRow("data curta") << QByteArray("Ana,4/3/7\n") << false;
+        QTest::newRow("data curta dentro de um nome") << QByteArray("Ana,no 4/3/7\n") << true;
         QTest::newRow("vazio") << QByteArray() << false;
     }
     void a_primeira_linha_e_de_nomes_se_nao_tem_dados()

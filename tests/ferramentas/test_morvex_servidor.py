@@ -3,6 +3,7 @@ Usage: test_morvex_servidor.py <program> <shipped database>"""
 
 import os
 import pathlib
+import pty
 import shutil
 import sqlite3
 import subprocess
@@ -120,6 +121,28 @@ class MorvexServidor(unittest.TestCase):
             base = self.new_base()
             self.good("criar", self.at(base), "--idioma", language)
             self.assertEqual(self.sql(base, "SELECT nomegrupo FROM tblgrupos WHERE id = 1"), group)
+
+    def at_a_terminal(self, typed, *words):
+        """The program with somebody at its keyboard; what it wrote, and the code with which it ended."""
+        keyboard, terminal = pty.openpty()
+        try:
+            os.write(keyboard, typed)
+            done = subprocess.run([PROGRAM, *map(str, words)], stdin=terminal, capture_output=True, text=True,
+                                  env=dict(os.environ, LC_ALL="en_GB.UTF-8"), timeout=120)
+        finally:
+            os.close(keyboard)
+            os.close(terminal)
+        return done.returncode, done.stdout
+
+    def test_criar_asks_whoever_sits_there_for_the_language_until_it_is_one(self):
+        code, said = self.at_a_terminal(b"de\n FR \n", "criar", self.at(self.base))
+        self.assertEqual((code, said.count("In which language?")), (0, 2), said)
+        self.assertEqual(self.sql(self.base, "SELECT nomegrupo FROM tblgrupos WHERE id = 1"), "Amis")
+
+    def test_criar_asks_nobody_where_the_line_says_it(self):
+        for words in (["--vazia"], ["--idioma", "en"]):
+            code, said = self.at_a_terminal(b"fr\n", "criar", self.at(self.new_base()), *words)
+            self.assertEqual((code, said.count("In which language?")), (0, 0), said)
 
     def test_criar_a_second_time_changes_nothing(self):
         self.good("criar", self.at(self.base), "--idioma", "pt")

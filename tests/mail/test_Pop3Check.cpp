@@ -74,6 +74,10 @@ private Q_SLOTS:
         row("mail example", "");
         row("mail:0", "");
         row("mail:70000", "");
+        row("mail:65535", "mail|65535|0");
+        row("mail:65536", "");
+        row("mail:1", "mail|1|0");
+        row("pop3s://mail:110", "mail|110|1");
         row("mail:", "");
         row("user@mail", "");
         row("::1", "");
@@ -110,6 +114,7 @@ private Q_SLOTS:
         QVERIFY(outcome.ended);
         QCOMPARE(outcome.error, MailError::None);
         QCOMPARE(outcome.result.messages, 0);
+        QVERIFY(outcome.result.hasUids); // none of them
     }
 
     void a_server_without_names_gives_the_count_alone()
@@ -139,6 +144,9 @@ private Q_SLOTS:
         QTest::newRow("bare") << QByteArray("-ERR\r\n") << int(MailError::Refused);
         QTest::newRow("in use") << QByteArray("-ERR [IN-USE] locked\r\n") << int(MailError::Busy);
         QTest::newRow("temporary") << QByteArray("-ERR [SYS/TEMP] later\r\n") << int(MailError::Busy);
+        QTest::newRow("too soon") << QByteArray("-ERR [LOGIN-DELAY] wait\r\n") << int(MailError::Busy);
+        QTest::newRow("in small letters") << QByteArray("-err [in-use] locked\r\n") << int(MailError::Busy);
+        QTest::newRow("in use, but no refusal") << QByteArray("[IN-USE]\r\n") << int(MailError::Garbled);
         QTest::newRow("nonsense") << QByteArray("hello\r\n") << int(MailError::Garbled);
     }
     void a_refusal_is_told_apart_from_a_busy_mailbox()
@@ -146,9 +154,123 @@ private Q_SLOTS:
         QFETCH(QByteArray, answer);
         QFETCH(int, error);
         QList<Fala> acts = Conversa_Boa();
-        acts[3].resposta = answer;
+        for (const int step : {2, 3}) { // to the name, and to the password
+            QList<Fala> refusing = acts;
+            refusing[step].resposta = answer;
+            ServidorPop server(refusing);
+            QCOMPARE(int(look(server).error), error);
+        }
+    }
+
+    void four_seconds_for_an_address_fifteen_for_an_answer_and_a_minute_altogether()
+    {
+        const Pop3Check::Limits limits;
+        QCOMPARE(limits.address, 4000);
+        QCOMPARE(limits.answer, 15000);
+        QCOMPARE(limits.check, 60000);
+        const MailServer server;
+        QVERIFY(server.port == 110 && !server.tls);
+    }
+
+    void a_pause_that_a_server_wants_is_between_none_and_a_day_data()
+    {
+        QTest::addColumn<QByteArray>("ability");
+        QTest::addColumn<int>("seconds");
+        QTest::newRow("some") << QByteArray("LOGIN-DELAY 900") << 900;
+        QTest::newRow("in small letters") << QByteArray("login-delay 900") << 900;
+        QTest::newRow("with a word behind") << QByteArray("LOGIN-DELAY 900 USER") << 900;
+        QTest::newRow("a day") << QByteArray("LOGIN-DELAY 86400") << 86400;
+        QTest::newRow("more") << QByteArray("LOGIN-DELAY 86401") << 86400;
+        QTest::newRow("less than none") << QByteArray("LOGIN-DELAY -5") << 0;
+        QTest::newRow("no number") << QByteArray("LOGIN-DELAY soon") << 0;
+        QTest::newRow("another") << QByteArray("X-LOGIN-DELAY 900") << 0;
+    }
+    void a_pause_that_a_server_wants_is_between_none_and_a_day()
+    {
+        QFETCH(QByteArray, ability);
+        QList<Fala> acts = Conversa_Boa();
+        acts[1].resposta = "+OK\r\n" + ability + "\r\n.\r\n";
         ServidorPop server(acts);
-        QCOMPARE(int(look(server).error), error);
+        const Outcome outcome = look(server);
+        QCOMPARE(outcome.error, MailError::None);
+        QTEST(outcome.result.loginDelay, "seconds");
+    }
+
+    void two_hundred_abilities_are_heard_and_no_more()
+    {
+        for (const int abilities : {200, 201}) {
+            QList<Fala> acts = Conversa_Boa();
+            acts[1].resposta = "+OK\r\n" + QByteArray("X\r\n").repeated(abilities) + ".\r\n";
+            ServidorPop server(acts);
+            QCOMPARE(look(server).error, abilities > 200 ? MailError::Garbled : MailError::None);
+        }
+    }
+
+    void a_count_that_is_none_is_garbled_data()
+    {
+        QTest::addColumn<QByteArray>("answer");
+        QTest::newRow("no number") << QByteArray("+OK two 300\r\n");
+        QTest::newRow("nothing") << QByteArray("+OK\r\n");
+        QTest::newRow("less than none") << QByteArray("+OK -1 300\r\n");
+        QTest::newRow("refused") << QByteArray("-ERR 2 300\r\n");
+    }
+    void a_count_that_is_none_is_garbled()
+    {
+        QFETCH(QByteArray, answer);
+        QList<Fala> acts = Conversa_Boa();
+        acts[4].resposta = answer;
+        ServidorPop server(acts);
+        QCOMPARE(look(server).error, MailError::Garbled);
+    }
+
+    void a_name_stands_behind_a_number_and_a_blank_data()
+    {
+        QTest::addColumn<QByteArray>("names");
+        QTest::addColumn<QStringList>("uids"); // none for what is garbled
+        QTest::newRow("good") << QByteArray("1 a\r\n2  b c \r\n") << QStringList{u"a"_s, u"b c"_s};
+        QTest::newRow("fewer than messages") << QByteArray("1 a\r\n") << QStringList{u"a"_s};
+        QTest::newRow("no blank") << QByteArray("1\r\n") << QStringList{};
+    }
+    void a_name_stands_behind_a_number_and_a_blank()
+    {
+        QFETCH(QByteArray, names);
+        QFETCH(QStringList, uids);
+        ServidorPop server(Conversa_Boa("+OK 2 300\r\n", names));
+        const Outcome outcome = look(server);
+        QCOMPARE(outcome.error, uids.isEmpty() ? MailError::Garbled : MailError::None);
+        QCOMPARE(outcome.result.uids, uids);
+    }
+
+    void a_server_that_takes_its_offer_of_encryption_back_is_left()
+    {
+        ServidorPop server({{"", "+OK\r\n"}, {"CAPA", "+OK\r\nSTLS\r\n.\r\n"}, {"STLS", "-ERR no\r\n"}});
+        QCOMPARE(look(server).error, MailError::Garbled);
+        QCOMPARE(server.ouvido, (QList<QByteArray>{"CAPA", "STLS"}));
+    }
+
+    void what_is_promised_in_the_clear_counts_for_nothing()
+    {
+        if (!Identidade::Possivel()) QSKIP("no server shows a certificate here");
+        QList<Fala> acts = Conversa_Cifrada();
+        acts[1].resposta = "+OK\r\nSTLS\r\nLOGIN-DELAY 900\r\n.\r\n";
+        ServidorPop server(acts);
+        server.Identificar({});
+        const Outcome outcome = look(server);
+        QCOMPARE(outcome.error, MailError::None);
+        QVERIFY(outcome.result.loginDelay != 900);
+    }
+
+    void a_line_break_in_a_name_never_reaches_the_server_either()
+    {
+        for (const QString &name : {u"ana\nDELE 1"_s, u"ana\rDELE 1"_s}) {
+            ServidorPop server(Conversa_Boa());
+            Pop3Check check({u"127.0.0.1"_s, server.serverPort(), false}, name, u"x"_s, {}, soon);
+            QSignalSpy failed(&check, &Pop3Check::failed);
+            check.start();
+            QTRY_COMPARE(failed.size(), 1);
+            QCOMPARE(failed.constFirst().constFirst().value<MailError>(), MailError::Refused);
+            QCOMPARE(server.visitas, 0);
+        }
     }
 
     void a_line_break_in_a_password_never_reaches_the_server()

@@ -87,6 +87,14 @@ class TestPopMailNotification : public QObject
 private Q_SLOTS:
     void init() { folder_ = std::make_unique<QTemporaryDir>(); }
 
+    void a_minute_between_two_looks_and_a_quarter_of_one_after_a_good_look()
+    {
+        const PopMailNotification::Pace pace;
+        QCOMPARE(pace.betweenChecks, 60s);
+        QCOMPARE(pace.afterGoodCheck, 15s);
+        QCOMPARE(pace.limits.check, Pop3Check::Limits{}.check);
+    }
+
     void at_the_first_sight_of_a_mailbox_all_is_new()
     {
         ServidorPop server(mailbox(3));

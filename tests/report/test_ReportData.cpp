@@ -26,6 +26,19 @@ class TestReportData : public QObject
         return nomes;
     }
 
+    // What is said of what there is not; nothing where all is there.
+    QString Dito(const ReportDefinition &definition, const QStringList &sort = {}) const
+    {
+        try {
+            ReportData(definition, base_, {}, sort);
+        } catch (const Failure &failure) {
+            return failure.number() == Failure::ItemNotFound
+                       ? failure.source() + u": "_s + failure.description()
+                       : QString::number(failure.number());
+        }
+        return {};
+    }
+
 private Q_SLOTS:
     void initTestCase()
     {
@@ -123,16 +136,19 @@ private Q_SLOTS:
     {
         ReportDefinition outra = definition_;
         outra.fields = {{u"T"_s, u"Pass"_s}};
-        VERIFICAR_FALHA(ReportData(outra, base_, {}, {}), Failure::ItemNotFound);
+        QCOMPARE(Dito(outra), u"ReportData: The database has no field T.Pass"_s);
         outra = definition_;
         outra.table = u"Nada"_s;
-        VERIFICAR_FALHA(ReportData(outra, base_, {}, {}), Failure::ItemNotFound);
+        QCOMPARE(Dito(outra), u"ReportData: The database has no table Nada"_s);
         outra = definition_;
+        const QString tabela = outra.lookups[0].table;
         outra.lookups[0].key = u"ID) --"_s;
-        VERIFICAR_FALHA(ReportData(outra, base_, {}, {}), Failure::ItemNotFound);
+        QCOMPARE(Dito(outra),
+                 u"ReportData: The look-up of %1 names a field that isn't there: ID) --"_s.arg(tabela));
         outra = definition_;
         outra.lookups[0].field = u"Nada"_s;
-        VERIFICAR_FALHA(ReportData(outra, base_, {}, {}), Failure::ItemNotFound);
+        QCOMPARE(Dito(outra),
+                 u"ReportData: The look-up of %1 names a field that isn't there: Nada"_s.arg(tabela));
     }
     void uma_ordem_errada_e_recusada_data()
     {
@@ -144,7 +160,7 @@ private Q_SLOTS:
     void uma_ordem_errada_e_recusada()
     {
         QFETCH(QString, sort);
-        VERIFICAR_FALHA(Nomes({}, {sort}), Failure::ItemNotFound);
+        QCOMPARE(Dito(definition_, {sort}), u"ReportData: There is no such field to sort by: "_s + sort);
     }
     void um_campo_de_outra_tabela_na_seleccao_e_recusado()
     {

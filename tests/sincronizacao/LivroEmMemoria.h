@@ -56,6 +56,10 @@ struct ServidorEmMemoria {
     bool devolve_o_texto = false; // with what was written, as where it had to be fetched
     QStringList pedidos;          // "changes", "fetch 3", "create /x", …
     std::function<RemoteError(const QString &pedido)> falha = [](const QString &) { return RemoteError(); };
+    // Of a single card that was asked for.
+    std::function<RemoteError(const QString &href)> nao_entrega = [](const QString &) {
+        return RemoteError();
+    };
     std::function<QByteArray(const QByteArray &)> escreve = [](const QByteArray &texto) { return texto; };
 };
 
@@ -128,6 +132,7 @@ private:
         const auto achado = s_.cartoes.find(href);
         if (achado == s_.cartoes.end())
             return {href, {}, {}, {RemoteError::Kind::NotFound, 404, QStringLiteral("gone")}};
+        if (const RemoteError erro = s_.nao_entrega(href)) return {href, {}, {}, erro};
         return {href, s_.Membro(href).etag, achado->second.texto, {}};
     }
 

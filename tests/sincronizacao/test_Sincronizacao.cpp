@@ -713,6 +713,112 @@ private Q_SLOTS:
         QCOMPARE(m.s.Linhas(u"SELECT * FROM TblSincronizados"_s), QStringList{});
     }
 
+    void um_cartao_que_o_servidor_retem_diz_se_uma_vez_e_pede_se_ate_vir()
+    {
+        UmPar m;
+        m.Por_La(u"u2"_s, u"Rui"_s);
+        m.Por_La(u"u3"_s, u"Zita"_s);
+        m.Mudar_La(m.href, Coluna::Fax, u"9"_s);
+        m.servidor.nao_entrega = [&](const QString &href) {
+            return href.endsWith(u"u3.vcf"_s) ? RemoteError()
+                                              : RemoteError{RemoteError::Kind::Forbidden, 403, {}};
+        };
+        for (int vez = 0; vez < 2; ++vez) {
+            const auto fim = m.Correr();
+            QCOMPARE(fim.fim, Fim::Feita);
+            QCOMPARE(fim.recusados, 2);
+            QCOMPARE(m.servidor.pedidos.filter(u"fetch"_s),
+                     QStringList{vez == 0 ? u"fetch 3"_s : u"fetch 2"_s});
+            QCOMPARE(m.Nomes(u"Nome || Fax"_s), (QStringList{u"Ana Silva"_s, u"Zita"_s}));
+        }
+        QStringList ditas = m.Ocorrencias();
+        ditas.sort();
+        QCOMPARE(ditas, (QStringList{Que(Ocorrencia::NaoRecebido) + Mesa::Href(u"u1"_s) + u"|||"_s,
+                                     Que(Ocorrencia::NaoRecebido) + Mesa::Href(u"u2"_s) + u"|||"_s}));
+        m.servidor.nao_entrega = [](const QString &) { return RemoteError(); };
+        m.Correr();
+        QCOMPARE(m.Nomes(u"Nome || Fax"_s), (QStringList{u"Ana Silva9"_s, u"Rui"_s, u"Zita"_s}));
+        QCOMPARE(m.Aqui(), m.La());
+    }
+
+    // One that is gone when it is asked for leaves no trace, but where a contact goes with it that one is
+    // looked at again.
+    void um_cartao_que_ja_la_nao_esta_quando_se_pede_nao_se_diz()
+    {
+        UmPar m;
+        m.Mudar_La(m.href, Coluna::Fax, u"9"_s);
+        m.servidor.nao_entrega = [](const QString &) {
+            return RemoteError{RemoteError::Kind::NotFound, 404, {}};
+        };
+        const auto fim = m.Correr();
+        QCOMPARE(fim.fim, Fim::Feita);
+        QCOMPARE(fim.recusados, nenhum);
+        QCOMPARE(m.Ocorrencias(), QStringList{});
+        QCOMPARE(m.Memoria().Pares().front().estado, Par::PorVer);
+        QCOMPARE(m.Nomes(), QStringList{u"Ana Silva"_s});
+    }
+
+    // One card may be bad, five one after the other are a server that takes nothing.
+    void a_quinta_recusa_seguida_acaba_a_corrida_data()
+    {
+        QTest::addColumn<QString>("respostas"); // of each card in turn: taken or refused
+        QTest::addColumn<bool>("acaba");
+        QTest::newRow("four") << u"rrrr"_s << false;
+        QTest::newRow("five") << u"rrrrr"_s << true;
+        QTest::newRow("four, one taken, four") << u"rrrrtrrrr"_s << false;
+        QTest::newRow("one taken, five") << u"trrrrr"_s << true;
+    }
+    void a_quinta_recusa_seguida_acaba_a_corrida()
+    {
+        QFETCH(QString, respostas);
+        QFETCH(bool, acaba);
+        Mesa m;
+        for (int i = 0; i < respostas.size(); ++i)
+            m.Contacto(u"Pessoa %1"_s.arg(i));
+        qsizetype qual = 0;
+        m.servidor.falha = [&](const QString &pedido) {
+            if (!pedido.startsWith(u"create"_s) || respostas.at(qual++) == u't') return RemoteError();
+            return RemoteError{RemoteError::Kind::NotAccepted, 400, {}};
+        };
+        const auto fim = m.Correr();
+        QCOMPARE(fim.fim, acaba ? Fim::Erro : Fim::Feita);
+        QCOMPARE(fim.erro.kind, acaba ? RemoteError::Kind::NotAccepted : RemoteError::Kind::None);
+        QCOMPARE(fim.recusados, static_cast<int>(respostas.count(u'r')));
+        QCOMPARE(fim.adicionados_la, static_cast<int>(respostas.count(u't')));
+        QCOMPARE(static_cast<qsizetype>(m.Ocorrencias().size()), respostas.count(u'r'));
+    }
+
+    void a_hora_de_uma_corrida_e_do_que_nela_aconteceu_e_a_do_relogio()
+    {
+        UmPar m;
+        m.s.relogio.Acertar(QDateTime({2027, 3, 4}, {10, 11, 12}));
+        m.Mudar(m.ID, u"Telemovel1"_s, u"922"_s);
+        m.Mudar_La(m.href, Coluna::Telemovel1, u"933"_s);
+        m.Correr();
+        QCOMPARE(m.Memoria().Estado().UltimaVez, u"2027-03-04T10:11:12"_s);
+        QCOMPARE(m.Memoria().Ocorrencias().front().Quando, u"2027-03-04T10:11:12"_s);
+        QCOMPARE(ResultadoDaSincronizacao::Do_Texto(m.Memoria().Estado().Resultado).conflitos, 1);
+    }
+
+    void uma_corrida_acaba_uma_vez()
+    {
+        UmPar m;
+        auto corrida = m.Nova();
+        QList<Fim> fins;
+        connect(corrida.get(), &Sincronizacao::Terminada, [&](const auto &r) { fins << r.fim; });
+        corrida->Comecar();
+        QTRY_COMPARE(fins, QList<Fim>{Fim::Feita});
+        corrida->Cancelar();
+        QCOMPARE(fins.size(), 1);
+        auto outra = m.Nova();
+        connect(outra.get(), &Sincronizacao::Terminada, [&](const auto &r) { fins << r.fim; });
+        outra->Comecar();
+        outra->Cancelar();
+        outra->Cancelar();
+        QTest::qWait(20);
+        QCOMPARE(fins, (QList<Fim>{Fim::Feita, Fim::Cancelada}));
+    }
+
     void quem_sai_do_grupo_sai_do_servidor_e_fica_no_livro()
     {
         UmPar m;

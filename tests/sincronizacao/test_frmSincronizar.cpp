@@ -1,11 +1,8 @@
 // The form in which a person chooses book and group, and the runs that begin by the clock.
 #include "controls/Scale.h"
 #include "data/Idiomas.h"
-#include "sincronizacao/frmPopupSincronizacao.h"
-#include "sincronizacao/frmSincronizar.h"
-#include "sincronizacao/LivroEmMemoria.h"
+#include "sincronizacao/MesaDoFormulario.h"
 #include "testlib/Accoes.h"
-#include "testlib/ComJanela.h"
 #include "testlib/Disparar.h"
 #include "testlib/Teste.h"
 
@@ -17,84 +14,8 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+using Mesa = MesaDoFormulario;
 using Kind = RemoteError::Kind;
-
-// The window, a server in memory and the ways to it.
-struct Mesa : ComJanela {
-    Mesa()
-    {
-        s.Novo_Utilizador(u"Eva"_s, u"x"_s);
-        s.Entrar(u"Eva"_s);
-        // The window has one with the real ways; this one stands in its place.
-        delete janela.findChild<Sincronizador *>();
-        sincronizador = new Sincronizador(janela, s.geral, s.plataforma, Servidores());
-        QObject::connect(sincronizador, &Sincronizador::GruposMudados, &lista,
-                         &ListaContactos::Carregar_Grupos);
-    }
-
-    ServidoresDeLivros Servidores()
-    {
-        return {
-            [this](const QUrl &livro, const RemoteAccount &conta) {
-                abertos << livro.toString() + u' ' + conta.user + u'/' + conta.password;
-                return std::unique_ptr<RemoteBook>(std::make_unique<LivroEmMemoria>(servidor));
-            },
-            [this](const QString &endereco, const RemoteAccount &conta, const Discovery::Answer &resposta) {
-                procuras << endereco + u' ' + conta.user + u'/' + conta.password;
-                auto vivo = std::make_shared<QObject>();
-                QTimer::singleShot(0, vivo.get(), [this, resposta] {
-                    const RemoteError erro = std::exchange(erro_da_procura, {});
-                    resposta(erro, erro ? QList<FoundBook>() : livros);
-                });
-                return std::shared_ptr<void>(vivo);
-            }};
-    }
-
-    std::unique_ptr<frmSincronizar> Abrir()
-    {
-        auto form = std::make_unique<frmSincronizar>(s.geral, s.plataforma, *sincronizador);
-        form->show();
-        return form;
-    }
-    // Everything typed, found and chosen.
-    std::unique_ptr<frmSincronizar> Preencher()
-    {
-        auto form = Abrir();
-        QTest::keyClicks(form->txtEndereco, u"dav.example"_s);
-        QTest::keyClicks(form->txtUtilizador, u"eva"_s);
-        QTest::keyClicks(form->txtPalavraPasse, u"abcd-12 x"_s);
-        form->cmdEncontrar->click();
-        [[maybe_unused]] const bool achou =
-            QTest::qWaitFor([&] { return form->ComboLivro->ListCount() > 0; });
-        return form;
-    }
-    void Esperar()
-    {
-        QVERIFY(QTest::qWaitFor([&] { return !sincronizador->A_Correr(); }));
-    }
-    frmPopupSincronizacao *Cartao()
-    {
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        for (QWidget *widget : QApplication::topLevelWidgets())
-            if (auto *cartao = qobject_cast<frmPopupSincronizacao *>(widget)) return cartao;
-        return nullptr;
-    }
-    void Contas_Ligada(bool arrancar)
-    {
-        auto form = Preencher();
-        form->cbLigada->setChecked(true);
-        form->cbArrancar->setChecked(arrancar);
-        form->cmdOk->click();
-    }
-    QTimer &Relogio() { return *sincronizador->findChild<QTimer *>(); }
-
-    ServidorEmMemoria servidor;
-    QStringList abertos, procuras;
-    QList<FoundBook> livros{{QUrl(u"https://dav.example/eva/amigos/"_s), u"Amigos"_s, true, false},
-                            {QUrl(u"http://dav.example/eva/trabalho/"_s), u"Trabalho"_s, true, true}};
-    RemoteError erro_da_procura;
-    Sincronizador *sincronizador = nullptr;
-};
 } // namespace
 
 class TestFrmSincronizar : public QObject
@@ -114,6 +35,193 @@ private Q_SLOTS:
         m.sincronizador->Iniciar();
         QVERIFY(!m.Relogio().isActive());
         QVERIFY(!m.sincronizador->Comecar(Sincronizacao::Modo::Normal));
+    }
+
+    void cada_coisa_tem_a_sua_legenda()
+    {
+        Mesa m;
+        m.s.geral.IdiomaActual = u"AlemaoDE"_s;
+        const auto form = m.Abrir();
+        QCOMPARE(form->windowTitle(), m.s.Texto(500).remove(u'&'));
+        const std::pair<const char *, int> legendas[]{
+            {"lblEndereco", 501}, {"lblUtilizador", 502},  {"lblPalavraPasse", 503}, {"cmdEncontrar", 504},
+            {"lblLivro", 505},    {"lblGrupo", 506},       {"cbLigada", 507},        {"cbArrancar", 508},
+            {"lblMinutos", 509},  {"cmdSincronizar", 510}, {"cmdLimpar", 517},       {"lblUltima", 519},
+            {"cmdCancelar", 43},  {"lblGuarda", 529}};
+        for (const auto &[nome, texto] : legendas)
+            QCOMPARE(form->findChild<QWidget *>(QString::fromLatin1(nome))->property("text").toString(),
+                     m.s.Texto(texto));
+        QCOMPARE(form->FrameServidor->title(), m.s.Texto(511));
+        QCOMPARE(form->FrameSaber->title(), m.s.Texto(512));
+        for (int coluna = 0; coluna < 3; ++coluna)
+            QCOMPARE(form->lvOcorrencias->headerItem()->text(coluna), m.s.Texto(513 + coluna));
+        QCOMPARE(form->lvOcorrencias->columnWidth(0), 150);
+        QCOMPARE(form->lvOcorrencias->columnWidth(1), 130);
+        QCOMPARE(form->txtMinutos->value(), 30); // as long as nobody has chosen
+    }
+
+    // What may be done, and when: while nothing goes on, while it searches, while it runs.
+    void so_se_pode_o_que_nesse_momento_tem_sentido()
+    {
+        Mesa m;
+        const auto form = m.Abrir();
+        const auto ligados = [&] {
+            QStringList nomes;
+            for (QWidget *um :
+                 {static_cast<QWidget *>(form->cmdEncontrar), static_cast<QWidget *>(form->cmdSincronizar),
+                  static_cast<QWidget *>(form->cmdOk), static_cast<QWidget *>(form->cbArrancar),
+                  static_cast<QWidget *>(form->txtMinutos)})
+                if (um->isEnabled()) nomes << um->objectName();
+            return nomes.join(u' ');
+        };
+        QCOMPARE(ligados(), u"cmdOk"_s);
+        QTest::keyClicks(form->txtEndereco, u"  "_s);
+        QCOMPARE(ligados(), u"cmdOk"_s);
+        QTest::keyClicks(form->txtEndereco, u"dav.example "_s);
+        QCOMPARE(ligados(), u"cmdEncontrar cmdOk"_s);
+        form->cbLigada->setChecked(true);
+        QCOMPARE(ligados(), u"cmdEncontrar cmdOk cbArrancar txtMinutos"_s);
+        form->cbLigada->setChecked(false);
+        QTest::keyClicks(form->txtUtilizador, u" eva "_s);
+        form->cmdEncontrar->click();
+        QCOMPARE(ligados(), QString());
+        QTRY_COMPARE(ligados(), u"cmdEncontrar cmdSincronizar cmdOk"_s);
+        QCOMPARE(m.procuras, QStringList{u"dav.example eva/"_s});
+        QCOMPARE(form->ComboLivro->ListIndex(), 0);
+        form->cmdSincronizar->click();
+        QCOMPARE(ligados(), QString());
+        m.Esperar();
+        QCOMPARE(ligados(), u"cmdEncontrar cmdSincronizar cmdOk"_s);
+    }
+
+    void so_outro_endereco_esquece_os_livros_e_so_o_exposto_se_diz()
+    {
+        Mesa m;
+        const auto form = m.Preencher();
+        QTest::keyClicks(form->txtUtilizador, u"x"_s);
+        QTest::keyClicks(form->txtPalavraPasse, u"x"_s);
+        QCOMPARE(form->ComboLivro->ListCount(), 2);
+        QCOMPARE(form->lblExposto->text(), QString());
+        form->ComboLivro->setListIndex(1);
+        QCOMPARE(form->lblExposto->text(), m.s.Texto(530));
+        form->ComboLivro->setListIndex(0);
+        QCOMPARE(form->lblExposto->text(), QString());
+    }
+
+    void o_progresso_conta_o_que_ja_foi()
+    {
+        Mesa m;
+        const auto form = m.Preencher();
+        Q_EMIT m.sincronizador->Progresso(0, 0);
+        QVERIFY(form->ProgressBar1->isVisible());
+        QCOMPARE(form->lblResultado->text(), m.s.Texto(525));
+        Q_EMIT m.sincronizador->Progresso(3, 40);
+        QCOMPARE(form->lblResultado->text(), m.s.Texto(525) + u" 3 / 40"_s);
+        QCOMPARE(form->ProgressBar1->minimum(), 0);
+        QCOMPARE(form->ProgressBar1->maximum(), 40);
+        QCOMPARE(form->ProgressBar1->value(), 3);
+        Q_EMIT m.sincronizador->Progresso(1, 1);
+        QCOMPARE(form->lblResultado->text(), m.s.Texto(525) + u" 1 / 1"_s);
+    }
+
+    void quem_abre_a_meio_de_uma_corrida_ve_a_correr_e_pode_sair()
+    {
+        Mesa m;
+        m.Contas_Ligada(false);
+        Disparar(m.Relogio());
+        const auto form = m.Abrir();
+        QVERIFY(form->ProgressBar1->isVisible() && !form->cmdOk->isEnabled());
+        form->cmdCancelar->click(); // whoever did not ask for it does not end it
+        QVERIFY(!form->isVisible() && m.sincronizador->A_Correr());
+        m.Esperar();
+        QCOMPARE(m.Abrir()->lblResultado->text(), m.s.Texto(521));
+    }
+
+    void eliminar_aqui_a_mais_pergunta_com_as_palavras_daqui()
+    {
+        Mesa m;
+        for (int i = 0; i < 12; ++i)
+            m.servidor.Por(u"/eva/%1.vcf"_s.arg(i), QByteArray("BEGIN:VCARD\r\nVERSION:3.0\r\nUID:") +
+                                                        QByteArray::number(i) + "\r\nFN:P" +
+                                                        QByteArray::number(i) + "\r\nEND:VCARD\r\n");
+        const auto form = m.Preencher();
+        form->cmdSincronizar->click();
+        m.Esperar();
+        m.s.Escrever(u"DELETE FROM TblLista WHERE Nome<>'P3'"_s);
+        m.s.caixas.Espera(m.s.Texto(550).arg(11).arg(12), 36, u"Sincronizar"_s, answer::yes);
+        form->cmdSincronizar->click();
+        QTRY_VERIFY(m.s.caixas.Todas_Vistas() && !m.sincronizador->A_Correr());
+        QCOMPARE(m.servidor.cartoes.size(), 1U);
+    }
+
+    void uma_base_que_recusa_di_lo_e_nada_comeca_nem_se_fecha()
+    {
+        Mesa m;
+        const auto form = m.Preencher();
+        form->cbLigada->setChecked(true);
+        m.s.Recusar(u"INSERT"_s, u"TblSincronizacao"_s);
+        m.s.caixas.Espera_Erro(Failure::StoreError);
+        form->cmdSincronizar->click();
+        QVERIFY(m.s.caixas.Todas_Vistas() && !m.sincronizador->A_Correr());
+        m.s.caixas.Espera_Erro(Failure::StoreError);
+        form->cmdOk->click();
+        QVERIFY(m.s.caixas.Todas_Vistas() && form->isVisible() && !m.Relogio().isActive());
+        m.s.Deixar_De_Recusar();
+        form->cmdOk->click();
+        QVERIFY(!form->isVisible() && m.Relogio().isActive());
+    }
+
+    // A store that comes or goes takes the password along.
+    void a_palavra_passe_muda_se_com_o_porta_chaves_data()
+    {
+        QTest::addColumn<bool>("antes");
+        QTest::newRow("it has gone") << true;
+        QTest::newRow("it has come") << false;
+    }
+    void a_palavra_passe_muda_se_com_o_porta_chaves()
+    {
+        QFETCH(bool, antes);
+        Mesa m;
+        m.s.segredos.ha = antes;
+        m.Preencher()->cmdOk->click();
+        m.s.segredos.ha = !antes;
+        const auto form = m.Abrir();
+        if (antes) { // nobody can read it there any more
+            QCOMPARE(form->txtPalavraPasse->text(), QString());
+            QTest::keyClicks(form->txtPalavraPasse, u"abcd-12 x"_s);
+        }
+        form->cmdSincronizar->click();
+        m.Esperar();
+        QCOMPARE(form->lblGuarda->text(), m.s.Texto(antes ? 529 : 528));
+        const QString guardada = m.s.Linhas(u"SELECT PalavraPasse FROM TblSincronizacao"_s).constFirst();
+        QCOMPARE(guardada.isEmpty(), !antes);
+        QCOMPARE(m.abertos, QStringList{u"https://dav.example/eva/amigos/ eva/abcd-12 x"_s});
+    }
+
+    void o_grupo_que_se_oferece_faz_se_uma_vez()
+    {
+        Mesa m;
+        QSignalSpy grupos(m.sincronizador, &Sincronizador::GruposMudados);
+        const auto form = m.Preencher();
+        for (int vez = 0; vez < 2; ++vez) {
+            form->cmdSincronizar->click();
+            m.Esperar();
+        }
+        QCOMPARE(grupos.size(), 1);
+        QCOMPARE(m.s.Linhas(u"SELECT count(*) FROM TblGrupos WHERE NomeGrupo='Telemóvel'"_s),
+                 QStringList{u"1"_s});
+    }
+
+    void sem_livro_o_grupo_escolhido_fica_por_fazer()
+    {
+        Mesa m;
+        const auto form = m.Abrir();
+        QTest::keyClicks(form->txtEndereco, u"dav.example"_s);
+        form->cmdOk->click();
+        QCOMPARE(m.s.Linhas(u"SELECT Endereco, Livro, NomeDoLivro, IDGrupo FROM TblSincronizacao"_s),
+                 QStringList{u"dav.example|||0"_s});
+        QCOMPARE(m.s.Linhas(u"SELECT count(*) FROM TblGrupos WHERE NomeGrupo='Telemóvel'"_s),
+                 QStringList{u"0"_s});
     }
 
     void encontra_os_livros_e_sincroniza_o_escolhido_com_o_grupo_telemovel()
@@ -137,7 +245,8 @@ private Q_SLOTS:
         QCOMPARE(mudados.size(), 1);
         QVERIFY(m.janela.ComboGrupos->findText(u"Telemóvel"_s) > 0);
         QVERIFY(!form->ProgressBar1->isVisible());
-        QVERIFY(form->lblUltima->text() != m.s.Texto(519));
+        QCOMPARE(form->lblUltima->text(),
+                 m.s.Texto(518).arg(QLocale::system().toString(m.s.relogio.now(), QLocale::ShortFormat)));
         QCOMPARE(m.Abrir()->lblResultado->text(), form->lblResultado->text());
     }
 
@@ -149,6 +258,7 @@ private Q_SLOTS:
             form->ComboLivro->setListIndex(1);
             QCOMPARE(form->lblExposto->text(), m.s.Texto(530));
             form->cbLigada->setChecked(true);
+            form->cbArrancar->setChecked(true);
             form->txtMinutos->setValue(45);
             form->cmdOk->click();
         }
@@ -157,7 +267,10 @@ private Q_SLOTS:
         QCOMPARE(form->txtPalavraPasse->text(), u"abcd-12 x"_s);
         QCOMPARE(form->ComboLivro->currentText(), u"Trabalho"_s);
         QCOMPARE(form->txtMinutos->value(), 45);
-        QVERIFY(form->cbLigada->isChecked() && !form->cbArrancar->isChecked());
+        QCOMPARE(form->txtUtilizador->text(), u"eva"_s);
+        QCOMPARE(form->ComboLivro->ListCount(), 1);
+        QCOMPARE(form->lblExposto->text(), m.s.Texto(530));
+        QVERIFY(form->cbLigada->isChecked() && form->cbArrancar->isChecked());
         QCOMPARE(m.Relogio().interval(), 45 * 60'000);
         QVERIFY(m.Relogio().isActive());
         form->cbLigada->setChecked(false);
@@ -237,6 +350,9 @@ private Q_SLOTS:
         form->cmdEncontrar->click();
         QTRY_VERIFY(m.s.caixas.Todas_Vistas() && form->cmdEncontrar->isEnabled());
         QCOMPARE(m.procuras.size(), resposta == answer::yes ? 2 : 1);
+        QCOMPARE(form->txtEndereco->text(),
+                 resposta == answer::yes ? u"https://outro.example/"_s : u"dav.example"_s);
+        QCOMPARE(form->lblResultado->text(), resposta == answer::yes ? QString() : m.s.Texto(542));
         QCOMPARE(form->ComboLivro->ListCount(), resposta == answer::yes ? 2 : 0);
     }
 
@@ -271,6 +387,11 @@ private Q_SLOTS:
         QCOMPARE(form->lvOcorrencias->topLevelItem(0)->text(1), u"Ana"_s);
         QCOMPARE(form->lvOcorrencias->topLevelItem(0)->text(2),
                  m.s.Texto(553).arg(u"Telemóvel"_s, u"933"_s, u"922"_s));
+        QCOMPARE(form->lvOcorrencias->topLevelItem(0)->toolTip(2),
+                 form->lvOcorrencias->topLevelItem(0)->text(2));
+        QCOMPARE(form->lvOcorrencias->topLevelItem(0)->text(0),
+                 QLocale::system().toString(QDateTime({2027, 2, 1}, {9, 0}), QLocale::ShortFormat));
+        QVERIFY(form->cmdLimpar->isEnabled());
         form->cmdLimpar->click();
         QCOMPARE(form->lvOcorrencias->topLevelItemCount(), 0);
         QVERIFY(!form->cmdLimpar->isEnabled());

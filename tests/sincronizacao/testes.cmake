@@ -5,13 +5,17 @@ foreach(teste IN ITEMS
     test_DuasContas
     test_JuncaoDeTres
     test_LivroDosDoisLados
+    test_MemoriaDaSincronizacao
     test_MesSimulado
     test_MortesDaSincronizacao
+    test_PalavrasDaSincronizacao
     test_ResultadoDaSincronizacao
     test_Sincronizacao)
     morvex_teste(sincronizacao/${teste} LIGA sincronizacao)
 endforeach()
-morvex_teste(sincronizacao/test_frmSincronizar LIGA session)
+foreach(teste IN ITEMS test_frmSincronizar test_Sincronizador)
+    morvex_teste(sincronizacao/${teste} LIGA session)
+endforeach()
 foreach(teste IN ITEMS test_servidor_de_livros test_TresClientes)
     morvex_teste(sincronizacao/${teste} LIGA sincronizacao)
     morvex_servidores(${teste})

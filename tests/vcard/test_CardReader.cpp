@@ -116,6 +116,23 @@ private Q_SLOTS:
         QCOMPARE(Nota("NOTE;QUOTED-PRINTABLE:x=y, 1 = 2, =4z=\r\n=41\r\n", "2.1"), u"x=y, 1 = 2, =4zA"_s);
     }
 
+    // Behind a soft break a row is the text's, unless it is a property by its name.
+    void depois_de_uma_quebra_citada_so_um_nome_conhecido_e_uma_propriedade_data()
+    {
+        QTest::addColumn<bool>("propriedade");
+        for (const char *linha : {"TEL:1", "TEL;CELL:1", "b.TEL:1", ".TEL:1", "X-Y:1", "x-y:1"})
+            QTest::newRow(linha) << true;
+        for (const char *linha : {";b.TEL:1", "b.c.TEL:1", "TELX:1", "X-A B:1", "X:1", ":1", "TEL"})
+            QTest::newRow(linha) << false;
+    }
+    void depois_de_uma_quebra_citada_so_um_nome_conhecido_e_uma_propriedade()
+    {
+        QFETCH(bool, propriedade);
+        const QByteArray linha = QTest::currentDataTag();
+        const QString nota = Nota("NOTE;ENCODING=QUOTED-PRINTABLE:a=\r\n" + linha + "\r\n");
+        QCOMPARE(nota, propriedade ? u"a"_s : u"a"_s + QString::fromLatin1(linha));
+    }
+
     void um_igual_no_fim_nao_engole_a_propriedade_seguinte()
     {
         const CardContent lido = Conteudo("NOTE;ENCODING=QUOTED-PRINTABLE:fim=\r\n"
