@@ -26,6 +26,7 @@ set(morvex_so_linux
     sincronizacao/test_servidor_de_livros
     # Database servers, which that edition of the program does not reach.
     contacts/test_FotografiaNoServidor
+    interchange/test_ImportacaoCortada
     servidor/test_Comparacao
     servidor/test_EsquemaNoServidor
     sincronizacao/test_SincronizacaoNoServidor
