@@ -42,6 +42,7 @@ set(morvex_so_linux
     store/test_PostgresSilence
     store/test_PostgresStore
     store/test_PostgresWrites
+    store/test_ServerSession
     # The build's own programs run on the machine that builds.
     data/test_criar_bd
     ferramentas/test_desenhos
