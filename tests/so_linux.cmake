@@ -26,6 +26,7 @@ set(morvex_so_linux
     sincronizacao/test_servidor_de_livros
     # Database servers, which that edition of the program does not reach.
     contacts/test_FotografiaNoServidor
+    interchange/test_ImportacaoCortada
     servidor/test_Comparacao
     servidor/test_EsquemaNoServidor
     sincronizacao/test_SincronizacaoNoServidor
@@ -42,6 +43,7 @@ set(morvex_so_linux
     store/test_PostgresSilence
     store/test_PostgresStore
     store/test_PostgresWrites
+    store/test_ServerSession
     # The build's own programs run on the machine that builds.
     data/test_criar_bd
     ferramentas/test_desenhos

@@ -24,7 +24,7 @@ struct Cancelada : std::exception {
 } // namespace
 
 EscritaDaImportacao::EscritaDaImportacao(DE &de, const ImportacaoDeContactos &importacao, Pedido pedido)
-    : de_(de), importacao_(importacao), pedido_(std::move(pedido))
+    : de_(de), importacao_(importacao), pedido_(std::move(pedido)), escrita_(de), anulacao_(de)
 {
 }
 
@@ -51,12 +51,17 @@ EscritaDaImportacao::Contagem EscritaDaImportacao::Prevista() const
 bool EscritaDaImportacao::Escrever(const Progresso &progresso)
 {
     try {
-        de_.Esperar_Uma_Vez([&] { de_.Tudo_Ou_Nada([&] { Tudo(progresso); }); });
+        de_.Esperar_Uma_Vez([&] {
+            escrita_.Correr([&] {
+                Esquecer();
+                Tudo(progresso);
+            });
+        });
     } catch (const Cancelada &) {
         Esquecer();
         return false;
     } catch (...) {
-        Esquecer();
+        if (!Em_Duvida()) Esquecer();
         throw;
     }
     return true;
@@ -293,9 +298,10 @@ void EscritaDaImportacao::Guardar_Fotografia(const QString &nome)
     fotografias_novas_.insert(nome);
 }
 
+// Never twice: by then the numbers may be somebody else's.
 void EscritaDaImportacao::Anular()
 {
-    de_.Tudo_Ou_Nada([this] {
+    anulacao_.Correr([this] {
         for (qint64 ID = ultimo_antes_ + 1; ID <= ultimo_; ++ID) {
             de_.Executar("cmdEliminarNome", {QString::number(ID)});
             CartoesGuardados(de_).Eliminar(QString::number(ID));

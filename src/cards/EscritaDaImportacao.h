@@ -4,6 +4,7 @@
 
 #include "cards/ImportacaoDeContactos.h"
 #include "cards/LinhaDaAgenda.h"
+#include "data/FeitoPorSaber.h"
 
 #include <exception>
 #include <functional>
@@ -42,9 +43,12 @@ public:
     Contagem Prevista() const;
 
     // The progress in percent; false from it takes everything back. False where it did. Raises Failure, and
-    // the two above, and nothing is written then.
+    // the two above, and nothing is written then, but where it stays in doubt. What turns out to have been
+    // written after all is not written once more.
     using Progresso = std::function<bool(int)>;
     bool Escrever(const Progresso &progresso);
+    // Whether it was written, or may have been, though a server went away over it.
+    bool Em_Duvida() const { return escrita_.Em_Duvida(); }
 
     const Contagem &Feita() const { return contagem_; }
     const QStringList &GruposCriados() const { return nomes_dos_grupos_; }
@@ -94,6 +98,8 @@ private:
     DE &de_;
     const ImportacaoDeContactos &importacao_;
     Pedido pedido_;
+    FeitoPorSaber escrita_;
+    FeitoPorSaber anulacao_;
     Contagem contagem_;
     std::vector<Novo> novos_;
     std::vector<Existente> existentes_;

@@ -331,9 +331,10 @@ bool frmImportarContactos::Pode_Importar()
 void frmImportarContactos::cmdImportar_Click()
 {
     const QString grupo = ComboGrupos->ListIndex() < 0 ? QString() : ComboGrupos->ChosenItemData();
-    escrita_.emplace(geral_.de, *importacao_,
-                     EscritaDaImportacao::Pedido{geral_.SessaoActual.IdUtilizador, grupo,
-                                                 chkCriar->isChecked() && geral_.SessaoActual.Grupos});
+    if (!escrita_ || !escrita_->Em_Duvida())
+        escrita_.emplace(geral_.de, *importacao_,
+                         EscritaDaImportacao::Pedido{geral_.SessaoActual.IdUtilizador, grupo,
+                                                     chkCriar->isChecked() && geral_.SessaoActual.Grupos});
     if (!Pode_Importar()) return;
     lblContagem->setText(geral_.Ler_Idioma(312));
     ProgressBar1->setValue(0);

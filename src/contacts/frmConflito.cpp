@@ -59,9 +59,8 @@ frmConflito::frmConflito(Geral &geral, const QString &facto, const CamposDisputa
         ComboBox *escolha = Mostrar(campo);
         escolhas_[lugar] = escolha;
         setTabOrder(antes, escolha);
-        antes = escolha;
+        antes = escolha; // what follows the list, the buttons, follows the last one
     }
-    setTabOrder(antes, cmdMeus);
     lvCampos->setCurrentItem(lvCampos->topLevelItem(0));
 }
 

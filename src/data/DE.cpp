@@ -120,6 +120,13 @@ void DE::Executar(ComandoSemLinhas comando, std::initializer_list<Value> paramet
     Ligacao().execute(instrucao.sql, Converter(instrucao, parametros));
 }
 
+void DE::Executar_Com_Chave(ComandoSemLinhas comando, std::initializer_list<Value> parametros,
+                            const QUuid &chave)
+{
+    const Instrucao &instrucao = Preparada(comando.Posicao());
+    Ligacao().executeKeyed(instrucao.sql, Converter(instrucao, parametros), chave);
+}
+
 void DE::Juntar(const std::function<void()> &trabalho) { Ligacao().gathering(trabalho); }
 
 void DE::Juntar_Por_Ordem(const std::function<void()> &trabalho) { Ligacao().gatheringInOrder(trabalho); }

@@ -41,6 +41,13 @@ public:
     // Runs a command that writes. What it did is in the file when it returns.
     void Executar(ComandoSemLinhas comando, std::initializer_list<Value> parametros = {});
 
+    // The same for a row of long work that may have to be done again (see LinhasJaVindas): the keys that a
+    // server keeps, and those that it need not keep any longer. A file keeps none.
+    void Executar_Com_Chave(ComandoSemLinhas comando, std::initializer_list<Value> parametros,
+                            const QUuid &chave);
+    QSet<QUuid> Chaves() { return Ligacao().keys(); }
+    void Largar_Chaves(const QSet<QUuid> &chaves) { Ligacao().dropKeys(chaves); }
+
     // Runs that with the writes of its commands gathered: they cost a fraction, and all that were done are in
     // the file when this returns or raises.
     void Juntar(const std::function<void()> &trabalho);

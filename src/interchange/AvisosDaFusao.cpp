@@ -1,5 +1,6 @@
 #include "interchange/AvisosDaFusao.h"
 
+#include "data/DE.h"
 #include "platform/Translations.h"
 
 using namespace Qt::StringLiterals;
@@ -71,6 +72,9 @@ constexpr std::array<Translations, 3> guardados{{
     {u"Memos guardados", u"Memos gravados", u"Memos stored", u"Notas guardadas", u"Memo salvati",
      u"Mémos enregistrés\u00a0", u"Gespeicherte Memos"},
 }};
+// Before the number, where the answer to the last of them is still to come.
+constexpr Translations pelo_menos{u"pelo menos", u"pelo menos", u"at least",  u"al menos",
+                                  u"almeno",     u"au moins",   u"mindestens"};
 constexpr Translations em_duplicado{
     u"O que foi guardado viria em duplicado numa nova importação: antes dela, reponha uma cópia de segurança "
     u"da base "
@@ -91,7 +95,34 @@ constexpr Translations em_duplicado{
     u"Ein neuer Import brächte das Gespeicherte doppelt: Spielen Sie vorher eine Sicherung der Datenbank "
     u"ein.",
 };
+constexpr Translations sem_duplicado{
+    u"Quando o servidor responder, e dentro de 30 dias, importe o mesmo ficheiro outra vez: o que já foi "
+    u"guardado não vem em duplicado.",
+    u"Quando o servidor responder, e dentro de 30 dias, importe o mesmo arquivo de novo: o que já foi "
+    u"gravado "
+    u"não vem em duplicidade.",
+    u"Once the server answers, and within 30 days, import the same file again: what is stored already is not "
+    u"added a second time.",
+    u"Cuando el servidor responda, y en un plazo de 30 días, importe de nuevo el mismo archivo: lo que ya se "
+    u"ha guardado no se duplica.",
+    u"Quando il server risponde, ed entro 30 giorni, importare di nuovo lo stesso file: ciò che è già stato "
+    u"salvato non viene duplicato.",
+    u"Dès que le serveur répond, et dans les 30 jours, importez de nouveau le même fichier\u00a0: ce qui est "
+    u"déjà enregistré n’est pas ajouté une seconde fois.",
+    u"Sobald der Server antwortet, und innerhalb von 30 Tagen, importieren Sie dieselbe Datei noch einmal: "
+    u"Was "
+    u"schon gespeichert ist, kommt nicht doppelt.",
+};
 constexpr auto fim_de_linha = "\r\n"_L1;
+
+// A line: of the contacts, the tasks or the memos.
+QString Quantos(std::size_t de_que, int guardados_la, int lidos, bool por_saber, const QString &idioma)
+{
+    const QString antes =
+        por_saber && guardados_la < lidos ? translated(pelo_menos, idioma) + u' ' : QString();
+    return translated(guardados[de_que], idioma) + u": %1%2 / %3"_s.arg(antes).arg(guardados_la).arg(lidos) +
+           fim_de_linha;
+}
 } // namespace
 
 QString avisos_da_fusao::Base_Em_Uso(const QString &ficheiro, const QString &idioma)
@@ -110,14 +141,29 @@ QString avisos_da_fusao::Nada_Se_Escreve(const QString &base, const QString &idi
            translated(verifique, idioma);
 }
 
-QString avisos_da_fusao::Incompleta(const Fusao &fusao, const QString &idioma)
+QString avisos_da_fusao::Incompleta(const Fusao &fusao, Onde onde, const QString &idioma)
 {
     QString dito = translated(incompleta, idioma) + fim_de_linha;
     for (std::size_t i = 0; i < guardados.size(); ++i) {
         const Fusao::Contagem &contagem = fusao.Contagens()[i];
-        dito += translated(guardados[i], idioma) +
-                u": %1 / %2"_s.arg(contagem.Guardados).arg(contagem.Lidos) + fim_de_linha;
+        dito += Quantos(i, contagem.Guardados, contagem.Lidos, onde == Onde::ServidorPorSaber, idioma);
     }
-    return dito + fim_de_linha + translated(verifique, idioma) + fim_de_linha +
-           translated(em_duplicado, idioma) + fim_de_linha + fim_de_linha;
+    dito += fim_de_linha;
+    if (onde != Onde::Ficheiro) return dito + translated(sem_duplicado, idioma) + fim_de_linha + fim_de_linha;
+    return dito + translated(verifique, idioma) + fim_de_linha + translated(em_duplicado, idioma) +
+           fim_de_linha + fim_de_linha;
+}
+
+QString avisos_da_fusao::Servidor_Perdido(int guardados_la, int lidos, Onde onde, const QString &idioma)
+{
+    return translated(incompleta, idioma) + fim_de_linha +
+           Quantos(0, guardados_la, lidos, onde == Onde::ServidorPorSaber, idioma) + fim_de_linha +
+           translated(sem_duplicado, idioma);
+}
+
+avisos_da_fusao::Onde avisos_da_fusao::Onde_Se_Guardou(DE &de)
+{
+    if (!de.Num_Servidor()) return Onde::Ficheiro;
+    const bool por_saber = de.Destino_Da_Escrita(de.Escritas_Perdidas()) == Fate::Unknown;
+    return por_saber ? Onde::ServidorPorSaber : Onde::Servidor;
 }

@@ -55,13 +55,30 @@ void Fusao::Passagens()
 {
     auto &[contactos, tarefas, memos] = contagens_;
     Q_EMIT Progresso(0);
+    if (!skipFailure([this] { vindas_.emplace(geral_.de); })) return Nada_Veio();
     Passar(contactos, totais_.Contactos, "cmdAdicionarNome", [this](Contagem &c) { Passar_Contactos(c); });
     Q_EMIT ContactosLidos();
     Passar(tarefas, totais_.Tarefas, "cmdAdicionarTarefa", [this](Contagem &c) { Passar_Tarefas(c); });
     Q_EMIT TarefasLidas();
     Passar(memos, totais_.Memos, "cmdAdicionarMemo", [this](Contagem &c) { Passar_Memos(c); });
     Q_EMIT MemosLidos();
+    if (Completa()) skipFailure([this] { vindas_->Acabou(); });
     Q_EMIT Progresso(100);
+}
+
+// Who does not know what came earlier brings nothing.
+void Fusao::Nada_Veio()
+{
+    contagens_[0].Lidos = totais_.Contactos;
+    contagens_[1].Lidos = totais_.Tarefas;
+    contagens_[2].Lidos = totais_.Memos;
+}
+
+bool Fusao::Ja_Veio(Contagem &contagem, const QString &especie, const Recordset &linha)
+{
+    const bool veio = vindas_->Num_Servidor() && vindas_->Tomar(especie, linha.Row());
+    contagem.Guardados += veio ? 1 : 0;
+    return veio;
 }
 
 // What the source was said to hold and did not give has not come either.
@@ -71,7 +88,7 @@ void Fusao::Passar(Contagem &contagem, int total, ComandoSemLinhas comando,
     const int antes = geral_.de.Escritos(comando);
     skipFailure([&] { geral_.de.Juntar([&] { passagem(contagem); }); });
     contagem.Lidos = std::max(contagem.Lidos, total);
-    contagem.Guardados = geral_.de.Escritos(comando) - antes;
+    contagem.Guardados += geral_.de.Escritos(comando) - antes;
 }
 
 // A row that fails is skipped. Where it is the store that fails, and not a value that fits no column, the row
@@ -90,10 +107,10 @@ void Fusao::Contar(const Contagem &contagem, qint16 total)
 
 void Fusao::Adicionar_Contacto(Valores &v)
 {
-    geral_.de.Executar("cmdAdicionarNome",
-                       {v["Nome"], v["Telefone1"], v["Telefone2"], v["Fax"], v["Telemovel1"], v["Telemovel2"],
-                        v["Telemovel3"], v["Dia"], v["Mes"], v["Ano"], v["Email1"], v["Email2"], v["Website"],
-                        v["Morada"], v["Obs"], v["Fotografia"], v["Grupo"]});
+    vindas_->Executar("cmdAdicionarNome",
+                      {v["Nome"], v["Telefone1"], v["Telefone2"], v["Fax"], v["Telemovel1"], v["Telemovel2"],
+                       v["Telemovel3"], v["Dia"], v["Mes"], v["Ano"], v["Email1"], v["Email2"], v["Website"],
+                       v["Morada"], v["Obs"], v["Fotografia"], v["Grupo"]});
 }
 
 // Before the group: a portion that the picture undoes may take a group with it that was found.
@@ -125,8 +142,9 @@ void Fusao::Passar_Contactos(Contagem &contagem)
         Ler(rs, colunas_do_contacto, v);
         QString antigo;
         skipFailure([&] { antigo = rs.Fields("ID").textOrEmpty(); });
-        Trazer_Fotografia(v["Fotografia"]);
-        if (Trazer_Grupo(v)) Guardar(contagem, [&] { Trazer_Contacto(antigo, v); });
+        const bool veio = Ja_Veio(contagem, u"contacto"_s, rs);
+        if (!veio) Trazer_Fotografia(v["Fotografia"]);
+        if (Trazer_Grupo(v) && !veio) Guardar(contagem, [&] { Trazer_Contacto(antigo, v); });
         Contar(contagem, totais_.Contactos);
     });
 }
@@ -194,10 +212,10 @@ void Fusao::Passar_Tarefas(Contagem &contagem)
         Ler(rs, colunas_da_tarefa, v);
         const bool trazido = Trazer_Utilizador(rs, v, {});
         ultimo_utilizador_das_tarefas_ = v["NomeUtilizador"];
-        if (trazido)
+        if (trazido && !Ja_Veio(contagem, u"tarefa"_s, rs))
             Guardar(contagem, [&] {
-                geral_.de.Executar("cmdAdicionarTarefa",
-                                   {v["Tarefa"], v["Data"], v["Hora"], IdUtilizador_, v["IDRepeticao"]});
+                vindas_->Executar("cmdAdicionarTarefa",
+                                  {v["Tarefa"], v["Data"], v["Hora"], IdUtilizador_, v["IDRepeticao"]});
             });
         Contar(contagem, totais_.Tarefas);
     });
@@ -211,12 +229,12 @@ void Fusao::Passar_Memos(Contagem &contagem)
         ++contagem.Lidos;
         Ler(rs, colunas_do_memo, v);
         const bool trazido = Trazer_Utilizador(rs, v, ultimo_utilizador_das_tarefas_);
-        if (trazido)
+        if (trazido && !Ja_Veio(contagem, u"memo"_s, rs))
             Guardar(contagem, [&] {
-                geral_.de.Executar("cmdAdicionarMemo",
-                                   {v["Titulo"], v["Descricao"], v["LeftForm"], v["TopForm"], v["Width"],
-                                    v["Height"], v["FontName"], v["FontSize"], v["FontBold"], v["FontItalic"],
-                                    v["CorFundo"], IdUtilizador_});
+                vindas_->Executar("cmdAdicionarMemo",
+                                  {v["Titulo"], v["Descricao"], v["LeftForm"], v["TopForm"], v["Width"],
+                                   v["Height"], v["FontName"], v["FontSize"], v["FontBold"], v["FontItalic"],
+                                   v["CorFundo"], IdUtilizador_});
             });
         Contar(contagem, totais_.Memos);
     });

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "data/Comandos.h"
+#include "data/LinhasJaVindas.h"
 #include "interchange/GruposPorNome.h"
 
 #include <array>
@@ -33,14 +34,15 @@ public:
     struct Contagem {
         int Lidos = 0;     // of the source
         int Recusados = 0; // rows with a value that its column doesn't take: they are skipped
-        int Guardados = 0; // in the file
+        int Guardados = 0; // in the file, or on the server by now
         bool Completa() const { return Guardados >= Lidos - Recusados; }
     };
 
     Fusao(Geral &geral, DE2 &de2, const Totais &totais);
 
     // Runs the three passes. What they added is in the file when it returns. A lock that somebody has on the
-    // database is waited for once.
+    // database is waited for once. What came to a server by an earlier merge that was not complete does not
+    // come twice.
     void Correr();
 
     // Of the contacts, the tasks and the memos.
@@ -62,8 +64,10 @@ private:
     using Valores = std::map<std::string, QString>;
 
     void Passagens();
+    void Nada_Veio();
     void Passar(Contagem &contagem, int total, ComandoSemLinhas comando,
                 const std::function<void(Contagem &)> &passagem);
+    bool Ja_Veio(Contagem &contagem, const QString &especie, const Recordset &linha);
     void Passar_Contactos(Contagem &contagem);
     void Adicionar_Contacto(Valores &v);
     void Trazer_Fotografia(const QString &Fotografia);
@@ -85,6 +89,7 @@ private:
     DE2 &de2_;
     Totais totais_;
     std::array<Contagem, 3> contagens_;
+    std::optional<LinhasJaVindas> vindas_;
     GruposPorNome grupos_daqui_;
     struct Grupo {
         QString Nome;

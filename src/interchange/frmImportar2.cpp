@@ -4,9 +4,13 @@
 #include "controls/ListBox.h"
 #include "controls/Scale.h"
 #include "data/Geral.h"
+#include "data/LinhasJaVindas.h"
+#include "interchange/AvisosDaFusao.h"
 #include "interchange/Intercambio.h"
 #include "interchange/RegistoMorvex.h"
+#include "platform/Failure.h"
 #include "platform/Platform.h"
+#include "platform/Translations.h"
 
 using namespace Qt::StringLiterals;
 
@@ -53,21 +57,43 @@ void frmImportar2::ComboGrupos_Click()
 void frmImportar2::cmdSeguinte_Click()
 {
     endOnFailure(platform_.boxes, platform_.process, [this] {
-        geral_.de.Juntar_Por_Ordem([this] {
-            for (int i = 0; i < ListaMorvex43->ListCount(); ++i)
-                Guardar(ListaMorvex43->List(i));
-        });
+        if (!Importar()) return;
         Q_EMIT intercambio_.ContactosMudados();
         accept();
     });
 }
 
-void frmImportar2::Guardar(const QString &registo)
+// A server that goes away leaves the form open for another try, which goes on where this one ended. False
+// then.
+bool frmImportar2::Importar()
+{
+    LinhasJaVindas vindas(geral_.de);
+    const int antes = geral_.de.Escritos("cmdAdicionarNome");
+    try {
+        geral_.de.Juntar_Por_Ordem([&] {
+            for (int i = 0; i < ListaMorvex43->ListCount(); ++i)
+                Guardar(vindas, ListaMorvex43->List(i));
+        });
+    } catch (const Failure &falha) {
+        if (falha.kind() != Failure::Kind::ServerLost) throw;
+        const int guardados = vindas.Quantas() + geral_.de.Escritos("cmdAdicionarNome") - antes;
+        platform_.boxes.show(avisos_da_fusao::Servidor_Perdido(guardados, ListaMorvex43->ListCount(),
+                                                               avisos_da_fusao::Onde_Se_Guardou(geral_.de),
+                                                               spokenLanguage(geral_.IdiomaActual)),
+                             box::exclamation, windowTitle(), this);
+        return false;
+    }
+    skipFailure([&] { vindas.Acabou(); });
+    return true;
+}
+
+void frmImportar2::Guardar(LinhasJaVindas &vindas, const QString &registo)
 {
     const auto campo = registo_morvex::Separar(registo);
+    if (vindas.Tomar(u"registo"_s, {registo})) return;
     const auto n = [&](std::size_t numero) -> const QString & { return campo[numero - 1]; };
     const QString vazio;
-    geral_.de.Executar("cmdAdicionarNome", {n(1), n(2), n(12), n(3), n(4), n(13), vazio, n(9),
-                                            registo_morvex::Numero_Do_Mes(n(10)), vazio, n(6), vazio, n(7),
-                                            n(8), n(11), n(16), txtGrupoID->text()});
+    vindas.Executar("cmdAdicionarNome",
+                    {n(1), n(2), n(12), n(3), n(4), n(13), vazio, n(9), registo_morvex::Numero_Do_Mes(n(10)),
+                     vazio, n(6), vazio, n(7), n(8), n(11), n(16), txtGrupoID->text()});
 }

@@ -7,6 +7,7 @@
 
 class Geral;
 class Intercambio;
+class LinhasJaVindas;
 struct Platform;
 
 class frmImportar2 final : public QDialog, public Ui::frmImportar2
@@ -24,7 +25,8 @@ private:
     void ComboGrupos_Click();
     void cmdSeguinte_Click();
 
-    void Guardar(const QString &registo);
+    bool Importar();
+    void Guardar(LinhasJaVindas &vindas, const QString &registo);
 
     Geral &geral_;
     Platform &platform_;

@@ -102,8 +102,9 @@ void frmImportarMDB::cmdSeguinte_Click()
 
 QString frmImportarMDB::Resultado(const Fusao &fusao) const
 {
-    const QString feito = fusao.Completa()
-                              ? concluida_ + u"\r\n"_s
-                              : avisos_da_fusao::Incompleta(fusao, spokenLanguage(geral_.IdiomaActual));
+    const QString feito =
+        fusao.Completa() ? concluida_ + u"\r\n"_s
+                         : avisos_da_fusao::Incompleta(fusao, avisos_da_fusao::Onde_Se_Guardou(geral_.de),
+                                                       spokenLanguage(geral_.IdiomaActual));
     return fusao.Relatorio() + feito + encerrar_;
 }

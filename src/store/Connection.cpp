@@ -83,6 +83,15 @@ void Connection::execute(const QString &sql, std::vector<StoreValue> values)
     store().execute(sql, std::move(values));
 }
 
+void Connection::executeKeyed(const QString &sql, std::vector<StoreValue> values, const QUuid &key)
+{
+    store().executeKeyed(sql, std::move(values), key);
+}
+
+QSet<QUuid> Connection::keys() { return store().keys(); }
+
+void Connection::dropKeys(const QSet<QUuid> &keys) { store().dropKeys(keys); }
+
 Recordset Connection::query(const QString &sql, const std::vector<StoreValue> &values)
 {
     return store().query(sql, values);

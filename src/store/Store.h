@@ -10,8 +10,10 @@
 
 #include <functional>
 #include <QList>
+#include <QSet>
 #include <QString>
 #include <QStringList>
+#include <QUuid>
 #include <string_view>
 #include <vector>
 
@@ -93,6 +95,15 @@ public:
     virtual bool rowsWanted(const QString &sql, const Values &values, const QString &columns,
                             const Wanted &wanted, const EachRow &row) = 0;
     virtual void execute(const QString &sql, Values values) = 0;
+    // The same for a row of long work, whose key is kept with it for a month: whoever does that work again,
+    // because a server went away in its middle, learns which of its rows are there. A file does not go away,
+    // and keeps none.
+    virtual void executeKeyed(const QString &sql, Values values, const QUuid & /*key*/)
+    {
+        execute(sql, std::move(values));
+    }
+    virtual QSet<QUuid> keys() { return {}; }
+    virtual void dropKeys(const QSet<QUuid> & /*keys*/) {}
 
     // The opening of a mark is the connection's to fill.
     virtual StoreMark mark() = 0;

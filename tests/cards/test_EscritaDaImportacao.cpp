@@ -5,7 +5,9 @@
 #include "data/Fotografias.h"
 #include "platform/Failure.h"
 #include "testlib/DiscoPequeno.h"
+#include "testlib/EspecieDaFalha.h"
 #include "testlib/MorteNoDisco.h"
+#include "testlib/ServidorFalso.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
@@ -469,6 +471,63 @@ private Q_SLOTS:
         QVERIFY(c.escrita->Escrever(Sempre)); // and once more from the beginning
         QCOMPARE(c.escrita->Feita().adicionados, 50);
         QCOMPARE(c.s.Linhas(u"SELECT * FROM TblLista"_s).size(), 51);
+    }
+
+    // Whoever presses the button once more must not have them twice.
+    void o_que_chegou_sem_resposta_nao_se_escreve_outra_vez()
+    {
+        ComImportacao c;
+        ServidorFalso servidor(c.s.Base());
+        servidor.Servir(c.s.geral);
+        c.Ler(Pessoas(3));
+        EscritaDaImportacao &escrita = c.Escrita();
+        const auto falha = [&] { return teste::Especie_Da_Falha([&] { escrita.Escrever(Sempre); }); };
+        servidor.Perder_A_Proxima_Resposta();
+        QCOMPARE(falha(), Failure::Kind::ServerLost);
+        QVERIFY(escrita.Em_Duvida());
+        QCOMPARE(falha(), Failure::Kind::ServerLost); // nobody knows yet
+        servidor.Voltar();
+        QVERIFY(escrita.Em_Duvida());
+        QVERIFY(escrita.Escrever(Sempre));
+        QCOMPARE(escrita.Feita().adicionados, 3);
+        QCOMPARE(c.s.Linhas(u"SELECT count(*) FROM TblLista"_s), QStringList{u"4"_s});
+        escrita.Anular(); // it knows what it wrote
+        QCOMPARE(c.s.Linhas(u"SELECT Nome FROM TblLista"_s), QStringList{u"Ana Silva"_s});
+    }
+
+    void o_que_nao_chegou_escreve_se_e_conta_se_uma_vez()
+    {
+        ComImportacao c;
+        ServidorFalso servidor(c.s.Base());
+        servidor.Servir(c.s.geral);
+        c.Ler(Pessoas(3));
+        EscritaDaImportacao &escrita = c.Escrita();
+        servidor.Perder_A_Proxima_Escrita();
+        QCOMPARE(teste::Especie_Da_Falha([&] { escrita.Escrever(Sempre); }), Failure::Kind::ServerLost);
+        servidor.Voltar();
+        QVERIFY(!escrita.Em_Duvida());
+        QVERIFY(escrita.Escrever(Sempre));
+        QCOMPARE(escrita.Feita().adicionados, 3);
+        QCOMPARE(c.s.Linhas(u"SELECT count(*) FROM TblLista"_s), QStringList{u"4"_s});
+    }
+
+    // The numbers that it gave back are another contact's by then.
+    void anular_que_chegou_sem_resposta_nao_leva_o_que_veio_depois()
+    {
+        ComImportacao c;
+        ServidorFalso servidor(c.s.Base());
+        servidor.Servir(c.s.geral);
+        c.Ler(Pessoas(1));
+        EscritaDaImportacao &escrita = c.Escrita();
+        QVERIFY(escrita.Escrever(Sempre));
+        servidor.Perder_A_Proxima_Resposta();
+        QCOMPARE(teste::Especie_Da_Falha([&] { escrita.Anular(); }), Failure::Kind::ServerLost);
+        c.s.Escrever(u"INSERT INTO TblLista (Nome) VALUES ('De outro posto')"_s);
+        QCOMPARE(c.s.Ultimo_Id(u"TblLista"_s), c.ana.toInt() + 1);
+        servidor.Voltar();
+        escrita.Anular();
+        QCOMPARE(c.s.Linhas(u"SELECT Nome FROM TblLista ORDER BY ID"_s),
+                 (QStringList{u"Ana Silva"_s, u"De outro posto"_s}));
     }
 
     void um_disco_cheio_a_meio_nao_deixa_metade()

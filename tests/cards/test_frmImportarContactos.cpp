@@ -10,6 +10,7 @@
 #include "testlib/Accoes.h"
 #include "testlib/ComJanela.h"
 #include "testlib/DiscoCheio.h"
+#include "testlib/ServidorFalso.h"
 #include "testlib/Teste.h"
 
 #include <QClipboard>
@@ -423,6 +424,26 @@ private Q_SLOTS:
         QCOMPARE(f.form.lblContagem->text(), p.s.Texto(333));
         QCOMPARE(p.Contactos().size(), 1);
         QVERIFY(f.form.cmdImportar->isEnabled());
+    }
+
+    void o_que_chegou_sem_resposta_da_o_relatorio_e_nao_vem_duas_vezes()
+    {
+        Programa p;
+        ServidorFalso servidor(p.s.Base());
+        servidor.Servir(p.s.geral);
+        Formulario f(p);
+        QVERIFY(f.form.cmdImportar->isEnabled());
+        servidor.Perder_A_Proxima_Resposta();
+        QTest::mouseClick(f.form.cmdImportar, Qt::LeftButton);
+        QVERIFY(f.form.cmdImportar->isVisible() && f.form.cmdImportar->isEnabled());
+        servidor.Voltar();
+        f.Ir_Para(0);
+        f.Escolher(f.form.ComboEscolha->count() - 1); // too late to be skipped
+        QSignalSpy mudados(&f.form, &frmImportarContactos::ContactosMudados);
+        QTest::mouseClick(f.form.cmdImportar, Qt::LeftButton);
+        QCOMPARE(mudados.count(), 1);
+        QVERIFY(f.form.cmdAnular->isVisible());
+        QCOMPARE(p.Contactos(), (QStringList{u"Ana Silva|ana.pt"_s, u"Rui Costa|"_s, u"Outra Gente|"_s}));
     }
 
     void um_disco_cheio_deixa_o_formulario_como_estava()

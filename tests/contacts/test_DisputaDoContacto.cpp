@@ -292,6 +292,57 @@ private Q_SLOTS:
         });
     }
 
+    // Taking a picture away is a change like any other.
+    void uma_fotografia_tirada_junta_se_ou_e_disputa_data()
+    {
+        QTest::addColumn<QString>("la"); // where "antes" is the one that the contact had
+        QTest::addColumn<QString>("aqui");
+        QTest::addColumn<bool>("disputa");
+        QTest::addColumn<bool>("deles");
+        QTest::addColumn<QString>("fica");
+        QTest::newRow("tirada nos dois") << u""_s << u""_s << false << false << u""_s;
+        QTest::newRow("so aqui") << u"antes"_s << u""_s << false << false << u""_s;
+        QTest::newRow("so la") << u""_s << u"antes"_s << false << false << u""_s;
+        for (const bool deles : {false, true}) {
+            QTest::addRow("aqui, e outra la: %s", deles ? "deles" : "minha")
+                << u"verde"_s << u""_s << true << deles << (deles ? u"verde"_s : u""_s);
+            QTest::addRow("la, e outra aqui: %s", deles ? "deles" : "minha")
+                << u""_s << u"verde"_s << true << deles << (deles ? u""_s : u"verde"_s);
+        }
+    }
+    void uma_fotografia_tirada_junta_se_ou_e_disputa()
+    {
+        QFETCH(QString, la);
+        QFETCH(QString, aqui);
+        QFETCH(bool, disputa);
+        QFETCH(bool, deles);
+        QFETCH(QString, fica);
+        DoisPostos p;
+        const QMap<QString, QString> nomes{{u""_s, u""_s},
+                                           {u"antes"_s, Por_Na_Base(p.s, {40, 30}, qRgb(255, 0, 0))},
+                                           {u"verde"_s, Por_Na_Base(p.s, {60, 30}, qRgb(0, 255, 0))}};
+        p.Outro_Muda({{u"Fotografia"_s, nomes[u"antes"_s]}});
+        p.Editar([&](frmAddEdit &form) {
+            p.Outro_Muda({{u"Fotografia"_s, nomes[la]}, {u"Telefone1"_s, u"22"_s}});
+            form.txtNome->setText(u"Ana Sousa"_s);
+            form.txtFotografia->setText(nomes[aqui]);
+            if (!disputa) return form.cmdOk->click();
+            p.Ok_E(form, [&](frmConflito &conflito) {
+                QCOMPARE(conflito.lvCampos->topLevelItemCount(), 1);
+                const QTreeWidgetItem &item = *conflito.lvCampos->topLevelItem(0);
+                QCOMPARE(item.text(0), form.lblFotografia->text());
+                for (const auto &[coluna, lado] : {std::pair(1, la), std::pair(2, aqui)}) {
+                    QCOMPARE(item.data(coluna, Qt::DecorationRole).isNull(),
+                             lado.isEmpty()); // nor that of an error
+                    QCOMPARE(item.toolTip(coluna), nomes[lado]);
+                }
+                if (deles) conflito.cmdDeles->click();
+                conflito.cmdGuardar->click();
+            });
+        });
+        QCOMPARE(p.Linha(u"Nome, Telefone1, Fotografia"_s), u"Ana Sousa|22|"_s + nomes[fica]);
+    }
+
     void pelo_teclado_vai_se_da_lista_as_escolhas_e_aos_botoes()
     {
         DoisPostos p;
@@ -302,6 +353,7 @@ private Q_SLOTS:
             p.Ok_E(form, [&](frmConflito &conflito) {
                 QVERIFY(QTest::qWaitForWindowActive(&conflito));
                 QCOMPARE(conflito.lvCampos->currentItem(), conflito.lvCampos->topLevelItem(0));
+                QVERIFY(conflito.lvCampos->currentItem()->isSelected());
                 conflito.lvCampos->setFocus();
                 const QList<QWidget *> ordem{&Escolha(conflito, 0), &Escolha(conflito, 1), conflito.cmdMeus};
                 for (QWidget *seguinte : ordem) {

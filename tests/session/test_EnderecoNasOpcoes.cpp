@@ -1,5 +1,6 @@
 // The place of the database in the options: a file that is chosen, or the address of a server that is typed
 // and tried before it is written.
+#include "data/PassosDoEsquema.h"
 #include "session/frmOpcoes.h"
 #include "session/Main.h"
 #include "testlib/Accoes.h"
@@ -7,6 +8,9 @@
 #include "testlib/ServidorFalso.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
+
+#include <optional>
+#include <QCursor>
 
 using namespace Qt::StringLiterals;
 using enum Failure::Kind;
@@ -71,6 +75,21 @@ private Q_SLOTS:
         QCOMPARE(p.s.geral.CaminhoBD, p.s.Base()); // until the next start
     }
 
+    void enquanto_se_experimenta_o_ponteiro_espera()
+    {
+        Posto p;
+        std::optional<Qt::CursorShape> ponteiro;
+        p.s.geral.de.Servir_De([&](const QString &endereco) {
+            if (QGuiApplication::overrideCursor() != nullptr)
+                ponteiro = QGuiApplication::overrideCursor()->shape();
+            return p.servidor.Abridor()(endereco);
+        });
+        p.Escrever(ServidorFalso::Endereco());
+        p.Confirmar();
+        QCOMPARE(ponteiro, Qt::WaitCursor);
+        QVERIFY(QGuiApplication::overrideCursor() == nullptr);
+    }
+
     void um_endereco_que_nao_serve_diz_porque_e_nada_se_escreve_data()
     {
         QTest::addColumn<int>("razao");
@@ -97,9 +116,13 @@ private Q_SLOTS:
         p.servidor.recusa = static_cast<Failure::Kind>(razao);
         p.Escrever(ServidorFalso::Endereco());
         p.Opcoes().comboAniversario->setCurrentText(u"9"_s);
+        p.Opcoes().tbsOptions->setCurrentIndex(0); // another pane is in front by now
+        p.Opcoes().cmdOk->setFocus();
         p.s.caixas.Espera_Qualquer(box::stop, p.Opcoes().windowTitle());
         p.Confirmar();
         QVERIFY2(p.s.caixas.vistas.value(0).contains(palavra), qPrintable(p.s.caixas.vistas.value(0)));
+        QCOMPARE(p.Opcoes().focusWidget(), p.Opcoes().txtCaminho); // to be mended
+        QVERIFY(QGuiApplication::overrideCursor() == nullptr);
         QCOMPARE(p.No_Ini(), p.s.Base());
         QVERIFY(p.s.geral.ini.Ler_Ini(u"aniversarios"_s, u"dias"_s) != u"9"_s); // nor anything else
         QCOMPARE(p.Opcoes().tbsOptions->currentIndex(), 3);
@@ -154,13 +177,22 @@ private Q_SLOTS:
                  qPrintable(p.s.caixas.vistas.value(0)));
     }
 
+    void um_ficheiro_escrito_que_nao_ha_recusa_se_data()
+    {
+        QTest::addColumn<QString>("caminho");
+        QTest::newRow("não há") << u"/nenhures/base.mdb"_s;
+        QTest::newRow("uma pasta") << QDir::tempPath();
+    }
     void um_ficheiro_escrito_que_nao_ha_recusa_se()
     {
+        QFETCH(QString, caminho);
         Posto p;
-        p.Escrever(u"/nenhures/base.mdb"_s);
+        p.Escrever(caminho);
+        p.Opcoes().cmdOk->setFocus();
         p.s.caixas.Espera(p.s.Texto(454), box::stop, p.Opcoes().windowTitle());
         p.Confirmar();
         QCOMPARE(p.No_Ini(), p.s.Base());
+        QCOMPARE(p.Opcoes().focusWidget(), p.Opcoes().txtCaminho);
     }
 
     void um_ficheiro_escrito_que_ha_escreve_se()
@@ -168,7 +200,7 @@ private Q_SLOTS:
         Posto p;
         const QString outra = p.s.Ficheiro(u"outra.mdb"_s);
         QVERIFY(QFile::copy(p.s.Base(), outra));
-        p.Escrever(outra);
+        p.Escrever(u' ' + outra + u' ');
         p.Confirmar();
         QCOMPARE(p.No_Ini(), outra);
     }
@@ -182,6 +214,8 @@ private Q_SLOTS:
         Main janela(s.geral, s.plataforma);
         frmOpcoes opcoes(s.geral, s.plataforma, janela);
         QCOMPARE(opcoes.txtCaminho->text(), ServidorFalso::Endereco());
+        opcoes.txtCaminho->setText(u' ' + ServidorFalso::Endereco());
+        opcoes.txtCaminho->setModified(true); // typed over
         opcoes.cmdOk->click();
         QCOMPARE(servidor.enderecos.size(), 1);
     }

@@ -1,5 +1,6 @@
 // A start and a way out while the server is away, or does not let this desk in.
 #include "data/frmSeleccionarIdioma.h"
+#include "data/PassosDoEsquema.h"
 #include "platform/ErrorText.h"
 #include "session/Arranque.h"
 #include "session/frmLogin.h"

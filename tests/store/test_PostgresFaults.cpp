@@ -138,6 +138,22 @@ private Q_SLOTS:
         QTRY_COMPARE(changes_.size(), 2);
         QCOMPARE(changes_.last().table, u"t"_s);
     }
+    // What was open when the server went can't be settled as soon as it is there.
+    void who_can_not_settle_what_is_open_is_not_back()
+    {
+        PostgresSession session(base_->Morada(network_->Porta()), {}, Curta(), Deadline(milliseconds(4000)));
+        QList<Reach> reached;
+        session.listen({{}, [&](Reach reach) { reached << reach; }});
+        int calls = 0;
+        session.cameBack = [&] {
+            if (++calls < 3) throw Failure(Failure::StoreError, {}, {});
+        };
+        session.lose();
+        QVERIFY(QTest::qWaitFor([&] { return reached.endsWith(Reach::There); }, 10000));
+        QCOMPARE(calls, 3);
+        QCOMPARE(reached.count(Reach::There), 1);
+        QVERIFY(!session.lost());
+    }
     void the_window_never_stands_still_while_it_is_tried_again()
     {
         network_->modo = Intermediario::Cala;

@@ -8,11 +8,29 @@
 #include "testlib/EspecieDaFalha.h"
 #include "testlib/Teste.h"
 
+#include <dlfcn.h>
+#include <netdb.h>
 #include <QTcpServer>
 #include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
 using std::chrono::milliseconds;
+
+namespace
+{
+constexpr auto slow_name = "devagar.exemplo";
+constexpr milliseconds slow_lookup(1500);
+} // namespace
+
+// In the place of the system's own, for the whole program: one name is found late, and is this machine.
+extern "C" int getaddrinfo(const char *name, const char *service, const addrinfo *hints, addrinfo **found)
+{
+    using Real = int(const char *, const char *, const addrinfo *, addrinfo **);
+    static auto *const real = reinterpret_cast<Real *>(::dlsym(RTLD_NEXT, "getaddrinfo"));
+    const bool slow = name != nullptr && qstrcmp(name, slow_name) == 0;
+    if (slow) std::this_thread::sleep_for(slow_lookup);
+    return real(slow ? "127.0.0.1" : name, service, hints, found);
+}
 
 class TestPostgresOpening : public QObject
 {
@@ -105,6 +123,24 @@ private Q_SLOTS:
         clock.start();
         QCOMPARE(Abrir(base_->Morada(network.Porta())), Failure::Kind::ServerLost);
         QVERIFY2(clock.elapsed() < 2 * Curta().opening.count(), QByteArray::number(clock.elapsed()));
+    }
+    // Who knows the name is not the server: what is heard there is no sign of its life.
+    void a_name_that_is_found_late_gives_the_server_no_more_time()
+    {
+        constexpr milliseconds silence(2500);
+        Intermediario network(base_->Porta());
+        network.modo = Intermediario::Cala;
+        const PostgresAddress address(
+            u"postgresql://%1:%2/morvex?sslmode=disable"_s.arg(QLatin1StringView(slow_name))
+                .arg(network.Porta()));
+        QElapsedTimer clock;
+        clock.start();
+        QCOMPARE(
+            teste::Especie_Da_Falha([&] { openNow(address, {}, Deadline(milliseconds(20000), silence)); }),
+            Failure::Kind::ServerLost);
+        QVERIFY2(clock.elapsed() >= silence.count() - 50, QByteArray::number(clock.elapsed()));
+        QVERIFY2(clock.elapsed() < (silence + slow_lookup).count(), QByteArray::number(clock.elapsed()));
+        QTRY_VERIFY(network.ligacoes > 0); // it was found
     }
     void what_listens_and_is_no_such_server()
     {

@@ -74,6 +74,70 @@ private Q_SLOTS:
         QCOMPARE(store_->written(insert_), 900);
         QCOMPARE(store_->mark().here, 900);
     }
+    void a_keyed_row_and_its_key_are_there_together_or_not_at_all()
+    {
+        const QUuid good = QUuid::createUuid();
+        const QUuid bad = QUuid::createUuid();
+        Inserir(u"Ana"_s); // whose own key is none of these
+        QVERIFY(store_->keys().isEmpty());
+        const auto write = [&] {
+            store_->executeKeyed(insert_, {u"Rui"_s, qint64{0}}, good);
+            skipFailure([&] { store_->executeKeyed(insert_, {u"Eva"_s, u"none"_s}, bad); });
+        };
+        const auto forget = [&] {
+            store_->dropKeys({good});
+            QVERIFY(store_->keys().isEmpty());
+            base_->Correr(u"DELETE FROM t WHERE nome = 'Rui'"_s);
+        };
+        write();
+        QCOMPARE(store_->keys(), QSet<QUuid>{good});
+        QCOMPARE(Nomes(), u"Ana,Rui"_s);
+        QCOMPARE(store_->written(insert_), 2);
+        QVERIFY(!skipFailure([&] { store_->executeKeyed(insert_, {u"Rui"_s, qint64{0}}, good); }));
+        QCOMPARE(Nomes(), u"Ana,Rui"_s);
+        forget();
+        QVERIFY(!skipFailure([&] { store_->gathering(write); }));
+        QCOMPARE(store_->keys(), QSet<QUuid>{good});
+        QCOMPARE(Nomes(), u"Ana,Rui"_s);
+        forget();
+        store_->allOrNothing(write);
+        QCOMPARE(store_->keys(), QSet<QUuid>{good});
+        QCOMPARE(Nomes(), u"Ana,Rui"_s);
+        forget();
+        QVERIFY(base_->Numero(u"SELECT count(*) FROM gravacoes"_s) > 0); // those of others stay
+    }
+    void keys_are_kept_for_a_month()
+    {
+        store_->executeKeyed(insert_, {u"Rui"_s, qint64{0}}, QUuid::createUuid());
+        QCOMPARE(base_->Numero(u"SELECT count(*) FROM gravacoes WHERE quando > now() + interval '29 days'"_s),
+                 1);
+        base_->Correr(u"UPDATE gravacoes SET quando = quando - interval '30 days'"_s);
+        QVERIFY(store_->keys().isEmpty());
+    }
+    // Between a contact and what belongs to it no portion ends.
+    void a_portion_ends_before_a_keyed_row_and_not_behind_it_data()
+    {
+        QTest::addColumn<int>("before");
+        for (const int before : {298, 299, 300, 301})
+            QTest::addRow("%d", before) << before;
+    }
+    void a_portion_ends_before_a_keyed_row_and_not_behind_it()
+    {
+        QFETCH(int, before);
+        store_->gathering([&] {
+            for (int i = 0; i < before; ++i)
+                Inserir(u"N"_s);
+            const int sent = Quantos();
+            store_->executeKeyed(insert_, {u"Rui"_s, qint64{0}}, QUuid::createUuid());
+            QCOMPARE(Quantos(), sent);
+            Inserir(u"Its card"_s);
+            QCOMPARE(base_->Numero(u"SELECT count(*) % 2 FROM t WHERE nome IN ('Rui', 'Its card')"_s), 0);
+            for (int i = 0; i < 900; ++i)
+                store_->executeKeyed(insert_, {u"K"_s, qint64{0}}, QUuid::createUuid());
+            QVERIFY(Quantos() >= 600); // they end somewhere
+        });
+        QCOMPARE(Quantos(), before + 902);
+    }
     void what_was_gathered_is_there_before_it_is_asked_for()
     {
         store_->gathering([&] {
@@ -218,7 +282,11 @@ private Q_SLOTS:
     }
     void a_picture_larger_than_any_buffer_on_the_way_arrives()
     {
-        store_ = PostgresStore::open(base_->Morada(), {milliseconds(4000), milliseconds(30000), milliseconds(30000), {}});
+        store_ = PostgresStore::open(base_->Morada(), {milliseconds(4000),
+                                                       milliseconds(30000),
+                                                       milliseconds(30000),
+                                                       {milliseconds(100)},
+                                                       milliseconds::zero()});
         const QByteArray picture(40 << 20, 'x');
         store_->execute(u"INSERT INTO T (Imagem) VALUES (?)"_s, {picture});
         QCOMPARE(base_->Numero(u"SELECT length(imagem) FROM t"_s), 40 << 20);
@@ -312,6 +380,17 @@ private Q_SLOTS:
         portion();
         store_->allOrNothing([&] { Inserir(u"Rui"_s); });
         QCOMPARE(Nomes(), u"Ana,Eva,Rui"_s);
+    }
+    // They are its administrator's, who may bring the schema up to date meanwhile.
+    void all_or_nothing_keeps_nobody_from_the_servers_own_tables()
+    {
+        const auto others = [&](const QString &sql) { base_->Correr(u"SET lock_timeout = 300; "_s + sql); };
+        store_->allOrNothing([&] {
+            Inserir(u"Ana"_s);
+            others(u"UPDATE morvex_esquema SET numero = numero"_s);
+            others(u"INSERT INTO gravacoes (chave) VALUES (gen_random_uuid())"_s);
+            QVERIFY(!skipFailure([&] { others(u"UPDATE t SET idade = 1"_s); }));
+        });
     }
     void what_was_gathered_of_all_that_became_nothing_is_nothing()
     {

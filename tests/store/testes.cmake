@@ -16,6 +16,7 @@ foreach(teste IN ITEMS
     test_PostgresStore
     test_PostgresWrites
     test_Recordset
+    test_ServerSession
     test_TextRules
     test_Values)
     morvex_teste(store/${teste} LIGA store)
@@ -25,4 +26,4 @@ morvex_servidores(test_PostgresOpening)
 morvex_servidores(test_PostgresSilence)
 morvex_com_postgres(store/test_PostgresCopy store/test_PostgresFaults store/test_PostgresLedger store/test_PostgresLink store/test_PostgresNotices store/test_PostgresOpening
     store/test_PostgresSilence
-    store/test_PostgresStore store/test_PostgresWrites)
+    store/test_PostgresStore store/test_PostgresWrites store/test_ServerSession)

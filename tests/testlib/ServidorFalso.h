@@ -2,9 +2,7 @@
 // is asked of it, can be away, and tells what another desk is said to have changed.
 #pragma once
 
-#include "data/Esquema.h"
 #include "data/Geral.h"
-#include "data/PassosDoEsquema.h"
 #include "platform/Failure.h"
 #include "store/sqlite/SqliteStore.h"
 

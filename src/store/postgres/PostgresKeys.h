@@ -26,6 +26,17 @@ inline const QString waitForLocks = QStringLiteral("SELECT set_config('lock_time
 // A row where that key is there.
 inline const QString findKey = QStringLiteral("SELECT 1 FROM gravacoes WHERE chave = $1::uuid");
 
+// Goes ahead of an insert and is one statement with it, so that neither is there without the other. The
+// number of the parameter stands between the two.
+inline const QString keepForLong =
+    QStringLiteral("WITH morvex_chave AS (INSERT INTO gravacoes (chave, quando) VALUES ($");
+inline const QString keptForLong = QStringLiteral("::uuid, now() + interval '30 days')) ");
+// All other keys are of the past.
+inline const QString findLongKept =
+    QStringLiteral("SELECT chave::text AS key FROM gravacoes WHERE quando > now()");
+inline const QString dropKeys =
+    QStringLiteral("DELETE FROM gravacoes WHERE chave = ANY (string_to_array($1, ',')::uuid[])");
+
 inline const QString savePoint = QStringLiteral("SAVEPOINT morvex");
 inline const QString release = QStringLiteral("RELEASE SAVEPOINT morvex");
 inline const QString backToSavePoint = QStringLiteral("ROLLBACK TO SAVEPOINT morvex");

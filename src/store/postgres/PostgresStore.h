@@ -23,6 +23,9 @@ public:
     bool rowsWanted(const QString &sql, const Values &values, const QString &columns, const Wanted &wanted,
                     const EachRow &row) override;
     void execute(const QString &sql, Values values) override;
+    void executeKeyed(const QString &sql, Values values, const QUuid &key) override;
+    QSet<QUuid> keys() override;
+    void dropKeys(const QSet<QUuid> &keys) override;
     StoreMark mark() override;
     int written(const QString &sql) const override { return written_.value(sql); }
     int undone() const override { return 0; } // what is read of a portion is in the data
@@ -68,6 +71,9 @@ private:
 
     static std::chrono::milliseconds lockPatience(const PostgresPatience &patience);
 
+    bool isFull() const;
+    void gather(Write write);
+    void sendOrGather(Write write);
     void sendAlone(const Write &write);
     PostgresAnswers sendKeyed(const QString &keep, const Commands &commands, const Deadline &deadline);
     bool settle(const QString &key, const Deadline &deadline);

@@ -26,18 +26,57 @@ qsizetype weightOf(const std::vector<StoreValue> &values)
 bool isLock(const Failure &failure) { return failure.kind() == Failure::Kind::DatabaseLocked; }
 } // namespace
 
+bool PostgresStore::isFull() const { return portion_.size() >= longestPortion || weight_ >= heaviestPortion; }
+
+void PostgresStore::gather(Write write)
+{
+    weight_ += weightOf(write.command.values);
+    portion_.push_back(std::move(write));
+}
+
+void PostgresStore::sendOrGather(Write write)
+{
+    if (gathering_)
+        gather(std::move(write));
+    else if (transaction_)
+        count(write, within(write.command, session_.patience().command).get());
+    else
+        sendAlone(write);
+}
+
 void PostgresStore::execute(const QString &sql, Values values)
 {
-    Write write{sql, said(sql, std::move(values))};
-    if (gathering_) {
-        weight_ += weightOf(write.command.values);
-        portion_.push_back(std::move(write));
-        if (portion_.size() >= longestPortion || weight_ >= heaviestPortion) flush();
-    } else if (transaction_) {
-        count(write, within(write.command, session_.patience().command).get());
-    } else {
-        sendAlone(write);
-    }
+    sendOrGather({sql, said(sql, std::move(values))});
+    if (isFull()) flush();
+}
+
+// What belongs to it is written behind it, and goes in the same portion, which is why a full one ends before
+// it.
+void PostgresStore::executeKeyed(const QString &sql, Values values, const QUuid &key)
+{
+    if (isFull()) flush();
+    PostgresCommand command = said(sql, std::move(values));
+    command.values.emplace_back(key.toString(QUuid::WithoutBraces));
+    command.sql =
+        postgres::keepForLong + QString::number(command.values.size()) + postgres::keptForLong + command.sql;
+    sendOrGather({sql, std::move(command)});
+}
+
+QSet<QUuid> PostgresStore::keys()
+{
+    QSet<QUuid> keys;
+    for (Recordset rs = ownQuestion(postgres::findLongKept, {}); !rs.Eof(); rs.MoveNext())
+        keys << QUuid::fromString(rs.Fields("key").text());
+    return keys;
+}
+
+// Twice does no harm.
+void PostgresStore::dropKeys(const QSet<QUuid> &keys)
+{
+    QStringList all;
+    for (const QUuid &key : keys)
+        all << key.toString(QUuid::WithoutBraces);
+    answer({postgres::dropKeys, {all.join(u',')}}, session_.patience().list);
 }
 
 void PostgresStore::count(const Write &write, const PGresult *answer)
