@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QDateTimeEdit>
 #include <QDialog>
+#include <QJsonDocument>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QSignalSpy>
@@ -134,6 +135,21 @@ private Q_SLOTS:
         editor.escolha->setCurrentIndex(1);
         editor.Abrir();
         QCOMPARE(editor.escolha->currentText(), u"Amigos"_s);
+    }
+
+    // The next version of the program offers what this one has kept.
+    void o_ficheiro_diz_de_que_editor_sao_os_campos()
+    {
+        Sistema s;
+        Interromper(s);
+        QFile ficheiro(s.Ficheiro(u"rascunho.json"_s));
+        QVERIFY(ficheiro.open(QIODevice::ReadOnly));
+        const QJsonArray guardados = QJsonDocument::fromJson(ficheiro.readAll()).array();
+        QCOMPARE(guardados.size(), 1);
+        QCOMPARE(guardados[0][u"editor"_s][u"registo"_s].toString(), u"contacto 7"_s);
+        QCOMPARE(guardados[0][u"editor"_s][u"base"_s].toString(), s.geral.CaminhoBD);
+        QCOMPARE(guardados[0][u"editor"_s][u"utilizador"_s].toString(), s.geral.SessaoActual.IdUtilizador);
+        QCOMPARE(guardados[0][u"campos"_s][u"txtNome"_s].toString(), u"Ana"_s);
     }
 
     void quem_recusa_fica_com_o_formulario_como_estava_e_nao_e_perguntado_outra_vez()
