@@ -36,15 +36,46 @@ private Q_SLOTS:
         }
     }
 
-    void a_palavra_e_a_da_lingua()
+    void a_palavra_de_cada_uma_esta_escrita_em_cada_lingua_data()
     {
-        QStringList palavras;
-        for (const Idioma &lingua : idiomas::todos)
-            palavras << codificacoes::Palavra("windows-1257", QString::fromLatin1(lingua.coluna));
-        const QString nome = u" (windows-1257)"_s;
-        QCOMPARE(palavras, (QStringList{u"Báltico"_s + nome, u"Báltico"_s + nome, u"Baltic"_s + nome,
-                                        u"Báltico"_s + nome, u"Baltico"_s + nome, u"Balte"_s + nome,
-                                        u"Baltisch"_s + nome}));
+        QTest::addColumn<QString>("juntas"); // in the order of the languages
+        QTest::newRow("windows-1252")
+            << u"Europa Ocidental|Europa Ocidental|Western Europe|Europa occidental|"
+               "Europa occidentale|Europe occidentale|Westeuropa"_s;
+        QTest::newRow("ISO-8859-15") << u"Europa Ocidental|Europa Ocidental|Western Europe|Europa occidental|"
+                                        "Europa occidentale|Europe occidentale|Westeuropa"_s;
+        QTest::newRow("windows-1250")
+            << u"Europa Central|Europa Central|Central Europe|Europa central|Europa centrale|"
+               "Europe centrale|Mitteleuropa"_s;
+        QTest::newRow("windows-1251")
+            << u"Cirílico|Cirílico|Cyrillic|Cirílico|Cirillico|Cyrillique|Kyrillisch"_s;
+        QTest::newRow("KOI8-R") << u"Cirílico|Cirílico|Cyrillic|Cirílico|Cirillico|Cyrillique|Kyrillisch"_s;
+        QTest::newRow("windows-1253") << u"Grego|Grego|Greek|Griego|Greco|Grec|Griechisch"_s;
+        QTest::newRow("windows-1254") << u"Turco|Turco|Turkish|Turco|Turco|Turc|Türkisch"_s;
+        QTest::newRow("windows-1255") << u"Hebraico|Hebraico|Hebrew|Hebreo|Ebraico|Hébreu|Hebräisch"_s;
+        QTest::newRow("windows-1256") << u"Árabe|Árabe|Arabic|Árabe|Arabo|Arabe|Arabisch"_s;
+        QTest::newRow("windows-1257") << u"Báltico|Báltico|Baltic|Báltico|Baltico|Balte|Baltisch"_s;
+        QTest::newRow("macintosh")
+            << u"Mac antigo|Mac antigo|Older Mac|Mac antiguo|Mac meno recente|Ancien Mac|"
+               "Älterer Mac"_s;
+        QTest::newRow("Shift_JIS") << u"Japonês|Japonês|Japanese|Japonés|Giapponese|Japonais|Japanisch"_s;
+        QTest::newRow("EUC-JP") << u"Japonês|Japonês|Japanese|Japonés|Giapponese|Japonais|Japanisch"_s;
+        QTest::newRow("GB18030")
+            << u"Chinês simplificado|Chinês simplificado|Simplified Chinese|Chino simplificado|"
+               "Cinese semplificato|Chinois simplifié|Chinesisch, vereinfacht"_s;
+        QTest::newRow("Big5")
+            << u"Chinês tradicional|Chinês tradicional|Traditional Chinese|Chino tradicional|"
+               "Cinese tradizionale|Chinois traditionnel|Chinesisch, traditionell"_s;
+        QTest::newRow("EUC-KR") << u"Coreano|Coreano|Korean|Coreano|Coreano|Coréen|Koreanisch"_s;
+    }
+    void a_palavra_de_cada_uma_esta_escrita_em_cada_lingua()
+    {
+        const QByteArray nome = QTest::currentDataTag();
+        QFETCH(QString, juntas);
+        const QStringList palavras = juntas.split(u'|');
+        for (std::size_t i = 0; i < idiomas::todos.size(); ++i)
+            QCOMPARE(codificacoes::Palavra(nome, QString::fromLatin1(idiomas::todos[i].coluna)),
+                     u"%1 (%2)"_s.arg(palavras[static_cast<qsizetype>(i)], QString::fromLatin1(nome)));
     }
 
     void o_que_se_descobriu_tambem_tem_palavra()

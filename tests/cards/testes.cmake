@@ -12,7 +12,9 @@ foreach(teste IN ITEMS
     test_JuncaoDeContactos
     test_LeituraDaTabela
     test_RegraDosDuplicados
-    test_RetratoDoContacto)
+    test_RetratoDoContacto
+    test_RotulosDoCartao
+    test_TabelaDeSaida)
     morvex_teste(cards/${teste} LIGA cards)
 endforeach()
 foreach(teste IN ITEMS

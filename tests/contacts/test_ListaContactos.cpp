@@ -7,6 +7,8 @@
 #include "testlib/ComJanela.h"
 #include "testlib/Teste.h"
 
+#include <QScrollBar>
+
 using namespace Qt::StringLiterals;
 
 class TestListaContactos : public QObject
@@ -448,6 +450,137 @@ private Q_SLOTS:
                            vista.visualRect(vista.model()->index(1, 0)).center());
         QCOMPARE(No_Cartao(c), u"tel Rui"_s);
         QCOMPARE(cliques.size(), 1);
+    }
+
+    // What other desks have done meanwhile
+
+    void ao_seguir_os_outros_fica_a_escolha_e_o_que_se_via_data()
+    {
+        QTest::addColumn<int>("escolhida"); // -1: none
+        QTest::addColumn<int>("topo");
+        QTest::newRow("a primeira linha") << 0 << 0;
+        QTest::newRow("uma do meio") << 30 << 27;
+        QTest::newRow("a ultima") << 49 << 41;
+        QTest::newRow("fora de vista fica a linha de cima") << 0 << 27;
+        QTest::newRow("sem escolha fica a linha de cima") << -1 << 10;
+    }
+    void ao_seguir_os_outros_fica_a_escolha_e_o_que_se_via()
+    {
+        QFETCH(int, escolhida);
+        QFETCH(int, topo);
+        ComJanela c;
+        for (int i = 10; i < 60; ++i)
+            Novo(c, u"Nome %1"_s.arg(i));
+        c.lista.Carregar_Tabela();
+        c.janela.show();
+        ListBox &lista = *c.janela.ListaNomes;
+        lista.setListIndex(escolhida);
+        lista.verticalScrollBar()->setValue(topo);
+        const int acima = lista.verticalScrollBar()->value();
+        const QString nome = escolhida < 0 ? QString() : lista.List(escolhida);
+        const QString cartao = No_Cartao(c);
+        QSignalSpy cliques(&lista, &ListBox::Click);
+        Novo(c, u"Aaa"_s);
+        c.lista.Seguir_Contactos({}, true);
+        QCOMPARE(lista.List(0), u"Aaa"_s);
+        QCOMPARE(lista.ListIndex(), escolhida < 0 ? -1 : escolhida + 1);
+        if (escolhida >= 0) QCOMPARE(lista.List(lista.ListIndex()), nome);
+        if (escolhida >= 0) QCOMPARE(c.s.geral.IndiceContacto, escolhida + 1);
+        QCOMPARE(lista.verticalScrollBar()->value(), acima + 1);
+        QCOMPARE(No_Cartao(c), cartao);
+        QCOMPARE(cliques.size(), 0); // nobody has chosen anything
+        QVERIFY(c.janela.lblContador->text().endsWith(u" 51"_s));
+    }
+
+    void o_escolhido_que_desaparece_noutro_posto_larga_o_cartao()
+    {
+        ComJanela c;
+        Encher(c, {u"Ana"_s, u"Rui"_s});
+        c.janela.ListaNomes->setListIndex(0);
+        QCOMPARE(No_Cartao(c), u"tel Ana"_s);
+        const int ana = c.janela.ListaNomes->ItemData(0);
+        c.s.Escrever(u"DELETE FROM TblLista WHERE ID=%1"_s.arg(ana));
+        c.lista.Seguir_Contactos({ana}, false);
+        QCOMPARE(c.janela.ListaNomes->ListCount(), 1);
+        QCOMPARE(c.janela.ListaNomes->ListIndex(), -1);
+        QCOMPARE(No_Cartao(c), QString());
+        QVERIFY(c.janela.lblContador->text().endsWith(u" 1"_s));
+    }
+
+    void com_a_mesma_lista_nada_se_enche_de_novo_e_o_cartao_le_se_so_se_pode_ter_mudado_data()
+    {
+        QTest::addColumn<int>("qual"); // of the two contacts, the first on the card
+        QTest::addColumn<bool>("talvez_outros");
+        QTest::addColumn<QString>("cartao");
+        QTest::newRow("o do cartao") << 0 << false << u"novo"_s;
+        QTest::newRow("o outro") << 1 << false << u"tel Ana"_s;
+        QTest::newRow("talvez todos") << 1 << true << u"novo"_s;
+    }
+    void com_a_mesma_lista_nada_se_enche_de_novo_e_o_cartao_le_se_so_se_pode_ter_mudado()
+    {
+        QFETCH(int, qual);
+        QFETCH(bool, talvez_outros);
+        QFETCH(QString, cartao);
+        ComJanela c;
+        Encher(c, {u"Ana"_s, u"Rui"_s});
+        c.janela.ListaNomes->setListIndex(0);
+        c.s.Escrever(u"UPDATE TblLista SET Telefone1='novo'"_s);
+        const QSignalSpy cheia(c.janela.ListaNomes->model(), &QAbstractItemModel::modelReset);
+        c.lista.Seguir_Contactos({c.janela.ListaNomes->ItemData(qual)}, talvez_outros);
+        QCOMPARE(cheia.size(), 0);
+        QCOMPARE(No_Cartao(c), cartao);
+    }
+
+    void o_escolhido_que_passa_a_primeira_linha_continua_escolhido()
+    {
+        ComJanela c;
+        Encher(c, {u"Ana"_s, u"Rui"_s});
+        c.janela.ListaNomes->setListIndex(1);
+        const int ana = c.janela.ListaNomes->ItemData(0);
+        c.s.Escrever(u"DELETE FROM TblLista WHERE ID=%1"_s.arg(ana));
+        c.lista.Seguir_Contactos({ana}, false);
+        QCOMPARE(c.janela.ListaNomes->ListIndex(), 0);
+        QCOMPARE(c.s.geral.IndiceContacto, 0);
+        QCOMPARE(No_Cartao(c), u"tel Rui"_s);
+    }
+
+    void o_do_cartao_com_outro_nome_muda_de_linha()
+    {
+        ComJanela c;
+        Encher(c, {u"Ana"_s, u"Rui"_s});
+        c.janela.ListaNomes->setListIndex(0);
+        const int ana = c.janela.ListaNomes->ItemData(0);
+        c.s.Escrever(u"UPDATE TblLista SET Nome='Zita' WHERE ID=%1"_s.arg(ana));
+        c.lista.Seguir_Contactos({ana}, false);
+        QCOMPARE(c.janela.ListaNomes->List(1), u"Zita"_s);
+        QCOMPARE(c.janela.ListaNomes->ListIndex(), 1);
+        QCOMPARE(No_Cartao(c), u"tel Ana"_s);
+    }
+
+    void ao_seguir_os_grupos_o_escolhido_fica_e_o_que_desaparece_da_lugar_a_todos()
+    {
+        ComJanela c;
+        Encher(c, {u"Ana"_s});
+        Novo(c, u"Rui"_s, 4);
+        c.lista.Carregar_Grupos();
+        ComboBox &grupos = *c.janela.ComboGrupos;
+        Escolher_Grupo(c, u"Clientes"_s);
+        const QSignalSpy cliques(&grupos, &ComboBox::Click);
+        c.lista.Seguir_Grupos(); // nothing is different
+        QCOMPARE(grupos.ListCount(), 7);
+        c.s.Novo_Grupo(u"Aaa"_s);
+        c.lista.Seguir_Grupos();
+        QCOMPARE(grupos.List(0), c.s.Texto(48));
+        QCOMPARE(grupos.List(1), u"Aaa"_s);
+        QCOMPARE(grupos.currentText(), u"Clientes"_s);
+        QCOMPARE(c.janela.ListaNomes->ListCount(), 1);
+        c.s.Escrever(u"DELETE FROM TblGrupos WHERE NomeGrupo='Clientes'"_s);
+        c.lista.Seguir_Grupos();
+        QCOMPARE(grupos.ListIndex(), 0);
+        QCOMPARE(c.s.geral.GrupoActual, u"0"_s);
+        QCOMPARE(grupos.ListCount(), 7);
+        QCOMPARE(c.janela.ListaNomes->List(0), u"Ana"_s);
+        QCOMPARE(cliques.size(), 0);
     }
 };
 

@@ -2,6 +2,7 @@
 // company.
 #include "platform/Failure.h"
 #include "store/Row.h"
+#include "testlib/DiscoCheio.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
@@ -280,6 +281,20 @@ private Q_SLOTS:
         QCOMPARE(nomes("12"), u""_s);
         s.Escrever(u"UPDATE TblLista SET Grupo=9999"_s); // of no group, so of none that anybody sees
         QCOMPARE(nomes("5"), u"nenhuma"_s);
+    }
+
+    void experimentar_a_escrita_falha_num_disco_cheio_em_que_se_continua_a_ler()
+    {
+        SO_NUM_FICHEIRO("its disk");
+        if (!DiscoCheio::Possivel()) QSKIP("no disk can be filled here");
+        Sistema s;
+        s.geral.de.Experimentar_Escrita();
+        {
+            const DiscoCheio cheio(static_cast<rlim_t>(QFileInfo(s.Base()).size()));
+            VERIFICAR_FALHA(s.geral.de.Experimentar_Escrita(), Failure::StoreError);
+            QCOMPARE(s.geral.de.Abrir("cmdVerGrupo", {u"1"}).RecordCount(), 1);
+        }
+        s.geral.de.Experimentar_Escrita();
     }
 
     // However fast the disk is, the writer is in the middle: its journal is there, and the file has grown.

@@ -122,6 +122,53 @@ private Q_SLOTS:
                  QStringList{u"kelmarin_sample.jpg"_s});
     }
 
+    void os_contactos_de_amostra_dizem_isto_data()
+    {
+        QTest::addColumn<Sementes>("sementes");
+        QTest::addColumn<QStringList>("contactos");
+        const auto empresa =
+            u"KELMARIN|210 000 140|910 000 141|930 000 142|960 000 143|geral@kelmarin.example|"
+            "www.kelmarin.example|kelmarin_sample.jpg|"
+            "Kelmarin, Lda.\r\nRua do Cais, 14\r\n1000-014 Lisboa\r\nPortugal|"_s;
+        const auto portal = u"Praça Central|||||ola@pracacentral.example|www.pracacentral.example|"
+                            "praca_sample.jpg||"_s;
+        QTest::newRow("PortuguesPT")
+            << sementes::PT()
+            << QStringList{
+                   empresa + u"Contacto de exemplo: clique em EDITAR CONTACTO para o alterar.\r\n"
+                             "A ficha fecha-se à volta dos campos vazios."_s,
+                   u"Faroleiro|||||tempo@faroleiro.example|www.faroleiro.example|faroleiro_sample.jpg||"
+                   "O estado do mar e do tempo, todas as manhãs.\r\n"
+                   "Contacto de exemplo: pode eliminá-lo."_s,
+                   portal + u"Tudo o que acontece na cidade, numa só página."_s};
+        QTest::newRow("PortuguesBR")
+            << sementes::BR()
+            << QStringList{empresa + u"Contato de exemplo: clique em Editar contato para alterá-lo.\r\n"
+                                     "A ficha se fecha em volta dos campos vazios."_s,
+                           portal + u"Tudo o que acontece na cidade, em uma só página."_s};
+        QTest::newRow("InglesUK") << sementes::UK()
+                                  << QStringList{empresa +
+                                                     u"A sample contact: click Edit contact to change it.\r\n"
+                                                     "The card closes up round empty fields."_s,
+                                                 portal + u"All that goes on in town, on a single page."_s};
+        QTest::newRow("FrancesFR") << sementes::FR()
+                                   << QStringList{
+                                          empresa +
+                                              u"Un contact d’exemple\u00a0: modifiez-le à votre gré.\r\n"
+                                              "La fiche se resserre autour des champs vides."_s,
+                                          portal + u"Tout ce qui se passe en ville, sur une seule page."_s};
+    }
+    void os_contactos_de_amostra_dizem_isto()
+    {
+        QFETCH(Sementes, sementes);
+        Sistema s(Sistema::Estado::Vazio);
+        sementes::Semear(s.geral.de, sementes);
+        QTEST(s.Linhas(
+                  u"SELECT Nome, Telefone1, Telemovel1, Telemovel2, Telemovel3, Email1, Website, Fotografia, "
+                  "Morada, Obs FROM TblLista ORDER BY ID"_s),
+              "contactos");
+    }
+
     void as_fotografias_de_amostra_sao_enviadas_data() { Linguas(); }
     void as_fotografias_de_amostra_sao_enviadas()
     {
@@ -134,16 +181,6 @@ private Q_SLOTS:
             fotografias << contacto.Fotografia;
         }
         QCOMPARE(fotografias.size(), static_cast<qsizetype>(sementes.Contactos.size()));
-    }
-
-    void as_notas_de_amostra_estao_na_lingua_escolhida()
-    {
-        QSet<QString> notas;
-        for (const Sementes &sementes : {sementes::PT(), sementes::BR(), sementes::UK(), sementes::FR()})
-            for (const ContactoDeAmostra *contacto :
-                 {&sementes.Contactos.front(), &sementes.Contactos.back()})
-                notas << contacto->Obs;
-        QCOMPARE(notas.size(), 8);
     }
 
     void o_nome_da_empresa_esta_em_maiusculas()

@@ -11,7 +11,9 @@ foreach(teste IN ITEMS
     test_Fotografias
     test_PassosDoEsquema
     test_CartoesGuardados
+    test_Rascunho
     test_ReadWriteINI
+    test_Relatorio
     test_Ler_Idioma
     test_Textos
     test_Sementes
@@ -23,13 +25,14 @@ foreach(teste IN ITEMS
     test_IndiceDosNomes
     test_Inteiro
     test_Tocar_Som
+    test_ValorLongo
     test_criar_bd)
     morvex_teste(data/${teste} LIGA data)
 endforeach()
 
 morvex_tambem_no_servidor(data FORA
     test_Codificar_Email test_Codificar_Pass test_EncontroDeLinhas test_EstadoMessenger test_Inteiro test_Temporizadores test_Tocar_Som
-    test_ReadWriteINI # these ask no database
+    test_Rascunho test_ReadWriteINI test_Relatorio test_ValorLongo # these ask no database
     test_NovaPorSaber # over a fake server of its own
     test_config_enviado test_criar_bd test_Textos test_Esquema # what is shipped
     test_IndiceDosNomes test_PassosDoEsquema # what a file lacks until it is opened

@@ -317,6 +317,31 @@ private Q_SLOTS:
         QCOMPARE(p.s.Linhas(u"SELECT count(*) FROM TblLista"_s), QStringList{u"0"_s});
     }
 
+    void o_comeco_de_uma_base_nao_e_uma_base_data()
+    {
+        QTest::addColumn<bool>("antiga");
+        QTest::addColumn<qint64>("bytes");
+        for (const bool antiga : {false, true})
+            for (const qint64 bytes : {40, 100, 600, 4095})
+                QTest::addRow("%s, %lld bytes", antiga ? "antiga" : "nossa", static_cast<long long>(bytes))
+                    << antiga << bytes;
+    }
+    void o_comeco_de_uma_base_nao_e_uma_base()
+    {
+        QFETCH(bool, antiga);
+        QFETCH(qint64, bytes);
+        Programa p;
+        const QString curta = p.s.Ficheiro(u"curta.mdb"_s);
+        QFile inteira(antiga ? Dado(u"vazia.mdb"_s) : p.s.Ficheiro(u"morvex.mdb"_s));
+        QFile inicio(curta);
+        QVERIFY(inteira.open(QIODevice::ReadOnly) && inicio.open(QIODevice::WriteOnly));
+        QCOMPARE(inicio.write(inteira.read(bytes)), bytes);
+        inicio.close();
+        p.s.caixas.Espera_Erro(Failure::StoreError);
+        p.Escolher(curta, nullptr);
+        QVERIFY(p.s.processo.Terminou());
+    }
+
     void uma_base_antiga_de_32768_contactos_diz_o_texto_87()
     {
         const Desempacotado antiga(Dado(u"limite_32768.mdb.xz"_s));
@@ -643,10 +668,12 @@ private Q_SLOTS:
         QTest::addColumn<std::function<Obstaculo(Sistema &)>>("impedir");
         QTest::newRow("trancada") << std::function(
             [](Sistema &s) -> Obstaculo { return std::make_shared<Trancada>(s); });
-        if (SemPrivilegios().Possivel()) QTest::newRow("só de leitura")
-            << std::function([](Sistema &) -> Obstaculo { return std::make_shared<SemPrivilegios>(); });
-        if (DiscoCheio::Possivel()) QTest::newRow("disco cheio") << std::function(
-            [](Sistema &s) -> Obstaculo { return std::make_shared<DiscoCheio>(Tamanho(s)); });
+        if (SemPrivilegios().Possivel())
+            QTest::newRow("só de leitura")
+                << std::function([](Sistema &) -> Obstaculo { return std::make_shared<SemPrivilegios>(); });
+        if (DiscoCheio::Possivel())
+            QTest::newRow("disco cheio") << std::function(
+                [](Sistema &s) -> Obstaculo { return std::make_shared<DiscoCheio>(Tamanho(s)); });
     }
     void uma_base_que_nao_se_deixa_escrever_di_lo_antes_da_primeira_linha()
     {
@@ -792,9 +819,10 @@ private Q_SLOTS:
         fusao.Correr();
         QVERIFY(!fusao.Completa());
         s.geral.de.Fechar_Ligacao();
-        QCOMPARE(s.Linhas(u"SELECT TblLista.Nome, NomeGrupo FROM TblLista, TblGrupos WHERE TblGrupos.ID=Grupo "
-                          "ORDER BY TblLista.ID"_s),
-                 (QStringList{u"Rui|Novo"_s, u"Eva|Novo"_s}));
+        QCOMPARE(
+            s.Linhas(u"SELECT TblLista.Nome, NomeGrupo FROM TblLista, TblGrupos WHERE TblGrupos.ID=Grupo "
+                     "ORDER BY TblLista.ID"_s),
+            (QStringList{u"Rui|Novo"_s, u"Eva|Novo"_s}));
         QCOMPARE(s.Linhas(u"SELECT count(*) FROM TblGrupos WHERE NomeGrupo='Novo'"_s), QStringList{u"1"_s});
         QCOMPARE(s.Linhas(u"SELECT count(*) FROM TblLista"_s), QStringList{u"2"_s});
     }
@@ -874,18 +902,20 @@ private Q_SLOTS:
         QTest::newRow("outra maneira de o escrever") << std::function([](Sistema &s) {
             return s.Pasta() + u"/./../"_s + QDir(s.Pasta()).dirName() + u"//morvex.mdb"_s;
         });
-        if (outros_nomes::ha_atalhos) QTest::newRow("um atalho") << std::function([](Sistema &s) {
-            const QString atalho = s.Ficheiro(u"atalho.mdb"_s);
-            return outros_nomes::Fazer_Atalho(s.Base(), atalho) ? atalho : QString();
-        });
+        if (outros_nomes::ha_atalhos)
+            QTest::newRow("um atalho") << std::function([](Sistema &s) {
+                const QString atalho = s.Ficheiro(u"atalho.mdb"_s);
+                return outros_nomes::Fazer_Atalho(s.Base(), atalho) ? atalho : QString();
+            });
         QTest::newRow("um segundo nome do mesmo ficheiro") << std::function([](Sistema &s) {
             const QString nome = s.Ficheiro(u"segundo.mdb"_s);
             return outros_nomes::Fazer_Segundo_Nome(s.Base(), nome) ? nome : QString();
         });
-        if (outros_nomes::ha_atalhos) QTest::newRow("um atalho que se diz de texto") << std::function([](Sistema &s) {
-            const QString atalho = s.Ficheiro(u"atalho.dat"_s);
-            return outros_nomes::Fazer_Atalho(s.Base(), atalho) ? atalho : QString();
-        });
+        if (outros_nomes::ha_atalhos)
+            QTest::newRow("um atalho que se diz de texto") << std::function([](Sistema &s) {
+                const QString atalho = s.Ficheiro(u"atalho.dat"_s);
+                return outros_nomes::Fazer_Atalho(s.Base(), atalho) ? atalho : QString();
+            });
     }
     void a_base_em_uso_nao_se_importa_para_si_mesma()
     {

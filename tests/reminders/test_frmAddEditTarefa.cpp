@@ -408,6 +408,47 @@ private Q_SLOTS:
         QCOMPARE(c.Tarefas(), QStringList{ficou});
         QCOMPARE(c.form->isVisible(), escolha == "voltar"_L1);
     }
+
+    void um_rascunho_so_se_oferece_a_tarefa_em_que_foi_escrito_data()
+    {
+        QTest::addColumn<int>("escrita"); // the task in which it was typed; 0 for a new one
+        QTest::addColumn<int>("aberta");
+        QTest::addColumn<bool>("oferece");
+        QTest::newRow("nova na nova") << 0 << 0 << true;
+        QTest::newRow("nova numa que se edita") << 0 << 1 << false;
+        QTest::newRow("editada na mesma") << 1 << 1 << true;
+        QTest::newRow("editada noutra") << 1 << 2 << false;
+        QTest::newRow("editada na nova") << 1 << 0 << false;
+    }
+    void um_rascunho_so_se_oferece_a_tarefa_em_que_foi_escrito()
+    {
+        QFETCH(int, escrita);
+        QFETCH(int, aberta);
+        QFETCH(bool, oferece);
+        ComTarefas c;
+        const QList<int> ids{0, c.Nova(u"Telefonar"_s, u"05-02-2027"_s, u"10:30"_s),
+                             c.Nova(u"Regar"_s, u"05-02-2027"_s, u"10:30"_s)};
+        const auto abrir = [&](int qual) {
+            c.s.geral.ModoTarefa = qual == 0 ? u"Add"_s : u"Edit"_s;
+            auto form = std::make_unique<frmAddEditTarefa>(c.s.geral, c.s.plataforma, c.janela, nullptr);
+            if (qual != 0)
+                form->Preencher({QString::number(ids[qual]), u"Como estava"_s, u"05-02-2027"_s, u"10:30"_s,
+                                 form->ComboRepeticao->List(0)});
+            form->show();
+            QCoreApplication::processEvents();
+            return form;
+        };
+        {
+            const auto form = abrir(escrita);
+            form->txtTarefa->setPlainText(u"Por confirmar"_s);
+            QVERIFY(c.s.geral.rascunhos.Guardar()); // and the process ends
+        }
+        const QString titulo = c.s.Texto(aberta == 0 ? 149 : 171).remove(u'&');
+        if (oferece) c.s.caixas.Espera_Qualquer(box::question | box::yesNo, titulo, answer::yes);
+        const auto form = abrir(aberta);
+        QVERIFY(c.s.caixas.Todas_Vistas());
+        QCOMPARE(form->txtTarefa->toPlainText() == u"Por confirmar"_s, oferece);
+    }
 };
 
 MORVEX_TESTE(TestFrmAddEditTarefa)

@@ -8,6 +8,7 @@ foreach(teste IN ITEMS
     test_frmPopup
     test_ProximosAniversarios
     test_Repeticao
+    test_TarefasLidas
     test_UmAno)
     morvex_teste(reminders/${teste} LIGA reminders)
 endforeach()
@@ -16,4 +17,5 @@ morvex_teste(reminders/test_frmTarefas LIGA reminders report)
 
 morvex_tambem_no_servidor(reminders FORA
     test_Repeticao # asks no database
+    test_TarefasLidas # over a server of its own making
     test_UmAno) # a year of lives and deaths of the program over one file

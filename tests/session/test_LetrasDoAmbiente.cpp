@@ -8,9 +8,9 @@
 #include "online/frmPopupEmail.h"
 #include "online/RotuloEstado.h"
 #include "reminders/frmPopup.h"
+#include "session/Formularios.h"
 #include "session/frmSobre.h"
 #include "session/Legendas.h"
-#include "session/Formularios.h"
 #include "testlib/Teste.h"
 
 #include <QCheckBox>
@@ -55,8 +55,7 @@ const QMap<QString, Abertura> outros{
      [](ComFormulario &c) { return c.Novo<frmSeleccionarIdioma>(c.s.geral, c.s.plataforma); }},
     {u"frmPopup"_s,
      [](ComFormulario &c) { return c.Novo<frmPopup>(c.s.geral, c.s.plataforma, c.janela, c.relatorio); }},
-    {u"frmPopupEmail"_s,
-     [](ComFormulario &c) {
+    {u"frmPopupEmail"_s, [](ComFormulario &c) {
          return c.Novo<frmPopupEmail>(c.janela,
                                       u"nome.do.utilizador@correio.exemplo (%1)"_s.arg(c.s.Texto(261)));
      }}};
@@ -133,6 +132,23 @@ void Ver_Sobrepostos(const QWidget &form, QStringList &sobrepostos)
             if (controlos[i]->parentWidget() == controlos[j]->parentWidget() &&
                 controlos[i]->geometry().intersects(controlos[j]->geometry()))
                 sobrepostos << Nome(*controlos[i]) + u'/' + Nome(*controlos[j]);
+}
+
+// Of what is drawn in the form itself: the margins of its layouts, and the sides of what stands in none.
+int Medidas(const QWidget &form)
+{
+    const auto desenhado = [](const QObject &um) {
+        return !um.objectName().isEmpty() && !um.objectName().startsWith("qt_"_L1);
+    };
+    int soma = 0;
+    for (const QLayout *layout : form.findChildren<QLayout *>()) {
+        const QMargins margens = layout->contentsMargins();
+        if (desenhado(*layout)) soma += margens.left() + margens.top() + margens.right() + margens.bottom();
+    }
+    for (const QWidget *controlo : form.findChildren<QWidget *>())
+        if (desenhado(*controlo) && !controlo->isWindow() && controlo->parentWidget()->layout() == nullptr)
+            soma += controlo->width() + controlo->height();
+    return soma;
 }
 
 struct Visto {
@@ -214,6 +230,25 @@ private Q_SLOTS:
                 mal << u"%1 at %2 points"_s.arg(este).arg(pontos);
         }
         QVERIFY2(mal.isEmpty(), qPrintable(mal.join(u", ")));
+    }
+
+    void o_que_nao_tem_letras_tambem_cresce_com_elas_data()
+    {
+        QTest::addColumn<QString>("nome");
+        for (const QString &nome : aberturas.keys() + outros.keys())
+            QTest::newRow(qPrintable(nome)) << nome;
+    }
+    void o_que_nao_tem_letras_tambem_cresce_com_elas()
+    {
+        QFETCH(QString, nome);
+        const Abertura abrir = aberturas.contains(nome) ? aberturas[nome] : outros[nome];
+        ComFormulario c(u"PortuguesPT"_s);
+        const int padrao = Medidas(*abrir(c));
+        QVERIFY(padrao > 0);
+        const ComLetras letras(2 * scale::standardLetters);
+        c.form.reset();
+        const int duplas = Medidas(*abrir(c));
+        QVERIFY2(duplas > padrao * 3 / 2, qPrintable(u"%1 to %2"_s.arg(padrao).arg(duplas)));
     }
 
     void um_aviso_em_letras_duplas_sobe_no_mesmo_canto_duas_vezes_maior()

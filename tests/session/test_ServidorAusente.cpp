@@ -9,6 +9,7 @@
 #include "session/ServidorAusente.h"
 #include "testlib/Accoes.h"
 #include "testlib/ServidorFalso.h"
+#include "testlib/SeteLinguas.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
@@ -84,6 +85,33 @@ private Q_SLOTS:
         QCOMPARE(p.servidor.enderecos.size(), 3);
         QCOMPARE(p.s.geral.IdiomaActual, u"PortuguesPT"_s);
         QVERIFY(!p.s.processo.Terminou());
+    }
+
+    void um_servidor_calado_diz_se_em_cada_lingua_data()
+    {
+        Nas_Sete_Linguas(
+            {u"O servidor não respondeu a tempo. Verifique a ligação à rede, ou espere que o servidor volte."_s,
+             u"O servidor não respondeu a tempo. Verifique a conexão com a rede, ou espere o servidor voltar."_s,
+             u"The server did not answer in time. Check the network, or wait for the server to come back."_s,
+             u"El servidor no ha respondido a tiempo. Compruebe la conexión a la red, o espere a que el "
+             u"servidor "
+             "vuelva."_s,
+             u"Il server non ha risposto in tempo. Verificare la rete, o attendere che il server torni."_s,
+             u"Le serveur n’a pas répondu à temps. Vérifiez la connexion au réseau, ou attendez le retour du "
+             "serveur."_s,
+             u"Der Server hat nicht rechtzeitig geantwortet. Prüfen Sie das Netz, oder warten Sie, bis der "
+             u"Server "
+             "zurück ist."_s});
+    }
+    void um_servidor_calado_diz_se_em_cada_lingua()
+    {
+        QFETCH(QString, lingua);
+        QFETCH(QString, legenda);
+        Sistema s;
+        s.geral.IdiomaActual = lingua;
+        const Failure calado(Failure::StoreError, u"posto"_s, u"no answer"_s, ServerLost);
+        const QString pormenores = errorText(calado, lingua).details;
+        QCOMPARE(servidor_ausente::Palavras(calado, s.geral), legenda + u"\r\n\r\n"_s + pormenores);
     }
 
     void quem_sai_termina_o_processo_sem_passar_pelo_login()
