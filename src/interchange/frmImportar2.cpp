@@ -75,7 +75,10 @@ bool frmImportar2::Importar()
                 Guardar(vindas, ListaMorvex43->List(i));
         });
     } catch (const Failure &falha) {
-        if (falha.kind() != Failure::Kind::ServerLost) throw;
+        if (falha.kind() != Failure::Kind::ServerLost) {
+            skipFailure([&] { vindas.Acabou(); }); // as on a file: what comes next begins anew
+            throw;
+        }
         const int guardados = vindas.Quantas() + geral_.de.Escritos("cmdAdicionarNome") - antes;
         platform_.boxes.show(avisos_da_fusao::Servidor_Perdido(guardados, ListaMorvex43->ListCount(),
                                                                avisos_da_fusao::Onde_Se_Guardou(geral_.de),

@@ -332,7 +332,7 @@ private Q_SLOTS:
         QFETCH(qint64, bytes);
         Programa p;
         const QString curta = p.s.Ficheiro(u"curta.mdb"_s);
-        QFile inteira(antiga ? Dado(u"vazia.mdb"_s) : p.s.Ficheiro(u"morvex.mdb"_s));
+        QFile inteira(antiga ? Dado(u"vazia.mdb"_s) : qEnvironmentVariable("MORVEX_ENVIADOS") + u"/morvex.mdb"_s);
         QFile inicio(curta);
         QVERIFY(inteira.open(QIODevice::ReadOnly) && inicio.open(QIODevice::WriteOnly));
         QCOMPARE(inicio.write(inteira.read(bytes)), bytes);
