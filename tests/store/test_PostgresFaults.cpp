@@ -27,6 +27,17 @@ class TestPostgresFaults : public QObject
         return {milliseconds(2000), command_, command_ * 2,
                 {milliseconds(50), milliseconds(100), milliseconds(200)}};
     }
+    void Comecar()
+    {
+        store_.reset();
+        base_->Correr(u"TRUNCATE t RESTART IDENTITY; TRUNCATE gravacoes"_s);
+        store_ = PostgresStore::open(base_->Morada(network_->Porta()), Curta());
+        store_->listen({[this](const StoreChange &change) { changes_ << change; },
+                        [this](Reach reach) { reached_ << reach; }});
+        Inserir(u"Ana"_s);
+        reached_.clear();
+        changes_.clear();
+    }
     void Inserir(const QString &name) { store_->execute(insert_, {name, qint64{0}}); }
     Recordset Ler() { return store_->query(u"SELECT Nome FROM T WHERE ID > ?"_s, {qint64{0}}); }
     QString Nomes() const { return base_->Valor(u"SELECT string_agg(nome, ',' ORDER BY id) FROM t"_s); }
@@ -38,7 +49,7 @@ class TestPostgresFaults : public QObject
         work();
         return clock.elapsed();
     }
-    bool Volta() { return QTest::qWaitFor([&] { return reached_.endsWith(Reach::There); }, 10000); }
+    bool Volta() { return QTest::qWaitFor([&] { return reached_.endsWith(Reach::There); }, 30000); }
     void Matar_Ligacoes() const
     {
         base_->Correr(u"SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE datname = current_database() "
@@ -53,14 +64,9 @@ private Q_SLOTS:
     }
     void init()
     {
-        base_->Correr(u"TRUNCATE t RESTART IDENTITY; TRUNCATE gravacoes"_s);
         network_ = std::make_unique<Intermediario>(base_->Porta());
-        store_ = PostgresStore::open(base_->Morada(network_->Porta()), Curta());
-        store_->listen({[this](const StoreChange &change) { changes_ << change; },
-                        [this](Reach reach) { reached_ << reach; }});
-        Inserir(u"Ana"_s);
-        reached_.clear();
-        changes_.clear();
+        // The patience that is right for a test is short for a machine that does much else.
+        QVERIFY(QTest::qWaitFor([this] { return skipFailure([this] { Comecar(); }); }, 30000));
     }
     void cleanup()
     {
@@ -149,7 +155,7 @@ private Q_SLOTS:
             if (++calls < 3) throw Failure(Failure::StoreError, {}, {});
         };
         session.lose();
-        QVERIFY(QTest::qWaitFor([&] { return reached.endsWith(Reach::There); }, 10000));
+        QVERIFY(QTest::qWaitFor([&] { return reached.endsWith(Reach::There); }, 30000));
         QCOMPARE(calls, 3);
         QCOMPARE(reached.count(Reach::There), 1);
         QVERIFY(!session.lost());
