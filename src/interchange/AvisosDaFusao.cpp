@@ -37,21 +37,17 @@ constexpr Translations nada_se_escreve{
 };
 constexpr Translations verifique{
     u"Verifique se outro programa a está a usar, se há espaço no disco e se o ficheiro não está protegido "
-    u"contra "
-    u"escrita.",
+    u"contra escrita.",
     u"Verifique se outro programa o está usando, se há espaço no disco e se o arquivo não está protegido "
-    u"contra "
-    u"gravação.",
+    u"contra gravação.",
     u"Check whether another program is using it, whether the disk has room, and whether the file is "
     u"write-protected.",
     u"Compruebe si la está usando otro programa, si hay espacio en el disco y si el archivo está protegido "
-    u"contra "
-    u"escritura.",
+    u"contra escritura.",
     u"Verificare se un altro programma lo sta usando, se c’è spazio sul disco e se il file è protetto da "
     u"scrittura.",
     u"Vérifiez si un autre programme l’utilise, s’il reste de la place sur le disque et si le fichier est "
-    u"protégé en "
-    u"écriture.",
+    u"protégé en écriture.",
     u"Prüfen Sie, ob ein anderes Programm sie verwendet, ob auf dem Datenträger Platz ist und ob die Datei "
     u"schreibgeschützt ist.",
 };
@@ -76,22 +72,17 @@ constexpr std::array<Translations, 3> guardados{{
 constexpr Translations pelo_menos{u"pelo menos", u"pelo menos", u"at least",  u"al menos",
                                   u"almeno",     u"au moins",   u"mindestens"};
 constexpr Translations em_duplicado{
-    u"O que foi guardado viria em duplicado numa nova importação: antes dela, reponha uma cópia de segurança "
-    u"da base "
-    u"de dados.",
+    u"O que foi guardado viria em duplicado numa nova importação: antes dela, reponha uma cópia de "
+    u"segurança da base de dados.",
     u"O que foi gravado viria em duplicidade em uma nova importação: antes dela, restaure uma cópia de "
-    u"segurança do "
-    u"banco de dados.",
+    u"segurança do banco de dados.",
     u"A new import would add a second time what was stored: restore a backup of the database first.",
     u"Una nueva importación duplicaría lo que se ha guardado: antes, restaure una copia de seguridad de la "
-    u"base de "
-    u"datos.",
+    u"base de datos.",
     u"Una nuova importazione duplicherebbe ciò che è stato salvato: prima ripristinare una copia di backup "
-    u"del "
-    u"database.",
-    u"Une nouvelle importation ajouterait une seconde fois ce qui a été enregistré\u00a0: restaurez d’abord "
-    u"une "
-    u"sauvegarde de la base de données.",
+    u"del database.",
+    u"Une nouvelle importation ajouterait une seconde fois ce qui a été enregistré\u00a0: restaurez "
+    u"d’abord une sauvegarde de la base de données.",
     u"Ein neuer Import brächte das Gespeicherte doppelt: Spielen Sie vorher eine Sicherung der Datenbank "
     u"ein.",
 };
@@ -99,19 +90,17 @@ constexpr Translations sem_duplicado{
     u"Quando o servidor responder, e dentro de 30 dias, importe o mesmo ficheiro outra vez: o que já foi "
     u"guardado não vem em duplicado.",
     u"Quando o servidor responder, e dentro de 30 dias, importe o mesmo arquivo de novo: o que já foi "
-    u"gravado "
-    u"não vem em duplicidade.",
-    u"Once the server answers, and within 30 days, import the same file again: what is stored already is not "
-    u"added a second time.",
-    u"Cuando el servidor responda, y en un plazo de 30 días, importe de nuevo el mismo archivo: lo que ya se "
-    u"ha guardado no se duplica.",
-    u"Quando il server risponde, ed entro 30 giorni, importare di nuovo lo stesso file: ciò che è già stato "
-    u"salvato non viene duplicato.",
-    u"Dès que le serveur répond, et dans les 30 jours, importez de nouveau le même fichier\u00a0: ce qui est "
-    u"déjà enregistré n’est pas ajouté une seconde fois.",
+    u"gravado não vem em duplicidade.",
+    u"Once the server answers, and within 30 days, import the same file again: what is stored already is "
+    u"not added a second time.",
+    u"Cuando el servidor responda, y en un plazo de 30 días, importe de nuevo el mismo archivo: lo que ya "
+    u"se ha guardado no se duplica.",
+    u"Quando il server risponde, ed entro 30 giorni, importare di nuovo lo stesso file: ciò che è già "
+    u"stato salvato non viene duplicato.",
+    u"Dès que le serveur répond, et dans les 30 jours, importez de nouveau le même fichier\u00a0: ce qui "
+    u"est déjà enregistré n’est pas ajouté une seconde fois.",
     u"Sobald der Server antwortet, und innerhalb von 30 Tagen, importieren Sie dieselbe Datei noch einmal: "
-    u"Was "
-    u"schon gespeichert ist, kommt nicht doppelt.",
+    u"Was schon gespeichert ist, kommt nicht doppelt.",
 };
 constexpr auto fim_de_linha = "\r\n"_L1;
 
