@@ -168,7 +168,8 @@ bool Ficou_A_Porta(Failure::Kind especie)
     using enum Failure::Kind;
     for (const Failure::Kind uma :
          {AddressBroken, PasswordInAddress, ServerUnknown, ServerRefused, ServerCertificate, ServerForbidden,
-          ServerPassword, ServerNoPassword, ServerPasswordFile, ServerNoDatabase, ServerLost, ServerLibraryMissing})
+          ServerPassword, ServerNoPassword, ServerPasswordFile, ServerNoDatabase, ServerLost,
+          ServerLibraryMissing})
         if (uma == especie) return true;
     return false;
 }
