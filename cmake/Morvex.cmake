@@ -59,6 +59,20 @@ function(morvex_biblioteca nome)
     endif()
 endfunction()
 
+# morvex_moc(<program> <source>)
+# What moc reads in the one source of a test. The toolkit's own way takes a process and an empty unit for each program,
+# which for three hundred of them is a third of the time that they take to build.
+function(morvex_moc nome fonte)
+    set(moc ${CMAKE_CURRENT_BINARY_DIR}/moc)
+    file(MAKE_DIRECTORY ${moc})
+    set_target_properties(${nome} PROPERTIES AUTOMOC OFF AUTOUIC OFF AUTORCC OFF)
+    add_custom_command(OUTPUT ${moc}/${nome}.moc
+        COMMAND Qt6::moc ${CMAKE_CURRENT_SOURCE_DIR}/${fonte} -o ${moc}/${nome}.moc
+        DEPENDS ${fonte} COMMENT "Moc of ${fonte}" VERBATIM)
+    target_sources(${nome} PRIVATE ${moc}/${nome}.moc)
+    target_include_directories(${nome} PRIVATE ${moc})
+endfunction()
+
 # morvex_teste(<folder>/<test> LIGA <libraries>)
 # One Qt Test program from tests/<folder>/<test>.cpp. It runs without a display, with a home, time zone and
 # locale of its own, so it can neither read nor harm what belongs to the person who runs it.
@@ -78,6 +92,7 @@ function(morvex_teste caminho)
     target_link_libraries(${nome} PRIVATE ${ARG_LIGA} morvex_testlib ${morvex_do_sistema} Qt6::Test morvex_opcoes)
     target_precompile_headers(${nome} REUSE_FROM morvex_cabecalhos)
     set_target_properties(${nome} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
+    morvex_moc(${nome} ${caminho}.cpp)
     add_test(NAME ${caminho} COMMAND ${nome})
     # All tests of a folder can be built by one name.
     get_filename_component(pasta ${caminho} DIRECTORY)
