@@ -1,5 +1,6 @@
 // The rows of a long import that a server took before it went away: whoever repeats the import does not bring
-// them once more. Only a server keeps what came; on a file each row is written, as it always was.
+// them once more, but for those that somebody has deleted meanwhile. Only a server keeps what came; on a file each
+// row is written, as it always was.
 #pragma once
 
 #include "data/Comandos.h"

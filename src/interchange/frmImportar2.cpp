@@ -93,7 +93,7 @@ bool frmImportar2::Importar()
 void frmImportar2::Guardar(LinhasJaVindas &vindas, const QString &registo)
 {
     const auto campo = registo_morvex::Separar(registo);
-    if (vindas.Tomar(u"registo"_s, {registo})) return;
+    if (vindas.Tomar(u"registo"_s, {txtGrupoID->text(), registo})) return;
     const auto n = [&](std::size_t numero) -> const QString & { return campo[numero - 1]; };
     const QString vazio;
     vindas.Executar("cmdAdicionarNome",

@@ -204,7 +204,10 @@ QStringList esquema_no_servidor::Sql_Proprias()
             u"CREATE TABLE IF NOT EXISTS morvex_contadores (tabela text COLLATE \"C\" PRIMARY KEY, "
             "ultimo integer NOT NULL)"_s,
             u"CREATE TABLE IF NOT EXISTS gravacoes (chave uuid PRIMARY KEY, "
-            "quando timestamptz NOT NULL DEFAULT now())"_s};
+            "quando timestamptz NOT NULL DEFAULT now())"_s,
+            // Where the row is that a key stands for, if it stands for one.
+            u"ALTER TABLE gravacoes ADD COLUMN IF NOT EXISTS tabela text COLLATE \"C\", "
+            "ADD COLUMN IF NOT EXISTS linha integer"_s};
 }
 
 QStringList esquema_no_servidor::Sql_Funcoes()
@@ -226,6 +229,14 @@ QStringList esquema_no_servidor::Sql_Funcoes()
         u"sql "
         "%1 AS $morvex$ UPDATE public.morvex_contadores SET ultimo = greatest(ultimo_dado, 0) "
         "WHERE tabela = lower(qual) $morvex$"_s.arg(da_dona),
+        // The keys of rows that still stand; those of rows that are gone, or of long ago, are taken away.
+        u"CREATE OR REPLACE FUNCTION morvex_chaves_de_pe() RETURNS SETOF uuid LANGUAGE plpgsql AS $morvex$ "
+        "DECLARE qual text; BEGIN "
+        "DELETE FROM gravacoes WHERE linha IS NOT NULL AND quando <= now(); "
+        "FOR qual IN SELECT DISTINCT tabela FROM gravacoes WHERE linha IS NOT NULL LOOP "
+        "EXECUTE format('DELETE FROM gravacoes WHERE tabela = %1$L AND linha NOT IN (SELECT id FROM %1$I)', qual); "
+        "END LOOP; "
+        "RETURN QUERY SELECT chave FROM gravacoes WHERE linha IS NOT NULL; END $morvex$"_s,
         Funcao_De_Gatilho(u"morvex_versao"_s, {}, u"BEGIN NEW.versao := OLD.versao + 1; RETURN NEW; END"_s)};
 }
 
@@ -259,7 +270,8 @@ QStringList esquema_no_servidor::Sql_Direitos(const QString &base, const QString
     sql << u"GRANT SELECT ON morvex_esquema TO %1"_s.arg(quem)
         << u"GRANT SELECT, INSERT, DELETE ON gravacoes TO %1"_s.arg(quem);
     for (const QString &funcao : {u"morvex_ultimo_id()"_s, u"morvex_maior_id(text)"_s,
-                                  u"morvex_voltar_a(text, integer)"_s, u"morvex_dobrar(text)"_s})
+                                  u"morvex_voltar_a(text, integer)"_s, u"morvex_dobrar(text)"_s,
+                                  u"morvex_chaves_de_pe()"_s})
         sql << u"GRANT EXECUTE ON FUNCTION %1 TO %2"_s.arg(funcao, quem);
     return sql;
 }

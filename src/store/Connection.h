@@ -61,9 +61,9 @@ public:
     void execute(const QString &sql, std::vector<StoreValue> values);
     Recordset query(const QString &sql, const std::vector<StoreValue> &values);
 
-    // Of long work on a server, which may go away in its middle: each row is written with a key of its own,
-    // and a row with one of the keys that are kept is there. They are kept for a month unless they are
-    // dropped. A file keeps none.
+    // Of long work on a server, which may go away in its middle: each row, of a table with numbers, is written
+    // with a key of its own, and a row with one of the keys that are kept is there. They are kept for a month,
+    // but no longer than their rows, unless they are dropped. A file keeps none.
     void executeKeyed(const QString &sql, std::vector<StoreValue> values, const QUuid &key);
     QSet<QUuid> keys();
     void dropKeys(const QSet<QUuid> &keys);

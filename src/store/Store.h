@@ -95,9 +95,9 @@ public:
     virtual bool rowsWanted(const QString &sql, const Values &values, const QString &columns,
                             const Wanted &wanted, const EachRow &row) = 0;
     virtual void execute(const QString &sql, Values values) = 0;
-    // The same for a row of long work, whose key is kept with it for a month: whoever does that work again,
-    // because a server went away in its middle, learns which of its rows are there. A file does not go away,
-    // and keeps none.
+    // The same for a row of long work, whose key is kept with it for a month, and while the row stands: whoever
+    // does that work again, because a server went away in its middle, learns which of its rows are there. A file
+    // does not go away, and keeps none.
     virtual void executeKeyed(const QString &sql, Values values, const QUuid & /*key*/)
     {
         execute(sql, std::move(values));

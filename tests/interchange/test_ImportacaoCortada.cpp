@@ -1,6 +1,7 @@
 // Imports over which a real server goes away, and which are then done once more: every row comes, and comes
 // once.
 #include "cards/EscritaDaImportacao.h"
+#include "controls/ComboBox.h"
 #include "controls/ListBox.h"
 #include "interchange/DE2.h"
 #include "interchange/frmImportar2.h"
@@ -15,6 +16,7 @@
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
+#include <optional>
 #include <QElapsedTimer>
 #include <QRegularExpression>
 #include <QUrl>
@@ -44,8 +46,9 @@ struct Escritorio {
         return morada.toString();
     }
     int Numero(const QString &sql) { return la.query(sql).Fields("n").number(); }
-    int Contactos() { return Numero(u"SELECT count(*) AS n FROM tbllista"_s); }
+    int Contactos() { return Linhas(u"tbllista"_s); }
     int Nomes() { return Numero(u"SELECT count(DISTINCT nome) AS n FROM tbllista"_s); }
+    int Linhas(const QString &tabela) { return Numero(u"SELECT count(*) AS n FROM "_s + tabela); }
     int Chaves() { return Numero(u"SELECT count(*) AS n FROM gravacoes WHERE quando > now()"_s); }
 
     BaseDeEnsaio base;
@@ -140,6 +143,40 @@ bool Fundir(Posto &p, const Antiga &antiga, const Passo &quando, const std::func
     return feito && fusao.Completa();
 }
 
+const QStringList as_tres{u"tbllista"_s, u"tbltarefas"_s, u"tblmemos"_s};
+
+// The form with a text of that many contacts, as it is shown: the last two are alike.
+struct Texto {
+    Texto(Posto &p, int registos) : janela(p.s.geral, p.s.plataforma)
+    {
+        janela.Carregar();
+        form.emplace(p.s.geral, p.s.plataforma, *janela.findChild<Intercambio *>(), janela);
+        const QString vazio = u"¦¶æÞ¢§Æ¿¡ÿ±ßøµ¤"_s;
+        for (int i = 0; i < registos; ++i)
+            form->ListaMorvex43->AddItem(u"N%1¥"_s.arg(std::min(i, registos - 2)) + vazio);
+        form->show();
+    }
+    // Stores it, over a network that goes away in the middle.
+    void Cortar(Posto &p, Escritorio &e)
+    {
+        p.s.caixas.Espera_Qualquer(48, form->windowTitle());
+        std::thread corte([&] {
+            ServerSession outra(e.base.Da_Dona());
+            const auto quantos = [&] {
+                return outra.query(u"SELECT count(*) AS n FROM tbllista"_s).Fields("n").number();
+            };
+            for (int vezes = 0; quantos() < 300 && vezes < 20000; ++vezes)
+                std::this_thread::sleep_for(milliseconds(1));
+            e.rede.modo = Intermediario::Recusa;
+        });
+        form->cmdSeguinte->click();
+        corte.join();
+    }
+
+    Main janela;
+    std::optional<frmImportar2> form;
+};
+
 QByteArray Cartoes(int quantos)
 {
     QByteArray livro;
@@ -166,25 +203,11 @@ private Q_SLOTS:
         constexpr int registos = 4500;
         Escritorio e;
         Posto p(e);
-        Main janela(p.s.geral, p.s.plataforma);
-        janela.Carregar();
-        frmImportar2 form(p.s.geral, p.s.plataforma, *janela.findChild<Intercambio *>(), janela);
-        const QString vazio = u"¦¶æÞ¢§Æ¿¡ÿ±ßøµ¤"_s;
-        for (int i = 0; i < registos; ++i) // and one that stands there twice
-            form.ListaMorvex43->AddItem(u"N%1¥"_s.arg(std::min(i, registos - 2)) + vazio);
-        form.show();
-        p.s.caixas.Espera_Qualquer(48, form.windowTitle());
-        std::thread corte([&] {
-            ServerSession outra(e.base.Da_Dona());
-            const auto quantos = [&] {
-                return outra.query(u"SELECT count(*) AS n FROM tbllista"_s).Fields("n").number();
-            };
-            for (int vezes = 0; quantos() < 300 && vezes < 20000; ++vezes)
-                std::this_thread::sleep_for(milliseconds(1));
-            e.rede.modo = Intermediario::Recusa;
-        });
-        form.cmdSeguinte->click();
-        corte.join();
+        Texto texto(p, registos);
+        texto.Cortar(p, e);
+        QVERIFY(texto.form->isVisible());
+        QVERIFY(!p.s.processo.Terminou());
+        QVERIFY(p.Volta()); // what was on its way has come or never will
         const int ficaram = e.Contactos();
         QVERIFY2(ficaram >= 300 && ficaram < registos, QByteArray::number(ficaram));
         QCOMPARE(e.Chaves(), ficaram);
@@ -198,13 +221,74 @@ private Q_SLOTS:
         else
             QVERIFY2(contagem.captured(2).toInt() <= ficaram,
                      qPrintable(dito)); // its answer was lost as well
-        QVERIFY(form.isVisible());
-        QVERIFY(!p.s.processo.Terminou());
-        QVERIFY(p.Volta());
-        form.cmdSeguinte->click();
-        QVERIFY(!form.isVisible());
+        texto.form->cmdSeguinte->click();
+        QVERIFY(!texto.form->isVisible());
         QCOMPARE(e.Contactos(), registos);
         QCOMPARE(e.Nomes(), registos - 1);
+        QCOMPARE(e.Chaves(), 0);
+    }
+
+    // Who deletes what came wants it once more; what was changed has come, and so has what was brought back.
+    void do_que_veio_de_um_texto_o_eliminado_vem_outra_vez()
+    {
+        constexpr int registos = 4500;
+        Escritorio e;
+        Posto p(e);
+        Texto texto(p, registos);
+        texto.Cortar(p, e);
+        QVERIFY(e.Contactos() < registos);
+        e.la.run(u"DELETE FROM tbllista WHERE id IN (SELECT id FROM tbllista ORDER BY id LIMIT 100)"_s);
+        e.la.run(u"UPDATE tbllista SET nome = 'mudado' WHERE id = (SELECT min(id) FROM tbllista)"_s);
+        e.la.run(u"CREATE TABLE guardada AS SELECT * FROM tbllista ORDER BY id DESC LIMIT 1; DELETE FROM tbllista "
+                 "WHERE id IN (SELECT id FROM guardada); INSERT INTO tbllista SELECT * FROM guardada"_s);
+        QVERIFY(p.Volta());
+        texto.form->cmdSeguinte->click();
+        QVERIFY(!texto.form->isVisible());
+        QCOMPARE(e.Contactos(), registos);
+        QCOMPARE(e.Nomes(), registos - 1); // the name that was changed stands for the old one
+        QCOMPARE(e.Numero(u"SELECT count(*) AS n FROM tbllista WHERE nome = 'N0'"_s), 1);
+        QCOMPARE(e.Numero(u"SELECT count(*) AS n FROM tbllista WHERE nome = 'mudado'"_s), 1);
+        QCOMPARE(e.Chaves(), 0);
+    }
+
+    void para_outro_grupo_um_texto_cortado_vem_todo()
+    {
+        constexpr int registos = 4500;
+        Escritorio e;
+        e.la.run(u"INSERT INTO tblgrupos (nomegrupo) VALUES ('ZZ')"_s);
+        Posto p(e);
+        Texto texto(p, registos);
+        texto.Cortar(p, e);
+        QVERIFY(p.Volta());
+        const int ficaram = e.Contactos();
+        ComboBox &grupos = *texto.form->ComboGrupos;
+        grupos.setListIndex(grupos.ListCount() - 1);
+        QCOMPARE(grupos.currentText(), u"ZZ"_s);
+        texto.form->cmdSeguinte->click();
+        QCOMPARE(e.Contactos(), ficaram + registos);
+        QCOMPARE(e.Numero(u"SELECT count(*) AS n FROM tbllista JOIN tblgrupos g ON g.id = grupo "
+                          "WHERE nomegrupo = 'ZZ'"_s),
+                 registos);
+    }
+
+    void de_uma_fusao_cortada_o_eliminado_vem_outra_vez()
+    {
+        Escritorio e;
+        const Antiga antiga;
+        {
+            Posto p(e);
+            QVERIFY(!Fundir(p, antiga, {2, 55}, [&] { e.rede.modo = Intermediario::Recusa; }));
+        }
+        e.rede.modo = Intermediario::Passa;
+        for (const QString &tabela : as_tres) {
+            QVERIFY(e.Linhas(tabela) > 50);
+            e.la.run(u"DELETE FROM %1 WHERE id IN (SELECT id FROM %1 ORDER BY id LIMIT 50)"_s.arg(tabela));
+        }
+        Posto p(e);
+        QVERIFY(Fundir(p, antiga, {}, {}));
+        for (const QString &tabela : as_tres)
+            QCOMPARE(e.Linhas(tabela), Antiga::linhas);
+        QCOMPARE(e.Nomes(), Antiga::linhas);
         QCOMPARE(e.Chaves(), 0);
     }
 
@@ -231,8 +315,7 @@ private Q_SLOTS:
                             [&] { e.rede.modo = static_cast<Intermediario::Modo>(modo); }));
         }
         e.rede.modo = Intermediario::Passa;
-        const QStringList tabelas{u"tbllista"_s, u"tbltarefas"_s, u"tblmemos"_s};
-        const int ficaram = e.Numero(u"SELECT count(*) AS n FROM "_s + tabelas[passagem]);
+        const int ficaram = e.Linhas(as_tres[passagem]);
         QVERIFY2(ficaram > 0 && ficaram < Antiga::linhas, QByteArray::number(ficaram));
         {
             Posto p(e); // the program has ended meanwhile
@@ -242,8 +325,8 @@ private Q_SLOTS:
                 QCOMPARE(contagem.Guardados, Antiga::linhas);
         }
         QCOMPARE(e.Nomes(), Antiga::linhas);
-        for (const QString &tabela : tabelas)
-            QCOMPARE(e.Numero(u"SELECT count(*) AS n FROM "_s + tabela), Antiga::linhas);
+        for (const QString &tabela : as_tres)
+            QCOMPARE(e.Linhas(tabela), Antiga::linhas);
         QCOMPARE(
             e.Numero(
                 u"SELECT count(*) AS n FROM tblcartoes JOIN tbllista ON id = idcontacto WHERE uid = telefone1"_s),

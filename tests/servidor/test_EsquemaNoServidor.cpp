@@ -252,6 +252,34 @@ private Q_SLOTS:
         }
     }
 
+    // Of each table by itself, for their numbers are alike.
+    void uma_chave_vale_enquanto_a_sua_linha_esta_de_pe()
+    {
+        const auto chaves = [&] {
+            QStringList ultimas;
+            for (Recordset rs = posto_->query(u"SELECT right(c::text, 1) FROM morvex_chaves_de_pe() c ORDER BY 1"_s);
+                 !rs.Eof(); rs.MoveNext())
+                ultimas << rs.Row().constFirst();
+            return ultimas.join(u' ');
+        };
+        const QString chave = u"INSERT INTO gravacoes (chave, quando, tabela, linha) VALUES "
+                              "('00000000-0000-0000-0000-00000000000%1', now() + interval '%2', '%3', %4)"_s;
+        posto_->run(u"INSERT INTO gravacoes (chave) VALUES ('00000000-0000-0000-0000-000000000000')"_s); // no row's
+        Novo(*posto_); // 1
+        Novo(*posto_);
+        posto_->run(u"INSERT INTO TblMemos (Utilizador) VALUES (1)"_s);
+        posto_->run(chave.arg(u"1"_s, u"30 days"_s, u"tbllista"_s, u"1"_s));
+        posto_->run(chave.arg(u"2"_s, u"1 minute"_s, u"tbllista"_s, u"2"_s));
+        posto_->run(chave.arg(u"3"_s, u"-1 minute"_s, u"tbllista"_s, u"2"_s));
+        posto_->run(chave.arg(u"4"_s, u"30 days"_s, u"tblmemos"_s, u"1"_s));
+        QCOMPARE(chaves(), u"1 2 4"_s);
+        posto_->run(u"DELETE FROM TblLista WHERE ID = 1"_s);
+        QCOMPARE(chaves(), u"2 4"_s);
+        posto_->run(u"DELETE FROM TblMemos"_s);
+        QCOMPARE(chaves(), u"2"_s);
+        QCOMPARE(Numero(*posto_, u"SELECT count(*) FROM gravacoes"_s), 2);
+    }
+
     void o_posto_pode_o_que_precisa_e_nada_mais()
     {
         posto_->run(
@@ -329,6 +357,19 @@ private Q_SLOTS:
         QCOMPARE(acerto.textos, 0);
         QVERIFY(!acerto.ordem);
         QCOMPARE(Novo(*posto_), 2);
+    }
+
+    void por_em_dia_da_as_chaves_a_sua_linha()
+    {
+        dona_->run(u"DROP FUNCTION morvex_chaves_de_pe(); ALTER TABLE gravacoes DROP COLUMN tabela, "
+                   "DROP COLUMN linha; UPDATE morvex_esquema SET numero = 3"_s);
+        posto_->run(u"INSERT INTO gravacoes (chave) VALUES ('00000000-0000-0000-0000-000000000001')"_s);
+        dona_->together([&] { base_no_servidor::Por_Em_Dia(*dona_, u"morvex"_s); });
+        QCOMPARE(base_no_servidor::Numero(*dona_), 4);
+        posto_->run(u"INSERT INTO gravacoes (chave, tabela, linha) VALUES "
+                    "('00000000-0000-0000-0000-000000000002', 'tbllista', 7)"_s);
+        QVERIFY(posto_->query(u"SELECT morvex_chaves_de_pe()"_s).Eof());
+        QCOMPARE(Numero(*posto_, u"SELECT count(*) FROM gravacoes"_s), 1);
     }
 
     void por_em_dia_traz_as_tabelas_de_cada_passo()

@@ -107,6 +107,20 @@ private Q_SLOTS:
         forget();
         QVERIFY(base_->Numero(u"SELECT count(*) FROM gravacoes"_s) > 0); // those of others stay
     }
+    void a_key_is_gone_with_its_row_and_free_again()
+    {
+        const QUuid gone = QUuid::createUuid();
+        const QUuid changed = QUuid::createUuid();
+        store_->executeKeyed(insert_, {u"Ana"_s, qint64{0}}, gone);
+        store_->executeKeyed(insert_, {u"Rui"_s, qint64{0}}, changed);
+        store_->execute(u"UPDATE T SET Nome = 'Ruy' WHERE Nome = 'Rui'"_s, {});
+        store_->execute(u"DELETE FROM T WHERE Nome = 'Ana'"_s, {});
+        Inserir(u"Eva"_s); // behind it, with no key
+        QCOMPARE(store_->keys(), QSet<QUuid>{changed});
+        store_->executeKeyed(insert_, {u"Ana"_s, qint64{0}}, gone);
+        QCOMPARE(store_->keys(), (QSet<QUuid>{changed, gone}));
+        QCOMPARE(Nomes(), u"Ruy,Eva,Ana"_s);
+    }
     void keys_are_kept_for_a_month()
     {
         store_->executeKeyed(insert_, {u"Rui"_s, qint64{0}}, QUuid::createUuid());

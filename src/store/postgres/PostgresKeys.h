@@ -26,14 +26,17 @@ inline const QString waitForLocks = QStringLiteral("SELECT set_config('lock_time
 // A row where that key is there.
 inline const QString findKey = QStringLiteral("SELECT 1 FROM gravacoes WHERE chave = $1::uuid");
 
-// Goes ahead of an insert and is one statement with it, so that neither is there without the other. The
-// number of the parameter stands between the two.
-inline const QString keepForLong =
-    QStringLiteral("WITH morvex_chave AS (INSERT INTO gravacoes (chave, quando) VALUES ($");
-inline const QString keptForLong = QStringLiteral("::uuid, now() + interval '30 days')) ");
-// All other keys are of the past.
-inline const QString findLongKept =
-    QStringLiteral("SELECT chave::text AS key FROM gravacoes WHERE quando > now()");
+// An insert and its key in one statement, so that neither is there without the other. The key knows the row, whose
+// number is never given to another one: it counts while that row stands.
+inline QString keepForLong(const QString &insert, std::size_t parameter)
+{
+    return QStringLiteral("WITH morvex_linha AS (%1 RETURNING tableoid, id) INSERT INTO gravacoes (chave, quando, tabela, "
+                          "linha) SELECT $%2::uuid, now() + interval '30 days', (SELECT relname FROM pg_catalog.pg_class "
+                          "WHERE oid = morvex_linha.tableoid), id FROM morvex_linha")
+        .arg(insert, QString::number(parameter));
+}
+// Those of rows that stand. The others are gone when this has answered.
+inline const QString findLongKept = QStringLiteral("SELECT morvex_chaves_de_pe()::text AS key");
 inline const QString dropKeys =
     QStringLiteral("DELETE FROM gravacoes WHERE chave = ANY (string_to_array($1, ',')::uuid[])");
 

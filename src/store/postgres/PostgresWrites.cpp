@@ -12,7 +12,6 @@ namespace
 constexpr std::size_t longestPortion = 300;               // writes in one transaction
 constexpr qsizetype heaviestPortion = qsizetype{4} << 20; // bytes
 
-
 qsizetype weightOf(const std::vector<StoreValue> &values)
 {
     qsizetype weight = 0;
@@ -57,8 +56,7 @@ void PostgresStore::executeKeyed(const QString &sql, Values values, const QUuid 
     if (isFull()) flush();
     PostgresCommand command = said(sql, std::move(values));
     command.values.emplace_back(key.toString(QUuid::WithoutBraces));
-    command.sql =
-        postgres::keepForLong + QString::number(command.values.size()) + postgres::keptForLong + command.sql;
+    command.sql = postgres::keepForLong(command.sql, command.values.size());
     sendOrGather({sql, std::move(command)});
 }
 
