@@ -71,38 +71,45 @@ void DesfazerEliminacao::Eliminar_Grupo(const QString &ID, const QString &destin
     Guardar([&] { return Retrato_Do_Grupo(geral_, ID, destino); }, eliminar);
 }
 
-// In one transaction, so that nothing goes unseen. What can't be read can still be deleted.
+// What can't be read can still be deleted.
 void DesfazerEliminacao::Guardar(const std::function<Eliminacao()> &retrato,
                                  const std::function<void()> &eliminar)
 {
-    Eliminacao eliminacao;
-    geral_.de.Tudo_Ou_Nada([&] {
+    Fazer([&](Eliminacao &eliminacao) {
         skipFailure([&] { eliminacao = retrato(); });
         eliminar();
     });
-    const bool nada = eliminacao.vai_o_grupo ? !eliminacao.grupo : eliminacao.contactos.empty();
-    if (nada) return; // somebody else was first
-    Apontar(std::move(eliminacao));
 }
 
 // Two contacts are not made one unless they can be made two again.
 void DesfazerEliminacao::Juntar_Contactos(const QString &IDQueFica, const QString &IDQueVai,
                                           const std::function<void()> &juntar)
 {
-    Eliminacao eliminacao;
-    geral_.de.Tudo_Ou_Nada([&] {
+    Fazer([&](Eliminacao &eliminacao) {
         eliminacao = Retrato_Do_Contacto(geral_, IDQueVai);
         Juncao juncao = Antes_De_Juntar(geral_.de, IDQueFica);
         juntar();
         Depois_De_Juntar(geral_.de, juncao);
         eliminacao.juncao = std::move(juncao);
     });
-    Apontar(std::move(eliminacao));
 }
 
-void DesfazerEliminacao::Apontar(Eliminacao eliminacao)
+// In one transaction, so that nothing goes unseen. One whose answer was lost is kept until it is known whether
+// there is anything to bring back.
+void DesfazerEliminacao::Fazer(const std::function<void(Eliminacao &)> &trabalho)
 {
-    pilha_.push_back(std::move(eliminacao));
+    const auto feita = pilha_.emplace(pilha_.end(), geral_.de);
+    try {
+        feita->eliminar.Correr([&] { trabalho(feita->eliminacao); });
+    } catch (...) {
+        if (feita->Sem_Nada() || !feita->eliminar.Em_Duvida()) pilha_.erase(feita);
+        Permitir();
+        throw;
+    }
+    if (feita->Sem_Nada()) { // somebody else was first
+        pilha_.erase(feita);
+        return;
+    }
     Permitir();
     Q_EMIT Eliminado();
 }
@@ -110,8 +117,9 @@ void DesfazerEliminacao::Apontar(Eliminacao eliminacao)
 // Of the user at the keyboard: nobody brings back another's.
 DesfazerEliminacao::Pilha::iterator DesfazerEliminacao::Ultima()
 {
-    const auto sua = std::find_if(pilha_.rbegin(), pilha_.rend(), [this](const Eliminacao &e) {
-        return e.IdUtilizador == geral_.SessaoActual.IdUtilizador;
+    pilha_.remove_if([](const Feita &feita) { return feita.eliminar.Nao_Chegou(); });
+    const auto sua = std::find_if(pilha_.rbegin(), pilha_.rend(), [this](const Feita &feita) {
+        return feita.eliminacao.IdUtilizador == geral_.SessaoActual.IdUtilizador;
     });
     return sua == pilha_.rend() ? pilha_.end() : std::prev(sua.base());
 }
@@ -122,7 +130,7 @@ void DesfazerEliminacao::Permitir() { janela_.DesfazerEliminar->setEnabled(Ultim
 void DesfazerEliminacao::DesfazerEliminar_Click()
 {
     const auto ultima = Ultima();
-    if (ultima == pilha_.end() || !Pode_Desfazer(*ultima)) return Permitir();
+    if (ultima == pilha_.end() || !Pode_Desfazer(ultima->eliminacao)) return Permitir();
     const auto reposto = Trazer(*ultima);
     if (!reposto) return;
     pilha_.erase(ultima);
@@ -137,15 +145,15 @@ bool DesfazerEliminacao::Pode_Desfazer(const Eliminacao &eliminacao)
     return Tem_Direito(eliminacao.vai_o_grupo ? sessao.Grupos : sessao.Eliminar, geral_, platform_, &janela_);
 }
 
-std::optional<Reposto> DesfazerEliminacao::Trazer(const Eliminacao &eliminacao)
+std::optional<Reposto> DesfazerEliminacao::Trazer(Feita &feita)
 {
     try {
         try {
-            return Repor(geral_, eliminacao, Numero::OMesmo);
+            return Repor(geral_, feita.eliminacao, Numero::OMesmo, feita.repor);
         } catch (const NumeroOcupado &) {
             if (Dizer(numero_ocupado, box::question | box::yesNo) != answer::yes) return std::nullopt;
         }
-        return Repor(geral_, eliminacao, Numero::NovoOndeOcupado);
+        return Repor(geral_, feita.eliminacao, Numero::NovoOndeOcupado, feita.repor);
     } catch (const SemGrupo &) {
         Dizer(sem_grupo, box::stop);
         return std::nullopt;

@@ -7,8 +7,8 @@
 #include "platform/Translations.h"
 
 #include <functional>
+#include <list>
 #include <QObject>
-#include <vector>
 
 class Janela;
 class ListaContactos;
@@ -35,16 +35,28 @@ Q_SIGNALS:
     void Eliminado();
 
 private:
-    using Pilha = std::vector<Eliminacao>;
+    // One deletion, and the two writes of it that a lost server may leave in doubt.
+    struct Feita {
+        explicit Feita(DE &de) : eliminar(de), repor(de) {}
+        bool Sem_Nada() const
+        {
+            return eliminacao.vai_o_grupo ? !eliminacao.grupo : eliminacao.contactos.empty();
+        }
+
+        Eliminacao eliminacao;
+        FeitoPorSaber eliminar;
+        Tentativa repor;
+    };
+    using Pilha = std::list<Feita>;
 
     void DesfazerEliminar_Click();
 
     void Guardar(const std::function<Eliminacao()> &retrato, const std::function<void()> &eliminar);
-    void Apontar(Eliminacao eliminacao);
+    void Fazer(const std::function<void(Eliminacao &)> &trabalho);
     Pilha::iterator Ultima();
     void Permitir();
     bool Pode_Desfazer(const Eliminacao &eliminacao);
-    std::optional<Reposto> Trazer(const Eliminacao &eliminacao);
+    std::optional<Reposto> Trazer(Feita &feita);
     void Mostrar(const Reposto &reposto);
     void Avisar(const Reposto &reposto);
     int Dizer(const Translations &palavras, int flags, const QStringList &nomes = {});

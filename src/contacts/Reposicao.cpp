@@ -185,12 +185,11 @@ void Depois_De_Juntar(DE &de, Juncao &juncao)
     juncao.veio_o_cartao = juncao.veio_o_cartao && CartoesGuardados(de).Ler(ID).has_value();
 }
 
-Reposto Repor(Geral &geral, const Eliminacao &eliminacao, Numero numero)
+Reposto Repor(Geral &geral, const Eliminacao &eliminacao, Numero numero, Tentativa &tentativa)
 {
-    Reposto reposto;
-    geral.de.Tudo_Ou_Nada([&] {
-        reposto = eliminacao.vai_o_grupo ? Repor_Grupo(geral.de, eliminacao, numero)
-                                         : Repor_Contacto(geral, eliminacao, numero);
+    tentativa.escrita.Correr([&] {
+        tentativa.reposto = eliminacao.vai_o_grupo ? Repor_Grupo(geral.de, eliminacao, numero)
+                                                   : Repor_Contacto(geral, eliminacao, numero);
     });
-    return reposto;
+    return tentativa.reposto;
 }

@@ -1,6 +1,7 @@
 // Putting back what a deletion took: the rows as they were, with their IDs, or nothing at all.
 #pragma once
 
+#include "data/FeitoPorSaber.h"
 #include "data/LinhaInteira.h"
 
 #include <exception>
@@ -47,6 +48,14 @@ struct Reposto {
     bool ficou_junto = false; // the contact that took it in was changed since, and stays as it is
 };
 
+// The putting back of one deletion, over which a server may go away: what was done is not done again by another try.
+struct Tentativa {
+    explicit Tentativa(DE &de) : escrita(de) {}
+
+    FeitoPorSaber escrita;
+    Reposto reposto; // by the last one
+};
+
 // The ID belongs to another row now.
 struct NumeroOcupado : std::exception {
 };
@@ -61,4 +70,4 @@ enum class Numero {
 
 // All of it or nothing. A row that somebody else has put back already stays as it is. Raises Failure where
 // the database refuses, and the two above.
-Reposto Repor(Geral &geral, const Eliminacao &eliminacao, Numero numero);
+Reposto Repor(Geral &geral, const Eliminacao &eliminacao, Numero numero, Tentativa &tentativa);

@@ -8,6 +8,11 @@ bool FeitoPorSaber::Em_Duvida() const
     return destino == Fate::Arrived || destino == Fate::Unknown;
 }
 
+bool FeitoPorSaber::Nao_Chegou() const
+{
+    return de_.Destino_Da_Escrita(perdida_) == Fate::NotArrived;
+}
+
 // While nobody knows, the server is away, and the work is refused at once.
 void FeitoPorSaber::Correr(const std::function<void()> &trabalho)
 {

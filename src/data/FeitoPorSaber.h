@@ -16,6 +16,8 @@ public:
 
     // Whether one was done, or may have been, though Correr() raised.
     bool Em_Duvida() const;
+    // Whether it has turned out that nothing was done.
+    bool Nao_Chegou() const;
 
 private:
     DE &de_;

@@ -1,5 +1,7 @@
-// A new task, group, user, account or note whose answer the server did not give: confirmed once more it is
-// there once, with what was written since.
+// What the server has done without giving its answer. A new task, group, user, account or note, confirmed once more, is
+// there once, with what was written since; a deletion can be undone, and is undone once.
+#include "cards/LinhaDaAgenda.h"
+#include "contacts/DesfazerEliminacao.h"
 #include "contacts/frmAddEdit.h"
 #include "contacts/frmNovoGrupo.h"
 #include "data/Codificar_Pass.h"
@@ -47,6 +49,23 @@ frmMemo *Nota(const QString &titulo)
         if (nota->lblTitle->text() == titulo) return nota;
     return nullptr;
 }
+
+// The contact in that row of the list is deleted, and the server goes away over it.
+void Eliminar_Sem_Resposta(Posto &p, int linha)
+{
+    p.lista.setListIndex(linha);
+    p.s.caixas.Espera(u"*"_s, box::question | box::yesNo, p.janela.windowTitle(), answer::yes);
+    QTest::mouseClick(p.janela.cmdEliminar, Qt::LeftButton);
+    QVERIFY(p.s.caixas.Todas_Vistas());
+}
+void Desfazer(Posto &p)
+{
+    QVERIFY(p.janela.DesfazerEliminar->isEnabled());
+    QTest::keyClick(&p.lista, Qt::Key_Z, Qt::ControlModifier);
+    QVERIFY(p.s.caixas.Todas_Vistas());
+}
+QStringList Contactos(Posto &p) { return p.s.Linhas(u"SELECT * FROM TblLista ORDER BY ID"_s); }
+
 QStringList Textos(Posto &p)
 {
     return p.s.Linhas(u"SELECT Descricao FROM TblMemos WHERE Titulo='Compras'"_s);
@@ -182,6 +201,81 @@ private Q_SLOTS:
         nota->txtMemo->setPlainText(u"leite e pão"_s);
         p.servidor.Voltar();
         QCOMPARE(Textos(p), QStringList{u"leite e pão"_s});
+    }
+
+    void uma_eliminacao_sem_resposta_desfaz_se()
+    {
+        Posto p;
+        const QStringList antes = Contactos(p);
+        p.servidor.Perder_A_Proxima_Resposta();
+        Eliminar_Sem_Resposta(p, 3);
+        QCOMPARE(Contactos(p).size(), antes.size() - 1);
+        p.servidor.Voltar();
+        Desfazer(p);
+        QCOMPARE(Contactos(p), antes);
+        QVERIFY(!p.janela.DesfazerEliminar->isEnabled());
+    }
+
+    void de_uma_eliminacao_que_nao_chegou_nao_ha_nada_para_desfazer()
+    {
+        Posto p;
+        const QStringList antes = Contactos(p);
+        p.lista.setListIndex(8);
+        p.s.caixas.Espera(u"*"_s, box::question | box::yesNo, p.janela.windowTitle(), answer::yes);
+        p.janela.cmdEliminar->click();
+        p.servidor.Perder_A_Proxima_Escrita();
+        Eliminar_Sem_Resposta(p, 3);
+        p.servidor.Voltar();
+        Desfazer(p); // the one before it
+        QCOMPARE(Contactos(p), antes);
+        QVERIFY(!p.janela.DesfazerEliminar->isEnabled());
+    }
+
+    // Under a new number nobody would know it again.
+    void uma_eliminacao_desfeita_sem_resposta_desfaz_se_uma_vez()
+    {
+        Posto p;
+        p.lista.setListIndex(3);
+        const int id = p.lista.ItemData(3);
+        p.s.caixas.Espera(u"*"_s, box::question | box::yesNo, p.janela.windowTitle(), answer::yes);
+        p.janela.cmdEliminar->click();
+        p.s.Escrever(u"INSERT INTO TblLista (ID, Nome, Grupo) VALUES (%1, 'Intruso', 1)"_s.arg(id));
+        p.s.caixas.Espera(u"*"_s, box::question | box::yesNo, p.janela.windowTitle(), answer::yes);
+        p.servidor.Perder_A_Proxima_Resposta();
+        Desfazer(p);
+        p.servidor.Voltar();
+        Desfazer(p); // and nothing is asked
+        QCOMPARE(p.s.Linhas(u"SELECT count(*) FROM TblLista WHERE Nome = 'Nome 13'"_s), QStringList{u"1"_s});
+        QCOMPARE(p.lista.List(p.lista.ListIndex()), u"Nome 13"_s);
+        QVERIFY(!p.janela.DesfazerEliminar->isEnabled());
+    }
+
+    // The one that stays is as it was, and nobody says that it was changed since.
+    void dois_juntos_sem_resposta_separam_se_uma_vez_e_sem_resposta()
+    {
+        Posto p;
+        const QStringList antes = Contactos(p);
+        const QString fica = QString::number(p.ids[0]);
+        const QString vai = QString::number(p.ids[1]);
+        auto &desfazer = *p.janela.findChild<DesfazerEliminacao *>();
+        p.servidor.Perder_A_Proxima_Resposta();
+        LinhaDaAgenda mudada;
+        mudada.colunas[Coluna::Nome] = u"Os dois"_s;
+        mudada.colunas[Coluna::IDGrupo] = u"1"_s;
+        QVERIFY(!skipFailure([&] {
+            desfazer.Juntar_Contactos(fica, vai, [&] {
+                linha_da_agenda::Escrever(p.s.geral.de, fica, mudada);
+                p.s.geral.de.Executar("cmdEliminarNome", {vai});
+            });
+        }));
+        QVERIFY(!Contactos(p).contains(antes[0]));
+        QVERIFY(!Contactos(p).contains(antes[1]));
+        p.servidor.Voltar();
+        p.servidor.Perder_A_Proxima_Resposta();
+        Desfazer(p);
+        p.servidor.Voltar();
+        Desfazer(p);
+        QCOMPARE(Contactos(p), antes);
     }
 
     // Deleting what may be there has to wait for the server, or it comes back at the next start.
