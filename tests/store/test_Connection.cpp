@@ -585,6 +585,13 @@ private Q_SLOTS:
         connection_.copyTo(copia);
         QCOMPARE(ditos, QList<int>{100});
         QVERIFY(QFile::remove(ficheiro));
+        compactDatabase(path_, ficheiro);
+        Connection inteira;
+        inteira.setDataSource(ficheiro);
+        inteira.Open();
+        QCOMPARE(inteira.query(u"SELECT * FROM T"_s, {}).RecordCount(), 3);
+        inteira.Close();
+        QVERIFY(QFile::remove(ficheiro));
     }
 
     void um_ficheiro_copia_se_por_cima_de_outro_e_conhece_se_pelas_suas_moradas()
