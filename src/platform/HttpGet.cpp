@@ -10,7 +10,7 @@ constexpr auto timeLimit = 15s;
 constexpr qsizetype sizeLimit = qsizetype{64} * 1024;
 } // namespace
 
-HttpGet::HttpGet(QObject *parent) : QObject(parent)
+HttpGet::HttpGet(QObject *parent) : QObject(parent), limit_(this)
 {
     limit_.setSingleShot(true);
     connect(&limit_, &QTimer::timeout, this, [this] { finish({}); });
@@ -39,7 +39,7 @@ void HttpGet::read()
 {
     const bool first = answer_.isEmpty();
     answer_ += socket_.readAll();
-    if (first && !answer_.isEmpty()) Q_EMIT answered();
+    if (first) Q_EMIT answered();
     if (answer_.size() > sizeLimit) finish({});
 }
 

@@ -23,7 +23,6 @@ void compactDatabase(const QString &source, const QString &copy)
     Connection connection;
     openExisting(connection, source);
     connection.execute(u"VACUUM INTO ?"_s, {copy});
-    connection.Close();
 
     openExisting(connection, copy);
     const QString verdict =

@@ -35,7 +35,7 @@ QByteArray wideCharset(const QByteArray &named)
     if (named.isEmpty()) return {};
     // With an end of its own, which a piece of the file has not: the decoder's maker wants one.
     QByteArray name = QByteArrayView(named).trimmed().toByteArray().toLower();
-    if (name == "utf-8" || name == "utf8" || name.isEmpty()) return {};
+    if (name == "utf-8" || name == "utf8") return {};
     if (name == "iso-8859-1" || name == "latin1" || name == "us-ascii" || name == "ascii" || name == "ansi")
         return usualCardCharset;
     return name;

@@ -57,6 +57,34 @@ private Q_SLOTS:
         QCOMPARE(o.Ficheiros(), (QStringList{u"morvex.mdb"_s, u"textos.tsv"_s}));
     }
 
+    void com_outros_argumentos_diz_como_se_chama_e_nada_faz()
+    {
+        for (const QStringList &argumentos : {QStringList(), QStringList{u"a"_s, u"b"_s},
+                                              QStringList{u"a"_s, u"b"_s, u"c.mdb"_s, u"d"_s}}) {
+            QTemporaryDir pasta;
+            QProcess criar;
+            criar.setWorkingDirectory(pasta.path());
+            criar.start(qEnvironmentVariable("MORVEX_ENVIADOS") + u"/criar_bd"_s, argumentos);
+            QVERIFY(criar.waitForFinished());
+            QCOMPARE(criar.exitCode(), 2);
+            QCOMPARE(criar.readAllStandardError(), "usage: criar_bd <TblIdiomas.tsv> <version> <morvex.mdb>\n");
+            QVERIFY(QDir(pasta.path()).isEmpty());
+        }
+    }
+
+    void a_falha_di_se_com_o_nome_do_programa()
+    {
+        QTemporaryDir pasta;
+        QProcess criar;
+        criar.start(qEnvironmentVariable("MORVEX_ENVIADOS") + u"/criar_bd"_s,
+                    {u"nenhuns.tsv"_s, u"1.0"_s, pasta.filePath(u"morvex.mdb"_s)});
+        QVERIFY(criar.waitForFinished());
+        QCOMPARE(criar.exitCode(), 1);
+        const QByteArray dito = criar.readAllStandardError();
+        QVERIFY2(dito.startsWith("criar_bd: ") && dito.contains("nenhuns.tsv"), dito.constData());
+        QVERIFY(QDir(pasta.path()).isEmpty());
+    }
+
     void uma_tabela_de_textos_errada_deixa_a_antiga_como_estava()
     {
         Oficina o;

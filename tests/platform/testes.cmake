@@ -9,6 +9,7 @@ foreach(teste IN ITEMS
     test_Dialogs
     test_ErrorText
     test_FreeMemory
+    test_HttpGet
     test_IniFile
     test_MailProgram
     test_MessageBoxes

@@ -272,12 +272,13 @@ private Q_SLOTS:
     void um_parametro_com_dois_algarismos_acha_se_tambem_por_um_so()
     {
         if (!Ha_Leitor()) QSKIP("there is no pdftotext");
-        for (const auto &mes : {u"05"_s, u"5"_s, u"6"_s, u"Maio"_s, u"13"_s})
+        for (const auto &mes : {u"05"_s, u"5"_s, u"6"_s, u"Maio"_s, u"13"_s, u"0"_s, u"1"_s, u"9"_s, u"x"_s})
             Juntar(mes, {});
         const QString faixa = u"<detail newpage='yes'><row height='1000'><text width='9000' height='300'>"
-                              "{?mes{T.Nome:00}} {T.Nome:00}</text></row></detail>"_s;
+                              "{?mes{T.Nome:00}}/{T.Nome:00}</text></row></detail>"_s;
         QCOMPARE(Texto_Das_Paginas(*Relatorio(faixa)),
-                 (QStringList{u"Maio 05"_s, u"Maio 05"_s, u"6 06"_s, u"Maio Maio"_s, u"13 13"_s}));
+                 (QStringList{u"Maio/05"_s, u"Maio/05"_s, u"6/06"_s, u"Maio/Maio"_s, u"13/13"_s, u"0/0"_s,
+                              u"1/01"_s, u"9/09"_s, u"x/x"_s}));
     }
 
     void datas_e_horas_leem_se_como_no_programa()

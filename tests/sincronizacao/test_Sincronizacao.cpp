@@ -958,6 +958,23 @@ private Q_SLOTS:
         QCOMPARE(m.servidor.pedidos, QStringList{});
     }
 
+    void o_progresso_comeca_sem_total_e_chega_ao_seu_fim()
+    {
+        Mesa m;
+        for (int i = 0; i < 3; ++i)
+            m.Contacto(u"Pessoa %1"_s.arg(i));
+        auto corrida = m.Nova();
+        bool acabou = false;
+        QList<std::pair<int, int>> ditos;
+        connect(corrida.get(), &Sincronizacao::Terminada, [&](const auto &) { acabou = true; });
+        connect(corrida.get(), &Sincronizacao::Progresso,
+                [&](int feitos, int de_quantos) { ditos << std::pair(feitos, de_quantos); });
+        corrida->Comecar();
+        QTRY_VERIFY(acabou);
+        QCOMPARE(ditos.value(0), std::pair(0, 0));
+        QCOMPARE(ditos.last(), std::pair(3, 3));
+    }
+
     void cancelar_acaba_logo_e_a_proxima_continua()
     {
         Mesa m;

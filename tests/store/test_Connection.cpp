@@ -1,4 +1,5 @@
 // The connection to a database file: what it opens, what it refuses, what it does to a statement.
+#include "store/CleanCopy.h"
 #include "store/Connection.h"
 #include "store/Row.h"
 #include "store/NewDatabase.h"
@@ -7,6 +8,7 @@
 
 #include <QFile>
 #include <QTemporaryDir>
+#include <thread>
 
 using namespace Qt::StringLiterals;
 
@@ -42,6 +44,36 @@ class TestConnection : public QObject
         outra.setConnectionString(Fonte(path_));
         outra.Open();
         if (!sql.isEmpty()) outra.execute(sql, {});
+    }
+    // What is said when that is asked: where it arose, what happened.
+    static QString Dito(const std::function<void()> &trabalho)
+    {
+        QString dito;
+        onFailure(trabalho, [&dito](const Failure &falha) { dito = falha.source() + u": "_s + falha.description(); });
+        return dito;
+    }
+    static FileCopy Copia(const QString &ficheiro)
+    {
+        FileCopy copia;
+        copia.file = ficheiro;
+        return copia;
+    }
+    // Whether that passes where somebody holds the file for a moment.
+    bool Espera_Um_Momento(const std::function<void()> &trabalho)
+    {
+        Connection outra;
+        Abrir_Outra(outra, u"BEGIN EXCLUSIVE"_s);
+        std::thread solta([&outra] {
+            QThread::msleep(300);
+            outra.execute(u"ROLLBACK"_s, {});
+        });
+        const bool passou = skipFailure(trabalho);
+        solta.join();
+        return passou;
+    }
+    bool Escrita_Espera_Um_Momento()
+    {
+        return Espera_Um_Momento([this] { connection_.execute(u"DELETE FROM T WHERE ID<0"_s, {}); });
     }
     void Criar_Tabela()
     {
@@ -109,9 +141,57 @@ private Q_SLOTS:
 
     void uma_ligacao_fechada_recusa_instrucoes()
     {
-        QCOMPARE(connection_.undone(), 0);
         VERIFICAR_FALHA(connection_.execute(u"DELETE FROM T"_s, {}), Failure::StoreError);
         VERIFICAR_FALHA(connection_.query(u"SELECT 1"_s, {}), Failure::StoreError);
+    }
+
+    void nada_esta_contado_antes_de_escrever_e_com_a_ligacao_fechada()
+    {
+        const auto verificar = [this] {
+            QCOMPARE(connection_.undone(), 0);
+            QCOMPARE(connection_.written(u"DELETE FROM T"_s), 0);
+            QCOMPARE(connection_.lostWrites(), 0);
+            QCOMPARE(connection_.fateOf(1), Fate::None);
+        };
+        verificar();
+        Criar_Tabela();
+        verificar();
+    }
+
+    void cada_recusa_diz_o_que_aconteceu()
+    {
+        QCOMPARE(Dito([this] { connection_.execute({}, {}); }), u"Connection: The connection is closed"_s);
+        connection_.setConnectionString(u"Provider=X"_s);
+        QCOMPARE(Dito([this] { connection_.Open(); }), u"Connection: The connection string is broken: Provider=X"_s);
+        connection_.setDataSource(path_);
+        QCOMPARE(Dito([this] { connection_.Open(); }), u"Connection: The database was not found: "_s + path_);
+        Escrever_Ficheiro({});
+        QCOMPARE(Dito([this] { connection_.Open(); }), u"Connection: The file is no database: "_s + path_);
+        QCOMPARE(Dito([this] { createDatabase(path_, {}); }), path_ + u": The file exists already: "_s + path_);
+        QVERIFY(QFile::remove(path_));
+        Criar_Tabela();
+        QCOMPARE(Dito([this] { connection_.query(u"SELECT ? + ?"_s, {qint64{1}}); }),
+                 u"Connection: 1 values for 2 parameters"_s);
+        QCOMPARE(Dito([this] { connection_.execute(u"SELECT 1"_s, {}); }),
+                 u"SELECT 1: A statement that should only write has rows"_s);
+        QCOMPARE(Dito([this] {
+                     connection_.rows(u"SELECT 1 AS N"_s, {}, [](const Row &linha) { linha.column("M"); });
+                 }),
+                 u"Row: No column named M"_s);
+        QCOMPARE(Dito([this] { connection_.query(u"SELECT wanted(1, 2)"_s, {}); }),
+                 u"SELECT wanted(1, 2): Nobody says what is wanted"_s);
+        QCOMPARE(Dito([this] { connection_.copyTo(Copia(path_)); }),
+                 path_ + u": The file exists already: "_s + path_);
+    }
+
+    void quem_tem_o_ficheiro_por_um_momento_espera_se()
+    {
+        Criar_Tabela();
+        QVERIFY(Escrita_Espera_Um_Momento());
+        Connection copia;
+        copia.setDataSource(path_);
+        QVERIFY(Espera_Um_Momento([&copia] { copia.OpenCopyInMemory(); }));
+        QVERIFY(Espera_Um_Momento([&copia] { copia.Open(); }));
     }
 
     void iguais_like_e_ordem_seguem_as_regras_do_texto()
@@ -297,6 +377,11 @@ private Q_SLOTS:
             const DiscoCheio cheio(static_cast<rlim_t>(QFileInfo(path_).size()));
             VERIFICAR_FALHA(connection_.tryWriting(), Failure::StoreError);
         }
+        {
+            constexpr int pouco = 30000; // room for a page or two is not enough
+            const DiscoCheio cheio(static_cast<rlim_t>(QFileInfo(path_).size()) + pouco);
+            VERIFICAR_FALHA(connection_.tryWriting(), Failure::StoreError);
+        }
         connection_.tryWriting();
         connection_.execute(u"INSERT INTO T (Nome) VALUES ('Nova')"_s, {});
         QCOMPARE(connection_.query(u"PRAGMA integrity_check"_s, {}).Fields("integrity_check").text(),
@@ -342,6 +427,7 @@ private Q_SLOTS:
             QVERIFY2(relogio.elapsed() < paciencia, qPrintable(QString::number(relogio.elapsed())));
             outra.execute(u"ROLLBACK"_s, {});
             connection_.execute(u"INSERT INTO T (Nome) VALUES ('Nova')"_s, {});
+            QVERIFY(Escrita_Espera_Um_Momento());
         });
         QCOMPARE(Nomes(u"WHERE Nome='Nova'"_s), QStringList{u"Nova"_s});
     }
@@ -367,7 +453,8 @@ private Q_SLOTS:
             });
             QVERIFY2(relogio.elapsed() < paciencia, qPrintable(QString::number(relogio.elapsed())));
             leitor.execute(u"ROLLBACK"_s, {});
-            connection_.execute(u"INSERT INTO T (Nome) VALUES ('Nova')"_s, {});
+            connection_.gathering([&] { connection_.execute(u"INSERT INTO T (Nome) VALUES ('Nova')"_s, {}); });
+            QVERIFY(Escrita_Espera_Um_Momento());
         });
         QCOMPARE(Nomes({}).size(), 4);
     }
@@ -390,6 +477,7 @@ private Q_SLOTS:
         });
         QVERIFY2(relogio.elapsed() < paciencia, qPrintable(QString::number(relogio.elapsed())));
         leitor.execute(u"ROLLBACK"_s, {});
+        QVERIFY(Escrita_Espera_Um_Momento()); // who comes afterwards waits anew
     }
 
     // Of a portion that the disk undid only what went into the file after all counts.
@@ -422,13 +510,33 @@ private Q_SLOTS:
         outra.setConnectionString(Fonte(path_));
         outra.Open();
         const auto quantas = u"SELECT count(*) AS n FROM B"_s;
+        const QString inserir = u"INSERT INTO B VALUES (?)"_s;
         connection_.gathering([&] {
-            for (int i = 0; i < 16; ++i)
-                connection_.execute(u"INSERT INTO B VALUES (?)"_s, {QByteArray(1 << 20, 'b')});
-            QCOMPARE(outra.query(quantas, {}).Fields("n").number(), 16);
-            connection_.execute(u"INSERT INTO B VALUES (?)"_s, {QByteArray("pouco")});
+            for (int porcao = 1; porcao <= 2; ++porcao) {
+                for (int i = 0; i < 15; ++i)
+                    connection_.execute(inserir, {QByteArray(1 << 20, 'b')});
+                connection_.execute(inserir, {QByteArray((1 << 20) - 1, 'b')});
+                QCOMPARE(connection_.written(inserir), (porcao - 1) * 17); // a byte is missing
+                connection_.execute(inserir, {QByteArray("b")});
+                QCOMPARE(outra.query(quantas, {}).Fields("n").number(), porcao * 17);
+            }
+            connection_.execute(inserir, {QByteArray("pouco")});
         });
-        QCOMPARE(outra.query(quantas, {}).Fields("n").number(), 17);
+        QCOMPARE(outra.query(quantas, {}).Fields("n").number(), 35);
+    }
+
+    void uma_porcao_com_muitas_linhas_escreve_se_antes_do_fim()
+    {
+        constexpr int porcao = 8000;
+        Criar_Tabela();
+        const QString inserir = u"INSERT INTO T (Nome) VALUES ('Nova')"_s;
+        connection_.gathering([&] {
+            for (int i = 1; i < porcao; ++i)
+                connection_.execute(inserir, {});
+            QCOMPARE(connection_.written(inserir), 0);
+            connection_.execute(inserir, {});
+            QCOMPARE(connection_.written(inserir), porcao);
+        });
     }
 
     void uma_copia_em_memoria_nao_prende_o_ficheiro()
@@ -457,6 +565,49 @@ private Q_SLOTS:
         copia.setConnectionString(Fonte(path_));
         VERIFICAR_FALHA(copia.OpenCopyInMemory(), Failure::StoreError);
         QVERIFY(!copia.isOpen());
+        QCOMPARE(Dito([&copia] { copia.OpenCopyInMemory(); }),
+                 path_ + u": The database is damaged: CHECK constraint failed in Errada"_s);
+        const QString ficheiro = folder_.filePath(u"copia.mdb"_s);
+        const QString danificada = ficheiro + u": The copy is damaged: CHECK constraint failed in Errada"_s;
+        QCOMPARE(Dito([&] { connection_.copyTo(Copia(ficheiro)); }), danificada);
+        QVERIFY(!QFile::exists(ficheiro));
+        QCOMPARE(Dito([&] { compactDatabase(path_, ficheiro); }), danificada);
+        QVERIFY(QFile::remove(ficheiro));
+    }
+
+    void uma_copia_para_ficheiro_diz_no_fim_que_esta_inteira()
+    {
+        Criar_Tabela();
+        const QString ficheiro = folder_.filePath(u"inteira.mdb"_s);
+        QList<int> ditos;
+        FileCopy copia = Copia(ficheiro);
+        copia.progress = [&ditos](int percentagem) { ditos << percentagem; };
+        connection_.copyTo(copia);
+        QCOMPARE(ditos, QList<int>{100});
+        QVERIFY(QFile::remove(ficheiro));
+        compactDatabase(path_, ficheiro);
+        Connection inteira;
+        inteira.setDataSource(ficheiro);
+        inteira.Open();
+        QCOMPARE(inteira.query(u"SELECT * FROM T"_s, {}).RecordCount(), 3);
+        inteira.Close();
+        QVERIFY(QFile::remove(ficheiro));
+    }
+
+    void um_ficheiro_copia_se_por_cima_de_outro_e_conhece_se_pelas_suas_moradas()
+    {
+        Criar_Tabela();
+        const QString ficheiro = folder_.filePath(u"outro.mdb"_s);
+        QVERIFY(!isSameFile(path_, ficheiro)); // there is none
+        QCOMPARE(Dito([&] { copyOver(ficheiro, path_); }), ficheiro + u": The file could not be read: "_s + ficheiro);
+        copyOver(path_, ficheiro);
+        QVERIFY(!isSameFile(path_, ficheiro));
+        QVERIFY(isSameFile(path_, folder_.filePath(u"./base.mdb"_s)));
+        QCOMPARE(QFileInfo(ficheiro).size(), QFileInfo(path_).size());
+        const QString sem_pasta = folder_.filePath(u"nenhuma/outro.mdb"_s);
+        QCOMPARE(Dito([&] { copyOver(path_, sem_pasta); }),
+                 sem_pasta + u": The file could not be written: "_s + sem_pasta);
+        QVERIFY(QFile::remove(ficheiro));
     }
 
     void uma_base_em_memoria_nao_passa_do_tamanho_que_lhe_deram()
@@ -567,6 +718,11 @@ private Q_SLOTS:
         connection_.setSchemaNumber(7);
         QCOMPARE(connection_.schemaNumber(), 7);
         QCOMPARE(connection_.query(u"PRAGMA user_version"_s, {}).Fields("user_version").number(), 7);
+        connection_.Close();
+        QVERIFY(QFile::remove(path_));
+        createDatabase(path_, {u"CREATE TABLE T (ID INTEGER)"_s}, 1);
+        connection_.Open();
+        QCOMPARE(connection_.schemaNumber(), 1);
     }
     void os_passos_voltam_atras_com_tudo_o_resto()
     {

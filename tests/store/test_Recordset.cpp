@@ -61,6 +61,51 @@ private Q_SLOTS:
         QCOMPARE(rs.Fields("id").text(), u"1"_s);
         QCOMPARE(rs.Fields("NOME").text(), u"Ana"_s);
         VERIFICAR_FALHA(rs.Fields("Apelido"), Failure::ItemNotFound);
+        VERIFICAR_FALHA(rs.Fields(""), Failure::ItemNotFound); // the second one of a name has none
+    }
+
+    void um_numero_cabe_ate_ao_ultimo_de_32_bits_e_so_zero_e_nao()
+    {
+        const Recordset rs({"maior", "menor", "acima", "abaixo", "um", "zero"},
+                           {qint64{2147483647}, qint64{-2147483648LL}, qint64{2147483648LL},
+                            qint64{-2147483649LL}, qint64{1}, qint64{0}});
+        QCOMPARE(rs.Fields("maior").number(), 2147483647);
+        QCOMPARE(rs.Fields("menor").number(), -2147483647 - 1);
+        VERIFICAR_FALHA(rs.Fields("acima").number(), Failure::OutOfMemoryOrRange);
+        VERIFICAR_FALHA(rs.Fields("abaixo").number(), Failure::OutOfMemoryOrRange);
+        QVERIFY(rs.Fields("um").yes());
+        QVERIFY(!rs.Fields("zero").yes());
+    }
+
+    void o_que_nao_tem_colunas_nao_tem_linhas() { QCOMPARE(Recordset({}, {}).RecordCount(), 0); }
+
+    void cada_recusa_diz_o_que_falta_data()
+    {
+        QTest::addColumn<std::function<void()>>("pergunta");
+        QTest::addColumn<QString>("dito");
+        const auto linha = [](const char *nome, const std::function<void()> &pergunta, const QString &dito) {
+            QTest::newRow(nome) << pergunta << dito;
+        };
+        const Field nulo{StoreValue()};
+        const Field texto{StoreValue(u"x"_s)};
+        linha("nulo", [=] { nulo.text(); }, u"Invalid use of Null"_s);
+        linha("numero", [=] { texto.real(); }, u"\"x\" is no number"_s);
+        linha("grande", [] { Field(qint64{3000000000}).number(); }, u"3e+09 does not fit 32 bits"_s);
+        linha("dia", [=] { texto.date(); }, u"\"x\" is no date"_s);
+        linha("hora", [=] { texto.time(); }, u"\"x\" is no time"_s);
+        linha("andar", [] { Sem_Linhas().MoveNext(); }, u"No current record"_s);
+        linha("ler", [] { Sem_Linhas().Fields("ID"); }, u"No current record"_s);
+        linha("ler tudo", [] { Sem_Linhas().Row(); }, u"No current record"_s);
+        linha("coluna", [] { Duas_Linhas().Fields("Apelido"); }, u"No column named Apelido"_s);
+        linha("fechado", [] { Recordset().RecordCount(); }, u"The recordset is closed"_s);
+    }
+    void cada_recusa_diz_o_que_falta()
+    {
+        QFETCH(std::function<void()>, pergunta);
+        QFETCH(QString, dito);
+        QString visto;
+        onFailure(pergunta, [&visto](const Failure &falha) { visto = falha.source() + u": "_s + falha.description(); });
+        QCOMPARE(visto, u"Recordset: "_s + dito);
     }
 
     void nulo_e_vazio_distinguem_se()

@@ -98,6 +98,17 @@ private Q_SLOTS:
         }
     }
 
+    void uma_linha_so_se_dobra_quando_esta_cheia()
+    {
+        CardContent conteudo;
+        conteudo.formattedName = u"Ana"_s;
+        conteudo.notes = {{QString(75 + 74 + 74 - 5, u'x'), {}, 101, {}}}; // "NOTE:" comes before it
+        QList<qsizetype> octetos;
+        for (const QByteArray &linha : Linhas(writtenCard(conteudo)))
+            if (linha.contains("xx")) octetos << linha.trimmed().size() + (linha.startsWith(' ') ? 1 : 0);
+        QCOMPARE(octetos, (QList<qsizetype>{75, 75, 75}));
+    }
+
     void nenhum_caracter_de_controlo_se_escreve()
     {
         CardContent conteudo = Completo();
@@ -140,6 +151,13 @@ private Q_SLOTS:
         CardWriter quatro(CardVersion::V40);
         quatro.entry("TEL", telefone);
         QCOMPARE(quatro.lines(), QByteArray("TEL;PREF=1;TYPE=cell,\"x y:z\":1\r\n"));
+    }
+
+    void um_tipo_de_uma_so_palavra_dispensa_as_aspas()
+    {
+        CardWriter quatro(CardVersion::V40);
+        quatro.entry("TEL", {u"1"_s, {u"a-b"_s, u"a_b"_s, u"a/b"_s, u"a.b"_s, u"a+b"_s, u"a1"_s}, 101, {}});
+        QCOMPARE(quatro.lines(), QByteArray("TEL;TYPE=a-b,a_b,a/b,a.b,\"a+b\",a1:1\r\n"));
     }
 
     void a_fotografia_vai_nos_seus_bytes_ou_no_seu_endereco()

@@ -3,6 +3,7 @@
 #include "store/sqlite/SqliteStore.h"
 #include "store/sqlite/StoreErrors.h"
 
+#include <QScopeGuard>
 #include <utility>
 
 namespace
@@ -78,18 +79,12 @@ void SqliteStore::tryWriting()
 
 void SqliteStore::waitingOnce(const Work &work)
 {
-    const auto wait = [this](bool once) {
-        waitsOnce_ = once;
+    waitsOnce_ = true;
+    const auto waitsAlways = qScopeGuard([this] {
+        waitsOnce_ = false;
         handle_.setBusyTimeout(patience);
-    };
-    wait(true);
-    try {
-        work();
-    } catch (...) {
-        wait(false);
-        throw;
-    }
-    wait(false);
+    });
+    work();
 }
 
 void SqliteStore::gathering(const Work &work)
