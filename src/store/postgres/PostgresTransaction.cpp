@@ -4,6 +4,7 @@
 #include "store/Raising.h"
 
 #include <QScopedValueRollback>
+#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 
@@ -130,15 +131,11 @@ void PostgresStore::tryWriting()
 void PostgresStore::waitingOnce(const Work &work)
 {
     waitsOnce_ = true;
-    try {
-        work();
-    } catch (...) {
+    const auto waitsAlways = qScopeGuard([this] {
         wait(true);
         waitsOnce_ = false;
-        throw;
-    }
-    wait(true);
-    waitsOnce_ = false;
+    });
+    work();
 }
 
 void PostgresStore::wait(bool atAll)
