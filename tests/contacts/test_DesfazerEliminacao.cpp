@@ -4,6 +4,7 @@
 #include "controls/Controls.h"
 #include "data/CartoesGuardados.h"
 #include "session/Legendas.h"
+#include "testlib/FalhaDita.h"
 #include "testlib/FicheiroAberto.h"
 #include "testlib/FotografiaNaBase.h"
 #include "testlib/SeteLinguas.h"
@@ -645,6 +646,19 @@ private Q_SLOTS:
         a.s.Escrever(u"UPDATE TblLista SET Fax='2' WHERE ID=%1"_s.arg(rui));
         a.s.caixas.Espera(ficou_junto, box::information, u"Morvex 1.0"_s);
         a.Desfazer();
+    }
+
+    // Another desk has deleted the one that was to stay.
+    void com_quem_ja_la_nao_esta_ninguem_se_junta()
+    {
+        Apagador a;
+        const int rita = a.Contacto(u"Rita"_s, ComGrupos::Amigos);
+        const auto juntar = [&] {
+            a.desfazer.Juntar_Contactos(u"99"_s, QString::number(rita), [] { QFAIL("there is nobody"); });
+        };
+        VERIFICAR_FALHA(juntar(), Failure::StoreError);
+        QCOMPARE(teste::Falha_Dita(juntar), (QStringList{u"99"_s, u"No contact has the ID 99"_s}));
+        QVERIFY(!a.janela.DesfazerEliminar->isEnabled());
     }
 };
 
