@@ -531,11 +531,18 @@ private Q_SLOTS:
         QVERIFY(p.Contactos().contains(u"Rui|"_s));
     }
 
+    void um_cartao_largado_na_janela_abre_o_formulario_data()
+    {
+        QTest::addColumn<QString>("tipo");
+        for (const char *tipo : {"text/vcard", "text/x-vcard", "text/directory", "text/plain"})
+            QTest::newRow(tipo) << QString::fromLatin1(tipo);
+    }
     void um_cartao_largado_na_janela_abre_o_formulario()
     {
+        QFETCH(QString, tipo);
         Programa p;
         QMimeData dados;
-        dados.setData(u"text/x-vcard"_s, Cartao("FN:Rui"));
+        dados.setData(tipo, Cartao("FN:Rui"));
         bool veio = false;
         Quando_Abrir<frmImportarContactos>([&](frmImportarContactos &form) {
             veio = true;
