@@ -73,6 +73,21 @@ private Q_SLOTS:
             QCOMPARE(legenda, m.s.Texto(texto));
     }
 
+    void as_linhas_e_as_colunas_comecam_com_as_suas_medidas()
+    {
+        Mesa m;
+        const auto form = m.Abrir();
+        QCOMPARE(form->tblCampos->rowHeight(0), 24);
+        QCOMPARE(form->tblLinhas->rowHeight(0), 18);
+        for (const QTableView *mesa : {form->tblCampos, form->tblLinhas}) {
+            QCOMPARE(mesa->verticalHeader()->minimumSectionSize(), 1); // large letters are not held up by the style
+            QCOMPARE(mesa->columnWidth(0), 140);
+        }
+        QCOMPARE(form->lvContacto->columnWidth(0), 90);
+        QCOMPARE(form->tblCampos->viewport()->height(), 24);
+        QVERIFY(!form->tblCampos->horizontalHeader()->highlightSections());
+    }
+
     void mostra_as_primeiras_linhas_com_o_campo_de_cada_coluna()
     {
         Mesa m;

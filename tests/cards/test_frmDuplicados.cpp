@@ -79,6 +79,18 @@ private Q_SLOTS:
         QVERIFY(Linha_De(*form, u"Fax"_s) == nullptr);
     }
 
+    void os_dois_tem_a_mesma_largura_entre_o_campo_e_a_escolha()
+    {
+        UmPar m;
+        const auto form = m.Abrir();
+        const QHeaderView &colunas = *form->lvPar->header();
+        QCOMPARE(colunas.sectionSize(0), 90);
+        QCOMPARE(colunas.sectionSize(3), 150);
+        QVERIFY(std::abs(colunas.sectionSize(1) - colunas.sectionSize(2)) <= 1);
+        QCOMPARE(colunas.length(), form->lvPar->viewport()->width());
+        QCOMPARE(form->lvPar->topLevelItem(0)->sizeHint(0).height(), 22);
+    }
+
     void as_escolhas_ficam_a_vista_numa_janela_estreita()
     {
         UmPar m;

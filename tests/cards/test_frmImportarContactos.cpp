@@ -117,6 +117,20 @@ class TestFrmImportarContactos : public QObject
 private Q_SLOTS:
     // What is shown
 
+    void as_colunas_comecam_com_a_largura_do_que_tem_e_a_ultima_toma_o_resto()
+    {
+        Programa p;
+        const Formulario f(p);
+        const QHeaderView &colunas = *f.form.Lista->header();
+        const std::pair<int, int> larguras[]{{ContactosAImportar::Nome, 124},
+                                             {ContactosAImportar::Numero, 110},
+                                             {ContactosAImportar::Email, 130},
+                                             {ContactosAImportar::Estado, 92}};
+        for (const auto &[coluna, largura] : larguras)
+            QCOMPARE(colunas.sectionSize(coluna), largura);
+        QCOMPARE(colunas.length(), f.form.Lista->viewport()->width());
+    }
+
     void as_legendas_e_os_nomes_falados_vem_dos_textos()
     {
         Programa p;
