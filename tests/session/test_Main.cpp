@@ -1,4 +1,5 @@
 // The main window: its timers, its dot, its keys, and that closing it only hides it.
+#include "contacts/ListaContactos.h"
 #include "controls/Controls.h"
 #include "controls/Units.h"
 #include "data/frmSeleccionarIdioma.h"
@@ -158,7 +159,7 @@ private Q_SLOTS:
         novo(u"Ana"_s, 1);
         novo(u"Rui"_s, 2);
         Main janela(s.geral, s.plataforma);
-        janela.Carregar();
+        janela.findChild<ListaContactos *>()->Carregar_Grupos_Ao_Iniciar();
         auto &sincronizador = *janela.findChild<Sincronizador *>();
         s.Escrever(u"UPDATE TblLista SET Nome='Bia' WHERE ID=2"_s);
         Q_EMIT sincronizador.ContactosMudados();
