@@ -13,8 +13,6 @@
 #include <QMouseEvent>
 #include <QTextCharFormat>
 
-using namespace Qt::StringLiterals;
-
 namespace
 {
 constexpr int margem = 8; // pixels, below the calendar
@@ -73,9 +71,9 @@ CamposDeData::CamposDeData(QDialog &form, const Controlos &controlos, const Cloc
       txtMes(controlos.txtMes),
       txtAno(controlos.txtAno),
       Calendario(controlos.Calendario),
-      campos_{{&txtDia, 400, "nao", 0, &QDate::day, Com_Dia},
-              {&txtMes, 1440, "nao", 0, &QDate::month, Com_Mes},
-              {&txtAno, 2400, "sim", 1768, &QDate::year, Com_Ano}},
+      campos_{{&txtDia, 400, false, 0, &QDate::day, Com_Dia},
+              {&txtMes, 1440, false, 0, &QDate::month, Com_Mes},
+              {&txtAno, 2400, true, 1768, &QDate::year, Com_Ano}},
       altura_(form.height())
 {
     for (const Campo &campo : campos_)
@@ -131,7 +129,7 @@ void CamposDeData::Data_Click(const Campo &campo)
 {
     if (Calendario.isVisible()) {
         Mostrar_Calendario(false);
-        if (campo.caixa == &txtAno) CalendarioAno = u"nao"_s;
+        if (campo.com_ano) com_ano_ = false;
         return;
     }
     const int escrito = campo.caixa->text().toInt();
@@ -144,7 +142,7 @@ void CamposDeData::Data_KeyDown(const Campo &campo)
 {
     Calendario.move(pixels(campo.left), Calendario.y());
     Mostrar_Calendario(true);
-    CalendarioAno = QLatin1StringView(campo.CalendarioAno);
+    com_ano_ = campo.com_ano;
 }
 
 // The form is as high as what it shows.
@@ -160,5 +158,5 @@ void CamposDeData::Calendario_DateClick(QDate dia)
     Mostrar_Calendario(false);
     txtDia.setText(QString::number(dia.day()));
     txtMes.setText(QString::number(dia.month()));
-    if (CalendarioAno == "sim"_L1) txtAno.setText(QString::number(dia.year()));
+    if (com_ano_) txtAno.setText(QString::number(dia.year()));
 }

@@ -39,7 +39,6 @@ EntradaDeFotografia::EntradaDeFotografia(QWidget &form, QLabel &Thumb) : QObject
     Thumb_.setAcceptDrops(true);
     Thumb_.setContextMenuPolicy(Qt::ActionsContextMenu);
     Thumb_.addAction(&Colar_);
-    Colar_.setObjectName(QStringLiteral("ColarFotografia"));
     Colar_.setShortcut(QKeySequence::Paste);
     Permitir_Colar();
     connect(&Colar_, &QAction::triggered, this, &EntradaDeFotografia::Colar_Click);

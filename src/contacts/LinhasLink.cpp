@@ -116,7 +116,7 @@ void LinhasLink::Dar_Cor(Linha &linha, QPalette::ColorRole papel)
 
 void LinhasLink::Passar_Sobre(Linha &linha)
 {
-    LinkActivo = u"0"_s;
+    por_limpar_ = true;
     QLineEdit &caixa = *linha.caixa;
     const bool cheia = !caixa.text().isEmpty();
     if (cheia)
@@ -133,12 +133,12 @@ void LinhasLink::Passar_Sobre(Linha &linha)
 
 void LinhasLink::Sair_Das_Linhas()
 {
-    if (LinkActivo != "0"_L1) return;
+    if (!por_limpar_) return;
     for (Linha &linha : linhas_) {
         if (linha.papel == realce) Dar_Cor(linha, moldura_da_janela);
         Sublinhar(*linha.caixa, false);
     }
-    LinkActivo = u"1"_s;
+    por_limpar_ = false;
 }
 
 void LinhasLink::Seguir(QLineEdit &linha)

@@ -41,5 +41,5 @@ private:
 
     Geral &geral_;
     std::vector<Linha> linhas_;
-    QString LinkActivo = QStringLiteral("1"); // "0" over a row, "1" once the look has been cleared
+    bool por_limpar_ = false; // a row has had the look of a link since it was cleared last
 };

@@ -33,8 +33,7 @@ constexpr int largura_da_hora = 55;
 constexpr int altura_da_linha = 18; // room for the icon, on rows without it too
 
 // The key of a row is "k" and the task's ID. A description of several lines shows as one.
-constexpr int papel_da_chave = Qt::UserRole;
-constexpr int papel_da_tarefa = Qt::UserRole + 1;
+enum Papel { papel_da_chave = Qt::UserRole, papel_da_tarefa };
 QString Id_Da_Chave(const QTreeWidgetItem &item)
 {
     return item.data(coluna_tarefa, papel_da_chave).toString().mid(1);

@@ -266,14 +266,14 @@ void Main::closeEvent(QCloseEvent *event)
 
 void Main::timerPonto_Timer()
 {
-    EstadoPonto = EstadoPonto == "1"_L1 ? u"2"_s : u"1"_s;
+    ponto_aceso_ = !ponto_aceso_;
     Pintar_Ponto();
 }
 
 void Main::Pintar_Ponto()
 {
     QPalette palette = PontoTarefas->palette();
-    palette.setColor(QPalette::Window, Cor_Do_Ponto(this->palette(), EstadoPonto == "1"_L1));
+    palette.setColor(QPalette::Window, Cor_Do_Ponto(this->palette(), ponto_aceso_));
     PontoTarefas->setPalette(palette);
 }
 

@@ -77,5 +77,5 @@ private:
     FilaDeFicheiros *fila_;
     Sincronizador *sincronizador_;
     AvisosDosPostos *avisos_;
-    QString EstadoPonto; // "1", lit, or "2": the phase of the blinking dot
+    bool ponto_aceso_ = false; // the phase of the blinking dot
 };

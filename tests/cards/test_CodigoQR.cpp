@@ -1,5 +1,6 @@
 // The code that bytes become, and its picture.
 #include "cards/CodigoQR.h"
+#include "testlib/FalhaDita.h"
 #include "testlib/Teste.h"
 
 #include <QProcess>
@@ -65,6 +66,8 @@ private Q_SLOTS:
     {
         VERIFICAR_FALHA(CodigoQR(QByteArray(2954, 'x')), Failure::OutOfMemoryOrRange);
         VERIFICAR_FALHA(CodigoQR(QByteArray{}), Failure::OutOfMemoryOrRange);
+        QCOMPARE(teste::Falha_Dita([] { CodigoQR(QByteArray(2954, 'x')); }),
+                 (QStringList{u"CodigoQR"_s, u"A code cannot hold 2954 bytes"_s}));
         QCOMPARE(CodigoQR(QByteArray(2953, 'x')).Lado(), 177);
     }
 };

@@ -288,6 +288,35 @@ private Q_SLOTS:
         QCOMPARE(Lido("X-SKYPE:ana\r\n").linhas, QStringList{u"X-SKYPE: ana"_s});
     }
 
+    void um_nome_que_so_um_programa_usa_nao_vai_para_obs_data()
+    {
+        QTest::addColumn<QByteArray>("nome");
+        for (const char *nome : {"REV", "PRODID", "KEY", "LOGO", "SOUND", "AGENT", "SORT-STRING", "MAILER", "SOURCE",
+                                 "CLASS", "CLIENTPIDMAP", "PROFILE", "X-ABUID", "X-IMAGEHASH"})
+            QTest::newRow(nome) << QByteArray(nome);
+    }
+    void um_nome_que_so_um_programa_usa_nao_vai_para_obs()
+    {
+        QFETCH(QByteArray, nome);
+        QCOMPARE(Lido(nome + ":uma coisa\r\n").linhas, QStringList());
+    }
+
+    void o_que_o_livro_conhece_pelo_nome_leva_a_sua_palavra_data()
+    {
+        QTest::addColumn<QString>("palavra");
+        QTest::newRow("TITLE") << u"Job title"_s;
+        QTest::newRow("ROLE") << u"Role"_s;
+        QTest::newRow("IMPP") << u"Instant messaging"_s;
+        QTest::newRow("ANNIVERSARY") << u"Anniversary"_s;
+        QTest::newRow("RELATED") << u"Related person"_s;
+        QTest::newRow("X-ANNIVERSARY") << u"Anniversary"_s;
+    }
+    void o_que_o_livro_conhece_pelo_nome_leva_a_sua_palavra()
+    {
+        QFETCH(QString, palavra);
+        QCOMPARE(Lido(QByteArray(QTest::currentDataTag()) + ":2001\r\n").linhas, QStringList{palavra + u": 2001"_s});
+    }
+
     void a_marca_reconhece_se_em_todas_as_linguas_e_nao_ha_segundo_bloco()
     {
         for (const QString &idioma : rotulos_do_cartao::Idiomas()) {

@@ -6,6 +6,7 @@
 #include "platform/Failure.h"
 #include "testlib/DiscoPequeno.h"
 #include "testlib/EspecieDaFalha.h"
+#include "testlib/FalhaDita.h"
 #include "testlib/MorteNoDisco.h"
 #include "testlib/ServidorFalso.h"
 #include "testlib/Sistema.h"
@@ -404,6 +405,20 @@ private Q_SLOTS:
         c.s.Escrever(u"UPDATE sqlite_sequence SET seq = 32767 WHERE name = 'TblLista'"_s);
         c.Importar(Cartao("FN:Ana Silva\r\nEMAIL:ana@exemplo.pt\r\nURL:ana.pt"));
         QCOMPARE(c.Coluna_De(c.ana, u"Website"_s), u"ana.pt"_s);
+    }
+
+    // Cards and groups are told apart by numbers that are known beforehand.
+    void numeros_que_saltam_sao_uma_falha_que_nao_deixa_nada_escrito()
+    {
+        SO_NUM_FICHEIRO("a server words its triggers in another way");
+        ComImportacao c;
+        c.s.Escrever(u"CREATE TRIGGER salto AFTER INSERT ON TblLista WHEN NEW.Nome='Salto' "
+                     "BEGIN INSERT INTO TblLista (Nome) VALUES ('Outro'); END"_s);
+        const QStringList antes = Estado(c.s);
+        c.Ler(Cartao("FN:Salto"));
+        QCOMPARE(teste::Falha_Dita([&] { c.Escrita().Escrever(Sempre); }),
+                 (QStringList{u"TblLista"_s, u"The numbers of the rows have jumped"_s}));
+        QCOMPARE(Estado(c.s), antes);
     }
 
     // Back again

@@ -7,6 +7,7 @@
 #include "cards/RotulosDoCartao.h"
 #include "data/Fotografias.h"
 #include "testlib/DiscoPequeno.h"
+#include "testlib/FalhaDita.h"
 #include "testlib/OutrosNomes.h"
 #include "testlib/SemPrivilegios.h"
 #include "testlib/Sistema.h"
@@ -313,6 +314,17 @@ private Q_SLOTS:
         QCOMPARE(dois.cards.size(), std::size_t{2});
         QCOMPARE(contentOf(dois.cards[0]).uid, u"u-1"_s);
         QVERIFY(!contentOf(dois.cards[1]).uid);
+    }
+
+    void o_proprio_livro_nunca_e_o_alvo()
+    {
+        SO_NUM_FICHEIRO("a server's book is no file");
+        ComLivro c;
+        c.Novo(u"Ana"_s);
+        const auto exportar = [&] { c.Exportar({c.Todos(), F::Cartao3, true, false, c.s.Base()}); };
+        VERIFICAR_FALHA(exportar(), Failure::PathFileAccess);
+        QCOMPARE(teste::Falha_Dita(exportar), (QStringList{c.s.Base(), u"The book itself can't be replaced"_s}));
+        QCOMPARE(c.Todos().size(), qsizetype{1});
     }
 
     void sem_fotografias_nenhum_cartao_leva_uma()

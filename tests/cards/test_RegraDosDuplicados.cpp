@@ -224,6 +224,21 @@ private Q_SLOTS:
         QVERIFY(!mesmo(u"de da"_s, u"do e"_s)); // no name is left of either
     }
 
+    void as_palavras_pequenas_e_os_titulos_nao_fazem_outro_nome_data()
+    {
+        QTest::addColumn<QString>("palavra");
+        for (const char *palavra : {"de", "da", "do", "dos", "das", "e", "di", "del", "von", "van", "Dr.", "Dra.",
+                                    "Eng.", "Sr.", "Sra.", "Mr", "Mrs"})
+            QTest::newRow(palavra) << QString::fromLatin1(palavra);
+    }
+    void as_palavras_pequenas_e_os_titulos_nao_fazem_outro_nome()
+    {
+        QFETCH(QString, palavra);
+        const auto com = [](const QString &nome) { return Contacto({{C::Nome, nome}}); };
+        QCOMPARE(Livro({com(u"Ana Silva"_s)}).Decidir(com(u"Ana %1 Silva"_s.arg(palavra))).veredicto, V::Igual);
+        QCOMPARE(Livro({com(u"Ana Silva"_s)}).Decidir(com(u"Ana Rui Silva"_s)).veredicto, V::Novo);
+    }
+
     void um_uid_que_dois_tem_e_do_ultimo()
     {
         RegraDosDuplicados regra(u"InglesUK"_s);

@@ -52,6 +52,13 @@ private Q_SLOTS:
     {
         const QByteArray inglesa = TabelaDeSaida(CsvDialect::Plain, u"InglesUK"_s).Inicio();
         QVERIFY(inglesa.contains(R"("First Name","Last Name","Phone 1 - Label","Phone 1 - Value",)"));
+        QStringList nomes{u"First Name"_s, u"Last Name"_s};
+        for (const char *numero : {"1", "2", "3", "4", "5", "6"})
+            nomes << u"Phone %1 - Label"_s.arg(QLatin1StringView(numero))
+                  << u"Phone %1 - Value"_s.arg(QLatin1StringView(numero));
+        nomes << u"E-mail 1 - Value"_s << u"E-mail 2 - Value"_s << u"Website 1 - Value"_s << u"Address 1 - Formatted"_s
+              << u"Birthday"_s << u"Notes"_s << u"Labels"_s;
+        QCOMPARE(inglesa, csvBeginning(CsvDialect::Plain) + writtenCsvRow(nomes, CsvDialect::Plain));
         QCOMPARE(TabelaDeSaida(CsvDialect::Plain, u"AlemaoDE"_s).Inicio(), inglesa);
     }
 };

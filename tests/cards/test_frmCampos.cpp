@@ -3,6 +3,7 @@
 
 #include "cards/CamposDaTabela.h"
 #include "controls/Contrast.h"
+#include "cards/RotulosDoCartao.h"
 #include "testlib/Sistema.h"
 #include "testlib/TempoGasto.h"
 #include "testlib/Teste.h"
@@ -71,6 +72,65 @@ private Q_SLOTS:
                                                  {form->lvContacto->accessibleName(), 372}};
         for (const auto &[legenda, texto] : legendas)
             QCOMPARE(legenda, m.s.Texto(texto));
+    }
+
+    void cada_campo_que_se_escolhe_tem_a_sua_palavra()
+    {
+        Sistema s;
+        const auto rotulo = [](Rotulo qual) { return rotulos_do_cartao::Em(qual, u"PortuguesPT"_s); };
+        QStringList palavras{s.Texto(352), rotulo(Rotulo::NomeCompleto)};
+        for (const int texto : {358, 359, 360, 361, 362})
+            palavras << s.Texto(texto);
+        for (const Rotulo qual : {Rotulo::Alcunha, Rotulo::Telefone, Rotulo::Telemovel, Rotulo::Fax, Rotulo::Email,
+                                  Rotulo::Website, Rotulo::Aniversario})
+            palavras << rotulo(qual);
+        palavras << s.Texto(368) << s.Texto(369) << s.Texto(370) << s.Texto(37) << rotulo(Rotulo::Categorias);
+        QStringList morada{rotulo(Rotulo::Morada)};
+        for (const int texto : {363, 364, 365, 366, 367})
+            morada << s.Texto(texto);
+        palavras << morada;
+        for (const QString &lugar : {rotulo(Rotulo::Casa), rotulo(Rotulo::Trabalho), s.Texto(389)})
+            for (const QString &parte : morada)
+                palavras << u"%1 (%2)"_s.arg(parte, lugar);
+        QStringList ditas;
+        for (const CsvColumn &campo : campos_da_tabela::Todos())
+            ditas << campos_da_tabela::Palavra(campo, s.geral);
+        QCOMPARE(ditas, palavras);
+        QCOMPARE(campos_da_tabela::Palavra({CsvField::Phone, CsvPlace::None, 2, true}, s.geral),
+                 u"%1 2 (%2)"_s.arg(rotulo(Rotulo::Telefone), s.Texto(371)));
+    }
+
+    void os_separadores_e_as_datas_escolhem_se_por_palavras()
+    {
+        Mesa m;
+        const auto form = m.Abrir();
+        const auto textos = [](const QComboBox &caixa) {
+            QStringList todos;
+            for (int i = 0; i < caixa.count(); ++i)
+                todos << caixa.itemText(i);
+            return todos;
+        };
+        QCOMPARE(textos(*form->ComboSeparador), (QStringList{m.s.Texto(345) + u": "_s + m.s.Texto(347), m.s.Texto(346),
+                                                             m.s.Texto(347), m.s.Texto(348), m.s.Texto(349)}));
+        QCOMPARE(textos(*form->ComboDatas), (QStringList{m.s.Texto(345), m.s.Texto(350), m.s.Texto(351)}));
+        form->ComboSeparador->setListIndex(4); // none is told where a person has chosen
+        QCOMPARE(form->ComboSeparador->itemText(0), m.s.Texto(345));
+        QCOMPARE(form->ComboSeparador->currentText(), m.s.Texto(349));
+    }
+
+    void as_linhas_e_as_colunas_comecam_com_as_suas_medidas()
+    {
+        Mesa m;
+        const auto form = m.Abrir();
+        QCOMPARE(form->tblCampos->rowHeight(0), 24);
+        QCOMPARE(form->tblLinhas->rowHeight(0), 18);
+        for (const QTableView *mesa : {form->tblCampos, form->tblLinhas}) {
+            QCOMPARE(mesa->verticalHeader()->minimumSectionSize(), 1); // large letters are not held up by the style
+            QCOMPARE(mesa->columnWidth(0), 140);
+        }
+        QCOMPARE(form->lvContacto->columnWidth(0), 90);
+        QCOMPARE(form->tblCampos->viewport()->height(), 24);
+        QVERIFY(!form->tblCampos->horizontalHeader()->highlightSections());
     }
 
     void mostra_as_primeiras_linhas_com_o_campo_de_cada_coluna()

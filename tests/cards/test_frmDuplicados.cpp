@@ -3,6 +3,7 @@
 
 #include "controls/ComboBox.h"
 #include "data/CartoesGuardados.h"
+#include "platform/Caption.h"
 #include "testlib/Accoes.h"
 #include "testlib/ComJanela.h"
 #include "testlib/TempoGasto.h"
@@ -77,6 +78,51 @@ private Q_SLOTS:
         QVERIFY(Escolha_De(*form, u"Telemóvel"_s) == nullptr); // one number in two spellings
         QCOMPARE(Linha_De(*form, u"Grupo"_s)->text(2), u"Amigos"_s);
         QVERIFY(Linha_De(*form, u"Fax"_s) == nullptr);
+    }
+
+    void as_legendas_vem_dos_textos()
+    {
+        UmPar m;
+        m.s.geral.IdiomaActual = u"AlemaoDE"_s; // the form's file has the Portuguese ones
+        const auto form = m.Abrir();
+        const QTreeWidgetItem &titulos = *form->lvPar->headerItem();
+        const std::pair<QString, int> legendas[]{{form->windowTitle(), 276},      {form->cmdJuntar->text(), 374},
+                                                 {form->cmdDiferentes->text(), 375}, {form->cmdSaltar->text(), 376},
+                                                 {form->cmdFechar->text(), 135},  {titulos.text(0), 383},
+                                                 {titulos.text(1), 380},          {titulos.text(2), 381},
+                                                 {titulos.text(3), 382},          {form->Label2->text(), 386}};
+        for (const auto &[legenda, texto] : legendas)
+            QCOMPARE(legenda, texto == 276 ? withoutMnemonic(m.s.Texto(texto)) : m.s.Texto(texto));
+        QCOMPARE(form->lvPar->accessibleName(), form->windowTitle());
+        QCOMPARE(form->Label1->text(), m.s.Texto(377).arg(1).arg(1));
+        const ComboBox *escolha = form->lvPar->findChildren<ComboBox *>().constLast();
+        QCOMPARE((QStringList{escolha->itemText(0), escolha->itemText(1), escolha->itemText(2)}),
+                 (QStringList{m.s.Texto(379), m.s.Texto(380), m.s.Texto(381)}));
+        form->cmdSaltar->click();
+        QCOMPARE(form->lvPar->accessibleDescription(), m.s.Texto(385));
+        QVERIFY(form->Label1->text().isEmpty() && form->Label2->text().isEmpty());
+    }
+
+    void cada_indicio_tem_a_sua_frase()
+    {
+        Mesa m;
+        m.Contacto(u"Ana Silva"_s, u"912345678"_s);
+        m.Contacto(u"Ana Silva"_s, u"961234567"_s);
+        QCOMPARE(m.Abrir()->Label2->text(), m.s.Texto(387));
+        m.s.Escrever(u"UPDATE TblLista SET Nome='Rui', Telemovel1='912345678' WHERE Telemovel1='961234567'"_s);
+        QCOMPARE(m.Abrir()->Label2->text(), m.s.Texto(388));
+    }
+
+    void os_dois_tem_a_mesma_largura_entre_o_campo_e_a_escolha()
+    {
+        UmPar m;
+        const auto form = m.Abrir();
+        const QHeaderView &colunas = *form->lvPar->header();
+        QCOMPARE(colunas.sectionSize(0), 90);
+        QCOMPARE(colunas.sectionSize(3), 150);
+        QVERIFY(std::abs(colunas.sectionSize(1) - colunas.sectionSize(2)) <= 1);
+        QCOMPARE(colunas.length(), form->lvPar->viewport()->width());
+        QCOMPARE(form->lvPar->topLevelItem(0)->sizeHint(0).height(), 22);
     }
 
     void as_escolhas_ficam_a_vista_numa_janela_estreita()

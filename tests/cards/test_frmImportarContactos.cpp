@@ -117,6 +117,20 @@ class TestFrmImportarContactos : public QObject
 private Q_SLOTS:
     // What is shown
 
+    void as_colunas_comecam_com_a_largura_do_que_tem_e_a_ultima_toma_o_resto()
+    {
+        Programa p;
+        const Formulario f(p);
+        const QHeaderView &colunas = *f.form.Lista->header();
+        const std::pair<int, int> larguras[]{{ContactosAImportar::Nome, 124},
+                                             {ContactosAImportar::Numero, 110},
+                                             {ContactosAImportar::Email, 130},
+                                             {ContactosAImportar::Estado, 92}};
+        for (const auto &[coluna, largura] : larguras)
+            QCOMPARE(colunas.sectionSize(coluna), largura);
+        QCOMPARE(colunas.length(), f.form.Lista->viewport()->width());
+    }
+
     void as_legendas_e_os_nomes_falados_vem_dos_textos()
     {
         Programa p;
@@ -140,6 +154,37 @@ private Q_SLOTS:
         QCOMPARE(f.form.ProgressBar1->accessibleName(), f.form.windowTitle());
         f.form.cmdImportar->click();
         QCOMPARE(f.form.cmdCancelar->text(), p.s.Texto(135));
+    }
+
+    void a_lista_as_escolhas_e_o_ficheiro_pedem_se_com_os_seus_textos()
+    {
+        Programa p;
+        Formulario f(p);
+        QStringList titulos;
+        for (int i = 0; i < ContactosAImportar::quantas_colunas; ++i)
+            titulos << f.form.Lista->model()->headerData(i, Qt::Horizontal).toString();
+        QCOMPARE(titulos,
+                 (QStringList{p.s.Texto(27), p.s.Texto(303), p.s.Texto(304), p.s.Texto(305), p.s.Texto(306)}));
+        f.Ir_Para(3);
+        QStringList escolhas;
+        for (int i = 0; i < f.form.ComboEscolha->count(); ++i)
+            escolhas << f.form.ComboEscolha->itemText(i);
+        QCOMPARE(escolhas, (QStringList{p.s.Texto(307), p.s.Texto(308) + u" Ana Silva"_s, p.s.Texto(309)}));
+        p.s.dialogos.textos << std::nullopt;
+        f.form.cmdProcurar->click();
+        QCOMPARE(p.s.dialogos.perguntas.last(),
+                 u"openFile "_s + p.s.Texto(329) + u"|*.vcf;*.vcard;*.vct;*.csv;*.txt @ "_s);
+        const frmImportarContactos vazio(p.s.geral, p.s.plataforma, &p.janela);
+        QCOMPARE(vazio.Lista->accessibleDescription(), p.s.Texto(330));
+    }
+
+    void quem_tambem_esta_no_ficheiro_diz_se_assim()
+    {
+        Programa p;
+        Formulario f(p, Cartao("FN:Rui\r\nEMAIL:rui@exemplo.pt") + Cartao("FN:Eva\r\nEMAIL:rui@exemplo.pt"));
+        f.Ir_Para(1);
+        QVERIFY(f.form.txtContacto->toPlainText().contains(p.s.Texto(314)));
+        QVERIFY(!f.form.txtContacto->toPlainText().contains(p.s.Texto(313)));
     }
 
     void a_lista_diz_o_que_cada_um_e()
@@ -212,6 +257,40 @@ private Q_SLOTS:
         QVERIFY(f.form.isVisible());
         QVERIFY(!f.form.cmdImportar->isVisible() && f.form.cmdAnular->isVisible());
         QCOMPARE(f.form.cmdCancelar->text(), p.s.Texto(135));
+    }
+
+    void o_relatorio_diz_tudo_o_que_foi_feito_e_o_que_faltou()
+    {
+        Programa p;
+        Formulario f(p);
+        f.form.chkCriar->click();
+        f.Esperar();
+        QString enquanto;
+        QTimer::singleShot(0, &f.form, [&] { enquanto = f.form.lblContagem->text(); });
+        f.form.cmdImportar->click();
+        QCOMPARE(enquanto, p.s.Texto(312));
+        const QStringList linhas = f.form.txtContacto->toPlainText().split(u'\n', Qt::SkipEmptyParts);
+        QCOMPARE(linhas, (QStringList{p.s.Texto(231), p.s.Texto(315) + u" 2"_s, p.s.Texto(316) + u" 1"_s,
+                                      p.s.Texto(317) + u" 1"_s, p.s.Texto(236) + u": Xadrez"_s,
+                                      p.s.Texto(298) + u" 1"_s,
+                                      p.s.Texto(318) + u" 23 \u2013 "_s + p.s.Texto(323)}));
+    }
+
+    void sem_grupo_ou_com_um_que_ja_nao_existe_nao_se_importa()
+    {
+        Programa p;
+        Formulario f(p);
+        const QStringList antes = p.Contactos();
+        p.s.caixas.Espera(p.s.Texto(328), box::stop, f.form.windowTitle());
+        f.form.ComboGrupos->setCurrentIndex(-1);
+        f.form.cmdImportar->click();
+        QVERIFY(p.s.caixas.Todas_Vistas());
+        f.form.ComboGrupos->setCurrentIndex(0);
+        p.s.Escrever(u"DELETE FROM TblGrupos"_s); // another desk
+        p.s.caixas.Espera(p.s.Texto(328), box::stop, f.form.windowTitle());
+        f.form.cmdImportar->click();
+        QVERIFY(p.s.caixas.Todas_Vistas());
+        QCOMPARE(p.Contactos(), antes);
     }
 
     void anular_importacao_serve_ate_o_formulario_fechar()
@@ -531,11 +610,18 @@ private Q_SLOTS:
         QVERIFY(p.Contactos().contains(u"Rui|"_s));
     }
 
+    void um_cartao_largado_na_janela_abre_o_formulario_data()
+    {
+        QTest::addColumn<QString>("tipo");
+        for (const char *tipo : {"text/vcard", "text/x-vcard", "text/directory", "text/plain"})
+            QTest::newRow(tipo) << QString::fromLatin1(tipo);
+    }
     void um_cartao_largado_na_janela_abre_o_formulario()
     {
+        QFETCH(QString, tipo);
         Programa p;
         QMimeData dados;
-        dados.setData(u"text/x-vcard"_s, Cartao("FN:Rui"));
+        dados.setData(tipo, Cartao("FN:Rui"));
         bool veio = false;
         Quando_Abrir<frmImportarContactos>([&](frmImportarContactos &form) {
             veio = true;

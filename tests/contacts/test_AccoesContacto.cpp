@@ -403,6 +403,12 @@ private Q_SLOTS:
         p.janela.txtEmail1->setFont(sublinhada);
         Mover_Sobre(*p.janela.centralwidget);
         QVERIFY(p.janela.txtEmail1->font().underline()); // nothing to clear: no row was under the pointer
+        Mover_Sobre(*p.janela.txtEmail2);
+        Mover_Sobre(*p.janela.centralwidget);
+        QVERIFY(!p.janela.txtEmail1->font().underline());
+        p.janela.txtEmail1->setFont(sublinhada);
+        Mover_Sobre(*p.janela.centralwidget);
+        QVERIFY(p.janela.txtEmail1->font().underline()); // and it is cleared once
     }
 
     void um_clique_numa_linha_abre_o_seu_endereco_data()

@@ -4,6 +4,7 @@
 #include "controls/Controls.h"
 #include "data/CartoesGuardados.h"
 #include "session/Legendas.h"
+#include "testlib/FalhaDita.h"
 #include "testlib/FicheiroAberto.h"
 #include "testlib/FotografiaNaBase.h"
 #include "testlib/SeteLinguas.h"
@@ -45,6 +46,20 @@ struct Apagador : ComGrupos {
         janela.EliminarGrupos->trigger();
         QVERIFY(veio);
         QVERIFY(!Grupos_Por_Id().contains(QString::number(grupo)));
+    }
+
+    // As the form of duplicates does it: the one that goes leaves a number, and its card where there is none.
+    void Juntar(const QString &fica, const QString &vai, bool com_cartao)
+    {
+        desfazer.Juntar_Contactos(fica, vai, [&] {
+            const QString grupo = QString::number(ComGrupos::Amigos);
+            const QString vazio;
+            s.geral.de.Executar("cmdUpdateNome",
+                                {u"Rui"_s, vazio, vazio, u"2"_s, vazio, vazio, vazio, vazio, vazio, vazio, vazio, vazio,
+                                 vazio, vazio, vazio, vazio, grupo, fica});
+            s.geral.de.Executar("cmdEliminarNome", {vai});
+            if (!com_cartao) CartoesGuardados(s.geral.de).Guardar({fica, u"u-1"_s, "o da Rita"});
+        });
     }
 
     void Desfazer()
@@ -645,6 +660,55 @@ private Q_SLOTS:
         a.s.Escrever(u"UPDATE TblLista SET Fax='2' WHERE ID=%1"_s.arg(rui));
         a.s.caixas.Espera(ficou_junto, box::information, u"Morvex 1.0"_s);
         a.Desfazer();
+    }
+
+    void uma_juncao_desfeita_deixa_os_dois_como_eram_data()
+    {
+        QTest::addColumn<bool>("tinha_cartao");
+        QTest::newRow("o cartão veio do outro") << false;
+        QTest::newRow("o cartão era seu") << true;
+    }
+    void uma_juncao_desfeita_deixa_os_dois_como_eram()
+    {
+        QFETCH(bool, tinha_cartao);
+        Apagador a;
+        const QString rui = QString::number(a.Contacto(u"Rui"_s, ComGrupos::Amigos));
+        const QString rita = QString::number(a.Contacto(u"Rita"_s, ComGrupos::Amigos));
+        CartoesGuardados cartoes(a.s.geral.de);
+        cartoes.Guardar({rita, u"u-1"_s, "o da Rita"});
+        if (tinha_cartao) cartoes.Guardar({rui, u"u-2"_s, "o do Rui"});
+        const QStringList antes = a.Tudo() + a.Cartoes();
+        a.Juntar(rui, rita, tinha_cartao);
+        QVERIFY(a.Tudo() + a.Cartoes() != antes);
+        a.Desfazer();
+        QCOMPARE(a.Tudo() + a.Cartoes(), antes);
+    }
+
+    // The presence changes by itself, and a group is where somebody has put the contact since.
+    void uma_juncao_desfeita_guarda_a_presenca_e_o_grupo_de_agora()
+    {
+        Apagador a;
+        const QString rui = QString::number(a.Contacto(u"Rui"_s, ComGrupos::Amigos));
+        const QString rita = QString::number(a.Contacto(u"Rita"_s, ComGrupos::Amigos));
+        a.Juntar(rui, rita, true);
+        a.s.Escrever(u"UPDATE TblLista SET MSNMessenger='3', Grupo=%1 WHERE ID=%2"_s.arg(ComGrupos::Familia).arg(rui));
+        a.Desfazer();
+        QCOMPARE(a.s.Linhas(u"SELECT Nome, Fax, MSNMessenger, Grupo FROM TblLista WHERE ID=%1"_s.arg(rui)),
+                 QStringList{u"Rui||3|%1"_s.arg(ComGrupos::Familia)});
+        QCOMPARE(a.Grupo_Do_Contacto(rita.toInt()), QString::number(ComGrupos::Amigos));
+    }
+
+    // Another desk has deleted the one that was to stay.
+    void com_quem_ja_la_nao_esta_ninguem_se_junta()
+    {
+        Apagador a;
+        const int rita = a.Contacto(u"Rita"_s, ComGrupos::Amigos);
+        const auto juntar = [&] {
+            a.desfazer.Juntar_Contactos(u"99"_s, QString::number(rita), [] { QFAIL("there is nobody"); });
+        };
+        VERIFICAR_FALHA(juntar(), Failure::StoreError);
+        QCOMPARE(teste::Falha_Dita(juntar), (QStringList{u"99"_s, u"No contact has the ID 99"_s}));
+        QVERIFY(!a.janela.DesfazerEliminar->isEnabled());
     }
 };
 

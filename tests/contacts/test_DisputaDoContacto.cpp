@@ -82,6 +82,25 @@ class TestDisputaDoContacto : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void os_dois_lados_tem_a_mesma_largura_entre_o_campo_e_a_escolha()
+    {
+        Sistema s;
+        frmConflito form(s.geral, {}, {{0, {u"Fax"_s, u"1"_s, u"2"_s, {}}}}, nullptr);
+        form.show();
+        QCoreApplication::processEvents();
+        const QHeaderView &colunas = *form.lvCampos->header();
+        QCOMPARE(colunas.sectionSize(0), 110);
+        QCOMPARE(colunas.sectionSize(3), 150);
+        QVERIFY(std::abs(colunas.sectionSize(1) - colunas.sectionSize(2)) <= 1);
+        QCOMPARE(colunas.length(), form.lvCampos->viewport()->width());
+        QCOMPARE(form.lvCampos->topLevelItem(0)->sizeHint(0).height(), 26);
+        const QTreeWidgetItem &titulos = *form.lvCampos->headerItem();
+        QCOMPARE((QStringList{titulos.text(0), titulos.text(1), titulos.text(2), titulos.text(3)}),
+                 (QStringList{s.Texto(383), s.Texto(423), s.Texto(424), s.Texto(382)}));
+        const auto &escolha = *qobject_cast<QComboBox *>(form.lvCampos->itemWidget(form.lvCampos->topLevelItem(0), 3));
+        QCOMPARE((QStringList{escolha.itemText(0), escolha.itemText(1)}), (QStringList{s.Texto(424), s.Texto(423)}));
+    }
+
     void mudado_la_noutra_coluna_junta_se_sem_perguntar()
     {
         DoisPostos p;

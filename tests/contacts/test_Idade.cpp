@@ -1,5 +1,6 @@
 // The age on the card: years counted from the first birthday, days of the month compared as texts.
 #include "contacts/Idade.h"
+#include "testlib/FalhaDita.h"
 #include "testlib/Teste.h"
 
 using namespace Qt::StringLiterals;
@@ -62,6 +63,8 @@ private Q_SLOTS:
         QFETCH(QString, Mes);
         QFETCH(QString, Ano);
         VERIFICAR_FALHA(Calcular_Idade(Dia, Mes, Ano, {2027, 2, 1}), Failure::TypeMismatch);
+        QCOMPARE(teste::Falha_Dita([&] { Calcular_Idade(Dia, Mes, Ano, {2027, 2, 1}); }),
+                 (QStringList{u"Idade"_s, u"%1-%2-%3 has no first birthday"_s.arg(Dia, Mes, Ano)}));
     }
 };
 

@@ -96,6 +96,8 @@ private Q_SLOTS:
             QCOMPARE(opcao->text(), p.s.Texto(texto));
         QCOMPARE(p.form.opcaoEmail->text(), u"E-mail"_s);
         QCOMPARE(p.Legenda(), p.s.Texto(69));
+        QCOMPARE(p.form.txtProcurar->accessibleName(), p.s.Texto(59));
+        QCOMPARE(p.form.ListaNomes->accessibleName(), withoutMnemonic(p.s.Texto(137)));
         QVERIFY(p.form.opcaoNome->isChecked());
     }
 

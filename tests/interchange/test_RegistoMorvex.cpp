@@ -1,5 +1,6 @@
 // The lines and fields of the text file of an earlier release.
 #include "interchange/RegistoMorvex.h"
+#include "testlib/FalhaDita.h"
 #include "testlib/OutrosNomes.h"
 #include "testlib/SemPrivilegios.h"
 #include "testlib/Teste.h"
@@ -20,6 +21,11 @@ QString Registo(int quantos)
     for (int i = 0; i < quantos; ++i)
         registo += u'c' + QString::number(i + 1) + separadores[i];
     return registo;
+}
+
+QStringList Falha_Ao_Ler(const QString &caminho)
+{
+    return teste::Falha_Dita([&] { registo_morvex::Ler_Linhas(caminho); });
 }
 } // namespace
 
@@ -182,6 +188,8 @@ private Q_SLOTS:
         if (!ninguem.Possivel()) QSKIP("the rights of an administrator cannot be put off here");
         QVERIFY(QFile(caminho).open(QIODevice::ReadOnly));
         VERIFICAR_FALHA(registo_morvex::Ler_Linhas(caminho), Failure::PathFileAccess);
+        QCOMPARE(Falha_Ao_Ler(caminho),
+                 (QStringList{caminho, u"The file could not be opened for writing: "_s + caminho}));
     }
 
     void uma_leitura_que_para_a_meio_e_uma_falha_e_nao_um_ficheiro_curto()
@@ -190,12 +198,26 @@ private Q_SLOTS:
         const QString caminho = pasta_.filePath(u"memoria.dat"_s);
         QVERIFY(outros_nomes::Fazer_Atalho(u"/proc/self/mem"_s, caminho)); // opens, and can't be read at its beginning
         VERIFICAR_FALHA(registo_morvex::Ler_Linhas(caminho), Failure::PathFileAccess);
+        QCOMPARE(Falha_Ao_Ler(caminho),
+                 (QStringList{caminho, u"The file could not be read to its end: "_s + caminho}));
     }
 
     void um_ficheiro_vazio_nao_tem_registos()
     {
         QVERIFY(registo_morvex::Registos(registo_morvex::Ler_Linhas(Ficheiro(""))).isEmpty());
         VERIFICAR_FALHA(registo_morvex::Ler_Linhas(pasta_.filePath(u"nenhum.dat"_s)), Failure::FileNotFound);
+    }
+
+    void cada_falha_diz_de_que_ficheiro_ou_registo_e_o_que_foi()
+    {
+        const QString nenhum = pasta_.filePath(u"nenhum.dat"_s);
+        QCOMPARE(Falha_Ao_Ler(nenhum), (QStringList{nenhum, u"The file could not be read: "_s + nenhum}));
+        QCOMPARE(Falha_Ao_Ler(pasta_.path()),
+                 (QStringList{pasta_.path(), u"This is no ordinary file: "_s + pasta_.path()}));
+        const QString comprido = Ficheiro(QByteArray("x\r").repeated(5001));
+        QCOMPARE(Falha_Ao_Ler(comprido), (QStringList{comprido, u"5001 lines are too many"_s}));
+        QCOMPARE(teste::Falha_Dita([] { registo_morvex::Separar(Registo(3)); }),
+                 (QStringList{u"RegistoMorvex"_s, u"A separator is missing: "_s + Registo(3)}));
     }
 };
 

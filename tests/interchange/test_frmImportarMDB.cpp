@@ -14,6 +14,7 @@
 #include "testlib/CopiaEstragada.h"
 #include "testlib/Desempacotado.h"
 #include "testlib/DiscoCheio.h"
+#include "testlib/FalhaDita.h"
 #include "testlib/FotografiaNaBase.h"
 #include "testlib/MemoriaPedida.h"
 #include "testlib/OutrosNomes.h"
@@ -1095,6 +1096,8 @@ private Q_SLOTS:
         QVERIFY(medida.Maximo() < std::size_t{64} << 20);
         QVERIFY(!p.s.processo.Terminou());
         VERIFICAR_FALHA(DE2{enorme.fileName()}, Failure::StoreError);
+        QCOMPARE(teste::Falha_Dita([&] { DE2{enorme.fileName()}; }),
+                 (QStringList{enorme.fileName(), u"The file is too large: "_s + enorme.fileName()}));
     }
 
     // What stands in a side file is read too.

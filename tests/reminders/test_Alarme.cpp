@@ -3,6 +3,7 @@
 #include "reminders/Alarme.h"
 #include "reminders/Calendario.h"
 #include "reminders/ComPopup.h"
+#include "testlib/ServidorFalso.h"
 
 #include <QDialog>
 #include <QMenu>
@@ -48,6 +49,19 @@ struct ComAlarme : ComTarefas {
     }
 
     Alarme *alarme = new Alarme(janela, s.geral, s.plataforma, relatorio);
+};
+
+// Its tasks lie where other desks change them too.
+struct ComAlarmeNumServidor : ComAlarme {
+    ComAlarmeNumServidor() { servidor.Servir(s.geral); }
+
+    void Outro_Posto(const QString &sql)
+    {
+        s.Escrever(sql);
+        alarme->Tarefas_Mudaram();
+    }
+
+    ServidorFalso servidor{s.Base()};
 };
 } // namespace
 
@@ -543,6 +557,46 @@ private Q_SLOTS:
         c.Nova(u"Regar"_s, u"01-02-2027"_s, u"08:00"_s);
         c.Tique();
         QCOMPARE(Aberto<frmPopup>()->accessibleName(), c.s.Texto(172) + u" Regar 01-02-2027 08:00"_s);
+    }
+
+    void o_que_outro_posto_trata_faz_descer_o_aviso_se_nada_mais_venceu_data()
+    {
+        QTest::addColumn<bool>("outra_vencida");
+        QTest::newRow("era a única") << false;
+        QTest::newRow("há outra") << true;
+    }
+    void o_que_outro_posto_trata_faz_descer_o_aviso_se_nada_mais_venceu()
+    {
+        SO_NUM_FICHEIRO("a server's stand-in");
+        QFETCH(bool, outra_vencida);
+        ComAlarmeNumServidor c;
+        c.alarme->Tarefas_Mudaram(); // there is no notice yet
+        QVERIFY(Aberto<frmPopup>() == nullptr);
+        if (outra_vencida) c.Nova(u"Podar"_s, u"30-01-2027"_s, u"08:00"_s);
+        c.Nova(u"Regar"_s, u"31-01-2027"_s, u"08:00"_s);
+        c.Tique();
+        const auto *popup = Aberto<frmPopup>();
+        QVERIFY(popup != nullptr);
+        QVERIFY(!popup->TimerDown.Enabled());
+        c.Outro_Posto(u"UPDATE TblTarefas SET Data='2027-03-01' WHERE Tarefa='Regar'"_s);
+        QCOMPARE(popup->TimerDown.Enabled(), !outra_vencida);
+        Descer(*Aberto<frmPopup>());
+    }
+
+    void com_o_cartao_aberto_o_aviso_fica_seja_o_que_for_que_outro_posto_faz()
+    {
+        SO_NUM_FICHEIRO("a server's stand-in");
+        ComAlarmeNumServidor c;
+        c.Nova(u"Regar"_s, u"31-01-2027"_s, u"08:00"_s);
+        c.Tique();
+        auto *popup = Aberto<frmPopup>();
+        QVERIFY(popup != nullptr);
+        Clicar(*popup, [&](frmTarefas &cartao) {
+            c.Outro_Posto(u"UPDATE TblTarefas SET Data='2027-03-01'"_s);
+            QVERIFY(!popup->TimerDown.Enabled());
+            cartao.reject();
+        });
+        Descer(*popup);
     }
 };
 

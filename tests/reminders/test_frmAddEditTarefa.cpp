@@ -2,6 +2,7 @@
 #include "contacts/frmConflito.h"
 #include "reminders/ComTarefas.h"
 #include "reminders/frmAddEditTarefa.h"
+#include "testlib/FalhaDita.h"
 
 using namespace Qt::StringLiterals;
 
@@ -236,6 +237,13 @@ private Q_SLOTS:
                         Failure::TypeMismatch);
         VERIFICAR_FALHA(c.form->Preencher({u"1"_s, u"a"_s, u"01-01-2027"_s, QString(), u"Não"_s}),
                         Failure::TypeMismatch);
+        const auto dita = [&](const QString &data, const QString &hora) {
+            return teste::Falha_Dita([&] { c.form->Preencher({u"1"_s, u"a"_s, data, hora, u"Não"_s}); });
+        };
+        QCOMPARE(dita(u"32-01-2027"_s, u"10:00"_s),
+                 (QStringList{u"TblTarefas"_s, u"\"32-01-2027\" is not dd-MM-yyyy"_s}));
+        QCOMPARE(dita(u"01-01-2027"_s, u"25:00"_s),
+                 (QStringList{u"TblTarefas"_s, u"\"25:00\" is not HH:mm"_s}));
     }
 
     void uma_repeticao_desconhecida_nao_grava_nada()

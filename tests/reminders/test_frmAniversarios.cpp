@@ -69,6 +69,15 @@ private Q_SLOTS:
         QVERIFY(form.ListViewAniversarios->isColumnHidden(2));
     }
 
+    void o_nome_tem_a_sua_largura_e_cada_linha_lugar_para_o_icone()
+    {
+        ComLista c;
+        frmAniversarios &form = c.Abrir();
+        form.PreencherAniversarios({{u"1"_s, u"Ana"_s, u"7"_s, u"1"_s}});
+        QCOMPARE(form.ListViewAniversarios->columnWidth(0), 186);
+        QCOMPARE(form.ListViewAniversarios->topLevelItem(0)->sizeHint(0).height(), 18);
+    }
+
     void sem_aniversarios_a_lista_di_lo()
     {
         ComLista c;

@@ -70,6 +70,18 @@ private Q_SLOTS:
         QCOMPARE(form.windowTitle(), u"Lista de tarefas"_s);
     }
 
+    void as_colunas_comecam_com_as_suas_larguras_e_cada_linha_tem_lugar_para_o_icone()
+    {
+        ComLista c;
+        c.Nova(u"Regar"_s, u"01-02-2027"_s, u"23:59"_s);
+        const frmListaTarefas &form = c.Abrir();
+        const QTreeWidget &lista = *form.ListViewTarefas;
+        QCOMPARE(lista.columnWidth(0), 240);
+        QCOMPARE(lista.columnWidth(1), 80);
+        QCOMPARE(lista.columnWidth(2), 55);
+        QCOMPARE(lista.topLevelItem(0)->sizeHint(0).height(), 18);
+    }
+
     void sem_tarefas_a_lista_di_lo_em_cada_lingua()
     {
         QSet<QString> frases;

@@ -1,4 +1,5 @@
 // The main window: its timers, its dot, its keys, and that closing it only hides it.
+#include "contacts/ListaContactos.h"
 #include "controls/Controls.h"
 #include "controls/Units.h"
 #include "data/frmSeleccionarIdioma.h"
@@ -7,6 +8,7 @@
 #include "report/ReportPreview.h"
 #include "session/frmLogin.h"
 #include "session/Main.h"
+#include "sincronizacao/Sincronizador.h"
 #include "testlib/Accoes.h"
 #include "testlib/ComJanela.h"
 #include "testlib/FotografiaNaBase.h"
@@ -142,6 +144,37 @@ private Q_SLOTS:
         form.close();
         QVERIFY(A_Andar(s));
         QCOMPARE(mail.size(), 0);
+    }
+
+    // The list after synchronising
+
+    void o_que_a_sincronizacao_muda_le_se_de_novo_e_a_escolha_fica()
+    {
+        Sistema s;
+        s.Escrever(u"DELETE FROM TblLista"_s);
+        const auto novo = [&](const QString &nome, int ID) {
+            const int dado = s.Novo_Contacto({{u"Nome"_s, nome}, {u"Grupo"_s, 1}});
+            s.Escrever(u"UPDATE TblLista SET ID=%1 WHERE ID=%2"_s.arg(ID).arg(dado));
+        };
+        novo(u"Ana"_s, 1);
+        novo(u"Rui"_s, 2);
+        Main janela(s.geral, s.plataforma);
+        janela.findChild<ListaContactos *>()->Carregar_Grupos_Ao_Iniciar();
+        auto &sincronizador = *janela.findChild<Sincronizador *>();
+        s.Escrever(u"UPDATE TblLista SET Nome='Bia' WHERE ID=2"_s);
+        Q_EMIT sincronizador.ContactosMudados();
+        QCOMPARE(janela.ListaNomes->ListIndex(), -1); // nobody was chosen
+        QCOMPARE(janela.ListaNomes->List(1), u"Bia"_s);
+        janela.ListaNomes->setListIndex(1);
+        s.Escrever(u"UPDATE TblLista SET Nome='Abel' WHERE ID=2"_s); // now the first
+        Q_EMIT sincronizador.ContactosMudados();
+        QCOMPARE(janela.ListaNomes->ListIndex(), 0);
+        QCOMPARE(janela.ListaNomes->List(0), u"Abel"_s);
+        QCOMPARE(s.geral.IDContacto, qint16{2});
+        s.Escrever(u"DELETE FROM TblLista WHERE ID=2"_s);
+        novo(u"Zoe"_s, 3);
+        Q_EMIT sincronizador.ContactosMudados();
+        QCOMPARE(janela.ListaNomes->ListIndex(), -1); // who was chosen is gone
     }
 
     // The dot
