@@ -129,7 +129,7 @@ void CamposDeData::Data_Click(const Campo &campo)
 {
     if (Calendario.isVisible()) {
         Mostrar_Calendario(false);
-        if (campo.com_ano) com_ano_ = false;
+        if (campo.CalendarioAno) CalendarioAno = false;
         return;
     }
     const int escrito = campo.caixa->text().toInt();
@@ -142,7 +142,7 @@ void CamposDeData::Data_KeyDown(const Campo &campo)
 {
     Calendario.move(pixels(campo.left), Calendario.y());
     Mostrar_Calendario(true);
-    com_ano_ = campo.com_ano;
+    CalendarioAno = campo.CalendarioAno;
 }
 
 // The form is as high as what it shows.
@@ -158,5 +158,5 @@ void CamposDeData::Calendario_DateClick(QDate dia)
     Mostrar_Calendario(false);
     txtDia.setText(QString::number(dia.day()));
     txtMes.setText(QString::number(dia.month()));
-    if (com_ano_) txtAno.setText(QString::number(dia.year()));
+    if (CalendarioAno) txtAno.setText(QString::number(dia.year()));
 }

@@ -36,7 +36,7 @@ private:
     struct Campo {
         QLineEdit *caixa;
         int left;                             // of the calendar under it, in twips
-        bool com_ano;                         // whether a date click fills the year as well
+        bool CalendarioAno;                   // whether a date click fills the year as well
         int limite;                           // a number above it is what the calendar opens on
         int (QDate::*parte)() const;          // the part of today on which it opens otherwise
         QDate (*com_parte)(QDate, int parte); // a date with that part of it replaced
@@ -54,6 +54,6 @@ private:
     QLineEdit &txtDia, &txtMes, &txtAno;
     QCalendarWidget &Calendario;
     std::vector<Campo> campos_;
-    bool com_ano_{};       // what the calendar was opened with
-    int altura_;           // of the form without the calendar, in pixels
+    bool CalendarioAno = false; // of the field under which the calendar stands
+    int altura_;                // of the form without the calendar, in pixels
 };

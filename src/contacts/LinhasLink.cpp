@@ -116,7 +116,7 @@ void LinhasLink::Dar_Cor(Linha &linha, QPalette::ColorRole papel)
 
 void LinhasLink::Passar_Sobre(Linha &linha)
 {
-    por_limpar_ = true;
+    LinkActivo = true;
     QLineEdit &caixa = *linha.caixa;
     const bool cheia = !caixa.text().isEmpty();
     if (cheia)
@@ -133,12 +133,12 @@ void LinhasLink::Passar_Sobre(Linha &linha)
 
 void LinhasLink::Sair_Das_Linhas()
 {
-    if (!por_limpar_) return;
+    if (!LinkActivo) return;
     for (Linha &linha : linhas_) {
         if (linha.papel == realce) Dar_Cor(linha, moldura_da_janela);
         Sublinhar(*linha.caixa, false);
     }
-    por_limpar_ = false;
+    LinkActivo = false;
 }
 
 void LinhasLink::Seguir(QLineEdit &linha)

@@ -41,5 +41,5 @@ private:
 
     Geral &geral_;
     std::vector<Linha> linhas_;
-    bool por_limpar_ = false; // a row has had the look of a link since it was cleared last
+    bool LinkActivo = false; // a row has had the look of a link since it was cleared last
 };

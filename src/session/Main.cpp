@@ -266,14 +266,14 @@ void Main::closeEvent(QCloseEvent *event)
 
 void Main::timerPonto_Timer()
 {
-    ponto_aceso_ = !ponto_aceso_;
+    EstadoPonto = !EstadoPonto;
     Pintar_Ponto();
 }
 
 void Main::Pintar_Ponto()
 {
     QPalette palette = PontoTarefas->palette();
-    palette.setColor(QPalette::Window, Cor_Do_Ponto(this->palette(), ponto_aceso_));
+    palette.setColor(QPalette::Window, Cor_Do_Ponto(this->palette(), EstadoPonto));
     PontoTarefas->setPalette(palette);
 }
 

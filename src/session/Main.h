@@ -77,5 +77,5 @@ private:
     FilaDeFicheiros *fila_;
     Sincronizador *sincronizador_;
     AvisosDosPostos *avisos_;
-    bool ponto_aceso_ = false; // the phase of the blinking dot
+    bool EstadoPonto = false; // lit: the phase of the blinking dot
 };
