@@ -272,7 +272,7 @@ class MorvexServidor(unittest.TestCase):
                             ("DELETE public.tblidiomas", "GRANT DELETE ON tblidiomas TO morvex"),
                             ("INSERT public.tbllista", "REVOKE INSERT ON tbllista FROM morvex"),
                             ("2 texts", "DELETE FROM tblidiomas WHERE id IN (300, 301)"),
-                            ("(1 / 3)", "UPDATE morvex_esquema SET numero = 1"),
+                            ("(1 / 4)", "UPDATE morvex_esquema SET numero = 1"),
                             ("table or a column is missing: tbldiferentes", "DROP TABLE tbldiferentes; UPDATE morvex_esquema SET numero = 1"),
                             ("letters otherwise", "CREATE OR REPLACE FUNCTION morvex_dobrar(t text) RETURNS text LANGUAGE sql IMMUTABLE AS 'SELECT lower(t)'")):
             with self.subTest(fault):
