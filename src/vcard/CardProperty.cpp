@@ -139,7 +139,7 @@ QByteArrayList CardHead::valuesIn(QByteArrayView text) const
 {
     text = text.trimmed();
     if (!text.contains('"') && !text.contains(',')) return {bytesOf(text, bytes_)};
-    if (text.size() >= 2 && text.startsWith('"') && text.endsWith('"') && text.count('"') == 2)
+    if (text.startsWith('"') && text.endsWith('"') && text.count('"') == 2)
         return {bytesOf(text.sliced(1, text.size() - 2), bytes_)};
     QByteArrayList values;
     for (qsizetype at = 0; at <= text.size();) {

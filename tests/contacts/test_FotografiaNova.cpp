@@ -45,6 +45,7 @@ Qt::DropAction Largar(QWidget &onde, QMimeData *dados, Qt::DropActions accoes = 
 {
     const std::unique_ptr<QMimeData> dono(dados);
     QDragEnterEvent entrar({5, 5}, accoes, dados, Qt::LeftButton, {});
+    entrar.accept(); // each comes with the answer to the one before
     QApplication::sendEvent(&onde, &entrar);
     if (!entrar.isAccepted()) return Qt::IgnoreAction;
     QDropEvent largar({5, 5}, accoes, dados, Qt::LeftButton, {});
