@@ -249,7 +249,12 @@ private Q_SLOTS:
         c.s.Escrever(u"INSERT INTO TblGrupos (ID, NomeGrupo, IdUtilizador) VALUES (99, 'Alheio', 77)"_s);
         c.s.Escrever(u"UPDATE TblLista SET Grupo = 99 WHERE Nome = 'Pessoa 5'"_s);
         const QStringList antes = Estado(c.s);
-        QVERIFY(c.Escrita().Escrever(Sempre));
+        int ao_principio = 0;
+        QVERIFY(c.Escrita().Escrever([&](int percentagem) {
+            ao_principio += percentagem == 0 ? 1 : 0;
+            return true;
+        }));
+        QCOMPARE(ao_principio, 2 + muitos / 50); // at each thousand rows, and at the first hundredth of its steps
         QCOMPARE(c.escrita->Feita().adicionados, 1);
         QCOMPARE(c.escrita->Feita().completados, muitos - 1);
         const auto de = [&](const QString &nome) {

@@ -174,6 +174,24 @@ private Q_SLOTS:
         QVERIFY(Cartao(*form).contains(u"Nome: Rui Costa"_s));
     }
 
+    void um_campo_que_nao_ha_nao_se_toma()
+    {
+        Mesa m;
+        const auto form = m.Abrir();
+        QAbstractItemModel &campos = *form->tblCampos->model();
+        const QModelIndex primeiro = campos.index(0, 0);
+        const QVariant antes = primeiro.data(Qt::EditRole);
+        const int quantos = static_cast<int>(campos_da_tabela::Todos().size());
+        for (const int fora : {-1, quantos})
+            QVERIFY(!campos.setData(primeiro, fora));
+        QVERIFY(!campos.setData(primeiro, Qual(CsvField::FullName), Qt::DisplayRole));
+        QCOMPARE(primeiro.data(Qt::EditRole), antes);
+        for (const int dentro : {0, quantos - 1, Qual(CsvField::FullName)}) {
+            QVERIFY(campos.setData(primeiro, dentro));
+            QCOMPARE(primeiro.data(Qt::EditRole).toInt(), dentro);
+        }
+    }
+
     void um_campo_escolhe_se_so_com_o_teclado()
     {
         Mesa m;

@@ -45,12 +45,23 @@ Qt::DropAction Largar(QWidget &onde, QMimeData *dados, Qt::DropActions accoes = 
 {
     const std::unique_ptr<QMimeData> dono(dados);
     QDragEnterEvent entrar({5, 5}, accoes, dados, Qt::LeftButton, {});
-    entrar.accept(); // each comes with the answer to the one before
     QApplication::sendEvent(&onde, &entrar);
     if (!entrar.isAccepted()) return Qt::IgnoreAction;
     QDropEvent largar({5, 5}, accoes, dados, Qt::LeftButton, {});
     QApplication::sendEvent(&onde, &largar);
     return largar.isAccepted() ? largar.dropAction() : Qt::IgnoreAction;
+}
+
+// Whether it may be dropped where it is moved to, once it has come in. Each move comes with the answer to the one before.
+bool Passar(QWidget &onde, QMimeData *dados, Qt::DropActions accoes, bool antes)
+{
+    const std::unique_ptr<QMimeData> dono(dados);
+    QDragEnterEvent entrar({5, 5}, Qt::CopyAction, dados, Qt::LeftButton, {});
+    QApplication::sendEvent(&onde, &entrar);
+    QDragMoveEvent mover({6, 6}, accoes, dados, Qt::LeftButton, {});
+    mover.setAccepted(antes);
+    QApplication::sendEvent(&onde, &mover);
+    return mover.isAccepted();
 }
 
 QColor Cor(const frmAddEdit &form)
@@ -198,6 +209,8 @@ private Q_SLOTS:
         e.Novo([&](frmAddEdit &form) {
             QCOMPARE(Largar(*form.Thumb, Ficheiros({foto}), Qt::MoveAction), Qt::IgnoreAction);
             QCOMPARE(Largar(*form.Thumb, Ficheiros({foto}), Qt::MoveAction | Qt::CopyAction), Qt::CopyAction);
+            QVERIFY(!Passar(*form.Thumb, Ficheiros({foto}), Qt::MoveAction, true));
+            QVERIFY(Passar(*form.Thumb, Ficheiros({foto}), Qt::CopyAction, false));
         });
     }
 

@@ -259,6 +259,17 @@ private Q_SLOTS:
         QCOMPARE(opcoes.size(), 0);
     }
 
+    void a_tecla_que_responde_ao_cartao_vale_como_o_clique()
+    {
+        Programa p(1);
+        QVERIFY(!p.Ciclo().Responder());
+        p.Comecar_A_Olhar();
+        p.Achar(1);
+        QTRY_VERIFY(!p.Popup()->TimerUp.Enabled()); // up
+        QVERIFY(p.Ciclo().Responder());
+        QCOMPARE(p.s.shell.correios, 1);
+    }
+
     void o_menu_verifica_ja_e_diz_que_procura()
     {
         Programa p(1);

@@ -156,6 +156,7 @@ private Q_SLOTS:
         QTest::newRow("rubbish") << QByteArray("GET / HTTP/1.1\r\n\r\n");
         QTest::newRow("a length that never comes") << QByteArray("\0\0\1\0\1", 5);
         QTest::newRow("half a list") << QByteArray("\0\0\0\11\1\0\0\0\5\0\0\0\2", 13);
+        QTest::newRow("half a list, and no window") << QByteArray("\0\0\0\11\0\0\0\0\5\0\0\0\2", 13);
     }
     void uma_chamada_que_nao_se_percebe_traz_a_janela_sem_ficheiros()
     {
