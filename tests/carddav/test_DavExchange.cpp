@@ -120,6 +120,18 @@ private Q_SLOTS:
         QCOMPARE(changesSince(book, {}).names(), QStringList{u"1.vcf"_s});
     }
 
+    void what_stands_below_a_redirect_is_no_answer()
+    {
+        ServidorHttp server([&](const Pedido &asked) -> Resposta {
+            if (asked.caminho.startsWith("/moved/")) return {403};
+            return {307, "<no-uid-conflict/>", {"Location: /moved/n.vcf"}};
+        });
+        AddressBook book(at(server), ana);
+        const RemoteError error = create(book, book.hrefFor(u"n"_s), card("B")).error;
+        QCOMPARE(error.status, 403);
+        QCOMPARE(nameOf(error), u"Forbidden"_s);
+    }
+
     void redirects_in_a_circle_end_data()
     {
         QTest::addColumn<QString>("target");

@@ -59,6 +59,7 @@ private Q_SLOTS:
         QTest::newRow("commented out") << QByteArray("[s]\r\n;k=v\r\n") << u""_s;
         QTest::newRow("empty value") << QByteArray("[s]\r\nk=\r\n") << u""_s;
         QTest::newRow("line without a sign") << QByteArray("[s]\r\nrubbish\r\nk=v\r\n") << u"v"_s;
+        QTest::newRow("a key without a sign") << QByteArray("[s]\r\nk\r\n") << u""_s;
         QTest::newRow("code page 1252")
             << QByteArray("[s]\r\nk=C:\\Fran\xe7ois \x80\x8a\r\n") << u"C:\\François €Š"_s;
         QTest::newRow("UTF-8 by its mark")
