@@ -259,7 +259,9 @@ private Q_SLOTS:
             form.cmdProcurar->click();
             QCOMPARE(form.txtCaminho->text(), QString());
             QVERIFY(!form.cmdSeguinte->isEnabled());
+            QVERIFY(!p.main.isEnabled());
             form.cmdCancelar->click();
+            QVERIFY(p.main.isEnabled()); // from the moment it closes
         });
         p.main.Importar->trigger();
         QCOMPARE(p.main.findChild<Intercambio *>()->FileName, QString());
@@ -329,7 +331,10 @@ private Q_SLOTS:
         bool veio = false;
         p.Ate_Ao_Grupo(p.Texto(u"semponto_dat"_s, "x"), [&](frmImportar2 &segunda) {
             veio = true;
+            QVERIFY(p.main.isEnabled()); // the first form has closed
+            p.main.setEnabled(false);
             segunda.cmdCancelar->click();
+            QVERIFY(p.main.isEnabled());
         });
         QVERIFY(veio);
     }

@@ -294,7 +294,10 @@ private Q_SLOTS:
             QCOMPARE(form.Label5->text(), p.s.Texto(234) + u": 24"_s);
             QVERIFY(!form.ProgressBar1->isVisible());
             QVERIFY(!p.s.geral.temporizadores.timerTarefas.Enabled());
+            QVERIFY(p.main.isEnabled()); // the first form has closed
+            p.main.setEnabled(false);
             form.cmdCancelar->click();
+            QVERIFY(p.main.isEnabled());
         });
         QVERIFY(!p.s.processo.Terminou());
         QVERIFY(p.s.geral.temporizadores.timerTarefas.Enabled());

@@ -82,6 +82,38 @@ private Q_SLOTS:
         QCOMPARE(boxes_.show(u"?"_s, flags, {}, nullptr), answer::leave);
     }
 
+    void another_try_is_offered_first_and_in_each_language_data()
+    {
+        QTest::addColumn<QString>("language");
+        QTest::addColumn<QString>("retry");
+        QTest::addColumn<QString>("leave");
+        const auto row = [](const char *language, const QString &retry, const QString &leave) {
+            QTest::newRow(language) << QString::fromLatin1(language) << retry << leave;
+        };
+        row("PortuguesPT", u"&Tentar de novo"_s, u"&Sair"_s);
+        row("PortuguesBR", u"&Tentar de novo"_s, u"&Sair"_s);
+        row("InglesUK", u"&Try again"_s, u"&Leave"_s);
+        row("EspanholES", u"&Reintentar"_s, u"&Salir"_s);
+        row("ItalianoIT", u"&Riprova"_s, u"&Esci"_s);
+        row("FrancesFR", u"&Réessayer"_s, u"&Quitter"_s);
+        row("AlemaoDE", u"&Erneut versuchen"_s, u"&Beenden"_s);
+    }
+    void another_try_is_offered_first_and_in_each_language()
+    {
+        QFETCH(QString, language);
+        QFETCH(QString, retry);
+        QFETCH(QString, leave);
+        boxes_.setLanguage([language] { return language; });
+        Quando_Abrir<QMessageBox>([&](QMessageBox &box) {
+            QCOMPARE(box.defaultButton()->text(), retry);
+            QCOMPARE(box.escapeButton()->text(), leave);
+            QCOMPARE(box.buttons().size(), 2);
+            box.close();
+        });
+        QCOMPARE(boxes_.show(u"?"_s, box::stop | box::retryLeave, {}, nullptr), answer::leave);
+        boxes_.setLanguage([] { return QString(); });
+    }
+
     void a_text_taller_than_the_screen_scrolls_and_the_button_stays_in_reach_data()
     {
         QTest::addColumn<int>("lines");
