@@ -13,6 +13,7 @@
 #include "testlib/ServidorFalso.h"
 #include "testlib/Teste.h"
 
+#include <QBuffer>
 #include <QClipboard>
 #include <QMimeData>
 #include <QScrollBar>
@@ -215,6 +216,28 @@ private Q_SLOTS:
         QVERIFY(f.form.txtContacto->toPlainText().contains(u"Outra Gente"_s));
         QVERIFY(f.form.txtContacto->toPlainText().contains(u"Já na agenda:"_s));
         QVERIFY(f.form.txtContacto->toPlainText().contains(u"Ana Silva"_s));
+    }
+
+    void a_fotografia_do_cartao_esta_por_cima_dos_seus_dados_e_vai_com_ele()
+    {
+        QImage imagem(30, 20, QImage::Format_RGB32);
+        imagem.fill(Qt::blue);
+        QByteArray bytes;
+        QBuffer ficheiro(&bytes);
+        QVERIFY(ficheiro.open(QIODevice::WriteOnly) && imagem.save(&ficheiro, "PNG"));
+        Programa p;
+        Formulario f(p, Cartao("FN:Rui\r\nPHOTO;ENCODING=b;TYPE=PNG:" + bytes.toBase64()) + Cartao("FN:Eva"));
+        const QTextEdit &campo = *f.form.txtContacto;
+        const auto fotografia = [&] {
+            QTextCursor primeiro(campo.document());
+            primeiro.movePosition(QTextCursor::NextCharacter);
+            const QString nome = primeiro.charFormat().toImageFormat().name();
+            return campo.document()->resource(QTextDocument::ImageResource, nome).value<QImage>();
+        };
+        QCOMPARE(fotografia().size(), QSize(30, 20));
+        QCOMPARE(fotografia().pixelColor(5, 5), QColor(Qt::blue));
+        f.Ir_Para(1);
+        QVERIFY(!campo.toPlainText().contains(QChar::ObjectReplacementCharacter));
     }
 
     // A card is foreign text: what looks like a page is shown as it is written.
