@@ -490,6 +490,33 @@ private Q_SLOTS:
         QCOMPARE(f.form.Lista->accessibleDescription(), p.s.Texto(331));
     }
 
+    void uma_leitura_que_falha_deixa_o_formulario_sem_ficheiro_e_pode_repetir_se()
+    {
+        Programa p;
+        ServidorFalso servidor(p.s.Base());
+        servidor.Servir(p.s.geral);
+        Formulario f(p);
+        f.form.hide();
+        f.form.setModal(true); // as the menu opens it
+        f.form.show();
+        const QString caminho = p.Ficheiro(u"outra.vcf"_s, Cartao("FN:Rui"));
+        f.form.Abrir(caminho);
+        QCOMPARE(f.form.txtCaminho->text(), QDir::toNativeSeparators(caminho));
+        servidor.Perder();
+        p.s.caixas.Espera_Erro(Failure::StoreError);
+        QTRY_VERIFY(p.s.caixas.Todas_Vistas());
+        servidor.Voltar();
+        QVERIFY(!f.form.ProgressBar1->isVisible() && f.form.txtCaminho->text().isEmpty());
+        QVERIFY(f.form.lblContagem->text().isEmpty());
+        QCOMPARE(f.Linhas(), 0);
+        QVERIFY(!f.form.cmdImportar->isEnabled() && f.form.cmdProcurar->isEnabled());
+        QCOMPARE(f.form.Lista->accessibleDescription(), p.s.Texto(330));
+        f.form.Abrir(caminho);
+        f.Esperar();
+        QCOMPARE(f.Linhas(), 1);
+        QVERIFY(f.form.cmdImportar->isEnabled());
+    }
+
     // Broken off
 
     void fechar_a_meio_da_leitura_acaba_com_ela()
