@@ -368,6 +368,28 @@ private Q_SLOTS:
                  (QStringList{u"Ana Silva|ana.pt"_s, u"Rui Costa|"_s, u"Ana Silva|"_s, u"Outra Gente|"_s}));
     }
 
+    void um_clique_no_visto_liga_e_desliga_a_linha_e_mais_nada_se_escreve_nela()
+    {
+        Programa p;
+        Formulario f(p);
+        QTreeView &lista = *f.form.Lista;
+        const QModelIndex linha = lista.model()->index(1, 0);
+        QStyleOptionViewItem opcao;
+        opcao.initFrom(&lista);
+        opcao.rect = lista.visualRect(linha);
+        opcao.features = QStyleOptionViewItem::HasCheckIndicator | QStyleOptionViewItem::HasDisplay;
+        const QRect visto = lista.style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &opcao, &lista);
+        QTest::mouseClick(lista.viewport(), Qt::LeftButton, {}, visto.center());
+        QVERIFY(!f.Marcado(1));
+        f.Ir_Para(1);
+        QCOMPARE(f.form.ComboEscolha->currentText(), p.s.Texto(309));
+        QTest::mouseClick(lista.viewport(), Qt::LeftButton, {}, visto.center());
+        QVERIFY(f.Marcado(1));
+        QCOMPARE(f.form.ComboEscolha->currentText(), p.s.Texto(308) + u" Ana Silva"_s);
+        QVERIFY(!lista.model()->setData(linha, u"Outra"_s, Qt::EditRole));
+        QVERIFY(f.Marcado(1));
+    }
+
     void sem_juntar_os_existentes_ficam_como_estao()
     {
         Programa p;
