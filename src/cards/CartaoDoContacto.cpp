@@ -173,6 +173,13 @@ private:
         escritor_.website(entrada);
     }
 
+    // That of the address which goes: where no property holds it, the label that it was read from.
+    bool E_Da_Morada(const CardProperty &etiqueta, const CardAddress &morada) const
+    {
+        if (antes_.origem.De(Coluna::Morada)) return etiqueta.types() == morada.types;
+        return Nome_Dobrado(antes_.colunas[Coluna::Morada]).contains(Nome_Dobrado(etiqueta.text()));
+    }
+
     void Morada_Mudada()
     {
         if (!Mudou(Coluna::Morada)) return;
@@ -183,9 +190,8 @@ private:
             morada.preference = antiga.preference;
             morada.label = antiga.label;
         }
-        for (const CardProperty *etiqueta : cartao_.all("LABEL")) // that of the address which goes
-            if (!antes_.origem.De(Coluna::Morada) || etiqueta->types() == morada.types)
-                fora_.push_back(etiqueta);
+        for (const CardProperty *etiqueta : cartao_.all("LABEL"))
+            if (E_Da_Morada(*etiqueta, morada)) fora_.push_back(etiqueta);
         if (!Valor(Coluna::Morada).isEmpty()) escritor_.address(morada);
     }
 

@@ -2,6 +2,8 @@
 #include "Asking.h"
 #include "testlib/Teste.h"
 
+#include <QNetworkProxy>
+
 using namespace Qt::StringLiterals;
 using namespace asking;
 
@@ -375,6 +377,31 @@ private Q_SLOTS:
         const QString address = u"http://127.0.0.1:%1/"_s.arg(port);
         QCOMPARE(kindOfChanges(QUrl(address)), u"Refused"_s);
         QCOMPARE(nameOf(find(address).error), u"Refused"_s);
+    }
+
+    void a_proxy_that_does_not_let_through_is_a_refusal_data()
+    {
+        QTest::addColumn<Resposta>("answer");
+        QTest::newRow("wants a password of its own")
+            << Resposta{407, {}, {"Proxy-Authenticate: Basic realm=\"x\"", "Content-Length: 0"}};
+        QTest::newRow("was refused itself") << Resposta{503, {}, {"Content-Length: 0"}};
+    }
+    void a_proxy_that_does_not_let_through_is_a_refusal()
+    {
+        QFETCH(Resposta, answer);
+        ServidorHttp proxy([&](const Pedido &) { return answer; });
+        QNetworkProxy::setApplicationProxy({QNetworkProxy::HttpProxy, u"127.0.0.1"_s, proxy.serverPort()});
+        const auto without = qScopeGuard([] { QNetworkProxy::setApplicationProxy(QNetworkProxy::NoProxy); });
+        QCOMPARE(kindOfChanges(QUrl(u"http://192.0.2.1/livro/"_s), ana), u"Refused"_s); // an address of nobody
+        QVERIFY(proxy.Verbos().contains("CONNECT"));
+        for (const Pedido &asked : proxy.pedidos)
+            QVERIFY(!asked.cabecalhos.contains("proxy-authorization"));
+    }
+
+    void a_network_that_no_way_leads_to_is_none()
+    {
+        // To an address of many machines nothing is ever connected, whatever networks there are.
+        QCOMPARE(kindOfChanges(QUrl(u"http://224.0.0.1/livro/"_s)), u"NoNetwork"_s);
     }
 
     void a_host_that_is_none_is_told()

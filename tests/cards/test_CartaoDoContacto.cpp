@@ -181,6 +181,29 @@ private Q_SLOTS:
         QCOMPARE(entrada.label, u"Meu"_s);
     }
 
+    void com_a_morada_vai_a_etiqueta_que_era_dela_e_ficam_as_das_outras()
+    {
+        const QByteArray da_outra = "LABEL;TYPE=HOME:Rua de Casa\r\n";
+        const QByteArray com_etiquetas =
+            QByteArray(guardado).replace("BDAY", "LABEL;TYPE=WORK:Rua A\\nPorto\r\n" + da_outra + "BDAY");
+        ContactoParaCartao contacto = No_Livro(com_etiquetas);
+        contacto.colunas[C::Morada] = u"Rua B"_s;
+        QCOMPARE(CartaoDoContacto(ingles).Remendado(contacto, com_etiquetas),
+                 QByteArray(guardado)
+                     .replace("ADR;TYPE=WORK:;;Rua A;Porto;;4000;\r\n", "ADR;TYPE=WORK:;;Rua B;;;;\r\n" + da_outra));
+    }
+
+    void onde_so_ha_etiquetas_a_morada_mudada_toma_o_lugar_da_sua_e_as_outras_ficam()
+    {
+        const QByteArray so_etiquetas = Cartao("FN:Ana\r\nLABEL;TYPE=WORK:Rua A\r\nLABEL;TYPE=HOME:Rua de Casa\r\n");
+        ContactoParaCartao contacto = No_Livro(so_etiquetas);
+        QCOMPARE(contacto.colunas[C::Morada], u"Rua A"_s);
+        contacto.colunas[C::Morada] = u"Rua B"_s;
+        const QByteArray novo = CartaoDoContacto(ingles).Remendado(contacto, so_etiquetas);
+        QCOMPARE(novo, Cartao("FN:Ana\r\nADR:;;Rua B;;;;\r\nLABEL;TYPE=HOME:Rua de Casa\r\n"));
+        QCOMPARE(Lido(novo).colunas.valores, contacto.colunas.valores); // the other one still stands in Obs
+    }
+
     void uma_nota_mudada_sai_sem_o_bloco_e_com_o_que_a_pessoa_lhe_juntou()
     {
         ContactoParaCartao contacto = No_Livro(guardado);

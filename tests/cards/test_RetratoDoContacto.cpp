@@ -5,10 +5,38 @@
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
+#include <QBuffer>
 #include <QTextBlock>
 #include <QTextEdit>
 
 using namespace Qt::StringLiterals;
+
+namespace
+{
+// Red all over.
+QByteArray Imagem(QSize tamanho)
+{
+    QImage imagem(tamanho, QImage::Format_RGB32);
+    imagem.fill(Qt::red);
+    QByteArray bytes;
+    QBuffer ficheiro(&bytes);
+    if (!ficheiro.open(QIODevice::WriteOnly) || !imagem.save(&ficheiro, "PNG")) qFatal("no picture to test with");
+    return bytes;
+}
+
+// The pictures that stand in the first line.
+QList<QImage> Imagens(const QTextEdit &campo)
+{
+    QList<QImage> todas;
+    const QTextBlock linha = campo.document()->firstBlock();
+    for (auto parte = linha.begin(); parte != linha.end(); ++parte) {
+        const QTextImageFormat formato = parte.fragment().charFormat().toImageFormat();
+        if (formato.isValid())
+            todas << campo.document()->resource(QTextDocument::ImageResource, formato.name()).value<QImage>();
+    }
+    return todas;
+}
+} // namespace
 
 class TestRetratoDoContacto : public QObject
 {
@@ -72,6 +100,60 @@ private Q_SLOTS:
         };
         QCOMPARE(grossura(u"Ana"_s), int{QFont::Normal});
         QCOMPARE(grossura(u"211"_s), int{QFont::Bold});
+    }
+
+    void uma_fotografia_grande_encolhe_com_as_suas_proporcoes_e_uma_pequena_fica_como_e_data()
+    {
+        QTest::addColumn<QSize>("natural");
+        QTest::addColumn<QSize>("a_vista");
+        QTest::newRow("pequena") << QSize(40, 20) << QSize(40, 20);
+        QTest::newRow("a maior que fica como e") << QSize(96, 96) << QSize(96, 96);
+        QTest::newRow("larga") << QSize(400, 200) << QSize(96, 48);
+        QTest::newRow("alta") << QSize(50, 192) << QSize(25, 96);
+        QTest::newRow("um risco deitado") << QSize(500, 1) << QSize(96, 1);
+        QTest::newRow("um risco de pe") << QSize(1, 500) << QSize(1, 96);
+    }
+    void uma_fotografia_grande_encolhe_com_as_suas_proporcoes_e_uma_pequena_fica_como_e()
+    {
+        QFETCH(QSize, natural);
+        QFETCH(QSize, a_vista);
+        Sistema s;
+        QTextEdit campo;
+        RetratoDoContacto(s.geral, campo).Fotografia(Imagem(natural));
+        const QList<QImage> imagens = Imagens(campo);
+        QCOMPARE(imagens.size(), 1);
+        QCOMPARE(imagens.constFirst().size(), a_vista);
+        QCOMPARE(imagens.constFirst().pixelColor(0, 0), QColor(Qt::red));
+    }
+
+    void o_que_se_diz_do_contacto_vem_por_baixo_da_fotografia()
+    {
+        Sistema s;
+        QTextEdit campo;
+        RetratoDoContacto retrato(s.geral, campo);
+        retrato.Fotografia(Imagem({40, 20}));
+        retrato.Texto(u"Ana"_s);
+        const QTextDocument &documento = *campo.document();
+        QCOMPARE(documento.firstBlock().text(), QString(QChar::ObjectReplacementCharacter));
+        QCOMPARE(documento.firstBlock().next().text(), u"Ana"_s);
+    }
+
+    void do_que_nao_e_fotografia_nao_fica_sinal_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::newRow("nada") << QByteArray();
+        QTest::newRow("texto") << QByteArray("nada");
+        QTest::newRow("cortada logo depois das suas medidas") << Imagem({400, 400}).first(40);
+    }
+    void do_que_nao_e_fotografia_nao_fica_sinal()
+    {
+        QFETCH(QByteArray, bytes);
+        Sistema s;
+        QTextEdit campo;
+        RetratoDoContacto retrato(s.geral, campo);
+        retrato.Fotografia(bytes);
+        retrato.Texto(u"Ana"_s);
+        QCOMPARE(campo.toPlainText(), u"Ana\n"_s);
     }
 };
 

@@ -9,6 +9,7 @@
 #include "testlib/Teste.h"
 
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QComboBox>
 #include <QScrollBar>
 
@@ -151,6 +152,21 @@ private Q_SLOTS:
             QVERIFY(contrast(cor, fundo) >= readableContrast);
         }
         QVERIFY(!form->tblCampos->model()->index(0, 1).data(Qt::ForegroundRole).isValid());
+    }
+
+    // Only the row of the fields shows the names; to a reader each cell below has its own as well.
+    void um_leitor_de_ecra_ouve_o_nome_da_coluna_tambem_sobre_as_linhas()
+    {
+        Mesa m;
+        const auto form = m.Abrir("Quem;" + QByteArray("N").repeated(300) + "\r\nAna;1\r\n");
+        for (QTableView *mesa : {form->tblCampos, form->tblLinhas}) {
+            QAccessibleTableInterface &lida = *QAccessible::queryAccessibleInterface(mesa)->tableInterface();
+            QCOMPARE(lida.columnDescription(0), u"Quem"_s);
+            QCOMPARE(lida.columnDescription(1), QString(200, u'N') + u'…');
+            QCOMPARE(lida.rowDescription(0), QString());
+        }
+        for (const int papel : {Qt::DecorationRole, Qt::ForegroundRole})
+            QVERIFY(!form->tblLinhas->model()->headerData(0, Qt::Horizontal, papel).isValid());
     }
 
     void mais_de_vinte_linhas_mostram_vinte_e_todas_sao_lidas()

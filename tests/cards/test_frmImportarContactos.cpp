@@ -13,6 +13,7 @@
 #include "testlib/ServidorFalso.h"
 #include "testlib/Teste.h"
 
+#include <QBuffer>
 #include <QClipboard>
 #include <QMimeData>
 #include <QScrollBar>
@@ -217,6 +218,28 @@ private Q_SLOTS:
         QVERIFY(f.form.txtContacto->toPlainText().contains(u"Ana Silva"_s));
     }
 
+    void a_fotografia_do_cartao_esta_por_cima_dos_seus_dados_e_vai_com_ele()
+    {
+        QImage imagem(30, 20, QImage::Format_RGB32);
+        imagem.fill(Qt::blue);
+        QByteArray bytes;
+        QBuffer ficheiro(&bytes);
+        QVERIFY(ficheiro.open(QIODevice::WriteOnly) && imagem.save(&ficheiro, "PNG"));
+        Programa p;
+        Formulario f(p, Cartao("FN:Rui\r\nPHOTO;ENCODING=b;TYPE=PNG:" + bytes.toBase64()) + Cartao("FN:Eva"));
+        const QTextEdit &campo = *f.form.txtContacto;
+        const auto fotografia = [&] {
+            QTextCursor primeiro(campo.document());
+            primeiro.movePosition(QTextCursor::NextCharacter);
+            const QString nome = primeiro.charFormat().toImageFormat().name();
+            return campo.document()->resource(QTextDocument::ImageResource, nome).value<QImage>();
+        };
+        QCOMPARE(fotografia().size(), QSize(30, 20));
+        QCOMPARE(fotografia().pixelColor(5, 5), QColor(Qt::blue));
+        f.Ir_Para(1);
+        QVERIFY(!campo.toPlainText().contains(QChar::ObjectReplacementCharacter));
+    }
+
     // A card is foreign text: what looks like a page is shown as it is written.
     void um_nome_com_sinais_de_uma_pagina_fica_texto()
     {
@@ -345,6 +368,28 @@ private Q_SLOTS:
                  (QStringList{u"Ana Silva|ana.pt"_s, u"Rui Costa|"_s, u"Ana Silva|"_s, u"Outra Gente|"_s}));
     }
 
+    void um_clique_no_visto_liga_e_desliga_a_linha_e_mais_nada_se_escreve_nela()
+    {
+        Programa p;
+        Formulario f(p);
+        QTreeView &lista = *f.form.Lista;
+        const QModelIndex linha = lista.model()->index(1, 0);
+        QStyleOptionViewItem opcao;
+        opcao.initFrom(&lista);
+        opcao.rect = lista.visualRect(linha);
+        opcao.features = QStyleOptionViewItem::HasCheckIndicator | QStyleOptionViewItem::HasDisplay;
+        const QRect visto = lista.style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &opcao, &lista);
+        QTest::mouseClick(lista.viewport(), Qt::LeftButton, {}, visto.center());
+        QVERIFY(!f.Marcado(1));
+        f.Ir_Para(1);
+        QCOMPARE(f.form.ComboEscolha->currentText(), p.s.Texto(309));
+        QTest::mouseClick(lista.viewport(), Qt::LeftButton, {}, visto.center());
+        QVERIFY(f.Marcado(1));
+        QCOMPARE(f.form.ComboEscolha->currentText(), p.s.Texto(308) + u" Ana Silva"_s);
+        QVERIFY(!lista.model()->setData(linha, u"Outra"_s, Qt::EditRole));
+        QVERIFY(f.Marcado(1));
+    }
+
     void sem_juntar_os_existentes_ficam_como_estao()
     {
         Programa p;
@@ -465,6 +510,33 @@ private Q_SLOTS:
         QCOMPARE(f.Linhas(), 0);
         QVERIFY(!f.form.cmdImportar->isEnabled());
         QCOMPARE(f.form.Lista->accessibleDescription(), p.s.Texto(331));
+    }
+
+    void uma_leitura_que_falha_deixa_o_formulario_sem_ficheiro_e_pode_repetir_se()
+    {
+        Programa p;
+        ServidorFalso servidor(p.s.Base());
+        servidor.Servir(p.s.geral);
+        Formulario f(p);
+        f.form.hide();
+        f.form.setModal(true); // as the menu opens it
+        f.form.show();
+        const QString caminho = p.Ficheiro(u"outra.vcf"_s, Cartao("FN:Rui"));
+        f.form.Abrir(caminho);
+        QCOMPARE(f.form.txtCaminho->text(), QDir::toNativeSeparators(caminho));
+        servidor.Perder();
+        p.s.caixas.Espera_Erro(Failure::StoreError);
+        QTRY_VERIFY(p.s.caixas.Todas_Vistas());
+        servidor.Voltar();
+        QVERIFY(!f.form.ProgressBar1->isVisible() && f.form.txtCaminho->text().isEmpty());
+        QVERIFY(f.form.lblContagem->text().isEmpty());
+        QCOMPARE(f.Linhas(), 0);
+        QVERIFY(!f.form.cmdImportar->isEnabled() && f.form.cmdProcurar->isEnabled());
+        QCOMPARE(f.form.Lista->accessibleDescription(), p.s.Texto(330));
+        f.form.Abrir(caminho);
+        f.Esperar();
+        QCOMPARE(f.Linhas(), 1);
+        QVERIFY(f.form.cmdImportar->isEnabled());
     }
 
     // Broken off

@@ -69,6 +69,14 @@ class MorvexServidor(unittest.TestCase):
         self.assertIn(says, done.stderr + done.stdout)
         return done.stderr
 
+    def refused_by_the_look(self, says):
+        """The lines of verificar, of which one says that; it finds nothing else."""
+        done = self.run_program("verificar", self.at(self.base))
+        self.assertEqual(done.returncode, 4, done.stderr + done.stdout)
+        self.assertEqual(len(done.stdout.splitlines()), 1, done.stdout)
+        self.assertIn(says, done.stdout)
+        return done.stdout
+
     def file(self, *statements):
         path = self.folder / f"livro{len(list(self.folder.iterdir()))}.mdb"
         shutil.copy(SHIPPED, path)
@@ -245,6 +253,13 @@ class MorvexServidor(unittest.TestCase):
         self.refused(1, "", "trazer", self.at(self.base), self.folder / "nao_ha" / "x.mdb")
         self.assertEqual(sorted(p.name for p in self.folder.iterdir()), ["ha.mdb"])
 
+    def test_trazer_leaves_nothing_behind_where_the_file_does_not_take_its_name(self):
+        self.good("criar", self.at(self.base), "--vazia")
+        nowhere = self.folder / "livro.mdb"
+        nowhere.symlink_to(self.folder / "nao_ha" / "x.mdb")
+        self.refused(1, "could not be written", "trazer", self.at(self.base), nowhere)
+        self.assertEqual([p.name for p in self.folder.iterdir()], ["livro.mdb"])
+
     def test_trazer_keeps_one_moment_while_others_write(self):
         self.good("criar", self.at(self.base), "--vazia")
         self.sql(self.base, "INSERT INTO TblLista (Nome, Obs) SELECT 'n', repeat('x', 400) FROM generate_series(1, 3000)")
@@ -280,6 +295,40 @@ class MorvexServidor(unittest.TestCase):
                 self.refused(4, says, "verificar", self.at(self.base))
                 self.good("atualizar", self.at(self.base))
                 self.assertIn("All is as it should be.", self.good("verificar", self.at(self.base)))
+
+    def test_verificar_names_a_column_that_is_missing(self):
+        self.good("criar", self.at(self.base), "--vazia")
+        self.sql(self.base, "ALTER TABLE tblcartoes DROP COLUMN uid")
+        done = self.run_program("verificar", self.at(self.base))
+        self.assertEqual(done.returncode, 4)
+        self.assertEqual(done.stdout.splitlines(), ["A table or a column is missing: tblcartoes.uid"])
+
+    def test_verificar_counts_the_letters_that_only_the_server_takes_for_one(self):
+        self.good("criar", self.at(self.base), "--vazia")
+        folding = self.sql(self.base, "SELECT prosrc FROM pg_proc WHERE proname = 'morvex_dobrar'")
+        self.sql(self.base, "CREATE OR REPLACE FUNCTION morvex_dobrar(t text) RETURNS text LANGUAGE sql IMMUTABLE "
+                            f"PARALLEL SAFE AS $dobra$ SELECT replace(({folding}), 'b', 'a') $dobra$")
+        self.refused_by_the_look("compares 2 letters otherwise")  # the large one and the small one
+        self.good("atualizar", self.at(self.base))
+        self.good("verificar", self.at(self.base))
+
+    def test_where_the_servers_order_has_moved_the_indexes_are_made_anew(self):
+        indexes = ("SELECT i.indexrelid, c.relfilenode FROM pg_index i JOIN pg_class c ON c.oid = i.indexrelid "
+                   "WHERE c.relnamespace = 'public'::regnamespace AND i.indrelid::regclass::text LIKE 'tbl%'")
+        self.good("criar", self.at(self.base), "--idioma", "pt")
+        before = set(self.sql(self.base, indexes).splitlines())
+        self.assertNotIn("made anew", self.good("atualizar", self.at(self.base)))
+        self.assertEqual(set(self.sql(self.base, indexes).splitlines()), before)
+        self.sql(self.base, "UPDATE pg_collation SET collversion = '0' WHERE collname = 'morvex'")
+        self.assertIn("(morvex)", self.refused_by_the_look("order of letters has changed"))
+        done = self.run_program("atualizar", self.at(self.base))
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        self.assertIn("The server's order of letters had changed: the indexes were made anew.", done.stdout)
+        after = set(self.sql(self.base, indexes).splitlines())
+        self.assertEqual(len(after), len(before))
+        self.assertEqual(after & before, set())
+        self.assertIn("All is as it should be.", self.good("verificar", self.at(self.base)))
+        self.assertNotIn("made anew", self.good("atualizar", self.at(self.base)))
 
     def test_what_is_newer_than_the_program_is_left_alone(self):
         self.good("criar", self.at(self.base), "--vazia")

@@ -10,10 +10,13 @@
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
+#include <atomic>
 #include <csignal>
 #include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusVirtualObject>
+#include <QThread>
 
 using namespace Qt::StringLiterals;
 
@@ -66,6 +69,52 @@ QVariant ask(const QString &method, const QVariantList &arguments = {})
     return QDBusConnection::sessionBus().call(question, QDBus::Block, 2000).arguments().value(0);
 }
 QList<int> numbers(const QString &method) { return qdbus_cast<QList<int>>(ask(method)); }
+
+// A client with one account and one buddy, on that bus until it goes: it knows a kind of presence that nobody else
+// does, and refuses what it is told to. It answers from a thread of its own, for who asks waits.
+class OddClient : public QDBusVirtualObject
+{
+public:
+    explicit OddClient(const QString &bus) : bus_(QDBusConnection::connectToBus(bus, name))
+    {
+        moveToThread(&thread_);
+        thread_.start();
+        stands_ = bus_.registerVirtualObject(u"/im/pidgin/purple/PurpleObject"_s, this) &&
+                  bus_.registerService(u"im.pidgin.purple.PurpleService"_s);
+    }
+    ~OddClient() override
+    {
+        QDBusConnection::disconnectFromBus(name);
+        thread_.quit();
+        thread_.wait();
+    }
+    OddClient(const OddClient &) = delete;
+    OddClient &operator=(const OddClient &) = delete;
+
+    bool stands() const { return stands_; }
+    QString introspect(const QString & /*path*/) const override { return {}; }
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &bus) override
+    {
+        const QString asked = message.member();
+        ++questions;
+        if (asked == refuses) return bus.send(message.createErrorReply(QDBusError::Failed, u"not now"_s));
+        QVariant answer = 1;
+        if (asked == u"PurpleAccountsGetAllActive"_s || asked == u"PurpleFindBuddies"_s)
+            answer = QVariant::fromValue(QList<int>{1});
+        if (asked == u"PurpleBuddyGetName"_s) answer = bea;
+        if (asked == u"PurpleStatusTypeGetPrimitive"_s) answer = 99;
+        return bus.send(message.createReply(answer));
+    }
+
+    QString refuses; // a question
+    std::atomic<int> questions = 0;
+
+private:
+    inline static const QString name = u"odd client"_s;
+    QThread thread_;
+    QDBusConnection bus_;
+    bool stands_ = false;
+};
 
 qint64 msOf(const std::function<void()> &work)
 {
@@ -217,6 +266,43 @@ private Q_SLOTS:
         QVERIFY2(spent < 100, qPrintable(QString::number(spent)));
         QTest::qWait(500);
         QVERIFY(!QFile::exists(ana_->Pasta() + u"/started"_s));
+    }
+
+    // Of others that come in the place of the client.
+    void a_presence_of_no_known_kind_is_unknown()
+    {
+        const OddClient client(ana_->Perguntar("bus"));
+        QVERIFY(client.stands());
+        PurpleMessenger messenger;
+        QCOMPARE(messenger.status(bea), std::optional<int>(MessengerAPI::Unknown));
+        const QList<MessengerAPI::Contact> contacts = messenger.contacts();
+        QCOMPARE(contacts.size(), 1);
+        QCOMPARE(contacts.constFirst().address, bea);
+        QCOMPARE(contacts.constFirst().status, int{MessengerAPI::Unknown});
+    }
+
+    void a_client_that_refuses_an_answer_is_left_alone_data()
+    {
+        QTest::addColumn<QString>("refuses");
+        for (const char *question : {"PurpleAccountsGetAllActive", "PurpleFindBuddies", "PurpleBuddyGetName",
+                                     "PurplePresenceIsIdle", "PurpleStatusTypeGetPrimitive"})
+            QTest::newRow(question) << QString::fromLatin1(question);
+    }
+    void a_client_that_refuses_an_answer_is_left_alone()
+    {
+        QFETCH(QString, refuses);
+        OddClient client(ana_->Perguntar("bus"));
+        QVERIFY(client.stands());
+        client.refuses = refuses;
+        PurpleMessenger messenger;
+        QVERIFY(messenger.contacts().isEmpty());
+        client.refuses.clear();
+        const int asked = client.questions;
+        QVERIFY(asked > 0);
+        QVERIFY(messenger.contacts().isEmpty());
+        QVERIFY(!messenger.status(bea));
+        QCOMPARE(client.questions.load(), asked);
+        QCOMPARE(PurpleMessenger().contacts().size(), 1); // to whom it has refused nothing it answers
     }
 
     void without_a_bus_nobody_is_asked_for_one()

@@ -14,6 +14,7 @@ foreach(teste IN ITEMS
     test_MailProgram
     test_MessageBoxes
     test_Picture
+    test_Process
     test_ProgramFolder
     test_RegistryMailProgram
     test_SecretService

@@ -325,6 +325,25 @@ private Q_SLOTS:
         QVERIFY(!depois.Mudou_Aqui() && !depois.Mudou_La());
     }
 
+    void cartoes_que_ainda_nao_vieram_nao_contam_para_a_parte_que_se_perde()
+    {
+        Muitos m(20);
+        const QStringList por_vir{Mesa::Href(u"v1"_s), Mesa::Href(u"v2"_s)};
+        for (const QString &href : por_vir)
+            m.servidor.Por(href, Mesa::Cartao(href, u"Por Vir"_s));
+        m.servidor.nao_entrega = [=](const QString &href) {
+            return por_vir.contains(href) ? RemoteError{RemoteError::Kind::Server, 500, {}} : RemoteError();
+        };
+        QCOMPARE(m.Correr().recusados, 2);
+        QCOMPARE(m.Memoria().Pares().size(), 22U); // two of them without a contact
+        for (int i = 0; i < 11; ++i)
+            m.servidor.Tirar(Mesa::Href(u"u%1"_s.arg(i)));
+        const auto fim = m.Correr();
+        QCOMPARE(fim.fim, Fim::Perguntar);
+        QCOMPARE(fim.pergunta_de_quantos, 20);
+        QCOMPARE(m.Nomes().size(), 20);
+    }
+
     void dez_eliminacoes_nao_perguntam_nada()
     {
         Muitos m(12);
