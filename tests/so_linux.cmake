@@ -2,6 +2,7 @@
 # CTest names them as left out.
 set(morvex_so_linux
     # What they test is Linux's own: the session's bus, the X server, entries of desktops, signals, players in PATH.
+    platform/test_ChooseDesktop
     platform/test_ColourScheme
     platform/test_DesktopRegistry
     platform/test_DesktopSessionEnd

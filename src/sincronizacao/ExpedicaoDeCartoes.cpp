@@ -218,7 +218,9 @@ void ExpedicaoDeCartoes::Pedir(const Envio &envio)
 {
     if (envio.tentativas + 1 >= tentativas_no_maximo) return Feito();
     ++no_caminho_;
-    auto volta = std::make_shared<Volta>(Volta{envio, {}, {}, false, {}, true});
+    auto volta = std::make_shared<Volta>();
+    volta->envio = envio;
+    volta->foi_pedido = true;
     livro_.fetch(
         {envio.href}, [volta](const QList<RemoteCard> &cartoes) { volta->pedido += cartoes; },
         [this, volta](const RemoteError &erro) {

@@ -488,6 +488,7 @@ private Q_SLOTS:
         }));
         QCOMPARE(maior, 50);
         QCOMPARE(Estado(c.s), antes);
+        QCOMPARE(c.escrita->Feita().adicionados, 0);
         QVERIFY(c.escrita->Escrever(Sempre)); // and once more from the beginning
         QCOMPARE(c.escrita->Feita().adicionados, 50);
         QCOMPARE(c.s.Linhas(u"SELECT * FROM TblLista"_s).size(), 51);

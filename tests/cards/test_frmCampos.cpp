@@ -190,6 +190,15 @@ private Q_SLOTS:
         QVERIFY(Cartao(*form).contains(u"Nome: Rui Costa"_s));
     }
 
+    void uma_tabela_de_uma_coluna_mostra_o_campo_dela()
+    {
+        Mesa m;
+        const auto form = m.Abrir("Nome\r\nAna Silva\r\nRui Costa\r\n");
+        QCOMPARE(form->tblCampos->model()->columnCount(), 1);
+        QCOMPARE(form->tblCampos->model()->rowCount(), 1);
+        QCOMPARE(form->tblCampos->model()->rowCount(form->tblCampos->model()->index(0, 0)), 0);
+    }
+
     void um_campo_que_nao_ha_nao_se_toma()
     {
         Mesa m;
