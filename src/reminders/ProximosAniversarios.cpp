@@ -3,7 +3,7 @@
 #include "data/Geral.h"
 #include "store/Row.h"
 
-#include <array>
+#include <QHash>
 
 using namespace Qt::StringLiterals;
 
@@ -74,17 +74,15 @@ public:
         const auto mes = Numero_Curto(Mes);
         const auto contar = [&] { return Distancia_De({Texto(Dia), Texto(Mes)}, hoje_, dias_); };
         if (!dia || !mes) return contar();
-        auto &conhecida = conhecidas_[static_cast<std::size_t>(*dia * de_dois_algarismos + *mes)];
+        auto &conhecida = conhecidas_[*dia * 100 + *mes];
         if (!conhecida) conhecida = contar();
         return *conhecida;
     }
 
 private:
-    static constexpr int de_dois_algarismos = 100;
-
     QDate hoje_;
     int dias_;
-    std::array<std::optional<Distancia>, std::size_t{de_dois_algarismos} * de_dois_algarismos> conhecidas_;
+    QHash<int, std::optional<Distancia>> conhecidas_;
 };
 
 struct Colunas {
