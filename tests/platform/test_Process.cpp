@@ -37,7 +37,7 @@ int Outro_Programa(const QString &fim, const QString &ficheiro)
     static auto *de_partida = new QObject;
     QObject::connect(de_partida, &QObject::destroyed, [] { Dizer("apagada "); });
     de_partida->deleteLater();
-    QMetaObject::invokeMethod(qApp, [] { Dizer("enviada "); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(QCoreApplication::instance(), [] { Dizer("enviada "); }, Qt::QueuedConnection);
     if (fim == "OwnProcess"_L1) OwnProcess().end();
     return 0;
 }
