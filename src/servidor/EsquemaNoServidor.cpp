@@ -224,11 +224,6 @@ QStringList esquema_no_servidor::Sql_Funcoes()
         "IF NOT FOUND THEN RETURN 0; END IF; "
         "EXECUTE format('SELECT max(id) FROM public.%I', lower(qual)) INTO maior; "
         "RETURN greatest(dado, maior, 0); END $morvex$"_s.arg(da_dona),
-        // The numbers behind that one are given once more, but for those that the table still holds.
-        u"CREATE OR REPLACE FUNCTION morvex_voltar_a(qual text, ultimo_dado integer) RETURNS void LANGUAGE "
-        u"sql "
-        "%1 AS $morvex$ UPDATE public.morvex_contadores SET ultimo = greatest(ultimo_dado, 0) "
-        "WHERE tabela = lower(qual) $morvex$"_s.arg(da_dona),
         // The keys of rows that still stand; those of rows that are gone, or of long ago, are taken away.
         u"CREATE OR REPLACE FUNCTION morvex_chaves_de_pe() RETURNS SETOF uuid LANGUAGE plpgsql AS $morvex$ "
         "DECLARE qual text; BEGIN "
@@ -237,6 +232,13 @@ QStringList esquema_no_servidor::Sql_Funcoes()
         "EXECUTE format('DELETE FROM gravacoes WHERE tabela = %1$L AND linha NOT IN (SELECT id FROM %1$I)', qual); "
         "END LOOP; "
         "RETURN QUERY SELECT chave FROM gravacoes WHERE linha IS NOT NULL; END $morvex$"_s,
+        // The numbers behind that one are given once more, but for those that the table still holds. No key may
+        // take a new row for one that is gone.
+        u"CREATE OR REPLACE FUNCTION morvex_voltar_a(qual text, ultimo_dado integer) RETURNS void LANGUAGE "
+        u"sql "
+        "%1 AS $morvex$ SELECT public.morvex_chaves_de_pe(); "
+        "UPDATE public.morvex_contadores SET ultimo = greatest(ultimo_dado, 0) "
+        "WHERE tabela = lower(qual) $morvex$"_s.arg(da_dona),
         Funcao_De_Gatilho(u"morvex_versao"_s, {}, u"BEGIN NEW.versao := OLD.versao + 1; RETURN NEW; END"_s)};
 }
 

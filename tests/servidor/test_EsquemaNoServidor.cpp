@@ -280,6 +280,17 @@ private Q_SLOTS:
         QCOMPARE(Numero(*posto_, u"SELECT count(*) FROM gravacoes"_s), 2);
     }
 
+    void um_numero_que_se_da_outra_vez_nao_traz_a_chave_da_linha_antiga()
+    {
+        const qint64 numero = Novo(*posto_);
+        posto_->run(u"INSERT INTO gravacoes (chave, quando, tabela, linha) VALUES "
+                    "('00000000-0000-0000-0000-000000000001', now() + interval '30 days', 'tbllista', %1)"_s.arg(numero));
+        posto_->run(u"DELETE FROM TblLista"_s);
+        posto_->run(u"SELECT morvex_voltar_a('TblLista', %1)"_s.arg(numero - 1));
+        QCOMPARE(Novo(*posto_), numero);
+        QVERIFY(posto_->query(u"SELECT morvex_chaves_de_pe()"_s).Eof());
+    }
+
     void o_posto_pode_o_que_precisa_e_nada_mais()
     {
         posto_->run(

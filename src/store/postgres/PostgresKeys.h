@@ -27,7 +27,7 @@ inline const QString waitForLocks = QStringLiteral("SELECT set_config('lock_time
 inline const QString findKey = QStringLiteral("SELECT 1 FROM gravacoes WHERE chave = $1::uuid");
 
 // An insert and its key in one statement, so that neither is there without the other. The key knows the row, whose
-// number is never given to another one: it counts while that row stands.
+// number is given to no other one while a key knows it: it counts while that row stands.
 inline QString keepForLong(const QString &insert, std::size_t parameter)
 {
     return QStringLiteral("WITH morvex_linha AS (%1 RETURNING tableoid, id) INSERT INTO gravacoes (chave, quando, tabela, "
