@@ -8,6 +8,7 @@
 
 #include <QLabel>
 #include <QMessageBox>
+#include <QScopeGuard>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -105,10 +106,10 @@ private Q_SLOTS:
         QFETCH(QString, leave);
         boxes_.setLanguage([language] { return language; });
         Quando_Abrir<QMessageBox>([&](QMessageBox &box) {
+            const auto close = qScopeGuard([&] { box.close(); });
             QCOMPARE(box.defaultButton()->text(), retry);
             QCOMPARE(box.escapeButton()->text(), leave);
             QCOMPARE(box.buttons().size(), 2);
-            box.close();
         });
         QCOMPARE(boxes_.show(u"?"_s, box::stop | box::retryLeave, {}, nullptr), answer::leave);
         boxes_.setLanguage([] { return QString(); });
