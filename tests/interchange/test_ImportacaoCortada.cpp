@@ -145,9 +145,11 @@ bool Fundir(Posto &p, const Antiga &antiga, const Passo &quando, const std::func
 
 const QStringList as_tres{u"tbllista"_s, u"tbltarefas"_s, u"tblmemos"_s};
 
+constexpr int registos = 4500;
+
 // The form with a text of that many contacts, as it is shown: the last two are alike.
 struct Texto {
-    Texto(Posto &p, int registos) : janela(p.s.geral, p.s.plataforma)
+    explicit Texto(Posto &p) : janela(p.s.geral, p.s.plataforma)
     {
         janela.Carregar();
         form.emplace(p.s.geral, p.s.plataforma, *janela.findChild<Intercambio *>(), janela);
@@ -200,10 +202,9 @@ private Q_SLOTS:
     // The form stays, says how many are there, and brings the others when it is asked again.
     void um_texto_cortado_diz_quantos_ficaram_e_repetido_traz_os_outros()
     {
-        constexpr int registos = 4500;
         Escritorio e;
         Posto p(e);
-        Texto texto(p, registos);
+        Texto texto(p);
         texto.Cortar(p, e);
         QVERIFY(texto.form->isVisible());
         QVERIFY(!p.s.processo.Terminou());
@@ -231,10 +232,9 @@ private Q_SLOTS:
     // Who deletes what came wants it once more; what was changed has come, and so has what was brought back.
     void do_que_veio_de_um_texto_o_eliminado_vem_outra_vez()
     {
-        constexpr int registos = 4500;
         Escritorio e;
         Posto p(e);
-        Texto texto(p, registos);
+        Texto texto(p);
         texto.Cortar(p, e);
         QVERIFY(e.Contactos() < registos);
         e.la.run(u"DELETE FROM tbllista WHERE id IN (SELECT id FROM tbllista ORDER BY id LIMIT 100)"_s);
@@ -253,11 +253,10 @@ private Q_SLOTS:
 
     void para_outro_grupo_um_texto_cortado_vem_todo()
     {
-        constexpr int registos = 4500;
         Escritorio e;
         e.la.run(u"INSERT INTO tblgrupos (nomegrupo) VALUES ('ZZ')"_s);
         Posto p(e);
-        Texto texto(p, registos);
+        Texto texto(p);
         texto.Cortar(p, e);
         QVERIFY(p.Volta());
         const int ficaram = e.Contactos();
