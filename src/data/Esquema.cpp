@@ -9,6 +9,7 @@
 namespace
 {
 using enum ColumnType;
+using Coluna = ColunaDaTabela; // written a hundred times here
 
 constexpr std::array colunas_TblLista{
     Coluna{"ID", Long, true},      Coluna{"Nome", Text},         Coluna{"Telefone1", Text},

@@ -7,7 +7,7 @@
 #include <span>
 #include <string_view>
 
-struct Coluna {
+struct ColunaDaTabela {
     std::string_view nome;
     ColumnType tipo;
     bool contador = false;                // a key that the store assigns, from 1, and never reuses
@@ -17,7 +17,7 @@ struct Coluna {
 
 struct Tabela {
     std::string_view nome;
-    std::span<const Coluna> colunas;
+    std::span<const ColunaDaTabela> colunas;
     int desde = 0; // the step that brought it (PassosDoEsquema); 0: it was there from the start
 };
 

@@ -10,12 +10,12 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-std::span<const Coluna> Colunas(std::string_view tabela)
+std::span<const ColunaDaTabela> Colunas(std::string_view tabela)
 {
     const auto tabelas = esquema::Tabelas();
     const auto achada =
         std::find_if(tabelas.begin(), tabelas.end(), [&](const Tabela &t) { return t.nome == tabela; });
-    return achada == tabelas.end() ? std::span<const Coluna>() : achada->colunas;
+    return achada == tabelas.end() ? std::span<const ColunaDaTabela>() : achada->colunas;
 }
 } // namespace
 
@@ -28,7 +28,7 @@ QString linha_inteira::Sql_Ler(std::string_view tabela, std::string_view coluna)
 QString linha_inteira::Sql_Repor(std::string_view tabela)
 {
     QStringList nomes;
-    for (const Coluna &coluna : Colunas(tabela))
+    for (const ColunaDaTabela &coluna : Colunas(tabela))
         nomes << esquema::Texto(coluna.nome);
     const QString sinais = QStringList(nomes.size(), u"?"_s).join(u',');
     return u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(esquema::Texto(tabela), nomes.join(u','), sinais);
@@ -37,7 +37,7 @@ QString linha_inteira::Sql_Repor(std::string_view tabela)
 LinhaInteira linha_inteira::Da_Linha(std::string_view tabela, const Recordset &rs)
 {
     LinhaInteira linha;
-    for (const Coluna &coluna : Colunas(tabela)) {
+    for (const ColunaDaTabela &coluna : Colunas(tabela)) {
         const Field campo = rs.Fields(coluna.nome.data()); // a literal, so it ends in a zero
         const Value valor = campo.isNull()                     ? Value(nullptr)
                             : coluna.tipo == ColumnType::Bytes ? Value(campo.bytes())
@@ -50,7 +50,7 @@ LinhaInteira linha_inteira::Da_Linha(std::string_view tabela, const Recordset &r
 std::vector<StoreValue> linha_inteira::Valores(std::string_view tabela, const LinhaInteira &linha)
 {
     std::vector<StoreValue> valores;
-    for (const Coluna &coluna : Colunas(tabela))
+    for (const ColunaDaTabela &coluna : Colunas(tabela))
         valores.push_back(linha.at(coluna.nome));
     return valores;
 }

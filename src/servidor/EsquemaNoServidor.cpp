@@ -11,12 +11,12 @@ namespace
 using enum ColumnType;
 
 // The columns that a person does not edit, by table: they move no version and are no change to others.
-bool Sem_Versao(const Tabela &tabela, const Coluna &coluna)
+bool Sem_Versao(const Tabela &tabela, const ColunaDaTabela &coluna)
 {
     return coluna.contador || (tabela.nome == "TblLista" && coluna.nome == "MSNMessenger");
 }
 
-QString Tipo(const Coluna &coluna)
+QString Tipo(const ColunaDaTabela &coluna)
 {
     switch (coluna.tipo) {
     case Long:
@@ -35,7 +35,7 @@ QString Tipo(const Coluna &coluna)
     }
 }
 
-QString Sql_Coluna(const Coluna &coluna)
+QString Sql_Coluna(const ColunaDaTabela &coluna)
 {
     QString sql = esquema::Texto(coluna.nome).toLower() + u' ' + Tipo(coluna);
     if (coluna.contador || coluna.chave) sql += u" PRIMARY KEY"_s;
@@ -46,7 +46,7 @@ QString Sql_Coluna(const Coluna &coluna)
 // The number by which a notice names a row; empty where a table has none.
 QString Numero(const Tabela &tabela)
 {
-    const Coluna &primeira = tabela.colunas.front();
+    const ColunaDaTabela &primeira = tabela.colunas.front();
     const bool numero = primeira.tipo == Long && (primeira.contador || primeira.chave);
     return numero ? esquema::Texto(primeira.nome).toLower() : QString();
 }
@@ -99,7 +99,7 @@ QStringList Sql_Numerar(const QString &tabela, const QString &contador)
 QStringList Sql_Versao(const Tabela &tabela, const QString &nome)
 {
     QStringList colunas;
-    for (const Coluna &coluna : tabela.colunas)
+    for (const ColunaDaTabela &coluna : tabela.colunas)
         if (!Sem_Versao(tabela, coluna)) colunas << esquema::Texto(coluna.nome).toLower();
     return Gatilho(u"morvex_versao"_s, nome,
                    u"BEFORE UPDATE OF %1 ON %2 FOR EACH ROW"_s.arg(colunas.join(u", "_s), nome),
@@ -112,7 +112,7 @@ QString Linhas_Mudadas(const Tabela &tabela, const QString &numero)
 {
     const bool so_as_da_versao =
         std::any_of(tabela.colunas.begin(), tabela.colunas.end(),
-                    [&](const Coluna &coluna) { return !coluna.contador && Sem_Versao(tabela, coluna); });
+                    [&](const ColunaDaTabela &coluna) { return !coluna.contador && Sem_Versao(tabela, coluna); });
     return so_as_da_versao
                ? u"SELECT n.%1 AS id FROM novas n JOIN velhas v USING (%1) WHERE n.versao <> v.versao"_s.arg(
                      numero)
@@ -177,7 +177,7 @@ bool esquema_no_servidor::Com_Versao(const Tabela &tabela)
 
 QString esquema_no_servidor::Contador(const Tabela &tabela)
 {
-    const Coluna &primeira = tabela.colunas.front();
+    const ColunaDaTabela &primeira = tabela.colunas.front();
     return primeira.contador ? esquema::Texto(primeira.nome).toLower() : QString();
 }
 
@@ -191,7 +191,7 @@ QString esquema_no_servidor::Sql_Ordem()
 QString esquema_no_servidor::Sql_Tabela(const Tabela &tabela)
 {
     QStringList colunas;
-    for (const Coluna &coluna : tabela.colunas)
+    for (const ColunaDaTabela &coluna : tabela.colunas)
         colunas << Sql_Coluna(coluna);
     if (Com_Versao(tabela)) colunas << u"versao integer NOT NULL DEFAULT 0"_s;
     return u"CREATE TABLE %1 (%2)"_s.arg(Nome(tabela), colunas.join(u", "_s));

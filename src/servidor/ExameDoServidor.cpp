@@ -69,7 +69,7 @@ private:
             "AND NOT attisdropped"_s,
             {u"public."_s + nome});
         if (colunas.isEmpty()) Achar(Defeito::Tabela, nome);
-        for (const Coluna &coluna : tabela.colunas)
+        for (const ColunaDaTabela &coluna : tabela.colunas)
             if (!colunas.isEmpty() && !colunas.contains(esquema::Texto(coluna.nome).toLower()))
                 Achar(Defeito::Tabela, nome + u'.' + esquema::Texto(coluna.nome).toLower());
         return !colunas.isEmpty();

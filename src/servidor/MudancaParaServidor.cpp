@@ -13,9 +13,9 @@ namespace esquema_la = esquema_no_servidor;
 namespace
 {
 // Where something stands, for a person who has to find it.
-QString Lugar(const Tabela &tabela, const Coluna &coluna, const Recordset &rs)
+QString Lugar(const Tabela &tabela, const ColunaDaTabela &coluna, const Recordset &rs)
 {
-    const Coluna &primeira = tabela.colunas.front();
+    const ColunaDaTabela &primeira = tabela.colunas.front();
     const Field numero = rs.Fields(primeira.nome.data()); // a literal, so it ends in a zero
     return u"%1, %2 %3, %4"_s.arg(esquema::Texto(tabela.nome), esquema::Texto(primeira.nome),
                                   numero.isNull() ? u"?"_s : numero.text(), esquema::Texto(coluna.nome));
@@ -42,12 +42,12 @@ StoreValue Como_Esta(const Field &campo, ColumnType tipo)
     }
 }
 
-bool Precisa_De_Numero(const Tabela &tabela, const Coluna &coluna)
+bool Precisa_De_Numero(const Tabela &tabela, const ColunaDaTabela &coluna)
 {
     return coluna.contador || coluna.chave || (tabela.nome == "TblIdiomas" && coluna.nome == "ID");
 }
 
-StoreValue Valor(const Tabela &tabela, const Coluna &coluna, const Recordset &rs)
+StoreValue Valor(const Tabela &tabela, const ColunaDaTabela &coluna, const Recordset &rs)
 {
     const auto lugar = [&] { return Lugar(tabela, coluna, rs); };
     StoreValue valor;
@@ -71,14 +71,14 @@ bool Tem_Tabela(Connection &ficheiro, const Tabela &tabela)
 qint64 Passar_Linhas(Connection &ficheiro, ServerSession &servidor, const Tabela &tabela)
 {
     QStringList colunas;
-    for (const Coluna &coluna : tabela.colunas)
+    for (const ColunaDaTabela &coluna : tabela.colunas)
         colunas << esquema::Texto(coluna.nome);
     qint64 linhas = 0;
     servidor.copyIn(esquema_la::Nome(tabela), colunas, [&](const ServerSession::Give &dar) {
         ficheiro.each(u"SELECT %1 FROM %2"_s.arg(colunas.join(u", "_s), esquema::Texto(tabela.nome)), {},
                       [&](const Recordset &rs) {
                           ServerSession::Values valores;
-                          for (const Coluna &coluna : tabela.colunas)
+                          for (const ColunaDaTabela &coluna : tabela.colunas)
                               valores.push_back(Valor(tabela, coluna, rs));
                           dar(valores);
                           ++linhas;

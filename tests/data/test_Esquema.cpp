@@ -55,7 +55,7 @@ private Q_SLOTS:
             std::find_if(tabelas.begin(), tabelas.end(), [&](const Tabela &t) { return t.nome == nome; });
         QVERIFY(tabela != tabelas.end());
         QStringList achadas;
-        for (const Coluna &coluna : tabela->colunas) {
+        for (const ColunaDaTabela &coluna : tabela->colunas) {
             const char letra = coluna.contador ? 'c' : "tnsydh~b"[static_cast<int>(coluna.tipo)];
             achadas << QString::fromUtf8(coluna.nome.data()) + u':' + QLatin1Char(letra);
         }
@@ -68,7 +68,7 @@ private Q_SLOTS:
     {
         QStringList chaves;
         for (const Tabela &tabela : esquema::Tabelas())
-            for (const Coluna &coluna : tabela.colunas)
+            for (const ColunaDaTabela &coluna : tabela.colunas)
                 if (coluna.chave)
                     chaves << QString::fromUtf8(tabela.nome) + u'.' + QString::fromUtf8(coluna.nome);
         QCOMPARE(chaves, (QStringList{u"TblFotografias.Nome"_s, u"TblCartoes.IDContacto"_s,
@@ -113,7 +113,7 @@ private Q_SLOTS:
             sql = sql.sliced(sql.indexOf(u'(') + 1).chopped(QStringLiteral(") STRICT").size());
             const QStringList colunas = sql.split(u", "_s);
             for (std::size_t i = 0; i < tabela.colunas.size(); ++i) {
-                const Coluna &coluna = tabela.colunas[i];
+                const ColunaDaTabela &coluna = tabela.colunas[i];
                 const bool palavras = coluna.tipo == ColumnType::Text && !coluna.chave;
                 QCOMPARE(colunas.at(static_cast<qsizetype>(i)).contains(u"COLLATE"_s), palavras);
             }

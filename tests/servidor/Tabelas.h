@@ -26,7 +26,7 @@ inline QString Linha(const Row &linha)
 inline QStringList Linhas(Connection &ligacao, const Tabela &tabela)
 {
     QStringList colunas;
-    for (const Coluna &coluna : tabela.colunas)
+    for (const ColunaDaTabela &coluna : tabela.colunas)
         colunas << Texto(coluna.nome);
     QStringList linhas;
     ligacao.rows(QStringLiteral("SELECT %1 FROM %2").arg(colunas.join(u','), Texto(tabela.nome)), {},
