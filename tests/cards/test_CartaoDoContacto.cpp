@@ -143,6 +143,26 @@ private Q_SLOTS:
         QVERIFY(contentOf(Um_Cartao(CartaoDoContacto(ingles).Novo(contacto))).photos.empty());
     }
 
+    void uma_fotografia_de_um_formato_que_os_telefones_leem_sai_como_esta()
+    {
+        QImage imagem(40, 30, QImage::Format_RGB32); // of which a second compression would make other bytes
+        for (int x = 0; x < imagem.width(); ++x)
+            for (int y = 0; y < imagem.height(); ++y)
+                imagem.setPixel(x, y, qRgb(x * 6, y * 8, x * y % 256));
+        QByteArray jpeg;
+        QBuffer ficheiro(&jpeg);
+        QVERIFY(ficheiro.open(QIODevice::WriteOnly) && imagem.save(&ficheiro, "JPEG", 20));
+        const QByteArray gif =
+            QByteArray::fromBase64("R0lGODlhAQABAIAAAAAAAP///yH5BAEAAAAALAAAAAABAAEAAAIBRAA7");
+        for (const QByteArray &bytes : {Cheio().Fotografia, jpeg, gif}) {
+            ContactoParaCartao contacto = Cheio();
+            contacto.Fotografia = bytes;
+            const CardContent conteudo = contentOf(Um_Cartao(CartaoDoContacto(ingles).Novo(contacto)));
+            QCOMPARE(conteudo.photos.size(), 1U);
+            QCOMPARE(conteudo.photos.front().bytes, bytes);
+        }
+    }
+
     void sem_mudancas_o_cartao_guardado_sai_byte_por_byte()
     {
         const QStringList grupos{u"Família"_s};
