@@ -29,8 +29,6 @@ std::optional<QUrl> remoteAddress(const QString &text)
     if (!hasScheme && isThisMachine(url.host())) url.setScheme(QStringLiteral("http"));
     if (!isAddress(url)) return std::nullopt;
     url.setUserInfo({});
-    url.setFragment({});
-    url.setQuery(QString());
     return addressAt(url, normalHref(url, url.path(QUrl::FullyEncoded)));
 }
 

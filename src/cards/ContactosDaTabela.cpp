@@ -156,8 +156,7 @@ CardEntry ContactosDaTabela::Entrada(const QStringList &linha, std::size_t colun
     const QString rotulo = Rotulo_Da_Linha(linha, coluna);
     const CsvField campo = Coluna_De(coluna).field;
     const CsvField dito = rotulo.isEmpty() ? CsvField::Unknown : conhecidos_.columns({rotulo}).front().field;
-    if (campo == CsvField::Mobile || dito == CsvField::Mobile || Diz(rotulo, Rotulo::Telemovel) ||
-        Nome_Dobrado(rotulo) == u"mobile"_s)
+    if (campo == CsvField::Mobile || dito == CsvField::Mobile || Diz(rotulo, Rotulo::Telemovel))
         entrada.types << u"cell"_s;
     if (campo == CsvField::Fax || dito == CsvField::Fax || Diz(rotulo, Rotulo::Fax))
         entrada.types << u"fax"_s;

@@ -17,9 +17,7 @@ Descodificada Descodificar(const QByteArray &bytes)
 {
     QBuffer ficheiro;
     ficheiro.setData(bytes);
-    ficheiro.open(QIODevice::ReadOnly);
-    QImageReader leitor(&ficheiro);
-    leitor.setDecideFormatFromContent(true);
+    QImageReader leitor(&ficheiro); // opens it
     leitor.setAutoTransform(true);
     const QByteArray formato = leitor.format();
     if (formato.startsWith("svg")) return {};
@@ -41,7 +39,6 @@ QByteArray fotografia_do_cartao::Para_Cartao(const QByteArray &bytes)
     if (fotografia.formato == "jpeg" || fotografia.formato == "png" || fotografia.formato == "gif")
         return bytes;
     QByteArray jpeg;
-    QBuffer ficheiro(&jpeg);
-    ficheiro.open(QIODevice::WriteOnly);
+    QBuffer ficheiro(&jpeg); // is opened by who writes
     return fotografia.imagem.save(&ficheiro, "JPEG") ? jpeg : QByteArray();
 }

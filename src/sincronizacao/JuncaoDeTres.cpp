@@ -79,7 +79,6 @@ QString Numa_Linha(const ColunasDoContacto &colunas, std::span<const Coluna> par
     QStringList valores;
     for (const Coluna coluna : parte)
         valores << Com_CR_LF(colunas[coluna]).split(u"\r\n"_s, Qt::SkipEmptyParts);
-    valores.removeAll(QString());
     return valores.join(parte.size() > 1 ? u"/"_s : u", "_s);
 }
 

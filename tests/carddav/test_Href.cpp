@@ -80,6 +80,11 @@ private Q_SLOTS:
         row("http://inside.invalid:8080/dav/x.vcf", "/dav/x.vcf");
         row("https://dav.example.org", "/");
         row("//dav.example.org/dav/x.vcf", "/dav/x.vcf");
+        row("//dav.example.org", "/");
+        row("https:///dav/x.vcf", "/dav/x.vcf"); // of no host at all
+        row("///dav/x.vcf", "/dav/x.vcf");
+        row("x://dav.example.org/dav/x.vcf", "/dav/x.vcf");
+        row("://dav/x.vcf", "/dav/book/%3A//dav/x.vcf"); // of no scheme, so it is a name
         row("x.vcf", "/dav/book/x.vcf");
         row("../x.vcf", "/dav/x.vcf");
         row("/dav/./book/../x.vcf", "/dav/x.vcf");
@@ -119,6 +124,20 @@ private Q_SLOTS:
         QCOMPARE(found, expected);
         QCOMPARE(normalHref(base, found), expected);
         QCOMPARE(addressAt(base, found).toEncoded(), ("https://dav.example.org" + expected).toUtf8());
+    }
+
+    void what_is_asked_of_the_base_is_not_asked_of_what_it_names()
+    {
+        const QUrl base(u"https://dav.example.org/dav/book/?export=1#top"_s);
+        QCOMPARE(addressAt(base, u"/dav/x.vcf"_s), QUrl(u"https://dav.example.org/dav/x.vcf"_s));
+        QCOMPARE(addressNamed(base, u"x.vcf"_s), QUrl(u"https://dav.example.org/dav/book/x.vcf"_s));
+    }
+
+    // A larger one is refused before it fills the memory.
+    void a_card_has_thirty_two_megabytes_and_a_listing_eight_times_as_many()
+    {
+        QCOMPARE(RemoteLimits().card, 33'554'432);
+        QCOMPARE(RemoteLimits().listing, 268'435'456);
     }
 
     void a_home_may_be_elsewhere_but_the_same_server_stays_encrypted_data()

@@ -147,6 +147,32 @@ private Q_SLOTS:
         QVERIFY(one.principal.isEmpty() && found.syncToken.isEmpty());
     }
 
+    void what_is_said_beside_the_status_of_a_thing_does_not_change_it()
+    {
+        const Read found = read(LivroDav::Multistatus(
+            "<d:response><d:href>/x</d:href><d:status>HTTP/1.1 404 Not Found</d:status>"
+            "<d:responsedescription>It is 410 years gone</d:responsedescription></d:response>"));
+        QVERIFY2(found.good, qPrintable(found.why));
+        QCOMPARE(found.responses.value(0).status, 404);
+    }
+
+    void a_value_is_what_stands_between_its_own_marks_alone()
+    {
+        const Read found = read(properties("  <c:address-data>FN:Ana</c:address-data>\n  "
+                                           "<d:displayname><d:x>no</d:x></d:displayname>"));
+        QVERIFY2(found.good, qPrintable(found.why));
+        QCOMPARE(found.responses.value(0).card, QByteArray("FN:Ana"));
+        QCOMPARE(found.responses.value(0).name, QString());
+    }
+
+    void an_answer_that_is_refused_is_read_no_further()
+    {
+        MultistatusReader reader(largest);
+        QVERIFY(!reader.add("<x xmlns:d=\"DAV:\">"));
+        QVERIFY(!reader.add("<d:response><d:href>/x</d:href></d:response></x>") && !reader.finish());
+        QVERIFY(reader.responses().isEmpty());
+    }
+
     void properties_count_where_their_status_is_good_data()
     {
         QTest::addColumn<QByteArray>("status");

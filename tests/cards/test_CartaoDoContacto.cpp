@@ -95,6 +95,19 @@ private Q_SLOTS:
         }
     }
 
+    void um_cartao_novo_por_inteiro()
+    {
+        ContactoParaCartao contacto = Cheio();
+        contacto.Fotografia.clear();
+        QCOMPARE(CartaoDoContacto(ingles).Novo(contacto),
+                 Cartao("UID:u-1\r\nFN:Ana\\; Sá\\, \\\\ Lda\r\nN:Lda;Ana\\; Sá\\, \\\\;;;\r\n"
+                        "TEL;TYPE=HOME,VOICE:211\r\nTEL;TYPE=WORK,VOICE:212\r\nTEL;TYPE=HOME,FAX:213\r\n"
+                        "TEL;TYPE=CELL:911\r\nTEL;TYPE=CELL:912\r\nTEL;TYPE=CELL:913\r\n"
+                        "EMAIL:a@b\r\nEMAIL:c@d\r\nURL:http://x/?a=1,2;3\r\n"
+                        "ADR:;;Rua A\\n4000 Porto;;;;\r\nLABEL:Rua A\\n4000 Porto\r\nBDAY:1980-02-29\r\n"
+                        "CATEGORIES:Família\r\nNOTE:uma nota\\noutra\\; linha\r\n"));
+    }
+
     void um_aniversario_sem_ano_volta_sem_ano()
     {
         for (const CardVersion versao : {CardVersion::V30, CardVersion::V40}) {
@@ -104,6 +117,16 @@ private Q_SLOTS:
             contacto.colunas[C::Mes] = u"2"_s;
             QCOMPARE(Lido(CartaoDoContacto(ingles, versao).Novo(contacto)).colunas.valores,
                      contacto.colunas.valores);
+        }
+    }
+
+    void um_dia_sem_mes_ou_um_mes_sem_dia_nao_sai()
+    {
+        for (const C coluna : {C::Dia, C::Mes}) {
+            ContactoParaCartao contacto;
+            contacto.colunas[C::Nome] = u"Ana"_s;
+            contacto.colunas[coluna] = u"2"_s;
+            QVERIFY(!CartaoDoContacto(ingles).Novo(contacto).contains("BDAY"));
         }
     }
 
@@ -118,6 +141,26 @@ private Q_SLOTS:
         QVERIFY(Lido(CartaoDoContacto(ingles).Novo(contacto)).colunas[C::Fotografia].endsWith(u".jpg"_s));
         contacto.Fotografia = "nada";
         QVERIFY(contentOf(Um_Cartao(CartaoDoContacto(ingles).Novo(contacto))).photos.empty());
+    }
+
+    void uma_fotografia_de_um_formato_que_os_telefones_leem_sai_como_esta()
+    {
+        QImage imagem(40, 30, QImage::Format_RGB32); // of which a second compression would make other bytes
+        for (int x = 0; x < imagem.width(); ++x)
+            for (int y = 0; y < imagem.height(); ++y)
+                imagem.setPixel(x, y, qRgb(x * 6, y * 8, x * y % 256));
+        QByteArray jpeg;
+        QBuffer ficheiro(&jpeg);
+        QVERIFY(ficheiro.open(QIODevice::WriteOnly) && imagem.save(&ficheiro, "JPEG", 20));
+        const QByteArray gif =
+            QByteArray::fromBase64("R0lGODlhAQABAIAAAAAAAP///yH5BAEAAAAALAAAAAABAAEAAAIBRAA7");
+        for (const QByteArray &bytes : {Cheio().Fotografia, jpeg, gif}) {
+            ContactoParaCartao contacto = Cheio();
+            contacto.Fotografia = bytes;
+            const CardContent conteudo = contentOf(Um_Cartao(CartaoDoContacto(ingles).Novo(contacto)));
+            QCOMPARE(conteudo.photos.size(), 1U);
+            QCOMPARE(conteudo.photos.front().bytes, bytes);
+        }
     }
 
     void sem_mudancas_o_cartao_guardado_sai_byte_por_byte()
@@ -170,6 +213,20 @@ private Q_SLOTS:
                  QByteArray(guardado).replace(velha, nova));
     }
 
+    void um_website_mudado_toma_o_lugar_do_seu_e_deixa_os_outros()
+    {
+        const QByteArray com_dois =
+            QByteArray(guardado).replace("END:", "URL;TYPE=WORK:a.pt\r\nURL:b.pt\r\nEND:");
+        ContactoParaCartao contacto = No_Livro(com_dois);
+        QCOMPARE(contacto.colunas[C::Website], u"a.pt"_s);
+        contacto.colunas[C::Website] = u"n.pt"_s;
+        QCOMPARE(CartaoDoContacto(ingles).Remendado(contacto, com_dois),
+                 QByteArray(com_dois).replace("a.pt", "n.pt"));
+        contacto.colunas[C::Website].clear();
+        QCOMPARE(CartaoDoContacto(ingles).Remendado(contacto, com_dois),
+                 QByteArray(com_dois).replace("URL;TYPE=WORK:a.pt\r\n", ""));
+    }
+
     void um_numero_mudado_conserva_os_tipos_e_o_rotulo()
     {
         ContactoParaCartao contacto = No_Livro(guardado);
@@ -217,6 +274,71 @@ private Q_SLOTS:
         QCOMPARE(Lido(bytes).colunas[C::Obs].count(u"---"_s), 2);
     }
 
+    void so_a_nota_ou_so_uma_linha_mudada_tambem_sai()
+    {
+        const QStringList grupos{u"Família"_s};
+        const auto nota = [&](const QString &velho, const QString &novo) {
+            ContactoParaCartao contacto = No_Livro(guardado, grupos);
+            contacto.colunas[C::Obs].replace(velho, novo);
+            return CartaoDoContacto(ingles, CardVersion::V30, grupos).Remendado(contacto, guardado);
+        };
+        QCOMPARE(nota(u"uma nota"_s, u"outra nota"_s),
+                 QByteArray(guardado).replace("NOTE:uma nota", "NOTE:outra nota"));
+        QCOMPARE(nota(u"Categories: Clube"_s, u"Categories: Clube\r\nescrito abaixo"_s),
+                 QByteArray(guardado).replace("NOTE:uma nota",
+                                              "NOTE:uma nota\\n--- Further details of the contact ---\\n"
+                                              "escrito abaixo"));
+    }
+
+    void uma_nota_de_varias_linhas_volta_com_todas_por_cima_do_bloco()
+    {
+        const QByteArray de_duas =
+            QByteArray(guardado).replace("NOTE:uma nota", "NOTE:uma nota\\nde duas linhas");
+        ContactoParaCartao contacto = No_Livro(de_duas);
+        QVERIFY(contacto.colunas[C::Obs].startsWith(
+            u"uma nota\r\nde duas linhas\r\n--- Further details of the contact ---\r\n"_s));
+        contacto.colunas[C::Obs].replace(u"de duas"_s, u"de mais de duas"_s);
+        QCOMPARE(CartaoDoContacto(ingles).Remendado(contacto, de_duas),
+                 QByteArray(de_duas).replace("de duas", "de mais de duas"));
+    }
+
+    void a_fotografia_so_sai_do_cartao_onde_outra_ou_nenhuma_toma_o_seu_lugar()
+    {
+        const QByteArray com_uma = QByteArray(guardado).replace(
+            "END:", "PHOTO;ENCODING=b;TYPE=PNG:" + Cheio().Fotografia.toBase64() + "\r\nEND:");
+        ContactoParaCartao contacto = No_Livro(com_uma);
+        QCOMPARE(CartaoDoContacto(ingles).Remendado(contacto, com_uma), com_uma);
+        contacto.colunas[C::Fotografia] = u"outra.png"_s;
+        contacto.Fotografia.clear(); // it can't be read
+        QCOMPARE(CartaoDoContacto(ingles).Remendado(contacto, com_uma), com_uma);
+        QImage outra(3, 1, QImage::Format_RGB32);
+        outra.fill(Qt::green);
+        QBuffer ficheiro(&contacto.Fotografia);
+        QVERIFY(ficheiro.open(QIODevice::WriteOnly) && outra.save(&ficheiro, "PNG"));
+        QCOMPARE(
+            contentOf(Um_Cartao(CartaoDoContacto(ingles).Remendado(contacto, com_uma))).photos.front().bytes,
+            contacto.Fotografia);
+        contacto.colunas[C::Fotografia].clear();
+        contacto.Fotografia.clear();
+        QCOMPARE(CartaoDoContacto(ingles).Remendado(contacto, com_uma), guardado);
+    }
+
+    void o_grupo_novo_vem_a_frente_uma_so_vez_e_um_que_o_cartao_ja_diz_nao_o_muda()
+    {
+        const auto com = [](const QStringList &grupos, const QString &grupo) {
+            ContactoParaCartao contacto = No_Livro(guardado, grupos);
+            contacto.Grupo = grupo;
+            return CartaoDoContacto(ingles, CardVersion::V30, grupos).Remendado(contacto, guardado);
+        };
+        const auto categorias = [](const QByteArray &linha) {
+            return QByteArray(guardado).replace("CATEGORIES:Família,Clube\r\n", linha);
+        };
+        QCOMPARE(com({u"Amigos"_s}, u"Amigos"_s), categorias("CATEGORIES:Amigos,Família,Clube\r\n"));
+        QCOMPARE(com({u"Família"_s}, u"Clube"_s), categorias("CATEGORIES:Clube\r\n"));
+        QCOMPARE(com({}, u"Clube"_s), guardado);
+        QCOMPARE(com({u"Família"_s}, {}), categorias("CATEGORIES:Clube\r\n"));
+    }
+
     void o_grupo_mudado_troca_a_sua_categoria_e_deixa_as_outras()
     {
         const QStringList grupos{u"Família"_s, u"Amigos"_s};
@@ -248,6 +370,9 @@ private Q_SLOTS:
         QCOMPARE(CartaoDoContacto(ingles).Remendado(contacto, guardado), guardado);
         const QByteArray sem = QByteArray(guardado).replace("UID:u-9\r\n", "");
         QVERIFY(CartaoDoContacto(ingles).Remendado(contacto, sem).contains("\r\nUID:novo\r\n"));
+        const QByteArray vazio = QByteArray(guardado).replace("UID:u-9", "UID:");
+        QCOMPARE(CartaoDoContacto(ingles).Remendado(contacto, vazio),
+                 QByteArray(guardado).replace("UID:u-9", "UID:novo"));
     }
 
     void o_que_nao_e_cartao_da_um_cartao_novo()

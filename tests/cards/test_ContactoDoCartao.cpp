@@ -1,6 +1,7 @@
 // A card on its way into the columns of a contact.
 #include "cards/BlocoDeObs.h"
 #include "cards/ContactoDoCartao.h"
+#include "cards/NomeDobrado.h"
 #include "cards/RotulosDoCartao.h"
 #include "testlib/Desenhos.h"
 #include "testlib/Teste.h"
@@ -68,6 +69,94 @@ private Q_SLOTS:
         QVERIFY(lido.linhas.contains(u"Full name: Dr.ª Ana Sá"_s));
     }
 
+    void a_parte_do_nome_que_nao_se_ve_da_o_nome_inteiro_em_obs_data()
+    {
+        QTest::addColumn<QByteArray>("partes"); // family, given, middle, prefix, suffix
+        QTest::addColumn<bool>("falta");
+        QTest::newRow("nenhuma") << QByteArray("Sá;Ana;Rita;Eng.;Jr.") << false;
+        QTest::newRow("sem acentos nem maiusculas") << QByteArray("SA;ana;RITA;eng.;JR.") << false;
+        QTest::newRow("apelido") << QByteArray("Sousa;Ana;Rita;Eng.;Jr.") << true;
+        QTest::newRow("nome") << QByteArray("Sá;Eva;Rita;Eng.;Jr.") << true;
+        QTest::newRow("do meio") << QByteArray("Sá;Ana;Luz;Eng.;Jr.") << true;
+        QTest::newRow("titulo") << QByteArray("Sá;Ana;Rita;Dr.;Jr.") << true;
+        QTest::newRow("fim") << QByteArray("Sá;Ana;Rita;Eng.;Neto") << true;
+    }
+    void a_parte_do_nome_que_nao_se_ve_da_o_nome_inteiro_em_obs()
+    {
+        QFETCH(QByteArray, partes);
+        const ContactoLido lido = Lido("FN:Eng. Ana Rita Sá Jr.\r\nN:" + partes + "\r\n");
+        QTEST(!lido.linhas.isEmpty(), "falta");
+        QCOMPARE(lido.colunas[C::Nome], u"Eng. Ana Rita Sá Jr."_s);
+    }
+
+    void letras_que_nao_sao_letra_e_sinal_dobram_se_na_sua()
+    {
+        for (const auto &[letra, dobrada] : {std::pair(u"ø"_s, u"o"_s), std::pair(u"Ø"_s, u"o"_s),
+                                             std::pair(u"ł"_s, u"l"_s), std::pair(u"Ł"_s, u"l"_s)})
+            QCOMPARE(Nome_Dobrado(letra), dobrada);
+        QCOMPARE(Nome_Dobrado(u"Søren Łukasz Sá"_s), u"soren lukasz sa"_s);
+    }
+
+    void o_bloco_de_obs_le_se_sem_linhas_vazias_e_com_uma_so_marca()
+    {
+        const BlocoDeObs bloco =
+            BlocoDeObs::Separar(u"uma\rnota\n--- Further details of the contact ---\r\nA: 1\r\n  \r\n"
+                                "--- Outros dados do contacto ---\r\nB: 2\r\nA: 1\r\n"_s);
+        QCOMPARE(bloco.nota, u"uma\r\nnota"_s);
+        QCOMPARE(bloco.linhas, (QStringList{u"A: 1"_s, u"B: 2"_s}));
+        QCOMPARE(Com_CR_LF(u"a\rb\nc\r\nd"_s), u"a\r\nb\r\nc\r\nd"_s);
+        QCOMPARE(Com_CR_LF(u"a\rb"_s), u"a\r\nb"_s);
+    }
+
+    void varias_partes_ficam_numa_linha_sem_as_vazias()
+    {
+        QCOMPARE(Lido("FN:Ana\r\nNICKNAME:Nita,Aninhas\r\nORG:Firma;;Loja\r\n").linhas,
+                 (QStringList{u"Nickname: Nita, Aninhas"_s, u"Organisation: Firma, Loja"_s}));
+        QCOMPARE(Lido("FN:Ana\r\nCATEGORIES:Clube,Clube\r\n").linhas, QStringList{u"Categories: Clube"_s});
+    }
+
+    void o_que_tem_palavra_nossa_vem_com_ela_data()
+    {
+        QTest::addColumn<int>("rotulo");
+        const std::pair<const char *, Rotulo> casos[]{
+            {"TITLE", Rotulo::Cargo},         {"ROLE", Rotulo::Funcao},
+            {"IMPP", Rotulo::Mensagens},      {"ANNIVERSARY", Rotulo::DataEspecial},
+            {"RELATED", Rotulo::Relacionado}, {"X-ANNIVERSARY", Rotulo::DataEspecial}};
+        for (const auto &[nome, rotulo] : casos)
+            QTest::newRow(nome) << static_cast<int>(rotulo);
+    }
+    void o_que_tem_palavra_nossa_vem_com_ela()
+    {
+        QFETCH(int, rotulo);
+        const QString palavra = rotulos_do_cartao::Em(static_cast<Rotulo>(rotulo), u"InglesUK"_s);
+        QCOMPARE(Lido("FN:Ana\r\n" + QByteArray(QTest::currentDataTag()) + ":valor\r\n").linhas,
+                 QStringList{palavra + u": valor"_s});
+    }
+
+    void do_primeiro_aniversario_e_a_coluna_e_o_outro_fica_em_obs()
+    {
+        const ContactoLido lido = Lido("FN:Ana\r\nBDAY:1975-03-04\r\nBDAY:1980-05-06\r\n");
+        const ColunasDoContacto &c = lido.colunas;
+        QCOMPARE((QStringList{c[C::Dia], c[C::Mes], c[C::Ano]}), (QStringList{u"4"_s, u"3"_s, u"1975"_s}));
+        QCOMPARE(lido.linhas, QStringList{u"Birthday: 1980-05-06"_s});
+    }
+
+    void o_que_um_programa_guarda_para_si_nao_e_do_contacto_data()
+    {
+        QTest::addColumn<QByteArray>("linha");
+        for (const char *linha : {"REV:20240101T000000Z", "PRODID:-//x//y", "KEY:http://k", "LOGO:http://l",
+                                  "SOUND:http://s", "AGENT:http://a", "SORT-STRING:Sa", "MAILER:m",
+                                  "SOURCE:http://o", "CLASS:PRIVATE", "CLIENTPIDMAP:1;urn:x", "PROFILE:VCARD",
+                                  "X-ABUID:1", "X-IMAGEHASH:1", "X-COISA;ENCODING=b:AAAA"})
+            QTest::newRow(linha) << QByteArray(linha);
+    }
+    void o_que_um_programa_guarda_para_si_nao_e_do_contacto()
+    {
+        QFETCH(QByteArray, linha);
+        QCOMPARE(Lido("FN:Ana\r\n" + linha + "\r\nX-SIGNO:Touro\r\n").linhas,
+                 QStringList{u"X-SIGNO: Touro"_s});
+    }
+
     void cada_numero_vai_para_a_coluna_da_sua_especie_data()
     {
         QTest::addColumn<QByteArray>("linha");
@@ -82,6 +171,7 @@ private Q_SLOTS:
         caso("TEL;TYPE=mobile:12345", telemovel);
         caso("TEL;TYPE=IPHONE:12345", telemovel);
         caso("TEL;TYPE=MSG:12345", telemovel);
+        caso("TEL;TYPE=MSG,PREF:12345", telemovel);
         caso("TEL;TYPE=MSG,HOME:12345", telefone);
         caso("TEL;TYPE=HOME:12345", telefone);
         caso("TEL;TYPE=WORK,VOICE:12345", telefone);
@@ -108,7 +198,7 @@ private Q_SLOTS:
 
     void sem_tipo_um_numero_de_forma_portuguesa_e_telemovel()
     {
-        for (const char *numero : {"+351 912 345 678", "00351912345678", "912345678"})
+        for (const char *numero : {"+351 912 345 678", "00351912345678", "912345678", "(91) 2.345-67/8"})
             QCOMPARE(Valor(QByteArray("TEL:") + numero + "\r\n", C::Telemovel1), QString::fromLatin1(numero));
         for (const char *linha :
              {"TEL:212345678", "TEL:91234567", "TEL;TYPE=HOME:912345678", "TEL:+49912345678"})

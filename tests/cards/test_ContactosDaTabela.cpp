@@ -73,6 +73,53 @@ private Q_SLOTS:
         QVERIFY(rui[C::Telemovel1].isEmpty());
     }
 
+    void o_rotulo_diz_a_especie_em_muitas_palavras_data()
+    {
+        QTest::addColumn<QString>("rotulo");
+        QTest::addColumn<int>("coluna");
+        for (const char *rotulo : {"Mobile", "mobile", "Mobile Phone", "Telemóvel", "Celular"})
+            QTest::newRow(rotulo) << QString::fromUtf8(rotulo) << static_cast<int>(C::Telemovel1);
+        for (const char *rotulo : {"Fax", "Home Fax", "Work Fax"})
+            QTest::newRow(rotulo) << QString::fromUtf8(rotulo) << static_cast<int>(C::Fax);
+        for (const char *rotulo : {"Home", "Work", "Casa", "Praia"})
+            QTest::newRow(rotulo) << QString::fromUtf8(rotulo) << static_cast<int>(C::Telefone1);
+    }
+    void o_rotulo_diz_a_especie_em_muitas_palavras()
+    {
+        QFETCH(QString, rotulo);
+        QFETCH(int, coluna);
+        const QByteArray ficheiro =
+            "First Name,Phone 1 - Label,Phone 1 - Value\nAna," + rotulo.toUtf8() + ",12\n";
+        QCOMPARE(Colunas(ficheiro)[static_cast<C>(coluna)], u"12"_s);
+    }
+
+    void o_rotulo_e_so_do_valor_com_o_mesmo_numero_e_do_mesmo_campo()
+    {
+        const ContactoDaLinha linha =
+            Linha("First Name,Address 1 - Label,Address 1 - Street,E-mail 1 - Label,E-mail 1 - Value,"
+                  "Phone 1 - Label,Phone 1 - Value,Phone 2 - Label,Phone 2 - Value\n"
+                  "Ana,Fax,Rua A,Mobile,a@b,Work,1,Mobile,2\n");
+        QCOMPARE(linha.lido.colunas[C::Telefone1], u"1"_s);
+        QCOMPARE(linha.lido.colunas[C::Telemovel1], u"2"_s);
+        QCOMPARE(linha.lido.colunas[C::Email1], u"a@b"_s);
+        QCOMPARE(linha.lido.colunas[C::Morada], u"Rua A"_s);
+        QCOMPARE(linha.lido.colunas[C::Fax], QString());
+        QCOMPARE(Colunas("Phone 1 - Label,Phone 1 - Value,First Name\nMobile,1,Ana\n")[C::Telemovel1],
+                 u"1"_s);
+    }
+
+    void o_lugar_de_um_numero_que_nao_tem_coluna_fica_dito_em_obs()
+    {
+        for (const QByteArray lugar : {"Work", "Home"}) {
+            const QStringList linhas =
+                Linha("First Name,Phone 1 - Label,Phone 1 - Value\nAna," + lugar + ",1 ::: 2 ::: 3\n")
+                    .lido.linhas;
+            QCOMPARE(linhas.size(), 1);
+            QVERIFY2(linhas.front().endsWith(u" (%1): 3"_s.arg(QString::fromLatin1(lugar.toLower()))),
+                     qPrintable(linhas.front()));
+        }
+    }
+
     void um_telefone_so_e_telemovel_onde_os_telemoveis_nao_tem_coluna()
     {
         QCOMPARE(Colunas("Nome;Telefone\nAna;912345678\n")[C::Telemovel1], u"912345678"_s);
@@ -88,6 +135,17 @@ private Q_SLOTS:
         QCOMPARE(c[C::Email1], u"a@b"_s);
         QCOMPARE(c[C::Email2], u"c@d"_s);
         QCOMPARE(c[C::Telefone2], u"212"_s);
+        const ContactoDaLinha linha =
+            Linha("First Name,Web Page,Categories,Address,Mobile Phone,Home Fax,Notes\n"
+                  "Ana,x.pt ::: y.pt,Um ::: Dois,Rua A ::: Rua B,911 ::: 912,"
+                  "213 ::: 214,uma ::: nota\n");
+        QCOMPARE(linha.lido.colunas[C::Website], u"x.pt"_s);
+        QCOMPARE(linha.lido.colunas[C::Morada], u"Rua A"_s);
+        QCOMPARE(linha.lido.colunas[C::Telemovel2], u"912"_s);
+        QCOMPARE(linha.lido.colunas[C::Fax], u"213"_s);
+        QVERIFY(linha.lido.colunas[C::Obs].startsWith(u"uma ::: nota\r\n"_s));
+        QCOMPARE(linha.lido.linhas, (QStringList{u"Fax: 214"_s, u"Website: y.pt"_s, u"Address: Rua B"_s,
+                                                 u"Categories: Um, Dois"_s}));
     }
 
     void um_numero_em_notacao_cientifica_recusa_se_e_avisa_se()
@@ -96,6 +154,12 @@ private Q_SLOTS:
         QCOMPARE(linha.estragados, QStringList{u"3,51912E+11"_s});
         QVERIFY(linha.lido.colunas[C::Telefone1].isEmpty());
         QVERIFY(linha.lido.colunas[C::Obs].isEmpty());
+        for (const char *campo : {"Telemóvel", "Fax"})
+            QCOMPARE(Linha("Nome;" + QByteArray(campo) + "\nAna;3,51912E+11\n").estragados,
+                     QStringList{u"3,51912E+11"_s});
+        const ContactoDaLinha nota = Linha("Nome;Notas\nAna;3,51912E+11\n");
+        QVERIFY(nota.estragados.isEmpty());
+        QCOMPARE(nota.lido.colunas[C::Obs], u"3,51912E+11"_s);
     }
 
     void as_datas_leem_se_na_ordem_da_sua_coluna_ou_na_escolhida()
@@ -118,6 +182,8 @@ private Q_SLOTS:
         QCOMPARE(Colunas(nomes + "Ana,,03,04\n")[C::Ano], QString());
         QCOMPARE(Colunas(nomes + "Ana,,03,04\n")[C::Dia], u"4"_s);
         QVERIFY(Linha("Nome;Aniversário\nAna;0/0/00\n").lido.linhas.isEmpty());
+        const ColunasDoContacto dia_a_frente = Colunas("Birth Day,Birth Month,First Name\n04,03,Ana\n");
+        QCOMPARE(dia_a_frente[C::Dia] + u'/' + dia_a_frente[C::Mes], u"4/3"_s);
     }
 
     void duas_moradas_nao_se_misturam()
@@ -126,6 +192,10 @@ private Q_SLOTS:
                                             "Ana,Rua A,Porto,Rua B,Lisboa\n");
         QCOMPARE(linha.lido.colunas[C::Morada], u"Rua A\r\nPorto"_s);
         QCOMPARE(linha.lido.linhas, QStringList{u"Address (work): Rua B, Lisboa"_s});
+        const ContactoDaLinha trabalho_a_frente =
+            Linha("First Name,Business Street,Home Street\nAna,Rua B,Rua A\n");
+        QCOMPARE(trabalho_a_frente.lido.colunas[C::Morada], u"Rua A"_s);
+        QCOMPARE(trabalho_a_frente.lido.linhas, QStringList{u"Address (work): Rua B"_s});
     }
 
     void nenhuma_celula_se_perde()
@@ -181,6 +251,41 @@ private Q_SLOTS:
         QCOMPARE(guardados.Ler({u"Nome"_s, u"Coisa"_s}, conhecidos).colunas[1].field, F::Unknown);
     }
 
+    void o_mapa_de_cento_e_vinte_e_seis_colunas_ainda_se_guarda_e_um_maior_nao()
+    {
+        QTemporaryDir pasta;
+        ReadWriteINI ini(pasta.path());
+        const CsvHeaders conhecidos;
+        for (const int quantas : {126, 127}) {
+            QStringList nomes;
+            for (int i = 0; i < quantas; ++i)
+                nomes << u"coluna %1"_s.arg(i);
+            MapaDaTabela mapa = MapaDaTabela::Proposto(nomes, conhecidos);
+            mapa.colunas.front().field = F::Email;
+            MapasGuardados(ini).Guardar(nomes, mapa);
+            QCOMPARE(MapasGuardados(ini).Ler(nomes, conhecidos) == mapa, quantas == 126);
+        }
+        MapasGuardados(ini).Guardar({u"a"_s}, {}); // which is another table's
+        QCOMPARE(MapasGuardados(ini).Ler({u"a"_s}, conhecidos), MapaDaTabela::Proposto({u"a"_s}, conhecidos));
+    }
+
+    void de_um_mapa_de_que_uma_coluna_se_estragou_nao_vale_nenhuma()
+    {
+        QTemporaryDir pasta;
+        ReadWriteINI ini(pasta.path());
+        const CsvHeaders conhecidos;
+        const QStringList nomes{u"Coisa"_s, u"Nome"_s};
+        const CsvColumn email{F::Email, {}, 0, false};
+        MapasGuardados(ini).Guardar(nomes, {{email, email}, {}});
+        QFile ficheiro(pasta.filePath(u"config.ini"_s));
+        QVERIFY(ficheiro.open(QIODevice::ReadWrite));
+        const QByteArray antes = ficheiro.readAll();
+        QVERIFY(antes.contains("?b0b0"));
+        QVERIFY(ficheiro.seek(0) && ficheiro.write(QByteArray(antes).replace("?b0b0", "?z0b0")) > 0 &&
+                ficheiro.flush());
+        QCOMPARE(MapasGuardados(ini).Ler(nomes, conhecidos), MapaDaTabela::Proposto(nomes, conhecidos));
+    }
+
     void um_mapa_estragado_no_ficheiro_nao_vale()
     {
         QTemporaryDir pasta;
@@ -192,7 +297,11 @@ private Q_SLOTS:
         QFile ficheiro(pasta.filePath(u"config.ini"_s));
         QVERIFY(ficheiro.open(QIODevice::ReadWrite));
         const QByteArray antes = ficheiro.readAll();
-        for (const char *valor : {"?z0", "?b9", "?b-", "?b", "?b0b0", ""}) {
+        const QByteArray campo_a_mais = '?' + QByteArray::number(static_cast<int>(F::Photo) + 1, 36) + '0';
+        const QByteArray lugar_a_mais = "?b" + QByteArray::number(static_cast<int>(CsvPlace::Other) + 1);
+        for (const QByteArray &valor :
+             {QByteArray("?z0"), campo_a_mais, QByteArray("?b9"), lugar_a_mais, QByteArray("?b-"),
+              QByteArray("?b"), QByteArray("?b0b0"), QByteArray()}) {
             QVERIFY(ficheiro.seek(0) && ficheiro.resize(0));
             ficheiro.write(QByteArray(antes).replace("?b0", valor));
             ficheiro.flush();

@@ -1,5 +1,6 @@
 // Who is who: contacts that come in, against those that are there. MORVEX_DUPLICADOS sets how many variations
 // are tried; what each of them has to give is known from the way in which it is made.
+#include "cards/ChavesDoContacto.h"
 #include "cards/RegraDosDuplicados.h"
 #include "testlib/TempoGasto.h"
 #include "testlib/Teste.h"
@@ -184,6 +185,23 @@ private Q_SLOTS:
         QCOMPARE(curto(u"1234567"_s), V::Talvez);
     }
 
+    void a_chave_de_um_numero_sao_os_seus_ultimos_nove_algarismos_sem_os_zeros_do_estrangeiro_data()
+    {
+        QTest::addColumn<QString>("chave");
+        QTest::newRow("+351 912 345 678") << u"912345678"_s;
+        QTest::newRow("00351912345678") << u"912345678"_s;
+        QTest::newRow("00 1234567") << u"1234567"_s;
+        QTest::newRow("00 123456") << QString();
+        QTest::newRow("1234567") << u"1234567"_s;
+        QTest::newRow("123456") << QString();
+        QTest::newRow("012345678") << u"012345678"_s;
+        QTest::newRow("sem algarismos") << QString();
+    }
+    void a_chave_de_um_numero_sao_os_seus_ultimos_nove_algarismos_sem_os_zeros_do_estrangeiro()
+    {
+        QTEST(ChavesDoContacto::Do_Numero(QString::fromUtf8(QTest::currentDataTag())), "chave");
+    }
+
     void um_zero_a_frente_e_de_outro_numero()
     {
         const auto com = [](const QString &nome, const QString &numero) {
@@ -237,6 +255,20 @@ private Q_SLOTS:
         const auto com = [](const QString &nome) { return Contacto({{C::Nome, nome}}); };
         QCOMPARE(Livro({com(u"Ana Silva"_s)}).Decidir(com(u"Ana %1 Silva"_s.arg(palavra))).veredicto, V::Igual);
         QCOMPARE(Livro({com(u"Ana Silva"_s)}).Decidir(com(u"Ana Rui Silva"_s)).veredicto, V::Novo);
+    }
+
+    void um_nome_contido_no_outro_com_outro_telemovel_deixa_se_a_pessoa()
+    {
+        const ColunasDoContacto so_de_casa = Contacto(
+            {{C::Nome, u"Ana Silva"_s}, {C::Telemovel1, u"961 111 111"_s}, {C::Telefone1, u"212 345 678"_s}});
+        QCOMPARE(Para_A_Ana(so_de_casa), V::Talvez);
+        QCOMPARE(Para_A_Ana(Com(so_de_casa, {{C::Telemovel2, u"912 345 678"_s}})), V::Completa);
+    }
+
+    void quem_alem_do_nome_so_tem_um_numero_curto_e_igual_a_si_mesmo()
+    {
+        const ColunasDoContacto posto = Contacto({{C::Nome, u"Posto da Praia"_s}, {C::Telefone1, u"112"_s}});
+        QCOMPARE(Livro({posto}).Decidir(posto).veredicto, V::Igual);
     }
 
     void um_uid_que_dois_tem_e_do_ultimo()

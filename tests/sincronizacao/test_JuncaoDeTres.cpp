@@ -68,10 +68,13 @@ private Q_SLOTS:
 
     void o_que_um_lado_apagou_e_o_outro_escreveu_fica_escrito()
     {
-        const auto antes = Com({{Coluna::Fax, u"1"_s}, {Coluna::Website, u"a"_s}});
-        const auto juntos = Juntar(antes, Com({{Coluna::Fax, u"2"_s}}), Com({{Coluna::Website, u"b"_s}}));
-        QCOMPARE(juntos.colunas, Com({{Coluna::Fax, u"2"_s}, {Coluna::Website, u"b"_s}}));
-        QCOMPARE(juntos.acordo[Coluna::Fax], QString()); // ours has to be sent
+        const auto antes =
+            Com({{Coluna::Fax, u"1"_s}, {Coluna::Website, u"a"_s}, {Coluna::Morada, u"Rua"_s}});
+        const auto juntos = Juntar(antes, Com({{Coluna::Fax, u"2"_s}, {Coluna::Morada, u"Largo"_s}}),
+                                   Com({{Coluna::Website, u"b"_s}}));
+        QCOMPARE(juntos.colunas,
+                 Com({{Coluna::Fax, u"2"_s}, {Coluna::Website, u"b"_s}, {Coluna::Morada, u"Largo"_s}}));
+        QCOMPARE(juntos.acordo, Com({{Coluna::Website, u"b"_s}})); // ours have to be sent
         QVERIFY(juntos.conflitos.empty());
     }
 
@@ -141,8 +144,28 @@ private Q_SLOTS:
                                    Com({{Coluna::Telemovel1, u"911"_s},
                                         {Coluna::Telemovel2, u"922"_s},
                                         {Coluna::Telemovel3, u"933"_s}}));
-        QCOMPARE(juntos.colunas[Coluna::Telemovel1] + u' ' + juntos.colunas[Coluna::Telemovel2],
-                 u"922 933"_s);
+        QCOMPARE(juntos.colunas, Com({{Coluna::Telemovel1, u"922"_s}, {Coluna::Telemovel2, u"933"_s}}));
+    }
+
+    void um_numero_tirado_ca_e_escrito_de_outro_modo_la_fica()
+    {
+        const auto juntos = Juntar(Com({{Coluna::Telemovel1, u"912345678"_s}}), Com({}),
+                                   Com({{Coluna::Telemovel1, u"+351 912 345 678"_s}}));
+        QCOMPARE(juntos.colunas, Com({{Coluna::Telemovel1, u"+351 912 345 678"_s}}));
+    }
+
+    void do_numero_que_ambos_trocaram_fica_o_de_la_e_o_nosso_vai_para_obs_ainda_que_haja_lugar()
+    {
+        const auto juntos =
+            Juntar(Com({{Coluna::Telemovel1, u"911"_s}}), Com({{Coluna::Telemovel1, u"922"_s}}),
+                   Com({{Coluna::Telemovel1, u"933"_s}}));
+        QCOMPARE(juntos.colunas,
+                 Com({{Coluna::Telemovel1, u"933"_s},
+                      {Coluna::Obs, u"--- Outros dados do contacto ---\r\nTelemóvel: 922"_s}}));
+        QCOMPARE(juntos.conflitos.size(), 1U);
+        QCOMPARE(juntos.conflitos.front().coluna, Coluna::Telemovel1);
+        QCOMPARE(juntos.conflitos.front().aqui, u"922"_s);
+        QCOMPARE(juntos.conflitos.front().la, u"933"_s);
     }
 
     void o_mesmo_numero_escrito_de_outro_modo_vem()
@@ -201,6 +224,35 @@ private Q_SLOTS:
                                    obs(u"Empresa: B\r\nPager: 1"_s));
         QCOMPARE(juntos.colunas[Coluna::Obs], u"n"_s + marca + u"Empresa: B\r\nEmail: x"_s);
         QVERIFY(juntos.conflitos.empty());
+    }
+
+    void a_nota_que_so_ca_mudou_e_a_linha_que_so_la_mudou_ficam_ambas()
+    {
+        const auto juntos = Juntar(Com({{Coluna::Obs, u"nota"_s + marca + u"Empresa: A"_s}}),
+                                   Com({{Coluna::Obs, u"outra"_s + marca + u"Empresa: A"_s}}),
+                                   Com({{Coluna::Obs, u"nota"_s + marca + u"Empresa: B"_s}}));
+        QCOMPARE(juntos.colunas[Coluna::Obs], u"outra"_s + marca + u"Empresa: B"_s);
+        QVERIFY(juntos.conflitos.empty());
+    }
+
+    void as_linhas_que_so_ca_mudaram_de_ordem_ficam_na_nossa()
+    {
+        const auto obs = [](const QString &linhas) { return Com({{Coluna::Obs, u"n"_s + marca + linhas}}); };
+        const auto antes = obs(u"Empresa: A\r\nPager: 1"_s);
+        const auto aqui = obs(u"Pager: 1\r\nEmpresa: A"_s);
+        const auto juntos = Juntar(antes, aqui, antes);
+        QCOMPARE(juntos.colunas, aqui);
+        QCOMPARE(juntos.acordo, antes); // ours has to be sent
+    }
+
+    void cada_coluna_conta_menos_a_do_grupo()
+    {
+        QVERIFY(Dizem_O_Mesmo(Com({}), Com({})));
+        for (std::size_t i = 0; i < ColunasDoContacto::quantas; ++i) {
+            ColunasDoContacto outro = Com({});
+            outro.valores.at(i) = u"outro"_s;
+            QCOMPARE(Dizem_O_Mesmo(Com({}), outro), i == static_cast<std::size_t>(Coluna::IDGrupo));
+        }
     }
 
     void sem_acordo_nada_do_que_qualquer_um_diz_se_perde()

@@ -65,6 +65,14 @@ private Q_SLOTS:
         QCOMPARE(ResultadoDaSincronizacao::Do_Texto(texto).Texto(), texto);
     }
 
+    void um_novo_nao_conta_nada()
+    {
+        QCOMPARE(ResultadoDaSincronizacao().Texto(),
+                 u"{\"adicionados\":0,\"adicionados_la\":0,\"alterados\":0,\"alterados_la\":0,\"cautela\":"
+                 "false,\"conflitos\":0,\"de_quantos\":0,\"eliminados\":0,\"eliminados_la\":0,\"erro\":0,"
+                 "\"fim\":0,\"la\":false,\"quantos\":0,\"recusados\":0,\"retidos\":0}"_s);
+    }
+
     void lixo_le_se_como_nada()
     {
         const auto r = ResultadoDaSincronizacao::Do_Texto(u"isto nao e nada"_s);
