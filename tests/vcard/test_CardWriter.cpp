@@ -190,6 +190,24 @@ private Q_SLOTS:
         QVERIFY(writtenCard(conteudo).contains("\r\nN:;Firma;;;\r\n"));
     }
 
+    // 4.0 knows a label only as the street of an address, and has no use for it beside one.
+    void um_rotulo_de_morada_escreve_se_como_cada_versao_o_conhece()
+    {
+        CardContent conteudo;
+        conteudo.formattedName = u"Ana"_s;
+        conteudo.addressLabels = {u"Rua 1\nBeja"_s};
+        const QByteArray rotulo = "LABEL:Rua 1\\nBeja\r\n";
+        const QByteArray morada = "ADR:;;Rua 1\\nBeja;;;;\r\n";
+        QVERIFY(writtenCard(conteudo).contains(rotulo));
+        QVERIFY(!writtenCard(conteudo).contains("ADR"));
+        QVERIFY(writtenCard(conteudo, CardVersion::V40).contains(morada));
+        QVERIFY(!writtenCard(conteudo, CardVersion::V40).contains("LABEL"));
+        conteudo.addresses = {{{}, {}, u"Rua 2"_s, {}, {}, {}, {}, {}, 101, {}}};
+        QVERIFY(writtenCard(conteudo).contains("ADR:;;Rua 2;;;;\r\n" + rotulo));
+        QCOMPARE(writtenCard(conteudo, CardVersion::V40).count("ADR"), 1);
+        QVERIFY(!writtenCard(conteudo, CardVersion::V40).contains("Rua 1"));
+    }
+
     void um_grupo_escreve_se_como_cada_versao_o_conhece()
     {
         CardContent grupo;
