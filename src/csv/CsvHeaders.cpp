@@ -104,10 +104,9 @@ bool has(const Row &row, std::size_t except, CsvField field, CsvPlace place = Cs
     return false;
 }
 
-template<class Row> bool hasName(const Row &row, std::size_t begin, std::size_t end)
+template<class Row> bool hasNameBefore(const Row &row, std::size_t at)
 {
-    return std::any_of(row.begin() + static_cast<std::ptrdiff_t>(begin),
-                       row.begin() + static_cast<std::ptrdiff_t>(end),
+    return std::any_of(row.begin(), row.begin() + static_cast<std::ptrdiff_t>(at),
                        [](const auto &meaning) { return isName(meaning.column.field); });
 }
 
@@ -244,7 +243,7 @@ void CsvHeaders::settle(Row &row, std::size_t at)
         if (has(row, at, CsvField::FamilyName) || has(row, at, CsvField::FullName))
             column.field = CsvField::GivenName;
     } else if (column.field == CsvField::NamePrefix) { // title: behind the name it is a profession
-        if (hasName(row, 0, at)) column.field = CsvField::Detail;
+        if (hasNameBefore(row, at)) column.field = CsvField::Detail;
     }
 }
 

@@ -187,6 +187,17 @@ private Q_SLOTS:
         QCOMPARE(list.currentIndex().data().toString(), u"c"_s);
     }
 
+    void as_linhas_veem_se()
+    {
+        ListBox vazia;
+        ListBox list;
+        Encher(list, {u"uma linha"_s});
+        for (ListBox *cada : {&vazia, &list})
+            cada->resize(200, 100);
+        const QRect linha = list.visualRect(list.model()->index(0, 0));
+        QVERIFY(list.grab(linha).toImage() != vazia.grab(linha).toImage());
+    }
+
     // A name with a line break in it is no taller than the others.
     void todas_as_linhas_tem_a_mesma_altura()
     {

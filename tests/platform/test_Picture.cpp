@@ -51,6 +51,17 @@ class TestPicture : public QObject
     }
 
 private Q_SLOTS:
+    void o_que_nao_e_uma_imagem_diz_de_que_ficheiro_se_fala()
+    {
+        QString dito;
+        try {
+            const Picture nenhuma(folder_.filePath(u"falta.png"_s));
+        } catch (const Failure &falha) {
+            dito = falha.description();
+        }
+        QCOMPARE(dito, u"Invalid picture: "_s + folder_.filePath(u"falta.png"_s));
+    }
+
     void um_nome_completo_fica_e_os_outros_sao_da_pasta_data()
     {
         QTest::addColumn<QString>("ficheiro");

@@ -567,6 +567,19 @@ private Q_SLOTS:
         QCOMPARE(pages->page(0).lines().value(0), u"1 / 2"_s);
     }
 
+    void o_rodape_esta_em_cada_pagina_por_baixo_de_tudo()
+    {
+        Juntar_Muitos(11);
+        const auto pages = Relatorio(uma_linha + u"<pagefooter height='500'><row height='500'><text width='5000' "
+                                                 "height='300'>pe</text></row></pagefooter>"_s);
+        QCOMPARE(pages->count(), 2);
+        for (int page = 0; page < 2; ++page) {
+            const ReportPage folha = pages->page(page);
+            QCOMPARE(folha.lines().last(), u"pe"_s);
+            QCOMPARE(folha.texts().back().area.top(), 16840.0 - 2840 - 500); // above the lower margin
+        }
+    }
+
     // Two records that fill the body to its last twip share a page, one twip more and they do not.
     void o_que_fica_junto_enche_a_pagina_ate_ao_fim_data()
     {

@@ -125,6 +125,12 @@ private Q_SLOTS:
         QCOMPARE(normalForm(Lido(original)), normalForm(Lido(reescrito)));
     }
 
+    void um_parametro_dito_duas_vezes_diz_o_mesmo_que_uma()
+    {
+        QCOMPARE(normalForm(Lido(Cartao("TEL;TYPE=home,cell;TYPE=HOME:1\r\n"))),
+                 normalForm(Lido(Cartao("TEL;TYPE=cell;TYPE=home:1\r\n"))));
+    }
+
     void uma_diferenca_a_serio_ve_se_na_comparacao_data()
     {
         QTest::addColumn<QByteArray>("outro");

@@ -230,6 +230,15 @@ private Q_SLOTS:
         QCOMPARE(plainUid(u"uuid:a-b"_s), u"uuid:a-b"_s);
     }
 
+    void uma_virgula_antes_do_primeiro_parametro_vale_um_ponto_e_virgula()
+    {
+        const CardProperty telefone = Propriedade("TEL,CELL;X-P=,a,\"b\":1");
+        QCOMPARE(telefone.name(), QByteArray("TEL"));
+        QCOMPARE(telefone.types(), QStringList{u"cell"_s});
+        QCOMPARE(telefone.head().values("X-P"), (QByteArrayList{"", "a", "b"}));
+        QCOMPARE(telefone.text(), u"1"_s);
+    }
+
     void uma_virgula_a_cabeca_nao_acaba_a_lista_dos_tipos()
     {
         QCOMPARE(Propriedade("TEL;TYPE=\",home\":1").types(), QStringList{u"home"_s});

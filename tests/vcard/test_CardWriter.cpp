@@ -153,6 +153,16 @@ private Q_SLOTS:
         QCOMPARE(quatro.lines(), QByteArray("TEL;PREF=1;TYPE=cell,\"x y:z\":1\r\n"));
     }
 
+    void a_menor_das_preferencias_ainda_se_escreve_e_um_rotulo_tem_o_seu_grupo()
+    {
+        CardWriter quatro(CardVersion::V40);
+        quatro.entry("TEL", {u"1"_s, {}, 100, {}});
+        quatro.entry("TEL", {u"2"_s, {}, 101, u"loja"_s});
+        quatro.entry("TEL", {u"3"_s, {}, 101, u"casa"_s});
+        QCOMPARE(quatro.lines(), QByteArray("TEL;PREF=100:1\r\nitem1.X-ABLabel:loja\r\nitem1.TEL:2\r\n"
+                                            "item2.X-ABLabel:casa\r\nitem2.TEL:3\r\n"));
+    }
+
     void um_tipo_de_uma_so_palavra_dispensa_as_aspas()
     {
         CardWriter quatro(CardVersion::V40);
