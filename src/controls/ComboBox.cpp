@@ -74,8 +74,5 @@ void ComboBox::ChooseText(const QString &text)
 // Arrows and the keys that open the list keep their work.
 void ComboBox::keyPressEvent(QKeyEvent *event)
 {
-    if (types(*event))
-        event->accept();
-    else
-        QComboBox::keyPressEvent(event);
+    if (!types(*event)) QComboBox::keyPressEvent(event);
 }

@@ -104,24 +104,20 @@ bool has(const Row &row, std::size_t except, CsvField field, CsvPlace place = Cs
     return false;
 }
 
-template<class Row> bool hasName(const Row &row, std::size_t begin, std::size_t end)
+template<class Row> bool hasNameBefore(const Row &row, std::size_t at)
 {
-    return std::any_of(row.begin() + static_cast<std::ptrdiff_t>(begin),
-                       row.begin() + static_cast<std::ptrdiff_t>(end),
+    return std::any_of(row.begin(), row.begin() + static_cast<std::ptrdiff_t>(at),
                        [](const auto &meaning) { return isName(meaning.column.field); });
 }
 
-// That of the nearest part of an address before it, else of the nearest behind it.
+// That of the nearest part of an address before it, else of the nearest behind it. No other column has a place,
+// nor has a numbered one.
 template<class Row> CsvPlace neighboursPlace(const Row &row, std::size_t at)
 {
-    const auto placeAt = [&](std::size_t i) {
-        const CsvColumn &column = row[i].column;
-        return isAddressPart(column.field) && column.number == 0 ? column.place : CsvPlace::None;
-    };
     for (std::size_t i = at; i-- > 0;)
-        if (placeAt(i) != CsvPlace::None) return placeAt(i);
+        if (row[i].column.place != CsvPlace::None) return row[i].column.place;
     for (std::size_t i = at + 1; i < row.size(); ++i)
-        if (placeAt(i) != CsvPlace::None) return placeAt(i);
+        if (row[i].column.place != CsvPlace::None) return row[i].column.place;
     return CsvPlace::Home;
 }
 
@@ -247,9 +243,8 @@ void CsvHeaders::settle(Row &row, std::size_t at)
         if (has(row, at, CsvField::FamilyName) || has(row, at, CsvField::FullName))
             column.field = CsvField::GivenName;
     } else if (column.field == CsvField::NamePrefix) { // title: behind the name it is a profession
-        if (hasName(row, 0, at)) column.field = CsvField::Detail;
+        if (hasNameBefore(row, at)) column.field = CsvField::Detail;
     }
-    row[at].isDoubtful = false;
 }
 
 std::vector<CsvColumn> CsvHeaders::columns(const QStringList &names) const

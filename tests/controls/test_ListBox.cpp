@@ -187,14 +187,39 @@ private Q_SLOTS:
         QCOMPARE(list.currentIndex().data().toString(), u"c"_s);
     }
 
+    void as_linhas_veem_se()
+    {
+        ListBox vazia;
+        ListBox list;
+        Encher(list, {u"uma linha"_s});
+        for (ListBox *cada : {&vazia, &list})
+            cada->resize(200, 100);
+        const QRect linha = list.visualRect(list.model()->index(0, 0));
+        QVERIFY(list.grab(linha).toImage() != vazia.grab(linha).toImage());
+    }
+
+    // A name with a line break in it is no taller than the others.
+    void todas_as_linhas_tem_a_mesma_altura()
+    {
+        ListBox list;
+        Encher(list, {u"uma"_s, u"duas\nlinhas"_s, u"outra"_s});
+        list.show();
+        const auto altura = [&](int row) { return list.visualRect(list.model()->index(row, 0)).height(); };
+        QVERIFY(altura(0) > 0);
+        QCOMPARE(altura(1), altura(0));
+        QCOMPARE(altura(2), altura(0));
+    }
+
     void linhas_trazidas_juntas_tomam_o_lugar_das_que_havia()
     {
         ListBox list;
         Encher(list, {u"antiga"_s});
         list.setListIndex(0);
+        QSignalSpy begun(list.model(), &QAbstractItemModel::modelAboutToBeReset);
         QSignalSpy resets(list.model(), &QAbstractItemModel::modelReset);
         list.setItems(Juntas({u"b"_s, u"Álvaro"_s}));
         QCOMPARE(Textos(list), (QStringList{u"b:1"_s, u"Álvaro:2"_s}));
+        QCOMPARE(begun.size(), 1);
         QCOMPARE(resets.size(), 1);
         QCOMPARE(list.ListIndex(), -1);
         QCOMPARE(list.NewIndex(), -1);

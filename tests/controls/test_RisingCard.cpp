@@ -186,6 +186,7 @@ private Q_SLOTS:
         c.card.stayUp();
         QVERIFY(!c.card.TimerDown.Enabled());
         QCOMPARE(c.card.TimerUp.Enabled(), ticks > 0);
+        if (ticks > 0) QCOMPARE(c.card.TimerUp.interval(), 10);
         QTRY_VERIFY(!c.card.TimerUp.Enabled());
         QCOMPARE(c.card.Top(), screenHeight - 1690);
         QCOMPARE(c.unloads, 0);

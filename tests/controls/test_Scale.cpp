@@ -114,6 +114,32 @@ private Q_SLOTS:
         QCOMPARE(form.botao->styleSheet(), u"padding: 12px; border: 1px solid black"_s);
     }
 
+    void um_recuo_de_um_so_pixel_tambem_cresce()
+    {
+        scale::setLetters(duplas);
+        Formulario form;
+        form.rotulo->setIndent(1);
+        scale::apply(form);
+        QCOMPARE(form.rotulo->indent(), 2);
+    }
+
+    // What the toolkit makes inside a control has no name of the design, and a window is a form of its own.
+    void so_cresce_o_que_e_do_desenho_do_formulario()
+    {
+        scale::setLetters(duplas);
+        Formulario form;
+        QLabel sem_nome(&form);
+        auto *do_ambiente = Novo<QLabel>(form, "qt_interior");
+        auto *janela = Novo<QDialog>(form, "janela");
+        for (QWidget *outro : {static_cast<QWidget *>(&sem_nome), static_cast<QWidget *>(do_ambiente),
+                               static_cast<QWidget *>(janela)})
+            outro->setGeometry(10, 20, 30, 40);
+        scale::apply(form);
+        QCOMPARE(sem_nome.geometry(), QRect(10, 20, 30, 40));
+        QCOMPARE(do_ambiente->geometry(), QRect(10, 20, 30, 40));
+        QCOMPARE(janela->geometry(), QRect(10, 20, 30, 40));
+    }
+
     void uma_medida_em_twips_volta_a_si_em_qualquer_tamanho()
     {
         for (int letras = scale::standardLetters; letras <= scale::standardLetters * scale::largestFactor;
@@ -278,6 +304,24 @@ private Q_SLOTS:
         QCOMPARE(janela.height(), janela.menuBar()->height() + 200 + barra);
         QCOMPARE(Area(janela)->viewport()->height(), 200);
         QCOMPARE(Area(janela)->verticalScrollBar()->maximum(), 0);
+    }
+
+    // Without the menu it would fit.
+    void uma_janela_alta_de_mais_so_com_o_menu_mostra_toda_a_sua_largura()
+    {
+        QMainWindow janela;
+        janela.menuBar()->addMenu(u"Menu"_s)->addAction(u"Sair"_s);
+        auto *dentro = new QWidget;
+        constexpr int moldura = 32; // at most
+        dentro->setMinimumSize(300, janela.screen()->availableGeometry().height() - moldura - 5);
+        janela.menuBar()->setFixedHeight(2 * moldura);
+        janela.setCentralWidget(dentro);
+        scale::apply(janela);
+        janela.show();
+        QVERIFY(Area(janela) != nullptr);
+        QVERIFY(Area(janela)->verticalScrollBar()->maximum() > 0);
+        QCOMPARE(Area(janela)->viewport()->width(), 300);
+        QCOMPARE(Area(janela)->horizontalScrollBar()->maximum(), 0);
     }
 
     void um_formulario_que_se_torna_mais_alto_do_que_o_ecra_desloca_se_a_partir_dai()

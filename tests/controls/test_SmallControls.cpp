@@ -91,6 +91,16 @@ class TestSmallControls : public QObject
     }
 
 private Q_SLOTS:
+    void a_button_without_picture_and_caption_still_looks_like_one()
+    {
+        ImageButton button;
+        button.resize(60, 30);
+        const QImage drawn = button.grab().toImage();
+        QImage plain(drawn.size(), drawn.format());
+        plain.fill(drawn.pixelColor(30, 15));
+        QVERIFY(drawn != plain);
+    }
+
     void only_the_left_button_let_go_inside_clicks_a_picture()
     {
         IconLabel icon;
@@ -248,6 +258,14 @@ private Q_SLOTS:
         field.setCursorPosition(1);
         field.insert(smile); // only half of it has room
         QCOMPARE(field.text(), u"ab"_s);
+        field.setMaxLength(4);
+        field.setText(u"abc"_s);
+        field.setCursorPosition(1);
+        field.insert(smile);
+        QCOMPARE(field.text(), u"abc"_s);
+        QCOMPARE(field.cursorPosition(), 2); // and not at the end
+        field.setText(smile.left(1) + u"a"_s + smile);
+        QCOMPARE(field.text(), u"a"_s + smile);
     }
 
     void each_kind_of_field_has_the_colour_of_the_keyboard()

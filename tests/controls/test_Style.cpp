@@ -18,6 +18,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStyle>
+#include <QStyleOption>
 #include <QTabBar>
 
 using namespace Qt::StringLiterals;
@@ -239,6 +240,38 @@ private Q_SLOTS:
         const QRect separador = barra.tabRect(barra.currentIndex());
         QVERIFY2(mudados > separador.width(),
                  qPrintable(QString::number(mudados))); // more than one side of it
+    }
+
+    // Whoever draws goes on with the pen that he had.
+    void o_que_o_estilo_desenha_deixa_o_pincel_como_estava()
+    {
+        QImage imagem(60, 40, QImage::Format_RGB32);
+        QPainter painter(&imagem);
+        painter.setPen(Qt::red);
+        painter.setBrush(Qt::yellow);
+        const QPainter::RenderHints antes = painter.renderHints();
+        const auto como_estava = [&] {
+            return painter.pen() == QPen(Qt::red) && painter.brush() == QBrush(Qt::yellow) &&
+                   painter.renderHints() == antes;
+        };
+        QStyleOptionTab separador;
+        separador.rect = imagem.rect();
+        separador.palette = darkPalette();
+        separador.state = QStyle::State_Enabled | QStyle::State_HasFocus;
+        qApp->style()->drawControl(QStyle::CE_TabBarTabLabel, &separador, &painter);
+        QVERIFY(como_estava());
+        QStyleOptionButton marca;
+        marca.rect = QRect(2, 2, 16, 16);
+        marca.palette = darkPalette();
+        marca.state = QStyle::State_Enabled;
+        qApp->style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &marca, &painter);
+        QVERIFY(como_estava());
+        QStyleOptionFrame campo;
+        campo.rect = imagem.rect();
+        campo.palette = darkPalette();
+        campo.state = QStyle::State_Enabled;
+        qApp->style()->drawPrimitive(QStyle::PE_FrameLineEdit, &campo, &painter);
+        QVERIFY(como_estava());
     }
 
     void cada_figura_ve_se_em_janelas_claras_e_escuras_data()

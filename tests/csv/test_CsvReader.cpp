@@ -15,6 +15,18 @@ class TestCsvReader : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    // Greek letters have no zeros among their bytes.
+    void a_marca_diz_que_e_utf_16_mesmo_onde_nenhuma_letra_e_latina()
+    {
+        const QByteArray grande = QByteArray::fromHex("feff03a903bc03ad03b303b1");
+        const QByteArray pequeno = QByteArray::fromHex("fffea903bc03ad03b303b103");
+        for (const QByteArray &ficheiro : {grande, pequeno}) {
+            const CsvText lido = csvText(ficheiro);
+            QCOMPARE(lido.text, u"Ωμέγα"_s);
+            QCOMPARE(lido.encoding, QByteArray("utf-16"));
+        }
+    }
+
     void a_codificacao_descobre_se_data()
     {
         QTest::addColumn<QByteArray>("ficheiro");

@@ -93,7 +93,7 @@ private Q_SLOTS:
     void uma_data_vazia_ou_impossivel_nao_e_nenhuma()
     {
         for (const auto &celula :
-             {u""_s, u"0/0/00"_s, u"00/00/0000"_s, u"0000-00-00"_s, u"31/2/1975"_s, u"13/13/1975"_s,
+             {u""_s, u"0/0/00"_s, u"00/00/0000"_s, u"0000-00-00"_s, u"0000-03-04"_s, u"31/2/1975"_s, u"13/13/1975"_s,
               u"29/2/2023"_s, u"4/3/975"_s, u"ontem"_s, u"1975"_s, u"1-2/1975"_s})
             QVERIFY2(!csvDate(celula, DateOrder::DayFirst, este_ano), qPrintable(celula));
     }

@@ -276,6 +276,17 @@ private Q_SLOTS:
         QCOMPARE(de(QByteArray(sa).replace(0, 1, "X")), QString()); // nobody knows what it is for
     }
 
+    // The file has one byte at its end and takes no more room on the disk than that.
+    void o_que_e_maior_do_que_o_formato_conhece_nao_se_le()
+    {
+        const QTemporaryDir pasta;
+        const QString caminho = pasta.filePath(u"enorme.mdb"_s);
+        QFile ficheiro(caminho);
+        QVERIFY(ficheiro.open(QIODevice::WriteOnly) && ficheiro.resize((qint64{2} << 30) + 1));
+        ficheiro.close();
+        QCOMPARE(Dito([&] { JetFile{caminho}; }), u"no database: its size"_s);
+    }
+
     void outra_versao_do_formato_nao_abre()
     {
         constexpr int versao = 0x14;

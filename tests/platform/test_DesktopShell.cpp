@@ -74,6 +74,9 @@ private Q_SLOTS:
         QTest::addColumn<QString>("visto");
         QTest::newRow("GNOME") << QByteArray("ubuntu:GNOME") << u"gnome-control-center datetime"_s;
         QTest::newRow("KDE") << QByteArray("KDE") << u"systemsettings kcm_clock"_s;
+        QTest::newRow("Cinnamon") << QByteArray("X-Cinnamon") << u"cinnamon-settings calendar"_s;
+        QTest::newRow("MATE") << QByteArray("MATE") << u"mate-time-admin "_s;
+        QTest::newRow("LXQt") << QByteArray("LXQt") << u"lxqt-admin-time "_s;
         QTest::newRow("outro") << QByteArray("XFCE") << u"time-admin "_s;
     }
     void a_data_e_a_hora_abrem_no_programa_do_ambiente()
@@ -81,12 +84,27 @@ private Q_SLOTS:
         QFETCH(QByteArray, ambiente);
         QFETCH(QString, visto);
         const QTemporaryDir pasta;
-        for (const auto &nome : {u"gnome-control-center"_s, u"systemsettings"_s, u"time-admin"_s})
+        for (const auto &nome : {u"gnome-control-center"_s, u"systemsettings"_s, u"cinnamon-settings"_s,
+                                 u"mate-time-admin"_s, u"lxqt-admin-time"_s, u"time-admin"_s})
             Programa(pasta, nome);
         qputenv("PATH", pasta.path().toLocal8Bit());
         qputenv("XDG_CURRENT_DESKTOP", ambiente);
         DesktopShell().openDateAndTimeSettings();
         QTRY_COMPARE(Visto(pasta), visto);
+    }
+
+    void onde_falta_o_programa_mais_novo_serve_o_outro_que_la_houver()
+    {
+        for (const auto &[programa, argumentos] :
+             {std::pair{u"systemsettings5"_s, u"kcm_clock"_s},
+              {u"rundll32.exe"_s, u"shell32.dll,Control_RunDLL timedate.cpl"_s}}) {
+            const QTemporaryDir pasta;
+            Programa(pasta, programa);
+            qputenv("PATH", pasta.path().toLocal8Bit());
+            qputenv("XDG_CURRENT_DESKTOP", "KDE");
+            DesktopShell().openDateAndTimeSettings();
+            QTRY_COMPARE(Visto(pasta), programa + u' ' + argumentos);
+        }
     }
 
     void sem_programa_para_a_hora_nada_acontece()

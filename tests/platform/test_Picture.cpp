@@ -51,6 +51,32 @@ class TestPicture : public QObject
     }
 
 private Q_SLOTS:
+    void o_que_nao_e_uma_imagem_diz_de_que_ficheiro_se_fala()
+    {
+        QString dito;
+        try {
+            const Picture nenhuma(folder_.filePath(u"falta.png"_s));
+        } catch (const Failure &falha) {
+            dito = falha.description();
+        }
+        QCOMPARE(dito, u"Invalid picture: "_s + folder_.filePath(u"falta.png"_s));
+    }
+
+    void um_nome_completo_fica_e_os_outros_sao_da_pasta_data()
+    {
+        QTest::addColumn<QString>("ficheiro");
+        for (const auto *nome : {"C:\\fotos\\ana.jpg", "\\\\servidor\\ana.jpg", "/fotos/ana.jpg"})
+            QTest::newRow(nome) << QString::fromLatin1(nome);
+        QTest::newRow("ana.jpg") << u"/pasta/ana.jpg"_s;
+        QTest::newRow("fotos\\ana.jpg") << u"/pasta/fotos/ana.jpg"_s;
+        QTest::newRow("\\fotos\\ana.jpg") << u"/pasta//fotos/ana.jpg"_s;
+        QTest::newRow("C:ana.jpg") << u"/pasta/C:ana.jpg"_s;
+    }
+    void um_nome_completo_fica_e_os_outros_sao_da_pasta()
+    {
+        QTEST(pictureFile(u"/pasta"_s, QString::fromLatin1(QTest::currentDataTag())), "ficheiro");
+    }
+
     void o_tamanho_natural_le_se_do_ficheiro_data()
     {
         QTest::addColumn<QByteArray>("format");

@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
@@ -52,6 +53,19 @@ private Q_SLOTS:
         QCOMPARE(folder.path(), Em(u"opt"_s));
         QCOMPARE(Ler(Em(u"opt/config.ini"_s)), "[shipped]\r\n");
         QCOMPARE(Ler(Em(u"opt/morvex.mdb"_s)), "shipped base");
+    }
+
+    void a_volta_do_programa_le_se_do_ambiente_e_do_lugar_onde_corre()
+    {
+        qputenv("MORVEX_HOME", "/outro/lugar");
+        const ProgramFolder::Surroundings surroundings = ProgramFolder::current(u"../share/morvex"_s);
+        qunsetenv("MORVEX_HOME");
+        const QString own = QCoreApplication::applicationDirPath();
+        QCOMPARE(surroundings.override, u"/outro/lugar"_s);
+        QCOMPARE(surroundings.executableFolder, own);
+        QCOMPARE(surroundings.userData,
+                 QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/morvex"_s);
+        QCOMPARE(surroundings.installedData, QFileInfo(own).path() + u"/share/morvex"_s);
     }
 
     void uma_pasta_com_config_ini_e_a_do_programa_mesmo_so_de_leitura()

@@ -102,6 +102,26 @@ private Q_SLOTS:
         QCOMPARE(secrets.read(u"k"_s), u"one"_s);
     }
 
+    void nothing_is_written_while_the_person_is_asked()
+    {
+        SecretService secrets;
+        say("tranca e pergunta");
+        QVERIFY(!secrets.write(u"k"_s, u"l"_s, u"one"_s));
+        QCOMPARE(heard(), u"pergunta"_s);
+        say("abre"); // the next thing that it says: nothing was put into it
+        QCOMPARE(secrets.read(u"k"_s), std::nullopt);
+    }
+
+    void a_store_that_asks_before_it_deletes_asks_the_person()
+    {
+        SecretService secrets;
+        QVERIFY(secrets.write(u"k"_s, u"l"_s, u"one"_s));
+        QCOMPARE(heard(), u"guardado k de morvex"_s);
+        say("pergunta ao apagar");
+        secrets.remove(u"k"_s);
+        QCOMPARE(heard(), u"pergunta"_s);
+    }
+
     void a_store_without_a_place_for_new_ones_is_none()
     {
         say("sem cofre");

@@ -70,6 +70,18 @@ private Q_SLOTS:
         QVERIFY(l.Instancia()->claim({}));
     }
 
+    // The folder is shared by all programs of the desktop, and a socket's path must stay short.
+    void o_que_deixa_na_pasta_de_todos_tem_o_nome_do_programa()
+    {
+        const Lugar l;
+        const auto primeira = l.Instancia();
+        QVERIFY(primeira->claim({}));
+        static const QRegularExpression nome(u"^morvex-[0-9a-f]{16}(\\.lock)?$"_s);
+        QVERIFY(!l.Restos().isEmpty());
+        for (const QString &resto : l.Restos())
+            QVERIFY2(nome.match(resto).hasMatch(), qPrintable(resto));
+    }
+
     void a_segunda_chama_a_primeira_e_vai_se()
     {
         const Lugar l;

@@ -1,5 +1,6 @@
 # Tests of platform.
 foreach(teste IN ITEMS
+    test_Caption
     test_ChooseDesktop
     test_CommandLine
     test_DesktopRegistry

@@ -3,6 +3,7 @@
 #include "platform/Failure.h"
 #include "report/ReportControl.h"
 #include "report/ReportExport.h"
+#include "report/writers/ColumnWidths.h"
 #include "report/writers/OfficeFont.h"
 #include "report/writers/TextWidth.h"
 #include "testlib/SemPrivilegios.h"
@@ -739,6 +740,46 @@ private Q_SLOTS:
         QVERIFY(linhas.join(u' ').simplified().endsWith(nota.simplified()));
     }
 
+    void uma_letra_do_extremo_oriente_toma_dois_lugares_e_um_acento_nenhum_data()
+    {
+        QTest::addColumn<uint>("letra");
+        QTest::addColumn<int>("lugares");
+        const auto linha = [](uint letra, int lugares) {
+            QTest::addRow("%x", letra) << letra << lugares;
+        };
+        for (const auto &[primeira, ultima] : {std::pair{0x1100u, 0x115Fu}, {0x2E80u, 0x303Eu}, {0x3041u, 0xA4CFu},
+                                               {0xAC00u, 0xD7A3u}, {0xF900u, 0xFAFFu}, {0xFE30u, 0xFE6Fu},
+                                               {0xFF00u, 0xFF60u}, {0xFFE0u, 0xFFE6u}, {0x1F300u, 0x1FAFFu},
+                                               {0x20000u, 0x3FFFDu}}) {
+            const bool atras_de_nenhuma = primeira == 0xFE30u || primeira == 0xFF00u; // half an accent, a mark
+            linha(primeira - 1, atras_de_nenhuma ? 0 : 1);
+            linha(primeira, 2);
+            linha(ultima, 2);
+            linha(ultima + 1, 1);
+        }
+        for (const uint marca : {0x300u, 0x301u, 0x20DDu, 0x200Du}) // within, around, and a joiner
+            linha(marca, 0);
+        for (const uint letra : {0x20u, 0x61u, 0xADu, 0x2FFu, 0x3A9u})
+            linha(letra, 1);
+    }
+    void uma_letra_do_extremo_oriente_toma_dois_lugares_e_um_acento_nenhum()
+    {
+        QFETCH(uint, letra);
+        const char32_t so_ela = letra;
+        QTEST(textWidth(QString::fromUcs4(&so_ela, 1)), "lugares");
+    }
+
+    void a_palavra_mais_larga_mede_se_da_primeira_a_ultima_letra()
+    {
+        const TextMeasure medida;
+        QCOMPARE(medida.widestWord(u"abcd ef"), 4.0);
+        QCOMPARE(medida.widestWord(u"ab cdefg"), 5.0);
+        QCOMPARE(medida.widestWord(u"a\n😀王 b"), 4.0);
+        QCOMPARE(medida.widestWord(u""), 0.0);
+        QCOMPARE(medida.width(u"ab\nabc"), 3.0);
+        QCOMPARE(medida.width(u""), 0.0);
+    }
+
     void uma_palavra_mais_larga_do_que_a_coluna_parte_se_sem_partir_letras()
     {
         QCOMPARE(wrappedLines(u"😀😀😀"_s, 5), (QStringList{u"😀😀"_s, u"😀"_s}));
@@ -886,10 +927,43 @@ private Q_SLOTS:
         QCOMPARE(Leitor(documento, "\\header").texto, u"Nome\tTelefone 1\n"_s);
     }
 
+    void as_colunas_mais_largas_cedem_ate_caberem_e_nao_mais()
+    {
+        using Larguras = std::vector<double>;
+        const std::vector<ColumnNeed> tres{{10, 2}, {6, 2}, {3, 1}}; // whole, least
+        QCOMPARE(columnWidths(tres, 19), (Larguras{10, 6, 3}));
+        QCOMPARE(columnWidths(tres, 100), (Larguras{10, 6, 3}));
+        QCOMPARE(columnWidths(tres, 17), (Larguras{8, 6, 3}));
+        QCOMPARE(columnWidths(tres, 13), (Larguras{5, 5, 3}));
+        QCOMPARE(columnWidths(tres, 7.5), (Larguras{2.5, 2.5, 2.5}));
+        QCOMPARE(columnWidths(tres, 5), (Larguras{2, 2, 1}));
+        QCOMPARE(columnWidths(tres, 4.99), std::nullopt);
+        QCOMPARE(columnWidths({{5, 0}, {5, 0}}, 1), (Larguras{0.5, 0.5}));
+        QCOMPARE(columnWidths({{5, 0}, {5, 0}}, 0), (Larguras{0, 0}));
+        QCOMPARE(columnWidths({{4, 4}, {9, 1}}, 6), (Larguras{4, 2}));
+        QCOMPARE(columnWidths({}, 0), Larguras());
+    }
+
+    void um_bloco_do_documento_prende_so_a_sua_primeira_linha_a_seguinte()
+    {
+        const ReportRows rows{{}, {u"Nome"_s, u"Nota"_s}, {}, {{u"Abel"_s, u"um\ndois"_s}, {{}, u"tres"_s}}};
+        const QByteArray documento = Pasta().Bytes(ReportControl::Document, rows);
+        QCOMPARE(documento.count("\\keepn\\sb240 {\\b "), 2);
+        QCOMPARE(documento.count("\\keepn0\\sb0 {\\b Nota}"), 1);
+        QCOMPARE(documento.count("\\keepn0"), 1);
+    }
+
     void um_tipo_desconhecido_e_recusado_e_nada_se_escreve()
     {
         Pasta pasta;
         VERIFICAR_FALHA(pasta.Escrever(99, Nomes()), Failure::InvalidPropertyValue);
+        QString dito;
+        try {
+            pasta.Escrever(99, Nomes());
+        } catch (const Failure &falha) {
+            dito = falha.source() + u": "_s + falha.description();
+        }
+        QCOMPARE(dito, u"PrintFileType: There is no file type 99."_s);
         QVERIFY(QDir(pasta.pasta.path()).isEmpty());
     }
 

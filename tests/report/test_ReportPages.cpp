@@ -1,6 +1,7 @@
 // Reports on their pages: what stands on which page, where lines break, what closes up. The text is read back
 // from PDF files that the pages were painted into.
 #include "report/ReportLanguage.h"
+#include "report/ReportLines.h"
 #include "report/ReportPages.h"
 #include "report/ReportPrinting.h"
 #include "store/Connection.h"
@@ -11,6 +12,7 @@
 #include <QFile>
 #include <QPainter>
 #include <QProcess>
+#include <QtMath>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
@@ -269,6 +271,21 @@ private Q_SLOTS:
                  QStringList{u"Etikett Maio 13"_s});
     }
 
+    void o_ficheiro_pdf_diz_o_seu_titulo()
+    {
+        if (QStandardPaths::findExecutable(u"pdfinfo"_s).isEmpty()) QSKIP("there is no pdfinfo");
+        Juntar_Muitos(1);
+        const QString pdf = folder_.filePath(u"titulo.pdf"_s);
+        const auto pages = Relatorio(uma_linha);
+        QVERIFY(writePdf(*pages, u"Lista de Évora"_s, pdf, [](int, int) { return true; }) == PrintResult::Done);
+        QProcess reader;
+        reader.start(u"pdfinfo"_s, {u"-enc"_s, u"UTF-8"_s, pdf});
+        QVERIFY(reader.waitForFinished());
+        const QString said = QString::fromUtf8(reader.readAllStandardOutput());
+        QVERIFY2(said.contains(QRegularExpression(u"^Title: +Lista de Évora$"_s, QRegularExpression::MultilineOption)),
+                 qPrintable(said));
+    }
+
     void um_parametro_com_dois_algarismos_acha_se_tambem_por_um_so()
     {
         if (!Ha_Leitor()) QSKIP("there is no pdftotext");
@@ -520,6 +537,76 @@ private Q_SLOTS:
         QCOMPARE(page.lines() + page.lost, Linhas(9).split("\r\n"_L1));
         QVERIFY(page.lines().size() >= 5 && page.lost.size() >= 2);
         QCOMPARE(pages->lost(), page.lost);
+    }
+
+    // Whatever is being found, each page is asked with its own number: nine pages need only one figure.
+    void o_numero_de_uma_pagina_tem_o_lugar_do_seu_proprio_numero()
+    {
+        Juntar_Muitos(90);
+        const QString faixas = u"<pageheader height='500'><row height='400'><text width='%1' height='300' "
+                               "least='9.9'>{page}</text></row></pageheader>"_s +
+                               uma_linha;
+        const int um = qCeil(QFontMetricsF(standardReportFont()).horizontalAdvance(u'8'));
+        const auto nove = Relatorio(faixas.arg(um * 3 / 2));
+        QCOMPARE(nove->count(), 9);
+        QCOMPARE(nove->lost(), QStringList());
+        Juntar_Muitos(10);
+        const auto dez = Relatorio(faixas.arg(um * 3 / 2));
+        QCOMPARE(dez->count(), 10);
+        QCOMPARE(dez->lost().size(), 1);
+    }
+
+    void enquanto_se_procuram_as_paginas_o_seu_numero_e_reticencias()
+    {
+        Juntar_Muitos(20);
+        const auto pages = Relatorio(u"<pageheader height='500'><row height='400'><text width='5000' height='300'>"
+                                     "{pageofpages}</text></row></pageheader>"_s +
+                                     uma_linha);
+        QCOMPARE(pages->page(0).lines().value(0), u"1 / …"_s);
+        QCOMPARE(pages->count(), 2);
+        QCOMPARE(pages->page(0).lines().value(0), u"1 / 2"_s);
+    }
+
+    void o_rodape_esta_em_cada_pagina_por_baixo_de_tudo()
+    {
+        Juntar_Muitos(11);
+        const auto pages = Relatorio(uma_linha + u"<pagefooter height='500'><row height='500'><text width='5000' "
+                                                 "height='300'>pe</text></row></pagefooter>"_s);
+        QCOMPARE(pages->count(), 2);
+        for (int page = 0; page < 2; ++page) {
+            const ReportPage folha = pages->page(page);
+            QCOMPARE(folha.lines().last(), u"pe"_s);
+            QCOMPARE(folha.texts().back().area.top(), 16840.0 - 2840 - 500); // above the lower margin
+        }
+    }
+
+    // Two records that fill the body to its last twip share a page, one twip more and they do not.
+    void o_que_fica_junto_enche_a_pagina_ate_ao_fim_data()
+    {
+        QTest::addColumn<int>("altura");
+        QTest::addColumn<int>("paginas");
+        QTest::newRow("tudo") << 4600 << 1;
+        QTest::newRow("mais um") << 4601 << 2;
+    }
+    void o_que_fica_junto_enche_a_pagina_ate_ao_fim()
+    {
+        QFETCH(int, altura);
+        Juntar_Muitos(2);
+        const auto pages =
+            Relatorio(u"<detail together='yes'><row height='400'><text width='5000' height='300'>{T.Nome}</text></row>"
+                      "<row height='%1'><text width='5000' height='300'>x</text></row></detail>"_s.arg(altura));
+        QTEST(pages->count(), "paginas");
+    }
+
+    void um_texto_que_se_mede_por_letras_tem_a_largura_de_todas()
+    {
+        FontMeasure medida(standardReportFont());
+        for (const QString &texto : {u"Avenida"_s, u"Αυγή"_s, u"Тётя"_s, u"Ana Sá"_s}) {
+            double soma = 0;
+            for (const QChar letra : texto)
+                soma += QFontMetricsF(standardReportFont()).horizontalAdvance(letra);
+            QCOMPARE(medida.advance(texto), soma);
+        }
     }
 
     void o_que_se_perde_conta_se_em_todas_as_paginas()

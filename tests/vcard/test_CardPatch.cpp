@@ -67,6 +67,19 @@ private Q_SLOTS:
         QCOMPARE(patchedCard(cartao, as_duas, {}), Cartao({}));
     }
 
+    void a_primeira_propriedade_de_um_cartao_conta_como_as_outras()
+    {
+        const QByteArray inicio = "BEGIN:VCARD\r\n";
+        const QByteArray fim = "END:VCARD\r\n";
+        const Card primeira = Lido(inicio + "a.TEL:1\r\na.EMAIL:b@c\r\na.X-ABLabel:casa\r\n" + fim);
+        QCOMPARE(patchedCard(primeira, primeira.all("TEL"), "TEL:2\r\n"),
+                 inicio + "TEL:2\r\na.EMAIL:b@c\r\na.X-ABLabel:casa\r\n" + fim);
+        QCOMPARE(patchedCard(primeira, primeira.all("EMAIL"), {}),
+                 inicio + "a.TEL:1\r\na.X-ABLabel:casa\r\n" + fim);
+        const Card rotulo = Lido(inicio + "a.X-ABLabel:casa\r\na.TEL:1\r\nNOTE:x\r\n" + fim);
+        QCOMPARE(patchedCard(rotulo, rotulo.all("TEL"), {}), inicio + "NOTE:x\r\n" + fim);
+    }
+
     void um_cartao_com_outro_dentro_remenda_se_sem_o_outro()
     {
         const QByteArray ficheiro =
@@ -110,6 +123,12 @@ private Q_SLOTS:
                    "tel;type=CELL;type=HOME:1\r\nNOTE;CHARSET=UTF-8:um\\ndois\r\nFN:Ana, a boa\r\n"
                    "REV:2\r\n");
         QCOMPARE(normalForm(Lido(original)), normalForm(Lido(reescrito)));
+    }
+
+    void um_parametro_dito_duas_vezes_diz_o_mesmo_que_uma()
+    {
+        QCOMPARE(normalForm(Lido(Cartao("TEL;TYPE=home,cell;TYPE=HOME:1\r\n"))),
+                 normalForm(Lido(Cartao("TEL;TYPE=cell;TYPE=home:1\r\n"))));
     }
 
     void uma_diferenca_a_serio_ve_se_na_comparacao_data()

@@ -1,6 +1,8 @@
 // The head of a line taken apart: names, parameters, encodings, types; and the disguises of a value.
+#include "vcard/CardDate.h"
 #include "vcard/CardDecoding.h"
 #include "vcard/CardGroups.h"
+#include "vcard/CardPhoto.h"
 #include "vcard/CardProperty.h"
 #include "vcard/CardText.h"
 
@@ -227,6 +229,49 @@ private Q_SLOTS:
         QCOMPARE(plainUid(u"URN:UUID:a-b"_s), u"a-b"_s);
         QCOMPARE(plainUid(u"uuid:a-b"_s), u"uuid:a-b"_s);
     }
+
+    void uma_virgula_antes_do_primeiro_parametro_vale_um_ponto_e_virgula()
+    {
+        const CardProperty telefone = Propriedade("TEL,CELL;X-P=,a,\"b\":1");
+        QCOMPARE(telefone.name(), QByteArray("TEL"));
+        QCOMPARE(telefone.types(), QStringList{u"cell"_s});
+        QCOMPARE(telefone.head().values("X-P"), (QByteArrayList{"", "a", "b"}));
+        QCOMPARE(telefone.text(), u"1"_s);
+    }
+
+    void uma_virgula_a_cabeca_nao_acaba_a_lista_dos_tipos()
+    {
+        QCOMPARE(Propriedade("TEL;TYPE=\",home\":1").types(), QStringList{u"home"_s});
+        QCOMPARE(Propriedade("TEL;TYPE=\"work,,home,\":1").types(), (QStringList{u"home"_s, u"work"_s}));
+    }
+
+    void o_formato_de_uma_imagem_ve_se_pelos_primeiros_bytes_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        const auto linha = [](const char *formato, const char *rotulo, const QByteArray &bytes) {
+            QTest::newRow(rotulo) << bytes << QByteArray(formato);
+        };
+        QTest::addColumn<QByteArray>("formato");
+        linha("jpeg", "JPEG", "\xFF\xD8\xFF");
+        linha("png", "PNG", "\x89PNG");
+        linha("gif", "GIF", "GIF89a");
+        linha("bmp", "BMP", "BM...");
+        linha("webp", "WebP", "RIFF....WEBP");
+        linha("tiff", "TIFF de Intel", QByteArray("II*\0", 4));
+        linha("tiff", "TIFF de Motorola", QByteArray("MM\0*", 4));
+        linha("", "um som", "RIFF....WAVE");
+        linha("", "RIFF cortado", "RIFF....WEB");
+        linha("", "só o fim", "XIFF....WEBP");
+        linha("", "TIFF às avessas", QByteArray("II\0*", 4));
+        linha("", "nada", "");
+    }
+    void o_formato_de_uma_imagem_ve_se_pelos_primeiros_bytes()
+    {
+        QFETCH(QByteArray, bytes);
+        QTEST(pictureKind(bytes), "formato");
+    }
+
+    void uma_data_por_preencher_nao_diz_nada() { QCOMPARE(CardDate(), (CardDate{0, 0, 0})); }
 
     void um_grupo_diz_que_o_e()
     {

@@ -30,6 +30,31 @@ private Q_SLOTS:
         QVERIFY(!toVersion3(antigo).contains("QUOTED"));
     }
 
+    // What a text, a list, an address in the web and a structure divide differs.
+    void cada_propriedade_escreve_se_como_3_0_a_divide()
+    {
+        const QByteArray valor = "a,b;c\\n";
+        for (const char *nome : {"FN", "NOTE", "TITLE", "ROLE", "TEL", "EMAIL", "LABEL", "BDAY", "TZ", "UID", "REV",
+                                 "MAILER", "X-ABLABEL"})
+            QCOMPARE(toVersion3(Um(Cartao(nome + (':' + valor) + "\r\n", "2.1"))),
+                     Cartao(nome + QByteArray(":a\\,b\\;c\\n\r\n")));
+        for (const char *nome : {"CATEGORIES", "NICKNAME"})
+            QCOMPARE(toVersion3(Um(Cartao(nome + (':' + valor) + "\r\n", "2.1"))),
+                     Cartao(nome + QByteArray(":a,b\\;c\\n\r\n")));
+        for (const char *nome : {"N", "ADR", "ORG", "X-Y"})
+            QCOMPARE(toVersion3(Um(Cartao(nome + (':' + valor) + "\r\n", "2.1"))),
+                     Cartao(nome + QByteArray(":a\\,b;c\\n\r\n")));
+        for (const char *cabeca : {"URL", "X-Y;VALUE=url", "X-Y;VALUE=URI"})
+            QCOMPARE(toVersion3(Um(Cartao(cabeca + QByteArray(":http://a,b;c\r\n"), "2.1"))),
+                     Cartao(cabeca + QByteArray(":http://a,b;c\r\n")));
+    }
+
+    void os_parametros_e_o_grupo_passam_e_os_bytes_dizem_que_o_sao()
+    {
+        QCOMPARE(toVersion3(Um(Cartao("a.TEL;CELL;X-P=q;CHARSET=utf-8:1\r\nPHOTO;JPEG;BASE64:/9j/4AAQ\r\n", "2.1"))),
+                 Cartao("a.TEL;TYPE=CELL;X-P=q:1\r\nPHOTO;TYPE=JPEG;ENCODING=b:/9j/4AAQ\r\n"));
+    }
+
     void um_cartao_de_3_0_ou_4_0_fica_como_esta()
     {
         for (const char *versao : {"3.0", "4.0"}) {

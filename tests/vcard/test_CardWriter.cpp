@@ -153,6 +153,16 @@ private Q_SLOTS:
         QCOMPARE(quatro.lines(), QByteArray("TEL;PREF=1;TYPE=cell,\"x y:z\":1\r\n"));
     }
 
+    void a_menor_das_preferencias_ainda_se_escreve_e_um_rotulo_tem_o_seu_grupo()
+    {
+        CardWriter quatro(CardVersion::V40);
+        quatro.entry("TEL", {u"1"_s, {}, 100, {}});
+        quatro.entry("TEL", {u"2"_s, {}, 101, u"loja"_s});
+        quatro.entry("TEL", {u"3"_s, {}, 101, u"casa"_s});
+        QCOMPARE(quatro.lines(), QByteArray("TEL;PREF=100:1\r\nitem1.X-ABLabel:loja\r\nitem1.TEL:2\r\n"
+                                            "item2.X-ABLabel:casa\r\nitem2.TEL:3\r\n"));
+    }
+
     void um_tipo_de_uma_so_palavra_dispensa_as_aspas()
     {
         CardWriter quatro(CardVersion::V40);
@@ -188,6 +198,24 @@ private Q_SLOTS:
         QVERIFY(!writtenCard(conteudo, CardVersion::V40).contains("\r\nN:"));
         conteudo.formattedName = u"Firma"_s;
         QVERIFY(writtenCard(conteudo).contains("\r\nN:;Firma;;;\r\n"));
+    }
+
+    // 4.0 knows a label only as the street of an address, and has no use for it beside one.
+    void um_rotulo_de_morada_escreve_se_como_cada_versao_o_conhece()
+    {
+        CardContent conteudo;
+        conteudo.formattedName = u"Ana"_s;
+        conteudo.addressLabels = {u"Rua 1\nBeja"_s};
+        const QByteArray rotulo = "LABEL:Rua 1\\nBeja\r\n";
+        const QByteArray morada = "ADR:;;Rua 1\\nBeja;;;;\r\n";
+        QVERIFY(writtenCard(conteudo).contains(rotulo));
+        QVERIFY(!writtenCard(conteudo).contains("ADR"));
+        QVERIFY(writtenCard(conteudo, CardVersion::V40).contains(morada));
+        QVERIFY(!writtenCard(conteudo, CardVersion::V40).contains("LABEL"));
+        conteudo.addresses = {{{}, {}, u"Rua 2"_s, {}, {}, {}, {}, {}, 101, {}}};
+        QVERIFY(writtenCard(conteudo).contains("ADR:;;Rua 2;;;;\r\n" + rotulo));
+        QCOMPARE(writtenCard(conteudo, CardVersion::V40).count("ADR"), 1);
+        QVERIFY(!writtenCard(conteudo, CardVersion::V40).contains("Rua 1"));
     }
 
     void um_grupo_escreve_se_como_cada_versao_o_conhece()
