@@ -684,6 +684,29 @@ private Q_SLOTS:
         });
     }
 
+    // The place is 75 by 72 pixels as the form is drawn, and grows with the letters to the nearest pixel.
+    void em_letras_maiores_a_foto_fica_a_meio_do_seu_lugar_data()
+    {
+        QTest::addColumn<int>("letras");
+        QTest::addColumn<QSize>("foto");
+        QTest::addColumn<QRect>("lugar");
+        QTest::newRow("pequena, letras de 11") << 11 << QSize(75, 72) << QRect(487, 58, 75, 72);
+        QTest::newRow("pequena, letras de 13") << 13 << QSize(21, 18) << QRect(607, 100, 25, 21);
+        QTest::newRow("larga, letras de 14") << 14 << QSize(800, 100) << QRect(620, 114, 95, 12);
+        QTest::newRow("alta, letras de 21") << 21 << QSize(100, 800) << QRect(993, 111, 17, 137);
+    }
+    void em_letras_maiores_a_foto_fica_a_meio_do_seu_lugar()
+    {
+        QFETCH(int, letras);
+        QFETCH(QSize, foto);
+        QFETCH(QRect, lugar);
+        scale::setLetters(letras);
+        const auto repor = qScopeGuard([] { scale::setLetters(scale::standardLetters); });
+        Editor e;
+        e.Mostrar({{u"Nome"_s, u"Ana"_s}, {u"Fotografia"_s, Pintar(e.s.Ficheiro(u"foto.png"_s), foto)}});
+        e.Editar([&](frmAddEdit &form) { QCOMPARE(form.Thumb->geometry(), lugar); });
+    }
+
     // The calendar
 
     void o_calendario_aparece_sob_o_campo_clicado_data()
