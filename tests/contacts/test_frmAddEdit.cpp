@@ -157,6 +157,7 @@ private Q_SLOTS:
     void as_legendas_vem_dos_textos()
     {
         Editor e;
+        e.s.geral.IdiomaActual = u"AlemaoDE"_s; // the form is drawn in Portuguese
         e.Novo([&](frmAddEdit &form) {
             const std::initializer_list<std::pair<QLabel *, int>> legendas{
                 {form.lblNome, 27},       {form.lblTelefone1, 28},  {form.lblTelefone2, 29},

@@ -86,6 +86,7 @@ private Q_SLOTS:
     void as_legendas_vem_dos_textos()
     {
         Procura p;
+        p.s.geral.IdiomaActual = u"AlemaoDE"_s; // the form is drawn in Portuguese
         p.Abrir();
         QCOMPARE(p.form.windowTitle(), p.s.Texto(59));
         QCOMPARE(p.form.Frame1->title(), p.s.Texto(61));
