@@ -6,11 +6,12 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+// A day or month that is no number counts as 0, which no date has; a year would be one that there was.
 QDate Primeiro_Aniversario(const QString &Dia, const QString &Mes, const QString &Ano)
 {
-    bool numeros[3];
-    const QDate data(Ano.toInt(&numeros[0]) + 1, Mes.toInt(&numeros[1]), Dia.toInt(&numeros[2]));
-    if (!numeros[0] || !numeros[1] || !numeros[2] || !data.isValid())
+    bool ano_e_numero = false;
+    const QDate data(Ano.toInt(&ano_e_numero) + 1, Mes.toInt(), Dia.toInt());
+    if (!ano_e_numero || !data.isValid())
         throw Failure(Failure::TypeMismatch, u"Idade"_s, u"%1-%2-%3 has no first birthday"_s.arg(Dia, Mes, Ano));
     return data;
 }

@@ -168,7 +168,6 @@ void ListaContactos::Acrescentar_Todos_Os_Grupos()
 void ListaContactos::Refrescar()
 {
     Carregar_Grupos();
-    Limpar_Dados();
     Carregar_Tabela();
 }
 

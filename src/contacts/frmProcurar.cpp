@@ -95,7 +95,6 @@ void frmProcurar::Tomar_Tamanho()
 {
     if (tamanho_ != nullptr) return;
     tamanho_ = new TamanhoGuardado(*ListaNomes, geral_.ini, u"procurar"_s);
-    layout()->activate();
     const QSize menor = layout()->totalMinimumSize();
     resize((menor + tamanho_->Folga()).boundedTo(screen()->availableGeometry().size()).expandedTo(menor));
 }

@@ -114,7 +114,6 @@ void CicloCorreio::Mostrar_Falha()
 {
     const QString texto = EmailActual + u" ("_s + platform_.mail.TextoErro() + u')';
     frmPopupEmail &popup = Popup();
-    geral_.ErroMail = 1;
     popup.StatusLabel->setText(texto);
     Parar_Verificacao();
     popup.Reiniciar_TimerTimeout();

@@ -115,10 +115,7 @@ Main::Main(Geral &geral, Platform &platform)
     new VerificarVersao(*this, geral_, platform_, servidor.toString());
     new TeclaDeAjuda(*this, geral_, platform_);
 
-    const auto ler_de_novo = [this] {
-        lista_->Limpar_Dados();
-        lista_->Carregar_Tabela();
-    };
+    const auto ler_de_novo = [this] { lista_->Carregar_Tabela(); };
     connect(intercambio, &Intercambio::ContactosMudados, lista_, ler_de_novo);
     connect(entrada, &EntradaDeContactos::ContactosMudados, lista_, ler_de_novo);
     connect(sincronizador_, &Sincronizador::ContactosMudados, lista_, [this, ler_de_novo] {

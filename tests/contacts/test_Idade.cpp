@@ -54,7 +54,8 @@ private Q_SLOTS:
         caso("ano sem dia", u""_s, u"4"_s, u"1980"_s);
         caso("ano sem mes", u"1"_s, u""_s, u"1980"_s);
         caso("mes 13", u"1"_s, u"13"_s, u"1980"_s);
-        caso("letras", u"um"_s, u"4"_s, u"1980"_s);
+        caso("dia em letras", u"um"_s, u"4"_s, u"1980"_s);
+        caso("mes em letras", u"1"_s, u"Abril"_s, u"1980"_s);
         caso("ano em letras", u"1"_s, u"4"_s, u"mil"_s);
     }
     void uma_data_que_nao_existe_e_falha()

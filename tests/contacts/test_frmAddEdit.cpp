@@ -157,6 +157,7 @@ private Q_SLOTS:
     void as_legendas_vem_dos_textos()
     {
         Editor e;
+        e.s.geral.IdiomaActual = u"AlemaoDE"_s; // the form is drawn in Portuguese
         e.Novo([&](frmAddEdit &form) {
             const std::initializer_list<std::pair<QLabel *, int>> legendas{
                 {form.lblNome, 27},       {form.lblTelefone1, 28},  {form.lblTelefone2, 29},
@@ -682,6 +683,29 @@ private Q_SLOTS:
             QCOMPARE(form.Thumb->size(), QSize(75, 56));
             QCOMPARE(form.Thumb->pixmap().toImage().pixelColor(37, 28), QColor(Qt::white));
         });
+    }
+
+    // The place is 75 by 72 pixels as the form is drawn, and grows with the letters to the nearest pixel.
+    void em_letras_maiores_a_foto_fica_a_meio_do_seu_lugar_data()
+    {
+        QTest::addColumn<int>("letras");
+        QTest::addColumn<QSize>("foto");
+        QTest::addColumn<QRect>("lugar");
+        QTest::newRow("pequena, letras de 11") << 11 << QSize(75, 72) << QRect(487, 58, 75, 72);
+        QTest::newRow("pequena, letras de 13") << 13 << QSize(21, 18) << QRect(607, 100, 25, 21);
+        QTest::newRow("larga, letras de 14") << 14 << QSize(800, 100) << QRect(620, 114, 95, 12);
+        QTest::newRow("alta, letras de 21") << 21 << QSize(100, 800) << QRect(993, 111, 17, 137);
+    }
+    void em_letras_maiores_a_foto_fica_a_meio_do_seu_lugar()
+    {
+        QFETCH(int, letras);
+        QFETCH(QSize, foto);
+        QFETCH(QRect, lugar);
+        scale::setLetters(letras);
+        const auto repor = qScopeGuard([] { scale::setLetters(scale::standardLetters); });
+        Editor e;
+        e.Mostrar({{u"Nome"_s, u"Ana"_s}, {u"Fotografia"_s, Pintar(e.s.Ficheiro(u"foto.png"_s), foto)}});
+        e.Editar([&](frmAddEdit &form) { QCOMPARE(form.Thumb->geometry(), lugar); });
     }
 
     // The calendar

@@ -33,6 +33,7 @@ private Q_SLOTS:
     void as_legendas_vem_dos_textos()
     {
         ComGrupos g;
+        g.s.geral.IdiomaActual = u"AlemaoDE"_s; // the form is drawn in Portuguese
         const frmDeleteGroup form(g.s.geral, g.s.plataforma, g.lista, g.desfazer);
         QCOMPARE(form.windowTitle(), g.s.Texto(121));
         QCOMPARE(form.Label1->text(), g.s.Texto(115));

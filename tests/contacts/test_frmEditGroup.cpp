@@ -24,6 +24,7 @@ private Q_SLOTS:
     void as_legendas_vem_dos_textos()
     {
         ComGrupos g;
+        g.s.geral.IdiomaActual = u"AlemaoDE"_s; // the form is drawn in Portuguese
         frmEditGroup form(g.s.geral, g.s.plataforma, g.lista);
         QCOMPARE(form.windowTitle(), g.s.Texto(122));
         QCOMPARE(form.Label1->text(), g.s.Texto(123));

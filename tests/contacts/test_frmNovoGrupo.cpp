@@ -22,6 +22,7 @@ private Q_SLOTS:
     void as_legendas_vem_dos_textos()
     {
         ComGrupos g;
+        g.s.geral.IdiomaActual = u"AlemaoDE"_s; // the form is drawn in Portuguese
         frmNovoGrupo form(g.s.geral, g.lista);
         QCOMPARE(form.windowTitle(), g.s.Texto(113));
         QCOMPARE(form.Label1->text(), g.s.Texto(112));

@@ -3,6 +3,7 @@
 
 #include "contacts/Programa.h"
 #include "controls/Units.h"
+#include "data/Idiomas.h"
 #include "session/frmLogin.h"
 #include "session/SystemTray.h"
 #include "testlib/Accoes.h"
@@ -85,6 +86,7 @@ private Q_SLOTS:
     void as_legendas_vem_dos_textos()
     {
         Procura p;
+        p.s.geral.IdiomaActual = u"AlemaoDE"_s; // the form is drawn in Portuguese
         p.Abrir();
         QCOMPARE(p.form.windowTitle(), p.s.Texto(59));
         QCOMPARE(p.form.Frame1->title(), p.s.Texto(61));
@@ -563,6 +565,26 @@ private Q_SLOTS:
         p.Mostrar_Janela();
         p.Abrir(); // the test's screen is none of those with a place of their own
         QCOMPARE(p.form.pos(), p.janela.pos() + QPoint(pixels(7450), 0));
+    }
+
+    void sem_tamanho_guardado_a_janela_abre_no_menor_que_tudo_mostra_data()
+    {
+        QTest::addColumn<QString>("idioma");
+        QTest::addColumn<int>("letras");
+        for (const int letras : {11, 16})
+            for (const Idioma &idioma : idiomas::todos)
+                QTest::addRow("%s, %d", idioma.coluna, letras) << QString::fromLatin1(idioma.coluna) << letras;
+    }
+    void sem_tamanho_guardado_a_janela_abre_no_menor_que_tudo_mostra()
+    {
+        QFETCH(QString, idioma);
+        QFETCH(int, letras);
+        scale::setLetters(letras);
+        const auto repor = qScopeGuard([] { scale::setLetters(scale::standardLetters); });
+        Procura p;
+        p.s.geral.IdiomaActual = idioma;
+        p.Abrir();
+        QCOMPARE(p.form.size(), p.form.layout()->totalMinimumSize());
     }
 
     void a_mesma_entrada_abre_e_fecha_data()

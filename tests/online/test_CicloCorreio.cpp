@@ -152,6 +152,7 @@ private Q_SLOTS:
         p.Ciclo().disconnect(&p.main); // the options themselves have tests of their own
         p.main.mnuMailNotification->trigger();
         QCOMPARE(p.Cartao(), p.s.Texto(260));
+        QCOMPARE(p.s.geral.ErroMail, qint16{1});
         QTest::mouseClick(p.Popup(), Qt::LeftButton);
         QCOMPARE(opcoes.size(), 1);
         QVERIFY(p.Popup() == nullptr);

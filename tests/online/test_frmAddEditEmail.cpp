@@ -63,6 +63,7 @@ private Q_SLOTS:
     void as_legendas_vem_dos_textos()
     {
         Cenario c(u"Add"_s);
+        c.s.geral.IdiomaActual = u"AlemaoDE"_s; // the form is drawn in Portuguese
         const frmAddEditEmail &form = c.Abrir();
         QCOMPARE(form.lbl1->text(), c.s.Texto(243));
         QCOMPARE(form.lbl2->text(), c.s.Texto(244));

@@ -81,6 +81,21 @@ private Q_SLOTS:
         });
     }
 
+    void a_impressao_directa_de_etiquetas_corre_com_a_janela_ja_ligada()
+    {
+        ComImpressao c;
+        bool correu = false;
+        c.relatorio.ao_correr = [&] {
+            correu = true;
+            QVERIFY(c.janela.isEnabled());
+        };
+        c.Abrir<frmEtiquetas>(u"ImprimirEtiquetas"_s, [](frmEtiquetas &form) {
+            form.CheckBoxPrevisualizar->setChecked(false);
+            form.cmdImprimir->click();
+        });
+        QVERIFY(correu);
+    }
+
     void a_impressao_directa_corre_com_a_janela_ja_ligada()
     {
         ComImpressao c;

@@ -31,6 +31,7 @@ private Q_SLOTS:
     void as_legendas_vem_dos_textos()
     {
         ComOpcoes c;
+        c.s.geral.IdiomaActual = u"AlemaoDE"_s; // the form is drawn in Portuguese
         const OpcoesRelatorio &o = c.Carregar();
         QCOMPARE(o.FrameIntervalo->title(), c.s.Texto(74));
         QCOMPARE(o.OptionTodos->text(), c.s.Texto(75));

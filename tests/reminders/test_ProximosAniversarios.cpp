@@ -136,6 +136,29 @@ private Q_SLOTS:
         QCOMPARE(proximos[1].Dia + u'/' + proximos[1].Mes, u"12/10"_s);
     }
 
+    void cada_dia_do_ano_conta_na_sua_semana()
+    {
+        ComContactos c;
+        for (QDate dia(2027, 1, 1); dia.year() == 2027; dia = dia.addDays(1))
+            c.Contacto(dia.toString(u"MM-dd"_s), QString::number(dia.day()), QString::number(dia.month()));
+        for (QDate hoje(2027, 1, 1); hoje < QDate(2027, 12, 25); hoje = hoje.addDays(7)) {
+            QStringList nomes{hoje.toString(u"MM-dd"_s) + u'*'};
+            for (int dias = 1; dias < 7; ++dias)
+                nomes << hoje.addDays(dias).toString(u"MM-dd"_s);
+            QCOMPARE(c.Nomes(hoje, 7), nomes);
+        }
+    }
+
+    void o_que_se_parece_com_um_dia_nao_toma_o_lugar_desse_dia()
+    {
+        ComContactos c;
+        c.Contacto(u"A"_s, u":"_s, u"1"_s); // the sign behind 9
+        c.Contacto(u"B"_s, u"1"_s, u"101"_s);
+        c.Contacto(u"C"_s, u"10"_s, u"1"_s);
+        c.Contacto(u"D"_s, u"2"_s, u"1"_s);
+        QCOMPARE(c.Nomes({2027, 1, 1}, 30), (QStringList{u"C"_s, u"D"_s}));
+    }
+
     void a_ordem_e_a_do_comando_e_so_contam_os_grupos_visiveis()
     {
         ComContactos c;

@@ -9,8 +9,9 @@ using namespace Qt::StringLiterals;
 namespace
 {
 struct ComFormulario : ComTarefas {
-    explicit ComFormulario(const QString &modo = u"Add"_s)
+    explicit ComFormulario(const QString &modo = u"Add"_s, const QString &idioma = u"PortuguesPT"_s)
     {
+        s.geral.IdiomaActual = idioma;
         s.geral.ModoTarefa = modo;
         form = std::make_unique<frmAddEditTarefa>(s.geral, s.plataforma, janela, nullptr);
         form->show();
@@ -49,8 +50,8 @@ class TestFrmAddEditTarefa : public QObject
 private Q_SLOTS:
     void as_legendas_vem_dos_textos()
     {
-        ComFormulario c;
-        QCOMPARE(c.form->windowTitle(), u"Nova Tarefa"_s);
+        ComFormulario c(u"Add"_s, u"AlemaoDE"_s); // the form is drawn in Portuguese
+        QCOMPARE(c.form->windowTitle(), u"Neue Aufgabe"_s);
         QCOMPARE(c.form->cmdOk->text(), u"&Ok"_s);
         QCOMPARE(c.form->cmdCancelar->text(), c.s.Texto(43));
         QCOMPARE(c.form->lblTarefa->text(), c.s.Texto(167));

@@ -8,6 +8,8 @@
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
+#include <QJsonDocument>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -244,6 +246,32 @@ private Q_SLOTS:
             QCOMPARE(form.HoraTarefa->time(), QTime(17, 30));
         });
         QVERIFY(p.s.caixas.Todas_Vistas());
+    }
+
+    // A later version must find what this one has left.
+    void o_ficheiro_chama_cada_registo_pelo_seu_nome()
+    {
+        Programa p;
+        QStringList registos;
+        const auto guardar = [&] {
+            QVERIFY(p.s.geral.rascunhos.Guardar());
+            const QJsonArray guardados = QJsonDocument::fromJson(p.Rascunho()).array();
+            QCOMPARE(guardados.size(), 1);
+            registos << guardados[0][u"editor"_s][u"registo"_s].toString();
+        };
+        const auto contacto = [&](frmAddEdit &form) {
+            form.txtNome->setText(u"Célia"_s);
+            guardar();
+        };
+        const auto tarefa = [&](frmAddEditTarefa &form) {
+            form.txtTarefa->setPlainText(u"Ligar ao Rui"_s);
+            guardar();
+        };
+        p.Novo_Contacto(contacto);
+        p.Editar_Contacto(contacto);
+        p.Nova_Tarefa(tarefa);
+        QCOMPARE(registos, (QStringList{u"contacto novo"_s, u"contacto %1"_s.arg(p.s.geral.IDContacto),
+                                        u"tarefa nova"_s}));
     }
 
     void um_ficheiro_estragado_nada_oferece()

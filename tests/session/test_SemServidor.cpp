@@ -1,6 +1,8 @@
 // The window while the server is away: one quiet line, what is shown stays, what was typed stays.
+#include "contacts/DesfazerEliminacao.h"
 #include "contacts/frmAddEdit.h"
 #include "contacts/frmProcurar.h"
+#include "interchange/Intercambio.h"
 #include "memos/frmMemo.h"
 #include "reminders/frmPopup.h"
 #include "session/Arranque.h"
@@ -84,6 +86,30 @@ private Q_SLOTS:
         p.servidor.Perder();
         p.janela.ComboGrupos->setFocus();
         QTest::keyClick(p.janela.ComboGrupos, Qt::Key_Down);
+        QCOMPARE(p.janela.ListaNomes->ListCount(), 3);
+        QCOMPARE(p.janela.txtWebsite->text(), u"Ana.pt"_s);
+    }
+
+    void o_eliminado_nao_fica_a_vista_quando_a_lista_ja_nao_se_deixa_ler()
+    {
+        Posto p;
+        QObject::connect(p.janela.findChild<DesfazerEliminacao *>(), &DesfazerEliminacao::Eliminado, &p.janela,
+                         [&] { p.servidor.Perder(); });
+        p.s.caixas.Espera_Qualquer(box::question | box::yesNo, p.janela.windowTitle(), answer::yes);
+        QTest::mouseClick(p.janela.cmdEliminar, Qt::LeftButton);
+        QVERIFY(p.s.caixas.Todas_Vistas());
+        QCOMPARE(p.janela.ListaNomes->ListCount(), 0);
+        QVERIFY(!p.janela.cmdEliminar->isEnabled());
+        p.servidor.Voltar();
+        Disparar(p.janela.findChild<AvisosDosPostos *>()->TimerRecolha);
+        QCOMPARE(p.janela.ListaNomes->ListCount(), 2);
+    }
+
+    void o_fim_de_uma_importacao_nao_esvazia_a_lista()
+    {
+        Posto p;
+        p.servidor.Perder();
+        VERIFICAR_FALHA(Q_EMIT p.janela.findChild<Intercambio *>()->ContactosMudados(), Failure::StoreError);
         QCOMPARE(p.janela.ListaNomes->ListCount(), 3);
         QCOMPARE(p.janela.txtWebsite->text(), u"Ana.pt"_s);
     }

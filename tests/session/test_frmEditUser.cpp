@@ -27,6 +27,7 @@ private Q_SLOTS:
     void as_legendas_vem_dos_textos()
     {
         Sistema s;
+        s.geral.IdiomaActual = u"AlemaoDE"_s; // the form is drawn in Portuguese
         s.Novo_Utilizador(u"Rui"_s, u"x"_s);
         frmEditUser form(s.geral, s.plataforma);
         QCOMPARE(form.windowTitle(), s.Texto(104));

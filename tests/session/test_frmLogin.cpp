@@ -19,6 +19,7 @@ private Q_SLOTS:
     void as_legendas_vem_dos_textos()
     {
         Sistema s;
+        s.geral.IdiomaActual = u"AlemaoDE"_s; // the form is drawn in Portuguese
         frmLogin form(s.geral, s.plataforma);
         QCOMPARE(form.windowTitle(), u"Morvex - Login"_s);
         QCOMPARE(form.Label1->text(), s.Texto(94));
