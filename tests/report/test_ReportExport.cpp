@@ -838,9 +838,12 @@ private Q_SLOTS:
     void um_documento_largo_deita_a_pagina()
     {
         ReportRows rows{{}, {u"A"_s, u"B"_s}, {}, {{QString(40, u'a'), QString(40, u'b')}}};
-        QVERIFY(!Pasta().Bytes(ReportControl::Document, rows).contains("\\landscape"));
+        const QByteArray margens("\\margl1134\\margr1134\\margt1134\\margb1134");
+        QVERIFY(Pasta().Bytes(ReportControl::Document, rows).contains("\n\\paperw11906\\paperh16838" + margens + '\n'));
         rows.records.front()[1] = QString(80, u'b');
-        QVERIFY(Pasta().Bytes(ReportControl::Document, rows).contains("\\landscape"));
+        QVERIFY(Pasta()
+                    .Bytes(ReportControl::Document, rows)
+                    .contains("\n\\paperw16838\\paperh11906" + margens + "\\landscape\n"));
     }
 
     void no_documento_cada_coluna_tem_lugar_para_o_que_tem_na_letra_do_documento()

@@ -435,6 +435,30 @@ private Q_SLOTS:
         }
     }
 
+    void as_letras_de_uma_folha_crescem_com_ela()
+    {
+        const auto janela = Janela(Todas(1));
+        ReportView &vista = Vista(*janela);
+        const auto letras = [&](double zoom) { // within the sheet
+            vista.zoomBy(zoom / vista.zoom());
+            const QSize folha = (janela->pages()->paper() * (zoom * vista.logicalDpiX() / 1440.0)).toSize();
+            const QPoint canto((vista.viewport()->width() - folha.width()) / 2, a_volta);
+            const QImage visto = vista.viewport()->grab().toImage().copy({canto, folha});
+            QRect escuro;
+            for (int y = 0; y < visto.height(); ++y)
+                for (int x = 0; x < visto.width(); ++x)
+                    if (visto.valid(x, y) && qAlpha(visto.pixel(x, y)) && qGray(visto.pixel(x, y)) < 160)
+                        escuro |= QRect(x, y, 1, 1);
+            return escuro;
+        };
+        const QRect pequenas = letras(0.3);
+        const QRect grandes = letras(0.6);
+        QVERIFY(pequenas.isValid());
+        QVERIFY2(qAbs(grandes.left() - 2 * pequenas.left()) <= 3, qPrintable(QString::number(grandes.left())));
+        QVERIFY2(qAbs(grandes.top() - 2 * pequenas.top()) <= 4, qPrintable(QString::number(grandes.top())));
+        QVERIFY2(qAbs(grandes.width() - 2 * pequenas.width()) <= 6, qPrintable(QString::number(grandes.width())));
+    }
+
     void uma_folha_ja_passada_nao_se_ve_e_a_que_sai_por_cima_ve_se_ate_ao_fim()
     {
         const auto janela = Janela(Todas(4));
