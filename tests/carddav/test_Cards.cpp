@@ -64,6 +64,7 @@ private Q_SLOTS:
         QCOMPARE(cards.cards.size(), 20);
         QCOMPARE(cards.cards.value(book.href(u"3.vcf"_s)).text, card("C3"));
         QCOMPARE(book.server.Verbos().count("GET"), 20);
+        QCOMPARE(book.server.pedidos.constLast()["cache-control"], QByteArray("no-cache")); // of nobody between
         fetch(book.local, book.hrefs(2));
         QCOMPARE(book.server.Verbos().count("REPORT"), 1); // what it refused once it is not asked again
     }
