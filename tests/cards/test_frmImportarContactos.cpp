@@ -390,6 +390,26 @@ private Q_SLOTS:
         QVERIFY(f.Marcado(1));
     }
 
+    // What is not told of is drawn as it was.
+    void o_que_muda_diz_se_de_um_lado_ao_outro()
+    {
+        Programa p;
+        Formulario f(p);
+        const QAbstractItemModel &linhas = *f.form.Lista->model();
+        const QSignalSpy mudadas(&linhas, &QAbstractItemModel::dataChanged);
+        const auto ultima = [&] {
+            const auto de = mudadas.constLast().at(0).toModelIndex();
+            const auto ate = mudadas.constLast().at(1).toModelIndex();
+            return QRect(QPoint(de.column(), de.row()), QPoint(ate.column(), ate.row()));
+        };
+        constexpr int direita = ContactosAImportar::quantas_colunas - 1;
+        f.form.Lista->setCurrentIndex(linhas.index(1, 3));
+        QTest::keyClick(f.form.Lista, Qt::Key_Space);
+        QCOMPARE(ultima(), QRect(QPoint(0, 1), QPoint(direita, 1)));
+        f.form.chkJuntar->click();
+        QCOMPARE(ultima(), QRect(QPoint(0, 0), QPoint(direita, linhas.rowCount() - 1)));
+    }
+
     void sem_juntar_os_existentes_ficam_como_estao()
     {
         Programa p;
