@@ -509,6 +509,13 @@ private Q_SLOTS:
         Livro(rows).Comparar(rows);
     }
 
+    void a_folha_diz_quantas_linhas_e_colunas_tem_a_contar_da_primeira()
+    {
+        const ReportRows rows{u"x"_s, {u"A"_s, u"B"_s}, {}, {{u"a"_s, u"b"_s}, {u"c"_s, u"d"_s}}};
+        QCOMPARE(Registos(Pasta().Bytes(ReportControl::Spreadsheet, rows), 0x200).value(0).corpo.toHex(),
+                 "0000000003000000000002000000");
+    }
+
     void com_muitas_linhas_cada_uma_tem_a_sua_altura_antes_das_suas_celulas()
     {
         ReportRows rows{u"x"_s, {u"A"_s}, {}, {}};
