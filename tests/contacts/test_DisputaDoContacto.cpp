@@ -1,4 +1,5 @@
 // Two desks on one database: one has a contact in the editor while the other one writes to the same row.
+#include "contacts/DisputaDoContacto.h"
 #include "contacts/Editor.h"
 #include "contacts/frmConflito.h"
 #include "contacts/TrechoQueDifere.h"
@@ -232,6 +233,41 @@ private Q_SLOTS:
             p.Ok_E(form, [](frmConflito &conflito) { conflito.cmdGuardar->click(); }); // it is asked again
         });
         QCOMPARE(p.Linha(u"Nome, Telefone1"_s), u"Ana Sousa|22"_s);
+    }
+
+    void cada_campo_chama_se_como_no_editor_e_traz_os_dois_lados()
+    {
+        DoisPostos p;
+        p.Editar([&](frmAddEdit &form) {
+            LinhaEditada::Disputa disputa;
+            for (int i = 0; i < 17; ++i) {
+                disputa.aqui << u"a%1"_s.arg(i);
+                disputa.la << u"l%1"_s.arg(i);
+            }
+            for (std::size_t lugar = 0; lugar < 13; ++lugar) // but for picture and group
+                disputa.campos.insert(lugar);
+            QStringList lidos;
+            for (const auto &[lugar, campo] : disputa_do_contacto::Campos(disputa, p.s.geral, {}))
+                lidos << campo.rotulo + u'|' + campo.la + u'|' + campo.aqui;
+            QStringList esperados;
+            const auto campo = [&](const QLabel *rotulo, const QString &lados) {
+                esperados << rotulo->text().remove(u':').trimmed() + u'|' + lados;
+            };
+            campo(form.lblNome, u"l0|a0"_s);
+            campo(form.lblTelefone1, u"l1|a1"_s);
+            campo(form.lblTelefone2, u"l2|a2"_s);
+            campo(form.lblFax, u"l3|a3"_s);
+            campo(form.lblTelemovel1, u"l4|a4"_s);
+            campo(form.lblTelemovel2, u"l5|a5"_s);
+            campo(form.lblTelemovel3, u"l6|a6"_s);
+            campo(form.lblAniversario, u"l7-l8-l9|a7-a8-a9"_s);
+            campo(form.lblEmail1, u"l10|a10"_s);
+            campo(form.lblEmail2, u"l11|a11"_s);
+            campo(form.lblWebsite, u"l12|a12"_s);
+            campo(form.lblMorada, u"l13|a13"_s);
+            campo(form.lblObs, u"l14|a14"_s);
+            QCOMPARE(lidos, esperados);
+        });
     }
 
     void o_aniversario_e_um_so_campo_e_nunca_se_mistura()
