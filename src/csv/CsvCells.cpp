@@ -9,7 +9,7 @@ public:
 
     bool isAtEnd() const { return at_ >= text_.size(); }
 
-    // The next row; a line that is empty gives none, and so does what stands between the CR and the LF of one end.
+    // The next row; a line that is empty gives none.
     QStringList row()
     {
         QStringList cells;
@@ -21,6 +21,8 @@ public:
             isLast = isAtEnd() || text_[at_] != delimiter_;
             if (!isAtEnd()) ++at_;
         }
+        // Left where it is the LF would make one more row, which is none and takes its time.
+        if (at_ > 0 && at_ < text_.size() && text_[at_ - 1] == u'\r' && text_[at_] == u'\n') ++at_;
         const bool isEmpty = cells.size() == 1 && cells.constFirst().isEmpty() && !isQuoted;
         return isEmpty ? QStringList() : cells;
     }
