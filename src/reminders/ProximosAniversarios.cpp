@@ -36,7 +36,8 @@ std::optional<qint64> Dias_Ate(QDate hoje, QDate data)
 Distancia Distancia_De(const DiaEMes &data, QDate hoje, int dias)
 {
     Distancia distancia;
-    if (data.Dia.isEmpty() || data.Mes.isEmpty()) return distancia; // as most of a book may be, and no date would be
+    // An empty one is no date either way; most of a book may have none, and each contact is asked at the start.
+    if (data.Dia.isEmpty() || data.Mes.isEmpty()) return distancia;
     for (const int ano : {hoje.year(), hoje.year() + 1}) {
         const auto faltam = Dias_Ate(hoje, Data_No_Ano(data, ano));
         distancia.perto = distancia.perto || (faltam && *faltam >= 0 && *faltam < dias);

@@ -1,5 +1,6 @@
 // Picture files: their natural size, their points, and files that are none.
 #include "platform/Picture.h"
+#include "testlib/FalhaDita.h"
 #include "testlib/Teste.h"
 
 #include <QFile>
@@ -53,13 +54,8 @@ class TestPicture : public QObject
 private Q_SLOTS:
     void o_que_nao_e_uma_imagem_diz_de_que_ficheiro_se_fala()
     {
-        QString dito;
-        try {
-            const Picture nenhuma(folder_.filePath(u"falta.png"_s));
-        } catch (const Failure &falha) {
-            dito = falha.description();
-        }
-        QCOMPARE(dito, u"Invalid picture: "_s + folder_.filePath(u"falta.png"_s));
+        const QString falta = folder_.filePath(u"falta.png"_s);
+        QCOMPARE(teste::Falha_Dita([&] { const Picture nenhuma(falta); }).value(1), u"Invalid picture: "_s + falta);
     }
 
     void um_nome_completo_fica_e_os_outros_sao_da_pasta_data()

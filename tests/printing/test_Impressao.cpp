@@ -49,6 +49,18 @@ class TestImpressao : public QObject
 {
     Q_OBJECT
 
+    template<class Form> static void Corre_Com_A_Janela_Ligada(const QString &entrada, void (*imprimir)(Form &))
+    {
+        ComImpressao c;
+        bool correu = false;
+        c.relatorio.ao_correr = [&] {
+            correu = true;
+            QVERIFY(c.janela.isEnabled());
+        };
+        c.Abrir<Form>(entrada, imprimir);
+        QVERIFY(correu);
+    }
+
 private Q_SLOTS:
     void a_entrada_e_o_botao_abrem_o_dialogo_com_todos_os_nomes()
     {
@@ -83,29 +95,16 @@ private Q_SLOTS:
 
     void a_impressao_directa_de_etiquetas_corre_com_a_janela_ja_ligada()
     {
-        ComImpressao c;
-        bool correu = false;
-        c.relatorio.ao_correr = [&] {
-            correu = true;
-            QVERIFY(c.janela.isEnabled());
-        };
-        c.Abrir<frmEtiquetas>(u"ImprimirEtiquetas"_s, [](frmEtiquetas &form) {
+        Corre_Com_A_Janela_Ligada<frmEtiquetas>(u"ImprimirEtiquetas"_s, [](frmEtiquetas &form) {
             form.CheckBoxPrevisualizar->setChecked(false);
             form.cmdImprimir->click();
         });
-        QVERIFY(correu);
     }
 
     void a_impressao_directa_corre_com_a_janela_ja_ligada()
     {
-        ComImpressao c;
-        bool correu = false;
-        c.relatorio.ao_correr = [&] {
-            correu = true;
-            QVERIFY(c.janela.isEnabled());
-        };
-        c.Abrir<frmImprimir>(u"ImprimirLista"_s, [](frmImprimir &form) { form.cmdImprimir->click(); });
-        QVERIFY(correu);
+        Corre_Com_A_Janela_Ligada<frmImprimir>(u"ImprimirLista"_s,
+                                               [](frmImprimir &form) { form.cmdImprimir->click(); });
     }
 
     void as_tres_entradas_abrem_o_envelope()

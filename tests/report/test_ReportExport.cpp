@@ -6,6 +6,7 @@
 #include "report/writers/ColumnWidths.h"
 #include "report/writers/OfficeFont.h"
 #include "report/writers/TextWidth.h"
+#include "testlib/FalhaDita.h"
 #include "testlib/SemPrivilegios.h"
 #include "testlib/Teste.h"
 
@@ -967,13 +968,8 @@ private Q_SLOTS:
     {
         Pasta pasta;
         VERIFICAR_FALHA(pasta.Escrever(99, Nomes()), Failure::InvalidPropertyValue);
-        QString dito;
-        try {
-            pasta.Escrever(99, Nomes());
-        } catch (const Failure &falha) {
-            dito = falha.source() + u": "_s + falha.description();
-        }
-        QCOMPARE(dito, u"PrintFileType: There is no file type 99."_s);
+        QCOMPARE(teste::Falha_Dita([&] { pasta.Escrever(99, Nomes()); }),
+                 (QStringList{u"PrintFileType"_s, u"There is no file type 99."_s}));
         QVERIFY(QDir(pasta.pasta.path()).isEmpty());
     }
 

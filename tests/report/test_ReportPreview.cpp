@@ -443,12 +443,11 @@ private Q_SLOTS:
             vista.zoomBy(zoom / vista.zoom());
             const QSize folha = (janela->pages()->paper() * (zoom * vista.logicalDpiX() / 1440.0)).toSize();
             const QPoint canto((vista.viewport()->width() - folha.width()) / 2, a_volta);
-            const QImage visto = vista.viewport()->grab().toImage().copy({canto, folha});
+            const QImage visto = vista.viewport()->grab(QRect(canto, folha) & vista.viewport()->rect()).toImage();
             QRect escuro;
             for (int y = 0; y < visto.height(); ++y)
                 for (int x = 0; x < visto.width(); ++x)
-                    if (visto.valid(x, y) && qAlpha(visto.pixel(x, y)) && qGray(visto.pixel(x, y)) < 160)
-                        escuro |= QRect(x, y, 1, 1);
+                    if (qGray(Cor(visto, x, y)) < 160) escuro |= QRect(x, y, 1, 1);
             return escuro;
         };
         const QRect pequenas = letras(0.3);
