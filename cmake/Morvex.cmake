@@ -34,13 +34,26 @@ if(MORVEX_PACKED_DEBUG_INFORMATION AND NOT MORVEX_SANITIZE)
     target_link_options(morvex_opcoes INTERFACE LINKER:--compress-debug-sections=${embalagem})
 endif()
 
-# The headers of the toolkit, compiled once for all libraries and tests: a set of its own for each would fill the disk.
-file(WRITE ${PROJECT_BINARY_DIR}/cabecalhos.cpp.novo "// Carries the compiled headers that all libraries and tests share.\n")
-configure_file(${PROJECT_BINARY_DIR}/cabecalhos.cpp.novo ${PROJECT_BINARY_DIR}/cabecalhos.cpp COPYONLY)
-add_library(morvex_cabecalhos OBJECT ${PROJECT_BINARY_DIR}/cabecalhos.cpp)
-set_target_properties(morvex_cabecalhos PROPERTIES AUTOMOC OFF AUTOUIC OFF AUTORCC OFF)
-target_link_libraries(morvex_cabecalhos PRIVATE Qt6::Widgets morvex_opcoes)
-target_precompile_headers(morvex_cabecalhos PRIVATE <QtWidgets> <algorithm> <functional> <memory> <vector>)
+# morvex_cabecalhos_comuns(<name> LIGA <libraries> CABECALHOS <headers>)
+# Headers that are compiled once for all who say REUSE_FROM: a set of its own for each would fill the disk.
+# Only what many sources include belongs there. Whatever templates the headers leave open each source instantiates anew:
+# with the whole toolkit in it that took longer than most sources themselves.
+function(morvex_cabecalhos_comuns nome)
+    cmake_parse_arguments(ARG "" "" "LIGA;CABECALHOS" ${ARGN})
+    set(fonte ${CMAKE_CURRENT_BINARY_DIR}/${nome}.cpp)
+    file(CONFIGURE OUTPUT ${fonte} CONTENT "// Carries compiled headers that others share.\n")
+    add_library(${nome} OBJECT ${fonte})
+    set_target_properties(${nome} PROPERTIES AUTOMOC OFF AUTOUIC OFF AUTORCC OFF)
+    target_link_libraries(${nome} PRIVATE ${ARG_LIGA} morvex_opcoes)
+    target_precompile_headers(${nome} PRIVATE ${ARG_CABECALHOS})
+endfunction()
+
+set(morvex_cabecalhos_do_costume
+    <QDate> <QDialog> <QFile> <QHash> <QLabel> <QLineEdit> <QObject> <QPainter> <QSet> <QString> <QStringList> <QTimer>
+    <algorithm> <array> <functional> <map> <memory> <optional> <vector>)
+morvex_cabecalhos_comuns(morvex_cabecalhos
+    LIGA Qt6::Widgets
+    CABECALHOS ${morvex_cabecalhos_do_costume})
 
 # Where two hundred test programs are linked the libraries are shared: none holds them anew, and a change in one needs no
 # new link. What people get has all of it in the program.
@@ -100,7 +113,7 @@ function(morvex_teste caminho)
     endif()
     add_executable(${nome} ${construir} ${caminho}.cpp ${ARG_FICHEIROS})
     target_link_libraries(${nome} PRIVATE ${ARG_LIGA} morvex_testlib ${morvex_do_sistema} Qt6::Test morvex_opcoes)
-    target_precompile_headers(${nome} REUSE_FROM morvex_cabecalhos)
+    target_precompile_headers(${nome} REUSE_FROM morvex_cabecalhos_dos_testes)
     set_target_properties(${nome} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
     morvex_moc(${nome} ${caminho}.cpp)
     add_test(NAME ${caminho} COMMAND ${nome})
