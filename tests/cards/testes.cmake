@@ -6,6 +6,7 @@ foreach(teste IN ITEMS
     test_ConteudoDoQR
     test_ContactoDoCartao
     test_ContactosDaTabela
+    test_DestinosDeSaida
     test_EscritaDaImportacao
     test_ExportacaoDeContactos
     test_ImportacaoDeContactos
