@@ -201,6 +201,8 @@ private Q_SLOTS:
         QCOMPARE(readCsv(ficheiro).hasHeader, nomes);
     }
 
+    void uma_tabela_por_ler_nao_tem_nomes() { QVERIFY(!CsvTable().hasHeader); }
+
     void o_apostrofo_que_guarda_de_formulas_sai()
     {
         QCOMPARE(readCsv("'=1+1,'@x,\"'\tz\",''=y,'aqui,+351\n").rows,
