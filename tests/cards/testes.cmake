@@ -9,6 +9,7 @@ foreach(teste IN ITEMS
     test_DestinosDeSaida
     test_EscritaDaImportacao
     test_ExportacaoDeContactos
+    test_FicheiroDeContactos
     test_ImportacaoDeContactos
     test_JuncaoDeContactos
     test_LeituraDaTabela
