@@ -545,15 +545,17 @@ private Q_SLOTS:
                  (QStringList{u"Ana Silva|ana.pt"_s, u"Rui Costa|"_s, u"Ana Silva|"_s, u"Outra Gente|"_s}));
     }
 
-    void espaco_sobre_o_visto_da_primeira_linha_muda_o_uma_so_vez()
+    void espaco_muda_o_visto_da_primeira_linha_uma_so_vez_em_qualquer_coluna()
     {
         Programa p;
         Formulario f(p);
         f.form.Lista->setFocus();
-        f.Ir_Para(0);
-        for (const bool marcado : {false, true}) {
-            QTest::keyClick(f.form.Lista, Qt::Key_Space);
-            QCOMPARE(f.Marcado(0), marcado);
+        for (int coluna = 0; coluna < ContactosAImportar::quantas_colunas; ++coluna) {
+            f.form.Lista->setCurrentIndex(f.form.Lista->model()->index(0, coluna));
+            for (const bool marcado : {false, true}) {
+                QTest::keyClick(f.form.Lista, Qt::Key_Space);
+                QCOMPARE(f.Marcado(0), marcado);
+            }
         }
         QVERIFY(f.form.Lista->model()->setData(f.form.Lista->model()->index(0, 0), Qt::Unchecked, Qt::CheckStateRole));
         QVERIFY(!f.Marcado(0));

@@ -13,6 +13,7 @@ foreach(teste IN ITEMS
     test_ImportacaoDeContactos
     test_JuncaoDeContactos
     test_LeituraDaTabela
+    test_LinhasDoContacto
     test_RegraDosDuplicados
     test_RetratoDoContacto
     test_RotulosDoCartao
