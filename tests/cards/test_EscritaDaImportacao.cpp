@@ -565,6 +565,21 @@ private Q_SLOTS:
         QVERIFY(c.s.Novo_Contacto({{u"Nome"_s, u"Mais um"_s}, {u"Grupo"_s, 1}}) > novo);
     }
 
+    void cada_contacto_e_um_passo_para_planear_e_outro_para_escrever()
+    {
+        ComImportacao c;
+        c.Ler(Pessoas(60));
+        QList<int> ditos;
+        QVERIFY(c.Escrita().Escrever([&](int percentagem) {
+            ditos << percentagem;
+            return true;
+        }));
+        QList<int> passos;
+        for (int i = 0; i < 120; ++i)
+            passos << 100 * i / 120;
+        QCOMPARE(ditos, passos);
+    }
+
     // Broken off
 
     void cancelar_a_meio_tira_tudo()
