@@ -45,8 +45,6 @@ CardEntry Entrada(const QString &valor, const QStringList &tipos = {})
     return entrada;
 }
 
-QString Com_LF(const QString &texto) { return QString(texto).replace("\r\n"_L1, "\n"_L1); }
-
 std::optional<CardDate> Data(const ColunasDoContacto &colunas)
 {
     if (colunas[Coluna::Dia].isEmpty() || colunas[Coluna::Mes].isEmpty()) return {};
@@ -57,7 +55,7 @@ std::optional<CardDate> Data(const ColunasDoContacto &colunas)
 CardAddress Morada(const QString &morada)
 {
     CardAddress inteira;
-    inteira.street = Com_LF(morada);
+    inteira.street = morada;
     return inteira;
 }
 
@@ -75,11 +73,11 @@ CardContent Conteudo(const ContactoParaCartao &contacto)
     if (!colunas[Coluna::Website].isEmpty()) conteudo.websites.push_back(Entrada(colunas[Coluna::Website]));
     if (!colunas[Coluna::Morada].isEmpty()) {
         conteudo.addresses.push_back(Morada(colunas[Coluna::Morada]));
-        conteudo.addressLabels.push_back(Com_LF(colunas[Coluna::Morada]));
+        conteudo.addressLabels.push_back(colunas[Coluna::Morada]);
     }
     if (const auto data = Data(colunas)) conteudo.birthdays.push_back({{}, data});
     if (!contacto.Grupo.isEmpty()) conteudo.categories << contacto.Grupo;
-    if (!colunas[Coluna::Obs].isEmpty()) conteudo.notes.push_back(Entrada(Com_LF(colunas[Coluna::Obs])));
+    if (!colunas[Coluna::Obs].isEmpty()) conteudo.notes.push_back(Entrada(colunas[Coluna::Obs]));
     const QByteArray fotografia = fotografia_do_cartao::Para_Cartao(contacto.Fotografia);
     if (!fotografia.isEmpty()) conteudo.photos.push_back({fotografia, {}});
     return conteudo;
@@ -241,7 +239,7 @@ private:
         if (proprio.nota == antigo.nota && proprio.linhas == antigo.linhas) return;
         Tirar_Todas("NOTE");
         const QString texto = proprio.Texto(idioma_);
-        if (!texto.isEmpty()) escritor_.text("NOTE", Com_LF(texto));
+        if (!texto.isEmpty()) escritor_.text("NOTE", texto);
     }
 
     void Fotografia()

@@ -38,7 +38,7 @@ void ContactosAImportar::Alternar(int linha)
 void ContactosAImportar::Juntar_Aos_Existentes(bool juntar)
 {
     juntar_ = juntar;
-    if (importacao_ == nullptr || rowCount() == 0) return;
+    if (rowCount() == 0) return;
     for (ContactoAImportar &contacto : importacao_->Contactos())
         if (contacto.veredicto == Veredicto::Completa && contacto.escolha != Escolha::Novo)
             contacto.escolha = juntar ? Escolha::Juntar : Escolha::Saltar;

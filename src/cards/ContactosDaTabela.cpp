@@ -139,14 +139,14 @@ void ContactosDaTabela::Ordens_Das_Datas()
 QString ContactosDaTabela::Rotulo_Da_Linha(const QStringList &linha, std::size_t coluna) const
 {
     const CsvColumn esta = Coluna_De(coluna);
-    for (std::size_t i = 0; esta.number > 0 && i < mapa_.colunas.size(); ++i) {
-        const CsvColumn &outra = mapa_.colunas[i];
+    if (esta.number == 0) return {};
+    const auto achada = std::find_if(mapa_.colunas.begin(), mapa_.colunas.end(), [&](const CsvColumn &outra) {
         const bool e_do_mesmo =
             outra.field == esta.field || (E_De_Morada(outra.field) && E_De_Morada(esta.field));
-        if (outra.isLabel && outra.number == esta.number && e_do_mesmo)
-            return linha.value(static_cast<qsizetype>(i)).simplified();
-    }
-    return {};
+        return outra.isLabel && outra.number == esta.number && e_do_mesmo;
+    });
+    if (achada == mapa_.colunas.end()) return {};
+    return linha.value(achada - mapa_.colunas.begin()).simplified();
 }
 
 CardEntry ContactosDaTabela::Entrada(const QStringList &linha, std::size_t coluna, const QString &valor) const
@@ -202,10 +202,11 @@ void ContactosDaTabela::Por_Partes_Do_Aniversario(CardContent &conteudo, const Q
 {
     QStringList partes{QString(), QString(), QString()};
     constexpr std::array campos{CsvField::BirthDay, CsvField::BirthMonth, CsvField::BirthYear};
-    for (std::size_t i = 0; i < mapa_.colunas.size(); ++i)
-        for (std::size_t parte = 0; parte < campos.size(); ++parte)
-            if (mapa_.colunas[i].field == campos[parte])
-                partes[static_cast<qsizetype>(parte)] = linha.value(static_cast<qsizetype>(i)).trimmed();
+    for (std::size_t i = 0; i < mapa_.colunas.size(); ++i) {
+        const auto parte = std::find(campos.begin(), campos.end(), mapa_.colunas[i].field);
+        if (parte != campos.end())
+            partes[parte - campos.begin()] = linha.value(static_cast<qsizetype>(i)).trimmed();
+    }
     if (E_So_Zeros(partes.join(QString()))) return;
     const QString ano = E_So_Zeros(partes[2]) ? QString() : partes[2];
     const QString escrita = partes[0] + u'/' + partes[1] + (ano.isEmpty() ? QString() : u'/' + ano);
@@ -263,7 +264,6 @@ void ContactosDaTabela::Por(CardContent &conteudo, const QStringList &linha, std
         break;
     }
     OtherProperty outra{"X-COLUMN", entrada};
-    outra.entry.types.clear();
     outra.entry.label = Nome_Da_Coluna(coluna);
     conteudo.others.push_back(outra);
 }

@@ -70,7 +70,6 @@ bool ContactosLargados::Receber(QDropEvent &evento)
     evento.setAccepted(serve && evento.possibleActions().testFlag(Qt::CopyAction));
     if (!evento.isAccepted()) return true;
     evento.setDropAction(Qt::CopyAction);
-    evento.accept();
     if (evento.type() == QEvent::Drop) Entregar(dados);
     return true;
 }

@@ -74,8 +74,8 @@ QStringList Nomes_Para_Outros()
 QStringList Partes_Do_Nome(const QString &inteiro)
 {
     const QString nome = inteiro.simplified();
-    const qsizetype ultimo = nome.lastIndexOf(u' ');
-    return {ultimo < 0 ? nome : nome.first(ultimo), ultimo < 0 ? QString() : nome.sliced(ultimo + 1)};
+    if (!nome.contains(u' ')) return {nome, QString()};
+    return {nome.section(u' ', 0, -2), nome.section(u' ', -1)};
 }
 
 QString Aniversario(const ColunasDoContacto &colunas)

@@ -173,8 +173,8 @@ void frmCampos::Mostrar_Tudo()
     Preencher_Escolhas();
     campos_->Refrescar();
     linhas_->Refrescar();
-    if (linhas_->rowCount() > 0) tblLinhas->setCurrentIndex(linhas_->index(0, 0));
-    if (campos_->rowCount() > 0) tblCampos->setCurrentIndex(campos_->index(0, 0));
+    tblLinhas->setCurrentIndex(linhas_->index(0, 0));
+    tblCampos->setCurrentIndex(campos_->index(0, 0));
     cmdOk->setEnabled(leitura_.Quantos() > 0);
     Mostrar_Contacto();
     Mostrar_Avisos();

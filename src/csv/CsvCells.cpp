@@ -9,20 +9,19 @@ public:
 
     bool isAtEnd() const { return at_ >= text_.size(); }
 
-    // The next row; a line that is empty gives none.
+    // The next row, where the end is not reached; a line that is empty gives none.
     QStringList row()
     {
         QStringList cells;
         bool isLast = false;
-        bool isQuoted = false;
+        const bool isQuoted = text_[at_] == u'"'; // the first of them
         while (!isLast) {
-            isQuoted = !isAtEnd() && text_[at_] == u'"';
             cells << cell();
             isLast = isAtEnd() || text_[at_] != delimiter_;
+            // Left where it is the LF would make one more row, which is none and takes its time.
+            if (isLast && text_.sliced(at_).startsWith(u"\r\n")) ++at_;
             if (!isAtEnd()) ++at_;
         }
-        // Left where it is the LF would make one more row, which is none and takes its time.
-        if (at_ > 0 && at_ < text_.size() && text_[at_ - 1] == u'\r' && text_[at_] == u'\n') ++at_;
         const bool isEmpty = cells.size() == 1 && cells.constFirst().isEmpty() && !isQuoted;
         return isEmpty ? QStringList() : cells;
     }

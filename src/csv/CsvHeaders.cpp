@@ -164,10 +164,11 @@ const std::array<FoldedSign, foldedAlone> &foldedSigns()
 {
     static const std::array<FoldedSign, foldedAlone> signs = [] {
         std::array<FoldedSign, foldedAlone> table;
-        for (char16_t sign = 0; sign < foldedAlone; ++sign) {
-            const QString folded = decomposed(QString(QChar(sign)));
-            table[sign].size = folded.size();
-            std::copy(folded.begin(), folded.end(), table[sign].signs.begin());
+        char16_t sign = 0;
+        for (FoldedSign &each : table) {
+            const QString folded = decomposed(QString(QChar(sign++)));
+            each.size = folded.size();
+            std::copy(folded.begin(), folded.end(), each.signs.begin());
         }
         return table;
     }();

@@ -9,10 +9,10 @@ CsvTable readCsv(const QByteArray &file, const CsvChoice &choice)
     QChar delimiter = takeSeparatorLine(found.text);
     if (!choice.delimiter.isNull()) delimiter = choice.delimiter;
     if (delimiter.isNull()) delimiter = csvDelimiter(found.text);
-    CsvTable table{found.encoding, delimiter, false, csvCells(found.text, delimiter)};
-    for (QStringList &row : table.rows)
+    std::vector<QStringList> rows = csvCells(found.text, delimiter);
+    for (QStringList &row : rows)
         for (QString &cell : row)
             cell = unguardedCell(cell);
-    table.hasHeader = choice.hasHeader.value_or(!table.rows.empty() && isHeaderRow(table.rows.front()));
-    return table;
+    const bool hasHeader = choice.hasHeader.value_or(!rows.empty() && isHeaderRow(rows.front()));
+    return {found.encoding, delimiter, hasHeader, std::move(rows)};
 }

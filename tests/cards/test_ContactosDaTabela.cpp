@@ -22,6 +22,12 @@ ContactoDaLinha Linha(const QByteArray &ficheiro, std::size_t qual = 0, const Gr
 }
 
 ColunasDoContacto Colunas(const QByteArray &ficheiro) { return Linha(ficheiro).lido.colunas; }
+
+QByteArray Bytes(const QString &caminho)
+{
+    QFile ficheiro(caminho);
+    return ficheiro.open(QIODevice::ReadOnly) ? ficheiro.readAll() : QByteArray();
+}
 } // namespace
 
 class TestContactosDaTabela : public QObject
@@ -79,7 +85,7 @@ private Q_SLOTS:
         QTest::addColumn<int>("coluna");
         for (const char *rotulo : {"Mobile", "mobile", "Mobile Phone", "Telemóvel", "Celular"})
             QTest::newRow(rotulo) << QString::fromUtf8(rotulo) << static_cast<int>(C::Telemovel1);
-        for (const char *rotulo : {"Fax", "Home Fax", "Work Fax"})
+        for (const char *rotulo : {"Fax", "Home Fax", "Work Fax", "Meu fax", "Télécopie (bureau)"})
             QTest::newRow(rotulo) << QString::fromUtf8(rotulo) << static_cast<int>(C::Fax);
         for (const char *rotulo : {"Home", "Work", "Casa", "Praia"})
             QTest::newRow(rotulo) << QString::fromUtf8(rotulo) << static_cast<int>(C::Telefone1);
@@ -106,6 +112,17 @@ private Q_SLOTS:
         QCOMPARE(linha.lido.colunas[C::Fax], QString());
         QCOMPARE(Colunas("Phone 1 - Label,Phone 1 - Value,First Name\nMobile,1,Ana\n")[C::Telemovel1],
                  u"1"_s);
+    }
+
+    void um_rotulo_numerado_nao_e_de_uma_coluna_sem_numero()
+    {
+        QCOMPARE(Colunas("First Name,Phone,Phone 0 - Label\nAna,12,Mobile\n")[C::Telefone1], u"12"_s);
+    }
+
+    void um_rotulo_que_diz_um_pager_manda_o_numero_para_obs()
+    {
+        QCOMPARE(Linha("First Name,Phone 1 - Label,Phone 1 - Value\nAna,Pager,12\n").lido.linhas,
+                 QStringList{u"Pager: 12"_s});
     }
 
     void o_lugar_de_um_numero_que_nao_tem_coluna_fica_dito_em_obs()
@@ -170,6 +187,7 @@ private Q_SLOTS:
         MapaDaTabela mapa = MapaDaTabela::Proposto(tabela.rows.front(), CsvHeaders());
         mapa.ordem = DateOrder::DayFirst;
         const ContactosDaTabela contactos(tabela, mapa, {u"InglesUK"_s, DateOrder::MonthFirst, este_ano, {}});
+        QCOMPARE(contactos.Quantos(), std::size_t{2});
         QCOMPARE(contactos.Ler(0).lido.colunas[C::Mes], u"3"_s);
         QCOMPARE(contactos.Ler(1).lido.linhas, QStringList{u"Birthday: 12/31/75"_s});
     }
@@ -251,6 +269,21 @@ private Q_SLOTS:
         QCOMPARE(guardados.Ler({u"Nome"_s, u"Coisa"_s}, conhecidos).colunas[1].field, F::Unknown);
     }
 
+    void a_ordem_das_datas_guarda_se_com_o_mapa()
+    {
+        QTemporaryDir pasta;
+        ReadWriteINI ini(pasta.path());
+        const CsvHeaders conhecidos;
+        const QStringList nomes{u"Nome"_s, u"Aniversário"_s};
+        MapaDaTabela mapa = MapaDaTabela::Proposto(nomes, conhecidos);
+        for (const std::optional<DateOrder> ordem :
+             {std::optional(DateOrder::DayFirst), std::optional(DateOrder::MonthFirst), std::optional<DateOrder>()}) {
+            mapa.ordem = ordem;
+            MapasGuardados(ini).Guardar(nomes, mapa);
+            QVERIFY(MapasGuardados(ini).Ler(nomes, conhecidos).ordem == ordem);
+        }
+    }
+
     void o_mapa_de_cento_e_vinte_e_seis_colunas_ainda_se_guarda_e_um_maior_nao()
     {
         QTemporaryDir pasta;
@@ -262,7 +295,9 @@ private Q_SLOTS:
                 nomes << u"coluna %1"_s.arg(i);
             MapaDaTabela mapa = MapaDaTabela::Proposto(nomes, conhecidos);
             mapa.colunas.front().field = F::Email;
+            const QByteArray antes = Bytes(pasta.filePath(u"config.ini"_s));
             MapasGuardados(ini).Guardar(nomes, mapa);
+            QCOMPARE(Bytes(pasta.filePath(u"config.ini"_s)) != antes, quantas == 126);
             QCOMPARE(MapasGuardados(ini).Ler(nomes, conhecidos) == mapa, quantas == 126);
         }
         MapasGuardados(ini).Guardar({u"a"_s}, {}); // which is another table's

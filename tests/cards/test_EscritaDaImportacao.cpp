@@ -16,6 +16,7 @@
 #include <QProcess>
 
 using namespace Qt::StringLiterals;
+using C = Coluna;
 using E = Escolha;
 
 namespace
@@ -193,6 +194,50 @@ private Q_SLOTS:
         QCOMPARE(c.escrita->Feita().adicionados, 1);
     }
 
+    void cada_coluna_vai_para_o_seu_lugar_em_quem_e_novo_e_em_quem_se_completa_data()
+    {
+        QTest::addColumn<bool>("novo");
+        QTest::newRow("novo") << true;
+        QTest::newRow("completado") << false;
+    }
+    void cada_coluna_vai_para_o_seu_lugar_em_quem_e_novo_e_em_quem_se_completa()
+    {
+        QFETCH(bool, novo);
+        ComImportacao c;
+        const QString grupo = novo ? u"1"_s : u"2"_s;
+        if (!novo) c.s.Novo_Contacto({{u"Nome"_s, u"Rui Costa"_s}, {u"Email1"_s, u"a@b.pt"_s}, {u"Grupo"_s, 2}});
+        const QStringList antes = Estado(c.s);
+        c.Importar(Cartao("FN:Rui Costa\r\nTEL;TYPE=HOME:211111111\r\nTEL;TYPE=WORK:212222222\r\n"
+                          "TEL;TYPE=FAX:213333333\r\nTEL;TYPE=CELL:911111111\r\nTEL;TYPE=CELL:922222222\r\n"
+                          "TEL;TYPE=CELL:933333333\r\nBDAY:1975-03-04\r\nEMAIL:a@b.pt\r\nEMAIL:c@d.pt\r\n"
+                          "URL:rui.pt\r\nADR:;;Rua A;;;;\r\nNOTE:nota\r\nPHOTO;ENCODING=b:" +
+                          pontos.toBase64()));
+        const auto &valores = c.importacao->Contactos().front().fonte.lido.colunas.valores;
+        QStringList esperados(valores.begin(), valores.end());
+        esperados[static_cast<qsizetype>(C::IDGrupo)] = grupo;
+        QCOMPARE(QSet<QString>(esperados.begin(), esperados.end()).size(), esperados.size());
+        QVERIFY(!esperados.contains(QString()));
+        QStringList colunas;
+        for (const char *coluna : ColunasDoContacto::na_tabela)
+            colunas << QString::fromLatin1(coluna);
+        QCOMPARE(c.s.Linhas(u"SELECT %1 FROM TblLista WHERE Nome = 'Rui Costa'"_s.arg(colunas.join(u", "_s))),
+                 QStringList{esperados.join(u'|')});
+        c.escrita->Anular();
+        QCOMPARE(Estado(c.s), antes);
+    }
+
+    void sem_fotografia_nenhuma_se_guarda_e_a_que_la_esta_fica_depois_de_anular()
+    {
+        ComImportacao c;
+        c.Importar(Cartao("FN:Rui"));
+        QCOMPARE(c.s.Linhas(u"SELECT * FROM TblFotografias"_s), QStringList());
+        c.Importar(Cartao("FN:Eva\r\nPHOTO;ENCODING=b:" + pontos.toBase64()));
+        const QStringList antes = Estado(c.s);
+        c.Importar(Cartao("FN:Ivo\r\nPHOTO;ENCODING=b:" + pontos.toBase64()));
+        c.escrita->Anular();
+        QCOMPARE(Estado(c.s), antes);
+    }
+
     void a_mesma_fotografia_guarda_se_uma_vez()
     {
         ComImportacao c;
@@ -342,7 +387,37 @@ private Q_SLOTS:
         QCOMPARE(guardados.Ler(c.ana)->cartao, novo);
     }
 
+    void um_cartao_de_antes_sem_uid_fica_mesmo_que_o_novo_tambem_o_nao_tenha()
+    {
+        ComImportacao c;
+        CartoesGuardados guardados(c.s.geral.de);
+        guardados.Guardar({c.ana, {}, "o de antes"});
+        c.Importar(Cartao("FN:Ana Silva\r\nEMAIL:ana@exemplo.pt\r\nURL:ana.pt"));
+        QCOMPARE(c.Coluna_De(c.ana, u"Website"_s), u"ana.pt"_s);
+        QCOMPARE(guardados.Ler(c.ana)->cartao, "o de antes");
+    }
+
     // Groups
+
+    void um_grupo_tem_no_maximo_cinquenta_letras_e_e_um_so()
+    {
+        ComImportacao c;
+        const QByteArray longo(51, 'g');
+        c.Importar(Cartao("FN:Rui\r\nCATEGORIES:" + longo) + Cartao("FN:Eva\r\nCATEGORIES:" + longo),
+                   {{}, {}, true});
+        QCOMPARE(c.escrita->GruposCriados(), QStringList{QString(50, u'g')});
+        QCOMPARE(c.s.Linhas(u"SELECT NomeGrupo FROM TblGrupos WHERE NomeGrupo LIKE 'ggg%'"_s),
+                 QStringList{QString(50, u'g')});
+    }
+
+    void so_para_completar_o_grupo_escolhido_nao_faz_falta()
+    {
+        ComImportacao c;
+        c.Ler(Cartao("FN:Ana Silva\r\nEMAIL:ana@exemplo.pt\r\nURL:ana.pt"));
+        c.s.Escrever(u"DELETE FROM TblGrupos WHERE ID = 1"_s);
+        QVERIFY(c.Escrita().Escrever(Sempre));
+        QCOMPARE(c.Coluna_De(c.ana, u"Website"_s), u"ana.pt"_s);
+    }
 
     void a_categoria_escolhe_o_grupo_e_quem_nao_diz_nenhum_vai_para_o_escolhido()
     {
@@ -402,6 +477,22 @@ private Q_SLOTS:
         c.importacao->Contactos()[1].escolha = E::Saltar;
         QVERIFY(c.Escrita().Escrever(Sempre));
         QCOMPARE(c.s.Ultimo_Id(u"TblLista"_s), 32767);
+    }
+
+    void numa_agenda_cheia_ou_mais_do_que_isso_nao_cabe_nenhum()
+    {
+        for (const int ultimo : {32767, 40000}) {
+            ComImportacao c;
+            c.s.Escrever(u"UPDATE sqlite_sequence SET seq = %1 WHERE name = 'TblLista'"_s.arg(ultimo));
+            c.Ler(Pessoas(1));
+            qint64 cabem = -1;
+            try {
+                c.Escrita().Escrever(Sempre);
+            } catch (const NaoCabem &falta) {
+                cabem = falta.cabem;
+            }
+            QCOMPARE(cabem, 0);
+        }
     }
 
     void completar_nao_gasta_numeros()
@@ -474,6 +565,21 @@ private Q_SLOTS:
         QVERIFY(c.s.Novo_Contacto({{u"Nome"_s, u"Mais um"_s}, {u"Grupo"_s, 1}}) > novo);
     }
 
+    void cada_contacto_e_um_passo_para_planear_e_outro_para_escrever()
+    {
+        ComImportacao c;
+        c.Ler(Pessoas(60));
+        QList<int> ditos;
+        QVERIFY(c.Escrita().Escrever([&](int percentagem) {
+            ditos << percentagem;
+            return true;
+        }));
+        QList<int> passos;
+        for (int i = 0; i < 120; ++i)
+            passos << 100 * i / 120;
+        QCOMPARE(ditos, passos);
+    }
+
     // Broken off
 
     void cancelar_a_meio_tira_tudo()
@@ -492,6 +598,29 @@ private Q_SLOTS:
         QVERIFY(c.escrita->Escrever(Sempre)); // and once more from the beginning
         QCOMPARE(c.escrita->Feita().adicionados, 50);
         QCOMPARE(c.s.Linhas(u"SELECT * FROM TblLista"_s).size(), 51);
+    }
+
+    void depois_de_cancelada_escreve_se_como_da_primeira_vez()
+    {
+        ComImportacao c;
+        c.Ler(Cartao("FN:Ana Silva\r\nEMAIL:ana@exemplo.pt\r\nURL:ana.pt") +
+                  Cartao("FN:Rui\r\nCATEGORIES:Xadrez\r\nPHOTO;ENCODING=b:" + pontos.toBase64()) + Cartao("FN:Eva"),
+              {{}, {}, true});
+        const QStringList antes = Estado(c.s);
+        EscritaDaImportacao &escrita = c.Escrita(true);
+        QVERIFY(!escrita.Escrever([](int percentagem) { return percentagem < 80; })); // all but the last is written
+        QCOMPARE(Estado(c.s), antes);
+        QVERIFY(escrita.GruposCriados().isEmpty());
+        QVERIFY(escrita.Escrever(Sempre));
+        const EscritaDaImportacao::Contagem &feita = escrita.Feita();
+        QCOMPARE((QList<int>{feita.adicionados, feita.completados, feita.saltados}), (QList<int>{2, 1, 0}));
+        QCOMPARE(escrita.GruposCriados(), QStringList{u"Xadrez"_s});
+        QCOMPARE(c.s.Linhas(u"SELECT Nome, Website FROM TblLista ORDER BY ID"_s),
+                 (QStringList{u"Ana Silva|ana.pt"_s, u"Rui|"_s, u"Eva|"_s}));
+        QCOMPARE(c.s.Linhas(u"SELECT * FROM TblFotografias"_s).size(), 1);
+        QCOMPARE(c.s.Linhas(u"SELECT * FROM TblCartoes"_s).size(), 3);
+        escrita.Anular();
+        QCOMPARE(Estado(c.s), antes);
     }
 
     // Whoever presses the button once more must not have them twice.

@@ -1,9 +1,13 @@
 // What a foreign file would bring to the book, before anything is written.
 #include "cards/ImportacaoDeContactos.h"
 
+#include "cards/EscolhasGuardadas.h"
 #include "data/CartoesGuardados.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
+
+#include <QBuffer>
+#include <QImage>
 
 using namespace Qt::StringLiterals;
 using C = Coluna;
@@ -53,6 +57,16 @@ struct ComAgenda {
 };
 
 CsvTable Tabela(const QByteArray &bytes) { return readCsv(bytes); }
+
+ContactoAImportar Julgado(V veredicto, std::size_t quantos, E escolha, std::size_t com)
+{
+    ContactoAImportar contacto;
+    contacto.veredicto = veredicto;
+    contacto.quem.resize(quantos);
+    contacto.escolha = escolha;
+    contacto.com = com;
+    return contacto;
+}
 } // namespace
 
 class TestImportacaoDeContactos : public QObject
@@ -185,8 +199,89 @@ private Q_SLOTS:
         QCOMPARE(c.importacao->Faltas().size(), 1u);
     }
 
+    void quem_nao_tem_nome_chama_se_pelo_primeiro_que_se_sabe_data()
+    {
+        QTest::addColumn<QByteArray>("linhas");
+        QTest::addColumn<QString>("nome");
+        // Each line is only looked at where those above are not there.
+        const QByteArrayList linhas{"NOTE:nota\\nda segunda linha", "ADR:;;Rua A\\nCasa 2;;;;", "URL:a.pt",
+                                    "TEL;TYPE=FAX:213333333"};
+        const QStringList nomes{u"nota"_s, u"Rua A"_s, u"a.pt"_s, u"213333333"_s};
+        QByteArray todas;
+        for (qsizetype i = 0; i < linhas.size(); ++i) {
+            todas += "\r\n" + linhas[i];
+            QTest::newRow(qPrintable(nomes[i])) << QByteArray("FN:") + todas << nomes[i];
+        }
+    }
+    void quem_nao_tem_nome_chama_se_pelo_primeiro_que_se_sabe()
+    {
+        QFETCH(QByteArray, linhas);
+        ComAgenda c;
+        QTEST(c.Um(linhas).fonte.lido.colunas[C::Nome], "nome");
+    }
+
+    void os_bytes_da_fotografia_ficam_so_no_cartao()
+    {
+        QImage imagem(2, 2, QImage::Format_RGB32);
+        imagem.fill(Qt::red);
+        QBuffer pontos;
+        QVERIFY(pontos.open(QIODevice::WriteOnly) && imagem.save(&pontos, "PNG"));
+        const QByteArray pessoa = Cartao("FN:Rui\r\nUID:u1\r\nPHOTO;ENCODING=b:" + pontos.data().toBase64());
+        for (const QByteArray &grupo : {QByteArray(), Cartao("KIND:group\r\nFN:Colegas\r\nMEMBER:urn:uuid:u1")}) {
+            ComAgenda c;
+            const ContactoDaFonte fonte = c.Ler(pessoa + grupo, {{u"Colegas"_s}, {}, false}).Contactos().front().fonte;
+            QCOMPARE(fonte.lido.Grupo, grupo.isEmpty() ? QString() : u"Colegas"_s);
+            QVERIFY(fonte.lido.colunas[C::Fotografia].startsWith(u"bd:"_s));
+            QVERIFY(fonte.lido.Fotografia.isEmpty());
+            QCOMPARE(Fotografia_Do_Cartao(fonte.cartao, fonte.lido.colunas[C::Fotografia]), pontos.data());
+        }
+    }
+
+    void o_primeiro_contacto_do_livro_tambem_se_compara()
+    {
+        ComAgenda c;
+        c.s.Escrever(u"UPDATE TblLista SET ID = 1"_s);
+        QCOMPARE(c.Um("FN:Ana Silva\r\nEMAIL:ana@exemplo.pt").veredicto, V::Igual);
+    }
+
+    void as_escolhas_repoem_se_uma_vez_onde_ainda_servem()
+    {
+        EscolhasGuardadas escolhas;
+        std::vector<ContactoAImportar> antes{Julgado(V::Talvez, 3, E::Juntar, 2), Julgado(V::Talvez, 3, E::Juntar, 2),
+                                             Julgado(V::Novo, 0, E::Saltar, 0), Julgado(V::Novo, 0, E::Saltar, 0)};
+        escolhas.Guardar({antes.front()});
+        escolhas.Guardar(antes); // what was kept before is of no account
+        std::vector<ContactoAImportar> lidos{Julgado(V::Talvez, 3, E::Novo, 0), Julgado(V::Talvez, 2, E::Novo, 0),
+                                             Julgado(V::Novo, 0, E::Novo, 0), Julgado(V::Talvez, 1, E::Novo, 0)};
+        const auto repostos = [&] {
+            std::vector<std::pair<E, std::size_t>> ditos;
+            for (const ContactoAImportar &contacto : lidos)
+                ditos.emplace_back(contacto.escolha, contacto.com);
+            return ditos;
+        };
+        escolhas.Repor(lidos);
+        const std::vector<std::pair<E, std::size_t>> servem{{E::Juntar, 2}, {E::Novo, 0}, {E::Saltar, 0}, {E::Novo, 0}};
+        QVERIFY(repostos() == servem);
+        lidos.front().escolha = E::Novo;
+        escolhas.Repor(lidos); // only once
+        QVERIFY(repostos().front().first == E::Novo);
+        escolhas.Guardar(antes);
+        escolhas.Esquecer();
+        escolhas.Repor(lidos);
+        QVERIFY(repostos().front().first == E::Novo);
+        escolhas.Guardar(antes);
+        lidos.pop_back(); // another file, or another reading of it
+        escolhas.Repor(lidos);
+        QVERIFY(repostos().front().first == E::Novo);
+    }
+
     void um_zero_no_meio_nao_corta_o_texto()
     {
+        {
+            ComAgenda c;
+            c.Ler(Cartao(QByteArray("FN:Rui\r\nCATEGORIES:Xad\0rez", 26)), {{}, {}, true});
+            QCOMPARE(c.importacao->Contactos().front().fonte.lido.Grupo, u"Xadrez"_s);
+        }
         ComAgenda c;
         const ContactoAImportar &contacto = c.Um(QByteArray("FN:Ru\0i\r\nNOTE:antes\0depois", 26));
         QCOMPARE(contacto.fonte.lido.colunas[C::Nome], u"Rui"_s);
@@ -268,7 +363,43 @@ private Q_SLOTS:
         QVERIFY(fonte.cartao.contains(u"Žižka"_s.toUtf8()));
     }
 
+    void um_cartao_guarda_se_como_estava_onde_a_codificacao_nada_lhe_muda()
+    {
+        ComAgenda c;
+        QVERIFY(c.Um("FN:Jos\xE9").fonte.cartao.contains("Jos\xE9")); // none was chosen
+        c.codificacao = "windows-1250";
+        const QByteArray utf8 = u"FN:José"_s.toUtf8();
+        QCOMPARE(c.Um(utf8).fonte.cartao, Cartao(utf8));
+        c.codificacao = "Shift_JIS";
+        const QByteArray de_nenhuma = "FN:Ana\r\nNOTE:\xFF\xFE\x80";
+        QCOMPARE(c.Um(de_nenhuma).fonte.cartao, Cartao(de_nenhuma));
+    }
+
     // Tables
+
+    void as_faltas_de_uma_tabela_dizem_a_linha_dela_e_vem_pela_sua_ordem()
+    {
+        for (const bool com_nomes : {true, false}) {
+            ComAgenda c;
+            const QByteArray nomes = com_nomes ? "Name,Mobile Phone,Home Fax\r\n" : "";
+            TabelaEscolhida tabela{Tabela(nomes + "Rui,\"1,5E+11\",\"2,5E+11\"\r\n,,\"3,5E+11\"\r\n"),
+                                   {},
+                                   {u"PortuguesPT"_s, DateOrder::DayFirst, 2027, {}}};
+            tabela.tabela.hasHeader = com_nomes;
+            tabela.mapa = MapaDaTabela::Proposto({u"Name"_s, u"Mobile Phone"_s, u"Home Fax"_s}, CsvHeaders());
+            c.importacao.emplace(c.s.geral.de, u"0"_s, u"PortuguesPT"_s);
+            c.importacao->Abrir_Tabela(tabela, {});
+            QCOMPARE(c.importacao->Percentagem(), 0);
+            while (c.importacao->Avancar()) {
+            }
+            const qsizetype primeira = com_nomes ? 2 : 1;
+            const std::vector<FaltaDaFonte> esperadas{{primeira, Que::NumeroEstragado, u"1,5E+11"_s},
+                                                      {primeira, Que::NumeroEstragado, u"2,5E+11"_s},
+                                                      {primeira + 1, Que::NumeroEstragado, u"3,5E+11"_s},
+                                                      {primeira + 1, Que::Vazio, {}}};
+            QVERIFY(c.importacao->Faltas() == esperadas);
+        }
+    }
 
     void uma_tabela_passa_pelas_mesmas_regras()
     {

@@ -133,6 +133,36 @@ private Q_SLOTS:
         QCOMPARE(leitura.Mapa().colunas[1], proposta);
     }
 
+    void o_mesmo_campo_noutro_lugar_ja_nao_e_o_proposto()
+    {
+        Mesa m;
+        LeituraDaTabela leitura = m.Ler("Name;Home City\nAna;Porto\n");
+        const CsvColumn do_trabalho{CsvField::City, CsvPlace::Work, 0, false};
+        leitura.Por_Coluna(1, do_trabalho);
+        QCOMPARE(leitura.Mapa().colunas[1], do_trabalho);
+    }
+
+    void o_que_se_disse_de_uma_coluna_segue_o_seu_nome_ate_ao_primeiro_lugar()
+    {
+        Mesa m;
+        LeituraDaTabela leitura = m.Ler("Signo,x;Signo\n1,2;3\n");
+        QCOMPARE(leitura.Tabela().delimiter, QChar(u','));
+        leitura.Ler({.encoding = {}, .delimiter = u';', .hasHeader = {}});
+        leitura.Por_Coluna(1, Campo(CsvField::Fax)); // "Signo"
+        leitura.Ler({.encoding = {}, .delimiter = u',', .hasHeader = {}});
+        QCOMPARE(leitura.Mapa().colunas, (std::vector{Campo(CsvField::Fax), nada}));
+    }
+
+    void a_ordem_das_datas_e_a_da_tabela_como_agora_se_le()
+    {
+        Mesa m;
+        LeituraDaTabela leitura = m.Ler("Rui;3/28/1980\nAna;3/4/1975\n");
+        leitura.Por_Coluna(1, Campo(CsvField::Birthday));
+        QCOMPARE(leitura.Contacto(1).lido.colunas[Coluna::Mes], u"3"_s);
+        leitura.Ler({.encoding = {}, .delimiter = {}, .hasHeader = true}); // the date that told it is a name now
+        QCOMPARE(leitura.Contacto(0).lido.colunas[Coluna::Mes], u"4"_s);
+    }
+
     void os_nomes_de_mais_de_um_sentido_sao_ditos_uma_vez()
     {
         Mesa m;
@@ -146,7 +176,7 @@ private Q_SLOTS:
     {
         Mesa m;
         LeituraDaTabela leitura =
-            m.Ler("Nome;Telefone;Conta\nAna;3,51912E+11;4,1E+20\nRui;212345678;1\nEva;3,51213E+11;2\n");
+            m.Ler("Nome;Telefone;Conta\nAna;3,51912E+11;4,1E+20\nRui;+351 212345678;1\nEva;3,51213E+11;2\n");
         const std::pair<std::size_t, QString> dois{2, u"3,51912E+11"_s};
         QCOMPARE(leitura.Numeros_Estragados(), dois);
         leitura.Por_Coluna(1, Campo(CsvField::Note));
@@ -199,7 +229,7 @@ private Q_SLOTS:
         QTest::newRow("many columns") << B("a") + B(";b").repeated(999) + "\n1" + B(";2").repeated(999)
                                       << std::size_t{1} << std::size_t{1000};
         QTest::newRow("too many columns") << B("a") + B(";b").repeated(9999) + "\n1;2\n"
-                                          << std::size_t{1} << std::size_t{LeituraDaTabela::mais_colunas};
+                                          << std::size_t{1} << std::size_t{2000};
         QTest::newRow("a cell of a megabyte") << B("Nome;Notas\nAna;") + B(1 << 20, 'x') + "\n"
                                               << std::size_t{1} << std::size_t{2};
     }

@@ -2,9 +2,25 @@
 // in the words that they know.
 #include "cards/TabelaDeSaida.h"
 
+#include "cards/CartaoDoContacto.h"
+
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
+
+namespace
+{
+ContactoParaCartao Cheio()
+{
+    ContactoParaCartao contacto;
+    contacto.colunas.valores = {u"Ana Maria Sá"_s, u"211"_s, u"212"_s,    u"213"_s,          u"911"_s,
+                                u"912"_s,          u"913"_s, u"4"_s,      u"3"_s,            u"1975"_s,
+                                u"a@b"_s,          u"c@d"_s, u"ana.pt"_s, u"Rua A\r\nPorto"_s, u"um\r\ndois"_s,
+                                u"ana.jpg"_s,      u"7"_s};
+    contacto.Grupo = u"Família"_s;
+    return contacto;
+}
+} // namespace
 
 class TestTabelaDeSaida : public QObject
 {
@@ -60,6 +76,67 @@ private Q_SLOTS:
               << u"Birthday"_s << u"Notes"_s << u"Labels"_s;
         QCOMPARE(inglesa, csvBeginning(CsvDialect::Plain) + writtenCsvRow(nomes, CsvDialect::Plain));
         QCOMPARE(TabelaDeSaida(CsvDialect::Plain, u"AlemaoDE"_s).Inicio(), inglesa);
+    }
+
+    void uma_linha_da_folha_tem_cada_coluna_debaixo_do_seu_nome()
+    {
+        QCOMPARE(TabelaDeSaida(CsvDialect::Excel, u"InglesUK"_s).Linha(Cheio()),
+                 QByteArray("\"Ana Maria Sá\";\"211\";\"212\";\"213\";\"911\";\"912\";\"913\";\"4\";\"3\";\"1975\";"
+                            "\"a@b\";\"c@d\";\"ana.pt\";\"Rua A\nPorto\";\"um\ndois\";\"Família\"\r\n"));
+    }
+
+    void uma_linha_para_outros_programas_tem_os_rotulos_dos_numeros_e_a_data_por_extenso()
+    {
+        const TabelaDeSaida tabela(CsvDialect::Plain, u"InglesUK"_s);
+        QCOMPARE(tabela.Linha(Cheio()),
+                 QByteArray("\"Ana Maria\",\"Sá\",\"Home\",\"211\",\"Work\",\"212\",\"Home Fax\",\"213\","
+                            "\"Mobile\",\"911\",\"Mobile\",\"912\",\"Mobile\",\"913\",\"a@b\",\"c@d\",\"ana.pt\","
+                            "\"Rua A\nPorto\",\"1975-03-04\",\"um\ndois\",\"Família\"\r\n"));
+        QCOMPARE(tabela.Linha({}), QByteArray("\"\"" + QByteArray(",\"\"").repeated(20) + "\r\n"));
+    }
+
+    void o_nome_parte_se_antes_da_ultima_palavra_data()
+    {
+        QTest::addColumn<QString>("nome");
+        QTest::addColumn<QByteArray>("celulas");
+        QTest::newRow("uma palavra") << u" Ana "_s << QByteArray("\"Ana\",\"\",");
+        QTest::newRow("duas") << u"A B"_s << QByteArray("\"A\",\"B\",");
+        QTest::newRow("quatro com brancos a mais") << u"Ana  da\tCosta Sá"_s << QByteArray("\"Ana da Costa\",\"Sá\",");
+    }
+    void o_nome_parte_se_antes_da_ultima_palavra()
+    {
+        QFETCH(QString, nome);
+        QFETCH(QByteArray, celulas);
+        ContactoParaCartao contacto;
+        contacto.colunas[Coluna::Nome] = nome;
+        const QByteArray linha = TabelaDeSaida(CsvDialect::Plain, u"InglesUK"_s).Linha(contacto);
+        QCOMPARE(linha.first(celulas.size()), celulas);
+    }
+
+    void um_aniversario_diz_se_por_extenso_e_sem_dia_ou_sem_mes_nao_se_diz_data()
+    {
+        QTest::addColumn<QString>("dia");
+        QTest::addColumn<QString>("mes");
+        QTest::addColumn<QString>("ano");
+        QTest::addColumn<QByteArray>("data");
+        QTest::newRow("inteiro") << u"14"_s << u"12"_s << u"1975"_s << QByteArray("\"1975-12-14\"");
+        QTest::newRow("com zeros") << u"4"_s << u"3"_s << u"975"_s << QByteArray("\"0975-03-04\"");
+        QTest::newRow("sem ano") << u"4"_s << u"3"_s << QString() << QByteArray("\"--03-04\"");
+        QTest::newRow("sem mês") << u"4"_s << QString() << u"1975"_s << QByteArray("\"\"");
+        QTest::newRow("sem dia") << QString() << u"3"_s << u"1975"_s << QByteArray("\"\"");
+    }
+    void um_aniversario_diz_se_por_extenso_e_sem_dia_ou_sem_mes_nao_se_diz()
+    {
+        QFETCH(QString, dia);
+        QFETCH(QString, mes);
+        QFETCH(QString, ano);
+        ContactoParaCartao contacto;
+        contacto.colunas[Coluna::Dia] = dia;
+        contacto.colunas[Coluna::Mes] = mes;
+        contacto.colunas[Coluna::Ano] = ano;
+        const QByteArray linha = TabelaDeSaida(CsvDialect::Plain, u"InglesUK"_s).Linha(contacto);
+        constexpr qsizetype lugar = 18; // behind the names, the numbers and what else there is one of
+        QTEST(linha.split(',').value(lugar), "data");
     }
 };
 

@@ -11,6 +11,7 @@
 #include <QAbstractItemView>
 #include <QAccessible>
 #include <QComboBox>
+#include <QScopeGuard>
 #include <QScrollBar>
 
 using namespace Qt::StringLiterals;
@@ -99,6 +100,129 @@ private Q_SLOTS:
         QCOMPARE(ditas, palavras);
         QCOMPARE(campos_da_tabela::Palavra({CsvField::Phone, CsvPlace::None, 2, true}, s.geral),
                  u"%1 2 (%2)"_s.arg(rotulo(Rotulo::Telefone), s.Texto(371)));
+        QCOMPARE(campos_da_tabela::Palavra({CsvField::Phone, CsvPlace::None, 1, false}, s.geral),
+                 rotulo(Rotulo::Telefone) + u" 1"_s);
+    }
+
+    // Only an address has a place; a label and a numbered column are no choice.
+    void um_campo_que_se_achou_e_a_escolha_que_diz_o_mesmo()
+    {
+        Sistema s;
+        const CsvColumn fax_do_trabalho{CsvField::Fax, CsvPlace::Work, 0, false};
+        QCOMPARE(campos_da_tabela::Escolha_De(fax_do_trabalho), Qual(CsvField::Fax));
+        QCOMPARE(campos_da_tabela::Palavra(fax_do_trabalho, s.geral),
+                 rotulos_do_cartao::Em(Rotulo::Fax, u"PortuguesPT"_s));
+        for (const CsvColumn &nenhuma : {CsvColumn{CsvField::Phone, CsvPlace::None, 1, false},
+                                         CsvColumn{CsvField::Phone, CsvPlace::None, 0, true}})
+            QCOMPARE(campos_da_tabela::Escolha_De(nenhuma), -1);
+        for (const CsvField campo : {CsvField::Unknown, CsvField::Detail, CsvField::Photo}) {
+            QCOMPARE(Qual(campo), 0);
+            QCOMPARE(campos_da_tabela::Palavra({campo, CsvPlace::None, 2, true}, s.geral), s.Texto(352));
+        }
+        QCOMPARE(campos_da_tabela::Todos().at(1), (CsvColumn{CsvField::FullName, CsvPlace::None, 0, false}));
+        QCOMPARE(campos_da_tabela::Todos().back(), (CsvColumn{CsvField::Country, CsvPlace::Other, 0, false}));
+    }
+
+    void comeca_nas_linhas_pela_primeira_celula()
+    {
+        Mesa m;
+        const auto form = m.Abrir();
+        QCOMPARE(form->focusWidget(), form->tblLinhas);
+        for (const QTableView *mesa : {form->tblCampos, form->tblLinhas})
+            QCOMPARE(mesa->currentIndex(), mesa->model()->index(0, 0));
+    }
+
+    void o_separador_que_se_descobre_diz_se_e_cada_um_que_se_escolhe_vale()
+    {
+        Mesa m;
+        const std::pair<QByteArray, QString> descobertos[]{{",", m.s.Texto(346)},
+                                                           {";", m.s.Texto(347)},
+                                                           {"\t", m.s.Texto(348)},
+                                                           {"|", m.s.Texto(349)}};
+        for (const auto &[separador, palavra] : descobertos)
+            QCOMPARE(m.Abrir("Nome" + separador + "Fax\nAna" + separador + "1\n")->ComboSeparador->currentText(),
+                     m.s.Texto(345) + u": "_s + palavra);
+        QCOMPARE(m.Abrir("sep=#\nNome#Fax\nAna#1\n")->ComboSeparador->currentText(), m.s.Texto(345) + u": #"_s);
+        const auto form = m.Abrir("a,b;c\td|e\n1,2;3\t4|5\n");
+        const QStringList primeiras{u"a"_s, u"a"_s, u"a,b"_s, u"a,b;c"_s, u"a,b;c d"_s};
+        for (const int qual : {1, 2, 3, 4, 0}) {
+            form->ComboSeparador->setListIndex(qual);
+            QCOMPARE(form->ComboSeparador->ListIndex(), qual);
+            QCOMPARE(form->tblCampos->model()->headerData(0, Qt::Horizontal).toString(), primeiras[qual]);
+        }
+    }
+
+    void a_ordem_das_datas_escolhe_se_e_volta_a_ser_a_que_se_descobre()
+    {
+        Mesa m;
+        const auto form = m.Abrir("Nome;Aniversário\nAna;3/4/1975\nRui;3/28/1980\n");
+        const QString mes_primeiro = u"Aniversário: 4 Março 1975"_s;
+        const QStringList datas{mes_primeiro, u"Aniversário: 3 Abril 1975"_s, mes_primeiro};
+        for (const int qual : {0, 1, 2, 1, 0}) {
+            form->ComboDatas->setListIndex(qual);
+            QVERIFY2(Cartao(*form).contains(datas[qual]), qPrintable(QString::number(qual)));
+        }
+    }
+
+    void o_canto_tem_a_largura_da_barra_que_ha_por_baixo()
+    {
+        Mesa m;
+        QCOMPARE(m.Abrir()->canto->width(), 0);
+        const auto form = m.Abrir("Nome;Fax\n" + QByteArray("Ana;1\n").repeated(20));
+        form->tblLinhas->setFixedHeight(100);
+        QTRY_COMPARE(form->canto->width(), form->tblLinhas->verticalScrollBar()->sizeHint().width());
+    }
+
+    // The large table of another program takes a moment.
+    void o_cursor_diz_que_se_espera_enquanto_se_le_de_novo()
+    {
+        Mesa m;
+        const auto form = m.Abrir();
+        bool esperou = false;
+        connect(form->tblLinhas->model(), &QAbstractItemModel::modelReset, form.get(), [&] {
+            const QCursor *cursor = QGuiApplication::overrideCursor();
+            esperou = cursor != nullptr && cursor->shape() == Qt::WaitCursor;
+        });
+        form->chkNomes->click();
+        QVERIFY(esperou);
+        QVERIFY(QGuiApplication::overrideCursor() == nullptr);
+    }
+
+    void as_mesas_nada_dizem_do_que_nao_se_lhes_pergunta()
+    {
+        Mesa m;
+        const auto form = m.Abrir();
+        for (const QTableView *mesa : {form->tblCampos, form->tblLinhas}) {
+            const QAbstractItemModel &modelo = *mesa->model();
+            const QModelIndex primeira = modelo.index(0, 0);
+            QCOMPARE(modelo.rowCount(primeira), 0);
+            QCOMPARE(modelo.columnCount(primeira), 0);
+            QVERIFY(!modelo.data({}).isValid());
+            for (int coluna = 0; coluna < modelo.columnCount(); ++coluna) {
+                QVERIFY(!modelo.index(0, coluna).data(Qt::DecorationRole).isValid());
+                QCOMPARE(modelo.index(0, coluna).data(Qt::ToolTipRole), modelo.index(0, coluna).data());
+                QCOMPARE(modelo.index(0, coluna).data(Qt::ForegroundRole).isValid(), coluna != 1); // which has a field
+                QVERIFY(!modelo.headerData(coluna, Qt::Horizontal, Qt::DecorationRole).isValid());
+            }
+            QVERIFY(!modelo.headerData(0, Qt::Vertical).isValid());
+        }
+        QCOMPARE(form->tblCampos->model()->headerData(2, Qt::Horizontal, Qt::ToolTipRole).toString(), u"Signo"_s);
+        QVERIFY(!form->tblCampos->model()->headerData(2, Qt::Vertical, Qt::ToolTipRole).isValid());
+    }
+
+    void o_que_vai_para_obs_tem_uma_cor_entre_a_das_letras_e_a_do_fundo()
+    {
+        const QPalette antes = QGuiApplication::palette();
+        const auto repor = qScopeGuard([&] { QGuiApplication::setPalette(antes); });
+        QPalette clara;
+        clara.setColor(QPalette::Base, Qt::white);
+        clara.setColor(QPalette::Button, Qt::white);
+        clara.setColor(QPalette::Text, QColor(60, 0, 20));
+        QGuiApplication::setPalette(clara);
+        Mesa m;
+        const auto form = m.Abrir();
+        QCOMPARE(form->tblLinhas->model()->index(0, 2).data(Qt::ForegroundRole).value<QBrush>().color(),
+                 QColor(138, 102, 114)); // three parts of the one, two of the other
     }
 
     void os_separadores_e_as_datas_escolhem_se_por_palavras()
@@ -334,6 +458,44 @@ private Q_SLOTS:
         form->chkNomes->click();
         QCOMPARE(form->tblLinhas->model()->rowCount(), 3);
         QCOMPARE(form->tblCampos->model()->headerData(1, Qt::Horizontal).toString(), u"2"_s);
+    }
+
+    void um_so_numero_estragado_ja_se_diz_e_so_numa_coluna_de_numeros()
+    {
+        Mesa m;
+        const auto form = m.Abrir("Nome completo;Conta\nAna;3,51912E+11\n");
+        QVERIFY(!form->LabelAvisos->isVisible());
+        form->tblCampos->model()->setData(form->tblCampos->model()->index(0, 1), Qual(CsvField::Phone));
+        QCOMPARE(form->LabelAvisos->text(), m.s.Texto(356) + u" 1 (3,51912E+11)"_s);
+        QVERIFY(form->LabelAvisos->isVisible());
+    }
+
+    void uma_observacao_mostra_se_ate_duas_mil_letras_e_uma_celula_ate_duzentas()
+    {
+        Mesa m;
+        const auto form = m.Abrir("Nome completo;Notas;Fax\nAna;" + QByteArray(2000, 'x') + ";" + QByteArray(200, '1') +
+                                  "\nRui;" + QByteArray(2001, 'x') + ";" + QByteArray(201, '1') + "\n");
+        for (const int linha : {0, 1}) {
+            form->tblLinhas->setCurrentIndex(form->tblLinhas->model()->index(linha, 0));
+            const QTreeWidgetItem &item = *form->lvContacto->findItems(m.s.Texto(37), Qt::MatchExactly).value(0);
+            QCOMPARE(item.text(1), QString(2000, u'x') + (linha == 0 ? QString() : u"…"_s));
+            QCOMPARE(item.toolTip(1), item.text(1));
+            QCOMPARE(form->tblLinhas->model()->index(linha, 2).data().toString(),
+                     QString(200, u'1') + (linha == 0 ? QString() : u"…"_s));
+        }
+    }
+
+    void o_primeiro_da_lista_tambem_se_escolhe()
+    {
+        Mesa m;
+        const auto form = m.Abrir();
+        form->tblCampos->edit(form->tblCampos->model()->index(0, 1));
+        QComboBox *caixa = Caixa_Da_Coluna(*form);
+        QCOMPARE(caixa->currentText(), u"Telemóvel"_s);
+        QTRY_VERIFY(caixa->view()->isVisible());
+        QTest::keyClick(caixa->view(), Qt::Key_Home);
+        QTest::keyClick(caixa->view(), Qt::Key_Return);
+        QTRY_COMPARE(Palavra(*form, 1), m.s.Texto(352));
     }
 
     void diz_os_nomes_ambiguos_e_os_numeros_estragados()

@@ -389,9 +389,89 @@ private Q_SLOTS:
         m.Contacto(u"Ana"_s, u"912345678"_s, enorme);
         m.Contacto(u"Ana"_s, u"912345678"_s, u"fim"_s);
         const auto form = m.Abrir();
-        QVERIFY(Linha_De(*form, u"Observações"_s)->text(1).size() < 400);
+        QCOMPARE(Linha_De(*form, u"Observações"_s)->text(1), enorme.first(300) + u'…');
+        QCOMPARE(Linha_De(*form, u"Observações"_s)->toolTip(1), enorme);
         form->cmdJuntar->click();
         QCOMPARE(m.s.Linhas(u"SELECT Obs FROM TblLista"_s).constFirst(), enorme + u"\r\nfim"_s);
+    }
+
+    void trezentas_letras_ainda_se_mostram_todas()
+    {
+        Mesa m;
+        m.Contacto(u"Ana"_s, u"912345678"_s, QString(300, u'x'));
+        m.Contacto(u"Ana"_s, u"912345678"_s, QString(301, u'x'));
+        const auto form = m.Abrir();
+        const QTreeWidgetItem &obs = *Linha_De(*form, u"Observações"_s);
+        QCOMPARE(obs.text(1), QString(300, u'x'));
+        QCOMPARE(obs.text(2), QString(300, u'x') + u'…');
+    }
+
+    void de_dois_grupos_fica_um_e_o_segundo_pode_ser()
+    {
+        UmPar m;
+        const int colegas = m.s.Novo_Grupo(u"Colegas"_s);
+        m.s.Escrever(u"UPDATE TblLista SET Grupo=%1 WHERE ID=%2"_s.arg(colegas).arg(m.outro));
+        const auto form = m.Abrir();
+        const QTreeWidgetItem &grupo = *Linha_De(*form, u"Grupo"_s);
+        QCOMPARE((QStringList{grupo.text(1), grupo.text(2)}), (QStringList{u"Amigos"_s, u"Colegas"_s}));
+        ComboBox &escolha = *Escolha_De(*form, u"Grupo"_s);
+        QCOMPARE((QStringList{escolha.itemText(0), escolha.itemText(1), escolha.itemText(2)}),
+                 (QStringList{m.s.Texto(380), m.s.Texto(381), QString()}));
+        QCOMPARE(escolha.accessibleName(), u"Grupo"_s);
+        escolha.setCurrentIndex(1);
+        form->cmdJuntar->click();
+        QCOMPARE(m.s.Linhas(u"SELECT Grupo FROM TblLista"_s), QStringList{QString::number(colegas)});
+    }
+
+    void o_primeiro_contacto_do_livro_tambem_se_compara()
+    {
+        UmPar m;
+        m.s.Escrever(u"UPDATE TblLista SET ID=1 WHERE ID=%1"_s.arg(m.um));
+        QCOMPARE(m.Abrir()->Label1->text(), u"Par 1 de 1"_s);
+    }
+
+    void so_quem_juntou_alguem_le_a_lista_de_novo()
+    {
+        UmPar m;
+        const auto form = m.Abrir();
+        form->cmdSaltar->click();
+        QVERIFY(!form->Juntou());
+    }
+
+    void comeca_na_primeira_linha_e_acaba_no_botao_que_fecha()
+    {
+        UmPar m;
+        const auto form = m.Abrir();
+        QCOMPARE(form->lvPar->currentItem(), form->lvPar->topLevelItem(0));
+        form->lvPar->setFocus();
+        form->cmdSaltar->click(); // by its letter: the keyboard stays where it was
+        QCOMPARE(form->focusWidget(), form->cmdFechar);
+        form->cmdFechar->click();
+        QVERIFY(!form->isVisible());
+    }
+
+    void os_temporizadores_param_ate_o_formulario_se_fechar()
+    {
+        UmPar m;
+        const auto &tarefas = m.s.geral.temporizadores.timerTarefas;
+        m.s.geral.temporizadores.Gerir_Temporizadores(u"start"_s);
+        const auto form = m.Abrir();
+        QVERIFY(!tarefas.Enabled());
+        form->close();
+        QVERIFY(tarefas.Enabled());
+    }
+
+    // The choices of a pair go with it.
+    void as_escolhas_de_um_par_nao_valem_no_seguinte()
+    {
+        UmPar m;
+        m.Contacto(u"Rui"_s, u"961111111"_s);
+        m.Contacto(u"Rui"_s, u"961111111"_s, u"nota"_s);
+        const auto form = m.Abrir();
+        Escolha_De(*form, u"Observações"_s)->setCurrentIndex(1);
+        form->cmdSaltar->click();
+        form->cmdJuntar->click();
+        QCOMPARE(m.s.Linhas(u"SELECT Obs FROM TblLista WHERE Nome='Rui'"_s), QStringList{u"nota"_s});
     }
 
     void oito_linhas_de_observacoes_mostram_se_todas_e_de_nove_as_primeiras_oito()

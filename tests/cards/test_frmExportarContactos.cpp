@@ -113,6 +113,32 @@ private Q_SLOTS:
         QVERIFY(grupo.OptionSelecionado->isEnabled());
     }
 
+    void oferece_se_o_grupo_que_a_lista_mostra_qualquer_que_seja()
+    {
+        ComExportar c;
+        const ComboBox &grupos = *c.janela.ComboGrupos;
+        bool viu_se_o_primeiro = false;
+        for (int i = -1; i < grupos.ListCount(); ++i) {
+            c.janela.ComboGrupos->setCurrentIndex(i);
+            const int id = i < 0 ? 0 : grupos.ItemData(i);
+            const QString nome = id == 0 ? QString() : u" (%1)"_s.arg(QString(grupos.List(i)).replace(u'&', u"&&"_s));
+            const frmExportarContactos &form = c.Abrir();
+            QCOMPARE(form.OptionGrupo->text(), c.s.Texto(392) + nome);
+            QCOMPARE(form.OptionGrupo->isEnabled(), id != 0);
+            QCOMPARE(form.OptionGrupo->isChecked(), id != 0);
+            viu_se_o_primeiro = viu_se_o_primeiro || id == 1;
+        }
+        QVERIFY(viu_se_o_primeiro && grupos.ListCount() > 2);
+    }
+
+    void a_barra_tem_o_seu_lugar_antes_de_se_ver()
+    {
+        ComExportar c;
+        const frmExportarContactos &form = c.Abrir();
+        QVERIFY(!form.ProgressBar1->isVisible());
+        QVERIFY(form.ProgressBar1->sizePolicy().retainSizeWhenHidden());
+    }
+
     void um_nome_comprido_nao_alarga_a_janela()
     {
         ComExportar c;
@@ -298,6 +324,15 @@ private Q_SLOTS:
         QTest::qWait(50); // nothing goes on
         QCOMPARE(c.Na_Pasta(), QStringList{u"saida.vcf"_s});
         QCOMPARE(c.Bytes(), QByteArray("velho"));
+        QCOMPARE(c.form->focusWidget(), c.form->cmdExportar);
+        c.s.dialogos.textos << c.Alvo(); // and from the beginning, by its letter
+        c.form->ComboFormato->setFocus();
+        c.form->cmdExportar->click();
+        QCOMPARE(c.form->ProgressBar1->value(), 0);
+        QCOMPARE(c.form->lblCancelada->text(), QString());
+        QCOMPARE(c.form->focusWidget(), c.form->cmdCancelar);
+        c.form->cmdCancelar->click();
+        QVERIFY(c.form->isVisible());
         c.form->cmdCancelar->click();
         QVERIFY(!c.form->isVisible());
     }

@@ -263,7 +263,180 @@ private Q_SLOTS:
         QCOMPARE(p.s.Linhas(u"SELECT * FROM TblGrupos WHERE NomeGrupo = 'Xadrez'"_s).size(), 0);
     }
 
+    void o_primeiro_contacto_de_um_ficheiro_lido_esta_escolhido()
+    {
+        Programa p;
+        const Formulario f(p, Cartao("FN:Rui"));
+        QCOMPARE(f.form.Lista->currentIndex().row(), 0);
+        QCOMPARE(f.form.focusWidget(), f.form.Lista);
+        QCOMPARE(f.form.txtContacto->textCursor().position(), 0);
+        QCOMPARE(f.form.ProgressBar1->value(), 100);
+    }
+
+    void o_primeiro_contacto_esta_escolhido_tambem_atras_de_outra_janela()
+    {
+        Programa p;
+        frmImportarContactos form(p.s.geral, p.s.plataforma, &p.janela);
+        form.show();
+        QWidget outra;
+        outra.show();
+        QApplication::setActiveWindow(&outra);
+        form.Abrir(p.Ficheiro(u"gente.vcf"_s, de_tudo));
+        QTRY_VERIFY(!form.ProgressBar1->isVisible());
+        QCOMPARE(form.Lista->currentIndex().row(), 0);
+    }
+
+    void so_se_pode_o_que_serve_em_cada_momento()
+    {
+        Programa p;
+        frmImportarContactos form(p.s.geral, p.s.plataforma, &p.janela);
+        form.show();
+        const auto serve = [&] {
+            QStringList nomes;
+            for (const QWidget *controlo : std::initializer_list<QWidget *>{
+                     form.cmdProcurar, form.Lista, form.ComboEscolha, form.ComboGrupos, form.chkCriar,
+                     form.ComboCodificacao, form.chkJuntar, form.ProgressBar1, form.cmdImportar, form.cmdAnular})
+                if (controlo->isVisible() && controlo->isEnabled()) nomes << controlo->objectName();
+            return nomes.join(u' ');
+        };
+        QCOMPARE(serve(), u"cmdProcurar Lista"_s);
+        form.Abrir(p.Ficheiro(u"gente.vcf"_s, de_tudo));
+        QCOMPARE(serve(), u"ProgressBar1"_s);
+        QCOMPARE(form.Lista->accessibleDescription(), QString());
+        QTRY_VERIFY(!form.ProgressBar1->isVisible());
+        const QString lido =
+            u"cmdProcurar Lista ComboEscolha ComboGrupos chkCriar ComboCodificacao chkJuntar cmdImportar"_s;
+        QCOMPARE(serve(), lido);
+        QString enquanto;
+        QTimer::singleShot(0, &form, [&] { enquanto = serve(); });
+        form.cmdImportar->click();
+        QCOMPARE(enquanto, u"ProgressBar1"_s);
+        QCOMPARE(serve(), u"cmdAnular"_s);
+        form.cmdAnular->click();
+        QCOMPARE(serve(), lido);
+        QVERIFY(form.ProgressBar1->sizePolicy().retainSizeWhenHidden());
+    }
+
+    void outro_ficheiro_comeca_do_principio()
+    {
+        Programa p;
+        Formulario f(p);
+        f.form.ComboCodificacao->setCurrentIndex(3);
+        f.form.Abrir(p.Ficheiro(u"outra.vcf"_s, Cartao("FN:Rui")));
+        QCOMPARE(f.Linhas(), 0); // until it is read
+        QVERIFY(!f.form.Lista->currentIndex().isValid());
+        QCOMPARE(f.form.txtContacto->toPlainText(), QString());
+        QCOMPARE(f.form.ProgressBar1->value(), 0);
+        QCOMPARE(f.form.ComboCodificacao->currentIndex(), 0);
+        f.Esperar();
+        QCOMPARE(f.Linhas(), 1);
+    }
+
+    // A tree asks each row whether there are others under it.
+    void a_lista_tem_vistos_so_na_primeira_coluna_e_nada_por_baixo_das_linhas()
+    {
+        Programa p;
+        const Formulario f(p);
+        const QAbstractItemModel &linhas = *f.form.Lista->model();
+        const QModelIndex primeira = linhas.index(0, ContactosAImportar::Nome);
+        QCOMPARE(linhas.rowCount(primeira), 0);
+        QCOMPARE(linhas.columnCount(primeira), 0);
+        for (int i = 0; i < linhas.columnCount(); ++i) {
+            const QModelIndex celula = linhas.index(1, i);
+            QCOMPARE(celula.data(Qt::CheckStateRole).isValid(), i == ContactosAImportar::Nome);
+            QCOMPARE(celula.flags().testFlag(Qt::ItemIsUserCheckable), i == ContactosAImportar::Nome);
+            QCOMPARE(celula.data(Qt::ToolTipRole), celula.data(Qt::DisplayRole));
+            for (const int papel : {Qt::DecorationRole, Qt::FontRole})
+                QVERIFY(!celula.data(papel).isValid());
+            QVERIFY(!linhas.headerData(i, Qt::Horizontal, Qt::DecorationRole).isValid());
+        }
+        QVERIFY(!linhas.headerData(0, Qt::Vertical, Qt::DisplayRole).isValid());
+    }
+
+    void outro_grupo_diz_se_logo_no_contacto_que_nao_tem_nenhum()
+    {
+        Programa p;
+        Formulario f(p, Cartao("FN:Rui"));
+        for (const int qual : {1, 0}) {
+            f.form.ComboGrupos->setCurrentIndex(qual);
+            Q_EMIT f.form.ComboGrupos->activated(qual);
+            QVERIFY(f.form.txtContacto->toPlainText().contains(p.s.Texto(42) + u' ' + f.form.ComboGrupos->List(qual)));
+        }
+    }
+
     // What is done
+
+    void quem_diz_um_grupo_da_lista_vai_para_ele_qualquer_que_seja()
+    {
+        Programa p;
+        QStringList grupos;
+        QByteArray cartoes;
+        {
+            const frmImportarContactos form(p.s.geral, p.s.plataforma, &p.janela);
+            for (int i = 0; i < form.ComboGrupos->ListCount(); ++i) {
+                grupos << QString::number(form.ComboGrupos->ItemData(i));
+                cartoes += Cartao("FN:Pessoa " + QByteArray::number(i) +
+                                  "\r\nCATEGORIES:" + form.ComboGrupos->List(i).toUtf8());
+            }
+        }
+        QVERIFY(grupos.size() > 1);
+        p.s.geral.GrupoActual = grupos.constLast();
+        Formulario f(p, cartoes);
+        f.form.cmdImportar->click();
+        QCOMPARE(p.s.Linhas(u"SELECT Grupo FROM TblLista WHERE Nome LIKE 'Pessoa%' ORDER BY ID"_s), grupos);
+    }
+
+    void quem_pode_ser_um_de_varios_junta_se_a_quem_se_escolhe()
+    {
+        Programa p;
+        p.s.Novo_Contacto({{u"Nome"_s, u"Eva Costa"_s}, {u"Email1"_s, u"ana@exemplo.pt"_s}, {u"Grupo"_s, 1}});
+        Formulario f(p, Cartao("FN:Outra Gente\r\nEMAIL:ana@exemplo.pt\r\nURL:outra.pt"));
+        QCOMPARE(f.form.ComboEscolha->count(), 4);
+        QCOMPARE(f.form.ComboEscolha->itemText(2), p.s.Texto(308) + u" Eva Costa"_s);
+        for (const int qual : {3, 1, 0, 2}) {
+            f.Escolher(qual);
+            QCOMPARE(f.form.ComboEscolha->currentIndex(), qual);
+        }
+        QCOMPARE(f.Celula(0, ContactosAImportar::IgualA), u"Eva Costa"_s);
+        f.form.cmdImportar->click();
+        QCOMPARE(p.Contactos(), (QStringList{u"Ana Silva|"_s, u"Eva Costa|outra.pt"_s}));
+    }
+
+    void de_muitos_com_quem_se_podia_juntar_oferecem_se_vinte()
+    {
+        Programa p;
+        for (int i = 0; i < 21; ++i)
+            p.s.Novo_Contacto(
+                {{u"Nome"_s, u"Rui Costa"_s}, {u"Telefone1"_s, QString::number(1000000 + i)}, {u"Grupo"_s, 1}});
+        Formulario f(p, Cartao("FN:Rui Costa\r\nTEL;TYPE=HOME:213333333"));
+        QCOMPARE(f.form.ComboEscolha->count(), 2 + 20);
+        QCOMPARE(f.form.txtContacto->toPlainText().count(p.s.Texto(313)), 20);
+        f.Escolher(21);
+        QCOMPARE(f.form.ComboEscolha->currentIndex(), 21); // the last is to skip it
+        QVERIFY(!f.Marcado(0));
+    }
+
+    void o_relatorio_conta_todas_as_faltas_e_mostra_as_primeiras_mil()
+    {
+        Programa p;
+        Formulario f(p, Cartao("FN:Rui") + QByteArray("BEGIN:VCARD\r\nVERSION:3.0\r\nEND:VCARD\r\n").repeated(1001));
+        f.form.cmdImportar->click();
+        const QString relatorio = f.form.txtContacto->toPlainText();
+        QVERIFY(relatorio.contains(p.s.Texto(298) + u" 1001"_s));
+        QCOMPARE(relatorio.count(p.s.Texto(318)), 1000);
+    }
+
+    void um_cancelamento_ouve_se_ao_primeiro_passo_e_nao_vale_da_proxima_vez()
+    {
+        Programa p;
+        Formulario f(p);
+        QTimer::singleShot(0, &f.form, [&] { f.form.cmdCancelar->click(); });
+        f.form.cmdImportar->click();
+        QCOMPARE(f.form.lblContagem->text(), p.s.Texto(333));
+        QCOMPARE(p.Contactos().size(), 1);
+        f.form.cmdImportar->click();
+        QCOMPARE(p.Contactos().size(), 3);
+    }
 
     void importar_da_o_relatorio_e_a_lista_le_se_de_novo()
     {
@@ -280,6 +453,9 @@ private Q_SLOTS:
         QVERIFY(f.form.isVisible());
         QVERIFY(!f.form.cmdImportar->isVisible() && f.form.cmdAnular->isVisible());
         QCOMPARE(f.form.cmdCancelar->text(), p.s.Texto(135));
+        QCOMPARE(f.form.focusWidget(), f.form.cmdCancelar);
+        QCOMPARE(f.form.ComboEscolha->count(), 0);
+        QCOMPARE(f.form.txtContacto->textCursor().position(), 0); // it is read from its beginning
     }
 
     void o_relatorio_diz_tudo_o_que_foi_feito_e_o_que_faltou()
@@ -330,6 +506,7 @@ private Q_SLOTS:
         QCOMPARE(p.s.Linhas(u"SELECT * FROM TblLista"_s), antes);
         QCOMPARE(p.s.Linhas(u"SELECT * FROM TblGrupos WHERE NomeGrupo = 'Xadrez'"_s).size(), 0);
         QCOMPARE(f.form.lblContagem->text(), p.s.Texto(332));
+        QVERIFY(f.form.txtContacto->toPlainText().contains(u"Rui Costa"_s)); // in the place of the report
         f.form.cmdImportar->click(); // and once more
         QCOMPARE(p.Contactos().size(), 3);
     }
@@ -366,6 +543,33 @@ private Q_SLOTS:
         f.form.cmdImportar->click();
         QCOMPARE(p.Contactos(),
                  (QStringList{u"Ana Silva|ana.pt"_s, u"Rui Costa|"_s, u"Ana Silva|"_s, u"Outra Gente|"_s}));
+    }
+
+    void espaco_muda_o_visto_da_primeira_linha_uma_so_vez_em_qualquer_coluna()
+    {
+        Programa p;
+        Formulario f(p);
+        f.form.Lista->setFocus();
+        for (int coluna = 0; coluna < ContactosAImportar::quantas_colunas; ++coluna) {
+            f.form.Lista->setCurrentIndex(f.form.Lista->model()->index(0, coluna));
+            for (const bool marcado : {false, true}) {
+                QTest::keyClick(f.form.Lista, Qt::Key_Space);
+                QCOMPARE(f.Marcado(0), marcado);
+            }
+        }
+        QVERIFY(f.form.Lista->model()->setData(f.form.Lista->model()->index(0, 0), Qt::Unchecked, Qt::CheckStateRole));
+        QVERIFY(!f.Marcado(0));
+    }
+
+    void sem_juntar_quem_se_liga_vem_como_novo_tambem_sozinho()
+    {
+        Programa p;
+        Formulario f(p, Cartao("FN:Ana Silva\r\nEMAIL:ana@exemplo.pt\r\nURL:ana.pt"));
+        f.form.chkJuntar->click();
+        QVERIFY(!f.Marcado(0));
+        QTest::keyClick(f.form.Lista, Qt::Key_Space);
+        QVERIFY(f.Marcado(0));
+        QCOMPARE(f.form.ComboEscolha->currentText(), p.s.Texto(307));
     }
 
     void um_clique_no_visto_liga_e_desliga_a_linha_e_mais_nada_se_escreve_nela()
@@ -478,6 +682,36 @@ private Q_SLOTS:
         QCOMPARE(p.Contactos(), (QStringList{u"Ana Silva|"_s, u"Rui Costa|"_s, u"Outra Gente|"_s}));
     }
 
+    void um_so_contacto_que_vem_ou_se_completa_ja_precisa_do_seu_direito()
+    {
+        for (const bool e_novo : {true, false}) {
+            Programa p;
+            Formulario f(p, e_novo ? Cartao("FN:Rui") : Cartao("FN:Ana Silva\r\nEMAIL:ana@exemplo.pt\r\nURL:ana.pt"));
+            const QStringList antes = p.Contactos();
+            Sessao &sessao = p.s.geral.SessaoActual;
+            (e_novo ? sessao.Adicionar : sessao.Editar) = false; // since the file was read
+            p.s.caixas.Espera(p.s.Texto(102), box::stop, u"Morvex"_s);
+            f.form.cmdImportar->click();
+            QVERIFY(p.s.caixas.Todas_Vistas());
+            QCOMPARE(p.Contactos(), antes);
+            sessao.Adicionar = e_novo; // the other right is not asked for
+            sessao.Editar = !e_novo;
+            f.form.cmdImportar->click();
+            QVERIFY(p.Contactos() != antes);
+        }
+    }
+
+    void sem_o_direito_de_criar_grupos_nao_se_cria_o_que_antes_se_pediu()
+    {
+        Programa p;
+        Formulario f(p);
+        f.form.chkCriar->click();
+        f.Esperar();
+        p.s.geral.SessaoActual.Grupos = false;
+        f.form.cmdImportar->click();
+        QCOMPARE(p.s.Linhas(u"SELECT * FROM TblGrupos WHERE NomeGrupo = 'Xadrez'"_s).size(), 0);
+    }
+
     // Files that are none
 
     void um_ficheiro_que_se_nao_le_diz_se()
@@ -528,6 +762,7 @@ private Q_SLOTS:
         Programa p;
         Formulario f(p, "nada\r\n");
         QCOMPARE(f.Linhas(), 0);
+        QVERIFY(f.form.focusWidget() != f.form.Lista);
         QVERIFY(!f.form.cmdImportar->isEnabled());
         QCOMPARE(f.form.Lista->accessibleDescription(), p.s.Texto(331));
     }
@@ -633,8 +868,10 @@ private Q_SLOTS:
         QVERIFY(p.s.caixas.Todas_Vistas());
         QCOMPARE(p.Contactos().size(), 1);
         QVERIFY(f.form.cmdImportar->isVisible() && f.form.cmdImportar->isEnabled());
+        const QSignalSpy andamento(f.form.ProgressBar1, &QProgressBar::valueChanged);
         f.form.cmdImportar->click();
         QCOMPARE(p.Contactos().size(), 501);
+        QVERIFY(andamento.size() > 1); // from nought on
     }
 
     void uma_agenda_cheia_diz_quantos_ainda_cabem()
@@ -643,8 +880,10 @@ private Q_SLOTS:
         p.s.Escrever(u"UPDATE sqlite_sequence SET seq = 32766 WHERE name = 'TblLista'"_s);
         Formulario f(p);
         p.s.caixas.Espera(p.s.Texto(327) + u" 1"_s, box::stop, p.s.Texto(285));
+        const QString lidos = f.form.lblContagem->text();
         f.form.cmdImportar->click();
         QVERIFY(p.s.caixas.Todas_Vistas());
+        QCOMPARE(f.form.lblContagem->text(), lidos);
         QCOMPARE(p.Contactos(), QStringList{u"Ana Silva|"_s});
         QVERIFY(f.form.cmdImportar->isEnabled());
     }

@@ -6,11 +6,14 @@ foreach(teste IN ITEMS
     test_ConteudoDoQR
     test_ContactoDoCartao
     test_ContactosDaTabela
+    test_DestinosDeSaida
     test_EscritaDaImportacao
     test_ExportacaoDeContactos
+    test_FicheiroDeContactos
     test_ImportacaoDeContactos
     test_JuncaoDeContactos
     test_LeituraDaTabela
+    test_LinhasDoContacto
     test_RegraDosDuplicados
     test_RetratoDoContacto
     test_RotulosDoCartao

@@ -138,6 +138,17 @@ private Q_SLOTS:
                      CsvHeaders::folded(QChar(um) + u" 中"_s));
     }
 
+    void um_nome_comprido_de_letras_que_dao_varias_dobra_se_inteiro()
+    {
+        QCOMPARE(CsvHeaders::folded(QString(5000, u'ß')), QString(10'000, u's'));
+        QCOMPARE(CsvHeaders::folded(QString(5000, u'½')), u"1 2"_s.repeated(5000));
+    }
+
+    void a_primeira_letra_depois_das_europeias_fica_como_e()
+    {
+        QCOMPARE(CsvHeaders::folded(u"\u017f \u0180a"_s), u"s \u0180a"_s);
+    }
+
     void as_colunas_numeradas_tem_numero_e_rotulo()
     {
         QCOMPARE(
@@ -172,6 +183,9 @@ private Q_SLOTS:
     {
         QCOMPARE(Campos(u"Title;First Name"_s), (std::vector<F>{F::NamePrefix, F::GivenName}));
         QCOMPARE(Campos(u"First Name;Title"_s), (std::vector<F>{F::GivenName, F::Detail}));
+        QCOMPARE(Campos(u"Last Name;Title"_s), (std::vector<F>{F::FamilyName, F::Detail}));
+        QCOMPARE(Campos(u"Full Name;Title"_s), (std::vector<F>{F::FullName, F::Detail}));
+        QCOMPARE(Campos(u"Notes;Title"_s), (std::vector<F>{F::Note, F::NamePrefix})); // nobody's name is before it
         QCOMPARE(Campos(u"Titre;Prénom;Titre"_s), (std::vector<F>{F::NamePrefix, F::GivenName, F::Detail}));
     }
 

@@ -165,6 +165,13 @@ private Q_SLOTS:
         QVERIFY(csvCells(u"", u',').empty());
     }
 
+    void uma_linha_acaba_em_cr_em_lf_ou_nos_dois_e_a_seguinte_comeca_logo_atras()
+    {
+        const Linhas tres{{u"a"_s}, {u"b"_s, u"c"_s}, {QString()}};
+        for (const auto &fim : {u"\r"_s, u"\n"_s, u"\r\n"_s})
+            QCOMPARE(csvCells(u"a%1b,c%1\"\"%1"_s.arg(fim), u','), tres);
+    }
+
     void a_primeira_linha_e_de_nomes_se_nao_tem_dados_data()
     {
         QTest::addColumn<QByteArray>("ficheiro");
@@ -193,6 +200,8 @@ private Q_SLOTS:
         QFETCH(bool, nomes);
         QCOMPARE(readCsv(ficheiro).hasHeader, nomes);
     }
+
+    void uma_tabela_por_ler_nao_tem_nomes() { QVERIFY(!CsvTable().hasHeader); }
 
     void o_apostrofo_que_guarda_de_formulas_sai()
     {
