@@ -150,7 +150,9 @@ void CrystalReport::showPreview()
     connect(preview_, &ReportPreview::printWanted, this, &CrystalReport::printShown);
     connect(preview_, &ReportPreview::pdfWanted, this, [this] { savePdf(*preview_->pages(), preview_); });
     connect(preview_, &ReportPreview::refreshWanted, this, [this] {
-        preview_->setPages(pages());
+        const std::shared_ptr<ReportPages> anew = pages();
+        disconnect(waiting_); // or what is no longer shown would be told as well
+        preview_->setPages(anew);
         sayLostWhenFound();
     });
     if (windowState_ == maximised)
@@ -216,11 +218,8 @@ void CrystalReport::sayLostWhenFound()
     const std::shared_ptr<ReportPages> shown = preview_->pages();
     if (shown->complete() || shown->data().size() <= few) return sayLost(*shown, preview_);
     auto *view = preview_->findChild<ReportView *>();
-    auto *waiting = new QObject(preview_);
-    connect(view, &ReportView::pagesFound, waiting, [this, waiting](int, bool all) {
-        if (!all) return;
-        waiting->deleteLater();
-        sayLost(*preview_->pages(), preview_);
+    waiting_ = connect(view, &ReportView::pagesFound, this, [this](int, bool all) {
+        if (all) sayLost(*preview_->pages(), preview_);
     });
 }
 

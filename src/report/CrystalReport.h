@@ -76,6 +76,7 @@ private:
     std::unique_ptr<ReportPrinter> printer_;
     std::function<QByteArray(const QString &)> held_;
     QPointer<ReportPreview> preview_;
+    QMetaObject::Connection waiting_; // for the last page of what is shown
 
     QString reportFileName_;
     std::map<int, QString> parameterFields_;

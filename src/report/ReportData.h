@@ -15,7 +15,7 @@ public:
     ReportData(const ReportDefinition &definition, const QString &database, const QString &selection,
                const QStringList &sort);
 
-    std::size_t size() const { return width_ == 0 ? 0 : cells_.size() / width_; }
+    std::size_t size() const { return cells_.size() / width_; }
     // A field of a record by its number in the definition; what is Null in the database is the empty text.
     const QString &field(std::size_t record, std::size_t number) const
     {

@@ -110,11 +110,9 @@ void ReportPreview::addOutputs(QToolBar &bar, const Look &look)
     const auto word = [&](ReportWord w) { return reportWord(w, look.language); };
     QAction *print = newAction(bar, "print", word(ReportWord::Print), {QKeySequence::Print});
     print->setVisible(look.print);
-    print->setEnabled(look.print);
     QAction *pdf = newAction(bar, "pdf", word(ReportWord::SavePdf), {QKeySequence::Save});
     QAction *refresh = newAction(bar, "refresh", word(ReportWord::Refresh), {Qt::Key_F5});
     refresh->setVisible(look.refresh);
-    refresh->setEnabled(look.refresh);
     if (look.search) {
         searched_ = new QLineEdit;
         searched_->setObjectName("search"_L1);
@@ -138,7 +136,6 @@ void ReportPreview::setPages(std::shared_ptr<ReportPages> pages)
 {
     lastFound_ = 0;
     view_->setPages(std::move(pages));
-    showPage(view_->page());
 }
 
 const std::shared_ptr<ReportPages> &ReportPreview::pages() const { return view_->pages(); }
@@ -149,7 +146,6 @@ void ReportPreview::resizeEvent(QResizeEvent *event)
 {
     const bool room = looking_->sizeHint().width() + outputs_->sizeHint().width() <= event->size().width();
     if (room == toolBarBreak(outputs_)) room ? removeToolBarBreak(outputs_) : insertToolBarBreak(outputs_);
-    QMainWindow::resizeEvent(event);
 }
 
 void ReportPreview::keyPressEvent(QKeyEvent *event)

@@ -33,7 +33,6 @@ void ReportView::setPages(std::shared_ptr<ReportPages> pages)
     refit();
     if (!pages_->complete()) finding_.start(0);
     Q_EMIT pagesFound(pages_->found(), pages_->complete());
-    viewport()->update();
 }
 
 // A slice short enough that keys and wheel don't notice.
@@ -141,7 +140,6 @@ void ReportView::wheelEvent(QWheelEvent *event)
 {
     if (!event->modifiers().testFlag(Qt::ControlModifier)) return QAbstractScrollArea::wheelEvent(event);
     if (event->angleDelta().y() != 0) zoomBy(event->angleDelta().y() > 0 ? step : 1 / step);
-    event->accept();
 }
 
 void ReportView::keyPressEvent(QKeyEvent *event)

@@ -11,6 +11,7 @@
 
 #include <memory>
 #include <QAccessible>
+#include <QDialog>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
@@ -101,6 +102,37 @@ class TestCrystalReport : public QObject
         if (!controlo_->preview()) qFatal("no preview came");
         return *controlo_->preview();
     }
+    // A definition of texts with room for two lines, and a database with so many records of which the last ones
+    // have the given text; they come in their order.
+    void Com_Pouco_Lugar(int registos, const QStringList &ultimos, const QString &detalhe = {})
+    {
+        const QString base = Caminho(u"curta.mdb"_s);
+        QFile::remove(base);
+        QStringList comandos{u"CREATE TABLE T (ID INTEGER PRIMARY KEY, Nome TEXT) STRICT"_s,
+                             u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < %1) "
+                             "INSERT INTO T SELECT i, 'Nome ' || i FROM n"_s.arg(registos)};
+        for (qsizetype i = 0; i < ultimos.size(); ++i)
+            comandos << u"UPDATE T SET Nome = 'a' || char(10) || 'b' || char(10) || '%1' WHERE ID = %2"_s
+                            .arg(ultimos[i])
+                            .arg(registos - ultimos.size() + i + 1);
+        createDatabase(base, comandos);
+        QFile file(Caminho(u"curto.rpt"_s));
+        if (file.open(QIODevice::WriteOnly))
+            file.write((u"<report title='Lista' table='T'><detail %1><row height='800'><text width='5000' "
+                        "height='480'>{T.Nome}</text></row></detail></report>"_s.arg(detalhe))
+                           .toUtf8());
+        file.close();
+        controlo_->setReportFileName(file.fileName());
+        controlo_->setDataFiles(0, base);
+        controlo_->setSortFields(0, u"+{T.ID}"_s);
+    }
+    void Esperar_O_Que_Nao_Cabe(const QStringList &linhas)
+    {
+        caixas_->Espera(u"Estas linhas não cabem na folha, nem em letra mais pequena, e ficam por imprimir:"
+                        "\r\n\r\n"_s +
+                            linhas.join("\r\n"_L1),
+                        box::exclamation, u"Imprimir"_s);
+    }
     static void Accionar(const ReportPreview &janela, const char *nome)
     {
         Parte<QAction>(janela, nome)->trigger();
@@ -115,7 +147,7 @@ private Q_SLOTS:
              u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 500) "
              "INSERT INTO T SELECT i, 'Nome ' || i FROM n"_s,
              u"CREATE TABLE Textos (ID INTEGER PRIMARY KEY, AlemaoDE TEXT, \"In \"\"glês\" TEXT) STRICT"_s,
-             u"INSERT INTO Textos VALUES (1, '&Liste', 'List'), (2, 'Gruppe\u00A0:', 'Group'), "
+             u"INSERT INTO Textos VALUES (1, '&Liste:', 'List'), (2, 'Gruppe\u00A0:', 'Group'), "
              "(3, '', NULL), (4, 'A && B: C', '')"_s});
         QFile file(Caminho(u"r.rpt"_s));
         QVERIFY(file.open(QIODevice::WriteOnly));
@@ -298,6 +330,48 @@ private Q_SLOTS:
                         box::exclamation, u"Imprimir"_s);
         Correr(ReportControl::Printer);
         QVERIFY(caixas_->Todas_Vistas());
+    }
+
+    void de_dez_linhas_que_nao_cabem_dizem_se_todas()
+    {
+        QStringList dez;
+        for (int i = 1; i <= 10; ++i)
+            dez << u"perdida %1"_s.arg(i);
+        Com_Pouco_Lugar(12, dez);
+        Esperar_O_Que_Nao_Cabe(dez);
+        Correr(ReportControl::Printer);
+        QVERIFY(caixas_->Todas_Vistas());
+    }
+    void a_mesma_linha_em_dois_registos_diz_se_uma_vez()
+    {
+        Com_Pouco_Lugar(4, {u"perdida"_s, u"outra"_s, u"perdida"_s});
+        Esperar_O_Que_Nao_Cabe({u"perdida"_s, u"outra"_s});
+        Correr(ReportControl::Printer);
+        QVERIFY(caixas_->Todas_Vistas());
+    }
+    void de_quinhentos_registos_diz_se_logo_o_que_nao_cabe()
+    {
+        Com_Pouco_Lugar(500, {u"perdida"_s}, u"newpage='yes'"_s);
+        Esperar_O_Que_Nao_Cabe({u"perdida"_s});
+        Pre_Visualizar();
+        QVERIFY(caixas_->Todas_Vistas());
+    }
+    void o_que_nao_cabe_diz_se_uma_vez_por_cada_vez_que_se_actualiza()
+    {
+        Com_Pouco_Lugar(501, {u"perdida"_s}, u"newpage='yes'"_s);
+        controlo_->setWindowShowRefreshBtn(true);
+        Esperar_O_Que_Nao_Cabe({u"perdida"_s});
+        const ReportPreview &janela = Pre_Visualizar();
+        Accionar(janela, "refresh"); // before the last page is found
+        QVERIFY(!janela.pages()->complete());
+        QTRY_VERIFY(janela.pages()->complete());
+        QTRY_VERIFY(caixas_->Todas_Vistas());
+        QCOMPARE(caixas_->vistas.size(), 1);
+        Esperar_O_Que_Nao_Cabe({u"perdida"_s});
+        Accionar(janela, "refresh");
+        QTRY_VERIFY(janela.pages()->complete());
+        QTRY_VERIFY(caixas_->Todas_Vistas());
+        QCOMPARE(caixas_->vistas.size(), 2);
     }
 
     // Nobody waits for it: the preview is there before its last page is found.
@@ -589,6 +663,31 @@ private Q_SLOTS:
         caixas_->Espera(u"Não foi possível gravar o ficheiro."_s, box::exclamation, u"Guardar como PDF"_s);
         Accionar(Pre_Visualizar(), "pdf");
         QVERIFY(caixas_->Todas_Vistas());
+    }
+    void sem_mais_nada_pedido_so_se_pode_imprimir()
+    {
+        const ReportPreview &janela = Pre_Visualizar();
+        QVERIFY(Parte<QAction>(janela, "print")->isVisible());
+        QVERIFY(!Parte<QAction>(janela, "refresh")->isVisible());
+        QVERIFY(!janela.findChild<QLineEdit *>(u"search"_s));
+    }
+    void a_previsualizacao_esta_a_frente_da_janela_que_a_pede()
+    {
+        QVERIFY(!Pre_Visualizar().parentWidget());
+        QVERIFY(!controlo_->preview()->isModal());
+        QWidget dona;
+        controlo_ = std::make_unique<CrystalReport>(
+            *caixas_, dialogos_, relogio_, [this] { return idioma_; }, &dona, std::make_unique<ImpressoraFalsa>());
+        controlo_->setReportFileName(Caminho(u"r.rpt"_s));
+        controlo_->setConnect(Caminho(u"base.mdb"_s));
+        QCOMPARE(Pre_Visualizar().parentWidget(), &dona);
+        QCOMPARE(controlo_->preview()->windowModality(), Qt::WindowModal);
+        controlo_->preview()->close();
+        QDialog a_frente(&dona);
+        a_frente.setModal(true);
+        a_frente.show();
+        QCOMPARE(Pre_Visualizar().parentWidget(), &a_frente);
+        controlo_.reset();
     }
     void os_botoes_da_janela_sao_os_pedidos()
     {

@@ -47,7 +47,7 @@ private Q_SLOTS:
             base_,
             {u"CREATE TABLE T (ID INTEGER PRIMARY KEY, Nome TEXT COLLATE MORVEX, Grupo INTEGER, \"O'Neill\" TEXT) STRICT"_s,
              u"CREATE TABLE G (ID INTEGER PRIMARY KEY, Nome TEXT COLLATE MORVEX) STRICT"_s,
-             u"INSERT INTO G VALUES (1, 'Amigos'), (2, 'Firma')"_s,
+             u"INSERT INTO G VALUES (1, 'Amigos'), (2, 'Firma'), (3, 'D''Artagnan')"_s,
              u"INSERT INTO T VALUES (1, 'Zita', 1, NULL), (2, 'Álvaro', 2, 'x'), (3, 'ana', 1, ''), (4, 'Ana', 9, '')"_s});
         definition_.table = u"T"_s;
         definition_.lookups = {{u"G"_s, u"ID"_s, u"Grupo"_s, {}}};
@@ -116,6 +116,20 @@ private Q_SLOTS:
         fixa.fields = {{u"G"_s, u"ID"_s}};
         QCOMPARE(ReportData(fixa, base_, {}, {}).field(0, 0), QString());
     }
+    void um_valor_fixo_com_plica_acha_o_seu_registo()
+    {
+        ReportDefinition fixa = definition_;
+        fixa.lookups = {{u"G"_s, u"Nome"_s, {}, u"D'Artagnan"_s}};
+        fixa.fields = {{u"G"_s, u"ID"_s}};
+        QCOMPARE(ReportData(fixa, base_, {}, {}).field(0, 0), u"3"_s);
+    }
+    void um_relatorio_sem_campos_tem_os_seus_registos()
+    {
+        ReportDefinition so_texto = definition_;
+        so_texto.fields.clear();
+        QCOMPARE(ReportData(so_texto, base_, {}, {}).size(), 4U);
+        QCOMPARE(ReportData(so_texto, base_, u"{T.ID}=99"_s, {}).size(), 0U);
+    }
     void nada_e_escrito_nem_fica_trancado()
     {
         QFile file(base_);
@@ -153,8 +167,8 @@ private Q_SLOTS:
     void uma_ordem_errada_e_recusada_data()
     {
         QTest::addColumn<QString>("sort");
-        for (const char *sort :
-             {"{T.Nome}", "+T.Nome", "+{T.Pass}", "+{T.Nome", "+{T.Nome} DESC, (SELECT 1)", "+", "+{}"})
+        for (const char *sort : {"{T.Nome}", "+T.Nome", "+{T.Pass}", "+{T.Nome", "+{T.Nomes", "x{T.Nome}",
+                                 "+{T.Nome} DESC, (SELECT 1)", "+", "+{}"})
             QTest::newRow(sort) << QString::fromLatin1(sort);
     }
     void uma_ordem_errada_e_recusada()

@@ -86,9 +86,121 @@ private Q_SLOTS:
             QCOMPARE(texto.colour, 0U);
             QCOMPARE(texto.least, 0.0);
         }
-        QCOMPARE(d.detail.rows.at(0).elements.at(2).thickness, 10.0);
+        const ReportElement &traco = d.detail.rows.at(0).elements.at(2);
+        QCOMPARE(traco.kind, ReportElement::Line);
+        QCOMPARE(traco.thickness, 10.0);
+        QVERIFY(!traco.grows && !traco.dropsLines && !traco.screenOnly);
+        QCOMPARE(traco.least, 0.0);
         QCOMPARE(d.detail.rows.at(0).from, 0.0);
         QVERIFY(!d.detail.rows.at(0).closesUp);
+    }
+    void uma_faixa_que_falta_nao_toma_lugar_nem_muda_de_pagina()
+    {
+        const ReportDefinition d = Ler_Com({});
+        for (const ReportBand *faixa :
+             {&d.reportHeader, &d.pageHeader, &d.continued, &d.detail, &d.pageFooter, &d.reportFooter}) {
+            QVERIFY(faixa->rows.empty() && faixa->first.isEmpty());
+            QVERIFY(!faixa->newPage && !faixa->together);
+            QCOMPARE(faixa->height, 0.0);
+            QCOMPARE(faixa->width, 0.0);
+            QCOMPARE(faixa->columns, 1);
+        }
+        QCOMPARE(d.bodyHeight(), 16840.0);
+    }
+    // Twips, up to seventy inches.
+    void um_comprimento_vai_de_nada_a_cem_mil()
+    {
+        QCOMPARE(Ler_Com(u"<detail height='100000'/>"_s).detail.height, 100'000.0);
+        QCOMPARE(Ler_Com(u"<detail height='0'/>"_s).detail.height, 0.0);
+        VERIFICAR_FALHA(Ler_Com(u"<detail height='100000.5'/>"_s), Failure::InvalidPropertyValue);
+        VERIFICAR_FALHA(Ler_Com(u"<detail height='-0.5'/>"_s), Failure::InvalidPropertyValue);
+    }
+    void o_que_nao_e_cor_e_recusado_data()
+    {
+        QTest::addColumn<QString>("cor");
+        for (const char *cor : {"#12345g", "#12345", "x123456", "1234567", "#1234567", "#"})
+            QTest::newRow(cor) << QString::fromLatin1(cor);
+    }
+    void o_que_nao_e_cor_e_recusado()
+    {
+        QFETCH(QString, cor);
+        try {
+            Ler_Com(u"<font name='f' colour='%1'/>"_s.arg(cor));
+            QFAIL("the colour was taken");
+        } catch (const Failure &failure) {
+            QVERIFY(failure.description().endsWith(u": A colour is written #rrggbb, not "_s + cor));
+        }
+    }
+    void um_atributo_que_o_elemento_nao_tem_e_recusado_data()
+    {
+        QTest::addColumn<QString>("xml");
+        const auto caso = [](const char *elemento, const QString &dentro) {
+            QTest::newRow(elemento) << u"<report table='T'>"_s + dentro + u"</report>"_s;
+        };
+        QTest::newRow("report") << u"<report table='T' cor='1'/>"_s;
+        caso("paper", u"<paper cor='1'/>"_s);
+        caso("font", u"<font name='f' cor='1'/>"_s);
+        caso("parameter", u"<parameter name='p' cor='1'/>"_s);
+        caso("texts", u"<texts table='T' key='ID' cor='1'/>"_s);
+        caso("lookup", u"<lookup table='G' key='ID' equals='1' cor='1'/>"_s);
+        caso("detail", u"<detail cor='1'/>"_s);
+        caso("pageheader", u"<pageheader cor='1'/>"_s);
+        caso("row", u"<detail><row cor='1'/></detail>"_s);
+        caso("text", u"<detail><row><text cor='1'>a</text></row></detail>"_s);
+        caso("picture", u"<detail><row><picture cor='1'>a</picture></row></detail>"_s);
+        caso("line", u"<detail><row><line cor='1'/></row></detail>"_s);
+        caso("box", u"<detail><row><box cor='1'/></row></detail>"_s);
+    }
+    void um_atributo_que_o_elemento_nao_tem_e_recusado()
+    {
+        QFETCH(QString, xml);
+        try {
+            Ler(xml);
+            QFAIL("the attribute was taken");
+        } catch (const Failure &failure) {
+            QVERIFY2(failure.description().endsWith(
+                         u": <%1> takes no attribute \"cor\""_s.arg(QString::fromLatin1(QTest::currentDataTag()))),
+                     qPrintable(failure.description()));
+        }
+    }
+    // Once each, however deep the fault lay.
+    void uma_falha_diz_o_ficheiro_a_linha_a_coluna_e_o_que_esta_mal()
+    {
+        const QString antes = folder_.filePath(u"r.rpt"_s) + u", line 2, column "_s;
+        const QString dentro = u"<detail><row><text>{?x}</text></row></detail>"_s;
+        const QString tabela = u"<detail><row><text>{G.A}</text></row></detail>"_s;
+        for (const auto &[xml, coluna, dito] :
+             {std::tuple{dentro, dentro.indexOf(u"</row>"_s), u"There is no parameter x"_s},
+              std::tuple{tabela, tabela.indexOf(u"</row>"_s),
+                         u"G is neither the report's table nor looked up"_s}}) {
+            try {
+                Ler_Com(xml);
+                QFAIL("the file was taken");
+            } catch (const Failure &failure) {
+                QCOMPARE(failure.source(), u"ReportDefinition"_s);
+                QCOMPARE(failure.description(), antes + QString::number(coluna) + u": "_s + dito);
+            }
+        }
+    }
+    void o_que_nao_e_XML_diz_se_antes_de_tudo_o_mais()
+    {
+        const auto dito = [this](const QString &xml) {
+            try {
+                Ler(xml);
+            } catch (const Failure &failure) {
+                return failure.description();
+            }
+            return QString();
+        };
+        const QString lista = dito(u"lista"_s);
+        QVERIFY2(!lista.isEmpty() && !lista.contains(u"no report"_s), qPrintable(lista));
+        const QString meio = dito(u"<report table='T'><detail><row><text>{T.<b/></text></row></detail></report>"_s);
+        QVERIFY2(!meio.isEmpty() && !meio.contains(u"brace"_s), qPrintable(meio));
+    }
+    void um_ficheiro_vazio_e_como_se_faltasse()
+    {
+        VERIFICAR_FALHA(Ler({}), Failure::FileNotFound);
+        VERIFICAR_FALHA(Ler(u"x"_s), Failure::InvalidPropertyValue);
     }
     void o_que_se_diz_da_letra_e_do_texto_vale()
     {
@@ -143,6 +255,7 @@ private Q_SLOTS:
         QTest::newRow("just not two") << u"<text height='399'>a</text>"_s << false;
         QTest::newRow("two lines that grow") << u"<text height='400' grow='yes'>a</text>"_s << false;
         QTest::newRow("one that shrinks") << u"<text height='200' least='6'>a</text>"_s << true;
+        QTest::newRow("one that shrinks to the least of all") << u"<text height='200' least='1'>a</text>"_s << true;
         QTest::newRow("a picture") << u"<picture height='400'>a</picture>"_s << false;
         QTest::newRow("a line") << u"<line height='400'/>"_s << false;
     }
@@ -183,11 +296,15 @@ private Q_SLOTS:
         const ReportElement &text = row.elements[0];
         QCOMPARE(text.area, QRectF(1, 2, 3, 4));
         QCOMPARE(text.font.pixelSize(), 165);
+        QVERIFY(text.font.bold() && !text.font.italic());
         QCOMPARE(text.colour, 0x102030U);
         QCOMPARE(text.align, Qt::AlignRight);
         QCOMPARE(text.head.parameters(), QStringList{u"p"_s});
+        QCOMPARE(row.elements[1].kind, ReportElement::Line);
         QCOMPARE(row.elements[1].thickness, 20.0);
+        QCOMPARE(row.elements[2].kind, ReportElement::Box);
         QVERIFY(row.elements[2].screenOnly);
+        QCOMPARE(row.elements[3].kind, ReportElement::Picture);
         QCOMPARE(row.elements[3].fallback, u"x.jpg"_s);
         QCOMPARE(d.fields, (std::vector<ReportField>{{u"T"_s, u"A"_s}, {u"T"_s, u"B"_s}}));
         QCOMPARE(d.parameters.value(u"p"_s), u"Tel"_s);
@@ -275,6 +392,11 @@ private Q_SLOTS:
              u"line 2"_s, u"0.5"_s);
         caso("cresce e encolhe", u"<detail><row><text least='6' grow='yes'>a</text></row></detail>"_s,
              u"line 2"_s, u"least"_s);
+        caso("cresce e encolhe ate ao minimo",
+             u"<detail><row><text least='1' grow='yes'>a</text></row></detail>"_s, u"line 2"_s,
+             u"A text that grows has no need of \"least\""_s);
+        caso("papel com outra coisa dentro", u"<paper><row/></paper>"_s, u"line 2"_s,
+             u": <row> doesn't belong here"_s);
         caso("sem lugar na folha", u"<paper top='9000' bottom='9000'/>"_s, u"line 3"_s, u"no room"_s);
         caso("consulta sem chave", u"<lookup table='G' equals='1'/>"_s, u"line 2"_s, u"key"_s);
         caso("texto sem numero", u"<parameter name='p' text='Nome'/>"_s, u"line 2"_s, u"Nome"_s);

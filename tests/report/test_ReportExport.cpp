@@ -10,6 +10,7 @@
 #include "testlib/SemPrivilegios.h"
 #include "testlib/Teste.h"
 
+#include <cmath>
 #include <freexl.h>
 #include <QFontMetricsF>
 #include <QJsonArray>
@@ -17,6 +18,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtEndian>
+#include <QtMath>
 
 using namespace Qt::StringLiterals;
 
@@ -140,16 +142,22 @@ struct Registo {
     QByteArray corpo;
     int Palavra(int lugar) const { return qFromLittleEndian<quint16>(corpo.constData() + 2 * lugar); }
 };
-QList<Registo> Registos(const QByteArray &livro, int so_estes)
+QList<Registo> Registos(const QByteArray &livro)
 {
     QList<Registo> registos;
     for (qsizetype i = 512; i + 4 <= livro.size();) {
         const int numero = qFromLittleEndian<quint16>(livro.constData() + i);
         const int tamanho = qFromLittleEndian<quint16>(livro.constData() + i + 2);
         if (numero == 0) break;
-        if (numero == so_estes) registos << Registo{numero, livro.mid(i + 4, tamanho)};
+        registos << Registo{numero, livro.mid(i + 4, tamanho)};
         i += 4 + tamanho;
     }
+    return registos;
+}
+QList<Registo> Registos(const QByteArray &livro, int so_estes)
+{
+    QList<Registo> registos = Registos(livro);
+    registos.removeIf([so_estes](const Registo &registo) { return registo.numero != so_estes; });
     return registos;
 }
 // Of each row of the first sheet, heads first, in twips.
@@ -245,12 +253,37 @@ QList<int> Tabuladores(const QByteArray &documento)
     return lugares;
 }
 
+// What a document of upright pages begins with.
+const QByteArray de_pe("{\\rtf1\\ansi\\ansicpg1252\\uc1\\deff0{\\fonttbl{\\f0\\fswiss Arial;}}\n"
+                       "\\paperw11906\\paperh16838\\margl1134\\margr1134\\margt1134\\margb1134\n"
+                       "{\\footer\\pard\\plain\\f0\\fs16\\qc\\chpgn\\par}\n");
+
 // In twips, of a text in the document's font.
 double Largura(const QString &texto, bool gorda)
 {
     QFont letra = officeFont(9, gorda ? QFont::Bold : QFont::Normal);
     letra.setKerning(false); // the document has none either
     return QFontMetricsF(letra).horizontalAdvance(texto);
+}
+
+// A word as wide as that, or as little less as its letters can be put together.
+QString Palavra_De(const TextMeasure &medida, double largura)
+{
+    const auto cabem = [&](double resta, QStringView letra) { return qFloor(resta / medida.width(letra)); };
+    QString melhor;
+    for (int n = cabem(largura, u"n"); n >= 0; --n) {
+        const double sem_n = largura - n * medida.width(u"n");
+        for (int mais = cabem(sem_n, u"+"); mais >= 0; --mais) {
+            const double sem_mais = sem_n - mais * medida.width(u"+");
+            for (int barras = cabem(sem_mais, u"|"); barras >= 0; --barras) {
+                const int i = cabem(sem_mais - barras * medida.width(u"|"), u"i");
+                const QString outra =
+                    QString(n, u'n') + QString(mais, u'+') + QString(barras, u'|') + QString(i, u'i');
+                if (medida.width(outra) > medida.width(melhor)) melhor = outra;
+            }
+        }
+    }
+    return melhor;
 }
 
 const QStringList escritas{u"Άννα Παπαδοπούλου"_s, u"Дмитрий Ёлкин"_s, u"王小明"_s,
@@ -417,7 +450,7 @@ private Q_SLOTS:
 
     void os_registos_que_nao_cabem_numa_folha_seguem_noutra()
     {
-        ReportRows rows{u"Lista"_s, {u"Nome"_s}, {}, {}};
+        ReportRows rows{QString(40, u'x'), {u"Nome"_s}, {}, {}};
         for (int i = 0; i < 65536; ++i)
             rows.records.push_back({QString::number(i)});
         Livro livro(rows);
@@ -427,7 +460,8 @@ private Q_SLOTS:
         QCOMPARE(livro.linhas, 2u);
         QCOMPARE(livro.Celula(0, 0), u"Nome"_s);
         QCOMPARE(livro.Celula(1, 0), u"65535"_s);
-        QCOMPARE(livro.Nome(1), u"Lista (2)"_s);
+        QCOMPARE(livro.Nome(0), QString(31, u'x'));
+        QCOMPARE(livro.Nome(1), QString(27, u'x') + u" (2)"_s);
     }
 
     // Of a workbook so small that its stream has the least length that a stream may have: eight sectors, then
@@ -604,6 +638,9 @@ private Q_SLOTS:
         const QByteArray livro = Pasta().Bytes(ReportControl::Spreadsheet, rows);
         QCOMPARE(Registos(livro, 0x1AE).value(0).corpo.toHex(), "02000104");
         QCOMPARE(Registos(livro, 0x17).value(0).corpo.toHex(), "0200000000000000000001000100");
+        const auto janelas = Registos(livro, 0x23E);
+        QCOMPARE(janelas.value(0).Palavra(0), 0x7BE); // in front
+        QCOMPARE(janelas.value(1).Palavra(0), 0x1BE);
         const auto nomes = Registos(livro, 0x18);
         QCOMPARE(nomes.size(), 2);
         QCOMPARE(nomes[0].corpo.toHex(' '),
@@ -775,6 +812,19 @@ private Q_SLOTS:
         QFETCH(uint, letra);
         const char32_t so_ela = letra;
         QTEST(textWidth(QString::fromUcs4(&so_ela, 1)), "lugares");
+    }
+
+    void metade_de_uma_letra_vale_por_uma()
+    {
+        const QChar primeira(0xD83D);
+        const QChar segunda(0xDE00);
+        QCOMPARE(textWidth(QString(primeira) + segunda), 2);
+        QCOMPARE(textWidth(QString(primeira)), 1);
+        QCOMPARE(textWidth(QString(primeira) + u'a'), 2);
+        QCOMPARE(textWidth(QString(u'a') + segunda), 2);
+        QCOMPARE(textWidth(QString(primeira) + primeira + segunda), 3);
+        QCOMPARE(wrappedLines(QString(u'a') + segunda + u"bc"_s, 3),
+                 (QStringList{QString(u'a') + segunda + u'b', u"c"_s}));
     }
 
     void a_palavra_mais_larga_mede_se_da_primeira_a_ultima_letra()
@@ -991,6 +1041,314 @@ private Q_SLOTS:
         VERIFICAR_FALHA(exportReport(ReportControl::Spreadsheet, Nomes(), ficheiro.fileName()),
                         Failure::PathFileAccess);
         QFile::setPermissions(pasta.pasta.path(), QFile::ReadOwner);
+    }
+
+    void um_documento_de_uma_lista_do_principio_ao_fim()
+    {
+        const ReportRows rows{u"Lista"_s, {u"A"_s, u"B"_s}, {}, {{u"a"_s, u"b"_s}, {u"c"_s, {}}}};
+        const QByteArray lista =
+            "\\pard\\plain\\f0\\fs18\\tx" + QByteArray::number(qFloor(Largura(u"A"_s, true) + 240));
+        QCOMPARE(Pasta().Bytes(ReportControl::Document, rows),
+                 de_pe + "{\\header" + lista + "\\sa120\\brdrb\\brdrs\\brdrw10\\b A\\tab B\\b0\\par}\n"
+                     "\\pard\\plain\\f0\\fs28\\sa240\\b Lista\\b0\\par\n" + lista +
+                     " a\\tab b\\par\nc\\tab \\par\n}");
+    }
+
+    void um_documento_de_fichas_do_principio_ao_fim()
+    {
+        ReportRows rows{u"Fichas"_s, {u"Nome"_s, u"Nota"_s}, {}, {{u"Abel"_s, u"um\n\tdois"_s}, {{}, u"tres"_s}}};
+        rows.sheets = true;
+        const int rotulos = qCeil(std::max(Largura(u"Nome"_s, true), Largura(u"Nota"_s, true))) + 240;
+        const QByteArray ficha =
+            "\\pard\\plain\\f0\\fs18" + QByteArray("\\li%\\fi-%\\tx%").replace('%', QByteArray::number(rotulos)) +
+            "\\keepn\\sb240 ";
+        QCOMPARE(Pasta().Bytes(ReportControl::Document, rows),
+                 de_pe + "\\pard\\plain\\f0\\fs28\\sa240\\b Fichas\\b0\\par\n" + ficha +
+                     "{\\b Nome}\\tab Abel\\par\n\\keepn0\\sb0 {\\b Nota}\\tab um\\line \\tab dois\\par\n" + ficha +
+                     "{\\b Nota}\\tab tres\\par\n}");
+    }
+
+    // A blank behind a blank by its number; what the document's alphabet has by two digits; all else by number.
+    void no_documento_cada_sinal_tem_a_sua_escrita_data()
+    {
+        QTest::addColumn<QString>("celula");
+        QTest::addColumn<QByteArray>("escrita");
+        QTest::newRow("one blank") << u"a b"_s << QByteArray("a b");
+        QTest::newRow("a blank before all") << u" a"_s << QByteArray(" a");
+        QTest::newRow("blanks in a row") << u"a  b   c    d"_s
+                                         << QByteArray("a \\u32?b \\u32? c \\u32? \\u32?d");
+        QTest::newRow("the first and the last plain ones") << u"!~"_s << QByteArray("!~");
+        QTest::newRow("signs of the format") << u"\\{}"_s << QByteArray("\\\\\\{\\}");
+        QTest::newRow("none that nobody sees") << u"a\x1f\x7f\x01" "b"_s << QByteArray("ab");
+        QTest::newRow("between the plain ones and the alphabet's") << u"\u0080\u009f"_s
+                                                                   << QByteArray("\\u128?\\u159?");
+        QTest::newRow("the alphabet's own") << u"\u00a0é\u00ff"_s << QByteArray("\\'a0\\'e9\\'ff");
+        QTest::newRow("behind them") << u"\u0100王\ufffd"_s << QByteArray("\\u256?\\u29579?\\u-3?");
+        QTest::newRow("of two halves") << u"😀"_s << QByteArray("\\u-10179?\\u-8704?");
+    }
+    void no_documento_cada_sinal_tem_a_sua_escrita()
+    {
+        QFETCH(QString, celula);
+        QFETCH(QByteArray, escrita);
+        const QByteArray documento = Pasta().Bytes(ReportControl::Document, {{}, {u"A"_s}, {}, {{celula}}});
+        QVERIFY2(documento.endsWith("\\pard\\plain\\f0\\fs18 " + escrita + "\\par\n}"), documento.constData());
+    }
+
+    // Between the margins of an upright sheet there are 9,638 twips.
+    void a_folha_deita_se_por_uma_letra_a_mais()
+    {
+        const auto deitada = [](qsizetype letras) {
+            return Pasta().Bytes(ReportControl::Document, {{}, {u"A"_s}, {}, {{QString(letras, u'n')}}})
+                .contains("\\landscape");
+        };
+        const auto cabem = static_cast<qsizetype>(9638 / Largura(u"n"_s, false));
+        QVERIFY(!deitada(cabem));
+        QVERIFY(deitada(cabem + 1));
+    }
+
+    // The long one takes what the others and two gaps leave of a landscape sheet's 14,570 twips.
+    void no_documento_a_coluna_comprida_toma_o_que_as_outras_deixam()
+    {
+        const QString comprida = Nota(220);
+        QVERIFY(Largura(comprida, false) > 14'570);
+        const ReportRows rows{{}, {u"A"_s, u"B"_s, u"C"_s}, {}, {{comprida, u"b"_s, u"c"_s}}};
+        const QByteArray documento = Pasta().Bytes(ReportControl::Document, rows);
+        QVERIFY(documento.contains("\\landscape"));
+        const double b = Largura(u"B"_s, true);
+        const double primeiro = 14'570 - 240 - b - Largura(u"C"_s, true);
+        const QList<int> lugares = Tabuladores(documento);
+        QCOMPARE(lugares.size(), 4);
+        QVERIFY2(qAbs(lugares[0] - primeiro) <= 1, qPrintable(QString::number(lugares[0])));
+        QVERIFY2(qAbs(lugares[1] - (primeiro + b + 240)) <= 1, qPrintable(QString::number(lugares[1])));
+    }
+
+    // Squeezed as far as it goes, a column of words keeps 1,800 twips: six of them and their gaps leave 2,330.
+    void no_documento_uma_coluna_de_palavras_nao_se_aperta_mais()
+    {
+        constexpr double resto = 14'570 - 6 * (1800 + 240);
+        const TextMeasure medida(officeFont(9, QFont::Normal));
+        const QString palavra = Palavra_De(medida, resto);
+        QVERIFY(medida.width(palavra) > resto - 1);
+        const auto e_lista = [](const QString &comprida) {
+            ReportRows rows{{}, {u"F"_s}, {}, {{comprida}}};
+            for (int i = 0; i < 6; ++i) {
+                rows.heads << u"N"_s;
+                rows.records.front().push_back(Nota(36));
+            }
+            return Pasta().Bytes(ReportControl::Document, rows).contains("{\\header");
+        };
+        QVERIFY(e_lista(palavra));
+        QVERIFY(!e_lista(palavra + u'i'));
+    }
+
+    void no_documento_tres_linhas_de_uma_celula_ainda_sao_lista_e_quatro_nao()
+    {
+        const TextMeasure medida(officeFont(9, QFont::Normal));
+        const double coluna = 14'570 - 240 - Largura(u"B"_s, true);
+        QString nota = u"palavra"_s;
+        const auto e_lista = [&] {
+            return Pasta()
+                .Bytes(ReportControl::Document, {{}, {u"Nota"_s, u"B"_s}, {}, {{nota, u"b"_s}}})
+                .contains("{\\header");
+        };
+        while (medida.lines(nota + u" palavra"_s, coluna).size() < 4)
+            nota += u" palavra"_s;
+        QCOMPARE(medida.lines(nota, coluna).size(), 3);
+        QVERIFY(e_lista());
+        nota += u" palavra"_s;
+        QVERIFY(!e_lista());
+    }
+
+    void cada_celula_tem_o_seu_formato()
+    {
+        const ReportRows rows{u"x"_s,
+                              {u"Nome"_s, u"Nota"_s},
+                              {},
+                              {{u"Abelardo Antunes"_s, u"um\ndois"_s}, {u"Berta"_s, {}}, {u"Carla"_s, Nota(200)}}};
+        QStringList formatos;
+        for (const Registo &celula : Registos(Pasta().Bytes(ReportControl::Spreadsheet, rows), 0xFD))
+            formatos << u"%1.%2: %3"_s.arg(celula.Palavra(0)).arg(celula.Palavra(1)).arg(celula.Palavra(2));
+        QCOMPARE(formatos, (QStringList{u"0.0: 18"_s, u"0.1: 18"_s, u"1.0: 16"_s, u"1.1: 17"_s, u"2.0: 16"_s,
+                                        u"3.0: 16"_s, u"3.1: 17"_s}));
+    }
+
+    void cada_linha_diz_o_seu_numero_as_suas_colunas_e_a_sua_altura()
+    {
+        const ReportRows rows{u"x"_s,
+                              {u"A"_s, u"B"_s, u"C"_s},
+                              {},
+                              {{u"a\nb\nc"_s, u"d"_s, u"e\nf"_s}, {u"g"_s, u"h\ni"_s, {}}}};
+        const auto linhas = Registos(Pasta().Bytes(ReportControl::Spreadsheet, rows), 0x208);
+        QCOMPARE(linhas.size(), 3);
+        QCOMPARE(linhas[0].corpo.toHex(' '), Hex("0000 0000 0300 ff00 0000 0000 0001 0f00").toHex(' '));
+        QCOMPARE(linhas[1].corpo.toHex(' '), Hex("0100 0000 0300 fd02 0000 0000 4001 0f00").toHex(' '));
+        QCOMPARE(linhas[2].corpo.toHex(' '), Hex("0200 0000 0300 fe01 0000 0000 4001 0f00").toHex(' '));
+    }
+
+    // Readers look for the cells of a row behind the heights of its thirty-two.
+    void as_alturas_de_trinta_e_duas_linhas_estao_antes_das_suas_celulas()
+    {
+        ReportRows rows{u"x"_s, {u"A"_s}, {}, {}};
+        for (int i = 0; i < 69; ++i)
+            rows.records.push_back({u"a"_s});
+        QList<int> seguidas;
+        int antes = 0;
+        for (const Registo &registo : Registos(Pasta().Bytes(ReportControl::Spreadsheet, rows))) {
+            if (registo.numero != 0x208 && registo.numero != 0xFD) continue;
+            if (registo.numero != antes) seguidas << 0;
+            antes = registo.numero;
+            ++seguidas.last();
+        }
+        QCOMPARE(seguidas, (QList<int>{32, 32, 32, 32, 6, 6}));
+    }
+
+    // Between margins of half an inch there are 10,466 twips; round each text goes one nought and a half.
+    void a_folha_de_calculo_deita_se_por_um_twip_a_mais()
+    {
+        const TextMeasure medida(officeFont(10, QFont::Normal));
+        const double nada = medida.width(u"0");
+        const double resto = 10'466 - 8 * 9.5 * nada - 1.5 * nada;
+        QVERIFY(resto > 8 * nada + 1);
+        const auto como = [](const QString &palavra) {
+            ReportRows rows{u"x"_s, {u"N"_s}, {}, {{palavra}}};
+            for (int i = 0; i < 8; ++i) {
+                rows.heads << u"A"_s;
+                rows.records.front().push_back(u"a"_s);
+            }
+            return Registos(Pasta().Bytes(ReportControl::Spreadsheet, rows), 0xA1).value(0).Palavra(5);
+        };
+        const QString cabe = Palavra_De(medida, resto);
+        QVERIFY(medida.width(cabe) > resto - 1);
+        QCOMPARE(como(cabe), 2);
+        const QString passa = Palavra_De(medida, resto + 1);
+        QVERIFY(medida.width(passa) > resto);
+        QCOMPARE(como(passa), 0);
+    }
+
+    // Ten lines of it are as wide as it then is.
+    void a_coluna_de_uma_nota_tem_um_decimo_da_largura_dela()
+    {
+        const TextMeasure medida(officeFont(10, QFont::Normal));
+        const double largura = medida.width(Nota(600)) / 10 / medida.width(u"0") + 1.5;
+        QCOMPARE(Colunas({u"x"_s, {u"Nota"_s}, {}, {{Nota(600)}}}), QList<double>{std::floor(largura * 256) / 256});
+    }
+
+    void uma_folha_cheia_nao_abre_outra()
+    {
+        ReportRows rows{u"x"_s, {u"A"_s}, {}, {}};
+        rows.records.resize(65'535, {u"a"_s});
+        QCOMPARE(Registos(Pasta().Bytes(ReportControl::Spreadsheet, rows), 0x85).size(), 1);
+    }
+
+    void nenhum_sinal_proibido_fica_no_nome_da_folha()
+    {
+        for (const QChar sinal : u"[]:*?/\\'\n"_s)
+            QCOMPARE(Livro({u"a"_s + sinal + u"b"_s, {u"A"_s}, {}, {}}).Nome(0), u"a b"_s);
+        QCOMPARE(Livro({u"[]"_s, {u"A"_s}, {}, {}}).Nome(0), u"1"_s);
+    }
+
+    void os_textos_do_livro_contam_se_todos_e_os_diferentes()
+    {
+        ReportRows rows{u"x"_s, {u"A"_s}, {}, {}};
+        for (int i = 0; i < 50; ++i)
+            rows.records.push_back({i % 2 == 0 ? u"par"_s : u"impar"_s});
+        const auto textos = Registos(Pasta().Bytes(ReportControl::Spreadsheet, rows), 0xFC);
+        QCOMPARE(textos.size(), 1);
+        QCOMPARE(textos[0].corpo.toHex(' '),
+                 (Hex("33000000 03000000 0100 00") + 'A' + Hex("0300 00") + "par" + Hex("0500 00") + "impar")
+                     .toHex(' '));
+    }
+
+    // A record holds 8,224 bytes: the mark of the letters, and these.
+    void um_texto_comprido_enche_os_registos_em_que_esta()
+    {
+        const auto tamanhos = [](const QString &texto) {
+            const QByteArray livro = Pasta().Bytes(ReportControl::Spreadsheet, {u"x"_s, {u"A"_s}, {}, {{texto}}});
+            QList<qsizetype> todos{Registos(livro, 0xFC).value(0).corpo.size()};
+            for (const Registo &registo : Registos(livro, 0x3C))
+                todos << registo.corpo.size();
+            return todos;
+        };
+        QCOMPARE(tamanhos(Letras(9000, true)), (QList<qsizetype>{12, 3 + 2 * 4110, 1 + 2 * 4111, 1 + 2 * 779}));
+        QCOMPARE(tamanhos(Letras(8221, false)), (QList<qsizetype>{12, 8224}));
+        QCOMPARE(tamanhos(Letras(8209, false)), QList<qsizetype>{8224});
+        QCOMPARE(tamanhos(Letras(8210, false)), (QList<qsizetype>{12, 8213}));
+        QCOMPARE(tamanhos(Letras(8222, false)), (QList<qsizetype>{12, 3 + 2 * 4110, 1 + 2 * 4111, 1 + 2}));
+        QCOMPARE(tamanhos(Letras(4000, true)), QList<qsizetype>{12 + 3 + 2 * 4000});
+        const QByteArray livro =
+            Pasta().Bytes(ReportControl::Spreadsheet, {u"x"_s, {u"A"_s}, {}, {{Letras(8205, false)}, {u"z"_s}}});
+        QCOMPARE(Registos(livro, 0xFC).value(0).corpo.size(), 8224);
+        QVERIFY(Registos(livro, 0x3C).isEmpty());
+    }
+
+    // In two bytes each as soon as one of them needs two.
+    void as_letras_de_um_texto_estao_em_um_byte_ou_em_dois()
+    {
+        const QByteArray livro =
+            Pasta().Bytes(ReportControl::Spreadsheet, {u"x"_s, {u"A"_s}, {}, {{u"\u00ff"_s}, {u"a\u0100"_s}}});
+        QCOMPARE(Registos(livro, 0xFC).value(0).corpo.toHex(' '),
+                 Hex("03000000 03000000 0100 00 41 0100 00 ff 0200 01 6100 0001").toHex(' '));
+    }
+
+    void um_ficheiro_que_nao_se_escreve_e_dito_pelo_seu_nome()
+    {
+        const Pasta pasta;
+        const QString ficheiro = pasta.pasta.filePath(u"nada/saida"_s);
+        QCOMPARE(teste::Falha_Dita([&] { exportReport(ReportControl::Text, Nomes(), ficheiro); }),
+                 (QStringList{ficheiro, ficheiro + u" can't be written."_s}));
+    }
+
+    void no_texto_uma_coluna_sem_letras_nao_toma_lugar()
+    {
+        QCOMPARE(Linhas_Do_Texto(Pasta().Bytes(ReportControl::Text,
+                                               {{}, {u"A"_s, {}, u"B"_s}, {}, {{u"a"_s, {}, u"b"_s}}})),
+                 (QStringList{u"A    B"_s, u"-    -"_s, u"a    b"_s}));
+    }
+
+    // Arial, or what has the same widths where there is none; measured, not fitted to the dots of a screen.
+    void a_letra_dos_ficheiros_e_a_que_os_programas_do_escritorio_tem()
+    {
+        const QFont letra = officeFont(9, QFont::Bold);
+        QCOMPARE(letra.families(),
+                 (QStringList{u"Arial"_s, u"Liberation Sans"_s, u"Arimo"_s, u"Nimbus Sans"_s}));
+        QCOMPARE(letra.pixelSize(), 180);
+        QCOMPARE(letra.weight(), QFont::Bold);
+        QCOMPARE(officeFont(9, QFont::Normal).weight(), QFont::Normal);
+        QCOMPARE(letra.styleHint(), QFont::SansSerif);
+        QCOMPARE(letra.hintingPreference(), QFont::PreferNoHinting);
+    }
+
+    // A list is at most 160 letters wide, and a column is never made narrower than 24.
+    void no_texto_a_lista_acaba_onde_as_colunas_ja_nao_cedem()
+    {
+        const auto primeira_linha = [](int palavra) {
+            ReportRows rows{{}, {u"F"_s}, {}, {{QString(palavra, u'x')}}};
+            for (int i = 0; i < 5; ++i) {
+                rows.heads << u"N"_s;
+                rows.records.front().push_back(Nota(100));
+            }
+            return Linhas_Do_Texto(Pasta().Bytes(ReportControl::Text, rows)).value(1);
+        };
+        QCOMPARE(primeira_linha(30), QStringList(QStringList{QString(30, u'-')} + QStringList(5, QString(24, u'-')))
+                                         .join(u"  "_s));
+        QVERIFY(!primeira_linha(31).contains(u'-')); // blocks
+    }
+
+    void no_texto_uma_coluna_nao_passa_de_sessenta_letras()
+    {
+        const QStringList linhas =
+            Linhas_Do_Texto(Pasta().Bytes(ReportControl::Text, {{}, {u"A"_s, u"B"_s}, {}, {{Nota(300), u"b"_s}}}));
+        QCOMPARE(linhas.value(1), QString(60, u'-') + u"  -"_s);
+    }
+
+    // A block is eighty letters wide, of which its labels take half at most.
+    void no_texto_um_rotulo_comprido_deixa_metade_ao_que_diz()
+    {
+        ReportRows rows{{}, {QString(39, u'n') + u" nome"_s, u"B"_s}, {}, {{QString(50, u'x'), u"b"_s}}};
+        rows.sheets = true;
+        QCOMPARE(Linhas_Do_Texto(Pasta().Bytes(ReportControl::Text, rows)),
+                 (QStringList{QString(39, u'n') + u"   "_s + QString(38, u'x'),
+                              u"nome"_s + QString(38, u' ') + QString(12, u'x'), u"B"_s + QString(41, u' ') + u'b'}));
     }
 };
 

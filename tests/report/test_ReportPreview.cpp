@@ -11,11 +11,14 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
+#include <QSet>
+#include <QSignalSpy>
 #include <QSpinBox>
 #include <QTemporaryDir>
 #include <QToolBar>
 #include <QToolButton>
 #include <QWheelEvent>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -32,6 +35,35 @@ template<class T> T &Parte(const QWidget &janela, const char *nome)
 ReportView &Vista(const ReportPreview &janela) { return *janela.findChild<ReportView *>(); }
 
 QRgb Cor(const QImage &visto, int x, int y) { return visto.pixel(x, y); }
+
+// The sheet in pixels, as the view shows it now.
+QSize Folha(const ReportPreview &janela)
+{
+    const ReportView &vista = Vista(janela);
+    return (janela.pages()->paper() * (vista.zoom() * vista.logicalDpiX() / 1440.0)).toSize();
+}
+
+// How often the ground of a view was painted while it lives.
+class Pinturas final : public QObject
+{
+public:
+    explicit Pinturas(const ReportView &vista) { vista.viewport()->installEventFilter(this); }
+    int Feitas()
+    {
+        QCoreApplication::processEvents();
+        return std::exchange(feitas_, 0);
+    }
+
+protected:
+    bool eventFilter(QObject *, QEvent *acontecimento) override
+    {
+        if (acontecimento->type() == QEvent::Paint) ++feitas_;
+        return false;
+    }
+
+private:
+    int feitas_ = 0;
+};
 } // namespace
 
 class TestReportPreview : public QObject
@@ -40,29 +72,48 @@ class TestReportPreview : public QObject
 
     QTemporaryDir folder_;
 
-    // As many pages as records, on A4.
-    std::shared_ptr<ReportPages> Paginas(int registos)
+    // As many pages as records, on A4 unless another paper is named.
+    std::shared_ptr<ReportPages> Paginas(int registos, const QString &papel = {},
+                                         const QString &dentro = u"<text width='5000' height='300'>{T.Nome}</text>"_s,
+                                         const ReportLayout::HeldPictures &guardadas = {})
     {
         const QString caminho = folder_.filePath(u"r.rpt"_s);
         const QString base = folder_.filePath(u"base%1.mdb"_s.arg(registos));
         QFile file(caminho);
         if (file.open(QIODevice::WriteOnly))
-            file.write("<report title='Lista' table='T'><detail newpage='yes'><row height='300'>"
-                       "<text width='5000' height='300'>{T.Nome}</text></row></detail></report>");
+            file.write((u"<report title='Lista' table='T'>"_s + papel + u"<detail newpage='yes'><row height='300'>"_s +
+                        dentro + u"</row></detail></report>"_s)
+                           .toUtf8());
         file.close();
         if (!QFile::exists(base))
             createDatabase(base, {u"CREATE TABLE T (ID INTEGER PRIMARY KEY, Nome TEXT)"_s,
                                   u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < "
-                                  "%1) INSERT INTO T SELECT i, 'Nome ' || i FROM n"_s.arg(registos)});
+                                  "%1) INSERT INTO T SELECT i, 'Nome ' || i FROM n WHERE i <= %1"_s.arg(registos)});
         const ReportDefinition definition = readReportDefinition(caminho);
         return std::make_shared<ReportPages>(definition, ReportData(definition, base, {}, {u"+{T.ID}"_s}),
-                                             QHash<QString, QString>{}, QDate(2027, 2, 1));
+                                             QHash<QString, QString>{}, QDate(2027, 2, 1), QString(), guardadas);
     }
     std::shared_ptr<ReportPages> Todas(int registos)
     {
         auto paginas = Paginas(registos);
         paginas->count();
         return paginas;
+    }
+    // What stands on a bar, in its order: the names of its parts, the words of those that have none, and a
+    // stroke for a line between two groups.
+    static QStringList Na_Barra(const QToolBar &barra)
+    {
+        QStringList partes;
+        for (QAction *accao : barra.actions()) {
+            const QWidget *parte = barra.widgetForAction(accao);
+            const auto *letras = qobject_cast<const QLabel *>(parte);
+            partes << (accao->isSeparator()               ? u"|"_s
+                       : !accao->objectName().isEmpty()   ? accao->objectName()
+                       : !parte->objectName().isEmpty()   ? parte->objectName()
+                       : letras                           ? letras->text()
+                                                          : QString());
+        }
+        return partes;
     }
     static std::unique_ptr<ReportPreview> Janela(std::shared_ptr<ReportPages> paginas,
                                                  const ReportPreview::Look &como = {
@@ -172,6 +223,7 @@ private Q_SLOTS:
         QCOMPARE(Parte<QLabel>(janela, "count").text(), u" / 1\u2026 "_s);
         QTRY_VERIFY(janela.pages()->complete());
         QCOMPARE(Parte<QLabel>(janela, "count").text(), u" / 400 "_s);
+        QVERIFY(Parte<QAction>(janela, "next").isEnabled() && Parte<QAction>(janela, "last").isEnabled());
         QStringList ditos;
         for (const QLabel *dito : janela.findChildren<QLabel *>())
             ditos << dito->text();
@@ -227,6 +279,13 @@ private Q_SLOTS:
             QCOMPARE(Parte<QAction>(*janela, nome).isVisible(), sim);
             QCOMPARE(Parte<QAction>(*janela, nome).isEnabled(), sim);
         }
+        QStringList pedidos;
+        connect(janela.get(), &ReportPreview::printWanted, this, [&] { pedidos << u"print"_s; });
+        connect(janela.get(), &ReportPreview::refreshWanted, this, [&] { pedidos << u"refresh"_s; });
+        QVERIFY(QTest::qWaitForWindowActive(janela.get()));
+        QTest::keyClick(janela.get(), Qt::Key_P, Qt::ControlModifier);
+        QTest::keyClick(janela.get(), Qt::Key_F5);
+        QCOMPARE(pedidos, sim ? QStringList({u"print"_s, u"refresh"_s}) : QStringList());
         QCOMPARE(janela->findChild<QLineEdit *>(u"search"_s) != nullptr, sim);
         if (!sim) return;
         const auto &texto = Parte<QLineEdit>(*janela, "search");
@@ -312,6 +371,7 @@ private Q_SLOTS:
         QCoreApplication::processEvents();
         QCOMPARE(vista.zoom(), largo());
         Parte<QAction>(*janela, "wholePage").trigger();
+        QCOMPARE(vista.zoom(), qMin(largo(), alto()));
         janela->resize(500, 800);
         QCoreApplication::processEvents();
         QVERIFY(largo() < alto());
@@ -472,6 +532,295 @@ private Q_SLOTS:
         QCOMPARE(Cor(visto, meio, 0), qRgb(255, 255, 255));
         QCOMPARE(Cor(visto, meio, 4), vista.palette().color(QPalette::Mid).rgb());
         QCOMPARE(Cor(visto, meio, 1 + a_volta), qRgb(255, 255, 255));
+    }
+
+    void os_comandos_estao_nas_barras_por_esta_ordem()
+    {
+        const auto janela = Janela(Todas(2), {.language = u"InglesUK"_s, .refresh = true, .search = true});
+        const auto barras = janela->findChildren<QToolBar *>();
+        QCOMPARE(Na_Barra(*barras.value(0)),
+                 (QStringList{u"first"_s, u"previous"_s, u" Page "_s, u"page"_s, u"count"_s, u"next"_s, u"last"_s,
+                              u"|"_s, u"zoomOut"_s, u"zoomIn"_s, u"fitWidth"_s, u"wholePage"_s}));
+        QCOMPARE(Na_Barra(*barras.value(1)), (QStringList{u"print"_s, u"pdf"_s, u"refresh"_s, u"search"_s, u"|"_s,
+                                                          u"close"_s}));
+    }
+
+    // Some of them show a sign alone, which says nothing to a screen reader.
+    void cada_botao_tem_o_seu_texto_por_nome()
+    {
+        const auto janela = Janela(Todas(2), {.language = u"InglesUK"_s, .refresh = true});
+        int botoes = 0;
+        for (const QToolBar *barra : janela->findChildren<QToolBar *>())
+            for (QAction *accao : barra->actions()) {
+                const auto *botao = qobject_cast<QToolButton *>(barra->widgetForAction(accao));
+                if (!botao) continue;
+                ++botoes;
+                QCOMPARE(botao->accessibleName(), accao->text());
+            }
+        QCOMPARE(botoes, 12);
+    }
+
+    // Two hundred pixels beside letters of eleven, and as many more beside larger ones.
+    void o_lugar_do_texto_que_se_procura_cresce_com_a_letra()
+    {
+        const QFont antes = QApplication::font();
+        const auto repor = qScopeGuard([&] { QApplication::setFont(antes); });
+        for (const int letra : {11, 13, 22}) {
+            QFont outra = antes;
+            outra.setPixelSize(letra);
+            QApplication::setFont(outra);
+            const auto janela = Janela(Todas(2), {.language = u"InglesUK"_s, .search = true});
+            QCOMPARE(Parte<QLineEdit>(*janela, "search").maximumWidth(), 200 * letra / 11);
+        }
+    }
+
+    void as_duas_barras_ficam_lado_a_lado_enquanto_a_largura_chega_ate_ao_fim()
+    {
+        const auto janela = Janela(Todas(2));
+        const auto barras = janela->findChildren<QToolBar *>();
+        const int palavras = barras[0]->sizeHint().width() + barras[1]->sizeHint().width();
+        for (const auto &[largura, cabem] : {std::pair{palavras, true}, {palavras - 1, false}, {palavras, true}}) {
+            janela->resize(largura, 600);
+            QCoreApplication::processEvents();
+            QCOMPARE(janela->width(), largura);
+            QCOMPARE(barras[0]->y() == barras[1]->y(), cabem);
+        }
+    }
+
+    void as_teclas_de_que_a_janela_nada_sabe_ficam_para_outros()
+    {
+        const auto janela = Janela(Todas(2));
+        QKeyEvent letra(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, u"a"_s);
+        QCoreApplication::sendEvent(janela.get(), &letra);
+        QVERIFY(!letra.isAccepted());
+        QVERIFY(janela->isVisible());
+    }
+
+    void sem_registos_procurar_nao_faz_nada()
+    {
+        const auto janela = Janela(Todas(0), {.language = u"InglesUK"_s, .search = true});
+        auto &texto = Parte<QLineEdit>(*janela, "search");
+        texto.setText(u"nome"_s);
+        QTest::keyClick(&texto, Qt::Key_Return);
+        QCOMPARE(Vista(*janela).page(), 0);
+    }
+
+    void procura_se_em_todos_os_campos()
+    {
+        auto paginas = Paginas(12, {}, u"<text width='5000' height='300'>{T.ID} {T.Nome}</text>"_s);
+        paginas->count();
+        const auto janela = Janela(paginas, {.language = u"InglesUK"_s, .search = true});
+        auto &texto = Parte<QLineEdit>(*janela, "search");
+        texto.setText(u"nome 7"_s);
+        QTest::keyClick(&texto, Qt::Key_Return);
+        QCOMPARE(Vista(*janela).page(), 6);
+    }
+
+    // What is sought may stand on a page that nobody has found yet.
+    void procura_se_tambem_nas_paginas_por_achar()
+    {
+        const auto janela = Janela(Paginas(20'000), {.language = u"InglesUK"_s, .search = true});
+        auto &texto = Parte<QLineEdit>(*janela, "search");
+        texto.setText(u"nome 19999"_s);
+        const int achadas = janela->pages()->found();
+        QTest::keyClick(&texto, Qt::Key_Return);
+        QVERIFY(achadas < 19'999 && !janela->pages()->complete());
+        QCOMPARE(Vista(*janela).page(), 19'998);
+    }
+
+    // In slices, for whoever turns the wheel meanwhile.
+    void as_paginas_acham_se_aos_poucos()
+    {
+        const auto janela = Janela(Paginas(20'000));
+        QVERIFY(!janela->pages()->complete());
+        const ReportView &vista = Vista(*janela);
+        QSignalSpy ditas(&vista, &ReportView::pagesFound);
+        Pinturas pinturas(vista);
+        pinturas.Feitas();
+        QTRY_VERIFY(janela->pages()->complete());
+        QVERIFY(ditas.size() > 2);
+        for (qsizetype i = 0; i < ditas.size(); ++i) {
+            QCOMPARE(ditas[i].at(1).toBool(), i + 1 == ditas.size());
+            QVERIFY(i == 0 || ditas[i].at(0).toInt() > ditas[i - 1].at(0).toInt());
+        }
+        QCOMPARE(ditas.last().at(0).toInt(), 20'000);
+        QVERIFY(pinturas.Feitas() > 0); // each sheet can say now how many there are
+    }
+
+    void o_que_muda_na_vista_pinta_se_logo()
+    {
+        const auto janela = Janela(Todas(3));
+        ReportView &vista = Vista(*janela);
+        Pinturas pinturas(vista);
+        pinturas.Feitas();
+        QCOMPARE(pinturas.Feitas(), 0);
+        vista.zoomBy(0.5);
+        QVERIFY(pinturas.Feitas() > 0);
+        vista.zoomBy(2);
+        pinturas.Feitas();
+        vista.verticalScrollBar()->setValue(50);
+        QVERIFY(pinturas.Feitas() > 0);
+        janela->setPages(Todas(2));
+        QVERIFY(pinturas.Feitas() > 0);
+    }
+
+    void paginas_novas_enchem_a_janela_outra_vez_e_dizem_se_na_barra()
+    {
+        const auto janela = Janela(Todas(3));
+        const ReportView &vista = Vista(*janela);
+        const double de_pe = vista.zoom();
+        auto deitadas = Paginas(5, u"<paper orientation='landscape'/>"_s);
+        deitadas->count();
+        janela->setPages(deitadas);
+        const QSizeF natural = deitadas->paper() * (vista.logicalDpiX() / 1440.0);
+        QCOMPARE(vista.zoom(), qMin((vista.viewport()->width() - 2 * a_volta) / natural.width(),
+                                    (vista.viewport()->height() - 2 * a_volta) / natural.height()));
+        QVERIFY(vista.zoom() != de_pe);
+        QCOMPARE(Parte<QLabel>(*janela, "count").text(), u" / 5 "_s);
+        QCOMPARE(Parte<QSpinBox>(*janela, "page").maximum(), 5);
+        QVERIFY(Parte<QAction>(*janela, "next").isEnabled());
+        janela->setPages(Todas(1));
+        QVERIFY(!Parte<QAction>(*janela, "next").isEnabled());
+    }
+
+    void uma_vista_sem_folhas_esta_na_primeira()
+    {
+        ReportView vista;
+        vista.show();
+        QCoreApplication::processEvents();
+        QCOMPARE(vista.page(), 0);
+        QCOMPARE(vista.zoom(), 1.0);
+        vista.fitWidth();
+        QCOMPARE(vista.zoom(), 1.0);
+    }
+
+    void com_uma_folha_pequena_no_alto_a_pagina_e_ela()
+    {
+        const auto janela = Janela(Todas(2));
+        ReportView &vista = Vista(*janela);
+        vista.zoomBy(0.1 / vista.zoom());
+        QVERIFY(2 * (Folha(*janela).height() + a_volta) < vista.viewport()->height()); // both end above the middle
+        QCOMPARE(vista.page(), 1);
+        janela->setPages(Todas(1));
+        vista.zoomBy(0.1 / vista.zoom());
+        QCOMPARE(vista.page(), 0);
+    }
+
+    void o_zoom_deixa_a_vista_no_mesmo_lugar_da_sua_folha()
+    {
+        const auto janela = Janela(Todas(9));
+        ReportView &vista = Vista(*janela);
+        QScrollBar &barra = *vista.verticalScrollBar();
+        for (const double factor : {2.0, 0.5, 1.25}) {
+            const int passo = Folha(*janela).height() + a_volta;
+            barra.setValue(4 * passo + passo / 3);
+            const double lugar = static_cast<double>(barra.value()) / passo;
+            vista.zoomBy(factor);
+            QCOMPARE(barra.value(), qRound(lugar * (Folha(*janela).height() + a_volta)));
+        }
+    }
+
+    void o_que_passa_da_folha_nao_suja_o_fundo()
+    {
+        const auto janela = Janela(Paginas(1, {}, u"<line top='100' width='40000' thickness='400'/>"_s));
+        ReportView &vista = Vista(*janela);
+        vista.zoomBy(0.3 / vista.zoom());
+        const QImage visto = vista.viewport()->grab().toImage();
+        const int esquerda = (vista.viewport()->width() - Folha(*janela).width()) / 2;
+        const int direita = esquerda + Folha(*janela).width();
+        QCOMPARE(Cor(visto, direita - 1, a_volta + 1), qRgb(0, 0, 0));
+        QCOMPARE(Cor(visto, direita + 10, a_volta + 1), vista.palette().color(QPalette::Mid).rgb());
+    }
+
+    void um_traco_inclinado_nao_tem_degraus()
+    {
+        const auto janela = Janela(Paginas(1, {}, u"<line top='1500' width='9000' height='3000' thickness='30'/>"_s));
+        ReportView &vista = Vista(*janela);
+        vista.zoomBy(0.5 / vista.zoom());
+        const QImage visto = vista.viewport()->grab().toImage();
+        const QRect folha({(vista.viewport()->width() - Folha(*janela).width()) / 2, a_volta}, Folha(*janela));
+        QSet<QRgb> cores;
+        for (int x = folha.left(); x < folha.left() + 200; ++x)
+            for (int y = folha.top(); y < folha.top() + 200; ++y)
+                cores << Cor(visto, x, y);
+        QVERIFY2(cores.size() > 4, qPrintable(QString::number(cores.size()))); // white, the ink, and all between
+    }
+
+    // A picture of a page is asked for as the page is painted.
+    void so_se_pintam_as_folhas_que_se_veem()
+    {
+        QStringList pedidas;
+        auto paginas = Paginas(40, {}, u"<picture width='900' height='300'>{T.Nome}</picture>"_s,
+                               [&](const QString &nome) {
+                                   pedidas << nome;
+                                   return QByteArray();
+                               });
+        paginas->count();
+        const auto janela = Janela(paginas);
+        ReportView &vista = Vista(*janela);
+        vista.zoomBy(0.3 / vista.zoom());
+        janela->resize(1000, 700);
+        QCoreApplication::processEvents();
+        const int passo = Folha(*janela).height() + a_volta;
+        vista.verticalScrollBar()->setValue(20 * passo + 1); // of one sheet the shadow alone is left
+        QCoreApplication::processEvents();
+        pedidas.clear();
+        vista.viewport()->grab();
+        QStringList vistas;
+        for (int i = 19; i * passo + a_volta - vista.verticalScrollBar()->value() < vista.viewport()->height(); ++i)
+            vistas << u"Nome %1"_s.arg(i + 1);
+        QVERIFY(vistas.size() > 1 && vistas.size() < 10);
+        pedidas.removeDuplicates();
+        QCOMPARE(pedidas, vistas);
+    }
+
+    void de_uma_folha_que_so_comeca_na_ultima_linha_ve_se_essa_linha()
+    {
+        const auto janela = Janela(Todas(4));
+        ReportView &vista = Vista(*janela);
+        vista.zoomBy(0.3 / vista.zoom());
+        janela->resize(1000, 300);
+        QCoreApplication::processEvents();
+        const int ultima = vista.viewport()->height() - 1;
+        vista.verticalScrollBar()->setValue(a_volta + Folha(*janela).height() + a_volta - ultima);
+        const int meio = vista.viewport()->width() / 2;
+        QCOMPARE(Cor(vista.viewport()->grab().toImage(), meio, ultima), qRgb(255, 255, 255));
+        QCOMPARE(Cor(vista.viewport()->grab().toImage(), meio, ultima - 1),
+                 vista.palette().color(QPalette::Mid).rgb());
+    }
+
+    void a_roda_sem_Ctrl_anda_nas_folhas()
+    {
+        const auto janela = Janela(Todas(3));
+        ReportView &vista = Vista(*janela);
+        const double antes = vista.zoom();
+        Rodar(vista, {0, -120}, Qt::NoModifier);
+        QVERIFY(vista.verticalScrollBar()->value() > 0);
+        QCOMPARE(vista.zoom(), antes);
+    }
+
+    void o_menor_passo_da_roda_com_Ctrl_ja_amplia()
+    {
+        const auto janela = Janela(Todas(3));
+        ReportView &vista = Vista(*janela);
+        vista.zoomBy(1 / vista.zoom());
+        Rodar(vista, {0, 1}, Qt::ControlModifier);
+        QCOMPARE(vista.zoom(), 1.25);
+        Rodar(vista, {0, -1}, Qt::ControlModifier);
+        QCOMPARE(vista.zoom(), 1.0);
+    }
+
+    void abaixo_da_ultima_folha_so_ha_fundo()
+    {
+        const auto janela = Janela(Todas(2));
+        ReportView &vista = Vista(*janela);
+        vista.zoomBy(0.2 / vista.zoom());
+        const int passo = Folha(*janela).height() + a_volta;
+        QVERIFY(3 * passo < vista.viewport()->height());
+        const QImage visto = vista.viewport()->grab().toImage();
+        const int meio = vista.viewport()->width() / 2;
+        QCOMPARE(Cor(visto, meio, 2 * passo - 1), qRgb(255, 255, 255)); // the second one
+        QCOMPARE(Cor(visto, meio, 3 * passo - 1), vista.palette().color(QPalette::Mid).rgb());
     }
 };
 

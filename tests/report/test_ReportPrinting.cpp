@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QPrintDialog>
 #include <QProcess>
+#include <QRadioButton>
 #include <QRegularExpression>
 #include <QSpinBox>
 #include <QStandardPaths>
@@ -171,6 +172,22 @@ class TestReportPrinting : public QObject
         });
     }
 
+    // Answers it with that file, which stands behind all printers; of all pages, or of those from one to another.
+    static void Escolher_O_Ficheiro(const QString &pdf, int primeira = 0, int ultima = 0)
+    {
+        accoes::Quando_Abrir<QPrintDialog>([=](QPrintDialog &dialogo) {
+            auto *impressoras = dialogo.findChild<QComboBox *>(u"printers"_s);
+            impressoras->setCurrentIndex(impressoras->count() - 1);
+            dialogo.findChild<QLineEdit *>(u"filename"_s)->setText(pdf);
+            if (primeira > 0) {
+                dialogo.findChild<QRadioButton *>(u"printRange"_s)->setChecked(true);
+                dialogo.findChild<QSpinBox *>(u"to"_s)->setValue(ultima);
+                dialogo.findChild<QSpinBox *>(u"from"_s)->setValue(primeira);
+            }
+            dialogo.accept();
+        });
+    }
+
 private Q_SLOTS:
     void cleanup() { impressora_.Esvaziar(); }
 
@@ -293,12 +310,7 @@ private Q_SLOTS:
         QVERIFY(impressora_.Pronta());
         const QString pdf = folder_.filePath(u"saida.pdf"_s);
         DesktopReportPrinter printer;
-        accoes::Quando_Abrir<QPrintDialog>([&](QPrintDialog &dialogo) {
-            auto *impressoras = dialogo.findChild<QComboBox *>(u"printers"_s);
-            impressoras->setCurrentIndex(impressoras->count() - 1); // the file stands behind the printers
-            dialogo.findChild<QLineEdit *>(u"filename"_s)->setText(pdf);
-            dialogo.accept();
-        });
+        Escolher_O_Ficheiro(pdf);
         QCOMPARE(printer.choose(nullptr), PrintResult::Done);
         QFile velho(pdf);
         QVERIFY(velho.open(QIODevice::WriteOnly));
@@ -313,6 +325,30 @@ private Q_SLOTS:
         QCOMPARE(printer.print(pages, u"Titulo"_s, Continuar), PrintResult::Done);
         QCOMPARE(Saida(u"pdftotext"_s, {pdf, u"-"_s}).simplified(), u"Zita 1/2 Rui 2/2"_s);
         QVERIFY(Pedido().isEmpty());
+    }
+    void so_se_imprimem_as_paginas_escolhidas_data()
+    {
+        QTest::addColumn<int>("primeira");
+        QTest::addColumn<int>("ultima");
+        QTest::addColumn<QString>("texto");
+        QTest::newRow("the first") << 1 << 1 << u"Zita 1/2"_s;
+        QTest::newRow("the second") << 2 << 2 << u"Rui 2/2"_s;
+        QTest::newRow("both") << 1 << 2 << u"Zita 1/2 Rui 2/2"_s;
+        QTest::newRow("more than there are") << 2 << 9 << u"Rui 2/2"_s;
+    }
+    void so_se_imprimem_as_paginas_escolhidas()
+    {
+        QFETCH(const int, primeira);
+        QFETCH(const int, ultima);
+        if (!Impressora::Possivel()) QSKIP("a spooler of its own needs root and the spooler's packages");
+        QVERIFY(impressora_.Pronta());
+        const QString pdf = folder_.filePath(u"algumas.pdf"_s);
+        DesktopReportPrinter printer;
+        Escolher_O_Ficheiro(pdf, primeira, ultima);
+        QCOMPARE(printer.choose(nullptr), PrintResult::Done);
+        ReportPages pages = Relatorio();
+        QCOMPARE(printer.print(pages, u"Titulo"_s, Continuar), PrintResult::Done);
+        QTEST(Saida(u"pdftotext"_s, {pdf, u"-"_s}).simplified(), "texto");
     }
     void as_tres_alimentacoes_poem_o_envelope_no_seu_lugar_da_folha_data()
     {

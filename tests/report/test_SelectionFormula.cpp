@@ -32,6 +32,9 @@ private Q_SLOTS:
         caso("so espacos", u" \t\r\n "_s, u""_s, {});
         caso("igual sem espaco", u"{T.Grupo}=6"_s, u"(Grupo=?)"_s, {u"6"_s});
         caso("igual com espaco a frente", u"{T.Grupo} =123"_s, u"(Grupo=?)"_s, {u"123"_s});
+        caso("igual com espaco atras", u"{T.Grupo}= 123"_s, u"(Grupo=?)"_s, {u"123"_s});
+        caso("zero", u"{T.Grupo}=0"_s, u"(Grupo=?)"_s, {u"0"_s});
+        caso("com zeros no fim", u"{T.Grupo}=9100"_s, u"(Grupo=?)"_s, {u"9100"_s});
         caso("diferente", u"{T.Grupo}<>6"_s, u"(Grupo<>?)"_s, {u"6"_s});
         caso("menor", u"{T.Grupo}<6"_s, u"(Grupo<?)"_s, {u"6"_s});
         caso("menor ou igual", u"{T.Grupo}<=6"_s, u"(Grupo<=?)"_s, {u"6"_s});
@@ -76,6 +79,7 @@ private Q_SLOTS:
         QTest::newRow("T.Grupo=6") << u"1: a field in braces was expected"_s;
         QTest::newRow("{T.Grupo=6") << u"1: the brace is not closed"_s;
         QTest::newRow("{Grupo}=6") << u"1: a field is written {Table.Field}"_s;
+        QTest::newRow("{.Grupo}=6") << u"1: there is no field .Grupo"_s;
         QTest::newRow("{T.Pass}=6") << u"1: there is no field T.Pass"_s;
         QTest::newRow("{T.Grupo} 6") << u"11: one of = <> < <= > >= was expected"_s;
         QTest::newRow("{T.Nome}='Ana") << u"10: the quoted text is not closed"_s;
@@ -107,6 +111,12 @@ private Q_SLOTS:
             QCOMPARE(failure.description(),
                      u"The selection formula is wrong at position 101: too much within one another"_s);
         }
+    }
+
+    void muitas_condicoes_umas_atras_das_outras_nao_sao_umas_dentro_das_outras()
+    {
+        const QStringList condicoes(150, u"{T.Grupo}=6"_s);
+        QCOMPARE(compileSelection(condicoes.join(u" and "_s), Coluna).values.size(), 150U);
     }
 
     void formulas_erradas_data()
