@@ -152,7 +152,8 @@ private Q_SLOTS:
             << 44 << QByteArray("\0\0\0\x05", 4) << QByteArray() << DatabaseNewer;
         QTest::newRow("a definition not understood, by a newer one")
             << 96 << QByteArray("\x7f\xff\xff\xff", 4) << QByteArray("FUTUR") << DatabaseNewer;
-        QTest::newRow("an older format of the file") << 19 << QByteArray("\x02") << QByteArray("FUTUR") << DatabaseDamaged;
+        QTest::newRow("an older format of the file")
+            << 19 << QByteArray("\x02") << QByteArray("FUTUR") << DatabaseDamaged;
         QTest::newRow("a definition not understood, by this one")
             << 96 << QByteArray() << QByteArray("FUTUR") << DatabaseDamaged;
         QTest::newRow("a definition not understood, by an older one")
