@@ -156,6 +156,8 @@ private Q_SLOTS:
         QCOMPARE(std::get<QString>(Converter(8.25, Text)), u"8.25"_s);
         QCOMPARE(std::get<qint64>(Converter(true, YesNo)), 1);
         QCOMPARE(std::get<qint64>(Converter(false, YesNo)), 0);
+        QCOMPARE(std::get<qint64>(Converter(true, Long)), -1);
+        QCOMPARE(std::get<qint64>(Converter(false, Long)), 0);
         VERIFICAR_FALHA(Converter(8.25, Long), Failure::TypeMismatch);
         VERIFICAR_FALHA(Converter(std::numeric_limits<double>::quiet_NaN(), Single), Failure::TypeMismatch);
     }
