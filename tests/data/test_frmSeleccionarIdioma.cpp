@@ -84,6 +84,20 @@ private Q_SLOTS:
         QVERIFY(!form.isVisible());
     }
 
+    void outra_tecla_nao_escolhe_a_bandeira_nem_Enter_sem_nenhuma()
+    {
+        Sistema s(Sistema::Estado::Vazio);
+        frmSeleccionarIdioma form(s.geral, s.plataforma);
+        form.show();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        form.cmdUK->setFocus();
+        QTest::keyClick(form.cmdUK, Qt::Key_X);
+        form.cmdUK->clearFocus();
+        QTest::keyClick(&form, Qt::Key_Return);
+        QVERIFY(form.isVisible());
+        QCOMPARE(s.Linhas(u"SELECT count(*) FROM TblGrupos"_s), QStringList{u"0"_s});
+    }
+
     void uma_bandeira_indisponivel_repete_a_mensagem_e_nada_muda_data()
     {
         QTest::addColumn<int>("vezes");
