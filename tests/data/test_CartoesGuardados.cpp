@@ -23,6 +23,7 @@ private Q_SLOTS:
         QCOMPARE(lido->IDContacto, u"7"_s);
         QCOMPARE(lido->UID, u"urn:uuid:1"_s);
         QCOMPARE(lido->cartao, cartao);
+        QCOMPARE(s.geral.de.Rs("cmdLerCartao").State(), Recordset::Closed); // it does not stay in memory
     }
 
     void o_segundo_toma_o_lugar_do_primeiro_e_deixa_o_resto_da_linha()
@@ -57,6 +58,20 @@ private Q_SLOTS:
         QVERIFY(!cartoes.Ler(u"1"_s));
         QVERIFY(cartoes.Ler(u"2"_s).has_value());
         cartoes.Eliminar(u"1"_s); // there is none any more: nothing happens
+    }
+
+    void com_um_grupo_vao_se_os_dos_seus_contactos()
+    {
+        Sistema s;
+        CartoesGuardados cartoes(s.geral.de);
+        QStringList IDs;
+        for (const QString &grupo : {u"1"_s, u"1"_s, u"2"_s})
+            IDs << QString::number(s.Novo_Contacto({{u"Nome"_s, u"Ana"_s}, {u"Grupo"_s, grupo}}));
+        for (const QString &ID : IDs)
+            cartoes.Guardar({ID, QString(), "x"});
+        cartoes.Eliminar_Do_Grupo(u"1"_s);
+        QVERIFY(!cartoes.Ler(IDs[0]) && !cartoes.Ler(IDs[1]));
+        QVERIFY(cartoes.Ler(IDs[2]).has_value());
     }
 
     void um_contacto_que_nao_e_numero_e_um_erro()

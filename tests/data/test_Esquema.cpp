@@ -1,6 +1,7 @@
 // The fifteen tables: their columns, types and counters, and the database that is shipped.
 #include "data/Esquema.h"
 #include "platform/Failure.h"
+#include "testlib/FalhaDita.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
@@ -64,6 +65,16 @@ private Q_SLOTS:
 
     void sao_quinze() { QCOMPARE(esquema::Tabelas().size(), 15U); }
 
+    // A base that has had a step has its tables: in another one they would never come to it.
+    void cada_tabela_que_veio_depois_diz_o_seu_passo()
+    {
+        QStringList passos;
+        for (const Tabela &tabela : esquema::Tabelas())
+            if (tabela.desde != 0) passos << u"%1 %2"_s.arg(tabela.desde).arg(esquema::Texto(tabela.nome));
+        QCOMPARE(passos, (QStringList{u"1 TblFotografias"_s, u"1 TblCartoes"_s, u"2 TblDiferentes"_s,
+                                      u"3 TblSincronizacao"_s, u"3 TblSincronizados"_s, u"3 TblOcorrencias"_s}));
+    }
+
     void as_chaves_que_a_base_nao_da_sao_quatro()
     {
         QStringList chaves;
@@ -80,6 +91,8 @@ private Q_SLOTS:
         QCOMPARE(esquema::Tipo("TblTarefas", "Data"), ColumnType::Date);
         VERIFICAR_FALHA(esquema::Tipo("TblTarefas", "Dia"), Failure::ItemNotFound);
         VERIFICAR_FALHA(esquema::Tipo("TblNada", "ID"), Failure::ItemNotFound);
+        QCOMPARE(teste::Falha_Dita([] { esquema::Tipo("TblTarefas", "Dia"); }),
+                 QStringList({u"TblTarefas"_s, u"No column named Dia"_s}));
     }
 
     void a_base_enviada_tem_estas_tabelas_e_mais_nada()

@@ -118,6 +118,7 @@ private Q_SLOTS:
         QTest::newRow("de pe") << QSize(1000, 2000) << QSize(800, 1600);
         QTest::newRow("mais pequena") << QSize(1000, 900) << QSize(1000, 900);
         QTest::newRow("uma tira") << QSize(200'000, 6) << QSize(1600, 1);
+        QTest::newRow("uma tira de pe") << QSize(6, 200'000) << QSize(1, 1600);
     }
     void acima_de_dois_megabytes_fica_com_1600_pontos_e_jpeg()
     {
@@ -131,16 +132,23 @@ private Q_SLOTS:
         QCOMPARE(pronta.nome, Nome_Na_Base(pronta.bytes, "jpeg"));
     }
 
-    void o_que_e_transparente_fica_branco()
+    void uma_reduzida_mostra_o_mesmo_e_o_que_e_transparente_fica_branco()
     {
         QImage imagem(1000, 1000, QImage::Format_ARGB32);
         imagem.fill(Qt::transparent);
+        for (int y = 0; y < 1000; ++y)
+            for (int x = 0; x < 500; ++x)
+                imagem.setPixel(x, y, qRgb(200, 30, 60));
         QByteArray png;
         QBuffer ficheiro(&png);
         QVERIFY(ficheiro.open(QIODevice::WriteOnly));
         QVERIFY(imagem.save(&ficheiro, "PNG"));
         const QByteArray grande = png + QByteArray(2 << 20, '\0');
-        QVERIFY(qGray(Lida(Preparar_Para_A_Base(grande).bytes).pixel(500, 500)) > 250);
+        const QImage reduzida = Lida(Preparar_Para_A_Base(grande).bytes);
+        QVERIFY(qGray(reduzida.pixel(750, 500)) > 250);
+        const QColor cor = reduzida.pixelColor(250, 500);
+        QVERIFY2(std::abs(cor.red() - 200) < 8 && std::abs(cor.green() - 30) < 8 && std::abs(cor.blue() - 60) < 8,
+                 qPrintable(cor.name()));
     }
 
     void o_que_nao_e_imagem_nao_se_guarda_data()

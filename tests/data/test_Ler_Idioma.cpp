@@ -15,19 +15,21 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("nome");
         QTest::addColumn<QString>("ajuda");
+        QTest::addColumn<QString>("codigo");
         QTest::addColumn<bool>("disponivel");
-        QTest::newRow("PortuguesPT") << u"Português (Portugal)"_s << u"pt"_s << true;
-        QTest::newRow("PortuguesBR") << u"Português (Brasil)"_s << u"br"_s << true;
-        QTest::newRow("InglesUK") << u"English"_s << u"uk"_s << true;
-        QTest::newRow("EspanholES") << u"Español"_s << u"es"_s << false;
-        QTest::newRow("ItalianoIT") << u"Italiano"_s << u"it"_s << false;
-        QTest::newRow("FrancesFR") << u"Français"_s << u"fr"_s << true;
-        QTest::newRow("AlemaoDE") << u"Deutsch"_s << u"de"_s << false;
+        QTest::newRow("PortuguesPT") << u"Português (Portugal)"_s << u"pt"_s << u"pt_BR"_s << true;
+        QTest::newRow("PortuguesBR") << u"Português (Brasil)"_s << u"br"_s << u"pt_BR"_s << true;
+        QTest::newRow("InglesUK") << u"English"_s << u"uk"_s << u"en"_s << true;
+        QTest::newRow("EspanholES") << u"Español"_s << u"es"_s << u"es"_s << false;
+        QTest::newRow("ItalianoIT") << u"Italiano"_s << u"it"_s << u"it"_s << false;
+        QTest::newRow("FrancesFR") << u"Français"_s << u"fr"_s << u"fr"_s << true;
+        QTest::newRow("AlemaoDE") << u"Deutsch"_s << u"de"_s << u"de"_s << false;
     }
     void cada_lingua_le_a_sua_coluna()
     {
         QFETCH(QString, nome);
         QFETCH(QString, ajuda);
+        QFETCH(QString, codigo);
         QFETCH(bool, disponivel);
         const auto coluna = QString::fromLatin1(QTest::currentDataTag());
         Sistema s;
@@ -38,7 +40,40 @@ private Q_SLOTS:
         QVERIFY(idioma != nullptr);
         QCOMPARE(QString::fromUtf16(idioma->nome), nome);
         QCOMPARE(QString::fromUtf16(idioma->ajuda), ajuda);
+        QCOMPARE(QString::fromUtf16(idioma->codigo), codigo);
         QCOMPARE(idioma->disponivel, disponivel);
+    }
+
+    void um_processo_comeca_sem_contacto_sem_conta_e_sem_avisos()
+    {
+        const QTemporaryDir pasta;
+        const Geral geral(pasta.path());
+        QCOMPARE(geral.IDContacto, 0);
+        QCOMPARE(geral.IndiceContacto, 0);
+        QCOMPARE(geral.IDContaEmail, 0);
+        QCOMPARE(geral.ErroMail, 0);
+        QCOMPARE(geral.DiasAniversarios, 0);
+        QCOMPARE(geral.EmailNotifyActivo, 0);
+        QCOMPARE(geral.EmailNotifyMinutos, 0);
+        QCOMPARE(geral.MessengerActivo, 0);
+        QVERIFY(!geral.Comeca_Minimizado());
+        QCOMPARE(geral.SessaoActual.IdUtilizador, u"0"_s);
+        const Sessao &sessao = geral.SessaoActual;
+        QVERIFY(!sessao.PedirPassSystemTray && !sessao.Adicionar && !sessao.Editar && !sessao.Eliminar);
+        QVERIFY(!sessao.Grupos && !sessao.Utilizadores);
+    }
+
+    void comeca_se_minimizado_se_a_configuracao_ou_a_linha_de_comando_o_pede()
+    {
+        const QTemporaryDir pasta;
+        Geral geral(pasta.path());
+        geral.MinimizarArranque = u"nao"_s;
+        QVERIFY(!geral.Comeca_Minimizado());
+        geral.MinimizarArranque = u"sim"_s;
+        QVERIFY(geral.Comeca_Minimizado());
+        geral.MinimizarArranque = u"nao"_s;
+        geral.MinimizarDestaVez = true;
+        QVERIFY(geral.Comeca_Minimizado());
     }
 
     void sao_sete_linguas() { QCOMPARE(idiomas::todos.size(), 7U); }

@@ -1,4 +1,5 @@
 // A new row whose answer a server did not give: written once, whatever became of the first try.
+#include "data/FeitoPorSaber.h"
 #include "data/NovaPorSaber.h"
 #include "testlib/EspecieDaFalha.h"
 #include "testlib/ServidorFalso.h"
@@ -46,6 +47,22 @@ private Q_SLOTS:
         QCOMPARE(p.Gravar(u"Coral"_s), QString());
         QCOMPARE(p.Gravar(u"Coral"_s), QString());
         QCOMPARE(p.Grupos(), (QStringList{u"Coral|0"_s, u"Coral|0"_s}));
+    }
+
+    void o_que_outro_perdeu_antes_nao_diz_nada_a_quem_comeca()
+    {
+        Posto p;
+        DE &de = p.s.geral.de;
+        const auto outro = [&de] { de.Executar("cmdAdicionarGrupo", {u"Outro"}); };
+        p.servidor.Perder_A_Proxima_Resposta();
+        QCOMPARE(teste::Especie_Da_Falha(outro), Failure::Kind::ServerLost);
+        p.servidor.Voltar();
+        QCOMPARE(p.nova.Chegada(), QStringList());
+        QCOMPARE(p.nova.ID(), QString());
+        FeitoPorSaber feito(de);
+        QVERIFY(!feito.Em_Duvida() && !feito.Nao_Chegou());
+        feito.Correr(outro);
+        QCOMPARE(p.s.Linhas(u"SELECT count(*) FROM TblGrupos WHERE NomeGrupo='Outro'"_s), QStringList{u"2"_s});
     }
 
     void a_que_chegou_recebe_o_que_se_mudou_desde_entao()

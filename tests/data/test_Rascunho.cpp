@@ -241,6 +241,27 @@ private Q_SLOTS:
         QCOMPARE(editor.linha->text(), u"Ana"_s);
     }
 
+    // As one is that an older program left, whose form had other fields.
+    void um_campo_que_o_rascunho_nao_tem_fica_como_esta_e_um_que_nao_se_ve_tambem()
+    {
+        Sistema s;
+        Interromper(s);
+        QFile ficheiro(s.Ficheiro(u"rascunho.json"_s));
+        QVERIFY(ficheiro.open(QIODevice::ReadWrite));
+        QByteArray json = ficheiro.readAll();
+        QVERIFY(json.contains("\"txtObs\""));
+        json.replace("\"txtObs\"", "\"txtIDGrupo\"");
+        QVERIFY(ficheiro.resize(0) && ficheiro.seek(0) && ficheiro.write(json) == json.size());
+        ficheiro.close();
+        s.caixas.Espera(pergunta, 36, u"Editor"_s, answer::yes);
+        Editor editor(s);
+        editor.texto->setPlainText(u"de agora"_s);
+        editor.Abrir();
+        QCOMPARE(editor.linha->text(), u"Ana"_s);
+        QCOMPARE(editor.texto->toPlainText(), u"de agora"_s);
+        QCOMPARE(editor.escondido->text(), QString());
+    }
+
     void so_o_que_mudou_desde_que_apareceu_esta_por_confirmar()
     {
         Sistema s;

@@ -1,5 +1,8 @@
 // The interface texts: which there are, and what each must hold in all seven languages.
 #include "data/Idiomas.h"
+#include "data/Textos.h"
+#include "store/Connection.h"
+#include "testlib/FalhaDita.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
@@ -71,6 +74,27 @@ private Q_SLOTS:
             for (qsizetype c = 2; c < linha.size(); ++c)
                 textos_[cabecalho_[c]][linha[0].toInt()] = linha[c];
         }
+    }
+
+    void um_ficheiro_que_falta_e_uma_linha_de_outra_medida_dizem_se()
+    {
+        const QString nenhum = u"/nenhum/TblIdiomas.tsv"_s;
+        QCOMPARE(teste::Falha_Dita([&] { Ler_Textos(nenhum); }),
+                 QStringList({nenhum, u"The texts were not found: "_s + nenhum}));
+        Connection base;
+        base.OpenInMemory(1 << 20);
+        base.execute(u"CREATE TABLE TblIdiomas (ID INTEGER, PortuguesPT TEXT)"_s, {});
+        const QStringList cabeca{u"ID"_s, u"Uso"_s, u"PortuguesPT"_s};
+        const auto dito = [&](const QStringList &linha) {
+            return teste::Falha_Dita([&] { Inserir_Textos(base, {cabeca, linha}, [](int) { return true; }); });
+        };
+        QCOMPARE(dito({u"7"_s, u"menu"_s, u"Sair"_s}), QStringList());
+        QCOMPARE(dito({u"8"_s, u"menu"_s}), QStringList({u"8"_s, u"A row with 1 cells"_s}));
+        QCOMPARE(dito({u"9"_s, u"menu"_s, u"Sair"_s, u"Exit"_s}),
+                 QStringList({u"9\tSair\tExit"_s, u"A row with 3 cells"_s}));
+        Recordset rs = base.query(u"SELECT * FROM TblIdiomas"_s, {});
+        QCOMPARE(rs.RecordCount(), 1);
+        QCOMPARE(rs.Row(), QStringList({u"7"_s, u"Sair"_s}));
     }
 
     void os_numeros_sao_exactamente_os_que_os_formularios_pedem()

@@ -1,4 +1,5 @@
 // The first form of a new installation: its flags, and how it is left.
+#include "controls/Scale.h"
 #include "data/frmSeleccionarIdioma.h"
 #include "platform/Failure.h"
 #include "testlib/Sistema.h"
@@ -82,6 +83,31 @@ private Q_SLOTS:
         QTest::keyClick(form.cmdUK, tecla);
         QCOMPARE(Contagens(s), QStringList{u"InglesUK|5|6|1|2"_s});
         QVERIFY(!form.isVisible());
+    }
+
+    void com_letras_do_dobro_tem_o_dobro_do_tamanho()
+    {
+        Sistema s(Sistema::Estado::Vazio);
+        const frmSeleccionarIdioma desenhado(s.geral, s.plataforma);
+        const auto repor = qScopeGuard([] { scale::setLetters(scale::standardLetters); });
+        scale::setLetters(2 * scale::standardLetters);
+        const frmSeleccionarIdioma maior(s.geral, s.plataforma);
+        QCOMPARE(maior.cmdUK->size(), 2 * desenhado.cmdUK->size());
+        QCOMPARE(maior.cmdUK->pos(), 2 * desenhado.cmdUK->pos());
+    }
+
+    void outra_tecla_nao_escolhe_a_bandeira_nem_Enter_sem_nenhuma()
+    {
+        Sistema s(Sistema::Estado::Vazio);
+        frmSeleccionarIdioma form(s.geral, s.plataforma);
+        form.show();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        form.cmdUK->setFocus();
+        QTest::keyClick(form.cmdUK, Qt::Key_X);
+        form.cmdUK->clearFocus();
+        QTest::keyClick(&form, Qt::Key_Return);
+        QVERIFY(form.isVisible());
+        QCOMPARE(s.Linhas(u"SELECT count(*) FROM TblGrupos"_s), QStringList{u"0"_s});
     }
 
     void uma_bandeira_indisponivel_repete_a_mensagem_e_nada_muda_data()

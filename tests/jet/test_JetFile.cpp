@@ -4,8 +4,10 @@
 #include "testlib/Desempacotado.h"
 #include "testlib/MemoriaPedida.h"
 #include "testlib/OutrosNomes.h"
+#include "testlib/SemPrivilegios.h"
 #include "testlib/Teste.h"
 
+#include <numeric>
 #include <QCryptographicHash>
 #include <random>
 
@@ -103,6 +105,30 @@ QByteArray Trocar_Paginas(QByteArray bytes, std::mt19937 &acaso)
     }
     return bytes;
 }
+
+// The head of each file is encoded with the same key; what does so takes it back as well.
+QByteArray Trocar_Cabecalho(QByteArray bytes)
+{
+    constexpr int inicio = 0x18;
+    constexpr int fim = 0x98;
+    const std::array<quint8, 4> chave{0xc7, 0xda, 0x39, 0x6b};
+    std::array<quint8, 256> estado{};
+    std::iota(estado.begin(), estado.end(), quint8{0});
+    quint8 j = 0;
+    for (std::size_t i = 0; i < estado.size(); ++i) {
+        j = static_cast<quint8>(j + estado[i] + chave[i % chave.size()]);
+        std::swap(estado[i], estado[j]);
+    }
+    quint8 i = 0;
+    j = 0;
+    for (int onde = inicio; onde < fim; ++onde) {
+        j = static_cast<quint8>(j + estado[++i]);
+        std::swap(estado[i], estado[j]);
+        bytes[onde] = static_cast<char>(bytes[onde] ^ estado[static_cast<quint8>(estado[i] + estado[j])]);
+    }
+    return bytes;
+}
+
 // The numbers of the pages that hold the rows of the table with the most of them.
 std::vector<int> Paginas_Da_Maior_Tabela(const QByteArray &bytes)
 {
@@ -271,9 +297,70 @@ private Q_SLOTS:
             return Dito([&] { JetFile{caminho}; });
         };
         QCOMPARE(de(sa.left(4095)), u"no database: its size"_s);
-        QVERIFY(de(sa.left(4096)) != u"no database: its size"_s);
+        QCOMPARE(de(sa.left(4096)), u"a page lies beyond the end of the file"_s); // it has no catalogue
         QCOMPARE(de(QByteArray(sa).replace(4, 1, "X")), u"no database"_s);
         QCOMPARE(de(QByteArray(sa).replace(0, 1, "X")), QString()); // nobody knows what it is for
+    }
+
+    void um_ficheiro_que_ninguem_deixa_ler_nao_abre()
+    {
+        CopiaEstragada copia(u"copia.mdb"_s);
+        const QString caminho = copia.Guardar(Ler_Ficheiro(Amostra(u"pequena.mdb"_s)));
+        QVERIFY(QFile::setPermissions(QFileInfo(caminho).path(), QFile::Permissions(0x7777)));
+        QVERIFY(QFile::setPermissions(caminho, {}));
+        QString dito;
+        bool possivel = false;
+        {
+            const SemPrivilegios ninguem;
+            possivel = ninguem.Possivel() && SemPrivilegios::Ha_Direitos_Por_Ficheiro();
+            if (possivel) dito = Dito([&] { JetFile{caminho}; });
+        }
+        QVERIFY(QFile::setPermissions(caminho, QFile::ReadOwner | QFile::WriteOwner));
+        if (!possivel) QSKIP("the rights of an administrator cannot be put off here");
+        QCOMPARE(dito, u"the file cannot be opened"_s);
+    }
+
+    void cada_byte_da_palavra_passe_conta()
+    {
+        constexpr int inicio = 0x42;
+        constexpr int comprimento = 40;
+        const QByteArray sa = Ler_Ficheiro(Amostra(u"pequena.mdb"_s));
+        CopiaEstragada copia(u"copia.mdb"_s);
+        for (int i = 0; i <= comprimento; ++i) {
+            QByteArray bytes = sa;
+            bytes[inicio + i] = static_cast<char>(bytes[inicio + i] ^ 1);
+            const QString caminho = copia.Guardar(bytes);
+            QCOMPARE(Dito([&] { JetFile{caminho}; }), i < comprimento ? u"the database has a password"_s : QString());
+        }
+    }
+
+    // The password is masked with the whole days of that date.
+    void a_data_em_que_foi_feita_serve_de_mascara_se_for_um_dia_data()
+    {
+        QTest::addColumn<double>("data");
+        QTest::addColumn<qint32>("mascara");
+        QTest::newRow("a day and a half") << 1.5 << 1;
+        QTest::newRow("the last") << 2147483647.0 << 2147483647;
+        QTest::newRow("the first") << -2147483647.0 << -2147483647;
+        QTest::newRow("behind the last") << 2147483648.0 << 0;
+        QTest::newRow("before the first") << -2147483648.0 << 0;
+        QTest::newRow("none") << std::numeric_limits<double>::quiet_NaN() << 0;
+    }
+    void a_data_em_que_foi_feita_serve_de_mascara_se_for_um_dia()
+    {
+        QFETCH(double, data);
+        QFETCH(qint32, mascara);
+        CopiaEstragada copia(u"copia.mdb"_s);
+        const auto dito = [&](qint32 posta) {
+            QByteArray bytes = Trocar_Cabecalho(Ler_Ficheiro(Amostra(u"pequena.mdb"_s)));
+            qToLittleEndian(data, bytes.data() + 0x72);
+            for (int i = 0; i < 10; ++i)
+                qToLittleEndian(posta, bytes.data() + 0x42 + 4 * i);
+            const QString caminho = copia.Guardar(Trocar_Cabecalho(bytes));
+            return Dito([&] { JetFile{caminho}; });
+        };
+        QCOMPARE(dito(mascara), QString());
+        QCOMPARE(dito(mascara ^ 1), u"the database has a password"_s);
     }
 
     // The file has one byte at its end and takes no more room on the disk than that.

@@ -203,6 +203,8 @@ private Q_SLOTS:
         QCOMPARE(Nomes(u"WHERE ID LIKE ?"_s, {u"2"_s}), QStringList{u"ANDRÉ"_s});
         QCOMPARE(Nomes(u"ORDER BY Nome"_s), (QStringList{u"Álvaro"_s, u"ANDRÉ"_s, u"Zita"_s}));
         QCOMPARE(Nomes(u"WHERE NULL LIKE ?"_s, {u"%"_s}), QStringList{});
+        QCOMPARE(Nomes(u"WHERE NULL NOT LIKE ?"_s, {u"Z"_s}), QStringList{});
+        QCOMPARE(Nomes(u"WHERE Nome NOT LIKE ?"_s, {StoreValue()}), QStringList{});
     }
 
     void delete_com_asterisco_apaga_linhas_inteiras()
@@ -432,6 +434,15 @@ private Q_SLOTS:
         QCOMPARE(Nomes(u"WHERE Nome='Nova'"_s), QStringList{u"Nova"_s});
     }
 
+    void uma_recusa_que_nao_e_de_uma_tranca_nao_gasta_a_espera()
+    {
+        Criar_Tabela();
+        connection_.waitingOnce([&] {
+            VERIFICAR_FALHA(connection_.execute(u"INSERT INTO T (ID) VALUES (1)"_s, {}), Failure::StoreError);
+            QVERIFY(Escrita_Espera_Um_Momento());
+        });
+    }
+
     // A reader lets a portion begin, but not reach the file: that is known before the first of its writes.
     void um_leitor_espera_se_uma_vez_por_muito_que_a_porcao_cresca()
     {
@@ -618,6 +629,18 @@ private Q_SLOTS:
         memoria.execute(u"INSERT INTO T VALUES (?)"_s, {QByteArray(50000, 'x')});
         VERIFICAR_FALHA(memoria.execute(u"INSERT INTO T VALUES (?)"_s, {QByteArray(50000, 'x')}),
                         Failure::StoreError);
+    }
+
+    void uma_base_em_memoria_toma_os_bytes_que_lhe_deram()
+    {
+        constexpr qint64 bytes = 40 * 4096;
+        Connection memoria;
+        memoria.OpenInMemory(bytes);
+        memoria.execute(u"CREATE TABLE T (B BLOB)"_s, {});
+        while (skipFailure([&] { memoria.execute(u"INSERT INTO T VALUES (zeroblob(1000))"_s, {}); })) {}
+        const int paginas = memoria.query(u"PRAGMA page_count"_s, {}).Fields("page_count").number();
+        const int tamanho = memoria.query(u"PRAGMA page_size"_s, {}).Fields("page_size").number();
+        QCOMPARE(qint64{paginas} * tamanho, bytes);
     }
 
     void uma_vista_e_uma_tabela_de_outrem_sao_estranhas_em_qualquer_caixa()

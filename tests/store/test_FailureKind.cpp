@@ -152,6 +152,10 @@ private Q_SLOTS:
             << 44 << QByteArray("\0\0\0\x05", 4) << QByteArray() << DatabaseNewer;
         QTest::newRow("a definition not understood, by a newer one")
             << 96 << QByteArray("\x7f\xff\xff\xff", 4) << QByteArray("FUTUR") << DatabaseNewer;
+        QTest::newRow("an older format of the file")
+            << 19 << QByteArray("\x02") << QByteArray("FUTUR") << DatabaseDamaged;
+        QTest::newRow("a definition not understood, by this one")
+            << 96 << QByteArray() << QByteArray("FUTUR") << DatabaseDamaged;
         QTest::newRow("a definition not understood, by an older one")
             << 96 << QByteArray("\0\0\0\x01", 4) << QByteArray("FUTUR") << DatabaseDamaged;
     }
@@ -171,6 +175,17 @@ private Q_SLOTS:
             Trocar_Bytes(Base(), onde, definicao);
         }
         QCOMPARE(Ao_Abrir(), kind);
+    }
+
+    void o_cabecalho_basta_para_se_conhecer_um_programa_mais_novo()
+    {
+        constexpr qint64 cabecalho = 100;
+        Criar(Base());
+        Trocar_Bytes(Base(), 19, QByteArray("\x03"));
+        QVERIFY(QFile::resize(Base(), cabecalho));
+        QCOMPARE(Ao_Abrir(), DatabaseNewer);
+        QVERIFY(QFile::resize(Base(), cabecalho - 1));
+        QCOMPARE(Ao_Abrir(), DatabaseDamaged);
     }
 
     void sem_licenca_data()

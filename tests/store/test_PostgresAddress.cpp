@@ -1,6 +1,7 @@
 // The address of a database on a server: what it takes, what it refuses, what it shows, and what it adds.
 #include "store/postgres/PostgresAddress.h"
 #include "testlib/EspecieDaFalha.h"
+#include "testlib/FalhaDita.h"
 #include "testlib/Teste.h"
 
 #include <QTcpServer>
@@ -109,6 +110,7 @@ private Q_SLOTS:
         row("one of two elsewhere", u"postgresql://localhost,server/morvex"_s, "verify-full");
         row("an address behind the name", u"postgresql://localhost/morvex?hostaddr=192.168.1.4"_s, "verify-full");
         row("told otherwise", u"postgresql://server/morvex?sslmode=require"_s, "(none)");
+        row("told what the library would do", u"postgresql://server/morvex?sslmode=prefer"_s, "(none)");
         row("this machine by name", u"postgresql://localhost/morvex"_s, "(none)");
         row("this machine by number", u"postgresql://127.0.0.1:5433/morvex"_s, "(none)");
         row("this machine by the longer number", u"postgresql://[::1]/morvex"_s, "(none)");
@@ -144,6 +146,21 @@ private Q_SLOTS:
         QCOMPARE(Opcao(plain, "application_name"), "morvex"); // by which an administrator knows the desks
         QCOMPARE(Opcao(plain, "gssencmode"), "disable");      // asking for it costs a trip
         QCOMPARE(Opcao(plain + u"?client_encoding=LATIN1"_s, "client_encoding"), "UTF8");
+    }
+    void the_library_gets_the_address_itself_and_the_session_what_it_sets()
+    {
+        const QString text = u"postgresql://server/morvex?options=-c%20geqo%3Doff"_s;
+        QCOMPARE(Opcao(text, "dbname"), text.toUtf8());
+        QCOMPARE(PostgresAddress(text).settings(), "-c geqo=off");
+        QCOMPARE(PostgresAddress(u"postgresql://server/morvex"_s).settings(), "");
+    }
+    void a_refusal_says_which_address_and_why()
+    {
+        const auto said = [](const QString &text) { return teste::Falha_Dita([&] { PostgresAddress address(text); }); };
+        QCOMPARE(said(u"postgresql://ana:x@server/morvex"_s),
+                 QStringList({u"postgresql://ana@server/morvex"_s, u"The address holds a password"_s}));
+        QCOMPARE(said(u"postgresql://server/morvex?passwort=x"_s),
+                 QStringList({u"postgresql://…"_s, u"The address of the server can't be understood"_s}));
     }
     void nobody_is_asked_for_an_address()
     {

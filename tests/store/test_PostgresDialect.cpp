@@ -49,6 +49,7 @@ private Q_SLOTS:
         Rows();
         Row("star", u"DELETE * FROM TblLista WHERE ID=?"_s, u"DELETE FROM TblLista WHERE ID=$1"_s);
         Row("any case and blanks", u"  delete\n*  from t"_s, u"  delete\nfrom t"_s);
+        Row("no blank behind it", u"DELETE *FROM t"_s, u"DELETE FROM t"_s);
         Row("none", u"DELETE FROM t"_s, u"DELETE FROM t"_s);
         Row("not behind it", u"DELETE * t"_s, u"DELETE * t"_s);
         Row("elsewhere", u"SELECT 2 * 3"_s, u"SELECT 2 * 3"_s);
@@ -62,6 +63,8 @@ private Q_SLOTS:
         Row("in a text", u"SELECT '?', ?, 'it''s ?', ?"_s, u"SELECT '?', $1, 'it''s ?', $2"_s);
         Row("in a name", u"SELECT \"a?\"\"b?\", ?"_s, u"SELECT \"a?\"\"b?\", $1"_s);
         Row("in a comment", u"SELECT ? /* ? */, ? -- ?\n, ?"_s, u"SELECT $1 /* ? */, $2 -- ?\n, $3"_s);
+        Row("a line of comment", u"SELECT 1\n-- ?\n, ?"_s, u"SELECT 1\n-- ?\n, $1"_s);
+        Row("empty comments", u"--\n?/**/?"_s, u"--\n$1/**/$2"_s);
         Row("ten", u"?,?,?,?,?,?,?,?,?,?"_s, u"$1,$2,$3,$4,$5,$6,$7,$8,$9,$10"_s);
     }
     void values_are_numbered_outside_of_quotes() { Check(); }
@@ -88,7 +91,14 @@ private Q_SLOTS:
         for (const char *before : {"x AND", "x OR", "NOT", "SELECT", "a JOIN u ON", "CASE WHEN", "WHERE", "where"})
             Row(before, QLatin1String(before) + u" (a) LIKE ?"_s,
                 QLatin1String(before) + u' ' + folded.arg(u"(a)"_s, u"$1"_s)); // no call of that name
+        for (const char *left : {"a", "(a || b)", "coalesce(a, '')", "'x'", "a.b"}) // it need not stand behind anything
+            Row(left, QLatin1String(left) + u" LIKE ?"_s, folded.arg(QLatin1String(left), u"$1"_s));
+        Row("brackets behind a sign", u"SELECT 1, (a) LIKE ?"_s, u"SELECT 1, "_s + folded.arg(u"(a)"_s, u"$1"_s));
+        Row("a quote within the text", u"WHERE a LIKE 'it''s'"_s, u"WHERE "_s + folded.arg(u"a"_s, u"'it''s'"_s));
         Row("what is no operand", u"WHERE a LIKE 1 + ?"_s, u"WHERE a LIKE 1 + $1"_s);
+        Row("a number", u"WHERE 1 LIKE ?"_s, u"WHERE 1 LIKE $1"_s);
+        Row("nothing before it", u"LIKE ?"_s, u"LIKE $1"_s);
+        Row("a column before a word", u"? LIKE a OR b"_s, folded.arg(u"$1"_s, u"a"_s) + u" OR b"_s);
         Row("a name with a dollar", u"WHERE a$b LIKE ?"_s, u"WHERE "_s + folded.arg(u"a$b"_s, u"$1"_s));
         Row("quoted words", u"SELECT \"LIKE\" FROM t"_s, u"SELECT \"LIKE\" FROM t"_s);
         Row("value against column", u"WHERE ? LIKE a.b"_s, u"WHERE "_s + folded.arg(u"$1"_s, u"a.b"_s));
@@ -121,6 +131,7 @@ private Q_SLOTS:
     void the_last_row_is_asked_of_the_session()
     {
         QCOMPARE(postgres::said(u"VALUES (last_insert_rowid(), ?)"_s), u"VALUES (coalesce(morvex_ultimo_id(), 0), $1)"_s);
+        QCOMPARE(postgres::said(u"last_insert_rowid()"_s), u"coalesce(morvex_ultimo_id(), 0)"_s);
         QCOMPARE(postgres::said(u"SELECT 'last_insert_rowid()'"_s), u"SELECT 'last_insert_rowid()'"_s);
     }
 
@@ -128,6 +139,7 @@ private Q_SLOTS:
     {
         QCOMPARE(postgres::said(u"WHERE a COLLATE BINARY NOT IN (SELECT b FROM t)"_s),
                  u"WHERE a COLLATE \"C\" NOT IN (SELECT b FROM t)"_s);
+        QCOMPARE(postgres::said(u"COLLATE BINARY"_s), u"COLLATE \"C\""_s);
         QCOMPARE(postgres::said(u"ORDER BY a COLLATE MORVEX"_s), u"ORDER BY a COLLATE MORVEX NULLS FIRST"_s);
     }
 

@@ -1,5 +1,7 @@
 // What the server's codes mean for a person.
 #include "store/postgres/PostgresFailure.h"
+#include "testlib/EspecieDaFalha.h"
+#include "testlib/FalhaDita.h"
 
 #include <QtTest>
 
@@ -8,6 +10,13 @@ using enum Failure::Kind;
 class TestPostgresFailure : public QObject
 {
     Q_OBJECT
+
+    // One that no server has given.
+    static PostgresResult Answer(ExecStatusType status)
+    {
+        static const libpq::Function<decltype(::PQmakeEmptyPGresult)> make("PQmakeEmptyPGresult");
+        return PostgresResult(make(nullptr, status));
+    }
 
 private Q_SLOTS:
     void each_code_has_its_kind_data()
@@ -46,17 +55,36 @@ private Q_SLOTS:
         QCOMPARE(int(kindOfState(QTest::currentDataTag())), kind);
     }
     void no_code_is_a_connection_that_broke() { QCOMPARE(int(kindOfState({})), int(ServerLost)); }
+    void an_answer_is_a_refusal_or_none_data()
+    {
+        QTest::addColumn<int>("status");
+        QTest::addColumn<bool>("refusal");
+        QTest::newRow("an error") << int(PGRES_FATAL_ERROR) << true;
+        QTest::newRow("what the library does not understand") << int(PGRES_BAD_RESPONSE) << true;
+        QTest::newRow("done") << int(PGRES_COMMAND_OK) << false;
+        QTest::newRow("rows") << int(PGRES_TUPLES_OK) << false;
+        QTest::newRow("a note") << int(PGRES_NONFATAL_ERROR) << false;
+    }
+    void an_answer_is_a_refusal_or_none()
+    {
+        QFETCH(int, status);
+        const PostgresResult answer = Answer(static_cast<ExecStatusType>(status));
+        QTEST(isRefusal(answer.get()), "refusal");
+    }
+    void a_refusal_that_the_server_did_not_write_has_no_code()
+    {
+        const PostgresResult answer = Answer(PGRES_FATAL_ERROR);
+        QVERIFY(stateOf(answer.get()).empty());
+        QCOMPARE(teste::Falha_Dita([&] { raiseRefusal(answer.get(), QStringLiteral("SELECT 1")); }),
+                 QStringList({QStringLiteral("SELECT 1"), QString()}));
+    }
     void a_lost_server_has_words_of_its_own_where_the_library_has_none()
     {
-        for (const QString &reason : {QString(), QStringLiteral("reset by peer")}) {
-            try {
-                raiseLost(reason);
-            } catch (const Failure &failure) {
-                QCOMPARE(int(failure.kind()), int(ServerLost));
-                QVERIFY(failure.description().contains(
-                    reason.isEmpty() ? QStringLiteral("no longer answers") : reason));
-            }
-        }
+        const auto said = [](const QString &reason) { return teste::Falha_Dita([&] { raiseLost(reason); }); };
+        const QString store = QStringLiteral("PostgresStore");
+        QCOMPARE(said({}), QStringList({store, QStringLiteral("The server no longer answers")}));
+        QCOMPARE(said(QStringLiteral("reset by peer")), QStringList({store, QStringLiteral("reset by peer")}));
+        QCOMPARE(teste::Especie_Da_Falha([] { raiseLost({}); }), ServerLost);
     }
 };
 

@@ -6,6 +6,7 @@
 #include "store/TabelaNoServidor.h"
 #include "testlib/Servidor.h"
 #include "testlib/EspecieDaFalha.h"
+#include "testlib/FalhaDita.h"
 #include "testlib/Teste.h"
 
 #include <dlfcn.h>
@@ -105,6 +106,18 @@ private Q_SLOTS:
     void nobody_knows_the_name()
     {
         QCOMPARE(Abrir(u"postgresql://nenhures..aqui/morvex"_s), Failure::Kind::ServerUnknown);
+    }
+    void a_name_that_nobody_knows_and_a_server_that_is_silent_are_told_apart()
+    {
+        const auto said = [](const QString &address) {
+            return teste::Falha_Dita([&] { openNow(PostgresAddress(address), {}, Deadline(milliseconds(500))); });
+        };
+        QCOMPARE(said(u"postgresql://nenhures..aqui,algures..ali/morvex"_s),
+                 QStringList({u"PostgresStore"_s, u"Nobody knows a host named algures..ali"_s}));
+        Intermediario network(base_->Porta());
+        network.modo = Intermediario::Cala;
+        QCOMPARE(said(base_->Morada(network.Porta())),
+                 QStringList({u"PostgresStore"_s, u"The server does not answer"_s}));
     }
     void a_name_is_looked_up()
     {

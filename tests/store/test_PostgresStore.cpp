@@ -3,6 +3,7 @@
 #include "store/postgres/PostgresStore.h"
 #include "store/TabelaNoServidor.h"
 #include "testlib/EspecieDaFalha.h"
+#include "testlib/FalhaDita.h"
 #include "testlib/Teste.h"
 
 #include <QTemporaryFile>
@@ -183,6 +184,23 @@ private Q_SLOTS:
         VERIFICAR_FALHA(store_->query(u"SELECT ID FROM T WHERE ID = ?"_s, {}), Failure::StoreError);
         QCOMPARE(Nomes(), QStringList{u"Ana"_s});
         QCOMPARE(base_->Numero(u"SELECT count(*) FROM gravacoes"_s), 1); // that of the refused one went with it
+    }
+    void each_refusal_of_the_store_says_what_happened()
+    {
+        const auto said = [](const std::function<void()> &work) { return teste::Falha_Dita(work); };
+        QCOMPARE(said([&] { store_->query(u"SELECT ID FROM T WHERE ID = ?"_s, {}); }),
+                 QStringList({u"Connection"_s, u"0 values for 1 parameters"_s}));
+        QCOMPARE(said([&] { store_->setSchemaNumber(3); }),
+                 QStringList({store_->place(), u"The schema of a server is its administrator's"_s}));
+        QCOMPARE(said([&] { store_->allOrNothing([&] { store_->allOrNothing([] {}); }); }),
+                 QStringList({u"Connection"_s, u"All or nothing was begun already"_s}));
+        QTemporaryFile file;
+        QVERIFY(file.open());
+        FileCopy copy;
+        copy.file = file.fileName();
+        QCOMPARE(said([&] { store_->copyTo(copy); }),
+                 QStringList({file.fileName(), u"The file exists already: "_s + file.fileName()}));
+        QVERIFY(file.exists());
     }
     void numbers_of_rows_and_the_schema_are_asked_in_the_servers_words()
     {

@@ -3,6 +3,7 @@
 #include "store/Intermediario.h"
 #include "store/postgres/PostgresStore.h"
 #include "testlib/EspecieDaFalha.h"
+#include "testlib/FalhaDita.h"
 #include "testlib/Teste.h"
 
 #include <atomic>
@@ -329,12 +330,13 @@ private Q_SLOTS:
         }));
         QCOMPARE(base_->Valor(u"SELECT string_agg(n::text, ',' ORDER BY n) FROM u"_s), u"1,2,3,4,7"_s);
         base_->Correr(u"DELETE FROM u WHERE n = 7"_s);
-        QVERIFY(!skipFailure([&] {
+        const auto all = [&] {
             store_->allOrNothing([&] {
                 add(5);
                 add(1);
             });
-        }));
+        };
+        QCOMPARE(teste::Falha_Dita(all).value(0), u"COMMIT"_s);
         QCOMPARE(base_->Numero(u"SELECT count(*) FROM u"_s), 4);
         add(5); // nothing was left open
         base_->Correr(u"DROP TABLE u"_s);
@@ -388,6 +390,7 @@ private Q_SLOTS:
         const auto portion = [&] { store_->gathering([&] { Inserir(u"Eva"_s); }); };
         QCOMPARE(teste::Especie_Da_Falha([&] { store_->allOrNothing([&] { Inserir(u"Rui"_s); }); }),
                  Failure::Kind::DatabaseLocked);
+        QCOMPARE(teste::Falha_Dita([&] { store_->allOrNothing([] {}); }).value(0), u"BEGIN"_s);
         Inserir(u"Ana"_s); // which needs no turn, and finds nothing left of the other
         QCOMPARE(Nomes(), u"Ana"_s);
         QCOMPARE(teste::Especie_Da_Falha(portion), Failure::Kind::DatabaseLocked);
@@ -466,6 +469,7 @@ private Q_SLOTS:
         QCOMPARE(Quantos(), 0);
         store_->allOrNothing([&] { skipFailure(twenty); });
         QCOMPARE(Quantos(), 19);
+        QCOMPARE(store_->written(insert_), 19);
     }
     void from_the_beginning_of_all_nobody_else_writes_and_everybody_reads()
     {

@@ -143,11 +143,13 @@ private Q_SLOTS:
     void bytes_ficam_bytes_e_leem_se_tambem_como_texto()
     {
         const QByteArray bytes("a\0\xff", 3);
-        const Recordset rs({"b", "t", "n"}, {StoreValue(bytes), StoreValue(u"é"_s), StoreValue()});
+        const Recordset rs({"b", "t", "n", "outros"},
+                           {StoreValue(bytes), StoreValue(u"é"_s), StoreValue(), StoreValue(QByteArray("\0b", 2))});
         QCOMPARE(rs.Fields("b").bytes(), bytes);
         QCOMPARE(rs.Fields("b").text(), QString::fromUtf8(bytes));
         QCOMPARE(rs.Fields("t").bytes(), QByteArray("é"));
         QCOMPARE(rs.Fields("n").bytes(), QByteArray());
+        QCOMPARE(rs.Fields("outros").bytes(), QByteArray("\0b", 2));
     }
 };
 

@@ -85,11 +85,14 @@ private Q_SLOTS:
         QTest::newRow("not from the start") << u"maria%"_s << u"Ana Maria"_s << false;
         QTest::newRow("to the end") << u"%maria"_s << u"Ana Maria"_s << true;
         QTest::newRow("one character") << u"An_"_s << u"Ana"_s << true;
+        QTest::newRow("one character within") << u"A_a"_s << u"Ana"_s << true;
         QTest::newRow("one character, none there") << u"Ana_"_s << u"Ana"_s << false;
         QTest::newRow("one character beyond 16 bits") << u"a_b"_s << u"a😀b"_s << true;
         QTest::newRow("one character beyond 16 bits at the end") << u"a_"_s << u"a😀"_s << true;
         QTest::newRow("half of a character beyond 16 bits at the end") << u"a__"_s << u"a😀"_s << false;
         QTest::newRow("a broken half at the end") << u"a_"_s << u"a"_s + QChar(0xD83D) << true;
+        QTest::newRow("a first half beside a letter") << u"_"_s << QChar(0xD83D) + u"a"_s << false;
+        QTest::newRow("a second half beside a letter") << u"_"_s << u"a"_s + QChar(0xDE00) << false;
         QTest::newRow("accents count") << u"%joao%"_s << u"João"_s << false;
         QTest::newRow("a run that must be tried again") << u"%aab"_s << u"aaaab"_s << true;
         QTest::newRow("two runs") << u"%a%b%"_s << u"xxaxxbxx"_s << true;
@@ -104,6 +107,13 @@ private Q_SLOTS:
         QFETCH(QString, text);
         QFETCH(bool, matches);
         QCOMPARE(matchesLike(pattern, text), matches);
+    }
+
+    void o_que_esta_por_tras_do_padrao_nao_lhe_pertence()
+    {
+        for (const QStringView whole : {u"%a", u"%_", u"%%"})
+            QVERIFY(matchesLike(whole.first(1), u"ba"));
+        QVERIFY(matchesLike(QStringView(u"a%").first(1), u"a"));
     }
 
     // Tried out sign by sign it would not come to an end.

@@ -1,5 +1,6 @@
 // The conversion of loosely typed values to the types of the columns that they meet.
 #include "store/Values.h"
+#include "testlib/FalhaDita.h"
 #include "testlib/Teste.h"
 
 #include <limits>
@@ -33,6 +34,7 @@ private Q_SLOTS:
         Linha(Long, u"+6"_s, qint64{6});
         Linha(Long, u"-6"_s, qint64{-6});
         Linha(Long, u"007"_s, qint64{7});
+        Linha(Long, u"1234567890"_s, qint64{1234567890});
         Linha(Long, u"2147483647"_s, qint64{2147483647});
         Linha(Long, u"-2147483648"_s, qint64{-2147483648});
         Linha(YesNo, u"0"_s, qint64{0});
@@ -66,6 +68,7 @@ private Q_SLOTS:
         Linha(Single, u"0,1"_s, 0.1); // not 0.10000000149..., which is what 32 bits hold of it
         Linha(Single, u"13,7"_s, 13.7);
         Linha(Single, u"16777217"_s, 16777216.0);
+        Linha(Single, u"3.4028234663852886e38"_s, 3.4028235e38); // the largest that 32 bits hold
     }
     void numero_com_virgula_ou_ponto()
     {
@@ -94,6 +97,7 @@ private Q_SLOTS:
         Linha(Time, u"8:30"_s, u"08:30:00"_s);
         Linha(Time, u"23:59:59"_s, u"23:59:59"_s);
         Linha(Time, u"17-05-2004 08:30"_s, u"08:30:00"_s);
+        Linha(Time, u"17-05-2004 8:30"_s, u"08:30:00"_s);
         Linha(Text, u""_s, u""_s);
         Linha(Text, u"  blanks stay "_s, u"  blanks stay "_s);
         Linha(Text, u"two\r\nlines"_s, u"two\r\nlines"_s);
@@ -127,7 +131,7 @@ private Q_SLOTS:
               u"17-05/2004"_s, u"01-01-0099"_s, u"17-05-2004 25:00"_s, u"17-05-2004 x"_s, u"08:30"_s})
             Linha(Date, text, true);
         for (const QString &text :
-             {u"24:00"_s, u"8:60"_s, u"0830"_s, u"8:3"_s, u"08:30:60"_s, u"17-05-2004"_s})
+             {u"24:00"_s, u"8:60"_s, u"0830"_s, u"8:3"_s, u"08:30:60"_s, u"17-05-2004"_s, u"hoje 08:30"_s})
             Linha(Time, text, true);
     }
     void o_que_nao_cabe_na_coluna_e_um_erro()
@@ -152,18 +156,27 @@ private Q_SLOTS:
         QCOMPARE(std::get<QString>(Converter(8.25, Text)), u"8.25"_s);
         QCOMPARE(std::get<qint64>(Converter(true, YesNo)), 1);
         QCOMPARE(std::get<qint64>(Converter(false, YesNo)), 0);
+        QCOMPARE(std::get<qint64>(Converter(true, Long)), -1);
+        QCOMPARE(std::get<qint64>(Converter(false, Long)), 0);
         VERIFICAR_FALHA(Converter(8.25, Long), Failure::TypeMismatch);
         VERIFICAR_FALHA(Converter(std::numeric_limits<double>::quiet_NaN(), Single), Failure::TypeMismatch);
     }
 
-    void o_erro_diz_o_texto_que_o_causou()
+    void o_erro_diz_o_texto_que_o_causou_e_o_que_ele_devia_ser()
     {
-        try {
-            Converter(u"amanhã"_s, Date);
-            QFAIL("no failure");
-        } catch (const Failure &failure) {
-            QVERIFY(failure.description().contains(u"amanhã"_s));
-        }
+        const auto said = [](const Value &value, ColumnType type) {
+            return teste::Falha_Dita([&] { Converter(value, type); });
+        };
+        const auto noneOf = [](const char *what) {
+            return QStringList{u"Value"_s, u"\"amanhã\" is no %1"_s.arg(QLatin1String(what))};
+        };
+        QCOMPARE(said(u"amanhã"_s, Long), noneOf("whole number of 32 bits"));
+        QCOMPARE(said(u"amanhã"_s, Single), noneOf("number of 32 bits"));
+        QCOMPARE(said(u"amanhã"_s, YesNo), noneOf("yes or no"));
+        QCOMPARE(said(u"amanhã"_s, Date), noneOf("date"));
+        QCOMPARE(said(u"amanhã"_s, Time), noneOf("time"));
+        QCOMPARE(said(u"amanhã"_s, Bytes),
+                 QStringList({u"Value"_s, u"\"value\" is no kind that the column holds"_s}));
     }
 
     void bytes_so_servem_a_uma_coluna_de_bytes_e_ela_so_a_eles()

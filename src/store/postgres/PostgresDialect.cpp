@@ -36,7 +36,7 @@ qsizetype behindQuotes(QStringView sql, qsizetype place)
     const QChar quote = sql[place];
     for (++place; place < sql.size(); ++place) {
         if (sql[place] != quote) continue;
-        if (place + 1 >= sql.size() || sql[place + 1] != quote) return place + 1;
+        if (!sql.sliced(place + 1).startsWith(quote)) return place + 1;
         ++place;
     }
     return place;
@@ -97,7 +97,7 @@ public:
         if (at(first).is("DELETE"_L1) && at(star).is(u'*') && at(after(star)).is("FROM"_L1)) {
             list_[star].text.clear();
             list_[star].kind = Kind::Blank;
-            if (star + 1 < list_.size() && list_[star + 1].kind == Kind::Blank) list_[star + 1].text.clear();
+            if (list_[star + 1].kind == Kind::Blank) list_[star + 1].text.clear(); // FROM stands behind it
         }
     }
 
