@@ -37,8 +37,7 @@ private:
     void giveFocusBack() const
     {
         const bool wanted = focus_ != nullptr && window_.focusWidget() == nullptr;
-        if (wanted && focus_->isEnabled() && focus_->isVisible())
-            focus_->setFocus(Qt::ActiveWindowFocusReason);
+        if (wanted && focus_->isVisible()) focus_->setFocus(Qt::ActiveWindowFocusReason);
     }
 
     QWidget &window_;

@@ -12,8 +12,9 @@ QImage drawing(const QString &path, const QSize &room)
     if (inside.isEmpty()) return {};
     QImage image(inside, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
-    QPainter painter(&image);
-    renderer.render(&painter);
-    painter.end();
+    {
+        QPainter painter(&image); // has to be gone before the picture is handed on
+        renderer.render(&painter);
+    }
     return image;
 }

@@ -16,7 +16,7 @@ namespace
 // As the style shows what is disabled or selected.
 QPixmap inMode(const QPixmap &picture, QIcon::Mode mode)
 {
-    QStyleOption option(0);
+    QStyleOption option;
     option.palette = QGuiApplication::palette();
     const QPixmap styled = QApplication::style()->generatedIconPixmap(mode, picture, &option);
     return styled.isNull() ? picture : styled;

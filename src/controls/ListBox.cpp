@@ -68,7 +68,6 @@ ListBox::ListBox(QWidget *parent) : QListView(parent), rows_(std::make_unique<Ro
     setModel(rows_.get());
     emptyText_ = new EmptyText(*this);
     setUniformItemSizes(true);
-    setEditTriggers(NoEditTriggers);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     connect(this, &QListView::doubleClicked, this, &ListBox::DblClick);
 }

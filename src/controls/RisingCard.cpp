@@ -156,6 +156,5 @@ void RisingCard::mouseReleaseEvent(QMouseEvent *event)
 void RisingCard::closeEvent(QCloseEvent *event)
 {
     if (event->spontaneous()) return event->ignore();
-    QFrame::closeEvent(event);
     Q_EMIT Unloaded();
 }

@@ -175,10 +175,7 @@ void Pop3Check::capability(const QByteArray &text)
         inList_ = isPositive(text);
         return inList_ ? void() : afterCapabilities(); // an old server knows no CAPA
     }
-    if (text == ".") {
-        inList_ = false;
-        return afterCapabilities();
-    }
+    if (text == ".") return afterCapabilities();
     if (++capabilities_ > mostCapabilities) return fail(MailError::Garbled);
     const QByteArray upper = text.toUpper();
     if (upper == "STLS") offersStls_ = true;
@@ -212,10 +209,7 @@ void Pop3Check::name(const QByteArray &text)
         result_.hasUids = inList_;
         return inList_ ? void() : ask(Step::Quit, "QUIT");
     }
-    if (text == ".") {
-        inList_ = false;
-        return ask(Step::Quit, "QUIT");
-    }
+    if (text == ".") return ask(Step::Quit, "QUIT");
     const qsizetype blank = text.indexOf(' ');
     if (blank < 1 || result_.uids.size() >= std::min<qsizetype>(result_.messages, mostUids))
         return fail(MailError::Garbled);

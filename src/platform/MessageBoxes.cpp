@@ -130,7 +130,6 @@ int DesktopMessageBoxes::show(const QString &text, int flags, const QString &tit
     }
     box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
     box.setDefaultButton(QMessageBox::Yes);
-    box.setEscapeButton(QMessageBox::No);
     return box.exec() == QMessageBox::Yes ? answer::yes : answer::no;
 }
 

@@ -64,6 +64,50 @@ private Q_SLOTS:
         VERIFICAR_FALHA(combo.ItemData(-1), Failure::InvalidPropertyValue);
     }
 
+    void um_erro_diz_a_lista_e_a_linha_que_falta()
+    {
+        ComboBox combo;
+        combo.setObjectName("cboTipo"_L1);
+        Encher(combo);
+        const auto dito = [&combo](const std::function<void()> &accao) {
+            try {
+                accao();
+            } catch (const Failure &failure) {
+                return failure.source() == combo.objectName() ? failure.description() : failure.source();
+            }
+            return u"nada"_s;
+        };
+        QCOMPARE(dito([&] { combo.setListIndex(3); }), u"No row 3"_s);
+        QCOMPARE(dito([&] { combo.ItemData(-1); }), u"No row -1"_s);
+        QCOMPARE(dito([&] { combo.ChooseText(u"Família"_s); }), u"No row Família"_s);
+        QCOMPARE(combo.ListIndex(), -1);
+    }
+
+    void um_texto_escolhe_a_sua_linha_com_um_clique()
+    {
+        ComboBox combo;
+        Encher(combo);
+        combo.AddItem(u"Amigos"_s);
+        QSignalSpy clicks(&combo, &ComboBox::Click);
+        combo.ChooseText(u"Outros"_s);
+        QCOMPARE(combo.ListIndex(), 2);
+        combo.ChooseText(u"Amigos"_s);
+        QCOMPARE(combo.ListIndex(), 0);
+        QCOMPARE(clicks.size(), 2);
+        QCOMPARE(combo.ChosenItemData(), u"10"_s);
+    }
+
+    void tambem_a_primeira_linha_e_uma_linha()
+    {
+        ComboBox combo;
+        Encher(combo);
+        QCOMPARE(combo.ItemData(0), 10);
+        QSignalSpy clicks(&combo, &ComboBox::Click);
+        combo.setListIndex(0);
+        QCOMPARE(combo.ListIndex(), 0);
+        QCOMPARE(clicks.size(), 1);
+    }
+
     void limpar_tira_linhas_e_escolha()
     {
         ComboBox combo;
@@ -87,6 +131,15 @@ private Q_SLOTS:
         QTest::keyClick(&combo, Qt::Key_Down);
         QCOMPARE(combo.ListIndex(), 1);
         QCOMPARE(clicks.size(), 1);
+    }
+
+    void o_espaco_abre_a_lista()
+    {
+        ComboBox combo;
+        Encher(combo);
+        combo.show();
+        QTest::keyClick(&combo, Qt::Key_Space);
+        QTRY_VERIFY(combo.view()->isVisible());
     }
 
     void nem_na_lista_aberta_as_letras_escolhem()

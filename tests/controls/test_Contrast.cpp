@@ -43,6 +43,7 @@ private Q_SLOTS:
         QCOMPARE(contrast(Qt::red, Qt::red), 1.0);
         QCOMPARE(qRound(100 * contrast(QColor(0x767676), Qt::white)), 454); // a figure well known
         QCOMPARE(contrast(Qt::blue, Qt::white), contrast(Qt::white, Qt::blue));
+        QCOMPARE(qRound(1000 * contrast(QColor(10, 10, 10), Qt::black)), 1061); // almost black
     }
 
     void em_qualquer_fundo_ha_letras_que_se_leem()
@@ -67,6 +68,13 @@ private Q_SLOTS:
         const double caminho = (clareada.red() - 0x1f) / double(0xff - 0x1f);
         QCOMPARE(clareada.green(), qRound(0x6f + caminho * (0xff - 0x6f)));
         QCOMPARE(clareada.blue(), qRound(0x9f + caminho * (0xff - 0x9f)));
+    }
+
+    // By twentieths of the way to black or white, the first that will do.
+    void uma_cor_que_quase_se_le_muda_um_vigesimo()
+    {
+        QCOMPARE(readableOn(QColor(0x787878), Qt::white), QColor(0x727272));
+        QCOMPARE(readableOn(QColor(0x1f6f9f), QColor(0x1f2224)), QColor(0x5793b7)); // five
     }
 
     void o_campo_com_o_teclado_traz_as_letras_do_seu_fundo_data()

@@ -47,6 +47,15 @@ private Q_SLOTS:
         QCOMPARE(copia.pixmap(24).toImage(), da_biblioteca.pixmap(24).toImage());
     }
 
+    void e_um_icone_e_desenha_se_uma_so_vez()
+    {
+        const QIcon icone = drawnIcon(u":/imagens/card/fax.svg"_s);
+        QVERIFY(!icone.isNull());
+        const qint64 primeiro = icone.pixmap(21).cacheKey();
+        QCOMPARE(icone.pixmap(21).cacheKey(), primeiro);
+        QVERIFY(icone.pixmap(22).cacheKey() != primeiro);
+    }
+
     void um_ficheiro_que_nao_ha_nao_pinta_nada()
     {
         QVERIFY(drawnIcon(u":/imagens/nenhuma.svg"_s).pixmap(16).isNull());

@@ -103,6 +103,14 @@ private Q_SLOTS:
         QVERIFY(longer.label.shownText().endsWith(ellipsis));
     }
 
+    void blanks_at_the_end_of_the_last_line_make_no_dots()
+    {
+        const QString text = u"one\ntwo\nthree"_s + QString(80, u' ');
+        const Three_Lines t(text);
+        QVERIFY(t.label.fontMetrics().horizontalAdvance(text.section(u'\n', 2)) > width);
+        QCOMPARE(t.label.shownText(), text);
+    }
+
     void a_word_without_an_end_is_broken()
     {
         const Three_Lines t(QString(200, u'w'));

@@ -1,6 +1,12 @@
 // The list box: rows with a number of their own, the order of a sorted one, and what counts as a click.
 #include "controls/ListBox.h"
+#include "testlib/Pinturas.h"
 #include "testlib/Teste.h"
+
+#include <QHelpEvent>
+#include <QScrollBar>
+#include <QTextDocumentFragment>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -33,6 +39,16 @@ class TestListBox : public QObject
     static QPoint Ponto(const ListBox &list, int row)
     {
         return list.visualRect(list.model()->index(row, 0)).center();
+    }
+    // What the tip says when the mouse rests there.
+    static QString Dica(const ListBox &list, QPoint place)
+    {
+        QToolTip::hideText();
+        if (!QTest::qWaitFor([] { return !QToolTip::isVisible(); })) return u"an old one"_s;
+        QHelpEvent rests(QEvent::ToolTip, place, list.viewport()->mapToGlobal(place));
+        QCoreApplication::sendEvent(list.viewport(), &rests);
+        if (!QToolTip::isVisible()) return {};
+        return QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText().replace(QChar::Nbsp, u' ');
     }
 
 private Q_SLOTS:
@@ -101,6 +117,73 @@ private Q_SLOTS:
         QCOMPARE(QString::fromUtf8(list.ListUtf8(0).data(), 1), u"a"_s);
     }
 
+    void um_erro_diz_a_lista_e_a_linha_que_falta()
+    {
+        ListBox list;
+        list.setObjectName("lstGrupos"_L1);
+        try {
+            list.setListIndex(7);
+            QFAIL("there was one");
+        } catch (const Failure &failure) {
+            QCOMPARE(failure.source(), u"lstGrupos"_s);
+            QCOMPARE(failure.description(), u"No row 7"_s);
+        }
+    }
+
+    void tirar_uma_linha_tira_essa_e_nao_e_um_clique()
+    {
+        ListBox list;
+        Encher(list, {u"a"_s, u"bb"_s, u"ccc"_s, u"dddd"_s});
+        list.setListIndex(2);
+        QSignalSpy clicks(&list, &ListBox::Click);
+        QSignalSpy removed(list.model(), &QAbstractItemModel::rowsRemoved);
+        list.RemoveItem(2);
+        QCOMPARE(Textos(list), (QStringList{u"a:1"_s, u"bb:2"_s, u"dddd:4"_s}));
+        QCOMPARE(clicks.size(), 0);
+        QCOMPARE(removed.size(), 1);
+    }
+
+    // A row has no rows of its own.
+    void as_linhas_estao_todas_a_mesma_altura()
+    {
+        ListBox list;
+        Encher(list, {u"a"_s, u"b"_s});
+        QCOMPARE(list.model()->rowCount(list.model()->index(0, 0)), 0);
+    }
+
+    void uma_linha_comprida_de_mais_diz_se_numa_dica_e_nao_faz_deslizar_a_lista()
+    {
+        QWidget janela;
+        janela.setToolTip(u"janela"_s);
+        ListBox list(&janela);
+        Encher(list, {u"curta"_s, u"uma linha <b>muito</b> mais comprida"_s});
+        janela.show();
+        const QModelIndex comprida = list.model()->index(1, 0);
+        const int moldura = 2 * list.frameWidth();
+        const int largura = list.sizeHintForIndex(comprida).width();
+        list.resize(largura + moldura, 150);
+        QCOMPARE(list.viewport()->width(), largura);
+        QCOMPARE(Dica(list, Ponto(list, 1)), QString()); // it has just the room
+        list.resize(largura + moldura - 1, 150);
+        QCOMPARE(Dica(list, Ponto(list, 1)), list.List(1));
+        QCOMPARE(Dica(list, Ponto(list, 0)), QString());
+        QCOMPARE(Dica(list, QPoint(5, 140)), QString()); // below the rows
+        QVERIFY(!list.horizontalScrollBar()->isVisible());
+    }
+
+    void o_que_deixa_de_estar_escolhido_ve_se_logo()
+    {
+        ListBox list;
+        Encher(list, {u"a"_s, u"b"_s});
+        list.setListIndex(1);
+        list.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&list));
+        QTest::qWait(50);
+        const Pinturas pinturas(*list.viewport());
+        list.setListIndex(-1);
+        QTRY_VERIFY(pinturas.vezes > 0);
+    }
+
     void a_linha_escolhida_segue_o_seu_texto()
     {
         ListBox list;
@@ -161,8 +244,10 @@ private Q_SLOTS:
         Encher(list, {u"a"_s, u"b"_s});
         list.show();
         QSignalSpy doubles(&list, &ListBox::DblClick);
+        QSignalSpy lefts(&list, &QListView::clicked);
         QSignalSpy rights(&list, &ListBox::RightButtonUp);
         QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, Ponto(list, 0));
+        QCOMPARE(lefts.size(), 1);
         QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, Ponto(list, 0));
         QCOMPARE(doubles.size(), 1);
         QTest::mouseClick(list.viewport(), Qt::RightButton, {}, Ponto(list, 1));
@@ -177,14 +262,23 @@ private Q_SLOTS:
     {
         ListBox list;
         list.setSorted(true);
+        QSignalSpy begun(list.model(), &QAbstractItemModel::modelAboutToBeReset);
+        QSignalSpy resets(list.model(), &QAbstractItemModel::modelReset);
+        QSignalSpy inserted(list.model(), &QAbstractItemModel::rowsInserted);
         {
             const ListBox::Filling filling(list);
             Encher(list, {u"c"_s, u"a"_s, u"b"_s});
+            QCOMPARE(begun.size(), 1);
+            QCOMPARE(resets.size(), 0);
         }
+        QCOMPARE(resets.size(), 1);
+        QCOMPARE(inserted.size(), 0); // none by itself
         QCOMPARE(Textos(list), (QStringList{u"a:1"_s, u"b:1"_s, u"c:1"_s}));
         QCOMPARE(list.model()->rowCount(), 3);
         list.setListIndex(2);
         QCOMPARE(list.currentIndex().data().toString(), u"c"_s);
+        list.AddItem(u"d"_s);
+        QCOMPARE(inserted.size(), 1);
     }
 
     void as_linhas_veem_se()

@@ -29,6 +29,8 @@ private Q_SLOTS:
         QTest::newRow("on the second screen") << dois << QPoint(1700, 300) << QPoint(1700, 300);
         QTest::newRow("nearest to the second screen") << dois << QPoint(1500, 0) << QPoint(1500, 100);
         QTest::newRow("nearest to the first screen") << dois << QPoint(-1000, 10) << QPoint(-125, 10);
+        const QList<QRect> com_um_vao{{0, 0, 800, 600}, {1001, 0, 800, 600}};
+        QTest::newRow("as near to one as to the other") << com_um_vao << QPoint(808, 10) << QPoint(740, 10);
         QTest::newRow("no screen at all") << QList<QRect>{} << QPoint(5000, 5000) << QPoint(5000, 5000);
     }
     void um_lugar_ao_alcance_fica_e_outro_e_trazido_o_menos_possivel()

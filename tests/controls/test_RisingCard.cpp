@@ -75,6 +75,17 @@ private Q_SLOTS:
     {
         const Card c;
         QVERIFY(!c.card.TimerUp.Enabled() && !c.card.TimerDown.Enabled() && !c.card.TimerTimeout.Enabled());
+        QCOMPARE(QPoint(c.card.Left(), c.card.Top()), QPoint(0, 0));
+        QCOMPARE(c.card.TimerTimeout.timerType(), Qt::PreciseTimer);
+    }
+
+    void it_is_white_with_a_plain_frame_and_dark_letters_whatever_the_desktop()
+    {
+        const Card c;
+        for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button})
+            QCOMPARE(c.card.palette().color(role), QColor(Qt::white));
+        QCOMPARE(c.card.palette().color(QPalette::WindowText), QColor(0x202830));
+        QCOMPARE(c.card.frameStyle(), int{QFrame::Box} | int{QFrame::Plain});
     }
 
     void it_begins_below_the_edge_of_the_primary_screen_data()
@@ -113,6 +124,23 @@ private Q_SLOTS:
         QVERIFY(!c.card.TimerUp.Enabled());
         QCOMPARE(c.card.Top(), screenHeight - 1690);
         QCOMPARE(screenHeight - (c.card.Top() + 1665), 25);
+    }
+
+    void it_rises_until_less_than_ten_twips_of_it_are_below_the_edge_data()
+    {
+        QTest::addColumn<int>("height");
+        QTest::addColumn<int>("ticks");
+        QTest::newRow("just ten below, after 33") << 110 << 33;
+        QTest::newRow("one pixel more") << 111 << 34;
+        QTest::newRow("five below, after 34") << 113 << 34;
+        QTest::newRow("twenty below, after 34") << 114 << 35;
+    }
+    void it_rises_until_less_than_ten_twips_of_it_are_below_the_edge()
+    {
+        QFETCH(const int, height);
+        Card c({176, height});
+        c.riseToTheEnd();
+        QTEST((screenHeight + 10 - c.card.Top()) / 50, "ticks");
     }
 
     void at_its_stop_it_comes_on_top_and_stays_visible()

@@ -5,6 +5,8 @@
 
 #include <QCheckBox>
 #include <QDialog>
+#include <QFormLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QMainWindow>
 #include <QMenuBar>
@@ -12,6 +14,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QTreeView>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -44,6 +47,24 @@ struct Formulario : QDialog {
     QLabel *rotulo = Novo<QLabel>(*this, "rotulo");
     QPushButton *botao = Novo<QPushButton>(*this, "botao");
 };
+
+// The size of a window that fills the screen together with its frame.
+QSize Lugar_No_Ecra()
+{
+    QDialog form;
+    form.resize(200, 100);
+    form.show();
+    return form.screen()->availableGeometry().size() - (form.frameGeometry().size() - form.size());
+}
+
+// As a designer gives them to a form.
+template<class Disposicao> Disposicao *Nova_Disposicao(QWidget &form, int margem)
+{
+    auto *disposicao = new Disposicao(&form);
+    disposicao->setObjectName("disposicao"_L1);
+    disposicao->setContentsMargins(margem, margem + 1, margem + 2, margem + 3);
+    return disposicao;
+}
 
 const QScrollArea *Area(const QWidget &form) { return form.findChild<QScrollArea *>(); }
 } // namespace
@@ -123,6 +144,75 @@ private Q_SLOTS:
         QCOMPARE(form.rotulo->indent(), 2);
     }
 
+    void letras_de_um_tamanho_proprio_crescem_as_outras_sao_as_da_aplicacao()
+    {
+        scale::setLetters(duplas);
+        Formulario form;
+        QFont letras = form.rotulo->font();
+        for (const double pontos : {10.0, 1.0}) {
+            letras.setPointSizeF(pontos);
+            form.rotulo->setFont(letras);
+            Formulario outro;
+            outro.rotulo->setFont(letras);
+            scale::apply(outro);
+            QCOMPARE(outro.rotulo->font().pointSizeF(), 2 * pontos);
+            QCOMPARE(outro.botao->font().pixelSize(), duplas);
+        }
+    }
+
+    void onde_as_letras_nao_sao_em_pixels_a_escala_e_a_do_desenho()
+    {
+        QFont letras = QApplication::font();
+        letras.setPointSizeF(20);
+        QApplication::setFont(letras);
+        QCOMPARE(scale::factor(), 1.0);
+    }
+
+    void as_margens_e_os_espacos_de_uma_disposicao_crescem()
+    {
+        scale::setLetters(duplas);
+        QDialog em_grelha;
+        auto *grelha = Nova_Disposicao<QGridLayout>(em_grelha, 3);
+        grelha->setHorizontalSpacing(5);
+        grelha->setVerticalSpacing(7);
+        scale::apply(em_grelha);
+        QCOMPARE(grelha->contentsMargins(), QMargins(6, 8, 10, 12));
+        QCOMPARE(grelha->horizontalSpacing(), 10);
+        QCOMPARE(grelha->verticalSpacing(), 14);
+
+        QDialog em_pares;
+        auto *pares = Nova_Disposicao<QFormLayout>(em_pares, 1);
+        pares->setHorizontalSpacing(1);
+        pares->setVerticalSpacing(2);
+        scale::apply(em_pares);
+        QCOMPARE(pares->contentsMargins(), QMargins(2, 4, 6, 8));
+        QCOMPARE(pares->horizontalSpacing(), 2);
+        QCOMPARE(pares->verticalSpacing(), 4);
+
+        for (const int espaco : {0, 1, 6}) {
+            QDialog em_coluna;
+            auto *coluna = Nova_Disposicao<QVBoxLayout>(em_coluna, 0);
+            coluna->setSpacing(espaco);
+            scale::apply(em_coluna);
+            QCOMPARE(coluna->contentsMargins(), QMargins(0, 2, 4, 6));
+            QCOMPARE(coluna->spacing(), 2 * espaco);
+        }
+    }
+
+    void os_limites_de_um_controlo_e_as_colunas_de_uma_lista_crescem()
+    {
+        scale::setLetters(duplas);
+        Formulario form;
+        form.botao->setMinimumSize(30, 15);
+        form.botao->setMaximumSize(60, QWIDGETSIZE_MAX);
+        auto *lista = Novo<QTreeView>(form, "lista");
+        lista->header()->setDefaultSectionSize(70);
+        scale::apply(form);
+        QCOMPARE(form.botao->minimumSize(), QSize(60, 30));
+        QCOMPARE(form.botao->maximumSize(), QSize(120, QWIDGETSIZE_MAX));
+        QCOMPARE(lista->header()->defaultSectionSize(), 140);
+    }
+
     // What the toolkit makes inside a control has no name of the design, and a window is a form of its own.
     void so_cresce_o_que_e_do_desenho_do_formulario()
     {
@@ -180,6 +270,55 @@ private Q_SLOTS:
         QCOMPARE(Area(form), nullptr);
     }
 
+    void um_formulario_a_que_nada_sobra_nao_se_desloca_e_com_mais_um_pixel_ja()
+    {
+        const QSize lugar = Lugar_No_Ecra();
+        for (const QSize mais : {QSize(0, 0), QSize(1, 0), QSize(0, 1)}) {
+            Formulario form(lugar + mais);
+            scale::apply(form);
+            form.show();
+            QCOMPARE(Area(form) != nullptr, mais != QSize(0, 0));
+        }
+    }
+
+    void quem_cabe_com_letras_normais_fica_onde_o_puseram_e_quem_se_desloca_vem_para_o_ecra()
+    {
+        const QRect ecra = Formulario().screen()->availableGeometry();
+        const QPoint ao_lado(ecra.right() - 20, ecra.bottom() - 20);
+        Formulario cabe;
+        scale::apply(cabe);
+        cabe.move(ao_lado);
+        cabe.show();
+        QCOMPARE(cabe.pos(), ao_lado);
+        Formulario nao_cabe({3000, 100});
+        scale::apply(nao_cabe);
+        nao_cabe.move(ao_lado);
+        nao_cabe.show();
+        QVERIFY(ecra.contains(nao_cabe.geometry()));
+    }
+
+    void um_formulario_guardado_no_ecra_continua_a_ouvir_as_teclas()
+    {
+        Formulario form;
+        scale::apply(form);
+        form.show();
+        QTest::keyClick(&form, Qt::Key_Escape);
+        QVERIFY(!form.isVisible());
+    }
+
+    void um_formulario_de_letras_grandes_que_podia_ser_menor_encolhe_ate_caber()
+    {
+        scale::setLetters(duplas);
+        for (const QSize tamanho : {QSize(3000, 100), QSize(100, 3000)}) {
+            QDialog form;
+            form.resize(tamanho);
+            scale::apply(form);
+            form.show();
+            QCOMPARE(Area(form), nullptr);
+            QCOMPARE(form.size(), (2 * tamanho).boundedTo(Lugar_No_Ecra()));
+        }
+    }
+
     void um_formulario_maior_do_que_o_ecra_cabe_nele_e_desloca_se_por_dentro()
     {
         Formulario form({3000, 2000});
@@ -227,6 +366,21 @@ private Q_SLOTS:
         QVERIFY(Area(form) != nullptr && botao->isVisible());
         QCOMPARE(Area(form)->horizontalScrollBar()->maximum(), 0);
         QVERIFY(Area(form)->verticalScrollBar()->maximum() > 2000);
+    }
+
+    void o_que_se_desloca_toma_o_lugar_que_ha()
+    {
+        QDialog form;
+        auto *disposicao = new QVBoxLayout(&form);
+        auto *alto = Novo<QLabel>(form, "alto");
+        alto->setMinimumSize(100, 3000);
+        disposicao->addWidget(alto);
+        scale::apply(form);
+        form.show();
+        QVERIFY(Area(form) != nullptr);
+        form.resize(form.width() + 200, form.height());
+        QVERIFY(Area(form)->viewport()->width() > 300);
+        QCOMPARE(Area(form)->widget()->width(), Area(form)->viewport()->width());
     }
 
     void um_formulario_so_largo_demais_nao_se_desloca_para_baixo()
@@ -335,6 +489,40 @@ private Q_SLOTS:
         QCOMPARE(Area(form)->widget()->height(), 3000);
         form.setFixedHeight(2000);
         QCOMPARE(Area(form)->widget()->height(), 2000);
+        QVERIFY(form.height() <= form.screen()->availableGeometry().height());
+    }
+
+    // It has no bar where what it shows now has just the room.
+    void um_formulario_que_se_desloca_torna_se_tao_pequeno_como_o_que_mostra()
+    {
+        const QSize lugar = Lugar_No_Ecra();
+        Formulario alto({200, 3000});
+        scale::apply(alto);
+        alto.show();
+        for (const int altura : {500, lugar.height()}) {
+            alto.setFixedHeight(altura);
+            QCOMPARE(alto.size(), QSize(200, altura));
+        }
+        alto.setFixedHeight(lugar.height() + 1);
+        const int barra = Area(alto)->verticalScrollBar()->sizeHint().width();
+        QCOMPARE(alto.size(), QSize(200 + barra, lugar.height()));
+
+        Formulario largo({lugar.width(), 3000});
+        scale::apply(largo);
+        largo.show();
+        largo.setFixedHeight(100);
+        QCOMPARE(largo.size(), QSize(lugar.width(), 100));
+    }
+
+    void um_formulario_que_cresce_para_fora_do_ecra_e_trazido_para_dentro()
+    {
+        Formulario form({3000, 100});
+        scale::apply(form);
+        const QRect ecra = form.screen()->availableGeometry();
+        form.move(ecra.left(), ecra.bottom() - 200);
+        form.show();
+        form.setFixedHeight(400);
+        QVERIFY(ecra.contains(form.geometry()));
     }
 
     void um_formulario_de_letras_grandes_nao_fica_ao_lado_do_ecra()

@@ -10,6 +10,7 @@
 #include "controls/Scale.h"
 #include "controls/Units.h"
 #include "controls/WholeCharacters.h"
+#include "testlib/Pinturas.h"
 #include "testlib/Teste.h"
 
 #include <QComboBox>
@@ -18,6 +19,7 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
+#include <QProxyStyle>
 #include <QTextEdit>
 
 using namespace Qt::StringLiterals;
@@ -39,6 +41,36 @@ void Send(QWidget &widget, QEvent::Type type, QPoint place, Qt::MouseButton butt
 void Release(QWidget &widget, QPoint place, Qt::MouseButton button)
 {
     Send(widget, QEvent::MouseButtonRelease, place, button, Qt::NoButton);
+}
+
+// A desktop on which the letters that trigger a caption are underlined, or are not.
+class Underlining : public QProxyStyle
+{
+public:
+    explicit Underlining(int answer) : QProxyStyle(u"Fusion"_s), answer_(answer) {}
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                  QStyleHintReturn *returned) const override
+    {
+        return hint == SH_UnderlineShortcut ? answer_
+                                            : QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+
+private:
+    int answer_;
+};
+
+// From the first row with dark letters to the last one.
+std::pair<int, int> Rows_Of_Letters(QWidget &widget)
+{
+    const QImage seen = widget.grab().toImage();
+    std::pair rows{-1, -1};
+    for (int y = 3; y < seen.height() - 3; ++y)
+        for (int x = 6; x < seen.width() - 6; ++x)
+            if (seen.pixelColor(x, y).lightness() < 100) {
+                if (rows.first < 0) rows.first = y;
+                rows.second = y;
+            }
+    return rows;
 }
 
 QColor Ground(const QWidget &field) { return field.palette().color(QPalette::Base); }
@@ -230,6 +262,46 @@ private Q_SLOTS:
         QCOMPARE(two, 2 * rows());
     }
 
+    void a_caption_stands_as_high_as_that_of_a_label_beside_it()
+    {
+        for (const int height : {30, 31}) {
+            ImageButton button;
+            button.setText(u"HHHH"_s);
+            QLabel label(u"HHHH"_s);
+            for (QWidget *each : {static_cast<QWidget *>(&button), static_cast<QWidget *>(&label)})
+                each->resize(60, height);
+            QCOMPARE(Rows_Of_Letters(button), Rows_Of_Letters(label));
+        }
+    }
+
+    void the_letter_that_triggers_a_button_is_underlined_where_the_desktop_wants_it()
+    {
+        Underlining does(1);
+        Underlining does_not(0);
+        ImageButton button;
+        button.resize(60, 30);
+        const auto seen = [&button](QStyle &style, const QString &caption) {
+            button.setStyle(&style);
+            button.setText(caption);
+            return button.grab().toImage();
+        };
+        QCOMPARE(seen(does_not, u"&Hoje"_s), seen(does_not, u"Hoje"_s));
+        QVERIFY(seen(does, u"&Hoje"_s) != seen(does, u"Hoje"_s));
+        button.setStyle(nullptr);
+    }
+
+    void another_icon_is_seen_at_once()
+    {
+        IconLabel label;
+        label.resize(20, 10);
+        label.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&label));
+        QTest::qWait(50);
+        const Pinturas paintings(label);
+        label.setIcon(QIcon(Plain(Qt::red, {10, 10})));
+        QTRY_VERIFY(paintings.vezes > 0);
+    }
+
     void a_label_tells_of_another_text_alone()
     {
         Label label;
@@ -283,6 +355,14 @@ private Q_SLOTS:
         Check_Colour<QPlainTextEdit>(false, [](QPlainTextEdit &field) { field.setReadOnly(true); });
         Check_Colour<QTextEdit>(false, [](QTextEdit &field) { field.setReadOnly(true); });
         Check_Colour<QLineEdit>(false, [](QLineEdit &field) { field.setProperty("ownBackground", true); });
+    }
+
+    void a_field_reached_by_tab_has_all_its_text_marked()
+    {
+        InAWindow<QLineEdit> in;
+        in.field.setText(u"Ana"_s);
+        QTest::keyClick(&in.other, Qt::Key_Tab);
+        QCOMPARE(in.field.selectedText(), u"Ana"_s);
     }
 
     void a_control_that_is_not_there_is_named()
@@ -339,6 +419,40 @@ private Q_SLOTS:
         }
         QVERIFY(in.window.isEnabled());
         QCOMPARE(in.window.focusWidget(), &in.field);
+    }
+
+    void a_window_without_a_keyboard_of_its_own_gets_none_back()
+    {
+        QWidget window;
+        window.show();
+        {
+            const DisabledWindow disabled(window);
+        }
+        QVERIFY(window.isEnabled());
+        QCOMPARE(window.focusWidget(), nullptr);
+    }
+
+    void a_control_that_went_meanwhile_gets_no_keyboard()
+    {
+        InAWindow<QLineEdit> in;
+        in.field.setFocus();
+        {
+            const DisabledWindow disabled(in.window);
+            in.field.hide();
+        }
+        QVERIFY(in.window.focusWidget() != &in.field);
+    }
+
+    void a_control_that_took_the_keyboard_meanwhile_keeps_it()
+    {
+        InAWindow<QLineEdit> in;
+        in.field.setFocus();
+        {
+            const DisabledWindow disabled(in.window);
+            in.window.setEnabled(true);
+            in.other.setFocus();
+        }
+        QCOMPARE(in.window.focusWidget(), &in.other);
     }
 
     void the_program_has_its_name_its_picture_and_goes_on_without_a_window()

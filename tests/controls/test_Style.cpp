@@ -15,6 +15,7 @@
 #include <QMessageBox>
 #include <QPainter>
 #include <QPlainTextEdit>
+#include <QProxyStyle>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStyle>
@@ -53,6 +54,35 @@ int Parte_Que_Se_Ve(const QString &ficheiro, const QColor &janela)
         }
     return desenhados == 0 ? 0 : 100 * vistos / desenhados;
 }
+
+const QStyle &Proprio() { return *qApp->style(); }
+const QStyle &Simples() { return *static_cast<const QProxyStyle *>(qApp->style())->baseStyle(); }
+
+// Drawn on a window of that palette, by somebody who has just filled something with yellow.
+QImage Pintura(const QPalette &paleta, const std::function<void(QPainter &)> &pintar)
+{
+    QImage imagem(60, 40, QImage::Format_RGB32);
+    imagem.fill(paleta.color(QPalette::Window));
+    QPainter painter(&imagem);
+    painter.setPen(Qt::red);
+    painter.setBrush(Qt::yellow);
+    pintar(painter);
+    return imagem;
+}
+
+template<class Opcao> Opcao Nova_Opcao(const QPalette &paleta, QStyle::State estado)
+{
+    Opcao opcao;
+    opcao.rect = QRect(5, 5, 40, 20);
+    opcao.palette = paleta;
+    opcao.state = estado;
+    return opcao;
+}
+
+QPalette Clara() { return lightPalette(qApp->style()->standardPalette()); }
+
+constexpr QStyle::State ligado = QStyle::State_Enabled;
+constexpr QStyle::State com_teclado = QStyle::State_Enabled | QStyle::State_HasFocus;
 } // namespace
 
 class TestStyle : public QObject
@@ -242,6 +272,136 @@ private Q_SLOTS:
                  qPrintable(QString::number(mudados))); // more than one side of it
     }
 
+    void a_moldura_tem_um_pixel_mais_escuro_do_que_a_janela()
+    {
+        QPalette paleta = Clara();
+        paleta.setColor(QPalette::Window, QColor(0xf0f0f0));
+        const auto opcao = Nova_Opcao<QStyleOptionFrame>(paleta, ligado);
+        const QImage imagem =
+            Pintura(paleta, [&](QPainter &p) { Proprio().drawPrimitive(QStyle::PE_Frame, &opcao, &p); });
+        for (int y = 0; y < imagem.height(); ++y)
+            for (int x = 0; x < imagem.width(); ++x) {
+                const bool na_linha =
+                    opcao.rect.contains(x, y) && !opcao.rect.adjusted(1, 1, -1, -1).contains(x, y);
+                QCOMPARE(imagem.pixelColor(x, y), QColor(na_linha ? 0xb9b9b9 : 0xf0f0f0));
+            }
+    }
+
+    void a_lista_de_uma_caixa_de_escolha_tem_a_moldura_do_estilo_simples()
+    {
+        QComboBox caixa;
+        caixa.addItem(u"um"_s);
+        caixa.show();
+        caixa.showPopup();
+        const QWidget *de_fora = caixa.view()->parentWidget();
+        const auto opcao = Nova_Opcao<QStyleOptionFrame>(Clara(), ligado);
+        const auto com = [&](const QStyle &estilo, const QWidget *widget) {
+            return Pintura(Clara(),
+                           [&](QPainter &p) { estilo.drawPrimitive(QStyle::PE_Frame, &opcao, &p, widget); });
+        };
+        QCOMPARE(com(Proprio(), de_fora), com(Simples(), de_fora));
+        QVERIFY(com(Proprio(), &caixa) != com(Simples(), &caixa));
+    }
+
+    void um_campo_numa_janela_clara_ou_com_o_teclado_e_o_do_estilo_simples()
+    {
+        for (const auto &[paleta, estado] :
+             {std::pair(Clara(), ligado), std::pair(Clara(), com_teclado), std::pair(darkPalette(), com_teclado)}) {
+            const auto opcao = Nova_Opcao<QStyleOptionFrame>(paleta, estado);
+            const auto com = [&](const QStyle &estilo) {
+                return Pintura(paleta,
+                               [&](QPainter &p) { estilo.drawPrimitive(QStyle::PE_FrameLineEdit, &opcao, &p); });
+            };
+            QCOMPARE(com(Proprio()), com(Simples()));
+        }
+    }
+
+    void numa_janela_escura_um_campo_tem_por_cima_uma_linha_clara_de_cantos_redondos()
+    {
+        const QPalette paleta = darkPalette();
+        const auto opcao = Nova_Opcao<QStyleOptionFrame>(paleta, ligado);
+        const QImage esperada = Pintura(paleta, [&](QPainter &p) {
+            Simples().drawPrimitive(QStyle::PE_FrameLineEdit, &opcao, &p);
+            p.setRenderHint(QPainter::Antialiasing);
+            p.setPen(QColor(0x515456));
+            p.setBrush(Qt::NoBrush);
+            p.drawRoundedRect(QRectF(5.5, 5.5, 39, 19), 2, 2);
+        });
+        QCOMPARE(Pintura(paleta,
+                         [&](QPainter &p) { Proprio().drawPrimitive(QStyle::PE_FrameLineEdit, &opcao, &p); }),
+                 esperada);
+    }
+
+    void uma_marca_numa_janela_clara_e_a_do_estilo_simples_e_numa_escura_tem_contorno_data()
+    {
+        QTest::addColumn<bool>("redonda");
+        QTest::addColumn<bool>("escura");
+        QTest::addColumn<bool>("activa");
+        for (const bool redonda : {false, true})
+            for (const bool escura : {false, true})
+                for (const bool activa : {false, true})
+                    QTest::addRow("%s, %s, %s", redonda ? "one of many" : "yes or no", escura ? "dark" : "light",
+                                  activa ? "on" : "off")
+                        << redonda << escura << activa;
+    }
+    void uma_marca_numa_janela_clara_e_a_do_estilo_simples_e_numa_escura_tem_contorno()
+    {
+        QFETCH(const bool, redonda);
+        QFETCH(const bool, escura);
+        QFETCH(const bool, activa);
+        const QPalette paleta = escura ? darkPalette() : Clara();
+        const auto elemento = redonda ? QStyle::PE_IndicatorRadioButton : QStyle::PE_IndicatorCheckBox;
+        auto opcao = Nova_Opcao<QStyleOptionButton>(paleta, activa ? ligado : QStyle::State_None);
+        opcao.rect = QRect(5, 5, 16, 16);
+        const QColor contorno = activa ? readableOn(paleta.color(QPalette::Light), paleta.color(QPalette::Window))
+                                       : paleta.color(QPalette::Disabled, QPalette::WindowText);
+        const QImage esperada = Pintura(paleta, [&](QPainter &p) {
+            Simples().drawPrimitive(elemento, &opcao, &p);
+            if (!escura) return;
+            p.setRenderHint(QPainter::Antialiasing);
+            p.setPen(contorno);
+            p.setBrush(Qt::NoBrush);
+            const QRectF lugar(5.5, 5.5, 15, 15);
+            redonda ? p.drawEllipse(lugar) : p.drawRect(lugar);
+        });
+        QCOMPARE(Pintura(paleta, [&](QPainter &p) { Proprio().drawPrimitive(elemento, &opcao, &p); }), esperada);
+    }
+
+    void so_o_separador_com_o_teclado_tem_moldura_tres_pixels_para_dentro()
+    {
+        const QPalette paleta = Clara();
+        for (const QStyle::State estado : {ligado, com_teclado}) {
+            auto separador = Nova_Opcao<QStyleOptionTab>(paleta, estado);
+            separador.text = u"Sons"_s;
+            const QImage esperada = Pintura(paleta, [&](QPainter &p) {
+                Simples().drawControl(QStyle::CE_TabBarTabLabel, &separador, &p);
+                if (estado == ligado) return;
+                p.setPen(paleta.color(QPalette::WindowText));
+                p.setBrush(Qt::NoBrush);
+                p.drawRect(8, 8, 33, 13);
+            });
+            QCOMPARE(Pintura(paleta,
+                             [&](QPainter &p) { Proprio().drawControl(QStyle::CE_TabBarTabLabel, &separador, &p); }),
+                     esperada);
+        }
+        auto botao = Nova_Opcao<QStyleOptionButton>(paleta, com_teclado);
+        botao.text = u"Sons"_s;
+        const auto com = [&](const QStyle &estilo) {
+            return Pintura(paleta, [&](QPainter &p) { estilo.drawControl(QStyle::CE_PushButtonLabel, &botao, &p); });
+        };
+        QCOMPARE(com(Proprio()), com(Simples()));
+    }
+
+    void o_resto_e_como_o_estilo_simples_o_quer()
+    {
+        for (const auto pergunta : {QStyle::SH_UnderlineShortcut, QStyle::SH_Menu_MouseTracking,
+                                    QStyle::SH_ItemView_ArrowKeysNavigateIntoChildren, QStyle::SH_EtchDisabledText})
+            QCOMPARE(Proprio().styleHint(pergunta), Simples().styleHint(pergunta));
+        QVERIFY(Proprio().styleHint(QStyle::SH_UnderlineShortcut) != 0);
+        QCOMPARE(Proprio().styleHint(QStyle::SH_DialogButtonBox_ButtonsHaveIcons), 0);
+        QCOMPARE(Simples().name(), u"fusion"_s);
+    }
+
     // Whoever draws goes on with the pen that he had.
     void o_que_o_estilo_desenha_deixa_o_pincel_como_estava()
     {
@@ -301,5 +461,13 @@ private:
     static void setDark(bool dark) { static_cast<Application *>(qApp)->setDark(dark); }
 };
 
-MORVEX_TESTE(TestStyle)
+// The desktop, or who starts the program, may ask for another style: it keeps its own.
+int main(int argc, char **argv)
+{
+    qputenv("QT_STYLE_OVERRIDE", "windows");
+    teste::CaixasDaAplicacao caixas;
+    Application application(argc, argv, caixas);
+    TestStyle testes;
+    return QTest::qExec(&testes, argc, argv);
+}
 #include "test_Style.moc"

@@ -257,7 +257,11 @@ private Q_SLOTS:
         server.Identificar({});
         const Outcome outcome = look(server);
         QCOMPARE(outcome.error, MailError::None);
-        QVERIFY(outcome.result.loginDelay != 900);
+        QCOMPARE(outcome.result.loginDelay, 90); // as it is said encrypted
+        acts[3].resposta = "+OK\r\nUIDL\r\n.\r\n";
+        ServidorPop silent(acts);
+        silent.Identificar({});
+        QCOMPARE(look(silent).result.loginDelay, 0);
     }
 
     void a_line_break_in_a_name_never_reaches_the_server_either()
@@ -453,9 +457,12 @@ private Q_SLOTS:
 
     void words_smuggled_in_behind_the_stls_answer_are_an_error()
     {
-        ServidorPop server(
-            {{"", "+OK\r\n"}, {"CAPA", "+OK\r\nSTLS\r\n.\r\n"}, {"STLS", "+OK go\r\n+OK\r\n.\r\n"}});
-        QCOMPARE(look(server).error, MailError::Garbled);
+        for (const char *smuggled : {"+OK\r\n.\r\n", "X"}) {
+            ServidorPop server({{"", "+OK\r\n"},
+                                {"CAPA", "+OK\r\nSTLS\r\n.\r\n"},
+                                {"STLS", QByteArray("+OK go\r\n") + smuggled}});
+            QCOMPARE(look(server).error, MailError::Garbled);
+        }
     }
 
     void a_server_that_must_be_encrypted_from_the_start_needs_a_good_certificate()

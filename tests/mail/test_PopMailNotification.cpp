@@ -65,6 +65,16 @@ struct Watch {
     PopMailNotification mail;
 };
 
+// What a look into a mailbox of a server with names has found, or of one without.
+Pop3Check::Result found(int messages, const QStringList &uids = {})
+{
+    Pop3Check::Result result;
+    result.messages = messages;
+    result.uids = uids;
+    result.hasUids = !uids.isEmpty();
+    return result;
+}
+
 // Until the server was left for the given time in all.
 bool visited(const ServidorPop &server, int times)
 {
@@ -384,6 +394,44 @@ private Q_SLOTS:
             QVERIFY(!watch.mail.Falhou());
         }
         QFile::setPermissions(folder_->path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        QVERIFY(!QFile::exists(file()));
+    }
+
+    // As the program has always written it: hashes of the mailbox and, with it, of each message's name.
+    void a_memory_of_an_earlier_version_still_counts()
+    {
+        QFile memory(file());
+        QVERIFY(memory.open(QIODevice::WriteOnly));
+        memory.write(R"({"09c15aa35526c186faebf7e969b5806a":{"certificate":"0a1b","count":2,"tls":true,)"
+                     R"("uids":["a7187353fd3e3877438e0507d445630f"]}})");
+        memory.close();
+        const QString ana = u"pop.example\nana"_s;
+        SeenMail seen(file());
+        const Pop3Check::Trust trust = seen.trust(ana);
+        QVERIFY(trust.encryptedBefore);
+        QCOMPARE(trust.fingerprint, QByteArray("0a1b"));
+        QCOMPARE(seen.countNew(ana, found(2, {u"abc"_s, u"def"_s})), 1);
+        QCOMPARE(seen.countNew(ana, found(3)), 1);
+        QCOMPARE(seen.countNew(ana, found(2)), 0);
+        QCOMPARE(seen.countNew(ana, found(1)), 0); // some were fetched meanwhile
+        QCOMPARE(seen.countNew(u"pop.example\nrui"_s, found(2)), 2);
+        const QByteArray before = stored();
+        seen.remember(ana, trust);
+        QCOMPARE(stored(), before);
+        seen.announce(ana, found(2, {u"abc"_s}));
+        QCOMPARE(stored(), before);
+        seen.remember(ana, {true, "ff"});
+        QCOMPARE(SeenMail(file()).trust(ana).fingerprint, QByteArray("ff"));
+    }
+
+    void what_was_announced_is_written_once()
+    {
+        ServidorPop server(mailbox(2));
+        Watch watch(server, file());
+        watch.mail.setActivo(true);
+        QVERIFY(watch.sees(2));
+        QVERIFY(QFile::remove(file()));
+        QVERIFY(watch.mail.TemCorreio());
         QVERIFY(!QFile::exists(file()));
     }
 

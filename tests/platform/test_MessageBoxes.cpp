@@ -35,10 +35,10 @@ private Q_SLOTS:
     {
         QTest::addColumn<int>("flags");
         QTest::addColumn<int>("icon");
-        QTest::newRow("none") << box::ok << int{QMessageBox::NoIcon};
-        QTest::newRow("stop") << box::stop << int{QMessageBox::Critical};
-        QTest::newRow("exclamation") << box::exclamation << int{QMessageBox::Warning};
-        QTest::newRow("information") << box::information << int{QMessageBox::Information};
+        QTest::newRow("none") << 0 << int{QMessageBox::NoIcon};
+        QTest::newRow("stop") << 16 << int{QMessageBox::Critical};
+        QTest::newRow("exclamation") << 48 << int{QMessageBox::Warning};
+        QTest::newRow("information") << 64 << int{QMessageBox::Information};
     }
     void the_flags_choose_the_icon()
     {
@@ -52,6 +52,16 @@ private Q_SLOTS:
             box.button(QMessageBox::Ok)->click();
         });
         QCOMPARE(boxes_.show(u"<b>um</b>"_s, flags, u"Título"_s, nullptr), answer::ok);
+    }
+
+    void flags_and_answers_are_the_numbers_that_messages_carry()
+    {
+        QCOMPARE((QList<int>{box::ok, box::stop, box::exclamation, box::information}), (QList<int>{0, 16, 48, 64}));
+        QCOMPARE(int{box::question | box::yesNo}, 36);
+        QCOMPARE(int{box::exclamation | box::yesNo}, 52);
+        QCOMPARE(int{box::stop | box::retryLeave}, 21);
+        QCOMPARE((QList<int>{answer::ok, answer::leave, answer::retry, answer::yes, answer::no}),
+                 (QList<int>{1, 2, 4, 6, 7}));
     }
 
     void a_question_closed_without_an_answer_is_no()
@@ -207,9 +217,22 @@ private Q_SLOTS:
             QCOMPARE(scroll->minimumSize(), QSize(480, box.screen()->availableSize().height() * 60 / 100));
             QCOMPARE(scroll->frameShape(), QFrame::NoFrame);
             QCOMPARE(scroll->horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
+            QCoreApplication::processEvents();
+            QCOMPARE(scroll->widget()->width(), scroll->viewport()->width());
             box.button(QMessageBox::Ok)->click();
         });
         boxes_.show(Lines(500), box::exclamation, {}, nullptr);
+    }
+
+    void a_line_without_an_end_is_broken_and_scrolls_too()
+    {
+        Quando_Abrir<QMessageBox>([](QMessageBox &box) {
+            QCoreApplication::processEvents();
+            QVERIFY(box.findChild<QScrollArea *>() != nullptr);
+            QVERIFY(box.width() < box.screen()->availableSize().width());
+            box.button(QMessageBox::Ok)->click();
+        });
+        boxes_.show(u"palavra "_s.repeated(5000), box::exclamation, {}, nullptr);
     }
 
     void a_question_offers_yes_first_and_the_others_only_ok()
@@ -257,7 +280,9 @@ private Q_SLOTS:
 
     void a_short_error_is_shown_whole_and_its_number_and_source_in_small()
     {
-        Quando_Abrir<QMessageBox>([](QMessageBox &box) {
+        bool seen = false;
+        Quando_Abrir<QMessageBox>([&seen](QMessageBox &box) {
+            seen = true;
             QCOMPARE(box.text(), u"\"x\" is no date"_s);
             QCOMPARE(box.informativeText(), u"13 · Value"_s);
             QCOMPARE(box.windowTitle(), QApplication::applicationDisplayName());
@@ -269,6 +294,7 @@ private Q_SLOTS:
             box.button(QMessageBox::Ok)->click();
         });
         boxes_.showError(Failure(13, u"Value"_s, u"\"x\" is no date"_s));
+        QVERIFY(seen);
     }
 
     void what_a_person_can_mend_is_said_in_the_active_language_data()

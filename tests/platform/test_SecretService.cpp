@@ -7,6 +7,8 @@
 
 using namespace Qt::StringLiterals;
 
+static const QString guardado = u"guardado k de morvex: l, text/plain; charset=utf8"_s;
+
 class TestSecretService : public QObject
 {
     Q_OBJECT
@@ -66,7 +68,7 @@ private Q_SLOTS:
         SecretService secrets;
         QVERIFY(secrets.isThere());
         QVERIFY(secrets.write(u"sincronizacao 7"_s, u"Morvex"_s, u"p-ção 日本 'x'"_s));
-        QCOMPARE(heard(), u"guardado sincronizacao 7 de morvex"_s);
+        QCOMPARE(heard(), u"guardado sincronizacao 7 de morvex: Morvex, text/plain; charset=utf8"_s);
         QCOMPARE(SecretService().read(u"sincronizacao 7"_s), u"p-ção 日本 'x'"_s);
         QCOMPARE(secrets.read(u"sincronizacao 8"_s), std::nullopt);
     }
@@ -79,13 +81,38 @@ private Q_SLOTS:
         secrets.remove(u"k"_s);
         QCOMPARE(secrets.read(u"k"_s), std::nullopt);
         secrets.remove(u"k"_s);
+        QTest::qWait(50);
+        QCOMPARE(heard(), guardado);
+        QCOMPARE(heard(), guardado);
+        say("abre"); // the next thing that it says: nobody was asked
+    }
+
+    void what_the_store_refuses_is_not_there_and_not_written()
+    {
+        SecretService secrets;
+        QVERIFY(secrets.write(u"k"_s, u"l"_s, u"one"_s));
+        QCOMPARE(heard(), guardado);
+        say("recusa GetSecret");
+        QCOMPARE(secrets.read(u"k"_s), std::nullopt);
+        say("recusa Unlock");
+        QVERIFY(!secrets.write(u"k"_s, u"l"_s, u"two"_s));
+        say("recusa nada");
+        QCOMPARE(secrets.read(u"k"_s), u"one"_s);
+    }
+
+    void a_store_that_asks_before_it_keeps_one_has_not_kept_it()
+    {
+        say("pergunta ao guardar");
+        SecretService secrets;
+        QVERIFY(!secrets.write(u"k"_s, u"l"_s, u"one"_s));
+        QCOMPARE(secrets.read(u"k"_s), std::nullopt);
     }
 
     void a_locked_store_that_opens_by_itself_is_opened()
     {
         SecretService secrets;
         QVERIFY(secrets.write(u"k"_s, u"l"_s, u"one"_s));
-        QCOMPARE(heard(), u"guardado k de morvex"_s);
+        QCOMPARE(heard(), guardado);
         say("tranca");
         QCOMPARE(secrets.read(u"k"_s), u"one"_s);
     }
@@ -94,7 +121,7 @@ private Q_SLOTS:
     {
         SecretService secrets;
         QVERIFY(secrets.write(u"k"_s, u"l"_s, u"one"_s));
-        QCOMPARE(heard(), u"guardado k de morvex"_s);
+        QCOMPARE(heard(), guardado);
         say("tranca e pergunta");
         QCOMPARE(secrets.read(u"k"_s), std::nullopt);
         QCOMPARE(heard(), u"pergunta"_s);
@@ -116,7 +143,7 @@ private Q_SLOTS:
     {
         SecretService secrets;
         QVERIFY(secrets.write(u"k"_s, u"l"_s, u"one"_s));
-        QCOMPARE(heard(), u"guardado k de morvex"_s);
+        QCOMPARE(heard(), guardado);
         say("pergunta ao apagar");
         secrets.remove(u"k"_s);
         QCOMPARE(heard(), u"pergunta"_s);
