@@ -610,6 +610,15 @@ private Q_SLOTS:
             << longo + u'b' << longo + u'c' << u'…' + longo.left(40) + u'b';
         QTest::newRow("longo que acaba onde o outro continua")
             << longo << longo + u'c' << u'…' + longo.left(40);
+        QTest::newRow("trezentas letras, inteiro") << longo.left(300) << longo.left(200) << longo.left(300);
+        QTest::newRow("trezentas e uma letras") << longo.left(301) << QString() << longo.left(300) + u'…';
+        QTest::newRow("a partir da segunda letra")
+            << longo.left(41) + u'b' + longo << longo << u'…' + longo.left(40) + u'b' + longo.left(259) + u'…';
+        QTest::newRow("a partir da primeira, que tem duas metades")
+            << u"😀"_s + longo << u"😀"_s + longo.left(39) << u"😀"_s + longo.left(298) + u'…';
+        QTest::newRow("oito linhas, inteiro")
+            << u"x\n"_s.repeated(7) + u'y' << QString() << u"x\n"_s.repeated(7) + u'y';
+        QTest::newRow("nove linhas") << u"x\n"_s.repeated(8) + u'y' << QString() << u"x\nx\nx\nx\nx\nx\nx\nx…"_s;
         QTest::newRow("muitas linhas") << u"x\n"_s.repeated(20) << QString() << u"x\nx\nx\nx\nx\nx\nx\nx…"_s;
     }
     void trechos()
