@@ -3,6 +3,7 @@
 #include "contacts/Editor.h"
 #include "contacts/frmConflito.h"
 #include "contacts/TrechoQueDifere.h"
+#include "platform/Picture.h"
 #include "testlib/FotografiaNaBase.h"
 #include "testlib/Teste.h"
 
@@ -345,6 +346,28 @@ private Q_SLOTS:
                 QCOMPARE(item.data(1, Qt::AccessibleTextRole).toString(), vermelha);
             });
         });
+    }
+
+    void cada_imagem_cabe_no_seu_lugar_e_tem_pelo_menos_um_ponto_data()
+    {
+        QTest::addColumn<QSize>("natural");
+        QTest::addColumn<QSize>("mostrada");
+        QTest::newRow("um ponto") << QSize(1, 1) << QSize(1, 1);
+        QTest::newRow("a medida do lugar") << QSize(120, 90) << QSize(120, 90);
+        QTest::newRow("um ponto larga de mais") << QSize(121, 90) << QSize(120, 89);
+        QTest::newRow("um ponto alta de mais") << QSize(120, 91) << QSize(118, 90);
+        QTest::newRow("muito larga") << QSize(1000, 1) << QSize(120, 1);
+        QTest::newRow("muito alta") << QSize(1, 1000) << QSize(1, 90);
+    }
+    void cada_imagem_cabe_no_seu_lugar_e_tem_pelo_menos_um_ponto()
+    {
+        QFETCH(QSize, natural);
+        Sistema s;
+        const auto pintar = [&](const QString &nome) { return Picture(Bytes_De_Imagem(natural), nome); };
+        const CamposDisputados campos{{0, {u"Fotografia"_s, u"foto.png"_s, QString(), pintar}}};
+        const frmConflito conflito(s.geral, u"facto"_s, campos, nullptr);
+        const QVariant imagem = conflito.lvCampos->topLevelItem(0)->data(1, Qt::DecorationRole);
+        QTEST(qvariant_cast<QPixmap>(imagem).size(), "mostrada");
     }
 
     // Taking a picture away is a change like any other.

@@ -236,6 +236,12 @@ private Q_SLOTS:
         QCOMPARE(u.nota->windowTitle(), u"t"_s);
     }
 
+    void as_letras_mais_pequenas_tambem_valem()
+    {
+        const UmaNota u(u"'t','','495','645','2775','1395','Tahoma',1,0,0,65535"_s);
+        QCOMPARE(u.nota->txtMemo->font().pointSizeF(), 1.0);
+    }
+
     void um_tamanho_sem_sentido_nao_impede_a_nota_data()
     {
         QTest::addColumn<QString>("medida");
