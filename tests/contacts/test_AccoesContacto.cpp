@@ -349,6 +349,28 @@ private Q_SLOTS:
         QCOMPARE(caixa.toolTip(), p.s.Texto(texto) + u' ' + endereco);
     }
 
+    void as_outras_linhas_nao_parecem_um_link_nem_abrem_nada_data()
+    {
+        QTest::addColumn<QString>("linha");
+        for (const char *linha : {"txtTelefone1", "txtGrupo", "txtMorada", "txtObs"})
+            QTest::newRow(linha) << QString::fromLatin1(linha);
+    }
+    void as_outras_linhas_nao_parecem_um_link_nem_abrem_nada()
+    {
+        QFETCH(QString, linha);
+        Programa p;
+        Mostrar_Contacto(p, {{u"Telefone1"_s, u"21"_s}, {u"Morada"_s, u"Rua Nova"_s}, {u"Obs"_s, u"notas"_s}});
+        auto &caixa = control<QWidget>(p.janela, linha);
+        QVERIFY(caixa.isVisibleTo(&p.janela));
+        const auto *area = qobject_cast<QAbstractScrollArea *>(&caixa);
+        QWidget &alvo = area != nullptr ? *area->viewport() : caixa;
+        Mover_Sobre(alvo);
+        QVERIFY(!caixa.font().underline());
+        QVERIFY(caixa.toolTip().isEmpty());
+        QTest::mouseClick(&alvo, Qt::LeftButton);
+        QVERIFY(p.s.shell.abertos.isEmpty());
+    }
+
     void uma_linha_sem_texto_perde_o_aspecto_de_link()
     {
         Programa p;

@@ -3,6 +3,7 @@
 #include "contacts/Editor.h"
 #include "contacts/frmConflito.h"
 #include "contacts/TrechoQueDifere.h"
+#include "platform/Picture.h"
 #include "testlib/FotografiaNaBase.h"
 #include "testlib/Teste.h"
 
@@ -347,6 +348,28 @@ private Q_SLOTS:
         });
     }
 
+    void cada_imagem_cabe_no_seu_lugar_e_tem_pelo_menos_um_ponto_data()
+    {
+        QTest::addColumn<QSize>("natural");
+        QTest::addColumn<QSize>("mostrada");
+        QTest::newRow("um ponto") << QSize(1, 1) << QSize(1, 1);
+        QTest::newRow("a medida do lugar") << QSize(120, 90) << QSize(120, 90);
+        QTest::newRow("um ponto larga de mais") << QSize(121, 90) << QSize(120, 89);
+        QTest::newRow("um ponto alta de mais") << QSize(120, 91) << QSize(118, 90);
+        QTest::newRow("muito larga") << QSize(1000, 1) << QSize(120, 1);
+        QTest::newRow("muito alta") << QSize(1, 1000) << QSize(1, 90);
+    }
+    void cada_imagem_cabe_no_seu_lugar_e_tem_pelo_menos_um_ponto()
+    {
+        QFETCH(QSize, natural);
+        Sistema s;
+        const auto pintar = [&](const QString &nome) { return Picture(Bytes_De_Imagem(natural), nome); };
+        const CamposDisputados campos{{0, {u"Fotografia"_s, u"foto.png"_s, QString(), pintar}}};
+        const frmConflito conflito(s.geral, u"facto"_s, campos, nullptr);
+        const QVariant imagem = conflito.lvCampos->topLevelItem(0)->data(1, Qt::DecorationRole);
+        QTEST(qvariant_cast<QPixmap>(imagem).size(), "mostrada");
+    }
+
     // Taking a picture away is a change like any other.
     void uma_fotografia_tirada_junta_se_ou_e_disputa_data()
     {
@@ -610,6 +633,15 @@ private Q_SLOTS:
             << longo + u'b' << longo + u'c' << u'…' + longo.left(40) + u'b';
         QTest::newRow("longo que acaba onde o outro continua")
             << longo << longo + u'c' << u'…' + longo.left(40);
+        QTest::newRow("trezentas letras, inteiro") << longo.left(300) << longo.left(200) << longo.left(300);
+        QTest::newRow("trezentas e uma letras") << longo.left(301) << QString() << longo.left(300) + u'…';
+        QTest::newRow("a partir da segunda letra")
+            << longo.left(41) + u'b' + longo << longo << u'…' + longo.left(40) + u'b' + longo.left(259) + u'…';
+        QTest::newRow("a partir da primeira, que tem duas metades")
+            << u"😀"_s + longo << u"😀"_s + longo.left(39) << u"😀"_s + longo.left(298) + u'…';
+        QTest::newRow("oito linhas, inteiro")
+            << u"x\n"_s.repeated(7) + u'y' << QString() << u"x\n"_s.repeated(7) + u'y';
+        QTest::newRow("nove linhas") << u"x\n"_s.repeated(8) + u'y' << QString() << u"x\nx\nx\nx\nx\nx\nx\nx…"_s;
         QTest::newRow("muitas linhas") << u"x\n"_s.repeated(20) << QString() << u"x\nx\nx\nx\nx\nx\nx\nx…"_s;
     }
     void trechos()

@@ -492,6 +492,45 @@ private Q_SLOTS:
         QVERIFY(c.janela.lblContador->text().endsWith(u" 51"_s));
     }
 
+    void um_nome_novo_nao_muda_a_altura_do_escolhido_ou_senao_da_linha_de_cima_data()
+    {
+        QTest::addColumn<int>("escolhida");
+        QTest::addColumn<int>("topo");
+        QTest::addColumn<QString>("novo");
+        QTest::addColumn<int>("depois"); // the row at the top
+        QTest::newRow("entre o topo e o escolhido") << 30 << 27 << u"Nome 38 A"_s << 28;
+        QTest::newRow("entre o escolhido, mais acima, e o topo") << 0 << 27 << u"Nome 20 A"_s << 28;
+        QTest::newRow("entre o topo e o escolhido, mais abaixo") << 49 << 10 << u"Nome 30 A"_s << 10;
+    }
+    void um_nome_novo_nao_muda_a_altura_do_escolhido_ou_senao_da_linha_de_cima()
+    {
+        QFETCH(int, escolhida);
+        QFETCH(int, topo);
+        QFETCH(QString, novo);
+        ComJanela c;
+        for (int i = 10; i < 60; ++i)
+            Novo(c, u"Nome %1"_s.arg(i));
+        c.lista.Carregar_Tabela();
+        c.janela.show();
+        ListBox &lista = *c.janela.ListaNomes;
+        lista.setListIndex(escolhida);
+        lista.verticalScrollBar()->setValue(topo);
+        Novo(c, novo);
+        c.lista.Seguir_Contactos({}, true);
+        QCOMPARE(lista.ListCount(), 51);
+        QTEST(lista.verticalScrollBar()->value(), "depois");
+    }
+
+    void o_primeiro_de_outro_posto_entra_numa_lista_vazia()
+    {
+        ComJanela c;
+        c.lista.Carregar_Tabela();
+        Novo(c, u"Ana"_s);
+        c.lista.Seguir_Contactos({}, true);
+        QCOMPARE(c.janela.ListaNomes->ListCount(), 1);
+        QCOMPARE(c.janela.ListaNomes->ListIndex(), -1);
+    }
+
     void o_escolhido_que_desaparece_noutro_posto_larga_o_cartao()
     {
         ComJanela c;
@@ -566,8 +605,13 @@ private Q_SLOTS:
         ComboBox &grupos = *c.janela.ComboGrupos;
         Escolher_Grupo(c, u"Clientes"_s);
         const QSignalSpy cliques(&grupos, &ComboBox::Click);
-        c.lista.Seguir_Grupos(); // nothing is different
+        const QSignalSpy enchida(grupos.model(), &QAbstractItemModel::rowsInserted);
+        c.s.Escrever(u"UPDATE TblLista SET Telefone1='novo'"_s);
+        c.lista.Seguir_Grupos(); // nothing is different, and nothing is read anew
         QCOMPARE(grupos.ListCount(), 7);
+        QCOMPARE(enchida.size(), 0);
+        QCOMPARE(No_Cartao(c), u"tel Rui"_s);
+        QCOMPARE(c.s.geral.de.Rs("cmdListarGrupos").State(), Recordset::Closed);
         c.s.Novo_Grupo(u"Aaa"_s);
         c.lista.Seguir_Grupos();
         QCOMPARE(grupos.List(0), c.s.Texto(48));
@@ -581,6 +625,20 @@ private Q_SLOTS:
         QCOMPARE(grupos.ListCount(), 7);
         QCOMPARE(c.janela.ListaNomes->List(0), u"Ana"_s);
         QCOMPARE(cliques.size(), 0);
+    }
+
+    void sem_grupo_escolhido_ficam_todos()
+    {
+        ComJanela c;
+        Encher(c, {u"Ana"_s, u"Rui"_s});
+        {
+            const QSignalBlocker sem_clique(c.janela.ComboGrupos);
+            c.janela.ComboGrupos->setListIndex(-1);
+        }
+        c.s.Novo_Grupo(u"Aaa"_s);
+        c.lista.Seguir_Grupos();
+        QCOMPARE(c.janela.ComboGrupos->ListIndex(), 0);
+        QCOMPARE(c.janela.ListaNomes->ListCount(), 2);
     }
 };
 

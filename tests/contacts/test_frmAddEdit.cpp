@@ -218,6 +218,42 @@ private Q_SLOTS:
         });
     }
 
+    void quem_volta_ao_formulario_encontra_o_cursor_onde_estava()
+    {
+        Editor e;
+        e.Novo([](frmAddEdit &form) {
+            QVERIFY(QTest::qWaitForWindowActive(&form));
+            form.txtObs->setFocus();
+            QEvent volta(QEvent::WindowActivate);
+            QApplication::sendEvent(&form, &volta);
+            QCOMPARE(form.focusWidget(), form.txtObs);
+        });
+    }
+
+    void o_formulario_nao_se_deixa_esticar()
+    {
+        Editor e;
+        e.Novo([](frmAddEdit &form) {
+            QCOMPARE(form.minimumSize(), form.size());
+            QCOMPARE(form.maximumSize(), form.size());
+        });
+    }
+
+    // As they were named in the file that an earlier program left.
+    void um_rascunho_tem_o_nome_do_contacto_em_que_foi_escrito()
+    {
+        Editor e;
+        const int id = e.Mostrar({{u"Nome"_s, u"Ana"_s}});
+        const auto registos = [&](frmAddEdit &form) {
+            form.txtNome->setText(u"Por confirmar"_s);
+            return e.s.geral.rascunhos.Guardar() ? Ler(e.s.Ficheiro(u"rascunho.json"_s)) : QByteArray();
+        };
+        e.Novo([&](frmAddEdit &form) { QVERIFY(registos(form).contains("\"contacto novo\"")); });
+        e.Editar([&](frmAddEdit &form) {
+            QVERIFY(registos(form).contains("\"contacto " + QByteArray::number(id) + '"'));
+        });
+    }
+
     void enter_carrega_em_ok_menos_na_morada_e_nas_notas()
     {
         Editor e;
@@ -731,10 +767,33 @@ private Q_SLOTS:
             QCOMPARE(form.Calendario->x(), pixels(left));
             QVERIFY(form.Calendario->y() >= caixa->geometry().bottom());
             QVERIFY(form.rect().contains(form.Calendario->geometry()));
+            QCOMPARE(form.height(), form.Calendario->geometry().bottom() + 8);
             QVERIFY(!form.Calendario->geometry().intersects(form.cmdOk->geometry()));
             Clicar(caixa);
             QVERIFY(form.Calendario->isHidden());
             QCOMPARE(form.height(), altura);
+        });
+    }
+
+    void em_letras_maiores_o_calendario_segue_o_seu_campo_data()
+    {
+        QTest::addColumn<int>("letras");
+        QTest::addColumn<int>("left");
+        QTest::newRow("txtDia") << 20 << 400;
+        QTest::newRow("txtMes") << 13 << 1440;
+        QTest::newRow("txtAno") << 21 << 2400;
+    }
+    void em_letras_maiores_o_calendario_segue_o_seu_campo()
+    {
+        QFETCH(int, letras);
+        QFETCH(int, left);
+        scale::setLetters(letras);
+        const auto repor = qScopeGuard([] { scale::setLetters(scale::standardLetters); });
+        Editor e;
+        e.Novo([&](frmAddEdit &form) {
+            Clicar(&Controlo(form, QTest::currentDataTag()));
+            QVERIFY(form.Calendario->isVisible());
+            QCOMPARE(form.Calendario->x(), pixels(left));
         });
     }
 
@@ -788,19 +847,21 @@ private Q_SLOTS:
         QTest::addColumn<QString>("campo");
         QTest::addColumn<QString>("texto");
         QTest::addColumn<QDate>("aberto_em");
-        const QDate hoje(2027, 2, 1);
+        const QDate hoje(2027, 2, 9);
         QTest::newRow("dia vazio") << u"txtDia"_s << u""_s << hoje;
         QTest::newRow("dia 0") << u"txtDia"_s << u"0"_s << hoje;
+        QTest::newRow("dia 1") << u"txtDia"_s << u"1"_s << QDate(2027, 2, 1);
         QTest::newRow("dia 17") << u"txtDia"_s << u"17"_s << QDate(2027, 2, 17);
         QTest::newRow("dia que o mes nao tem") << u"txtDia"_s << u"99"_s << QDate(2027, 2, 28);
         QTest::newRow("dia em letras") << u"txtDia"_s << u"dez"_s << hoje;
         QTest::newRow("mes vazio") << u"txtMes"_s << u""_s << hoje;
-        QTest::newRow("mes 5") << u"txtMes"_s << u"5"_s << QDate(2027, 5, 1);
-        QTest::newRow("mes 13") << u"txtMes"_s << u"13"_s << QDate(2027, 12, 1);
+        QTest::newRow("mes 1") << u"txtMes"_s << u"1"_s << QDate(2027, 1, 9);
+        QTest::newRow("mes 5") << u"txtMes"_s << u"5"_s << QDate(2027, 5, 9);
+        QTest::newRow("mes 13") << u"txtMes"_s << u"13"_s << QDate(2027, 12, 9);
         QTest::newRow("ano vazio") << u"txtAno"_s << u""_s << hoje;
         QTest::newRow("ano 1768") << u"txtAno"_s << u"1768"_s << hoje;
-        QTest::newRow("ano 1769") << u"txtAno"_s << u"1769"_s << QDate(1769, 2, 1);
-        QTest::newRow("ano sem fim") << u"txtAno"_s << u"123456"_s << QDate(9999, 2, 1);
+        QTest::newRow("ano 1769") << u"txtAno"_s << u"1769"_s << QDate(1769, 2, 9);
+        QTest::newRow("ano sem fim") << u"txtAno"_s << u"123456"_s << QDate(9999, 2, 9);
     }
     void o_calendario_abre_na_parte_escrita_ou_na_de_hoje()
     {
@@ -808,6 +869,7 @@ private Q_SLOTS:
         QFETCH(QString, texto);
         QFETCH(QDate, aberto_em);
         Editor e;
+        e.s.relogio.Acertar({{2027, 2, 9}, {9, 0}});
         e.Novo([&](frmAddEdit &form) {
             auto *caixa = form.findChild<QLineEdit *>(campo);
             caixa->setText(texto);

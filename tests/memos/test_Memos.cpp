@@ -254,6 +254,29 @@ private Q_SLOTS:
         QCOMPARE(Notas().size(), 101);
     }
 
+    void de_cento_e_uma_linhas_seguem_se_cem()
+    {
+        Secretaria d;
+        d.Guardar_Linhas(101);
+        d.memos->Seguir();
+        QCOMPARE(Notas().size(), 100);
+        d.s.Escrever(u"DELETE FROM TblMemos WHERE Titulo='nota 1'"_s);
+        d.memos->Seguir(); // the last one is among the hundred now
+        QCOMPARE(Notas().size(), 100);
+        QCOMPARE(d.Nota(u"nota 101"_s)->txtMemo->toPlainText(), u"texto"_s);
+    }
+
+    void as_notas_novas_descem_em_degraus_e_recomecam_a_undecima()
+    {
+        Secretaria d;
+        const QRect ecra = d.janela.screen()->availableGeometry();
+        for (int i = 0; i < 12; ++i) {
+            const int passo = i % 10 * 24;
+            QCOMPARE(d.Nova(u"nota %1"_s.arg(i)).pos(),
+                     ecra.topLeft() + QPoint(ecra.width() / 3 + passo, ecra.height() / 3 + passo));
+        }
+    }
+
     void com_cento_e_uma_linhas_o_arranque_segue()
     {
         Secretaria d;

@@ -236,6 +236,12 @@ private Q_SLOTS:
         QCOMPARE(u.nota->windowTitle(), u"t"_s);
     }
 
+    void as_letras_mais_pequenas_tambem_valem()
+    {
+        const UmaNota u(u"'t','','495','645','2775','1395','Tahoma',1,0,0,65535"_s);
+        QCOMPARE(u.nota->txtMemo->font().pointSizeF(), 1.0);
+    }
+
     void um_tamanho_sem_sentido_nao_impede_a_nota_data()
     {
         QTest::addColumn<QString>("medida");
@@ -267,6 +273,42 @@ private Q_SLOTS:
         QCOMPARE(n.lblTitle->width(), 300 - 2);
         QCOMPARE(n.Line3->geometry(), QRect(299, 0, 1, 199)); // the right-hand line and the one below
         QCOMPARE(n.Line4->geometry(), QRect(0, 199, 299, 1));
+    }
+
+    void o_arranjo_segue_as_letras_ao_twip_data()
+    {
+        QTest::addColumn<int>("letras");
+        for (const int letras : {12, 24, 33})
+            QTest::addRow("%d", letras) << letras;
+    }
+    void o_arranjo_segue_as_letras_ao_twip()
+    {
+        QFETCH(int, letras);
+        scale::setLetters(letras);
+        Sistema s;
+        s.Escrever(u"DROP TABLE TblMemos"_s); // or each size would be written
+        frmMemo n(s.geral, s.plataforma);
+        n.show();
+        for (int pontos = 250; pontos < 253; ++pontos) {
+            n.resize(pontos, pontos);
+            const int largura = twips(pontos);
+            const int topo = pixels(largura - 350);
+            QCOMPARE(n.txtMemo->width() + n.txtMemo->x(), pixels(largura - 75));
+            QCOMPARE(n.txtMemo->height(), pixels(largura - 400));
+            QCOMPARE(n.cmdGuardar->pos(), QPoint(pixels(largura - 420), topo));
+            QCOMPARE(n.cmdFechar->pos(), QPoint(pixels(largura - 350), topo));
+            QCOMPARE(n.cmdCor->pos(), QPoint(pixels(largura - 680), topo));
+            QCOMPARE(n.cmdFonte->pos(), QPoint(pixels(largura - 990), topo));
+            QCOMPARE(n.LabelV->pos(), QPoint(pixels(largura - 75), 0));
+            QCOMPARE(n.LabelH->pos(), QPoint(0, pixels(largura - 75)));
+            QCOMPARE(n.lblTitle->width(), pixels(largura - 30));
+            const int rebordo = pixels(largura - 10);
+            QCOMPARE(n.Line1->size(), QSize(rebordo, 1));
+            QCOMPARE(n.Line2->size(), QSize(1, rebordo));
+            QCOMPARE(n.Line3->geometry(), QRect(rebordo, 0, 1, rebordo));
+            QCOMPARE(n.Line4->geometry(), QRect(0, rebordo, rebordo, 1));
+            QCOMPARE(n.Line5->size(), QSize(rebordo, 1));
+        }
     }
 
     void as_pegas_estao_a_frente_de_tudo()
@@ -666,6 +708,47 @@ private Q_SLOTS:
         QVERIFY(!marca.toolTip().isEmpty());
         for (const QWidget *botao : {nota.cmdFonte, nota.cmdCor, nota.cmdFechar})
             QVERIFY(!marca.geometry().intersects(botao->geometry()));
+    }
+
+    void a_marca_por_guardar_deixa_margens_iguais_data()
+    {
+        QTest::addColumn<int>("largura");
+        QTest::addColumn<int>("margem");
+        for (const auto &[largura, margem] : {std::pair{1, 0}, {2, 0}, {3, 1}, {9, 4}, {10, 4}, {11, 5}, {60, 5}})
+            QTest::addRow("%d", largura) << largura << margem;
+    }
+    void a_marca_por_guardar_deixa_margens_iguais()
+    {
+        QFETCH(int, largura);
+        QFETCH(int, margem);
+        Sistema s;
+        s.Escrever(u"DROP TABLE TblMemos"_s);
+        frmMemo nota(s.geral, s.plataforma);
+        nota.show();
+        nota.resize(largura, 93);
+        const QRect marca = nota.cmdPorGuardar->geometry();
+        QCOMPARE(marca.x(), margem);
+        QCOMPARE(marca.width(), largura - 2 * margem);
+        QCOMPARE(marca.bottom() + 1, nota.cmdFechar->y()); // right above the buttons
+        nota.resize(largura, 20);
+        QCOMPARE(nota.cmdPorGuardar->y(), 0);
+    }
+
+    void a_marca_por_guardar_esta_ao_lado_dos_botoes_se_couber()
+    {
+        Sistema s;
+        s.Escrever(u"DROP TABLE TblMemos"_s);
+        frmMemo nota(s.geral, s.plataforma);
+        nota.show();
+        const QToolButton &marca = *nota.cmdPorGuardar;
+        nota.resize(400, 93);
+        const int cabe = marca.width() + nota.LabelV->width() + 400 - nota.cmdFonte->x();
+        for (const int falta : {0, 1}) {
+            nota.resize(cabe - falta, 93);
+            QCOMPARE(marca.y() == nota.cmdFechar->y(), falta == 0);
+            QCOMPARE(marca.x(), 5);
+            QCOMPARE(marca.text(), u"Não guardado"_s);
+        }
     }
 
     // Two desks

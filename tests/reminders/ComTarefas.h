@@ -64,6 +64,20 @@ struct ComTarefas {
     QWidget janela;
 };
 
+// How often a window was brought in front of the others.
+class Subidas final : public QObject
+{
+public:
+    explicit Subidas(QWidget &janela) { janela.installEventFilter(this); }
+    bool eventFilter(QObject *, QEvent *evento) override
+    {
+        if (evento->type() == QEvent::ZOrderChange) ++vezes;
+        return false;
+    }
+
+    int vezes = 0;
+};
+
 // The form of that class that stands open; null when there is none.
 template<class Formulario> Formulario *Aberto()
 {

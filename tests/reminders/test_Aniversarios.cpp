@@ -153,6 +153,23 @@ private Q_SLOTS:
         QCOMPARE(Linhas_Da_Lista(c.Lista()), 0);
     }
 
+    void o_menu_traz_para_a_frente_a_que_ja_esta_aberta()
+    {
+        ComAniversarios c;
+        c.aniversarios->Mostrar();
+        auto &form = *Aberto<frmAniversarios>();
+        QWidget outra;
+        outra.show();
+        outra.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&outra));
+        const Subidas subidas(form);
+        c.aniversarios->Mostrar();
+        QCOMPARE(subidas.vezes, 1);
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        QCOMPARE(Aberto<frmAniversarios>(), &form);
+        form.close();
+    }
+
     void depois_de_fechada_nasce_outra()
     {
         ComAniversarios c;

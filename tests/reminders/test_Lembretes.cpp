@@ -103,8 +103,16 @@ private Q_SLOTS:
     {
         ComMain c;
         accoes::Quando_Abrir<frmListaTarefas>([&](frmListaTarefas &lista) {
+            QDialog outra(&lista);
+            outra.show();
+            outra.activateWindow();
+            QVERIFY(QTest::qWaitForWindowActive(&outra));
+            const Subidas subidas(lista);
             c.Entrada(u"SystemTrayListaTarefas"_s).trigger(); // returns at once
             QCOMPARE(Aberto<frmListaTarefas>(), &lista);
+            QCOMPARE(subidas.vezes, 1);
+            QTRY_COMPARE(QApplication::activeWindow(), &lista);
+            outra.close();
             accoes::Quando_Abrir<frmAddEditTarefa>([&](frmAddEditTarefa &nova) {
                 c.Entrada(u"SystemTrayNovaTarefa"_s).trigger();
                 QVERIFY(nova.isVisible());

@@ -40,6 +40,13 @@ struct UmaTarefaAberta : ComFormulario {
     }
 };
 
+// As they lie in the file, which another version of the program may have left.
+QByteArray Rascunhos_Guardados(const Sistema &s)
+{
+    QFile ficheiro(s.Ficheiro(u"rascunho.json"_s));
+    return ficheiro.open(QIODevice::ReadOnly) ? ficheiro.readAll() : QByteArray();
+}
+
 const QDate hoje{2027, 2, 1}; // the installation's clock stands at nine o'clock of that day
 } // namespace
 
@@ -451,6 +458,8 @@ private Q_SLOTS:
             const auto form = abrir(escrita);
             form->txtTarefa->setPlainText(u"Por confirmar"_s);
             QVERIFY(c.s.geral.rascunhos.Guardar()); // and the process ends
+            const QByteArray registo = escrita == 0 ? "nova"_ba : QByteArray::number(ids[escrita]);
+            QVERIFY(Rascunhos_Guardados(c.s).contains("\"tarefa " + registo + '"'));
         }
         const QString titulo = c.s.Texto(aberta == 0 ? 149 : 171).remove(u'&');
         if (oferece) c.s.caixas.Espera_Qualquer(box::question | box::yesNo, titulo, answer::yes);

@@ -7,6 +7,7 @@
 #include "reminders/frmListaTarefas.h"
 
 #include <QHeaderView>
+#include <QScrollBar>
 
 using namespace Qt::StringLiterals;
 
@@ -175,6 +176,10 @@ private Q_SLOTS:
         QVERIFY2(titulos.length() <= lista.viewport()->width(),
                  qPrintable(QString::number(titulos.length())));
         QVERIFY(titulos.sectionSize(0) >= scale::scaled(120));
+        const int precisa = std::max(titulos.sectionSizeHint(3), titulos.defaultSectionSize());
+        const bool cedeu = titulos.sectionSize(0) < scale::scaled(240);
+        QCOMPARE(cedeu, letras > 11);
+        if (cedeu && tarefas == 40) QCOMPARE(titulos.sectionSize(3), precisa); // beside the scroll bar
     }
 
     void onde_o_ecra_e_pequeno_a_descricao_fica_com_metade_do_seu_lugar()
@@ -185,6 +190,29 @@ private Q_SLOTS:
         c.s.geral.IdiomaActual = u"AlemaoDE"_s;
         c.Nova(u"Regar"_s, u"01-02-2027"_s, u"23:59"_s);
         QCOMPARE(c.Abrir().ListViewTarefas->header()->sectionSize(0), 240); // of 480
+    }
+
+    void uma_lista_lida_de_novo_fica_onde_estava_com_e_sem_escolha_data()
+    {
+        QTest::addColumn<int>("escolhida"); // -1: none
+        for (const int linha : {-1, 0, 39})
+            QTest::addRow("%d", linha) << linha;
+    }
+    void uma_lista_lida_de_novo_fica_onde_estava_com_e_sem_escolha()
+    {
+        QFETCH(int, escolhida);
+        ComLista c;
+        for (int i = 0; i < 40; ++i)
+            c.Nova(u"Tarefa %1"_s.arg(i), u"01-03-2027"_s, u"%1:00"_s.arg(i / 2, 2, 10, QLatin1Char('0')));
+        frmListaTarefas &form = c.Abrir();
+        QTreeWidget &lista = *form.ListViewTarefas;
+        if (escolhida >= 0) c.Escolher(escolhida);
+        lista.verticalScrollBar()->setValue(7);
+        c.Nova(u"Ainda outra"_s, u"02-03-2027"_s, u"08:00"_s);
+        form.Refrescar();
+        QCOMPARE(lista.topLevelItemCount(), 41);
+        QCOMPARE(lista.verticalScrollBar()->value(), 7);
+        QCOMPARE(lista.selectedItems().value(0), lista.topLevelItem(escolhida));
     }
 
     void uma_coluna_nula_da_uma_celula_vazia()
