@@ -193,6 +193,22 @@ private Q_SLOTS:
         QCOMPARE(next.removed.size(), 12);
     }
 
+    void a_card_that_a_server_holds_back_is_none_of_those_that_changed()
+    {
+        Book book;
+        int questions = 0;
+        book.remote.antes = [&](const Pedido &) -> std::optional<Resposta> {
+            if (++questions > 1) return Resposta::Xml(LivroDav::Multistatus("<d:sync-token>t2</d:sync-token>"));
+            return Resposta::Xml(
+                LivroDav::Multistatus(LivroDav::Sem(book.remote.livro + "1.vcf", "507 Insufficient Storage") +
+                                      "<d:sync-token>t1</d:sync-token>"));
+        };
+        const Changes changes = changesSince(book.local, "t0");
+        QVERIFY(!changes.error && changes.changed.isEmpty() && changes.removed.isEmpty());
+        QCOMPARE(changes.token, QByteArray("t2"));
+        QCOMPARE(questions, 2);
+    }
+
     void a_server_that_never_gets_on_is_asked_for_its_list()
     {
         Book book(3);
