@@ -127,6 +127,25 @@ private Q_SLOTS:
         QCOMPARE(book.server.Verbos(), (QList<QByteArray>{"REPORT", "REPORT", "REPORT", "PROPFIND"}));
     }
 
+    void what_was_told_before_a_token_was_refused_counts_no_more()
+    {
+        Book book(2);
+        book.remote.antes = [&book](const Pedido &asked) -> std::optional<Resposta> {
+            if (asked.corpo.contains("<D:sync-token></D:sync-token>")) return std::nullopt;
+            if (asked.corpo.contains("p1")) return Resposta{403};
+            return Resposta::Xml(LivroDav::Multistatus(
+                LivroDav::Uma(book.remote.livro + "1.vcf", "<d:getetag>old</d:getetag>") +
+                LivroDav::Uma(book.remote.livro + "gone.vcf", "<d:getetag>1</d:getetag>") +
+                LivroDav::Sem(book.remote.livro, "507 Insufficient Storage") +
+                "<d:sync-token>p1</d:sync-token>"));
+        };
+        const Changes changes = changesSince(book.local, "t0");
+        QVERIFY(!changes.error && changes.whole);
+        QCOMPARE(changes.names(), (QStringList{u"1.vcf"_s, u"2.vcf"_s}));
+        QCOMPARE(changes.token, book.remote.Token());
+        QCOMPARE(book.server.Verbos(), (QList<QByteArray>{"REPORT", "REPORT", "REPORT"}));
+    }
+
     void a_card_is_gone_by_either_word_data()
     {
         QTest::addColumn<QByteArray>("status");
@@ -214,13 +233,15 @@ private Q_SLOTS:
         Book book(3);
         book.remote.antes = [&book](const Pedido &asked) -> std::optional<Resposta> {
             if (asked.verbo != "REPORT") return std::nullopt;
-            return Resposta::Xml(
-                LivroDav::Multistatus(LivroDav::Sem(book.remote.livro, "507 Insufficient Storage") +
-                                      "<d:sync-token>always the same</d:sync-token>"));
+            return Resposta::Xml(LivroDav::Multistatus(
+                LivroDav::Uma(book.remote.livro + "1.vcf", "<d:getetag>old</d:getetag>") +
+                LivroDav::Uma(book.remote.livro + "gone.vcf", "<d:getetag>1</d:getetag>") +
+                LivroDav::Sem(book.remote.livro, "507 Insufficient Storage") +
+                "<d:sync-token>always the same</d:sync-token>"));
         };
         const Changes changes = changesSince(book.local, {});
         QVERIFY(!changes.error && changes.whole);
-        QCOMPARE(changes.names().size(), 3);
+        QCOMPARE(changes.names(), (QStringList{u"1.vcf"_s, u"2.vcf"_s, u"3.vcf"_s}));
         QCOMPARE(book.server.Verbos(), (QList<QByteArray>{"REPORT", "REPORT", "PROPFIND"}));
     }
 
