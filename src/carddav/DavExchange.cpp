@@ -87,8 +87,6 @@ void DavExchange::ask(const QUrl &url)
         reply_ = manager_.get(request);
     else if (request_.verb == "DELETE")
         reply_ = manager_.deleteResource(request);
-    else if (request_.verb == "PUT")
-        reply_ = manager_.put(request, request_.body);
     else
         reply_ = manager_.sendCustomRequest(request, request_.verb, request_.body);
     connect(reply_, &QNetworkReply::sslErrors, this, [this](const QList<QSslError> &errors) {
@@ -259,5 +257,4 @@ void DavExchange::drop()
     reply_->disconnect(this);
     reply_->abort();
     reply_->deleteLater();
-    reply_.clear();
 }

@@ -165,10 +165,7 @@ void frmSincronizar::Permitir()
 // Another server has other books.
 void frmSincronizar::Endereco_Mudou()
 {
-    if (sender() == txtEndereco) {
-        livros_.clear();
-        ComboLivro->Clear();
-    }
+    if (sender() == txtEndereco) ComboLivro->Clear();
     Permitir();
 }
 
@@ -204,10 +201,9 @@ void frmSincronizar::Encontrados(const RemoteError &erro, const QList<FoundBook>
     ComboLivro->Clear();
     for (const FoundBook &livro : livros)
         ComboLivro->AddItem(livro.name);
-    ComboLivro->setListIndex(0);
+    ComboLivro->setListIndex(0); // which permits what can be done with it
     ComboLivro->setFocus();
     Dizer(QString());
-    Permitir();
 }
 
 // 0 where there is none.

@@ -127,6 +127,25 @@ private Q_SLOTS:
         QCOMPARE(book.server.Verbos(), (QList<QByteArray>{"REPORT", "REPORT", "REPORT", "PROPFIND"}));
     }
 
+    void what_was_told_before_a_token_was_refused_counts_no_more()
+    {
+        Book book(2);
+        book.remote.antes = [&book](const Pedido &asked) -> std::optional<Resposta> {
+            if (asked.corpo.contains("<D:sync-token></D:sync-token>")) return std::nullopt;
+            if (asked.corpo.contains("p1")) return Resposta{403};
+            return Resposta::Xml(LivroDav::Multistatus(
+                LivroDav::Uma(book.remote.livro + "1.vcf", "<d:getetag>old</d:getetag>") +
+                LivroDav::Uma(book.remote.livro + "gone.vcf", "<d:getetag>1</d:getetag>") +
+                LivroDav::Sem(book.remote.livro, "507 Insufficient Storage") +
+                "<d:sync-token>p1</d:sync-token>"));
+        };
+        const Changes changes = changesSince(book.local, "t0");
+        QVERIFY(!changes.error && changes.whole);
+        QCOMPARE(changes.names(), (QStringList{u"1.vcf"_s, u"2.vcf"_s}));
+        QCOMPARE(changes.token, book.remote.Token());
+        QCOMPARE(book.server.Verbos(), (QList<QByteArray>{"REPORT", "REPORT", "REPORT"}));
+    }
+
     void a_card_is_gone_by_either_word_data()
     {
         QTest::addColumn<QByteArray>("status");
@@ -193,18 +212,36 @@ private Q_SLOTS:
         QCOMPARE(next.removed.size(), 12);
     }
 
+    void a_card_that_a_server_holds_back_is_none_of_those_that_changed()
+    {
+        Book book;
+        int questions = 0;
+        book.remote.antes = [&](const Pedido &) -> std::optional<Resposta> {
+            if (++questions > 1) return Resposta::Xml(LivroDav::Multistatus("<d:sync-token>t2</d:sync-token>"));
+            return Resposta::Xml(
+                LivroDav::Multistatus(LivroDav::Sem(book.remote.livro + "1.vcf", "507 Insufficient Storage") +
+                                      "<d:sync-token>t1</d:sync-token>"));
+        };
+        const Changes changes = changesSince(book.local, "t0");
+        QVERIFY(!changes.error && changes.changed.isEmpty() && changes.removed.isEmpty());
+        QCOMPARE(changes.token, QByteArray("t2"));
+        QCOMPARE(questions, 2);
+    }
+
     void a_server_that_never_gets_on_is_asked_for_its_list()
     {
         Book book(3);
         book.remote.antes = [&book](const Pedido &asked) -> std::optional<Resposta> {
             if (asked.verbo != "REPORT") return std::nullopt;
-            return Resposta::Xml(
-                LivroDav::Multistatus(LivroDav::Sem(book.remote.livro, "507 Insufficient Storage") +
-                                      "<d:sync-token>always the same</d:sync-token>"));
+            return Resposta::Xml(LivroDav::Multistatus(
+                LivroDav::Uma(book.remote.livro + "1.vcf", "<d:getetag>old</d:getetag>") +
+                LivroDav::Uma(book.remote.livro + "gone.vcf", "<d:getetag>1</d:getetag>") +
+                LivroDav::Sem(book.remote.livro, "507 Insufficient Storage") +
+                "<d:sync-token>always the same</d:sync-token>"));
         };
         const Changes changes = changesSince(book.local, {});
         QVERIFY(!changes.error && changes.whole);
-        QCOMPARE(changes.names().size(), 3);
+        QCOMPARE(changes.names(), (QStringList{u"1.vcf"_s, u"2.vcf"_s, u"3.vcf"_s}));
         QCOMPARE(book.server.Verbos(), (QList<QByteArray>{"REPORT", "REPORT", "PROPFIND"}));
     }
 

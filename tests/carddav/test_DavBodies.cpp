@@ -88,7 +88,8 @@ private Q_SLOTS:
         changesSince(book, {});
         create(book, book.hrefFor(u"n"_s), card("A"));
         fetch(book, {book.hrefFor(u"n"_s)});
-        QCOMPARE(server.Verbos(), (QList<QByteArray>{"REPORT", "PUT", "REPORT"}));
+        remove(book, book.hrefFor(u"n"_s), {});
+        QCOMPARE(server.Verbos(), (QList<QByteArray>{"REPORT", "PUT", "REPORT", "DELETE"}));
         for (const Pedido &asked : std::as_const(server.pedidos)) {
             QCOMPARE(asked["user-agent"], QByteArray("Morvex"));
             QCOMPARE(asked["accept-encoding"], QByteArray("identity"));
@@ -98,6 +99,8 @@ private Q_SLOTS:
         QCOMPARE(server.pedidos.at(0)["content-type"], QByteArray("application/xml; charset=utf-8"));
         QCOMPARE(server.pedidos.at(1)["if-none-match"], QByteArray("*"));
         QCOMPARE(server.pedidos.at(2)["depth"], QByteArray("1"));
+        QCOMPARE(server.pedidos.at(1)["content-length"], QByteArray::number(card("A").size()));
+        QVERIFY(!server.pedidos.at(3).cabecalhos.contains("content-length")); // it brings nothing
     }
 
     // What is not asked for a server need not tell.

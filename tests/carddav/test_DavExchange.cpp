@@ -101,6 +101,7 @@ private Q_SLOTS:
         const Changes changes = changesSince(book, {});
         QCOMPARE(nameOf(changes.error), u"Elsewhere"_s);
         QCOMPARE(changes.error.detail, second.Endereco(path));
+        QCOMPARE(changes.error.status, 401);
         QVERIFY(!second.pedidos.isEmpty());
         second.pedidos.clear();
         const Written created = create(book, book.hrefFor(u"n"_s), card("B"));
@@ -340,6 +341,7 @@ private Q_SLOTS:
         AddressBook book(encrypted(server), ana);
         const Changes changes = changesSince(book, {});
         QCOMPARE(nameOf(changes.error), u"Certificate"_s);
+        QCOMPARE(changes.error.status, 0); // no answer came
         QVERIFY(!changes.error.detail.isEmpty());
         QCOMPARE(nameOf(find(encrypted(server).toString(), ana).error), u"Certificate"_s);
         QVERIFY(server.pedidos.isEmpty());
@@ -377,6 +379,7 @@ private Q_SLOTS:
         const QString address = u"http://127.0.0.1:%1/"_s.arg(port);
         QCOMPARE(kindOfChanges(QUrl(address)), u"Refused"_s);
         QCOMPARE(nameOf(find(address).error), u"Refused"_s);
+        QCOMPARE(find(address).error.status, 0); // no answer came
     }
 
     void a_proxy_that_does_not_let_through_is_a_refusal_data()

@@ -63,6 +63,9 @@ private Q_SLOTS:
                                 << u"TooBig"_s << u"more than * bytes"_s;
         QTest::newRow("announces too much") << Resposta{207, {}, {"Content-Length: 9999999999"}, Depois::Cala}
                                             << u"TooBig"_s << u"9999999999 bytes announced"_s;
+        QTest::newRow("announces too much of an error")
+            << Resposta{300, {}, {"Content-Length: 9999999999"}, Depois::Cala} << u"TimedOut"_s
+            << u"nothing moved any more"_s;
         QTest::newRow("hangs up in the middle")
             << Resposta{207, "<d:multistatus", {"Content-Length: 1000"}, Depois::Fecha} << u"Interrupted"_s
             << u"*"_s;

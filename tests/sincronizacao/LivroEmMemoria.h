@@ -61,6 +61,7 @@ struct ServidorEmMemoria {
         return RemoteError();
     };
     std::function<QByteArray(const QByteArray &)> escreve = [](const QByteArray &texto) { return texto; };
+    std::function<QString(const QString &href)> nomeia = [](const QString &href) { return href; }; // what it is given
 };
 
 class LivroEmMemoria final : public RemoteBook
@@ -139,11 +140,11 @@ private:
     void Escrito(const RemoteError &erro, const QString &href, const QByteArray &cartao,
                  const WrittenAnswer &resposta)
     {
-        RemoteWritten escrito{href, {}, {}};
+        RemoteWritten escrito{s_.nomeia(href), {}, {}};
         if (!erro) {
-            s_.Por(href, s_.escreve(cartao));
-            escrito.etag = s_.Membro(href).etag;
-            if (s_.devolve_o_texto) escrito.text = s_.cartoes.at(href).texto;
+            s_.Por(escrito.href, s_.escreve(cartao));
+            escrito.etag = s_.Membro(escrito.href).etag;
+            if (s_.devolve_o_texto) escrito.text = s_.cartoes.at(escrito.href).texto;
         }
         Responder([=] { resposta(erro, escrito); });
     }

@@ -35,6 +35,46 @@ struct Muitos : Mesa {
     }
 };
 
+// A book that hands over its cards and never comes to the end of them.
+class LivroSemFim final : public RemoteBook
+{
+public:
+    explicit LivroSemFim(ServidorEmMemoria &servidor) : livro_(servidor) {}
+    void changesSince(const QByteArray &testemunho, ChangesAnswer resposta) override
+    {
+        livro_.changesSince(testemunho, std::move(resposta));
+    }
+    void fetch(const QStringList &hrefs, CardsPortion porcao, EndAnswer /*fim*/) override
+    {
+        livro_.fetch(hrefs, std::move(porcao), [](const RemoteError &) {});
+    }
+    QString hrefFor(const QString &uid) const override { return livro_.hrefFor(uid); }
+    void create(const QString &href, const QByteArray &cartao, WrittenAnswer resposta) override
+    {
+        livro_.create(href, cartao, std::move(resposta));
+    }
+    void replace(const QString &href, const QByteArray &etag, const QByteArray &cartao,
+                 WrittenAnswer resposta) override
+    {
+        livro_.replace(href, etag, cartao, std::move(resposta));
+    }
+    void remove(const QString &href, const QByteArray &etag, EndAnswer resposta) override
+    {
+        livro_.remove(href, etag, std::move(resposta));
+    }
+    void cancel() override { livro_.cancel(); }
+
+private:
+    LivroEmMemoria livro_;
+};
+
+// A picture of one point.
+QByteArray Imagem()
+{
+    return QByteArray::fromBase64("iVBORw0KGgoAAAANSUhEUgAAAAEAAAABCAYAAAAfFcSJAAAADUlEQV"
+                                  "R42mNk+M9QDwADhgGAWjR9awAAAABJRU5ErkJggg==");
+}
+
 QString Que(Ocorrencia::Que que) { return QString::number(que) + u'|'; }
 } // namespace
 
@@ -63,6 +103,30 @@ private Q_SLOTS:
         QCOMPARE(m.Nomes(u"Nome || Telemovel1"_s), QStringList{u"Ana Silva911"_s});
         QCOMPARE(m.s.Linhas(u"SELECT CAST(cartao AS TEXT) FROM TblCartoes"_s).constFirst().toUtf8(),
                  m.Texto_La(m.href));
+    }
+
+    void cada_coluna_de_um_cartao_novo_ou_mudado_vem_para_o_seu_lugar()
+    {
+        Mesa m;
+        QStringList colunas;
+        for (const char *coluna : ColunasDoContacto::na_tabela)
+            colunas << QString::fromLatin1(coluna);
+        for (const QByteArray x : {"4", "5"}) {
+            m.Por_La(u"u1"_s, u"Ana "_s + QString::fromLatin1(x),
+                     "TEL;TYPE=HOME:21" + x + "1\r\nTEL;TYPE=WORK:21" + x + "2\r\nTEL;TYPE=FAX:21" + x +
+                         "3\r\nTEL;TYPE=CELL:91" + x + "1\r\nTEL;TYPE=CELL:91" + x + "2\r\nTEL;TYPE=CELL:91" + x +
+                         "3\r\nEMAIL:a" + x + "@b.pt\r\nEMAIL:c" + x + "@b.pt\r\nURL:http://d" + x +
+                         ".pt\r\nADR:;;Rua " + x + ";;;;\r\nBDAY:197" + x + "-0" + x + "-1" + x +
+                         "\r\nNOTE:Nota " + x + "\r\nPHOTO;ENCODING=b:" + (Imagem() + x).toBase64() + "\r\n");
+            QCOMPARE(m.Correr().fim, Fim::Feita);
+            auto esperado = Pessoa_Do_Cartao(m.Texto_La(Mesa::Href(u"u1"_s)), u"PortuguesPT"_s)->lido.colunas;
+            esperado[Coluna::IDGrupo] = QString::number(m.grupo);
+            const QStringList valores(esperado.valores.begin(), esperado.valores.end());
+            QVERIFY(!valores.contains(QString()));
+            QCOMPARE(QSet<QString>(valores.begin(), valores.end()).size(), valores.size()); // no two are the same
+            QCOMPARE(m.s.Linhas(u"SELECT %1 FROM TblLista"_s.arg(colunas.join(u", "_s))),
+                     QStringList{valores.join(u'|')});
+        }
     }
 
     void contactos_de_outros_grupos_ficam_em_casa()
@@ -900,8 +964,7 @@ private Q_SLOTS:
 
     void a_fotografia_vai_e_vem_byte_por_byte()
     {
-        const QByteArray png = QByteArray::fromBase64("iVBORw0KGgoAAAANSUhEUgAAAAEAAAABCAYAAAAfFcSJAAAADUlEQV"
-                                                      "R42mNk+M9QDwADhgGAWjR9awAAAABJRU5ErkJggg==");
+        const QByteArray png = Imagem();
         UmPar m("PHOTO;ENCODING=b;TYPE=PNG:" + png.toBase64() + "\r\n");
         const QString nome = m.Valor(m.ID, u"Fotografia"_s);
         QVERIFY(nome.startsWith(u"bd:"_s));
@@ -992,6 +1055,132 @@ private Q_SLOTS:
         QTRY_VERIFY(acabou);
         QCOMPARE(ditos.value(0), std::pair(0, 0));
         QCOMPARE(ditos.last(), std::pair(3, 3));
+    }
+
+    void um_servidor_que_escolhe_os_nomes_fica_com_os_seus()
+    {
+        Mesa m;
+        m.servidor.nomeia = [](const QString &) { return u"/livro/dele.vcf"_s; };
+        const int ID = m.Contacto(u"Ana Silva"_s, u"911"_s);
+        QCOMPARE(m.Correr().adicionados_la, 1);
+        QCOMPARE(m.Memoria().Pares().size(), 1U);
+        QCOMPARE(m.Memoria().Pares().front().href, u"/livro/dele.vcf"_s);
+        m.Mudar(ID, u"Telemovel1"_s, u"922"_s);
+        QCOMPARE(m.Correr().alterados_la, 1);
+        QCOMPARE(m.servidor.pedidos, (QStringList{u"changes"_s, u"replace /livro/dele.vcf"_s}));
+        QCOMPARE(m.servidor.cartoes.size(), 1U);
+    }
+
+    void de_quem_se_elimina_enquanto_o_cartao_vai_a_caminho_nada_se_guarda()
+    {
+        Mesa m;
+        const int ID = m.Contacto(u"Ana Silva"_s, u"911"_s);
+        m.servidor.falha = [&](const QString &pedido) {
+            if (pedido.startsWith(u"create"_s)) m.Eliminar(ID);
+            return RemoteError();
+        };
+        QCOMPARE(m.Correr().adicionados_la, 1);
+        QCOMPARE(m.s.Linhas(u"SELECT * FROM TblCartoes"_s), QStringList{});
+        m.servidor.falha = [](const QString &) { return RemoteError(); };
+        QCOMPARE(m.Correr().eliminados_la, 1);
+        QVERIFY(m.servidor.cartoes.empty() && m.Memoria().Pares().empty());
+    }
+
+    // A server may take its time to agree with itself; it is not asked for ever.
+    void cada_envio_vai_a_primeira_ou_tenta_se_tres_vezes_data()
+    {
+        QTest::addColumn<QString>("verbo");
+        for (const char *verbo : {"create", "replace", "remove"})
+            QTest::newRow(verbo) << QString::fromLatin1(verbo);
+    }
+    void cada_envio_vai_a_primeira_ou_tenta_se_tres_vezes()
+    {
+        QFETCH(QString, verbo);
+        for (const bool recusa : {false, true}) {
+            UmPar m;
+            if (verbo == u"create"_s) m.Contacto(u"Rui"_s, u"96"_s);
+            if (verbo == u"replace"_s) m.Mudar(m.ID, u"Telemovel1"_s, u"922"_s);
+            if (verbo == u"remove"_s) m.Eliminar(m.ID);
+            m.servidor.falha = [&](const QString &pedido) {
+                return recusa && pedido.startsWith(verbo) ? RemoteError{RemoteError::Kind::Changed, 412, {}}
+                                                          : RemoteError();
+            };
+            QCOMPARE(m.Correr().fim, Fim::Feita);
+            QStringList verbos;
+            for (const QString &pedido : m.servidor.pedidos)
+                verbos << pedido.section(u' ', 0, 0);
+            QStringList esperados{u"changes"_s, verbo};
+            if (recusa) esperados << u"fetch"_s << verbo << u"fetch"_s << verbo;
+            QCOMPARE(verbos, esperados);
+            QCOMPARE(m.Ocorrencias(), QStringList{});
+        }
+    }
+
+    void os_cartoes_recebem_se_assim_que_chegam()
+    {
+        Mesa m;
+        m.Por_La(u"u1"_s, u"Ana Silva"_s);
+        Sincronizacao corrida(m.s.geral, m.s.relogio, std::make_unique<LivroSemFim>(m.servidor), Modo::Normal);
+        QSignalSpy fins(&corrida, &Sincronizacao::Terminada);
+        QList<std::pair<int, int>> ditos;
+        connect(&corrida, &Sincronizacao::Progresso,
+                [&](int feitos, int de_quantos) { ditos << std::pair(feitos, de_quantos); });
+        corrida.Comecar();
+        QTRY_COMPARE(m.Nomes(), QStringList{u"Ana Silva"_s});
+        QCOMPARE(ditos, (QList<std::pair<int, int>>{{0, 0}, {1, 1}}));
+        QVERIFY(fins.isEmpty());
+    }
+
+    void depois_de_cancelar_nada_mais_acontece_data()
+    {
+        QTest::addColumn<QString>("quando");
+        QTest::newRow("listing") << u"changes"_s;
+        QTest::newRow("cards") << u"fetch"_s;
+    }
+    void depois_de_cancelar_nada_mais_acontece()
+    {
+        QFETCH(QString, quando);
+        Mesa m;
+        m.Por_La(u"u1"_s, u"Ana Silva"_s);
+        auto corrida = m.Nova();
+        QSignalSpy fins(corrida.get(), &Sincronizacao::Terminada);
+        m.servidor.falha = [&](const QString &pedido) {
+            if (pedido.startsWith(quando))
+                QTimer::singleShot(0, corrida.get(), [&] { corrida->Cancelar(); }); // before the answer comes
+            return RemoteError();
+        };
+        corrida->Comecar();
+        QTRY_COMPARE(fins.size(), 1);
+        const QStringList pedidos = m.servidor.pedidos;
+        QTest::qWait(30);
+        QCOMPARE(fins.size(), 1);
+        QCOMPARE(m.servidor.pedidos, pedidos);
+        QCOMPARE(m.Nomes(), QStringList{});
+    }
+
+    // Beside the database it is known as well, but of an old one that was put back only once that is up to date.
+    void cada_corrida_conta_se_logo_que_comeca()
+    {
+        Mesa m;
+        const auto contada = [&m] { return m.Memoria().Estado().Corrida; };
+        const auto marca = [&m] { return MarcaDaCorrida(m.s.geral).Ler(); };
+        m.servidor.falha = [](const QString &) { return RemoteError{RemoteError::Kind::NoNetwork, 0, {}}; };
+        for (const int vez : {1, 2}) {
+            QVERIFY(!m.Correr().com_cautela);
+            QCOMPARE(contada(), vez);
+            QCOMPARE(marca(), vez);
+        }
+        MarcaDaCorrida(m.s.geral).Escrever(9);
+        for (const int vez : {3, 4}) {
+            QVERIFY(m.Correr().com_cautela);
+            QCOMPARE(contada(), -vez);
+            QCOMPARE(marca(), 9);
+        }
+        m.servidor.falha = [](const QString &) { return RemoteError(); };
+        QVERIFY(m.Correr().com_cautela);
+        QCOMPARE(contada(), 10);
+        QCOMPARE(marca(), 10);
+        QVERIFY(!m.Correr().com_cautela);
     }
 
     void cancelar_acaba_logo_e_a_proxima_continua()

@@ -124,6 +124,47 @@ private Q_SLOTS:
         QCOMPARE(form->lblResultado->text(), m.s.Texto(525) + u" 1 / 1"_s);
     }
 
+    void enquanto_nada_corre_a_barra_so_guarda_o_seu_lugar()
+    {
+        Mesa m;
+        const auto form = m.Abrir();
+        QVERIFY(!form->ProgressBar1->isVisible());
+        const QRect lista = form->FrameSaber->geometry();
+        Q_EMIT m.sincronizador->Progresso(1, 2);
+        QCoreApplication::processEvents();
+        QVERIFY(form->ProgressBar1->isVisible());
+        QCOMPARE(form->FrameSaber->geometry(), lista);
+    }
+
+    void outra_procura_apaga_o_que_se_disse_e_o_que_se_achou()
+    {
+        Mesa m;
+        const auto form = m.Preencher();
+        form->ComboLivro->setListIndex(1);
+        m.erro_da_procura.kind = Kind::Password;
+        form->cmdEncontrar->click();
+        QTRY_COMPARE(form->lblResultado->text(), m.s.Texto(540));
+        form->cmdEncontrar->click();
+        QCOMPARE(form->lblResultado->text(), QString());
+        Q_EMIT m.sincronizador->Progresso(1, 2); // of a run that the clock began
+        QTRY_VERIFY(form->cmdEncontrar->isEnabled());
+        QCOMPARE(form->lblResultado->text(), QString());
+        QCOMPARE(form->ComboLivro->ListCount(), 2);
+        QCOMPARE(form->ComboLivro->ListIndex(), 0);
+    }
+
+    void quem_nunca_escolheu_os_minutos_ve_os_de_omissao()
+    {
+        Mesa m;
+        ContaSincronizada conta;
+        conta.Endereco = u"dav.example"_s;
+        for (const int minutos : {0, 5}) {
+            conta.Minutos = minutos;
+            MemoriaDaSincronizacao(m.s.geral.de, m.s.geral.SessaoActual.IdUtilizador).Guardar(conta);
+            QCOMPARE(m.Abrir()->txtMinutos->value(), minutos > 0 ? minutos : 30);
+        }
+    }
+
     void quem_abre_a_meio_de_uma_corrida_ve_a_correr_e_pode_sair()
     {
         Mesa m;
@@ -131,6 +172,7 @@ private Q_SLOTS:
         Disparar(m.Relogio());
         const auto form = m.Abrir();
         QVERIFY(form->ProgressBar1->isVisible() && !form->cmdOk->isEnabled());
+        QCOMPARE(form->lblResultado->text(), m.s.Texto(525));
         form->cmdCancelar->click(); // whoever did not ask for it does not end it
         QVERIFY(!form->isVisible() && m.sincronizador->A_Correr());
         m.Esperar();
@@ -248,6 +290,7 @@ private Q_SLOTS:
         QCOMPARE(form->lblUltima->text(),
                  m.s.Texto(518).arg(QLocale::system().toString(m.s.relogio.now(), QLocale::ShortFormat)));
         QCOMPARE(m.Abrir()->lblResultado->text(), form->lblResultado->text());
+        QCOMPARE(m.Abrir()->ComboLivro->currentText(), u"Amigos"_s);
     }
 
     void o_que_se_escolheu_volta_a_ver_se()
@@ -419,8 +462,12 @@ private Q_SLOTS:
         for (int i = 0; i < 12; ++i)
             m.servidor.Tirar(u"/eva/%1.vcf"_s.arg(i));
         m.s.caixas.Espera(m.s.Texto(549).arg(12).arg(12), 36, u"Sincronizar"_s, resposta);
+        bool livre = false; // while one of the two runs goes on
+        QObject::connect(m.sincronizador, &Sincronizador::Progresso, form.get(),
+                         [&] { livre = livre || form->cmdOk->isEnabled(); });
         form->cmdSincronizar->click();
         QTRY_VERIFY(m.s.caixas.Todas_Vistas() && !m.sincronizador->A_Correr());
+        QVERIFY(!livre && form->cmdOk->isEnabled());
         QCOMPARE(m.s.Linhas(u"SELECT count(*) FROM TblLista"_s), QStringList{QString::number(ficam)});
         QCOMPARE(static_cast<int>(m.servidor.cartoes.size()), ficam);
     }
@@ -762,8 +809,42 @@ private Q_SLOTS:
         const auto form = m.Preencher();
         QVERIFY(form->ComboGrupo->findText(u"Telemóvel"_s) < 0);
         QVERIFY(!form->cmdSincronizar->isEnabled());
+        const auto guardado = [&m] {
+            return m.s.Linhas(u"SELECT IDGrupo FROM TblSincronizacao"_s).constFirst().toInt();
+        };
+        Q_EMIT form->cmdOk->clicked();
+        QCOMPARE(guardado(), 0);
         form->ComboGrupo->setListIndex(0);
         QVERIFY(form->cmdSincronizar->isEnabled());
+        Q_EMIT form->cmdOk->clicked();
+        QVERIFY(guardado() > 0);
+        QCOMPARE(guardado(), form->ComboGrupo->ItemData(0));
+    }
+
+    void uma_palavra_passe_guarda_se_uma_vez()
+    {
+        Mesa m;
+        m.s.segredos.ha = true;
+        const auto form = m.Preencher();
+        form->cmdSincronizar->click();
+        m.Esperar();
+        QCOMPARE(m.s.segredos.guardados.values(), QStringList{u"abcd-12 x"_s});
+        m.s.segredos.guardados.clear(); // the person has taken it out of there
+        form->cmdOk->click();
+        QVERIFY(m.s.segredos.guardados.isEmpty());
+    }
+
+    void o_que_uma_corrida_aponta_ve_se_logo_que_acaba()
+    {
+        Mesa m;
+        m.servidor.Por(u"/eva/1.vcf"_s, "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:1\r\nFN:Ana\r\nEND:VCARD\r\n");
+        m.servidor.nao_entrega = [](const QString &) { return RemoteError{Kind::Server, 500, {}}; };
+        const auto form = m.Preencher();
+        form->cmdSincronizar->click();
+        QCOMPARE(form->lvOcorrencias->topLevelItemCount(), 0);
+        m.Esperar();
+        QCOMPARE(form->lvOcorrencias->topLevelItemCount(), 1);
+        QVERIFY(form->cmdLimpar->isEnabled());
     }
 };
 

@@ -27,6 +27,8 @@ private Q_SLOTS:
             << QByteArray("BDAY;X-APPLE-OMIT-YEAR=1604:1604-02-29") << 29 << 2 << 0;
         QTest::newRow("outro ano a omitir")
             << QByteArray("BDAY;X-APPLE-OMIT-YEAR=1896:1896-02-29") << 29 << 2 << 0;
+        QTest::newRow("outro ano que não o dito")
+            << QByteArray("BDAY;X-APPLE-OMIT-YEAR=1604:1975-03-04") << 4 << 3 << 1975;
         QTest::newRow("1604 só") << QByteArray("BDAY:1604-03-04") << 4 << 3 << 0;
     }
     void o_aniversario_le_se_em_todas_as_formas()
@@ -101,12 +103,28 @@ private Q_SLOTS:
         QCOMPARE(grupos.value(u"b2"_s), (QStringList{u"Família"_s, u"Clube"_s}));
     }
 
+    void so_um_rotulo_com_a_moldura_inteira_a_perde_data()
+    {
+        QTest::addColumn<QString>("rotulo");
+        QTest::newRow("_$!<Home>!$_") << u"Home"_s;
+        QTest::newRow("_$!<Home") << u"_$!<Home"_s;
+        QTest::newRow("Home>!$_") << u"Home>!$_"_s;
+        QTest::newRow("_$!<>!$_") << u""_s;
+    }
+    void so_um_rotulo_com_a_moldura_inteira_a_perde()
+    {
+        const QByteArray escrito = QTest::currentDataTag();
+        QTEST(Conteudo("a.TEL:1\r\na.X-ABLabel:" + escrito + "\r\n").phones.front().label, "rotulo");
+    }
+
     void o_preferido_vem_primeiro_e_os_outros_por_ordem()
     {
         const CardContent lido =
             Conteudo("TEL:1\r\nTEL;TYPE=pref:2\r\nTEL;PREF=50:3\r\nTEL;PREF:4\r\nTEL:5\r\n");
         QCOMPARE(byPreference(lido.phones), (std::vector<std::size_t>{1, 3, 2, 0, 4}));
         QCOMPARE(lido.phones.at(2).preference, 50);
+        QCOMPARE(byPreference(Conteudo("TEL:1\r\nTEL;PREF=1:2\r\n").phones), (std::vector<std::size_t>{1, 0}));
+        QCOMPARE(Conteudo("ADR:;;Rua\r\n").addresses.front().preference, CardAddress().preference);
     }
 
     void um_numero_escrito_como_endereco_le_se_como_numero()
@@ -144,6 +162,14 @@ private Q_SLOTS:
         QCOMPARE(lido.others.size(), 2U);
         QCOMPARE(lido.others.at(0), (OtherProperty{"TITLE", {u"Chefe"_s, {}, 101, {}}}));
         QCOMPARE(lido.others.at(1), (OtherProperty{"IMPP", {u"xmpp:a@b"_s, {u"home"_s}, 101, u"Jabber"_s}}));
+    }
+
+    void o_envelope_tem_o_seu_lugar_e_a_moldura_de_outra_coisa_nao_e_de_ninguem()
+    {
+        const CardContent lido = Conteudo("LABEL:Rua 1\\nBeja\r\nBEGIN:VEVENT\r\nNOTE:VCARD\r\nEND:VEVENT\r\n");
+        QCOMPARE(lido.addressLabels, std::vector{u"Rua 1\nBeja"_s});
+        QCOMPARE(Valores(lido.notes), QStringList{u"VCARD"_s});
+        QVERIFY(lido.others.empty());
     }
 };
 

@@ -32,6 +32,7 @@ private Q_SLOTS:
             QCOMPARE(contentOf(novo), esperado);
             QCOMPARE(novo.all("ORG").size(), std::size_t{2});
             QCOMPARE(novo.all("FN").size(), std::size_t{2});
+            QCOMPARE(novo.all("FN").at(1)->text(), u"Anna"_s);
             const CardProperty &coisa = *novo.first("X-COISA");
             QCOMPARE(coisa.rawValue(), QByteArray("a;b\\,c"));
             QCOMPARE(coisa.head().value("X-P"), QByteArray("q"));
@@ -56,10 +57,11 @@ private Q_SLOTS:
     {
         const QByteArray jpeg = QByteArray::fromHex("ffd8ffe000104a464946000101").toBase64();
         const QByteArray nova = inVersion(Um(Cartao("FN:A\r\nPHOTO;ENCODING=b;TYPE=JPEG:" + jpeg +
-                                                    "\r\nKEY;ENCODING=b;TYPE=X509:AAEC\r\n")),
+                                                    "\r\nKEY;ENCODING=b;TYPE=X509;X-P=q:AAEC\r\nX-Y;TYPE=z:1\r\n")),
                                           CardVersion::V40);
         QVERIFY2(nova.contains("PHOTO:data:image/jpeg;base64,"), nova);
-        QVERIFY2(nova.contains("KEY:data:application/octet-stream;base64,AAEC\r\n"), nova);
+        QVERIFY2(nova.contains("KEY;X-P=q:data:application/octet-stream;base64,AAEC\r\n"), nova);
+        QVERIFY2(nova.contains("X-Y;TYPE=z:1\r\n"), nova);
         QCOMPARE(contentOf(Um(inVersion(Um(nova), CardVersion::V30))).photos.front().bytes.toBase64(), jpeg);
     }
 

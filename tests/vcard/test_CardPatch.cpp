@@ -50,6 +50,37 @@ private Q_SLOTS:
         QCOMPARE(patchedCard(Lido(guardado), {}, {}), guardado);
     }
 
+    void antes_do_fim_e_antes_dele_em_qualquer_fim_de_linha_data()
+    {
+        QTest::addColumn<QByteArray>("fim");
+        QTest::newRow("CR LF") << QByteArray("\r\n");
+        QTest::newRow("LF") << QByteArray("\n");
+        QTest::newRow("CR") << QByteArray("\r");
+        QTest::newRow("CR CR LF") << QByteArray("\r\r\n");
+    }
+    void antes_do_fim_e_antes_dele_em_qualquer_fim_de_linha()
+    {
+        QFETCH(QByteArray, fim);
+        const QByteArray inicio = "BEGIN:VCARD" + fim + "FN:Ana" + fim;
+        const CardFile ficheiro = CardReader().read(inicio + "END:VCARD" + fim + Cartao("FN:Rui\r\n"));
+        QCOMPARE(ficheiro.cards.size(), 2U);
+        QCOMPARE(patchedCard(ficheiro.cards.front(), {}, "URL:x\r\n"), inicio + "URL:x\r\nEND:VCARD" + fim);
+    }
+
+    void a_linha_vazia_que_acaba_um_texto_citado_sai_com_ele()
+    {
+        const Card cartao = Lido(Cartao("NOTE;QUOTED-PRINTABLE:a=\r\n\r\nTEL:1\r\n"));
+        QCOMPARE(patchedCard(cartao, cartao.all("NOTE"), Escrito("NOTE", u"b"_s)), Cartao("NOTE:b\r\nTEL:1\r\n"));
+    }
+
+    void um_rotulo_sem_grupo_nao_e_de_ninguem_e_fica()
+    {
+        const QByteArray inicio = "BEGIN:VCARD\r\n";
+        const QByteArray fim = "X-ABLabel:solto\r\nEND:VCARD\r\n";
+        const Card cartao = Lido(inicio + "TEL:1\r\n" + fim);
+        QCOMPARE(patchedCard(cartao, cartao.all("TEL"), {}), inicio + fim);
+    }
+
     void de_varias_do_mesmo_nome_sai_so_a_dada()
     {
         const Card cartao = Lido(guardado);
@@ -92,6 +123,33 @@ private Q_SLOTS:
                  Cartao("FN:Ana\r\nX-A:1\r\nTEL:2\r\n"));
     }
 
+    // What another card stood between comes together, and may not grow together.
+    void ao_juntar_um_cartao_nenhuma_propriedade_continua_a_de_antes_data()
+    {
+        QTest::addColumn<QByteArray>("antes");
+        QTest::addColumn<QByteArray>("depois");
+        QTest::newRow("um espaço") << QByteArray("NOTE:um\r\n") << QByteArray("\r\n TEL:1\r\n");
+        QTest::newRow("um tabulador") << QByteArray("NOTE:um\r\n") << QByteArray("\r\n\tTEL:1\r\n");
+        QTest::newRow("uma quebra citada")
+            << QByteArray("NOTE;QUOTED-PRINTABLE:um=\r\n") << QByteArray("COR:azul\r\n");
+        QTest::newRow("uma imagem") << QByteArray("PHOTO;BASE64:iVBORw0K\r\n") << QByteArray("TEL\r\n :1\r\n");
+        QTest::newRow("um fim de linha partido") << QByteArray("NOTE:um\r") << QByteArray("\n\r\nTEL:1\r\n");
+    }
+    void ao_juntar_um_cartao_nenhuma_propriedade_continua_a_de_antes()
+    {
+        QFETCH(QByteArray, antes);
+        QFETCH(QByteArray, depois);
+        const Card cartao = Lido("BEGIN:VCARD\r\n" + antes + Cartao("FN:Rui\r\n") + depois + "END:VCARD\r\n");
+        QVERIFY(!cartao.isWhole());
+        QCOMPARE(cartao.properties().size(), 2U);
+        const Card relido = Lido(cartao.source());
+        QCOMPARE(relido.properties().size(), 2U);
+        for (std::size_t i = 0; i < 2; ++i) {
+            QCOMPARE(relido.properties()[i].name(), cartao.properties()[i].name());
+            QCOMPARE(relido.properties()[i].rawValue(), cartao.properties()[i].rawValue());
+        }
+    }
+
     void o_original_guarda_se_como_estava_no_ficheiro()
     {
         const CardFile ficheiro = CardReader().read("lixo\n" + Cartao("FN:Z\r\n") + guardado);
@@ -123,6 +181,13 @@ private Q_SLOTS:
                    "tel;type=CELL;type=HOME:1\r\nNOTE;CHARSET=UTF-8:um\\ndois\r\nFN:Ana, a boa\r\n"
                    "REV:2\r\n");
         QCOMPARE(normalForm(Lido(original)), normalForm(Lido(reescrito)));
+    }
+
+    void a_maneira_de_escrever_um_texto_nao_conta_e_uma_quebra_nele_nao_e_outra_linha()
+    {
+        const auto forma = [](const QByteArray &linhas) { return normalForm(Lido(Cartao(linhas))); };
+        QCOMPARE(forma("NOTE;ENCODING=QUOTED-PRINTABLE:um=C3=A1\r\n"), forma("NOTE:umá\r\n"));
+        QVERIFY(forma("NOTE:um\\nTEL:1\r\n") != forma("NOTE:um\r\nTEL:1\r\n"));
     }
 
     void um_parametro_dito_duas_vezes_diz_o_mesmo_que_uma()

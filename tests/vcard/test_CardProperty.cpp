@@ -55,7 +55,9 @@ private Q_SLOTS:
         linha("a.b.TEL:1", "TEL", "a.b");
         linha(" a . TEL:1", "TEL", "a");
         linha(".TEL:1", "TEL");
+        linha("x-az:1", "X-AZ");
         linha("TEL,CELL:1", "TEL");
+        linha("N,CELL:1", "N");
         linha("X-TEL,CELL:1", "");
         linha(",CELL:1", "");
         linha("TEL X:1", "");
@@ -94,6 +96,9 @@ private Q_SLOTS:
         QCOMPARE(CardHead("TEL;X=\"a:1").length(), 8); // never closed
         QCOMPARE(CardHead("TEL;X=a,\"b,c\" ,d:1").values("X"), (QByteArrayList{"a", "b,c", "d"}));
         QCOMPARE(CardHead("TEL;X=\"a\",\"b\":1").values("X"), (QByteArrayList{"a", "b"}));
+        QCOMPARE(CardHead("TEL;X=a,b,:1").values("X"), (QByteArrayList{"a", "b", ""}));
+        QCOMPARE(CardHead("TEL;X=\" a \":1").value("X"), QByteArray(" a "));
+        QCOMPARE(CardHead("TEL;=x:1").values("TYPE"), QByteArrayList{"=x"});
         QCOMPARE(CardHead("TEL;X=a;X=b:1").values("X"), (QByteArrayList{"a", "b"}));
         QCOMPARE(CardHead("TEL;X=a;X=b:1").value("X"), QByteArray("a"));
         QVERIFY(CardHead("TEL;X=a:1").value("Y").isEmpty() && CardHead("TEL;X=a:1").values("Y").isEmpty());
@@ -173,6 +178,8 @@ private Q_SLOTS:
                      QStringList{QString::fromLatin1(tipo)});
         QCOMPARE(Propriedade("TEL;WORK;TYPE=\"Home, cell,,\";TYPE=ÇA,home;X=fax:1").types(),
                  (QStringList{u"cell"_s, u"home"_s, u"work"_s, u"ça"_s}));
+        for (const QByteArray &quase : {"celm", "homf", "faxx", "wor", "fay"})
+            QCOMPARE(Propriedade("TEL;TYPE=" + quase + ":1").types(), QStringList{QString::fromLatin1(quase)});
         QCOMPARE(Propriedade("TEL:1").types(), QStringList{});
     }
 
@@ -304,7 +311,13 @@ private Q_SLOTS:
         QCOMPARE(charsetOfCardBytes("éé\xE9", {}, "x"), QByteArray("x"));     // two of three are too few
         QCOMPARE(charsetOfCardBytes("ééé\xE9", {}, "x"), QByteArray());
         QCOMPARE(charsetOfCardBytes("é\xE2\x82", {}, "x"), QByteArray("x")); // one cut short
+        QCOMPARE(charsetOfCardBytes("\xE9ééé", {}, "x"), QByteArray());
+        QCOMPARE(charsetOfCardBytes("é\x80", {}, "x"), QByteArray("x"));
         QCOMPARE(charsetOfCardBytes("abc", {}, "x"), QByteArray());
+        // The first and the last character of two, three and four bytes.
+        for (const char *sinal : {"\xC2\x80", "\xDF\xBF", "\xE0\xA0\x80", "\xEF\x80\x80", "\xF0\x90\x80\x80",
+                                  "\xF4\x8F\xBF\xBF"})
+            QCOMPARE(charsetOfCardBytes(QByteArray(sinal).repeated(3) + '\xE9', {}, "x"), QByteArray());
         QCOMPARE(charsetOfCardBytes("\xC1\xBF\xF5\x80\x80\x80", {}, "x"), QByteArray("x"));
     }
 
@@ -319,6 +332,8 @@ private Q_SLOTS:
                                            4)),
                  QByteArray("A"));
         QCOMPARE(plainCardBytes(QByteArray("\xFE\xFF\0A", 4)), QByteArray("A"));
+        QCOMPARE(plainCardBytes(QByteArray("\xFE\xFF\xFE\xFF\0A", 6)), QByteArray("A")); // told twice
+        QCOMPARE(plainCardBytes(QByteArray("A\0B\0CD", 6)), QByteArray("AB䑃"));
         // A third is enough, and only the first 64 bytes are looked at.
         const QByteArray um("\0a", 2);
         QCOMPARE(plainCardBytes(um.repeated(21) + QByteArray(22, 'a') + um.repeated(9)).size(),

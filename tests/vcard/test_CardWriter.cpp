@@ -142,6 +142,24 @@ private Q_SLOTS:
         QCOMPARE(quatro.lines(), QByteArray("BDAY:--0304\r\nBDAY:19750304\r\n"));
     }
 
+    void um_aniversario_que_nao_e_uma_data_escreve_se_como_texto()
+    {
+        CardContent conteudo;
+        conteudo.formattedName = u"Ana"_s;
+        conteudo.birthdays = {{u"na Primavera"_s, {}}};
+        for (const CardVersion versao : {CardVersion::V30, CardVersion::V40})
+            QVERIFY(writtenCard(conteudo, versao).contains("\r\nBDAY;VALUE=text:na Primavera\r\n"));
+    }
+
+    void um_fim_de_linha_no_fim_do_texto_e_um_so()
+    {
+        for (const QString &fim : {u"\r\n"_s, u"\n"_s, u"\r"_s}) {
+            CardWriter escritor;
+            escritor.text("NOTE", u"a"_s + fim);
+            QCOMPARE(escritor.lines(), QByteArray("NOTE:a\\n\r\n"));
+        }
+    }
+
     void os_tipos_e_a_preferencia_escrevem_se_como_cada_versao_os_quer()
     {
         const CardEntry telefone{u"1"_s, {u"cell"_s, u"pref"_s, u"x y:z"_s}, 1, {}};
