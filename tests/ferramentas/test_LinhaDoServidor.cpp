@@ -248,7 +248,8 @@ private Q_SLOTS:
         QTest::addColumn<QStringList>("ambiente"); // LC_ALL, LC_MESSAGES, LANG
         QTest::addColumn<QString>("nome");
         QTest::newRow("nothing is said") << QStringList{u""_s, u""_s, u""_s} << u"InglesUK"_s;
-        QTest::newRow("LC_ALL") << QStringList{u"pt_PT.UTF-8"_s, u"en_GB.UTF-8"_s, u"en_GB.UTF-8"_s} << u"PortuguesPT"_s;
+        QTest::newRow("LC_ALL")
+            << QStringList{u"pt_PT.UTF-8"_s, u"en_GB.UTF-8"_s, u"en_GB.UTF-8"_s} << u"PortuguesPT"_s;
         QTest::newRow("LC_MESSAGES") << QStringList{u""_s, u"pt_BR.UTF-8"_s, u"en_GB.UTF-8"_s} << u"PortuguesPT"_s;
         QTest::newRow("LANG") << QStringList{u""_s, u""_s, u"pt"_s} << u"PortuguesPT"_s;
         QTest::newRow("another before") << QStringList{u"de_DE.UTF-8"_s, u""_s, u"pt_PT.UTF-8"_s} << u"InglesUK"_s;

@@ -88,7 +88,8 @@ private Q_SLOTS:
         const Fim fim = Correr(QStringLiteral(CRIAR_MANUAL),
                                {pasta.filePath(u"nada"_s), textos_, pasta.filePath(u"manual"_s)});
         QCOMPARE(fim.codigo, 1);
-        QVERIFY2(fim.queixa.startsWith("criar_manual: ") && fim.queixa.endsWith("nada/pt.md\n"), fim.queixa.constData());
+        QVERIFY2(fim.queixa.startsWith("criar_manual: ") && fim.queixa.endsWith("nada/pt.md\n"),
+                 fim.queixa.constData());
         QVERIFY(!QDir(pasta.filePath(u"manual"_s)).exists());
     }
 };

@@ -185,7 +185,8 @@ private Q_SLOTS:
             Escrito(u"largos.qrc"_s, "<RCC><qresource><file>largo.svg</file></qresource></RCC>");
         const QString destino = pasta_.filePath(u"largos"_s);
         QCOMPARE(Correr(QStringLiteral(DESENHAR_PONTOS), {lista, destino}), 0);
-        QString esperada = u"<RCC>\n  <qresource prefix=\"/\">\n    <file alias=\"largo.svg\">%1</file>\n"_s.arg(desenho);
+        QString esperada = u"<RCC>\n  <qresource prefix=\"/\">\n"
+                           "    <file alias=\"largo.svg\">%1</file>\n"_s.arg(desenho);
         for (const int lado : {16, 20, 24, 32, 40, 48, 64, 96, 128, 256}) {
             const QString pontos = u"largo.svg/%1.png"_s.arg(lado);
             esperada += u"    <file alias=\"pontos/%1\">%2/%1</file>\n"_s.arg(pontos, destino);
