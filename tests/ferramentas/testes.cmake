@@ -1,5 +1,11 @@
 # Tests of ferramentas.
+morvex_teste(ferramentas/test_LinhaDoServidor LIGA ferramentas)
 morvex_teste(ferramentas/test_Manual LIGA ferramentas)
+morvex_teste(ferramentas/test_criar LIGA platform)
+target_compile_definitions(test_criar PRIVATE
+    MORVEX_RAIZ="${PROJECT_SOURCE_DIR}"
+    CRIAR_BD="$<TARGET_FILE:criar_bd>" CRIAR_MANUAL="$<TARGET_FILE:criar_manual>")
+add_dependencies(test_criar criar_bd criar_manual)
 morvex_teste(ferramentas/test_desenhos LIGA platform)
 target_compile_definitions(test_desenhos PRIVATE
     MORVEX_RAIZ="${PROJECT_SOURCE_DIR}"

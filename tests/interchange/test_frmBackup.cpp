@@ -219,6 +219,35 @@ private Q_SLOTS:
         QVERIFY(!frmBackup(nova.geral, nova.plataforma).cmdIniciar->isEnabled());
     }
 
+    void as_legendas_vem_dos_textos_e_a_barra_tem_o_seu_lugar()
+    {
+        Sistema s(Sistema::Estado::Semeado, u"FrancesFR"_s); // the design has them in Portuguese
+        frmBackup form(s.geral, s.plataforma);
+        const QString titulo = QString(s.Texto(254)).remove(u'&');
+        QCOMPARE(form.windowTitle(), titulo);
+        QCOMPARE(form.Label1->text(), s.Texto(253));
+        QCOMPARE(form.cmdIniciar->text(), s.Texto(229));
+        QCOMPARE(form.cmdSair->text(), s.Texto(136));
+        QCOMPARE(form.cmdProcurar->toolTip(), QString(s.Texto(69)).remove(u'&'));
+        QCOMPARE(form.cmdProcurar->accessibleName(), form.cmdProcurar->toolTip());
+        QCOMPARE(form.ProgressBar1->accessibleName(), titulo);
+        form.show();
+        QVERIFY(!form.ProgressBar1->isVisible());
+        const QSize antes = form.sizeHint();
+        form.ProgressBar1->show();
+        QCOMPARE(form.sizeHint(), antes);
+    }
+
+    void quando_a_copia_esta_feita_a_de_trabalho_ja_nao_esta_la()
+    {
+        Copia c;
+        bool ha = true;
+        c.s.caixas.Ao_Mostrar([&] { ha = QFile::exists(c.Trabalho()); });
+        c.Espera_Sucesso();
+        Comecar(c.form, c.Pasta_Com_Barra());
+        QVERIFY(!ha);
+    }
+
     void uma_pasta_sem_barra_no_fim_cola_se_ao_nome()
     {
         Copia c;

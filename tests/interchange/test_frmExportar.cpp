@@ -11,6 +11,8 @@ using namespace Qt::StringLiterals;
 namespace
 {
 struct ComExportar : ComRelatorios {
+    using ComRelatorios::ComRelatorios;
+
     frmExportar &Abrir()
     {
         form = std::make_unique<frmExportar>(s.geral, relatorio, ListaNomes);
@@ -29,7 +31,7 @@ class TestFrmExportar : public QObject
 private Q_SLOTS:
     void as_legendas_vem_dos_textos()
     {
-        ComExportar c;
+        ComExportar c(u"FrancesFR"_s); // the design has them in Portuguese
         const frmExportar &form = c.Abrir();
         const QString exportar = c.s.Texto(257);
         QCOMPARE(form.windowTitle(), QString(exportar).remove(u'&'));

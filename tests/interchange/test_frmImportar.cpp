@@ -56,7 +56,8 @@ QList<QStringList> Esperadas(const QJsonObject &manifesto)
 }
 
 struct Programa {
-    Programa() : main(s.geral, s.plataforma)
+    explicit Programa(const QString &idioma = u"PortuguesPT"_s)
+        : s(Sistema::Estado::Semeado, idioma), main(s.geral, s.plataforma)
     {
         s.Escrever(u"DELETE FROM TblLista"_s);
         main.Carregar();
@@ -299,7 +300,7 @@ private Q_SLOTS:
 
     void as_janelas_tem_os_seus_textos()
     {
-        Programa p;
+        Programa p(u"FrancesFR"_s); // the design has them in Portuguese
         p.s.dialogos.textos << p.Copia(u"normal.dat"_s);
         Quando_Abrir<frmImportar>([&](frmImportar &form) {
             QCOMPARE(form.windowTitle(), p.s.Texto(82));
@@ -432,6 +433,7 @@ private Q_SLOTS:
                 QTest::keyClicks(segunda.ComboGrupos, u"Novo"_s);
                 QCOMPARE(segunda.ComboGrupos->currentText(), u"Outros"_s);
                 QCOMPARE(segunda.txtGrupoID->text(), u"6"_s);
+                QCOMPARE(p.s.geral.de.Rs("cmdVerIDGrupo").State(), Recordset::Closed);
                 segunda.cmdSeguinte->click();
             });
             form.cmdSeguinte->click();

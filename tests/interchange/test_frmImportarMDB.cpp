@@ -43,7 +43,8 @@ QJsonObject Manifesto(const QString &nome)
 }
 
 struct Programa {
-    Programa() : main(s.geral, s.plataforma)
+    explicit Programa(const QString &idioma = u"PortuguesPT"_s)
+        : s(Sistema::Estado::Semeado, idioma), main(s.geral, s.plataforma)
     {
         s.Escrever(u"DELETE FROM TblLista"_s);
         s.Escrever(u"DELETE FROM TblMemos"_s);
@@ -285,9 +286,13 @@ private Q_SLOTS:
 
     void as_etiquetas_contam_o_que_a_base_tem()
     {
-        Programa p;
+        Programa p(u"FrancesFR"_s); // the design has them in Portuguese
         p.Escolher(Dado(u"pequena.mdb"_s), [&](frmImportarMDB &form) {
             QCOMPARE(form.windowTitle(), p.s.Texto(82));
+            QCOMPARE(form.Label1->text(), p.s.Texto(83));
+            QCOMPARE(form.cmdSeguinte->text(), p.s.Texto(229));
+            QCOMPARE(form.cmdCancelar->text(), p.s.Texto(43));
+            QCOMPARE(form.ProgressBar1->accessibleName(), p.s.Texto(82));
             QCOMPARE(form.Label2->text(), p.s.Texto(230) + u' ' + Dado(u"pequena.mdb"_s));
             QCOMPARE(form.Label3->text(), p.s.Texto(86) + u" 45"_s);
             QCOMPARE(form.Label4->text(), p.s.Texto(233) + u": 9"_s);
@@ -296,11 +301,14 @@ private Q_SLOTS:
             QVERIFY(!p.s.geral.temporizadores.timerTarefas.Enabled());
             QVERIFY(p.main.isEnabled()); // the first form has closed
             p.main.setEnabled(false);
+            const QSize antes = form.sizeHint();
+            form.ProgressBar1->show(); // its place was kept
+            QCOMPARE(form.sizeHint(), antes);
             form.cmdCancelar->click();
             QVERIFY(p.main.isEnabled());
+            QVERIFY(p.s.geral.temporizadores.timerTarefas.Enabled()); // from the moment it closes
         });
         QVERIFY(!p.s.processo.Terminou());
-        QVERIFY(p.s.geral.temporizadores.timerTarefas.Enabled());
         QVERIFY(p.main.isEnabled());
     }
 
@@ -344,6 +352,23 @@ private Q_SLOTS:
         p.s.caixas.Espera_Erro(Failure::StoreError);
         p.Escolher(curta, nullptr);
         QVERIFY(p.s.processo.Terminou());
+    }
+
+    // The shortest file that can be one opens, and then has no table.
+    void uma_base_de_uma_so_pagina_abre_se_e_diz_o_texto_87()
+    {
+        Programa p;
+        const QString curta = p.s.Ficheiro(u"uma_pagina.mdb"_s);
+        QByteArray bytes("SQLite format 3\0\x10\0\1\1\0\x40\x20\x20\0\0\0\1\0\0\0\1", 32);
+        bytes += QByteArray(pagina - bytes.size(), '\0');
+        bytes[100] = 13;   // the page is a leaf
+        bytes[105] = 0x10; // of no cells: they would begin behind its last byte
+        QFile ficheiro(curta);
+        QVERIFY(ficheiro.open(QIODevice::WriteOnly) && ficheiro.write(bytes) == pagina);
+        ficheiro.close();
+        p.s.caixas.Espera(p.s.Texto(87) + u"\r\n"_s + curta, 16, p.s.Texto(82));
+        p.Escolher(curta, nullptr);
+        QVERIFY(!p.s.processo.Terminou());
     }
 
     void uma_base_antiga_de_32768_contactos_diz_o_texto_87()
@@ -581,6 +606,19 @@ private Q_SLOTS:
         connect(&fusao, &Fusao::Progresso, this, [&](int valor) { valores << valor; });
         fusao.Correr();
         QCOMPARE(valores, (QList<int>{0, 25, 50, 75, 100, 25, 50, 75, 100, 100}));
+    }
+
+    void uma_unica_linha_enche_a_barra()
+    {
+        BasePropria antiga;
+        antiga.base.Novo_Contacto({{u"Nome"_s, Value(u"Ana"_s)}});
+        Programa p;
+        DE2 de2(antiga.Caminho());
+        Fusao fusao(p.s.geral, de2, {1, 0, 0});
+        QList<int> valores;
+        connect(&fusao, &Fusao::Progresso, this, [&](int valor) { valores << valor; });
+        fusao.Correr();
+        QCOMPARE(valores, (QList<int>{0, 100, 100}));
     }
 
     void a_barra_anda_no_ecra_enquanto_a_fusao_corre()
@@ -868,6 +906,22 @@ private Q_SLOTS:
     }
 
     // They would stand in a section of nobody's, or in the one that is everybody's.
+    void sem_resposta_sobre_um_utilizador_as_linhas_dele_nao_vem()
+    {
+        SO_NUM_FICHEIRO("a table of another name");
+        BasePropria antiga;
+        antiga.Encher(3, 10);
+        Programa p;
+        p.s.Escrever(u"ALTER TABLE TblUsers RENAME TO Fora"_s);
+        DE2 de2(antiga.Caminho());
+        Fusao fusao(p.s.geral, de2, {3, 3, 3});
+        fusao.Correr();
+        QVERIFY(!fusao.Completa());
+        QCOMPARE(p.s.Linhas(u"SELECT (SELECT count(*) FROM TblLista), (SELECT count(*) FROM TblTarefas), "
+                            "(SELECT count(*) FROM TblMemos)"_s),
+                 QStringList{u"3|0|0"_s});
+    }
+
     void um_utilizador_que_a_base_recusa_nao_deixa_definicoes()
     {
         BasePropria antiga;

@@ -1,4 +1,5 @@
-# Tests of servidor, on a real server.
+# Tests of servidor, on a real server but for one.
+morvex_teste(servidor/test_Dobra LIGA servidor)
 foreach(teste IN ITEMS
     test_Comparacao
     test_EsquemaNoServidor)

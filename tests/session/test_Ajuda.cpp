@@ -100,7 +100,8 @@ private Q_SLOTS:
         QTest::newRow("importar-e-exportar")
             << QStringList{u"frmImportar"_s,   u"frmImportar2"_s,         u"frmCampos"_s,
                            u"frmDuplicados"_s, u"frmImportarContactos"_s, u"frmImportarMDB"_s,
-                           u"frmExportar"_s,   u"frmExportarContactos"_s, u"frmQR"_s};
+                           u"frmExportar"_s,   u"frmExportarContactos"_s, u"frmQR"_s,
+                           u"frmSincronizar"_s, u"frmPopupSincronizacao"_s};
         QTest::newRow("copia-de-seguranca") << QStringList{u"frmBackup"_s};
         QTest::newRow("varios-postos") << QStringList{u"frmConflito"_s};
     }

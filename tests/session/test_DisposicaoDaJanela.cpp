@@ -83,6 +83,45 @@ private Q_SLOTS:
         QCOMPARE(depois[u"Toolbar1"_s], antes[u"Toolbar1"_s].adjusted(0, 0, 100, 0));
     }
 
+    // A hundredth of this room is more than a pixel either way.
+    void cada_parte_anda_e_cresce_pela_sua_quota()
+    {
+        ComJanela c;
+        const auto antes = Lugares(c.janela);
+        QWidget &centro = *c.janela.centralwidget;
+        centro.setParent(nullptr); // no screen of a test is large enough for the whole window
+        centro.resize(640 + 400, 450 + 200);
+        centro.show();
+        const auto depois = Lugares(c.janela);
+        const QMap<QString, QRect> como{
+            {u"Toolbar1"_s, {0, 0, 400, 0}},       {u"txtProcura"_s, {0, 0, 100, 0}},
+            {u"lblGrupo"_s, {100, 0, 0, 0}},       {u"ComboGrupos"_s, {100, 0, 100, 0}},
+            {u"ListaNomes"_s, {0, 0, 200, 100}},   {u"lblContador"_s, {400, 0, 0, 0}},
+            {u"cmdNovo"_s, {400, 0, 0, 0}},        {u"cmdEditar"_s, {400, 0, 0, 0}},
+            {u"cmdEliminar"_s, {400, 0, 0, 0}},    {u"cmdData"_s, {0, 200, 0, 0}},
+            {u"PontoTarefas"_s, {400, 200, 0, 0}}, {u"lblServidor"_s, {0, 200, 400, 0}},
+            {u"lblTemporizador"_s, {400, 200, 0, 0}}};
+        for (const auto &[nome, quota] : como.asKeyValueRange()) {
+            const QRect esperado(antes[nome].topLeft() + quota.topLeft(), antes[nome].size() + quota.size());
+            QVERIFY2(depois[nome] == esperado, qPrintable(nome));
+        }
+        delete &centro;
+    }
+
+    // What follows a window's events takes none of them from it.
+    void a_janela_e_o_seu_centro_ouvem_tudo_o_que_lhes_e_dito()
+    {
+        ComJanela c;
+        (new LugarDaJanela(c.janela, c.s.geral.ini))->Repor();
+        for (QWidget *ouvinte : {static_cast<QWidget *>(&c.janela), c.janela.centralwidget}) {
+            QEvent do_programa(QEvent::None); // which nobody answers
+            QVERIFY(!QCoreApplication::sendEvent(ouvinte, &do_programa));
+            QEvent de_fora(QEvent::None);
+            QSpontaneKeyEvent::setSpontaneous(&de_fora);
+            QVERIFY(!qApp->notify(ouvinte, &de_fora));
+        }
+    }
+
     void um_contacto_escolhido_depois_fica_no_mesmo_espaco()
     {
         ComJanela antes;
@@ -195,8 +234,47 @@ private Q_SLOTS:
         QCOMPARE(c.janela.geometry().topLeft(), QPoint(30, 50));
         c.janela.hide();
         c.janela.setGeometry({{90, 90}, c.janela.size()}); // as a window system that has lost it does
+        QTest::qWait(600);
         c.janela.show();
         QCOMPARE(c.janela.geometry().topLeft(), QPoint(30, 50));
+        QCOMPARE(c.s.geral.ini.Ler_Ini(u"janela"_s, u"left"_s), QString::number(30 * twipsPerPixel));
+    }
+
+    void so_com_os_dois_numeros_ha_um_lugar()
+    {
+        for (const QString &so : {u"left"_s, u"top"_s}) {
+            ComJanela c;
+            c.s.geral.ini.Escrever_Ini(u"janela"_s, so, QString::number(77 * twipsPerPixel));
+            (new LugarDaJanela(c.janela, c.s.geral.ini))->Repor();
+            c.janela.show();
+            const QPoint canto = c.janela.geometry().topLeft();
+            QVERIFY2((so == "left"_L1 ? canto.x() : canto.y()) != 77, qPrintable(so));
+        }
+    }
+
+    void enquanto_se_arrasta_nada_se_escreve()
+    {
+        ComJanela c;
+        ReadWriteINI &ini = c.s.geral.ini;
+        (new LugarDaJanela(c.janela, ini))->Repor();
+        c.janela.show();
+        for (int x = 31; x < 34; ++x) {
+            c.janela.move(x, 44);
+            QTest::qWait(20);
+        }
+        QCOMPARE(ini.Ler_Ini(u"janela"_s, u"left"_s), QString());
+        QTRY_VERIFY(!ini.Ler_Ini(u"janela"_s, u"left"_s).isEmpty());
+    }
+
+    void uma_janela_que_nunca_encheu_o_ecra_nada_escreve_sobre_isso()
+    {
+        ComJanela c;
+        (new LugarDaJanela(c.janela, c.s.geral.ini))->Repor();
+        c.janela.show();
+        c.janela.showMinimized();
+        c.janela.showNormal();
+        QCoreApplication::processEvents();
+        QCOMPARE(c.s.geral.ini.Ler_Ini(u"janela"_s, u"maximizada"_s), QString());
     }
 
     void de_um_ecra_que_ja_nao_ha_vem_para_um_que_ha_sem_esquecer_o_outro()
@@ -208,9 +286,16 @@ private Q_SLOTS:
         lugar->Repor();
         c.janela.show();
         QVERIFY(c.janela.screen()->availableGeometry().right() - c.janela.geometry().left() >= 59);
+        const QPoint trazida = c.janela.geometry().topLeft();
+        const auto left = [&] { return c.s.geral.ini.Ler_Ini(u"janela"_s, u"left"_s); };
         c.janela.hide();
         QTest::qWait(600);
-        QCOMPARE(c.s.geral.ini.Ler_Ini(u"janela"_s, u"left"_s), QString::number(5000 * twipsPerPixel));
+        QCOMPARE(left(), QString::number(5000 * twipsPerPixel));
+        c.janela.show();
+        for (const QPoint &canto : {QPoint(33, 50), trazida}) { // somebody moves it, and puts it back there
+            c.janela.setGeometry({canto, c.janela.size()});
+            QTRY_COMPARE(left(), QString::number(canto.x() * twipsPerPixel));
+        }
     }
 
     void a_janela_de_procura_da_o_espaco_a_lista_e_volta_com_o_seu_tamanho()

@@ -2,6 +2,8 @@
 #include "session/frmDeleteUser.h"
 #include "session/frmEditUser.h"
 #include "session/frmNovoUser.h"
+#include "session/Titulo.h"
+#include "session/Utilizadores.h"
 #include "testlib/Accoes.h"
 #include "testlib/ComJanela.h"
 #include "testlib/Teste.h"
@@ -41,6 +43,7 @@ class TestUtilizadores : public QObject
         c.janela.setWindowTitle(u"Morvex 1.0 "_s);
         c.s.caixas.Espera(c.s.Texto(texto), 16, u"Morvex"_s);
         c.janela.findChild<QAction *>(entrada)->trigger();
+        QCOMPARE(c.s.geral.de.Rs("cmdVerUsers").State(), Recordset::Closed);
         QVERIFY(c.s.caixas.Todas_Vistas());
         QVERIFY(c.janela.isEnabled());
     }
@@ -68,6 +71,49 @@ private Q_SLOTS:
         c.s.Novo_Utilizador(u"Ana"_s, u"x"_s);
         Verificar_Formulario<frmEditUser>(c, *c.janela.EditarUtilizadores);
         Verificar_Formulario<frmDeleteUser>(c, *c.janela.EliminarUtilizadores);
+    }
+
+    void o_que_outro_posto_muda_no_utilizador_vale_na_sessao_e_no_titulo()
+    {
+        ComJanela c;
+        const int id = c.s.Novo_Utilizador(u"Ana"_s, u"x"_s);
+        c.s.Entrar(u"Ana"_s);
+        ::Utilizadores utilizadores(c.janela, c.s.geral, c.s.plataforma);
+        const QSignalSpy eliminado(&utilizadores, &::Utilizadores::Eliminado);
+        c.s.Escrever(u"UPDATE TblUsers SET Utilizador='Ana Maria', Editar=0 WHERE ID=%1"_s.arg(id));
+        utilizadores.Seguir();
+        QCOMPARE(c.s.geral.SessaoActual.Utilizador, u"Ana Maria"_s);
+        QVERIFY(!c.s.geral.SessaoActual.Editar);
+        QVERIFY(c.janela.windowTitle().contains(u"Ana Maria"_s));
+        QCOMPARE(c.janela.windowTitle(), Titulo(c.s.geral));
+        QCOMPARE(c.s.geral.de.Rs("cmdEditarUser").State(), Recordset::Closed);
+        QCOMPARE(eliminado.count(), 0);
+        c.s.Escrever(u"DELETE FROM TblUsers"_s);
+        utilizadores.Seguir();
+        QCOMPARE(eliminado.count(), 1);
+    }
+
+    // Nobody has logged in, or the first user was made in this session, which goes on as the one of nobody's things.
+    void uma_sessao_sem_linha_sua_nao_tem_nenhuma_a_perder_data()
+    {
+        QTest::addColumn<QString>("nome");
+        QTest::addColumn<QString>("id");
+        QTest::newRow("nobody") << QString() << u"0"_s;
+        QTest::newRow("the first user") << u"Admin"_s << u"0"_s;
+        QTest::newRow("the last one is gone") << QString() << u"7"_s;
+    }
+    void uma_sessao_sem_linha_sua_nao_tem_nenhuma_a_perder()
+    {
+        QFETCH(QString, nome);
+        QFETCH(QString, id);
+        ComJanela c;
+        c.s.geral.SessaoActual.Utilizador = nome;
+        c.s.geral.SessaoActual.IdUtilizador = id;
+        ::Utilizadores utilizadores(c.janela, c.s.geral, c.s.plataforma);
+        const QSignalSpy eliminado(&utilizadores, &::Utilizadores::Eliminado);
+        utilizadores.Seguir();
+        QCOMPARE(eliminado.count(), 0);
+        QCOMPARE(c.s.geral.SessaoActual.Utilizador, nome);
     }
 };
 

@@ -84,7 +84,7 @@ class TestFrmDeleteUser : public QObject
 private Q_SLOTS:
     void as_legendas_vem_dos_textos()
     {
-        Sistema s;
+        Sistema s(Sistema::Estado::Semeado, u"FrancesFR"_s); // the design has them in Portuguese
         Outro(s);
         QWidget janela;
         frmDeleteUser form(s.geral, s.plataforma, janela);
@@ -343,6 +343,7 @@ private Q_SLOTS:
 
         Eliminar(s, id);
 
+        QCOMPARE(s.geral.de.Rs("cmdVerificarTarefasMemos").State(), Recordset::Closed);
         QCOMPARE(s.Linhas(u"SELECT ID FROM TblUsers WHERE ID=%1"_s.arg(id)), QStringList());
         const auto destino = [&](const QString &donos) {
             return donos.isEmpty() ? u"-"_s : donos == Numero(id) ? u"dele"_s : donos;
@@ -407,9 +408,15 @@ private Q_SLOTS:
         const int rui = Outro(s);
         const Temporizadores &t = s.geral.temporizadores;
         QSignalSpy iniciar_mail(&t, &Temporizadores::IniciarMail);
-        Eliminar(s, rui);
+        QWidget janela;
+        frmDeleteUser form(s.geral, s.plataforma, janela);
         QVERIFY(!t.timerTarefas.Enabled() && !t.timerPonto.Enabled());
-        QCOMPARE(iniciar_mail.count(), 0);
+        s.geral.temporizadores.Gerir_Temporizadores(u"start"_s);
+        Escolher(form, rui);
+        form.show();
+        form.cmdOk->click();
+        QVERIFY(!t.timerTarefas.Enabled() && !t.timerPonto.Enabled());
+        QCOMPARE(iniciar_mail.count(), 1); // the one above
     }
 
     void comando_que_falha_da_o_erro_e_o_formulario_fica()

@@ -17,6 +17,25 @@ private Q_SLOTS:
         QCOMPARE(form.Label1->text(), s.Texto(242));
         QCOMPARE(form.Valor(), 0);
         QCOMPARE(form.ProgressBar1->maximum(), 100);
+        QCOMPARE(form.ProgressBar1->accessibleName(), s.Texto(242));
+    }
+
+    void a_janela_de_tras_ouve_tudo_como_se_estivesse_so()
+    {
+        struct Dono : QWidget {
+            bool event(QEvent *evento) override
+            {
+                if (evento->type() == QEvent::User) ++ouvidos;
+                return QWidget::event(evento);
+            }
+            int ouvidos = 0;
+        };
+        Sistema s;
+        Dono dono;
+        const frmLoading form(s.geral, &dono);
+        QEvent evento(QEvent::User);
+        QCoreApplication::sendEvent(&dono, &evento);
+        QCOMPARE(dono.ouvidos, 1);
     }
 
     void os_tiques_comecam_quando_aparece()
@@ -51,6 +70,7 @@ private Q_SLOTS:
         QVERIFY(form.isVisible());
         QTRY_VERIFY(!form.isVisible());
         QCOMPARE(form.Valor(), 100);
+        QVERIFY(!form.Timer1.Enabled());
     }
 };
 

@@ -111,6 +111,27 @@ private Q_SLOTS:
         QCOMPARE(s.geral.SessaoActual.Utilizador, u"Maria"_s);
     }
 
+    void uma_reabertura_tem_o_nome_e_espera_pela_senha()
+    {
+        Sistema s;
+        s.Novo_Utilizador(u"Ana"_s, u"um"_s);
+        s.Entrar(u"Ana"_s);
+        frmLogin form(s.geral, s.plataforma);
+        form.Fixar_Utilizador(u"Ana"_s);
+        form.show();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        QCOMPARE(form.txtUser->text(), u"Ana"_s);
+        QVERIFY(form.txtPass->hasFocus());
+        s.caixas.Espera(s.Texto(101), 16, u"Login"_s);
+        form.cmdOk->click();
+        QCOMPARE(s.geral.de.Rs("cmdVerUsers").State(), Recordset::Closed);
+        form.txtPass->setText(u"um"_s);
+        const QSignalSpy reaberta(&form, &frmLogin::Reaberta);
+        form.cmdOk->click();
+        QCOMPARE(reaberta.count(), 1);
+        QVERIFY(!form.isVisible());
+    }
+
     void nome_errado_recusa_com_o_mesmo_texto()
     {
         Sistema s;

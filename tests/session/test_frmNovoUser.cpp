@@ -47,9 +47,10 @@ class TestFrmNovoUser : public QObject
     }
 
 private Q_SLOTS:
+    // The design has them in Portuguese.
     void as_legendas_vem_dos_textos()
     {
-        Sistema s;
+        Sistema s(Sistema::Estado::Semeado, u"FrancesFR"_s);
         frmNovoUser form(s.geral, s.plataforma);
         const auto &c = *form.campos;
         QCOMPARE(form.windowTitle(), s.Texto(89));
@@ -83,6 +84,17 @@ private Q_SLOTS:
         QVERIFY(!form.campos->cbSystemTray->isChecked());
         QVERIFY(form.campos->cbSystemTray->isEnabled());
         QCOMPARE(s.geral.de.Rs("cmdVerUsers").State(), Recordset::Closed);
+    }
+
+    void quem_vai_aos_campos_vai_ao_nome()
+    {
+        Sistema s;
+        frmNovoUser form(s.geral, s.plataforma);
+        form.show();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        form.cmdOk->setFocus();
+        form.campos->setFocus();
+        QVERIFY(form.campos->txtUser->hasFocus());
     }
 
     void o_segundo_comeca_sem_nome_e_sem_direitos()
@@ -202,6 +214,8 @@ private Q_SLOTS:
         Criar(s, u"Admin"_s);
         QCOMPARE(s.geral.SessaoActual.Utilizador, u"Admin"_s);
         QCOMPARE(s.geral.SessaoActual.IdUtilizador, u"0"_s);
+        QCOMPARE(s.geral.de.Rs("cmdVerUsers").State(), Recordset::Closed);
+        QCOMPARE(s.geral.de.Rs("cmdVerIDUtilizador").State(), Recordset::Closed);
         Criar(s, u"Rui"_s);
         QCOMPARE(s.geral.SessaoActual.Utilizador, u"Admin"_s);
     }

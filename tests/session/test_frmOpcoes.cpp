@@ -192,7 +192,7 @@ private Q_SLOTS:
                                                             {"cmdPlay", 270},
                                                             {"cmdProcurarSom", 69},
                                                             {"cmdCancelar", 43}};
-        Cenario c;
+        Cenario c(u"AlemaoDE"_s); // the design has them in Portuguese
         const frmOpcoes &form = c.Abrir();
         for (const auto &[nome, texto] : controlos) {
             const auto *controlo = form.findChild<QWidget *>(QString::fromLatin1(nome));
@@ -204,7 +204,7 @@ private Q_SLOTS:
 
     void os_separadores_o_titulo_e_a_amostra_tem_os_seus_textos()
     {
-        Cenario c;
+        Cenario c(u"AlemaoDE"_s);
         const frmOpcoes &form = c.Abrir();
         const QList<int> textos{128, 190, 191, 217, 192, 239, 245, 267};
         QCOMPARE(form.tbsOptions->count(), textos.size());
@@ -297,6 +297,18 @@ private Q_SLOTS:
         QCOMPARE(form.txtCaminho->text(), c.s.Base());
         QCOMPARE(form.comboEventos->ListIndex(), 0);
         QCOMPARE(form.comboIdioma->currentText(), u"Português (Portugal)"_s);
+    }
+
+    void so_o_aviso_de_aniversarios_que_vale_esta_escolhido()
+    {
+        Cenario c;
+        for (int aviso = 0; aviso < 3; ++aviso) {
+            c.s.geral.AvisoAniversarios = QString::number(aviso);
+            const frmOpcoes &form = c.Abrir();
+            QCOMPARE(form.Opcao0->isChecked(), aviso == 0);
+            QCOMPARE(form.Opcao1->isChecked(), aviso == 1);
+            QCOMPARE(form.Opcao2->isChecked(), aviso == 2);
+        }
     }
 
     void sem_caminho_mostra_o_ficheiro_ao_lado_do_programa()
