@@ -58,7 +58,7 @@ std::optional<int> cartao::Altura_Obs(int Linha_Card)
 QSizeF cartao::Redimensionar_Foto(QSizeF natural, QSizeF caixa)
 {
     QSizeF ajustada = natural;
-    for (int divisor = 2; ajustada.width() > caixa.width() || ajustada.height() > caixa.height(); ++divisor)
+    for (int divisor = 1; ajustada.width() > caixa.width() || ajustada.height() > caixa.height(); ++divisor)
         ajustada = {std::floor(natural.width() / divisor), std::floor(natural.height() / divisor)};
     return ajustada;
 }

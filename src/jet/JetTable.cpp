@@ -3,6 +3,7 @@
 #include <cmath>
 #include <functional>
 #include <optional>
+#include <QLocale>
 
 namespace
 {
@@ -122,11 +123,11 @@ QDateTime dateOf(double value)
         .addSecs(second);
 }
 
-// As the file has it: whoever stores it again finds the shortest number that is the same float.
+// The shortest number that reads back as the same float: 0.1 stays 0.1.
 double singleOf(float value)
 {
     if (!std::isfinite(value)) raiseDamage("a number that is none");
-    return value;
+    return QString::number(value, 'g', QLocale::FloatingPointShortest).toDouble();
 }
 
 TableReader::TableReader(const JetPages &pages, quint32 definition)

@@ -68,6 +68,7 @@ private Q_SLOTS:
         QTest::newRow("alta de mais por um") << QSizeF(100, 2326) << QSizeF(50, 1163);
         QTest::newRow("a parte inteira da divisao") << QSizeF(4833, 2327) << QSizeF(1611, 775);
         QTest::newRow("a parte inteira da largura") << QSizeF(4835, 2325) << QSizeF(1611, 775);
+        QTest::newRow("a parte inteira ja cabe") << QSizeF(2415.5, 100) << QSizeF(2415, 100);
         QTest::newRow("muito grande") << QSizeF(60000, 45000) << QSizeF(2400, 1800);
     }
     void a_foto_cabe_por_divisores_inteiros()
