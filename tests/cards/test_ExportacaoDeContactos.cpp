@@ -344,6 +344,20 @@ private Q_SLOTS:
         QVERIFY(cartao.first("X-COISA") != nullptr);
     }
 
+    // What follows the end of a picture is nothing to it.
+    void uma_fotografia_de_onze_megabytes_ainda_vai_e_de_um_byte_a_mais_nao()
+    {
+        constexpr qint64 maior = 11 * 1024 * 1024;
+        for (const qint64 bytes : {maior, maior + 1}) {
+            ComLivro c;
+            Por_Ficheiro(c.s.Ficheiro(u"fotos/a.png"_s), Imagem(1));
+            QVERIFY(QFile::resize(c.s.Ficheiro(u"fotos/a.png"_s), bytes));
+            c.Novo(u"Ana"_s, 1, u"fotos/a.png"_s);
+            QCOMPARE(c.Um_Cartao().first("PHOTO") != nullptr, bytes == maior);
+            QCOMPARE(c.de_fora, bytes == maior ? 0 : 1);
+        }
+    }
+
     void uma_fotografia_que_nao_se_le_conta_se_e_o_cartao_sai_sem_ela()
     {
         ComLivro c;

@@ -71,6 +71,21 @@ private Q_SLOTS:
         QVERIFY2(copiado.contains("X-COISA:sim") && copiado.contains("FN:Ana Sá"), copiado);
     }
 
+    void o_cartao_que_se_copia_leva_a_fotografia_e_e_sempre_da_mesma_versao()
+    {
+        ComContacto c;
+        QImage imagem(3, 2, QImage::Format_RGB32);
+        imagem.fill(Qt::red);
+        QVERIFY(imagem.save(c.s.Ficheiro(u"ana.png"_s)));
+        c.s.Escrever(u"UPDATE TblLista SET Fotografia = 'ana.png'"_s);
+        CartoesGuardados(c.s.geral.de)
+            .Guardar({QString::number(c.id), u"u-1"_s, Cartao("UID:u-1\r\nFN:Ana\r\n", "4.0")});
+        c.janela.RightClickCopiarCartao->trigger();
+        const QByteArray copiado = ComContacto::Cartao_Copiado();
+        QVERIFY(copiado.startsWith("BEGIN:VCARD\r\nVERSION:3.0\r\n"));
+        QCOMPARE(contentOf(CardReader().read(copiado).cards.at(0)).photos.size(), std::size_t{1});
+    }
+
     void sem_contacto_escolhido_ou_depois_de_desaparecer_ha_uma_mensagem()
     {
         for (const bool desaparecido : {false, true}) {
