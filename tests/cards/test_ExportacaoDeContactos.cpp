@@ -391,6 +391,20 @@ private Q_SLOTS:
         QCOMPARE(Nomes(CardReader().read(Bytes(c.Alvo()))), QStringList{u"Visto"_s});
     }
 
+    void avanca_um_contacto_pelo_menos_e_todos_se_ha_tempo()
+    {
+        ComLivro c;
+        for (const auto &nome : {u"Ana"_s, u"Rui"_s, u"Eva"_s})
+            c.Novo(nome);
+        ExportacaoDeContactos exportacao(c.s.geral, {c.Todos(), F::Cartao3, true, false, c.Alvo()});
+        QCOMPARE(exportacao.Quantos(), 3);
+        exportacao.Avancar(0);
+        QCOMPARE(exportacao.Feitos(), 1);
+        exportacao.Avancar(60'000);
+        QVERIFY(exportacao.Acabou());
+        QCOMPARE(exportacao.Escritos(), 3);
+    }
+
     void um_ficheiro_que_la_estava_e_substituido_inteiro_e_so_no_fim()
     {
         ComLivro c;

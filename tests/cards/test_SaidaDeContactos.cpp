@@ -158,9 +158,20 @@ private Q_SLOTS:
         Sistema s;
         frmQR form(s.geral, QByteArray(maior_conteudo_do_qr - 1, 'x'), QString(10'000, u'W'));
         form.show();
-        QVERIFY(form.imgCodigo->pixmap().deviceIndependentSize().width() >= (77 + 8) * 4);
+        QCOMPARE(form.imgCodigo->pixmap().deviceIndependentSize().width(), (77 + 8) * 4);
         QVERIFY(form.height() < 600 && form.width() < 800);
         QVERIFY(form.lblNome->text().size() <= 55);
+    }
+
+    void um_codigo_pequeno_cresce_por_modulos_inteiros_e_o_botao_fecha_o()
+    {
+        Sistema s;
+        frmQR form(s.geral, "Ana", u"Ana"_s);
+        form.show();
+        QCOMPARE(form.imgCodigo->pixmap().width(), (21 + 8) * 10);
+        form.cmdFechar->click();
+        QVERIFY(!form.isVisible());
+        QCOMPARE(form.result(), static_cast<int>(QDialog::Accepted));
     }
 
     // The density of the screen is settled when a program starts: one more of this is started.
