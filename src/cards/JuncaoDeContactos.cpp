@@ -83,7 +83,6 @@ QString Numa_Linha(const ColunasDoContacto &colunas, Linha linha)
     QStringList partes;
     for (const Coluna coluna : linhas_do_contacto::Colunas(linha))
         partes << Com_CR_LF(colunas[coluna]).split(u"\r\n"_s, Qt::SkipEmptyParts);
-    partes.removeAll(QString());
     return partes.join(linha == Linha::Aniversario ? u"/"_s : u", "_s);
 }
 

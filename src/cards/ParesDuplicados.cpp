@@ -45,7 +45,7 @@ public:
 private:
     void Par(std::size_t um, std::size_t outro, Indicio indicio)
     {
-        if (um != outro && vistos_.emplace(um, outro).second) pares_.push_back({um, outro, indicio});
+        if (vistos_.emplace(um, outro).second) pares_.push_back({um, outro, indicio});
     }
 
     std::vector<ParDuplicado> pares_;

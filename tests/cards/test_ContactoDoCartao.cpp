@@ -2,6 +2,7 @@
 #include "cards/BlocoDeObs.h"
 #include "cards/ContactoDoCartao.h"
 #include "cards/NomeDobrado.h"
+#include "cards/NumeroDoCartao.h"
 #include "cards/RotulosDoCartao.h"
 #include "testlib/Desenhos.h"
 #include "testlib/Teste.h"
@@ -272,6 +273,42 @@ private Q_SLOTS:
         QCOMPARE(casa.colunas[C::Morada], u"B\r\nC"_s);
         QCOMPARE(casa.linhas, QStringList{u"Address (work): A"_s});
         QCOMPARE(Valor("ADR;TYPE=WORK,PREF:;;A;;;;\r\nADR;TYPE=HOME:;;B;;;;\r\n", C::Morada), u"A"_s);
+    }
+
+    void de_duas_moradas_de_casa_vale_a_primeira()
+    {
+        const ContactoLido lido = Lido("ADR;TYPE=HOME:;;A;;;;\r\nADR;TYPE=HOME:;;B;;;;\r\nADR;TYPE=WORK:;;C;;;;\r\n");
+        QCOMPARE(lido.colunas[C::Morada], u"A"_s);
+        QCOMPARE(lido.linhas, (QStringList{u"Address (home): B"_s, u"Address (work): C"_s}));
+    }
+
+    void um_website_enche_a_coluna_e_o_segundo_vai_para_obs()
+    {
+        const ContactoLido lido = Lido("URL:\r\nURL:a.pt\r\nURL;TYPE=WORK:b.pt\r\n");
+        QCOMPARE(lido.colunas[C::Website], u"a.pt"_s);
+        QCOMPARE(lido.linhas, QStringList{u"Website (work): b.pt"_s});
+    }
+
+    void o_que_cabe_fica_como_esta_e_um_corte_nao_deixa_brancos()
+    {
+        QCOMPARE(Cortado(u" ab "_s, 4), u" ab "_s);
+        QCOMPARE(Cortado(u"ab cd"_s, 3), u"ab"_s);
+        QCOMPARE(Cortado(u"a😀"_s, 2), u"a"_s);
+        QCOMPARE(Cortado(u"a😀b"_s, 3), u"a😀"_s);
+    }
+
+    void um_bloco_junta_se_a_outro_e_diz_se_algo_veio()
+    {
+        BlocoDeObs bloco{u"uma nota"_s, {u"A: 1"_s}};
+        QVERIFY(!bloco.Acrescentar({u"nota"_s, {u"A: 1"_s}})); // it is all there
+        QCOMPARE(bloco.nota, u"uma nota"_s);
+        QVERIFY(bloco.Acrescentar({u"nota"_s, {u"B: 2"_s}}));
+        QVERIFY(bloco.Acrescentar({u"outra"_s, {}}));
+        QCOMPARE(bloco.nota, u"uma nota\r\noutra"_s);
+        QCOMPARE(bloco.linhas, (QStringList{u"A: 1"_s, u"B: 2"_s}));
+        BlocoDeObs vazio;
+        QVERIFY(vazio.Acrescentar({u"nota"_s, {}}));
+        QCOMPARE(vazio.nota, u"nota"_s);
     }
 
     void a_etiqueta_so_vale_sem_morada()

@@ -263,6 +263,15 @@ private Q_SLOTS:
         QVERIFY(CartoesGuardados(c.s.geral.de).Ler(c.ana));
     }
 
+    void um_nome_que_nao_ha_continua_a_nao_haver()
+    {
+        ComImportacao c;
+        c.s.Escrever(u"UPDATE TblLista SET Nome = NULL"_s);
+        CartoesGuardados(c.s.geral.de).Guardar({c.ana, u"u-1"_s, {}});
+        c.Importar(Cartao("UID:u-1\r\nFN:Ana\r\nURL:ana.pt"));
+        QCOMPARE(c.s.Linhas(u"SELECT Nome, Website FROM TblLista"_s), QStringList{u"<Null>|ana.pt"_s});
+    }
+
     // Somebody else has written since the file was read.
     void o_que_entretanto_se_escreveu_tambem_fica()
     {
@@ -568,15 +577,15 @@ private Q_SLOTS:
     void cada_contacto_e_um_passo_para_planear_e_outro_para_escrever()
     {
         ComImportacao c;
-        c.Ler(Pessoas(60));
+        c.Ler(Pessoas(60) + Cartao("FN:Ana Silva\r\nEMAIL:ana@exemplo.pt\r\nURL:ana.pt"));
         QList<int> ditos;
         QVERIFY(c.Escrita().Escrever([&](int percentagem) {
             ditos << percentagem;
             return true;
         }));
         QList<int> passos;
-        for (int i = 0; i < 120; ++i)
-            passos << 100 * i / 120;
+        for (int i = 0; i < 122; ++i)
+            passos << 100 * i / 122;
         QCOMPARE(ditos, passos);
     }
 

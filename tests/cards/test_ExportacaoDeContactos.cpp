@@ -344,6 +344,20 @@ private Q_SLOTS:
         QVERIFY(cartao.first("X-COISA") != nullptr);
     }
 
+    // What follows the end of a picture is nothing to it.
+    void uma_fotografia_de_onze_megabytes_ainda_vai_e_de_um_byte_a_mais_nao()
+    {
+        constexpr qint64 maior = 11 * 1024 * 1024;
+        for (const qint64 bytes : {maior, maior + 1}) {
+            ComLivro c;
+            Por_Ficheiro(c.s.Ficheiro(u"fotos/a.png"_s), Imagem(1));
+            QVERIFY(QFile::resize(c.s.Ficheiro(u"fotos/a.png"_s), bytes));
+            c.Novo(u"Ana"_s, 1, u"fotos/a.png"_s);
+            QCOMPARE(c.Um_Cartao().first("PHOTO") != nullptr, bytes == maior);
+            QCOMPARE(c.de_fora, bytes == maior ? 0 : 1);
+        }
+    }
+
     void uma_fotografia_que_nao_se_le_conta_se_e_o_cartao_sai_sem_ela()
     {
         ComLivro c;
@@ -375,6 +389,20 @@ private Q_SLOTS:
         c.Exportar({{escondido, 9999, visto}, F::Cartao3, true, false, c.Alvo()});
         QCOMPARE(c.escritos, 1);
         QCOMPARE(Nomes(CardReader().read(Bytes(c.Alvo()))), QStringList{u"Visto"_s});
+    }
+
+    void avanca_um_contacto_pelo_menos_e_todos_se_ha_tempo()
+    {
+        ComLivro c;
+        for (const auto &nome : {u"Ana"_s, u"Rui"_s, u"Eva"_s})
+            c.Novo(nome);
+        ExportacaoDeContactos exportacao(c.s.geral, {c.Todos(), F::Cartao3, true, false, c.Alvo()});
+        QCOMPARE(exportacao.Quantos(), 3);
+        exportacao.Avancar(0);
+        QCOMPARE(exportacao.Feitos(), 1);
+        exportacao.Avancar(60'000);
+        QVERIFY(exportacao.Acabou());
+        QCOMPARE(exportacao.Escritos(), 3);
     }
 
     void um_ficheiro_que_la_estava_e_substituido_inteiro_e_so_no_fim()

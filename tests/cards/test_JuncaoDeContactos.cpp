@@ -232,6 +232,56 @@ private Q_SLOTS:
             QCOMPARE(juncao.Diferem(linha), linha == Linha::Nome);
     }
 
+    void numeros_e_mails_comparam_se_sem_olhar_a_ordem_nem_a_repeticoes_data()
+    {
+        QTest::addColumn<QStringList>("um"); // the columns of the line
+        QTest::addColumn<QStringList>("outro");
+        QTest::addColumn<bool>("diferem");
+        const QString a = u"211111111"_s;
+        const QString b = u"222222222"_s;
+        QTest::newRow("outra ordem") << QStringList{a, b} << QStringList{b, a} << false;
+        QTest::newRow("duas vezes") << QStringList{a, u"211 111 111"_s} << QStringList{a, QString()} << false;
+        QTest::newRow("noutra coluna") << QStringList{a, QString()} << QStringList{QString(), a} << false;
+        QTest::newRow("mais um") << QStringList{a, QString()} << QStringList{a, b} << true;
+        QTest::newRow("so brancos") << QStringList{a, QString()} << QStringList{u" "_s, QString()} << false;
+    }
+    void numeros_e_mails_comparam_se_sem_olhar_a_ordem_nem_a_repeticoes()
+    {
+        QFETCH(QStringList, um);
+        QFETCH(QStringList, outro);
+        QFETCH(bool, diferem);
+        for (const auto &[linha, colunas] : {std::pair(Linha::Telefone, std::pair(Telefone1, Telefone2)),
+                                             std::pair(Linha::Telemovel, std::pair(Telemovel2, Telemovel3)),
+                                             std::pair(Linha::Email, std::pair(Email1, Email2))}) {
+            const auto contacto = [&](const QStringList &valores) {
+                return Contacto({{colunas.first, valores[0]}, {colunas.second, valores[1]}});
+            };
+            if (linha == Linha::Email) // of which a blank is a letter like others
+                um.replaceInStrings(u" 111 111"_s, u"111111"_s);
+            const JuncaoDeContactos juncao(contacto(um), contacto(outro), u"PortuguesPT"_s);
+            QCOMPARE(juncao.Diferem(linha), diferem);
+        }
+    }
+
+    void o_mesmo_dia_de_outro_mes_e_outro_aniversario()
+    {
+        const ColunasDoContacto juntos = Juntos({{Dia, u"5"_s}, {Mes, u"3"_s}}, {{Dia, u"5"_s}, {Mes, u"4"_s}});
+        QCOMPARE(juntos, Contacto({{Dia, u"5"_s}, {Mes, u"3"_s}, {Obs, marca + u"Aniversário: 5/4"_s}}));
+    }
+
+    void o_que_nao_tem_lugar_vem_com_a_palavra_da_sua_linha()
+    {
+        const Campos cheio{{Telefone1, u"211111111"_s},  {Telefone2, u"222222222"_s},  {Telemovel1, u"911111111"_s},
+                           {Telemovel2, u"922222222"_s}, {Telemovel3, u"933333333"_s}, {Fax, u"213333333"_s},
+                           {Email1, u"a@x"_s},           {Email2, u"b@x"_s}};
+        const Campos outro{{Telefone1, u"244444444"_s},
+                           {Telemovel1, u"944444444"_s},
+                           {Fax, u"255555555"_s},
+                           {Email1, u"c@x"_s}};
+        QCOMPARE(Juntos(cheio, outro)[Obs], marca + u"Telemóvel: 944444444\r\nTelefone: 244444444\r\n"
+                                                    u"Fax: 255555555\r\nE-mail: c@x"_s);
+    }
+
     void nenhum_valor_de_dois_contactos_ao_acaso_se_perde()
     {
         QRandomGenerator acaso(7);

@@ -186,6 +186,15 @@ private Q_SLOTS:
         QCOMPARE(leitura.Numeros_Estragados(), um);
     }
 
+    void a_primeira_coluna_e_uma_como_as_outras()
+    {
+        Mesa m;
+        const LeituraDaTabela datas = m.Ler("Aniversário;Nome\n3/4/1975;Ana\n3/28/1980;Rui\n");
+        QCOMPARE(datas.Contacto(0).lido.colunas[Coluna::Mes], u"3"_s);
+        const std::pair<std::size_t, QString> um{1, u"3,51912E+11"_s};
+        QCOMPARE(m.Ler("Telefone;Nome\n3,51912E+11;Ana\n").Numeros_Estragados(), um);
+    }
+
     void a_vista_tem_a_ordem_das_datas_de_toda_a_coluna()
     {
         Mesa m;

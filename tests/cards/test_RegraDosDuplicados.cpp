@@ -5,6 +5,8 @@
 #include "testlib/TempoGasto.h"
 #include "testlib/Teste.h"
 
+#include <algorithm>
+#include <QSet>
 #include <random>
 
 using namespace Qt::StringLiterals;
@@ -202,6 +204,17 @@ private Q_SLOTS:
         QTEST(ChavesDoContacto::Do_Numero(QString::fromUtf8(QTest::currentDataTag())), "chave");
     }
 
+    void palavras_curtas_tem_cada_uma_a_sua_chave()
+    {
+        QSet<ChaveCurta> chaves;
+        constexpr int letras = 26;
+        for (int i = 0; i < letras * letras * letras; ++i)
+            chaves.insert(ChavesDoContacto::De_Um_Texto(QString::number(i, letras).rightJustified(3, u'.')));
+        QCOMPARE(chaves.size(), qsizetype{letras} * letras * letras);
+        QVERIFY(!chaves.contains(0));
+        QCOMPARE(ChavesDoContacto::De_Um_Texto({}), ChaveCurta{0});
+    }
+
     void um_zero_a_frente_e_de_outro_numero()
     {
         const auto com = [](const QString &nome, const QString &numero) {
@@ -313,6 +326,57 @@ private Q_SLOTS:
         };
         QCOMPARE(Livro({com_data(u"4"_s)}).Decidir(com_data(u"4"_s)).veredicto, V::Igual);
         QCOMPARE(Livro({com_data(u"4"_s)}).Decidir(com_data(u"5"_s)).veredicto, V::Talvez);
+        const auto noutro_mes = Com(com_data(u"4"_s), {{C::Mes, u"5"_s}});
+        QCOMPARE(Livro({com_data(u"4"_s)}).Decidir(noutro_mes).veredicto, V::Talvez);
+        QCOMPARE(Livro({com_data(u"4"_s)}).Decidir(Ana()).veredicto, V::Igual); // who says none says no other one
+        QCOMPARE(Livro({Ana()}).Decidir(com_data(u"4"_s)).veredicto, V::Completa);
+        // Only the one whose number it is, and no namesake.
+        const auto homonima = Contacto({{C::Nome, Ana()[C::Nome]}});
+        QCOMPARE(Livro({com_data(u"4"_s), homonima}).Decidir(noutro_mes).quem, std::vector<std::size_t>{0});
+    }
+
+    void quem_so_tem_nome_e_tem_dois_homonimos_deixa_se_a_pessoa()
+    {
+        const auto nome = Contacto({{C::Nome, Ana()[C::Nome]}});
+        const Decisao decisao = Livro({Ana(), nome}).Decidir(nome);
+        QCOMPARE(decisao.veredicto, V::Talvez);
+        QCOMPARE(decisao.quem, (std::vector<std::size_t>{0, 1}));
+    }
+
+    void quem_alem_do_nome_tem_o_numero_da_firma_nao_e_so_nome()
+    {
+        std::vector<ColunasDoContacto> firma;
+        for (const auto &nome : {u"Um Silva"_s, u"Dois Silva"_s, u"Três Silva"_s, u"Quatro Silva"_s})
+            firma.push_back(Contacto({{C::Nome, nome}, {C::Telefone1, u"213000000"_s}}));
+        QCOMPARE(Livro(firma).Decidir(firma.front()).veredicto, V::Talvez);
+    }
+
+    void um_mail_de_brancos_nao_prova_nada()
+    {
+        const auto em_branco = [](const QString &nome) { return Contacto({{C::Nome, nome}, {C::Email1, u" "_s}}); };
+        QCOMPARE(Livro({em_branco(u"Rui"_s)}).Decidir(em_branco(u"Ana"_s)).veredicto, V::Novo);
+    }
+
+    void quem_foi_completado_reconhece_se_pelo_que_recebeu()
+    {
+        RegraDosDuplicados regra(u"InglesUK"_s);
+        regra.Juntar(Ana());
+        regra.Completar(0, Com(Ana(), {{C::Telemovel2, u"961111111"_s}, {C::Email2, u"nova@exemplo.pt"_s}}));
+        for (const auto &[coluna, valor] :
+             {std::pair(C::Fax, u"961111111"_s), {C::Email1, u"nova@exemplo.pt"_s}, {C::Telefone2, u"212345678"_s}})
+            QCOMPARE(regra.Decidir(Contacto({{C::Nome, u"Rui"_s}, {coluna, valor}})).quem, std::vector<std::size_t>{0});
+        QCOMPARE(regra.Decidir(Contacto({{C::Nome, Ana()[C::Nome]}, {C::Fax, u"961111111"_s}})).veredicto, V::Igual);
+    }
+
+    void a_ordem_das_palavras_de_um_nome_contido_nao_importa()
+    {
+        QStringList inteiro{u"Ana"_s, u"Luz"_s, u"Maria"_s, u"Silva"_s}; // every order of them
+        do {
+            const auto ela = Contacto({{C::Nome, inteiro.join(u' ')}, {C::Telemovel1, u"912345678"_s}});
+            for (const auto &parte : {u"Ana Silva"_s, u"Silva Ana"_s})
+                QCOMPARE(Livro({ela}).Decidir(Com(ela, {{C::Nome, parte}})).veredicto, V::Igual);
+            QCOMPARE(Livro({ela}).Decidir(Com(ela, {{C::Nome, u"Ana Ana"_s}})).veredicto, V::Talvez); // one word
+        } while (std::next_permutation(inteiro.begin(), inteiro.end()));
     }
 
     void varios_candidatos_deixam_se_a_pessoa()
@@ -361,6 +425,7 @@ private Q_SLOTS:
         const Decisao decisao = RegraDosDuplicados::Juntos(
             u"InglesUK"_s, Com(ana, {{C::Telefone1, {}}, {C::Telemovel1, u"+351 912345678"_s}}), ana);
         QCOMPARE(decisao.veredicto, V::Igual);
+        QCOMPARE(decisao.quem, std::vector<std::size_t>{0});
         QVERIFY(decisao.completado == ana);
         const Decisao com_morada = RegraDosDuplicados::Juntos(
             u"InglesUK"_s,

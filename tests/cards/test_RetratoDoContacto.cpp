@@ -102,6 +102,34 @@ private Q_SLOTS:
         QCOMPARE(grossura(u"211"_s), int{QFont::Bold});
     }
 
+    void os_dois_pontos_franceses_tem_um_branco_antes()
+    {
+        Sistema s;
+        s.geral.IdiomaActual = u"FrancesFR"_s;
+        QTextEdit campo;
+        RetratoDoContacto(s.geral, campo).Linha(u"Nom"_s, u"Ana"_s);
+        QCOMPARE(campo.document()->toRawText(), u"Nom\u00a0: Ana"_s + QChar::ParagraphSeparator);
+    }
+
+    void um_titulo_vem_sublinhado_e_longe_do_que_esta_antes()
+    {
+        Sistema s;
+        QTextEdit campo;
+        RetratoDoContacto retrato(s.geral, campo);
+        retrato.Titulo(u"Um"_s);
+        retrato.Texto(u"texto"_s);
+        retrato.Titulo(u"Dois"_s);
+        QCOMPARE(campo.toPlainText(), u"Um\ntexto\n\nDois\n"_s);
+        for (const auto &[palavra, sublinhada] : {std::pair(u"Um"_s, true), {u"texto"_s, false}, {u"Dois"_s, true}})
+            QCOMPARE(campo.document()->find(palavra).charFormat().fontUnderline(), sublinhada);
+        retrato.Acabar();
+        QCOMPARE(campo.textCursor().position(), 0);
+        retrato.Limpar();
+        retrato.Texto(u"outro"_s);
+        QCOMPARE(campo.toPlainText(), u"outro\n"_s);
+        QVERIFY(!campo.document()->isUndoRedoEnabled()); // nobody writes in it
+    }
+
     void uma_fotografia_grande_encolhe_com_as_suas_proporcoes_e_uma_pequena_fica_como_e_data()
     {
         QTest::addColumn<QSize>("natural");

@@ -71,6 +71,21 @@ private Q_SLOTS:
         QVERIFY2(copiado.contains("X-COISA:sim") && copiado.contains("FN:Ana Sá"), copiado);
     }
 
+    void o_cartao_que_se_copia_leva_a_fotografia_e_e_sempre_da_mesma_versao()
+    {
+        ComContacto c;
+        QImage imagem(3, 2, QImage::Format_RGB32);
+        imagem.fill(Qt::red);
+        QVERIFY(imagem.save(c.s.Ficheiro(u"ana.png"_s)));
+        c.s.Escrever(u"UPDATE TblLista SET Fotografia = 'ana.png'"_s);
+        CartoesGuardados(c.s.geral.de)
+            .Guardar({QString::number(c.id), u"u-1"_s, Cartao("UID:u-1\r\nFN:Ana\r\n", "4.0")});
+        c.janela.RightClickCopiarCartao->trigger();
+        const QByteArray copiado = ComContacto::Cartao_Copiado();
+        QVERIFY(copiado.startsWith("BEGIN:VCARD\r\nVERSION:3.0\r\n"));
+        QCOMPARE(contentOf(CardReader().read(copiado).cards.at(0)).photos.size(), std::size_t{1});
+    }
+
     void sem_contacto_escolhido_ou_depois_de_desaparecer_ha_uma_mensagem()
     {
         for (const bool desaparecido : {false, true}) {
@@ -143,9 +158,20 @@ private Q_SLOTS:
         Sistema s;
         frmQR form(s.geral, QByteArray(maior_conteudo_do_qr - 1, 'x'), QString(10'000, u'W'));
         form.show();
-        QVERIFY(form.imgCodigo->pixmap().deviceIndependentSize().width() >= (77 + 8) * 4);
+        QCOMPARE(form.imgCodigo->pixmap().deviceIndependentSize().width(), (77 + 8) * 4);
         QVERIFY(form.height() < 600 && form.width() < 800);
         QVERIFY(form.lblNome->text().size() <= 55);
+    }
+
+    void um_codigo_pequeno_cresce_por_modulos_inteiros_e_o_botao_fecha_o()
+    {
+        Sistema s;
+        frmQR form(s.geral, "Ana", u"Ana"_s);
+        form.show();
+        QCOMPARE(form.imgCodigo->pixmap().width(), (21 + 8) * 10);
+        form.cmdFechar->click();
+        QVERIFY(!form.isVisible());
+        QCOMPARE(form.result(), static_cast<int>(QDialog::Accepted));
     }
 
     // The density of the screen is settled when a program starts: one more of this is started.

@@ -222,6 +222,17 @@ private Q_SLOTS:
                                                                         {F::PostCode, P::Other}}));
         QCOMPARE(Colunas(u"Cidade;Adresse geschäftlich"_s),
                  (std::vector<CsvColumn>{{F::City, P::Work}, {F::Street, P::Work}}));
+        QCOMPARE(Colunas(u"Cidade;Telemóvel;Adresse geschäftlich"_s).front(), (CsvColumn{F::City, P::Work}));
+    }
+
+    void da_rua_ao_pais_sao_partes_de_uma_morada_e_mais_nada()
+    {
+        for (int i = static_cast<int>(F::Unknown); i <= static_cast<int>(F::Photo); ++i) {
+            const auto campo = static_cast<F>(i);
+            const bool parte = campo == F::Street || campo == F::PostCode || campo == F::City || campo == F::Region ||
+                               campo == F::Country;
+            QCOMPARE(isAddressPart(campo), parte);
+        }
     }
 
     void regiao_ou_pais_e_o_que_ainda_falta_nesse_lugar()

@@ -84,6 +84,14 @@ private Q_SLOTS:
         QCOMPARE(csvText("Z\xE9", "mais-nenhuma").encoding, QByteArray("mais-nenhuma"));
     }
 
+    // Which has letters where the older standard has none.
+    void o_que_nao_e_utf_e_da_europa_ocidental()
+    {
+        const CsvText lido = csvText("\x80 Z\xE9 \x9C");
+        QCOMPARE(lido.text, u"€ Zé œ"_s);
+        QCOMPARE(lido.encoding, QByteArray("cp1252"));
+    }
+
     void o_que_a_pessoa_escolheu_vale_mais_do_que_o_descoberto()
     {
         const CsvTable tabela = readCsv("\xA3ukasz;a,b\n", {"windows-1250", u',', true});
