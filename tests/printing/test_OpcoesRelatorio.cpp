@@ -95,6 +95,7 @@ private Q_SLOTS:
         c.Carregar();
         QCOMPARE(c.ID_Mostrado(u"Vizinhos"_s), id);
         QCOMPARE(c.opcoes.Seleccao(), u"{TblLista.Grupo}="_s + id);
+        QCOMPARE(c.s.geral.de.Rs("cmdVerIDGrupo").State(), Recordset::Closed);
     }
 
     void voltar_a_primeira_linha_volta_a_todos_os_grupos()
