@@ -156,6 +156,17 @@ private Q_SLOTS:
         QVERIFY(c.opcoes.txtGrupoID->isEnabled());
     }
 
+    void o_nome_seleccionado_volta_a_todos_tambem_com_um_grupo_desse_nome()
+    {
+        ComOpcoes c;
+        c.Escolher_Contacto(5);
+        const QString id = QString::number(c.Grupo(c.s.Texto(48)));
+        c.Carregar();
+        QCOMPARE(c.opcoes.txtGrupoID->text(), id);
+        c.opcoes.OptionSelecionado->click();
+        QCOMPARE(c.opcoes.txtGrupoID->text(), u"%"_s);
+    }
+
     void todos_os_nomes_volta_a_ligar_os_grupos_e_o_ID()
     {
         ComOpcoes c;
