@@ -95,6 +95,7 @@ private Q_SLOTS:
         c.Carregar();
         QCOMPARE(c.ID_Mostrado(u"Vizinhos"_s), id);
         QCOMPARE(c.opcoes.Seleccao(), u"{TblLista.Grupo}="_s + id);
+        QCOMPARE(c.s.geral.de.Rs("cmdVerIDGrupo").State(), Recordset::Closed);
     }
 
     void voltar_a_primeira_linha_volta_a_todos_os_grupos()
@@ -153,6 +154,17 @@ private Q_SLOTS:
         QCOMPARE(c.opcoes.ComboGrupos->ListIndex(), 0);
         QCOMPARE(c.opcoes.txtGrupoID->text(), u"%"_s);
         QVERIFY(c.opcoes.txtGrupoID->isEnabled());
+    }
+
+    void o_nome_seleccionado_volta_a_todos_tambem_com_um_grupo_desse_nome()
+    {
+        ComOpcoes c;
+        c.Escolher_Contacto(5);
+        const QString id = QString::number(c.Grupo(c.s.Texto(48)));
+        c.Carregar();
+        QCOMPARE(c.opcoes.txtGrupoID->text(), id);
+        c.opcoes.OptionSelecionado->click();
+        QCOMPARE(c.opcoes.txtGrupoID->text(), u"%"_s);
     }
 
     void todos_os_nomes_volta_a_ligar_os_grupos_e_o_ID()

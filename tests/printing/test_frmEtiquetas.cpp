@@ -91,6 +91,8 @@ private Q_SLOTS:
         c.s.Escrever(u"DELETE FROM TblLista"_s);
         c.s.Novo_Contacto({{u"Nome"_s, u"Eva"_s}, {u"Morada"_s, u"Rua"_s}});
         QCOMPARE(c.Abrir().lblDeFora->text(), QString());
+        QCOMPARE(c.s.geral.de.Rs("cmdProcurarMorada").State(), Recordset::Closed);
+        QCOMPARE(c.s.geral.de.Rs("cmdListarNomes").State(), Recordset::Closed);
     }
 
     void a_primeira_etiqueta_e_uma_das_da_folha()

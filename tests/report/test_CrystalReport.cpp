@@ -59,6 +59,7 @@ public:
                 QString::number(dialogo.minimumWidth()),
                 QString::number(dialogo.windowModality()),
                 QString::number(dialogo.value()),
+                QString::number(dialogo.minimum()),
                 QString::number(dialogo.maximum())};
     }
 
@@ -192,7 +193,7 @@ private Q_SLOTS:
         Correr(ReportControl::Printer);
         QCOMPARE(impressora_->dito,
                  (QStringList{u"Imprimir"_s, u"A escrever a página 1 de 1"_s, u"Cancelar"_s, u"600"_s,
-                              u"360"_s, QString::number(Qt::ApplicationModal), u"0"_s, u"1"_s}));
+                              u"360"_s, QString::number(Qt::ApplicationModal), u"0"_s, u"0"_s, u"1"_s}));
         Accionar(Pre_Visualizar(), "print");
         QCOMPARE(impressora_->dito.value(5), QString::number(Qt::WindowModal));
     }
@@ -205,6 +206,15 @@ private Q_SLOTS:
         Correr(ReportControl::Printer);
         QCOMPARE(impressora_->historia,
                  (QStringList{u"print Lista 1"_s, u"print Lista 1"_s, u"print Lista 500"_s}));
+    }
+    void os_registos_vao_pela_ordem_dos_campos_que_a_tem()
+    {
+        const auto primeiro = [this] { return Pre_Visualizar().pages()->rows().records.front().front(); };
+        controlo_->setSortFields(0, u"-{T.ID}"_s);
+        QCOMPARE(primeiro(), u"Nome 500"_s);
+        controlo_->setSortFields(0, {});
+        controlo_->setSortFields(1, u"-{T.Nome}"_s);
+        QCOMPARE(primeiro(), u"Nome 99"_s);
     }
     void desistir_da_impressora_nao_trava_a_corrida()
     {

@@ -322,6 +322,14 @@ private Q_SLOTS:
     {
         QCOMPARE(Ler_Com(u"<detail><row><text>{T.A}{T.B}{T.A}</text></row></detail>"_s).fields.size(), 2U);
     }
+    void o_formato_de_um_campo_nao_e_do_seu_nome()
+    {
+        QCOMPARE(Ler_Com(u"<parameter name='p'/><detail><row><text>{T.A:date}{T.B|C:00}{?m{T.D:time}}{?p}</text></row>"
+                         "</detail>"_s)
+                     .fields,
+                 (std::vector<ReportField>{
+                     {u"T"_s, u"A"_s}, {u"T"_s, u"B"_s}, {u"T"_s, u"C"_s}, {u"T"_s, u"D"_s}}));
+    }
     void uma_consulta_segue_um_campo_ou_um_valor()
     {
         const ReportDefinition d = Ler_Com(u"<lookup table='G' key='ID' equals='{T.Grupo}'/>"

@@ -517,7 +517,9 @@ private Q_SLOTS:
                                  Hex("feffffff 00000000 00000000") + nome("Workbook") +
                                  Hex("1200 02 01 ffffffff ffffffff ffffffff") + nada +
                                  Hex("00000000 00100000 00000000");
-        QCOMPARE(livro.mid(9 * 512, 256).toHex(' '), pasta.toHex(' '));
+        const QByteArray vazia =
+            nome("") + Hex("0000 00 01 ffffffff ffffffff ffffffff") + nada + Hex("00000000 00000000 00000000");
+        QCOMPARE(livro.mid(9 * 512, 512).toHex(' '), (pasta + vazia + vazia).toHex(' '));
         QByteArray tabela =
             Hex("01000000 02000000 03000000 04000000 05000000 06000000 07000000 feffffff feffffff fdffffff");
         tabela.append(512 - tabela.size(), '\xff');

@@ -8,6 +8,7 @@
 #include "store/NewDatabase.h"
 #include "testlib/Teste.h"
 
+#include <array>
 #include <memory>
 #include <QFile>
 #include <QPainter>
@@ -91,6 +92,27 @@ class TestReportPages : public QObject
         foto.fill(Qt::red);
         QVERIFY(foto.save(folder_.filePath(u"foto.png"_s)));
     }
+    // Whether a picture of so many dots stands in the file, as it is written there.
+    bool Tem_No_Pdf(ReportPages &pages, int largura, int altura) const
+    {
+        const QString pdf = folder_.filePath(u"r.pdf"_s);
+        if (writePdf(pages, u"Titulo"_s, pdf, [](int, int) { return true; }) != PrintResult::Done) return false;
+        QFile file(pdf);
+        return file.open(QIODevice::ReadOnly) &&
+               file.readAll().contains(u"/Width %1\n/Height %2\n"_s.arg(largura).arg(altura).toLatin1());
+    }
+    // Each line of text and where it stands, in whole twips from the corner of the body.
+    static QStringList Lugares(const ReportPage &page)
+    {
+        QStringList lugares;
+        for (const ReportPage::Text &texto : page.texts())
+            lugares << u"%1: %2, %3"_s.arg(texto.line)
+                           .arg(qRound(texto.area.left()) - 1000)
+                           .arg(qRound(texto.area.top()) - 3500);
+        return lugares;
+    }
+    static double Passo() { return FontMeasure(standardReportFont()).spacing(); }
+
     static QImage Folha_Branca(const QImage &como)
     {
         QImage branca(como.size(), como.format());
@@ -269,6 +291,29 @@ private Q_SLOTS:
         QCOMPARE(Texto_Das_Paginas(*Relatorio(faixa)), QStringList{u"Rotulo Maio 13"_s});
         QCOMPARE(Texto_Das_Paginas(*Relatorio(faixa, {{u"rotulo"_s, u"Etikett"_s}, {u"outro"_s, u"x"_s}})),
                  QStringList{u"Etikett Maio 13"_s});
+    }
+
+    // Twenty twips to the point, from either edge.
+    void no_ficheiro_pdf_cada_palavra_esta_no_seu_lugar_da_folha()
+    {
+        if (!Ha_Leitor()) QSKIP("there is no pdftotext");
+        for (const auto &nome : {u"Zita"_s, u"Rui"_s})
+            Juntar(nome, {});
+        const auto pages = Relatorio(u"<detail newpage='yes'><row height='9000'><text left='8000' top='8000' "
+                                     "width='2000' height='300'>{T.Nome}</text></row></detail>"_s);
+        const QString pdf = folder_.filePath(u"lugares.pdf"_s);
+        QCOMPARE(writePdf(*pages, u"x"_s, pdf, [](int, int) { return true; }), PrintResult::Done);
+        QProcess reader;
+        reader.start(u"pdftotext"_s, {u"-bbox"_s, pdf, u"-"_s});
+        QVERIFY(reader.waitForFinished());
+        static const QRegularExpression palavra(u"xMin=\"([\\d.]+)\" yMin=\"([\\d.]+)\"[^>]*>(\\w+)<"_s);
+        QStringList nomes;
+        for (const auto &achada : palavra.globalMatch(QString::fromUtf8(reader.readAllStandardOutput()))) {
+            QVERIFY2(qAbs(achada.captured(1).toDouble() - 450) < 0.15, qPrintable(achada.captured(0)));
+            QVERIFY2(qAbs(achada.captured(2).toDouble() - 575) < 6, qPrintable(achada.captured(0)));
+            nomes << achada.captured(3);
+        }
+        QCOMPARE(nomes, (QStringList{u"Zita"_s, u"Rui"_s}));
     }
 
     void o_ficheiro_pdf_diz_o_seu_titulo()
@@ -526,6 +571,17 @@ private Q_SLOTS:
         const double maior =
             textos[0].area.height() * (textos[0].font.pixelSize() + 10) / textos[0].font.pixelSize();
         QVERIFY(maior * 4 > 740);
+    }
+
+    void uma_letra_encolhe_ate_um_ponto_onde_se_deixa()
+    {
+        Juntar(u"Ana"_s, Linhas(25));
+        const ReportPage page =
+            Relatorio(u"<detail><row height='900'><text width='5000' height='740' least='1'>{T.Obs}</text></row>"
+                      "</detail>"_s)
+                ->page(0);
+        QCOMPARE(page.lines(), Linhas(25).split(u"\r\n"_s));
+        QVERIFY(page.lost.isEmpty() && page.texts().front().font.pixelSize() < 40);
     }
 
     void o_que_nem_na_letra_mais_pequena_cabe_fica_dito()
@@ -943,6 +999,514 @@ private Q_SLOTS:
         const auto pages = Relatorio(uma_linha);
         QCOMPARE(writePdf(*pages, u"x"_s, folder_.filePath(u"nada/r.pdf"_s), [](int, int) { return true; }),
                  PrintResult::Rejected);
+    }
+
+    // A growing text begins below what stands over it in its row and keeps below it what the row has there.
+    void uma_linha_que_cresce_guarda_o_que_tem_por_cima_e_por_baixo_data()
+    {
+        QTest::addColumn<int>("linhas");
+        for (const int linhas : {0, 1, 3, 5})
+            QTest::addRow("%d", linhas) << linhas;
+    }
+    void uma_linha_que_cresce_guarda_o_que_tem_por_cima_e_por_baixo()
+    {
+        QFETCH(const int, linhas);
+        for (int i = 0; i < 2; ++i)
+            Juntar(u"lado"_s, linhas == 0 ? QString() : Linhas(linhas));
+        const auto pages = Relatorio(
+            u"<detail><row height='1000'><text top='100' width='5000' height='300' grow='yes'>{T.Obs}</text>"
+            "<text left='6000' top='50' width='900' height='300'>{T.Nome}</text></row>"
+            "<row height='300'><text left='10' width='5000' height='300'>depois</text></row></detail>"_s);
+        QCOMPARE(pages->count(), 1);
+        QStringList esperados;
+        double topo = 0;
+        for (int registo = 0; registo < 2; ++registo) {
+            for (int i = 0; i < linhas; ++i)
+                esperados << u"linha %1: 0, %2"_s.arg(i + 1).arg(qRound(topo + 100 + i * Passo()));
+            esperados << u"lado: 6000, %1"_s.arg(qRound(topo + 50));
+            topo += std::max(1000.0, 100 + linhas * Passo() + 600);
+            esperados << u"depois: 10, %1"_s.arg(qRound(topo));
+            topo += 300;
+        }
+        QCOMPARE(Lugares(pages->page(0)), esperados);
+    }
+
+    void o_que_continua_na_pagina_seguinte_comeca_no_alto_dela()
+    {
+        Juntar(u"lado"_s, Linhas(60));
+        const auto pages = Relatorio(
+            u"<detail><row height='1000'><text top='100' width='5000' height='300' grow='yes'>{T.Obs}</text>"
+            "<text left='6000' width='900' height='300'>{T.Nome}</text></row>"
+            "<row height='300'><text left='10' width='5000' height='300'>depois</text></row></detail>"_s);
+        QCOMPARE(pages->count(), 2);
+        const int na_primeira = static_cast<int>((10'000 - 100) / Passo());
+        QStringList primeira;
+        for (int i = 0; i < na_primeira; ++i)
+            primeira << u"linha %1: 0, %2"_s.arg(i + 1).arg(qRound(100 + i * Passo()));
+        QCOMPARE(Lugares(pages->page(0)), primeira + QStringList{u"lado: 6000, 0"_s});
+        QStringList segunda;
+        for (int i = na_primeira; i < 60; ++i)
+            segunda << u"linha %1: 0, %2"_s.arg(i + 1).arg(qRound((i - na_primeira) * Passo()));
+        segunda << u"depois: 10, %1"_s.arg(qRound((60 - na_primeira) * Passo() + 600));
+        QCOMPARE(Lugares(pages->page(1)), segunda);
+    }
+
+    // There is room for two lines and a half.
+    void tres_linhas_passam_juntas_e_quatro_separam_se_data()
+    {
+        QTest::addColumn<int>("linhas");
+        QTest::addColumn<int>("ficam");
+        QTest::newRow("two") << 2 << 2;
+        QTest::newRow("three") << 3 << 0;
+        QTest::newRow("four") << 4 << 2;
+    }
+    void tres_linhas_passam_juntas_e_quatro_separam_se()
+    {
+        QFETCH(const int, linhas);
+        QFETCH(const int, ficam);
+        Juntar(u"Ana"_s, Linhas(linhas));
+        const auto pages = Relatorio(
+            u"<detail><row height='%1'><text width='5000' height='300'>{T.Nome}</text></row>"
+            "<row height='300'><text width='5000' height='300' grow='yes'>{T.Obs}</text></row></detail>"_s.arg(
+                qRound(10'000 - 2.5 * Passo())));
+        const QStringList todas = Linhas(linhas).split(u"\r\n"_s);
+        QCOMPARE(pages->page(0).lines(), QStringList{u"Ana"_s} + todas.first(ficam));
+        QCOMPARE(pages->page(1).lines(), todas.sliced(ficam));
+    }
+
+    void onde_nem_uma_linha_tem_lugar_cada_pagina_leva_uma()
+    {
+        Juntar(u"Ana"_s, Linhas(3));
+        const auto pages = Relatorio(
+            u"<paper top='12000' bottom='3640'/><font name='g' size='20'/>"
+            "<detail><row height='200'><text width='9000' height='200' font='g' grow='yes'>{T.Obs}</text></row>"
+            "</detail>"_s);
+        QCOMPARE(pages->definition().bodyHeight(), 200.0);
+        QCOMPARE(pages->count(), 3);
+        for (int page = 0; page < 3; ++page)
+            QCOMPARE(pages->page(page).lines(), QStringList{u"linha %1"_s.arg(page + 1)});
+    }
+
+    // From the beginning of its own band, and only where the row shows.
+    void uma_linha_nao_comeca_antes_do_lugar_que_diz()
+    {
+        Juntar(u"Ana"_s, u"nota"_s);
+        Juntar(u"Rui"_s, {});
+        const auto pages = Relatorio(
+            u"<detail><row height='300' from='1'><text width='5000' height='300'>{T.Nome}</text></row>"
+            "<row height='300' from='2000' closeup='yes'><text width='5000' height='300'>{T.Obs}</text></row>"
+            "<row height='300' from='500'><text width='5000' height='300'>fim</text></row></detail>"_s);
+        QCOMPARE(pages->count(), 1);
+        QCOMPARE(Lugares(pages->page(0)), (QStringList{u"Ana: 0, 1"_s, u"nota: 0, 2000"_s, u"fim: 0, 2300"_s,
+                                                       u"Rui: 0, 2601"_s, u"fim: 0, 3100"_s}));
+    }
+
+    void um_registo_tao_alto_como_a_pagina_comeca_uma()
+    {
+        Juntar(u"Ana"_s, {});
+        const auto pages = Relatorio(
+            u"<reportheader><row height='1000'><text width='5000' height='300'>cabeca</text></row></reportheader>"
+            "<detail><row height='5000'><text width='5000' height='300'>um</text></row>"
+            "<row height='5000'><text width='5000' height='300'>dois</text></row></detail>"_s);
+        QCOMPARE(pages->count(), 2);
+        QCOMPARE(pages->page(0).lines(), QStringList{u"cabeca"_s});
+        QCOMPARE(Lugares(pages->page(1)), (QStringList{u"um: 0, 0"_s, u"dois: 0, 5000"_s}));
+    }
+
+    // With a height of its own the band takes more than its rows; where all of them close up, that is all.
+    void uma_faixa_e_pelo_menos_tao_alta_como_diz()
+    {
+        for (int i = 0; i < 5; ++i)
+            Juntar(u"%1"_s.arg(i), {});
+        const auto pages = Relatorio(
+            u"<detail height='2500'><row height='300'><text width='5000' height='300'>{T.Nome}</text></row>"
+            "</detail>"_s);
+        QCOMPARE(pages->count(), 2);
+        QCOMPARE(Lugares(pages->page(0)),
+                 (QStringList{u"0: 0, 0"_s, u"1: 0, 2500"_s, u"2: 0, 5000"_s, u"3: 0, 7500"_s}));
+    }
+
+    // At the head of its record it is what the record begins with.
+    void um_traco_que_comeca_o_registo_passa_com_ele()
+    {
+        Juntar(u"Ana"_s, {});
+        const auto pages =
+            Relatorio(u"<reportheader><row height='8000'/></reportheader>"
+                      "<detail><row height='3000'><line width='500'/></row><row height='9000'>"
+                      "<text width='5000' height='300'>{T.Nome}</text></row></detail>"_s);
+        QVERIFY(pages->page(0).items.empty());
+        QCOMPARE(pages->page(1).items.size(), 1U);
+        QVERIFY(std::holds_alternative<ReportPage::Stroke>(pages->page(1).items[0].what));
+    }
+
+    void o_que_se_repete_em_cada_pagina_tem_as_suas_linhas_umas_sob_as_outras()
+    {
+        Juntar(u"Ana"_s, {});
+        Juntar(u"Rui"_s, {});
+        const QString duas = u"<row height='200'><text width='5000' height='300'>%1 {T.Nome}</text></row>"
+                             "<row height='300'><text left='20' width='5000' height='300'>%1 2</text></row>"_s;
+        const auto pages = Relatorio(u"<pageheader height='500'>"_s + duas.arg(u"cima"_s) +
+                                     u"</pageheader><detail newpage='yes'><row height='300'>"
+                                     "<text width='5000' height='300'>{T.Nome}</text></row></detail>"
+                                     "<pagefooter height='500'>"_s + duas.arg(u"baixo"_s) + u"</pagefooter>"_s);
+        QCOMPARE(pages->count(), 2);
+        for (const auto &[page, nome] : {std::pair{0, u"Ana"_s}, {1, u"Rui"_s}})
+            QCOMPARE(Lugares(pages->page(page)),
+                     (QStringList{u"cima %1: 0, -500"_s.arg(nome), u"cima 2: 20, -300"_s, nome + u": 0, 0"_s,
+                                  u"baixo %1: 0, 10000"_s.arg(nome), u"baixo 2: 20, 10200"_s}));
+    }
+
+    void cada_texto_fica_a_esquerda_ao_meio_ou_a_direita()
+    {
+        Juntar(u"Ana"_s, {});
+        const auto textos =
+            Relatorio(u"<detail><row height='900'><text left='100' width='5000' height='300'>{T.Nome}</text>"
+                      "<text left='100' top='300' width='5000' height='300' align='centre'>{T.Nome}</text>"
+                      "<text left='100' top='600' width='5000' height='300' align='right'>{T.Nome}</text></row>"
+                      "</detail>"_s)
+                ->page(0)
+                .texts();
+        QCOMPARE(textos.size(), 3U);
+        FontMeasure medida(standardReportFont());
+        const double largura = medida.advance(u"Ana"_s);
+        for (std::size_t i = 0; i < 3; ++i) {
+            QCOMPARE(textos[i].area.left(), 1100 + (5000 - largura) / 2 * static_cast<double>(i));
+            QCOMPARE(textos[i].area.width(), largura);
+            QCOMPARE(textos[i].area.height(), medida.spacing());
+            QCOMPARE(textos[i].baseline, 3500 + 300 * static_cast<double>(i) + medida.ascent());
+        }
+    }
+
+    // Between the margins, or 850 twips from the edges where that is less.
+    void um_aviso_comprido_enche_a_largura_entre_as_margens_data()
+    {
+        QTest::addColumn<QString>("papel");
+        QTest::addColumn<double>("esquerda");
+        QTest::addColumn<double>("largura");
+        QTest::newRow("without margins") << u"<paper top='1500'/>"_s << 850.0 << 11'900.0 - 1700;
+        QTest::newRow("with wide ones") << u"<paper left='1000' top='1500' right='3000'/>"_s << 1000.0
+                                        << 11'900.0 - 4000;
+        QTest::newRow("with one narrow one") << u"<paper left='2000' top='1500' right='400'/>"_s << 2000.0
+                                             << 11'900.0 - 2000 - 850;
+    }
+    void um_aviso_comprido_enche_a_largura_entre_as_margens()
+    {
+        QFETCH(const QString, papel);
+        QFETCH(const double, esquerda);
+        QFETCH(const double, largura);
+        const auto como = Relatorio(papel + uma_linha +
+                                    u"<reportfooter><row height='300'><text width='5000' height='300'>fim</text>"
+                                    "</row></reportfooter>"_s);
+        const QString aviso = u"nada de nada "_s.repeated(15).trimmed();
+        ReportPages pages(como->definition(), como->data(), {}, QDate(2027, 2, 1), aviso);
+        QCOMPARE(pages.count(), 1);
+        auto textos = pages.page(0).texts();
+        const auto fim = textos.back();
+        textos.pop_back();
+        FontMeasure medida(standardReportFont());
+        QStringList linhas;
+        for (const auto &texto : textos) {
+            const QString e_mais = u' ' + texto.line.section(u' ', 0, 0);
+            QVERIFY(linhas.isEmpty() || medida.advance(linhas.last() + e_mais) > largura);
+            QVERIFY(texto.area.width() <= largura);
+            QCOMPARE(texto.area.left(), esquerda);
+            linhas << texto.line;
+        }
+        QCOMPARE(linhas.join(u' '), aviso);
+        QCOMPARE(fim.area.top(), textos.front().area.top() + 1200);
+        for (const ReportPage::Item &item : pages.page(0).items)
+            QVERIFY(!item.screenOnly);
+    }
+
+    void um_registo_que_continua_esta_na_pagina_em_que_comecou()
+    {
+        Juntar(u"Ana"_s, Linhas(100));
+        Juntar(u"Rui"_s, {});
+        const QString cresce = u"<detail><row height='300'><text width='9000' height='300' grow='yes'>{T.Obs}</text>"
+                               "</row><row height='%1'><text width='900' height='300'>{T.Nome}</text></row></detail>"_s;
+        const auto por_linhas = Relatorio(cresce.arg(300));
+        QCOMPARE(por_linhas->pageOf(1), 2);
+        QCOMPARE(por_linhas->pageOf(0), 0);
+        const auto por_tamanho = Relatorio(
+            u"<detail><row height='6000'><text width='900' height='300'>{T.Nome}</text></row>"
+            "<row height='6000'/></detail>"_s);
+        QCOMPARE(por_tamanho->pageOf(1), 2);
+        QCOMPARE(por_tamanho->pageOf(0), 0);
+        QCOMPARE(por_tamanho->page(2).lines(), QStringList{u"Rui"_s});
+    }
+
+    void so_se_acham_as_paginas_ate_ao_registo_que_se_quer()
+    {
+        Juntar_Muitos(100);
+        const auto pages = Relatorio(uma_linha);
+        QCOMPARE(pages->pageOf(34), 3);
+        QCOMPARE(pages->found(), 4);
+        QCOMPARE(pages->page(6).lines().first(), u"Nome 61"_s);
+        QCOMPARE(pages->found(), 7);
+        QVERIFY(!pages->complete());
+    }
+
+    void so_os_textos_com_campos_sao_colunas_e_a_cabeca_pode_ter_um_campo()
+    {
+        Juntar(u"Ana"_s, u"nota"_s, u"a.png"_s);
+        Juntar(u"Rui"_s, {});
+        const ReportRows rows = Relatorio(u"<detail><row height='300'><text head='De {T.Nome}'>{T.Nome}</text>"
+                                          "<text>fixo</text><picture>{T.Foto}</picture><line/></row></detail>"_s)
+                                    ->rows();
+        QCOMPARE(rows.heads, QStringList{u"De Ana"_s});
+        QCOMPARE(rows.records, (std::vector<std::vector<QString>>{{u"Ana"_s}, {u"Rui"_s}}));
+    }
+
+    // At three hundred dots to the inch, as printers have them.
+    void uma_fotografia_vai_para_o_ficheiro_so_com_os_pontos_que_se_imprimem_data()
+    {
+        QTest::addColumn<QSize>("fotografia");
+        QTest::addColumn<QSize>("pontos");
+        QTest::newRow("larger") << QSize(1200, 900) << QSize(300, 225);
+        QTest::newRow("too wide alone") << QSize(600, 150) << QSize(300, 75);
+        QTest::newRow("too high alone") << QSize(150, 600) << QSize(75, 300);
+        QTest::newRow("as large") << QSize(300, 300) << QSize(300, 300);
+        QTest::newRow("smaller") << QSize(120, 90) << QSize(120, 90);
+        QTest::newRow("a stroke of one dot") << QSize(1200, 1) << QSize(300, 1);
+        QTest::newRow("an upright one") << QSize(1, 1200) << QSize(1, 300);
+    }
+    void uma_fotografia_vai_para_o_ficheiro_so_com_os_pontos_que_se_imprimem()
+    {
+        QFETCH(const QSize, fotografia);
+        QFETCH(const QSize, pontos);
+        Guardar_Foto(fotografia.width(), fotografia.height());
+        Juntar(u"Ana"_s, {}, u"foto.png"_s);
+        const auto pages = Relatorio(u"<detail><row height='3000'><picture width='1440' height='1440'>"
+                                     "{T.Foto}</picture></row></detail>"_s);
+        QVERIFY(Tem_No_Pdf(*pages, pontos.width(), pontos.height()));
+    }
+
+    // Fifteen twips to each of its dots, unless the place is smaller.
+    void uma_fotografia_ocupa_o_seu_tamanho_no_ecra_ou_o_lugar_que_ha_data()
+    {
+        QTest::addColumn<QSize>("fotografia");
+        QTest::addColumn<QSize>("ocupa"); // in twips, of 2000 by 2000
+        QTest::newRow("small") << QSize(40, 20) << QSize(600, 300);
+        QTest::newRow("too wide alone") << QSize(200, 100) << QSize(2000, 1000);
+        QTest::newRow("too high alone") << QSize(100, 200) << QSize(1000, 2000);
+        QTest::newRow("too large") << QSize(400, 400) << QSize(2000, 2000);
+    }
+    void uma_fotografia_ocupa_o_seu_tamanho_no_ecra_ou_o_lugar_que_ha()
+    {
+        QFETCH(const QSize, fotografia);
+        QFETCH(const QSize, ocupa);
+        Guardar_Foto(fotografia.width(), fotografia.height());
+        Juntar(u"Ana"_s, {}, u"foto.png"_s);
+        const auto pages = Relatorio(
+            u"<detail><row height='3000'><picture width='2000' height='2000'>{T.Foto}</picture></row></detail>"_s);
+        const QImage folha = Pintar(*pages, 0, ReportPages::OnPaper);
+        QRect vermelho;
+        for (int y = 0; y < folha.height(); ++y)
+            for (int x = 0; x < folha.width(); ++x)
+                if (folha.pixelColor(x, y) == QColor(Qt::red)) vermelho |= QRect(x, y, 1, 1);
+        QCOMPARE(vermelho, QRect(QPoint(150 - ocupa.width() / 20, 175), ocupa / 20)); // at the top right
+    }
+
+    void o_que_se_pinta_tem_a_sua_cor_e_deixa_o_pintor_como_estava()
+    {
+        Juntar(u"Ana"_s, {});
+        const auto pages = Relatorio(
+            u"<font name='g' size='60' colour='#00ff00'/><detail><row height='4000'>"
+            "<line top='200' width='4000' thickness='200' colour='#ff0000'/>"
+            "<box top='1000' width='2000' height='1000' thickness='100' colour='#0000ff'/>"
+            "<text top='2400' left='3000' width='5000' height='1600' font='g'>\u2588\u2588</text></row></detail>"_s);
+        constexpr double escala = 0.05;
+        QImage folha((pages->paper() * escala).toSize(), QImage::Format_RGB32);
+        folha.fill(Qt::white);
+        QPainter pintor(&folha);
+        pintor.scale(escala, escala);
+        pintor.setBrush(Qt::yellow);
+        pintor.setPen(Qt::cyan);
+        const QFont letra = pintor.font();
+        pages->paint(pintor, 0, ReportPages::OnPaper);
+        QCOMPARE(pintor.pen().color(), QColor(Qt::cyan));
+        QCOMPARE(pintor.brush().color(), QColor(Qt::yellow));
+        QCOMPARE(pintor.font(), letra);
+        pintor.end();
+        QCOMPARE(folha.pixelColor(100, 185), QColor(Qt::red));
+        QCOMPARE(folha.pixelColor(50, 250), QColor(Qt::blue));  // the left side of the frame
+        QCOMPARE(folha.pixelColor(100, 250), QColor(Qt::white)); // and nothing within
+        int verdes = 0;
+        for (int y = 290; y < 380; ++y)
+            for (int x = 200; x < 320; ++x)
+                if (folha.pixelColor(x, y) == QColor(Qt::green)) ++verdes;
+        QVERIFY(verdes > 100);
+    }
+
+    void cada_texto_pinta_se_com_a_sua_letra()
+    {
+        Juntar(u"Ana"_s, {});
+        const auto alturas = [&](const QString &letras) { // of what is painted in either half of the sheet
+            const auto pages = Relatorio(u"<font name='g' size='40'/><detail><row height='2000'>"_s + letras +
+                                         u"</row></detail>"_s);
+            const QImage folha = Pintar(*pages, 0, ReportPages::OnPaper);
+            std::array<int, 2> vistas{};
+            for (std::size_t lado = 0; lado < 2; ++lado)
+                for (int y = 0; y < folha.height(); ++y)
+                    for (int x = 0; x < folha.width() / 2; ++x)
+                        if (qGray(folha.pixel(x + static_cast<int>(lado) * folha.width() / 2, y)) < 200) {
+                            ++vistas[lado];
+                            break;
+                        }
+            return vistas;
+        };
+        const QString grande = u"<text left='%1' width='4000' height='1000' font='g'>H</text>"_s;
+        const QString pequena = u"<text left='%1' width='4000' height='1000'>H</text>"_s;
+        const auto primeiro = alturas(grande.arg(0) + pequena.arg(5500));
+        const auto depois = alturas(pequena.arg(5500) + grande.arg(0));
+        QCOMPARE(depois, primeiro);
+        QVERIFY(primeiro[0] > 3 * primeiro[1] && primeiro[1] > 0);
+    }
+
+    void os_sinais_que_nao_se_veem_sao_espacos_e_os_outros_ficam()
+    {
+        Juntar(u"a\tb\x1f" "c d"_s, {});
+        QCOMPARE(Relatorio(uma_linha)->page(0).lines(), QStringList{u"a b c d"_s});
+    }
+
+    void um_acento_solto_mede_se_com_a_sua_letra()
+    {
+        FontMeasure medida(standardReportFont());
+        const QFontMetricsF letra(standardReportFont());
+        for (const QString &texto :
+             {u"e\u0300a"_s, u"\u0301"_s, u"и\u0306"_s, u"Ж\u0483"_s, u"王小"_s, u"a\u0530"_s})
+            QCOMPARE(medida.advance(texto), letra.horizontalAdvance(texto));
+        QCOMPARE(medida.advance({}), 0.0);
+    }
+
+    // To its last twip.
+    void o_que_cabe_na_largura_fica_numa_linha_inteira()
+    {
+        FontMeasure medida(standardReportFont());
+        const QString texto = u"nnnn nnnn"_s;
+        Juntar(texto, texto);
+        const QString faixa = u"<detail><row height='900'><text width='%1' height='300'>{T.Nome}</text>"
+                              "<text width='%1' height='300' grow='yes'>{T.Obs}</text></row></detail>"_s;
+        const QString largura = QString::number(medida.advance(texto), 'g', 17);
+        QCOMPARE(Relatorio(faixa.arg(largura))->page(0).lines(), (QStringList{texto, texto}));
+        const QString menos = QString::number(medida.advance(texto) - 1, 'g', 17);
+        const QStringList partido = Relatorio(faixa.arg(menos))->page(0).lines();
+        QVERIFY(partido.value(0).endsWith(u'…'));
+        QCOMPARE(partido.sliced(1), (QStringList{u"nnnn"_s, u"nnnn"_s}));
+    }
+
+    void um_texto_baixo_tem_uma_linha_e_um_de_duas_tem_duas()
+    {
+        Juntar(u"um\ndois"_s, {});
+        const auto com = [&](double altura) {
+            return Relatorio(u"<detail><row height='900'><text width='5000' height='%1'>{T.Nome}</text></row>"
+                             "</detail>"_s.arg(altura, 0, 'g', 17))
+                ->page(0)
+                .lines();
+        };
+        QCOMPARE(com(2 * Passo() - 1), QStringList{u"um dois"_s});
+        QCOMPARE(com(2 * Passo()), (QStringList{u"um"_s, u"dois"_s}));
+        QCOMPARE(com(10), QStringList{u"um dois"_s}); // too low for any
+    }
+
+    // However little stands before it.
+    void o_que_comeca_uma_pagina_comeca_a_sempre_data()
+    {
+        QTest::addColumn<QString>("antes");
+        QTest::addColumn<int>("paginas");
+        QTest::newRow("nothing") << QString() << 3;
+        QTest::newRow("one twip") << u"<reportheader height='1'/>"_s << 4;
+    }
+    void o_que_comeca_uma_pagina_comeca_a_sempre()
+    {
+        QFETCH(const QString, antes);
+        Juntar_Muitos(3);
+        QTEST(Relatorio(antes + u"<detail newpage='yes' height='1'/>"_s)->count(), "paginas");
+    }
+
+    void a_cabeca_da_continuacao_esta_tambem_sobre_a_segunda_linha_de_um_registo()
+    {
+        Juntar(u"Ana"_s, Linhas(5));
+        const QString continua =
+            u"<continued><row height='600'><text width='5000' height='300'>({T.Nome})</text></row></continued>"_s;
+        const auto por_tamanho =
+            Relatorio(continua + u"<detail><row height='6000'/><row height='6000'><text width='5000' height='300'>x"
+                                 "</text></row></detail>"_s);
+        QCOMPARE(por_tamanho->page(1).lines(), (QStringList{u"(Ana)"_s, u"x"_s}));
+        const auto por_linhas =
+            Relatorio(continua + u"<reportheader height='%1'/><detail><row height='300'><text width='5000' "
+                                 "height='300' grow='yes'>{T.Obs}</text></row></detail>"_s.arg(
+                                     qRound(10'000 - 1.5 * Passo())));
+        QCOMPARE(por_linhas->page(0).lines(), QStringList{u"linha 1"_s});
+        QCOMPARE(por_linhas->page(1).lines(),
+                 QStringList{u"(Ana)"_s} + Linhas(5).split(u"\r\n"_s).sliced(1));
+        QCOMPARE(por_linhas->pageOf(0), 0);
+    }
+
+    void duas_colunas_estao_lado_a_lado()
+    {
+        Juntar_Muitos(3);
+        const QString duas = u"<detail columns='2' width='3000' height='%1' first='rotulo'><row height='300'>"
+                             "<text width='2000' height='300'>{T.Nome}</text></row></detail>"_s;
+        QCOMPARE(Lugares(Relatorio(duas.arg(4000))->page(0)),
+                 (QStringList{u"Nome 1: 0, 0"_s, u"Nome 2: 3000, 0"_s, u"Nome 3: 0, 4000"_s}));
+        // Where none has room, none is left free either.
+        QCOMPARE(Lugares(Relatorio(duas.arg(11'000), {{u"rotulo"_s, u"2"_s}})->page(0)).first(), u"Nome 1: 0, 0"_s);
+    }
+
+    void um_texto_vazio_que_cresce_toma_so_a_altura_da_sua_linha()
+    {
+        Juntar(u"Ana"_s, {});
+        QCOMPARE(Lugares(Relatorio(u"<detail><row height='100'><text width='5000' height='100' grow='yes'>{T.Obs}"
+                                   "</text></row><row height='300'><text width='5000' height='300'>fim</text></row>"
+                                   "</detail>"_s)
+                             ->page(0)),
+                 QStringList{u"fim: 0, 100"_s});
+    }
+
+    // Below its own head, which is a hundred twips high.
+    void um_texto_que_cresce_so_comeca_onde_tem_uma_linha_data()
+    {
+        QTest::addColumn<double>("resta");
+        QTest::addColumn<int>("ficam");
+        QTest::newRow("less than its head") << 50.0 << 0;
+        QTest::newRow("its head alone") << 100.0 << 0;
+        QTest::newRow("all but a line") << 99 + Passo() << 0;
+        QTest::newRow("a line") << 100 + Passo() << 1;
+        QTest::newRow("two") << 100 + 2 * Passo() << 2;
+    }
+    void um_texto_que_cresce_so_comeca_onde_tem_uma_linha()
+    {
+        QFETCH(const double, resta);
+        QFETCH(const int, ficam);
+        Juntar(u"Ana"_s, Linhas(5));
+        const auto pages = Relatorio(
+            u"<detail><row height='%1'><text width='5000' height='300'>{T.Nome}</text></row>"
+            "<row height='400'><text top='100' width='5000' height='300' grow='yes'>{T.Obs}</text></row></detail>"_s
+                .arg(10'000 - resta, 0, 'g', 17));
+        const QStringList todas = Linhas(5).split(u"\r\n"_s);
+        QCOMPARE(pages->page(0).lines(), QStringList{u"Ana"_s} + todas.first(ficam));
+        QCOMPARE(pages->page(1).lines(), todas.sliced(ficam));
+    }
+
+    // With what stands above and below the text that grows: five lines, a hundred twips and six hundred.
+    void um_registo_que_fica_junto_precisa_de_tudo_o_que_a_sua_linha_tem_data()
+    {
+        QTest::addColumn<int>("a_mais");
+        QTest::addColumn<int>("pagina");
+        QTest::newRow("room for all") << 0 << 0;
+        QTest::newRow("one twip less") << 1 << 1;
+    }
+    void um_registo_que_fica_junto_precisa_de_tudo_o_que_a_sua_linha_tem()
+    {
+        QFETCH(const int, a_mais);
+        QFETCH(const int, pagina);
+        Juntar(u"Ana"_s, Linhas(5));
+        const auto pages = Relatorio(
+            u"<reportheader height='%1'/><detail together='yes'><row height='1000'>"
+            "<text top='100' width='5000' height='300' grow='yes'>{T.Obs}</text></row></detail>"_s.arg(
+                qFloor(10'000 - 700 - 5 * Passo()) + a_mais));
+        QCOMPARE(pages->page(pagina).lines(), Linhas(5).split(u"\r\n"_s));
     }
 };
 

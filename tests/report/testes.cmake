@@ -7,6 +7,7 @@ foreach(teste IN ITEMS
     test_ReportPages
     test_ReportPreview
     test_ReportPrinting
+    test_ReportText
     test_ReportWords
     test_SelectionFormula)
     morvex_teste(report/${teste} LIGA report)
