@@ -167,6 +167,7 @@ private Q_SLOTS:
         QCOMPARE(Dito([this] { connection_.Open(); }), u"Connection: The database was not found: "_s + path_);
         Escrever_Ficheiro({});
         QCOMPARE(Dito([this] { connection_.Open(); }), u"Connection: The file is no database: "_s + path_);
+        QCOMPARE(Dito([this] { connection_.OpenCopyInMemory(); }), u"Connection: The file is no database: "_s + path_);
         QCOMPARE(Dito([this] { createDatabase(path_, {}); }), path_ + u": The file exists already: "_s + path_);
         QVERIFY(QFile::remove(path_));
         Criar_Tabela();
