@@ -510,6 +510,7 @@ private Q_SLOTS:
         }
         const int escritas = connection_.written(inserir) - antes;
         QVERIFY2(escritas > 0 && escritas < 100, qPrintable(QString::number(escritas)));
+        QVERIFY(connection_.undone() > 0);
         QCOMPARE(Nomes(u"WHERE Nome LIKE 'nnn%'"_s).size(), escritas);
     }
 
