@@ -4,6 +4,7 @@
 #include "store/Row.h"
 #include "store/NewDatabase.h"
 #include "testlib/DiscoCheio.h"
+#include "testlib/MemoriaPedida.h"
 #include "testlib/Teste.h"
 
 #include <QFile>
@@ -206,6 +207,47 @@ private Q_SLOTS:
         QCOMPARE(Nomes(u"WHERE NULL LIKE ?"_s, {u"%"_s}), QStringList{});
         QCOMPARE(Nomes(u"WHERE NULL NOT LIKE ?"_s, {u"Z"_s}), QStringList{});
         QCOMPARE(Nomes(u"WHERE Nome NOT LIKE ?"_s, {StoreValue()}), QStringList{});
+    }
+
+    void cada_valor_vai_como_o_que_e_e_nenhum_fica_para_a_vez_seguinte()
+    {
+        Criar_Tabela();
+        const QString sql = u"SELECT ? AS a, typeof(?) AS b"_s;
+        const auto linha = [&](const StoreValue &um, const StoreValue &outro) {
+            return connection_.query(sql, {um, outro}).Row();
+        };
+        QCOMPARE(linha(1.5, 2.5), QStringList({u"1.5"_s, u"real"_s}));
+        QCOMPARE(linha(StoreValue(), StoreValue()), QStringList({u"<Null>"_s, u"null"_s}));
+        QCOMPARE(linha(qint64{7}, u"x"_s), QStringList({u"7"_s, u"text"_s}));
+        QCOMPARE(linha(QByteArray("b"), QByteArray("b")), QStringList({u"b"_s, u"blob"_s}));
+    }
+
+    void o_que_uma_escrita_levou_nao_fica_em_memoria()
+    {
+        constexpr std::size_t uma = 100'000;
+        Criar_Tabela();
+        const QString texto(qsizetype{uma}, u'x');
+        const memoria::Medida medida;
+        for (int i = 0; i < 200; ++i)
+            connection_.execute(u"UPDATE T SET Nome=? WHERE ID<0"_s, {texto});
+        const std::size_t mais = medida.Maximo();
+        if (!memoria::Medida::Possivel()) QSKIP("nobody measures here");
+        QVERIFY2(mais < 20 * uma, qPrintable(QString::number(mais)));
+        QVERIFY(memoria::Medida::Tirada(mais, uma / 2));
+    }
+
+    void quem_so_olha_le_e_nao_escreve()
+    {
+        Criar_Tabela();
+        Connection olhar;
+        olhar.setDataSource(path_);
+        olhar.OpenReadOnly();
+        QCOMPARE(olhar.query(u"SELECT * FROM T"_s, {}).RecordCount(), 3);
+        Failure::Kind especie = Failure::Kind::Other;
+        onFailure([&] { olhar.execute(u"DELETE FROM T"_s, {}); },
+                  [&](const Failure &falha) { especie = falha.kind(); });
+        QCOMPARE(especie, Failure::Kind::DatabaseReadOnly);
+        QCOMPARE(Nomes({}).size(), 3);
     }
 
     void delete_com_asterisco_apaga_linhas_inteiras()
