@@ -725,6 +725,19 @@ private Q_SLOTS:
         QCOMPARE(linhas, (QStringList{u"1|Álvaro|Álvaro"_s, u"2|ANDRÉ|ANDRÉ"_s}));
     }
 
+    void os_bytes_de_uma_celula_sao_os_que_la_estao()
+    {
+        Criar_Tabela();
+        connection_.rows(u"SELECT x'620063' AS b, NULL AS n, 'é' AS t, 7 AS i"_s, {}, [](const Row &linha) {
+            QCOMPARE(QByteArray(linha.bytes(0).data(), 3), QByteArray("b\0c", 3));
+            QCOMPARE(linha.bytes(0).size(), 3U);
+            QCOMPARE(linha.field(0).bytes(), QByteArray("b\0c", 3));
+            QVERIFY(linha.bytes(1).empty());
+            QCOMPARE(linha.bytes(2), "é");
+            QCOMPARE(linha.number(3), 7);
+        });
+    }
+
     void so_as_linhas_queridas_passam_pela_ordem_pedida()
     {
         Criar_Tabela();
