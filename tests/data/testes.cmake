@@ -17,6 +17,7 @@ foreach(teste IN ITEMS
     test_Ler_Idioma
     test_Textos
     test_Sementes
+    test_TamanhoGuardado
     test_frmSeleccionarIdioma
     test_Codificar_Email
     test_Codificar_Pass
@@ -32,7 +33,7 @@ endforeach()
 
 morvex_tambem_no_servidor(data FORA
     test_Codificar_Email test_Codificar_Pass test_EncontroDeLinhas test_EstadoMessenger test_Inteiro test_Temporizadores test_Tocar_Som
-    test_Rascunho test_ReadWriteINI test_Relatorio test_ValorLongo # these ask no database
+    test_Rascunho test_ReadWriteINI test_Relatorio test_TamanhoGuardado test_ValorLongo # these ask no database
     test_NovaPorSaber # over a fake server of its own
     test_config_enviado test_criar_bd test_Textos test_Esquema # what is shipped
     test_IndiceDosNomes test_PassosDoEsquema # what a file lacks until it is opened

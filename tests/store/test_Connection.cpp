@@ -4,6 +4,7 @@
 #include "store/Row.h"
 #include "store/NewDatabase.h"
 #include "testlib/DiscoCheio.h"
+#include "testlib/MemoriaPedida.h"
 #include "testlib/Teste.h"
 
 #include <QFile>
@@ -167,6 +168,7 @@ private Q_SLOTS:
         QCOMPARE(Dito([this] { connection_.Open(); }), u"Connection: The database was not found: "_s + path_);
         Escrever_Ficheiro({});
         QCOMPARE(Dito([this] { connection_.Open(); }), u"Connection: The file is no database: "_s + path_);
+        QCOMPARE(Dito([this] { connection_.OpenCopyInMemory(); }), u"Connection: The file is no database: "_s + path_);
         QCOMPARE(Dito([this] { createDatabase(path_, {}); }), path_ + u": The file exists already: "_s + path_);
         QVERIFY(QFile::remove(path_));
         Criar_Tabela();
@@ -205,6 +207,47 @@ private Q_SLOTS:
         QCOMPARE(Nomes(u"WHERE NULL LIKE ?"_s, {u"%"_s}), QStringList{});
         QCOMPARE(Nomes(u"WHERE NULL NOT LIKE ?"_s, {u"Z"_s}), QStringList{});
         QCOMPARE(Nomes(u"WHERE Nome NOT LIKE ?"_s, {StoreValue()}), QStringList{});
+    }
+
+    void cada_valor_vai_como_o_que_e_e_nenhum_fica_para_a_vez_seguinte()
+    {
+        Criar_Tabela();
+        const QString sql = u"SELECT ? AS a, typeof(?) AS b"_s;
+        const auto linha = [&](const StoreValue &um, const StoreValue &outro) {
+            return connection_.query(sql, {um, outro}).Row();
+        };
+        QCOMPARE(linha(1.5, 2.5), QStringList({u"1.5"_s, u"real"_s}));
+        QCOMPARE(linha(StoreValue(), StoreValue()), QStringList({u"<Null>"_s, u"null"_s}));
+        QCOMPARE(linha(qint64{7}, u"x"_s), QStringList({u"7"_s, u"text"_s}));
+        QCOMPARE(linha(QByteArray("b"), QByteArray("b")), QStringList({u"b"_s, u"blob"_s}));
+    }
+
+    void o_que_uma_escrita_levou_nao_fica_em_memoria()
+    {
+        constexpr std::size_t uma = 100'000;
+        Criar_Tabela();
+        const QString texto(qsizetype{uma}, u'x');
+        const memoria::Medida medida;
+        for (int i = 0; i < 200; ++i)
+            connection_.execute(u"UPDATE T SET Nome=? WHERE ID<0"_s, {texto});
+        const std::size_t mais = medida.Maximo();
+        if (!memoria::Medida::Possivel()) QSKIP("nobody measures here");
+        QVERIFY2(mais < 20 * uma, qPrintable(QString::number(mais)));
+        QVERIFY(memoria::Medida::Tirada(mais, uma / 2));
+    }
+
+    void quem_so_olha_le_e_nao_escreve()
+    {
+        Criar_Tabela();
+        Connection olhar;
+        olhar.setDataSource(path_);
+        olhar.OpenReadOnly();
+        QCOMPARE(olhar.query(u"SELECT * FROM T"_s, {}).RecordCount(), 3);
+        Failure::Kind especie = Failure::Kind::Other;
+        onFailure([&] { olhar.execute(u"DELETE FROM T"_s, {}); },
+                  [&](const Failure &falha) { especie = falha.kind(); });
+        QCOMPARE(especie, Failure::Kind::DatabaseReadOnly);
+        QCOMPARE(Nomes({}).size(), 3);
     }
 
     void delete_com_asterisco_apaga_linhas_inteiras()
@@ -509,6 +552,7 @@ private Q_SLOTS:
         }
         const int escritas = connection_.written(inserir) - antes;
         QVERIFY2(escritas > 0 && escritas < 100, qPrintable(QString::number(escritas)));
+        QVERIFY(connection_.undone() > 0);
         QCOMPARE(Nomes(u"WHERE Nome LIKE 'nnn%'"_s).size(), escritas);
     }
 
@@ -679,6 +723,19 @@ private Q_SLOTS:
                                            linha.field(linha.column("Nome")).text();
                          });
         QCOMPARE(linhas, (QStringList{u"1|Álvaro|Álvaro"_s, u"2|ANDRÉ|ANDRÉ"_s}));
+    }
+
+    void os_bytes_de_uma_celula_sao_os_que_la_estao()
+    {
+        Criar_Tabela();
+        connection_.rows(u"SELECT x'620063' AS b, NULL AS n, 'é' AS t, 7 AS i"_s, {}, [](const Row &linha) {
+            QCOMPARE(QByteArray(linha.bytes(0).data(), 3), QByteArray("b\0c", 3));
+            QCOMPARE(linha.bytes(0).size(), 3U);
+            QCOMPARE(linha.field(0).bytes(), QByteArray("b\0c", 3));
+            QVERIFY(linha.bytes(1).empty());
+            QCOMPARE(linha.bytes(2), "é");
+            QCOMPARE(linha.number(3), 7);
+        });
     }
 
     void so_as_linhas_queridas_passam_pela_ordem_pedida()

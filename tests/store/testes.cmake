@@ -18,6 +18,7 @@ foreach(teste IN ITEMS
     test_Recordset
     test_ServerSession
     test_TextRules
+    test_UntouchedSource
     test_Values)
     morvex_teste(store/${teste} LIGA store)
 endforeach()
