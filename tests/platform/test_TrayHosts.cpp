@@ -1,14 +1,11 @@
 // The newer kind of host, on a message bus of the test's own.
 #include "platform/TrayHosts.h"
 
-#include "platform/SessionBus.h"
 #include "testlib/Teste.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QProcess>
-#include <QScopeGuard>
-#include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
 
@@ -69,27 +66,6 @@ private Q_SLOTS:
     {
         daemon_.kill();
         daemon_.waitForFinished();
-    }
-
-    void a_bus_is_there_by_its_address_or_by_its_place_in_the_sessions_folder()
-    {
-        const QByteArray address = qgetenv("DBUS_SESSION_BUS_ADDRESS");
-        const QByteArray folderBefore = qgetenv("XDG_RUNTIME_DIR");
-        const auto back = qScopeGuard([&] {
-            qputenv("DBUS_SESSION_BUS_ADDRESS", address);
-            qputenv("XDG_RUNTIME_DIR", folderBefore);
-        });
-        const QTemporaryDir folder;
-        qputenv("XDG_RUNTIME_DIR", folder.path().toLocal8Bit());
-        QVERIFY(sessionBusIsThere());
-        qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
-        QVERIFY(!sessionBusIsThere());
-        qunsetenv("DBUS_SESSION_BUS_ADDRESS");
-        QVERIFY(!sessionBusIsThere());
-        QVERIFY(QDir(folder.path()).mkdir(u"bus"_s));
-        QVERIFY(sessionBusIsThere());
-        qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
-        QVERIFY(!sessionBusIsThere());
     }
 
     void without_a_watcher_there_is_no_host()
