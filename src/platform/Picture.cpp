@@ -49,7 +49,6 @@ public:
             reader_.setFileName(picture.path_);
         } else {
             buffer_.setData(picture.bytes_);
-            buffer_.open(QIODevice::ReadOnly);
             reader_.setDevice(&buffer_);
         }
         prepare(reader_);

@@ -6,6 +6,7 @@
 #include "controls/ImageButton.h"
 #include "controls/Label.h"
 #include "controls/ModalForm.h"
+#include "controls/Palettes.h"
 #include "controls/PictureLabel.h"
 #include "controls/Scale.h"
 #include "controls/Units.h"
@@ -20,7 +21,9 @@
 #include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QProxyStyle>
+#include <QScopeGuard>
 #include <QTextEdit>
+#include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
@@ -74,6 +77,26 @@ std::pair<int, int> Rows_Of_Letters(QWidget &widget)
 }
 
 QColor Ground(const QWidget &field) { return field.palette().color(QPalette::Base); }
+
+// Somebody whom each event makes fail.
+class Failing : public QObject
+{
+public:
+    template<class Thrown> bool hears(const Thrown &thrown)
+    {
+        fail_ = [thrown] { throw thrown; };
+        QEvent said(QEvent::User);
+        return QCoreApplication::sendEvent(this, &said);
+    }
+    bool event(QEvent *) override
+    {
+        fail_();
+        return false;
+    }
+
+private:
+    std::function<void()> fail_;
+};
 
 // A window whose fields can take the keyboard.
 template<class Field> struct InAWindow {
@@ -455,6 +478,39 @@ private Q_SLOTS:
         QCOMPARE(in.window.focusWidget(), &in.other);
     }
 
+    void what_nobody_caught_is_told_in_a_box_and_the_program_goes_on()
+    {
+        CaixasFalsas boxes;
+        const auto back = qScopeGuard([before = std::exchange(teste::caixas_actuais, &boxes)] {
+            teste::caixas_actuais = before;
+        });
+        Failing somebody;
+        boxes.Espera_Erro(Failure::ItemNotFound);
+        QVERIFY(somebody.hears(Failure(Failure::ItemNotFound, u"x"_s, u"y"_s)));
+        boxes.Espera_Erro(Failure::StoreError);
+        QVERIFY(somebody.hears(std::runtime_error("no room")));
+        QVERIFY(boxes.Todas_Vistas());
+    }
+
+    void that_the_server_went_is_told_in_a_box_only_in_front_of_a_form()
+    {
+        CaixasFalsas boxes;
+        const auto back = qScopeGuard([before = std::exchange(teste::caixas_actuais, &boxes)] {
+            teste::caixas_actuais = before;
+        });
+        const Failure gone(Failure::StoreError, u"x"_s, u"y"_s, Failure::Kind::ServerLost);
+        Failing somebody;
+        QVERIFY(somebody.hears(gone)); // the main window has a line for it
+        QDialog form;
+        form.setModal(true);
+        form.show();
+        boxes.Espera_Erro(Failure::StoreError);
+        QVERIFY(somebody.hears(gone));
+        boxes.Espera_Erro(Failure::ItemNotFound);
+        QVERIFY(somebody.hears(Failure(Failure::ItemNotFound, u"x"_s, u"y"_s)));
+        QVERIFY(boxes.Todas_Vistas());
+    }
+
     void the_program_has_its_name_its_picture_and_goes_on_without_a_window()
     {
         QCOMPARE(QApplication::applicationName(), u"Morvex"_s);
@@ -462,7 +518,10 @@ private Q_SLOTS:
         QVERIFY(!QGuiApplication::quitOnLastWindowClosed());
         QCOMPARE(QApplication::windowIcon().pixmap(32).toImage(),
                  QIcon(u":/imagens/morvex.svg"_s).pixmap(32).toImage());
+        QVERIFY(!QApplication::windowIcon().pixmap(32).isNull());
         QCOMPARE(QApplication::font().pixelSize(), scale::standardLetters);
+        QCOMPARE(qApp->palette().color(QPalette::Link),
+                 lightPalette(qApp->style()->standardPalette()).color(QPalette::Link));
     }
 };
 

@@ -105,6 +105,14 @@ private Q_SLOTS:
         QCOMPARE(pace.limits.check, Pop3Check::Limits{}.check);
     }
 
+    void before_it_watches_there_is_no_mail_and_no_failure()
+    {
+        Watch watch(file());
+        QCOMPARE(watch.mail.NumeroMensagens(), qint16{0});
+        QVERIFY(!watch.mail.TemCorreio());
+        QVERIFY(!watch.mail.Falhou());
+    }
+
     void at_the_first_sight_of_a_mailbox_all_is_new()
     {
         ServidorPop server(mailbox(3));

@@ -107,9 +107,10 @@ private Q_SLOTS:
         QVERIFY(dito.wait());
         Q_EMIT portal.SettingChanged(u"org.gnome.desktop.interface"_s, u"color-scheme"_s, QDBusVariant(1U));
         Q_EMIT portal.SettingChanged(u"org.freedesktop.appearance"_s, u"accent-color"_s, QDBusVariant(1U));
+        QTest::qWait(100);
+        QCOMPARE(dito.size(), 1); // these two settings are not asked for
         Q_EMIT portal.SettingChanged(u"org.freedesktop.appearance"_s, u"color-scheme"_s, QDBusVariant(1U));
         QVERIFY(dito.wait());
-        QCOMPARE(dito.size(), 2); // the other two settings are not asked for
         QCOMPARE(qApp->palette().color(QPalette::Window), darkPalette().color(QPalette::Window));
         Q_EMIT portal.SettingChanged(u"org.freedesktop.appearance"_s, u"color-scheme"_s, QDBusVariant(2U));
         QVERIFY(dito.wait());

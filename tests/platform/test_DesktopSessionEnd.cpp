@@ -2,6 +2,7 @@
 #include "platform/DesktopSessionEnd.h"
 
 #include <csignal>
+#include <QProcess>
 #include <QtTest>
 #include <QWidget>
 #include <sys/wait.h>
@@ -10,6 +11,18 @@
 class TestDesktopSessionEnd : public QObject
 {
     Q_OBJECT
+
+    // The files that are open in this process, or in one that it starts.
+    static QStringList Open_Here()
+    {
+        return QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::Files | QDir::System | QDir::NoDotAndDotDot);
+    }
+    static QByteArray Open_In_A_Child()
+    {
+        QProcess child;
+        child.start(QStringLiteral("ls"), {QStringLiteral("/proc/self/fd")});
+        return child.waitForFinished() ? child.readAllStandardOutput() : QByteArray();
+    }
 
 private Q_SLOTS:
     void each_signal_is_told_by_the_event_loop_data()
@@ -73,6 +86,31 @@ private Q_SLOTS:
             DesktopSessionEnd end;
         }
         QVERIFY(std::signal(SIGTERM, before) == SIG_DFL);
+    }
+
+    void it_takes_no_file_into_the_programs_that_are_started_and_leaves_none_open()
+    {
+        const QStringList here = Open_Here();
+        const QByteArray in_a_child = Open_In_A_Child();
+        QVERIFY(!here.isEmpty() && !in_a_child.isEmpty());
+        {
+            DesktopSessionEnd end;
+            QVERIFY(Open_Here().size() > here.size());
+            QCOMPARE(Open_In_A_Child(), in_a_child);
+        }
+        QCOMPARE(Open_Here(), here);
+    }
+
+    void only_the_request_to_quit_and_only_that_to_the_application_is_told()
+    {
+        DesktopSessionEnd end;
+        QSignalSpy told(&end, &SessionEnd::ending);
+        QObject another;
+        QEvent quit(QEvent::Quit);
+        QCoreApplication::sendEvent(&another, &quit);
+        QEvent other(QEvent::ApplicationFontChange);
+        QCoreApplication::sendEvent(qApp, &other);
+        QCOMPARE(told.count(), 0);
     }
 
     void the_desktops_request_to_quit_is_told_and_closes_no_window()

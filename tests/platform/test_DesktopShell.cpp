@@ -1,6 +1,7 @@
 // What is handed to the desktop: the address as its programs understand it, and the settings of date and
 // time.
 #include "platform/Shell.h"
+#include "testlib/SaidaDesviada.h"
 #include "testlib/Teste.h"
 
 #include <QDesktopServices>
@@ -19,7 +20,7 @@ class TestDesktopShell : public QObject
     {
         QFile ficheiro(pasta.filePath(nome));
         QVERIFY(ficheiro.open(QIODevice::WriteOnly));
-        ficheiro.write("#!/bin/sh\nprintf '%s' \"${0##*/} $*\" > \"${0%/*}/visto.tmp\"\n"
+        ficheiro.write("#!/bin/sh\necho falou\necho falou >&2\nprintf '%s' \"${0##*/} $*\" > \"${0%/*}/visto.tmp\"\n"
                        "/bin/mv \"${0%/*}/visto.tmp\" \"${0%/*}/visto\"\n");
         ficheiro.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
     }
@@ -105,6 +106,23 @@ private Q_SLOTS:
             DesktopShell().openDateAndTimeSettings();
             QTRY_COMPARE(Visto(pasta), programa + u' ' + argumentos);
         }
+    }
+
+    void o_que_o_programa_da_hora_diz_nao_sai_por_este()
+    {
+        const QTemporaryDir pasta;
+        Programa(pasta, u"time-admin"_s);
+        qputenv("PATH", pasta.path().toLocal8Bit());
+        qputenv("XDG_CURRENT_DESKTOP", "XFCE");
+        QByteArray dito;
+        {
+            const SaidaDesviada saida;
+            DesktopShell().openDateAndTimeSettings();
+            [[maybe_unused]] const bool a_tempo = QTest::qWaitFor([&] { return !Visto(pasta).isEmpty(); });
+            dito = saida.Dito();
+        }
+        QCOMPARE(Visto(pasta), u"time-admin "_s);
+        QCOMPARE(dito, QByteArray());
     }
 
     void sem_programa_para_a_hora_nada_acontece()

@@ -6,6 +6,7 @@
 #include <csignal>
 #include <QElapsedTimer>
 #include <QTemporaryDir>
+#include <QThread>
 
 using namespace Qt::StringLiterals;
 
@@ -15,10 +16,11 @@ namespace
 class Maquina
 {
 public:
-    explicit Maquina(const QStringList &players) : path_(qgetenv("PATH"))
+    // The players do that as well, as soon as they start.
+    explicit Maquina(const QStringList &players, const QByteArray &ainda = {}) : path_(qgetenv("PATH"))
     {
         for (const QString &player : players)
-            Escrever_Player(player);
+            Escrever_Player(player, ainda);
         qputenv("PATH", pasta_.path().toLocal8Bit());
     }
     ~Maquina() { qputenv("PATH", path_); }
@@ -51,11 +53,11 @@ public:
     }
 
 private:
-    void Escrever_Player(const QString &nome) const
+    void Escrever_Player(const QString &nome, const QByteArray &ainda) const
     {
         QFile script(pasta_.filePath(nome));
         if (!script.open(QIODevice::WriteOnly)) return;
-        script.write("#!/bin/sh\necho \"${0##*/} $$ $*\" >>\"${0%/*}/notas\"\nexec /bin/sleep 60\n");
+        script.write("#!/bin/sh\n" + ainda + "echo \"${0##*/} $$ $*\" >>\"${0%/*}/notas\"\nexec /bin/sleep 60\n");
         script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
 
@@ -87,6 +89,18 @@ private Q_SLOTS:
         som.play(onda);
         QTRY_COMPARE(m.Partidas().size(), 1);
         QCOMPARE(m.Comando(0), comando + onda);
+    }
+
+    // More than waits unread between two processes, while no event of this one runs.
+    void um_player_que_diz_muito_toca_a_mesma()
+    {
+        const Maquina m({u"aplay"_s}, "/usr/bin/head -c 200000 /dev/zero\n"
+                                      "/usr/bin/head -c 200000 /dev/zero >&2\n");
+        DesktopSound som;
+        som.play(m.Onda(u"um.wav"_s));
+        for (int vez = 0; vez < 300 && m.Partidas().isEmpty(); ++vez)
+            QThread::msleep(10);
+        QCOMPARE(m.Partidas().size(), 1);
     }
 
     void nao_espera_pelo_fim_do_som()

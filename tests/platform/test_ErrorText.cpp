@@ -32,13 +32,37 @@ private Q_SLOTS:
         QCOMPARE(all.removeDuplicates(), 0);
     }
 
+    void a_language_that_is_none_of_the_seven_reads_as_english()
+    {
+        const Failure full(1, {}, {}, DiskFull);
+        for (const QString &language : {u"LatimVA"_s, QString()})
+            QCOMPARE(errorText(full, language).words, errorText(full, u"InglesUK"_s).words);
+    }
+
+    void what_is_to_be_written_is_shown_as_it_is_written_data()
+    {
+        QTest::addColumn<QString>("address");
+        QTest::addColumn<QString>("line");
+        const auto row = [](const char *language, const QString &address, const QString &line) {
+            QTest::newRow(language) << u": postgresql://"_s + address << u": "_s + line;
+        };
+        row("PortuguesPT", u"utilizador@servidor/base"_s, u"servidor:porta:base:utilizador:palavra-passe"_s);
+        row("PortuguesBR", u"usuario@servidor/base"_s, u"servidor:porta:base:usuario:senha"_s);
+        row("InglesUK", u"user@server/database"_s, u"server:port:database:user:password"_s);
+        row("EspanholES", u"usuario@servidor/base"_s, u"servidor:puerto:base:usuario:contraseña"_s);
+        row("ItalianoIT", u"utente@server/database"_s, u"server:porta:database:utente:password"_s);
+        row("FrancesFR", u"utilisateur@serveur/base"_s, u"serveur:port:base:utilisateur:mot-de-passe"_s);
+        row("AlemaoDE", u"benutzer@server/datenbank"_s, u"server:port:datenbank:benutzer:kennwort"_s);
+    }
     void what_is_to_be_written_is_shown_as_it_is_written()
     {
+        QFETCH(const QString, address);
+        QFETCH(const QString, line);
         const auto words = [](Failure::Kind kind) {
-            return errorText(Failure(1, {}, {}, kind), u"AlemaoDE"_s).words;
+            return errorText(Failure(1, {}, {}, kind), QString::fromLatin1(QTest::currentDataTag())).words;
         };
-        QVERIFY(words(AddressBroken).endsWith(u"postgresql://benutzer@server/datenbank"_s));
-        QVERIFY(words(ServerNoPassword).endsWith(u"server:port:datenbank:benutzer:kennwort"_s));
+        QVERIFY2(words(AddressBroken).endsWith(address), qUtf8Printable(words(AddressBroken)));
+        QVERIFY2(words(ServerNoPassword).endsWith(line), qUtf8Printable(words(ServerNoPassword)));
         for (const Failure::Kind kind : {PasswordInAddress, ServerPassword, ServerNoPassword, ServerPasswordFile})
             QVERIFY(words(kind).contains(u"~/.pgpass"_s));
     }
@@ -102,6 +126,7 @@ private Q_SLOTS:
         QTest::newRow("Mexico") << QStringList{u"es-MX"_s} << u"EspanholES"_s;
         QTest::newRow("Switzerland") << QStringList{u"it-CH"_s} << u"ItalianoIT"_s;
         QTest::newRow("the second wish") << QStringList{u"pl-PL"_s, u"de-DE"_s} << u"AlemaoDE"_s;
+        QTest::newRow("English rather than German") << QStringList{u"en-GB"_s, u"de-DE"_s} << u"InglesUK"_s;
         QTest::newRow("a language with a like code") << QStringList{u"est-EE"_s} << u"InglesUK"_s;
         QTest::newRow("none") << QStringList{u"C"_s} << u"InglesUK"_s;
     }

@@ -48,6 +48,7 @@ private Q_SLOTS:
         QTest::newRow("double quotes") << QByteArray("[s]\r\nk=\" v \"\r\n") << u" v "_s;
         QTest::newRow("single quotes") << QByteArray("[s]\r\nk='v'\r\n") << u"v"_s;
         QTest::newRow("one pair of quotes only") << QByteArray("[s]\r\nk=\"\"v\"\"\r\n") << u"\"v\""_s;
+        QTest::newRow("nothing in quotes") << QByteArray("[s]\r\nk=\"\"\r\n") << u""_s;
         QTest::newRow("quotes that do not match") << QByteArray("[s]\r\nk=\"v'\r\n") << u"\"v'"_s;
         QTest::newRow("one quote alone") << QByteArray("[s]\r\nk=\"\r\n") << u"\""_s;
         QTest::newRow("equals sign in the value") << QByteArray("[s]\r\nk=a=b\r\n") << u"a=b"_s;

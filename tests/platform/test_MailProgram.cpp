@@ -1,5 +1,6 @@
 // The user's mail program: what of a desktop entry is started, and how it is found.
 #include "platform/MailProgram.h"
+#include "testlib/SaidaDesviada.h"
 #include "testlib/Teste.h"
 
 #include <QTemporaryDir>
@@ -38,7 +39,7 @@ struct Desktop {
     // The entry's program writes down what it was started with.
     void addEntry(const QString &name)
     {
-        writeProgram(folder.filePath(u"letters"_s), "printf '%s|' \"$@\" > '" + seenFile().toUtf8() +
+        writeProgram(folder.filePath(u"letters"_s), "echo spoke\necho spoke >&2\nprintf '%s|' \"$@\" > '" + seenFile().toUtf8() +
                                                         ".tmp'\n/bin/mv '" + seenFile().toUtf8() + ".tmp' '" +
                                                         seenFile().toUtf8() + "'\n");
         write(folder.filePath(u"applications/"_s + name),
@@ -84,6 +85,8 @@ private Q_SLOTS:
             {u"/opt/my letters/run"_s, u"a \"b\" $c"_s});
         row("percent", head + "Exec=letters 100%% %u\n", {u"letters"_s, u"100%"_s});
         row("spaces and line ends", "[Desktop Entry]\r\nExec = letters  %u \r\n", {u"letters"_s});
+        row("before any section", "Exec=letters\n", {});
+        row("a word alone", head + "Exec=letters\nExec\n# Exec\n", {u"letters"_s});
         row("actions come after",
             head + "Exec=letters %u\n[Desktop Action compose]\nExec=letters -compose\nName=Write\n",
             {u"letters"_s});
@@ -116,6 +119,22 @@ private Q_SLOTS:
                      "[ \"$*\" = 'query default x-scheme-handler/mailto' ] && echo letters.desktop\n");
         startMailProgram();
         QTRY_COMPARE(desktop.seen(), QByteArray("--quiet|"));
+    }
+
+    void what_the_mail_program_says_does_not_come_out_of_this_one()
+    {
+        Desktop desktop;
+        desktop.addEntry(u"letters.desktop"_s);
+        writeProgram(desktop.folder.filePath(u"xdg-mime"_s), "echo letters.desktop\n");
+        QByteArray said;
+        {
+            const SaidaDesviada outputs;
+            startMailProgram();
+            [[maybe_unused]] const bool inTime = QTest::qWaitFor([&] { return !desktop.seen().isEmpty(); });
+            said = outputs.Dito();
+        }
+        QCOMPARE(desktop.seen(), QByteArray("--quiet|"));
+        QCOMPARE(said, QByteArray());
     }
 
     void a_desktop_that_takes_its_time_is_not_waited_for()

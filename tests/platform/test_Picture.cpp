@@ -1,6 +1,7 @@
 // Picture files: their natural size, their points, and files that are none.
 #include "platform/Picture.h"
 #include "testlib/FalhaDita.h"
+#include "testlib/MemoriaPedida.h"
 #include "testlib/Teste.h"
 
 #include <QFile>
@@ -121,6 +122,22 @@ private Q_SLOTS:
         const QImage shown = picture.image(pedido);
         QCOMPARE(shown.size(), pedido);
         QCOMPARE(shown.pixelColor(pedido.width() / 2, pedido.height() / 2), QColor(Qt::white));
+        QVERIFY(QFile::remove(path));
+    }
+
+    // All its points would take 192 MB.
+    void uma_fotografia_muito_grande_mostra_se_pequena_sem_se_desdobrar_toda()
+    {
+        if (!memoria::Medida::Possivel()) QSKIP("nobody measures memory here");
+        QImage image(8000, 6000, QImage::Format_RGB888);
+        image.fill(Qt::white);
+        const QString path = folder_.filePath(u"enorme.jpg"_s);
+        QVERIFY(image.save(path, "JPG"));
+        image = {};
+        const Picture picture(path);
+        const memoria::Medida medida;
+        QCOMPARE(picture.image({80, 60}).size(), QSize(80, 60));
+        QVERIFY2(medida.Maximo() < 40'000'000, qPrintable(QString::number(medida.Maximo())));
         QVERIFY(QFile::remove(path));
     }
 

@@ -117,6 +117,17 @@ private Q_SLOTS:
         QCOMPARE(Ler(Em(u"opt/config.ini"_s)), "[shipped]\r\n");
     }
 
+    // Where a filling is cut short, the settings are what it lacks.
+    void o_config_ini_vem_depois_de_todos_os_outros()
+    {
+        Escrever(Em(u"share/zona.dat"_s), QByteArray(30'000'000, 'x'));
+        Escrever(Em(u"share/config.ini"_s), "[shipped]\r\n"); // some systems give a copy the time of its original
+        const ProgramFolder folder(A_Volta(u"opt"_s));
+        const auto quando = [this](const QString &name) { return QFileInfo(Em(name)).lastModified(); };
+        QVERIFY(quando(u"opt/config.ini"_s) >= quando(u"opt/zona.dat"_s));
+        QCOMPARE(QFileInfo(Em(u"opt/zona.dat"_s)).size(), 30'000'000);
+    }
+
     void uma_pasta_com_config_ini_nao_se_volta_a_encher()
     {
         Escrever(Em(u"opt/config.ini"_s), "[mine]\r\n");

@@ -102,11 +102,14 @@ public:
         if (asked == u"PurpleAccountsGetAllActive"_s || asked == u"PurpleFindBuddies"_s)
             answer = QVariant::fromValue(QList<int>{1});
         if (asked == u"PurpleBuddyGetName"_s) answer = bea;
-        if (asked == u"PurpleStatusTypeGetPrimitive"_s) answer = 99;
+        if (asked == u"PurpleStatusTypeGetPrimitive"_s) answer = primitive.load();
+        if (asked == u"PurplePresenceIsIdle"_s) answer = idle.load();
         return bus.send(message.createReply(answer));
     }
 
     QString refuses; // a question
+    std::atomic<int> primitive = 99;
+    std::atomic<int> idle = 1;
     std::atomic<int> questions = 0;
 
 private:
@@ -279,6 +282,45 @@ private Q_SLOTS:
         QCOMPARE(contacts.size(), 1);
         QCOMPARE(contacts.constFirst().address, bea);
         QCOMPARE(contacts.constFirst().status, int{MessengerAPI::Unknown});
+    }
+
+    void each_kind_of_presence_is_one_of_ours_data()
+    {
+        using enum MessengerAPI::Status;
+        QTest::addColumn<int>("primitive");
+        QTest::addColumn<int>("status");
+        QTest::addColumn<int>("whenIdle");
+        QTest::newRow("unset") << 0 << int{Unknown} << int{Unknown};
+        QTest::newRow("offline") << 1 << int{Offline} << int{Offline};
+        QTest::newRow("available") << 2 << int{Online} << int{Idle};
+        QTest::newRow("unavailable") << 3 << int{Busy} << int{Busy};
+        QTest::newRow("invisible") << 4 << int{Offline} << int{Offline};
+        QTest::newRow("away") << 5 << int{Away} << int{Away};
+        QTest::newRow("away for long") << 6 << int{Away} << int{Away};
+        QTest::newRow("mobile") << 7 << int{Online} << int{Idle};
+        QTest::newRow("tune") << 8 << int{Unknown} << int{Unknown};
+    }
+    void each_kind_of_presence_is_one_of_ours()
+    {
+        QFETCH(const int, primitive);
+        QFETCH(const int, status);
+        QFETCH(const int, whenIdle);
+        OddClient client(ana_->Perguntar("bus"));
+        QVERIFY(client.stands());
+        client.primitive = primitive;
+        PurpleMessenger messenger;
+        QCOMPARE(messenger.status(bea), std::optional<int>(whenIdle));
+        client.idle = 0;
+        QCOMPARE(messenger.status(bea), std::optional<int>(status));
+    }
+
+    void a_client_that_comes_after_it_was_missed_is_asked_at_once()
+    {
+        PurpleMessenger messenger;
+        QVERIFY(!messenger.status(bea));
+        const OddClient client(ana_->Perguntar("bus"));
+        QVERIFY(client.stands());
+        QVERIFY(messenger.status(bea));
     }
 
     void a_client_that_refuses_an_answer_is_left_alone_data()

@@ -80,6 +80,7 @@ private Q_SLOTS:
     void a_character_that_the_encoding_has_not_becomes_a_question_mark()
     {
         QCOMPARE(encodedText(u"a日b"_s, "windows-1252"), QByteArray("a?b"));
+        QCOMPARE(encodedText(u"a"_s + u"😀"_s.left(1), "windows-1252"), QByteArray("a?")); // half a one
     }
 };
 

@@ -50,6 +50,17 @@ private Q_SLOTS:
         QCOMPARE(Registo().readString(machine, run_, u"Morvex 1.0"_s), QString());
     }
 
+    void as_raizes_sao_as_do_sistema_e_o_valor_de_uma_chave_e_o_que_a_biblioteca_chama_assim()
+    {
+        const WindowsRegistry::Place lugar;
+        QCOMPARE(lugar.currentUser, u"HKEY_CURRENT_USER"_s);
+        QCOMPARE(lugar.localMachine, u"HKEY_LOCAL_MACHINE"_s);
+        QVERIFY(Registo().writeString(user, u"Chave"_s, {}, u"valor"_s));
+        const QSettings do_utilizador(folder_->filePath(u"user"_s) + u"\\Chave"_s, QSettings::IniFormat);
+        QCOMPARE(do_utilizador.value("Default").toString(), u"valor"_s);
+        QCOMPARE(Registo().readString(user, u"Chave"_s, {}), u"valor"_s);
+    }
+
     void apagar_o_que_nao_ha_responde_que_nao()
     {
         QVERIFY(!Registo().deleteValue(user, run_, u"Morvex 1.0"_s));
