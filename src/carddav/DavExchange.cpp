@@ -36,7 +36,6 @@ QNetworkRequest networkRequest(const DavRequest &request, const QUrl &url)
     QNetworkRequest result(url);
     result.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
     result.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
-    result.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
     result.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
     result.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
     result.setRawHeader("User-Agent", "Morvex");

@@ -1,5 +1,7 @@
 // The way to a server: redirects, password and encryption.
 #include "Asking.h"
+#include "carddav/DavBodies.h"
+#include "carddav/DavConnection.h"
 #include "testlib/Teste.h"
 
 #include <QNetworkProxy>
@@ -276,6 +278,20 @@ private Q_SLOTS:
         QCOMPARE(fetch(book, {href}).cards.size(), 1);
         QCOMPARE(nameOf(remove(book, href, "\"e1\"").error), u"None"_s);
         QCOMPARE(server.pedidos.size(), 5); // asked once, told unasked ever after
+    }
+
+    // A large book is thousands of questions.
+    void a_question_that_was_answered_is_let_go()
+    {
+        LivroDav remote;
+        ServidorHttp server(std::ref(remote));
+        DavConnection connection(at(server), {}, {});
+        int answers = 0;
+        for (int number = 0; number < 20; ++number)
+            connection.send(dav::get(at(server)), this, [&answers](const DavAnswer &) { ++answers; });
+        await([&] { return answers == 20; });
+        QCOMPARE(answers, 20);
+        QTRY_VERIFY(connection.children().isEmpty());
     }
 
     // Servers close what has been idle for a while, and often just when it is wanted again.

@@ -191,6 +191,7 @@ private Q_SLOTS:
         QVERIFY(!cards.error);
         QCOMPARE(cards.told, 3);
         QCOMPARE(nameOf(cards.cards.value(path + u"2.vcf"_s).error), u"TooBig"_s);
+        QCOMPARE(cards.cards.value(path + u"2.vcf"_s).error.status, asksMany ? 0 : 200); // the answer itself is good
         QVERIFY(cards.cards.value(path + u"2.vcf"_s).text.isEmpty());
         QVERIFY(cards.cards.value(path + u"3.vcf"_s).text.contains("FN:C"));
     }

@@ -1086,6 +1086,36 @@ private Q_SLOTS:
         QVERIFY(m.servidor.cartoes.empty() && m.Memoria().Pares().empty());
     }
 
+    // Twelve are on their way; whoever is behind them may think better of it until it is his turn.
+    void o_que_se_desfaz_antes_da_sua_vez_nao_vai_e_conta_como_feito()
+    {
+        Mesa m;
+        for (int i = 10; i < 25; ++i)
+            m.Por_La(u"u%1"_s.arg(i), u"Pessoa %1"_s.arg(i));
+        m.Correr();
+        const int saiu = m.ID_De(u"Pessoa 22"_s);
+        for (int i = 10; i < 25; ++i)
+            if (i != 22) m.Mudar(m.ID_De(u"Pessoa %1"_s.arg(i)), u"Fax"_s, u"9"_s);
+        m.Mudar(saiu, u"Grupo"_s, QString::number(m.s.Novo_Grupo(u"Trabalho"_s)));
+        bool uma_vez = true;
+        m.servidor.falha = [&](const QString &pedido) {
+            if (!pedido.startsWith(u"replace"_s) || !std::exchange(uma_vez, false)) return RemoteError();
+            m.Mudar(saiu, u"Grupo"_s, QString::number(m.grupo));
+            m.Mudar(m.ID_De(u"Pessoa 23"_s), u"Fax"_s, {});
+            m.Eliminar(m.ID_De(u"Pessoa 24"_s));
+            return RemoteError();
+        };
+        auto corrida = m.Nova();
+        QSignalSpy progresso(corrida.get(), &Sincronizacao::Progresso);
+        QSignalSpy fins(corrida.get(), &Sincronizacao::Terminada);
+        m.servidor.pedidos.clear();
+        corrida->Comecar();
+        QTRY_COMPARE(fins.size(), 1);
+        QCOMPARE(m.servidor.pedidos.filter(u"remove"_s), QStringList{});
+        QCOMPARE(m.servidor.pedidos.filter(u"replace"_s).size(), 12);
+        QCOMPARE(progresso.constLast(), (QVariantList{15, 15}));
+    }
+
     // A server may take its time to agree with itself; it is not asked for ever.
     void cada_envio_vai_a_primeira_ou_tenta_se_tres_vezes_data()
     {
