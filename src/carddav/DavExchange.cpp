@@ -57,8 +57,6 @@ DavExchange::DavExchange(QNetworkAccessManager &manager, DavRequest request, Rem
       limits_(limits),
       multistatus_(limits.card)
 {
-    still_.setSingleShot(true);
-    whole_.setSingleShot(true);
     still_.setInterval(limits_.stillness);
     connect(&still_, &QTimer::timeout, this,
             [this] { fail(RemoteError::Kind::TimedOut, QStringLiteral("nothing moved any more")); });

@@ -363,6 +363,18 @@ private Q_SLOTS:
         QVERIFY(server.pedidos.isEmpty());
     }
 
+    void all_that_speaks_against_a_certificate_is_told()
+    {
+        if (!Identidade::Possivel()) QSKIP("no server shows a certificate here");
+        LivroDav remote;
+        ServidorHttp server(std::ref(remote));
+        server.Cifrar(identity_);
+        AddressBook book(at(server), ana); // nobody known has signed it, and it is for another name
+        const QStringList reasons = changesSince(book, {}).error.detail.split(u"; "_s);
+        QCOMPARE(reasons.size(), 2);
+        QVERIFY(!reasons.contains(QString()) && reasons.at(0) != reasons.at(1));
+    }
+
     void a_certificate_of_somebody_else_is_refused()
     {
         if (!Identidade::Possivel()) QSKIP("no server shows a certificate here");
