@@ -27,7 +27,6 @@ DavConnection::DavConnection(QUrl address, RemoteAccount account, const RemoteLi
     : address_(std::move(address)), account_(std::move(account)), limits_(limits)
 {
     manager_.setProxyFactory(new WithBuffers); // which is the manager's from now on
-    manager_.setRedirectPolicy(QNetworkRequest::ManualRedirectPolicy);
     connect(&manager_, &QNetworkAccessManager::authenticationRequired, this, &DavConnection::authenticate);
 }
 

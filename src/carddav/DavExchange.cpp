@@ -36,7 +36,6 @@ QNetworkRequest networkRequest(const DavRequest &request, const QUrl &url)
     QNetworkRequest result(url);
     result.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
     result.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
-    result.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
     result.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
     result.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
     result.setRawHeader("User-Agent", "Morvex");
@@ -58,8 +57,6 @@ DavExchange::DavExchange(QNetworkAccessManager &manager, DavRequest request, Rem
       limits_(limits),
       multistatus_(limits.card)
 {
-    still_.setSingleShot(true);
-    whole_.setSingleShot(true);
     still_.setInterval(limits_.stillness);
     connect(&still_, &QTimer::timeout, this,
             [this] { fail(RemoteError::Kind::TimedOut, QStringLiteral("nothing moved any more")); });

@@ -94,6 +94,38 @@ private Q_SLOTS:
         QVERIFY(cards.cards.value(book.href(u"4.vcf"_s)).text.isEmpty());
     }
 
+    // A page of a network that asks its guests to log in may have anything in it.
+    void what_comes_for_a_card_is_judged_by_its_kind_and_its_beginning_data()
+    {
+        QTest::addColumn<QByteArray>("type");
+        QTest::addColumn<QByteArray>("before"); // the card
+        QTest::addColumn<QString>("detail");    // none for a card
+        QTest::newRow("a card") << QByteArray("text/vcard") << QByteArray() << QString();
+        QTest::newRow("of no kind") << QByteArray() << QByteArray(" \r\n") << QString();
+        QTest::newRow("with a mark") << QByteArray("text/x-vcard; charset=utf-8") << QByteArray("\xEF\xBB\xBF")
+                                     << QString();
+        QTest::newRow("a page") << QByteArray("text/HTML; charset=utf-8") << QByteArray()
+                                << u"no card, but text/html"_s;
+        QTest::newRow("a stricter page") << QByteArray("application/xhtml+xml") << QByteArray()
+                                         << u"no card, but application/xhtml+xml"_s;
+        QTest::newRow("something before it") << QByteArray("text/vcard") << QByteArray("x")
+                                             << u"no card, but text/vcard"_s;
+    }
+    void what_comes_for_a_card_is_judged_by_its_kind_and_its_beginning()
+    {
+        QFETCH(QByteArray, type);
+        QFETCH(QByteArray, before);
+        QFETCH(QString, detail);
+        Book book;
+        book.remote.antes = [&](const Pedido &asked) -> std::optional<Resposta> {
+            if (asked.verbo != "GET") return Resposta{501};
+            return Resposta{200, before + card("A"), {"Content-Type: " + type}};
+        };
+        const RemoteCard found = fetch(book.local, book.hrefs(1)).cards.value(book.href(u"1.vcf"_s));
+        QCOMPARE(nameOf(found.error), detail.isEmpty() ? u"None"_s : u"Malformed"_s);
+        QCOMPARE(found.error.detail, detail);
+    }
+
     void what_an_answer_for_many_leaves_open_is_asked_singly()
     {
         Book book(4);

@@ -1,5 +1,7 @@
 // The way to a server: redirects, password and encryption.
 #include "Asking.h"
+#include "carddav/DavBodies.h"
+#include "carddav/DavConnection.h"
 #include "testlib/Teste.h"
 
 #include <QNetworkProxy>
@@ -278,6 +280,20 @@ private Q_SLOTS:
         QCOMPARE(server.pedidos.size(), 5); // asked once, told unasked ever after
     }
 
+    // A large book is thousands of questions.
+    void a_question_that_was_answered_is_let_go()
+    {
+        LivroDav remote;
+        ServidorHttp server(std::ref(remote));
+        DavConnection connection(at(server), {}, {});
+        int answers = 0;
+        for (int number = 0; number < 20; ++number)
+            connection.send(dav::get(at(server)), this, [&answers](const DavAnswer &) { ++answers; });
+        await([&] { return answers == 20; });
+        QCOMPARE(answers, 20);
+        QTRY_VERIFY(connection.children().isEmpty());
+    }
+
     // Servers close what has been idle for a while, and often just when it is wanted again.
     void a_connection_that_the_server_has_closed_is_made_again()
     {
@@ -345,6 +361,18 @@ private Q_SLOTS:
         QVERIFY(!changes.error.detail.isEmpty());
         QCOMPARE(nameOf(find(encrypted(server).toString(), ana).error), u"Certificate"_s);
         QVERIFY(server.pedidos.isEmpty());
+    }
+
+    void all_that_speaks_against_a_certificate_is_told()
+    {
+        if (!Identidade::Possivel()) QSKIP("no server shows a certificate here");
+        LivroDav remote;
+        ServidorHttp server(std::ref(remote));
+        server.Cifrar(identity_);
+        AddressBook book(at(server), ana); // nobody known has signed it, and it is for another name
+        const QStringList reasons = changesSince(book, {}).error.detail.split(u"; "_s);
+        QCOMPARE(reasons.size(), 2);
+        QVERIFY(!reasons.contains(QString()) && reasons.at(0) != reasons.at(1));
     }
 
     void a_certificate_of_somebody_else_is_refused()

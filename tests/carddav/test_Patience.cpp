@@ -121,6 +121,15 @@ private Q_SLOTS:
         QTRY_COMPARE(server.Ligacoes(), 0);
     }
 
+    void a_silent_server_is_given_up_by_who_brought_it_nothing_too()
+    {
+        ServidorHttp server([](const Pedido &) { return Resposta::Calada(); });
+        AddressBook book(at(server), {}, soon());
+        const RemoteError error = remove(book, path + u"1.vcf"_s, {}).error;
+        QCOMPARE(nameOf(error), u"TimedOut"_s);
+        QCOMPARE(error.detail, u"nothing moved any more"_s);
+    }
+
     void half_a_minute_of_silence_and_a_quarter_of_an_hour_altogether_are_borne()
     {
         const RemoteLimits limits;
@@ -191,6 +200,7 @@ private Q_SLOTS:
         QVERIFY(!cards.error);
         QCOMPARE(cards.told, 3);
         QCOMPARE(nameOf(cards.cards.value(path + u"2.vcf"_s).error), u"TooBig"_s);
+        QCOMPARE(cards.cards.value(path + u"2.vcf"_s).error.status, asksMany ? 0 : 200); // the answer itself is good
         QVERIFY(cards.cards.value(path + u"2.vcf"_s).text.isEmpty());
         QVERIFY(cards.cards.value(path + u"3.vcf"_s).text.contains("FN:C"));
     }

@@ -56,6 +56,7 @@ struct ServidorEmMemoria {
     bool devolve_o_texto = false; // with what was written, as where it had to be fetched
     QStringList pedidos;          // "changes", "fetch 3", "create /x", …
     std::function<RemoteError(const QString &pedido)> falha = [](const QString &) { return RemoteError(); };
+    std::function<int(const QString &pedido)> demora = [](const QString &) { return 0; }; // ms before it is done
     // Of a single card that was asked for.
     std::function<RemoteError(const QString &href)> nao_entrega = [](const QString &) {
         return RemoteError();
@@ -151,7 +152,7 @@ private:
 
     void Fazer(const QString &pedido, const std::function<void(const RemoteError &)> &trabalho)
     {
-        QTimer::singleShot(0, vivo_.get(), [=, this] {
+        QTimer::singleShot(s_.demora(pedido), vivo_.get(), [=, this] {
             s_.pedidos << pedido;
             trabalho(s_.falha(pedido));
         });

@@ -35,11 +35,11 @@ struct Muitos : Mesa {
     }
 };
 
-// A book that hands over its cards and never comes to the end of them.
+// A book that hands over its cards and never comes to the end of them. It counts how often it is given up.
 class LivroSemFim final : public RemoteBook
 {
 public:
-    explicit LivroSemFim(ServidorEmMemoria &servidor) : livro_(servidor) {}
+    LivroSemFim(ServidorEmMemoria &servidor, int &desistencias) : livro_(servidor), desistencias_(desistencias) {}
     void changesSince(const QByteArray &testemunho, ChangesAnswer resposta) override
     {
         livro_.changesSince(testemunho, std::move(resposta));
@@ -62,10 +62,15 @@ public:
     {
         livro_.remove(href, etag, std::move(resposta));
     }
-    void cancel() override { livro_.cancel(); }
+    void cancel() override
+    {
+        ++desistencias_;
+        livro_.cancel();
+    }
 
 private:
     LivroEmMemoria livro_;
+    int &desistencias_;
 };
 
 // A picture of one point.
@@ -370,6 +375,8 @@ private Q_SLOTS:
         const auto fim = m.Correr();
         QCOMPARE(fim.fim, Fim::Perguntar);
         QCOMPARE(fim.pergunta_la, true);
+        QCOMPARE(fim.pergunta_quantos, 11);
+        QCOMPARE(fim.pergunta_de_quantos, 20);
         QCOMPARE(m.servidor.cartoes.size(), 20U);
         QCOMPARE(m.Correr(Modo::ApagarMuitos).eliminados_la, 11);
         QCOMPARE(m.servidor.cartoes.size(), 9U);
@@ -1086,6 +1093,36 @@ private Q_SLOTS:
         QVERIFY(m.servidor.cartoes.empty() && m.Memoria().Pares().empty());
     }
 
+    // Twelve are on their way; whoever is behind them may think better of it until it is his turn.
+    void o_que_se_desfaz_antes_da_sua_vez_nao_vai_e_conta_como_feito()
+    {
+        Mesa m;
+        for (int i = 10; i < 25; ++i)
+            m.Por_La(u"u%1"_s.arg(i), u"Pessoa %1"_s.arg(i));
+        m.Correr();
+        const int saiu = m.ID_De(u"Pessoa 22"_s);
+        for (int i = 10; i < 25; ++i)
+            if (i != 22) m.Mudar(m.ID_De(u"Pessoa %1"_s.arg(i)), u"Fax"_s, u"9"_s);
+        m.Mudar(saiu, u"Grupo"_s, QString::number(m.s.Novo_Grupo(u"Trabalho"_s)));
+        bool uma_vez = true;
+        m.servidor.falha = [&](const QString &pedido) {
+            if (!pedido.startsWith(u"replace"_s) || !std::exchange(uma_vez, false)) return RemoteError();
+            m.Mudar(saiu, u"Grupo"_s, QString::number(m.grupo));
+            m.Mudar(m.ID_De(u"Pessoa 23"_s), u"Fax"_s, {});
+            m.Eliminar(m.ID_De(u"Pessoa 24"_s));
+            return RemoteError();
+        };
+        auto corrida = m.Nova();
+        QSignalSpy progresso(corrida.get(), &Sincronizacao::Progresso);
+        QSignalSpy fins(corrida.get(), &Sincronizacao::Terminada);
+        m.servidor.pedidos.clear();
+        corrida->Comecar();
+        QTRY_COMPARE(fins.size(), 1);
+        QCOMPARE(m.servidor.pedidos.filter(u"remove"_s), QStringList{});
+        QCOMPARE(m.servidor.pedidos.filter(u"replace"_s).size(), 12);
+        QCOMPARE(progresso.constLast(), (QVariantList{15, 15}));
+    }
+
     // A server may take its time to agree with itself; it is not asked for ever.
     void cada_envio_vai_a_primeira_ou_tenta_se_tres_vezes_data()
     {
@@ -1120,7 +1157,9 @@ private Q_SLOTS:
     {
         Mesa m;
         m.Por_La(u"u1"_s, u"Ana Silva"_s);
-        Sincronizacao corrida(m.s.geral, m.s.relogio, std::make_unique<LivroSemFim>(m.servidor), Modo::Normal);
+        int desistencias = 0;
+        Sincronizacao corrida(m.s.geral, m.s.relogio, std::make_unique<LivroSemFim>(m.servidor, desistencias),
+                              Modo::Normal);
         QSignalSpy fins(&corrida, &Sincronizacao::Terminada);
         QList<std::pair<int, int>> ditos;
         connect(&corrida, &Sincronizacao::Progresso,
@@ -1128,7 +1167,62 @@ private Q_SLOTS:
         corrida.Comecar();
         QTRY_COMPARE(m.Nomes(), QStringList{u"Ana Silva"_s});
         QCOMPARE(ditos, (QList<std::pair<int, int>>{{0, 0}, {1, 1}}));
-        QVERIFY(fins.isEmpty());
+        QVERIFY(fins.isEmpty() && desistencias == 0);
+    }
+
+    // What is still on its way to the server would come to nobody.
+    void quem_acaba_antes_do_fim_desiste_do_que_pediu_data()
+    {
+        QTest::addColumn<QString>("acontece");
+        QTest::addColumn<Fim>("fim");
+        QTest::newRow("a refusal")
+            << u"CREATE TRIGGER nao BEFORE INSERT ON TblCartoes BEGIN SELECT RAISE(ABORT, 'no'); END"_s << Fim::Base;
+        QTest::newRow("another run") << u"UPDATE TblSincronizacao SET Corrida=Corrida+1"_s << Fim::Noutro;
+        QTest::newRow("another book")
+            << u"UPDATE TblSincronizacao SET Corrida=Corrida+1, Livro='https://dav.example/x/'"_s << Fim::OutraEscolha;
+    }
+    void quem_acaba_antes_do_fim_desiste_do_que_pediu()
+    {
+        QFETCH(QString, acontece);
+        QFETCH(Fim, fim);
+        Mesa m;
+        m.Por_La(u"u1"_s, u"Ana Silva"_s);
+        m.servidor.falha = [&](const QString &pedido) {
+            if (pedido.startsWith(u"fetch"_s)) m.s.Escrever(acontece);
+            return RemoteError();
+        };
+        int desistencias = 0;
+        Sincronizacao corrida(m.s.geral, m.s.relogio, std::make_unique<LivroSemFim>(m.servidor, desistencias),
+                              Modo::Normal);
+        QList<Fim> fins;
+        connect(&corrida, &Sincronizacao::Terminada, [&](const auto &r) { fins << r.fim; });
+        corrida.Comecar();
+        QTRY_COMPARE(fins, QList<Fim>{fim});
+        QCOMPARE(desistencias, 1);
+        QCOMPARE(m.Nomes(), QStringList{});
+    }
+
+    void uma_corrida_espera_por_todos_os_que_estao_a_caminho()
+    {
+        Mesa m;
+        for (int i = 0; i < 20; ++i)
+            m.Contacto(u"Pessoa %1"_s.arg(i));
+        int envios = 0;
+        m.servidor.demora = [&](const QString &pedido) {
+            return pedido.startsWith(u"create"_s) && ++envios > 1 ? 40 : 0;
+        };
+        const auto fim = m.Correr();
+        QCOMPARE(fim.fim, Fim::Feita);
+        QCOMPARE(fim.adicionados_la, 20);
+    }
+
+    void o_testemunho_lembra_se_enquanto_o_servidor_o_der()
+    {
+        UmPar m;
+        QCOMPARE(m.Memoria().Estado().Testemunho, QByteArray("a:1"));
+        m.servidor.da_testemunhos = false;
+        m.Correr();
+        QCOMPARE(m.Memoria().Estado().Testemunho, QByteArray());
     }
 
     void depois_de_cancelar_nada_mais_acontece_data()
