@@ -6,6 +6,8 @@
 #include "testlib/FotografiaNaBase.h"
 #include "testlib/Teste.h"
 
+#include <QAccessible>
+
 namespace
 {
 const QStringList colunas{u"Nome"_s,       u"Telefone1"_s,  u"Telefone2"_s, u"Fax"_s,    u"Telemovel1"_s,

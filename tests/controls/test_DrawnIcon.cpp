@@ -3,6 +3,8 @@
 #include "controls/DrawnIcon.h"
 #include "testlib/Teste.h"
 
+#include <QPushButton>
+
 using namespace Qt::StringLiterals;
 
 class TestDrawnIcon : public QObject

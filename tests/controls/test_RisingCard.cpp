@@ -6,6 +6,7 @@
 #include "testlib/Teste.h"
 
 #include <QAccessible>
+#include <QPushButton>
 
 using namespace Qt::StringLiterals;
 

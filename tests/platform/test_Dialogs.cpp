@@ -4,6 +4,7 @@
 #include "testlib/Accoes.h"
 #include "testlib/Teste.h"
 
+#include <QAbstractButton>
 #include <QColorDialog>
 #include <QDialogButtonBox>
 #include <QFileDialog>
@@ -11,6 +12,7 @@
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;

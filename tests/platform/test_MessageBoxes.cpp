@@ -6,8 +6,10 @@
 #include "testlib/Accoes.h"
 #include "testlib/Teste.h"
 
+#include <QAbstractButton>
 #include <QLabel>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QScopeGuard>
 #include <QScreen>
 #include <QScrollArea>

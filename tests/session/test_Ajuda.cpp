@@ -5,6 +5,8 @@
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
+#include <QMessageBox>
+
 using namespace Qt::StringLiterals;
 
 namespace
