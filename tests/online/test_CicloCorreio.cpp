@@ -152,6 +152,7 @@ private Q_SLOTS:
         p.Ciclo().disconnect(&p.main); // the options themselves have tests of their own
         p.main.mnuMailNotification->trigger();
         QCOMPARE(p.Cartao(), p.s.Texto(260));
+        QCOMPARE(p.Popup()->accessibleName(), p.s.Texto(260));
         QCOMPARE(p.s.geral.ErroMail, qint16{1});
         QTest::mouseClick(p.Popup(), Qt::LeftButton);
         QCOMPARE(opcoes.size(), 1);
@@ -192,6 +193,7 @@ private Q_SLOTS:
         p.s.correio.mensagens = static_cast<qint16>(mensagens);
         Disparar(p.T().TimerMailNotification3);
         QCOMPARE(p.Cartao(), QString::number(mensagens) + u' ' + p.s.Texto(texto) + u" (A@x.example)"_s);
+        QCOMPARE(p.Popup()->accessibleName(), p.Cartao());
         QCOMPARE(p.s.som.tocados, QStringList{p.s.Ficheiro(u"newemail.wav"_s)});
         QCOMPARE(p.Popup()->TimerTimeout.interval(), 5000);
         QVERIFY(p.Popup()->TimerTimeout.Enabled());
@@ -206,6 +208,7 @@ private Q_SLOTS:
         p.s.correio.texto_erro = u"servidor desconhecido"_s;
         Disparar(p.T().TimerMailNotification3);
         QCOMPARE(p.Cartao(), u"A@x.example (servidor desconhecido)"_s);
+        QCOMPARE(p.Popup()->accessibleName(), p.Cartao());
         QCOMPARE(p.s.correio.historia, (QStringList{u"-"_s, u"-"_s, u"+ servidorB|contaB|senhaB"_s}));
         QVERIFY(p.T().TimerMailNotification3.Enabled());
         QVERIFY(p.s.som.tocados.isEmpty());
@@ -247,6 +250,8 @@ private Q_SLOTS:
         Programa p(2);
         p.Comecar_A_Olhar();
         QCOMPARE(QString::number(p.s.geral.IDContaEmail), p.main.lstEmails->List(0));
+        QCOMPARE(p.s.geral.de.Rs("cmdListarEmails").State(), Recordset::Closed);
+        QCOMPARE(p.s.geral.de.Rs("cmdDadosEmail").State(), Recordset::Closed);
     }
 
     void depois_de_correio_o_clique_abre_o_programa_de_correio()
