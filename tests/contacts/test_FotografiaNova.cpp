@@ -515,6 +515,7 @@ private Q_SLOTS:
         ficheiro.close();
         FotografiaNova(s.geral, FotografiaNova::Onde::Ficheiro).Abandonar(ficheiro.fileName());
         QCOMPARE(ficheiro.exists(), !apaga_se);
+        QCOMPARE(s.geral.de.Rs("cmdProcurarFotografia").State(), Recordset::Closed);
     }
 
     void os_pontos_tomam_o_primeiro_numero_livre_e_arrumar_deixa_o_que_fica()

@@ -12,6 +12,8 @@
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
+#include <QHeaderView>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -358,6 +360,24 @@ private Q_SLOTS:
         p.main.lstEmails->AddItem(u"1"_s);
         p.Ciclo().ReiniciarMail();
         QCOMPARE(p.s.correio.historia, (QStringList{u"-"_s, u"+ servidorA|contaA|senhaA"_s}));
+    }
+
+    void a_lista_das_contas_enche_a_largura_sem_a_chave()
+    {
+        Programa p(2);
+        bool veio = false;
+        accoes::Quando_Abrir<frmOpcoes>([&](frmOpcoes &opcoes) {
+            veio = true;
+            const QTreeWidget &contas = *opcoes.lvEmails;
+            QCOMPARE(contas.topLevelItemCount(), 2);
+            QVERIFY(contas.isColumnHidden(0));
+            for (const int coluna : {1, 2})
+                QCOMPARE(contas.header()->sectionResizeMode(coluna), QHeaderView::Stretch);
+            QCOMPARE(p.s.geral.de.Rs("cmdListarEmails").State(), Recordset::Closed);
+            opcoes.cmdCancelar->click();
+        });
+        p.main.Opcoes->trigger();
+        QVERIFY(veio);
     }
 
     void uma_conta_eliminada_nas_opcoes_e_passada_a_frente()
