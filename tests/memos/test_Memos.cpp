@@ -436,14 +436,58 @@ private Q_SLOTS:
             Activar(outra);
             QCoreApplication::processEvents();
         };
+        const QSignalSpy largadas(&nota, &frmMemo::Largada_Do_Teclado);
         pegar_e_largar([&] {
             por(u"leite"_s);
             d.memos->Seguir();
             QCOMPARE(nota.txtMemo->toPlainText(), u"texto"_s);
+            QCOMPARE(largadas.size(), 0);
         });
+        QCOMPARE(largadas.size(), 1);
         QCOMPARE(nota.txtMemo->toPlainText(), u"leite"_s);
         pegar_e_largar([&] { por(u"queijo"_s); }); // of which nobody has told this desk
         QCOMPARE(nota.txtMemo->toPlainText(), u"leite"_s);
+    }
+
+    void uma_nota_que_ninguem_usa_segue_a_linha_toda_e_nao_lhe_toca()
+    {
+        Secretaria d;
+        QWidget outra;
+        outra.show();
+        const frmMemo &nota = d.Voltar_Com_Uma();
+        Activar(outra);
+        d.s.Escrever(
+            u"UPDATE TblMemos SET Titulo='novo', Descricao='leite', LeftForm=600, TopForm=750, Width=3000, "
+            "Height=1500, FontName='Courier', FontSize=12, FontBold=1, FontItalic=1, CorFundo=255"_s);
+        const QStringList antes = d.s.Linhas(u"SELECT * FROM TblMemos"_s);
+        d.memos->Seguir();
+        QCOMPARE(nota.geometry(), pixelRect(600, 750, 3000, 1500));
+        QCOMPARE(nota.lblTitle->text(), u"novo"_s);
+        QCOMPARE(nota.windowTitle(), u"novo"_s);
+        QCOMPARE(nota.txtMemo->toPlainText(), u"leite"_s);
+        const QFont letras = nota.txtMemo->font();
+        QCOMPARE(letras.family(), u"Courier"_s);
+        QCOMPARE(letras.pointSizeF(), 12.0);
+        QVERIFY(letras.bold() && letras.italic());
+        QCOMPARE(nota.palette().color(QPalette::Window), colour(255));
+        QVERIFY(nota.cmdGuardar->isHidden());
+        QCOMPARE(d.s.Linhas(u"SELECT * FROM TblMemos"_s), antes);
+    }
+
+    void com_texto_por_guardar_a_nota_fica_como_esta()
+    {
+        Secretaria d;
+        QWidget outra;
+        outra.show();
+        frmMemo &nota = d.Voltar_Com_Uma();
+        nota.txtMemo->setPlainText(u"queijo"_s);
+        Activar(outra);
+        d.s.Escrever(u"UPDATE TblMemos SET Descricao='leite'"_s);
+        d.memos->Seguir();
+        QCOMPARE(nota.txtMemo->toPlainText(), u"queijo"_s);
+        QVERIFY(nota.cmdGuardar->isVisible());
+        nota.cmdGuardar->click();
+        QCOMPARE(d.s.Linhas(u"SELECT Descricao FROM TblMemos ORDER BY ID"_s), (QStringList{u"leite"_s, u"queijo"_s}));
     }
 
     void uma_nota_em_uso_que_la_se_eliminou_guarda_se_de_novo()

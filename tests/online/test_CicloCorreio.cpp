@@ -371,6 +371,8 @@ private Q_SLOTS:
             const QTreeWidget &contas = *opcoes.lvEmails;
             QCOMPARE(contas.topLevelItemCount(), 2);
             QVERIFY(contas.isColumnHidden(0));
+            QCOMPARE(contas.headerItem()->text(1), p.s.Texto(243).remove(u'&'));
+            QCOMPARE(contas.headerItem()->text(2), p.s.Texto(244).remove(u'&'));
             for (const int coluna : {1, 2})
                 QCOMPARE(contas.header()->sectionResizeMode(coluna), QHeaderView::Stretch);
             QCOMPARE(p.s.geral.de.Rs("cmdListarEmails").State(), Recordset::Closed);
