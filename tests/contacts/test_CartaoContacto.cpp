@@ -171,6 +171,28 @@ class TestCartaoContacto : public QObject
     }
 
 private Q_SLOTS:
+    void em_letras_maiores_cada_linha_e_a_foto_tem_o_lugar_do_desenho_data()
+    {
+        QTest::addColumn<int>("letras");
+        for (const int letras : {16, 18, 20, 21})
+            QTest::addRow("%d", letras) << letras;
+    }
+    void em_letras_maiores_cada_linha_e_a_foto_tem_o_lugar_do_desenho()
+    {
+        QFETCH(int, letras);
+        scale::setLetters(letras);
+        const auto repor = qScopeGuard([] { scale::setLetters(scale::standardLetters); });
+        ComJanela c;
+        c.Mostrar(Com_Aniversario(Preenchido(esquerda_cheia + u"Morada Obs"_s)));
+        QCOMPARE(Disposicao(c.janela),
+                 u"Telefone1:1 Telefone2:2 Fax:3 Telemovel1:4 Telemovel2:5 Telemovel3:6 Email1:7 "
+                 u"Email2:8 Website:9 Grupo:10 Aniversario:11 Idade:12 Morada:13 Obs:17"_s);
+        QCOMPARE(c.janela.Thumb->geometry(), pixelRect(5280, 400, 2415, 2325));
+        Gravar_Imagem(c.s.Ficheiro(u"minha.png"_s), {60, 40});
+        c.Mostrar({{u"Nome"_s, u"A"_s}, {u"Fotografia"_s, u"minha.png"_s}});
+        QCOMPARE(c.janela.Thumb->geometry(), pixelRect(6037.5, 1252.5, 900, 600));
+    }
+
     void os_controlos_tem_lugar_e_tamanho_do_desenho_data()
     {
         QTest::addColumn<QString>("nome");

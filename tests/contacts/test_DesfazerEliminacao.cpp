@@ -449,6 +449,7 @@ private Q_SLOTS:
         a.s.caixas.Espera_Qualquer(box::stop, u"Morvex 1.0"_s);
         a.Desfazer();
         QCOMPARE(a.Contactos(), QStringList());
+        QCOMPARE(a.s.geral.de.Rs("cmdListarGrupos").State(), Recordset::Closed);
         a.s.Escrever(u"UPDATE TblGrupos SET IdUtilizador=0"_s);
         a.Desfazer();
         QCOMPARE(a.Grupo_Do_Contacto(ana), u"1"_s);

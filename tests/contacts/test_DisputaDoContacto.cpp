@@ -466,6 +466,7 @@ private Q_SLOTS:
             form.ComboGrupos->ChooseText(u"Teatro"_s);
             p.Ok_E(form, [&](frmConflito &conflito) {
                 QCOMPARE(Lida(conflito, 0), QStringList({u"Grupo"_s, u""_s, u"Teatro"_s}));
+                QCOMPARE(p.s.geral.de.Rs("cmdVerGrupo").State(), Recordset::Closed);
             });
         });
     }

@@ -157,6 +157,29 @@ private Q_SLOTS:
         Recusada(e, Ficheiros({foto.fileName()}), u"Este ficheiro é demasiado grande"_s);
     }
 
+    void um_ficheiro_de_cem_mebibytes_ainda_serve()
+    {
+        Sistema s;
+        QFile foto(Pintar(s.Ficheiro(u"grande.png"_s)));
+        const std::unique_ptr<QMimeData> dados(Ficheiros({foto.fileName()}));
+        FotografiaNova num_ficheiro(s.geral, FotografiaNova::Onde::Ficheiro);
+        FotografiaNova na_base(s.geral, FotografiaNova::Onde::Base);
+        const auto recusa = [](const std::function<void()> &tomar) {
+            try {
+                tomar();
+            } catch (const FotografiaRecusada &recusada) {
+                return recusada.Texto(u"PortuguesPT"_s).section(u'.', 0, 0);
+            }
+            return QString();
+        };
+        QVERIFY(foto.resize(104857600));
+        QCOMPARE(recusa([&] { num_ficheiro.Caminho(*dados); }), QString());
+        QVERIFY(foto.resize(104857601));
+        const QString grande = u"Este ficheiro é demasiado grande para uma fotografia"_s;
+        QCOMPARE(recusa([&] { num_ficheiro.Caminho(*dados); }), grande);
+        QCOMPARE(recusa([&] { na_base.De_Ficheiro(foto.fileName()); }), grande);
+    }
+
     void um_ficheiro_que_ja_nao_existe_recusa_se()
     {
         Editor e;
@@ -515,6 +538,7 @@ private Q_SLOTS:
         ficheiro.close();
         FotografiaNova(s.geral, FotografiaNova::Onde::Ficheiro).Abandonar(ficheiro.fileName());
         QCOMPARE(ficheiro.exists(), !apaga_se);
+        QCOMPARE(s.geral.de.Rs("cmdProcurarFotografia").State(), Recordset::Closed);
     }
 
     void os_pontos_tomam_o_primeiro_numero_livre_e_arrumar_deixa_o_que_fica()

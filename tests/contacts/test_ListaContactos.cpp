@@ -543,6 +543,7 @@ private Q_SLOTS:
         QCOMPARE(c.janela.ListaNomes->ListCount(), 1);
         QCOMPARE(c.janela.ListaNomes->ListIndex(), -1);
         QCOMPARE(No_Cartao(c), QString());
+        QCOMPARE(c.s.geral.de.Rs("cmdEditarNome").State(), Recordset::Closed);
         QVERIFY(c.janela.lblContador->text().endsWith(u" 1"_s));
     }
 

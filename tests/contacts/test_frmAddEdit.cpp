@@ -496,6 +496,18 @@ private Q_SLOTS:
         e.Novo([](frmAddEdit &form) { QCOMPARE(form.ComboGrupos->ListCount(), 0); });
     }
 
+    void quem_ve_um_so_grupo_tem_no_escolhido()
+    {
+        Editor e;
+        const int id = e.Grupo(u"Coral"_s);
+        e.s.Escrever(u"UPDATE TblGrupos SET IdUtilizador=99 WHERE ID<>%1"_s.arg(id));
+        e.Novo([&](frmAddEdit &form) {
+            QCOMPARE(form.ComboGrupos->ListCount(), 1);
+            QCOMPARE(form.ComboGrupos->ListIndex(), 0);
+            QCOMPARE(form.txtIDGrupo->text(), QString::number(id));
+        });
+    }
+
     // The group
 
     void escolher_um_grupo_guarda_o_seu_id()

@@ -72,6 +72,7 @@ private Q_SLOTS:
         QCOMPARE(form.ComboUsers->currentText(), u"Ana"_s);
         QCOMPARE(Dono_Mostrado(form, ComGrupos::Amigos), g.s.Texto(272));
         QCOMPARE(Dono_Mostrado(form, meu), u"Ana"_s);
+        QCOMPARE(g.s.geral.de.Rs("cmdSelectUtilizadorGrupo").State(), Recordset::Closed);
     }
 
     void dois_grupos_do_mesmo_nome_mostram_o_primeiro_dono_que_se_acha()

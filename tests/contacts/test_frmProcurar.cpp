@@ -168,6 +168,17 @@ private Q_SLOTS:
         QCOMPARE(p.Escolhido(), u"Ana"_s);
     }
 
+    void com_dois_acertos_o_botao_ja_oferece_o_seguinte()
+    {
+        Procura p;
+        for (const QString &nome : {u"Ana"_s, u"Hana"_s, u"Rui"_s})
+            p.Contacto({{u"Nome"_s, nome}});
+        p.Abrir();
+        p.Procurar(p.form.opcaoNome, u"an"_s);
+        QCOMPARE(p.Encontrados(), (QStringList{u"Ana"_s, u"Hana"_s}));
+        QCOMPARE(p.Legenda(), p.s.Texto(71));
+    }
+
     void um_so_acerto_e_mostrado_e_o_clique_seguinte_esvazia_a_lista()
     {
         Procura p;

@@ -24,6 +24,12 @@ QList<frmMemo *> Notas()
 
 int Largura_Do_Texto(const QToolButton &botao) { return botao.fontMetrics().horizontalAdvance(botao.text()); }
 
+void Activar(QWidget &janela)
+{
+    janela.activateWindow();
+    QTRY_COMPARE(QApplication::activeWindow(), &janela);
+}
+
 // From here on the database takes no new note, as on a full disk.
 void Travar(Sistema &s) { s.Recusar(u"INSERT"_s, u"TblMemos"_s); }
 
@@ -52,6 +58,13 @@ struct Secretaria {
     {
         s.dialogos.textos << titulo;
         janela.findChild<QAction *>(entrada)->trigger();
+    }
+    // The one note of before the start.
+    frmMemo &Voltar_Com_Uma()
+    {
+        Guardar_Linhas(1);
+        Reiniciar();
+        return *Nota(u"nota 1"_s);
     }
     frmMemo &Nova(const QString &titulo)
     {
@@ -404,6 +417,116 @@ private Q_SLOTS:
         d.Reiniciar();
         QCOMPARE(Notas().size(), 1);
         QCOMPARE(Notas().constFirst()->lblTitle->text(), u"uma"_s);
+    }
+
+    // What another desk has done
+
+    void uma_nota_em_uso_segue_a_sua_linha_quando_se_larga_e_uma_so_vez()
+    {
+        Secretaria d;
+        QWidget outra;
+        outra.show();
+        frmMemo &nota = d.Voltar_Com_Uma();
+        const auto por = [&](const QString &texto) {
+            d.s.Escrever(u"UPDATE TblMemos SET Descricao='%1'"_s.arg(texto));
+        };
+        const auto pegar_e_largar = [&](const std::function<void()> &entretanto) {
+            Activar(nota);
+            entretanto();
+            Activar(outra);
+            QCoreApplication::processEvents();
+        };
+        const QSignalSpy largadas(&nota, &frmMemo::Largada_Do_Teclado);
+        pegar_e_largar([&] {
+            por(u"leite"_s);
+            d.memos->Seguir();
+            QCOMPARE(nota.txtMemo->toPlainText(), u"texto"_s);
+            QCOMPARE(largadas.size(), 0);
+        });
+        QCOMPARE(largadas.size(), 1);
+        QCOMPARE(nota.txtMemo->toPlainText(), u"leite"_s);
+        pegar_e_largar([&] { por(u"queijo"_s); }); // of which nobody has told this desk
+        QCOMPARE(nota.txtMemo->toPlainText(), u"leite"_s);
+    }
+
+    void uma_nota_que_ninguem_usa_segue_a_linha_toda_e_nao_lhe_toca()
+    {
+        Secretaria d;
+        QWidget outra;
+        outra.show();
+        const frmMemo &nota = d.Voltar_Com_Uma();
+        Activar(outra);
+        d.s.Escrever(
+            u"UPDATE TblMemos SET Titulo='novo', Descricao='leite', LeftForm=600, TopForm=750, Width=3000, "
+            "Height=1500, FontName='Courier', FontSize=12, FontBold=1, FontItalic=1, CorFundo=255"_s);
+        const QStringList antes = d.s.Linhas(u"SELECT * FROM TblMemos"_s);
+        d.memos->Seguir();
+        QCOMPARE(nota.geometry(), pixelRect(600, 750, 3000, 1500));
+        QCOMPARE(nota.lblTitle->text(), u"novo"_s);
+        QCOMPARE(nota.windowTitle(), u"novo"_s);
+        QCOMPARE(nota.txtMemo->toPlainText(), u"leite"_s);
+        const QFont letras = nota.txtMemo->font();
+        QCOMPARE(letras.family(), u"Courier"_s);
+        QCOMPARE(letras.pointSizeF(), 12.0);
+        QVERIFY(letras.bold() && letras.italic());
+        QCOMPARE(nota.palette().color(QPalette::Window), colour(255));
+        QVERIFY(nota.cmdGuardar->isHidden());
+        QCOMPARE(d.s.Linhas(u"SELECT * FROM TblMemos"_s), antes);
+    }
+
+    void com_texto_por_guardar_a_nota_fica_como_esta()
+    {
+        Secretaria d;
+        QWidget outra;
+        outra.show();
+        frmMemo &nota = d.Voltar_Com_Uma();
+        nota.txtMemo->setPlainText(u"queijo"_s);
+        Activar(outra);
+        d.s.Escrever(u"UPDATE TblMemos SET Descricao='leite'"_s);
+        d.memos->Seguir();
+        QCOMPARE(nota.txtMemo->toPlainText(), u"queijo"_s);
+        QVERIFY(nota.cmdGuardar->isVisible());
+        nota.cmdGuardar->click();
+        QCOMPARE(d.s.Linhas(u"SELECT Descricao FROM TblMemos ORDER BY ID"_s), (QStringList{u"leite"_s, u"queijo"_s}));
+    }
+
+    void uma_nota_em_uso_que_la_se_eliminou_guarda_se_de_novo()
+    {
+        Secretaria d;
+        frmMemo &nota = d.Voltar_Com_Uma();
+        Activar(nota);
+        d.s.Escrever(u"DELETE FROM TblMemos"_s);
+        d.memos->Seguir();
+        QVERIFY(nota.isVisible());
+        QVERIFY(nota.cmdGuardar->isVisible());
+        nota.cmdGuardar->click();
+        QCOMPARE(d.s.Linhas(u"SELECT Titulo, Descricao FROM TblMemos"_s), QStringList{u"nota 1|texto"_s});
+    }
+
+    void uma_nota_que_la_se_eliminou_desaparece_de_todo()
+    {
+        Secretaria d;
+        QWidget outra;
+        outra.show();
+        const QPointer<frmMemo> nota = &d.Voltar_Com_Uma();
+        Activar(outra);
+        d.s.Escrever(u"DELETE FROM TblMemos"_s);
+        d.memos->Seguir();
+        QVERIFY(!nota->isVisible());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(nota.isNull());
+        d.Guardar_Linhas(2);
+        d.memos->Seguir();
+        QCOMPARE(Notas().size(), 2);
+    }
+
+    void so_a_nota_que_se_fez_aqui_pede_o_teclado()
+    {
+        Secretaria d;
+        QVERIFY(!d.Nova(u"daqui"_s).testAttribute(Qt::WA_ShowWithoutActivating));
+        d.Guardar_Linhas(1);
+        d.memos->Seguir();
+        QVERIFY(d.Nota(u"nota 1"_s)->testAttribute(Qt::WA_ShowWithoutActivating));
     }
 
     void com_o_dono_vao_as_notas()

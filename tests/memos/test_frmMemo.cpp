@@ -659,6 +659,7 @@ private Q_SLOTS:
         u.s.caixas.Espera(u.s.Texto(111), 36, u"Morvex - Memo"_s, answer::yes);
         u.nota.release()->cmdFechar->click();
         QCOMPARE(u.Titulos(), QStringList());
+        QCOMPARE(u.s.geral.de.Rs("cmdListarMemos").State(), Recordset::Closed);
     }
     void o_numero_que_se_pergunta_mais_tarde_nao_e_o_de_outra_nota()
     {

@@ -12,6 +12,8 @@
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
+#include <QHeaderView>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -152,6 +154,7 @@ private Q_SLOTS:
         p.Ciclo().disconnect(&p.main); // the options themselves have tests of their own
         p.main.mnuMailNotification->trigger();
         QCOMPARE(p.Cartao(), p.s.Texto(260));
+        QCOMPARE(p.Popup()->accessibleName(), p.s.Texto(260));
         QCOMPARE(p.s.geral.ErroMail, qint16{1});
         QTest::mouseClick(p.Popup(), Qt::LeftButton);
         QCOMPARE(opcoes.size(), 1);
@@ -192,6 +195,7 @@ private Q_SLOTS:
         p.s.correio.mensagens = static_cast<qint16>(mensagens);
         Disparar(p.T().TimerMailNotification3);
         QCOMPARE(p.Cartao(), QString::number(mensagens) + u' ' + p.s.Texto(texto) + u" (A@x.example)"_s);
+        QCOMPARE(p.Popup()->accessibleName(), p.Cartao());
         QCOMPARE(p.s.som.tocados, QStringList{p.s.Ficheiro(u"newemail.wav"_s)});
         QCOMPARE(p.Popup()->TimerTimeout.interval(), 5000);
         QVERIFY(p.Popup()->TimerTimeout.Enabled());
@@ -206,6 +210,7 @@ private Q_SLOTS:
         p.s.correio.texto_erro = u"servidor desconhecido"_s;
         Disparar(p.T().TimerMailNotification3);
         QCOMPARE(p.Cartao(), u"A@x.example (servidor desconhecido)"_s);
+        QCOMPARE(p.Popup()->accessibleName(), p.Cartao());
         QCOMPARE(p.s.correio.historia, (QStringList{u"-"_s, u"-"_s, u"+ servidorB|contaB|senhaB"_s}));
         QVERIFY(p.T().TimerMailNotification3.Enabled());
         QVERIFY(p.s.som.tocados.isEmpty());
@@ -247,6 +252,8 @@ private Q_SLOTS:
         Programa p(2);
         p.Comecar_A_Olhar();
         QCOMPARE(QString::number(p.s.geral.IDContaEmail), p.main.lstEmails->List(0));
+        QCOMPARE(p.s.geral.de.Rs("cmdListarEmails").State(), Recordset::Closed);
+        QCOMPARE(p.s.geral.de.Rs("cmdDadosEmail").State(), Recordset::Closed);
     }
 
     void depois_de_correio_o_clique_abre_o_programa_de_correio()
@@ -353,6 +360,26 @@ private Q_SLOTS:
         p.main.lstEmails->AddItem(u"1"_s);
         p.Ciclo().ReiniciarMail();
         QCOMPARE(p.s.correio.historia, (QStringList{u"-"_s, u"+ servidorA|contaA|senhaA"_s}));
+    }
+
+    void a_lista_das_contas_enche_a_largura_sem_a_chave()
+    {
+        Programa p(2);
+        bool veio = false;
+        accoes::Quando_Abrir<frmOpcoes>([&](frmOpcoes &opcoes) {
+            veio = true;
+            const QTreeWidget &contas = *opcoes.lvEmails;
+            QCOMPARE(contas.topLevelItemCount(), 2);
+            QVERIFY(contas.isColumnHidden(0));
+            QCOMPARE(contas.headerItem()->text(1), p.s.Texto(243).remove(u'&'));
+            QCOMPARE(contas.headerItem()->text(2), p.s.Texto(244).remove(u'&'));
+            for (const int coluna : {1, 2})
+                QCOMPARE(contas.header()->sectionResizeMode(coluna), QHeaderView::Stretch);
+            QCOMPARE(p.s.geral.de.Rs("cmdListarEmails").State(), Recordset::Closed);
+            opcoes.cmdCancelar->click();
+        });
+        p.main.Opcoes->trigger();
+        QVERIFY(veio);
     }
 
     void uma_conta_eliminada_nas_opcoes_e_passada_a_frente()

@@ -101,6 +101,37 @@ private Q_SLOTS:
                  "Finished downloading 127.0.0.1/versao.ini"_s);
         QVERIFY(web.pedidos.constFirst().startsWith("GET /versao.ini HTTP/1.0\r\n"));
         QVERIFY(QFile::exists(p.s.Ficheiro(u"versao.ini"_s)));
+        QCOMPARE(p.s.geral.de.Rs("cmdTotalEmails").State(), Recordset::Closed);
+        QCOMPARE(p.s.geral.de.Rs("cmdTotalMemos").State(), Recordset::Closed);
+    }
+
+    void enquanto_a_pergunta_esta_no_ecra_um_tique_nada_comeca()
+    {
+        ServidorWeb web(Pagina("5.1"));
+        Programa p(web.serverPort());
+        p.Espera_Pergunta(u"5.1"_s, answer::no);
+        p.s.caixas.Ao_Mostrar([&] { p.Tique(); });
+        p.Tique();
+        QTRY_COMPARE(p.Guardada(), u"5.1"_s);
+        QTest::qWait(100);
+        QCOMPARE(web.pedidos.size(), 1);
+        QCOMPARE(p.main.txtMessages->toPlainText().count(u"Open Successfull"_s), 1);
+    }
+
+    void o_ficheiro_novo_nao_se_escreve_por_cima_de_outro()
+    {
+        ServidorWeb web(Pagina("5.1"));
+        Programa p(web.serverPort());
+        QFile outro(p.s.Ficheiro(u"outro.txt"_s));
+        QVERIFY(outro.open(QIODevice::WriteOnly) && outro.write("meu") == 3);
+        outro.close();
+        QFile::remove(p.s.Ficheiro(u"versao.ini"_s));
+        QVERIFY(QFile::link(outro.fileName(), p.s.Ficheiro(u"versao.ini"_s)));
+        p.Espera_Pergunta(u"5.1"_s, answer::no);
+        p.Tique();
+        QTRY_COMPARE(p.Guardada(), u"5.1"_s);
+        QVERIFY(outro.open(QIODevice::ReadOnly));
+        QCOMPARE(outro.readAll(), QByteArray("meu"));
     }
 
     void uma_versao_menor_tambem_da_a_pergunta()

@@ -77,6 +77,8 @@ private Q_SLOTS:
         QVERIFY(c.s.geral.de.Abrir("cmdVerificarTarefas", {u"01-02-2027"_s, u"09:00"_s, u"0"_s}).Eof());
         c.Tique();
         QCOMPARE(c.Aviso(), u"Regar|31-01-2027|18:00"_s);
+        QCOMPARE(c.s.geral.de.Rs("cmdVerificarTarefas").State(), Recordset::Closed);
+        QCOMPARE(c.s.geral.de.Rs("cmdVerificarTarefas2").State(), Recordset::Closed);
     }
 
     void a_de_hoje_toca_na_mudanca_do_minuto()

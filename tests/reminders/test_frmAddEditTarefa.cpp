@@ -94,6 +94,7 @@ private Q_SLOTS:
                           c.form->ComboRepeticao->List(i);
         QCOMPARE(linhas, c.s.Linhas(u"SELECT ID, Nome FROM TblRepeticao ORDER BY ID"_s));
         QCOMPARE(linhas.size(), 5);
+        QCOMPARE(c.s.geral.de.Rs("cmdListarRepeticao").State(), Recordset::Closed);
     }
 
     void uma_tecla_na_repeticao_perde_se_e_a_seta_escolhe()

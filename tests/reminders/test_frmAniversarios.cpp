@@ -126,6 +126,24 @@ private Q_SLOTS:
         QVERIFY(form.ListViewAniversarios->selectedItems().isEmpty());
     }
 
+    void com_e_sem_icone_o_nome_comeca_no_mesmo_sitio()
+    {
+        ComLista c;
+        frmAniversarios &form = c.Abrir();
+        form.PreencherAniversarios(
+            {{u"4"_s, u"Ana"_s, u"7"_s, u"1"_s, true}, {u"9"_s, u"Ana"_s, u"8"_s, u"1"_s}});
+        form.cmdFechar->setFocus();
+        const QTreeWidget &lista = *form.ListViewAniversarios;
+        const auto nome = [&](int linha) {
+            QRect lugar = lista.visualItemRect(lista.topLevelItem(linha));
+            lugar.setLeft(22); // right of the icon
+            lugar.setRight(lista.columnWidth(0) - 1);
+            return lista.viewport()->grab(lugar).toImage();
+        };
+        QCOMPARE(nome(0), nome(1));
+        QVERIFY(nome(0).convertToFormat(QImage::Format_Indexed8).colorCount() > 1); // letters
+    }
+
     void encher_de_novo_substitui_as_linhas()
     {
         ComLista c;
@@ -214,6 +232,7 @@ private Q_SLOTS:
         const frmAniversarios &form = c.Com_Fotografia(QString(u""_s));
         QCOMPARE(form.Image1().path(), c.s.Ficheiro(u"semfoto_big.jpg"_s));
         QCOMPARE(form.Thumb->geometry(), caixa);
+        QCOMPARE(c.s.geral.de.Rs("cmdEditarNome").State(), Recordset::Closed);
     }
 
     void uma_fotografia_que_nao_abre_da_a_do_erro_data()

@@ -110,6 +110,7 @@ private Q_SLOTS:
                  (QStringList{u"Cedo|02-02-2027|08:05|Diariamente"_s, u"Tarde|02-02-2027|18:30|Não"_s,
                               u"Depois|03-02-2027|08:00|Mensalmente"_s}));
         QCOMPARE(c.Cabecas(), (QStringList{c.s.Texto(182), c.s.Texto(177), c.s.Texto(180), c.s.Texto(181)}));
+        QCOMPARE(c.s.geral.de.Rs("cmdListarTarefas").State(), Recordset::Closed);
     }
 
     void so_a_de_hoje_tem_icone_mesmo_depois_de_tocar()
