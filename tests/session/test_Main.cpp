@@ -172,6 +172,9 @@ private Q_SLOTS:
         QCOMPARE(janela.ListaNomes->ListIndex(), 0);
         QCOMPARE(janela.ListaNomes->List(0), u"Abel"_s);
         QCOMPARE(s.geral.IDContacto, qint16{2});
+        novo(u"Aaron"_s, 4); // before the first
+        Q_EMIT sincronizador.ContactosMudados();
+        QCOMPARE(janela.ListaNomes->ListIndex(), 1);
         s.Escrever(u"DELETE FROM TblLista WHERE ID=2"_s);
         novo(u"Zoe"_s, 3);
         Q_EMIT sincronizador.ContactosMudados();

@@ -481,6 +481,15 @@ private Q_SLOTS:
         QVERIFY(a.Cores() > 1);
     }
 
+    void a_trancada_que_muda_de_tamanho_continua_tapada()
+    {
+        SemHospedeiro a(true);
+        a.tray.Minimizar_Tray();
+        a.janela.resize(a.janela.size() + QSize(120, 90));
+        QCoreApplication::processEvents();
+        QCOMPARE(a.Cores(), 1);
+    }
+
     void trancada_outra_vez_tambem_o_que_veio_a_frente_fica_tapado()
     {
         SemHospedeiro a(true);
