@@ -59,6 +59,16 @@ private Q_SLOTS:
         QCOMPARE(campos[15], QString());
     }
 
+    void campos_vazios_sao_campos()
+    {
+        QString registo = Registo(16);
+        for (int i = 16; i >= 1; --i)
+            registo.remove(u'c' + QString::number(i));
+        const auto campos = registo_morvex::Separar(registo);
+        for (const QString &campo : campos)
+            QCOMPARE(campo, QString());
+    }
+
     void a_falta_de_um_dos_quinze_primeiros_e_uma_falha_data()
     {
         QTest::addColumn<int>("quantos");

@@ -1145,7 +1145,9 @@ private Q_SLOTS:
         Programa p;
         QFile enorme(p.s.Ficheiro(u"enorme.mdb"_s));
         QVERIFY(enorme.open(QIODevice::WriteOnly) && enorme.write(inicio) == inicio.size());
-        QVERIFY(enorme.resize(um_a_mais)); // nothing but holes
+        QVERIFY(enorme.resize(um_a_mais - 1)); // nothing but holes
+        QVERIFY(!DE2::Grande_Demais(enorme.fileName()));
+        QVERIFY(enorme.resize(um_a_mais));
         enorme.close();
         p.s.caixas.Espera(ficheiro_grande + enorme.fileName(), 16, p.s.Texto(82));
         const memoria::Medida medida;

@@ -232,6 +232,8 @@ private Q_SLOTS:
         ComAjuda m;
         QTest::keyClick(m.janela.ListaNomes, Qt::Key_F1, Qt::ControlModifier);
         QTest::keyClick(m.janela.ListaNomes, Qt::Key_F3);
+        QKeyEvent repetida(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier, {}, true);
+        QCoreApplication::sendEvent(m.janela.ListaNomes, &repetida); // held down, it opens one page
         QVERIFY(m.shell.abertos.isEmpty());
     }
 };

@@ -1,5 +1,7 @@
 // The start: its steps, what each reads, who gets in, and that a failing step never holds up the later ones.
 #include "data/frmSeleccionarIdioma.h"
+#include "online/Presenca.h"
+#include "reminders/frmAniversarios.h"
 #include "session/Arranque.h"
 #include "session/frmLoading.h"
 #include "session/frmLogin.h"
@@ -608,6 +610,30 @@ private Q_SLOTS:
         QVERIFY(frmLoading_A_Vista() == nullptr);
     }
 
+    void minimizado_ou_nao_o_messenger_so_se_sincroniza_quando_se_quer_data()
+    {
+        QTest::addColumn<QString>("minimizar");
+        QTest::addColumn<QString>("messenger");
+        QTest::addColumn<QString>("presenca");
+        QTest::newRow("minimised, wanted") << u"sim"_s << u"1"_s << u"10"_s;
+        QTest::newRow("minimised, not wanted") << u"sim"_s << u"0"_s << u"1"_s;
+        QTest::newRow("in view, wanted") << u"nao"_s << u"1"_s << u"10"_s;
+        QTest::newRow("in view, not wanted") << u"nao"_s << u"0"_s << u"1"_s;
+    }
+    void minimizado_ou_nao_o_messenger_so_se_sincroniza_quando_se_quer()
+    {
+        QFETCH(QString, minimizar);
+        QFETCH(QString, messenger);
+        PorArrancar p;
+        p.s.geral.ini.Escrever_Ini(u"arranque"_s, u"minimizar"_s, minimizar);
+        p.s.geral.ini.Escrever_Ini(u"messenger"_s, u"activo"_s, messenger);
+        p.s.Escrever(u"UPDATE TblLista SET Email1='ana@a.example', MSNMessenger='1' WHERE ID=1"_s);
+        p.s.mensageiro.contactos = {{u"ana@a.example"_s, 10}};
+        p.janela.Carregar();
+        QTEST(p.s.Linhas(u"SELECT MSNMessenger FROM TblLista WHERE ID=1"_s).join(u""_s), "presenca");
+        if (QWidget *carregando = frmLoading_A_Vista()) carregando->close();
+    }
+
     void sem_messenger_nada_se_mostra()
     {
         PorArrancar p;
@@ -625,7 +651,47 @@ private Q_SLOTS:
         QVERIFY(!carregando->isModal() && p.janela.isVisible());
         QCOMPARE(carregando->parentWidget(), &p.janela); // which comes later, and must not hide it
         QVERIFY(qobject_cast<frmLoading *>(carregando)->Valor() >= 1);
+        const QPointer<QWidget> ainda_ha(carregando);
         carregando->close();
+        QTRY_VERIFY(ainda_ha.isNull());
+    }
+
+    void a_barra_de_frmLoading_comeca_em_um_e_segue_a_sincronizacao()
+    {
+        PorArrancar p;
+        p.Escrever_Ini({{"messenger", "activo", "1"}});
+        p.s.Escrever(u"DELETE FROM TblLista"_s);
+        p.janela.Carregar();
+        auto *carregando = qobject_cast<frmLoading *>(frmLoading_A_Vista());
+        QVERIFY(carregando != nullptr);
+        QCOMPARE(carregando->Valor(), 1);
+        Q_EMIT p.janela.findChild<Presenca *>()->Progresso(40);
+        QCOMPARE(carregando->Valor(), 40);
+        carregando->close();
+    }
+
+    // What is no number counts as a wish to be warned.
+    void quem_faz_anos_mostra_se_ao_comecar_e_os_temporizadores_andam_data()
+    {
+        QTest::addColumn<QString>("aviso");
+        for (const char *aviso : {"0", "1", "", "sempre"})
+            QTest::newRow(aviso) << QString::fromLatin1(aviso);
+    }
+    void quem_faz_anos_mostra_se_ao_comecar_e_os_temporizadores_andam()
+    {
+        QFETCH(QString, aviso);
+        PorArrancar p;
+        p.s.geral.ini.Escrever_Ini(u"aniversarios"_s, u"aviso"_s, aviso);
+        p.s.Novo_Contacto({{u"Nome"_s, u"Faz anos"_s}, {u"Dia"_s, u"1"_s}, {u"Mes"_s, u"2"_s}, {u"Grupo"_s, 1}});
+        bool veio = false;
+        accoes::Quando_Abrir<frmAniversarios>([&](frmAniversarios &lista) {
+            veio = true;
+            lista.close();
+        });
+        p.janela.Carregar();
+        QVERIFY(veio);
+        QVERIFY(p.s.geral.temporizadores.timerTarefas.Enabled());
+        QVERIFY(p.s.geral.temporizadores.timerPonto.Enabled());
     }
 
     void com_AvisoAniversarios_2_os_temporizadores_ficam_como_no_desenho()

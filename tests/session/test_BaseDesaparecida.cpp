@@ -51,6 +51,31 @@ private Q_SLOTS:
         QVERIFY(s.caixas.Todas_Vistas());
         QCOMPARE(s.dialogos.perguntas, QStringList{u"openFile %1|*.mdb @ %2"_s.arg(filtro, s.Pasta())});
     }
+
+    // The start has not read the language from the database that is missing.
+    void os_dialogos_do_sistema_falam_logo_a_lingua_activa_data()
+    {
+        QTest::addColumn<QString>("guardar_como");
+        QTest::newRow("PortuguesBR") << u"Salvar como"_s;
+        QTest::newRow("PortuguesPT") << u"Guardar como"_s;
+        QTest::newRow("FrancesFR") << u"Enregistrer sous"_s;
+        QTest::newRow("InglesUK") << u"Save As"_s;
+    }
+    void os_dialogos_do_sistema_falam_logo_a_lingua_activa()
+    {
+        Sistema s(Sistema::Estado::Sem_Base);
+        s.geral.IdiomaActual = QString::fromLatin1(QTest::currentDataTag());
+        s.caixas.Espera_Qualquer(52, u"Morvex"_s, answer::no);
+        base_desaparecida::Procurar(s.geral, s.plataforma);
+        QTEST(QCoreApplication::translate("QFileDialog", "Save As"), "guardar_como");
+    }
+
+    void uma_base_que_la_esta_nao_se_procura()
+    {
+        Sistema s;
+        base_desaparecida::Procurar(s.geral, s.plataforma); // a box would fail the test
+        QVERIFY(s.dialogos.perguntas.isEmpty());
+    }
 };
 
 MORVEX_TESTE(TestBaseDesaparecida)

@@ -8,6 +8,7 @@
 #include "report/ReportPreview.h"
 #include "session/frmLogin.h"
 #include "session/Main.h"
+#include "sincronizacao/MemoriaDaSincronizacao.h"
 #include "sincronizacao/Sincronizador.h"
 #include "testlib/Accoes.h"
 #include "testlib/ComJanela.h"
@@ -171,10 +172,30 @@ private Q_SLOTS:
         QCOMPARE(janela.ListaNomes->ListIndex(), 0);
         QCOMPARE(janela.ListaNomes->List(0), u"Abel"_s);
         QCOMPARE(s.geral.IDContacto, qint16{2});
+        novo(u"Aaron"_s, 4); // before the first
+        Q_EMIT sincronizador.ContactosMudados();
+        QCOMPARE(janela.ListaNomes->ListIndex(), 1);
         s.Escrever(u"DELETE FROM TblLista WHERE ID=2"_s);
         novo(u"Zoe"_s, 3);
         Q_EMIT sincronizador.ContactosMudados();
         QCOMPARE(janela.ListaNomes->ListIndex(), -1); // who was chosen is gone
+    }
+
+    void ao_comecar_a_sincronizacao_ligada_tem_o_seu_relogio_a_andar()
+    {
+        Sistema s;
+        ContaSincronizada conta;
+        conta.Endereco = u"dav.example"_s;
+        conta.Livro = u"https://dav.example/eva/amigos/"_s;
+        conta.IDGrupo = 1;
+        conta.Ligada = true;
+        conta.Minutos = 30;
+        MemoriaDaSincronizacao(s.geral.de, s.geral.SessaoActual.IdUtilizador).Guardar(conta);
+        Main janela(s.geral, s.plataforma);
+        janela.Carregar();
+        const QTimer &relogio = *janela.findChild<Sincronizador *>()->findChild<QTimer *>();
+        QVERIFY(relogio.isActive());
+        QCOMPARE(relogio.interval(), 30 * 60 * 1000);
     }
 
     // The dot

@@ -157,7 +157,8 @@ private Q_SLOTS:
     {
         PostoComMemo p;
         const int ana = p.s.Novo_Utilizador(u"Ana"_s, u"x"_s);
-        p.s.Novo_Utilizador(u"Rui"_s, u"y"_s);
+        const int rui = p.s.Novo_Utilizador(u"Rui"_s, u"y"_s);
+        p.s.Novo_Grupo(u"Só do Rui"_s, rui);
         p.s.Entrar(u"Ana"_s);
         p.s.caixas.Espera(p.s.Texto(453), box::exclamation, u"Morvex"_s);
         accoes::Quando_Abrir<frmLogin>([](frmLogin &login) {
@@ -171,6 +172,7 @@ private Q_SLOTS:
         QVERIFY(p.s.caixas.Todas_Vistas());
         QCOMPARE(p.s.geral.SessaoActual.Utilizador, u"Rui"_s);
         QVERIFY(p.janela.windowTitle().endsWith(u" Rui"_s));
+        QVERIFY(p.janela.ComboGrupos->findText(u"Só do Rui"_s) >= 0);
         QVERIFY(Abertos<frmMemo>().isEmpty()); // they were another's
     }
 

@@ -421,6 +421,25 @@ private Q_SLOTS:
         QVERIFY(Aberta_No_Ecra(a.janela));
     }
 
+    void o_hospedeiro_que_morre_nao_traz_uma_janela_que_nunca_veio()
+    {
+        Sistema s;
+        const Main janela(s.geral, s.plataforma);
+        s.tabuleiro.Vai_Se_O_Hospedeiro();
+        QVERIFY(!janela.isVisible());
+    }
+
+    void a_que_o_icone_trouxe_e_o_utilizador_minimizou_nao_se_esconde()
+    {
+        Aberta a(false);
+        a.Esconder();
+        a.s.tabuleiro.Clicar(Picture1);
+        a.s.tabuleiro.Vai_Se_O_Hospedeiro();
+        a.janela.showMinimized();
+        a.s.tabuleiro.Chega_Hospedeiro();
+        QVERIFY(Minimizada(a.janela));
+    }
+
     void o_hospedeiro_que_morre_nao_destranca()
     {
         Aberta a(true);
@@ -460,6 +479,25 @@ private Q_SLOTS:
         QVERIFY(Aberta_No_Ecra(a.janela));
         QVERIFY(!a.tray.TrayBloqueado());
         QVERIFY(a.Cores() > 1);
+    }
+
+    void a_trancada_que_muda_de_tamanho_continua_tapada()
+    {
+        SemHospedeiro a(true);
+        a.tray.Minimizar_Tray();
+        a.janela.resize(a.janela.size() + QSize(120, 90));
+        QCoreApplication::processEvents();
+        QCOMPARE(a.Cores(), 1);
+    }
+
+    void trancada_outra_vez_tambem_o_que_veio_a_frente_fica_tapado()
+    {
+        SemHospedeiro a(true);
+        a.tray.Minimizar_Tray();
+        a.Trazer_Da_Barra([](frmLogin &form) { Dar_Senha(form, u"segredo"_s); });
+        a.janela.centralWidget()->raise();
+        a.tray.Minimizar_Tray();
+        QCOMPARE(a.Cores(), 1);
     }
 
     void cancelar_deixa_a_trancada_na_barra_e_a_vez_seguinte_pergunta_de_novo()

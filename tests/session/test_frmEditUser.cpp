@@ -73,6 +73,20 @@ private Q_SLOTS:
         QVERIFY(c.cbSystemTray->isChecked());
     }
 
+    void cada_caixa_mostra_a_sua_coluna_data() { Dados_De_Cada_Caixa(); }
+    void cada_caixa_mostra_a_sua_coluna()
+    {
+        QFETCH(QString, caixa);
+        Sistema s;
+        s.Novo_Utilizador(u"Rui"_s, u"x"_s, u"00000"_s);
+        s.Escrever(u"UPDATE TblUsers SET %1=1"_s.arg(caixa.mid(2)));
+        const frmEditUser form(s.geral, s.plataforma);
+        QStringList marcadas;
+        for (const QCheckBox *uma : form.campos->findChildren<QCheckBox *>())
+            if (uma->isChecked()) marcadas << uma->objectName();
+        QCOMPARE(marcadas, QStringList{caixa});
+    }
+
     void senha_nula_na_base_mostra_se_vazia()
     {
         Sistema s;

@@ -11,6 +11,8 @@
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
+#include <QScreen>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -81,6 +83,12 @@ private:
 unsigned Cor_Da_Amostra(const frmOpcoes &form)
 {
     return colourNumber(form.txtMemo->palette().color(QPalette::Base));
+}
+
+QList<QWidget *> Quadros(const frmOpcoes &form)
+{
+    return {form.picOptions0, form.picOptions1, form.picOptions2, form.picOptions3,
+            form.picOptions4, form.picOptions5, form.picOptions6, form.picOptions7};
 }
 
 QFont Fonte(const QString &familia, double tamanho, bool negrito, bool italico)
@@ -263,7 +271,8 @@ private Q_SLOTS:
         QVERIFY(t.timerTarefas.Enabled() && t.timerPonto.Enabled());
         QVERIFY(!t.TimerMailNotification.Enabled());
         QCOMPARE(reiniciar.count(), 1);
-        QCOMPARE(iniciar.count(), 0);
+        c.Largar();
+        QCOMPARE(iniciar.count(), 0); // not even once it is gone
     }
 
     void mostra_os_valores_do_processo()
@@ -351,9 +360,7 @@ private Q_SLOTS:
     {
         Cenario c;
         frmOpcoes &form = c.Mostrar();
-        const QList<QWidget *> quadros{form.picOptions0, form.picOptions1, form.picOptions2,
-                                       form.picOptions3, form.picOptions4, form.picOptions5,
-                                       form.picOptions6, form.picOptions7};
+        const QList<QWidget *> quadros = Quadros(form);
         for (int escolhido = 0; escolhido < quadros.size(); ++escolhido) {
             QTest::mouseClick(form.tbsOptions, Qt::LeftButton, {},
                               form.tbsOptions->tabRect(escolhido).center());
@@ -372,8 +379,40 @@ private Q_SLOTS:
         for (int i = 1; i <= 8; ++i) {
             QTest::keyClick(form.focusWidget(), Qt::Key_Tab, Qt::ControlModifier);
             QCOMPARE(form.tbsOptions->currentIndex(), i % 8);
+            QVERIFY(form.tbsOptions->hasFocus());
         }
         QCOMPARE(form.txtRemetente->toPlainText(), c.s.geral.RemetenteBD);
+    }
+
+    void os_quadros_tem_todos_o_tamanho_do_maior_e_o_formulario_fica_ao_meio()
+    {
+        Cenario c;
+        const frmOpcoes &form = c.Abrir();
+        QSize maior;
+        for (const QWidget *quadro : Quadros(form))
+            maior = maior.expandedTo(quadro->sizeHint());
+        const QSize todos = form.areaCliente->minimumSize();
+        QCOMPARE(todos.height(), maior.height());
+        QVERIFY(todos.width() >= maior.width() && todos.width() >= form.tbsOptions->sizeHint().width());
+        QCOMPARE(form.areaCliente->maximumSize(), todos);
+        for (const QWidget *quadro : Quadros(form))
+            QCOMPARE(quadro->size(), todos);
+        QCOMPARE(form.size(), form.sizeHint());
+        QCOMPARE(form.pos() + form.rect().center(), form.screen()->availableGeometry().center());
+    }
+
+    void o_leitor_de_ecra_diz_de_que_quadro_e_o_que_nao_tem_etiqueta()
+    {
+        Cenario c;
+        const frmOpcoes &form = c.Abrir();
+        const auto sem_letra = [&](int texto) { return withoutMnemonic(c.s.Texto(texto)); };
+        QCOMPARE(form.tbsOptions->accessibleName(), sem_letra(151));
+        QCOMPARE(form.txtRemetente->accessibleName(), sem_letra(193));
+        QCOMPARE(form.txtDestinatario->accessibleName(), sem_letra(194));
+        QCOMPARE(form.lvEmails->accessibleName(), sem_letra(245));
+        QCOMPARE(form.txtCaminhoSom->accessibleName(), sem_letra(267));
+        QCOMPARE(form.cmdProcurar->accessibleName(), sem_letra(69) + u", "_s + sem_letra(220));
+        QCOMPARE(form.cmdProcurarSom->accessibleName(), sem_letra(69) + u", "_s + sem_letra(267));
     }
 
     void enter_confirma_enquanto_ninguem_esteve_numa_morada()
