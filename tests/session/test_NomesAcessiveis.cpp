@@ -5,6 +5,8 @@
 #include "testlib/Nomes.h"
 #include "testlib/Teste.h"
 
+#include <QAccessible>
+
 using namespace Qt::StringLiterals;
 
 namespace
