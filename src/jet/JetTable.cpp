@@ -3,7 +3,6 @@
 #include <cmath>
 #include <functional>
 #include <optional>
-#include <QLocale>
 
 namespace
 {
@@ -123,11 +122,11 @@ QDateTime dateOf(double value)
         .addSecs(second);
 }
 
-// The shortest number that reads back as the same float: 0.1 stays 0.1.
+// As the file has it: whoever stores it again finds the shortest number that is the same float.
 double singleOf(float value)
 {
     if (!std::isfinite(value)) raiseDamage("a number that is none");
-    return QString::number(value, 'g', QLocale::FloatingPointShortest).toDouble();
+    return value;
 }
 
 TableReader::TableReader(const JetPages &pages, quint32 definition)
