@@ -396,8 +396,8 @@ private Q_SLOTS:
         for (const int qual : {3, 1, 0, 2}) {
             f.Escolher(qual);
             QCOMPARE(f.form.ComboEscolha->currentIndex(), qual);
+            QCOMPARE(f.Celula(0, ContactosAImportar::IgualA), qual == 2 ? u"Eva Costa"_s : u"Ana Silva"_s);
         }
-        QCOMPARE(f.Celula(0, ContactosAImportar::IgualA), u"Eva Costa"_s);
         f.form.cmdImportar->click();
         QCOMPARE(p.Contactos(), (QStringList{u"Ana Silva|"_s, u"Eva Costa|outra.pt"_s}));
     }
@@ -473,6 +473,7 @@ private Q_SLOTS:
                                       p.s.Texto(317) + u" 1"_s, p.s.Texto(236) + u": Xadrez"_s,
                                       p.s.Texto(298) + u" 1"_s,
                                       p.s.Texto(318) + u" 23 \u2013 "_s + p.s.Texto(323)}));
+        QVERIFY(!Carregado(*f.form.txtContacto, u"Xadrez"_s));
     }
 
     void sem_grupo_ou_com_um_que_ja_nao_existe_nao_se_importa()
