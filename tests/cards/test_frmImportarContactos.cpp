@@ -795,6 +795,44 @@ private Q_SLOTS:
         QVERIFY(f.form.cmdImportar->isEnabled());
     }
 
+    void o_que_se_decidiu_de_um_ficheiro_que_falhou_nao_vale_no_seguinte()
+    {
+        Programa p;
+        ServidorFalso servidor(p.s.Base());
+        servidor.Servir(p.s.geral);
+        Formulario f(p, Cartao("FN:Rui") + Cartao("FN:Eva"));
+        f.form.hide();
+        f.form.setModal(true); // as the menu opens it
+        f.form.show();
+        f.Ir_Para(0);
+        f.Escolher(1); // skip
+        f.form.ComboCodificacao->setCurrentIndex(1);
+        Q_EMIT f.form.ComboCodificacao->activated(1);
+        servidor.Perder();
+        p.s.caixas.Espera_Erro(Failure::StoreError);
+        QTRY_VERIFY(p.s.caixas.Todas_Vistas());
+        servidor.Voltar();
+        f.form.Abrir(p.Ficheiro(u"outra.vcf"_s, Cartao("FN:Ivo") + Cartao("FN:Luz")));
+        f.Esperar();
+        QCOMPARE(f.Linhas(), 2);
+        QVERIFY(f.Marcado(0));
+    }
+
+    void o_que_ficou_em_duvida_nao_toma_o_lugar_de_outro_ficheiro()
+    {
+        Programa p;
+        ServidorFalso servidor(p.s.Base());
+        servidor.Servir(p.s.geral);
+        Formulario f(p);
+        servidor.Perder_A_Proxima_Resposta();
+        QTest::mouseClick(f.form.cmdImportar, Qt::LeftButton);
+        servidor.Voltar();
+        f.form.Abrir(p.Ficheiro(u"outra.vcf"_s, Cartao("FN:Ivo")));
+        f.Esperar();
+        QTest::mouseClick(f.form.cmdImportar, Qt::LeftButton);
+        QVERIFY(p.Contactos().contains(u"Ivo|"_s));
+    }
+
     // Broken off
 
     void fechar_a_meio_da_leitura_acaba_com_ela()
