@@ -2,6 +2,7 @@
 #include "cards/frmImportarContactos.h"
 
 #include "cards/ContactosAImportar.h"
+#include "cards/ContactosLargados.h"
 #include "cards/EntradaDeContactos.h"
 #include "cards/frmCampos.h"
 #include "platform/Failure.h"
@@ -1022,6 +1023,37 @@ private Q_SLOTS:
         Quando_Abrir<frmImportarContactos>(ver);
         QVERIFY(Largar(p.janela, dados));
         QTRY_COMPARE_WITH_TIMEOUT(vistos, (QStringList{u"um.vcf"_s, u"quatro.VCF"_s}), 5000);
+    }
+
+    void larga_se_um_ficheiro_deste_computador_que_pode_ter_contactos_data()
+    {
+        QTest::addColumn<QUrl>("endereco");
+        QTest::addColumn<bool>("serve");
+        QTest::newRow("cartões") << QUrl::fromLocalFile(u"/tmp/a.vcf"_s) << true;
+        QTest::newRow("tabela") << QUrl::fromLocalFile(u"/tmp/a.CSV"_s) << true;
+        QTest::newRow("texto") << QUrl::fromLocalFile(u"/tmp/a.txt"_s) << false;
+        QTest::newRow("de outro computador") << QUrl(u"http://exemplo.pt/a.vcf"_s) << false;
+    }
+    void larga_se_um_ficheiro_deste_computador_que_pode_ter_contactos()
+    {
+        QFETCH(QUrl, endereco);
+        QFETCH(bool, serve);
+        Programa p;
+        QVERIFY(p.janela.acceptDrops());
+        QMimeData dados;
+        dados.setUrls({endereco});
+        const QSignalSpy largados(p.janela.findChild<ContactosLargados *>(), &ContactosLargados::Ficheiros);
+        QDragEnterEvent entrada({10, 10}, Qt::CopyAction | Qt::MoveAction, &dados, Qt::LeftButton, {});
+        entrada.setDropAction(Qt::MoveAction); // as the other program would have it
+        entrada.ignore();
+        QCoreApplication::sendEvent(&p.janela, &entrada);
+        QCOMPARE(entrada.isAccepted(), serve);
+        QCOMPARE(entrada.dropAction(), serve ? Qt::CopyAction : Qt::MoveAction);
+        QCOMPARE(largados.count(), 0); // it is only shown that it could be
+        QDragEnterEvent so_mover({10, 10}, Qt::MoveAction, &dados, Qt::LeftButton, {});
+        so_mover.ignore();
+        QCoreApplication::sendEvent(&p.janela, &so_mover);
+        QVERIFY(!so_mover.isAccepted());
     }
 
     void o_que_nao_sao_contactos_nao_se_larga()
