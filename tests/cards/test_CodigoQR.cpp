@@ -43,6 +43,25 @@ private Q_SLOTS:
             QCOMPARE(CodigoQR(QByteArray(bytes, 'x')).Lado(), lado);
     }
 
+    // By which a reader finds it: squares in three of its corners, and two dotted lines between them.
+    void os_cantos_e_as_linhas_de_medida_estao_no_seu_lugar()
+    {
+        for (const int bytes : {3, 100, 499}) {
+            const CodigoQR codigo(QByteArray(bytes, 'x'));
+            const int fim = codigo.Lado() - 7;
+            for (const QPoint canto : {QPoint(0, 0), QPoint(fim, 0), QPoint(0, fim)})
+                for (int y = 0; y < 7; ++y)
+                    for (int x = 0; x < 7; ++x) {
+                        const int do_meio = std::max(std::abs(x - 3), std::abs(y - 3));
+                        QCOMPARE(codigo.Escuro(canto.x() + x, canto.y() + y), do_meio != 2);
+                    }
+            for (int i = 8; i < codigo.Lado() - 8; ++i) {
+                QCOMPARE(codigo.Escuro(i, 6), i % 2 == 0);
+                QCOMPARE(codigo.Escuro(6, i), i % 2 == 0);
+            }
+        }
+    }
+
     void a_margem_de_quatro_modulos_e_branca()
     {
         const CodigoQR codigo("Ana");

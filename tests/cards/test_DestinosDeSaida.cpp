@@ -146,7 +146,8 @@ private Q_SLOTS:
             return QStringList{caminho, u"The file can't be written: "_s + caminho};
         };
         const QString ficheiro = QDir(nenhuma).filePath(u"Ana.vcf"_s);
-        QCOMPARE(teste::Falha_Dita([&] { NumaPasta(nenhuma, u"vcf"_s).Juntar(u"Ana"_s, "novo"); }), dita(ficheiro));
+        QCOMPARE(teste::Falha_Dita([&] { NumaPasta(nenhuma, u"vcf"_s).Juntar(u"Ana"_s, "novo"); }),
+                 dita(ficheiro));
         QCOMPARE(teste::Falha_Dita([&] { NumFicheiro(ficheiro).Juntar({}, "novo"); }), dita(ficheiro));
         QCOMPARE(teste::Falha_Dita([&] { NumFicheiro(ficheiro).Concluir(); }), dita(ficheiro));
         VERIFICAR_FALHA(NumFicheiro(ficheiro).Concluir(), Failure::PathFileAccess);

@@ -51,7 +51,8 @@ private Q_SLOTS:
         no_texto("com brancos", "BEGIN : VCARD\r\n", false);
         no_texto("com outra coisa pelo meio", "BEGIN:xVCARD\r\n", true);
         const QString utf16 = QString::fromLatin1(cartao);
-        no_texto("UTF-16", QByteArray(reinterpret_cast<const char *>(utf16.utf16()), 2 * utf16.size()), false);
+        no_texto("UTF-16", QByteArray(reinterpret_cast<const char *>(utf16.utf16()), 2 * utf16.size()),
+                 false);
         no_texto("no fim do que se olha", QByteArray(4096 - 11, 'x') + cartao, false);
         no_texto("já depois disso", QByteArray(4096 - 10, 'x') + cartao, true);
         no_texto("nada", QByteArray(), true);
@@ -101,9 +102,11 @@ private Q_SLOTS:
         const FicheiroDeContactos um = FicheiroDeContactos::Com(cartao);
         QVERIFY(um.Leitura() == Estado::Lido && !um.E_Tabela());
         QCOMPARE(um.Bytes(), cartao);
-        const FicheiroDeContactos cabe = FicheiroDeContactos::Com(QByteArray(FicheiroDeContactos::maior, 'x'));
+        const FicheiroDeContactos cabe =
+            FicheiroDeContactos::Com(QByteArray(FicheiroDeContactos::maior, 'x'));
         QVERIFY(cabe.Leitura() == Estado::Lido);
-        const FicheiroDeContactos maior = FicheiroDeContactos::Com(QByteArray(FicheiroDeContactos::maior + 1, 'x'));
+        const FicheiroDeContactos maior =
+            FicheiroDeContactos::Com(QByteArray(FicheiroDeContactos::maior + 1, 'x'));
         QVERIFY(maior.Leitura() == Estado::Grande);
         QVERIFY(maior.Bytes().isEmpty());
     }

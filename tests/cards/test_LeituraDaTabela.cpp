@@ -186,6 +186,15 @@ private Q_SLOTS:
         QCOMPARE(leitura.Numeros_Estragados(), um);
     }
 
+    void a_segunda_linha_tambem_se_le_e_pode_ter_mais_colunas()
+    {
+        Mesa m;
+        const LeituraDaTabela leitura = m.Ler("Nome;Fax\nAna;1\nRui;2;3\n");
+        QCOMPARE(leitura.Colunas(), std::size_t{3});
+        QCOMPARE(leitura.Celula(1, 0), u"Rui"_s);
+        QCOMPARE(leitura.Celula(1, 2), u"3"_s);
+    }
+
     void a_primeira_coluna_e_uma_como_as_outras()
     {
         Mesa m;

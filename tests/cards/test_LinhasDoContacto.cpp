@@ -56,18 +56,17 @@ private Q_SLOTS:
         ColunasDoContacto colunas;
         for (std::size_t i = 0; i < ColunasDoContacto::quantas; ++i)
             colunas.valores[i] = QString::number(100 + i);
-        const std::pair<L, QStringList> esperados[]{
-            {L::Nome, {u"100"_s}},
-            {L::Telefone, {u"101"_s, u"102"_s}},
-            {L::Fax, {u"103"_s}},
-            {L::Telemovel, {u"104"_s, u"105"_s, u"106"_s}},
-            {L::Aniversario, {u"107 108 109"_s}},
-            {L::Email, {u"110"_s, u"111"_s}},
-            {L::Website, {u"112"_s}},
-            {L::Morada, {u"113"_s}},
-            {L::Obs, {u"114"_s}},
-            {L::Fotografia, {u"115"_s}},
-            {L::Grupo, {u"116"_s}}};
+        const std::pair<L, QStringList> esperados[]{{L::Nome, {u"100"_s}},
+                                                    {L::Telefone, {u"101"_s, u"102"_s}},
+                                                    {L::Fax, {u"103"_s}},
+                                                    {L::Telemovel, {u"104"_s, u"105"_s, u"106"_s}},
+                                                    {L::Aniversario, {u"107 108 109"_s}},
+                                                    {L::Email, {u"110"_s, u"111"_s}},
+                                                    {L::Website, {u"112"_s}},
+                                                    {L::Morada, {u"113"_s}},
+                                                    {L::Obs, {u"114"_s}},
+                                                    {L::Fotografia, {u"115"_s}},
+                                                    {L::Grupo, {u"116"_s}}};
         for (const auto &[linha, valores] : esperados)
             QCOMPARE(linhas_do_contacto::Valores(linha, colunas, s.geral), valores);
         for (const L linha : linhas_do_contacto::todas)
@@ -79,7 +78,8 @@ private Q_SLOTS:
         Sistema s;
         ColunasDoContacto colunas;
         colunas[Coluna::Morada] = u" Rua A \r\n\r\n4000 Porto\n"_s;
-        QCOMPARE(linhas_do_contacto::Valores(L::Morada, colunas, s.geral), (QStringList{u"Rua A"_s, u"4000 Porto"_s}));
+        QCOMPARE(linhas_do_contacto::Valores(L::Morada, colunas, s.geral),
+                 (QStringList{u"Rua A"_s, u"4000 Porto"_s}));
     }
 
     void um_mes_diz_se_pelo_nome_e_o_que_nao_e_mes_como_esta()

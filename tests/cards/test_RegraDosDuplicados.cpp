@@ -419,6 +419,64 @@ private Q_SLOTS:
                  (std::vector<C>{C::Telefone2, C::Telemovel2, C::Dia, C::Mes, C::Morada, C::Obs}));
     }
 
+    void cada_coluna_sozinha_ja_completa_e_a_que_la_esta_fica_data()
+    {
+        QTest::addColumn<int>("coluna");
+        QTest::addColumn<QString>("nova");
+        QTest::addColumn<QString>("outra"); // what the other may have there already
+        const auto caso = [](C coluna, const QString &nova, const QString &outra) {
+            const auto lugar = static_cast<std::size_t>(coluna);
+            QTest::newRow(ColunasDoContacto::na_tabela[lugar]) << static_cast<int>(coluna) << nova << outra;
+        };
+        for (const C numero : ColunasDoContacto::numeros)
+            caso(numero, u"211111111"_s, u"211 111 111"_s);
+        for (const C email : ColunasDoContacto::emails)
+            caso(email, u"a@b.pt"_s, u"A@b.pt"_s);
+        caso(C::Website, u"a.pt"_s, u"b.pt"_s);
+        caso(C::Morada, u"Rua A"_s, u"Rua B"_s);
+        caso(C::Dia, u"4"_s, u"5"_s);
+        caso(C::Obs, u"nota"_s, u"uma nota"_s);
+        caso(C::Fotografia, u"a.jpg"_s, u"b.jpg"_s);
+    }
+    void cada_coluna_sozinha_ja_completa_e_a_que_la_esta_fica()
+    {
+        QFETCH(int, coluna);
+        QFETCH(QString, nova);
+        QFETCH(QString, outra);
+        const auto qual = static_cast<C>(coluna);
+        const ColunasDoContacto ana = Contacto({{C::Nome, u"Ana"_s}});
+        const ColunasDoContacto quem = Contacto({{C::Nome, u"Outra"_s}, {qual, nova}});
+        const Decisao vazia = RegraDosDuplicados::Juntos(u"InglesUK"_s, quem, ana);
+        QCOMPARE(vazia.veredicto, V::Completa);
+        QCOMPARE(vazia.preenchidas.size(), std::size_t{1});
+        QCOMPARE(vazia.completado[vazia.preenchidas.front()], nova);
+        const ColunasDoContacto cheia = Com(ana, {{qual, outra}});
+        const Decisao dita = RegraDosDuplicados::Juntos(u"InglesUK"_s, quem, cheia);
+        QCOMPARE(dita.veredicto, V::Igual);
+        QVERIFY(dita.completado == cheia);
+    }
+
+    void a_unica_coluna_que_falta_tambem_se_enche()
+    {
+        constexpr std::array colunas{C::Website, C::Morada, C::Dia, C::Fotografia};
+        for (const C qual : colunas) {
+            ColunasDoContacto ana = Contacto({{C::Nome, u"Ana"_s}});
+            for (const C outra : colunas)
+                if (outra != qual) ana[outra] = u"1"_s;
+            const Decisao decisao =
+                RegraDosDuplicados::Juntos(u"InglesUK"_s, Contacto({{C::Nome, u"Ana"_s}, {qual, u"2"_s}}), ana);
+            QCOMPARE(decisao.preenchidas, std::vector<C>{qual});
+        }
+    }
+
+    void o_que_sao_so_brancos_nao_enche_nada()
+    {
+        const ColunasDoContacto ana = Contacto({{C::Nome, u"Ana"_s}});
+        const Decisao decisao = RegraDosDuplicados::Juntos(
+            u"InglesUK"_s, Com(ana, {{C::Telefone1, u"  "_s}, {C::Email1, u" "_s}, {C::Website, u"a.pt"_s}}), ana);
+        QCOMPARE(decisao.preenchidas, std::vector<C>{C::Website});
+    }
+
     void o_que_o_outro_tem_noutra_especie_nao_vem_outra_vez()
     {
         const ColunasDoContacto ana = Contacto({{C::Nome, u"Ana Silva"_s}, {C::Telefone1, u"912345678"_s}});

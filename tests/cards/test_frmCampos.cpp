@@ -13,6 +13,7 @@
 #include <QComboBox>
 #include <QScopeGuard>
 #include <QScrollBar>
+#include <QSet>
 
 using namespace Qt::StringLiterals;
 
@@ -208,6 +209,33 @@ private Q_SLOTS:
         }
         QCOMPARE(form->tblCampos->model()->headerData(2, Qt::Horizontal, Qt::ToolTipRole).toString(), u"Signo"_s);
         QVERIFY(!form->tblCampos->model()->headerData(2, Qt::Vertical, Qt::ToolTipRole).isValid());
+    }
+
+    void cada_campo_desenha_se_como_uma_escolha_com_a_sua_palavra()
+    {
+        Mesa m;
+        const auto form = m.Abrir();
+        QTableView &mesa = *form->tblCampos;
+        mesa.setCurrentIndex({}); // whose cell has a frame of its own
+        const auto vista = [&](int coluna) {
+            return mesa.viewport()->grab(mesa.visualRect(mesa.model()->index(0, coluna))).toImage();
+        };
+        const auto mais_escuro = [](const QImage &imagem) { // where the word stands
+            int menor = 255;
+            for (int x = 6; x < imagem.width() - 30; ++x)
+                for (int y = 6; y < imagem.height() - 6; ++y)
+                    menor = std::min(menor, qGray(imagem.pixel(x, y)));
+            return menor;
+        };
+        QVERIFY(mais_escuro(vista(1)) < mais_escuro(vista(2))); // which goes to Obs
+        QSet<QRgb> cores; // of the arrow
+        const QImage antes = vista(1);
+        for (int x = antes.width() - 20; x < antes.width() - 6; ++x)
+            for (int y = 6; y < antes.height() - 6; ++y)
+                cores.insert(antes.pixel(x, y));
+        QVERIFY(cores.size() > 1);
+        mesa.model()->setData(mesa.model()->index(0, 1), Qual(CsvField::Fax));
+        QVERIFY(vista(1) != antes);
     }
 
     void o_que_vai_para_obs_tem_uma_cor_entre_a_das_letras_e_a_do_fundo()

@@ -2,6 +2,7 @@
 #include "cards/frmImportarContactos.h"
 
 #include "cards/ContactosAImportar.h"
+#include "cards/ContactosLargados.h"
 #include "cards/EntradaDeContactos.h"
 #include "cards/frmCampos.h"
 #include "platform/Failure.h"
@@ -396,8 +397,8 @@ private Q_SLOTS:
         for (const int qual : {3, 1, 0, 2}) {
             f.Escolher(qual);
             QCOMPARE(f.form.ComboEscolha->currentIndex(), qual);
+            QCOMPARE(f.Celula(0, ContactosAImportar::IgualA), qual == 2 ? u"Eva Costa"_s : u"Ana Silva"_s);
         }
-        QCOMPARE(f.Celula(0, ContactosAImportar::IgualA), u"Eva Costa"_s);
         f.form.cmdImportar->click();
         QCOMPARE(p.Contactos(), (QStringList{u"Ana Silva|"_s, u"Eva Costa|outra.pt"_s}));
     }
@@ -473,6 +474,7 @@ private Q_SLOTS:
                                       p.s.Texto(317) + u" 1"_s, p.s.Texto(236) + u": Xadrez"_s,
                                       p.s.Texto(298) + u" 1"_s,
                                       p.s.Texto(318) + u" 23 \u2013 "_s + p.s.Texto(323)}));
+        QVERIFY(!Carregado(*f.form.txtContacto, u"Xadrez"_s));
     }
 
     void sem_grupo_ou_com_um_que_ja_nao_existe_nao_se_importa()
@@ -794,6 +796,44 @@ private Q_SLOTS:
         QVERIFY(f.form.cmdImportar->isEnabled());
     }
 
+    void o_que_se_decidiu_de_um_ficheiro_que_falhou_nao_vale_no_seguinte()
+    {
+        Programa p;
+        ServidorFalso servidor(p.s.Base());
+        servidor.Servir(p.s.geral);
+        Formulario f(p, Cartao("FN:Rui") + Cartao("FN:Eva"));
+        f.form.hide();
+        f.form.setModal(true); // as the menu opens it
+        f.form.show();
+        f.Ir_Para(0);
+        f.Escolher(1); // skip
+        f.form.ComboCodificacao->setCurrentIndex(1);
+        Q_EMIT f.form.ComboCodificacao->activated(1);
+        servidor.Perder();
+        p.s.caixas.Espera_Erro(Failure::StoreError);
+        QTRY_VERIFY(p.s.caixas.Todas_Vistas());
+        servidor.Voltar();
+        f.form.Abrir(p.Ficheiro(u"outra.vcf"_s, Cartao("FN:Ivo") + Cartao("FN:Luz")));
+        f.Esperar();
+        QCOMPARE(f.Linhas(), 2);
+        QVERIFY(f.Marcado(0));
+    }
+
+    void o_que_ficou_em_duvida_nao_toma_o_lugar_de_outro_ficheiro()
+    {
+        Programa p;
+        ServidorFalso servidor(p.s.Base());
+        servidor.Servir(p.s.geral);
+        Formulario f(p);
+        servidor.Perder_A_Proxima_Resposta();
+        QTest::mouseClick(f.form.cmdImportar, Qt::LeftButton);
+        servidor.Voltar();
+        f.form.Abrir(p.Ficheiro(u"outra.vcf"_s, Cartao("FN:Ivo")));
+        f.Esperar();
+        QTest::mouseClick(f.form.cmdImportar, Qt::LeftButton);
+        QVERIFY(p.Contactos().contains(u"Ivo|"_s));
+    }
+
     // Broken off
 
     void fechar_a_meio_da_leitura_acaba_com_ela()
@@ -983,6 +1023,37 @@ private Q_SLOTS:
         Quando_Abrir<frmImportarContactos>(ver);
         QVERIFY(Largar(p.janela, dados));
         QTRY_COMPARE_WITH_TIMEOUT(vistos, (QStringList{u"um.vcf"_s, u"quatro.VCF"_s}), 5000);
+    }
+
+    void larga_se_um_ficheiro_deste_computador_que_pode_ter_contactos_data()
+    {
+        QTest::addColumn<QUrl>("endereco");
+        QTest::addColumn<bool>("serve");
+        QTest::newRow("cartões") << QUrl::fromLocalFile(u"/tmp/a.vcf"_s) << true;
+        QTest::newRow("tabela") << QUrl::fromLocalFile(u"/tmp/a.CSV"_s) << true;
+        QTest::newRow("texto") << QUrl::fromLocalFile(u"/tmp/a.txt"_s) << false;
+        QTest::newRow("de outro computador") << QUrl(u"http://exemplo.pt/a.vcf"_s) << false;
+    }
+    void larga_se_um_ficheiro_deste_computador_que_pode_ter_contactos()
+    {
+        QFETCH(QUrl, endereco);
+        QFETCH(bool, serve);
+        Programa p;
+        QVERIFY(p.janela.acceptDrops());
+        QMimeData dados;
+        dados.setUrls({endereco});
+        const QSignalSpy largados(p.janela.findChild<ContactosLargados *>(), &ContactosLargados::Ficheiros);
+        QDragEnterEvent entrada({10, 10}, Qt::CopyAction | Qt::MoveAction, &dados, Qt::LeftButton, {});
+        entrada.setDropAction(Qt::MoveAction); // as the other program would have it
+        entrada.ignore();
+        QCoreApplication::sendEvent(&p.janela, &entrada);
+        QCOMPARE(entrada.isAccepted(), serve);
+        QCOMPARE(entrada.dropAction(), serve ? Qt::CopyAction : Qt::MoveAction);
+        QCOMPARE(largados.count(), 0); // it is only shown that it could be
+        QDragEnterEvent so_mover({10, 10}, Qt::MoveAction, &dados, Qt::LeftButton, {});
+        so_mover.ignore();
+        QCoreApplication::sendEvent(&p.janela, &so_mover);
+        QVERIFY(!so_mover.isAccepted());
     }
 
     void o_que_nao_sao_contactos_nao_se_larga()
