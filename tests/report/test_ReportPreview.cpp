@@ -638,7 +638,7 @@ private Q_SLOTS:
         QSignalSpy ditas(&vista, &ReportView::pagesFound);
         Pinturas pinturas(vista);
         pinturas.Feitas();
-        QTRY_VERIFY(janela->pages()->complete());
+        QTRY_VERIFY_WITH_TIMEOUT(janela->pages()->complete(), 60'000);
         QVERIFY(ditas.size() > 2);
         for (qsizetype i = 0; i < ditas.size(); ++i) {
             QCOMPARE(ditas[i].at(1).toBool(), i + 1 == ditas.size());
@@ -822,6 +822,22 @@ private Q_SLOTS:
         const int meio = vista.viewport()->width() / 2;
         QCOMPARE(Cor(visto, meio, 2 * passo - 1), qRgb(255, 255, 255)); // the second one
         QCOMPARE(Cor(visto, meio, 3 * passo - 1), vista.palette().color(QPalette::Mid).rgb());
+    }
+
+    void cada_passo_de_pagina_vai_ao_alto_da_sua_folha()
+    {
+        const auto janela = Janela(Todas(5));
+        ReportView &vista = Vista(*janela);
+        vista.zoomBy(3 / vista.zoom()); // each sheet is higher than the window
+        const int passo = Folha(*janela).height() + a_volta;
+        const auto depois_de = [&](const char *nome) {
+            Parte<QAction>(*janela, nome).trigger();
+            return vista.verticalScrollBar()->value();
+        };
+        QCOMPARE(depois_de("last"), 4 * passo);
+        QCOMPARE(depois_de("previous"), 3 * passo);
+        QCOMPARE(depois_de("first"), 0);
+        QCOMPARE(depois_de("next"), passo);
     }
 };
 
