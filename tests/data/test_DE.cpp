@@ -3,6 +3,7 @@
 #include "platform/Failure.h"
 #include "store/Row.h"
 #include "testlib/DiscoCheio.h"
+#include "testlib/FalhaDita.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
@@ -258,6 +259,57 @@ private Q_SLOTS:
         QCOMPARE(nomes.size(), quantos);
         QCOMPARE(nomes.value(0), primeiro);
         VERIFICAR_FALHA(s.geral.de.Percorrer("cmdListarGrupos", {}, [](const Row &) {}), Failure::StoreError);
+    }
+
+    void um_comando_com_parametros_a_menos_diz_quantos_leva_e_fecha_o_que_ficou_aberto()
+    {
+        Sistema s;
+        const Recordset &rs = s.geral.de.Abrir("cmdListarGrupos", {u"0"});
+        QCOMPARE(rs.State(), Recordset::Open);
+        const auto dito = [](const std::function<void()> &trabalho) { return teste::Falha_Dita(trabalho); };
+        QCOMPARE(dito([&] { s.geral.de.Abrir("cmdListarGrupos", {}); }),
+                 QStringList({u"cmdListarGrupos"_s, u"cmdListarGrupos takes 1 parameters"_s}));
+        QCOMPARE(rs.State(), Recordset::Closed);
+        QCOMPARE(dito([&] { s.geral.de.Executar("cmdRenameGroup", {u"a"_s, u"1"_s, u"2"_s}); }),
+                 QStringList({u"cmdRenameGroup"_s, u"cmdRenameGroup takes 2 parameters"_s}));
+    }
+
+    void das_fotografias_que_se_largam_fica_a_que_um_contacto_mostra_data()
+    {
+        QTest::addColumn<int>("quantas");
+        for (const int quantas : {0, 1, 2, 499, 500, 501, 1001})
+            QTest::addRow("%d", quantas) << quantas;
+    }
+    void das_fotografias_que_se_largam_fica_a_que_um_contacto_mostra()
+    {
+        QFETCH(int, quantas);
+        Sistema s;
+        const QString mostrada = u"bd:mostrada.jpg"_s;
+        s.Novo_Contacto({{u"Nome"_s, u"Ana"_s}, {u"Fotografia"_s, mostrada}});
+        QSet<QString> nomes;
+        s.geral.de.Juntar([&] {
+            for (const QString &nome : {mostrada, u"bd:outra.jpg"_s})
+                s.geral.de.Executar("cmdGuardarFotografia", {nome, QByteArray("x")});
+            for (int i = 0; i < quantas; ++i) {
+                const QString nome = i == 0 ? mostrada : u"bd:%1.jpg"_s.arg(i);
+                nomes << nome;
+                if (i > 0) s.geral.de.Executar("cmdGuardarFotografia", {nome, QByteArray("x")});
+            }
+        });
+        s.geral.de.Largar_Fotografias(nomes);
+        QCOMPARE(s.Linhas(u"SELECT Nome FROM TblFotografias ORDER BY Nome"_s),
+                 (QStringList{mostrada, u"bd:outra.jpg"_s}));
+    }
+
+    void quem_pergunta_primeiro_se_esta_em_dia_tambem_o_sabe()
+    {
+        SO_NUM_FICHEIRO("a file of another program");
+        Sistema s(Sistema::Estado::Vazio);
+        s.Escrever(u"DROP TABLE TblMemos"_s);
+        s.Escrever(u"PRAGMA user_version=0"_s);
+        QString base = s.Base();
+        DE de(base, s.Pasta());
+        QVERIFY(!de.Em_Dia());
     }
 
     void percorrer_as_que_se_querem_diz_se_ha_alguma()

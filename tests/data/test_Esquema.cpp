@@ -1,7 +1,9 @@
 // The fifteen tables: their columns, types and counters, and the database that is shipped.
 #include "data/Esquema.h"
+#include "data/PassosDoEsquema.h"
 #include "platform/Failure.h"
 #include "testlib/FalhaDita.h"
+#include "testlib/ServidorFalso.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
@@ -73,6 +75,23 @@ private Q_SLOTS:
             if (tabela.desde != 0) passos << u"%1 %2"_s.arg(tabela.desde).arg(esquema::Texto(tabela.nome));
         QCOMPARE(passos, (QStringList{u"1 TblFotografias"_s, u"1 TblCartoes"_s, u"2 TblDiferentes"_s,
                                       u"3 TblSincronizacao"_s, u"3 TblSincronizados"_s, u"3 TblOcorrencias"_s}));
+    }
+
+    void uma_base_de_outros_passos_diz_quantos_teve()
+    {
+        Sistema s(Sistema::Estado::Vazio);
+        const auto dito = [&s] { return teste::Falha_Dita([&s] { s.geral.de.Abrir("cmdVerConfig"); }); };
+        const auto passos = [](int teve, const QString &o_que) {
+            return u"The database has had %1 steps, and this program %2 %3"_s.arg(teve).arg(o_que).arg(esquema::versao);
+        };
+        ServidorFalso servidor(s.Base());
+        s.Escrever(u"PRAGMA user_version=99"_s);
+        QCOMPARE(dito(), QStringList({s.Base(), passos(99, u"knows"_s)}));
+        servidor.Servir(s.geral);
+        servidor.passos = esquema::versao - 1;
+        QCOMPARE(dito(), QStringList({ServidorFalso::Endereco(), passos(esquema::versao - 1, u"needs"_s)}));
+        servidor.passos = esquema::versao;
+        QCOMPARE(dito(), QStringList());
     }
 
     void as_chaves_que_a_base_nao_da_sao_quatro()

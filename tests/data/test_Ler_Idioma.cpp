@@ -1,5 +1,6 @@
 // One text by its number, in the active language; and the seven languages.
 #include "data/Idiomas.h"
+#include "testlib/FalhaDita.h"
 #include "testlib/ServidorFalso.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
@@ -173,6 +174,37 @@ private Q_SLOTS:
         servidor.Servir(s.geral);
         QCOMPARE(s.geral.Ler_Idioma(43), texto);
         VERIFICAR_FALHA(s.geral.Ler_Idioma(30000), Failure::NoCurrentRecord);
+    }
+
+    void de_um_servidor_conta_a_primeira_linha_e_uma_sem_numero_nenhuma()
+    {
+        SO_NUM_FICHEIRO("what the server of this test stands on");
+        Sistema s;
+        const QString texto = s.Texto(43);
+        s.Escrever(u"INSERT INTO TblIdiomas (ID, PortuguesPT) VALUES (43, 'outra linha'), (NULL, 'sem numero')"_s);
+        ServidorFalso servidor(s.Base());
+        servidor.Servir(s.geral);
+        QCOMPARE(s.geral.Ler_Todo_O_Idioma().value(43), texto); // nobody has asked for one before
+        QCOMPARE(s.geral.Ler_Idioma(43), texto);
+        QCOMPARE(teste::Falha_Dita([&] { s.geral.Ler_Idioma(30000); }),
+                 QStringList({u"PortuguesPT"_s, u"There is no text 30000"_s}));
+    }
+
+    void noutra_lingua_que_o_servidor_nao_da_os_textos_sao_os_do_programa_e_nao_os_de_antes()
+    {
+        SO_NUM_FICHEIRO("what the server of this test stands on");
+        Sistema s;
+        ServidorFalso servidor(s.Base());
+        servidor.Servir(s.geral);
+        const QString em_portugues = s.geral.Ler_Idioma(43);
+        s.geral.IdiomaActual = u"InglesUK"_s;
+        const QString em_ingles = s.Texto(43);
+        QVERIFY(em_ingles != em_portugues);
+        servidor.Perder();
+        QCOMPARE(s.geral.Ler_Idioma(43), em_ingles);
+        servidor.Voltar();
+        s.Escrever(u"UPDATE TblIdiomas SET InglesUK='his' WHERE ID=43"_s);
+        QCOMPARE(s.geral.Ler_Idioma(43), u"his"_s);
     }
 
     void uma_celula_nula_do_servidor_falha_para_quem_chamou()
