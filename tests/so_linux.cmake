@@ -1,7 +1,7 @@
 # The tests that only Linux has, each with its reason. Where the program is built for another system they are not built, and
 # CTest names them as left out.
 set(morvex_so_linux
-    # What they test is Linux's own: the session's bus, the X server, entries of desktops, signals, players in PATH.
+    # What they test is Linux's own: the session's bus, the X server, entries of desktops, signals, terminals, players in PATH.
     platform/test_ChooseDesktop
     platform/test_ColourScheme
     platform/test_DesktopRegistry
@@ -13,6 +13,7 @@ set(morvex_so_linux
     platform/test_PurpleMessenger
     platform/test_SecretService
     platform/test_SomGravado
+    platform/test_Terminal
     platform/test_TrayHosts
     session/test_autorun
     # They print on a spooler, or call an office suite or a reader of PDF, of this machine.

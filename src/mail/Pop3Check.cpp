@@ -28,8 +28,6 @@ Pop3Check::Pop3Check(MailServer server, const QString &user, const QString &pass
 {
     result_.trust = std::move(trust);
     socket_.setReadBufferSize(mostUnread);
-    stepTimer_.setSingleShot(true);
-    wholeTimer_.setSingleShot(true);
     connect(&stepTimer_, &QTimer::timeout, this, [this] {
         if (step_ == Step::Connecting && !addresses_.isEmpty())
             connectToNextAddress();

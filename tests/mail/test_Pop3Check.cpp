@@ -412,6 +412,25 @@ private Q_SLOTS:
         QVERIFY2(outcome.longestPause < blocked, qPrintable(QString::number(outcome.longestPause)));
     }
 
+    // It lets nobody in, and nobody that waits is turned away.
+    void a_server_whose_queue_is_full_is_left()
+    {
+        QTcpServer server;
+        server.setListenBacklogSize(1);
+        QVERIFY(server.listen(QHostAddress::LocalHost));
+        server.pauseAccepting();
+        std::array<QTcpSocket, 4> queue;
+        for (QTcpSocket &each : queue) {
+            each.connectToHost(QHostAddress::LocalHost, server.serverPort());
+            each.waitForConnected(100);
+        }
+        if (queue.back().error() != QAbstractSocket::SocketTimeoutError) QSKIP("no queue is ever full here");
+        QElapsedTimer clock;
+        clock.start();
+        QCOMPARE(look(MailServer{u"127.0.0.1"_s, server.serverPort(), false}).error, MailError::TimedOut);
+        QVERIFY(clock.elapsed() < soon.check / 2);
+    }
+
     void nobody_listening_is_unreachable_and_no_name_is_not_found()
     {
         QTcpServer closed;

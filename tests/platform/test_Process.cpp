@@ -1,6 +1,9 @@
 // The end of the process: what was asked before it still goes out, and what stands in memory is left as it lies.
 #include "platform/Process.h"
 
+#include "platform/Failure.h"
+#include "testlib/Falsos.h"
+
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -72,6 +75,27 @@ private Q_SLOTS:
     {
         QVERIFY(Correr(u"return"_s).destruida); // any other end does
         QVERIFY(!Correr(u"OwnProcess"_s).destruida);
+    }
+
+    void uma_falha_que_acaba_com_o_processo_diz_se_primeiro()
+    {
+        CaixasFalsas caixas;
+        ProcessoFalso processo;
+        endOnFailure(caixas, processo, [] {});
+        QCOMPARE(processo.fins, 0);
+        caixas.Espera_Erro(Failure::ItemNotFound);
+        endOnFailure(caixas, processo, [] { throw Failure(Failure::ItemNotFound, u"x"_s, u"y"_s); });
+        QVERIFY(caixas.Todas_Vistas());
+        QCOMPARE(processo.fins, 1);
+    }
+
+    void um_servidor_que_se_foi_nao_acaba_com_o_processo()
+    {
+        CaixasFalsas caixas;
+        ProcessoFalso processo;
+        const Failure foi_se(Failure::StoreError, u"x"_s, u"y"_s, Failure::Kind::ServerLost);
+        QVERIFY_THROWS_EXCEPTION(Failure, endOnFailure(caixas, processo, [&foi_se] { throw foi_se; }));
+        QCOMPARE(processo.fins, 0);
     }
 
     void o_que_se_pediu_antes_do_fim_ainda_sai()

@@ -97,6 +97,7 @@ public:
     {
         const QString asked = message.member();
         ++questions;
+        if (asked == u"PurpleConversationPresent"_s) presented = true;
         if (asked == refuses) return bus.send(message.createErrorReply(QDBusError::Failed, u"not now"_s));
         QVariant answer = 1;
         if (asked == u"PurpleAccountsGetAllActive"_s || asked == u"PurpleFindBuddies"_s)
@@ -111,6 +112,7 @@ public:
     std::atomic<int> primitive = 99;
     std::atomic<int> idle = 1;
     std::atomic<int> questions = 0;
+    std::atomic<bool> presented = false; // a conversation
 
 private:
     inline static const QString name = u"odd client"_s;
@@ -312,6 +314,14 @@ private Q_SLOTS:
         QCOMPARE(messenger.status(bea), std::optional<int>(whenIdle));
         client.idle = 0;
         QCOMPARE(messenger.status(bea), std::optional<int>(status));
+    }
+
+    void a_conversation_comes_to_the_front()
+    {
+        const OddClient client(ana_->Perguntar("bus"));
+        QVERIFY(client.stands());
+        PurpleMessenger().openConversation(bea);
+        QTRY_VERIFY(client.presented);
     }
 
     void a_client_that_comes_after_it_was_missed_is_asked_at_once()

@@ -22,6 +22,7 @@ foreach(teste IN ITEMS
     test_SecretService
     test_SingleInstance
     test_SomGravado
+    test_Terminal
     test_TextEncoding
     test_ToolkitLanguage
     test_TrayHosts
