@@ -134,6 +134,48 @@ private Q_SLOTS:
         }
     }
 
+    // What has no contact bears no number, and the first number is one like all others.
+    void o_contacto_numero_1_e_como_os_outros()
+    {
+        Mesa m;
+        m.s.Escrever(u"UPDATE TblLista SET ID=1 WHERE ID=%1"_s.arg(m.Contacto(u"Rui Costa"_s, u"961111111"_s)));
+        m.Por_La(u"u1"_s, u"Ana Silva"_s, "TEL;TYPE=CELL:911\r\n");
+        m.Correr();
+        QCOMPARE(m.Nomes(), (QStringList{u"Ana Silva"_s, u"Rui Costa"_s}));
+        QCOMPARE(m.servidor.cartoes.size(), 2U);
+        const QString dele = m.Href_Com("Rui Costa");
+        m.Mudar_La(dele, Coluna::Fax, u"9"_s);
+        QCOMPARE(m.Correr().alterados, 1);
+        QCOMPARE(m.Valor(1, u"Fax"_s), u"9"_s);
+        m.Mudar(1, u"Fax"_s, u"8"_s);
+        QCOMPARE(m.Correr().alterados_la, 1);
+        QCOMPARE(m.Ocorrencias(), QStringList{});
+        m.Eliminar(1);
+        m.Mudar_La(dele, Coluna::Fax, u"7"_s);
+        m.Correr();
+        QCOMPARE(m.Ocorrencias(), QStringList{Que(Ocorrencia::EliminadoAqui) + u"Rui Costa|||"_s});
+        QCOMPARE(m.Aqui(), m.La());
+    }
+
+    void o_contacto_numero_1_pode_vir_do_servidor()
+    {
+        Mesa m;
+        m.s.Escrever(u"UPDATE sqlite_sequence SET seq=0 WHERE name='TblLista'"_s);
+        m.Por_La(u"u1"_s, u"Ana Silva"_s);
+        m.Correr();
+        QCOMPARE(m.ID_De(u"Ana Silva"_s), 1);
+        QCOMPARE(m.servidor.pedidos, (QStringList{u"changes"_s, u"fetch 1"_s}));
+        m.Mudar_La(Mesa::Href(u"u1"_s), Coluna::Fax, u"9"_s);
+        m.servidor.nao_entrega = [](const QString &) {
+            return RemoteError{RemoteError::Kind::NotFound, 404, {}};
+        };
+        m.Correr();
+        QCOMPARE(m.Memoria().Pares().front().estado, Par::PorVer);
+        m.servidor.nao_entrega = [](const QString &) { return RemoteError(); };
+        m.servidor.Tirar(Mesa::Href(u"u1"_s));
+        QCOMPARE(m.Correr().eliminados, 1);
+    }
+
     void contactos_de_outros_grupos_ficam_em_casa()
     {
         Mesa m;
@@ -528,6 +570,7 @@ private Q_SLOTS:
             QCOMPARE(m.Aqui(), antes);
         }
         QCOMPARE(m.Ocorrencias().size(), 1); // told once
+        QCOMPARE(m.Memoria().Ocorrencias().front().IDContacto, direito == u"Adicionar"_s ? 0 : m.ID);
         permitido = true;
         QVERIFY(m.Correr().Mudou_Aqui());
         QCOMPARE(m.Aqui(), m.La());
@@ -575,6 +618,9 @@ private Q_SLOTS:
         QCOMPARE(fim.recusados, 1);
         QCOMPARE(m.s.Linhas(u"SELECT max(ID) FROM TblLista"_s), QStringList{u"32767"_s});
         QCOMPARE(m.Ocorrencias(), QStringList{Que(Ocorrencia::NaoCabe) + u"Rui|||"_s});
+        QCOMPARE(m.Memoria().Ocorrencias().front().IDContacto, 0);
+        QCOMPARE(m.s.Linhas(u"SELECT IDContacto FROM TblSincronizados ORDER BY IDContacto"_s),
+                 (QStringList{u"0"_s, u"32767"_s}));
         m.Correr();
         QCOMPARE(m.servidor.cartoes.size(), 2U);
         QCOMPARE(m.Ocorrencias().size(), 1);
@@ -593,6 +639,10 @@ private Q_SLOTS:
         QCOMPARE(m.Nomes(), QStringList{});
         QCOMPARE(m.servidor.cartoes.size(), 2U);
         QCOMPARE(m.Ocorrencias(), QStringList{Que(Ocorrencia::Ilegivel) + u"/livro/lixo.vcf|||"_s});
+        QCOMPARE(m.Memoria().Ocorrencias().front().IDContacto, 0);
+        QCOMPARE(m.Memoria().Pares().size(), 2U);
+        for (const Par &par : m.Memoria().Pares())
+            QCOMPARE(par.IDContacto, 0);
     }
 
     void um_testemunho_esquecido_lista_tudo_e_nao_pede_nada()
@@ -829,6 +879,7 @@ private Q_SLOTS:
         m.Correr();
         QCOMPARE(m.Nomes(u"Nome || Fax"_s), (QStringList{u"Ana Silva9"_s, u"Rui"_s, u"Zita"_s}));
         QCOMPARE(m.Aqui(), m.La());
+        QCOMPARE(m.Ocorrencias().size(), 2); // nobody had been deleted
     }
 
     // One that is gone when it is asked for leaves no trace, but where a contact goes with it that one is
