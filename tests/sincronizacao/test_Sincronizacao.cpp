@@ -701,6 +701,34 @@ private Q_SLOTS:
         QCOMPARE(m.servidor.pedidos, QStringList{u"changes"_s});
     }
 
+    // The program ended before the answer came.
+    void um_cartao_que_la_chegou_sem_resposta_guarda_se_como_esta()
+    {
+        Mesa m;
+        const int ID = m.Contacto(u"Ana"_s, u"911"_s);
+        m.Correr();
+        const QString href = m.Href_Com("Ana");
+        m.s.Escrever(u"UPDATE TblSincronizados SET estado=%1"_s.arg(Par::AEnviar));
+        m.s.Escrever(u"UPDATE TblSincronizacao SET Testemunho=''"_s);
+        const QString uid = m.s.Linhas(u"SELECT UID FROM TblCartoes"_s).constFirst();
+        CartoesGuardados(m.s.geral.de).Guardar({QString::number(ID), uid, Mesa::Cartao(uid, u"De outro livro"_s)});
+        const auto fim = m.Correr();
+        QVERIFY(!fim.Mudou_Aqui() && !fim.Mudou_La());
+        QCOMPARE(m.s.Linhas(u"SELECT IDContacto, CAST(cartao AS TEXT) FROM TblCartoes"_s),
+                 QStringList{QString::number(ID) + u'|' + QString::fromUtf8(m.Texto_La(href))});
+        QCOMPARE(m.Memoria().Pares().front().estado, Par::Acordado);
+    }
+
+    void um_cartao_reescrito_de_quem_se_eliminou_aqui_elimina_se_la()
+    {
+        UmPar m;
+        m.Eliminar(m.ID);
+        m.servidor.Por(m.href, m.Texto_La(m.href).replace("END:VCARD", "REV:1\r\nEND:VCARD"));
+        QCOMPARE(m.Correr().eliminados_la, 1);
+        QCOMPARE(m.s.Linhas(u"SELECT * FROM TblCartoes"_s), QStringList{});
+        QVERIFY(m.servidor.cartoes.empty());
+    }
+
     void o_servidor_que_acrescenta_ao_que_recebe_e_ouvido_logo()
     {
         Mesa m;
