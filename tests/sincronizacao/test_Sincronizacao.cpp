@@ -116,7 +116,7 @@ private Q_SLOTS:
         QStringList colunas;
         for (const char *coluna : ColunasDoContacto::na_tabela)
             colunas << QString::fromLatin1(coluna);
-        for (const QByteArray x : {"4", "5"}) {
+        for (const QByteArray &x : QByteArrayList{"4", "5"}) {
             m.Por_La(u"u1"_s, u"Ana "_s + QString::fromLatin1(x),
                      "TEL;TYPE=HOME:21" + x + "1\r\nTEL;TYPE=WORK:21" + x + "2\r\nTEL;TYPE=FAX:21" + x +
                          "3\r\nTEL;TYPE=CELL:91" + x + "1\r\nTEL;TYPE=CELL:91" + x + "2\r\nTEL;TYPE=CELL:91" + x +
@@ -165,15 +165,30 @@ private Q_SLOTS:
         m.Correr();
         QCOMPARE(m.ID_De(u"Ana Silva"_s), 1);
         QCOMPARE(m.servidor.pedidos, (QStringList{u"changes"_s, u"fetch 1"_s}));
+        m.Por_La(u"u2"_s, u"Rui Costa"_s);
+        QCOMPARE(m.Correr().adicionados, 1);
+        QCOMPARE(m.Valor(1, u"Nome"_s), u"Ana Silva"_s);
         m.Mudar_La(Mesa::Href(u"u1"_s), Coluna::Fax, u"9"_s);
         m.servidor.nao_entrega = [](const QString &) {
             return RemoteError{RemoteError::Kind::NotFound, 404, {}};
         };
         m.Correr();
-        QCOMPARE(m.Memoria().Pares().front().estado, Par::PorVer);
+        QCOMPARE(m.s.Linhas(u"SELECT estado FROM TblSincronizados WHERE IDContacto=1"_s),
+                 QStringList{QString::number(Par::PorVer)});
         m.servidor.nao_entrega = [](const QString &) { return RemoteError(); };
         m.servidor.Tirar(Mesa::Href(u"u1"_s));
         QCOMPARE(m.Correr().eliminados, 1);
+    }
+
+    void de_dois_cartoes_iguais_so_um_e_o_do_contacto()
+    {
+        Mesa m;
+        m.Contacto(u"Ana Silva"_s, u"912345678"_s);
+        for (const QString &uid : {u"x"_s, u"y"_s})
+            m.Por_La(uid, u"Ana Silva"_s, "TEL;TYPE=CELL:912345678\r\n");
+        QCOMPARE(m.Correr().adicionados, 1);
+        QCOMPARE(m.Nomes(), (QStringList{u"Ana Silva"_s, u"Ana Silva"_s}));
+        QCOMPARE(m.servidor.cartoes.size(), 2U);
     }
 
     void contactos_de_outros_grupos_ficam_em_casa()
@@ -1032,6 +1047,37 @@ private Q_SLOTS:
         QCOMPARE(m.s.Linhas(u"SELECT ID FROM TblLista"_s), QStringList{QString::number(m.ID)});
         QCOMPARE(m.Valor_La(u"/livro/outro.vcf"_s, Coluna::Telemovel1), u"922"_s);
         QCOMPARE(m.Ocorrencias(), QStringList{});
+    }
+
+    void de_dois_cartoes_que_ficam_com_o_nome_de_um_so_o_primeiro_e_o_mesmo()
+    {
+        UmPar m;
+        const QByteArray texto = m.Texto_La(m.href);
+        m.servidor.Tirar(m.href);
+        m.servidor.Por(u"/livro/outro.vcf"_s, texto);
+        m.servidor.Por(u"/livro/terceiro.vcf"_s, texto);
+        const auto fim = m.Correr();
+        QCOMPARE(fim.adicionados, 1);
+        QCOMPARE(fim.eliminados + fim.adicionados_la, nenhum);
+        QCOMPARE(m.Nomes(), (QStringList{u"Ana Silva"_s, u"Ana Silva"_s}));
+        QCOMPARE(m.Memoria().Pares().size(), 2U);
+    }
+
+    void um_cartao_que_mudou_de_nome_e_espera_por_um_direito_espera_pelo_novo()
+    {
+        UmPar m;
+        m.s.geral.SessaoActual.Editar = false;
+        m.Mudar_La(m.href, Coluna::Fax, u"9"_s);
+        const QByteArray texto = m.Texto_La(m.href);
+        m.servidor.Tirar(m.href);
+        m.servidor.Por(u"/livro/outro.vcf"_s, texto);
+        QCOMPARE(m.Correr().retidos, 1);
+        QCOMPARE(m.Memoria().Pares().size(), 1U);
+        QCOMPARE(m.Memoria().Pares().front().href, u"/livro/outro.vcf"_s);
+        QCOMPARE(m.Valor(m.ID, u"Nome"_s), u"Ana Silva"_s);
+        m.s.geral.SessaoActual.Editar = true;
+        m.Correr();
+        QCOMPARE(m.Nomes(u"Fax"_s), QStringList{u"9"_s});
     }
 
     void dois_contactos_com_o_mesmo_uid_sao_dois_cartoes()
