@@ -127,10 +127,7 @@ void RecepcaoDeCartoes::Existente(const Chegada &chegada, int ID, const GrupoLoc
         return Reter(chegada, par == nullptr ? &sem_acordo : par);
     }
 
-    if (par != nullptr && par->href != chegada.href) {
-        c_.sumidos.remove(par->href);
-        c_.pares.Eliminar(QString(par->href));
-    }
+    if (par != nullptr && par->href != chegada.href) c_.pares.Eliminar(QString(par->href));
     if (muda) c_.grupo.Actualizar(ID, linha, juntos.colunas, chegada.pessoa);
     c_.grupo.Guardar_Cartao(ID, UID_De(chegada, ID), chegada.texto);
     c_.pares.Guardar({chegada.href, ID, chegada.etag, Par::Acordado, chegada.resumo, juntos.acordo});

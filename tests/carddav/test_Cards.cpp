@@ -126,6 +126,25 @@ private Q_SLOTS:
         QCOMPARE(found.error.detail, detail);
     }
 
+    void whoever_waits_behind_a_fetching_that_ends_has_his_turn()
+    {
+        Book book;
+        int written = 0;
+        bool first = true;
+        book.remote.conhece_multiget = false;
+        book.remote.antes = [&](const Pedido &asked) -> std::optional<Resposta> {
+            if (asked.verbo != "GET") return std::nullopt;
+            for (int number = 0; number < 8 && first; ++number)
+                book.local.create(book.local.hrefFor(u"n%1"_s.arg(number)), card("A"),
+                                  [&](const RemoteError &error, const RemoteWritten &) { written += error ? 0 : 1; });
+            first = false;
+            return Resposta{401};
+        };
+        QCOMPARE(nameOf(fetch(book.local, book.hrefs(30)).error), u"Password"_s);
+        await([&] { return written == 8; });
+        QCOMPARE(written, 8);
+    }
+
     void what_an_answer_for_many_leaves_open_is_asked_singly()
     {
         Book book(4);

@@ -116,7 +116,7 @@ private Q_SLOTS:
         QStringList colunas;
         for (const char *coluna : ColunasDoContacto::na_tabela)
             colunas << QString::fromLatin1(coluna);
-        for (const QByteArray x : {"4", "5"}) {
+        for (const QByteArray &x : QByteArrayList{"4", "5"}) {
             m.Por_La(u"u1"_s, u"Ana "_s + QString::fromLatin1(x),
                      "TEL;TYPE=HOME:21" + x + "1\r\nTEL;TYPE=WORK:21" + x + "2\r\nTEL;TYPE=FAX:21" + x +
                          "3\r\nTEL;TYPE=CELL:91" + x + "1\r\nTEL;TYPE=CELL:91" + x + "2\r\nTEL;TYPE=CELL:91" + x +
@@ -132,6 +132,63 @@ private Q_SLOTS:
             QCOMPARE(m.s.Linhas(u"SELECT %1 FROM TblLista"_s.arg(colunas.join(u", "_s))),
                      QStringList{valores.join(u'|')});
         }
+    }
+
+    // What has no contact bears no number, and the first number is one like all others.
+    void o_contacto_numero_1_e_como_os_outros()
+    {
+        Mesa m;
+        m.s.Escrever(u"UPDATE TblLista SET ID=1 WHERE ID=%1"_s.arg(m.Contacto(u"Rui Costa"_s, u"961111111"_s)));
+        m.Por_La(u"u1"_s, u"Ana Silva"_s, "TEL;TYPE=CELL:911\r\n");
+        m.Correr();
+        QCOMPARE(m.Nomes(), (QStringList{u"Ana Silva"_s, u"Rui Costa"_s}));
+        QCOMPARE(m.servidor.cartoes.size(), 2U);
+        const QString dele = m.Href_Com("Rui Costa");
+        m.Mudar_La(dele, Coluna::Fax, u"9"_s);
+        QCOMPARE(m.Correr().alterados, 1);
+        QCOMPARE(m.Valor(1, u"Fax"_s), u"9"_s);
+        m.Mudar(1, u"Fax"_s, u"8"_s);
+        QCOMPARE(m.Correr().alterados_la, 1);
+        QCOMPARE(m.Ocorrencias(), QStringList{});
+        m.Eliminar(1);
+        m.Mudar_La(dele, Coluna::Fax, u"7"_s);
+        m.Correr();
+        QCOMPARE(m.Ocorrencias(), QStringList{Que(Ocorrencia::EliminadoAqui) + u"Rui Costa|||"_s});
+        QCOMPARE(m.Aqui(), m.La());
+    }
+
+    void o_contacto_numero_1_pode_vir_do_servidor()
+    {
+        Mesa m;
+        m.s.Escrever(u"UPDATE sqlite_sequence SET seq=0 WHERE name='TblLista'"_s);
+        m.Por_La(u"u1"_s, u"Ana Silva"_s);
+        m.Correr();
+        QCOMPARE(m.ID_De(u"Ana Silva"_s), 1);
+        QCOMPARE(m.servidor.pedidos, (QStringList{u"changes"_s, u"fetch 1"_s}));
+        m.Por_La(u"u2"_s, u"Rui Costa"_s);
+        QCOMPARE(m.Correr().adicionados, 1);
+        QCOMPARE(m.Valor(1, u"Nome"_s), u"Ana Silva"_s);
+        m.Mudar_La(Mesa::Href(u"u1"_s), Coluna::Fax, u"9"_s);
+        m.servidor.nao_entrega = [](const QString &) {
+            return RemoteError{RemoteError::Kind::NotFound, 404, {}};
+        };
+        m.Correr();
+        QCOMPARE(m.s.Linhas(u"SELECT estado FROM TblSincronizados WHERE IDContacto=1"_s),
+                 QStringList{QString::number(Par::PorVer)});
+        m.servidor.nao_entrega = [](const QString &) { return RemoteError(); };
+        m.servidor.Tirar(Mesa::Href(u"u1"_s));
+        QCOMPARE(m.Correr().eliminados, 1);
+    }
+
+    void de_dois_cartoes_iguais_so_um_e_o_do_contacto()
+    {
+        Mesa m;
+        m.Contacto(u"Ana Silva"_s, u"912345678"_s);
+        for (const QString &uid : {u"x"_s, u"y"_s})
+            m.Por_La(uid, u"Ana Silva"_s, "TEL;TYPE=CELL:912345678\r\n");
+        QCOMPARE(m.Correr().adicionados, 1);
+        QCOMPARE(m.Nomes(), (QStringList{u"Ana Silva"_s, u"Ana Silva"_s}));
+        QCOMPARE(m.servidor.cartoes.size(), 2U);
     }
 
     void contactos_de_outros_grupos_ficam_em_casa()
@@ -528,6 +585,7 @@ private Q_SLOTS:
             QCOMPARE(m.Aqui(), antes);
         }
         QCOMPARE(m.Ocorrencias().size(), 1); // told once
+        QCOMPARE(m.Memoria().Ocorrencias().front().IDContacto, direito == u"Adicionar"_s ? 0 : m.ID);
         permitido = true;
         QVERIFY(m.Correr().Mudou_Aqui());
         QCOMPARE(m.Aqui(), m.La());
@@ -575,6 +633,9 @@ private Q_SLOTS:
         QCOMPARE(fim.recusados, 1);
         QCOMPARE(m.s.Linhas(u"SELECT max(ID) FROM TblLista"_s), QStringList{u"32767"_s});
         QCOMPARE(m.Ocorrencias(), QStringList{Que(Ocorrencia::NaoCabe) + u"Rui|||"_s});
+        QCOMPARE(m.Memoria().Ocorrencias().front().IDContacto, 0);
+        QCOMPARE(m.s.Linhas(u"SELECT IDContacto FROM TblSincronizados ORDER BY IDContacto"_s),
+                 (QStringList{u"0"_s, u"32767"_s}));
         m.Correr();
         QCOMPARE(m.servidor.cartoes.size(), 2U);
         QCOMPARE(m.Ocorrencias().size(), 1);
@@ -593,6 +654,10 @@ private Q_SLOTS:
         QCOMPARE(m.Nomes(), QStringList{});
         QCOMPARE(m.servidor.cartoes.size(), 2U);
         QCOMPARE(m.Ocorrencias(), QStringList{Que(Ocorrencia::Ilegivel) + u"/livro/lixo.vcf|||"_s});
+        QCOMPARE(m.Memoria().Ocorrencias().front().IDContacto, 0);
+        QCOMPARE(m.Memoria().Pares().size(), 2U);
+        for (const Par &par : m.Memoria().Pares())
+            QCOMPARE(par.IDContacto, 0);
     }
 
     void um_testemunho_esquecido_lista_tudo_e_nao_pede_nada()
@@ -649,6 +714,34 @@ private Q_SLOTS:
         QVERIFY(!fim.Mudou_Aqui() && !fim.Mudou_La());
         QCOMPARE(m.Correr().fim, Fim::Feita);
         QCOMPARE(m.servidor.pedidos, QStringList{u"changes"_s});
+    }
+
+    // The program ended before the answer came.
+    void um_cartao_que_la_chegou_sem_resposta_guarda_se_como_esta()
+    {
+        Mesa m;
+        const int ID = m.Contacto(u"Ana"_s, u"911"_s);
+        m.Correr();
+        const QString href = m.Href_Com("Ana");
+        m.s.Escrever(u"UPDATE TblSincronizados SET estado=%1"_s.arg(Par::AEnviar));
+        m.s.Escrever(u"UPDATE TblSincronizacao SET Testemunho=''"_s);
+        const QString uid = m.s.Linhas(u"SELECT UID FROM TblCartoes"_s).constFirst();
+        CartoesGuardados(m.s.geral.de).Guardar({QString::number(ID), uid, Mesa::Cartao(uid, u"De outro livro"_s)});
+        const auto fim = m.Correr();
+        QVERIFY(!fim.Mudou_Aqui() && !fim.Mudou_La());
+        QCOMPARE(m.s.Linhas(u"SELECT IDContacto, CAST(cartao AS TEXT) FROM TblCartoes"_s),
+                 QStringList{QString::number(ID) + u'|' + QString::fromUtf8(m.Texto_La(href))});
+        QCOMPARE(m.Memoria().Pares().front().estado, Par::Acordado);
+    }
+
+    void um_cartao_reescrito_de_quem_se_eliminou_aqui_elimina_se_la()
+    {
+        UmPar m;
+        m.Eliminar(m.ID);
+        m.servidor.Por(m.href, m.Texto_La(m.href).replace("END:VCARD", "REV:1\r\nEND:VCARD"));
+        QCOMPARE(m.Correr().eliminados_la, 1);
+        QCOMPARE(m.s.Linhas(u"SELECT * FROM TblCartoes"_s), QStringList{});
+        QVERIFY(m.servidor.cartoes.empty());
     }
 
     void o_servidor_que_acrescenta_ao_que_recebe_e_ouvido_logo()
@@ -829,6 +922,7 @@ private Q_SLOTS:
         m.Correr();
         QCOMPARE(m.Nomes(u"Nome || Fax"_s), (QStringList{u"Ana Silva9"_s, u"Rui"_s, u"Zita"_s}));
         QCOMPARE(m.Aqui(), m.La());
+        QCOMPARE(m.Ocorrencias().size(), 2); // nobody had been deleted
     }
 
     // One that is gone when it is asked for leaves no trace, but where a contact goes with it that one is
@@ -953,6 +1047,37 @@ private Q_SLOTS:
         QCOMPARE(m.s.Linhas(u"SELECT ID FROM TblLista"_s), QStringList{QString::number(m.ID)});
         QCOMPARE(m.Valor_La(u"/livro/outro.vcf"_s, Coluna::Telemovel1), u"922"_s);
         QCOMPARE(m.Ocorrencias(), QStringList{});
+    }
+
+    void de_dois_cartoes_que_ficam_com_o_nome_de_um_so_o_primeiro_e_o_mesmo()
+    {
+        UmPar m;
+        const QByteArray texto = m.Texto_La(m.href);
+        m.servidor.Tirar(m.href);
+        m.servidor.Por(u"/livro/outro.vcf"_s, texto);
+        m.servidor.Por(u"/livro/terceiro.vcf"_s, texto);
+        const auto fim = m.Correr();
+        QCOMPARE(fim.adicionados, 1);
+        QCOMPARE(fim.eliminados + fim.adicionados_la, nenhum);
+        QCOMPARE(m.Nomes(), (QStringList{u"Ana Silva"_s, u"Ana Silva"_s}));
+        QCOMPARE(m.Memoria().Pares().size(), 2U);
+    }
+
+    void um_cartao_que_mudou_de_nome_e_espera_por_um_direito_espera_pelo_novo()
+    {
+        UmPar m;
+        m.s.geral.SessaoActual.Editar = false;
+        m.Mudar_La(m.href, Coluna::Fax, u"9"_s);
+        const QByteArray texto = m.Texto_La(m.href);
+        m.servidor.Tirar(m.href);
+        m.servidor.Por(u"/livro/outro.vcf"_s, texto);
+        QCOMPARE(m.Correr().retidos, 1);
+        QCOMPARE(m.Memoria().Pares().size(), 1U);
+        QCOMPARE(m.Memoria().Pares().front().href, u"/livro/outro.vcf"_s);
+        QCOMPARE(m.Valor(m.ID, u"Nome"_s), u"Ana Silva"_s);
+        m.s.geral.SessaoActual.Editar = true;
+        m.Correr();
+        QCOMPARE(m.Nomes(u"Fax"_s), QStringList{u"9"_s});
     }
 
     void dois_contactos_com_o_mesmo_uid_sao_dois_cartoes()

@@ -178,7 +178,7 @@ private Q_SLOTS:
                      QStringList{QString::fromLatin1(tipo)});
         QCOMPARE(Propriedade("TEL;WORK;TYPE=\"Home, cell,,\";TYPE=ÇA,home;X=fax:1").types(),
                  (QStringList{u"cell"_s, u"home"_s, u"work"_s, u"ça"_s}));
-        for (const QByteArray quase : {"celm", "homf", "faxx", "wor", "fay"})
+        for (const QByteArray &quase : QByteArrayList{"celm", "homf", "faxx", "wor", "fay"})
             QCOMPARE(Propriedade("TEL;TYPE=" + quase + ":1").types(), QStringList{QString::fromLatin1(quase)});
         QCOMPARE(Propriedade("TEL:1").types(), QStringList{});
     }

@@ -478,7 +478,7 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, meio);
         QFETCH(int, a_mais);
-        constexpr qsizetype limite = 16 * 1024 * 1024;
+        constexpr qsizetype limite = qsizetype{16} * 1024 * 1024;
         for (const int demais : {0, 1}) {
             QByteArray linha = "NOTE:" + meio;
             linha += QByteArray(limite + a_mais + demais - linha.size(), 'a');
