@@ -473,6 +473,7 @@ private Q_SLOTS:
             Quando_Abrir<frmImportar2>([&](frmImportar2 &segunda) {
                 QVERIFY(t.timerTarefas.Enabled()); // the first form's unload started them
                 QVERIFY(p.main.isEnabled());
+                p.s.geral.temporizadores.Gerir_Temporizadores(u"stop"_s);
                 if (botao.isEmpty())
                     segunda.close();
                 else

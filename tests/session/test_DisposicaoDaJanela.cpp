@@ -220,7 +220,21 @@ private Q_SLOTS:
         lugar->Repor();
         c.janela.show();
         QTest::qWait(600);
-        QCOMPARE(c.s.geral.ini.Ler_Ini(u"janela"_s, u"largura"_s), QString());
+        for (const QString &chave : {u"largura"_s, u"left"_s, u"top"_s})
+            QCOMPARE(c.s.geral.ini.Ler_Ini(u"janela"_s, chave), QString());
+    }
+
+    void para_onde_a_mao_a_leva_e_o_seu_lugar()
+    {
+        ComJanela c;
+        (new LugarDaJanela(c.janela, c.s.geral.ini))->Repor();
+        c.janela.show();
+        QTest::qWait(600);
+        QMoveEvent de_fora(c.janela.pos(), {90, 90}); // told by the window system
+        QSpontaneKeyEvent::setSpontaneous(&de_fora);
+        qApp->notify(&c.janela, &de_fora);
+        QTRY_COMPARE(c.s.geral.ini.Ler_Ini(u"janela"_s, u"left"_s),
+                     QString::number(c.janela.geometry().left() * twipsPerPixel));
     }
 
     void escondida_e_mostrada_fica_no_seu_lugar_e_ao_alcance()

@@ -1,5 +1,10 @@
 // The main window: its timers, its dot, its keys, and that closing it only hides it.
+#include "contacts/EdicaoContacto.h"
+#include "contacts/frmNovoGrupo.h"
+#include "contacts/Grupos.h"
 #include "contacts/ListaContactos.h"
+#include "contacts/Pesquisa.h"
+#include "contacts/ProcuraRapida.h"
 #include "controls/Controls.h"
 #include "controls/Units.h"
 #include "data/frmSeleccionarIdioma.h"
@@ -7,6 +12,7 @@
 #include "report/ReportPages.h"
 #include "report/ReportPreview.h"
 #include "session/frmLogin.h"
+#include "session/frmNovoUser.h"
 #include "session/Main.h"
 #include "sincronizacao/MemoriaDaSincronizacao.h"
 #include "sincronizacao/Sincronizador.h"
@@ -179,6 +185,35 @@ private Q_SLOTS:
         novo(u"Zoe"_s, 3);
         Q_EMIT sincronizador.ContactosMudados();
         QCOMPARE(janela.ListaNomes->ListIndex(), -1); // who was chosen is gone
+    }
+
+    // What one part of the window asks of another.
+    void o_que_uma_parte_pede_outra_faz()
+    {
+        ComJanela c;
+        c.janela.show();
+        Q_EMIT c.janela.findChild<ProcuraRapida *>()->Minimizar_Tray();
+        QVERIFY(!c.janela.isVisible());
+        Q_EMIT c.janela.findChild<Pesquisa *>()->Trazer_Main();
+        QVERIFY(c.janela.isVisible());
+
+        QStringList vieram;
+        accoes::Quando_Abrir<frmNovoGrupo>([&](frmNovoGrupo &form) {
+            vieram << form.objectName();
+            form.reject();
+        });
+        Q_EMIT c.janela.findChild<EdicaoContacto *>()->Sem_Grupos();
+        accoes::Quando_Abrir<frmNovoUser>([&](frmNovoUser &form) {
+            vieram << form.objectName();
+            form.reject();
+        });
+        Q_EMIT c.janela.findChild<::Grupos *>()->CriarUtilizador();
+        QCOMPARE(vieram, (QStringList{u"frmNovoGrupo"_s, u"frmNovoUser"_s}));
+
+        c.s.Novo_Grupo(u"Do servidor"_s);
+        QVERIFY(c.janela.ComboGrupos->findText(u"Do servidor"_s) < 0);
+        Q_EMIT c.janela.findChild<Sincronizador *>()->GruposMudados();
+        QVERIFY(c.janela.ComboGrupos->findText(u"Do servidor"_s) >= 0);
     }
 
     void ao_comecar_a_sincronizacao_ligada_tem_o_seu_relogio_a_andar()

@@ -1,6 +1,7 @@
 // The way out: the question about pending tasks, and the order in which the program goes.
 #include "session/Main.h"
 #include "session/Sair.h"
+#include "testlib/ServidorFalso.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
@@ -81,6 +82,20 @@ private Q_SLOTS:
         saida.Esperar_Pergunta(answer::yes);
         saida.janela.SystemTraySair->trigger();
         QVERIFY(saida.s.caixas.Todas_Vistas());
+        QVERIFY(saida.Foi_Se());
+    }
+
+    // Nobody knows of tasks then.
+    void sem_o_servidor_sai_sem_uma_palavra()
+    {
+        SO_NUM_FICHEIRO("it plays the server");
+        Saida saida;
+        saida.Nova_Tarefa();
+        ServidorFalso servidor(saida.s.Base());
+        servidor.Servir(saida.s.geral);
+        saida.s.geral.de.Abrir("cmdVerConfig").Close();
+        servidor.Perder();
+        saida.janela.Sair->trigger();
         QVERIFY(saida.Foi_Se());
     }
 

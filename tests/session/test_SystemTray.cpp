@@ -103,6 +103,7 @@ private Q_SLOTS:
     void o_icone_leva_a_dica_e_o_menu_do_tabuleiro()
     {
         Aberta a(false);
+        QVERIFY(!a.tray.TrayBloqueado());
         QCOMPARE(a.Historia(), QStringList{u"+1 Morvex 1.0 Ana"_s});
         QCOMPARE(a.s.tabuleiro.menu, a.janela.MenuSystemTray);
         QStringList entradas;
