@@ -316,6 +316,49 @@ private Q_SLOTS:
         QVERIFY2(outcome.longestPause < blocked, qPrintable(QString::number(outcome.longestPause)));
     }
 
+    // Of a second for each answer, and for each name of a list; all together takes more.
+    void each_word_of_a_slow_server_has_its_own_time()
+    {
+        QByteArray names;
+        for (int i = 1; i <= 9; ++i)
+            names += QByteArray::number(i) + " a-long-name\r\n";
+        ServidorPop server(Conversa_Boa("+OK 9 300\r\n", names), ServidorPop::Fim::Pinga);
+        server.gota = 10;
+        const Outcome outcome = look(server, {}, u"segredo9"_s, {200, 1000, 30000});
+        QCOMPARE(outcome.error, MailError::None);
+        QCOMPARE(outcome.result.uids.size(), 9);
+        QCOMPARE(look(server, {}, u"segredo9"_s, {200, 1000, 1500}).error, MailError::TimedOut);
+    }
+
+    void a_server_is_left_as_soon_as_all_is_known_data()
+    {
+        QTest::addColumn<QByteArray>("greeting");
+        QTest::newRow("after a failure") << QByteArray("HTTP/1.0 400 Bad Request\r\n");
+        QTest::newRow("after all was said") << QByteArray("+OK\r\n");
+    }
+    void a_server_is_left_as_soon_as_all_is_known()
+    {
+        QFETCH(const QByteArray, greeting);
+        QTcpServer server;
+        QVERIFY(server.listen(QHostAddress::LocalHost));
+        bool left = false;
+        connect(&server, &QTcpServer::newConnection, &server, [&] {
+            QTcpSocket *visit = server.nextPendingConnection();
+            connect(visit, &QAbstractSocket::disconnected, visit, [&left] { left = true; });
+            connect(visit, &QIODevice::readyRead, visit, [visit] {
+                const QByteArray asked = visit->readAll();
+                visit->write(asked.startsWith("STAT") ? "+OK 0 0\r\n" : "+OK\r\n");
+                if (asked.startsWith("CAPA")) visit->write(".\r\n");
+            });
+            visit->write(greeting);
+        });
+        Pop3Check check({u"127.0.0.1"_s, server.serverPort(), false}, u"ana"_s, u"x"_s, {}, soon);
+        QSignalSpy succeeded(&check, &Pop3Check::succeeded);
+        check.start();
+        QTRY_VERIFY(left);
+        QCOMPARE(succeeded.size(), greeting.startsWith('+') ? 1 : 0);
+    }
+
     void what_is_no_pop3_is_garbled_data()
     {
         QTest::addColumn<QByteArray>("greeting");
