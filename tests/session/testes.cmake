@@ -26,6 +26,7 @@ morvex_teste(session/test_Legendas LIGA session)
 morvex_teste(session/test_LegendasDosFormularios LIGA session)
 morvex_teste(session/test_ConjuntosFechados LIGA session)
 morvex_teste(session/test_LetrasDoAmbiente LIGA session)
+morvex_teste(session/test_LetrasDosFormularios LIGA session)
 morvex_teste(session/test_NomesAcessiveis LIGA session)
 morvex_teste(session/test_DisposicaoDaJanela LIGA session)
 morvex_teste(session/test_Main LIGA session)
@@ -43,7 +44,8 @@ add_dependencies(test_linha_de_comandos morvex)
 
 morvex_tambem_no_servidor(session FORA
     test_autorun test_frmLoading test_linha_de_comandos # these ask no database
-    test_ConjuntosFechados test_Contraste test_DisposicaoDaJanela test_LegendasDosFormularios test_LetrasDoAmbiente test_NomesAcessiveis
+    test_ConjuntosFechados test_Contraste test_DisposicaoDaJanela test_LegendasDosFormularios test_LetrasDoAmbiente
+    test_LetrasDosFormularios test_NomesAcessiveis
     test_Ajuda test_PaginasDoManual # long, and about how all the forms look
     test_BaseDesaparecida # a file that is gone
     test_AvisosDosPostos test_EnderecoNasOpcoes test_OQueOsPostosPartilham test_PedidosAoServidor
