@@ -47,9 +47,8 @@ Pop3Check::Pop3Check(MailServer server, const QString &user, const QString &pass
 
 Pop3Check::~Pop3Check()
 {
-    if (lookup_ >= 0) QHostInfo::abortHostLookup(lookup_);
     socket_.disconnect(this);
-    socket_.abort();
+    letGo();
 }
 
 void Pop3Check::start()
@@ -236,19 +235,23 @@ void Pop3Check::refuse(const QByteArray &answer, MailError meaning)
 void Pop3Check::fail(MailError error)
 {
     if (step_ == Step::Done) return;
-    step_ = Step::Done;
-    stepTimer_.stop();
-    wholeTimer_.stop();
-    socket_.abort();
+    letGo();
     Q_EMIT failed(error);
 }
 
 void Pop3Check::finish()
 {
     if (step_ == Step::Done) return;
+    letGo();
+    Q_EMIT succeeded(result_);
+}
+
+// A look-up of an address that answers later would begin the check anew.
+void Pop3Check::letGo()
+{
     step_ = Step::Done;
+    if (lookup_ >= 0) QHostInfo::abortHostLookup(lookup_);
     stepTimer_.stop();
     wholeTimer_.stop();
     socket_.abort();
-    Q_EMIT succeeded(result_);
 }

@@ -92,6 +92,7 @@ private:
     void refuse(const QByteArray &answer, MailError meaning);
     void fail(MailError error);
     void finish();
+    void letGo();
 
     MailServer server_;
     Limits limits_;

@@ -486,6 +486,18 @@ private Q_SLOTS:
                 error == MailError::TimedOut); // by how long the look-up takes
     }
 
+    void an_address_that_is_found_after_the_check_has_ended_begins_nothing()
+    {
+        QTcpServer server;
+        QVERIFY(server.listen());
+        Pop3Check check({u"localhost"_s, server.serverPort(), false}, u"ana"_s, u"segredo9"_s, {}, {100, 100, 0});
+        QSignalSpy failed(&check, &Pop3Check::failed);
+        check.start();
+        QVERIFY(failed.wait());
+        QTest::qWait(600); // in which a connection that it begins would fail as well
+        QCOMPARE(failed.count(), 1);
+    }
+
     void encryption_is_taken_where_it_is_offered_and_the_certificate_remembered()
     {
         if (!Identidade::Possivel()) QSKIP("no server shows a certificate here");
