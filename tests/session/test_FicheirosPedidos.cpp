@@ -13,6 +13,8 @@
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
+#include <QElapsedTimer>
+
 using namespace Qt::StringLiterals;
 using accoes::Quando_Abrir;
 
@@ -220,6 +222,30 @@ private Q_SLOTS:
         p.janela.Chamar({u"/a.mdb"_s});
         QTRY_COMPARE(p.caminhos, QStringList{u"/a.mdb"_s});
         QVERIFY(p.janela.isVisible());
+
+        QVERIFY(Nada_Abre()); // and the same for whoever comes when those are done
+        p.janela.hide();
+        p.Anotar(1);
+        p.janela.Chamar({u"/b.mdb"_s});
+        QTRY_COMPARE(p.caminhos, (QStringList{u"/a.mdb"_s, u"/b.mdb"_s}));
+        QVERIFY(p.janela.isVisible());
+    }
+
+    // A form that came with the window would lose the keyboard to it.
+    void o_formulario_vem_um_pouco_depois_da_janela()
+    {
+        Programa p;
+        p.janela.Carregar();
+        QElapsedTimer relogio;
+        relogio.start();
+        qint64 ao_fim_de = 0;
+        Quando_Abrir<frmImportar>([&](frmImportar &form) {
+            ao_fim_de = relogio.elapsed();
+            form.cmdCancelar->click();
+        });
+        p.janela.Chamar({u"/a.mdb"_s});
+        QTRY_VERIFY(ao_fim_de > 0);
+        QVERIFY2(ao_fim_de >= 350, qPrintable(QString::number(ao_fim_de))); // twice the queue's pause
     }
 
     void um_formulario_aberto_fecha_se_primeiro()
