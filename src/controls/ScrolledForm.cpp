@@ -138,7 +138,8 @@ void ScrolledForm::moveOntoScreen()
 {
     const QRect screen = form_.screen()->availableGeometry();
     const QSize most = room();
-    form_.resize(form_.size().boundedTo(most));
+    if (form_.width() > most.width() || form_.height() > most.height())
+        form_.resize(form_.size().boundedTo(most));
     if (!form_.testAttribute(Qt::WA_Moved)) return;
     const QSize outer = form_.size() + (screen.size() - most);
     const auto inside = [](int place, int first, int length, int size) {
