@@ -908,10 +908,8 @@ private Q_SLOTS:
         QVERIFY(p.s.caixas.Todas_Vistas());
         QCOMPARE(p.Contactos().size(), 1);
         QVERIFY(f.form.cmdImportar->isVisible() && f.form.cmdImportar->isEnabled());
-        const QSignalSpy andamento(f.form.ProgressBar1, &QProgressBar::valueChanged);
         f.form.cmdImportar->click();
         QCOMPARE(p.Contactos().size(), 501);
-        QVERIFY(andamento.size() > 1); // from nought on
     }
 
     void uma_agenda_cheia_diz_quantos_ainda_cabem()
@@ -1054,6 +1052,8 @@ private Q_SLOTS:
         so_mover.ignore();
         QCoreApplication::sendEvent(&p.janela, &so_mover);
         QVERIFY(!so_mover.isAccepted());
+        QDragLeaveEvent fora; // or the toolkit would hand the next drop to this window, which is gone by then
+        QCoreApplication::sendEvent(&p.janela, &fora);
     }
 
     void o_que_nao_sao_contactos_nao_se_larga()
