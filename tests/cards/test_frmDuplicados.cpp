@@ -80,6 +80,28 @@ private Q_SLOTS:
         QVERIFY(Linha_De(*form, u"Fax"_s) == nullptr);
     }
 
+    void o_que_so_um_dos_dois_diz_ve_se_ao_lado_de_nada_data()
+    {
+        QTest::addColumn<QString>("do_primeiro");
+        QTest::addColumn<QString>("do_segundo");
+        QTest::newRow("o primeiro") << u"uma"_s << QString();
+        QTest::newRow("o segundo") << QString() << u"outra"_s;
+    }
+    void o_que_so_um_dos_dois_diz_ve_se_ao_lado_de_nada()
+    {
+        QFETCH(const QString, do_primeiro);
+        QFETCH(const QString, do_segundo);
+        Mesa m;
+        m.Contacto(u"Ana Silva"_s, u"912345678"_s, do_primeiro);
+        m.Contacto(u"Ana Silva"_s, u"912345678"_s, do_segundo);
+        const auto form = m.Abrir();
+        const QTreeWidgetItem *linha = Linha_De(*form, u"Observações"_s);
+        QVERIFY(linha != nullptr);
+        QCOMPARE(linha->text(1), do_primeiro);
+        QCOMPARE(linha->text(2), do_segundo);
+        QVERIFY(Escolha_De(*form, u"Observações"_s) == nullptr); // there is nothing to choose
+    }
+
     void as_legendas_vem_dos_textos()
     {
         UmPar m;

@@ -70,6 +70,20 @@ private Q_SLOTS:
         QTEST(QCoreApplication::translate("QFileDialog", "Save As"), "guardar_como");
     }
 
+    void um_caminho_mais_longo_do_que_se_guarda_recusa_se_e_nao_se_escreve()
+    {
+        Sistema s(Sistema::Estado::Sem_Base);
+        const auto guardado = [&] { return s.geral.ini.Ler_Ini(u"basedados"_s, u"caminhobd"_s); };
+        const QString antes = guardado();
+        s.caixas.Espera_Qualquer(52, u"Morvex"_s, answer::yes);
+        s.caixas.Espera_Qualquer(box::stop, u"Morvex"_s);
+        s.caixas.Espera_Qualquer(52, u"Morvex"_s, answer::no);
+        s.dialogos.textos << s.Pasta() + QString(IniFile::longestValue, u'x') + u".mdb"_s;
+        base_desaparecida::Procurar(s.geral, s.plataforma);
+        QVERIFY(s.caixas.Todas_Vistas());
+        QCOMPARE(guardado(), antes);
+    }
+
     void uma_base_que_la_esta_nao_se_procura()
     {
         Sistema s;
