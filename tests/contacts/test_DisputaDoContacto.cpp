@@ -370,6 +370,27 @@ private Q_SLOTS:
         QTEST(qvariant_cast<QPixmap>(imagem).size(), "mostrada");
     }
 
+    void ao_lado_de_uma_imagem_a_escolha_nao_se_estica_data()
+    {
+        QTest::addColumn<QString>("la");
+        QTest::addColumn<QString>("aqui");
+        QTest::newRow("la") << u"foto.png"_s << QString();
+        QTest::newRow("aqui") << QString() << u"foto.png"_s;
+    }
+    void ao_lado_de_uma_imagem_a_escolha_nao_se_estica()
+    {
+        QFETCH(const QString, la);
+        QFETCH(const QString, aqui);
+        Sistema s;
+        const auto pintar = [&](const QString &nome) { return Picture(Bytes_De_Imagem({120, 90}), nome); };
+        const CamposDisputados campos{{0, {u"Fotografia"_s, la, aqui, pintar}}};
+        frmConflito conflito(s.geral, u"facto"_s, campos, nullptr);
+        conflito.show();
+        const auto *escolha = conflito.lvCampos->findChild<ComboBox *>();
+        QCOMPARE(escolha->height(), escolha->sizeHint().height());
+        QVERIFY(escolha->height() < conflito.lvCampos->visualItemRect(conflito.lvCampos->topLevelItem(0)).height());
+    }
+
     // Taking a picture away is a change like any other.
     void uma_fotografia_tirada_junta_se_ou_e_disputa_data()
     {
