@@ -4,6 +4,7 @@
 #include "report/ReportView.h"
 #include "report/ReportWords.h"
 #include "store/NewDatabase.h"
+#include "testlib/Pinturas.h"
 #include "testlib/Teste.h"
 
 #include <memory>
@@ -43,28 +44,6 @@ QSize Folha(const ReportPreview &janela)
     const ReportView &vista = Vista(janela);
     return (janela.pages()->paper() * (vista.zoom() * vista.logicalDpiX() / 1440.0)).toSize();
 }
-
-// How often the ground of a view was painted while it lives.
-class Pinturas final : public QObject
-{
-public:
-    explicit Pinturas(const ReportView &vista) { vista.viewport()->installEventFilter(this); }
-    int Feitas()
-    {
-        QCoreApplication::processEvents();
-        return std::exchange(feitas_, 0);
-    }
-
-protected:
-    bool eventFilter(QObject *, QEvent *acontecimento) override
-    {
-        if (acontecimento->type() == QEvent::Paint) ++feitas_;
-        return false;
-    }
-
-private:
-    int feitas_ = 0;
-};
 } // namespace
 
 class TestReportPreview : public QObject
@@ -642,7 +621,7 @@ private Q_SLOTS:
         QVERIFY(!janela->pages()->complete());
         const ReportView &vista = Vista(*janela);
         QSignalSpy ditas(&vista, &ReportView::pagesFound);
-        Pinturas pinturas(vista);
+        Pinturas pinturas(*vista.viewport());
         pinturas.Feitas();
         QTRY_VERIFY_WITH_TIMEOUT(janela->pages()->complete(), 60'000);
         QVERIFY(ditas.size() > 2);
@@ -658,7 +637,7 @@ private Q_SLOTS:
     {
         const auto janela = Janela(Todas(3));
         ReportView &vista = Vista(*janela);
-        Pinturas pinturas(vista);
+        Pinturas pinturas(*vista.viewport());
         pinturas.Feitas();
         QCOMPARE(pinturas.Feitas(), 0);
         vista.zoomBy(0.5);

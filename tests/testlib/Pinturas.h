@@ -1,8 +1,10 @@
 // How often a widget is painted from now on.
 #pragma once
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QWidget>
+#include <utility>
 
 class Pinturas : public QObject
 {
@@ -13,6 +15,13 @@ public:
     {
         if (event->type() == QEvent::Paint) ++vezes;
         return false;
+    }
+
+    // How often since it was asked last, what waits to be painted with it.
+    int Feitas()
+    {
+        QCoreApplication::processEvents();
+        return std::exchange(vezes, 0);
     }
 
     int vezes = 0;
