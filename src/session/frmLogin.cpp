@@ -28,7 +28,7 @@ frmLogin::frmLogin(Geral &geral, Platform &platform) : geral_(geral), platform_(
     scale::apply(*this);
     connect(txtUser, &QLineEdit::textChanged, this, &frmLogin::txtUser_Change);
     connect(cmdOk, &QPushButton::clicked, this, &frmLogin::cmdOk_Click);
-    connect(cmdCancelar, &QPushButton::clicked, this, &QDialog::reject);
+    connect(cmdCancelar, &QPushButton::clicked, this, &frmLogin::cmdCancelar_Click);
     connect(this, &QDialog::finished, this, &frmLogin::Form_Unload);
 
     geral_.temporizadores.Gerir_Temporizadores(u"stop"_s);
@@ -73,6 +73,14 @@ void frmLogin::Recusar()
     platform_.boxes.show(geral_.Ler_Idioma(101), box::stop, u"Login"_s, this);
     txtPass->setFocus();
     txtPass->selectAll(); // the next try replaces it
+}
+
+void frmLogin::cmdCancelar_Click() { reject(); }
+
+void frmLogin::reject()
+{
+    if (geral_.SessaoActual.Utilizador.isEmpty()) platform_.process.end();
+    QDialog::reject();
 }
 
 void frmLogin::Form_Unload()

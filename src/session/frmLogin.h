@@ -27,9 +27,11 @@ private:
     void Form_Unload();
     void txtUser_Change();
     void cmdOk_Click();
+    void cmdCancelar_Click();
 
     void Entrar();
     void Recusar();
+    void reject() override; // Escape and the close box
 
     Geral &geral_;
     Platform &platform_;

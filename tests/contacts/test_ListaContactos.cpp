@@ -44,6 +44,19 @@ class TestListaContactos : public QObject
         c.lista.Carregar_Tabela();
     }
 
+    // The list in view, with the names 10 to 59: a row chosen, or none, and one at the top.
+    static ListBox &Com_Cinquenta(ComJanela &c, int escolhida, int topo)
+    {
+        for (int i = 10; i < 60; ++i)
+            Novo(c, u"Nome %1"_s.arg(i));
+        c.lista.Carregar_Tabela();
+        c.janela.show();
+        ListBox &lista = *c.janela.ListaNomes;
+        lista.setListIndex(escolhida);
+        lista.verticalScrollBar()->setValue(topo);
+        return lista;
+    }
+
     static QString No_Cartao(const ComJanela &c)
     {
         return c.janela.txtTelefone1->isHidden() ? QString() : c.janela.txtTelefone1->text();
@@ -469,13 +482,7 @@ private Q_SLOTS:
         QFETCH(int, escolhida);
         QFETCH(int, topo);
         ComJanela c;
-        for (int i = 10; i < 60; ++i)
-            Novo(c, u"Nome %1"_s.arg(i));
-        c.lista.Carregar_Tabela();
-        c.janela.show();
-        ListBox &lista = *c.janela.ListaNomes;
-        lista.setListIndex(escolhida);
-        lista.verticalScrollBar()->setValue(topo);
+        ListBox &lista = Com_Cinquenta(c, escolhida, topo);
         const int acima = lista.verticalScrollBar()->value();
         const QString nome = escolhida < 0 ? QString() : lista.List(escolhida);
         const QString cartao = No_Cartao(c);
@@ -508,13 +515,7 @@ private Q_SLOTS:
         QFETCH(int, topo);
         QFETCH(QString, novo);
         ComJanela c;
-        for (int i = 10; i < 60; ++i)
-            Novo(c, u"Nome %1"_s.arg(i));
-        c.lista.Carregar_Tabela();
-        c.janela.show();
-        ListBox &lista = *c.janela.ListaNomes;
-        lista.setListIndex(escolhida);
-        lista.verticalScrollBar()->setValue(topo);
+        ListBox &lista = Com_Cinquenta(c, escolhida, topo);
         Novo(c, novo);
         c.lista.Seguir_Contactos({}, true);
         QCOMPARE(lista.ListCount(), 51);

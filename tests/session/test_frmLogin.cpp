@@ -213,11 +213,14 @@ private Q_SLOTS:
         s.Novo_Utilizador(u"Ana"_s, u"um"_s);
         frmLogin form(s.geral, s.plataforma);
         form.show();
+        bool antes_de_fechar = false;
+        s.processo.ao_acabar = [&] { antes_de_fechar = antes_de_fechar || form.isVisible(); };
         if (pelo_botao)
             form.cmdCancelar->click();
         else
             QTest::keyClick(&form, Qt::Key_Escape);
         QVERIFY(s.processo.Terminou());
+        QVERIFY(antes_de_fechar);
     }
 
     void fechar_a_janela_sem_sessao_termina_o_processo()

@@ -140,8 +140,13 @@ public:
 class ProcessoFalso final : public Process
 {
 public:
-    void end() override { ++fins; }
+    void end() override
+    {
+        ++fins;
+        if (ao_acabar) ao_acabar();
+    }
     bool Terminou() const { return fins > 0; }
+    std::function<void()> ao_acabar; // what is seen at that moment
     int fins = 0;
 };
 
