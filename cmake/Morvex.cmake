@@ -171,5 +171,6 @@ function(morvex_bench nome)
     target_link_libraries(${nome} PRIVATE ${ARG_LIGA} morvex_testlib morvex_opcoes)
     target_compile_definitions(${nome} PRIVATE MORVEX_ENVIADOS="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}"
         MORVEX_SERVIDORES="${PROJECT_SOURCE_DIR}/tests/servidores")
+    target_precompile_headers(${nome} REUSE_FROM morvex_cabecalhos)
     add_dependencies(${nome} ficheiros_enviados)
 endfunction()
