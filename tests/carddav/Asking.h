@@ -5,7 +5,7 @@
 #include "carddav/Discovery.h"
 #include "testlib/LivroDav.h"
 
-#include <QtTest>
+#include <QTest>
 
 namespace asking
 {

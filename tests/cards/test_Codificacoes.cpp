@@ -5,7 +5,7 @@
 #include "platform/TextEncoding.h"
 
 #include <QSet>
-#include <QtTest>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 

@@ -4,6 +4,7 @@
 #include "testlib/Teste.h"
 
 #include <QProcess>
+#include <QStandardPaths>
 
 using namespace Qt::StringLiterals;
 

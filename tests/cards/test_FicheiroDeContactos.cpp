@@ -3,7 +3,7 @@
 
 #include <QFile>
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 using Estado = FicheiroDeContactos::Estado;

@@ -2,7 +2,7 @@
 // language.
 #include "cards/RotulosDoCartao.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 

@@ -4,7 +4,7 @@
 
 #include "cards/CartaoDoContacto.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 

@@ -4,7 +4,7 @@
 #include "ComGrupos.h"
 #include "session/frmNovoUser.h"
 
-#include <QtTest>
+#include <QTest>
 
 namespace criacao_de_utilizador
 {

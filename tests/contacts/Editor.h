@@ -5,7 +5,7 @@
 #include "testlib/Accoes.h"
 #include "testlib/ComJanela.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 

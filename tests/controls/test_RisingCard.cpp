@@ -7,6 +7,7 @@
 
 #include <QAccessible>
 #include <QPushButton>
+#include <QTemporaryFile>
 
 using namespace Qt::StringLiterals;
 

@@ -2,7 +2,7 @@
 // administrator's language.
 #include "ferramentas/LinhaDoServidor.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 using namespace palavras;

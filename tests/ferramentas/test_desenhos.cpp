@@ -4,7 +4,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtEndian>
-#include <QtTest>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 

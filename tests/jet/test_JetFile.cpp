@@ -9,6 +9,9 @@
 
 #include <numeric>
 #include <QCryptographicHash>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <random>
 
 using namespace Qt::StringLiterals;

@@ -1,7 +1,7 @@
 // The hand that drags an edge or a title.
 #pragma once
 
-#include <QtTest>
+#include <QTest>
 
 namespace arrastar
 {

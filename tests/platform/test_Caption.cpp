@@ -1,7 +1,7 @@
 // A caption as it is read: without the sign before the letter that triggers it.
 #include "platform/Caption.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 

@@ -3,7 +3,7 @@
 
 #include <csignal>
 #include <QProcess>
-#include <QtTest>
+#include <QTest>
 #include <QWidget>
 #include <sys/wait.h>
 #include <unistd.h>

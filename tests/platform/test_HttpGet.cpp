@@ -3,7 +3,7 @@
 #include "testlib/Disparar.h"
 
 #include <QTcpServer>
-#include <QtTest>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 

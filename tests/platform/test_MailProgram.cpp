@@ -3,6 +3,7 @@
 #include "testlib/SaidaDesviada.h"
 #include "testlib/Teste.h"
 
+#include <QProcess>
 #include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;

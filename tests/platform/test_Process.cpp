@@ -8,7 +8,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <QProcess>
-#include <QtTest>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 

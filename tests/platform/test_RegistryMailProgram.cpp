@@ -3,7 +3,7 @@
 #include "platform/RegistryMailProgram.h"
 
 #include <QHash>
-#include <QtTest>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 

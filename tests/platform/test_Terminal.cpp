@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <QTemporaryFile>
-#include <QtTest>
+#include <QTest>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;

@@ -1,7 +1,7 @@
 // Texts in the encodings that files come in.
 #include "platform/TextEncoding.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 

@@ -5,7 +5,7 @@
 #include "reminders/frmPopup.h"
 #include "reminders/frmTarefas.h"
 
-#include <QtTest>
+#include <QTest>
 
 // To the end of the rise, without waiting for its timer.
 inline void Subir(frmPopup &popup)

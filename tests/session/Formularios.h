@@ -48,7 +48,7 @@
 #include "testlib/Sistema.h"
 
 #include <QMap>
-#include <QtTest>
+#include <QTest>
 
 // An installation in that language with a user, a main window, and a form over it.
 struct ComFormulario {

@@ -3,7 +3,7 @@
 
 #include "testlib/Sistema.h"
 
-#include <QtTest>
+#include <QTest>
 
 namespace formularios_utilizador
 {

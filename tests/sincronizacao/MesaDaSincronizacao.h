@@ -6,7 +6,7 @@
 #include "sincronizacao/Sincronizacao.h"
 #include "testlib/Sistema.h"
 
-#include <QtTest>
+#include <QTest>
 #include <span>
 
 struct MesaDaSincronizacao {

@@ -6,7 +6,7 @@
 #include "sincronizacao/LivroEmMemoria.h"
 #include "testlib/ComJanela.h"
 
-#include <QtTest>
+#include <QTest>
 
 struct MesaDoFormulario : ComJanela {
     MesaDoFormulario()

@@ -3,7 +3,7 @@
 
 #include "testlib/Teste.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 

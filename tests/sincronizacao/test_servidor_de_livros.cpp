@@ -3,6 +3,7 @@
 #include "testlib/Teste.h"
 
 #include <csignal>
+#include <QRandomGenerator>
 
 namespace
 {

@@ -1,7 +1,7 @@
 // What a statement becomes for a server: text against text.
 #include "store/postgres/PostgresDialect.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 

@@ -3,7 +3,7 @@
 #include "testlib/EspecieDaFalha.h"
 #include "testlib/FalhaDita.h"
 
-#include <QtTest>
+#include <QTest>
 
 using enum Failure::Kind;
 

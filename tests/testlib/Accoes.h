@@ -2,7 +2,7 @@
 #pragma once
 
 #include <functional>
-#include <QtTest>
+#include <QTest>
 
 namespace accoes
 {

@@ -7,7 +7,7 @@
 #include "session/Main.h"
 #include "testlib/Sistema.h"
 
-#include <QtTest>
+#include <QTest>
 
 struct ComJanela {
     ComJanela()

@@ -2,7 +2,7 @@
 
 #include "platform/Failure.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 

@@ -5,7 +5,7 @@
 #include "platform/Failure.h"
 #include "testlib/Falsos.h"
 
-#include <QtTest>
+#include <QTest>
 
 namespace teste
 {

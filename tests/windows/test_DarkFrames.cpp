@@ -1,7 +1,7 @@
 // The frames that the system draws, dark or light with the program's windows.
 #include "platform/DarkFrames.h"
 
-#include <QtTest>
+#include <QTest>
 
 class TestDarkFrames : public QObject
 {

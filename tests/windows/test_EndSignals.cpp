@@ -1,7 +1,7 @@
 // The hidden window by which the installer and the system end the program.
 #include "platform/EndSignals.h"
 
-#include <QtTest>
+#include <QTest>
 #include <windows.h>
 
 class TestEndSignals : public QObject

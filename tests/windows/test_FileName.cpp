@@ -3,7 +3,7 @@
 #include "store/NewDatabase.h"
 #include "store/sqlite/FileName.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 

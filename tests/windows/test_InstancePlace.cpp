@@ -2,7 +2,7 @@
 #include "platform/InstancePlace.h"
 
 #include <QLocalSocket>
-#include <QtTest>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 

@@ -4,7 +4,7 @@
 #include "platform/Registry.h"
 #include "platform/SecretStore.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 

@@ -1,7 +1,7 @@
 // Where the picture of a contact lies, as its path is written there.
 #include "platform/Picture.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 

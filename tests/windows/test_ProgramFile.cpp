@@ -1,5 +1,5 @@
 // What the system tells of the program's file without running it.
-#include <QtTest>
+#include <QTest>
 #include <windows.h>
 
 #include <shellapi.h> // knows nothing without what stands before it

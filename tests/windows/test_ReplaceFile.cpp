@@ -2,7 +2,7 @@
 // for a moment.
 #include "platform/ReplaceFile.h"
 
-#include <QtTest>
+#include <QTest>
 #include <thread>
 
 using namespace Qt::StringLiterals;

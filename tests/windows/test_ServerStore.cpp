@@ -3,7 +3,7 @@
 #include "platform/Failure.h"
 #include "store/Connection.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 
