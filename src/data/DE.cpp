@@ -2,7 +2,7 @@
 
 #include "data/CopiaParaFicheiro.h"
 #include "data/Esquema.h"
-#include "data/IndiceDosNomes.h"
+#include "data/IndicesDoLivro.h"
 #include "data/PassosDoEsquema.h"
 #include "platform/Failure.h"
 #include "store/CleanCopy.h"
@@ -284,6 +284,6 @@ Connection &DE::Ligacao()
     const QString onde = base_.Fixar();
     ligacao_.setConnectionString(Connection::isAddress(onde) ? onde : Cadeia_Do_Ficheiro(onde));
     Abrir_Ligacao();
-    skipFailure([this] { Cuidar_Do_Indice(ligacao_); }); // a file that takes no writing can still be read
+    skipFailure([this] { Cuidar_Dos_Indices(ligacao_); }); // a file that takes no writing can still be read
     return ligacao_;
 }

@@ -23,7 +23,7 @@ foreach(teste IN ITEMS
     test_Codificar_Pass
     test_Temporizadores
     test_config_enviado
-    test_IndiceDosNomes
+    test_IndicesDoLivro
     test_Inteiro
     test_Tocar_Som
     test_ValorLongo
@@ -36,5 +36,5 @@ morvex_tambem_no_servidor(data FORA
     test_Rascunho test_ReadWriteINI test_Relatorio test_TamanhoGuardado test_ValorLongo # these ask no database
     test_NovaPorSaber # over a fake server of its own
     test_config_enviado test_criar_bd test_Textos test_Esquema # what is shipped
-    test_IndiceDosNomes test_PassosDoEsquema # what a file lacks until it is opened
+    test_IndicesDoLivro test_PassosDoEsquema # what a file lacks until it is opened
     test_frmSeleccionarIdioma) # a first run, which a server has not

@@ -1,13 +1,13 @@
 // The index of a large book: when there is one, and that it changes nothing but the time.
 #include "data/Comandos.h"
-#include "data/IndiceDosNomes.h"
+#include "data/IndicesDoLivro.h"
 #include "platform/TextOrder.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
 using namespace Qt::StringLiterals;
 
-class TestIndiceDosNomes : public QObject
+class TestIndicesDoLivro : public QObject
 {
     Q_OBJECT
 
@@ -141,5 +141,5 @@ private Q_SLOTS:
     }
 };
 
-MORVEX_TESTE(TestIndiceDosNomes)
-#include "test_IndiceDosNomes.moc"
+MORVEX_TESTE(TestIndicesDoLivro)
+#include "test_IndicesDoLivro.moc"

@@ -1,4 +1,4 @@
-#include "data/IndiceDosNomes.h"
+#include "data/IndicesDoLivro.h"
 
 #include "platform/TextOrder.h"
 #include "store/Connection.h"
@@ -25,7 +25,7 @@ QStringList Indices(Connection &ligacao)
 }
 } // namespace
 
-void Cuidar_Do_Indice(Connection &ligacao)
+void Cuidar_Dos_Indices(Connection &ligacao)
 {
     if (ligacao.isServer()) return; // its administrator's tool has made one
     const QString actual = prefixo + textOrderVersion();

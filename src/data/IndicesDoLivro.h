@@ -9,4 +9,4 @@ class Connection;
 // one made by another release of the collation would hand out rows in a wrong order. Two programs with
 // different releases of it must not have one large book open at the same time. Raises Failure where the
 // database cannot be written; an index of another order then stays, and with it that order.
-void Cuidar_Do_Indice(Connection &ligacao);
+void Cuidar_Dos_Indices(Connection &ligacao);
