@@ -29,8 +29,8 @@ ContactosVisiveis::ContactosVisiveis(Geral &geral) : geral_(geral)
 QList<int> ContactosVisiveis::Todos() const
 {
     QList<int> todos;
-    geral_.de.Percorrer("cmdListarTodosContactos", {geral_.SessaoActual.IdUtilizador},
-                        [&](const Row &linha) { todos << linha.field(linha.column("ID")).number(); });
+    geral_.de.Percorrer_Nomes(geral_.SessaoActual.IdUtilizador,
+                              [&](const Row &linha) { todos << linha.field(linha.column("ID")).number(); });
     return todos;
 }
 

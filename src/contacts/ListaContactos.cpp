@@ -112,7 +112,7 @@ ListItems ListaContactos::Ler_Nomes()
     };
     geral_.GrupoActual = QString::number(ComboGrupos.ItemData(ComboGrupos.ListIndex()));
     if (geral_.GrupoActual.toInt() == 0)
-        geral_.de.Percorrer("cmdListarTodosContactos", {geral_.SessaoActual.IdUtilizador}, acrescentar);
+        geral_.de.Percorrer_Nomes(geral_.SessaoActual.IdUtilizador, acrescentar);
     else
         geral_.de.Percorrer("cmdListarNomes", {geral_.GrupoActual}, acrescentar);
     return nomes;

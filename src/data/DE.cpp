@@ -106,6 +106,20 @@ void DE::Percorrer(ComandoComLinhas comando, std::initializer_list<Value> parame
     Ligacao().rows(instrucao.sql, Converter(instrucao, parametros), linha);
 }
 
+void DE::Percorrer_Nomes(const Value &IdUtilizador, const std::function<void(const Row &)> &linha)
+{
+    if (Num_Servidor()) return Percorrer("cmdListarTodosContactos", {IdUtilizador}, linha);
+    Rs("cmdListarTodosContactos").Close();
+    std::vector<qint64> a_vista;
+    Ligacao().rows(QStringLiteral("SELECT ID FROM TblGrupos WHERE IdUtilizador = 0 OR IdUtilizador = ? ORDER BY ID"),
+                   {IdUtilizador.convertedTo(ColumnType::Long)},
+                   [&](const Row &grupo) { a_vista.push_back(grupo.number(0)); });
+    Ligacao().rows(QStringLiteral("SELECT ID, Nome, Grupo FROM TblLista ORDER BY Nome, ID"), {},
+                   [&](const Row &contacto) {
+                       if (std::binary_search(a_vista.begin(), a_vista.end(), contacto.number(2))) linha(contacto);
+                   });
+}
+
 bool DE::Percorrer_As_Que(ComandoComLinhas comando, const Value &parametro, QLatin1StringView colunas,
                           const Wanted &querida, const std::function<void(const Row &)> &linha)
 {

@@ -312,6 +312,36 @@ private Q_SLOTS:
         QVERIFY(!de.Em_Dia());
     }
 
+    void os_nomes_sao_os_dos_grupos_a_vista_pela_ordem_do_comando()
+    {
+        Sistema s;
+        s.Escrever(u"DELETE FROM TblLista"_s);
+        const auto grupo = [&](const QString &nome, const QString &dono) {
+            s.Escrever(u"INSERT INTO TblGrupos (NomeGrupo, IdUtilizador) VALUES ('%1', %2)"_s.arg(nome, dono));
+            return s.Linhas(u"SELECT max(ID) FROM TblGrupos"_s).first();
+        };
+        const QString meu = grupo(u"meu"_s, u"7"_s);
+        const QString alheio = grupo(u"alheio"_s, u"8"_s);
+        const QString de_ninguem = grupo(u"de ninguem"_s, u"NULL"_s);
+        for (const QString &IDGrupo : {meu, alheio, de_ninguem, u"1"_s, u"9999"_s, u"NULL"_s, u"0"_s, meu, u"1"_s})
+            s.Escrever(u"INSERT INTO TblLista (Nome, Grupo) VALUES ('%1', %2)"_s.arg(
+                IDGrupo == meu ? u"Zita"_s : u"Ana"_s, IDGrupo));
+        for (const QString &utilizador : {u"7"_s, u"8"_s, u"0"_s, u"5"_s}) {
+            QStringList certos;
+            Recordset &rs = s.geral.de.Abrir("cmdListarTodosContactos", {utilizador});
+            for (; !rs.Eof(); rs.MoveNext())
+                certos << rs.Fields("ID").text() + rs.Fields("Nome").text() + rs.Fields("Grupo").text();
+            QStringList lidos;
+            s.geral.de.Percorrer_Nomes(utilizador, [&](const Row &linha) {
+                lidos << linha.field(linha.column("ID")).text() + linha.field(linha.column("Nome")).text() +
+                             linha.field(linha.column("Grupo")).text();
+            });
+            QCOMPARE(lidos, certos);
+            QCOMPARE(lidos.size(), utilizador == u"7"_s ? 4 : utilizador == u"8"_s ? 3 : 2);
+            QCOMPARE(rs.State(), Recordset::Closed);
+        }
+    }
+
     void percorrer_as_que_se_querem_diz_se_ha_alguma()
     {
         Sistema s;
