@@ -33,7 +33,9 @@ void Cuidar_Dos_Indices(Connection &ligacao)
     const bool existe = indices.removeOne(actual);
     for (const QString &velho : indices)
         ligacao.execute(u"DROP INDEX IF EXISTS "_s + velho, {});
-    if (!existe && Livro_Grande(ligacao))
+    if (!Livro_Grande(ligacao)) return;
+    if (!existe)
         ligacao.execute(
             u"CREATE INDEX IF NOT EXISTS %1 ON TblLista (Nome, ID, Grupo, Dia, Mes)"_s.arg(actual), {});
+    ligacao.indexPairs(u"IdxDias"_s, colunas_do_aniversario);
 }

@@ -1,6 +1,7 @@
 #include "reminders/ProximosAniversarios.h"
 
 #include "data/Geral.h"
+#include "data/IndicesDoLivro.h"
 #include "store/Row.h"
 
 #include <QHash>
@@ -104,7 +105,7 @@ std::optional<std::vector<Aniversariante>> Proximos_Aniversarios(Geral &geral, Q
     std::optional<Colunas> colunas;
     Calendario calendario(hoje, dias);
     const bool ha_contactos = geral.de.Percorrer_As_Que(
-        "cmdListarAniversarios", geral.SessaoActual.IdUtilizador, "TblLista.Dia, TblLista.Mes"_L1,
+        "cmdListarAniversarios", geral.SessaoActual.IdUtilizador, colunas_do_aniversario,
         [&](std::string_view Dia, std::string_view Mes) { return calendario.Ate(Dia, Mes).perto; },
         [&](const Row &linha) {
             if (!colunas) colunas.emplace(linha);

@@ -3,6 +3,7 @@
 #include "store/Raising.h"
 #include "store/ServerStore.h"
 #include "store/sqlite/SqliteStore.h"
+#include "store/sqlite/WantedPairs.h"
 
 #include <QRegularExpression>
 
@@ -159,6 +160,11 @@ QStringList Connection::columns(const QString &table) { return store().columns(t
 bool Connection::anyForeign(const QStringList &tables) { return store().anyForeign(tables); }
 
 QStringList Connection::indexes(const QString &table) { return store().indexes(table); }
+
+void Connection::indexPairs(const QString &name, const QString &columns)
+{
+    execute(u"CREATE INDEX IF NOT EXISTS %1 ON %2"_s.arg(name, WantedPairs(columns).indexed()), {});
+}
 
 int Connection::schemaNumber() { return store().schemaNumber(); }
 

@@ -139,6 +139,9 @@ public:
     bool anyForeign(const QStringList &tables);
     // The names of a table's indexes, in no order.
     QStringList indexes(const QString &table);
+    // Makes an index of that name, if there is none, by which rowsWanted of a file asks for each pair of the two
+    // columns, "T.a, T.b", once and not for each row.
+    void indexPairs(const QString &name, const QString &columns);
     // How many steps of the schema the data have had, and how many they have had now, which is raised on a server.
     int schemaNumber();
     void setSchemaNumber(int steps);

@@ -17,6 +17,11 @@ class TestIndicesDoLivro : public QObject
     {
         return s.Linhas(u"SELECT name FROM sqlite_master WHERE type='index' AND name LIKE 'IdxNomes%'"_s);
     }
+    static bool Tem_Datas(Sistema &s)
+    {
+        return s.Linhas(u"SELECT tbl_name FROM sqlite_master WHERE type='index' AND name='IdxDias'"_s) ==
+               QStringList(u"TblLista"_s);
+    }
     static QString Actual() { return u"IdxNomes_"_s + textOrderVersion(); }
 
     // Names that repeat, in both cases and with accents, in groups of every kind of owner.
@@ -61,6 +66,7 @@ private Q_SLOTS:
         Encher(s, muitos - 1);
         Abrir_De_Novo(s);
         QCOMPARE(Indices(s), QStringList{});
+        QVERIFY(!Tem_Datas(s));
     }
 
     void um_livro_grande_tem_o_depois_de_aberto()
@@ -70,8 +76,45 @@ private Q_SLOTS:
         QCOMPARE(Indices(s), QStringList{});
         Abrir_De_Novo(s);
         QCOMPARE(Indices(s), QStringList{Actual()});
+        QVERIFY(Tem_Datas(s));
         Abrir_De_Novo(s);
         QCOMPARE(Indices(s), QStringList{Actual()});
+        QVERIFY(Tem_Datas(s));
+    }
+
+    void o_das_datas_vem_tambem_a_quem_ja_tinha_o_dos_nomes()
+    {
+        Sistema s;
+        Encher(s, muitos);
+        Abrir_De_Novo(s);
+        s.Escrever(u"DROP INDEX IdxDias"_s);
+        Abrir_De_Novo(s);
+        QVERIFY(Tem_Datas(s));
+        QCOMPARE(Indices(s), QStringList{Actual()});
+    }
+
+    void com_ele_os_aniversarios_perguntam_por_cada_data_e_nao_por_cada_contacto()
+    {
+        Sistema s;
+        Encher(s, muitos);
+        int perguntas = 0;
+        QStringList linhas;
+        const auto ler = [&] {
+            perguntas = 0;
+            linhas.clear();
+            QVERIFY(s.geral.de.Percorrer_As_Que(
+                "cmdListarAniversarios", u"0"_s, colunas_do_aniversario,
+                [&](std::string_view Dia, std::string_view) { return ++perguntas > 0 && Dia == "7"; },
+                [&](const Row &linha) { linhas << linha.field(linha.column("ID")).text(); }));
+        };
+        ler();
+        QVERIFY(perguntas > 3000);
+        const QStringList sem = linhas;
+        QVERIFY(sem.size() > 50);
+        Abrir_De_Novo(s);
+        ler();
+        QVERIFY2(perguntas < 100, qPrintable(QString::number(perguntas)));
+        QCOMPARE(linhas, sem);
     }
 
     void com_ele_as_listas_nao_sao_ordenadas_nem_as_linhas_lidas()

@@ -87,6 +87,40 @@ class TestConnection : public QObject
             connection_.execute(u"INSERT INTO T (Nome) VALUES (?)"_s, {name});
     }
 
+    // Rows of few pairs, of which the first holds nothing: a name that tells its place, and a day and a month.
+    void Criar_Datas(int quantas)
+    {
+        createDatabase(path_, {u"CREATE TABLE T (ID INTEGER PRIMARY KEY, Nome TEXT, D TEXT COLLATE MORVEX, "
+                               "M TEXT COLLATE MORVEX) STRICT"_s});
+        connection_.setConnectionString(Fonte(path_));
+        connection_.Open();
+        connection_.execute(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < ?) "
+                            "INSERT INTO T SELECT i, printf('%05d', ? - i), "
+                            "CASE i % 4 WHEN 1 THEN NULL WHEN 2 THEN '' ELSE CAST(i % 4 AS TEXT) END, "
+                            "CASE i % 3 WHEN 1 THEN NULL WHEN 2 THEN 'a' ELSE 'A' END FROM n"_s,
+                            {qint64{quantas}, qint64{quantas}});
+    }
+
+    struct Perguntadas {
+        QStringList pares; // "first/second", in the order of letters
+        QStringList nomes; // of the rows that came
+        bool ha = false;
+    };
+    Perguntadas Perguntar(const QString &sql, const QString &colunas, const QString &querida)
+    {
+        Perguntadas p;
+        p.ha = connection_.rowsWanted(
+            sql, {}, colunas,
+            [&](std::string_view a, std::string_view b) {
+                p.pares << QString::fromUtf8(a) + u'/' + QString::fromUtf8(b);
+                return p.pares.last() == querida;
+            },
+            [&](const Row &linha) { p.nomes << linha.field(0).text(); });
+        p.pares.sort();
+        return p;
+    }
+    const QString datas_ = u"SELECT Nome FROM T WHERE ID > 0 ORDER BY Nome"_s;
+
 private Q_SLOTS:
     void init() { path_ = folder_.filePath(u"base.mdb"_s); }
     void cleanup()
@@ -766,6 +800,54 @@ private Q_SLOTS:
         QCOMPARE(passadas, QStringList(u"Zita"_s));
         VERIFICAR_FALHA(connection_.rows(sql + u" AND wanted(Nome, NULL)"_s, {}, [](const Row &) {}),
                         Failure::StoreError); // nobody says it now
+    }
+
+    void com_um_indice_dos_pares_pergunta_se_por_cada_um_uma_vez()
+    {
+        Criar_Datas(60);
+        for (const QString &querida : {u"/"_s, u"/a"_s, u"3/"_s, u"3/A"_s, u"0/a"_s, u"9/9"_s}) {
+            const Perguntadas sem = Perguntar(datas_, u"T.D, T.M"_s, querida);
+            QCOMPARE(sem.pares.size(), 60);
+            connection_.indexPairs(u"Pares"_s, u"T.D, T.M"_s);
+            connection_.indexPairs(u"Pares"_s, u"T.D, T.M"_s); // it is there already
+            const Perguntadas com = Perguntar(datas_, u"T.D, T.M"_s, querida);
+            QStringList uma_vez = sem.pares;
+            uma_vez.removeDuplicates();
+            QStringList perguntados = com.pares;
+            QCOMPARE(perguntados.removeDuplicates(), uma_vez.size()); // to count them, and to find them
+            QCOMPARE(perguntados, uma_vez);
+            QCOMPARE(uma_vez, (QStringList{u"/"_s, u"/A"_s, u"/a"_s, u"0/"_s, u"0/A"_s, u"0/a"_s, u"3/"_s, u"3/A"_s,
+                                           u"3/a"_s}));
+            QCOMPARE(com.nomes, sem.nomes);
+            QCOMPARE(com.nomes.isEmpty(), querida == u"9/9"_s);
+            QVERIFY(com.ha);
+            connection_.execute(u"DROP INDEX Pares"_s, {});
+        }
+    }
+
+    void o_indice_dos_pares_de_outras_colunas_nao_conta()
+    {
+        Criar_Datas(60);
+        connection_.indexPairs(u"Pares"_s, u"T.M, T.D"_s);
+        connection_.execute(u"CREATE INDEX Outro ON T (D, M)"_s, {});
+        QCOMPARE(Perguntar(datas_, u"T.D, T.M"_s, u"3/A"_s).pares.size(), 60);
+        connection_.indexPairs(u"Outro2"_s, u"T.D, T.M"_s);
+        QCOMPARE(Perguntar(datas_, u"D, M"_s, u"3/A"_s).pares.size(), 60); // of no table
+        QCOMPARE(Perguntar(datas_, u"T.D, M"_s, u"3/A"_s).pares.size(), 60);
+        QCOMPARE(Perguntar(datas_, u"T.D, T.M"_s, u"3/A"_s).pares.size(), 18);
+    }
+
+    void havendo_muitas_queridas_le_se_tudo_pela_ordem()
+    {
+        Criar_Datas(12 * 1000); // of each pair a thousand
+        connection_.indexPairs(u"Pares"_s, u"T.D, T.M"_s);
+        const Perguntadas mil = Perguntar(datas_, u"T.D, T.M"_s, u"3/A"_s);
+        QCOMPARE(mil.nomes.size(), 1000);
+        QCOMPARE(mil.pares.size(), 18);
+        connection_.execute(u"INSERT INTO T VALUES (20000, '99999', '3', 'A')"_s, {});
+        const Perguntadas mais = Perguntar(datas_, u"T.D, T.M"_s, u"3/A"_s);
+        QVERIFY(mais.pares.size() > 12001); // each row, behind the pairs that were counted
+        QCOMPARE(mais.nomes, mil.nomes + QStringList{u"99999"_s});
     }
 
     void o_numero_da_linha_acrescentada_e_o_do_contador()

@@ -7,6 +7,7 @@
 #include "store/sqlite/TextRules.h"
 #include "store/UntouchedSource.h"
 #include "store/sqlite/WantedFunction.h"
+#include "store/sqlite/WantedPairs.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -19,6 +20,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 constexpr qint64 pageSize = 4096; // bytes
+constexpr int fewWanted = 1000;   // rows; to look each of them up and sort them takes as long as to walk over all
 
 void copyAll(SQLite::Database &target, SQLite::Database &source)
 {
@@ -179,6 +181,21 @@ void SqliteStore::rows(const QString &sql, const Values &values, const EachRow &
     });
 }
 
+// By their pairs, where an index has these and leads to a few rows; or each row of the statement is asked for.
+QString SqliteStore::wantedOf(const QString &columns)
+{
+    const WantedPairs pairs(columns);
+    const bool known = pairs.isOfTable() &&
+                       query(u"SELECT 1 FROM sqlite_master WHERE type = 'index' AND tbl_name = ?1 AND "
+                             "substr(sql, -length(?2)) = ?2"_s,
+                             {pairs.table(), u" ON "_s + pairs.indexed()})
+                               .RecordCount() > 0;
+    if (!known) return u"wanted(%1)"_s.arg(columns);
+    const QString count = u"SELECT count(*) AS n FROM (%1 LIMIT %2)"_s.arg(pairs.rows()).arg(fewWanted + 1);
+    const bool few = query(count, {}).Fields("n").number() <= fewWanted;
+    return few ? u"%1.rowid IN (%2)"_s.arg(pairs.table(), pairs.rows()) : u"wanted(%1)"_s.arg(columns);
+}
+
 // Where none is wanted the store is asked once more: without an order the first row answers that.
 bool SqliteStore::rowsWanted(const QString &sql, const Values &values, const QString &columns,
                              const Wanted &wanted, const EachRow &row)
@@ -187,7 +204,7 @@ bool SqliteStore::rowsWanted(const QString &sql, const Values &values, const QSt
     qsizetype order = sql.lastIndexOf(" ORDER BY "_L1);
     if (order < 0) order = sql.size();
     bool any = false;
-    rows(sql.left(order) + u" AND wanted(%1)"_s.arg(columns) + sql.mid(order), values, [&](const Row &one) {
+    rows(sql.left(order) + u" AND "_s + wantedOf(columns) + sql.mid(order), values, [&](const Row &one) {
         any = true;
         row(one);
     });

@@ -69,6 +69,7 @@ private:
     void requireReadable(const QString &source);
 
     QStringList names(const QString &sql, const QString &table);
+    QString wantedOf(const QString &columns); // what a statement asks of its rows
     Statement &statement(const QString &sql);
     bool step(Statement &statement);
     void run(const Write &write);
