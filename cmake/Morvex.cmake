@@ -21,6 +21,13 @@ if(MORVEX_SANITIZE)
     target_link_options(morvex_opcoes INTERFACE -fsanitize=address,undefined)
 endif()
 
+# A test program mostly waits when it runs, and there are three hundred to compile: an eighth less each. The libraries
+# below them work for the tests.
+add_library(morvex_opcoes_dos_testes INTERFACE)
+if(NOT MORVEX_SANITIZE)
+    target_compile_options(morvex_opcoes_dos_testes INTERFACE $<$<CONFIG:RelWithDebInfo>:-Og>)
+endif()
+
 include(CheckLinkerFlag)
 
 # Three hundred test programs are linked: gold takes a quarter of the time. What people get is linked by the default one.
@@ -117,7 +124,8 @@ function(morvex_teste caminho)
         set(construir EXCLUDE_FROM_ALL)
     endif()
     add_executable(${nome} ${construir} ${caminho}.cpp ${ARG_FICHEIROS})
-    target_link_libraries(${nome} PRIVATE ${ARG_LIGA} morvex_testlib ${morvex_do_sistema} Qt6::Test morvex_opcoes)
+    target_link_libraries(${nome} PRIVATE
+        ${ARG_LIGA} morvex_testlib ${morvex_do_sistema} Qt6::Test morvex_opcoes morvex_opcoes_dos_testes)
     target_precompile_headers(${nome} REUSE_FROM morvex_cabecalhos_dos_testes)
     set_target_properties(${nome} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
     morvex_moc(${nome} ${caminho}.cpp)
