@@ -53,6 +53,6 @@ morvex_tambem_no_servidor(session FORA
 
 # No test: pictures of every form, which scripts/vistas asks for.
 add_executable(vistas EXCLUDE_FROM_ALL session/vistas.cpp)
-target_link_libraries(vistas PRIVATE session morvex_testlib Qt6::Test morvex_opcoes)
+target_link_libraries(vistas PRIVATE session morvex_testlib Qt6::Test morvex_opcoes morvex_opcoes_dos_testes)
 target_precompile_headers(vistas REUSE_FROM morvex_cabecalhos_dos_testes)
 set_target_properties(vistas PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
