@@ -20,7 +20,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 constexpr qint64 pageSize = 4096; // bytes
-constexpr int fewWanted = 1000;   // rows; to look each of them up and sort them takes as long as to walk over all
+constexpr int fewWanted = 1000;   // rows; more are read in the order that another index keeps, and not sorted
 
 void copyAll(SQLite::Database &target, SQLite::Database &source)
 {
