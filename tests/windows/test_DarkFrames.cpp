@@ -2,6 +2,7 @@
 #include "platform/DarkFrames.h"
 
 #include <QTest>
+#include <QWindow>
 
 class TestDarkFrames : public QObject
 {

@@ -1,6 +1,7 @@
 // The hidden window by which the installer and the system end the program.
 #include "platform/EndSignals.h"
 
+#include <QDir>
 #include <QTest>
 #include <windows.h>
 

@@ -3,6 +3,8 @@
 #include "store/NewDatabase.h"
 #include "store/sqlite/FileName.h"
 
+#include <QDir>
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;

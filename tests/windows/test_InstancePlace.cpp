@@ -1,7 +1,10 @@
 // What later starts say to the first one while it is busy.
 #include "platform/InstancePlace.h"
 
+#include <QDir>
+#include <QFile>
 #include <QLocalSocket>
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;

@@ -1,5 +1,7 @@
 // What the system tells of the program's file without running it.
+#include <QDir>
 #include <QTest>
+#include <QXmlStreamReader>
 #include <windows.h>
 
 #include <shellapi.h> // knows nothing without what stands before it

@@ -2,7 +2,12 @@
 // for a moment.
 #include "platform/ReplaceFile.h"
 
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
 #include <QTest>
+#include <QThread>
 #include <thread>
 
 using namespace Qt::StringLiterals;
