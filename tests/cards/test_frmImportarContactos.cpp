@@ -892,6 +892,18 @@ private Q_SLOTS:
         QCOMPARE(p.Contactos(), (QStringList{u"Ana Silva|ana.pt"_s, u"Rui Costa|"_s, u"Outra Gente|"_s}));
     }
 
+    void a_barra_da_escrita_parte_do_zero()
+    {
+        Programa p;
+        Formulario f(p, Cartao("FN:Rui"));
+        f.form.ProgressBar1->setValue(40); // as far as a first try came
+        const QSignalSpy andamento(f.form.ProgressBar1, &QProgressBar::valueChanged);
+        f.form.cmdImportar->click();
+        QVERIFY(!andamento.isEmpty());
+        QCOMPARE(andamento.first().first().toInt(), 0);
+        QVERIFY(p.Contactos().contains(u"Rui|"_s));
+    }
+
     void um_disco_cheio_deixa_o_formulario_como_estava()
     {
         if (!DiscoCheio::Possivel()) QSKIP("no disk can be filled here");
