@@ -80,6 +80,9 @@ std::vector<StoreValue> Converter(const Instrucao &instrucao, std::initializer_l
     return valores;
 }
 
+// The groups that a user sees: the shared ones and his or her own.
+constexpr QLatin1StringView grupos_a_vista("SELECT ID FROM TblGrupos WHERE IdUtilizador = 0 OR IdUtilizador = ?");
+
 QString Cadeia_Do_Ficheiro(const QString &caminho)
 {
     return QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source= '") + caminho + QStringLiteral("'") +
@@ -111,8 +114,7 @@ void DE::Percorrer_Nomes(const Value &IdUtilizador, const std::function<void(con
     if (Num_Servidor()) return Percorrer("cmdListarTodosContactos", {IdUtilizador}, linha);
     Rs("cmdListarTodosContactos").Close();
     std::vector<qint64> a_vista;
-    Ligacao().rows(QStringLiteral("SELECT ID FROM TblGrupos WHERE IdUtilizador = 0 OR IdUtilizador = ? ORDER BY ID"),
-                   {IdUtilizador.convertedTo(ColumnType::Long)},
+    Ligacao().rows(grupos_a_vista + QStringLiteral(" ORDER BY ID"), {IdUtilizador.convertedTo(ColumnType::Long)},
                    [&](const Row &grupo) { a_vista.push_back(grupo.number(0)); });
     Ligacao().rows(QStringLiteral("SELECT ID, Nome, Grupo FROM TblLista ORDER BY Nome, ID"), {},
                    [&](const Row &contacto) {
@@ -195,8 +197,7 @@ void DE::Percorrer_A_Vista(const Value &IdUtilizador, qint64 depois_de, int quan
                            const std::function<void(const Row &)> &linha)
 {
     Ligacao().rows(
-        QStringLiteral("SELECT * FROM TblLista WHERE ID > ? AND Grupo IN (SELECT ID FROM TblGrupos "
-                       "WHERE IdUtilizador = 0 OR IdUtilizador = ?) ORDER BY ID LIMIT ?"),
+        QStringLiteral("SELECT * FROM TblLista WHERE ID > ? AND Grupo IN (%1) ORDER BY ID LIMIT ?").arg(grupos_a_vista),
         {depois_de, IdUtilizador.convertedTo(ColumnType::Long), qint64{quantos}}, linha);
 }
 

@@ -139,8 +139,8 @@ public:
     bool anyForeign(const QStringList &tables);
     // The names of a table's indexes, in no order.
     QStringList indexes(const QString &table);
-    // Makes an index of that name, if there is none, by which rowsWanted of a file asks for each pair of the two
-    // columns, "T.a, T.b", once and not for each row.
+    // Makes an index of that name, if there is none, by which rowsWanted of a file asks for each pair that the two
+    // columns, "T.a, T.b", hold, and not for each row. A server has no such one.
     void indexPairs(const QString &name, const QString &columns);
     // How many steps of the schema the data have had, and how many they have had now, which is raised on a server.
     int schemaNumber();

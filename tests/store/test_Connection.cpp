@@ -802,7 +802,7 @@ private Q_SLOTS:
                         Failure::StoreError); // nobody says it now
     }
 
-    void com_um_indice_dos_pares_pergunta_se_por_cada_um_uma_vez()
+    void com_um_indice_dos_pares_pergunta_se_por_eles_e_nao_por_cada_linha()
     {
         Criar_Datas(60);
         for (const QString &querida : {u"/"_s, u"/a"_s, u"3/"_s, u"3/A"_s, u"0/a"_s, u"9/9"_s}) {

@@ -1,5 +1,5 @@
 // Rows that are wanted by what two of their columns hold. A book of thousands holds a few hundred different pairs:
-// where an index has these, one step in it leads from each to the next, and each is asked for once.
+// where an index has these, one step in it leads from each to the next, and no more is asked for than they.
 #pragma once
 
 #include <QString>
