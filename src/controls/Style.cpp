@@ -148,6 +148,7 @@ int Style::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *
                      QStyleHintReturn *returned) const
 {
     if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+    if (hint == SH_LineEdit_PasswordCharacter) return u'*';
     return QProxyStyle::styleHint(hint, option, widget, returned);
 }
 

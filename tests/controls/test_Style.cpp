@@ -125,6 +125,13 @@ private Q_SLOTS:
         QVERIFY(ve_se({lugar.right(), lugar.center().y()}, {1, 0}));
     }
 
+    void uma_palavra_passe_mostra_asteriscos()
+    {
+        QLineEdit caixa(u"abc"_s);
+        caixa.setEchoMode(QLineEdit::Password);
+        QCOMPARE(caixa.displayText(), u"***"_s);
+    }
+
     void um_campo_tem_moldura_que_se_ve_em_qualquer_janela_data()
     {
         QTest::addColumn<QPalette>("paleta");
