@@ -21,6 +21,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 constexpr int maior_medida = 32767; // pixels: the window system knows none beyond
+constexpr QColor cor_das_linhas(0, 0, 0, 90); // darker than the note, whatever its colour
 
 double Twips_Da_Linha(const Field &campo)
 {
@@ -34,6 +35,14 @@ int Medida_Da_Linha(const Field &campo) { return std::min(pixels(Twips_Da_Linha(
 int Lugar_Da_Linha(const Field &campo)
 {
     return static_cast<int>(std::lround(Twips_Da_Linha(campo) / twipsPerPixel));
+}
+
+void Pintar_Linha(QFrame &linha)
+{
+    QPalette palette;
+    palette.setColor(QPalette::Window, cor_das_linhas);
+    linha.setPalette(palette);
+    linha.setAutoFillBackground(true);
 }
 
 // Words that are wanted when the database may not be there to be asked.
@@ -72,13 +81,15 @@ frmMemo::frmMemo(Geral &geral, Platform &platform)
     connect(&geral_.rascunhos, &Rascunhos::Guardar_Ja, this, &frmMemo::Guardar_Se_Mudou);
 
     for (const auto &[botao, texto] :
-         {std::pair{cmdGuardar, 186}, {cmdFonte, 187}, {cmdCor, 188}, {cmdFechar, 189}}) {
+         {std::pair<QToolButton *, int>{cmdGuardar, 186}, {cmdFonte, 187}, {cmdCor, 188}, {cmdFechar, 189}}) {
         const QString dica = withoutMnemonic(geral_.Ler_Idioma(static_cast<qint16>(texto)));
         botao->setToolTip(dica);
         botao->setAccessibleName(dica);
     }
     cmdPorGuardar->setAccessibleName(translated(nao_guardado, geral_.IdiomaActual));
     cmdPorGuardar->setToolTip(translated(carregue_para_repetir, geral_.IdiomaActual));
+    for (QFrame *linha : {Line1, Line2, Line3, Line4, Line5})
+        Pintar_Linha(*linha);
     for (DragLabel *pega : {LabelH, LabelV, LabelHV})
         pega->raise();
 }
@@ -162,9 +173,8 @@ void frmMemo::Aplicar_Aparencia()
     txtMemo->setFont(
         Fonte_De_Memo(txtFontName->text(), txtFontSize->text(), txtFontBold->text(), txtFontItalic->text()));
     const QColor fundo = Cor_De_Memo(txtCorFundo->text());
-    // The inside of a text box with a style sheet keeps the colours with which it was first shown.
     for (QWidget *controlo : {static_cast<QWidget *>(this), static_cast<QWidget *>(lblTitle),
-                              static_cast<QWidget *>(txtMemo), txtMemo->viewport()})
+                              static_cast<QWidget *>(txtMemo)})
         Pintar_Memo(*controlo, fundo);
     setWindowTitle(lblTitle->text());
     txtMemo->setAccessibleName(lblTitle->text());

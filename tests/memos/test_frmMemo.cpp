@@ -5,6 +5,8 @@
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
+#include <QScrollBar>
+
 using namespace Qt::StringLiterals;
 using namespace arrastar;
 
@@ -491,14 +493,107 @@ private Q_SLOTS:
         QCOMPARE(u.nota->txtMemo->palette().color(QPalette::Base), colour(65535));
     }
 
+    void o_texto_e_a_sua_barra_acabam_acima_dos_botoes_data()
+    {
+        QTest::addColumn<int>("letras");
+        QTest::newRow("normais") << int{scale::standardLetters};
+        QTest::newRow("duplas") << 2 * scale::standardLetters;
+    }
+    void o_texto_e_a_sua_barra_acabam_acima_dos_botoes()
+    {
+        QFETCH(int, letras);
+        scale::setLetters(letras);
+        UmaNota u;
+        QPlainTextEdit &texto = *u.nota->txtMemo;
+        texto.setPlainText(u"pão\n"_s.repeated(50));
+        const QScrollBar &barra = *texto.verticalScrollBar();
+        QTRY_VERIFY(barra.isVisible());
+        const int fim = texto.height() - 15 * letras / scale::standardLetters;
+        QCOMPARE(texto.viewport()->geometry().bottom() + 1, fim);
+        QCOMPARE(barra.mapTo(&texto, QPoint(0, barra.height())).y(), fim);
+        QVERIFY(texto.viewport()->geometry().right() < barra.mapTo(&texto, QPoint()).x());
+        QCOMPARE(texto.viewport()->geometry().topLeft(), QPoint());
+    }
+
+    void o_texto_a_sua_faixa_e_a_barra_tem_a_cor_da_nota()
+    {
+        UmaNota u;
+        const QColor amarelo = colour(65535);
+        const QImage imagem = u.nota->grab().toImage();
+        const QRect texto = u.nota->txtMemo->geometry();
+        QCOMPARE(imagem.pixelColor(texto.center()), amarelo);
+        QCOMPARE(imagem.pixelColor(texto.bottomLeft()), amarelo);
+        QCOMPARE(u.nota->txtMemo->verticalScrollBar()->palette().color(QPalette::Window), amarelo);
+    }
+
+    void as_linhas_escurecem_a_cor_da_nota()
+    {
+        UmaNota u;
+        const QImage imagem = u.nota->grab().toImage();
+        constexpr int escura = 255 * (255 - 90) / 255;
+        for (const QFrame *linha : {u.nota->Line1, u.nota->Line2, u.nota->Line3, u.nota->Line4, u.nota->Line5}) {
+            const QColor cor = imagem.pixelColor(linha->geometry().center());
+            QVERIFY(std::abs(cor.red() - escura) <= 1 && std::abs(cor.green() - escura) <= 1);
+            QCOMPARE(cor.blue(), 0);
+        }
+    }
+
+    void as_marcas_tem_moldura_so_com_o_ponteiro_ou_o_teclado()
+    {
+        UmaNota u;
+        const QColor vermelho(0xC0, 0x48, 0x3E);
+        const QColor moldura(0x2B, 0x36, 0x40);
+        for (MarcaPorGuardar *marca : {u.nota->cmdGuardar, u.nota->cmdPorGuardar}) {
+            marca->show();
+            const auto cor = [&](const QPoint &lugar) { return marca->grab().toImage().pixelColor(lugar); };
+            const QPoint canto = marca->rect().bottomRight();
+            QVERIFY(marca->testAttribute(Qt::WA_Hover)); // painted anew as the pointer comes and goes
+            QCOMPARE(cor(QPoint()), vermelho);
+            QCOMPARE(cor(canto), vermelho);
+            marca->setAttribute(Qt::WA_UnderMouse);
+            QCOMPARE(cor(QPoint()), moldura);
+            QCOMPARE(cor(canto), moldura);
+            QCOMPARE(cor({2, 2}), vermelho);
+            marca->setAttribute(Qt::WA_UnderMouse, false);
+            u.nota->activateWindow();
+            QVERIFY(QTest::qWaitForWindowActive(u.nota.get()));
+            marca->setFocus();
+            QCOMPARE(cor(QPoint()), moldura);
+            u.nota->txtMemo->setFocus();
+            QCOMPARE(cor(QPoint()), vermelho);
+        }
+    }
+
+    void as_palavras_da_marca_sao_brancas_e_tem_margens_data()
+    {
+        o_texto_e_a_sua_barra_acabam_acima_dos_botoes_data();
+    }
+    void as_palavras_da_marca_sao_brancas_e_tem_margens()
+    {
+        QFETCH(int, letras);
+        scale::setLetters(letras);
+        UmaNota u;
+        MarcaPorGuardar &marca = *u.nota->cmdPorGuardar;
+        const int margem = 7 * letras / scale::standardLetters;
+        QCOMPARE(marca.sizeHint().width(), marca.fontMetrics().horizontalAdvance(marca.text()) + 2 * margem);
+        QCOMPARE(marca.sizeHint().height(), marca.fontMetrics().height());
+        marca.show();
+        const QImage imagem = marca.grab().toImage();
+        int primeira = imagem.width();
+        for (int x = 0; x < imagem.width(); ++x)
+            for (int y = 0; y < imagem.height(); ++y)
+                if (imagem.pixelColor(x, y).lightness() > 200) primeira = std::min(primeira, x);
+        QVERIFY(primeira >= margem && primeira < margem + marca.fontMetrics().averageCharWidth());
+    }
+
     void o_teclado_chega_a_cada_botao()
     {
         UmaNota u;
         u.nota->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(u.nota.get()));
         u.Escrever_Texto(u"x"_s);
-        for (const QWidget *botao :
-             {u.nota->cmdGuardar, u.nota->cmdFonte, u.nota->cmdCor, u.nota->cmdFechar}) {
+        for (const QToolButton *botao : std::initializer_list<QToolButton *>{
+                 u.nota->cmdGuardar, u.nota->cmdFonte, u.nota->cmdCor, u.nota->cmdFechar}) {
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
             QCOMPARE(QApplication::focusWidget(), botao);
         }
@@ -508,9 +603,11 @@ private Q_SLOTS:
     {
         UmaNota u(u"'t','','495','645','2775','1395','Tahoma',8.25,0,0,8388608"_s); // dark blue
         QCOMPARE(u.nota->txtMemo->palette().color(QPalette::Text), QColor(Qt::white));
+        QCOMPARE(u.nota->txtMemo->viewport()->palette().color(QPalette::Text), QColor(Qt::white));
         u.s.dialogos.cores << QColor(Qt::yellow);
         u.nota->cmdCor->click();
         QCOMPARE(u.nota->txtMemo->palette().color(QPalette::Text), QColor(Qt::black));
+        QCOMPARE(u.nota->txtMemo->viewport()->palette().color(QPalette::Text), QColor(Qt::black));
     }
 
     void a_fonte_escolhida_mostra_se_e_fica_na_linha()

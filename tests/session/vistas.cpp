@@ -165,6 +165,9 @@ void Vistas::Lembretes()
     nota.Criar(u"Compras"_s, QPoint());
     nota.txtMemo->setPlainText(u"Chá, pão e selos.\nFlores para a Beatriz!"_s);
     Tirar(nota, u"frmMemo"_s);
+    nota.txtMemo->setPlainText(u"Chá\nPão\nSelos\nFlores\nVelas\nUm livro para a Beatriz, que faz anos"_s);
+    nota.cmdPorGuardar->show();
+    Tirar(nota, u"frmMemo-por-guardar"_s);
     c.form.reset();
 }
 
