@@ -11,7 +11,6 @@
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QLabel>
-#include <QRegularExpression>
 #include <QToolBar>
 #include <QTreeView>
 
@@ -53,21 +52,6 @@ void applyLetters(QWidget &widget)
     widget.setFont(letters);
 }
 
-void applyStyleSheet(QWidget &widget)
-{
-    static const QRegularExpression length(u"\\b([2-9]|\\d{2,})px"_s); // a hairline remains one
-    QString sheet = widget.styleSheet();
-    if (sheet.isEmpty()) return;
-    QRegularExpressionMatch found;
-    for (qsizetype from = 0; (found = length.match(sheet, from)).hasMatch();) {
-        const QString grown = QString::number(scale::scaled(found.captured(1).toInt()));
-        sheet.replace(found.capturedStart(1), found.capturedLength(1), grown);
-        from = found.capturedStart(1) + grown.size();
-    }
-    widget.setStyleSheet({}); // or the widget would keep the colours that it has now, whatever it is given later
-    widget.setStyleSheet(sheet);
-}
-
 void applyInside(QWidget &widget)
 {
     if (auto *button = qobject_cast<QAbstractButton *>(&widget);
@@ -79,7 +63,6 @@ void applyInside(QWidget &widget)
     if (const auto *tree = qobject_cast<QTreeView *>(&widget))
         tree->header()->setDefaultSectionSize(scale::scaled(tree->header()->defaultSectionSize()));
     applyLetters(widget);
-    applyStyleSheet(widget);
 }
 
 void applySpacing(QLayout &layout)
