@@ -2,6 +2,7 @@
 
 #include "controls/Contrast.h"
 #include "controls/Scale.h"
+#include "controls/ScrollBarDrawing.h"
 
 #include <QIcon>
 #include <QPainter>
@@ -166,6 +167,8 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption *option, 
 void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option, QPainter *painter,
                                const QWidget *widget) const
 {
+    if (control == CC_ScrollBar)
+        return drawScrollBar(*painter, *static_cast<const QStyleOptionSlider *>(option), *this, widget);
     QProxyStyle::drawComplexControl(control, option, painter, widget);
     if (control == CC_ComboBox || control == CC_SpinBox) drawFieldFrame(*painter, *option);
 }

@@ -1,6 +1,6 @@
 // The program's one look over the toolkit's plain style: pictures of its own family in the boxes and the
 // preview, buttons of boxes like those of the forms, a frame round the tab that has the keyboard,
-// frames that show at every density, frames of fields and marks that show on dark windows,
+// frames that show at every density, frames of fields and marks that show on dark windows, flat scroll bars,
 // asterisks for passwords, and marks, icons and scroll bars that grow with the letters.
 #pragma once
 

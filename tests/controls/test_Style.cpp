@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QDateEdit>
 #include <QDialogButtonBox>
+#include <QDir>
 #include <QDirIterator>
 #include <QIcon>
 #include <QLineEdit>
@@ -18,9 +19,11 @@
 #include <QProxyStyle>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QStyle>
 #include <QStyleOption>
 #include <QTabBar>
+#include <QThreadPool>
 
 using namespace Qt::StringLiterals;
 
@@ -81,6 +84,66 @@ template<class Opcao> Opcao Nova_Opcao(const QPalette &paleta, QStyle::State est
 
 QPalette Clara() { return lightPalette(qApp->style()->standardPalette()); }
 
+// A scroll bar of 16 by 200 pixels, or 200 by 16, half way along.
+struct Barra {
+    Barra(const QPalette &paleta, Qt::Orientation orientacao)
+    {
+        opcao.palette = paleta;
+        opcao.orientation = orientacao;
+        opcao.rect = orientacao == Qt::Vertical ? QRect(0, 0, 16, 200) : QRect(0, 0, 200, 16);
+        opcao.state = QStyle::State_Enabled;
+        opcao.state.setFlag(QStyle::State_Horizontal, orientacao == Qt::Horizontal);
+        opcao.subControls = QStyle::SC_All;
+        opcao.maximum = 100;
+        opcao.pageStep = 50;
+        opcao.sliderPosition = opcao.sliderValue = 50;
+    }
+
+    QRect Lugar(QStyle::SubControl parte) const
+    {
+        return Proprio().subControlRect(QStyle::CC_ScrollBar, &opcao, parte);
+    }
+    QImage Imagem() const
+    {
+        QImage imagem(opcao.rect.size(), QImage::Format_RGB32);
+        imagem.fill(Qt::magenta);
+        QPainter painter(&imagem);
+        Proprio().drawComplexControl(QStyle::CC_ScrollBar, &opcao, &painter);
+        return imagem;
+    }
+    QImage Imagem(QStyle::SubControl parte) const { return Imagem().copy(Lugar(parte)); }
+    QColor Cor(const QPoint &lugar) const { return Imagem().pixelColor(lugar); }
+    QColor Cor_No_Meio(QStyle::SubControl parte) const { return Cor(Lugar(parte).center()); }
+    // Beside the arrow, and in the slider, at its end.
+    QColor Cor_Na_Ponta(QStyle::SubControl parte) const
+    {
+        const QRect lugar = Lugar(parte);
+        return Cor({lugar.left() + 2, lugar.top()});
+    }
+    QColor Cor_Na_Margem_Do_Cursor(int pixels) const
+    {
+        const QPoint meio = Lugar(QStyle::SC_ScrollBarSlider).center();
+        return Cor(opcao.orientation == Qt::Vertical ? QPoint(pixels, meio.y()) : QPoint(meio.x(), pixels));
+    }
+    // Pixels of that part that stand out from its corner.
+    int Desenhados(QStyle::SubControl parte) const
+    {
+        const QImage imagem = Imagem(parte);
+        int desenhados = 0;
+        for (int y = 0; y < imagem.height(); ++y)
+            for (int x = 0; x < imagem.width(); ++x)
+                if (contrast(imagem.pixelColor(x, y), imagem.pixelColor(0, 0)) >= visible) ++desenhados;
+        return desenhados;
+    }
+
+    QStyleOptionSlider opcao;
+};
+
+int Linhas_De_Execucao()
+{
+    return static_cast<int>(QDir(u"/proc/self/task"_s).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size());
+}
+
 constexpr QStyle::State ligado = QStyle::State_Enabled;
 constexpr QStyle::State com_teclado = QStyle::State_Enabled | QStyle::State_HasFocus;
 } // namespace
@@ -130,6 +193,96 @@ private Q_SLOTS:
         QLineEdit caixa(u"abc"_s);
         caixa.setEchoMode(QLineEdit::Password);
         QCOMPARE(caixa.displayText(), u"***"_s);
+    }
+
+    void as_partes_de_uma_barra_veem_se_data()
+    {
+        QTest::addColumn<QPalette>("paleta");
+        QTest::addColumn<Qt::Orientation>("orientacao");
+        for (const auto orientacao : {Qt::Vertical, Qt::Horizontal}) {
+            QTest::addRow("light %d", orientacao) << Clara() << orientacao;
+            QTest::addRow("dark %d", orientacao) << darkPalette() << orientacao;
+        }
+    }
+    void as_partes_de_uma_barra_veem_se()
+    {
+        QFETCH(QPalette, paleta);
+        QFETCH(Qt::Orientation, orientacao);
+        Barra barra(paleta, orientacao);
+        const QColor calha = barra.Cor_No_Meio(QStyle::SC_ScrollBarAddPage);
+        const QColor cursor = barra.Cor_No_Meio(QStyle::SC_ScrollBarSlider);
+        QVERIFY(contrast(cursor, calha) >= visible);
+        QVERIFY(barra.Desenhados(QStyle::SC_ScrollBarSubLine) > 5);
+        QVERIFY(barra.Desenhados(QStyle::SC_ScrollBarAddLine) > 5);
+        QCOMPARE(barra.Cor_Na_Margem_Do_Cursor(1), calha);
+        QCOMPARE(barra.Cor_Na_Margem_Do_Cursor(2), cursor);
+    }
+
+    void sob_o_ponteiro_e_agarrada_uma_parte_ve_se_mais_data()
+    {
+        QTest::addColumn<QStyle::SubControl>("parte");
+        QTest::newRow("slider") << QStyle::SC_ScrollBarSlider;
+        QTest::newRow("up") << QStyle::SC_ScrollBarSubLine;
+        QTest::newRow("down") << QStyle::SC_ScrollBarAddLine;
+    }
+    void sob_o_ponteiro_e_agarrada_uma_parte_ve_se_mais()
+    {
+        QFETCH(QStyle::SubControl, parte);
+        Barra barra(Clara(), Qt::Vertical);
+        const int parada = barra.Cor_Na_Ponta(parte).lightness();
+        barra.opcao.activeSubControls = parte;
+        const int sob_o_ponteiro = barra.Cor_Na_Ponta(parte).lightness();
+        barra.opcao.state |= QStyle::State_Sunken;
+        const int agarrada = barra.Cor_Na_Ponta(parte).lightness();
+        QVERIFY(parada > sob_o_ponteiro && sob_o_ponteiro > agarrada);
+        barra.opcao.activeSubControls = QStyle::SC_ScrollBarAddPage;
+        QCOMPARE(barra.Cor_Na_Ponta(parte).lightness(), parada);
+    }
+
+    void uma_barra_sem_para_onde_ir_nao_tem_cursor()
+    {
+        Barra barra(Clara(), Qt::Vertical);
+        const QColor calha = barra.Cor_No_Meio(QStyle::SC_ScrollBarAddPage);
+        barra.opcao.maximum = barra.opcao.minimum;
+        for (const int y : {30, 100, 170})
+            QCOMPARE(barra.Cor({8, y}), calha);
+    }
+
+    void as_setas_apontam_para_cima_e_para_baixo()
+    {
+        const Barra barra(Clara(), Qt::Vertical);
+        const QImage cima = barra.Imagem(QStyle::SC_ScrollBarSubLine);
+        QCOMPARE(cima.mirrored(), barra.Imagem(QStyle::SC_ScrollBarAddLine));
+        std::vector<int> larguras; // of the arrow, from its top
+        for (int y = 0; y < cima.height(); ++y) {
+            int largura = 0;
+            for (int x = 0; x < cima.width(); ++x)
+                if (contrast(cima.pixelColor(x, y), cima.pixelColor(0, 0)) >= visible) ++largura;
+            if (largura > 0) larguras.push_back(largura);
+        }
+        QVERIFY(larguras.size() > 1 && larguras.front() < larguras.back());
+    }
+
+    void as_setas_apontam_para_os_lados_da_escrita()
+    {
+        Barra barra(Clara(), Qt::Horizontal);
+        QImage direita = barra.Imagem(QStyle::SC_ScrollBarAddLine);
+        QCOMPARE(barra.Imagem(QStyle::SC_ScrollBarSubLine).mirrored(true, false), direita);
+        barra.opcao.direction = Qt::RightToLeft;
+        QCOMPARE(barra.Imagem(QStyle::SC_ScrollBarSubLine), direita);
+    }
+
+    void uma_barra_comprida_pinta_se_sem_linhas_de_execucao()
+    {
+        QWidget janela;
+        QScrollBar barra(Qt::Vertical, &janela);
+        barra.setGeometry(0, 0, 16, 600);
+        barra.setRange(0, 1000);
+        QThreadPool::globalInstance()->waitForDone();
+        const int antes = Linhas_De_Execucao();
+        if (antes == 0) QSKIP("this system does not list a program's threads");
+        janela.grab();
+        QCOMPARE(Linhas_De_Execucao(), antes);
     }
 
     void um_campo_tem_moldura_que_se_ve_em_qualquer_janela_data()
