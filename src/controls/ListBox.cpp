@@ -14,6 +14,12 @@ class ListBox::Rows final : public QAbstractListModel
 {
 public:
     int rowCount(const QModelIndex &parent) const override { return parent.isValid() ? 0 : items().count(); }
+    // Asked for each row whenever the view lays its rows out.
+    QModelIndex index(int row, int column = 0, const QModelIndex &parent = {}) const override
+    {
+        const bool there = row >= 0 && row < items_.count() && column == 0 && !parent.isValid();
+        return there ? createIndex(row, column) : QModelIndex();
+    }
     QVariant data(const QModelIndex &index, int role) const override
     {
         return role == Qt::DisplayRole ? QVariant(text(index.row())) : QVariant();

@@ -304,6 +304,21 @@ private Q_SLOTS:
         QCOMPARE(altura(2), altura(0));
     }
 
+    void so_as_linhas_que_ha_tem_indice()
+    {
+        ListBox list;
+        Encher(list, {u"a"_s, u"b"_s});
+        const QAbstractItemModel &model = *list.model();
+        for (const int row : {0, 1}) {
+            QCOMPARE(model.index(row, 0).row(), row);
+            QCOMPARE(model.index(row, 0).column(), 0);
+            QCOMPARE(model.index(row, 0).model(), &model);
+            QVERIFY(!model.index(row, 0, model.index(0, 0)).isValid());
+        }
+        for (const auto &[row, column] : {std::pair{-1, 0}, {2, 0}, {0, -1}, {0, 1}})
+            QCOMPARE(model.index(row, column), QModelIndex());
+    }
+
     void linhas_trazidas_juntas_tomam_o_lugar_das_que_havia()
     {
         ListBox list;
