@@ -304,6 +304,21 @@ private Q_SLOTS:
         QCOMPARE(altura(2), altura(0));
     }
 
+    void dezenas_de_milhares_de_linhas_juntas_chegam_inteiras()
+    {
+        ListItems items;
+        const auto texto = [](int linha) { return u"Ângela %1"_s.arg(linha).toUtf8(); };
+        constexpr int quantas = 40000;
+        for (int i = 0; i < quantas; ++i)
+            items.append(texto(i).toStdString(), -i);
+        QCOMPARE(items.count(), quantas);
+        for (int i = 0; i < quantas; ++i)
+            if (items.text(i) != texto(i).toStdString() || items.data(i) != -i) QFAIL(qPrintable(texto(i)));
+        items.append(std::string(100000, 'x'), 7); // longer than all before it
+        QCOMPARE(items.text(quantas), std::string(100000, 'x'));
+        QCOMPARE(items.text(quantas - 1), texto(quantas - 1).toStdString());
+    }
+
     void so_as_linhas_que_ha_tem_indice()
     {
         ListBox list;
