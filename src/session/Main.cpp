@@ -47,11 +47,13 @@
 #include <QShortcut>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace
 {
 constexpr QStringView servidor = u"" MORVEX_WEB_HOST; // of help, suggestions and versions
 constexpr qint16 texto_sem_servidor = 450;
+constexpr auto fim_do_arranque = 1s; // the window is in view and painted by then
 constexpr unsigned cor_ponto_apagado = 0xF8F8F8;
 
 // The dot that is out hardly shows on its window, be that light or dark; the one that is lit stands out.
@@ -224,12 +226,18 @@ void Main::Carregar()
 {
     Inicio().Executar();
     lugar_->Repor();
-    geral_.de.Largar_Memoria();
-    returnFreeMemory(); // the start read names and birthdays; from here on the program mostly waits
     if (!geral_.Comeca_Minimizado()) show();
     fila_->Comecar();
     sincronizador_->Iniciar();
     avisos_->Comecar();
+    QTimer::singleShot(fim_do_arranque, this, [this] { Largar_Memoria(); });
+}
+
+// The start read names and birthdays; once the window stands the program mostly waits.
+void Main::Largar_Memoria()
+{
+    geral_.de.Largar_Memoria();
+    returnFreeMemory();
 }
 
 void Main::Abrir_Depois(const QStringList &ficheiros) { fila_->Juntar(ficheiros); }

@@ -54,6 +54,7 @@ private:
     void Ligar_Teclas();
     void Ligar_Avisos(EdicaoContacto &edicao);
     void Mostrar_Sem_Servidor(bool sem);
+    void Largar_Memoria();
     bool Responder_A_Aviso(); // whether a notice stood there to be answered
 
     void timerPonto_Timer();

@@ -19,6 +19,7 @@
 #include "testlib/Accoes.h"
 #include "testlib/ComJanela.h"
 #include "testlib/FotografiaNaBase.h"
+#include "testlib/MemoriaSolta.h"
 #include "testlib/Teste.h"
 
 #include <QPainter>
@@ -57,6 +58,18 @@ class TestMain : public QObject
     };
 
 private Q_SLOTS:
+    void depois_do_arranque_o_que_ele_leu_volta_ao_sistema()
+    {
+        if (!MemoriaSolta::Mede_Se()) QSKIP("the memory of a process is read from /proc");
+        ComJanela c;
+        const MemoriaSolta solta;
+        const double antes = MemoriaSolta::MB();
+        c.janela.Carregar();
+        QVERIFY(MemoriaSolta::MB() > antes - 0.25 * MemoriaSolta::MB_soltos); // not while the window comes
+        QTRY_VERIFY(MemoriaSolta::MB() < antes - 0.75 * MemoriaSolta::MB_soltos);
+        QVERIFY(solta.Inteiro());
+    }
+
     // Timers
 
     void cada_temporizador_tem_o_seu_intervalo_e_estado_do_desenho()
