@@ -38,7 +38,7 @@ struct EstadoDaConta {
 
 // A contact and its card.
 struct Par {
-    enum Estado {
+    enum Estado : int { // or what a newer program wrote
         Acordado,
         AEnviar,       // the card is on its way to the server, for the first time
         PorVer,        // the card has to be asked for, whatever the server says has changed
@@ -56,7 +56,7 @@ struct Par {
 
 // Something that a person should know of.
 struct Ocorrencia {
-    enum Que {
+    enum Que : int { // or what a newer program wrote
         Conflito = 1,  // of a column: the server's value stayed, ours went to Obs
         EliminadoLa,   // changed here, deleted there: it is there again
         EliminadoAqui, // changed there, deleted here: it is here again
