@@ -22,8 +22,8 @@ struct ServidorEmMemoria {
     }
     void Tirar(const QString &href)
     {
-        cartoes.erase(href);
         historia[href] = ++versao;
+        cartoes.erase(href); // last: it may be the key itself
     }
     RemoteMember Membro(const QString &href) const
     {
