@@ -496,6 +496,15 @@ private Q_SLOTS:
         QCOMPARE(p.Escolhido(), u"Berta"_s);
     }
 
+    void abrir_da_lhe_o_teclado_ainda_que_ja_estivesse_a_vista()
+    {
+        Procura p;
+        p.Abrir();
+        p.Mostrar_Janela();
+        p.form.Abrir();
+        QVERIFY(QTest::qWaitForWindowActive(&p.form));
+    }
+
     void enter_procura()
     {
         Procura p;
