@@ -1,12 +1,17 @@
 #include "memos/Aparencia.h"
 
-#include "store/Values.h"
 #include "controls/Contrast.h"
 #include "controls/Units.h"
+#include "store/Values.h"
 
 #include <QWidget>
 
 using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr QColor cor_das_linhas(0, 0, 0, 90);
+}
 
 QFont Fonte_De_Memo(const QString &FontName, const QString &FontSize, const QString &FontBold,
                     const QString &FontItalic)
@@ -32,6 +37,14 @@ void Pintar_Memo(QWidget &controlo, const QColor &fundo)
     QPalette palette = controlo.palette();
     setGround(palette, fundo);
     controlo.setPalette(palette);
+}
+
+void Pintar_Linha(QWidget &linha)
+{
+    QPalette palette;
+    palette.setColor(QPalette::Window, cor_das_linhas);
+    linha.setPalette(palette);
+    linha.setAutoFillBackground(true);
 }
 
 QString Texto_Logico(bool valor) { return valor ? u"True"_s : u"False"_s; }

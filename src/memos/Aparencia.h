@@ -15,6 +15,8 @@ QColor Cor_De_Memo(const QString &CorFundo);
 
 // The background, with letters that can be read on it.
 void Pintar_Memo(QWidget &controlo, const QColor &fundo);
+// A line on it: darker than the note, whatever its colour.
+void Pintar_Linha(QWidget &linha);
 
 // A truth value as the texts hold it.
 QString Texto_Logico(bool valor);

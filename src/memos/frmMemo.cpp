@@ -21,7 +21,6 @@ using namespace Qt::StringLiterals;
 namespace
 {
 constexpr int maior_medida = 32767; // pixels: the window system knows none beyond
-constexpr QColor cor_das_linhas(0, 0, 0, 90); // darker than the note, whatever its colour
 
 double Twips_Da_Linha(const Field &campo)
 {
@@ -35,14 +34,6 @@ int Medida_Da_Linha(const Field &campo) { return std::min(pixels(Twips_Da_Linha(
 int Lugar_Da_Linha(const Field &campo)
 {
     return static_cast<int>(std::lround(Twips_Da_Linha(campo) / twipsPerPixel));
-}
-
-void Pintar_Linha(QFrame &linha)
-{
-    QPalette palette;
-    palette.setColor(QPalette::Window, cor_das_linhas);
-    linha.setPalette(palette);
-    linha.setAutoFillBackground(true);
 }
 
 // Words that are wanted when the database may not be there to be asked.
