@@ -28,22 +28,9 @@ using namespace Qt::StringLiterals;
 namespace
 {
 // The program over a folder that is there already, with stand-ins for the desktop.
-struct Instalacao {
+struct Instalacao : AmbienteFalso {
     explicit Instalacao(const QString &pasta) : geral(pasta) { geral.IdiomaActual = u"PortuguesPT"_s; }
 
-    RelogioFalso relogio{QDateTime({2027, 2, 1}, {9, 0})};
-    CaixasFalsas caixas;
-    DialogosFalsos dialogos;
-    ShellFalsa shell;
-    SomFalso som;
-    RegistoFalso registo;
-    CorreioFalso correio;
-    MensageiroFalso mensageiro;
-    ProcessoFalso processo;
-    TabuleiroFalso tabuleiro;
-    SegredosFalsos segredos;
-    Platform plataforma{relogio, caixas,  dialogos,   shell,    som,
-                        registo, correio, mensageiro, processo, tabuleiro, segredos};
     Geral geral;
 };
 

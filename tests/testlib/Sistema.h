@@ -4,8 +4,8 @@
 
 #include "data/Geral.h"
 #include "store/Connection.h"
+#include "testlib/AmbienteFalso.h"
 #include "testlib/BaseDoPrograma.h"
-#include "testlib/Falsos.h"
 
 #include <QTemporaryDir>
 
@@ -15,7 +15,7 @@
         if (Sistema::Num_Servidor()) QSKIP("only in a file: " porque);                                       \
     } while (false)
 
-class Sistema
+class Sistema : public AmbienteFalso
 {
 public:
     enum class Estado {
@@ -94,18 +94,5 @@ private:
     QString recusa_;     // the table that refuses
 
 public:
-    RelogioFalso relogio{QDateTime({2027, 2, 1}, {9, 0})};
-    CaixasFalsas caixas;
-    DialogosFalsos dialogos;
-    ShellFalsa shell;
-    SomFalso som;
-    RegistoFalso registo;
-    CorreioFalso correio;
-    MensageiroFalso mensageiro;
-    ProcessoFalso processo;
-    TabuleiroFalso tabuleiro;
-    SegredosFalsos segredos;
-    Platform plataforma{relogio, caixas,  dialogos,   shell,    som,
-                        registo, correio, mensageiro, processo, tabuleiro, segredos};
     Geral geral;
 };
