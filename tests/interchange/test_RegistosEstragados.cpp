@@ -7,6 +7,7 @@
 #include "platform/TextEncoding.h"
 #include "session/Main.h"
 #include "testlib/CopiaEstragada.h"
+#include "testlib/Estragos.h"
 #include "testlib/MemoriaPedida.h"
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
@@ -66,27 +67,6 @@ QList<QByteArray> Campos(const QByteArray &registo)
         inicio = fim + 1;
     }
     return achados;
-}
-
-using Estrago = std::function<QByteArray(QByteArray, std::mt19937 &)>;
-
-int Ao_Acaso(std::mt19937 &acaso, qsizetype limite)
-{
-    return static_cast<int>(acaso() % static_cast<std::uint32_t>(limite));
-}
-
-QByteArray Trocar_Bits(QByteArray bytes, std::mt19937 &acaso)
-{
-    for (int i = Ao_Acaso(acaso, 8); i >= 0; --i) {
-        char &byte = bytes.data()[Ao_Acaso(acaso, bytes.size())];
-        byte = static_cast<char>(byte ^ (1 << Ao_Acaso(acaso, 8)));
-    }
-    return bytes;
-}
-
-QByteArray Cortar(QByteArray bytes, std::mt19937 &acaso)
-{
-    return bytes.first(Ao_Acaso(acaso, bytes.size()));
 }
 
 // What the format lives on, where it doesn't belong.

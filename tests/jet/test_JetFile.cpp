@@ -2,6 +2,7 @@
 #include "jet/JetFile.h"
 #include "testlib/CopiaEstragada.h"
 #include "testlib/Desempacotado.h"
+#include "testlib/Estragos.h"
 #include "testlib/MemoriaPedida.h"
 #include "testlib/OutrosNomes.h"
 #include "testlib/SemPrivilegios.h"
@@ -67,22 +68,6 @@ QStringList Colunas(const QJsonObject &tabela)
 
 constexpr int pagina = 4096;
 
-using Estrago = std::function<QByteArray(QByteArray, std::mt19937 &)>;
-
-int Ao_Acaso(std::mt19937 &acaso, qsizetype limite)
-{
-    return static_cast<int>(acaso() % static_cast<std::uint32_t>(limite));
-}
-
-QByteArray Trocar_Bits(QByteArray bytes, std::mt19937 &acaso)
-{
-    for (int i = Ao_Acaso(acaso, 8); i >= 0; --i) {
-        char &byte = bytes.data()[Ao_Acaso(acaso, bytes.size())];
-        byte = static_cast<char>(byte ^ (1 << Ao_Acaso(acaso, 8)));
-    }
-    return bytes;
-}
-
 // Where it hurts: in the heads of pages and the tables of their rows.
 QByteArray Trocar_Bits_Dos_Cabecalhos(QByteArray bytes, std::mt19937 &acaso)
 {
@@ -92,11 +77,6 @@ QByteArray Trocar_Bits_Dos_Cabecalhos(QByteArray bytes, std::mt19937 &acaso)
         bytes.data()[onde] = static_cast<char>(bytes[onde] ^ (1 << Ao_Acaso(acaso, 8)));
     }
     return bytes;
-}
-
-QByteArray Cortar(QByteArray bytes, std::mt19937 &acaso)
-{
-    return bytes.first(Ao_Acaso(acaso, bytes.size()));
 }
 
 QByteArray Trocar_Paginas(QByteArray bytes, std::mt19937 &acaso)
