@@ -147,10 +147,18 @@ endfunction()
 function(morvex_ambiente teste nome)
     set(casa ${PROJECT_BINARY_DIR}/tests/casa/${nome})
     file(MAKE_DIRECTORY ${casa})
+    set(ambiente
+        QT_QPA_PLATFORM=offscreen QT_LOGGING_RULES=qt.qpa.*=false LC_ALL=C.UTF-8 TZ=Europe/Lisbon
+        HOME=${casa} XDG_DATA_HOME=${casa}/dados XDG_CONFIG_HOME=${casa}/config XDG_RUNTIME_DIR=${casa}
+        DBUS_SESSION_BUS_ADDRESS=disabled: MORVEX_ENVIADOS=${PROJECT_BINARY_DIR}/bin
+        # The leak sanitizer now and then takes a place in a library's thread-local storage for another, and dies of it.
+        ASAN_OPTIONS=detect_leaks=1:abort_on_error=0:intercept_tls_get_addr=0
+        LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0
+        UBSAN_OPTIONS=print_stacktrace=1)
     set_tests_properties(${teste} PROPERTIES
         TIMEOUT 300
         FAIL_REGULAR_EXPRESSION "Totals: [0-2] passed, 0 failed"
-        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;HOME=${casa};XDG_DATA_HOME=${casa}/dados;XDG_CONFIG_HOME=${casa}/config;XDG_RUNTIME_DIR=${casa};TZ=Europe/Lisbon;LC_ALL=C.UTF-8;DBUS_SESSION_BUS_ADDRESS=disabled:;MORVEX_ENVIADOS=${PROJECT_BINARY_DIR}/bin;QT_LOGGING_RULES=qt.qpa.*=false;ASAN_OPTIONS=detect_leaks=1:abort_on_error=0;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1")
+        ENVIRONMENT "${ambiente}")
     if(WIN32)
         set_tests_properties(${teste} PROPERTIES FIXTURES_REQUIRED wine)
         # CTest alone decides how long a test may take, and under Wine it takes longer.
