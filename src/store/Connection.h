@@ -120,9 +120,9 @@ public:
     // rows among it, may not be there, or stand for something else.
     int undone() const;
 
-    // How many writes have lost their answer since the opening: one alone, a portion, or all of allOrNothing. What
-    // became of one of them, from 1 on, stands firm once the listener hears that the server is there again; until then
-    // nothing else is sent.
+    // How many writes have lost their answer since the opening: one alone, a portion (one, though it was sent
+    // twice), or all of allOrNothing. What became of one of them, from 1 on, stands firm once the listener hears
+    // that the server is there again; until then nothing else is sent.
     int lostWrites() const;
     Fate fateOf(int lost) const;
 

@@ -291,6 +291,30 @@ private Q_SLOTS:
         QCOMPARE(base_->Numero(u"SELECT count(*) FROM t"_s), 1001);
         QCOMPARE(base_->Numero(u"SELECT count(DISTINCT nome) FROM t"_s), 1001);
     }
+    void a_portion_that_was_sent_once_more_and_answered_has_lost_nothing()
+    {
+        Matar_Ligacoes();
+        store_->gathering([&] {
+            Inserir(u"Rui"_s);
+            Inserir(u"Eva"_s);
+        });
+        QCOMPARE(Nomes(), u"Ana,Rui,Eva"_s);
+        QCOMPARE(store_->lostWrites(), 0);
+    }
+    void of_a_portion_that_was_sent_once_more_the_last_sending_counts()
+    {
+        Matar_Ligacoes();
+        network_->palavras = "UPDATE 1"; // of the portion itself, which comes that far the second time
+        network_->modo = Intermediario::Corta_A_Que_Diz;
+        store_->gathering([&] {
+            Inserir(u"Rui"_s);
+            store_->execute(u"UPDATE T SET Idade = ? WHERE Nome = ?"_s, {qint64{7}, u"Rui"_s});
+        });
+        QCOMPARE(network_->cortes, 1);
+        QCOMPARE(Nomes(), u"Ana,Rui"_s);
+        QCOMPARE(store_->lostWrites(), 1);
+        QCOMPARE(store_->fateOf(1), Fate::Arrived);
+    }
     void a_gathering_that_loses_the_server_ends_and_has_written_whole_portions()
     {
         QCOMPARE(teste::Especie_Da_Falha([&] {

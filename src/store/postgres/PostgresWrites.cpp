@@ -240,6 +240,7 @@ PostgresAnswers PostgresStore::tryPortion(std::span<const Write> writes)
         answers = sendKeyed(postgres::keepKeyAlone, commands, deadline);
     } catch (const Failure &) {
         if (session_.lost() || fates_.back() != Fate::NotArrived) throw;
+        fates_.pop_back(); // of one write that is told of there is one fate: that of its last sending
         answers = sendKeyed(postgres::keepKeyAlone, commands, deadline);
     }
     if (answers.refused) return answers;
