@@ -1,21 +1,12 @@
 #include "controls/ListItems.h"
 
+#include "platform/MakeRoom.h"
 #include "platform/TextOrder.h"
 
 #include <algorithm>
 
 namespace
 {
-// Room that is never used costs no memory, while to grow copies all that is there into pages never used before:
-// so it grows seldom, and much.
-template<class Container> void makeRoom(Container &container, std::size_t more)
-{
-    constexpr std::size_t least = 4096;
-    constexpr std::size_t growth = 8;
-    const std::size_t wanted = container.size() + more;
-    if (wanted > container.capacity()) container.reserve(std::max({least, growth * container.size(), wanted}));
-}
-
 // Many contacts share a name, which the letters tell faster than their order.
 bool before(std::string_view a, std::string_view b) { return a != b && compareUtf8(a, b) < 0; }
 } // namespace
