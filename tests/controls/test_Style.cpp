@@ -202,6 +202,11 @@ private Q_SLOTS:
         for (const auto orientacao : {Qt::Vertical, Qt::Horizontal}) {
             QTest::addRow("light %d", orientacao) << Clara() << orientacao;
             QTest::addRow("dark %d", orientacao) << darkPalette() << orientacao;
+            for (const auto &[nota, fundo] : {std::pair{"yellow", QColor(Qt::yellow)}, {"blue", QColor(Qt::darkBlue)}}) {
+                QPalette paleta = Clara();
+                setGround(paleta, fundo);
+                QTest::addRow("%s note %d", nota, orientacao) << paleta << orientacao;
+            }
         }
     }
     void as_partes_de_uma_barra_veem_se()

@@ -5,6 +5,8 @@
 #include "testlib/Sistema.h"
 #include "testlib/Teste.h"
 
+#include <algorithm>
+#include <cstdlib>
 #include <QScrollBar>
 
 using namespace Qt::StringLiterals;
