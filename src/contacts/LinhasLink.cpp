@@ -101,11 +101,12 @@ bool LinhasLink::eventFilter(QObject *alvo, QEvent *event)
 }
 
 // The toolkit selects the text of a field that the keyboard reaches, behind this event. A row with a
-// selection would not open, neither here nor from the menu.
+// selection would not open, neither here nor from the menu: it goes as soon as it comes, for Enter may
+// already be waiting.
 void LinhasLink::Chegar_Pelas_Teclas(Linha &linha)
 {
     Passar_Sobre(linha);
-    QMetaObject::invokeMethod(linha.caixa, &QLineEdit::deselect, Qt::QueuedConnection);
+    connect(linha.caixa, &QLineEdit::selectionChanged, linha.caixa, &QLineEdit::deselect, Qt::SingleShotConnection);
 }
 
 void LinhasLink::Dar_Cor(Linha &linha, QPalette::ColorRole papel)
