@@ -11,21 +11,58 @@ import tempfile
 import time
 
 PATIENCE = 40.0  # seconds for anything to appear, on a machine that is busy with other things
+A_REPOUSAR = 5.0  # seconds for a program to be at rest; one that never is, is not waited for any longer
+UM_INSTANTE = 0.02
+
+lancados = []  # the processes of this test
 
 
 def run(*command):
     return subprocess.run(command, capture_output=True, text=True, check=False).stdout.strip()
 
 
+def andamento():
+    """Each thread of the living programs: what it does, and how long it has worked so far."""
+    linhas = []
+    for processo in lancados:
+        for pasta in pathlib.Path(f"/proc/{processo.pid}/task").glob("*") if processo.poll() is None else ():
+            try:
+                estado = (pasta / "stat").read_text(encoding="utf-8").rpartition(") ")[2][0]
+                linhas.append((estado, (pasta / "schedstat").read_text(encoding="ascii").split()[0]))
+            except OSError:  # it has just ended
+                linhas.append(None)
+    return linhas
+
+
+def repousar():
+    """Waits until the programs have done all that they were asked: what one does last is seen after what it does
+    first, and a key that comes between the two may fall on a window that is not ready."""
+    fim = time.monotonic() + A_REPOUSAR
+    antes = andamento()
+    while time.monotonic() < fim:
+        time.sleep(UM_INSTANTE)
+        agora = andamento()
+        if agora == antes and all(linha and linha[0] == "S" for linha in agora):
+            return
+        antes = agora
+
+
 def until(condition, what, patience=PATIENCE):
-    """Waits until the condition yields something true, and returns it."""
+    """Waits until the condition yields something true and the programs are at rest, and returns what it yielded."""
     end = time.monotonic() + patience
     while time.monotonic() < end:
         found = condition()
         if found:
+            repousar()
             return found
         time.sleep(0.05)
-    raise AssertionError(f"it did not come: {what}")
+    raise AssertionError(f"it did not come: {what}; on the screen: {no_ecra()}")
+
+
+def no_ecra():
+    """What a person would see: the titles of the windows, the lowest one first, the one with the keyboard starred."""
+    activa = run("xdotool", "getactivewindow")
+    return [run("xdotool", "getwindowname", numero) + "*" * (numero == activa) for numero in empilhamento()]
 
 
 class Relogio:
@@ -75,8 +112,9 @@ class Programa:
         ambiente = dict(os.environ, MORVEX_HOME=str(self.pasta), QT_QPA_PLATFORM="xcb",
                         DBUS_SESSION_BUS_ADDRESS="disabled:", XDG_CONFIG_HOME=str(self.pasta / "config"))
         canal = subprocess.DEVNULL if calado else None
-        return subprocess.Popen([str(self.executavel), *palavras], env=ambiente | self.ambiente, cwd=onde,
-                                stdin=canal, stdout=canal, stderr=canal)
+        lancados.append(subprocess.Popen([str(self.executavel), *palavras], env=ambiente | self.ambiente, cwd=onde,
+                                         stdin=canal, stdout=canal, stderr=canal))
+        return lancados[-1]
 
     def comecar(self, *palavras):
         self.processo = self.lancar(*palavras)
@@ -213,16 +251,18 @@ def retirada(id_janela):
 
 
 def tecla(*teclas):
+    repousar()
     run("xdotool", "key", "--delay", "40", *teclas)
 
 
 def escrever(texto):
+    repousar()
     run("xdotool", "type", "--delay", "40", texto)
 
 
 def clicar(id_janela, x, y, botao="1"):
     run("xdotool", "mousemove", "--window", id_janela, str(x), str(y))
-    time.sleep(0.1)
+    repousar()
     run("xdotool", "click", botao)
 
 

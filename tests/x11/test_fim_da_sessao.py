@@ -73,7 +73,8 @@ class FimDaSessao(unittest.TestCase):
         ecra.activar(ecra.janela(titulo))
         ecra.tecla("Return")
         ecra.until(lambda: self.programa.sql("SELECT Nome FROM TblLista WHERE Nome='Zita' COLLATE BINARY"), "the contact")
-        self.assertFalse((self.programa.pasta / "rascunho.json").exists())
+        rascunho = self.programa.pasta / "rascunho.json"
+        ecra.until(lambda: not rascunho.exists(), "the end of the draft")
 
 
 if __name__ == "__main__":
