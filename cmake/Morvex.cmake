@@ -154,16 +154,16 @@ function(morvex_ambiente teste nome)
         # The leak sanitizer now and then takes a place in a library's thread-local storage for another, and dies of it.
         ASAN_OPTIONS=detect_leaks=1:abort_on_error=0:intercept_tls_get_addr=0
         LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0
-        UBSAN_OPTIONS=print_stacktrace=1)
+        UBSAN_OPTIONS=print_stacktrace=1
+        # CTest alone decides how long a test may take.
+        QTEST_FUNCTION_TIMEOUT=1800000)
     set_tests_properties(${teste} PROPERTIES
         TIMEOUT 300
         FAIL_REGULAR_EXPRESSION "Totals: [0-2] passed, 0 failed"
         ENVIRONMENT "${ambiente}")
     if(WIN32)
         set_tests_properties(${teste} PROPERTIES FIXTURES_REQUIRED wine)
-        # CTest alone decides how long a test may take, and under Wine it takes longer.
-        set_property(TEST ${teste} APPEND PROPERTY ENVIRONMENT QTEST_FUNCTION_TIMEOUT=1800000)
-        set_property(TEST ${teste} PROPERTY TIMEOUT 900)
+        set_property(TEST ${teste} PROPERTY TIMEOUT 900) # under Wine it takes longer
     endif()
 endfunction()
 
