@@ -132,6 +132,7 @@ bool ProcuraRapida::eventFilter(QObject *, QEvent *event)
     case QEvent::ShortcutOverride:
         return Deixa_Desfazer(*static_cast<QKeyEvent *>(event));
     case QEvent::KeyPress:
+        Marcar_Tudo();
         return txtProcura_KeyDown(*static_cast<QKeyEvent *>(event));
     default:
         return false;
@@ -144,8 +145,15 @@ void ProcuraRapida::txtProcura_GotFocus(Qt::FocusReason razao)
     Q_EMIT KeyPreview(false);
     if (razao == Qt::ActiveWindowFocusReason || razao == Qt::PopupFocusReason) return;
     if (razao != Qt::MouseFocusReason) return txtProcura.selectAll();
-    // Behind the press that brought the focus, for that takes the selection away again.
-    QMetaObject::invokeMethod(&txtProcura, &QLineEdit::selectAll, Qt::QueuedConnection);
+    // Behind the press that brought the focus, for that takes the selection away again; and before a letter that
+    // is already waiting, or the next one would replace it.
+    por_marcar_ = true;
+    QMetaObject::invokeMethod(this, &ProcuraRapida::Marcar_Tudo, Qt::QueuedConnection);
+}
+
+void ProcuraRapida::Marcar_Tudo()
+{
+    if (std::exchange(por_marcar_, false)) txtProcura.selectAll();
 }
 
 // The keys that undo belong to what was done last: to the text as long as it was typed after the deletion. An

@@ -36,6 +36,7 @@ Q_SIGNALS:
 private:
     void txtProcura_Change();
     void txtProcura_GotFocus(Qt::FocusReason razao);
+    void Marcar_Tudo();
     bool Deixa_Desfazer(QKeyEvent &tecla) const;
     void Dizer_Que_Nao_Ha();
     void Calar();
@@ -49,6 +50,7 @@ private:
     ListBox &ListaNomes;
     QLabel &lblContador;
     QAbstractButton &cmdEditar, &cmdEliminar;
+    bool por_marcar_ = false; // the mouse has brought the keyboard, and the text is not selected yet
     bool escrito_ = false; // since the last deletion
     bool sem_resultados_ = false; // and the window says so
 };

@@ -227,6 +227,35 @@ private Q_SLOTS:
         QTRY_COMPARE(p.janela.txtProcura->selectedText(), u"ber"_s);
     }
 
+    void o_que_se_escreve_logo_atras_do_clique_fica_todo()
+    {
+        Programa p;
+        p.Carregar({u"Ana"_s, u"Berta"_s});
+        p.janela.txtProcura->setText(u"ber"_s);
+        p.Mostrar_Janela();
+        p.janela.ListaNomes->setFocus();
+        QTest::mouseClick(p.janela.txtProcura, Qt::LeftButton);
+        QTest::keyClick(p.janela.txtProcura, Qt::Key_A); // before anything else is done
+        QCOMPARE(p.janela.txtProcura->text(), u"a"_s);
+        QCoreApplication::processEvents();
+        QTest::keyClick(p.janela.txtProcura, Qt::Key_N);
+        QCOMPARE(p.janela.txtProcura->text(), u"an"_s);
+    }
+
+    void o_cursor_que_anda_logo_atras_do_clique_fica_onde_o_puseram()
+    {
+        Programa p;
+        p.Carregar({u"Ana"_s, u"Berta"_s});
+        p.janela.txtProcura->setText(u"ber"_s);
+        p.Mostrar_Janela();
+        p.janela.ListaNomes->setFocus();
+        QTest::mouseClick(p.janela.txtProcura, Qt::LeftButton);
+        QTest::keyClick(p.janela.txtProcura, Qt::Key_Home);
+        QCoreApplication::processEvents();
+        QCOMPARE(p.janela.txtProcura->selectedText(), QString());
+        QCOMPARE(p.janela.txtProcura->cursorPosition(), 0);
+    }
+
     void voltar_a_janela_nao_seleciona_o_que_se_escrevia()
     {
         Programa p;
