@@ -253,6 +253,8 @@ private Q_SLOTS:
         QCOMPARE(e.Coluna(u"Fotografia"_s), nova);
         QCOMPARE(QImage(nova, "PNG").pixelColor(0, 0), QColor(Qt::red));
         QCOMPARE(QImage(alheia).pixelColor(0, 0), QColor(Qt::blue));
+        QCOMPARE(QDir(e.Fotografias()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot, QDir::Name),
+                 (QStringList{u"fotografia1.png"_s, u"fotografia2.png"_s}));
         QCOMPARE(e.janela.Thumb->pixmap().toImage().pixelColor(10, 10), QColor(Qt::red));
         QCOMPARE(e.s.geral.UltimaPastaFotos, QString()); // nobody chose that folder
     }

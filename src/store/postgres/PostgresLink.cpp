@@ -84,7 +84,7 @@ void PostgresLink::sendAhead()
     for (const QString &sql : std::exchange(ahead_, {})) {
         sent(libpq::sendQueryParams(connection_.get(), sql.toUtf8().constData(), 0, nullptr, nullptr, nullptr, nullptr,
                                     textFormat));
-        awaited_.push_back({Awaited::What::Ahead, 0, {}, {}});
+        awaited_.push_back({.what = Awaited::What::Ahead});
         end();
     }
 }
@@ -102,13 +102,13 @@ void PostgresLink::send(const PostgresCommand &command, std::size_t place)
     }
     sent(libpq::sendQueryPrepared(connection_.get(), name.constData(), parameters.count(), parameters.values.data(),
                                   parameters.lengths.data(), parameters.formats.data(), textFormat));
-    awaited_.push_back({Awaited::What::Command, place, {}, {}});
+    awaited_.push_back({.what = Awaited::What::Command, .command = place});
 }
 
 void PostgresLink::end()
 {
     sent(libpq::pipelineSync(connection_.get()));
-    awaited_.push_back({Awaited::What::End, 0, {}, {}});
+    awaited_.push_back({.what = Awaited::What::End});
 }
 
 PostgresAnswers PostgresLink::run(std::span<const PostgresCommand> commands, const Deadline &deadline)

@@ -75,9 +75,9 @@ private:
     struct Awaited {
         enum class What { Preparation, Command, Ahead, End };
         What what;
-        std::size_t command = 0;
-        QString sql;
-        QByteArray name;
+        std::size_t command = 0; // its place among those that were asked for
+        QString sql{};           // what was prepared, and under which name
+        QByteArray name{};
     };
     struct Parameters;
 
