@@ -26,10 +26,6 @@ enum class Coluna : std::size_t {
 
 struct ColunasDoContacto {
     static constexpr std::size_t quantas = 17;
-    static constexpr std::array<const char16_t *, quantas> nomes{
-        u"Nome",       u"Telefone1", u"Telefone2", u"Fax",        u"Telemovel1", u"Telemovel2",
-        u"Telemovel3", u"Dia",       u"Mes",       u"Ano",        u"Email1",     u"Email2",
-        u"Website",    u"Morada",    u"Obs",       u"Fotografia", u"IDGrupo"};
     // As the table of contacts itself names them.
     static constexpr std::array<const char *, quantas> na_tabela{
         "Nome", "Telefone1", "Telefone2", "Fax",     "Telemovel1", "Telemovel2", "Telemovel3", "Dia",  "Mes",

@@ -58,7 +58,7 @@ QJsonObject Colunas(const Card &cartao)
     const ColunasDoContacto colunas = ContactoDoCartao(u"InglesUK"_s).Ler(cartao).colunas;
     QJsonObject json;
     for (std::size_t i = 0; i < ColunasDoContacto::quantas; ++i)
-        json[QString::fromUtf16(ColunasDoContacto::nomes[i])] = colunas.valores[i];
+        json[QString::fromLatin1(ColunasDoContacto::na_tabela[i])] = colunas.valores[i];
     return json;
 }
 

@@ -76,6 +76,8 @@ private Q_SLOTS:
                        "{'uri':'https://example.org/a.jpg'}]"));
         QCOMPARE(cartao[u"columns"_s][u"Nome"_s].toString(), u"Ana Silva"_s);
         QCOMPARE(cartao[u"columns"_s][u"Telemovel1"_s].toString(), u"912345678"_s);
+        QCOMPARE(cartao[u"columns"_s][u"Website"_s].toString(), u"https://example.org/"_s);
+        QCOMPARE(cartao[u"columns"_s].toObject().size(), 17);
     }
 
     void um_cartao_com_falta_diz_a_linha()
