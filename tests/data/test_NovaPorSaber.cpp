@@ -65,6 +65,37 @@ private Q_SLOTS:
         QCOMPARE(p.s.Linhas(u"SELECT count(*) FROM TblGrupos WHERE NomeGrupo='Outro'"_s), QStringList{u"2"_s});
     }
 
+    void o_que_chegou_ou_de_que_nada_se_sabe_esta_em_duvida()
+    {
+        Posto p;
+        FeitoPorSaber feito(p.s.geral.de);
+        const auto correr = [&] {
+            feito.Correr([&p] { p.s.geral.de.Executar("cmdAdicionarGrupo", {u"Coral"}); });
+        };
+        p.servidor.Perder_A_Proxima_Resposta();
+        QCOMPARE(teste::Especie_Da_Falha(correr), Failure::Kind::ServerLost);
+        QVERIFY(feito.Em_Duvida() && !feito.Nao_Chegou()); // nobody knows yet
+        p.servidor.Voltar();
+        QVERIFY(feito.Em_Duvida() && !feito.Nao_Chegou()); // it arrived
+        correr();
+        QCOMPARE(p.Grupos(), QStringList{u"Coral|0"_s});
+    }
+
+    void o_que_nao_chegou_nao_esta_em_duvida()
+    {
+        Posto p;
+        FeitoPorSaber feito(p.s.geral.de);
+        const auto correr = [&] {
+            feito.Correr([&p] { p.s.geral.de.Executar("cmdAdicionarGrupo", {u"Coral"}); });
+        };
+        p.servidor.Perder_A_Proxima_Escrita();
+        QCOMPARE(teste::Especie_Da_Falha(correr), Failure::Kind::ServerLost);
+        p.servidor.Voltar();
+        QVERIFY(!feito.Em_Duvida() && feito.Nao_Chegou());
+        correr();
+        QCOMPARE(p.Grupos(), QStringList{u"Coral|0"_s});
+    }
+
     void a_que_chegou_recebe_o_que_se_mudou_desde_entao()
     {
         Posto p;

@@ -1051,6 +1051,20 @@ private Q_SLOTS:
         QCOMPARE(Lugares(pages->page(1)), segunda);
     }
 
+    // Where a row is to begin, and how high its band is, counts from the beginning of the record and no more.
+    void a_linha_que_ja_nao_coube_comeca_no_alto_da_pagina_seguinte()
+    {
+        const int cabem = static_cast<int>(10'000 / Passo());
+        Juntar(u"Ana"_s, Linhas(cabem));
+        Juntar(u"Rui"_s, {});
+        const auto pages = Relatorio(
+            u"<detail height='2500'><row height='300'><text width='5000' height='300' grow='yes'>{T.Obs}</text></row>"
+            "<row height='1000' from='500'><text width='5000' height='300'>{T.Nome}</text></row></detail>"_s);
+        QCOMPARE(pages->count(), 2);
+        QCOMPARE(pages->page(0).lines().size(), cabem);
+        QCOMPARE(Lugares(pages->page(1)), (QStringList{u"Ana: 0, 0"_s, u"Rui: 0, 1500"_s}));
+    }
+
     // There is room for two lines and a half.
     void tres_linhas_passam_juntas_e_quatro_separam_se_data()
     {
