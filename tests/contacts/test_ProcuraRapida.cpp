@@ -18,6 +18,16 @@ class TestProcuraRapida : public QObject
         return std::all_of(teclas.begin(), teclas.end(), [](const QShortcut *t) { return t->isEnabled(); });
     }
 
+    // "ber" stands in the box, the list has the keyboard, and the mouse brings it to the box.
+    static void Clicar_Sobre_Ber(Programa &p)
+    {
+        p.Carregar({u"Ana"_s, u"Berta"_s});
+        p.janela.txtProcura->setText(u"ber"_s);
+        p.Mostrar_Janela();
+        p.janela.ListaNomes->setFocus();
+        QTest::mouseClick(p.janela.txtProcura, Qt::LeftButton);
+    }
+
     // Shown, with the list loaded and the keyboard in the box.
     static void Focar(Programa &p)
     {
@@ -219,22 +229,14 @@ private Q_SLOTS:
     void o_rato_que_traz_o_foco_tambem_seleciona_tudo()
     {
         Programa p;
-        p.Carregar({u"Ana"_s, u"Berta"_s});
-        p.janela.txtProcura->setText(u"ber"_s);
-        p.Mostrar_Janela();
-        p.janela.ListaNomes->setFocus();
-        QTest::mouseClick(p.janela.txtProcura, Qt::LeftButton);
+        Clicar_Sobre_Ber(p);
         QTRY_COMPARE(p.janela.txtProcura->selectedText(), u"ber"_s);
     }
 
     void o_que_se_escreve_logo_atras_do_clique_fica_todo()
     {
         Programa p;
-        p.Carregar({u"Ana"_s, u"Berta"_s});
-        p.janela.txtProcura->setText(u"ber"_s);
-        p.Mostrar_Janela();
-        p.janela.ListaNomes->setFocus();
-        QTest::mouseClick(p.janela.txtProcura, Qt::LeftButton);
+        Clicar_Sobre_Ber(p);
         QTest::keyClick(p.janela.txtProcura, Qt::Key_A); // before anything else is done
         QCOMPARE(p.janela.txtProcura->text(), u"a"_s);
         QCoreApplication::processEvents();
@@ -245,11 +247,7 @@ private Q_SLOTS:
     void o_cursor_que_anda_logo_atras_do_clique_fica_onde_o_puseram()
     {
         Programa p;
-        p.Carregar({u"Ana"_s, u"Berta"_s});
-        p.janela.txtProcura->setText(u"ber"_s);
-        p.Mostrar_Janela();
-        p.janela.ListaNomes->setFocus();
-        QTest::mouseClick(p.janela.txtProcura, Qt::LeftButton);
+        Clicar_Sobre_Ber(p);
         QTest::keyClick(p.janela.txtProcura, Qt::Key_Home);
         QCoreApplication::processEvents();
         QCOMPARE(p.janela.txtProcura->selectedText(), QString());

@@ -24,6 +24,10 @@ struct Posto {
     {
         return teste::Especie_Da_Falha([&] { Gravar(nome, dono); }) == Failure::Kind::ServerLost;
     }
+    void Juntar_Coral(FeitoPorSaber &feito)
+    {
+        feito.Correr([this] { s.geral.de.Executar("cmdAdicionarGrupo", {u"Coral"}); });
+    }
     QStringList Grupos() { return s.Linhas(u"SELECT NomeGrupo, IdUtilizador FROM TblGrupos WHERE ID > 6"_s); }
     QString ID(const QString &nome)
     {
@@ -69,9 +73,7 @@ private Q_SLOTS:
     {
         Posto p;
         FeitoPorSaber feito(p.s.geral.de);
-        const auto correr = [&] {
-            feito.Correr([&p] { p.s.geral.de.Executar("cmdAdicionarGrupo", {u"Coral"}); });
-        };
+        const auto correr = [&] { p.Juntar_Coral(feito); };
         p.servidor.Perder_A_Proxima_Resposta();
         QCOMPARE(teste::Especie_Da_Falha(correr), Failure::Kind::ServerLost);
         QVERIFY(feito.Em_Duvida() && !feito.Nao_Chegou()); // nobody knows yet
@@ -85,9 +87,7 @@ private Q_SLOTS:
     {
         Posto p;
         FeitoPorSaber feito(p.s.geral.de);
-        const auto correr = [&] {
-            feito.Correr([&p] { p.s.geral.de.Executar("cmdAdicionarGrupo", {u"Coral"}); });
-        };
+        const auto correr = [&] { p.Juntar_Coral(feito); };
         p.servidor.Perder_A_Proxima_Escrita();
         QCOMPARE(teste::Especie_Da_Falha(correr), Failure::Kind::ServerLost);
         p.servidor.Voltar();

@@ -12,7 +12,7 @@ import time
 
 PATIENCE = 40.0  # seconds for anything to appear, on a machine that is busy with other things
 A_REPOUSAR = 5.0  # seconds for a program to be at rest; one that never is, is not waited for any longer
-UM_INSTANTE = 0.02
+UM_INSTANTE = 0.02  # seconds between two looks at what a program does
 
 lancados = []  # the processes of this test
 
